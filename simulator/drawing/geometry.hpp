@@ -1,0 +1,35 @@
+// Plain geometry for drawing and layout: points unless a name says pixels, origin at the top left.
+#pragma once
+
+namespace drawing {
+
+struct Point {
+  double x = 0;
+  double y = 0;
+  friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Size {
+  double width = 0;
+  double height = 0;
+  friend bool operator==(const Size&, const Size&) = default;
+};
+
+struct Rectangle {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+  friend bool operator==(const Rectangle&, const Rectangle&) = default;
+};
+
+// Red, green, blue and alpha from 0 to 1, not premultiplied.
+struct Color {
+  double red = 0;
+  double green = 0;
+  double blue = 0;
+  double alpha = 1;
+  friend bool operator==(const Color&, const Color&) = default;
+};
+
+}  // namespace drawing
