@@ -1,0 +1,4 @@
+# Warnings of both compilers, as errors, for every target of this project.
+add_compile_options(
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wnull-dereference -Wimplicit-fallthrough)

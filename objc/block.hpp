@@ -1,0 +1,126 @@
+// Blocks made from lambdas, and blocks called from C++.
+#pragma once
+
+#include <new>
+#include <type_traits>
+#include <utility>
+
+#include "objc/encoding.hpp"
+#include "objc/machine.hpp"
+
+namespace objc {
+
+template <class Signature>
+class Block;
+
+// A block object as the platform passes it: borrowed, callable. Never made by value.
+template <class Result, class... Arguments>
+class Block<Result(Arguments...)> {
+ public:
+  Block() = delete;
+  Block(const Block&) = delete;
+  Block& operator=(const Block&) = delete;
+
+  Result operator()(Arguments... arguments) { return invoke(this, arguments...); }
+
+ private:
+  [[maybe_unused]] void* isa;
+  [[maybe_unused]] int flags;
+  [[maybe_unused]] int reserved;
+  Result (*invoke)(void*, Arguments...);
+};
+
+// Holds a block. Copies share it.
+template <class Signature>
+class BlockRef {
+ public:
+  constexpr BlockRef() = default;
+  // Copies the block off the stack where it is still there; null stays null.
+  explicit BlockRef(Block<Signature>* borrowed) : held(copy(borrowed)) {}
+  BlockRef(const BlockRef& other) : held(copy(other.held)) {}
+  BlockRef(BlockRef&& other) noexcept : held(std::exchange(other.held, nullptr)) {}
+  BlockRef& operator=(BlockRef other) noexcept {
+    std::swap(held, other.held);
+    return *this;
+  }
+  ~BlockRef() {
+    if (held != nullptr) _Block_release(held);
+  }
+
+  // NOLINTNEXTLINE(google-explicit-constructor): lends itself as a borrowed pointer.
+  operator Block<Signature>*() const { return held; }
+  Block<Signature>* get() const { return held; }
+
+ private:
+  static Block<Signature>* copy(Block<Signature>* block) {
+    return block == nullptr ? nullptr : static_cast<Block<Signature>*>(_Block_copy(block));
+  }
+
+  Block<Signature>* held = nullptr;
+};
+
+namespace detail {
+
+struct BlockDescriptor {
+  unsigned long reserved;
+  unsigned long size;
+  void (*copy)(void* destination, const void* source);
+  void (*dispose)(const void* block);
+  const char* signature;
+};
+
+template <class Lambda>
+struct LambdaSignature : LambdaSignature<decltype(&Lambda::operator())> {};
+template <class Lambda, class Result, class... Arguments>
+struct LambdaSignature<Result (Lambda::*)(Arguments...) const> {
+  using Type = Result(Arguments...);
+};
+
+template <class Lambda, class Signature>
+struct BlockLayout;
+
+template <class Lambda, class Result, class... Arguments>
+struct BlockLayout<Lambda, Result(Arguments...)> {
+  void* isa;
+  int flags;
+  int reserved;
+  Result (*invoke)(void*, Arguments...);
+  const BlockDescriptor* descriptor;
+  alignas(Lambda) unsigned char captured[sizeof(Lambda)];
+
+  static const Lambda& lambdaOf(const void* block) {
+    return *std::launder(reinterpret_cast<const Lambda*>(static_cast<const BlockLayout*>(block)->captured));
+  }
+  static Result run(void* block, Arguments... arguments) { return lambdaOf(block)(arguments...); }
+  static void copyCaptured(void* destination, const void* source) {
+    new (static_cast<BlockLayout*>(destination)->captured) Lambda(lambdaOf(source));
+  }
+  static void disposeCaptured(const void* block) { lambdaOf(block).~Lambda(); }
+
+  static constexpr auto signature =
+      ((TypeEncoding<Result>::value + FixedString("@?")) + ... + TypeEncoding<std::remove_cv_t<Arguments>>::value);
+  static constexpr int hasCopyAndDispose = 1 << 25;
+  static constexpr int hasSignature = 1 << 30;
+};
+
+}  // namespace detail
+
+// A block that calls the lambda. What the lambda captures by value lives and dies with the block.
+template <class Lambda, class Signature = typename detail::LambdaSignature<Lambda>::Type>
+BlockRef<Signature> block(const Lambda& lambda) {
+  using Layout = detail::BlockLayout<Lambda, Signature>;
+  static constexpr detail::BlockDescriptor descriptor = {0, sizeof(Layout), &Layout::copyCaptured,
+                                                         &Layout::disposeCaptured, Layout::signature.data()};
+  Layout onStack;
+  onStack.isa = static_cast<void*>(_NSConcreteStackBlock);
+  onStack.flags = Layout::hasCopyAndDispose | Layout::hasSignature;
+  onStack.reserved = 0;
+  onStack.invoke = &Layout::run;
+  onStack.descriptor = &descriptor;
+  new (onStack.captured) Lambda(lambda);
+  BlockRef<Signature> copied(reinterpret_cast<Block<Signature>*>(&onStack));
+  Layout::disposeCaptured(&onStack);
+  return copied;
+}
+
+}  // namespace objc

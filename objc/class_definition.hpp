@@ -1,0 +1,160 @@
+// Classes defined from C++: methods are plain functions, the state is one struct that lives and dies with the object.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <span>
+
+#include "objc/hook.hpp"
+#include "objc/implementation.hpp"
+#include "objc/send.hpp"
+
+namespace objc {
+
+// The struct that every object of a class defined here holds; specialised beside the struct.
+template <class Type>
+struct StateOf;
+template <class Type>
+using State = typename StateOf<Type>::Type;
+
+// One method of a class being defined.
+struct MethodEntry {
+  const char* selector;
+  const char* encoding;
+  IMP (*implementation)();
+  Level level;
+};
+
+template <FixedString name, auto function, Level level = Level::Instance>
+constexpr MethodEntry method() {
+  using Method = MethodOf<function>;
+  static_assert(name.count(':') == Method::argumentCount, "one argument for each colon of the selector");
+  return {TextOf<name>::text, Method::encoding.data(), &Method::implementation, level};
+}
+
+template <FixedString name, auto function>
+constexpr MethodEntry classMethod() {
+  return method<name, function, Level::Class>();
+}
+
+// A member of the state struct that the runtime knows as an instance variable of its own. Members are listed in the
+// struct's order, all of them or none.
+struct FieldEntry {
+  const char* name;
+  const char* encoding;
+  std::size_t size;
+  std::size_t alignment;
+  std::size_t offset;
+};
+
+template <class Type>
+struct FieldEncoding : TypeEncoding<Type> {};
+template <class Type>
+class Ref;
+template <class Type>
+class Weak;
+template <class Type>
+struct FieldEncoding<Ref<Type>> : EncodingText<"@"> {};
+template <class Type>
+struct FieldEncoding<Weak<Type>> : EncodingText<"@"> {};
+
+template <class Type>
+constexpr FieldEntry field(const char* name, std::size_t offset) {
+  return {name, FieldEncoding<Type>::value.data(), sizeof(Type), alignof(Type), offset};
+}
+
+namespace detail {
+
+// Where the state of a class's objects begins, in bytes from the object.
+template <class Type>
+struct StateSlot {
+  static inline std::ptrdiff_t offset = 0;
+};
+
+template <class Type, class Struct>
+Struct* stateAt(const void* object) {
+  return reinterpret_cast<Struct*>(static_cast<char*>(const_cast<void*>(object)) + StateSlot<Type>::offset);
+}
+
+template <class Type, class Struct>
+struct Lifecycle {
+  static inline Class superclass = nullptr;
+  static inline Class superMetaclass = nullptr;
+
+  static id allocate(Class self, SEL selector, void* zone) {
+    const id object =
+        call<id>(implementationInClass(superMetaclass, selector), identifier(reinterpret_cast<void*>(self)), selector, zone);
+    if (object != nullptr) new (stateAt<Type, Struct>(object)) Struct();
+    return object;
+  }
+  static void deallocate(id self, SEL selector) {
+    stateAt<Type, Struct>(self)->~Struct();
+    call<void>(implementationInClass(superclass, selector), self, selector);
+  }
+};
+
+inline std::uint8_t logarithm(std::size_t alignment) {
+  return static_cast<std::uint8_t>(__builtin_ctzll(alignment));
+}
+
+inline void addMethods(Class target, std::span<const MethodEntry> methods) {
+  Class metaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(target)));
+  for (const MethodEntry& entry : methods)
+    class_addMethod(entry.level == Level::Class ? metaclass : target, sel_registerName(entry.selector),
+                    entry.implementation(), entry.encoding);
+}
+
+}  // namespace detail
+
+// The state of an object of class Type, or of a subclass.
+template <class Type>
+State<Type>& state(const Type* object) {
+  return *detail::stateAt<Type, State<Type>>(object);
+}
+
+// Defines the class Type::className below Type's superclass, without state of its own.
+template <class Type>
+void defineClass(std::span<const MethodEntry> methods) {
+  Class superclass = Type::Superclass::classObject();
+  Class defined = objc_allocateClassPair(superclass, Type::className, 0);
+  detail::addMethods(defined, methods);
+  objc_registerClassPair(defined);
+}
+
+// Defines the class with its State in every object: made by +alloc, destroyed by -dealloc.
+template <class Type>
+void defineClassWithState(std::span<const MethodEntry> methods, std::span<const FieldEntry> fields = {}) {
+  using Struct = State<Type>;
+  using Lifecycle = detail::Lifecycle<Type, Struct>;
+  Class superclass = Type::Superclass::classObject();
+  Class defined = objc_allocateClassPair(superclass, Type::className, 0);
+
+  static constexpr FieldEntry whole = {"_state", "?", sizeof(Struct), alignof(Struct), 0};
+  if (fields.empty()) fields = std::span<const FieldEntry>(&whole, 1);
+  for (const FieldEntry& entry : fields)
+    class_addIvar(defined, entry.name, entry.size, detail::logarithm(entry.alignment), entry.encoding);
+
+  Lifecycle::superclass = superclass;
+  Lifecycle::superMetaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(superclass)));
+  class_addMethod(reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(defined))),
+                  sel_registerName("allocWithZone:"), toImplementation(&Lifecycle::allocate), "@@:^v");
+  class_addMethod(defined, sel_registerName("dealloc"), toImplementation(&Lifecycle::deallocate), "v@:");
+  detail::addMethods(defined, methods);
+  objc_registerClassPair(defined);
+
+  const auto offsetOf = [defined](const FieldEntry& entry) {
+    return ivar_getOffset(class_getInstanceVariable(defined, entry.name));
+  };
+  const std::ptrdiff_t base = offsetOf(fields.front()) - static_cast<std::ptrdiff_t>(fields.front().offset);
+  detail::StateSlot<Type>::offset = base;
+  for (const FieldEntry& entry : fields)
+    if (offsetOf(entry) != base + static_cast<std::ptrdiff_t>(entry.offset)) __builtin_trap();
+}
+
+// Adds methods to a class that is not ours. Where the class is missing nothing happens.
+inline void addCategory(Class target, std::span<const MethodEntry> methods) {
+  if (target != nullptr) detail::addMethods(target, methods);
+}
+
+}  // namespace objc

@@ -1,0 +1,89 @@
+// Type encodings computed from C++ types at compile time: nobody types one.
+#pragma once
+
+#include <cstdint>
+#include <type_traits>
+
+#include "objc/fixed_string.hpp"
+#include "objc/machine.hpp"
+
+namespace objc {
+
+template <class Signature>
+class Block;
+
+template <FixedString text>
+struct EncodingText {
+  static constexpr auto value = text;
+};
+
+template <class Type>
+struct TypeEncoding;
+
+template <>
+struct TypeEncoding<void> : EncodingText<"v"> {};
+template <>
+struct TypeEncoding<bool> : EncodingText<"B"> {};
+template <>
+struct TypeEncoding<char> : EncodingText<"c"> {};
+template <>
+struct TypeEncoding<signed char> : EncodingText<"c"> {};
+template <>
+struct TypeEncoding<unsigned char> : EncodingText<"C"> {};
+template <>
+struct TypeEncoding<short> : EncodingText<"s"> {};
+template <>
+struct TypeEncoding<unsigned short> : EncodingText<"S"> {};
+template <>
+struct TypeEncoding<int> : EncodingText<"i"> {};
+template <>
+struct TypeEncoding<unsigned int> : EncodingText<"I"> {};
+template <>
+struct TypeEncoding<long> : EncodingText<"q"> {};
+template <>
+struct TypeEncoding<unsigned long> : EncodingText<"Q"> {};
+template <>
+struct TypeEncoding<long long> : EncodingText<"q"> {};
+template <>
+struct TypeEncoding<unsigned long long> : EncodingText<"Q"> {};
+template <>
+struct TypeEncoding<float> : EncodingText<"f"> {};
+template <>
+struct TypeEncoding<double> : EncodingText<"d"> {};
+template <>
+struct TypeEncoding<const char*> : EncodingText<"*"> {};
+template <>
+struct TypeEncoding<void*> : EncodingText<"^v"> {};
+template <>
+struct TypeEncoding<const void*> : EncodingText<"^v"> {};
+template <>
+struct TypeEncoding<id> : EncodingText<"@"> {};
+template <>
+struct TypeEncoding<Class> : EncodingText<"#"> {};
+template <>
+struct TypeEncoding<SEL> : EncodingText<":"> {};
+
+template <class Type>
+  requires std::is_enum_v<Type>
+struct TypeEncoding<Type> : TypeEncoding<std::underlying_type_t<Type>> {};
+
+// A pointer to a class is an object, complete or not: platform classes are only ever handled by pointer.
+template <class Type>
+  requires std::is_class_v<Type>
+struct TypeEncoding<Type*> : EncodingText<"@"> {};
+
+template <class Type>
+  requires(std::is_pointer_v<Type> || std::is_arithmetic_v<Type>)
+struct TypeEncoding<Type*> : EncodingText<FixedString("^") + TypeEncoding<Type>::value> {};
+
+template <class Signature>
+struct TypeEncoding<Block<Signature>*> : EncodingText<"@?"> {};
+
+// A method's encoding: the result, the receiver, the selector, then each argument.
+template <class Result, class... Arguments>
+struct MethodEncoding {
+  static constexpr auto value =
+      ((TypeEncoding<Result>::value + FixedString("@:")) + ... + TypeEncoding<std::remove_cv_t<Arguments>>::value);
+};
+
+}  // namespace objc

@@ -1,0 +1,14 @@
+// CALayer: what a view draws behind its content.
+#pragma once
+
+#include "platform/ui_color.hpp"
+
+class CALayer : public objc::Interface<"CALayer", NSObject> {
+ public:
+  void setBackgroundColor(CGColorRef color) { objc::send<void, "setBackgroundColor:">(this, color); }
+  CGColorRef backgroundColor() const { return objc::send<CGColorRef, "backgroundColor">(this); }
+  void setCornerRadius(CGFloat radius) { objc::send<void, "setCornerRadius:">(this, radius); }
+  CGFloat cornerRadius() const { return objc::send<CGFloat, "cornerRadius">(this); }
+  void setContinuousCorners(bool continuous) { objc::send<void, "setContinuousCorners:">(this, continuous); }
+  bool continuousCorners() const { return objc::send<bool, "continuousCorners">(this); }
+};

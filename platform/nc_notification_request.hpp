@@ -1,0 +1,28 @@
+// NCNotificationRequest: one notification, with its actions and options.
+#pragma once
+
+#include "platform/ns_dictionary.hpp"
+#include "platform/ns_string.hpp"
+
+class NCNotificationAction : public objc::Interface<"NCNotificationAction", NSObject> {
+ public:
+  NSString* identifier() const { return objc::send<NSString*, "identifier">(this); }
+};
+
+class NCNotificationOptions : public objc::Interface<"NCNotificationOptions", NSObject> {
+ public:
+  bool dismissAutomatically() const { return objc::send<bool, "dismissAutomatically">(this); }
+};
+
+// Every object may be nil.
+class NCNotificationRequest : public objc::Interface<"NCNotificationRequest", NSObject> {
+ public:
+  NSString* sectionIdentifier() const { return objc::send<NSString*, "sectionIdentifier">(this); }
+  NSString* threadIdentifier() const { return objc::send<NSString*, "threadIdentifier">(this); }
+  NCNotificationAction* clearAction() const { return objc::send<NCNotificationAction*, "clearAction">(this); }
+  NCNotificationAction* silenceAction() const { return objc::send<NCNotificationAction*, "silenceAction">(this); }
+  NCNotificationAction* closeAction() const { return objc::send<NCNotificationAction*, "closeAction">(this); }
+  // Arrays of NCNotificationAction by key.
+  NSDictionary* supplementaryActions() const { return objc::send<NSDictionary*, "supplementaryActions">(this); }
+  NCNotificationOptions* options() const { return objc::send<NCNotificationOptions*, "options">(this); }
+};

@@ -1,0 +1,20 @@
+// NSArray and NSMutableArray: ordered objects, never nil.
+#pragma once
+
+#include "platform/ns_object.hpp"
+
+class NSArray : public objc::Interface<"NSArray", NSObject> {
+ public:
+  NSUInteger count() const { return objc::send<NSUInteger, "count">(this); }
+  // Raises a range exception past the end.
+  NSObject* objectAtIndex(NSUInteger index) const { return objc::send<NSObject*, "objectAtIndex:">(this, index); }
+  // nil when empty.
+  NSObject* firstObject() const { return count() == 0 ? nullptr : objectAtIndex(0); }
+  objc::Ref<NSArray> copied() const { return objc::adopt(objc::send<NSArray*, "copy">(this)); }
+};
+
+class NSMutableArray : public objc::Interface<"NSMutableArray", NSArray> {
+ public:
+  static NSMutableArray* array() { return objc::send<NSMutableArray*, "array">(classObject()); }
+  void addObject(const NSObject* object) { objc::send<void, "addObject:">(this, const_cast<NSObject*>(object)); }
+};

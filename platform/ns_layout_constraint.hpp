@@ -1,0 +1,39 @@
+// NSLayoutConstraint and the anchors that make them.
+#pragma once
+
+#include "platform/core_graphics.hpp"
+#include "platform/ns_object.hpp"
+
+class NSLayoutConstraint : public objc::Interface<"NSLayoutConstraint", NSObject> {
+ public:
+  CGFloat constant() const { return objc::send<CGFloat, "constant">(this); }
+  void setConstant(CGFloat constant) { objc::send<void, "setConstant:">(this, constant); }
+  bool isActive() const { return objc::send<bool, "isActive">(this); }
+  void setActive(bool active) { objc::send<void, "setActive:">(this, active); }
+  // The constraint, active from now on.
+  NSLayoutConstraint* activated() {
+    setActive(true);
+    return this;
+  }
+};
+
+// The constraints an anchor makes are not active yet.
+class NSLayoutAnchor : public objc::Interface<"NSLayoutAnchor", NSObject> {
+ public:
+  NSLayoutConstraint* equalTo(NSLayoutAnchor* other, CGFloat constant = 0) const {
+    return objc::send<NSLayoutConstraint*, "constraintEqualToAnchor:constant:">(this, other, constant);
+  }
+  NSLayoutConstraint* atLeast(NSLayoutAnchor* other, CGFloat constant = 0) const {
+    return objc::send<NSLayoutConstraint*, "constraintGreaterThanOrEqualToAnchor:constant:">(this, other, constant);
+  }
+};
+
+class NSLayoutXAxisAnchor : public objc::Interface<"NSLayoutXAxisAnchor", NSLayoutAnchor> {};
+class NSLayoutYAxisAnchor : public objc::Interface<"NSLayoutYAxisAnchor", NSLayoutAnchor> {};
+
+class NSLayoutDimension : public objc::Interface<"NSLayoutDimension", NSLayoutAnchor> {
+ public:
+  NSLayoutConstraint* equalToConstant(CGFloat constant) const {
+    return objc::send<NSLayoutConstraint*, "constraintEqualToConstant:">(this, constant);
+  }
+};

@@ -1,0 +1,73 @@
+// NSString and NSMutableString: immutable and growing text, UTF-16 inside.
+#pragma once
+
+#include "platform/ns_object.hpp"
+
+class NSData;
+
+struct NSRange {
+  NSUInteger location = 0;
+  NSUInteger length = 0;
+};
+template <>
+struct objc::TypeEncoding<NSRange> : objc::EncodingText<"{_NSRange=QQ}"> {};
+
+// What a search gives where nothing was found.
+inline constexpr NSUInteger NSNotFound = 0x7fffffffffffffff;
+
+enum class NSStringEncoding : NSUInteger { UTF8 = 4, Unicode = 10 };
+enum class NSStringCompareOptions : NSUInteger { None = 0, CaseInsensitive = 1, Numeric = 64 };
+enum class NSComparisonResult : NSInteger { Ascending = -1, Same = 0, Descending = 1 };
+
+class NSString : public objc::Interface<"NSString", NSObject> {
+ public:
+  // nil where the bytes are not UTF-8.
+  static NSString* stringWithUTF8String(const char* text) {
+    return objc::send<NSString*, "stringWithUTF8String:">(classObject(), text);
+  }
+  static NSString* string() { return objc::send<NSString*, "string">(classObject()); }
+  // nil where the data does not decode.
+  static objc::Ref<NSString> decoded(NSData* data, NSStringEncoding encoding) {
+    return objc::adopt(objc::send<NSString*, "initWithData:encoding:">(objc::allocate<NSString>(), data, encoding));
+  }
+
+  NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
+  const char* UTF8String() const { return objc::send<const char*, "UTF8String">(this); }
+  bool isEqualToString(NSString* other) const { return objc::send<bool, "isEqualToString:">(this, other); }
+  NSString* stringByAppendingString(NSString* other) const {
+    return objc::send<NSString*, "stringByAppendingString:">(this, other);
+  }
+  NSRange rangeOfString(NSString* wanted) const { return objc::send<NSRange, "rangeOfString:">(this, wanted); }
+  NSRange rangeOfString(NSString* wanted, NSStringCompareOptions options) const {
+    return objc::send<NSRange, "rangeOfString:options:">(this, wanted, options);
+  }
+  bool contains(NSString* wanted) const { return rangeOfString(wanted).length != 0; }
+  NSString* substringToIndex(NSUInteger index) const {
+    return objc::send<NSString*, "substringToIndex:">(this, index);
+  }
+  NSString* stringByReplacingCharactersInRange(NSRange range, NSString* replacement) const {
+    return objc::send<NSString*, "stringByReplacingCharactersInRange:withString:">(this, range, replacement);
+  }
+  NSComparisonResult compare(NSString* other, NSStringCompareOptions options) const {
+    return objc::send<NSComparisonResult, "compare:options:">(this, other, options);
+  }
+  NSData* dataUsingEncoding(NSStringEncoding encoding) const {
+    return objc::send<NSData*, "dataUsingEncoding:">(this, encoding);
+  }
+  NSString* lowercaseString() const { return objc::send<NSString*, "lowercaseString">(this); }
+};
+
+class NSMutableString : public objc::Interface<"NSMutableString", NSString> {
+ public:
+  static NSMutableString* stringWithCapacity(NSUInteger capacity) {
+    return objc::send<NSMutableString*, "stringWithCapacity:">(classObject(), capacity);
+  }
+  void appendString(NSString* other) { objc::send<void, "appendString:">(this, other); }
+};
+
+// A constant string of the program, made at first use and kept.
+template <objc::FixedString text>
+NSString* operator""_ns() {
+  static NSString* const made = objc::retain(NSString::stringWithUTF8String(objc::TextOf<text>::text)).leak();
+  return made;
+}

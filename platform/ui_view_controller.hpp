@@ -1,0 +1,14 @@
+// UIViewController: owns a view and decides what it shows.
+#pragma once
+
+#include "platform/ui_trait_collection.hpp"
+#include "platform/ui_view.hpp"
+
+class UIViewController : public objc::Interface<"UIViewController", UIResponder> {
+ public:
+  UIView* view() const { return objc::send<UIView*, "view">(this); }
+  UITraitCollection* traitCollection() const { return objc::send<UITraitCollection*, "traitCollection">(this); }
+  void setOverrideUserInterfaceStyle(UIUserInterfaceStyle style) {
+    objc::send<void, "setOverrideUserInterfaceStyle:">(this, style);
+  }
+};

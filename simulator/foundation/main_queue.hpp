@@ -1,0 +1,38 @@
+// The main thread's queue and the clock that timers, animations and dates read: real, or stepped by a script.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace foundation {
+
+enum class ClockMode { Real, Stepped };
+
+// Seconds since the process began, by the clock in use. Main thread.
+double now();
+
+// Chooses the clock. Stepped: `unixTime` is what dates show at this moment (seconds since 1970).
+void useClock(ClockMode mode, double unixTime);
+// What dates show now, seconds since 1970.
+double unixTimeNow();
+
+// Work for the main thread, in order of arrival. Any thread.
+void onMainThread(std::function<void()> work);
+// Work for the main thread when `seconds` have passed. Equal times run in order of arrival. Any thread.
+void onMainThreadAfter(double seconds, std::function<void()> work);
+
+// Called on the main thread 60 times a second while it answers FrameDemand::More; a new observer is asked at the next
+// frame. Idle processes have none, and wake up for nothing.
+enum class FrameDemand { More, Done };
+void addFrameObserver(std::function<FrameDemand(double now)> observer);
+
+// Runs all work that is due, without moving a stepped clock. Main thread.
+void drainMainQueue();
+// Moves the stepped clock by `seconds`, running timers and frames at their exact times, in order. Main thread.
+void stepClock(double seconds);
+// Whether work is due or scheduled, or frames are demanded.
+bool mainQueueIsIdle();
+// A real clock: runs until `stop` answers true, sleeping between events. Woken by onMainThread from other threads.
+void runMainQueueUntil(const std::function<bool()>& stop);
+
+}  // namespace foundation
