@@ -1,0 +1,49 @@
+// The home screen's command line: what can be chosen, and what it is when nothing is said.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace host {
+
+enum class StartAppearance { Light, Dark };
+// Whether the library is mapped into the process.
+enum class LibraryUse { Mapped, Absent };
+
+struct Options {
+  // Stands for the phone's file system. Empty: the user's own, in the user's data folder.
+  std::filesystem::path root;
+  std::string device = "iphone-x";
+  std::string systemVersion = "13.5";
+  StartAppearance appearance = StartAppearance::Light;
+  std::string locale = "en_US";
+  // What the clock shows at start, in seconds since 1970; nothing: the real time.
+  std::optional<double> time;
+  LibraryUse library = LibraryUse::Mapped;
+  // "-" is standard input; empty: no script.
+  std::string script;
+  // Where pictures of sample notifications go; empty: none are made.
+  std::filesystem::path demonstration;
+};
+
+struct HelpRequest {};
+// What is wrong and what would be right, for people.
+struct OptionError {
+  std::string message;
+};
+
+// The arguments without the program's name. An option may be written "--name value" or "--name=value".
+std::variant<Options, HelpRequest, OptionError> parseOptions(std::span<const char* const> arguments);
+
+// The text that --help prints: every option with its meaning and default.
+std::string helpText();
+
+// "2020-03-14", "2020-03-14T09:41", with seconds, fractions of them, and "Z" or an offset such as "+02:00"; without an
+// offset it is the local time zone's. Nothing for what is no date.
+std::optional<double> parseIsoTime(std::string_view text);
+
+}  // namespace host
