@@ -1,0 +1,29 @@
+// What the process runs in: device, system version, language and appearance. Main thread.
+#pragma once
+
+#include <string>
+
+#include "platform/ui_trait_collection.hpp"
+#include "simulator/host/device_profiles.hpp"
+
+namespace uikit {
+
+enum class LayoutDirection { LeftToRight, RightToLeft };
+
+struct Environment {
+  host::DeviceProfile device = host::defaultDeviceProfile();
+  std::string systemVersion = "13.5";
+  std::string locale = "en_US";
+  UIUserInterfaceStyle style = UIUserInterfaceStyle::Light;
+  LayoutDirection direction = LayoutDirection::LeftToRight;
+};
+
+const Environment& environment();
+// At start, before the first window.
+void setEnvironment(const Environment& environment);
+// Changes the system appearance and tells every view controller and view whose traits change by it.
+void switchAppearance(UIUserInterfaceStyle style);
+// The direction that the language of such a locale (ar_EG) is written in.
+LayoutDirection directionOfLocale(const std::string& locale);
+
+}  // namespace uikit

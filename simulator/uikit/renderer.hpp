@@ -1,0 +1,21 @@
+// Pictures of the screen: the visible windows, back to front, as shown at this moment.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/ui_view.hpp"
+#include "simulator/drawing/canvas.hpp"
+
+namespace uikit {
+
+// The whole screen, or the part of it that shows this view, at that many pixels per point. Lays out first.
+std::shared_ptr<drawing::Canvas> renderScreen(double scale);
+std::shared_ptr<drawing::Canvas> renderView(UIView* view, double scale);
+
+// Grows with each change of what the screen shows, running animations included: as long as it stays the same, the last
+// picture is still right.
+std::uint64_t displayGeneration();
+void noteDisplayChange();
+
+}  // namespace uikit
