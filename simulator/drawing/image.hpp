@@ -72,8 +72,7 @@ std::shared_ptr<const Image> loadImageNamed(const std::filesystem::path& path, d
 // Empty only when memory is short.
 std::vector<std::byte> encodePng(const Image& image);
 
-// Quality from 0 to 1, clamped (what is not a number counts as 1). Transparent parts become white. Empty when a side
-// exceeds the format's 65,535 pixels.
+// Quality from 0 to 1, clamped (what is not a number counts as 1). Transparent parts become white.
 std::vector<std::byte> encodeJpeg(const Image& image, double quality);
 
 // Writes a PNG so that the path holds either the whole new picture or what it held before. The answer is the reason of

@@ -1,0 +1,98 @@
+#include "simulator/drawing/backdrop.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include "simulator/drawing/blur.hpp"
+
+namespace drawing {
+namespace {
+
+constexpr float saturation = 1.8F;
+
+// How brightness is made of blue, green and red.
+constexpr std::array<float, 3> brightness{0.0722F, 0.7152F, 0.2126F};
+
+struct Material {
+  double sigma;  // points
+  float grey;    // the tint's level, 0 to 1
+  float cover;   // how much of the tint, 0 to 1
+};
+
+constexpr Material extraLight{20, 0.97F, 0.82F};
+constexpr Material light{30, 1.00F, 0.30F};
+constexpr Material dark{20, 0.11F, 0.73F};
+constexpr Material regularInLight{25, 0.97F, 0.62F};
+constexpr Material regularInDark{25, 0.14F, 0.70F};
+
+const Material& material(BlurStyle style, Appearance appearance) {
+  switch (style) {
+    case BlurStyle::ExtraLight:
+      return extraLight;
+    case BlurStyle::Light:
+      return light;
+    case BlurStyle::Dark:
+      return dark;
+    case BlurStyle::Regular:
+      break;
+  }
+  return appearance == Appearance::Dark ? regularInDark : regularInLight;
+}
+
+// Saturates and tints a premultiplied cell; no channel exceeds the alpha.
+void dye(BlurredCell& cell, const Material& material) {
+  const std::array<float, 3> channels{static_cast<float>(cell.blue), static_cast<float>(cell.green),
+                                      static_cast<float>(cell.red)};
+  const auto alpha = static_cast<float>(cell.alpha);
+  const float grey = brightness[0] * channels[0] + brightness[1] * channels[1] + brightness[2] * channels[2];
+  std::array<std::uint16_t, 3> dyed{};
+  for (std::size_t index = 0; index < channels.size(); ++index) {
+    const float vivid = std::clamp(grey + saturation * (channels[index] - grey), 0.0F, alpha);
+    const float tinted = vivid + (material.grey * alpha - vivid) * material.cover;
+    dyed[index] = static_cast<std::uint16_t>(tinted + 0.5F);
+  }
+  cell = {dyed[0], dyed[1], dyed[2], cell.alpha};
+}
+
+void paintInside(Canvas& canvas, cairo_surface_t* pixels, const PixelRectangle& covered, const Rectangle& area,
+                 const CornerShape& corners, double alpha) {
+  canvas.save();
+  canvas.clipRoundedRectangle(area, corners);
+  cairo_t* context = canvas.context();
+  cairo_identity_matrix(context);
+  cairo_set_source_surface(context, pixels, covered.x, covered.y);
+  cairo_paint_with_alpha(context, alpha);
+  canvas.restore();
+}
+
+}  // namespace
+
+BlurStyle blurStyle(int number) {
+  for (const BlurStyle style : {BlurStyle::ExtraLight, BlurStyle::Light, BlurStyle::Dark}) {
+    if (static_cast<int>(style) == number) return style;
+  }
+  return BlurStyle::Regular;
+}
+
+void blurBackdrop(Canvas& canvas, const Rectangle& area, const CornerShape& corners, BlurStyle style,
+                  Appearance appearance, double alpha) {
+  const PixelRectangle covered = canvas.coveredPixels(area);
+  if (covered.isEmpty() || !(alpha > 0)) return;
+  const Material& chosen = material(style, appearance);
+  BlurredCells cells = blurBeneath(canvas, covered, chosen.sigma * canvas.pixelsPerPoint());
+  if (cells.cells.empty()) return;
+  for (BlurredCell& cell : cells.cells) dye(cell, chosen);
+
+  SurfaceHandle pixels(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, covered.width, covered.height));
+  if (cairo_surface_status(pixels.get()) != CAIRO_STATUS_SUCCESS) return;
+  // A row of 32-bit pixels has no padding.
+  auto* data = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(pixels.get()));
+  interpolate(cells, covered,
+              {data, static_cast<std::size_t>(covered.width) * static_cast<std::size_t>(covered.height)});
+  cairo_surface_mark_dirty(pixels.get());
+  paintInside(canvas, pixels.get(), covered, area, corners, std::min(alpha, 1.0));
+}
+
+}  // namespace drawing

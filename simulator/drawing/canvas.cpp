@@ -1,0 +1,241 @@
+#include "simulator/drawing/canvas.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "simulator/drawing/codecs.hpp"
+#include "simulator/drawing/corner_path.hpp"
+#include "simulator/drawing/image.hpp"
+#include "simulator/drawing/text_layout.hpp"
+
+namespace drawing {
+namespace {
+
+constexpr double maximumSide = 16'384;
+
+int pixelCount(double points, double scale) {
+  const double pixels = std::ceil(points * scale - 1e-6);
+  return std::isnan(pixels) ? 1 : static_cast<int>(std::clamp(pixels, 1.0, maximumSide));
+}
+
+void setColor(cairo_t* context, const Color& color) {
+  cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
+}
+
+bool isDrawable(const Rectangle& rectangle) {
+  return rectangle.width > 0 && rectangle.height > 0 && std::isfinite(rectangle.x) && std::isfinite(rectangle.y) &&
+         std::isfinite(rectangle.width) && std::isfinite(rectangle.height);
+}
+
+SurfaceHandle copySurface(cairo_surface_t* source) {
+  SurfaceHandle copy(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, cairo_image_surface_get_width(source),
+                                                cairo_image_surface_get_height(source)));
+  ContextHandle context(cairo_create(copy.get()));
+  cairo_set_source_surface(context.get(), source, 0, 0);
+  cairo_paint(context.get());
+  return copy;
+}
+
+}  // namespace
+
+Canvas::Canvas(const Size& size, double scale) : scale_(std::isfinite(scale) && scale > 0 ? scale : 1) {
+  base_.reset(
+      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixelCount(size.width, scale_), pixelCount(size.height, scale_)));
+  context_.reset(cairo_create(base_.get()));
+  cairo_scale(context_.get(), scale_, scale_);
+}
+
+int Canvas::pixelWidth() const { return cairo_image_surface_get_width(base_.get()); }
+int Canvas::pixelHeight() const { return cairo_image_surface_get_height(base_.get()); }
+
+void Canvas::save() {
+  cairo_save(context_.get());
+  saved_.push_back(Saved::State);
+}
+
+void Canvas::restore() {
+  if (!saved_.empty() && saved_.back() == Saved::State) pop();
+}
+
+// cairo stops drawing for good at a transform that cannot be inverted. What is moved or scaled to nowhere is not to be
+// seen.
+void Canvas::translate(double x, double y) {
+  if (std::isfinite(x) && std::isfinite(y)) {
+    cairo_translate(context_.get(), x, y);
+  } else {
+    clipRectangle({});
+  }
+}
+
+void Canvas::scale(double x, double y) {
+  const auto isInvertible = [](double factor) { return std::isfinite(factor) && std::abs(factor) > 1e-6; };
+  if (isInvertible(x) && isInvertible(y)) {
+    cairo_scale(context_.get(), x, y);
+  } else {
+    clipRectangle({});
+  }
+}
+
+void Canvas::clipRectangle(const Rectangle& rectangle) {
+  cairo_new_path(context_.get());
+  if (isDrawable(rectangle))
+    cairo_rectangle(context_.get(), rectangle.x, rectangle.y, rectangle.width, rectangle.height);
+  cairo_clip(context_.get());
+}
+
+void Canvas::clipRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners) {
+  cairo_new_path(context_.get());
+  if (isDrawable(rectangle)) addRoundedRectangle(context_.get(), rectangle, corners);
+  cairo_clip(context_.get());
+}
+
+void Canvas::beginLayer(double alpha) {
+  if (alpha >= 1) {
+    cairo_save(context_.get());
+    saved_.push_back(Saved::OpaqueLayer);
+    return;
+  }
+  cairo_push_group(context_.get());
+  // The clip takes effect when the layer is put onto what lies beneath; twice, it would thin soft edges.
+  cairo_reset_clip(context_.get());
+  SurfaceHandle surface(cairo_surface_reference(cairo_get_group_target(context_.get())));
+  layers_.push_back({std::move(surface), alpha > 0 ? alpha : 0});
+  saved_.push_back(Saved::TransparentLayer);
+}
+
+void Canvas::endLayer() {
+  const bool isOpen = std::any_of(saved_.begin(), saved_.end(), [](Saved entry) { return entry != Saved::State; });
+  if (!isOpen) return;
+  while (saved_.back() == Saved::State) pop();
+  pop();
+}
+
+void Canvas::pop() {
+  const Saved entry = saved_.back();
+  saved_.pop_back();
+  if (entry != Saved::TransparentLayer) {
+    cairo_restore(context_.get());
+    return;
+  }
+  PatternHandle content(cairo_pop_group(context_.get()));
+  cairo_save(context_.get());
+  cairo_set_source(context_.get(), content.get());
+  cairo_paint_with_alpha(context_.get(), layers_.back().alpha);
+  cairo_restore(context_.get());
+  layers_.pop_back();
+}
+
+void Canvas::clear(const Color& color) {
+  cairo_save(context_.get());
+  cairo_set_operator(context_.get(), CAIRO_OPERATOR_SOURCE);
+  setColor(context_.get(), color);
+  cairo_paint(context_.get());
+  cairo_restore(context_.get());
+}
+
+void Canvas::fillRectangle(const Rectangle& rectangle, const Color& color) {
+  fillRoundedRectangle(rectangle, {}, color);
+}
+
+void Canvas::fillRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners, const Color& color) {
+  if (!isDrawable(rectangle)) return;
+  cairo_new_path(context_.get());
+  addRoundedRectangle(context_.get(), rectangle, corners);
+  setColor(context_.get(), color);
+  cairo_fill(context_.get());
+}
+
+void Canvas::strokeLine(const Point& from, const Point& to, double width, const Color& color) {
+  if (!(width > 0)) return;
+  cairo_new_path(context_.get());
+  cairo_move_to(context_.get(), from.x, from.y);
+  cairo_line_to(context_.get(), to.x, to.y);
+  cairo_set_line_width(context_.get(), width);
+  setColor(context_.get(), color);
+  cairo_stroke(context_.get());
+}
+
+void Canvas::drawImage(const Image* image, const Rectangle& rectangle, ContentMode mode) {
+  if (!image || !isDrawable(rectangle)) return;
+  const Rectangle place = placeContent(image->size(), rectangle, mode);
+  if (!isDrawable(place)) return;
+
+  // Reduced to the very pixels it covers, it needs no filter while it is drawn.
+  double across = place.width, down = place.height, none = 0;
+  cairo_user_to_device_distance(context_.get(), &across, &none);
+  none = 0;
+  cairo_user_to_device_distance(context_.get(), &none, &down);
+  const int width = static_cast<int>(std::clamp(std::round(std::abs(across)), 1.0, maximumSide));
+  const int height = static_cast<int>(std::clamp(std::round(std::abs(down)), 1.0, maximumSide));
+  const bool isReduced = width < image->pixelWidth() && height < image->pixelHeight();
+  cairo_surface_t* source = isReduced ? image->surfaceResized(width, height) : image->surface();
+
+  cairo_save(context_.get());
+  cairo_new_path(context_.get());
+  cairo_rectangle(context_.get(), place.x, place.y, place.width, place.height);
+  cairo_translate(context_.get(), place.x, place.y);
+  cairo_scale(context_.get(), place.width / cairo_image_surface_get_width(source),
+              place.height / cairo_image_surface_get_height(source));
+  cairo_set_source_surface(context_.get(), source, 0, 0);
+  cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_GOOD);
+  // Beyond its edge the picture goes on; transparency would bleed in.
+  cairo_pattern_set_extend(cairo_get_source(context_.get()), CAIRO_EXTEND_PAD);
+  cairo_fill(context_.get());
+  cairo_restore(context_.get());
+}
+
+void Canvas::drawText(const TextLayout& text, const Rectangle& rectangle, const Color& color) {
+  text.draw(*this, rectangle, color);
+}
+
+std::uint32_t Canvas::pixel(int x, int y) const {
+  if (x < 0 || y < 0 || x >= pixelWidth() || y >= pixelHeight()) return 0;
+  cairo_surface_flush(base_.get());
+  const unsigned char* row = cairo_image_surface_get_data(base_.get()) +
+                             static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(base_.get());
+  return reinterpret_cast<const std::uint32_t*>(row)[x];
+}
+
+std::vector<std::byte> Canvas::pixelsAsPng() const { return encodePng(base_.get()); }
+
+std::shared_ptr<const Image> Canvas::snapshot() const { return Image::fromSurface(copySurface(base_.get()), scale_); }
+
+SurfaceHandle Canvas::captureBeneath(const PixelRectangle& area) const {
+  if (area.isEmpty()) return nullptr;
+  SurfaceHandle capture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
+  ContextHandle context(cairo_create(capture.get()));
+  cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
+  cairo_set_source_surface(context.get(), base_.get(), -area.x, -area.y);
+  cairo_paint(context.get());
+  cairo_set_operator(context.get(), CAIRO_OPERATOR_OVER);
+  // A layer knows where it lies by its device offset.
+  for (const OpenLayer& layer : layers_) {
+    cairo_set_source_surface(context.get(), layer.surface.get(), -area.x, -area.y);
+    cairo_paint_with_alpha(context.get(), layer.alpha);
+  }
+  cairo_surface_flush(capture.get());
+  return capture;
+}
+
+PixelRectangle Canvas::coveredPixels(const Rectangle& rectangle) const {
+  if (!isDrawable(rectangle)) return {};
+  cairo_save(context_.get());
+  cairo_new_path(context_.get());
+  cairo_rectangle(context_.get(), rectangle.x, rectangle.y, rectangle.width, rectangle.height);
+  cairo_clip(context_.get());
+  cairo_identity_matrix(context_.get());
+  double left = 0, top = 0, right = 0, bottom = 0;
+  cairo_clip_extents(context_.get(), &left, &top, &right, &bottom);
+  cairo_restore(context_.get());
+  const auto first = [](double edge, int limit) {
+    return static_cast<int>(std::clamp(std::floor(edge), 0.0, 1.0 * limit));
+  };
+  const auto last = [](double edge, int limit) {
+    return static_cast<int>(std::clamp(std::ceil(edge), 0.0, 1.0 * limit));
+  };
+  const int x = first(left, pixelWidth()), y = first(top, pixelHeight());
+  return {x, y, last(right, pixelWidth()) - x, last(bottom, pixelHeight()) - y};
+}
+
+}  // namespace drawing

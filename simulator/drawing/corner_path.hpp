@@ -1,0 +1,13 @@
+// The outline of a rectangle with rounded corners.
+#pragma once
+
+#include <cairo.h>
+
+#include "simulator/drawing/canvas.hpp"
+
+namespace drawing {
+
+// Adds a closed outline to the context's path. An empty rectangle adds nothing.
+void addRoundedRectangle(cairo_t* context, const Rectangle& rectangle, const CornerShape& corners);
+
+}  // namespace drawing

@@ -1,0 +1,101 @@
+#include "simulator/drawing/image.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "simulator/drawing/codecs.hpp"
+
+namespace drawing {
+namespace {
+
+// cairo's own limit for a side.
+constexpr std::int64_t maximumSide = 32'767;
+
+constexpr std::byte jpegStart[] = {std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}};
+constexpr std::byte pngStart[] = {std::byte{0x89}, std::byte{'P'}, std::byte{'N'}, std::byte{'G'}};
+
+bool startsWith(std::span<const std::byte> data, std::span<const std::byte> start) {
+  return data.size() >= start.size() && std::equal(start.begin(), start.end(), data.begin());
+}
+
+bool holdsPixels(cairo_surface_t* surface) {
+  return surface && cairo_surface_status(surface) == CAIRO_STATUS_SUCCESS &&
+         cairo_surface_get_type(surface) == CAIRO_SURFACE_TYPE_IMAGE && cairo_image_surface_get_width(surface) > 0 &&
+         cairo_image_surface_get_height(surface) > 0;
+}
+
+// Paints the whole source over the whole of a new surface.
+SurfaceHandle copyAt(cairo_surface_t* source, int width, int height) {
+  SurfaceHandle copy(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
+  ContextHandle context(cairo_create(copy.get()));
+  cairo_scale(context.get(), static_cast<double>(width) / cairo_image_surface_get_width(source),
+              static_cast<double>(height) / cairo_image_surface_get_height(source));
+  cairo_set_source_surface(context.get(), source, 0, 0);
+  cairo_pattern_set_filter(cairo_get_source(context.get()), CAIRO_FILTER_GOOD);
+  cairo_pattern_set_extend(cairo_get_source(context.get()), CAIRO_EXTEND_PAD);
+  cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
+  cairo_paint(context.get());
+  cairo_surface_flush(copy.get());
+  return copy;
+}
+
+}  // namespace
+
+bool isAcceptableSize(std::int64_t width, std::int64_t height) {
+  return width > 0 && height > 0 && width <= maximumSide && height <= maximumSide &&
+         width * height <= maximumImagePixels;
+}
+
+Image::Image(SurfaceHandle surface, double scale, std::string name)
+    : surface_(std::move(surface)),
+      pixelWidth_(cairo_image_surface_get_width(surface_.get())),
+      pixelHeight_(cairo_image_surface_get_height(surface_.get())),
+      scale_(std::isfinite(scale) && scale > 0 ? scale : 1),
+      name_(std::move(name)) {}
+
+std::shared_ptr<const Image> Image::fromSurface(SurfaceHandle surface, double scale, std::string name) {
+  if (!holdsPixels(surface.get())) return nullptr;
+  if (cairo_image_surface_get_format(surface.get()) != CAIRO_FORMAT_ARGB32) {
+    surface = copyAt(surface.get(), cairo_image_surface_get_width(surface.get()),
+                     cairo_image_surface_get_height(surface.get()));
+    if (!holdsPixels(surface.get())) return nullptr;
+  }
+  cairo_surface_flush(surface.get());
+  return std::shared_ptr<const Image>(new Image(std::move(surface), scale, std::move(name)));
+}
+
+std::shared_ptr<const Image> Image::named(std::string name) const {
+  SurfaceHandle shared(cairo_surface_reference(surface_.get()));
+  return std::shared_ptr<const Image>(new Image(std::move(shared), scale_, std::move(name)));
+}
+
+std::uint32_t Image::pixel(int x, int y) const {
+  if (x < 0 || y < 0 || x >= pixelWidth_ || y >= pixelHeight_) return 0;
+  const unsigned char* row = cairo_image_surface_get_data(surface_.get()) +
+                             static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(surface_.get());
+  return reinterpret_cast<const std::uint32_t*>(row)[x];
+}
+
+cairo_surface_t* Image::surfaceResized(int width, int height) const {
+  if (width == pixelWidth_ && height == pixelHeight_) return surface_.get();
+  const bool kept = resized_ && cairo_image_surface_get_width(resized_.get()) == width &&
+                    cairo_image_surface_get_height(resized_.get()) == height;
+  if (!kept) resized_ = copyAt(surface_.get(), width, height);
+  return resized_.get();
+}
+
+std::shared_ptr<const Image> decodeImage(std::span<const std::byte> data, double scale, std::string name) {
+  if (startsWith(data, pngStart)) return Image::fromSurface(decodePng(data), scale, std::move(name));
+  if (startsWith(data, jpegStart)) return Image::fromSurface(decodeJpeg(data), scale, std::move(name));
+  return nullptr;
+}
+
+std::vector<std::byte> encodePng(const Image& image) { return encodePng(image.surface()); }
+
+std::vector<std::byte> encodeJpeg(const Image& image, double quality) {
+  const double known = std::isnan(quality) ? 1 : std::clamp(quality, 0.0, 1.0);
+  return encodeJpeg(image.surface(), static_cast<int>(std::lround(known * 100)));
+}
+
+}  // namespace drawing

@@ -1,0 +1,199 @@
+// jpeglib.h needs the standard C declarations before it.
+#include <csetjmp>
+#include <cstdio>
+#include <cstdlib>
+
+#include <jerror.h>
+#include <jpeglib.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <utility>
+
+#include "simulator/drawing/codecs.hpp"
+
+namespace drawing {
+namespace {
+
+// A progressive picture refines itself in scans. Real ones have about ten; thousands are an attack on time.
+constexpr int maximumScans = 200;
+
+// How the library leaves on an error: it calls back and must not be returned to, so the way out is a jump. Between the
+// jump's ends no object with a destructor may live; all of them are members of Decoder and Encoder, which outlive it.
+struct ErrorHandler {
+  jpeg_error_mgr base{};
+  std::jmp_buf leave;
+
+  static ErrorHandler& of(j_common_ptr codec) { return *reinterpret_cast<ErrorHandler*>(codec->err); }
+};
+
+[[noreturn]] void leaveOnError(j_common_ptr codec) { std::longjmp(ErrorHandler::of(codec).leave, 1); }
+
+// Data that ends too early is only a warning to the library, which would go on with grey.
+void leaveOnTruncation(j_common_ptr codec, int level) {
+  const int message = codec->err->msg_code;
+  if (level < 0 && (message == JWRN_JPEG_EOF || message == JWRN_HIT_MARKER)) leaveOnError(codec);
+}
+
+void leaveOnTooManyScans(j_common_ptr codec) {
+  if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > maximumScans) leaveOnError(codec);
+}
+
+void prepare(ErrorHandler& errors) {
+  jpeg_std_error(&errors.base);
+  errors.base.error_exit = &leaveOnError;
+  errors.base.emit_message = &leaveOnTruncation;
+  errors.base.output_message = [](j_common_ptr) {};
+}
+
+struct Decoder {
+  jpeg_decompress_struct codec{};
+  ErrorHandler errors;
+  jpeg_progress_mgr progress{};
+  SurfaceHandle surface;
+
+  Decoder() {
+    prepare(errors);
+    codec.err = &errors.base;
+    progress.progress_monitor = &leaveOnTooManyScans;
+  }
+  ~Decoder() { jpeg_destroy_decompress(&codec); }
+  Decoder(const Decoder&) = delete;
+  Decoder& operator=(const Decoder&) = delete;
+};
+
+// Collects what the library writes, a block at a time.
+struct Encoder {
+  jpeg_compress_struct codec{};
+  ErrorHandler errors;
+  jpeg_destination_mgr destination{};
+  std::array<unsigned char, 16384> block;
+  std::vector<unsigned char> row;
+  std::vector<std::byte> written;
+
+  Encoder() {
+    prepare(errors);
+    codec.err = &errors.base;
+    codec.client_data = this;
+    destination.init_destination = [](j_compress_ptr encoder) { of(encoder).startBlock(); };
+    destination.empty_output_buffer = [](j_compress_ptr encoder) -> boolean {
+      of(encoder).append(sizeof block);
+      of(encoder).startBlock();
+      return TRUE;
+    };
+    destination.term_destination = [](j_compress_ptr encoder) {
+      of(encoder).append(sizeof block - of(encoder).destination.free_in_buffer);
+    };
+  }
+  ~Encoder() { jpeg_destroy_compress(&codec); }
+  Encoder(const Encoder&) = delete;
+  Encoder& operator=(const Encoder&) = delete;
+
+  static Encoder& of(j_compress_ptr codec) { return *static_cast<Encoder*>(codec->client_data); }
+  void startBlock() {
+    destination.next_output_byte = block.data();
+    destination.free_in_buffer = block.size();
+  }
+  void append(std::size_t count) {
+    const auto* bytes = reinterpret_cast<const std::byte*>(block.data());
+    written.insert(written.end(), bytes, bytes + count);
+  }
+};
+
+unsigned char* rowOf(cairo_surface_t* surface, unsigned row) {
+  return cairo_image_surface_get_data(surface) +
+         static_cast<std::ptrdiff_t>(row) * cairo_image_surface_get_stride(surface);
+}
+
+bool isPrintColor(J_COLOR_SPACE space) { return space == JCS_CMYK || space == JCS_YCCK; }
+
+// Printing colours, inverted as every known writer of such files stores them, in place to opaque ARGB.
+void convertPrintRow(unsigned char* row, unsigned width) {
+  for (unsigned x = 0; x < width; ++x) {
+    unsigned char* cell = row + 4 * x;
+    const std::uint32_t key = cell[3];
+    const auto blend = [key](std::uint32_t ink) { return (ink * key + 127) / 255; };
+    *reinterpret_cast<std::uint32_t*>(cell) = 0xFF000000U | blend(cell[0]) << 16 | blend(cell[1]) << 8 | blend(cell[2]);
+  }
+}
+
+void readRows(jpeg_decompress_struct& decoder, cairo_surface_t* surface) {
+  while (decoder.output_scanline < decoder.output_height) {
+    unsigned char* row = rowOf(surface, decoder.output_scanline);
+    jpeg_read_scanlines(&decoder, &row, 1);
+    if (decoder.out_color_space == JCS_CMYK) convertPrintRow(row, decoder.output_width);
+  }
+}
+
+bool decode(Decoder& decoder, std::span<const std::byte> data) {
+  if (setjmp(decoder.errors.leave)) return false;
+  jpeg_decompress_struct& codec = decoder.codec;
+  jpeg_create_decompress(&codec);
+  codec.progress = &decoder.progress;
+  jpeg_mem_src(&codec, reinterpret_cast<const unsigned char*>(data.data()), data.size());
+  jpeg_read_header(&codec, TRUE);
+  if (!isAcceptableSize(codec.image_width, codec.image_height)) return false;
+  decoder.surface.reset(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(codec.image_width),
+                                                   static_cast<int>(codec.image_height)));
+  if (cairo_surface_status(decoder.surface.get()) != CAIRO_STATUS_SUCCESS) return false;
+
+  // libjpeg-turbo writes the fourth byte as 255.
+  codec.out_color_space = isPrintColor(codec.jpeg_color_space) ? JCS_CMYK : JCS_EXT_BGRA;
+  codec.dct_method = JDCT_ISLOW;
+  jpeg_start_decompress(&codec);
+  readRows(codec, decoder.surface.get());
+  jpeg_finish_decompress(&codec);
+  cairo_surface_mark_dirty(decoder.surface.get());
+  return true;
+}
+
+// Premultiplied pixels over white, as bytes of red, green and blue.
+void flattenRow(const std::uint32_t* pixels, int width, unsigned char* row) {
+  for (int x = 0; x < width; ++x) {
+    const std::uint32_t white = 255 - (pixels[x] >> 24);
+    for (int channel = 0; channel < 3; ++channel) {
+      const std::uint32_t value = (pixels[x] >> (16 - 8 * channel) & 0xFF) + white;
+      *row++ = static_cast<unsigned char>(std::min<std::uint32_t>(value, 255));
+    }
+  }
+}
+
+bool encode(Encoder& encoder, cairo_surface_t* surface, int quality) {
+  if (setjmp(encoder.errors.leave)) return false;
+  jpeg_compress_struct& codec = encoder.codec;
+  // Creating clears the structure but for the error handler and the client data.
+  jpeg_create_compress(&codec);
+  codec.dest = &encoder.destination;
+  codec.image_width = static_cast<JDIMENSION>(cairo_image_surface_get_width(surface));
+  codec.image_height = static_cast<JDIMENSION>(cairo_image_surface_get_height(surface));
+  codec.input_components = 3;
+  codec.in_color_space = JCS_RGB;
+  jpeg_set_defaults(&codec);
+  jpeg_set_quality(&codec, quality, TRUE);
+  codec.dct_method = JDCT_ISLOW;
+  jpeg_start_compress(&codec, TRUE);
+  unsigned char* row = encoder.row.data();
+  while (codec.next_scanline < codec.image_height) {
+    flattenRow(reinterpret_cast<const std::uint32_t*>(rowOf(surface, codec.next_scanline)),
+               static_cast<int>(codec.image_width), row);
+    jpeg_write_scanlines(&codec, &row, 1);
+  }
+  jpeg_finish_compress(&codec);
+  return true;
+}
+
+}  // namespace
+
+SurfaceHandle decodeJpeg(std::span<const std::byte> data) {
+  Decoder decoder;
+  return decode(decoder, data) ? std::move(decoder.surface) : nullptr;
+}
+
+std::vector<std::byte> encodeJpeg(cairo_surface_t* surface, int quality) {
+  Encoder encoder;
+  encoder.row.resize(static_cast<std::size_t>(cairo_image_surface_get_width(surface)) * 3);
+  return encode(encoder, surface, quality) ? std::move(encoder.written) : std::vector<std::byte>();
+}
+
+}  // namespace drawing

@@ -1,0 +1,98 @@
+#include "simulator/drawing/plain_text.hpp"
+
+#include <glib.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace drawing {
+namespace {
+
+constexpr std::size_t mostCharacters = 20'000;
+
+// No script needs more characters for a stretch as long as its font's size, nor more extra ones that have no width.
+constexpr double charactersPerSize = 8;
+constexpr double extraCharactersPerLine = 64;
+
+constexpr gunichar replacement = 0xFFFD;
+constexpr gunichar leaveOut = 0;
+
+struct Character {
+  gunichar value;
+  std::size_t length;
+};
+
+// At least one byte must be left.
+Character characterAt(const std::string& text, std::size_t position) {
+  const char* start = text.data() + position;
+  if (*start == 0) return {leaveOut, 1};
+  const auto rest = static_cast<gssize>(std::min<std::size_t>(text.size() - position, 6));
+  const gunichar value = g_utf8_get_char_validated(start, rest);
+  const bool isInvalid = value == static_cast<gunichar>(-1) || value == static_cast<gunichar>(-2);
+  if (isInvalid) return {replacement, 1};
+  return {value, static_cast<std::size_t>(g_utf8_next_char(start) - start)};
+}
+
+bool isControl(gunichar value) { return value < 0x20 || (value >= 0x7F && value < 0xA0); }
+
+// Every kind of line end becomes a line feed; of a carriage return with a line feed only the latter remains.
+gunichar normalized(gunichar value, bool precedesLineFeed) {
+  constexpr gunichar lineSeparator = 0x2028;
+  constexpr gunichar paragraphSeparator = 0x2029;
+  if (value == '\r') return precedesLineFeed ? leaveOut : gunichar{'\n'};
+  if (value == lineSeparator || value == paragraphSeparator) return '\n';
+  return isControl(value) && value != '\n' && value != '\t' ? leaveOut : value;
+}
+
+void append(std::string& text, gunichar value) {
+  char bytes[6];
+  text.append(bytes, static_cast<std::size_t>(g_unichar_to_utf8(value, bytes)));
+}
+
+// Appends characters while there are any left to be had, and takes them off.
+void appendRun(PlainText& result, const std::string& text, std::size_t& left) {
+  for (std::size_t position = 0; position < text.size() && left > 0;) {
+    const Character character = characterAt(text, position);
+    position += character.length;
+    const gunichar value = normalized(character.value, position < text.size() && text[position] == '\n');
+    // What is left out counts as well: a text of nothing else must come to an end.
+    --left;
+    if (value != leaveOut) append(result.text, value);
+  }
+}
+
+void removeFinalLineFeed(PlainText& text) {
+  if (!text.text.ends_with('\n')) return;
+  text.text.pop_back();
+  Span& last = text.spans.back();
+  if (--last.end == last.begin) text.spans.pop_back();
+}
+
+}  // namespace
+
+std::size_t characterLimit(const Paragraph& paragraph, double width, int lines) {
+  double smallest = std::numeric_limits<double>::infinity();
+  for (const Run& run : paragraph.runs) {
+    if (const double size = effectiveSize(run.font); size > 0) smallest = std::min(smallest, size);
+  }
+  if (lines <= 0 || !std::isfinite(width) || !std::isfinite(smallest)) return mostCharacters;
+  // The line after the last tells that there is more.
+  const double enough = (lines + 1.0) * (charactersPerSize * width / smallest + extraCharactersPerLine);
+  return static_cast<std::size_t>(std::min(enough, static_cast<double>(mostCharacters)));
+}
+
+PlainText plainText(const Paragraph& paragraph, std::size_t characterLimit) {
+  PlainText result;
+  for (std::size_t index = 0; index < paragraph.runs.size(); ++index) {
+    const Run& run = paragraph.runs[index];
+    if (effectiveSize(run.font) == 0) continue;
+    const std::size_t begin = result.text.size();
+    appendRun(result, run.text, characterLimit);
+    if (result.text.size() > begin) result.spans.push_back({begin, result.text.size(), index});
+  }
+  removeFinalLineFeed(result);
+  return result;
+}
+
+}  // namespace drawing
