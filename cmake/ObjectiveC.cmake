@@ -25,6 +25,8 @@ find_library(GNUSTEP_BASE_LIBRARY NAMES gnustep-base REQUIRED)
 add_library(ObjectiveC INTERFACE)
 target_include_directories(ObjectiveC INTERFACE ${CMAKE_SOURCE_DIR})
 target_include_directories(ObjectiveC SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/objc-headers)
+# A message to nil is a member function called on a null pointer: the compilers must not conclude that it cannot be.
+target_compile_options(ObjectiveC INTERFACE -fno-delete-null-pointer-checks)
 target_link_options(ObjectiveC INTERFACE -Wl,--no-as-needed)
 target_link_libraries(ObjectiveC INTERFACE ${GNUSTEP_BASE_LIBRARY} ${OBJC_LIBRARY})
 

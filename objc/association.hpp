@@ -20,9 +20,7 @@ inline id associated(id object, SEL key) {
 // The accessors of an associated property, keyed by its getter. Never set: nil.
 template <FixedString name, class Type>
 struct AssociatedProperty {
-  static Type get(id self) {
-    return static_cast<Type>(static_cast<void*>(detail::associated(self, selector<name>())));
-  }
+  static Type get(id self) { return static_cast<Type>(static_cast<void*>(detail::associated(self, selector<name>()))); }
   static void set(id self, Type value) { detail::associate(self, selector<name>(), detail::identifier(value)); }
 };
 
@@ -36,8 +34,8 @@ struct AssociatedProperty<name, bool> {
     return value;
   }
   static void set(id self, bool value) {
-    const id box = send<id, "valueWithBytes:objCType:">(lookUpClass<"NSValue">(),
-                                                        static_cast<const void*>(&value), TypeEncoding<bool>::value.data());
+    const id box = send<id, "valueWithBytes:objCType:">(lookUpClass<"NSValue">(), static_cast<const void*>(&value),
+                                                        TypeEncoding<bool>::value.data());
     detail::associate(self, selector<name>(), box);
   }
 };

@@ -83,8 +83,8 @@ struct Lifecycle {
   static inline Class superMetaclass = nullptr;
 
   static id allocate(Class self, SEL selector, void* zone) {
-    const id object =
-        call<id>(implementationInClass(superMetaclass, selector), identifier(reinterpret_cast<void*>(self)), selector, zone);
+    const id object = call<id>(implementationInClass(superMetaclass, selector),
+                               identifier(reinterpret_cast<void*>(self)), selector, zone);
     if (object != nullptr) new (stateAt<Type, Struct>(object)) Struct();
     return object;
   }
@@ -94,9 +94,7 @@ struct Lifecycle {
   }
 };
 
-inline std::uint8_t logarithm(std::size_t alignment) {
-  return static_cast<std::uint8_t>(__builtin_ctzll(alignment));
-}
+inline std::uint8_t logarithm(std::size_t alignment) { return static_cast<std::uint8_t>(__builtin_ctzll(alignment)); }
 
 inline void addMethods(Class target, std::span<const MethodEntry> methods) {
   Class metaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(target)));

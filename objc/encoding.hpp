@@ -64,17 +64,20 @@ template <>
 struct TypeEncoding<SEL> : EncodingText<":"> {};
 
 template <class Type>
-  requires std::is_enum_v<Type>
-struct TypeEncoding<Type> : TypeEncoding<std::underlying_type_t<Type>> {};
+requires std::is_enum_v<Type>
+struct TypeEncoding<Type> : TypeEncoding<std::underlying_type_t<Type>> {
+};
 
 // A pointer to a class is an object, complete or not: platform classes are only ever handled by pointer.
 template <class Type>
-  requires std::is_class_v<Type>
-struct TypeEncoding<Type*> : EncodingText<"@"> {};
+requires std::is_class_v<Type>
+struct TypeEncoding<Type*> : EncodingText<"@"> {
+};
 
 template <class Type>
-  requires(std::is_pointer_v<Type> || std::is_arithmetic_v<Type>)
-struct TypeEncoding<Type*> : EncodingText<FixedString("^") + TypeEncoding<Type>::value> {};
+requires(std::is_pointer_v<Type> || std::is_arithmetic_v<Type>) struct TypeEncoding<Type*>
+    : EncodingText<FixedString("^") + TypeEncoding<Type>::value> {
+};
 
 template <class Signature>
 struct TypeEncoding<Block<Signature>*> : EncodingText<"@?"> {};

@@ -85,8 +85,8 @@ template <FixedString name, auto function>
 Row hook(const char* className) {
   using Hook = detail::HookOf<function>;
   static_assert(name.count(':') == Hook::argumentCount, "one argument for each colon of the selector");
-  return {{{className, TextOf<name>::text, Hook::encoding.data(), Hook::implementation(), &Hook::replaced, RowKind::Hook,
-            Level::Instance},
+  return {{{className, TextOf<name>::text, Hook::encoding.data(), Hook::implementation(), &Hook::replaced,
+            RowKind::Hook, Level::Instance},
            {}},
           1};
 }
@@ -96,7 +96,8 @@ Row add(const char* className) {
   using Method = MethodOf<function>;
   static_assert(name.count(':') == Method::argumentCount, "one argument for each colon of the selector");
   return {
-      {{className, TextOf<name>::text, Method::encoding.data(), Method::implementation(), nullptr, RowKind::Add, level}, {}},
+      {{className, TextOf<name>::text, Method::encoding.data(), Method::implementation(), nullptr, RowKind::Add, level},
+       {}},
       1};
 }
 

@@ -1,4 +1,5 @@
-// Ownership in the type: Ref holds a strong reference, Weak one that becomes null with its object. Raw pointers are borrowed.
+// Ownership in the type: Ref holds a strong reference, Weak one that becomes null with its object. Raw pointers are
+// borrowed.
 #pragma once
 
 #include <type_traits>
@@ -21,7 +22,7 @@ class Ref {
   Ref(const Ref& other) : object(other.object) { retainObject(object); }
   Ref(Ref&& other) noexcept : object(std::exchange(other.object, nullptr)) {}
   template <class Other>
-    requires std::is_convertible_v<Other*, Type*>
+  requires std::is_convertible_v<Other*, Type*>
   // NOLINTNEXTLINE(google-explicit-constructor): as pointers convert.
   Ref(const Ref<Other>& other) : object(other.get()) {
     retainObject(object);

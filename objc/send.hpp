@@ -95,7 +95,8 @@ class Interface : public Super {
   static Class classObject() { return lookUpClass<name>(); }
 };
 
-// The object as a T when it is one (or of a subclass), else null. For values from outside, whose type nobody vouches for.
+// The object as a T when it is one (or of a subclass), else null. For values from outside, whose type nobody vouches
+// for.
 template <class Type>
 Type* as(const void* object) {
   if (object == nullptr || Type::classObject() == nullptr) return nullptr;

@@ -15,6 +15,7 @@ extern dispatch_queue_s _dispatch_main_q;
 dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds);
 void dispatch_async(dispatch_queue_t queue, objc::Block<void()>* work);
 void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, objc::Block<void()>* work);
+void dispatch_retain(dispatch_queue_t queue);
 void dispatch_sync(dispatch_queue_t queue, objc::Block<void()>* work);
 }
 

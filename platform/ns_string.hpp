@@ -42,9 +42,7 @@ class NSString : public objc::Interface<"NSString", NSObject> {
     return objc::send<NSRange, "rangeOfString:options:">(this, wanted, options);
   }
   bool contains(NSString* wanted) const { return rangeOfString(wanted).length != 0; }
-  NSString* substringToIndex(NSUInteger index) const {
-    return objc::send<NSString*, "substringToIndex:">(this, index);
-  }
+  NSString* substringToIndex(NSUInteger index) const { return objc::send<NSString*, "substringToIndex:">(this, index); }
   NSString* stringByReplacingCharactersInRange(NSRange range, NSString* replacement) const {
     return objc::send<NSString*, "stringByReplacingCharactersInRange:withString:">(this, range, replacement);
   }

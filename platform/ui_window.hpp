@@ -10,9 +10,11 @@ class UIWindow : public objc::Interface<"UIWindow", UIView> {
 
 class UIApplication : public objc::Interface<"UIApplication", UIResponder> {
  public:
-  static UIApplication* sharedApplication() {
-    return objc::send<UIApplication*, "sharedApplication">(classObject());
-  }
+  static UIApplication* sharedApplication() { return objc::send<UIApplication*, "sharedApplication">(classObject()); }
   // nil while no window has the keyboard.
   UIWindow* keyWindow() const { return objc::send<UIWindow*, "keyWindow">(this); }
+  // Starts or wakes the application; suspended, it stays in the background.
+  bool launchApplication(NSString* bundleIdentifier, bool suspended) {
+    return objc::send<bool, "launchApplicationWithIdentifier:suspended:">(this, bundleIdentifier, suspended);
+  }
 };

@@ -1,0 +1,42 @@
+#include "library/controller/haptic.hpp"
+
+#include "library/startup/settings.hpp"
+#include "platform/audio_toolbox.hpp"
+#include "platform/ns_number.hpp"
+#include "platform/ui_device.hpp"
+#include "platform/ui_notification_feedback_generator.hpp"
+
+namespace {
+
+constexpr SystemSoundID strongPop = 1520;
+constexpr SystemSoundID plainVibration = 4095;
+constexpr NSInteger hapticEngine = 2;
+constexpr NSInteger tapticEngine = 1;
+
+NSInteger feedbackSupportLevel() {
+  return objc::as<NSNumber>(UIDevice::currentDevice()->valueForKey("_feedbackSupportLevel"_ns))->integerValue();
+}
+
+void vibrateAt(NSInteger level) {
+  if (level == tapticEngine) {
+    AudioServicesPlaySystemSound(strongPop);
+  } else {
+    AudioServicesPlayAlertSound(plainVibration);
+  }
+}
+
+}  // namespace
+
+void confirmWithHaptic() {
+  if (!settings::vibrate_on_send) return;
+  const NSInteger level = feedbackSupportLevel();
+  if (level != hapticEngine) {
+    vibrateAt(level);
+    return;
+  }
+  const auto generator = objc::make<UINotificationFeedbackGenerator>();
+  generator->prepare();
+  generator->notificationOccurred(UINotificationFeedbackType::Success);
+}
+
+void vibrate() { vibrateAt(feedbackSupportLevel()); }

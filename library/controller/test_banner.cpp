@@ -1,0 +1,103 @@
+#include "library/controller/test_banner.hpp"
+
+#include "library/controller/banner_controller.hpp"
+#include "library/controller/haptic.hpp"
+#include "platform/dispatch.hpp"
+#include "platform/dynamic_linking.hpp"
+#include "platform/ns_distributed_notification_center.hpp"
+#include "platform/ns_process_info.hpp"
+
+namespace {
+
+constexpr NSUInteger everyDestination = 15;
+
+// Kept; null until the platform has made one.
+BBServer* sharedServer;
+
+NSString* requestName() { return "com.lumetra.brim.receivedbannertest"_ns; }
+
+NSString* uniqueString() { return NSProcessInfo::processInfo()->globallyUniqueString(); }
+
+objc::Ref<BBBulletin> testBulletin() {
+  auto bulletin = objc::make<BBBulletin>();
+  bulletin->setTitle("Brim"_ns);
+  bulletin->setMessage("Test notification"_ns);
+  bulletin->setSectionID(messagesIdentifier());
+  bulletin->setBulletinID(uniqueString());
+  bulletin->setRecordID(uniqueString());
+  bulletin->setPublisherBulletinID(uniqueString());
+  bulletin->setDate(NSDate::date());
+  bulletin->setDefaultAction(BBAction::launching(messagesIdentifier(), nullptr));
+  bulletin->setClearable(true);
+  bulletin->setShowsMessagePreview(true);
+  bulletin->setPublicationDate(NSDate::date());
+  bulletin->setLastInterruptDate(NSDate::date());
+  return bulletin;
+}
+
+// The platform exports the queue wherever a server exists.
+dispatch_queue_t lookUpServerQueue() {
+  void* program = dlopen(nullptr, RTLD_GLOBAL);
+  auto* symbol = static_cast<dispatch_queue_t*>(dlsym(program, "__BBServerQueue"));
+  const dispatch_queue_t queue = symbol == nullptr ? nullptr : *symbol;
+  if (queue != nullptr) dispatch_retain(queue);
+  dlclose(program);
+  return queue;
+}
+
+dispatch_queue_t serverQueue() {
+  static const dispatch_queue_t queue = lookUpServerQueue();
+  return queue;
+}
+
+void publish(BBBulletin* bulletin) {
+  if (!answers<"publishBulletin:destinations:">(sharedServer)) return;
+  const objc::Ref<BBServer> server = objc::retain(sharedServer);
+  const objc::Ref<BBBulletin> published = objc::retain(bulletin);
+  // The server's state belongs to its queue.
+  dispatch_sync(serverQueue(), objc::block([server, published] { server->publish(published, everyDestination); }));
+}
+
+BBServer* remember(BBServer* server) {
+  objc::retainObject(server);
+  objc::releaseObject(sharedServer);
+  sharedServer = server;
+  return server;
+}
+
+}  // namespace
+
+void homeScreenViewDidLoad(objc::Original<void(UIViewController*)> original, UIViewController* self) {
+  NSDistributedNotificationCenter::defaultCenter()->addObserver(self, objc::selector<"receivedBannerTest">(),
+                                                                requestName());
+  original(self);
+}
+
+void homeScreenDealloc(objc::Original<void(UIViewController*)> original, UIViewController* self) {
+  NSDistributedNotificationCenter::defaultCenter()->removeObserver(self, requestName());
+  original(self);
+}
+
+void receivedBannerTest(UIViewController*) {
+  vibrate();
+  publish(testBulletin());
+}
+
+BBServer* serverInit(objc::Original<BBServer*(BBServer*, NSObject*)> original, BBServer* self, NSObject* queue) {
+  return remember(original(self, queue));
+}
+
+BBServer* serverLongInit(objc::Original<BBServer*(BBServer*, NSObject*, NSObject*, NSObject*, NSObject*, NSObject*,
+                                                  NSObject*, NSObject*, NSObject*, NSObject*)>
+                             original,
+                         BBServer* self, NSObject* queue, NSObject* dataProviderManager, NSObject* syncService,
+                         NSObject* dismissalSyncCache, NSObject* observerListener, NSObject* utilitiesListener,
+                         NSObject* conduitListener, NSObject* systemStateListener, NSObject* settingsListener) {
+  return remember(original(self, queue, dataProviderManager, syncService, dismissalSyncCache, observerListener,
+                           utilitiesListener, conduitListener, systemStateListener, settingsListener));
+}
+
+void serverDealloc(objc::Original<void(BBServer*)> original, BBServer* self) {
+  if (sharedServer == self) sharedServer = nullptr;
+  original(self);
+}

@@ -1,0 +1,3 @@
+#include "library/photos/selection.hpp"
+
+void updateProfilePicture(BannerController*, NSString*, NSString*, BrimContainer*) {}

@@ -1,0 +1,28 @@
+// BrimColors: a banner's colours, by mode, each replaceable by a colour of the user's own. Main thread.
+#pragma once
+
+#include "platform/ui_color.hpp"
+
+// What the colour modes are called in the settings: any other number stands for black.
+inline constexpr NSInteger darkMode = 1;
+inline constexpr NSInteger lightMode = 2;
+inline constexpr NSInteger blackMode = 3;
+
+class BrimColors : public objc::Interface<"BrimColors", NSObject> {
+ public:
+  static objc::Ref<BrimColors> withMode(NSInteger mode) {
+    return objc::adopt(objc::send<BrimColors*, "initWithMode:">(objc::allocate<BrimColors>(), mode));
+  }
+  NSInteger mode() const { return objc::send<NSInteger, "mode">(this); }
+  bool useCustomColors() const { return objc::send<bool, "useCustomColors">(this); }
+
+  // The custom colour where one is set and in use, else the palette's.
+  UIColor* containerBackgroundColor() const { return objc::send<UIColor*, "containerBackgroundColor">(this); }
+  UIColor* containerGrabberColor() const { return objc::send<UIColor*, "containerGrabberColor">(this); }
+  UIColor* containerReplyColor() const { return objc::send<UIColor*, "containerReplyColor">(this); }
+  UIColor* containerTextColor() const { return objc::send<UIColor*, "containerTextColor">(this); }
+  UIColor* containerButtonColor() const { return objc::send<UIColor*, "containerButtonColor">(this); }
+  UIColor* containerDeleteColor() const { return objc::send<UIColor*, "containerDeleteColor">(this); }
+};
+
+void registerBrimColors();

@@ -1,0 +1,117 @@
+// BrimContainer: the banner. A record of content and configuration until it arrives in a superview, which builds all
+// that is seen. Sizes are points, durations seconds. Main thread. Every text and picture may be nil.
+#pragma once
+
+#include "library/view/brim_colors.hpp"
+#include "library/view/brim_label.hpp"
+#include "platform/ui_image_view.hpp"
+
+class BrimContainer : public objc::Interface<"BrimContainer", UIView> {
+ public:
+  static objc::Ref<BrimContainer> make(UIImage* image, NSString* header, NSString* subHeader, NSString* body) {
+    return objc::adopt(objc::send<BrimContainer*, "initWithUIImage:andHeader:andSubHeader:andBody:">(
+        objc::allocate<BrimContainer>(), image, header, subHeader, body));
+  }
+
+  // Whether the banner on screen may go by itself. One flag for all banners.
+  static bool DismissNotification() { return objc::send<bool, "DismissNotification">(classObject()); }
+  static void setDismissNotification(bool dismiss) {
+    objc::send<void, "setDismissNotification:">(classObject(), dismiss);
+  }
+
+  // Not kept; see BrimNotificationDelegate.
+  void setDelegate(NSObject* delegate) { objc::send<void, "setDelegate:">(this, delegate); }
+  BrimColors* colorSet() const { return objc::send<BrimColors*, "colorSet">(this); }
+  void setColorSet(BrimColors* colors) { objc::send<void, "setColorSet:">(this, colors); }
+  void setTextAlignment(NSUInteger alignment) { objc::send<void, "setTextAlignment:">(this, alignment); }
+  bool enableButtons() const { return objc::send<bool, "enableButtons">(this); }
+  void setEnableButtons(bool enable) { objc::send<void, "setEnableButtons:">(this, enable); }
+  bool enablePrivacy() const { return objc::send<bool, "enablePrivacy">(this); }
+  void setEnablePrivacy(bool enable) { objc::send<void, "setEnablePrivacy:">(this, enable); }
+  void setBoldButtons(bool bold) { objc::send<void, "setBoldButtons:">(this, bold); }
+  bool canReply() const { return objc::send<bool, "canReply">(this); }
+  void setCanReply(bool can) { objc::send<void, "setCanReply:">(this, can); }
+  bool isAlarm() const { return objc::send<bool, "isAlarm">(this); }
+  void setIsAlarm(bool alarm) { objc::send<void, "setIsAlarm:">(this, alarm); }
+  void setIsSnoozable(bool snoozable) { objc::send<void, "setIsSnoozable:">(this, snoozable); }
+  void setTinyBanner(bool tiny) { objc::send<void, "setTinyBanner:">(this, tiny); }
+  void setEnableGrabber(bool enable) { objc::send<void, "setEnableGrabber:">(this, enable); }
+  void setMilitaryClock(bool military) { objc::send<void, "setMilitaryClock:">(this, military); }
+  void setStatusbar(bool statusbar) { objc::send<void, "setStatusbar:">(this, statusbar); }
+  void setEnableGlyphs(bool enable) { objc::send<void, "setEnableGlyphs:">(this, enable); }
+  void setUseIconsInsteadOfGlyphs(bool use) { objc::send<void, "setUseIconsInsteadOfGlyphs:">(this, use); }
+  void setBackgroundBlur(bool blur) { objc::send<void, "setBackgroundBlur:">(this, blur); }
+  void setContainerCornerRadius(NSInteger radius) { objc::send<void, "setContainerCornerRadius:">(this, radius); }
+  void setAppCornerRadius(NSInteger radius) { objc::send<void, "setAppCornerRadius:">(this, radius); }
+  void setAppSize(NSInteger size) { objc::send<void, "setAppSize:">(this, size); }
+  void setAppIconTop(NSInteger top) { objc::send<void, "setAppIconTop:">(this, top); }
+  void setHeaderFontSize(NSInteger size) { objc::send<void, "setHeaderFontSize:">(this, size); }
+  void setTextFontSize(NSInteger size) { objc::send<void, "setTextFontSize:">(this, size); }
+  void setStatusbarFontSize(NSInteger size) { objc::send<void, "setStatusbarFontSize:">(this, size); }
+  void setTinyBannerFontSize(NSInteger size) { objc::send<void, "setTinyBannerFontSize:">(this, size); }
+  void setAppDetailImageBundleId(NSString* identifier) {
+    objc::send<void, "setAppDetailImageBundleId:">(this, identifier);
+  }
+
+  NSString* originalHeader() const { return objc::send<NSString*, "originalHeader">(this); }
+  BrimLabel* headerLabel() const { return objc::send<BrimLabel*, "headerLabel">(this); }
+  // nil without a sub-header and in the tiny banner.
+  BrimLabel* subHeaderLabel() const { return objc::send<BrimLabel*, "subHeaderLabel">(this); }
+  BrimLabel* bodyLabel() const { return objc::send<BrimLabel*, "bodyLabel">(this); }
+  BrimTextField* reply() const { return objc::send<BrimTextField*, "reply">(this); }
+  bool showingAllLines() const { return objc::send<bool, "showingAllLines">(this); }
+
+  // The padding below the lowest content, and the distance of the banner's top from its superview's.
+  CGFloat height() const { return objc::send<CGFloat, "height">(this); }
+  CGFloat offset() const { return objc::send<CGFloat, "offset">(this); }
+  CGFloat defaultHeight() const { return objc::send<CGFloat, "defaultHeight">(this); }
+  CGFloat defaultExpandedHeight() const { return objc::send<CGFloat, "defaultExpandedHeight">(this); }
+  CGFloat defaultOffset() const { return objc::send<CGFloat, "defaultOffset">(this); }
+  CGFloat defaultDismiss() const { return objc::send<CGFloat, "defaultDismiss">(this); }
+  bool isFullyExpanded() const { return objc::send<bool, "isFullyExpanded">(this); }
+
+  // The completion runs only after an animation; a direct change never calls it.
+  void updateTop(CGFloat value) { objc::send<void, "updateBrimTopConstraint:">(this, value); }
+  void updateTop(CGFloat value, bool animated, objc::Block<void(bool)>* completion) {
+    objc::send<void, "updateBrimTopConstraint:animated:completion:">(this, value, animated, completion);
+  }
+  void updateTop(CGFloat value, bool animated, double duration, objc::Block<void(bool)>* completion) {
+    objc::send<void, "updateBrimTopConstraint:animated:duration:completion:">(this, value, animated, duration,
+                                                                              completion);
+  }
+  void updateHeight(CGFloat value) { objc::send<void, "updateBrimHeightConstraint:">(this, value); }
+  void updateHeight(CGFloat value, bool animated, objc::Block<void(bool)>* completion) {
+    objc::send<void, "updateBrimHeightConstraint:animated:completion:">(this, value, animated, completion);
+  }
+  // 0 stands for as many lines as the text needs.
+  void setMaxLineCount(NSInteger lines) { objc::send<void, "setMaxLineCount:">(this, lines); }
+
+  void setButtonsAlpha(CGFloat alpha) { objc::send<void, "setButtonsAlpha:">(this, alpha); }
+  void replyButtonPressed(NSObject* sender) { objc::send<void, "replyButtonPressed:">(this, sender); }
+  void setOverlayWithAnimation(CGFloat alpha) { objc::send<void, "setOverlayWithAnimation:">(this, alpha); }
+
+  void updateImage(UIImage* picture) { objc::send<void, "updateImage:">(this, picture); }
+  void updateColors() { objc::send<void, "updateColors">(this); }
+  void updateColorMode(BrimColors* colors) { objc::send<void, "updateColorMode:">(this, colors); }
+  void updateForContinuousNotification(NSString* text) {
+    objc::send<void, "updateBannerForContinuousNotification:">(this, text);
+  }
+  void showContent() { objc::send<void, "showContent">(this); }
+};
+
+// Whom a banner tells what its user did. The banner's owner answers these.
+class BrimNotificationDelegate : public objc::Interface<"NSObject", NSObject> {
+ public:
+  void attemptDelete(BrimContainer* view) { objc::send<void, "attemptDelete:">(this, view); }
+  void forceDismissNotification(BrimContainer* view) {
+    objc::send<void, "forceDismissNotificationForView:">(this, view);
+  }
+  void executeOnAlarm(BrimContainer* view, NSUInteger action) {
+    objc::send<void, "executeOnAlarmForView:action:">(this, view, action);
+  }
+  void sendReply(BrimContainer* view, NSString* text) {
+    objc::send<void, "sendReplyForView:withText:">(this, view, text);
+  }
+};
+
+void registerBrimContainer();

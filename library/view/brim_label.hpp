@@ -1,0 +1,10 @@
+// BrimLabel and BrimTextField: the classes of a banner's texts and of its reply field.
+#pragma once
+
+#include "platform/ui_label.hpp"
+#include "platform/ui_text_field.hpp"
+
+class BrimLabel : public objc::Interface<"BrimLabel", UILabel> {};
+class BrimTextField : public objc::Interface<"BrimTextField", UITextField> {};
+
+void registerTextClasses();

@@ -1,0 +1,71 @@
+// Accessors of properties that a class keeps in its own state.
+#pragma once
+
+#include <span>
+
+#include "objc/class_definition.hpp"
+#include "objc/ownership.hpp"
+
+namespace objc {
+
+// A getter and, unless the property is read-only, a setter.
+struct PropertyEntry {
+  MethodEntry getter;
+  MethodEntry setter;
+};
+
+namespace detail {
+
+// How a member is handed out and taken in: values as they are, references as borrowed pointers that are retained.
+template <class Member>
+struct Stored {
+  using Value = Member;
+};
+template <class Object>
+struct Stored<Ref<Object>> {
+  using Value = Object*;
+};
+
+template <class Member>
+struct MemberType;
+template <class Struct, class Type>
+struct MemberType<Type Struct::*> {
+  using Value = Type;
+};
+
+template <class Type, auto member>
+struct Accessors {
+  using Member = typename MemberType<decltype(member)>::Value;
+  using Value = typename Stored<Member>::Value;
+
+  static Value get(Type* self) { return state(self).*member; }
+  static void set(Type* self, Value value) {
+    if constexpr (std::is_same_v<Member, Value>) {
+      state(self).*member = value;
+    } else {
+      state(self).*member = retain(value);
+    }
+  }
+};
+
+}  // namespace detail
+
+template <FixedString name, class Type, auto member>
+constexpr PropertyEntry readOnly() {
+  return {method<name, &detail::Accessors<Type, member>::get>(), {}};
+}
+
+template <FixedString name, class Type, auto member>
+constexpr PropertyEntry stored() {
+  using Accessors = detail::Accessors<Type, member>;
+  return {method<name, &Accessors::get>(), method<setterName<name>(), &Accessors::set>()};
+}
+
+inline void addProperties(Class target, std::span<const PropertyEntry> properties) {
+  for (const PropertyEntry& property : properties) {
+    addCategory(target, {&property.getter, 1});
+    if (property.setter.selector != nullptr) addCategory(target, {&property.setter, 1});
+  }
+}
+
+}  // namespace objc

@@ -1,0 +1,37 @@
+// The bulletin server: what publishes notifications to the home screen.
+#pragma once
+
+#include "objc/block.hpp"
+#include "platform/ns_date.hpp"
+
+class BBAction : public objc::Interface<"BBAction", NSObject> {
+ public:
+  // The block may be null.
+  static BBAction* launching(NSString* bundleIdentifier, objc::Block<void()>* block) {
+    return objc::send<BBAction*, "actionWithLaunchBundleID:callblock:">(classObject(), bundleIdentifier, block);
+  }
+};
+
+class BBBulletin : public objc::Interface<"BBBulletin", NSObject> {
+ public:
+  void setTitle(NSString* title) { objc::send<void, "setTitle:">(this, title); }
+  void setMessage(NSString* message) { objc::send<void, "setMessage:">(this, message); }
+  void setSectionID(NSString* section) { objc::send<void, "setSectionID:">(this, section); }
+  void setBulletinID(NSString* identifier) { objc::send<void, "setBulletinID:">(this, identifier); }
+  void setRecordID(NSString* identifier) { objc::send<void, "setRecordID:">(this, identifier); }
+  void setPublisherBulletinID(NSString* identifier) { objc::send<void, "setPublisherBulletinID:">(this, identifier); }
+  void setDate(NSDate* date) { objc::send<void, "setDate:">(this, date); }
+  void setDefaultAction(BBAction* action) { objc::send<void, "setDefaultAction:">(this, action); }
+  void setClearable(bool clearable) { objc::send<void, "setClearable:">(this, clearable); }
+  void setShowsMessagePreview(bool shows) { objc::send<void, "setShowsMessagePreview:">(this, shows); }
+  void setPublicationDate(NSDate* date) { objc::send<void, "setPublicationDate:">(this, date); }
+  void setLastInterruptDate(NSDate* date) { objc::send<void, "setLastInterruptDate:">(this, date); }
+};
+
+class BBServer : public objc::Interface<"BBServer", NSObject> {
+ public:
+  // On the server's own queue.
+  void publish(BBBulletin* bulletin, NSUInteger destinations) {
+    objc::send<void, "publishBulletin:destinations:">(this, bulletin, destinations);
+  }
+};

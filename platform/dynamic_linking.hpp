@@ -1,0 +1,4 @@
+// Symbols of the running program.
+#pragma once
+
+#include <dlfcn.h>

@@ -1,0 +1,43 @@
+// The Messages app's conversations and the chats behind them.
+#pragma once
+
+#include "platform/ns_array.hpp"
+#include "platform/ns_attributed_string.hpp"
+#include "platform/ui_view_controller.hpp"
+
+class IMChat : public objc::Interface<"IMChat", NSObject> {
+ public:
+  NSString* guid() const { return objc::send<NSString*, "guid">(this); }
+};
+
+class CKConversation : public objc::Interface<"CKConversation", NSObject> {
+ public:
+  IMChat* chat() const { return objc::send<IMChat*, "chat">(this); }
+};
+
+class CKConversationList : public objc::Interface<"CKConversationList", NSObject> {
+ public:
+  static CKConversationList* sharedConversationList() {
+    return objc::send<CKConversationList*, "sharedConversationList">(classObject());
+  }
+  // Of CKConversation, in the order of the list.
+  NSArray* conversations() const { return objc::send<NSArray*, "conversations">(this); }
+};
+
+class IMMessage : public objc::Interface<"IMMessage", NSObject> {
+ public:
+  static IMMessage* instantMessage(NSAttributedString* text, NSUInteger flags) {
+    return objc::send<IMMessage*, "instantMessageWithText:flags:">(classObject(), text, flags);
+  }
+};
+
+class IMChatRegistry : public objc::Interface<"IMChatRegistry", NSObject> {
+ public:
+  static IMChatRegistry* sharedInstance() { return objc::send<IMChatRegistry*, "sharedInstance">(classObject()); }
+  void send(IMChat* chat, IMMessage* message) { objc::send<void, "_chat:sendMessage:">(this, chat, message); }
+  void sendReadReceiptForAllMessages(IMChat* chat) {
+    objc::send<void, "_chat_sendReadReceiptForAllMessages:">(this, chat);
+  }
+};
+
+class CKConversationListController : public objc::Interface<"CKConversationListController", UIViewController> {};

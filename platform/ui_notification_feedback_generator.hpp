@@ -1,0 +1,12 @@
+// UINotificationFeedbackGenerator: the haptic that tells how something ended.
+#pragma once
+
+#include "platform/ns_object.hpp"
+
+enum class UINotificationFeedbackType : NSInteger { Success = 0 };
+
+class UINotificationFeedbackGenerator : public objc::Interface<"UINotificationFeedbackGenerator", NSObject> {
+ public:
+  void prepare() { objc::send<void, "prepare">(this); }
+  void notificationOccurred(UINotificationFeedbackType type) { objc::send<void, "notificationOccurred:">(this, type); }
+};
