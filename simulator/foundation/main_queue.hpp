@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <functional>
 
+#include "simulator/foundation/nanoseconds.hpp"
+
 namespace foundation {
 
 enum class ClockMode { Real, Stepped };
@@ -20,6 +22,8 @@ double unixTimeNow();
 void onMainThread(std::function<void()> work);
 // Work for the main thread when `seconds` have passed. Equal times run in order of arrival. Any thread.
 void onMainThreadAfter(double seconds, std::function<void()> work);
+// The same, when the clock shows `when`.
+void onMainThreadAt(Nanoseconds when, std::function<void()> work);
 
 // Called on the main thread 60 times a second while it answers FrameDemand::More; a new observer is asked at the next
 // frame. Idle processes have none, and wake up for nothing.
@@ -28,9 +32,11 @@ void addFrameObserver(std::function<FrameDemand(double now)> observer);
 
 // Runs all work that is due, without moving a stepped clock. Main thread.
 void drainMainQueue();
-// Moves the stepped clock by `seconds`, running timers and frames at their exact times, in order. Main thread.
+// Moves the stepped clock by `seconds`, running timers and frames at their exact times, in order; timers come before a
+// frame of the same time. A real clock runs for as long. Negative, infinite or not a number: as drainMainQueue. Main
+// thread.
 void stepClock(double seconds);
-// Whether work is due or scheduled, or frames are demanded.
+// Whether no work is due or scheduled and no frames are demanded.
 bool mainQueueIsIdle();
 // A real clock: runs until `stop` answers true, sleeping between events. Woken by onMainThread from other threads.
 void runMainQueueUntil(const std::function<bool()>& stop);
