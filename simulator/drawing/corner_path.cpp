@@ -12,45 +12,56 @@ namespace {
 // at one radius, and the eye sees where its curvature starts.
 constexpr double continuousReach = 1.528665;
 
-// One half of a corner of radius 1, from the straight edge to the arc. It lies with the rectangle's corner at the
-// origin, its edge along the x axis and the arc's centre at (1, 1).
-//
-// The arc covers the middle of the corner's quarter turn. Between edge and arc runs one cubic Bezier curve whose ends
-// have the curvature of what they meet: none at the edge, because three of its control points lie on it, and the arc's
-// own at the other end. With the turn b still to be made there, the tangent from the arc's end meets the edge after t =
-// tan(b / 2), and the curvature (2/3) d sin(b) / t^2 is 1 when the next control point is d = (3/2) t^2 / sin(b) further
-// on.
-struct Transition {
-  double turn;
-  double edge;         // where it leaves the edge
-  double edgeControl;  // two control points on the edge
-  double tangentControl;
-  Point arcEnd;
+// The curvature in the middle of a continuous corner of radius 1. With this much it rises steadily from the edge on;
+// with less it would rise too far and fall again.
+constexpr double middleCurvature = 1.3;
+
+// One half of a corner of radius 1 as a Bezier curve from the edge to the corner's middle. The rectangle's corner is
+// the origin, the edge the x axis. Both kinds of corner go through the same middle at 45 degrees; so the third control
+// point lies as far from the middle to the right as upwards, and its x tells its y.
+struct HalfCorner {
+  double edge;  // where it leaves the edge
+  double edgeControl;
+  double middleControl;
 };
 
-// Reach: how far from the corner the curve may begin, at least 1.
-Transition transition(double reach) {
-  const double smoothing = std::clamp(reach, 1.0, continuousReach) - 1;
-  const double turn = smoothing * std::numbers::pi / 4;
-  const Point arcEnd{1 - std::sin(turn), 1 - std::cos(turn)};
-  if (turn < 1e-6) return {0, 1, 1, 1, {1, 0}};
-  const double tangent = std::tan(turn / 2);
-  const double tangentControl = arcEnd.x + tangent * std::cos(turn);
-  return {turn, 1 + smoothing, tangentControl + 1.5 * tangent * tangent / std::sin(turn), tangentControl, arcEnd};
+// The middle's x and y.
+constexpr double middle = 1 - std::numbers::sqrt2 / 2;
+
+// The usual approximation of an eighth of a circle.
+HalfCorner circularHalf() {
+  const double handle = 4.0 / 3.0 * std::tan(std::numbers::pi / 16);
+  return {1, 1 - handle, middle + handle * std::numbers::sqrt2 / 2};
+}
+
+// Three control points lie on the edge, so that there is no curvature where the curve leaves it. The middle's tangent
+// meets the edge after t = middle * sqrt(2); there the curvature is (2/3) d sin(45 degrees) / t^2 when the next control
+// point follows d further on.
+HalfCorner continuousHalf() {
+  const double tangent = middle * std::numbers::sqrt2;
+  const double distance = 1.5 * middleCurvature * tangent * tangent * std::numbers::sqrt2;
+  return {continuousReach, 2 * middle + distance, 2 * middle};
+}
+
+// Reach: how many radii from the corner the curve may begin. Where the rectangle is too small for continuous corners,
+// they come closer to circular ones; the ends of a pill are half circles.
+HalfCorner halfCorner(CornerCurve curve, double reach) {
+  const HalfCorner circular = circularHalf();
+  if (curve == CornerCurve::Circular) return circular;
+  const HalfCorner continuous = continuousHalf();
+  const double share = (std::clamp(reach, 1.0, continuousReach) - 1) / (continuousReach - 1);
+  return {std::lerp(circular.edge, continuous.edge, share),
+          std::lerp(circular.edgeControl, continuous.edgeControl, share),
+          std::lerp(circular.middleControl, continuous.middleControl, share)};
 }
 
 // Draws in a frame whose x axis runs back along the edge just walked and whose y axis along the next one.
-void addCorner(cairo_t* context, double radius, const Transition& before, const Transition& after) {
-  const auto curveIn = [&](const Transition& part) {
-    cairo_curve_to(context, part.edgeControl * radius, 0, part.tangentControl * radius, 0, part.arcEnd.x * radius,
-                   part.arcEnd.y * radius);
-  };
-  cairo_line_to(context, before.edge * radius, 0);
-  if (before.turn > 0) curveIn(before);
-  const double quarter = std::numbers::pi / 2;
-  cairo_arc_negative(context, radius, radius, radius, -quarter - before.turn, -2 * quarter + after.turn);
-  if (after.turn == 0) return;
-  cairo_curve_to(context, 0, after.tangentControl * radius, 0, after.edgeControl * radius, 0, after.edge * radius);
+void addCorner(cairo_t* context, double radius, const HalfCorner& half) {
+  const double edge = half.edge * radius, edgeControl = half.edgeControl * radius, center = middle * radius;
+  const double far = half.middleControl * radius, near = 2 * center - far;
+  cairo_line_to(context, edge, 0);
+  cairo_curve_to(context, edgeControl, 0, far, near, center, center);
+  cairo_curve_to(context, near, far, 0, edgeControl, 0, edge);
 }
 
 }  // namespace
@@ -63,30 +74,20 @@ void addRoundedRectangle(cairo_t* context, const Rectangle& rectangle, const Cor
     cairo_rectangle(context, rectangle.x, rectangle.y, rectangle.width, rectangle.height);
     return;
   }
-  const bool smooth = corners.curve == CornerCurve::Continuous;
-  // Where an edge is too short for both its corners' curves, as the ends of a pill are, they share it.
-  const Transition horizontal = transition(smooth ? rectangle.width / 2 / radius : 1);
-  const Transition vertical = transition(smooth ? rectangle.height / 2 / radius : 1);
+  const HalfCorner shape = halfCorner(corners.curve, half / radius);
 
-  // Counter-clockwise from the top edge. Each corner's frame: its origin, the direction back along the edge just walked
-  // and that of the next edge.
+  // Counter-clockwise from the top edge. Each corner's frame has the directions back along the edge just walked and
+  // along the next one, and its origin in the corner.
   const double left = rectangle.x, right = left + rectangle.width;
   const double top = rectangle.y, bottom = top + rectangle.height;
-  struct Frame {
-    cairo_matrix_t matrix;
-    const Transition& before;
-    const Transition& after;
-  };
-  const std::array<Frame, 4> frames{{{{1, 0, 0, 1, left, top}, horizontal, vertical},
-                                     {{0, -1, 1, 0, left, bottom}, vertical, horizontal},
-                                     {{-1, 0, 0, -1, right, bottom}, horizontal, vertical},
-                                     {{0, 1, -1, 0, right, top}, vertical, horizontal}}};
+  const std::array<cairo_matrix_t, 4> frames{
+      {{1, 0, 0, 1, left, top}, {0, -1, 1, 0, left, bottom}, {-1, 0, 0, -1, right, bottom}, {0, 1, -1, 0, right, top}}};
   cairo_new_sub_path(context);
-  for (const Frame& frame : frames) {
+  for (const cairo_matrix_t& frame : frames) {
     cairo_matrix_t outer;
     cairo_get_matrix(context, &outer);
-    cairo_transform(context, &frame.matrix);
-    addCorner(context, radius, frame.before, frame.after);
+    cairo_transform(context, &frame);
+    addCorner(context, radius, shape);
     cairo_set_matrix(context, &outer);
   }
   cairo_close_path(context);

@@ -23,23 +23,21 @@ constexpr const char* configuration = R"(<?xml version="1.0"?>
   <include ignore_missing="yes">/usr/share/fontconfig/conf.avail/10-scale-bitmap-fonts.conf</include>
   <selectfont>
     <acceptfont>
-      <pattern><patelt name="family"><string>Inter</string></patelt></pattern>
-      <pattern><patelt name="family"><string>Noto Color Emoji</string></patelt></pattern>
+      <glob>*/Inter*</glob>
+      <glob>*/NotoColorEmoji*</glob>
       <glob>*/NotoSans*</glob>
     </acceptfont>
-    <rejectfont><glob>*</glob></rejectfont>
+    <rejectfont><glob>*.*</glob></rejectfont>
   </selectfont>
   <alias binding="same">
     <family>emoji</family>
     <prefer><family>Noto Color Emoji</family></prefer>
   </alias>
   <match target="font">
-    <edit name="antialias" mode="assign"><bool>true</bool></edit>
     <edit name="hinting" mode="assign"><bool>false</bool></edit>
     <edit name="autohint" mode="assign"><bool>false</bool></edit>
     <edit name="hintstyle" mode="assign"><const>hintnone</const></edit>
     <edit name="rgba" mode="assign"><const>none</const></edit>
-    <edit name="lcdfilter" mode="assign"><const>lcdnone</const></edit>
   </match>
 </fontconfig>
 )";
@@ -52,6 +50,8 @@ PangoFontMap* makeFontMap() {
   FcConfig* fonts = FcConfigCreate();
   FcConfigParseAndLoadFromMemory(fonts, reinterpret_cast<const FcChar8*>(configuration), FcTrue);
   FcConfigBuildFonts(fonts);
+  // Otherwise pango reads the user's settings too, only to have them at hand.
+  FcConfigSetCurrent(fonts);
   PangoFontMap* map = pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT);
   pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map), fonts);
   FcConfigDestroy(fonts);

@@ -46,9 +46,11 @@ AttributesHandle attributesOf(const PlainText& text, const Paragraph& paragraph)
     add(attributes.get(), pango_attr_font_desc_new(font.get()), span);
     if (run.color) addColor(attributes.get(), *run.color, span);
   }
+  const Span all{0, text.text.size(), 0};
+  add(attributes.get(), pango_attr_insert_hyphens_new(FALSE), all);
   // The system font would turn "->" into an arrow and the x of "2x3" into a cross, which nobody wrote.
   if (!hasShapedScript(text.text)) {
-    add(attributes.get(), pango_attr_font_features_new("calt=0"), {0, text.text.size(), 0});
+    add(attributes.get(), pango_attr_font_features_new("calt=0"), all);
   }
   return attributes;
 }
