@@ -1,0 +1,125 @@
+#include "simulator/foundation/defaults_isolation.hpp"
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include "objc/autorelease_pool.hpp"
+#include "platform/ns_string.hpp"
+
+extern "C" {
+NSString* GSDefaultsRootForUser(NSString* user);
+NSString* NSUserName();
+}
+
+namespace foundation {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* systemConfiguration = "/etc/GNUstep/GNUstep.conf";
+constexpr const char* folderInRoot = "var/mobile/Library/GNUstep";
+constexpr std::string_view replacedSettings[] = {
+    "GNUSTEP_USER_DIR=", "GNUSTEP_USER_DEFAULTS_DIR=", "GNUSTEP_USER_CONFIG_FILE="};
+
+// The same in every process of the root, whichever compiler built it.
+std::uint64_t hashOf(const std::string& text) {
+  std::uint64_t hash = 0xcbf29ce484222325;
+  for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
+  return hash;
+}
+
+// Sockets' names hold about a hundred characters, so a deep root's daemon works elsewhere.
+fs::path daemonFolder(const fs::path& root) {
+  constexpr std::size_t longest = 50;
+  fs::path inside = root / "tmp";
+  if (inside.native().size() <= longest) return inside;
+  return "/tmp/brim-" + std::to_string(getuid()) + "-" + std::to_string(hashOf(root.native()));
+}
+
+bool isReplaced(const std::string& line) {
+  for (const std::string_view setting : replacedSettings)
+    if (line.starts_with(setting)) return true;
+  return false;
+}
+
+// The system's configuration with the user's folders inside the root, and without the user's own file, which could
+// name others.
+std::string configurationText(const fs::path& folder) {
+  std::string text;
+  std::ifstream system(systemConfiguration);
+  for (std::string line; std::getline(system, line);)
+    if (!isReplaced(line)) text += line + "\n";
+  const std::string& path = folder.native();
+  return text + "GNUSTEP_USER_DIR=" + path + "\nGNUSTEP_USER_DEFAULTS_DIR=" + path +
+         "/Defaults\nGNUSTEP_USER_CONFIG_FILE=" + path + "/GNUstep-user.conf\n";
+}
+
+std::string contentsOf(const fs::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// Whole or not at all: another process of the same root may be starting.
+void writeFile(const fs::path& path, const std::string& text) {
+  if (contentsOf(path) == text) return;
+  const fs::path unfinished = path.native() + "." + std::to_string(getpid());
+  std::ofstream file(unfinished);
+  file << text;
+  file.close();
+  if (!file) throw fs::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
+  // Foundation does not believe a configuration that others may write.
+  fs::permissions(unfinished, fs::perms::owner_read | fs::perms::owner_write);
+  fs::rename(unfinished, path);
+}
+
+void makePrivateFolder(const fs::path& folder) {
+  fs::create_directories(folder);
+  fs::permissions(folder, fs::perms::owner_all);
+}
+
+// Foundation keeps the environment that the process began with; this makes it look again.
+void renewFoundationEnvironment() {
+  std::ifstream commandLine("/proc/self/cmdline");
+  std::vector<std::string> words;
+  for (std::string word; std::getline(commandLine, word, '\0');) words.push_back(word);
+  std::vector<const char*> arguments;
+  for (const std::string& word : words) arguments.push_back(word.c_str());
+  const objc::AutoreleasePool pool;
+  objc::send<void, "initializeWithArguments:count:environment:">(objc::lookUpClass<"NSProcessInfo">(), arguments.data(),
+                                                                 static_cast<int>(arguments.size()), environ);
+}
+
+std::optional<std::string> checkDatabase(const fs::path& folder) {
+  const objc::AutoreleasePool pool;
+  const fs::path used = GSDefaultsRootForUser(NSUserName())->UTF8String();
+  if (used == folder / "Defaults") return std::nullopt;
+  return "Foundation was in use before its root was chosen: its database is at " + used.string();
+}
+
+}  // namespace
+
+std::optional<std::string> isolateDefaults(const fs::path& root) {
+  const fs::path folder = root / folderInRoot;
+  const fs::path configuration = folder / "GNUstep.conf";
+  const fs::path daemon = daemonFolder(root);
+  try {
+    makePrivateFolder(folder / "Defaults");
+    makePrivateFolder(daemon);
+    writeFile(configuration, configurationText(folder));
+  } catch (const fs::filesystem_error& error) {
+    return error.path1().string() + ": " + error.code().message();
+  }
+  setenv("GNUSTEP_CONFIG_FILE", configuration.c_str(), 1);
+  setenv("TEMP", daemon.c_str(), 1);
+  setenv("TMP", daemon.c_str(), 1);
+  renewFoundationEnvironment();
+  return checkDatabase(folder);
+}
+
+}  // namespace foundation

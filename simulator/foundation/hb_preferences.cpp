@@ -1,0 +1,63 @@
+#include <functional>
+#include <vector>
+
+#include "objc/class_definition.hpp"
+#include "simulator/foundation/preference_domain.hpp"
+#include "simulator/foundation/preference_value.hpp"
+#include "simulator/foundation/preferences.hpp"
+
+namespace {
+
+struct HBPreferencesState {
+  foundation::PreferenceDomain* domain = nullptr;
+  std::vector<std::function<void()>> updates;
+
+  HBPreferencesState() = default;
+  HBPreferencesState(const HBPreferencesState&) = delete;
+  HBPreferencesState& operator=(const HBPreferencesState&) = delete;
+  ~HBPreferencesState() {
+    if (domain != nullptr) domain->forget(this);
+  }
+};
+
+}  // namespace
+
+template <>
+struct objc::StateOf<HBPreferences> {
+  using Type = HBPreferencesState;
+};
+
+namespace foundation {
+
+namespace {
+
+HBPreferences* initWithIdentifier(HBPreferences* self, NSString* identifier) {
+  auto* const initialised = objc::sendSuper<"HBPreferences", HBPreferences*, "init">(self);
+  HBPreferencesState& state = objc::state(initialised);
+  state.domain = &PreferenceDomain::named(identifier == nullptr ? "" : identifier->UTF8String());
+  state.domain->observe(&state, [&state] {
+    for (const std::function<void()>& update : state.updates) update();
+  });
+  return initialised;
+}
+
+template <class Value, std::optional<Value> (*meaning)(const NSObject*)>
+void bind(HBPreferences* self, Value* variable, Value standard, NSString* key) {
+  HBPreferencesState& state = objc::state(self);
+  state.updates.push_back([domain = state.domain, variable, standard, kept = objc::retain(key)] {
+    *variable = meaning(domain->value(kept)).value_or(standard);
+  });
+  state.updates.back()();
+}
+
+constexpr objc::MethodEntry methods[] = {
+    objc::method<"initWithIdentifier:", &initWithIdentifier>(),
+    objc::method<"registerBool:default:forKey:", &bind<bool, &booleanPreference>>(),
+    objc::method<"registerInteger:default:forKey:", &bind<NSInteger, &integerPreference>>(),
+};
+
+}  // namespace
+
+void defineHBPreferences() { objc::defineClassWithState<HBPreferences>(methods); }
+
+}  // namespace foundation

@@ -1,0 +1,71 @@
+#include "simulator/foundation/preference_domain.hpp"
+
+#include <map>
+#include <memory>
+#include <utility>
+
+#include "objc/autorelease_pool.hpp"
+#include "platform/ns_string.hpp"
+#include "simulator/foundation/folder_watch.hpp"
+#include "simulator/foundation/property_list.hpp"
+
+extern "C" {
+NSString* GSDefaultsRootForUser(NSString* user);
+NSString* NSUserName();
+}
+
+namespace foundation {
+
+namespace {
+
+std::filesystem::path defaultsFolder() {
+  const objc::AutoreleasePool pool;
+  return GSDefaultsRootForUser(NSUserName())->UTF8String();
+}
+
+std::map<std::string, std::unique_ptr<PreferenceDomain>>& domains() {
+  static auto& known = *new std::map<std::string, std::unique_ptr<PreferenceDomain>>;
+  return known;
+}
+
+void reloadChanged(const std::string& fileName) {
+  for (const auto& [name, domain] : domains())
+    if (fileName.empty() || domain->file().filename() == fileName) domain->reload();
+}
+
+void watchDefaultsFolder() {
+  static const FolderWatch& watch = *new FolderWatch(defaultsFolder(), &reloadChanged);
+  static_cast<void>(watch);
+}
+
+}  // namespace
+
+PreferenceDomain& PreferenceDomain::named(const std::string& name) {
+  std::unique_ptr<PreferenceDomain>& domain = domains()[name];
+  if (domain == nullptr) domain.reset(new PreferenceDomain(name));
+  return *domain;
+}
+
+PreferenceDomain::PreferenceDomain(const std::string& name) {
+  if (name.empty() || name.find('/') != std::string::npos) return;
+  watchDefaultsFolder();
+  path = defaultsFolder() / (name + ".plist");
+  reload();
+}
+
+NSObject* PreferenceDomain::value(NSString* key) const { return key == nullptr ? nullptr : values->objectForKey(key); }
+
+void PreferenceDomain::reload() {
+  values = path.empty() ? nullptr : readPropertyList(path);
+  for (const Observer& observer : observers) observer.changed();
+}
+
+void PreferenceDomain::observe(const void* owner, std::function<void()> changed) {
+  observers.push_back({owner, std::move(changed)});
+}
+
+void PreferenceDomain::forget(const void* owner) {
+  std::erase_if(observers, [owner](const Observer& observer) { return observer.owner == owner; });
+}
+
+}  // namespace foundation

@@ -1,0 +1,72 @@
+#include "simulator/foundation/property_list.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <string>
+
+#include "objc/autorelease_pool.hpp"
+#include "platform/ns_data.hpp"
+
+namespace foundation {
+
+namespace {
+
+constexpr off_t largestFile = 1 << 20;
+constexpr std::ptrdiff_t mostCollections = 1000;
+
+std::string readAll(int descriptor, std::size_t size) {
+  std::string text(size, '\0');
+  std::size_t filled = 0;
+  while (filled < size) {
+    const ssize_t count = read(descriptor, text.data() + filled, size - filled);
+    if (count <= 0) break;
+    filled += static_cast<std::size_t>(count);
+  }
+  text.resize(filled);
+  return text;
+}
+
+// Empty for what is not a file of sensible size. Does not wait where a pipe lies in the file's place.
+std::string contentsOf(const std::filesystem::path& file) {
+  const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (descriptor < 0) return {};
+  struct stat status = {};
+  std::string text;
+  if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size <= largestFile)
+    text = readAll(descriptor, static_cast<std::size_t>(status.st_size));
+  close(descriptor);
+  return text;
+}
+
+// Foundation reads nested collections recursively and without a limit.
+bool nestsSensibly(const std::string& text) {
+  if (text.starts_with("bplist")) return true;
+  return std::count_if(text.begin(), text.end(), [](char letter) { return letter == '(' || letter == '{'; }) <=
+         mostCollections;
+}
+
+NSDictionary* parse(const std::string& text) {
+  NSData* data = NSData::dataWithBytes(text.data(), text.size());
+  void* const unwanted = nullptr;
+  // What is malformed raises an exception or answers nil, by its format.
+  try {
+    return objc::as<NSDictionary>(objc::send<NSObject*, "propertyListWithData:options:format:error:">(
+        objc::lookUpClass<"NSPropertyListSerialization">(), data, NSUInteger{0}, unwanted, unwanted));
+  } catch (...) {
+    return nullptr;
+  }
+}
+
+}  // namespace
+
+objc::Ref<NSDictionary> readPropertyList(const std::filesystem::path& file) {
+  const std::string text = contentsOf(file);
+  if (text.empty() || !nestsSensibly(text)) return nullptr;
+  const objc::AutoreleasePool pool;
+  return objc::retain(parse(text));
+}
+
+}  // namespace foundation

@@ -1,0 +1,72 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "objc/autorelease_pool.hpp"
+#include "platform/ns_data.hpp"
+#include "platform/ns_dictionary.hpp"
+#include "simulator/foundation/preference_domain.hpp"
+#include "simulator/foundation/preferences.hpp"
+#include "simulator/foundation/property_list.hpp"
+
+namespace foundation {
+
+namespace {
+
+enum class PropertyListFormat : NSUInteger { Xml = 100 };
+
+NSMutableDictionary* storedValues(const std::filesystem::path& file) {
+  NSMutableDictionary* values = NSMutableDictionary::dictionaryWithCapacity(0);
+  if (const objc::Ref<NSDictionary> stored = readPropertyList(file))
+    objc::send<void, "addEntriesFromDictionary:">(values, stored.get());
+  return values;
+}
+
+// nil for what is no value of a property list.
+NSData* serialized(NSDictionary* values) {
+  void* const unwanted = nullptr;
+  return objc::send<NSData*, "dataFromPropertyList:format:errorDescription:">(
+      objc::lookUpClass<"NSPropertyListSerialization">(), values, PropertyListFormat::Xml, unwanted);
+}
+
+bool writeBytes(const std::string& file, const NSData* data) {
+  const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (descriptor < 0) return false;
+  const ssize_t written = write(descriptor, data->bytes(), data->length());
+  return close(descriptor) == 0 && written == static_cast<ssize_t>(data->length());
+}
+
+// Whole or not at all: other processes read at any moment.
+bool replaceFile(const std::string& file, const NSData* data) {
+  const std::string unfinished = file + "." + std::to_string(getpid());
+  if (writeBytes(unfinished, data) && rename(unfinished.c_str(), file.c_str()) == 0) return true;
+  const int reason = errno;
+  unlink(unfinished.c_str());
+  errno = reason;
+  return false;
+}
+
+}  // namespace
+
+std::optional<std::string> writePreference(const std::string& domain, const std::string& key, const NSObject* value) {
+  const objc::AutoreleasePool pool;
+  PreferenceDomain& target = PreferenceDomain::named(domain);
+  if (target.file().empty()) return "no preferences domain has the name \"" + domain + "\"";
+  NSMutableDictionary* values = storedValues(target.file());
+  NSString* const name = NSString::stringWithUTF8String(key.c_str());
+  if (name == nullptr) return "the key is not UTF-8";
+  if (value == nullptr) {
+    objc::send<void, "removeObjectForKey:">(values, name);
+  } else {
+    values->setObject(value, name);
+  }
+  const NSData* const data = serialized(values);
+  if (data == nullptr) return "the value of \"" + key + "\" cannot be stored";
+  if (!replaceFile(target.file(), data)) return target.file().string() + ": " + std::strerror(errno);
+  target.reload();
+  return std::nullopt;
+}
+
+}  // namespace foundation
