@@ -1,0 +1,356 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "tests/library/phone.hpp"
+
+namespace {
+
+using test::Json;
+using test::Phone;
+
+// 21:41 in a zone without an offset.
+constexpr double evening = 1767303660;
+
+Phone phoneWith(std::map<std::string, Json> settings, const std::function<void(host::Options&)>& choose = nullptr) {
+  test::Setup setup;
+  setup.options.time = evening;
+  setup.settings = std::move(settings);
+  if (choose) choose(setup.options);
+  return Phone(setup);
+}
+
+Json message() { return {{"title", "Anna Weber"}, {"message", "Are we still on for lunch?"}}; }
+
+double left(const Json& view) { return view.at("frame").at(0); }
+double top(const Json& view) { return view.at("frame").at(1); }
+double width(const Json& view) { return view.at("frame").at(2); }
+double height(const Json& view) { return view.at("frame").at(3); }
+double right(const Json& view) { return left(view) + width(view); }
+double bottom(const Json& view) { return top(view) + height(view); }
+
+// What stands in a label's runs, bold text between asterisks.
+std::string marked(const Json& label) {
+  std::string text;
+  for (const Json& run : label.at("runs")) {
+    const std::string piece = run.at("text");
+    text += run.at("weight") == "bold" ? "*" + piece + "*" : piece;
+  }
+  return text;
+}
+
+TEST(Layout, BannerRestsAboveItsPlaceAndSpansTheNotificationView) {
+  Phone phone = phoneWith({});
+  const int controller = phone.present(message());
+  phone.wait(1);
+  const Json banner = phone.banner(controller);
+  EXPECT_DOUBLE_EQ(top(banner), 44 - 70);
+  EXPECT_DOUBLE_EQ(left(banner), 8);
+  EXPECT_DOUBLE_EQ(width(banner), 375 - 16);
+  EXPECT_DOUBLE_EQ(banner.at("cornerRadius"), 30);
+  EXPECT_TRUE(banner.at("continuousCorners"));
+}
+
+TEST(Layout, IconHangsBelowTheClock) {
+  Phone phone = phoneWith({});
+  const int controller = phone.present(message());
+  phone.wait(1);
+  const Json banner = phone.banner(controller);
+  const Json clock = phone.view(controller, "_clockLabel");
+  const Json icon = phone.view(controller, "_appIV");
+  EXPECT_DOUBLE_EQ(top(clock), top(banner) + 44);
+  EXPECT_DOUBLE_EQ(left(clock), left(banner) + 25);
+  EXPECT_DOUBLE_EQ(top(icon), top(clock) + 15 + 15);
+  EXPECT_DOUBLE_EQ(left(icon), left(banner) + 15);
+  EXPECT_DOUBLE_EQ(width(icon), 40);
+  EXPECT_DOUBLE_EQ(height(icon), 40);
+}
+
+TEST(Layout, TextsStandBesideTheIconOneBelowTheOther) {
+  Phone phone = phoneWith({});
+  const int controller = phone.present({{"title", "Mail"}, {"subtitle", "Subject"}, {"message", "Text"}});
+  phone.wait(1);
+  const Json icon = phone.view(controller, "_appIV");
+  const Json header = phone.view(controller, "headerLabel");
+  const Json subHeader = phone.view(controller, "subHeaderLabel");
+  const Json body = phone.view(controller, "bodyLabel");
+  for (const Json& label : {header, subHeader, body}) {
+    EXPECT_DOUBLE_EQ(left(label), right(icon) + 16);
+    EXPECT_DOUBLE_EQ(right(label), 375 - 8 - 16);
+  }
+  EXPECT_DOUBLE_EQ(top(header), top(icon));
+  EXPECT_DOUBLE_EQ(top(subHeader), bottom(header));
+  EXPECT_DOUBLE_EQ(top(body), bottom(subHeader) + 4);
+  EXPECT_EQ(header.at("text"), "Mail");
+  EXPECT_EQ(subHeader.at("text"), "Subject");
+  EXPECT_EQ(body.at("text"), "Text");
+  EXPECT_EQ(header.at("font").at("weight"), "bold");
+  EXPECT_EQ(subHeader.at("font").at("weight"), "bold");
+  EXPECT_EQ(body.at("font").at("weight"), "regular");
+}
+
+TEST(Layout, BannerEndsAPaddingBelowItsLowestContent) {
+  Phone phone = phoneWith({{"appSize", 40}});
+  const int shortText = phone.present({{"title", "A"}, {"message", "B"}});
+  phone.wait(1);
+  EXPECT_DOUBLE_EQ(bottom(phone.banner(shortText)), bottom(phone.view(shortText, "_appIV")) + 22);
+}
+
+TEST(Layout, LongBodyPushesTheBottomDownToItsLastAllowedLine) {
+  Phone phone = phoneWith({{"maxLineCount", 4}});
+  std::string text;
+  for (int word = 0; word < 200; ++word) text += "lorem ";
+  const int controller = phone.present({{"title", "A"}, {"message", text}});
+  phone.wait(1);
+  const Json body = phone.view(controller, "bodyLabel");
+  EXPECT_EQ(body.at("measuredLines"), 4);
+  EXPECT_DOUBLE_EQ(bottom(phone.banner(controller)), bottom(body) + 22);
+}
+
+TEST(Layout, WithoutGrabberThePaddingIsSmaller) {
+  Phone phone = phoneWith({{"enableGrabber", false}});
+  const int controller = phone.present(message());
+  phone.wait(1);
+  EXPECT_TRUE(phone.view(controller, "_grabberView").is_null());
+  EXPECT_DOUBLE_EQ(bottom(phone.banner(controller)), bottom(phone.view(controller, "_appIV")) + 16.67);
+}
+
+TEST(Layout, GrabberIsCentredAtTheBottomEdge) {
+  Phone phone = phoneWith({});
+  const int controller = phone.present(message());
+  phone.wait(1);
+  const Json banner = phone.banner(controller);
+  const Json grabber = phone.view(controller, "_grabberView");
+  EXPECT_DOUBLE_EQ(width(grabber), 36);
+  EXPECT_DOUBLE_EQ(height(grabber), 5.33);
+  EXPECT_DOUBLE_EQ(left(grabber) + width(grabber) / 2, left(banner) + width(banner) / 2);
+  EXPECT_DOUBLE_EQ(bottom(grabber), bottom(banner) - 6);
+}
+
+TEST(StatusLine, OffLeavesThreeBlanksThatHoldThePlace) {
+  Phone phone = phoneWith({{"statusbar", false}}, [](host::Options& options) { options.device = "iphone-8"; });
+  const int controller = phone.present(message());
+  phone.wait(1);
+  EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "   ");
+  EXPECT_EQ(phone.view(controller, "_nowLabel").at("text"), "   ");
+  EXPECT_DOUBLE_EQ(top(phone.view(controller, "_appIV")), top(phone.banner(controller)) + 44 + 15 + 15);
+}
+
+TEST(StatusLine, StandsLowerOnADeviceWithoutBottomSafeArea) {
+  Phone phone = phoneWith({}, [](host::Options& options) { options.device = "iphone-8"; });
+  const int controller = phone.present(message());
+  phone.wait(1);
+  EXPECT_DOUBLE_EQ(top(phone.view(controller, "_clockLabel")), 8 - 70 + 65);
+}
+
+TEST(StatusLine, StandsAtTheSafeAreaOnADeviceWithOne) {
+  Phone phone = phoneWith({}, [](host::Options& options) { options.device = "iphone-11-pro-max"; });
+  const int controller = phone.present(message());
+  phone.wait(1);
+  EXPECT_DOUBLE_EQ(top(phone.view(controller, "_clockLabel")), 44 - 70 + 44);
+}
+
+TEST(StatusLine, ClockShowsTwentyFourHoursByDefault) {
+  Phone phone = phoneWith({});
+  const int controller = phone.present(message());
+  EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "21:41");
+  EXPECT_EQ(phone.view(controller, "_nowLabel").at("text"), "now");
+}
+
+TEST(StatusLine, TwelveHourClockHasNoMarker) {
+  Phone phone = phoneWith({{"24_h_clock", false}});
+  const int controller = phone.present(message());
+  EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "9:41");
+}
+
+TEST(StatusLine, NowLabelIsInTheUsersLanguageAtTheTrailingEdge) {
+  Phone phone = phoneWith({}, [](host::Options& options) { options.locale = "de_DE"; });
+  const int controller = phone.present(message());
+  phone.wait(1);
+  const Json now = phone.view(controller, "_nowLabel");
+  EXPECT_EQ(now.at("text"), "jetzt");
+  EXPECT_DOUBLE_EQ(right(now), 375 - 8 - 34);
+}
+
+TEST(Layout, RightToLeftLanguageMirrorsTheBanner) {
+  Phone phone = phoneWith({}, [](host::Options& options) { options.locale = "ar_EG"; });
+  const int controller = phone.present({{"title", "ليلى"}, {"message", "مرحبا"}});
+  phone.wait(1);
+  const Json banner = phone.banner(controller);
+  const Json icon = phone.view(controller, "_appIV");
+  EXPECT_DOUBLE_EQ(right(icon), right(banner) - 15);
+  EXPECT_DOUBLE_EQ(right(phone.view(controller, "headerLabel")), left(icon) - 16);
+  EXPECT_DOUBLE_EQ(right(phone.view(controller, "_clockLabel")), right(banner) - 25);
+}
+
+struct RadiusCase {
+  bool tiny;
+  int appSize;
+  int requested;
+  int expected;
+};
+
+class IconRadius : public testing::TestWithParam<RadiusCase> {};
+
+TEST_P(IconRadius, IsClampedToTheIcon) {
+  const RadiusCase& given = GetParam();
+  Phone phone =
+      phoneWith({{"tinyBanner", given.tiny}, {"appSize", given.appSize}, {"appCornerRadius", given.requested}});
+  const int controller = phone.present(message());
+  phone.wait(1);
+  EXPECT_DOUBLE_EQ(phone.view(controller, "_appIV").at("cornerRadius"), given.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, IconRadius,
+                         testing::Values(RadiusCase{true, 40, 12, 10}, RadiusCase{true, 80, 12, 10},
+                                         RadiusCase{true, 4, 10, 2}, RadiusCase{true, 40, 10, 10},
+                                         RadiusCase{false, 45, 30, 22}, RadiusCase{false, 40, 20, 20},
+                                         RadiusCase{false, 40, 3, 3}));
+
+struct TinyCase {
+  const char* header;
+  const char* body;
+  const char* shown;
+};
+
+class TinyLine : public testing::TestWithParam<TinyCase> {};
+
+TEST_P(TinyLine, JoinsHeaderAndBody) {
+  Phone phone = phoneWith({{"tinyBanner", true}});
+  Json fields = Json::object();
+  if (GetParam().header != nullptr) fields["title"] = GetParam().header;
+  if (GetParam().body != nullptr) fields["message"] = GetParam().body;
+  const int controller = phone.present(fields);
+  phone.wait(1);
+  EXPECT_EQ(marked(phone.view(controller, "headerLabel")), GetParam().shown);
+  EXPECT_TRUE(phone.view(controller, "subHeaderLabel").is_null());
+  EXPECT_EQ(phone.view(controller, "bodyLabel").value("text", ""), "");
+  EXPECT_DOUBLE_EQ(width(phone.view(controller, "_appIV")), 20);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, TinyLine,
+    testing::Values(TinyCase{"John", "Hello", "*John: *Hello"}, TinyCase{"John : ", "Hello", "*John: *Hello"},
+                    TinyCase{"Mail: ", "Hello", "*Mail: *Hello"}, TinyCase{"Jürgen : ", "Hallo", "*Jürgen : *Hallo"},
+                    TinyCase{nullptr, "Alice\nHi there", "*Alice:* Hi there"},
+                    TinyCase{nullptr, "Alice: one\ntwo", "*Alice:* one\ntwo"},
+                    TinyCase{nullptr, "Hi there", "Hi there"}, TinyCase{"John", nullptr, "*John*"},
+                    TinyCase{"😀", "👍🏽", "*😀: *👍🏽"}));
+
+TEST(TinyBanner, WithNothingToSayIsEmpty) {
+  Phone phone = phoneWith({{"tinyBanner", true}});
+  const int controller = phone.present();
+  phone.wait(1);
+  EXPECT_EQ(phone.view(controller, "headerLabel").value("text", ""), "");
+}
+
+TEST(TinyBanner, LineStandsOnePointBelowTheIconsTop) {
+  Phone phone = phoneWith({{"tinyBanner", true}});
+  const int controller = phone.present(message());
+  phone.wait(1);
+  EXPECT_DOUBLE_EQ(top(phone.view(controller, "headerLabel")), top(phone.view(controller, "_appIV")) + 1);
+  EXPECT_TRUE(phone.view(controller, "_appDetailImage").is_null());
+}
+
+class Privacy : public testing::TestWithParam<bool> {};
+
+TEST_P(Privacy, HidesEveryText) {
+  Phone phone = phoneWith({{"hide_unless_expanded", true}, {"tinyBanner", GetParam()}});
+  const int controller = phone.present({{"title", "Anna"}, {"subtitle", "Secret"}, {"message", "Hush"}});
+  phone.wait(1);
+  EXPECT_EQ(phone.view(controller, "headerLabel").at("text"), "Content hidden");
+  EXPECT_EQ(phone.view(controller, "bodyLabel").value("text", ""), "");
+  EXPECT_TRUE(phone.view(controller, "subHeaderLabel").is_null());
+  const Json everything = phone.windows(controller);
+  EXPECT_EQ(everything.dump().find("Anna"), std::string::npos);
+  EXPECT_EQ(everything.dump().find("Hush"), std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(NormalAndTiny, Privacy, testing::Bool());
+
+TEST(Privacy, SaysSoInTheUsersLanguage) {
+  Phone phone = phoneWith({{"hide_unless_expanded", true}}, [](host::Options& options) { options.locale = "de_DE"; });
+  const int controller = phone.present(message());
+  EXPECT_NE(phone.view(controller, "headerLabel").at("text"), "Content hidden");
+}
+
+std::vector<Json> blurs(const Json& trees) {
+  return test::nodes(trees, [](const Json& node) { return node.contains("blur"); });
+}
+
+struct BlurCase {
+  const char* system;
+  int mode;
+  int backdrop;
+  std::optional<int> background;
+};
+
+class BlurStyle : public testing::TestWithParam<BlurCase> {};
+
+TEST_P(BlurStyle, FollowsVersionAndMode) {
+  Phone phone = phoneWith({{"containerColor", GetParam().mode}},
+                          [](host::Options& options) { options.systemVersion = GetParam().system; });
+  const int controller = phone.present(message());
+  phone.wait(1);
+  EXPECT_EQ(phone.view(controller, "_keyboardBackdrop").at("blur"), GetParam().backdrop);
+  const std::vector<Json> inside = blurs(Json::array({phone.banner(controller)}));
+  ASSERT_EQ(inside.size(), GetParam().background ? 1u : 0u);
+  if (GetParam().background) EXPECT_EQ(inside.front().at("blur"), *GetParam().background);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, BlurStyle,
+                         testing::Values(BlurCase{"12.4", 1, 4, 4}, BlurCase{"12.4", 2, 4, 4},
+                                         BlurCase{"12.4", 3, 4, std::nullopt}, BlurCase{"13.5", 1, 2, 2},
+                                         BlurCase{"13.5", 2, 1, 1}, BlurCase{"13.5", 3, 2, std::nullopt},
+                                         BlurCase{"13.5", 7, 4, 4}));
+
+TEST(Layout, KeyboardBackdropIsHiddenAndCoversTheNotificationView) {
+  Phone phone = phoneWith({});
+  const int controller = phone.present(message());
+  phone.wait(1);
+  const Json backdrop = phone.view(controller, "_keyboardBackdrop");
+  EXPECT_TRUE(backdrop.at("hidden"));
+  EXPECT_DOUBLE_EQ(backdrop.at("alpha"), 0);
+  EXPECT_DOUBLE_EQ(width(backdrop), 375 - 16);
+}
+
+TEST(Layout, BannerThatCannotBeAnsweredHasNoReplyField) {
+  Phone phone = phoneWith({{"showButtons", true}});
+  const int controller = phone.present({{"section", "com.apple.mobilecal"}, {"title", "Meeting"}, {"message", "Now"}});
+  phone.wait(1);
+  EXPECT_TRUE(phone.view(controller, "replyBg").is_null());
+  EXPECT_TRUE(phone.view(controller, "reply").is_null());
+  const Json third = phone.view(controller, "_replyButton");
+  EXPECT_FALSE(third.at("enabled"));
+  EXPECT_FALSE(test::firstNode(Json::array({third}), "text", "Open").is_null());
+}
+
+TEST(Layout, ReplyFieldLiesInTheButtonsPlace) {
+  Phone phone = phoneWith({{"showButtons", true}});
+  const int controller = phone.present(message());
+  phone.wait(1);
+  const Json row = phone.view(controller, "_buttonStackView");
+  const Json background = phone.view(controller, "replyBg");
+  EXPECT_EQ(row.at("frame"), background.at("frame"));
+  EXPECT_DOUBLE_EQ(height(background), 36);
+  EXPECT_DOUBLE_EQ(left(background), 8 + 15);
+  EXPECT_DOUBLE_EQ(background.at("cornerRadius"), 18);
+  EXPECT_DOUBLE_EQ(left(phone.view(controller, "reply")), left(background) + 10);
+  EXPECT_TRUE(background.at("hidden"));
+  EXPECT_DOUBLE_EQ(row.at("alpha"), 0);
+}
+
+class Alignment : public testing::TestWithParam<std::pair<int, const char*>> {};
+
+TEST_P(Alignment, AppliesToAllTexts) {
+  Phone phone = phoneWith({{"textAlignment", GetParam().first}});
+  const int controller = phone.present({{"title", "A"}, {"subtitle", "B"}, {"message", "C"}});
+  for (const char* label : {"headerLabel", "subHeaderLabel", "bodyLabel"})
+    EXPECT_EQ(phone.view(controller, label).at("alignment"), GetParam().second);
+}
+
+INSTANTIATE_TEST_SUITE_P(Settings, Alignment,
+                         testing::Values(std::pair(0, "natural"), std::pair(1, "left"), std::pair(2, "center"),
+                                         std::pair(3, "right"), std::pair(9, "natural"), std::pair(-1, "natural")));
+
+}  // namespace

@@ -1,0 +1,102 @@
+#include "tests/library/phone.hpp"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <fstream>
+#include <functional>
+#include <iterator>
+
+#include "simulator/foundation/preference_files.hpp"
+
+namespace test {
+
+namespace {
+
+constexpr const char* domain = "com.marrowgate.brimprefs";
+
+std::filesystem::path makeFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "brim-XXXXXX").string();
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder can be made");
+  return pattern;
+}
+
+}  // namespace
+
+Phone::Phone(Setup setup) : folder(makeFolder()) {
+  if (setup.options.root.empty()) setup.options.root = folder / "root";
+  foundation::storePreferences(setup.options.root, domain, setup.settings);
+  session.emplace(setup.options);
+}
+
+Phone::~Phone() {
+  session.reset();
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+}
+
+Json Phone::run(const Json& command) {
+  Json answer = session->run(command);
+  EXPECT_TRUE(answer.at("ok").get<bool>()) << command << " was answered with " << answer;
+  return answer;
+}
+
+std::string Phone::refusal(const Json& command) {
+  const Json answer = session->run(command);
+  EXPECT_FALSE(answer.at("ok").get<bool>()) << command << " was obeyed";
+  return answer.value("error", "");
+}
+
+void Phone::set(const std::string& key, const Json& value) { run({{"do", "set"}, {"key", key}, {"value", value}}); }
+
+void Phone::wait(double seconds) { run({{"do", "wait"}, {"seconds", seconds}}); }
+
+int Phone::present(const Json& fields) {
+  Json command = {{"do", "present"}, {"section", "com.apple.MobileSMS"}};
+  command.update(fields);
+  return run(command).at("controller").get<int>();
+}
+
+Json Phone::state(int controller) { return run({{"do", "state"}, {"controller", controller}}); }
+
+Json Phone::log() { return run({{"do", "log"}}).at("events"); }
+
+Json Phone::windows(std::optional<int> controller) {
+  Json command = {{"do", "tree"}};
+  if (controller) command["controller"] = *controller;
+  return run(command).at("windows");
+}
+
+Json Phone::banner(int controller) { return firstNode(windows(controller), "class", "BrimContainer"); }
+
+Json Phone::view(int controller, const std::string& property) {
+  return firstNode(windows(controller), "property", property);
+}
+
+std::string Phone::picture() {
+  const std::filesystem::path path = folder / "picture.png";
+  run({{"do", "screenshot"}, {"path", path.string()}});
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::filesystem::path Phone::root() const { return folder / "root"; }
+
+std::vector<Json> nodes(const Json& trees, const std::function<bool(const Json&)>& matches) {
+  std::vector<Json> found;
+  for (const Json& node : trees) {
+    if (matches(node)) found.push_back(node);
+    if (!node.contains("children")) continue;
+    const std::vector<Json> below = nodes(node.at("children"), matches);
+    found.insert(found.end(), below.begin(), below.end());
+  }
+  return found;
+}
+
+Json firstNode(const Json& trees, const std::string& field, const Json& value) {
+  const std::vector<Json> found =
+      nodes(trees, [&](const Json& node) { return node.contains(field) && node.at(field) == value; });
+  return found.empty() ? Json() : found.front();
+}
+
+}  // namespace test
