@@ -1,16 +1,24 @@
 #include "simulator/foundation/classes.hpp"
 
+#include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/dates.hpp"
 #include "simulator/foundation/deallocation.hpp"
+#include "simulator/foundation/digest.hpp"
+#include "simulator/foundation/locale.hpp"
+#include "simulator/foundation/localized_strings.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/foundation/root.hpp"
 
 namespace foundation {
 
 void registerClasses() {
+  const objc::AutoreleasePool pool;
   installDeallocation();
   installDates();
   installPlatformPaths();
+  installLocale();
+  installLocalizedStrings();
+  installDigests();
   defineHBPreferences();
 }
 

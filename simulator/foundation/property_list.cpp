@@ -60,7 +60,26 @@ NSDictionary* parse(const std::string& text) {
   }
 }
 
+bool hasByteOrderMark(const std::string& text) { return text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff"); }
+
+NSDictionary* parseStrings(const std::string& text) {
+  const NSStringEncoding encoding = hasByteOrderMark(text) ? NSStringEncoding::Unicode : NSStringEncoding::UTF8;
+  const objc::Ref<NSString> decoded = NSString::decoded(NSData::dataWithBytes(text.data(), text.size()), encoding);
+  try {
+    return objc::as<NSDictionary>(objc::send<NSObject*, "propertyListFromStringsFileFormat">(decoded.get()));
+  } catch (...) {
+    return nullptr;
+  }
+}
+
 }  // namespace
+
+objc::Ref<NSDictionary> readStringsFile(const std::filesystem::path& file) {
+  const std::string text = contentsOf(file);
+  if (text.empty() || !nestsSensibly(text)) return nullptr;
+  const objc::AutoreleasePool pool;
+  return objc::retain(parseStrings(text));
+}
 
 objc::Ref<NSDictionary> readPropertyList(const std::filesystem::path& file) {
   const std::string text = contentsOf(file);
