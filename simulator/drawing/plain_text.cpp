@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace drawing {
 namespace {
@@ -50,17 +51,43 @@ void append(std::string& text, gunichar value) {
   text.append(bytes, static_cast<std::size_t>(g_unichar_to_utf8(value, bytes)));
 }
 
-// Appends characters while there are any left to be had, and takes them off.
-void appendRun(PlainText& result, const std::string& text, std::size_t& left) {
-  for (std::size_t position = 0; position < text.size() && left > 0;) {
-    const Character character = characterAt(text, position);
-    position += character.length;
-    const gunichar value = normalized(character.value, position < text.size() && text[position] == '\n');
-    // What is left out counts as well: a text of nothing else must come to an end.
-    --left;
-    if (value != leaveOut) append(result.text, value);
+// Collects the characters of all runs, up to a number of them.
+class Collector {
+ public:
+  explicit Collector(std::size_t limit) : left_(limit) {}
+
+  void appendRun(const std::string& run) {
+    for (std::size_t position = 0; position < run.size() && left_ > 0;) {
+      const Character character = characterAt(run, position);
+      position += character.length;
+      const gunichar value = normalized(character.value, position < run.size() && run[position] == '\n');
+      // What is left out counts as well: a text of nothing else must come to an end.
+      --left_;
+      if (value != leaveOut) appendCharacter(value);
+    }
   }
-}
+
+  const std::string& text() const { return text_; }
+  std::string take() { return std::move(text_); }
+
+ private:
+  // The time to break a word into lines grows with the square of its length, so that one beyond all measure gets places
+  // to break at. They have no width.
+  void appendCharacter(gunichar value) {
+    constexpr gunichar zeroWidthSpace = 0x200B;
+    constexpr std::size_t longestWord = 200;
+    wordLength_ = g_unichar_isspace(value) ? 0 : wordLength_ + 1;
+    if (wordLength_ > longestWord && g_unichar_isalnum(value)) {
+      append(text_, zeroWidthSpace);
+      wordLength_ = 1;
+    }
+    append(text_, value);
+  }
+
+  std::string text_;
+  std::size_t left_;
+  std::size_t wordLength_ = 0;
+};
 
 void removeFinalLineFeed(PlainText& text) {
   if (!text.text.ends_with('\n')) return;
@@ -83,14 +110,17 @@ std::size_t characterLimit(const Paragraph& paragraph, double width, int lines) 
 }
 
 PlainText plainText(const Paragraph& paragraph, std::size_t characterLimit) {
+  Collector collector(characterLimit);
   PlainText result;
   for (std::size_t index = 0; index < paragraph.runs.size(); ++index) {
     const Run& run = paragraph.runs[index];
     if (effectiveSize(run.font) == 0) continue;
-    const std::size_t begin = result.text.size();
-    appendRun(result, run.text, characterLimit);
-    if (result.text.size() > begin) result.spans.push_back({begin, result.text.size(), index});
+    const std::size_t begin = collector.text().size();
+    collector.appendRun(run.text);
+    const std::size_t end = collector.text().size();
+    if (end > begin) result.spans.push_back({begin, end, index});
   }
+  result.text = collector.take();
   removeFinalLineFeed(result);
   return result;
 }

@@ -24,8 +24,8 @@ struct PlainText {
 // How many characters are enough to fill this many lines of this width (unlimited: 0 lines, infinite width).
 std::size_t characterLimit(const Paragraph& paragraph, double width, int lines);
 
-// The runs' text up to that many characters. Control characters and runs whose font has no size are left out, and so is
-// a line feed at the very end.
+// The runs' text up to that many characters, with places to break in words beyond all measure. Control characters and
+// runs whose font has no size are left out, and so is a line feed at the very end.
 PlainText plainText(const Paragraph& paragraph, std::size_t characterLimit);
 
 }  // namespace drawing

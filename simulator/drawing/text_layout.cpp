@@ -17,7 +17,10 @@ namespace {
 
 constexpr double unlimited = std::numeric_limits<double>::infinity();
 
-double limitOf(double width) { return width > 0 && std::isfinite(width) ? width : unlimited; }
+// On the pixel grid as the result is, so that rounding up makes no room for another word.
+double limitOf(double width, double scale) {
+  return width > 0 && std::isfinite(width) ? std::max(floorToPixel(width, scale), 1 / scale) : unlimited;
+}
 
 struct Measure {
   Size size;
@@ -136,7 +139,7 @@ struct TextLayout::State {
   }
 
   const Measure& measure(double widthLimit) {
-    const double width = limitOf(widthLimit);
+    const double width = limitOf(widthLimit, scale);
     if (lastMeasure && lastMeasure->first == width) return lastMeasure->second;
     const std::string key = keyOf(plainTextFor(width, paragraph.maximumLines), paragraph, width, scale);
     const Measure* known = measureCache().find(key);
@@ -176,7 +179,7 @@ double TextLayout::firstBaseline() const { return state_->baseline; }
 void TextLayout::draw(Canvas& canvas, const Rectangle& rectangle, const Color& color) const {
   State& state = *state_;
   if (state.lineHeight == 0 || !(rectangle.width > 0) || !(rectangle.height > 0)) return;
-  const BrokenText& text = state.linesFor(limitOf(rectangle.width), state.linesFitting(rectangle.height));
+  const BrokenText& text = state.linesFor(limitOf(rectangle.width, state.scale), state.linesFitting(rectangle.height));
   const double height = static_cast<double>(text.lines.size()) * state.lineHeight;
   const double share = shareOnTheLeft(state.paragraph.alignment, state.paragraph.direction);
   double top = rectangle.y + roundToPixel((rectangle.height - height) / 2, state.scale);

@@ -1,0 +1,177 @@
+#include "simulator/drawing/backdrop.hpp"
+
+#include <cmath>
+#include <limits>
+
+#include "tests/drawing/pictures.hpp"
+
+namespace drawing {
+namespace {
+
+constexpr CornerShape square{};
+
+// Left half black, right half white.
+Canvas halves(double width, double height, double scale) {
+  Canvas canvas({width, height}, scale);
+  canvas.clear(black);
+  canvas.fillRectangle({width / 2, 0, width / 2, height}, white);
+  return canvas;
+}
+
+Canvas filledWith(const Color& color) {
+  Canvas canvas({60, 60}, 2);
+  canvas.clear(color);
+  return canvas;
+}
+
+void blurAll(Canvas& canvas, BlurStyle style, Appearance appearance = Appearance::Light, double alpha = 1) {
+  blurBackdrop(canvas, {0, 0, 1000, 1000}, square, style, appearance, alpha);
+}
+
+TEST(Backdrop, OfOneGreyIsOneGrey) {
+  Canvas canvas = filledWith({0.5, 0.5, 0.5, 1});
+  blurAll(canvas, BlurStyle::Light);
+  const std::uint32_t first = canvas.pixel(0, 0);
+  for (int y = 0; y < canvas.pixelHeight(); ++y) {
+    for (int x = 0; x < canvas.pixelWidth(); ++x) ASSERT_EQ(canvas.pixel(x, y), first) << x << " " << y;
+  }
+  EXPECT_EQ(alphaOf(first), 255);
+}
+
+TEST(Backdrop, StylesDifferInBrightness) {
+  const auto brightness = [](BlurStyle style, Appearance appearance) {
+    Canvas canvas = filledWith({0.5, 0.5, 0.5, 1});
+    blurAll(canvas, style, appearance);
+    return redOf(canvas.pixel(30, 30));
+  };
+  EXPECT_GT(brightness(BlurStyle::ExtraLight, Appearance::Light), brightness(BlurStyle::Light, Appearance::Light));
+  EXPECT_GT(brightness(BlurStyle::Light, Appearance::Light), 128);
+  EXPECT_LT(brightness(BlurStyle::Dark, Appearance::Light), 80);
+  EXPECT_GT(brightness(BlurStyle::Regular, Appearance::Light), 160);
+  EXPECT_LT(brightness(BlurStyle::Regular, Appearance::Dark), 80);
+  EXPECT_EQ(brightness(BlurStyle::Dark, Appearance::Light), brightness(BlurStyle::Dark, Appearance::Dark));
+}
+
+TEST(Backdrop, KnowsThePlatformsNumbers) {
+  EXPECT_EQ(blurStyle(0), BlurStyle::ExtraLight);
+  EXPECT_EQ(blurStyle(1), BlurStyle::Light);
+  EXPECT_EQ(blurStyle(2), BlurStyle::Dark);
+  EXPECT_EQ(blurStyle(4), BlurStyle::Regular);
+  EXPECT_EQ(blurStyle(77), BlurStyle::Regular);
+}
+
+TEST(Backdrop, MakesColoursMoreVivid) {
+  Canvas canvas = filledWith({0.6, 0.4, 0.4, 1});
+  blurAll(canvas, BlurStyle::Light);
+  const std::uint32_t pixel = canvas.pixel(30, 30);
+  // The tint alone leaves 70 per cent of the difference of 51 levels.
+  EXPECT_GT(redOf(pixel) - greenOf(pixel), 55);
+}
+
+TEST(Backdrop, FollowsTheBellCurveAcrossAnEdge) {
+  constexpr double scale = 2, width = 300;
+  Canvas canvas = halves(width, 40, scale);
+  blurAll(canvas, BlurStyle::Light);
+  const int center = static_cast<int>(width * scale) / 2;
+  for (int x = center - 150; x < center + 150; ++x) {
+    const double distance = (x + 0.5 - center) / (30 * scale);
+    const double blurred = 0.5 * (1 + std::erf(distance / std::sqrt(2.0)));
+    EXPECT_NEAR(redOf(canvas.pixel(x, 20)), 255 * (blurred * 0.7 + 0.3), 4) << x;
+  }
+}
+
+TEST(Backdrop, HasNoSteps) {
+  Canvas canvas = halves(300, 100, 2);
+  canvas.fillRectangle({0, 50, 300, 50}, {0.2, 0.7, 0.4, 1});
+  blurAll(canvas, BlurStyle::Light);
+  for (int y = 1; y < canvas.pixelHeight(); ++y) {
+    for (int x = 1; x < canvas.pixelWidth(); ++x) {
+      ASSERT_LE(std::abs(greenOf(canvas.pixel(x, y)) - greenOf(canvas.pixel(x - 1, y))), 3) << x << " " << y;
+      ASSERT_LE(std::abs(greenOf(canvas.pixel(x, y)) - greenOf(canvas.pixel(x, y - 1))), 3) << x << " " << y;
+    }
+  }
+}
+
+TEST(Backdrop, OfAPartIsThatPartOfTheWhole) {
+  Canvas whole = halves(120, 120, 2);
+  Canvas part = halves(120, 120, 2);
+  blurAll(whole, BlurStyle::Dark);
+  blurBackdrop(part, {33.5, 21, 51, 40.5}, square, BlurStyle::Dark, Appearance::Light, 1);
+  for (int y = 42; y < 123; ++y) {
+    for (int x = 67; x < 169; ++x) ASSERT_EQ(part.pixel(x, y), whole.pixel(x, y)) << x << " " << y;
+  }
+  EXPECT_EQ(part.pixel(66, 60), 0xFF000000);
+  EXPECT_EQ(part.pixel(169, 60), 0xFFFFFFFF);
+  EXPECT_EQ(part.pixel(100, 41), 0xFF000000);
+  EXPECT_EQ(part.pixel(100, 123), 0xFF000000);
+}
+
+TEST(Backdrop, StaysInsideItsCorners) {
+  Canvas canvas = filledWith(white);
+  blurBackdrop(canvas, {10, 10, 40, 40}, {15, CornerCurve::Continuous}, BlurStyle::Dark, Appearance::Light, 1);
+  EXPECT_EQ(canvas.pixel(21, 21), 0xFFFFFFFF);
+  EXPECT_LT(redOf(canvas.pixel(60, 60)), 160);
+}
+
+TEST(Backdrop, IsAsOpaqueAsAsked) {
+  Canvas opaque = filledWith(black), half = filledWith(black), none = filledWith(black);
+  blurAll(opaque, BlurStyle::ExtraLight);
+  blurAll(half, BlurStyle::ExtraLight, Appearance::Light, 0.5);
+  blurAll(none, BlurStyle::ExtraLight, Appearance::Light, 0);
+  blurAll(none, BlurStyle::ExtraLight, Appearance::Light, std::numeric_limits<double>::quiet_NaN());
+  EXPECT_NEAR(redOf(half.pixel(5, 5)), redOf(opaque.pixel(5, 5)) / 2.0, 1);
+  EXPECT_EQ(none.pixel(5, 5), 0xFF000000);
+}
+
+TEST(Backdrop, InALayerBlursWhatLiesBeneathTheLayer) {
+  Canvas plain = halves(120, 60, 2), layered = halves(120, 60, 2);
+  blurBackdrop(plain, {20, 10, 80, 40}, square, BlurStyle::Light, Appearance::Light, 1);
+  layered.clipRectangle({10, 0, 100, 60});
+  layered.beginLayer(0.5);
+  blurBackdrop(layered, {20, 10, 80, 40}, square, BlurStyle::Light, Appearance::Light, 1);
+  layered.endLayer();
+  const Canvas sharp = halves(120, 60, 2);
+  for (int x = 0; x < 240; ++x) {
+    const int blended = (redOf(plain.pixel(x, 60)) + redOf(sharp.pixel(x, 60))) / 2;
+    EXPECT_NEAR(redOf(layered.pixel(x, 60)), blended, 2) << x;
+  }
+}
+
+TEST(Backdrop, MovesWithItsTransform) {
+  Canvas direct = halves(120, 60, 2), moved = halves(120, 60, 2);
+  blurBackdrop(direct, {20, 10, 80, 40}, square, BlurStyle::Light, Appearance::Light, 1);
+  moved.translate(15, 5);
+  blurBackdrop(moved, {5, 5, 80, 40}, square, BlurStyle::Light, Appearance::Light, 1);
+  EXPECT_EQ(direct.pixelsAsPng(), moved.pixelsAsPng());
+}
+
+TEST(Backdrop, OfNothingDrawsNothing) {
+  Canvas canvas = filledWith(white);
+  for (const Rectangle& area : {Rectangle{0, 0, 0, 10}, Rectangle{-50, 0, 20, 20}, Rectangle{500, 500, 20, 20},
+                                Rectangle{0, std::numeric_limits<double>::quiet_NaN(), 10, 10}}) {
+    blurBackdrop(canvas, area, square, BlurStyle::Dark, Appearance::Light, 1);
+  }
+  for (int y = 0; y < 120; ++y) {
+    for (int x = 0; x < 120; ++x) ASSERT_EQ(canvas.pixel(x, y), 0xFFFFFFFF);
+  }
+}
+
+TEST(Backdrop, WorksOnCanvasesOfAnySize) {
+  for (const Size& size : {Size{1, 1}, Size{3, 5}, Size{4, 4}, Size{1, 333}, Size{97, 2}}) {
+    Canvas canvas(size, 1);
+    canvas.clear(white);
+    blurAll(canvas, BlurStyle::Dark);
+    const int last = redOf(canvas.pixel(canvas.pixelWidth() - 1, canvas.pixelHeight() - 1));
+    EXPECT_LT(last, 120);
+    EXPECT_EQ(redOf(canvas.pixel(0, 0)), last);
+  }
+}
+
+TEST(Backdrop, OfTransparencyStaysTransparent) {
+  Canvas canvas({40, 40}, 1);
+  blurAll(canvas, BlurStyle::Light);
+  EXPECT_EQ(canvas.pixel(20, 20), 0U);
+}
+
+}  // namespace
+}  // namespace drawing

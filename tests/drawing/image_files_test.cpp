@@ -1,0 +1,144 @@
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+#include "tests/drawing/pictures.hpp"
+
+namespace drawing {
+namespace {
+
+std::vector<std::byte> picture(int side) { return encodePng(*quarteredImage(side)); }
+
+TEST(LoadImage, TakesTheScaleFromTheName) {
+  const ScratchFolder folder;
+  for (const auto& [name, scale] :
+       {std::pair{"a.png", 1.0}, {"a@2x.png", 2.0}, {"a@3x.png", 3.0}, {"a@2xb.png", 1.0}}) {
+    folder.write(name, picture(6));
+    const auto image = loadImage(folder / name);
+    ASSERT_NE(image, nullptr) << name;
+    EXPECT_EQ(image->scale(), scale) << name;
+    EXPECT_EQ(image->name(), (folder / name).string());
+  }
+}
+
+TEST(LoadImage, RecognisesTheFormatWhateverTheExtension) {
+  const ScratchFolder folder;
+  folder.write("photo.png", encodeJpeg(*quarteredImage(8), 0.9));
+  folder.write("photo", picture(8));
+  EXPECT_NE(loadImage(folder / "photo.png"), nullptr);
+  EXPECT_NE(loadImage(folder / "photo"), nullptr);
+}
+
+TEST(LoadImage, RefusesWhatIsNoFileWithAPicture) {
+  const ScratchFolder folder;
+  folder.write("empty.png", {});
+  folder.write("text.png", bytesOf("no picture"));
+  ASSERT_EQ(mkfifo((folder / "pipe.png").c_str(), 0600), 0);
+  EXPECT_EQ(loadImage(folder / "missing.png"), nullptr);
+  EXPECT_EQ(loadImage(folder.path()), nullptr);
+  EXPECT_EQ(loadImage(folder / "empty.png"), nullptr);
+  EXPECT_EQ(loadImage(folder / "text.png"), nullptr);
+  EXPECT_EQ(loadImage(folder / "pipe.png"), nullptr);
+  EXPECT_EQ(loadImage("/dev/zero"), nullptr);
+  EXPECT_EQ(loadImage(""), nullptr);
+}
+
+TEST(LoadImageNamed, PrefersTheScreensScale) {
+  const ScratchFolder folder;
+  folder.write("mail.png", picture(2));
+  folder.write("mail@2x.png", picture(4));
+  folder.write("mail@3x.png", picture(6));
+  for (const double scale : {1.0, 2.0, 3.0}) {
+    const auto image = loadImageNamed(folder / "mail.png", scale);
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->scale(), scale);
+    EXPECT_EQ(image->size(), (Size{2, 2}));
+    EXPECT_EQ(image->name(), (folder / "mail.png").string());
+  }
+}
+
+TEST(LoadImageNamed, FallsBackToTheDensestThereIs) {
+  const ScratchFolder folder;
+  folder.write("mail.png", picture(2));
+  EXPECT_EQ(loadImageNamed(folder / "mail.png", 3)->scale(), 1);
+  folder.write("mail@2x.png", picture(4));
+  EXPECT_EQ(loadImageNamed(folder / "mail.png", 3)->scale(), 2);
+}
+
+TEST(LoadImageNamed, SkipsADamagedVariant) {
+  const ScratchFolder folder;
+  folder.write("mail@3x.png", bytesOf("damaged"));
+  folder.write("mail@2x.png", picture(4));
+  EXPECT_EQ(loadImageNamed(folder / "mail.png", 3)->scale(), 2);
+}
+
+TEST(LoadImageNamed, AddsTheUsualExtension) {
+  const ScratchFolder folder;
+  folder.write("mail@2x.png", picture(4));
+  EXPECT_NE(loadImageNamed(folder / "mail", 2), nullptr);
+  EXPECT_EQ(loadImageNamed(folder / "none", 2), nullptr);
+  EXPECT_EQ(loadImageNamed("", 2), nullptr);
+}
+
+TEST(WritePng, CanBeReadBackAndLeavesNothingElse) {
+  const ScratchFolder folder;
+  EXPECT_EQ(writePng(*quarteredImage(4), folder / "a.png"), std::nullopt);
+  EXPECT_EQ(writePng(*quarteredImage(6), folder / "a.png"), std::nullopt);
+  EXPECT_EQ(loadImage(folder / "a.png")->pixelWidth(), 6);
+  const std::filesystem::directory_iterator entries(folder.path());
+  EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+}
+
+TEST(WritePng, NamesTheMissingFolder) {
+  const ScratchFolder folder;
+  const auto reason = writePng(*quarteredImage(4), folder / "missing/a.png");
+  ASSERT_TRUE(reason);
+  EXPECT_NE(reason->find("missing/a.png"), std::string::npos) << *reason;
+}
+
+TEST(WritePng, KeepsWhatAFailedWriteWouldReplace) {
+  const ScratchFolder folder;
+  std::filesystem::create_directory(folder / "taken.png");
+  EXPECT_TRUE(writePng(*quarteredImage(4), folder / "taken.png"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "taken.png"));
+  const std::filesystem::directory_iterator entries(folder.path());
+  EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+}
+
+// While it lives, files end after this many bytes, as on a disk that is full.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  void (*handler_)(int);
+  rlimit before_{};
+};
+
+TEST(WritePng, OnAFullDiskKeepsTheOldPicture) {
+  const ScratchFolder folder;
+  ASSERT_EQ(writePng(*quarteredImage(4), folder / "a.png"), std::nullopt);
+  std::optional<std::string> reason;
+  {
+    const FullDisk disk(50);
+    reason = writePng(*quarteredImage(64), folder / "a.png");
+  }
+  EXPECT_TRUE(reason);
+  EXPECT_EQ(loadImage(folder / "a.png")->pixelWidth(), 4);
+  const std::filesystem::directory_iterator entries(folder.path());
+  EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+}
+
+}  // namespace
+}  // namespace drawing

@@ -1,0 +1,204 @@
+#include "simulator/drawing/image.hpp"
+
+#include <cmath>
+#include <limits>
+
+#include <cstdio>
+// Needs the declarations of cstdio.
+#include <jpeglib.h>
+
+#include "tests/drawing/pictures.hpp"
+
+namespace drawing {
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+// A PNG's header that announces this size, and nothing after it.
+std::vector<std::byte> pngHeader(std::uint32_t width, std::uint32_t height) {
+  std::string header("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16);
+  for (const std::uint32_t number : {width, height}) {
+    for (int shift = 24; shift >= 0; shift -= 8) header += static_cast<char>(number >> shift & 0xFF);
+  }
+  header += std::string("\x08\x06\0\0\0\0\0\0\0", 9);
+  return bytesOf(header);
+}
+
+// An encoded picture whose frame header announces another size.
+std::vector<std::byte> jpegAnnouncing(std::uint16_t width, std::uint16_t height) {
+  std::vector<std::byte> jpeg = encodeJpeg(*quarteredImage(16), 0.9);
+  for (std::size_t index = 0; index + 9 < jpeg.size(); ++index) {
+    if (jpeg[index] != std::byte{0xFF} || jpeg[index + 1] != std::byte{0xC0}) continue;
+    jpeg[index + 5] = static_cast<std::byte>(height >> 8);
+    jpeg[index + 6] = static_cast<std::byte>(height & 0xFF);
+    jpeg[index + 7] = static_cast<std::byte>(width >> 8);
+    jpeg[index + 8] = static_cast<std::byte>(width & 0xFF);
+    break;
+  }
+  return jpeg;
+}
+
+// A picture of one colour given in ink, inverted as in files for print.
+std::vector<std::byte> printJpeg(const unsigned char (&ink)[4]) {
+  jpeg_compress_struct codec{};
+  jpeg_error_mgr errors{};
+  codec.err = jpeg_std_error(&errors);
+  jpeg_create_compress(&codec);
+  unsigned char* data = nullptr;
+  unsigned long size = 0;
+  jpeg_mem_dest(&codec, &data, &size);
+  codec.image_width = codec.image_height = 8;
+  codec.input_components = 4;
+  codec.in_color_space = JCS_CMYK;
+  jpeg_set_defaults(&codec);
+  jpeg_set_quality(&codec, 100, TRUE);
+  jpeg_start_compress(&codec, TRUE);
+  unsigned char row[8 * 4];
+  for (int index = 0; index < 8 * 4; ++index) row[index] = ink[index % 4];
+  for (JSAMPROW rows = row; codec.next_scanline < 8;) jpeg_write_scanlines(&codec, &rows, 1);
+  jpeg_finish_compress(&codec);
+  jpeg_destroy_compress(&codec);
+  const auto* bytes = reinterpret_cast<const std::byte*>(data);
+  std::vector<std::byte> result(bytes, bytes + size);
+  std::free(data);
+  return result;
+}
+
+TEST(Image, SizeIsInPointsOfItsScale) {
+  const auto image = quarteredImage(30, 3);
+  EXPECT_EQ(image->pixelWidth(), 30);
+  EXPECT_EQ(image->size(), (Size{10, 10}));
+}
+
+TEST(Image, CountsAnImpossibleScaleAsOne) {
+  for (const double scale : {0.0, -2.0, notANumber}) EXPECT_EQ(quarteredImage(4, scale)->scale(), 1);
+}
+
+TEST(Image, IsNotMadeOfNothing) {
+  EXPECT_EQ(Image::fromSurface(nullptr, 1), nullptr);
+  SurfaceHandle failed(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, -1, 5));
+  EXPECT_EQ(Image::fromSurface(std::move(failed), 1), nullptr);
+}
+
+TEST(Image, NamedSharesThePixels) {
+  const auto image = quarteredImage(4);
+  const auto named = image->named("mail");
+  EXPECT_EQ(named->name(), "mail");
+  EXPECT_EQ(named->surface(), image->surface());
+  EXPECT_EQ(image->name(), "");
+}
+
+TEST(Image, PixelOutsideIsTransparent) {
+  const auto image = quarteredImage(4);
+  EXPECT_EQ(image->pixel(0, 0), 0xFFFF0000);
+  EXPECT_EQ(image->pixel(-1, 0), 0U);
+  EXPECT_EQ(image->pixel(0, 4), 0U);
+}
+
+TEST(Png, ComesBackAsItWas) {
+  const auto image = quarteredImage(8);
+  const auto decoded = decodeImage(encodePng(*image), 2, "icon");
+  ASSERT_NE(decoded, nullptr);
+  EXPECT_EQ(decoded->scale(), 2);
+  EXPECT_EQ(decoded->name(), "icon");
+  for (int y = 0; y < 8; ++y) {
+    for (int x = 0; x < 8; ++x) EXPECT_EQ(decoded->pixel(x, y), image->pixel(x, y));
+  }
+}
+
+TEST(Png, WithoutTransparencyIsOpaque) {
+  SurfaceHandle opaque(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 2, 2));
+  const auto decoded = decodeImage(encodePng(*Image::fromSurface(std::move(opaque), 1)));
+  ASSERT_NE(decoded, nullptr);
+  EXPECT_EQ(decoded->pixel(1, 1), 0xFF000000);
+}
+
+TEST(Png, CutAnywhereIsRefused) {
+  const std::vector<std::byte> whole = encodePng(*quarteredImage(8));
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    EXPECT_EQ(decodeImage(std::span(whole).first(length)), nullptr) << length;
+  }
+}
+
+TEST(Png, DamagedDataIsRefusedOrDecodedButNeverCrashes) {
+  const std::vector<std::byte> whole = encodePng(*quarteredImage(8));
+  for (std::size_t index = 0; index < whole.size(); ++index) {
+    std::vector<std::byte> damaged = whole;
+    damaged[index] ^= std::byte{0x55};
+    const auto image = decodeImage(damaged);
+    EXPECT_TRUE(!image || image->pixelWidth() == 8) << index;
+  }
+}
+
+TEST(Png, AnnouncingTooManyPixelsIsRefused) {
+  EXPECT_EQ(decodeImage(pngHeader(30'000, 30'000)), nullptr);
+  EXPECT_EQ(decodeImage(pngHeader(0xFFFFFFFF, 0xFFFFFFFF)), nullptr);
+  EXPECT_EQ(decodeImage(pngHeader(40'000, 1)), nullptr);
+  EXPECT_EQ(decodeImage(pngHeader(0, 10)), nullptr);
+}
+
+TEST(Jpeg, ComesBackNearlyAsItWas) {
+  const auto image = quarteredImage(32);
+  const auto decoded = decodeImage(encodeJpeg(*image, 1), 3);
+  ASSERT_NE(decoded, nullptr);
+  EXPECT_EQ(decoded->pixelWidth(), 32);
+  EXPECT_EQ(decoded->scale(), 3);
+  EXPECT_NEAR(redOf(decoded->pixel(4, 4)), 255, 6);
+  EXPECT_NEAR(greenOf(decoded->pixel(28, 4)), 255, 6);
+  EXPECT_NEAR(blueOf(decoded->pixel(4, 28)), 255, 6);
+  EXPECT_EQ(alphaOf(decoded->pixel(4, 4)), 255);
+}
+
+TEST(Jpeg, TransparencyBecomesWhite) {
+  const auto decoded = decodeImage(encodeJpeg(*Canvas({8, 8}, 1).snapshot(), 1));
+  ASSERT_NE(decoded, nullptr);
+  EXPECT_EQ(decoded->pixel(4, 4), 0xFFFFFFFF);
+}
+
+TEST(Jpeg, QualityIsClamped) {
+  const auto image = quarteredImage(64);
+  EXPECT_EQ(encodeJpeg(*image, 100), encodeJpeg(*image, 1));
+  EXPECT_EQ(encodeJpeg(*image, notANumber), encodeJpeg(*image, 1));
+  EXPECT_EQ(encodeJpeg(*image, -3), encodeJpeg(*image, 0));
+  EXPECT_LT(encodeJpeg(*image, 0).size(), encodeJpeg(*image, 1).size());
+}
+
+TEST(Jpeg, CutAnywhereIsRefused) {
+  const std::vector<std::byte> whole = encodeJpeg(*quarteredImage(32), 0.8);
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    EXPECT_EQ(decodeImage(std::span(whole).first(length)), nullptr) << length;
+  }
+}
+
+TEST(Jpeg, DamagedDataNeverCrashes) {
+  const std::vector<std::byte> whole = encodeJpeg(*quarteredImage(32), 0.8);
+  for (std::size_t index = 0; index < whole.size(); ++index) {
+    std::vector<std::byte> damaged = whole;
+    damaged[index] ^= std::byte{0x81};
+    const auto image = decodeImage(damaged);
+    EXPECT_TRUE(!image || image->pixelWidth() <= 65'535) << index;
+  }
+}
+
+TEST(Jpeg, AnnouncingTooManyPixelsIsRefused) { EXPECT_EQ(decodeImage(jpegAnnouncing(30'000, 30'000)), nullptr); }
+
+TEST(Jpeg, AnnouncingMoreRowsThanItHasIsRefused) { EXPECT_EQ(decodeImage(jpegAnnouncing(16, 4000)), nullptr); }
+
+TEST(Jpeg, ColoursForPrintBecomeScreenColours) {
+  const auto decoded = decodeImage(printJpeg({255, 0, 0, 255}));
+  ASSERT_NE(decoded, nullptr);
+  EXPECT_NEAR(redOf(decoded->pixel(3, 3)), 255, 2);
+  EXPECT_NEAR(greenOf(decoded->pixel(3, 3)), 0, 2);
+  EXPECT_EQ(alphaOf(decoded->pixel(3, 3)), 255);
+}
+
+TEST(DecodeImage, RefusesWhatIsNoPicture) {
+  EXPECT_EQ(decodeImage({}), nullptr);
+  EXPECT_EQ(decodeImage(bytesOf("<html>not found</html>")), nullptr);
+  EXPECT_EQ(decodeImage(bytesOf("\x89PNG")), nullptr);
+  EXPECT_EQ(decodeImage(bytesOf("\xFF\xD8\xFF")), nullptr);
+  EXPECT_EQ(decodeImage(bytesOf("GIF89a........")), nullptr);
+}
+
+}  // namespace
+}  // namespace drawing
