@@ -45,7 +45,7 @@ struct Paragraph {
 
 // Lines break at line feeds, at words, and inside a word only where it is longer than a line. One line feed at the very
 // end adds no line. However long the text, only what can be visible is looked at; without a limit of lines or of width
-// that is the first 20,000 characters.
+// that is the first 20,000 characters. A word of more than 200 characters may also break after each 200.
 class TextLayout {
  public:
   // Scale is the screen's pixels per point, the grid to which sizes are rounded up.
