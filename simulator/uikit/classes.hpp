@@ -12,6 +12,7 @@ void defineImage();
 void defineResponder();
 void defineLayer();
 void defineLayoutConstraint();
+void defineLayoutAnchors();
 void defineTraitCollection();
 void defineDevice();
 void defineScreen();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "platform/ui_view.hpp"
@@ -17,5 +18,7 @@ std::shared_ptr<drawing::Canvas> renderView(UIView* view, double scale);
 // picture is still right.
 std::uint64_t displayGeneration();
 void noteDisplayChange();
+// Calls it whenever the screen has to be painted anew, perhaps many times before it is. One at most; null ends it.
+void observeDisplayChanges(std::function<void()> observer);
 
 }  // namespace uikit

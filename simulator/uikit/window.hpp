@@ -13,7 +13,7 @@ struct WindowState {
   WindowState(const WindowState&) = delete;
   WindowState& operator=(const WindowState&) = delete;
 
-  UIWindow* self = nullptr;
+  UIWindow* window = nullptr;  // whose state this is, once it is initialised
   double level = 0;
   objc::Ref<UIViewController> rootViewController;
   // Borrowed: it resigns before it leaves the window.
@@ -34,6 +34,10 @@ UIResponder* firstResponder();
 
 // What +[UIApplication sharedApplication] answers from now on. Kept.
 void setSharedApplication(UIApplication* application);
+
+// All that there are, the hidden ones included, in the order in which they were last shown.
+const std::vector<UIWindow*>& allWindows();
+UIWindow* keyWindow();
 
 // Lays out all that is on the screen.
 void layoutWindows();
