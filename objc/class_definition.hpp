@@ -128,10 +128,12 @@ void defineClassWithState(std::span<const MethodEntry> methods, std::span<const 
   Class superclass = Type::Superclass::classObject();
   Class defined = objc_allocateClassPair(superclass, Type::className, 0);
 
-  static constexpr FieldEntry whole = {"_state", "?", sizeof(Struct), alignof(Struct), 0};
+  // Named after the class: a name that a superclass has already would be refused.
+  static constexpr FieldEntry whole = {Type::className, "?", sizeof(Struct), alignof(Struct), 0};
   if (fields.empty()) fields = std::span<const FieldEntry>(&whole, 1);
   for (const FieldEntry& entry : fields)
-    class_addIvar(defined, entry.name, entry.size, detail::logarithm(entry.alignment), entry.encoding);
+    if (!class_addIvar(defined, entry.name, entry.size, detail::logarithm(entry.alignment), entry.encoding))
+      __builtin_trap();
 
   Lifecycle::superclass = superclass;
   Lifecycle::superMetaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(superclass)));

@@ -1,0 +1,78 @@
+#include "objc/send.hpp"
+
+#include "platform/core_graphics.hpp"
+#include "platform/ns_array.hpp"
+#include "platform/ns_number.hpp"
+#include "platform/ns_string.hpp"
+#include "tests/objc/counted.hpp"
+#include "tests/objc/runtime_environment.hpp"
+
+namespace {
+
+using Message = RuntimeTest;
+
+TEST_F(Message, ToNilGivesZeroOfItsType) {
+  const void* const nothing = nullptr;
+  EXPECT_EQ((objc::send<double, "doubleValue">(nothing)), 0);
+  EXPECT_FALSE((objc::send<bool, "boolValue">(nothing)));
+  EXPECT_EQ((objc::send<NSObject*, "self">(nothing)), nullptr);
+  EXPECT_EQ((objc::send<NSInteger, "integerValue">(nothing)), 0);
+  const auto range = objc::send<NSRange, "range">(nothing);
+  EXPECT_EQ(range.location, 0U);
+  EXPECT_EQ(range.length, 0U);
+  const auto rectangle = objc::send<CGRect, "frame">(nothing);
+  EXPECT_EQ(rectangle.size.width, 0);
+  objc::send<void, "release">(nothing);
+}
+
+TEST_F(Message, ThroughANullPlatformPointerGivesZero) {
+  const auto* const nothing = objc::as<NSNumber>("text"_ns);
+  EXPECT_EQ(nothing->doubleValue(), 0);
+  EXPECT_FALSE(nothing->boolValue());
+}
+
+TEST_F(Message, CarriesArgumentsAndResultsOfEveryKind) {
+  EXPECT_DOUBLE_EQ(NSNumber::numberWithDouble(2.5)->doubleValue(), 2.5);
+  EXPECT_TRUE(NSNumber::numberWithBool(true)->boolValue());
+  const NSRange found = "hello world"_ns->rangeOfString("world"_ns);
+  EXPECT_EQ(found.location, 6U);
+  EXPECT_EQ(found.length, 5U);
+}
+
+TEST_F(Message, AnyByteButZeroIsTrue) {
+  const auto answersTwo = +[](id, SEL) -> unsigned char { return 2; };
+  Class counted = Counted::classObject();
+  class_addMethod(counted, sel_registerName("answersTwo"), objc::toImplementation(answersTwo), "C@:");
+  const auto object = objc::make<Counted>();
+  const bool answer = objc::send<bool, "answersTwo">(object.get());
+  EXPECT_EQ(static_cast<int>(answer), 1);
+}
+
+TEST_F(Message, ConstantStringsAreMadeOnce) {
+  const auto constant = [] { return "one of a kind"_ns; };
+  EXPECT_EQ(constant(), constant());
+  EXPECT_STREQ(constant()->UTF8String(), "one of a kind");
+}
+
+TEST_F(Message, AsTellsTypesApart) {
+  const NSObject* const text = "text"_ns;
+  EXPECT_EQ(objc::as<NSString>(text), text);
+  EXPECT_EQ(objc::as<NSNumber>(text), nullptr);
+  EXPECT_EQ(objc::as<NSString>(nullptr), nullptr);
+  EXPECT_NE(objc::as<NSArray>(NSMutableArray::array()), nullptr);
+}
+
+TEST_F(Message, AnUnknownClassIsNull) {
+  EXPECT_EQ(objc::lookUpClass<"NoSuchClassAnywhere">(), nullptr);
+  class Missing : public objc::Interface<"NoSuchClassAnywhere", NSObject> {};
+  EXPECT_EQ(objc::as<Missing>("text"_ns), nullptr);
+  EXPECT_EQ((objc::send<id, "alloc">(Missing::classObject())), nullptr);
+}
+
+TEST_F(Message, AnswersTellsWhichMessagesAreUnderstood) {
+  EXPECT_TRUE(answers<"length">("text"_ns));
+  EXPECT_FALSE(answers<"subviews">("text"_ns));
+  EXPECT_FALSE(answers<"length">(nullptr));
+}
+
+}  // namespace
