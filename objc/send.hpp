@@ -6,6 +6,9 @@
 #include "objc/encoding.hpp"
 #include "objc/fixed_string.hpp"
 #include "objc/machine.hpp"
+#if defined(BRIM_CHECK_ENCODINGS)
+#include "objc/encoding_check.hpp"
+#endif
 
 namespace objc {
 
@@ -60,6 +63,9 @@ Result send(const void* receiver, Arguments... arguments) {
   } else {
     const id object = detail::identifier(receiver);
     const SEL registered = selector<name>();
+#if defined(BRIM_CHECK_ENCODINGS)
+    detail::checkEncoding(object, registered, MethodEncoding<Result, Arguments...>::value.data());
+#endif
     return detail::call<Result>(implementationFor(object, registered), object, registered, arguments...);
   }
 }

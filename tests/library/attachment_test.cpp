@@ -193,18 +193,15 @@ TEST(Attachment, ApplicationWithoutIconShowsTheNotificationsOwn) {
   Phone phone = phoneWith({});
   const int unknown = phone.present({{"section", "org.example.unknown"}, {"title", "T"}});
   const Json icon = phone.view(unknown, "_appIV");
-  EXPECT_TRUE(icon.value("image", "").find("placeholder") == std::string::npos ||
-              icon.value("image", "").empty())
+  EXPECT_TRUE(icon.value("image", "").find("placeholder") == std::string::npos || icon.value("image", "").empty())
       << icon;
 }
 
 TEST(Attachment, AlarmHasSnoozeAndStop) {
   Phone phone = phoneWith({});
   const Json snooze = {{"key", "snooze"}, {"identifier", "MTAlarmSnoozeAction"}, {"title", "Snooze"}};
-  const int controller = phone.present({{"section", "com.apple.mobiletimer"},
-                                        {"title", "Alarm"},
-                                        {"close", true},
-                                        {"actions", Json::array({snooze})}});
+  const int controller = phone.present(
+      {{"section", "com.apple.mobiletimer"}, {"title", "Alarm"}, {"close", true}, {"actions", Json::array({snooze})}});
   EXPECT_FALSE(phone.view(controller, "_snoozeButton").is_null());
   EXPECT_FALSE(phone.view(controller, "_stopAlarmButton").is_null());
   EXPECT_TRUE(phone.view(controller, "_closeButton").is_null());

@@ -7,13 +7,28 @@
 #include <functional>
 #include <iterator>
 
-#include "simulator/foundation/preference_files.hpp"
-
 namespace test {
 
 namespace {
 
-constexpr const char* domain = "com.marrowgate.brimprefs";
+// Where the phone keeps the preferences domain, in its root.
+constexpr const char* preferencesFile = "var/mobile/Library/GNUstep/Defaults/com.marrowgate.brimprefs.plist";
+
+std::string propertyListValue(const Json& value) {
+  if (value.is_boolean()) return value.get<bool>() ? "<true/>" : "<false/>";
+  if (value.is_number()) return "<integer>" + value.dump() + "</integer>";
+  return "<string>" + value.get<std::string>() + "</string>";
+}
+
+void storePreferences(const std::filesystem::path& root, const std::map<std::string, Json>& settings) {
+  if (settings.empty()) return;
+  const std::filesystem::path path = root / preferencesFile;
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream file(path);
+  file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>\n";
+  for (const auto& [key, value] : settings) file << "<key>" << key << "</key>" << propertyListValue(value) << "\n";
+  file << "</dict></plist>\n";
+}
 
 std::filesystem::path makeFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "brim-XXXXXX").string();
@@ -25,7 +40,7 @@ std::filesystem::path makeFolder() {
 
 Phone::Phone(Setup setup) : folder(makeFolder()) {
   if (setup.options.root.empty()) setup.options.root = folder / "root";
-  foundation::storePreferences(setup.options.root, domain, setup.settings);
+  storePreferences(setup.options.root, setup.settings);
   session.emplace(setup.options);
 }
 

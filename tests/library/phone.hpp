@@ -1,8 +1,9 @@
-// A phone of one's own for a test: a temporary root, started with the options and settings that the test names. A process
-// has one.
+// A phone of one's own for a test: a temporary root, started with the options and settings that the test names. A
+// process has one.
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <optional>

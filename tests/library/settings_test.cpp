@@ -160,17 +160,17 @@ TEST_P(SettingEffect, IsSeenInThePicture) {
 const Json anna = {{"title", "Anna Weber"}, {"message", "One\nTwo\nThree\nFour"}};
 const Json alarmWithoutText = {{"title", "Alarm"}};
 
-INSTANTIATE_TEST_SUITE_P(
-    Visible, SettingEffect,
-    testing::Values(Effect{"backgroundBlur", false, anna}, Effect{"24_h_clock", false, anna},
-                    Effect{"statusbar", false, anna}, Effect{"enableGrabber", false, anna},
-                    Effect{"hide_unless_expanded", true, anna}, Effect{"tinyBanner", true, anna},
-                    Effect{"tinyBannerNoText", true, alarmWithoutText}, Effect{"maxLineCount", 3, anna},
-                    Effect{"containerCornerRadius", 5, anna}, Effect{"appCornerRadius", 4, anna},
-                    Effect{"appSize", 60, anna}, Effect{"containerColor", 3, anna}, Effect{"textAlignment", 3, anna},
-                    Effect{"topOffset", 40, anna}, Effect{"headerFontSize", 22, anna},
-                    Effect{"textFontSize", 20, anna}, Effect{"statusbarFontSize", 11, anna},
-                    Effect{"tinyBannerFontSize", 20, anna, {{"tinyBanner", true}}}));
+INSTANTIATE_TEST_SUITE_P(Visible, SettingEffect,
+                         testing::Values(Effect{"backgroundBlur", false, anna}, Effect{"24_h_clock", false, anna},
+                                         Effect{"statusbar", false, anna}, Effect{"enableGrabber", false, anna},
+                                         Effect{"hide_unless_expanded", true, anna}, Effect{"tinyBanner", true, anna},
+                                         Effect{"tinyBannerNoText", true, alarmWithoutText},
+                                         Effect{"maxLineCount", 3, anna}, Effect{"containerCornerRadius", 5, anna},
+                                         Effect{"appCornerRadius", 4, anna}, Effect{"appSize", 60, anna},
+                                         Effect{"containerColor", 3, anna}, Effect{"textAlignment", 3, anna},
+                                         Effect{"topOffset", 40, anna}, Effect{"headerFontSize", 22, anna},
+                                         Effect{"textFontSize", 20, anna}, Effect{"statusbarFontSize", 11, anna},
+                                         Effect{"tinyBannerFontSize", 20, anna, {{"tinyBanner", true}}}));
 
 TEST(SettingEffect, ButtonsAreInTheTreeOnlyWhenSwitchedOn) {
   Phone phone;

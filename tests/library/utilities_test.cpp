@@ -6,8 +6,8 @@
 #include "library/startup/utilities/ns_string_md5.hpp"
 #include "library/startup/utilities/type_check_helper.hpp"
 #include "library/startup/utilities/ui_view_plon.hpp"
-#include "platform/ns_number.hpp"
 #include "platform/ns_dictionary.hpp"
+#include "platform/ns_number.hpp"
 #include "platform/ui_view_controller.hpp"
 #include "tests/library/phone.hpp"
 

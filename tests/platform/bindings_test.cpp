@@ -1,5 +1,5 @@
-// Walks every message of platform/ and asks the simulator's class whether it answers: a binding that the phone has and the
-// simulator lacks would make a test of the library end the process, or worse, pass.
+// Walks every message of platform/ and asks the simulator's class whether it answers: a binding that the phone has and
+// the simulator lacks would make a test of the library end the process, or worse, pass.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -76,9 +76,9 @@ TEST(Bindings, EveryMessageIsAnsweredByTheSimulatorsClass) {
   const std::vector<Binding> all = bindings();
   ASSERT_GT(all.size(), 150u);
   for (const Binding& binding : all) {
-    const auto target = reinterpret_cast<Class>(binding.receiver == Receiver::Class
-                                                    ? objc_getMetaClass(binding.className.c_str())
-                                                    : objc_getClass(binding.className.c_str()));
+    const auto target =
+        reinterpret_cast<Class>(binding.receiver == Receiver::Class ? objc_getMetaClass(binding.className.c_str())
+                                                                    : objc_getClass(binding.className.c_str()));
     ASSERT_NE(target, nullptr) << "there is no class " << binding.className;
     EXPECT_TRUE(class_respondsToSelector(target, sel_registerName(binding.selector.c_str())))
         << (binding.receiver == Receiver::Class ? "+" : "-") << "[" << binding.className << " " << binding.selector
