@@ -1,12 +1,33 @@
-// The hook function of the phone's code-injection loader. The replaced implementation of an inherited method is the
-// superclass's at the time of the call: hooks on superclasses come first.
+// The hook function of the phone's code-injection loader. What is kept of an inherited method is the superclass's
+// implementation at the time of the call: hooks on superclasses come first.
 #include "objc/machine.hpp"
 
-extern "C" void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced) {
-  if (target == nullptr || selector == nullptr) return;
-  const Method inherited = class_getInstanceMethod(target, selector);
-  if (inherited == nullptr) return;
-  const IMP original = method_getImplementation(inherited);
-  if (replaced != nullptr) *replaced = original;
-  class_replaceMethod(target, selector, replacement, method_getTypeEncoding(inherited));
+namespace {
+
+bool isInherited(Class target, SEL selector, Method method) {
+  Class superclass = class_getSuperclass(target);
+  return superclass != nullptr && class_getInstanceMethod(superclass, selector) == method;
 }
+
+}  // namespace
+
+extern "C" {
+
+void __objc_update_dispatch_table_for_class(Class changed);
+
+void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced) {
+  if (target == nullptr || selector == nullptr) return;
+  const Method method = class_getInstanceMethod(target, selector);
+  if (method == nullptr) return;
+  if (replaced != nullptr) *replaced = method_getImplementation(method);
+  // The runtime's class_replaceMethod would replace an inherited method in the superclass.
+  if (isInherited(target, selector, method)) {
+    class_addMethod(target, selector, replacement, method_getTypeEncoding(method));
+  } else {
+    method_setImplementation(method, replacement);
+  }
+  // The runtime itself renews the table of the one class, and subclasses may have copies.
+  __objc_update_dispatch_table_for_class(target);
+}
+
+}  // extern "C"
