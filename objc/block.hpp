@@ -1,4 +1,5 @@
-// Blocks made from lambdas, and blocks called from C++.
+// Blocks made from lambdas, and blocks called from C++. On the phone the compiler lays them out, as it alone knows how
+// their pointers are signed on each processor; elsewhere the layout is written down here.
 #pragma once
 
 #include <new>
@@ -21,6 +22,9 @@ class Block<Result(Arguments...)> {
   Block(const Block&) = delete;
   Block& operator=(const Block&) = delete;
 
+#if defined(__APPLE__)
+  Result operator()(Arguments... arguments) { return reinterpret_cast<Result (^)(Arguments...)>(this)(arguments...); }
+#else
   Result operator()(Arguments... arguments) { return invoke(this, arguments...); }
 
  private:
@@ -28,6 +32,7 @@ class Block<Result(Arguments...)> {
   [[maybe_unused]] int flags;
   [[maybe_unused]] int reserved;
   Result (*invoke)(void*, Arguments...);
+#endif
 };
 
 // Holds a block. Copies share it.
@@ -61,19 +66,37 @@ class BlockRef {
 
 namespace detail {
 
+template <class Lambda>
+struct LambdaSignature : LambdaSignature<decltype(&Lambda::operator())> {};
+template <class Lambda, class Result, class... Arguments>
+struct LambdaSignature<Result (Lambda::*)(Arguments...) const> {
+  using Type = Result(Arguments...);
+};
+
+template <class Lambda, class Signature>
+struct BlockOf;
+
+#if defined(__APPLE__)
+
+template <class Lambda, class Result, class... Arguments>
+struct BlockOf<Lambda, Result(Arguments...)> {
+  static BlockRef<Result(Arguments...)> make(const Lambda& lambda) {
+    const Lambda captured(lambda);
+    auto onStack = ^Result(Arguments... arguments) {
+      return captured(arguments...);
+    };
+    return BlockRef<Result(Arguments...)>(reinterpret_cast<Block<Result(Arguments...)>*>(onStack));
+  }
+};
+
+#else
+
 struct BlockDescriptor {
   unsigned long reserved;
   unsigned long size;
   void (*copy)(void* destination, const void* source);
   void (*dispose)(const void* block);
   const char* signature;
-};
-
-template <class Lambda>
-struct LambdaSignature : LambdaSignature<decltype(&Lambda::operator())> {};
-template <class Lambda, class Result, class... Arguments>
-struct LambdaSignature<Result (Lambda::*)(Arguments...) const> {
-  using Type = Result(Arguments...);
 };
 
 template <class Lambda, class Signature>
@@ -103,24 +126,34 @@ struct BlockLayout<Lambda, Result(Arguments...)> {
   static constexpr int hasSignature = 1 << 30;
 };
 
+template <class Lambda, class Result, class... Arguments>
+struct BlockOf<Lambda, Result(Arguments...)> {
+  using Layout = BlockLayout<Lambda, Result(Arguments...)>;
+
+  static BlockRef<Result(Arguments...)> make(const Lambda& lambda) {
+    static constexpr BlockDescriptor descriptor = {0, sizeof(Layout), &Layout::copyCaptured, &Layout::disposeCaptured,
+                                                   Layout::signature.data()};
+    Layout onStack;
+    onStack.isa = static_cast<void*>(_NSConcreteStackBlock);
+    onStack.flags = Layout::hasCopyAndDispose | Layout::hasSignature;
+    onStack.reserved = 0;
+    onStack.invoke = &Layout::run;
+    onStack.descriptor = &descriptor;
+    new (onStack.captured) Lambda(lambda);
+    BlockRef<Result(Arguments...)> copied(reinterpret_cast<Block<Result(Arguments...)>*>(&onStack));
+    Layout::disposeCaptured(&onStack);
+    return copied;
+  }
+};
+
+#endif
+
 }  // namespace detail
 
 // A block that calls the lambda. What the lambda captures by value lives and dies with the block.
 template <class Lambda, class Signature = typename detail::LambdaSignature<Lambda>::Type>
 BlockRef<Signature> block(const Lambda& lambda) {
-  using Layout = detail::BlockLayout<Lambda, Signature>;
-  static constexpr detail::BlockDescriptor descriptor = {0, sizeof(Layout), &Layout::copyCaptured,
-                                                         &Layout::disposeCaptured, Layout::signature.data()};
-  Layout onStack;
-  onStack.isa = static_cast<void*>(_NSConcreteStackBlock);
-  onStack.flags = Layout::hasCopyAndDispose | Layout::hasSignature;
-  onStack.reserved = 0;
-  onStack.invoke = &Layout::run;
-  onStack.descriptor = &descriptor;
-  new (onStack.captured) Lambda(lambda);
-  BlockRef<Signature> copied(reinterpret_cast<Block<Signature>*>(&onStack));
-  Layout::disposeCaptured(&onStack);
-  return copied;
+  return detail::BlockOf<Lambda, Signature>::make(lambda);
 }
 
 }  // namespace objc

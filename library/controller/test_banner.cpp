@@ -37,7 +37,7 @@ objc::Ref<BBBulletin> testBulletin() {
 
 // The platform exports the queue wherever a server exists.
 dispatch_queue_t lookUpServerQueue() {
-  void* program = dlopen(nullptr, RTLD_GLOBAL);
+  void* program = dlopen(nullptr, globalSymbols);
   auto* symbol = static_cast<dispatch_queue_t*>(dlsym(program, "__BBServerQueue"));
   const dispatch_queue_t queue = symbol == nullptr ? nullptr : *symbol;
   if (queue != nullptr) dispatch_retain(queue);

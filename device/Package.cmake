@@ -1,0 +1,17 @@
+# The package that installs the library, its filter and its assets on a phone. Two builds give the same bytes: owners,
+# times and order are fixed.
+find_program(DPKG_DEB dpkg-deb REQUIRED)
+
+configure_file(package/control.in ${CMAKE_BINARY_DIR}/control @ONLY)
+
+# Packed at every build: it takes a moment, and the assets are too many files to name.
+add_custom_target(
+  package_file ALL
+  COMMAND ${CMAKE_COMMAND} -DROOT=${CMAKE_BINARY_DIR}/package -DLIBRARY=${library}
+          -DFILTER=${CMAKE_CURRENT_SOURCE_DIR}/package/Brim.plist -DASSETS=${BRIM_ASSET_BUNDLE}
+          -DCONTROL=${CMAKE_BINARY_DIR}/control
+          -DPACKAGE=${CMAKE_BINARY_DIR}/brim_${PROJECT_VERSION}_iphoneos-arm.deb -DDPKG_DEB=${DPKG_DEB} -P
+          ${CMAKE_CURRENT_SOURCE_DIR}/package/assemble.cmake
+  COMMENT "Packing brim_${PROJECT_VERSION}_iphoneos-arm.deb"
+  VERBATIM)
+add_dependencies(package_file dylib assets)

@@ -1,0 +1,27 @@
+# Lays out the package's files and packs them. Everything a file system adds of its own is fixed: modes here, owners,
+# order and the time by dpkg-deb.
+cmake_policy(VERSION 3.25)
+
+file(REMOVE_RECURSE ${ROOT})
+set(libraries ${ROOT}/Library/MobileSubstrate/DynamicLibraries)
+set(support "${ROOT}/Library/Application Support/Brim")
+file(MAKE_DIRECTORY ${ROOT}/DEBIAN ${libraries} ${support})
+file(COPY_FILE ${LIBRARY} ${libraries}/Brim.dylib)
+file(COPY_FILE ${FILTER} ${libraries}/Brim.plist)
+file(COPY_FILE ${CONTROL} ${ROOT}/DEBIAN/control)
+file(COPY ${ASSETS} DESTINATION ${support})
+
+file(GLOB_RECURSE entries LIST_DIRECTORIES true ${ROOT}/*)
+foreach(entry IN LISTS entries ITEMS ${ROOT})
+  if(IS_DIRECTORY ${entry} OR entry STREQUAL "${libraries}/Brim.dylib")
+    file(CHMOD ${entry} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+  else()
+    file(CHMOD ${entry} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+  endif()
+endforeach()
+
+# Every file is newer than this, so this is the time that all of them get. gzip is what every phone's dpkg unpacks.
+set(ENV{SOURCE_DATE_EPOCH} 1577836800)
+execute_process(
+  COMMAND ${DPKG_DEB} --root-owner-group --uniform-compression -Zgzip -z9 --build ${ROOT} ${PACKAGE}
+  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
