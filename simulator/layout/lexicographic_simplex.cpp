@@ -1,0 +1,195 @@
+#include "simulator/layout/lexicographic_simplex.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace layout {
+namespace {
+
+constexpr double smallestPivot = 1e-9;
+constexpr double smallestSlope = 1e-9;
+constexpr double zeroWidth = 1e-9;
+constexpr double tieWidth = 1e-12;
+// So many pivots without movement, and Bland's rule takes over, which cannot cycle.
+constexpr int patience = 16;
+
+}  // namespace
+
+void LexicographicSimplex::reset(std::size_t variables, std::size_t constraints) {
+  tableau_.reset(variables, constraints);
+  costs_.assign(variables + constraints, {});
+  gradient_.assign(variables, 0);
+  pivotCount_ = 0;
+  release();
+}
+
+void LexicographicSimplex::release() {
+  allowed_.assign(costs_.size(), eitherSign);
+  goalOf_.assign(costs_.size(), 0);
+  goalNumber_ = 0;
+}
+
+bool LexicographicSimplex::absorb(Quantity quantity) {
+  if (!tableau_.isBasic(quantity)) return true;
+  const std::size_t row = tableau_.position(quantity);
+  const double* coefficients = tableau_.row(row);
+  std::size_t best = 0;
+  double largest = smallestPivot;
+  for (std::size_t column = 0; column < tableau_.columns(); ++column) {
+    const double size = std::abs(coefficients[column]);
+    if (size <= largest || !tableau_.isVariable(tableau_.nonbasic(column))) continue;
+    best = column;
+    largest = size;
+  }
+  if (largest == smallestPivot) return false;
+  tableau_.pivot(row, best);
+  ++pivotCount_;
+  return true;
+}
+
+double LexicographicSimplex::minimise(std::span<const Quantity> goal) {
+  beginGoal(goal);
+  // Far more than any model needs; it ends the search should rounding ever defeat Bland's rule.
+  const std::size_t limit = pivotCount_ + 50 * (tableau_.rows() + tableau_.columns()) + 1000;
+  int standstill = 0;
+  while (pivotCount_ < limit) {
+    const Rule rule = standstill > patience ? Rule::Bland : Rule::SteepestDescent;
+    computeGradient(goal);
+    const Entering entering = chooseEntering(rule);
+    if (entering.direction == noSign) break;
+    const Leaving leaving = chooseLeaving(entering, rule);
+    if (leaving.row == tableau_.rows()) break;  // a cost cannot fall for ever: the slope was a rounding error
+    standstill = leaving.distance > tieWidth ? 0 : standstill + 1;
+    pivot(leaving, entering);
+  }
+  return cost(goal);
+}
+
+void LexicographicSimplex::beginGoal(std::span<const Quantity> goal) {
+  ++goalNumber_;
+  for (const Quantity quantity : goal) {
+    goalOf_[quantity] = goalNumber_;
+    if (!tableau_.isBasic(quantity)) continue;
+    const double value = tableau_.value(quantity);
+    const bool isNegative = std::abs(value) > zeroWidth ? value < 0 : costs_[quantity].below == 0;
+    allowed_[quantity] = isNegative ? negative : positive;
+  }
+  openColumns_.clear();
+  for (std::uint32_t column = 0; column < tableau_.columns(); ++column) {
+    if (allowed_[tableau_.nonbasic(column)] != noSign) openColumns_.push_back(column);
+  }
+}
+
+void LexicographicSimplex::computeGradient(std::span<const Quantity> goal) {
+  for (const std::uint32_t column : openColumns_) gradient_[column] = 0;
+  for (const Quantity quantity : goal) {
+    if (!tableau_.isBasic(quantity)) continue;
+    const double slope = allowed_[quantity] == negative ? -costs_[quantity].below : costs_[quantity].above;
+    if (slope == 0) continue;
+    const double* coefficients = tableau_.row(tableau_.position(quantity));
+    for (const std::uint32_t column : openColumns_) gradient_[column] += slope * coefficients[column];
+  }
+}
+
+LexicographicSimplex::Entering LexicographicSimplex::chooseEntering(Rule rule) const {
+  Entering best{0, noSign};
+  double steepest = -smallestSlope;
+  const auto consider = [&](std::uint32_t column, Signs direction, double slope) {
+    if (!(slope < -smallestSlope)) return;  // nor when it is no number
+    const bool better = rule == Rule::SteepestDescent
+                            ? slope < steepest
+                            : best.direction == noSign || tableau_.nonbasic(column) < tableau_.nonbasic(best.column);
+    if (!better) return;
+    best = {column, direction};
+    steepest = slope;
+  };
+  for (const std::uint32_t column : openColumns_) {
+    const Quantity quantity = tableau_.nonbasic(column);
+    const Cost own = goalCost(quantity);
+    if ((allowed_[quantity] & positive) != 0) consider(column, positive, own.above + gradient_[column]);
+    if ((allowed_[quantity] & negative) != 0) consider(column, negative, own.below - gradient_[column]);
+  }
+  return best;
+}
+
+LexicographicSimplex::Leaving LexicographicSimplex::chooseLeaving(Entering entering, Rule rule) const {
+  Leaving best{tableau_.rows(), std::numeric_limits<double>::infinity()};
+  double pivotSize = 0;
+  for (std::size_t row = 0; row < tableau_.rows(); ++row) {
+    const double coefficient = tableau_.row(row)[entering.column];
+    const double size = std::abs(coefficient);
+    if (size <= smallestPivot) continue;
+    const Signs heading = (coefficient < 0) == (entering.direction == negative) ? positive : negative;
+    if ((allowed_[tableau_.basic(row)] & heading) != 0) continue;
+    const double room = heading == negative ? tableau_.constant(row) : -tableau_.constant(row);
+    const double distance = std::max(room, 0.0) / size;
+    if (distance > best.distance + tieWidth) continue;
+    if (distance >= best.distance - tieWidth) {
+      const bool preferred = rule == Rule::Bland ? tableau_.basic(row) < tableau_.basic(best.row) : size > pivotSize;
+      if (!preferred) continue;
+    }
+    best = {row, distance};
+    pivotSize = size;
+  }
+  return best;
+}
+
+void LexicographicSimplex::pivot(Leaving leaving, Entering entering) {
+  const Quantity in = tableau_.nonbasic(entering.column);
+  const Quantity out = tableau_.basic(leaving.row);
+  if (goalOf_[in] == goalNumber_) allowed_[in] = entering.direction;
+  if (goalOf_[out] == goalNumber_) allowed_[out] = eitherSign;
+  tableau_.pivot(leaving.row, entering.column);
+  ++pivotCount_;
+}
+
+double LexicographicSimplex::costOf(Quantity quantity) const {
+  const double value = tableau_.value(quantity);
+  return value < 0 ? -value * costs_[quantity].below : value * costs_[quantity].above;
+}
+
+double LexicographicSimplex::cost(std::span<const Quantity> goal) const {
+  double sum = 0;
+  for (const Quantity quantity : goal) sum += costOf(quantity);
+  return sum;
+}
+
+void LexicographicSimplex::keepOptimum(std::span<const Quantity> goal) {
+  // A basic quantity of the goal already is confined to the side it is on. A nonbasic one stays where it is if moving
+  // it has its price.
+  computeGradient(goal);
+  for (const std::uint32_t column : openColumns_) {
+    const Quantity quantity = tableau_.nonbasic(column);
+    const Cost own = goalCost(quantity);
+    if (own.above + gradient_[column] > smallestSlope) allowed_[quantity] &= negative;
+    if (own.below - gradient_[column] > smallestSlope) allowed_[quantity] &= positive;
+  }
+}
+
+void LexicographicSimplex::keepZero(std::span<const Quantity> goal) {
+  for (const Quantity quantity : goal) {
+    const Cost cost = costs_[quantity];
+    allowed_[quantity] = (cost.below > 0 ? noSign : negative) | (cost.above > 0 ? noSign : positive);
+    if (tableau_.isBasic(quantity) && costOf(quantity) > 0) tableau_.constant(tableau_.position(quantity)) = 0;
+  }
+}
+
+bool LexicographicSimplex::isDetermined() const {
+  for (std::size_t column = 0; column < tableau_.columns(); ++column) {
+    if (allowed_[tableau_.nonbasic(column)] != noSign) return false;
+  }
+  return true;
+}
+
+bool LexicographicSimplex::isFeasible() const {
+  for (std::size_t row = 0; row < tableau_.rows(); ++row) {
+    const Signs allowed = allowed_[tableau_.basic(row)];
+    const double value = tableau_.constant(row);
+    if (value < -zeroWidth && (allowed & negative) == 0) return false;
+    if (value > zeroWidth && (allowed & positive) == 0) return false;
+  }
+  return true;
+}
+
+}  // namespace layout
