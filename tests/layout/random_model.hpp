@@ -1,0 +1,79 @@
+// Seeded random constraint models for tests.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <iterator>
+#include <random>
+#include <vector>
+
+#include "simulator/layout/solver.hpp"
+
+namespace layout_test {
+
+struct RandomConstraint {
+  std::vector<layout::Solver::Term> terms;
+  double constant;
+  layout::Solver::Relation relation;
+  float priority;
+
+  double violation(const std::vector<double>& values) const {
+    double sum = constant;
+    for (const auto& term : terms) sum += term.coefficient * values[term.variable];
+    if (relation == layout::Solver::Relation::LessOrEqual) return std::fmax(sum, 0);
+    if (relation == layout::Solver::Relation::GreaterOrEqual) return std::fmax(-sum, 0);
+    return std::fabs(sum);
+  }
+};
+
+struct RandomModel {
+  std::uint32_t variables;
+  std::vector<RandomConstraint> constraints;
+
+  // What a seed gives must not depend on the standard library, so its distributions are not used.
+  static std::uint32_t below(std::mt19937& random, std::uint32_t limit) {
+    return static_cast<std::uint32_t>(random() % limit);
+  }
+
+  static RandomModel make(std::uint32_t seed) {
+    constexpr double coefficients[] = {1, 1, 1, -1, -1, -1, 2, -2, 0.5, -0.25, 3};
+    constexpr float priorities[] = {1000, 1000, 1000, 999, 750, 500, 250, 50};
+    constexpr layout::Solver::Relation relations[] = {layout::Solver::Relation::Equal, layout::Solver::Relation::Equal,
+                                                      layout::Solver::Relation::LessOrEqual,
+                                                      layout::Solver::Relation::GreaterOrEqual};
+    std::mt19937 random(seed);
+    RandomModel model{1 + below(random, 14), {}};
+    const std::uint32_t count = below(random, 2 * model.variables + 4);
+    for (std::uint32_t i = 0; i < count; ++i) {
+      RandomConstraint constraint;
+      const std::uint32_t terms = 1 + below(random, 4);
+      for (std::uint32_t j = 0; j < terms; ++j) {
+        constraint.terms.push_back(
+            {below(random, model.variables), coefficients[below(random, std::size(coefficients))]});
+      }
+      constraint.constant = randomConstant(random);
+      constraint.relation = relations[below(random, std::size(relations))];
+      constraint.priority = priorities[below(random, std::size(priorities))];
+      model.constraints.push_back(constraint);
+    }
+    return model;
+  }
+
+  // Few different ones: ties and degenerate corners are what a solver stumbles over.
+  static double randomConstant(std::mt19937& random) {
+    return below(random, 3) == 0 ? 0 : (static_cast<double>(below(random, 41)) - 20) / 2;
+  }
+
+  void addTo(layout::Solver& solver) const {
+    for (std::uint32_t i = 0; i < variables; ++i) solver.addVariable();
+    for (const auto& each : constraints) solver.add(each.terms, each.constant, each.relation, each.priority);
+  }
+};
+
+inline std::vector<double> values(const layout::Solver& solver, std::uint32_t count) {
+  std::vector<double> result;
+  for (std::uint32_t i = 0; i < count; ++i) result.push_back(solver.value(i));
+  return result;
+}
+
+}  // namespace layout_test

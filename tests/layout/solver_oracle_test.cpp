@@ -1,0 +1,169 @@
+// The solver against an independent linear programming library.
+#include <gtest/gtest.h>
+
+#include <ClpSimplex.hpp>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "simulator/layout/solver.hpp"
+#include "tests/layout/random_model.hpp"
+
+namespace {
+
+using layout::Solver;
+using layout_test::RandomConstraint;
+using layout_test::RandomModel;
+
+// The oracle adds up its slack.
+double precision(double expected) { return 1e-4 * std::fmax(1, std::fabs(expected)); }
+
+// One linear program after another, each of which keeps the optimum of the one before by an added row. All columns are
+// zero or more: a variable is the difference of two, a violation the sum of two.
+class Oracle {
+ public:
+  explicit Oracle(const RandomModel& model) : model_(model) {
+    program_.setLogLevel(0);
+    program_.scaling(0);
+    program_.setPrimalTolerance(1e-9);
+    program_.setDualTolerance(1e-9);
+    for (std::uint32_t i = 0; i < model.variables; ++i) addPair();
+    for (const auto& constraint : model.constraints) addConstraint(constraint);
+    imposeRequired();
+    for (const auto& [priority, constraints] : levels()) costs_[priority] = minimiseLevel(constraints);
+    for (std::uint32_t i = 0; i < model.variables; ++i) bringToZero(i);
+  }
+
+  const std::vector<Solver::Constraint>& conflicts() const { return conflicts_; }
+  const std::vector<double>& values() const { return values_; }
+  const std::map<float, double, std::greater<>>& costs() const { return costs_; }
+
+ private:
+  using Levels = std::map<float, std::vector<int>, std::greater<>>;
+  static constexpr double slack = 1e-7;  // above the tolerance, or rounding makes a later program infeasible
+
+  int above(int pair) const { return 2 * pair; }
+  int below(int pair) const { return 2 * pair + 1; }
+  int violations(std::size_t constraint) const { return static_cast<int>(model_.variables + constraint); }
+
+  void addPair() {
+    for (int i = 0; i < 2; ++i) program_.addColumn(0, nullptr, nullptr, 0, COIN_DBL_MAX, 0);
+  }
+
+  void addConstraint(const RandomConstraint& constraint) {
+    const int pair = program_.numberColumns() / 2;
+    addPair();
+    std::map<int, double> row;
+    for (const auto& term : constraint.terms) {
+      row[above(static_cast<int>(term.variable))] += term.coefficient;
+      row[below(static_cast<int>(term.variable))] -= term.coefficient;
+    }
+    row[above(pair)] = -1;
+    row[below(pair)] = 1;
+    addRow(row, -constraint.constant, -constraint.constant);
+  }
+
+  void addRow(const std::map<int, double>& row, double least, double most) {
+    std::vector<int> columns;
+    std::vector<double> coefficients;
+    for (const auto& [column, coefficient] : row) {
+      columns.push_back(column);
+      coefficients.push_back(coefficient);
+    }
+    program_.addRow(static_cast<int>(columns.size()), columns.data(), coefficients.data(), least, most);
+  }
+
+  // The columns that count as violation.
+  std::vector<int> violating(std::size_t constraint) const {
+    const int pair = violations(constraint);
+    switch (model_.constraints[constraint].relation) {
+      case Solver::Relation::LessOrEqual:
+        return {above(pair)};
+      case Solver::Relation::GreaterOrEqual:
+        return {below(pair)};
+      case Solver::Relation::Equal:
+        break;
+    }
+    return {above(pair), below(pair)};
+  }
+
+  double minimise(const std::vector<int>& columns) {
+    for (int i = 0; i < program_.numberColumns(); ++i) program_.setObjectiveCoefficient(i, 0);
+    for (const int column : columns) program_.setObjectiveCoefficient(column, 1);
+    program_.primal();
+    if (program_.status() != 0) ADD_FAILURE() << "the oracle fails with status " << program_.status();
+    return program_.objectiveValue();
+  }
+
+  void imposeRequired() {
+    for (std::size_t i = 0; i < model_.constraints.size(); ++i) {
+      if (model_.constraints[i].priority < Solver::required) continue;
+      const auto columns = violating(i);
+      if (minimise(columns) > 1e-6) {
+        conflicts_.push_back(static_cast<Solver::Constraint>(i));
+      } else {
+        for (const int column : columns) program_.setColumnUpper(column, 0);
+      }
+    }
+  }
+
+  Levels levels() const {
+    Levels result;
+    for (std::size_t i = 0; i < model_.constraints.size(); ++i) {
+      const float priority = model_.constraints[i].priority;
+      if (priority >= Solver::required) continue;
+      for (const int column : violating(i)) result[priority].push_back(column);
+    }
+    return result;
+  }
+
+  double minimiseLevel(const std::vector<int>& columns) {
+    const double optimum = minimise(columns);
+    std::map<int, double> row;
+    for (const int column : columns) row[column] = 1;
+    addRow(row, -COIN_DBL_MAX, optimum + slack);
+    return optimum;
+  }
+
+  void bringToZero(std::uint32_t variable) {
+    const int pair = static_cast<int>(variable);
+    minimise({above(pair), below(pair)});
+    const double* solution = program_.primalColumnSolution();
+    const double value = solution[above(pair)] - solution[below(pair)];
+    values_.push_back(value);
+    addRow({{above(pair), 1}, {below(pair), -1}}, value - slack, value + slack);
+  }
+
+  const RandomModel& model_;
+  ClpSimplex program_;
+  std::vector<Solver::Constraint> conflicts_;
+  std::map<float, double, std::greater<>> costs_;
+  std::vector<double> values_;
+};
+
+class SolverOracle : public testing::TestWithParam<std::uint32_t> {};
+
+TEST_P(SolverOracle, AgreesOnConflictsCostsAndValues) {
+  for (std::uint32_t seed = GetParam(); seed < GetParam() + 50; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    const RandomModel model = RandomModel::make(seed);
+    Solver solver;
+    model.addTo(solver);
+    solver.solve();
+    const Oracle oracle(model);
+
+    ASSERT_EQ(std::vector(solver.conflicts().begin(), solver.conflicts().end()), oracle.conflicts());
+    const auto values = layout_test::values(solver, model.variables);
+    std::map<float, double> costs;
+    for (const auto& constraint : model.constraints) costs[constraint.priority] += constraint.violation(values);
+    for (const auto& [priority, cost] : oracle.costs()) EXPECT_NEAR(costs[priority], cost, precision(cost)) << priority;
+    for (std::uint32_t i = 0; i < model.variables; ++i)
+      EXPECT_NEAR(values[i], oracle.values()[i], precision(values[i])) << i;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, SolverOracle, testing::Range<std::uint32_t>(0, 800, 50));
+
+}  // namespace
