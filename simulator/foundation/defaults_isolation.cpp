@@ -10,6 +10,7 @@
 
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_string.hpp"
+#include "simulator/foundation/notification_daemon.hpp"
 
 extern "C" {
 NSString* GSDefaultsRootForUser(NSString* user);
@@ -78,11 +79,6 @@ void writeFile(const fs::path& path, const std::string& text) {
   fs::rename(unfinished, path);
 }
 
-void makePrivateFolder(const fs::path& folder) {
-  fs::create_directories(folder);
-  fs::permissions(folder, fs::perms::owner_all);
-}
-
 // Foundation keeps the environment that the process began with; this makes it look again.
 void renewFoundationEnvironment() {
   std::ifstream commandLine("/proc/self/cmdline");
@@ -107,17 +103,14 @@ std::optional<std::string> checkDatabase(const fs::path& folder) {
 std::optional<std::string> isolateDefaults(const fs::path& root) {
   const fs::path folder = root / folderInRoot;
   const fs::path configuration = folder / "GNUstep.conf";
-  const fs::path daemon = daemonFolder(root);
   try {
-    makePrivateFolder(folder / "Defaults");
-    makePrivateFolder(daemon);
+    fs::create_directories(folder / "Defaults");
     writeFile(configuration, configurationText(folder));
+    useDaemonFolder(daemonFolder(root));
   } catch (const fs::filesystem_error& error) {
     return error.path1().string() + ": " + error.code().message();
   }
   setenv("GNUSTEP_CONFIG_FILE", configuration.c_str(), 1);
-  setenv("TEMP", daemon.c_str(), 1);
-  setenv("TMP", daemon.c_str(), 1);
   renewFoundationEnvironment();
   return checkDatabase(folder);
 }

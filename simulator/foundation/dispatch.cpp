@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
 #include <limits>
 #include <mutex>
 
@@ -16,6 +17,8 @@
 
 // The main queue has no serial queue behind it.
 struct dispatch_queue_s {
+  explicit constexpr dispatch_queue_s(foundation::SerialQueue* queue) : serial(queue) {}
+
   foundation::SerialQueue* serial;
 };
 
@@ -52,9 +55,14 @@ std::function<void()> keep(Work* work) {
 
 extern "C" {
 
-dispatch_queue_s _dispatch_main_q = {nullptr};
+constinit dispatch_queue_s _dispatch_main_q(nullptr);
 
-dispatch_queue_t dispatch_queue_create(const char*, void*) { return new dispatch_queue_s{new foundation::SerialQueue}; }
+dispatch_queue_t dispatch_queue_create(const char*, void*) {
+  static std::mutex mutex;
+  static auto& queues = *new std::deque<dispatch_queue_s>;
+  const std::lock_guard lock(mutex);
+  return &queues.emplace_back(new foundation::SerialQueue);
+}
 
 dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds) {
   if (when == DISPATCH_TIME_FOREVER) return when;

@@ -24,7 +24,13 @@ NSMutableDictionary* storedValues(const std::filesystem::path& file) {
   return values;
 }
 
-// nil for what is no value of a property list.
+// Foundation itself stores the description of anything else.
+bool isPropertyListValue(const NSObject* value) {
+  for (const char* name : {"NSString", "NSNumber", "NSData", "NSDate", "NSArray", "NSDictionary"})
+    if (value->isKindOfClass(reinterpret_cast<Class>(objc_getClass(name)))) return true;
+  return false;
+}
+
 NSData* serialized(NSDictionary* values) {
   void* const unwanted = nullptr;
   return objc::send<NSData*, "dataFromPropertyList:format:errorDescription:">(
@@ -57,14 +63,13 @@ std::optional<std::string> writePreference(const std::string& domain, const std:
   NSMutableDictionary* values = storedValues(target.file());
   NSString* const name = NSString::stringWithUTF8String(key.c_str());
   if (name == nullptr) return "the key is not UTF-8";
+  if (value != nullptr && !isPropertyListValue(value)) return "the value of \"" + key + "\" cannot be stored";
   if (value == nullptr) {
     objc::send<void, "removeObjectForKey:">(values, name);
   } else {
     values->setObject(value, name);
   }
-  const NSData* const data = serialized(values);
-  if (data == nullptr) return "the value of \"" + key + "\" cannot be stored";
-  if (!replaceFile(target.file(), data)) return target.file().string() + ": " + std::strerror(errno);
+  if (!replaceFile(target.file(), serialized(values))) return target.file().string() + ": " + std::strerror(errno);
   target.reload();
   return std::nullopt;
 }

@@ -19,18 +19,31 @@ constexpr objc::MethodEntry methods[] = {
     objc::method<"copyWithZone:", &copyWithZone>(),
 };
 
+// Processes that a test starts work in the root of the test.
+constexpr const char* rootVariable = "BRIM_TEST_ROOT";
+
+std::filesystem::path makeFolder() {
+  char name[] = "/tmp/brim-test-XXXXXX";
+  if (mkdtemp(name) == nullptr) throw std::runtime_error("no temporary folder");
+  return name;
+}
+
 class RuntimeEnvironment : public testing::Environment {
  public:
   void SetUp() override {
-    char name[] = "/tmp/brim-test-XXXXXX";
-    if (mkdtemp(name) == nullptr) throw std::runtime_error("no temporary folder");
-    folder = name;
+    if (const char* const ofParent = std::getenv(rootVariable)) {
+      folder = ofParent;
+    } else {
+      folder = makeFolder();
+      setenv(rootVariable, folder.c_str(), 1);
+      // After what the root's own processes do at their end.
+      std::atexit([] { std::filesystem::remove_all(testRoot()); });
+    }
     if (const auto reason = foundation::useRoot(folder, foundation::DefaultsDatabase::OfRoot))
       throw std::runtime_error(*reason);
     foundation::registerClasses();
     defineCounted();
   }
-  void TearDown() override { std::filesystem::remove_all(folder); }
 
   std::filesystem::path folder;
 };

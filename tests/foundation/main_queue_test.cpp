@@ -1,0 +1,258 @@
+#include "simulator/foundation/main_queue.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <chrono>
+#include <cmath>
+#include <limits>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/ns_date.hpp"
+#include "simulator/foundation/run_loop.hpp"
+#include "tests/objc/counted.hpp"
+#include "tests/objc/runtime_environment.hpp"
+
+namespace {
+
+using foundation::ClockMode;
+using foundation::FrameDemand;
+
+class SteppedClock : public RuntimeTest {
+ protected:
+  SteppedClock() { foundation::useClock(ClockMode::Stepped, 1'000'000'000); }
+  // What a test leaves behind must not run in the next.
+  void TearDown() override { foundation::stepClock(1000); }
+
+  void at(double seconds, const std::string& name) {
+    foundation::onMainThreadAfter(seconds,
+                                  [this, name] { log.push_back(name + "@" + std::to_string(foundation::now())); });
+  }
+
+  std::vector<std::string> log;
+};
+using Log = std::vector<std::string>;
+
+TEST_F(SteppedClock, StandsStillUntilStepped) {
+  EXPECT_EQ(foundation::now(), 0);
+  std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  foundation::drainMainQueue();
+  EXPECT_EQ(foundation::now(), 0);
+  foundation::stepClock(2.5);
+  EXPECT_EQ(foundation::now(), 2.5);
+}
+
+TEST_F(SteppedClock, RunsTimersInOrderAtTheirExactTimes) {
+  at(3, "c");
+  at(1, "a");
+  at(2, "b");
+  foundation::stepClock(2);
+  EXPECT_EQ(log, (Log{"a@1.000000", "b@2.000000"}));
+  foundation::stepClock(1);
+  EXPECT_EQ(log.size(), 3U);
+}
+
+TEST_F(SteppedClock, RunsEqualTimesInOrderOfArrival) {
+  for (const char* name : {"first", "second", "third"}) at(1, name);
+  foundation::stepClock(1);
+  EXPECT_EQ(log, (Log{"first@1.000000", "second@1.000000", "third@1.000000"}));
+}
+
+TEST_F(SteppedClock, AddsUpWithoutError) {
+  at(5, "due");
+  for (int step = 0; step < 49; ++step) foundation::stepClock(0.1);
+  EXPECT_TRUE(log.empty());
+  foundation::stepClock(0.1);
+  EXPECT_EQ(log, (Log{"due@5.000000"}));
+  EXPECT_EQ(foundation::now(), 5);
+}
+
+TEST_F(SteppedClock, RunsWorkThatWorkAdded) {
+  foundation::onMainThreadAfter(1, [this] {
+    at(0.5, "nested");
+    foundation::onMainThread([this] { log.push_back("next turn"); });
+  });
+  foundation::stepClock(2);
+  EXPECT_EQ(log, (Log{"next turn", "nested@1.500000"}));
+}
+
+TEST_F(SteppedClock, DrainRunsWhatIsDueWithoutMovingTime) {
+  foundation::onMainThread([this] { log.push_back("now"); });
+  at(0, "zero");
+  at(0.000001, "soon");
+  foundation::drainMainQueue();
+  EXPECT_EQ(log, (Log{"now", "zero@0.000000"}));
+}
+
+TEST_F(SteppedClock, SenselessStepsAndDelaysAreHarmless) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  at(-5, "past");
+  at(std::nan(""), "not a number");
+  at(infinity, "never");
+  for (const double step : {-1.0, std::nan(""), infinity}) foundation::stepClock(step);
+  EXPECT_EQ(foundation::now(), 0);
+  EXPECT_EQ(log, (Log{"past@0.000000", "not a number@0.000000"}));
+  EXPECT_TRUE(foundation::mainQueueIsIdle());
+}
+
+TEST_F(SteppedClock, FramesComeSixtyTimesASecondWhileDemanded) {
+  std::vector<double> times;
+  foundation::addFrameObserver([&](double now) {
+    times.push_back(now);
+    return times.size() < 60 ? FrameDemand::More : FrameDemand::Done;
+  });
+  foundation::stepClock(10);
+  ASSERT_EQ(times.size(), 60U);
+  for (std::size_t frame = 0; frame < times.size(); ++frame)
+    EXPECT_NEAR(times[frame], static_cast<double>(frame + 1) / 60, 1e-9);
+  EXPECT_EQ(times.back(), 1);
+  EXPECT_EQ(foundation::now(), 10);
+}
+
+TEST_F(SteppedClock, AFrameObserverIsAskedAtTheNextFrame) {
+  foundation::stepClock(0.01);
+  double asked = 0;
+  foundation::addFrameObserver([&](double now) {
+    asked = now;
+    return FrameDemand::Done;
+  });
+  foundation::stepClock(0.001);
+  EXPECT_EQ(asked, 0);
+  foundation::stepClock(1);
+  EXPECT_NEAR(asked, 1.0 / 60, 1e-9);
+}
+
+TEST_F(SteppedClock, ObserversAddedDuringAFrameWaitForTheNext) {
+  double inner = 0;
+  foundation::addFrameObserver([&](double) {
+    foundation::addFrameObserver([&](double now) {
+      inner = now;
+      return FrameDemand::Done;
+    });
+    return FrameDemand::Done;
+  });
+  foundation::stepClock(1);
+  EXPECT_NEAR(inner, 2.0 / 60, 1e-9);
+}
+
+TEST_F(SteppedClock, TimersComeBeforeAFrameOfTheSameTime) {
+  foundation::addFrameObserver([this](double now) {
+    log.push_back("frame");
+    return now < 1 ? FrameDemand::More : FrameDemand::Done;
+  });
+  at(1, "timer");
+  foundation::stepClock(1);
+  ASSERT_EQ(log.size(), 61U);
+  EXPECT_EQ(log[59], "timer@1.000000");
+  EXPECT_EQ(log[60], "frame");
+}
+
+TEST_F(SteppedClock, KnowsWhenNothingIsLeft) {
+  EXPECT_TRUE(foundation::mainQueueIsIdle());
+  at(1, "work");
+  EXPECT_FALSE(foundation::mainQueueIsIdle());
+  foundation::stepClock(1);
+  EXPECT_TRUE(foundation::mainQueueIsIdle());
+  foundation::addFrameObserver([](double) { return FrameDemand::Done; });
+  EXPECT_FALSE(foundation::mainQueueIsIdle());
+}
+
+TEST_F(SteppedClock, ALongStepCostsNothingWhenNothingHappens) {
+  const auto start = std::chrono::steady_clock::now();
+  for (int step = 0; step < 10000; ++step) foundation::stepClock(5);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
+  EXPECT_EQ(foundation::now(), 50000);
+}
+
+TEST_F(SteppedClock, DatesShowItsTime) {
+  foundation::stepClock(1.5);
+  EXPECT_EQ(foundation::unixTimeNow(), 1'000'000'001.5);
+  EXPECT_NEAR((objc::send<double, "timeIntervalSince1970">(NSDate::date())), 1'000'000'001.5, 1e-6);
+  EXPECT_NEAR((objc::send<double, "timeIntervalSinceReferenceDate">(NSDate::classObject())),
+              1'000'000'001.5 - 978307200, 1e-6);
+}
+
+TEST_F(SteppedClock, EveryPieceOfWorkHasItsPool) {
+  foundation::onMainThread([] { objc::autorelease(objc::make<Counted>()); });
+  foundation::onMainThread([this] { log.push_back(std::to_string(livingObjects())); });
+  foundation::drainMainQueue();
+  EXPECT_EQ(log, (Log{"0"}));
+}
+
+TEST_F(SteppedClock, TakesWorkFromOtherThreads) {
+  std::thread([this] { foundation::onMainThread([this] { log.push_back("posted"); }); }).join();
+  EXPECT_TRUE(log.empty());
+  foundation::drainMainQueue();
+  EXPECT_EQ(log, (Log{"posted"}));
+}
+
+TEST_F(SteppedClock, ChangingTheClockKeepsTheRemainingDelays) {
+  foundation::stepClock(100);
+  at(2, "kept");
+  foundation::useClock(ClockMode::Stepped, 5);
+  EXPECT_EQ(foundation::unixTimeNow(), 5);
+  foundation::stepClock(2);
+  EXPECT_EQ(log, (Log{"kept@2.000000"}));
+}
+
+class RealClock : public RuntimeTest {
+ protected:
+  RealClock() { foundation::useClock(ClockMode::Real, 0); }
+
+  static void runFor(double seconds) {
+    bool done = false;
+    foundation::onMainThreadAfter(seconds, [&] { done = true; });
+    foundation::runMainQueueUntil([&] { return done; });
+  }
+  static long wakeUps() {
+    rusage usage = {};
+    getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_nvcsw;
+  }
+};
+
+TEST_F(RealClock, RunsTimersInOrderAndNotEarly) {
+  std::vector<int> order;
+  const double start = foundation::now();
+  foundation::onMainThreadAfter(0.02, [&] { order.push_back(2); });
+  foundation::onMainThreadAfter(0.01, [&] { order.push_back(1); });
+  runFor(0.03);
+  EXPECT_EQ(order, (std::vector<int>{1, 2}));
+  EXPECT_GE(foundation::now() - start, 0.03);
+}
+
+TEST_F(RealClock, SleepsBetweenEvents) {
+  runFor(0.001);
+  const long before = wakeUps();
+  runFor(0.3);
+  EXPECT_LT(wakeUps() - before, 10);
+}
+
+TEST_F(RealClock, IsWokenByOtherThreads) {
+  bool done = false;
+  const double start = foundation::now();
+  std::thread poster([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    foundation::onMainThread([&] { done = true; });
+  });
+  foundation::runMainQueueUntil([&] { return done; });
+  poster.join();
+  EXPECT_GE(foundation::now() - start, 0.02);
+}
+
+TEST_F(RealClock, FramesComeAtTheScreensRate) {
+  int frames = 0;
+  foundation::addFrameObserver([&](double) { return ++frames < 12 ? FrameDemand::More : FrameDemand::Done; });
+  const double start = foundation::now();
+  foundation::runMainQueueUntil([&] { return frames == 12; });
+  EXPECT_GE(foundation::now() - start, 11.0 / 60);
+}
+
+TEST_F(RealClock, DatesShowTheRealTime) {
+  const auto real = std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+  EXPECT_NEAR((objc::send<double, "timeIntervalSince1970">(NSDate::date())), real, 5);
+}
+
+}  // namespace
