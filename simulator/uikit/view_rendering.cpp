@@ -37,7 +37,12 @@ CGFloat alpha(UIView* self) { return record(self).layer.opacity.model(); }
 void setAlpha(UIView* self, CGFloat alpha) { setOpacity(record(self).layer, alpha); }
 
 bool isHidden(UIView* self) { return record(self).layer.hidden; }
-void setViewHidden(UIView* self, bool hidden) { setHidden(record(self).layer, hidden); }
+// The view around may be one that leaves hidden ones out of its arrangement.
+void setViewHidden(UIView* self, bool hidden) {
+  if (record(self).layer.hidden == hidden) return;
+  setHidden(record(self).layer, hidden);
+  if (UIView* around = record(self).superview; around != nullptr) setNeedsLayout(around);
+}
 
 bool clipsToBounds(UIView* self) { return record(self).layer.masksToBounds; }
 void setClipsToBounds(UIView* self, bool clips) { setMasksToBounds(record(self).layer, clips); }

@@ -1,0 +1,16 @@
+// How the view tree tells of texts.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <vector>
+
+#include "platform/ui_label.hpp"
+#include "simulator/drawing/text_layout.hpp"
+
+namespace uikit {
+
+nlohmann::ordered_json describeFont(const drawing::Font& font);
+nlohmann::ordered_json describeRuns(const std::vector<drawing::Run>& runs);
+const char* nameOf(NSTextAlignment alignment);
+
+}  // namespace uikit

@@ -1,0 +1,17 @@
+// A Foundation string's text as UTF-8, whatever is in it.
+#pragma once
+
+#include <string>
+
+#include "platform/ns_string.hpp"
+
+namespace uikit {
+
+// The range's part that lies in the text; half of a surrogate pair becomes U+FFFD. Empty for nil.
+std::string utf8(const NSString* text, NSRange range);
+inline std::string utf8(const NSString* text) { return utf8(text, {0, NSNotFound}); }
+
+// More text than any view shows, in UTF-16 units: what lies beyond need not be looked at.
+inline constexpr NSUInteger mostVisibleUnits = 40'000;
+
+}  // namespace uikit
