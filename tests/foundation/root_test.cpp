@@ -102,6 +102,15 @@ TEST_F(Root, IsNotLedAwayByTheUsersOwnConfiguration) {
   EXPECT_TRUE(fs::exists(testRoot() / "var/mobile/Library/GNUstep/Defaults/org.example.led-away.plist"));
 }
 
+TEST_F(Root, WithTheUsersDatabaseLeavesTheEnvironmentAlone) {
+  const std::string before = std::getenv("GNUSTEP_CONFIG_FILE");
+  const fs::path other = testRoot() / "other-root";
+  EXPECT_EQ(foundation::useRoot(other, foundation::DefaultsDatabase::OfUser), std::nullopt);
+  EXPECT_EQ(foundation::pathUnderRoot("/var/mobile"), fs::canonical(other).string() + "/var/mobile");
+  EXPECT_EQ(std::getenv("GNUSTEP_CONFIG_FILE"), before);
+  EXPECT_EQ(foundation::useRoot(testRoot(), foundation::DefaultsDatabase::OfUser), std::nullopt);
+}
+
 TEST_F(Root, ThatCannotBeMadeIsAnError) {
   const auto reason = foundation::useRoot("/proc/no/such/root", foundation::DefaultsDatabase::OfRoot);
   ASSERT_NE(reason, std::nullopt);

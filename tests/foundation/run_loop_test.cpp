@@ -1,7 +1,6 @@
 #include "simulator/foundation/run_loop.hpp"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
@@ -122,30 +121,12 @@ NSNotificationCenter* distributedCenter() {
   return objc::send<NSNotificationCenter*, "defaultCenter">(objc::lookUpClass<"NSDistributedNotificationCenter">());
 }
 
-constexpr const char* posterVariable = "BRIM_TEST_POST";
-
-// The test's program runs itself as the other process.
-void postFromAnotherProcess(const std::string& text) {
-  const std::string command = std::string(posterVariable) + "=" + text + " /proc/" + std::to_string(getpid()) +
-                              "/exe --gtest_filter=DistributedPoster.*" +
-                              " --gtest_also_run_disabled_tests > /dev/null";
-  EXPECT_EQ(std::system(command.c_str()), 0);
-}
-
-class DistributedPoster : public RuntimeTest {};
-
-TEST_F(DistributedPoster, DISABLED_Posts) {
-  NSMutableDictionary* const information = NSMutableDictionary::dictionaryWithCapacity(1);
-  information->setObject(NSString::stringWithUTF8String(std::getenv(posterVariable)), "text"_ns);
-  distributedCenter()->post("BrimTestDistributed"_ns, information);
-}
-
 TEST_F(RunLoop, LetsInDistributedNotificationsOfOtherProcesses) {
   static constexpr objc::MethodEntry methods[] = {objc::method<"receive:", &receive>()};
   objc::defineClass<TestListener>(methods);
   const auto listener = objc::make<TestListener>();
   distributedCenter()->addObserver(listener, objc::selector<"receive:">(), "BrimTestDistributed"_ns);
-  postFromAnotherProcess("hello");
+  EXPECT_EQ(std::system(POST_DISTRIBUTED " BrimTestDistributed hello"), 0);
   const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(30);
   while (heard.empty() && std::chrono::steady_clock::now() < limit) foundation::pumpFoundation(0.1);
   distributedCenter()->removeObserver(listener, "BrimTestDistributed"_ns);
