@@ -1,0 +1,53 @@
+// The library calls what its stubs list, all of it and nothing else.
+#include "tests/device/allowed_symbols.hpp"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <fstream>
+#include <map>
+
+#include "tests/device/built_files.hpp"
+#include "tests/device/command_output.hpp"
+#include "tests/device/fixups.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::map<std::string, std::string> imports() {
+  std::map<std::string, std::string> found;
+  for (const device::Bind& bind : device::binds(device::MachFile::read(device::builtLibrary())))
+    found[bind.symbol] = bind.library;
+  return found;
+}
+
+TEST(AllowedSymbols, AreAllImportedEachFromItsLibrary) {
+  std::map<std::string, std::string> allowed;
+  for (const device::AllowedSymbol& each : device::allowedSymbols()) allowed[each.symbol] = each.library;
+  EXPECT_EQ(imports(), allowed);
+}
+
+TEST(AllowedSymbols, EachHaveAReason) {
+  for (const device::AllowedSymbol& each : device::allowedSymbols()) EXPECT_GT(each.reason.size(), 8U) << each.symbol;
+}
+
+TEST(AllowedSymbols, AnyOtherFailsTheLinkByName) {
+  std::string folder = (fs::temp_directory_path() / "brim-link-XXXXXX").string();
+  ASSERT_NE(mkdtemp(folder.data()), nullptr);
+  std::ofstream(folder + "/stray.cpp") << "extern \"C\" int system(const char*);\n"
+                                          "extern \"C\" int stray() { return system(\"\"); }\n";
+  const std::string compile =
+      "clang++-14 -target arm64-apple-ios11.2 -c -o " + folder + "/stray.o " + folder + "/stray.cpp";
+  const std::string link = "ld64.lld-14 -arch arm64 -platform_version ios 11.2 13.0 -dylib -o " + folder +
+                           "/stray.dylib " + folder + "/stray.o " + device::sourceFolder().string() +
+                           "/device/stubs/*.tbd";
+  const device::CommandOutput compiled = device::outputOf(compile);
+  EXPECT_EQ(compiled.status, 0) << compiled.text;
+  const device::CommandOutput linked = device::outputOf(link);
+  EXPECT_NE(linked.status, 0);
+  EXPECT_NE(linked.text.find("undefined symbol: _system"), std::string::npos) << linked.text;
+  fs::remove_all(folder);
+}
+
+}  // namespace

@@ -1,0 +1,165 @@
+// The library's file as a phone's linker and kernel would judge it.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+
+#include "tests/device/built_files.hpp"
+#include "tests/device/code_signature.hpp"
+#include "tests/device/fixups.hpp"
+
+namespace {
+
+using device::CommandKind;
+using device::MachFile;
+using device::Protection;
+using device::SectionType;
+using device::Segment;
+
+// In bytes. What a phone maps into two processes at their start has to stay small.
+constexpr std::uintmax_t sizeBudget = 256 * 1024;
+
+const MachFile& library() {
+  static const MachFile file = MachFile::read(device::builtLibrary());
+  return file;
+}
+
+std::size_t count(CommandKind kind) {
+  return static_cast<std::size_t>(std::count(library().commands.begin(), library().commands.end(), kind));
+}
+
+TEST(LibraryFile, IsADynamicLibraryForArm64) {
+  EXPECT_EQ(library().processor, 0x0100000cU);
+  EXPECT_EQ(library().processorVariant, 0U);
+  EXPECT_EQ(library().fileType, 6U);
+}
+
+TEST(LibraryFile, RunsFromSystemVersion11_2On) {
+  EXPECT_EQ(count(CommandKind::MinimumSystemVersion), 1U);
+  EXPECT_EQ(library().minimumSystem, device::version(11, 2));
+  EXPECT_EQ(library().builtFor, device::version(13, 0));
+}
+
+TEST(LibraryFile, KnowsWhereItIsInstalled) {
+  EXPECT_EQ(library().installName, "/Library/MobileSubstrate/DynamicLibraries/Brim.dylib");
+}
+
+TEST(LibraryFile, LoadsThePlatformsLibrariesAndNoCppRuntime) {
+  std::vector<std::string> loaded = library().libraries;
+  std::sort(loaded.begin(), loaded.end());
+  EXPECT_EQ(loaded, (std::vector<std::string>{"/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate",
+                                              "/System/Library/Frameworks/AudioToolbox.framework/AudioToolbox",
+                                              "/System/Library/Frameworks/UIKit.framework/UIKit",
+                                              "/usr/lib/libSystem.B.dylib", "/usr/lib/libobjc.A.dylib"}));
+}
+
+TEST(LibraryFile, HasOnlyLoadCommandsThatSystemVersion11_2Knows) {
+  for (const CommandKind kind : library().commands) {
+    switch (kind) {
+      case CommandKind::SymbolTable:
+      case CommandKind::DynamicSymbolTable:
+      case CommandKind::LoadLibrary:
+      case CommandKind::LibraryIdentity:
+      case CommandKind::Segment64:
+      case CommandKind::Uuid:
+      case CommandKind::CodeSignature:
+      case CommandKind::EncryptionInformation64:
+      case CommandKind::MinimumSystemVersion:
+      case CommandKind::FunctionStarts:
+      case CommandKind::DynamicLinkerInformation:
+        break;
+      default:
+        ADD_FAILURE() << "load command 0x" << std::hex << static_cast<std::uint32_t>(kind);
+    }
+  }
+}
+
+TEST(LibraryFile, HasClassicFixups) {
+  EXPECT_EQ(count(CommandKind::DynamicLinkerInformation), 1U);
+  EXPECT_GT(device::rebases(library()).size(), 100U);
+  EXPECT_GT(device::binds(library()).size(), 30U);
+  EXPECT_EQ(library().linkerInformation.weakBinds.size, 0U);
+}
+
+TEST(LibraryFile, LiesOnThePagesOfThePhonesMemory) {
+  constexpr std::uint64_t page = 0x4000;
+  for (const Segment& segment : library().segments) {
+    EXPECT_EQ(segment.address % page, 0U) << segment.name;
+    EXPECT_EQ(segment.size % page, 0U) << segment.name;
+    EXPECT_EQ(segment.fileOffset % page, 0U) << segment.name;
+    EXPECT_LE(segment.fileSize, segment.size) << segment.name;
+  }
+  const Segment& last = library().segments.back();
+  EXPECT_EQ(last.name, "__LINKEDIT");
+  EXPECT_EQ(last.fileOffset + last.fileSize, library().bytes.size());
+}
+
+TEST(LibraryFile, IsNeverChangedInItsText) {
+  EXPECT_EQ(library().relocationCount, 0U);
+  for (const Segment& segment : library().segments) {
+    EXPECT_FALSE(segment.allows(Protection::Write) && segment.allows(Protection::Execute)) << segment.name;
+    for (const device::Section& section : segment.sections) EXPECT_EQ(section.relocationCount, 0U) << section.name;
+  }
+  for (const std::uint64_t address : device::rebases(library()))
+    EXPECT_TRUE(library().segmentAt(address).allows(Protection::Write)) << std::hex << address;
+  for (const device::Bind& bind : device::binds(library()))
+    EXPECT_TRUE(library().segmentAt(bind.address).allows(Protection::Write)) << bind.symbol;
+}
+
+TEST(LibraryFile, HasExactlyOneStartUpRoutine) {
+  const auto initialisers = library().sectionsOfType(SectionType::Initialisers);
+  ASSERT_EQ(initialisers.size(), 1U);
+  EXPECT_EQ(initialisers.front().size, sizeof(std::uint64_t));
+  EXPECT_TRUE(library().sectionsOfType(SectionType::InitialiserOffsets).empty());
+  EXPECT_TRUE(library().sectionsOfType(SectionType::Finalisers).empty());
+}
+
+TEST(LibraryFile, HasNoVariablesOfThreads) {
+  for (const Segment& segment : library().segments)
+    for (const device::Section& section : segment.sections)
+      EXPECT_TRUE(section.type < SectionType::FirstThreadLocal || section.type > SectionType::LastThreadLocal)
+          << section.name;
+}
+
+TEST(LibraryFile, ExportsWhatTellsOfItAndNothingElse) {
+  std::vector<std::string> exported;
+  for (const device::Export& each : device::exports(library())) {
+    exported.push_back(each.symbol);
+    EXPECT_TRUE(library().segmentAt(each.address).allows(Protection::Execute)) << each.symbol;
+  }
+  std::sort(exported.begin(), exported.end());
+  EXPECT_EQ(exported, (std::vector<std::string>{"_brim_installed_methods", "_brim_settings"}));
+}
+
+TEST(LibraryFile, IsSignedPageByPage) {
+  constexpr std::uint32_t adHoc = 0x2;
+  constexpr std::uint8_t sha256 = 2;
+  const device::CodeSignature signature = device::codeSignature(library());
+  EXPECT_NE(signature.flags & adHoc, 0U);
+  EXPECT_EQ(signature.digestType, sha256);
+  EXPECT_EQ(signature.signedSize, library().codeSignature.offset);
+  ASSERT_GT(signature.writtenDigests.size(), 10U);
+  EXPECT_EQ(signature.writtenDigests, signature.computedDigests);
+}
+
+TEST(LibraryFile, StaysWithinItsSize) {
+  const std::uintmax_t size = library().bytes.size();
+  std::cout << "Brim.dylib: " << size << " bytes of " << sizeBudget << "\n";
+  EXPECT_LE(size, sizeBudget);
+}
+
+TEST(LibraryFile, ThatIsCutShortIsRefused) {
+  std::vector<std::uint8_t> bytes = library().bytes;
+  bytes.resize(600);
+  EXPECT_THROW(MachFile{bytes}, std::runtime_error);
+  EXPECT_THROW(MachFile({}), std::runtime_error);
+}
+
+TEST(LibraryFile, WithAChangedPageNoLongerMatchesItsSignature) {
+  std::vector<std::uint8_t> bytes = library().bytes;
+  bytes[5000] ^= 1;
+  const device::CodeSignature signature = device::codeSignature(MachFile(bytes));
+  EXPECT_NE(signature.writtenDigests, signature.computedDigests);
+}
+
+}  // namespace

@@ -1,0 +1,108 @@
+// The package as a phone's dpkg would unpack it.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "tests/device/built_files.hpp"
+#include "tests/device/command_output.hpp"
+#include "tests/device/mach_file.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* librariesFolder = "Library/MobileSubstrate/DynamicLibraries";
+constexpr const char* assetBundle = "Library/Application Support/Brim/Assets.bundle";
+
+std::string dpkgDeb(const std::string& arguments) {
+  const device::CommandOutput output = device::outputOf("dpkg-deb " + arguments);
+  EXPECT_EQ(output.status, 0) << output.text;
+  return output.text;
+}
+
+std::string field(const std::string& name) {
+  std::string value = dpkgDeb("--field " + device::builtPackage().string() + " " + name);
+  value.erase(std::remove(value.begin(), value.end(), '\n'), value.end());
+  return value;
+}
+
+// The package's files, unpacked into a folder that goes with it.
+class Unpacked {
+ public:
+  Unpacked() : folder(makeFolder()) { dpkgDeb("--extract " + device::builtPackage().string() + " " + folder.string()); }
+  ~Unpacked() {
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+  }
+  Unpacked(const Unpacked&) = delete;
+  Unpacked& operator=(const Unpacked&) = delete;
+
+  const fs::path folder;
+
+ private:
+  static fs::path makeFolder() {
+    std::string pattern = (fs::temp_directory_path() / "brim-package-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder can be made");
+    return pattern;
+  }
+};
+
+std::string textOf(const fs::path& path) {
+  const auto bytes = device::contentsOf(path);
+  return {bytes.begin(), bytes.end()};
+}
+
+TEST(Package, NamesWhatItNeeds) {
+  EXPECT_EQ(field("Package"), "com.marrowgate.brim");
+  EXPECT_EQ(field("Version"), BRIM_VERSION);
+  EXPECT_EQ(field("Architecture"), "iphoneos-arm");
+  EXPECT_EQ(field("Depends"), "firmware (>= 11.2), mobilesubstrate, ws.hbang.common");
+}
+
+TEST(Package, BringsTheLibraryThatWasBuilt) {
+  const Unpacked package;
+  EXPECT_EQ(device::contentsOf(package.folder / librariesFolder / "Brim.dylib"),
+            device::contentsOf(device::builtLibrary()));
+}
+
+TEST(Package, BringsAFilterThatNamesTheHomeScreenAndMessages) {
+  const Unpacked package;
+  const std::string filter = textOf(package.folder / librariesFolder / "Brim.plist");
+  EXPECT_EQ(filter, "{ Filter = { Bundles = ( \"com.apple.springboard\", \"com.apple.MobileSMS\" ); }; }\n");
+}
+
+TEST(Package, BringsTheAssetsWhereTheLibraryLooksForThem) {
+  const Unpacked package;
+  const fs::path bundle = package.folder / assetBundle;
+  EXPECT_TRUE(fs::exists(bundle / "Info.plist"));
+  EXPECT_TRUE(fs::exists(bundle / "en.lproj/Localizable.strings"));
+  EXPECT_TRUE(fs::exists(bundle / "zh-Hant.lproj/Localizable.strings"));
+  for (const char* colour : {"black", "white"})
+    for (const char* glyph :
+         {"whatsapp", "imessages", "twitter", "slack", "discord", "instagram", "facebook_messenger", "telegram"})
+      for (const char* suffix : {".png", "@2x.png", "@3x.png"})
+        EXPECT_GT(fs::file_size(bundle / "glyphs" / colour / (std::string(glyph) + suffix)), 100U)
+            << colour << " " << glyph << suffix;
+}
+
+TEST(Package, GivesEverythingToRootAndWritesNothingForOthers) {
+  std::istringstream lines(dpkgDeb("--contents " + device::builtPackage().string()));
+  int entries = 0;
+  for (std::string line; std::getline(lines, line); ++entries) {
+    EXPECT_NE(line.find(" root/root "), std::string::npos) << line;
+    const std::string mode = line.substr(0, 10);
+    const bool isExecutable = mode[0] == 'd' || line.ends_with("/Brim.dylib");
+    EXPECT_EQ(mode.substr(1), isExecutable ? "rwxr-xr-x" : "rw-r--r--") << line;
+  }
+  EXPECT_GT(entries, 60);
+}
+
+TEST(Package, OfTwoBuildsIsTheSameToTheByte) {
+  EXPECT_EQ(device::contentsOf(device::secondBuild() / "Brim.dylib"), device::contentsOf(device::builtLibrary()));
+  EXPECT_EQ(device::contentsOf(device::secondBuild() / device::packageName()),
+            device::contentsOf(device::builtPackage()));
+}
+
+}  // namespace
