@@ -1,0 +1,63 @@
+#include "simulator/springboard/classes.hpp"
+
+#include "objc/autorelease_pool.hpp"
+#include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/banner_window.hpp"
+#include "simulator/springboard/bulletin_server.hpp"
+#include "simulator/springboard/feedback.hpp"
+#include "simulator/springboard/grabber.hpp"
+#include "simulator/springboard/home_screen.hpp"
+#include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/notification_request.hpp"
+#include "simulator/springboard/notification_view.hpp"
+#include "simulator/springboard/notification_view_controller.hpp"
+#include "simulator/springboard/placeholder_digest.hpp"
+#include "simulator/springboard/springboard_application.hpp"
+#include "simulator/springboard/status_bar.hpp"
+#include "simulator/springboard/touch_through.hpp"
+#include "simulator/uikit/environment.hpp"
+#include "simulator/uikit/window.hpp"
+
+namespace springboard {
+
+namespace {
+
+objc::Ref<UIWindow> makeHomeWindow() {
+  auto window = UIView::withFrame<UIWindow>({{}, uikit::environment().device.screen});
+  const auto homeScreen = objc::make<SBHomeScreenViewController>();
+  objc::send<void, "setRootViewController:">(window.get(), homeScreen.get());
+  window->makeKeyAndVisible();
+  return window;
+}
+
+}  // namespace
+
+void registerClasses() {
+  const objc::AutoreleasePool pool;
+  defineNotificationRequest();
+  defineTouchThroughView();
+  defineShortLookView();
+  defineNotificationView();
+  defineNotificationViewControllers();
+  defineBannerWindow();
+  defineStatusBar();
+  defineHomeScreen();
+  defineLockScreen();
+  defineGrabber();
+  defineApplication();
+  defineBulletinServer();
+  defineFeedback();
+}
+
+void start(const std::filesystem::path& applicationArtwork) {
+  const objc::AutoreleasePool pool;
+  registerApplications(applicationArtwork);
+  installPlaceholderDigest();
+  uikit::setSharedApplication(objc::make<SpringBoard>());
+  const auto homeWindow = makeHomeWindow();
+  makeStatusBar();
+  makeBannerWindow(homeWindow);
+  startBulletinServer();
+}
+
+}  // namespace springboard

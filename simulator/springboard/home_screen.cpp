@@ -1,0 +1,127 @@
+#include "simulator/springboard/home_screen.hpp"
+
+#include <algorithm>
+#include <span>
+#include <string>
+
+#include "platform/ui_label.hpp"
+#include "platform/ui_visual_effect_view.hpp"
+#include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/json_objects.hpp"
+#include "simulator/uikit/environment.hpp"
+
+namespace springboard {
+
+namespace {
+
+using Applications = std::span<const std::string>;
+
+constexpr std::size_t columns = 4;
+constexpr CGFloat iconSide = 60;
+constexpr CGFloat iconCornerRadius = 13.5;
+constexpr CGFloat labelHeight = 16;
+constexpr CGFloat labelGap = 5;
+constexpr CGFloat sideMargin = 27;
+constexpr CGFloat gridTop = 28;
+constexpr CGFloat rowPitch = 96;
+constexpr CGFloat dockHeight = 92;
+constexpr CGFloat dockMargin = 11;
+constexpr CGFloat dockCornerRadius = 30;
+
+void addLabel(UIView* parent, const std::string& name, CGRect icon) {
+  auto label = UIView::withFrame<UILabel>(
+      {{icon.origin.x - 10, icon.origin.y + iconSide + labelGap}, {iconSide + 20, labelHeight}});
+  label->setText(stringOf(name));
+  label->setFont(UIFont::systemFontOfSize(12));
+  label->setTextColor(UIColor::withRed(1, 1, 1, 1));
+  label->setTextAlignment(NSTextAlignment::Center);
+  parent->addSubview(label);
+}
+
+void addIcon(UIView* parent, const std::string& application, CGRect frame) {
+  auto icon = UIView::withFrame<UIImageView>(frame);
+  icon->setImage(iconOf(stringOf(application)));
+  icon->layer()->setCornerRadius(iconCornerRadius);
+  icon->layer()->setContinuousCorners(true);
+  icon->setClipsToBounds(true);
+  parent->addSubview(icon);
+}
+
+// The place of the icon in a row of four, in the direction of reading.
+CGFloat columnLeft(std::size_t index, CGFloat width, CGFloat margin) {
+  std::size_t column = index % columns;
+  if (uikit::environment().direction == uikit::LayoutDirection::RightToLeft) column = columns - 1 - column;
+  const CGFloat gap = (width - 2 * margin - columns * iconSide) / (columns - 1);
+  return margin + static_cast<CGFloat>(column) * (iconSide + gap);
+}
+
+void addGrid(UIView* view, Applications applications, CGFloat top) {
+  for (std::size_t index = 0; index < applications.size(); ++index) {
+    const CGFloat row = static_cast<CGFloat>(index / columns);
+    const CGRect frame = {{columnLeft(index, view->bounds().size.width, sideMargin), top + row * rowPitch},
+                          {iconSide, iconSide}};
+    addIcon(view, applications[index], frame);
+    addLabel(view, nameOf(applications[index]), frame);
+  }
+}
+
+// A rounded tray above the home indicator, or the full width where there is none.
+void addDock(UIView* view, Applications applications) {
+  const bool rounded = uikit::environment().device.safeArea.bottom > 0;
+  const CGFloat margin = rounded ? dockMargin : 0;
+  const CGSize screen = view->bounds().size;
+  auto dock = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Light));
+  dock->setFrame({{margin, screen.height - dockHeight - margin}, {screen.width - 2 * margin, dockHeight}});
+  dock->layer()->setCornerRadius(rounded ? dockCornerRadius : 0);
+  dock->layer()->setContinuousCorners(true);
+  dock->setClipsToBounds(true);
+  view->addSubview(dock);
+  for (std::size_t index = 0; index < applications.size(); ++index)
+    addIcon(view, applications[index],
+            {{columnLeft(index, screen.width, sideMargin), dock->frame().origin.y + (dockHeight - iconSide) / 2},
+             {iconSide, iconSide}});
+}
+
+objc::Ref<UIImageView> makeWallpaper(const CGRect& screen) {
+  auto view = UIView::withFrame<UIImageView>(screen);
+  view->setContentMode(UIViewContentMode::ScaleAspectFill);
+  view->setBackgroundColor(UIColor::withRed(0.13, 0.25, 0.42, 1));
+  view->setImage(wallpaper());
+  return view;
+}
+
+void loadView(SBHomeScreenViewController* self) {
+  const host::DeviceProfile& device = uikit::environment().device;
+  const CGRect screen = {{}, device.screen};
+  auto view = UIView::withFrame<UIView>(screen);
+  objc::state(self).wallpaper = makeWallpaper(screen);
+  view->addSubview(objc::state(self).wallpaper);
+
+  const Applications all = installedApplications();
+  const std::size_t inDock = std::min(all.size(), columns);
+  addGrid(view, all.first(all.size() - inDock), device.safeArea.top + gridTop);
+  addDock(view, all.last(inDock));
+  objc::send<void, "setView:">(self, view.get());
+}
+
+void viewDidLoad(SBHomeScreenViewController* self) {
+  objc::sendSuper<"SBHomeScreenViewController", void, "viewDidLoad">(self);
+}
+
+void traitCollectionDidChange(SBHomeScreenViewController* self, UITraitCollection* previous) {
+  objc::sendSuper<"SBHomeScreenViewController", void, "traitCollectionDidChange:">(self, previous);
+  objc::state(self).wallpaper->setImage(wallpaper());
+}
+
+}  // namespace
+
+void defineHomeScreen() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"loadView", &loadView>(),
+      objc::method<"viewDidLoad", &viewDidLoad>(),
+      objc::method<"traitCollectionDidChange:", &traitCollectionDidChange>(),
+  };
+  objc::defineClassWithState<SBHomeScreenViewController>(methods);
+}
+
+}  // namespace springboard

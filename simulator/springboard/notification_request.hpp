@@ -1,0 +1,155 @@
+// Notification requests: what an application asks the platform to show, and the actions that go with it.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "objc/class_definition.hpp"
+#include "platform/nc_notification_request.hpp"
+#include "platform/ns_date.hpp"
+#include "platform/ui_image.hpp"
+
+// The texts and pictures of a request. Each may be nil.
+class NCNotificationContent : public objc::Interface<"NCNotificationContent", NSObject> {
+ public:
+  NSString* title() const { return objc::send<NSString*, "title">(this); }
+  NSString* subtitle() const { return objc::send<NSString*, "subtitle">(this); }
+  NSString* message() const { return objc::send<NSString*, "message">(this); }
+  NSString* summary() const { return objc::send<NSString*, "summary">(this); }
+  NSArray* icons() const { return objc::send<NSArray*, "icons">(this); }
+  NSDate* date() const { return objc::send<NSDate*, "date">(this); }
+};
+
+// The sender's own view of its notification: the way to its user info.
+class UNNotificationContent : public objc::Interface<"UNNotificationContent", NSObject> {};
+class UNNotificationRequest : public objc::Interface<"UNNotificationRequest", NSObject> {};
+class UNNotification : public objc::Interface<"UNNotification", NSObject> {};
+
+struct NotificationActionState {
+  objc::Ref<NSString> identifier;
+  objc::Ref<NSString> title;
+  bool acceptsText = false;
+};
+template <>
+struct objc::StateOf<NCNotificationAction> {
+  using Type = NotificationActionState;
+};
+
+struct NotificationOptionsState {
+  bool dismissAutomatically = true;
+};
+template <>
+struct objc::StateOf<NCNotificationOptions> {
+  using Type = NotificationOptionsState;
+};
+
+struct NotificationContentState {
+  objc::Ref<NSString> title;
+  objc::Ref<NSString> subtitle;
+  objc::Ref<NSString> message;
+  objc::Ref<NSString> summary;
+  objc::Ref<NSArray> icons;
+  objc::Ref<NSDate> date;
+};
+template <>
+struct objc::StateOf<NCNotificationContent> {
+  using Type = NotificationContentState;
+};
+
+struct UserNotificationContentState {
+  objc::Ref<NSString> title;
+  objc::Ref<NSString> subtitle;
+  objc::Ref<NSString> body;
+  objc::Ref<NSString> threadIdentifier;
+  objc::Ref<NSDictionary> userInfo;
+};
+template <>
+struct objc::StateOf<UNNotificationContent> {
+  using Type = UserNotificationContentState;
+};
+
+struct UserNotificationRequestState {
+  objc::Ref<NSString> identifier;
+  objc::Ref<UNNotificationContent> content;
+};
+template <>
+struct objc::StateOf<UNNotificationRequest> {
+  using Type = UserNotificationRequestState;
+};
+
+struct UserNotificationState {
+  objc::Ref<NSDate> date;
+  objc::Ref<UNNotificationRequest> request;
+};
+template <>
+struct objc::StateOf<UNNotification> {
+  using Type = UserNotificationState;
+};
+
+struct NotificationRequestState {
+  objc::Ref<NSString> sectionIdentifier;
+  objc::Ref<NSString> threadIdentifier;
+  objc::Ref<NSString> notificationIdentifier;
+  objc::Ref<NSDate> timestamp;
+  objc::Ref<NCNotificationContent> content;
+  objc::Ref<NCNotificationAction> defaultAction;
+  objc::Ref<NCNotificationAction> clearAction;
+  objc::Ref<NCNotificationAction> silenceAction;
+  objc::Ref<NCNotificationAction> closeAction;
+  objc::Ref<NSDictionary> supplementaryActions;
+  objc::Ref<NCNotificationOptions> options;
+  objc::Ref<UNNotification> userNotification;
+};
+template <>
+struct objc::StateOf<NCNotificationRequest> {
+  using Type = NotificationRequestState;
+};
+
+namespace springboard {
+
+// One of the sender's own actions, filed under a key such as "NCNotificationActionEnvironmentDefault".
+struct ActionDescription {
+  std::string key;
+  std::optional<std::string> identifier;
+  std::optional<std::string> title;
+  bool acceptsText = false;
+};
+
+enum class AutomaticDismissal { Allowed, Forbidden, Unspecified };
+
+// A notification in plain values.
+struct NotificationDescription {
+  std::string section;
+  std::optional<std::string> thread;
+  std::optional<std::string> title;
+  std::optional<std::string> subtitle;
+  std::optional<std::string> message;
+  std::optional<std::string> summary;
+  nlohmann::ordered_json userInfo = nlohmann::ordered_json::object();
+  std::vector<ActionDescription> actions;
+  bool hasClearAction = true;
+  bool hasCloseAction = false;
+  bool hasSilenceAction = false;
+  // Unspecified: a request without options.
+  AutomaticDismissal automaticDismissal = AutomaticDismissal::Allowed;
+  // Seconds since 1970; now when nothing is said.
+  std::optional<double> date;
+};
+
+// The picture is the notification's own icon; nil for the application's.
+objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& description, UIImage* icon);
+
+// The same request with other texts, as a sender's follow-up arrives. Nothing keeps the text there was.
+struct FollowUp {
+  std::optional<std::string> title;
+  std::optional<std::string> subtitle;
+  std::optional<std::string> message;
+  std::optional<std::string> summary;
+};
+objc::Ref<NCNotificationRequest> followUpOf(NCNotificationRequest* request, const FollowUp& texts);
+
+void defineNotificationRequest();
+
+}  // namespace springboard

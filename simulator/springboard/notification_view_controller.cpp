@@ -1,0 +1,147 @@
+#include "simulator/springboard/notification_view_controller.hpp"
+
+#include "platform/ui_window.hpp"
+#include "simulator/host/event_log.hpp"
+#include "simulator/springboard/banner_gestures.hpp"
+#include "simulator/springboard/banner_presenter.hpp"
+#include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_view.hpp"
+
+namespace springboard {
+
+namespace {
+
+using Controller = NCNotificationViewController;
+using ShortLookController = NCNotificationShortLookViewController;
+using ContentContainer = NCNotificationContentContainerViewController;
+
+void record(const char* event, const Controller* controller) {
+  host::recordEvent(event, {{"controller", numberOfBanner(controller)}});
+}
+
+void finish(objc::Block<void(bool)>* completion) {
+  if (completion != nullptr) (*completion)(true);
+}
+
+// NCNotificationViewController
+
+Controller* initWithRequest(Controller* self, NCNotificationRequest* request) {
+  self = objc::sendSuper<"NCNotificationViewController", Controller*, "init">(self);
+  if (self != nullptr) objc::state(self).request = objc::retain(request);
+  return self;
+}
+
+NCNotificationRequest* notificationRequest(Controller* self) { return objc::state(self).request; }
+
+// The platform carries an action out by handing it to the sender; opening the application is its own part.
+void executeAction(Controller* self, NCNotificationAction* action, NSDictionary* parameters, bool animated) {
+  host::recordEvent(
+      "action",
+      {{"identifier", jsonOf(action->identifier())}, {"parameters", jsonOf(parameters)}, {"animated", animated}});
+  const NotificationRequestState& request = objc::state(objc::state(self).request.get());
+  if (action != nullptr && action == request.defaultAction)
+    objc::send<bool, "launchApplicationWithIdentifier:suspended:">(UIApplication::sharedApplication(),
+                                                                   request.sectionIdentifier.get(), false);
+}
+
+void presentLongLook(Controller* self, bool, NSInteger, objc::Block<void(bool)>* completion) {
+  record("longlook", self);
+  finish(completion);
+}
+
+// What is presented for a banner on screen takes its place.
+void presentController(Controller* self, UIViewController* presented, bool, objc::Block<void()>* completion) {
+  record("present", self);
+  if (auto* banner = objc::as<ShortLookController>(presented)) presentBanner(banner);
+  if (completion != nullptr) (*completion)();
+}
+
+// NCNotificationShortLookViewController
+
+void loadView(ShortLookController* self) {
+  const auto content = makeShortLookView(self->notificationRequest());
+  const auto view = makeNotificationView(content);
+  addGestures(self, view);
+  objc::send<void, "setView:">(self, view.get());
+}
+
+void viewDidLoad(ShortLookController* self) {
+  objc::sendSuper<"NCNotificationShortLookViewController", void, "viewDidLoad">(self);
+}
+
+void traitCollectionDidChange(ShortLookController* self, UITraitCollection* previous) {
+  objc::sendSuper<"NCNotificationShortLookViewController", void, "traitCollectionDidChange:">(self, previous);
+  recolorShortLookView(contentViewOf(self->view()));
+}
+
+void handleTap(ShortLookController* self, NSObject*) {
+  self->askDelegateToExecuteAction(objc::state(objc::state<Controller>(self).request.get()).defaultAction,
+                                   NSDictionary::dictionary(), true);
+  self->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
+}
+
+void dismiss(ShortLookController* self, NSInteger transition, objc::Block<void(bool)>* completion) {
+  dismissBanner(self, transition, completion);
+}
+
+void presentLongLookForScroll(ShortLookController* self, bool, objc::Block<void(bool)>* completion) {
+  record("longlook", self);
+  finish(completion);
+}
+
+void presentLongLookByClick(ShortLookController* self, NSObject*) { record("longlook", self); }
+
+// NCNotificationContentContainerViewController
+
+ContentContainer* initContainerWithRequest(ContentContainer* self, NCNotificationRequest* request) {
+  if (request == nullptr) {
+    objc::releaseObject(self);
+    return nullptr;
+  }
+  self = objc::sendSuper<"NCNotificationContentContainerViewController", ContentContainer*, "init">(self);
+  if (self != nullptr) objc::state(self).request = objc::retain(request);
+  return self;
+}
+
+bool containerTakesTouches(ContentContainer*) { return false; }
+
+bool performAction(ContentContainer*, NCNotificationAction* action, NCNotificationRequest*, NSDictionary*) {
+  return action != nullptr;
+}
+
+}  // namespace
+
+objc::Ref<ShortLookController> makeShortLookController(NCNotificationRequest* request) {
+  return objc::adopt(
+      objc::send<ShortLookController*, "initWithNotificationRequest:">(objc::allocate<ShortLookController>(), request));
+}
+
+void defineNotificationViewControllers() {
+  static constexpr objc::MethodEntry controller[] = {
+      objc::method<"initWithNotificationRequest:", &initWithRequest>(),
+      objc::method<"notificationRequest", &notificationRequest>(),
+      objc::method<"_askDelegateToExecuteAction:withParameters:animated:", &executeAction>(),
+      objc::method<"presentLongLookAnimated:trigger:completion:", &presentLongLook>(),
+      objc::method<"presentViewController:animated:completion:", &presentController>(),
+  };
+  static constexpr objc::MethodEntry shortLook[] = {
+      objc::method<"loadView", &loadView>(),
+      objc::method<"viewDidLoad", &viewDidLoad>(),
+      objc::method<"traitCollectionDidChange:", &traitCollectionDidChange>(),
+      objc::method<"_handleTapOnView:", &handleTap>(),
+      objc::method<"dismissViewControllerWithTransition:completion:", &dismiss>(),
+      objc::method<"_presentLongLookForScrollAnimated:completion:", &presentLongLookForScroll>(),
+      objc::method<"_presentLongLookViaClickPresentationInteraction:", &presentLongLookByClick>(),
+      objc::method<"_handlePanOnView:", &handlePan>(),
+  };
+  static constexpr objc::MethodEntry container[] = {
+      objc::method<"initWithNotificationRequest:", &initContainerWithRequest>(),
+      objc::method<"userInteractionEnabled", &containerTakesTouches>(),
+      objc::method<"performAction:forNotification:withUserInfo:", &performAction>(),
+  };
+  objc::defineClassWithState<Controller>(controller);
+  objc::defineClass<ShortLookController>(shortLook);
+  objc::defineClassWithState<ContentContainer>(container);
+}
+
+}  // namespace springboard
