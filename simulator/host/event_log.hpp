@@ -15,5 +15,7 @@ nlohmann::ordered_json takeEvents();
 
 // How many events of that name have been recorded since the process began, taken or not. Any thread.
 std::size_t countOfEvents(std::string_view name);
+// The same for events of any name.
+std::size_t countOfEvents();
 
 }  // namespace host

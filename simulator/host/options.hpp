@@ -5,7 +5,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <variant>
 
 namespace host {
@@ -41,9 +40,5 @@ std::variant<Options, HelpRequest, OptionError> parseOptions(std::span<const cha
 
 // The text that --help prints: every option with its meaning and default.
 std::string helpText();
-
-// "2020-03-14", "2020-03-14T09:41", with seconds, fractions of them, and "Z" or an offset such as "+02:00"; without an
-// offset it is the local time zone's. Nothing for what is no date.
-std::optional<double> parseIsoTime(std::string_view text);
 
 }  // namespace host

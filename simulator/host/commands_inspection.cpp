@@ -1,0 +1,98 @@
+// Commands that look: at controllers, settings, hooks, view trees, events and the screen.
+#include <string>
+
+#include "simulator/drawing/image.hpp"
+#include "simulator/host/banner_state.hpp"
+#include "simulator/host/command.hpp"
+#include "simulator/host/controllers.hpp"
+#include "simulator/host/event_log.hpp"
+#include "simulator/host/phone.hpp"
+#include "simulator/springboard/status_bar.hpp"
+#include "simulator/uikit/describe.hpp"
+#include "simulator/uikit/environment.hpp"
+#include "simulator/uikit/renderer.hpp"
+#include "simulator/uikit/window.hpp"
+
+namespace host {
+
+namespace {
+
+constexpr double largestScale = 8;
+
+const FieldType scale = {"a number above 0, at most 8", [](const Json& value) {
+                           return value.is_number() && value.get<double>() > 0 && value.get<double>() <= largestScale;
+                         }};
+
+Json state(const Json& command) { return stateOfBanner(bannerNumber(command["controller"])); }
+
+Json valueOf(const BrimSetting& setting) {
+  if (setting.type == BrimSettingType::Bool) return *static_cast<const bool*>(setting.variable);
+  return *static_cast<const NSInteger*>(setting.variable);
+}
+
+Json settings(const Json&) {
+  Json values = Json::object();
+  for (const BrimSetting& setting : librarySettings()) values[setting.key] = valueOf(setting);
+  return {{"settings", values}};
+}
+
+Json hooks(const Json&) {
+  Json rows = Json::array();
+  for (const BrimInstalledMethod& method : installedMethods())
+    rows.push_back({{"class", method.className},
+                    {"selector", method.selector},
+                    {"kind", method.kind == objc::RowKind::Hook ? "hook" : "add"},
+                    {"encoding", method.encoding},
+                    {"effective", method.effective}});
+  return {{"rows", rows}};
+}
+
+Json tree(const Json& command) {
+  Json windows = Json::array();
+  if (command.contains("controller")) {
+    windows.push_back(uikit::describeTree(controllerHeld(command["controller"])->view()));
+  } else {
+    for (UIWindow* window : uikit::visibleWindows()) windows.push_back(uikit::describeTree(window));
+  }
+  return {{"windows", windows}};
+}
+
+Json log(const Json&) { return {{"events", takeEvents()}}; }
+
+std::shared_ptr<drawing::Canvas> picture(const Json& command) {
+  springboard::refreshStatusBar();
+  const double pixelsPerPoint = command.value("scale", uikit::environment().device.scale);
+  if (!command.contains("crop")) return uikit::renderScreen(pixelsPerPoint);
+  UIView* banner = visibleBanner(controllerOnScreen(command["crop"]));
+  if (banner == nullptr) throw CommandError("the controller's banner shows nothing to crop to");
+  return uikit::renderView(banner, pixelsPerPoint);
+}
+
+Json screenshot(const Json& command) {
+  const std::string path = command["path"];
+  const auto canvas = picture(command);
+  if (canvas == nullptr) throw CommandError("the controller's banner is outside the screen");
+  if (const auto failure = drawing::writePng(canvas->surface(), path))
+    throw CommandError("the picture " + path + " could not be written: " + *failure);
+  return nullptr;
+}
+
+}  // namespace
+
+std::span<const Command> inspectionCommands() {
+  static constexpr Field controllerField[] = {{"controller", field::integer, Need::Required}};
+  static constexpr Field treeFields[] = {{"controller", field::integer}};
+  static constexpr Field screenshotFields[] = {
+      {"path", field::nonEmptyText, Need::Required}, {"scale", scale}, {"crop", field::integer}};
+  static constexpr Command commands[] = {
+      {"state", controllerField, &state, "what the controller says of its banner and dismissal"},
+      {"settings", {}, &settings, "every settings variable with its value as the library holds it"},
+      {"hooks", {}, &hooks, "what was installed, in order"},
+      {"tree", treeFields, &tree, "the view trees of all windows, or of one controller"},
+      {"log", {}, &log, "the events since the last log"},
+      {"screenshot", screenshotFields, &screenshot, "a picture of the screen, or of a controller's banner, as a PNG"},
+  };
+  return commands;
+}
+
+}  // namespace host

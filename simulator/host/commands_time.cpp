@@ -1,0 +1,98 @@
+// Commands that let time pass: the stepped clock's, or real time for what other threads and processes do.
+#include <cmath>
+#include <map>
+
+#include "objc/autorelease_pool.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/foundation/run_loop.hpp"
+#include "simulator/host/command.hpp"
+#include "simulator/host/deadline.hpp"
+#include "simulator/host/event_log.hpp"
+
+namespace host {
+
+namespace {
+
+constexpr double longestWait = 31'536'000;
+constexpr double longestRealWait = 600;
+constexpr double defaultRealWait = 10;
+// How long one look for news from outside may take.
+constexpr double secondsOfOneLook = 0.01;
+// The phone is idle when nothing has come from outside for this long.
+constexpr double quietSeconds = 0.2;
+
+bool isNumberUpTo(const Json& value, double most) {
+  return value.is_number() && value.get<double>() >= 0 && value.get<double>() <= most;
+}
+
+const FieldType steppedSeconds = {"a number of seconds from 0 to a year (31536000)",
+                                  [](const Json& value) { return isNumberUpTo(value, longestWait); }};
+const FieldType realSeconds = {"a number of seconds from 0 to 600",
+                               [](const Json& value) { return isNumberUpTo(value, longestRealWait); }};
+constexpr const char* awaitables[] = {"photo", "message", "http", "idle"};
+const FieldType awaitable = {"photo, message, http or idle",
+                             [](const Json& value) { return isOneOf(value, awaitables); }};
+
+void letNewsIn() {
+  const objc::AutoreleasePool pool;
+  foundation::pumpFoundation(secondsOfOneLook);
+  foundation::drainMainQueue();
+}
+
+Json wait(const Json& command) {
+  foundation::pumpFoundation();
+  foundation::stepClock(command["seconds"].get<double>());
+  foundation::pumpFoundation();
+  return nullptr;
+}
+
+// Events of a kind that an earlier await has answered for.
+std::size_t& answeredEvents(const std::string& kind) {
+  static std::map<std::string, std::size_t> answered;
+  return answered[kind];
+}
+
+void awaitEvent(const std::string& kind, const Deadline& deadline) {
+  letNewsIn();
+  while (countOfEvents(kind) <= answeredEvents(kind)) {
+    if (deadline.hasPassed()) throw CommandError("no " + kind + " came within the limit");
+    letNewsIn();
+  }
+  answeredEvents(kind) = countOfEvents(kind);
+}
+
+void awaitQuiet(const Deadline& deadline) {
+  Deadline quiet(quietSeconds);
+  for (std::size_t seen = countOfEvents(); !quiet.hasPassed();) {
+    if (deadline.hasPassed()) throw CommandError("the phone was not idle within the limit");
+    letNewsIn();
+    if (countOfEvents() == seen) continue;
+    seen = countOfEvents();
+    quiet = Deadline(quietSeconds);
+  }
+}
+
+Json await(const Json& command) {
+  const std::string kind = command["for"];
+  const Deadline deadline(command.value("seconds", defaultRealWait));
+  if (kind == "idle") {
+    awaitQuiet(deadline);
+  } else {
+    awaitEvent(kind, deadline);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::span<const Command> timeCommands() {
+  static constexpr Field waitFields[] = {{"seconds", steppedSeconds, Need::Required}};
+  static constexpr Field awaitFields[] = {{"for", awaitable, Need::Required}, {"seconds", realSeconds}};
+  static constexpr Command commands[] = {
+      {"wait", waitFields, &wait, "the clock is stepped: timers, the main queue, animations at 60 frames a second"},
+      {"await", awaitFields, &await, "real time passes until a photo, message or http answer came, or all is quiet"},
+  };
+  return commands;
+}
+
+}  // namespace host

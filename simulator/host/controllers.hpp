@@ -1,0 +1,21 @@
+// Banners by the numbers that scripts give.
+#pragma once
+
+#include "simulator/host/command.hpp"
+#include "simulator/springboard/banner_presenter.hpp"
+
+namespace host {
+
+// A number that was given to a banner. Throws CommandError for any other.
+std::size_t bannerNumber(const Json& value);
+
+// The controller of a banner that is there still: on screen, or on its way out of memory. Throws CommandError.
+objc::Ref<NCNotificationShortLookViewController> controllerHeld(const Json& value);
+
+// The controller of a banner that is on screen. Throws CommandError.
+objc::Ref<NCNotificationShortLookViewController> controllerOnScreen(const Json& value);
+
+// The newest banner on screen. Throws CommandError where there is none.
+objc::Ref<NCNotificationShortLookViewController> newestControllerOnScreen();
+
+}  // namespace host

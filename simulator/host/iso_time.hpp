@@ -1,0 +1,18 @@
+// Points in time as ISO 8601 text.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+// "2020-03-14", "2020-03-14T09:41", with seconds, fractions of them, and "Z" or an offset such as "+02:00"; without an
+// offset it is in the phone's time zone: that of the environment's TZ, or UTC. In seconds since 1970; nothing for what
+// is no date.
+std::optional<double> parseIsoTime(std::string_view text);
+
+// In universal time, with milliseconds.
+std::string isoTime(double unixTime);
+
+}  // namespace host

@@ -1,0 +1,168 @@
+#include "simulator/host/options.hpp"
+
+#include <cstdlib>
+#include <regex>
+#include <vector>
+
+#include "simulator/host/device_profiles.hpp"
+#include "simulator/host/iso_time.hpp"
+
+namespace host {
+
+namespace {
+
+// Nothing on success, else what would have been right.
+using Complaint = std::optional<std::string>;
+
+// One row of the command line: the parser and --help read the same table.
+struct OptionRow {
+  const char* name;
+  const char* valueName;  // null for an option without a value
+  std::string meaning;
+  Complaint (*apply)(Options& options, const std::string& value);
+};
+
+std::string deviceNames() {
+  std::string names;
+  for (const DeviceProfile& profile : deviceProfiles())
+    names += (names.empty() ? "" : ", ") + std::string(profile.name);
+  return names;
+}
+
+Complaint setRoot(Options& options, const std::string& value) {
+  if (value.empty()) return "a folder";
+  options.root = value;
+  return std::nullopt;
+}
+
+Complaint setDevice(Options& options, const std::string& value) {
+  for (const DeviceProfile& profile : deviceProfiles()) {
+    if (profile.name != value) continue;
+    options.device = value;
+    return std::nullopt;
+  }
+  return "one of " + deviceNames();
+}
+
+Complaint setSystem(Options& options, const std::string& value) {
+  static const std::regex pattern(R"((\d{1,2})(\.\d{1,2}){0,2})");
+  if (!std::regex_match(value, pattern) || std::atoi(value.c_str()) < 11)
+    return "a system version of 11.0 or later, such as 11.4, 12.4 or 13.5";
+  options.systemVersion = value;
+  return std::nullopt;
+}
+
+Complaint setAppearance(Options& options, const std::string& value) {
+  if (value != "light" && value != "dark") return "light or dark";
+  options.appearance = value == "light" ? StartAppearance::Light : StartAppearance::Dark;
+  return std::nullopt;
+}
+
+Complaint setLocale(Options& options, const std::string& value) {
+  static const std::regex pattern(R"([a-z]{2,3}([_-][A-Z][a-z]{3})?([_-]([A-Z]{2}|\d{3}))?)");
+  if (!std::regex_match(value, pattern)) return "a language and a region, such as en_US, de_DE or ar_EG";
+  options.locale = value;
+  for (char& character : options.locale)
+    if (character == '-') character = '_';
+  return std::nullopt;
+}
+
+Complaint setTime(Options& options, const std::string& value) {
+  options.time = parseIsoTime(value);
+  if (!options.time) return "a date and time, such as 2020-03-14T09:41 or 2020-03-14T09:41:00Z";
+  return std::nullopt;
+}
+
+Complaint leaveLibraryOut(Options& options, const std::string&) {
+  options.library = LibraryUse::Absent;
+  return std::nullopt;
+}
+
+Complaint setScript(Options& options, const std::string& value) {
+  if (value.empty()) return "a file, or - for standard input";
+  options.script = value;
+  return std::nullopt;
+}
+
+Complaint setDemonstration(Options& options, const std::string& value) {
+  if (value.empty()) return "a folder";
+  options.demonstration = value;
+  return std::nullopt;
+}
+
+const std::vector<OptionRow>& optionTable() {
+  static const std::vector<OptionRow> table = {
+      {"--root", "DIR",
+       "the folder that stands for the phone's file system, made with its defaults when missing (default: brim/root in "
+       "the "
+       "user's data folder)",
+       &setRoot},
+      {"--device", "NAME", deviceNames() + " (default: " + Options().device + ")", &setDevice},
+      {"--system", "VERSION", "the system's version, 11.0 or later (default: " + Options().systemVersion + ")",
+       &setSystem},
+      {"--appearance", "STYLE", "light or dark, at start (default: light)", &setAppearance},
+      {"--locale", "ID", "language and region, such as de_DE or ar_EG (default: " + Options().locale + ")", &setLocale},
+      {"--time", "ISO8601", "what the clock shows at start, such as 2020-03-14T09:41 (default: the time it is)",
+       &setTime},
+      {"--without-brim", nullptr, "leave the library out: the platform's own banners (default: it is mapped in)",
+       &leaveLibraryOut},
+      {"--script", "FILE", "obey one JSON object a line of this file, - for standard input (default: none)",
+       &setScript},
+      {"--demonstration", "DIR", "write pictures of sample notifications into this folder (default: none)",
+       &setDemonstration},
+  };
+  return table;
+}
+
+const OptionRow* findOption(const std::string& name) {
+  for (const OptionRow& row : optionTable())
+    if (name == row.name) return &row;
+  return nullptr;
+}
+
+std::string usageWithValue(const OptionRow& row) {
+  return row.valueName == nullptr ? row.name : std::string(row.name) + " " + row.valueName;
+}
+
+}  // namespace
+
+std::variant<Options, HelpRequest, OptionError> parseOptions(std::span<const char* const> arguments) {
+  Options options;
+  for (std::size_t index = 0; index < arguments.size(); ++index) {
+    std::string name = arguments[index];
+    if (name == "--help" || name == "-h") return HelpRequest{};
+
+    std::optional<std::string> value;
+    if (const std::size_t equals = name.find('='); name.starts_with("--") && equals != std::string::npos) {
+      value = name.substr(equals + 1);
+      name.resize(equals);
+    }
+    const OptionRow* row = findOption(name);
+    if (row == nullptr) return OptionError{"unknown option " + name + "; --help lists the options there are"};
+    if (row->valueName == nullptr) {
+      if (value) return OptionError{name + " takes no value"};
+      value = "";
+    } else if (!value) {
+      if (index + 1 == arguments.size()) return OptionError{name + " wants a value: " + usageWithValue(*row)};
+      value = arguments[++index];
+    }
+    if (const Complaint wanted = row->apply(options, *value))
+      return OptionError{name + " " + *value + ": this option takes " + *wanted};
+  }
+  return options;
+}
+
+std::string helpText() {
+  std::string text =
+      "springboard: the home screen of a simulated phone, with Brim mapped in.\n\n"
+      "usage: springboard [option …]\n\noptions:\n";
+  constexpr std::size_t column = 24;
+  for (const OptionRow& row : optionTable()) {
+    std::string left = "  " + usageWithValue(row);
+    left.resize(std::max(column, left.size() + 2), ' ');
+    text += left + row.meaning + "\n";
+  }
+  return text + "  --help                  this text\n";
+}
+
+}  // namespace host

@@ -1,0 +1,88 @@
+#include "simulator/host/root.hpp"
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <system_error>
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* assetBundlePath = "Library/Application Support/Brim/Assets.bundle";
+constexpr const char* libraryFolder = "Library/MobileSubstrate/DynamicLibraries";
+constexpr const char* folders[] = {
+    "Library/Application Support/Brim",      libraryFolder,
+    "var/mobile/Containers/Shared/AppGroup", "var/mobile/Containers/Data/Application",
+    "var/mobile/Library/Preferences",
+};
+
+constexpr const char* libraryFilter = R"({
+  Filter = {
+    Bundles = ("com.apple.springboard", "com.apple.MobileSMS");
+  };
+}
+)";
+
+std::string environmentValue(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+// Makes something under another name and puts it in place: another process of the same root may be starting.
+void putInPlace(const fs::path& path, const std::function<void(const fs::path& unfinished)>& make) {
+  const fs::path unfinished = path.native() + "." + std::to_string(getpid());
+  make(unfinished);
+  fs::rename(unfinished, path);
+}
+
+// A link follows the build in use; what is no link is the user's own and stays.
+void linkTo(const fs::path& target, const fs::path& link) {
+  const bool isLink = fs::is_symlink(link);
+  if (!fs::exists(target) || (fs::exists(link) && !isLink) || (isLink && fs::read_symlink(link) == target)) return;
+  putInPlace(link, [&target](const fs::path& unfinished) { fs::create_symlink(target, unfinished); });
+}
+
+void writeWhereMissing(const fs::path& path, const std::string& text) {
+  if (fs::exists(path)) return;
+  putInPlace(path, [&](const fs::path& unfinished) {
+    std::ofstream file(unfinished);
+    file << text;
+    file.close();
+    if (!file) throw fs::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
+  });
+}
+
+}  // namespace
+
+Installation installation() {
+  Dl_info here = {};
+  dladdr(reinterpret_cast<const void*>(&installation), &here);
+  const fs::path binaries = fs::absolute(here.dli_fname).parent_path();
+  const fs::path build = binaries.parent_path();
+  return {binaries / "libBrim.so", build / "root" / assetBundlePath, build / "simulator/assets"};
+}
+
+fs::path defaultRoot() {
+  const std::string data = environmentValue("XDG_DATA_HOME");
+  if (!data.empty()) return fs::path(data) / "brim/root";
+  return fs::path(environmentValue("HOME")) / ".local/share/brim/root";
+}
+
+std::optional<std::string> prepareRoot(const fs::path& root) try {
+  for (const char* folder : folders) fs::create_directories(root / folder);
+  const Installation built = installation();
+  linkTo(built.assetBundle, root / assetBundlePath);
+  linkTo(built.library, root / libraryFolder / "Brim.dylib");
+  writeWhereMissing(root / libraryFolder / "Brim.plist", libraryFilter);
+  return std::nullopt;
+} catch (const fs::filesystem_error& error) {
+  return error.path1().string() + ": " + error.code().message();
+}
+
+}  // namespace host

@@ -1,0 +1,25 @@
+// The folder that stands for the phone's file system: made with its defaults where something is missing.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace host {
+
+// Where the build put what a phone gets from its packages, beside this library.
+struct Installation {
+  std::filesystem::path library;       // libBrim.so
+  std::filesystem::path assetBundle;   // Assets.bundle
+  std::filesystem::path applications;  // application icons, <bundle identifier>.png
+};
+Installation installation();
+
+// brim/root in the user's data folder.
+std::filesystem::path defaultRoot();
+
+// Makes what is missing: the asset bundle and the library at their places, both as links, the library's filter, and the
+// folders of the user's data. The answer is the reason of a failure, nothing on success.
+[[nodiscard]] std::optional<std::string> prepareRoot(const std::filesystem::path& root);
+
+}  // namespace host

@@ -1,0 +1,74 @@
+// The home screen's process.
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+#include "simulator/host/command.hpp"
+#include "simulator/host/demonstration.hpp"
+#include "simulator/host/options.hpp"
+#include "simulator/host/session.hpp"
+
+namespace {
+
+constexpr int scriptFailed = 1;
+constexpr int cannotStart = 2;
+
+int complain(const std::string& message) {
+  std::fprintf(stderr, "springboard: %s\n", message.c_str());
+  return cannotStart;
+}
+
+bool isSkipped(const std::string& line) {
+  const std::size_t first = line.find_first_not_of(" \t\r");
+  return first == std::string::npos || line[first] == '#';
+}
+
+// Answers go to standard output as they come.
+int runScript(host::Session& session, std::istream& script) {
+  int status = 0;
+  for (std::string line; std::getline(script, line);) {
+    if (isSkipped(line)) continue;
+    const host::Json answer = session.runLine(line);
+    if (!answer["ok"].get<bool>()) status = scriptFailed;
+    std::cout << answer.dump(-1, ' ', false, host::Json::error_handler_t::replace) << std::endl;
+  }
+  return status;
+}
+
+// False where there is no such file.
+bool open(std::ifstream& file, const std::string& path) {
+  if (std::filesystem::is_directory(path)) return false;
+  file.open(path);
+  return file.is_open();
+}
+
+int run(const host::Options& options) {
+  const bool readsFile = !options.script.empty() && options.script != "-";
+  std::ifstream file;
+  if (readsFile && !open(file, options.script)) return complain("the script " + options.script + " cannot be read");
+  host::Session session(options);
+  if (!options.demonstration.empty()) return host::demonstrate(session, options.demonstration);
+  return runScript(session, readsFile ? file : std::cin);
+}
+
+int start(const host::Options& options) try {
+  if (options.script.empty() && options.demonstration.empty())
+    return complain("there is no window to show it in; give --script FILE or --demonstration DIR (see --help)");
+  return run(options);
+} catch (const host::StartError& error) {
+  return complain(error.what());
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const auto parsed = host::parseOptions({arguments + 1, static_cast<std::size_t>(count - 1)});
+  if (const auto* error = std::get_if<host::OptionError>(&parsed)) return complain(error->message);
+  if (std::holds_alternative<host::HelpRequest>(parsed)) {
+    std::cout << host::helpText() << "\n" << host::commandHelp();
+    return 0;
+  }
+  return start(std::get<host::Options>(parsed));
+}
