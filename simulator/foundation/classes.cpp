@@ -8,6 +8,7 @@
 #include "simulator/foundation/localized_strings.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/foundation/root.hpp"
+#include "simulator/foundation/string_encoding.hpp"
 
 namespace foundation {
 
@@ -19,6 +20,7 @@ void registerClasses() {
   installLocale();
   installLocalizedStrings();
   installDigests();
+  installStringEncoding();
   defineHBPreferences();
 }
 
