@@ -15,7 +15,10 @@ namespace fs = std::filesystem;
 
 class InjectionLoader : public RuntimeTest {
  protected:
-  InjectionLoader() { fs::create_directories(folder); }
+  InjectionLoader() {
+    fs::create_directories(folder);
+    unsetenv("BRIM_TEST_INJECTED");
+  }
   ~InjectionLoader() override { fs::remove_all(folder); }
 
   void addFilter(const std::string& name, const std::string& text) const {
@@ -25,11 +28,7 @@ class InjectionLoader : public RuntimeTest {
     fs::copy_file(INJECTED_LIBRARY, folder / (name + ".dylib"));
     return folder / (name + ".dylib");
   }
-  static bool arrived() {
-    const bool told = std::getenv("BRIM_TEST_INJECTED") != nullptr;
-    unsetenv("BRIM_TEST_INJECTED");
-    return told;
-  }
+  static bool arrived() { return std::getenv("BRIM_TEST_INJECTED") != nullptr; }
 
   fs::path folder = fs::canonical(testRoot()) / "Library/MobileSubstrate/DynamicLibraries";
   static constexpr const char* homeScreenFilter =
