@@ -7,6 +7,7 @@
 #include "simulator/foundation/locale.hpp"
 #include "simulator/foundation/localized_strings.hpp"
 #include "simulator/foundation/preferences.hpp"
+#include "simulator/foundation/resource_paths.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/string_encoding.hpp"
 
@@ -19,6 +20,7 @@ void registerClasses() {
   installPlatformPaths();
   installLocale();
   installLocalizedStrings();
+  installResourcePaths();
   installDigests();
   installStringEncoding();
   defineHBPreferences();

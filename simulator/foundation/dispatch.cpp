@@ -64,6 +64,9 @@ dispatch_queue_t dispatch_queue_create(const char*, void*) {
   return &queues.emplace_back(new foundation::SerialQueue);
 }
 
+// Queues live as long as the process.
+void dispatch_retain(dispatch_queue_t) {}
+
 dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds) {
   if (when == DISPATCH_TIME_FOREVER) return when;
   // Zero is "now" to every caller, so the clock's times are one more than what it shows.

@@ -85,9 +85,12 @@ void defineApplication() {
   definePresses();
   static constexpr objc::MethodEntry methods[] = {
       objc::method<"_handlePhysicalButtonEvent:", &handlePhysicalButtonEvent>(),
+  };
+  static constexpr objc::MethodEntry launching[] = {
       objc::method<"launchApplicationWithIdentifier:suspended:", &launchApplication>(),
   };
   objc::defineClass<SpringBoard>(methods);
+  objc::addCategory(UIApplication::classObject(), launching);
 }
 
 }  // namespace springboard

@@ -3,6 +3,8 @@
 #include <functional>
 #include <regex>
 
+#include "simulator/drawing/canvas.hpp"
+#include "simulator/drawing/image.hpp"
 #include "tests/library/phone.hpp"
 
 namespace {
@@ -191,10 +193,12 @@ TEST(ColourFollowUp, DoesNotExistBefore13) {
 
 TEST(Attachment, ApplicationWithoutIconShowsTheNotificationsOwn) {
   Phone phone = phoneWith({});
-  const int unknown = phone.present({{"section", "org.example.unknown"}, {"title", "T"}});
-  const Json icon = phone.view(unknown, "_appIV");
-  EXPECT_TRUE(icon.value("image", "").find("placeholder") == std::string::npos || icon.value("image", "").empty())
-      << icon;
+  const std::string icon = (phone.root() / "icon.png").string();
+  drawing::Canvas canvas({8, 8}, 1);
+  canvas.clear({0, 0.5, 1, 1});
+  ASSERT_FALSE(drawing::writePng(*canvas.snapshot(), icon).has_value());
+  const int unknown = phone.present({{"section", "org.example.unknown"}, {"title", "T"}, {"icon", icon}});
+  EXPECT_EQ(phone.view(unknown, "_appIV").at("image"), icon);
 }
 
 TEST(Attachment, AlarmHasSnoozeAndStop) {

@@ -107,7 +107,7 @@ TEST(Colors, CopyHasTheModeAndNoCustomColours) {
   EXPECT_NE(copy.get(), colors.get());
   EXPECT_EQ(copy->mode(), blackMode);
   EXPECT_FALSE(copy->useCustomColors());
-  EXPECT_EQ(objc::send<UIColor*, "textColor">(copy.get()), nullptr);
+  EXPECT_EQ((objc::send<UIColor*, "textColor">(copy.get())), nullptr);
 }
 
 }  // namespace

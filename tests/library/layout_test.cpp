@@ -296,7 +296,9 @@ TEST_P(BlurStyle, FollowsVersionAndMode) {
   EXPECT_EQ(phone.view(controller, "_keyboardBackdrop").at("blur"), GetParam().backdrop);
   const std::vector<Json> inside = blurs(Json::array({phone.banner(controller)}));
   ASSERT_EQ(inside.size(), GetParam().background ? 1u : 0u);
-  if (GetParam().background) EXPECT_EQ(inside.front().at("blur"), *GetParam().background);
+  if (GetParam().background) {
+    EXPECT_EQ(inside.front().at("blur"), *GetParam().background);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, BlurStyle,

@@ -42,9 +42,11 @@ Phone::Phone(Setup setup) : folder(makeFolder()) {
   if (setup.options.root.empty()) setup.options.root = folder / "root";
   storePreferences(setup.options.root, setup.settings);
   session.emplace(setup.options);
+  pool.emplace();
 }
 
 Phone::~Phone() {
+  pool.reset();
   session.reset();
   std::error_code ignored;
   std::filesystem::remove_all(folder, ignored);

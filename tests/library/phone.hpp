@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "objc/autorelease_pool.hpp"
 #include "simulator/host/session.hpp"
 
 namespace test {
@@ -53,6 +54,8 @@ class Phone {
  private:
   std::filesystem::path folder;
   std::optional<host::Session> session;
+  // What a test's own messages autorelease.
+  std::optional<objc::AutoreleasePool> pool;
 };
 
 // Every node of the trees for which the predicate holds, outermost first.

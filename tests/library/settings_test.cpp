@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "tests/library/phone.hpp"
+#include "tests/setting_rows.hpp"
 
 namespace {
 
@@ -13,40 +14,13 @@ using test::Phone;
 Json settings(Phone& phone) { return phone.run({{"do", "settings"}}).at("settings"); }
 
 // In registration order.
-const Json defaults = {{"enabled", true},
-                       {"backgroundBlur", true},
-                       {"showButtons", false},
-                       {"vibrate_on_send", true},
-                       {"24_h_clock", true},
-                       {"statusbar", true},
-                       {"boldButtons", false},
-                       {"enableGrabber", true},
-                       {"hide_unless_expanded", false},
-                       {"tinyBanner", false},
-                       {"tinyBannerNoText", false},
-                       {"maxLineCount", 2},
-                       {"containerCornerRadius", 30},
-                       {"appCornerRadius", 20},
-                       {"appSize", 40},
-                       {"containerColor", 0},
-                       {"textAlignment", 0},
-                       {"timeToDismiss", 5},
-                       {"topOffset", 15},
-                       {"messagesAutoReadMode", 2},
-                       {"enablePfps", true},
-                       {"appIconPfp", 1},
-                       {"enableWhatsApp", true},
-                       {"enableSlack", true},
-                       {"enableDiscord", true},
-                       {"enableTwitter", true},
-                       {"enableMessages", true},
-                       {"enableInstagram", true},
-                       {"enableMessenger", true},
-                       {"enableTelegram", true},
-                       {"headerFontSize", 15},
-                       {"textFontSize", 13},
-                       {"statusbarFontSize", 15},
-                       {"tinyBannerFontSize", 15}};
+Json allDefaults() {
+  Json values;
+  for (const test::SettingRow& row : test::settingRows)
+    values[row.key] = row.type == test::SettingType::Bool ? Json(row.standard != 0) : Json(row.standard);
+  return values;
+}
+const Json defaults = allDefaults();
 
 TEST(Settings, AnEmptyDomainGivesTheDefaultsInOrder) {
   Phone phone;
@@ -87,9 +61,9 @@ TEST(Settings, ExtremesDoNotEndTheProcess) {
   for (const std::int64_t extreme : {INT64_MAX, INT64_MIN, std::int64_t{-1}, std::int64_t{0}, std::int64_t{100'000}}) {
     for (const auto& [key, standard] : defaults.items())
       if (standard.is_number()) phone.set(key, extreme);
-    const int controller = phone.present({{"title", "Title"}, {"message", "Message"}});
+    phone.present({{"title", "Title"}, {"message", "Message"}});
     phone.wait(2);
-    phone.windows(controller);
+    phone.windows();
     EXPECT_FALSE(phone.picture().empty());
   }
 }
@@ -111,7 +85,9 @@ TEST_P(BadgeSetting, ChoosesGlyphOrIcon) {
   const Json badge = phone.view(controller, "_appDetailImage");
   EXPECT_EQ(!badge.is_null(), GetParam().shown);
   // A glyph is drawn larger than an icon.
-  if (GetParam().shown) EXPECT_EQ(badge.at("frame").at(2), GetParam().icon ? 20 : 36);
+  if (GetParam().shown) {
+    EXPECT_EQ(badge.at("frame").at(2), GetParam().icon ? 20 : 36);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, BadgeSetting,

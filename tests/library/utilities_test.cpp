@@ -6,6 +6,7 @@
 #include "library/startup/utilities/ns_string_md5.hpp"
 #include "library/startup/utilities/type_check_helper.hpp"
 #include "library/startup/utilities/ui_view_plon.hpp"
+#include "platform/ns_data.hpp"
 #include "platform/ns_dictionary.hpp"
 #include "platform/ns_number.hpp"
 #include "platform/ui_view_controller.hpp"
@@ -35,7 +36,7 @@ TEST(Digest, EndsAtTheFirstZeroByte) {
   const char bytes[] = {'a', 'b', 'c', 0, 'd'};
   const auto text = NSString::decoded(NSData::dataWithBytes(bytes, sizeof bytes), NSStringEncoding::UTF8);
   ASSERT_EQ(text->length(), 5u);
-  EXPECT_STREQ(objc::send<NSString*, "MD5String">(text.get())->UTF8String(), "900150983CD24FB0D6963F7D28E17F72");
+  EXPECT_STREQ((objc::send<NSString*, "MD5String">(text.get())->UTF8String()), "900150983CD24FB0D6963F7D28E17F72");
 }
 
 TEST(Digest, OfNilIsNil) {

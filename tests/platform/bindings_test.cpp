@@ -60,7 +60,7 @@ std::vector<Binding> bindings() {
 
 std::vector<std::string> cFunctions() {
   const std::regex block(R"re(extern "C" \{([^}]*)\})re");
-  const std::regex name(R"re((\w+)\()re");
+  const std::regex name(R"re([\s*](\w+)\()re");
   std::vector<std::string> found;
   for (const std::string& text : headers())
     for (auto match = std::sregex_iterator(text.begin(), text.end(), block); match != std::sregex_iterator(); ++match) {
