@@ -33,7 +33,7 @@ void invalidateText(UITextField* self) {
 NSString* text(UITextField* self) { return objc::state(self).text; }
 // nil empties the field.
 void setText(UITextField* self, NSString* text) {
-  NSString* wanted = text != nullptr ? text : ""_ns;
+  NSString* wanted = text != nullptr ? wellFormed(text) : ""_ns;
   if (objc::state(self).text->isEqualToString(wanted)) return;
   replaceText(self, wanted, wanted->length());
 }

@@ -4,6 +4,7 @@
 #include "simulator/uikit/control.hpp"
 #include "simulator/uikit/text_boundaries.hpp"
 #include "simulator/uikit/text_field.hpp"
+#include "simulator/uikit/utf8.hpp"
 #include "simulator/uikit/view.hpp"
 
 namespace uikit {
@@ -73,7 +74,7 @@ NSString* onOneLine(NSString* text) {
 void insertText(UITextField* self, NSString* text) {
   if (!isEnabled(self) || text->length() == 0) return;
   if (text->isEqualToString("\n"_ns)) return returnKeyPressed(self);
-  replaceCharacters(self, objc::state(self).selection, onOneLine(text));
+  replaceCharacters(self, objc::state(self).selection, onOneLine(wellFormed(text)));
 }
 
 void deleteBackward(UITextField* self) {

@@ -53,4 +53,12 @@ std::string utf8(const NSString* text, NSRange range) {
   return result;
 }
 
+NSString* wellFormed(NSString* text) {
+  if (text == nullptr || objc::send<bool, "canBeConvertedToEncoding:">(text, NSStringEncoding::UTF8)) return text;
+  const std::string clean = utf8(text);
+  return objc::autorelease(objc::adopt(objc::send<NSString*, "initWithBytes:length:encoding:">(
+      objc::allocate<NSString>(), static_cast<const void*>(clean.data()), NSUInteger{clean.size()},
+      NSStringEncoding::UTF8)));
+}
+
 }  // namespace uikit

@@ -11,6 +11,10 @@ namespace uikit {
 std::string utf8(const NSString* text, NSRange range);
 inline std::string utf8(const NSString* text) { return utf8(text, {0, NSNotFound}); }
 
+// The text itself, or a copy with U+FFFD for halves of surrogate pairs where there are any: Foundation loses a text
+// with such when it changes it. nil for nil.
+NSString* wellFormed(NSString* text);
+
 // More text than any view shows, in UTF-16 units: what lies beyond need not be looked at.
 inline constexpr NSUInteger mostVisibleUnits = 40'000;
 

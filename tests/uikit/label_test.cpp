@@ -1,0 +1,256 @@
+// UILabel: text, styles and measures.
+#include "platform/ui_label.hpp"
+
+#include <chrono>
+
+#include "objc/class_definition.hpp"
+#include "simulator/uikit/color.hpp"
+#include "simulator/uikit/font.hpp"
+#include "tests/uikit/content.hpp"
+
+namespace test {
+
+// Counts how often its size was invalidated.
+class CountingLabel : public objc::Interface<"CountingLabel", UILabel> {};
+
+namespace {
+
+int invalidations = 0;
+
+void countInvalidation(CountingLabel* self) {
+  ++invalidations;
+  objc::sendSuper<"CountingLabel", void, "invalidateIntrinsicContentSize">(self);
+}
+
+constexpr const char* pangram = "The quick brown fox jumps over the lazy dog";
+constexpr double line15 = 18;
+
+class Labels : public Stage {
+ public:
+  Labels() {
+    static constexpr objc::MethodEntry methods[] = {
+        objc::method<"invalidateIntrinsicContentSize", &countInvalidation>(),
+    };
+    if (CountingLabel::classObject() == nullptr) objc::defineClass<CountingLabel>(methods);
+  }
+};
+
+template <class Type = UILabel>
+objc::Ref<Type> makeLabel(const std::string& text, CGRect frame = {}) {
+  auto label = UIView::withFrame<Type>(frame);
+  label->setFont(UIFont::systemFontOfSize(15));
+  label->setText(string(text));
+  return label;
+}
+
+CGSize intrinsicSize(const UIView* view) { return objc::send<CGSize, "intrinsicContentSize">(view); }
+CGSize sizeThatFits(const UIView* view, CGSize size) { return objc::send<CGSize, "sizeThatFits:">(view, size); }
+
+objc::Ref<NSMutableAttributedString> twoWeights() {
+  auto text = NSMutableAttributedString::withString("John: Hello"_ns);
+  text->addAttribute(fontAttributeName(), UIFont::boldSystemFontOfSize(20), {0, 6});
+  text->addAttribute(fontAttributeName(), UIFont::systemFontOfSize(20), {6, 5});
+  return text;
+}
+
+TEST_F(Labels, BeginEmptyInTheSystemFont) {
+  const auto label = UIView::withFrame<UILabel>({});
+  EXPECT_EQ(label->text(), nullptr);
+  EXPECT_TRUE(label->font()->isEqual(UIFont::systemFontOfSize(17)));
+  EXPECT_EQ((objc::send<NSInteger, "numberOfLines">(label.get())), 1);
+  EXPECT_EQ(intrinsicSize(label), CGSize{});
+  EXPECT_FALSE((objc::send<bool, "isUserInteractionEnabled">(label.get())));
+}
+
+TEST_F(Labels, AreMadeByInitAsWell) {
+  EXPECT_TRUE(objc::make<UILabel>()->font()->isEqual(UIFont::systemFontOfSize(17)));
+}
+
+TEST_F(Labels, KeepACopyOfTheirText) {
+  auto* text = NSMutableString::stringWithCapacity(10);
+  text->appendString("before"_ns);
+  const auto label = UIView::withFrame<UILabel>({});
+  label->setText(text);
+  text->appendString(" and after"_ns);
+  EXPECT_EQ(test::text(label->text()), "before");
+}
+
+TEST_F(Labels, OfOneLineAreAsWideAsTheirText) {
+  const auto label = makeLabel(pangram);
+  const CGSize size = intrinsicSize(label);
+  EXPECT_GT(size.width, 280);
+  EXPECT_LT(size.width, 360);
+  EXPECT_EQ(size.height, line15);
+  EXPECT_EQ(sizeThatFits(label, {100, 1000}), size);
+}
+
+TEST_F(Labels, OfSeveralLinesFitTheirWidth) {
+  const auto label = makeLabel(pangram);
+  label->setNumberOfLines(0);
+  const CGSize size = sizeThatFits(label, {100, 1000});
+  EXPECT_LE(size.width, 100);
+  EXPECT_EQ(size.height, 4 * line15);
+  label->setNumberOfLines(2);
+  EXPECT_EQ(sizeThatFits(label, {100, 1000}).height, 2 * line15);
+}
+
+TEST_F(Labels, WrapToTheWidthThatLayoutFinds) {
+  const auto window = makeWindow();
+  const auto label = makeLabel(pangram);
+  label->setNumberOfLines(0);
+  label->setTranslatesAutoresizingMaskIntoConstraints(false);
+  window->addSubview(label);
+  label->topAnchor()->equalTo(window->topAnchor())->activated();
+  label->leadingAnchor()->equalTo(window->leadingAnchor(), 20)->activated();
+  label->widthAnchor()->equalToConstant(100)->activated();
+  window->layoutIfNeeded();
+  EXPECT_EQ(label->frame(), (CGRect{{20, 0}, {100, 4 * line15}}));
+  EXPECT_EQ(label->measuredNumberOfLines(), 4u);
+}
+
+TEST_F(Labels, WrapToTheWidthThatTheirOwnerPrefers) {
+  const auto label = makeLabel(pangram);
+  label->setNumberOfLines(0);
+  objc::send<void, "setPreferredMaxLayoutWidth:">(label.get(), CGFloat{100});
+  EXPECT_EQ(intrinsicSize(label).height, 4 * line15);
+  EXPECT_LE(intrinsicSize(label).width, 100);
+}
+
+TEST_F(Labels, CountTheLinesAtTheirWidthWithinTheLimit) {
+  const auto label = makeLabel(pangram, {{0, 0}, {100, 200}});
+  EXPECT_EQ(label->measuredNumberOfLines(), 1u);
+  label->setNumberOfLines(3);
+  EXPECT_EQ(label->measuredNumberOfLines(), 3u);
+  label->setNumberOfLines(0);
+  EXPECT_EQ(label->measuredNumberOfLines(), 4u);
+  label->setFrame({{0, 0}, {400, 200}});
+  EXPECT_EQ(label->measuredNumberOfLines(), 1u);
+}
+
+TEST_F(Labels, CountNoLinesWithoutText) {
+  const auto label = makeLabel("", {{0, 0}, {100, 100}});
+  EXPECT_EQ(label->measuredNumberOfLines(), 0u);
+  label->setText(nullptr);
+  EXPECT_EQ(label->measuredNumberOfLines(), 0u);
+}
+
+TEST_F(Labels, TakeNegativeLimitsForNone) {
+  const auto label = makeLabel("a\nb\nc", {{0, 0}, {100, 100}});
+  label->setNumberOfLines(-4);
+  EXPECT_EQ(label->measuredNumberOfLines(), 3u);
+}
+
+TEST_F(Labels, AreNotMeasuredAgainForWhatTheyHave) {
+  const auto label = makeLabel<CountingLabel>("text");
+  invalidations = 0;
+  label->setText("text"_ns);
+  label->setFont(UIFont::systemFontOfSize(15));
+  label->setNumberOfLines(1);
+  label->setTextColor(UIColor::redColor());
+  label->setTextAlignment(NSTextAlignment::Right);
+  EXPECT_EQ(invalidations, 0);
+  label->setText("other"_ns);
+  EXPECT_EQ(invalidations, 1);
+  label->setFont(UIFont::boldSystemFontOfSize(15));
+  EXPECT_EQ(invalidations, 2);
+  label->setNumberOfLines(0);
+  EXPECT_EQ(invalidations, 3);
+}
+
+TEST_F(Labels, ShowStyledText) {
+  const auto label = makeLabel("plain");
+  label->setAttributedText(twoWeights());
+  EXPECT_EQ(text(label->text()), "John: Hello");
+  EXPECT_TRUE(label->font()->isEqual(UIFont::boldSystemFontOfSize(20)));
+  EXPECT_EQ(intrinsicSize(label).height, 24);
+  EXPECT_EQ(described(label).at("runs"),
+            (Json{{{"text", "John: "}, {"font", "Inter"}, {"size", 20.0}, {"weight", "bold"}},
+                  {{"text", "Hello"}, {"font", "Inter"}, {"size", 20.0}, {"weight", "regular"}}}));
+}
+
+TEST_F(Labels, GiveBackTheirStyledText) {
+  const auto label = makeLabel("plain");
+  label->setAttributedText(twoWeights());
+  const auto other = makeLabel("");
+  other->setAttributedText(objc::send<NSAttributedString*, "attributedText">(label.get()));
+  EXPECT_EQ(described(other).at("runs"), described(label).at("runs"));
+}
+
+TEST_F(Labels, KeepACopyOfTheirStyledText) {
+  const auto styled = twoWeights();
+  const auto label = makeLabel("");
+  label->setAttributedText(styled);
+  styled->addAttribute(fontAttributeName(), UIFont::systemFontOfSize(5), {0, 11});
+  EXPECT_EQ(described(label).at("runs").at(0).at("weight"), "bold");
+}
+
+TEST_F(Labels, LoseTheStylesWithThePlainText) {
+  const auto label = makeLabel("plain");
+  label->setAttributedText(twoWeights());
+  label->setText("John: Hello"_ns);
+  EXPECT_EQ(described(label).at("runs").size(), 1u);
+  EXPECT_TRUE(label->font()->isEqual(UIFont::systemFontOfSize(15)));
+}
+
+TEST_F(Labels, ApplyAFontToTheWholeText) {
+  const auto label = makeLabel("plain");
+  label->setAttributedText(twoWeights());
+  label->setFont(UIFont::systemFontOfSize(9));
+  for (const Json& run : described(label).at("runs")) {
+    EXPECT_EQ(run.at("size"), 9);
+    EXPECT_EQ(run.at("weight"), "regular");
+  }
+}
+
+TEST_F(Labels, LoseTheTextWithNilStyledText) {
+  const auto label = makeLabel("plain");
+  label->setAttributedText(nullptr);
+  EXPECT_EQ(label->text(), nullptr);
+  EXPECT_EQ((objc::send<NSAttributedString*, "attributedText">(label.get())), nullptr);
+}
+
+TEST_F(Labels, AreWrittenInTheColourOfTheAppearanceUnlessTheyHaveTheirOwn) {
+  const auto label = makeLabel("text");
+  EXPECT_EQ(uikit::colorOf(label->textColor()), (drawing::Color{0, 0, 0, 1}));
+  uikit::Environment dark;
+  dark.style = UIUserInterfaceStyle::Dark;
+  uikit::setEnvironment(dark);
+  EXPECT_EQ(uikit::colorOf(label->textColor()), (drawing::Color{1, 1, 1, 1}));
+  label->setTextColor(UIColor::redColor());
+  EXPECT_EQ(label->textColor(), UIColor::redColor());
+}
+
+TEST_F(Labels, TellWhatTheyShow) {
+  const auto label = makeLabel("Body", {{0, 0}, {200, 40}});
+  label->setNumberOfLines(2);
+  label->setTextAlignment(NSTextAlignment::Center);
+  label->setTextColor(UIColor::withRed(1, 0, 0, 0.5));
+  const Json node = described(label);
+  EXPECT_EQ(node.at("text"), "Body");
+  EXPECT_EQ(node.at("font"), (Json{{"family", "Inter"}, {"size", 15.0}, {"weight", "regular"}}));
+  EXPECT_EQ(node.at("lines"), 2);
+  EXPECT_EQ(node.at("measuredLines"), 1);
+  EXPECT_EQ(node.at("alignment"), "center");
+  EXPECT_EQ(node.at("color"), (Json{1.0, 0.0, 0.0, 0.5}));
+}
+
+TEST_F(Labels, TellOfTextThatIsNone) {
+  const auto label = makeLabel("");
+  label->setText(brokenString());
+  EXPECT_EQ(described(label).at("text"), "a\uFFFD");
+  EXPECT_GT(intrinsicSize(label).width, 0);
+}
+
+TEST_F(Labels, OfEnormousTextsCostLittle) {
+  const auto label = UIView::withFrame<UILabel>({{0, 0}, {300, 60}});
+  NSString* enormous = string(std::string(10'000'000, 'x'));
+  const auto begin = std::chrono::steady_clock::now();
+  label->setText(enormous);
+  label->setNumberOfLines(3);
+  EXPECT_EQ(label->measuredNumberOfLines(), 3u);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
+}
+
+}  // namespace
+
+}  // namespace test
