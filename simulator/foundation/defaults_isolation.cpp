@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -27,21 +26,6 @@ constexpr const char* systemConfiguration = "/etc/GNUstep/GNUstep.conf";
 constexpr const char* folderInRoot = "var/mobile/Library/GNUstep";
 constexpr std::string_view replacedSettings[] = {
     "GNUSTEP_USER_DIR=", "GNUSTEP_USER_DEFAULTS_DIR=", "GNUSTEP_USER_CONFIG_FILE="};
-
-// The same in every process of the root, whichever compiler built it.
-std::uint64_t hashOf(const std::string& text) {
-  std::uint64_t hash = 0xcbf29ce484222325;
-  for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
-  return hash;
-}
-
-// Sockets' names hold about a hundred characters, so a deep root's daemon works elsewhere.
-fs::path daemonFolder(const fs::path& root) {
-  constexpr std::size_t longest = 50;
-  fs::path inside = root / "tmp";
-  if (inside.native().size() <= longest) return inside;
-  return "/tmp/brim-" + std::to_string(getuid()) + "-" + std::to_string(hashOf(root.native()));
-}
 
 bool isReplaced(const std::string& line) {
   for (const std::string_view setting : replacedSettings)
@@ -106,7 +90,7 @@ std::optional<std::string> isolateDefaults(const fs::path& root) {
   try {
     fs::create_directories(folder / "Defaults");
     writeFile(configuration, configurationText(folder));
-    useDaemonFolder(daemonFolder(root));
+    useDaemonOf(root);
   } catch (const fs::filesystem_error& error) {
     return error.path1().string() + ": " + error.code().message();
   }

@@ -7,6 +7,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -21,14 +23,30 @@ namespace fs = std::filesystem;
 // The file in which the daemon registers, as Foundation names it: its port's path, and the process's number on the
 // second line.
 constexpr const char* registration = "NSMessagePort/names/R0ROQ1NlcnZlcg==";
+// Every process of the place holds a shared lock on this file; who gets it alone is the last one.
+constexpr const char* lockFile = "processes";
+constexpr const char* placesFolder = "/tmp";
 
-fs::path& daemonFolder() {
-  static fs::path& folder = *new fs::path;
-  return folder;
+struct Place {
+  fs::path folder;
+  int lock = -1;
+};
+
+Place& ownPlace() {
+  static Place& place = *new Place;
+  return place;
 }
 
-// Every process of the folder holds this shared; who gets it alone is the last one.
-int processesLock = -1;
+std::string namePrefix() { return "brim-" + std::to_string(getuid()) + "-"; }
+
+// The same in every process of the root, whichever compiler built it.
+std::string hashOf(const std::string& text) {
+  std::uint64_t hash = 0xcbf29ce484222325;
+  for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
+  char written[2 * sizeof hash + 1];
+  std::snprintf(written, sizeof written, "%016lx", hash);
+  return written;
+}
 
 bool isDaemon(pid_t process) {
   std::ifstream file("/proc/" + std::to_string(process) + "/comm");
@@ -36,48 +54,77 @@ bool isDaemon(pid_t process) {
   return std::getline(file, name) && name == "gdnc";
 }
 
-void endDaemon() {
-  std::ifstream file(daemonFolder() / registration);
+void endDaemonIn(const fs::path& folder) {
+  std::ifstream file(folder / registration);
   std::string port;
   pid_t process = 0;
   if (std::getline(file, port) && file >> process && isDaemon(process)) kill(process, SIGKILL);
 }
 
-void leaveFolder() {
-  if (flock(processesLock, LOCK_EX | LOCK_NB) != 0) return;
-  endDaemon();
+// Where no other process holds the place.
+void clearIfUnused(const Place& place) {
+  if (flock(place.lock, LOCK_EX | LOCK_NB) != 0) return;
+  endDaemonIn(place.folder);
   std::error_code error;
-  fs::remove_all(daemonFolder(), error);
+  fs::remove_all(place.folder, error);
+}
+
+void leaveOwnPlace() { clearIfUnused(ownPlace()); }
+
+void clearIfUnused(const fs::path& folder) {
+  const Place place = {folder, open((folder / lockFile).c_str(), O_RDWR | O_CLOEXEC)};
+  if (place.lock < 0) return;
+  clearIfUnused(place);
+  close(place.lock);
+}
+
+// Processes that were killed cannot clear up themselves.
+void clearUnusedPlaces() {
+  const std::string prefix = namePrefix();
+  std::error_code error;
+  for (fs::directory_iterator entry(placesFolder, error), end; !error && entry != end; entry.increment(error))
+    if (entry->path().filename().native().starts_with(prefix)) clearIfUnused(entry->path());
+}
+
+// Anybody may make a folder of that name, or a link; only one's own will do.
+void makePrivateFolder(const fs::path& folder) {
+  struct stat made = {};
+  mkdir(folder.c_str(), S_IRWXU);
+  if (lstat(folder.c_str(), &made) != 0 || !S_ISDIR(made.st_mode) || made.st_uid != getuid())
+    throw fs::filesystem_error("not a folder of this user", folder, std::make_error_code(std::errc::permission_denied));
+  fs::permissions(folder, fs::perms::owner_all);
 }
 
 // A process that is leaving may be removing the folder at this moment: then the lock is on a file that is gone.
-bool lockIsInFolder(const fs::path& file) {
+bool lockIsIn(const Place& place) {
   struct stat held = {};
   struct stat present = {};
-  return fstat(processesLock, &held) == 0 && stat(file.c_str(), &present) == 0 && held.st_ino == present.st_ino;
+  return fstat(place.lock, &held) == 0 && stat((place.folder / lockFile).c_str(), &present) == 0 &&
+         held.st_ino == present.st_ino;
 }
 
-bool tryToEnter(const fs::path& folder) {
-  fs::create_directories(folder);
-  fs::permissions(folder, fs::perms::owner_all);
-  const fs::path file = folder / "processes";
-  processesLock = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (processesLock < 0 && errno != ENOENT)
+bool tryToEnter(Place& place) {
+  makePrivateFolder(place.folder);
+  const fs::path file = place.folder / lockFile;
+  place.lock = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (place.lock < 0 && errno != ENOENT)
     throw fs::filesystem_error("cannot open", file, std::error_code(errno, std::generic_category()));
-  if (flock(processesLock, LOCK_SH) == 0 && lockIsInFolder(file)) return true;
-  close(processesLock);
+  if (flock(place.lock, LOCK_SH) == 0 && lockIsIn(place)) return true;
+  close(place.lock);
   return false;
 }
 
 }  // namespace
 
-void useDaemonFolder(const fs::path& folder) {
-  while (!tryToEnter(folder)) {
+void useDaemonOf(const fs::path& root) {
+  clearUnusedPlaces();
+  Place& place = ownPlace();
+  place.folder = fs::path(placesFolder) / (namePrefix() + hashOf(root.native()));
+  while (!tryToEnter(place)) {
   }
-  daemonFolder() = folder;
-  setenv("TEMP", folder.c_str(), 1);
-  setenv("TMP", folder.c_str(), 1);
-  std::atexit(&leaveFolder);
+  setenv("TEMP", place.folder.c_str(), 1);
+  setenv("TMP", place.folder.c_str(), 1);
+  std::atexit(&leaveOwnPlace);
 }
 
 }  // namespace foundation

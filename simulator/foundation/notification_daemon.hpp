@@ -6,8 +6,10 @@
 
 namespace foundation {
 
-// Makes the folder the place of this process's daemon, by environment. When the last process of the folder exits, the
-// daemon is ended and the folder removed. Before any use of Foundation, once. Throws std::filesystem::filesystem_error.
-void useDaemonFolder(const std::filesystem::path& folder);
+// Gives this process the daemon of the root, by environment, at a place of its own outside the root: the names of its
+// sockets must be short, and the root may be removed before its processes end. When the last process of the root exits,
+// the daemon is ended and its place removed; what processes that were killed have left goes when another root is used.
+// Before any use of Foundation, once. Throws std::filesystem::filesystem_error.
+void useDaemonOf(const std::filesystem::path& root);
 
 }  // namespace foundation
