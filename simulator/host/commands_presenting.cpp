@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "simulator/drawing/image.hpp"
+#include "simulator/host/awaited_events.hpp"
 #include "simulator/host/command.hpp"
 #include "simulator/host/controllers.hpp"
 #include "simulator/host/iso_time.hpp"
@@ -82,6 +83,8 @@ void takeIcon(const Json& command) {
 
 Json present(const Json& command) {
   takeIcon(command);
+  answerAllEvents("photo");
+  answerAllEvents("http");
   const auto request = springboard::makeRequest(describe(command), nullptr);
   return {{"controller", springboard::presentBanner(springboard::makeShortLookController(request))}};
 }

@@ -1,10 +1,10 @@
 // Commands that let time pass: the stepped clock's, or real time for what other threads and processes do.
 #include <cmath>
-#include <map>
 
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
+#include "simulator/host/awaited_events.hpp"
 #include "simulator/host/command.hpp"
 #include "simulator/host/deadline.hpp"
 #include "simulator/host/event_log.hpp"
@@ -46,19 +46,12 @@ Json wait(const Json& command) {
   return nullptr;
 }
 
-// Events of a kind that an earlier await has answered for.
-std::size_t& answeredEvents(const std::string& kind) {
-  static std::map<std::string, std::size_t> answered;
-  return answered[kind];
-}
-
 void awaitEvent(const std::string& kind, const Deadline& deadline) {
   letNewsIn();
-  while (countOfEvents(kind) <= answeredEvents(kind)) {
+  while (!answerNextEvent(kind)) {
     if (deadline.hasPassed()) throw CommandError("no " + kind + " came within the limit");
     letNewsIn();
   }
-  answeredEvents(kind) = countOfEvents(kind);
 }
 
 void awaitQuiet(const Deadline& deadline) {

@@ -15,18 +15,18 @@ enum class LibraryUse { Mapped, Absent };
 
 struct Options {
   // Stands for the phone's file system. Empty: the user's own, in the user's data folder.
-  std::filesystem::path root;
+  std::filesystem::path root = {};
   std::string device = "iphone-x";
   std::string systemVersion = "13.5";
   StartAppearance appearance = StartAppearance::Light;
   std::string locale = "en_US";
   // What the clock shows at start, in seconds since 1970; nothing: the real time.
-  std::optional<double> time;
+  std::optional<double> time = {};
   LibraryUse library = LibraryUse::Mapped;
   // "-" is standard input; empty: no script.
-  std::string script;
+  std::string script = {};
   // Where pictures of sample notifications go; empty: none are made.
-  std::filesystem::path demonstration;
+  std::filesystem::path demonstration = {};
 };
 
 struct HelpRequest {};

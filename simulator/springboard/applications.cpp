@@ -31,7 +31,7 @@ constexpr ApplicationName knownApplications[] = {
     {"com.facebook.Messenger", "Messenger"},
     {"com.hammerandchisel.discord", "Discord"},
     {"com.tinyspeck.chatlyio", "Slack"},
-    {"net.whatsapp.WhatsAppSMB", "WA Business"},
+    {"net.whatsapp.WhatsAppSMB", "Business"},
     {"ph.telegra.Telegraph", "Telegram"},
     {"com.apple.Maps", "Maps"},
     {"com.apple.mobilemail", "Mail"},

@@ -7,6 +7,7 @@
 #include "simulator/springboard/feedback.hpp"
 #include "simulator/springboard/grabber.hpp"
 #include "simulator/springboard/home_screen.hpp"
+#include "simulator/springboard/icon_label.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/notification_request.hpp"
 #include "simulator/springboard/notification_view.hpp"
@@ -41,6 +42,7 @@ void registerClasses() {
   defineNotificationViewControllers();
   defineBannerWindow();
   defineStatusBar();
+  defineIconLabel();
   defineHomeScreen();
   defineLockScreen();
   defineGrabber();

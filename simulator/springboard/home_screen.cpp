@@ -4,9 +4,9 @@
 #include <span>
 #include <string>
 
-#include "platform/ui_label.hpp"
 #include "platform/ui_visual_effect_view.hpp"
 #include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/icon_label.hpp"
 #include "simulator/springboard/json_objects.hpp"
 #include "simulator/uikit/environment.hpp"
 
@@ -29,13 +29,9 @@ constexpr CGFloat dockMargin = 11;
 constexpr CGFloat dockCornerRadius = 30;
 
 void addLabel(UIView* parent, const std::string& name, CGRect icon) {
-  auto label = UIView::withFrame<UILabel>(
-      {{icon.origin.x - 10, icon.origin.y + iconSide + labelGap}, {iconSide + 20, labelHeight}});
-  label->setText(stringOf(name));
-  label->setFont(UIFont::systemFontOfSize(12));
-  label->setTextColor(UIColor::withRed(1, 1, 1, 1));
-  label->setTextAlignment(NSTextAlignment::Center);
-  parent->addSubview(label);
+  constexpr CGFloat overhang = 10;
+  parent->addSubview(makeIconLabel(
+      name, {{icon.origin.x - overhang, icon.origin.y + iconSide + labelGap}, {iconSide + 2 * overhang, labelHeight}}));
 }
 
 void addIcon(UIView* parent, const std::string& application, CGRect frame) {

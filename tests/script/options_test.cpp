@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "simulator/host/iso_time.hpp"
+#include "simulator/host/options.hpp"
+
+namespace {
+
+using host::LibraryUse;
+using host::Options;
+using host::StartAppearance;
+
+auto parse(const std::vector<const char*>& arguments) { return host::parseOptions(arguments); }
+
+Options accepted(const std::vector<const char*>& arguments) {
+  const auto parsed = parse(arguments);
+  if (const auto* error = std::get_if<host::OptionError>(&parsed)) ADD_FAILURE() << error->message;
+  const auto* options = std::get_if<Options>(&parsed);
+  return options == nullptr ? Options() : *options;
+}
+
+std::string refused(const std::vector<const char*>& arguments) {
+  const auto parsed = parse(arguments);
+  const auto* error = std::get_if<host::OptionError>(&parsed);
+  return error == nullptr ? "" : error->message;
+}
+
+TEST(Options, HaveDefaults) {
+  const Options options = accepted({});
+  EXPECT_TRUE(options.root.empty());
+  EXPECT_EQ(options.device, "iphone-x");
+  EXPECT_EQ(options.systemVersion, "13.5");
+  EXPECT_EQ(options.appearance, StartAppearance::Light);
+  EXPECT_EQ(options.locale, "en_US");
+  EXPECT_FALSE(options.time);
+  EXPECT_EQ(options.library, LibraryUse::Mapped);
+  EXPECT_TRUE(options.script.empty());
+  EXPECT_TRUE(options.demonstration.empty());
+}
+
+TEST(Options, AreTaken) {
+  const Options options =
+      accepted({"--root", "folder", "--device", "iphone-se", "--system", "11.4", "--appearance", "dark", "--locale",
+                "ar_EG", "--time", "2020-03-14T09:41:00Z", "--without-brim", "--script", "-"});
+  EXPECT_EQ(options.root, "folder");
+  EXPECT_EQ(options.device, "iphone-se");
+  EXPECT_EQ(options.systemVersion, "11.4");
+  EXPECT_EQ(options.appearance, StartAppearance::Dark);
+  EXPECT_EQ(options.locale, "ar_EG");
+  EXPECT_EQ(options.time, 1584178860.0);
+  EXPECT_EQ(options.library, LibraryUse::Absent);
+  EXPECT_EQ(options.script, "-");
+}
+
+TEST(Options, MayBeWrittenWithAnEqualsSign) { EXPECT_EQ(accepted({"--device=iphone-8"}).device, "iphone-8"); }
+
+TEST(Options, LocaleMayBeWrittenWithAHyphen) { EXPECT_EQ(accepted({"--locale", "de-DE"}).locale, "de_DE"); }
+
+TEST(Options, HelpIsAskedForAnywhere) {
+  const auto parsed = parse({"--device", "iphone-8", "--help"});
+  EXPECT_TRUE(std::holds_alternative<host::HelpRequest>(parsed));
+}
+
+TEST(Options, HelpNamesEachWithItsDefault) {
+  const std::string help = host::helpText();
+  for (const char* name : {"--root", "--device", "--system", "--appearance", "--locale", "--time", "--without-brim",
+                           "--script", "--demonstration", "--help", "iphone-11-pro-max"})
+    EXPECT_NE(help.find(name), std::string::npos) << name;
+  for (const char* value : {"default: iphone-x", "default: 13.5", "default: light", "default: en_US"})
+    EXPECT_NE(help.find(value), std::string::npos) << value;
+}
+
+struct Refusal {
+  std::vector<const char*> arguments;
+  const char* reason;
+};
+
+TEST(Options, RefusalsSayWhatWouldBeRight) {
+  const Refusal refusals[] = {{{"--colour", "red"}, "unknown option --colour"},
+                              {{"script"}, "unknown option script"},
+                              {{""}, "unknown option"},
+                              {{"--device"}, "--device wants a value"},
+                              {{"--device", "iphone-5"}, "iphone-se, iphone-8, iphone-x, iphone-11-pro-max"},
+                              {{"--system", "13.x"}, "such as 11.4"},
+                              {{"--system", "9.3"}, "11.0 or later"},
+                              {{"--system", "13.5.1.2"}, "such as 11.4"},
+                              {{"--system", ""}, "such as 11.4"},
+                              {{"--appearance", "grey"}, "light or dark"},
+                              {{"--locale", "german"}, "such as en_US"},
+                              {{"--locale", "de_de"}, "such as en_US"},
+                              {{"--time", "noon"}, "2020-03-14T09:41"},
+                              {{"--time", "2020-02-30T09:41"}, "2020-03-14T09:41"},
+                              {{"--without-brim=yes"}, "takes no value"},
+                              {{"--script", ""}, "a file, or -"},
+                              {{"--root", ""}, "a folder"},
+                              {{"--demonstration="}, "a folder"}};
+  for (const Refusal& refusal : refusals) {
+    const std::string reason = refused(refusal.arguments);
+    EXPECT_NE(reason.find(refusal.reason), std::string::npos) << refusal.arguments.front() << ": " << reason;
+  }
+}
+
+TEST(IsoTime, IsReadInEveryForm) {
+  EXPECT_EQ(host::parseIsoTime("1970-01-02T00:00Z"), 86400.0);
+  EXPECT_EQ(host::parseIsoTime("1970-01-01 00:00:01.5Z"), 1.5);
+  EXPECT_EQ(host::parseIsoTime("1970-01-01T02:00+02:00"), 0.0);
+  EXPECT_EQ(host::parseIsoTime("1970-01-01T00:00:00-0030"), 1800.0);
+  EXPECT_EQ(host::parseIsoTime("1969-12-31T23:59:59Z"), -1.0);
+}
+
+TEST(IsoTime, WithoutAnOffsetIsOfTheTimeZone) {
+  setenv("TZ", "UTC-3", 1);
+  tzset();
+  EXPECT_EQ(host::parseIsoTime("1970-01-01T03:00"), 0.0);
+  EXPECT_EQ(host::parseIsoTime("1970-01-01"), -10800.0);
+}
+
+TEST(IsoTime, RefusesWhatIsNoDate) {
+  for (const char* text : {"", "1970", "1970-13-01", "1970-01-01T24:00Z", "1970-01-01T00:60Z", "1970-01-01T00:00:60Z",
+                           "1970-01-01T00:00+15:00", "1970-01-01T00:00Zulu", "+1970-01-01"})
+    EXPECT_FALSE(host::parseIsoTime(text)) << text;
+}
+
+TEST(IsoTime, IsWrittenInUniversalTime) {
+  EXPECT_EQ(host::isoTime(0.25), "1970-01-01T00:00:00.250Z");
+  EXPECT_EQ(host::isoTime(-0.5), "1969-12-31T23:59:59.500Z");
+}
+
+}  // namespace

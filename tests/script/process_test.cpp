@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "tests/support/temporary_folder.hpp"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+struct Outcome {
+  int status = -1;
+  std::string output;
+  std::string errors;
+};
+
+std::string contentsOf(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class Process : public testing::Test {
+ protected:
+  // The program with these arguments, in a root of its own.
+  Outcome run(const std::string& arguments, const std::string& script = "") {
+    std::ofstream(folder.path() / "script") << script;
+    const std::string inFolder = "cd " + folder.path().string() + " && ";
+    const int status =
+        std::system((inFolder + SPRINGBOARD + " --root root " + arguments + " <script >out 2>err").c_str());
+    return {WEXITSTATUS(status), contentsOf(folder.path() / "out"), contentsOf(folder.path() / "err")};
+  }
+
+  static std::vector<Json> answers(const std::string& output) {
+    std::vector<Json> lines;
+    std::istringstream stream(output);
+    for (std::string line; std::getline(stream, line);) lines.push_back(Json::parse(line));
+    return lines;
+  }
+
+  test::TemporaryFolder folder;
+};
+
+TEST_F(Process, AnswersEachLineAndNothingElse) {
+  const Outcome outcome = run("--without-brim --script -", R"(
+# comment
+   
+{"do":"present","section":"com.apple.MobileSMS","title":"Anna \ud83c\udf0a"}
+{"do":"log"})");
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  const std::vector<Json> lines = answers(outcome.output);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0], Json({{"ok", true}, {"controller", 1}}));
+}
+
+TEST_F(Process, GoesOnAfterAFailureAndTellsOfItInTheEnd) {
+  const Outcome outcome = run("--without-brim --script script", "nonsense\r\n{\"do\":\"log\"}\r\n\xff\n");
+  EXPECT_EQ(outcome.status, 1);
+  const std::vector<Json> lines = answers(outcome.output);
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_FALSE(lines[0].at("ok").get<bool>());
+  EXPECT_TRUE(lines[1].at("ok").get<bool>());
+  EXPECT_FALSE(lines[2].at("ok").get<bool>());
+}
+
+TEST_F(Process, MakesItsRootWithDefaults) {
+  ASSERT_EQ(run("--without-brim --script -").status, 0);
+  const auto libraries = folder.path() / "root/Library/MobileSubstrate/DynamicLibraries";
+  EXPECT_NE(contentsOf(libraries / "Brim.plist").find("com.apple.springboard"), std::string::npos);
+  EXPECT_TRUE(std::filesystem::is_symlink(libraries / "Brim.dylib"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "root/var/mobile/Containers/Shared/AppGroup"));
+}
+
+TEST_F(Process, KeepsWhatItsRootHolds) {
+  const auto filter = folder.path() / "root/Library/MobileSubstrate/DynamicLibraries/Brim.plist";
+  std::filesystem::create_directories(filter.parent_path());
+  std::ofstream(filter) << "{ Filter = { Bundles = (); }; }";
+  const Outcome outcome = run("--script -", R"({"do":"hooks"})");
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_EQ(contentsOf(filter), "{ Filter = { Bundles = (); }; }");
+  EXPECT_EQ(answers(outcome.output).front().at("rows"), Json::array());
+}
+
+TEST_F(Process, HelpSucceeds) {
+  const Outcome outcome = run("--help");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_NE(outcome.output.find("--without-brim"), std::string::npos);
+  EXPECT_NE(outcome.output.find("screenshot path [scale] [crop]"), std::string::npos);
+}
+
+TEST_F(Process, AWrongOptionEndsItWithTwo) {
+  const Outcome outcome = run("--device iphone-5");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_TRUE(outcome.output.empty());
+  EXPECT_NE(outcome.errors.find("iphone-se"), std::string::npos);
+}
+
+TEST_F(Process, WithoutAScriptItSaysWhatToGive) {
+  const Outcome outcome = run("--without-brim");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_NE(outcome.errors.find("--script"), std::string::npos);
+}
+
+TEST_F(Process, AScriptThatCannotBeReadEndsItWithTwo) {
+  EXPECT_EQ(run("--without-brim --script nowhere").status, 2);
+  EXPECT_EQ(run("--without-brim --script .").status, 2);
+}
+
+TEST_F(Process, ARootThatCannotBeMadeEndsItWithTwo) {
+  std::ofstream(folder.path() / "root") << "a file";
+  const Outcome outcome = run("--without-brim --script -");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_NE(outcome.errors.find("root"), std::string::npos);
+}
+
+TEST_F(Process, DemonstrationWritesPicturesAndPrintsTheirPaths) {
+  const Outcome outcome = run("--without-brim --demonstration pictures");
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  std::istringstream stream(outcome.output);
+  int count = 0;
+  for (std::string path; std::getline(stream, path); ++count)
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / path)) << path;
+  EXPECT_EQ(count, 16);
+}
+
+}  // namespace

@@ -1,0 +1,126 @@
+#include "tests/support/plain_phone.hpp"
+
+namespace {
+
+using test::Json;
+using test::PlainPhone;
+
+struct Refusal {
+  const char* line;
+  const char* reason;
+};
+
+// One phone answers all lines: each refusal must leave it able to obey the next.
+constexpr Refusal refusals[] = {
+    {"nonsense", "not JSON: parse error at line 1, column 2"},
+    {R"({"do":"wait","seconds":1)", "not JSON: parse error at line 1, column 25"},
+    {R"({"do":"wait","seconds":1}})", "not JSON"},
+    {R"({"do":"wait","seconds":1e999})", "not JSON"},
+    {"{\"do\":\"present\",\"section\":\"a\",\"title\":\"\xff\xfe\"}", "ill-formed UTF-8"},
+    {R"({"do":"present","section":"a","title":"\ud800"})", "not JSON"},
+    {"[]", "a command is an object"},
+    {"\"wait\"", "a command is an object"},
+    {"{}", "a command is an object with a string \"do\""},
+    {R"({"do":1})", "a command is an object with a string \"do\""},
+    {R"({"do":"dance"})", "unknown command \"dance\"; there are present, update"},
+    {R"({"do":"wait"})", "wait wants \"seconds\", a number of seconds"},
+    {R"({"do":"wait","seconds":"1"})", "\"seconds\" of wait takes a number of seconds from 0 to a year"},
+    {R"({"do":"wait","seconds":-1})", "takes a number of seconds from 0"},
+    {R"({"do":"wait","seconds":1e12})", "takes a number of seconds from 0"},
+    {R"({"do":"wait","seconds":1,"minutes":2})", "wait has no field \"minutes\"; its fields are seconds"},
+    {R"({"do":"await","for":"rain"})", "photo, message, http or idle"},
+    {R"({"do":"await","for":"photo","seconds":0})", "no photo came within the limit"},
+    {R"({"do":"await","for":"idle","seconds":0})", "not idle within the limit"},
+    {R"({"do":"await","for":"photo","seconds":-1})", "from 0 to 600"},
+    {R"({"do":"present"})", "present wants \"section\""},
+    {R"({"do":"present","section":""})", "not empty"},
+    {R"({"do":"present","section":"a","title":5})", "\"title\" of present takes a string, not 5"},
+    {R"({"do":"present","section":"a","title":null})", "\"title\" of present takes a string, not null"},
+    {R"({"do":"present","section":"a","userInfo":[]})", "takes an object"},
+    {R"({"do":"present","section":"a","clear":1})", "takes true or false"},
+    {R"({"do":"present","section":"a","dismissAutomatically":"no"})", "true, false or null"},
+    {R"({"do":"present","section":"a","at":"yesterday"})", "a date such as"},
+    {R"({"do":"present","section":"a","actions":{}})", "an array of {\"key\""},
+    {R"({"do":"present","section":"a","actions":[{"name":"x"}]})", "an array of {\"key\""},
+    {R"({"do":"present","section":"a","actions":[{"key":1}]})", "an array of {\"key\""},
+    {R"({"do":"present","section":"a","icon":"/nowhere.png"})", "is no picture that can be read"},
+    {R"({"do":"present","section":"a","icon":"/dev/null"})", "is no picture that can be read"},
+    {R"({"do":"update","title":"b"})", "update wants \"controller\", an integer"},
+    {R"({"do":"update","controller":1})", "there is no controller 1; none has been presented yet"},
+    {R"({"do":"dismiss","controller":0})", "there is no controller 0"},
+    {R"({"do":"dismiss","controller":-3})", "there is no controller -3"},
+    {R"({"do":"dismiss","controller":1.5})", "takes an integer"},
+    {R"({"do":"dismiss","controller":18446744073709551615})", "there is no controller"},
+    {R"({"do":"longlook","controller":7,"kind":"scroll"})", "there is no controller 7"},
+    {R"({"do":"longlook","controller":1,"kind":"hard"})", "scroll, click or trigger"},
+    {R"({"do":"state","controller":1})", "there is no controller 1"},
+    {R"({"do":"state"})", "state wants \"controller\""},
+    {R"({"do":"tree","controller":1})", "there is no controller 1"},
+    {R"({"do":"tap"})", "exactly one of"},
+    {R"({"do":"tap","at":[1,2],"label":"x"})", "exactly one of"},
+    {R"({"do":"tap","at":[1]})", "[x,y], two numbers"},
+    {R"({"do":"tap","at":["1","2"]})", "[x,y], two numbers"},
+    {R"({"do":"tap","at":[1000,2]})", "not on the screen"},
+    {R"({"do":"tap","label":"No such text"})", "nothing on the screen reads \"No such text\"; it reads"},
+    {R"({"do":"tap","controller":1})", "there is no controller 1"},
+    {R"({"do":"drag"})", "drag wants \"by\""},
+    {R"({"do":"drag","by":[0,10]})", "no banner is on screen"},
+    {R"({"do":"drag","by":[0,10],"at":[5,5],"controller":1})", "not both"},
+    {R"({"do":"drag","by":[0,10],"at":[5,5],"steps":0})", "an integer from 1 to 10000"},
+    {R"({"do":"drag","by":[0,10],"at":[5,5],"end":"fling"})", "release, cancel or hold"},
+    {R"({"do":"type"})", "type wants \"text\""},
+    {R"({"do":"type","text":"hello"})", "nothing has the keyboard"},
+    {R"({"do":"key","name":"return"})", "nothing has the keyboard"},
+    {R"({"do":"key","name":"escape"})", "return or backspace"},
+    {R"({"do":"press","type":101})", "press wants \"force\""},
+    {R"({"do":"press","type":"home","force":0})", "takes an integer"},
+    {R"({"do":"lock","now":true})", "lock has no field \"now\"; its fields are none"},
+    {R"({"do":"set","key":"enabled"})", "set wants \"value\""},
+    {R"({"do":"set","key":"","value":1})", "not empty"},
+    {R"({"do":"set","key":"enabled","value":[null]})", "null to remove it"},
+    {R"({"do":"appearance","style":"grey"})", "light or dark"},
+    {R"({"do":"screenshot"})", "screenshot wants \"path\""},
+    {R"({"do":"screenshot","path":"/no/such/folder/a.png"})", "could not be written"},
+    {R"({"do":"screenshot","path":"a.png","scale":0})", "above 0, at most 8"},
+    {R"({"do":"screenshot","path":"a.png","scale":9})", "above 0, at most 8"},
+    {R"({"do":"screenshot","path":"a.png","crop":1})", "there is no controller 1"},
+};
+
+TEST(RefusedCommands, SayWhatWouldBeRight) {
+  PlainPhone phone;
+  for (const Refusal& refusal : refusals) {
+    const Json answer = phone.answerLine(refusal.line);
+    EXPECT_FALSE(answer.at("ok").get<bool>()) << refusal.line;
+    const std::string reason = answer.value("error", "");
+    EXPECT_NE(reason.find(refusal.reason), std::string::npos) << refusal.line << " was answered with " << reason;
+    EXPECT_EQ(answer.size(), 2U);
+  }
+  EXPECT_EQ(phone.present(), 1);
+}
+
+TEST(RefusedCommands, NestingIsBounded) {
+  PlainPhone phone;
+  const std::string deep = std::string(100000, '[') + std::string(100000, ']');
+  const Json answer = phone.answerLine(R"({"do":"present","section":"a","userInfo":{"a":)" + deep + "}}");
+  EXPECT_NE(answer.value("error", "").find("levels deep"), std::string::npos);
+  const Json brackets = phone.answerLine(R"({"do":"present","section":"a","title":")" + std::string(1000, '[') + "\"}");
+  EXPECT_TRUE(brackets.at("ok").get<bool>());
+}
+
+TEST(RefusedCommands, ADismissedControllerIsNotOnScreen) {
+  PlainPhone phone;
+  const int controller = phone.present();
+  phone.wait(10);
+  const Json tap = phone.answer({{"do", "tap"}, {"controller", controller}});
+  EXPECT_NE(tap.value("error", "").find("no longer on screen"), std::string::npos) << tap;
+  const Json dismiss = phone.answer({{"do", "dismiss"}, {"controller", controller}});
+  EXPECT_NE(dismiss.value("error", "").find("gone"), std::string::npos) << dismiss;
+}
+
+TEST(RefusedCommands, BytesThatAreNoTextAreRefusedAsObjectsToo) {
+  PlainPhone phone;
+  const Json answer = phone.answer({{"do", "\xff"}});
+  EXPECT_FALSE(answer.at("ok").get<bool>());
+}
+
+}  // namespace
