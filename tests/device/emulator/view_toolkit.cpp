@@ -1,0 +1,69 @@
+#include <array>
+
+#include "tests/device/emulator/platform_classes.hpp"
+
+namespace device {
+
+namespace {
+
+using Colour = std::array<double, 4>;
+
+Address makeColour(ObjectiveC& runtime, Colour colour) {
+  const Address made = runtime.allocate(*runtime.find("UIColor"));
+  runtime.object(made).value = colour;
+  return runtime.autorelease(made);
+}
+
+void defineColours(ObjectiveC& runtime) {
+  runtime.define("UIColor");
+  runtime.addClassMethod("UIColor", "colorWithRed:green:blue:alpha:", "@@:dddd", [](const Message& message) {
+    const Colour colour = {message.number(0), message.number(1), message.number(2), message.number(3)};
+    message.answer(makeColour(message.runtime, colour));
+  });
+  runtime.addClassMethod("UIColor", "redColor", "@@:", [](const Message& message) {
+    message.answer(makeColour(message.runtime, {1, 0, 0, 1}));
+  });
+}
+
+void defineDevice(ObjectiveC& runtime, Platform& platform) {
+  runtime.define("UIDevice");
+  runtime.addClassMethod("UIDevice", "currentDevice", "@@:", [](const Message& message) {
+    message.answer(message.runtime.autorelease(message.runtime.make("UIDevice")));
+  });
+  runtime.addMethod("UIDevice", "systemVersion", "@@:", [&platform](const Message& message) {
+    message.answer(makeString(message.runtime, platform.systemVersion));
+  });
+  runtime.addMethod("UIDevice", "valueForKey:", "@@:@", [&platform](const Message& message) {
+    if (message.text(0) != "_feedbackSupportLevel") throw std::runtime_error("an unknown key: " + message.text(0));
+    const Address made = message.runtime.allocate(*message.runtime.find("NSNumber"));
+    message.runtime.object(made).value = platform.feedbackSupportLevel;
+    message.answer(message.runtime.autorelease(made));
+  });
+}
+
+void defineViews(ObjectiveC& runtime) {
+  runtime.define("UIResponder");
+  runtime.define("UIView", "UIResponder");
+  runtime.addMethod("UIView", "initWithFrame:", "@@:{CGRect={CGPoint=dd}{CGSize=dd}}",
+                    [](const Message& message) { message.answer(message.self); });
+  runtime.define("UILabel", "UIView");
+  runtime.define("UIControl", "UIView");
+  runtime.define("UITextField", "UIControl");
+  runtime.define("UIImageView", "UIView");
+  addProperty(runtime, "UIImageView", "image", PropertyKind::Object);
+  runtime.define("UIImage");
+  // Its value is the path that it was read from.
+  runtime.addClassMethod("UIImage", "imageWithContentsOfFile:", "@@:@", [](const Message& message) {
+    message.answer(makeString(message.runtime, message.text(0), "UIImage"));
+  });
+}
+
+}  // namespace
+
+void defineViewToolkit(ObjectiveC& runtime, Platform& platform) {
+  defineColours(runtime);
+  defineDevice(runtime, platform);
+  defineViews(runtime);
+}
+
+}  // namespace device
