@@ -95,7 +95,8 @@ CGSize paragraphSize(ParagraphView* self) {
   const double natural = 10.0 * length.characters;
   if (length.width <= 0 || length.width >= natural) return {natural, 10};
   const int inLine = std::max(1, static_cast<int>(length.width / 10));
-  return {10.0 * inLine, 10.0 * ((length.characters + inLine - 1) / inLine)};
+  const int lines = (length.characters + inLine - 1) / inLine;
+  return {10.0 * inLine, 10.0 * lines};
 }
 
 std::string number(double value) {
