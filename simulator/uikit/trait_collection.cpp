@@ -2,6 +2,7 @@
 
 #include "simulator/uikit/classes.hpp"
 #include "simulator/uikit/environment.hpp"
+#include "simulator/uikit/renderer.hpp"
 #include "simulator/uikit/view_categories.hpp"
 #include "simulator/uikit/view_controller.hpp"
 #include "simulator/uikit/view_hierarchy.hpp"
@@ -58,7 +59,9 @@ void addWitnesses(UIView* root, std::vector<Witness>& witnesses) {
   });
 }
 
+// Also views that are not told anything look different: default colours and blurs follow the appearance.
 void tellChanges(const std::vector<Witness>& witnesses) {
+  noteDisplayChange();
   for (const Witness& witness : witnesses)
     if (styleOfWitness(witness.object) != witness.style)
       objc::send<void, "traitCollectionDidChange:">(witness.object.get(), traitCollection(witness.style));

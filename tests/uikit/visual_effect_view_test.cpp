@@ -27,12 +27,6 @@ class VisualEffectView : public Stage {
   objc::Ref<UIWindow> window = makeWindow();
 };
 
-void switchToDark() {
-  uikit::Environment dark;
-  dark.style = UIUserInterfaceStyle::Dark;
-  uikit::setEnvironment(dark);
-}
-
 TEST_F(VisualEffectView, BlursWhatLiesBehind) {
   EXPECT_EQ(brightness(99, 100), 0);
   EXPECT_EQ(brightness(100, 100), 255);
@@ -61,9 +55,7 @@ TEST_F(VisualEffectView, HasItsStyle) {
 TEST_F(VisualEffectView, FollowsTheAppearanceInTheRegularStyle) {
   addPane(UIBlurEffectStyle::Regular);
   const int light = brightness(140, 100);
-  switchToDark();
-  window->layer();
-  objc::send<void, "setNeedsDisplay">(window.get());
+  uikit::switchAppearance(UIUserInterfaceStyle::Dark);
   EXPECT_LT(brightness(140, 100), light);
 }
 
