@@ -35,6 +35,10 @@ std::array<std::uint8_t, 16> md5(std::span<const std::uint8_t> bytes) {
 
 }  // namespace
 
+void callBlock(Processor& processor, Address block, bool flag) {
+  processor.call(processor.load<Address>(block + invokeOffset), {block, flag});
+}
+
 CLibrary::CLibrary(Imports& imports, ObjectiveC& objectiveC, Processor& runsOn)
     : runtime(objectiveC), processor(runsOn) {
   supplyBlocks(imports);
@@ -69,13 +73,11 @@ void CLibrary::releaseBlock(Address block) {
   processor.call(processor.load<Address>(descriptor + disposeOffset), {block});
 }
 
-void CLibrary::callBlock(Address block) { processor.call(processor.load<Address>(block + invokeOffset), {block}); }
-
 void CLibrary::runMainQueue() {
   while (!mainQueue.empty()) {
     const Address block = mainQueue.front();
     mainQueue.pop_front();
-    callBlock(block);
+    callBlock(processor, block);
     releaseBlock(block);
   }
 }
@@ -99,7 +101,7 @@ void CLibrary::supplyQueues(Imports& imports) {
   });
   imports.add("dispatch_sync", [this](HostCall& call) {
     synchronousQueues.push_back(call.processor.x(0));
-    callBlock(call.processor.x(1));
+    callBlock(processor, call.processor.x(1));
   });
   imports.add("dispatch_time",
               [](HostCall& call) { call.processor.setX(0, call.processor.x(0) + call.processor.x(1)); });

@@ -10,6 +10,9 @@
 
 namespace device {
 
+// Calls a block, which may take a flag.
+void callBlock(Processor& processor, Address block, bool flag = false);
+
 class CLibrary {
  public:
   CLibrary(Imports& imports, ObjectiveC& runtime, Processor& processor);
@@ -25,15 +28,13 @@ class CLibrary {
 
   // Runs what waits in the main queue, and what comes to wait there meanwhile.
   void runMainQueue();
-  // Calls a block without arguments.
-  void callBlock(Address block);
 
   // What lookups by name find, beside nothing.
   std::map<std::string, Address> symbols;
   // What the next random numbers are; then zero.
   std::deque<std::uint32_t> randomNumbers;
 
-  std::vector<std::uint64_t> randomBounds;
+  std::vector<std::uint32_t> randomBounds;
   std::vector<Opening> openings;
   std::vector<Address> synchronousQueues;
   std::vector<DelayedWork> delayedWork;

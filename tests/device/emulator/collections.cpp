@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "tests/device/emulator/platform_classes.hpp"
 
 namespace device {
@@ -52,13 +54,14 @@ void getValue(const Message& message) {
 
 }  // namespace
 
-void defineCollections(ObjectiveC& runtime) {
+void defineCollections(ObjectiveC& runtime, Platform& platform) {
   runtime.define("NSArray");
   runtime.define("NSMutableArray", "NSArray");
   runtime.define("NSDictionary");
   runtime.define("NSMutableDictionary", "NSDictionary");
-  runtime.addClassMethod("NSMutableDictionary", "dictionaryWithCapacity:", "@@:Q", [](const Message& message) {
-    message.answer(makeObject(message.runtime, "NSMutableDictionary", Entries()));
+  runtime.addClassMethod("NSMutableDictionary", "dictionaryWithCapacity:", "@@:Q", [&platform](const Message& message) {
+    platform.dictionaries.push_back(makeObject(message.runtime, "NSMutableDictionary", Entries()));
+    message.answer(platform.dictionaries.back());
   });
   runtime.addMethod("NSMutableDictionary", "setObject:forKey:", "v@:@@", setObject);
   runtime.addMethod("NSDictionary", "objectForKey:", "@@:@", objectForKey);

@@ -1,13 +1,9 @@
 #include "tests/device/emulator/platform_classes.hpp"
+#include "tests/device/emulator/recorded_methods.hpp"
 
 namespace device {
 
 namespace {
-
-std::string setterOf(const std::string& name) {
-  return "set" + std::string(1, static_cast<char>(std::toupper(static_cast<unsigned char>(name[0])))) + name.substr(1) +
-         ":";
-}
 
 void definePreferences(ObjectiveC& runtime, Platform& platform) {
   runtime.define("HBPreferences");
@@ -39,6 +35,9 @@ void defineBundle(ObjectiveC& runtime) {
   runtime.addClassMethod("NSBundle", "bundleWithPath:", "@@:@", [](const Message& message) {
     message.answer(makeString(message.runtime, message.text(0), "NSBundle"));
   });
+  // No language: every word is the fallback.
+  runtime.addMethod("NSBundle", "localizedStringForKey:value:table:", "@@:@@@",
+                    [](const Message& message) { message.answer(message.argument(1)); });
   runtime.addMethod("NSBundle", "pathForResource:ofType:", "@@:@@", [](const Message& message) {
     const std::string path = textOf(message.runtime, message.self) + "/" + message.text(0) + "." + message.text(1);
     message.answer(makeString(message.runtime, path));
@@ -59,23 +58,17 @@ void defineNotifications(ObjectiveC& runtime, Platform& platform) {
 
 }  // namespace
 
-void addProperty(ObjectiveC& runtime, const std::string& className, const std::string& name, PropertyKind kind) {
-  runtime.addMethod(className, name, kind == PropertyKind::Object ? "@@:" : "q@:", [name](const Message& message) {
-    message.answer(message.runtime.object(message.self).properties[name]);
-  });
-  runtime.addMethod(className, setterOf(name), kind == PropertyKind::Object ? "v@:@" : "v@:q",
-                    [name, kind](const Message& message) {
-                      std::uint64_t& held = message.runtime.object(message.self).properties[name];
-                      if (kind == PropertyKind::Object) message.runtime.retain(message.argument(0));
-                      held = message.argument(0);
-                    });
-}
-
 void defineFoundation(ObjectiveC& runtime, Platform& platform) {
   definePreferences(runtime, platform);
   defineBundle(runtime);
   defineNotifications(runtime, platform);
   runtime.define("NSData");
+  runtime.define("NSDateFormatter");
+  addRecordedMethod(runtime, "NSDateFormatter", "setDateFormat:", "v@:@");
+  runtime.addMethod("NSDateFormatter", "stringFromDate:", "@@:@", [](const Message& message) {
+    const std::string format = textOf(message.runtime, kept(message.runtime, message.self, "dateFormat"));
+    message.answer(makeString(message.runtime, format == "HH:mm" ? "21:41" : "9:41 PM"));
+  });
   runtime.define("NSDate");
   runtime.addClassMethod("NSDate", "date", "@@:", [](const Message& message) {
     message.answer(message.runtime.autorelease(message.runtime.make("NSDate")));

@@ -1,6 +1,7 @@
 #include <string_view>
 
 #include "tests/device/emulator/platform_classes.hpp"
+#include "tests/device/emulator/recorded_methods.hpp"
 #include "tests/hook_rows.hpp"
 
 namespace device {
@@ -24,9 +25,9 @@ void defineBulletins(ObjectiveC& runtime, Platform& platform) {
   runtime.define("BBBulletin");
   for (const char* name : {"title", "message", "sectionID", "bulletinID", "recordID", "publisherBulletinID", "date",
                            "defaultAction", "publicationDate", "lastInterruptDate"})
-    addProperty(runtime, "BBBulletin", name, PropertyKind::Object);
-  addProperty(runtime, "BBBulletin", "clearable", PropertyKind::Plain);
-  addProperty(runtime, "BBBulletin", "showsMessagePreview", PropertyKind::Plain);
+    addProperty(runtime, "BBBulletin", name, "@");
+  addProperty(runtime, "BBBulletin", "clearable", "B");
+  addProperty(runtime, "BBBulletin", "showsMessagePreview", "B");
   runtime.define("BBAction");
   runtime.addClassMethod("BBAction", "actionWithLaunchBundleID:callblock:", "@@:@@?", [](const Message& message) {
     message.answer(makeString(message.runtime, message.text(0), "BBAction"));

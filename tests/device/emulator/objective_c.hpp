@@ -64,7 +64,7 @@ struct ObjectRecord {
   std::uint64_t retainCount = 1;
   bool gone = false;
   std::any value;  // what a stand-in keeps with its object
-  std::map<std::string, std::uint64_t> properties;
+  std::map<std::string, std::vector<std::uint64_t>> properties;
   std::map<Address, Address> associations;
 };
 

@@ -22,7 +22,7 @@ Phone::Phone(Platform started, Process process)
     : runtime(processor), imports(processor), c(imports, runtime, processor), platform(std::move(started)) {
   supplyRuntimeFunctions(imports, runtime, changes);
   defineStrings(runtime);
-  defineCollections(runtime);
+  defineCollections(runtime, platform);
   defineFoundation(runtime, platform);
   defineViewToolkit(runtime, platform);
   if (process == Process::HomeScreen) defineHookedClasses(runtime, platform);

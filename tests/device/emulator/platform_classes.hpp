@@ -39,12 +39,18 @@ struct Platform {
   // "name selector" of each, in order.
   std::vector<std::string> observers;
   std::vector<std::pair<Address, std::uint64_t>> published;  // bulletin and destinations
+  std::vector<Address> dictionaries;                         // made with a capacity, in order
+  std::vector<Address> constraints;                          // in the order of their making
+  Address application = 0;
 };
 
 // The platform must live as long as the runtime.
 void defineStrings(ObjectiveC& runtime);
-void defineCollections(ObjectiveC& runtime);
+void defineCollections(ObjectiveC& runtime, Platform& platform);
 void defineFoundation(ObjectiveC& runtime, Platform& platform);
+void defineViews(ObjectiveC& runtime, Platform& platform);
+void defineLayoutAnchors(ObjectiveC& runtime, Platform& platform);
+// Views and anchors included.
 void defineViewToolkit(ObjectiveC& runtime, Platform& platform);
 // The classes whose methods the library replaces, with those methods.
 void defineHookedClasses(ObjectiveC& runtime, Platform& platform);
@@ -52,9 +58,5 @@ void defineHookedClasses(ObjectiveC& runtime, Platform& platform);
 // A string that lives until the innermost pool is drained.
 Address makeString(ObjectiveC& runtime, const std::string& text, const std::string& className = "NSString");
 std::string textOf(ObjectiveC& runtime, Address string);
-
-// Adds a property kept with the object: its getter and its setter. Objects are held.
-enum class PropertyKind { Plain, Object };
-void addProperty(ObjectiveC& runtime, const std::string& className, const std::string& name, PropertyKind kind);
 
 }  // namespace device

@@ -52,6 +52,12 @@ void rangeOfString(const Message& message) {
   message.processor.setX(1, found == std::string::npos ? 0 : wanted.size());
 }
 
+void replaceCharacters(const Message& message) {
+  std::string replaced = valueOf(message);
+  replaced.replace(message.argument(0), message.argument(1), message.text(2));
+  message.answer(makeString(message.runtime, replaced));
+}
+
 }  // namespace
 
 Address makeString(ObjectiveC& runtime, const std::string& text, const std::string& className) {
@@ -86,6 +92,8 @@ void defineStrings(ObjectiveC& runtime) {
   });
   runtime.addMethod("NSString", "compare:options:", "q@:@Q", compare);
   runtime.addMethod("NSString", "rangeOfString:", "{_NSRange=QQ}@:@", rangeOfString);
+  runtime.addMethod("NSString", "stringByReplacingCharactersInRange:withString:", "@@:{_NSRange=QQ}@",
+                    replaceCharacters);
   runtime.addMethod("NSString", "isEqualToString:", "B@:@", [](const Message& message) {
     message.answer(message.argument(0) != 0 && valueOf(message) == message.text(0));
   });

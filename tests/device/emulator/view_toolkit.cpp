@@ -20,6 +20,12 @@ void defineColours(ObjectiveC& runtime) {
     const Colour colour = {message.number(0), message.number(1), message.number(2), message.number(3)};
     message.answer(makeColour(message.runtime, colour));
   });
+  // A colour is its own CGColor.
+  runtime.addMethod("UIColor", "CGColor",
+                    "^{CGColor=}@:", [](const Message& message) { message.answer(message.self); });
+  runtime.addClassMethod("UIColor", "clearColor", "@@:", [](const Message& message) {
+    message.answer(makeColour(message.runtime, {0, 0, 0, 0}));
+  });
   runtime.addClassMethod("UIColor", "redColor", "@@:", [](const Message& message) {
     message.answer(makeColour(message.runtime, {1, 0, 0, 1}));
   });
@@ -41,18 +47,9 @@ void defineDevice(ObjectiveC& runtime, Platform& platform) {
   });
 }
 
-void defineViews(ObjectiveC& runtime) {
-  runtime.define("UIResponder");
-  runtime.define("UIView", "UIResponder");
-  runtime.addMethod("UIView", "initWithFrame:", "@@:{CGRect={CGPoint=dd}{CGSize=dd}}",
-                    [](const Message& message) { message.answer(message.self); });
-  runtime.define("UILabel", "UIView");
-  runtime.define("UIControl", "UIView");
-  runtime.define("UITextField", "UIControl");
-  runtime.define("UIImageView", "UIView");
-  addProperty(runtime, "UIImageView", "image", PropertyKind::Object);
+// Its value is the path that it was read from.
+void defineImages(ObjectiveC& runtime) {
   runtime.define("UIImage");
-  // Its value is the path that it was read from.
   runtime.addClassMethod("UIImage", "imageWithContentsOfFile:", "@@:@", [](const Message& message) {
     message.answer(makeString(message.runtime, message.text(0), "UIImage"));
   });
@@ -63,7 +60,9 @@ void defineViews(ObjectiveC& runtime) {
 void defineViewToolkit(ObjectiveC& runtime, Platform& platform) {
   defineColours(runtime);
   defineDevice(runtime, platform);
-  defineViews(runtime);
+  defineImages(runtime);
+  defineViews(runtime, platform);
+  defineLayoutAnchors(runtime, platform);
 }
 
 }  // namespace device

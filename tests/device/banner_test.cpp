@@ -1,0 +1,142 @@
+// A banner built by the phone's library: its pictures and the views it is made of.
+
+#include "tests/device/banner.hpp"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "tests/both_machines.hpp"
+
+namespace {
+
+using device::activeConstraints;
+using device::Address;
+using device::Banner;
+using device::Constraint;
+using device::holds;
+using device::kept;
+using device::keptNumber;
+using device::Phone;
+
+TEST(PhoneBanner, KeepsWhatItIsGiven) {
+  Phone phone;
+  Banner banner(phone);
+  EXPECT_EQ(phone.text(phone.runtime.send(banner.view, "originalHeader")), "Anna");
+  EXPECT_EQ(phone.runtime.send(banner.view, "textAlignment"), 0U);
+  EXPECT_EQ(phone.runtime.send(banner.view, "canReply") & 0xff, 1U);
+}
+
+TEST(PhoneBanner, BuildsItsViewsWhenItArrivesInASuperview) {
+  Phone phone;
+  Banner banner(phone);
+  banner.show();
+  EXPECT_EQ(banner.textOf("_headerLabel"), "Anna");
+  EXPECT_EQ(banner.textOf("_subHeaderLabel"), "Lunch");
+  EXPECT_EQ(banner.textOf("_bodyLabel"), "See you at one?");
+  EXPECT_EQ(banner.textOf("_clockLabel"), "21:41");
+  EXPECT_EQ(banner.textOf("_nowLabel"), "now");
+  EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
+  const Address font = kept(phone.runtime, banner.part("_headerLabel"), "font");
+  EXPECT_EQ(phone.text(font), "bold");
+  EXPECT_EQ(keptNumber(phone.runtime, font, "pointSize"), 15);
+  EXPECT_EQ(kept(phone.runtime, banner.part("_bodyLabel"), "numberOfLines"), 2U);
+}
+
+TEST(PhoneBanner, ShowsTheClockOfTwelveHoursWithoutItsMarker) {
+  Phone phone;
+  Banner banner(phone);
+  banner.set("setMilitaryClock:", 0);
+  banner.show();
+  EXPECT_EQ(banner.textOf("_clockLabel"), "9:41");
+}
+
+TEST(PhoneBanner, IsPlacedByConstraintsAboveTheScreen) {
+  Phone phone;
+  Banner banner(phone);
+  banner.show();
+  const std::vector<Constraint> constraints = activeConstraints(phone);
+  EXPECT_TRUE(holds(constraints, "BrimContainer.top == UIView.top", -70));
+  EXPECT_TRUE(holds(constraints, "BrimContainer.leading == UIView.leading", 0));
+  EXPECT_TRUE(holds(constraints, "UIImageView.width", 40));
+  EXPECT_TRUE(holds(constraints, "BrimLabel.leading == UIImageView.trailing", 16));
+  EXPECT_TRUE(holds(constraints, "UIStackView.height", 36));
+  EXPECT_TRUE(holds(constraints, "UIView.height", 5.33));
+}
+
+TEST(PhoneBanner, OffersItsButtonsAndIsTheirTarget) {
+  Phone phone;
+  Banner banner(phone);
+  banner.show();
+  for (const auto& [button, action] :
+       {std::pair("_closeButton", "closeButtonPressed:"), std::pair("_clearButton", "clearButtonPressed:"),
+        std::pair("_replyButton", "replyButtonPressed:")}) {
+    const auto& target = phone.runtime.object(banner.part(button)).properties.at("addTarget:action:forControlEvents:");
+    EXPECT_EQ(target.at(0), banner.view);
+    EXPECT_EQ(phone.runtime.selectorName(target.at(1)), action);
+    EXPECT_EQ(target.at(2), 64U);
+  }
+}
+
+TEST(PhoneBanner, IsHeldByItsSuperviewAndItsMakerOnceBuilt) {
+  Phone phone;
+  Banner banner(phone);
+  banner.show();
+  EXPECT_EQ(phone.runtime.object(banner.view).retainCount, 2U);
+}
+
+TEST(PhoneBanner, LetsAllItHoldsGoWithIt) {
+  Phone phone;
+  Banner banner(phone);
+  banner.show();
+  const Address header = banner.part("_headerLabel");
+  const std::uint64_t held = phone.runtime.object(header).retainCount;
+  while (!phone.runtime.object(banner.view).gone) phone.runtime.release(banner.view);
+  EXPECT_EQ(phone.runtime.object(header).retainCount, held - 1);
+}
+
+TEST(PhoneBanner, ForgetsADelegateThatIsGone) {
+  Phone phone;
+  Banner banner(phone);
+  const Address delegate = phone.runtime.make("NSObject");
+  banner.set("setDelegate:", delegate);
+  phone.runtime.openPool();
+  EXPECT_EQ(phone.runtime.send(banner.view, "delegate"), delegate);
+  phone.runtime.drainPool();
+  EXPECT_EQ(phone.runtime.object(delegate).retainCount, 1U);
+  phone.runtime.release(delegate);
+  EXPECT_EQ(phone.runtime.send(banner.view, "delegate"), 0U);
+}
+
+TEST(PhoneGlyphs, AreEighteenByApplicationAndColour) {
+  Phone phone;
+  const std::vector<Address> before = phone.platform.dictionaries;
+  const Banner banner(phone);
+  ASSERT_EQ(phone.platform.dictionaries.size(), before.size() + 1);
+  const auto& table = std::any_cast<const std::map<std::string, Address>&>(
+      phone.runtime.object(phone.platform.dictionaries.back()).value);
+  ASSERT_EQ(table.size(), 18U);
+  const std::map<std::string, std::string> glyphs = {
+      {"net.whatsapp.WhatsApp", "whatsapp"}, {"net.whatsapp.WhatsAppSMB", "whatsapp"},
+      {"com.apple.MobileSMS", "imessages"},  {"com.atebits.Tweetie2", "twitter"},
+      {"com.tinyspeck.chatlyio", "slack"},   {"com.hammerandchisel.discord", "discord"},
+      {"com.burbn.instagram", "instagram"},  {"com.facebook.Messenger", "facebook_messenger"},
+      {"ph.telegra.Telegraph", "telegram"}};
+  for (const auto& [application, glyph] : glyphs)
+    for (const std::string colour : {"black", "white"})
+      EXPECT_EQ(phone.text(table.at(application + "-" + colour)), "glyphs/" + colour + "/" + glyph);
+}
+
+TEST(PhoneGlyphs, FollowTheBannersColour) {
+  Phone phone;
+  Banner banner(phone);
+  banner.show();
+  banner.set("updateImage:", banner.icon);
+  EXPECT_EQ(banner.badgePath(), std::string(test::assetBundle) + "/glyphs/white/imessages.png");
+  const Address light = phone.runtime.send(phone.runtime.sendClass("BrimColors", "alloc"), "initWithMode:", {2});
+  banner.set("setColorSet:", light);
+  phone.runtime.send(banner.view, "updateColors");
+  EXPECT_EQ(banner.badgePath(), std::string(test::assetBundle) + "/glyphs/black/imessages.png");
+}
+
+}  // namespace

@@ -1,0 +1,104 @@
+// What is seen alike on both machines, seen on the phone.
+#include "tests/both_machines.hpp"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+
+#include "tests/device/banner.hpp"
+
+namespace {
+
+using device::Address;
+using device::Banner;
+using device::kept;
+using device::Phone;
+using device::Platform;
+
+TEST(PhoneOfBothMachines, KeepsAFlagAsATruthValue) {
+  Phone phone;
+  const device::ClassRecord& type = *phone.runtime.find("NCNotificationShortLookViewController");
+  EXPECT_EQ(type.findMethod("hasDismissed")->encoding, test::flagGetterEncoding);
+  EXPECT_EQ(type.findMethod("setHasDismissed:")->encoding, test::flagSetterEncoding);
+  const Address controller = phone.runtime.make(type.name);
+  const auto hasDismissed = [&] { return (phone.runtime.send(controller, "hasDismissed") & 0xff) != 0; };
+  EXPECT_FALSE(hasDismissed());
+  phone.runtime.send(controller, "setHasDismissed:", {1});
+  EXPECT_TRUE(hasDismissed());
+  phone.runtime.send(controller, "setHasDismissed:", {0});
+  EXPECT_FALSE(hasDismissed());
+}
+
+// A truth value is the lowest byte of the register; what stands above it means nothing.
+TEST(PhoneOfBothMachines, ReadsOnlyTheByteOfATruthValue) {
+  for (const auto& [inRegister, expected] : {std::pair(0xabcd00U, 0U), std::pair(0xabcd01U, 1U)}) {
+    Platform platform;
+    platform.truthInRegister = inRegister;
+    Phone phone(platform);
+    const Address controller = phone.runtime.make("NCNotificationContentContainerViewController");
+    EXPECT_EQ(phone.runtime.send(controller, "performAction:forNotification:withUserInfo:", {1, 2, 3}) & 0xff,
+              expected);
+  }
+}
+
+void expectStatusLine(const test::StatusLine& line) {
+  Phone phone;
+  const Address application = phone.runtime.sendClass("UIApplication", "sharedApplication");
+  const Address window = phone.runtime.send(application, "keyWindow");
+  keep(phone.runtime, window, "safeAreaInsets", {0, 0, std::bit_cast<std::uint64_t>(line.bottomSafeArea), 0});
+  Banner banner(phone);
+  banner.show();
+  EXPECT_TRUE(holds(activeConstraints(phone), "BrimLabel.top == BrimContainer.top", line.top));
+}
+
+TEST(PhoneOfBothMachines, FindsTheStatusLineWithAHomeButton) { expectStatusLine(test::statusLineWithHomeButton); }
+
+TEST(PhoneOfBothMachines, FindsTheStatusLineWithoutAHomeButton) { expectStatusLine(test::statusLineWithoutHomeButton); }
+
+TEST(PhoneOfBothMachines, PassesARectangleOnInItsRegisters) {
+  Phone phone;
+  const Address window = phone.runtime.sendClass("UIStatusBarWindow", "alloc");
+  EXPECT_EQ(phone.runtime.send(window, "initWithFrame:", {}, {1.5, 2.5, 375, 44}), window);
+  const std::vector<double>& numbers = phone.platform.originalCalls.at(0).numbers;
+  EXPECT_EQ(std::vector<double>(numbers.begin(), numbers.begin() + 4), (std::vector<double>{1.5, 2.5, 375, 44}));
+  EXPECT_EQ(phone.runtime.sendClass("UIStatusBarWindow", "brimSharedWindow"), window);
+}
+
+TEST(PhoneOfBothMachines, TakesTheAssetsFromTheSamePlace) {
+  Phone phone;
+  Banner banner(phone);
+  EXPECT_EQ(phone.text(banner.part("_lBundle")), test::assetBundle);
+}
+
+TEST(PhoneOfBothMachines, PublishesTheTestBannerOnTheServersQueue) {
+  Phone phone;
+  const Address queue = phone.processor.allocate(64);
+  const Address queueVariable = phone.processor.allocate(sizeof(Address));
+  phone.processor.store(queueVariable, queue);
+  phone.c.symbols["__BBServerQueue"] = queueVariable;
+  const Address server = phone.runtime.send(phone.runtime.sendClass("BBServer", "alloc"), "initWithQueue:", {queue});
+
+  phone.runtime.send(phone.runtime.make("SBHomeScreenViewController"), "receivedBannerTest");
+
+  ASSERT_EQ(phone.platform.published.size(), 1U);
+  const auto& [bulletin, destinations] = phone.platform.published.front();
+  const auto text = [&](const char* property) { return phone.text(kept(phone.runtime, bulletin, property)); };
+  EXPECT_EQ(text("title"), test::testBulletin.title);
+  EXPECT_EQ(text("message"), test::testBulletin.message);
+  EXPECT_EQ(text("sectionID"), test::testBulletin.section);
+  EXPECT_EQ(destinations, test::testBulletin.destinations);
+  EXPECT_EQ(phone.c.synchronousQueues, std::vector<Address>{queue});
+  EXPECT_EQ(phone.runtime.object(server).retainCount, 2U);
+}
+
+TEST(PhoneOfBothMachines, OpensTheRunningProgramForAllItsSymbols) {
+  constexpr std::uint64_t globalOnThePhone = 8;
+  Phone phone;
+  phone.runtime.send(phone.runtime.sendClass("BBServer", "alloc"), "initWithQueue:", {0});
+  phone.runtime.send(phone.runtime.make("SBHomeScreenViewController"), "receivedBannerTest");
+  ASSERT_EQ(phone.c.openings.size(), 1U);
+  EXPECT_EQ(phone.c.openings.front().path, 0U);
+  EXPECT_EQ(static_cast<std::uint32_t>(phone.c.openings.front().mode), globalOnThePhone);
+}
+
+}  // namespace

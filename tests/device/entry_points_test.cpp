@@ -1,0 +1,192 @@
+// Parts of the library called as the phone's runtime calls them, and what they answer.
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "tests/device/emulator/phone.hpp"
+#include "tests/hook_rows.hpp"
+
+namespace {
+
+using device::Address;
+using device::Phone;
+using device::Platform;
+
+using Colour = std::array<double, 4>;
+
+Platform onVersion(const std::string& version) {
+  Platform platform;
+  platform.systemVersion = version;
+  return platform;
+}
+
+std::string digest(Phone& phone, const std::string& text) {
+  return phone.text(phone.runtime.send(phone.string(text), "MD5String"));
+}
+
+TEST(PhoneDigest, IsUpperCaseHexadecimal) {
+  Phone phone;
+  EXPECT_EQ(digest(phone, ""), "D41D8CD98F00B204E9800998ECF8427E");
+  EXPECT_EQ(digest(phone, "abc"), "900150983CD24FB0D6963F7D28E17F72");
+  EXPECT_EQ(digest(phone, "message digest"), "F96B697D7CB7938D525A2F31AAF161D0");
+}
+
+TEST(PhoneRandomString, IsMadeOfLettersDrawnFromTwentySix) {
+  Phone phone;
+  phone.c.randomNumbers = {1, 17, 8, 12, 25, 0, 2, 3};
+  EXPECT_EQ(phone.text(phone.runtime.sendClass("NSString", "generateRandomString:", {8})), "brimzacd");
+  EXPECT_EQ(phone.c.randomBounds, std::vector<std::uint32_t>(8, 26));
+}
+
+TEST(PhoneRandomString, IsEmptyForALengthBelowZero) {
+  Phone phone;
+  const auto minusOne = static_cast<std::uint64_t>(-1);
+  EXPECT_EQ(phone.text(phone.runtime.sendClass("NSString", "generateRandomString:", {minusOne})), "");
+}
+
+class PhoneColours {
+ public:
+  PhoneColours(Phone& shownOn, std::int64_t mode) : phone(shownOn) {
+    colours = phone.runtime.send(phone.runtime.sendClass("BrimColors", "alloc"),
+                                 "initWithMode:", {static_cast<std::uint64_t>(mode)});
+  }
+  Colour operator[](const std::string& name) {
+    const Address colour = phone.runtime.send(colours, "container" + name + "Color");
+    return std::any_cast<Colour>(phone.runtime.object(colour).value);
+  }
+
+  Phone& phone;
+  Address colours;
+};
+
+// A mode's palette; only the background depends on the system version.
+struct Palette {
+  const char* version;
+  std::int64_t mode;
+  Colour background, grabber, control, text, destructive;
+};
+
+class PhonePalette : public testing::TestWithParam<Palette> {};
+
+TEST_P(PhonePalette, IsThatOfTheModeAndTheSystemVersion) {
+  const Palette& palette = GetParam();
+  Phone phone(onVersion(palette.version));
+  PhoneColours colours(phone, palette.mode);
+  EXPECT_EQ(colours["Background"], palette.background);
+  EXPECT_EQ(colours["Grabber"], palette.grabber);
+  EXPECT_EQ(colours["Reply"], palette.control);
+  EXPECT_EQ(colours["Button"], palette.control);
+  EXPECT_EQ(colours["Text"], palette.text);
+  EXPECT_EQ(colours["Delete"], palette.destructive);
+}
+
+constexpr Colour white = {1, 1, 1, 1};
+constexpr Colour black = {0, 0, 0, 1};
+constexpr Colour red = {1, 0, 0, 1};
+constexpr Colour faintWhite = {1, 1, 1, 0.1};
+constexpr Colour darkRed = {0.75, 0, 0, 1};
+constexpr Colour nearlyBlack = {0.11, 0.11, 0.12, 1};
+constexpr Colour grey = {0.7, 0.7, 0.7, 1};
+
+INSTANTIATE_TEST_SUITE_P(
+    Modes, PhonePalette,
+    testing::Values(Palette{"12.4", 1, {0, 0, 0, 0.8}, faintWhite, faintWhite, white, red},
+                    Palette{"13.0", 1, {0, 0, 0, 0.3}, faintWhite, faintWhite, white, red},
+                    Palette{"12.4", 2, {1, 1, 1, 0.3}, {0.2, 0.2, 0.2, 0.5}, {0, 0, 0, 0.1}, black, darkRed},
+                    Palette{"13.0", 2, {1, 1, 1, 0.3}, {0.2, 0.2, 0.2, 0.5}, {0, 0, 0, 0.1}, black, darkRed},
+                    Palette{"12.4", 3, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, grey, red},
+                    Palette{"13.0", 3, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, grey, red},
+                    Palette{"12.4", 0, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, grey, red},
+                    Palette{"13.0", -7, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, grey, red}));
+
+TEST(PhoneColourSet, UsesCustomColoursOnceToldToAndLetsThemGoInTheEnd) {
+  Phone phone;
+  PhoneColours colours(phone, 1);
+  const Address own = phone.runtime.sendClass("UIColor", "redColor");
+  phone.runtime.send(colours.colours, "setTextColor:", {own});
+  EXPECT_EQ(colours["Text"], white);
+  phone.runtime.send(colours.colours, "setUseCustomColors:", {1});
+  EXPECT_EQ(colours["Text"], red);
+  EXPECT_EQ(phone.runtime.object(own).retainCount, 2U);
+  phone.runtime.release(colours.colours);
+  EXPECT_TRUE(phone.runtime.object(colours.colours).gone);
+  EXPECT_EQ(phone.runtime.object(own).retainCount, 1U);
+}
+
+TEST(PhoneColourSet, CopiesItsModeAndNothingElse) {
+  Phone phone;
+  PhoneColours colours(phone, 2);
+  phone.runtime.send(colours.colours, "setUseCustomColors:", {1});
+  const Address copy = phone.runtime.send(colours.colours, "copy");
+  EXPECT_NE(copy, colours.colours);
+  EXPECT_EQ(phone.runtime.send(copy, "mode"), 2U);
+  EXPECT_EQ(phone.runtime.send(copy, "useCustomColors") & 0xff, 0U);
+}
+
+TEST(PhoneProperty, OfAFlagIsNoUntilSet) {
+  Phone phone;
+  const Address controller = phone.runtime.make("NCNotificationShortLookViewController");
+  EXPECT_EQ(phone.runtime.send(controller, "hasDismissed") & 0xff, 0U);
+  phone.runtime.send(controller, "setHasDismissed:", {1});
+  EXPECT_EQ(phone.runtime.send(controller, "hasDismissed") & 0xff, 1U);
+  EXPECT_EQ(phone.runtime.send(controller, "isDismissing") & 0xff, 0U);
+}
+
+TEST(PhoneProperty, OfAnObjectHoldsIt) {
+  Phone phone;
+  const Address controller = phone.runtime.make("NCNotificationShortLookViewController");
+  const Address identifier = phone.string("abcdefgh");
+  EXPECT_EQ(phone.runtime.send(controller, "brimIdentifier"), 0U);
+  phone.runtime.send(controller, "setBrimIdentifier:", {identifier});
+  EXPECT_EQ(phone.runtime.send(controller, "brimIdentifier"), identifier);
+  EXPECT_EQ(phone.runtime.object(identifier).retainCount, 2U);
+  phone.runtime.send(controller, "setBrimIdentifier:", {0});
+  EXPECT_EQ(phone.runtime.object(identifier).retainCount, 1U);
+}
+
+TEST(PhoneHook, CallsTheReplacedMethodWithTheSameArguments) {
+  Phone phone;
+  const Address controller = phone.runtime.make("NCNotificationContentContainerViewController");
+  phone.runtime.send(controller, "performAction:forNotification:withUserInfo:", {11, 22, 33});
+  ASSERT_EQ(phone.platform.originalCalls.size(), 1U);
+  const device::OriginalCall& original = phone.platform.originalCalls.front();
+  EXPECT_EQ(original.self, controller);
+  EXPECT_EQ(original.selector, "performAction:forNotification:withUserInfo:");
+  EXPECT_EQ(original.integers.at(0), 11U);
+  EXPECT_EQ(original.integers.at(1), 22U);
+  EXPECT_EQ(original.integers.at(2), 33U);
+}
+
+TEST(PhoneEmulator, NamesAMessageThatNobodyAnswers) {
+  Phone phone;
+  const Address view = phone.runtime.make("UIView");
+  try {
+    phone.runtime.send(view, "explode");
+    FAIL() << "it was answered";
+  } catch (const std::runtime_error& error) {
+    EXPECT_STREQ(error.what(), "nobody answers -[UIView explode]");
+  }
+}
+
+TEST(PhoneEmulator, NamesTheFunctionAndAddressOfACrash) {
+  Phone phone;
+  try {
+    phone.processor.call(phone.library().exported("_brim_installed_methods"), {0x40});
+    FAIL() << "nothing was wrong with it";
+  } catch (const std::runtime_error& error) {
+    EXPECT_NE(std::string(error.what()).find("of address 0x40"), std::string::npos) << error.what();
+    EXPECT_NE(std::string(error.what()).find("_brim_installed_methods +"), std::string::npos) << error.what();
+  }
+}
+
+TEST(PhoneEmulator, NamesAnImportThatNobodySupplies) {
+  Phone phone;
+  try {
+    phone.imports.resolve("_fork", "/usr/lib/libSystem.B.dylib");
+    FAIL() << "it was supplied";
+  } catch (const std::runtime_error& error) {
+    EXPECT_STREQ(error.what(), "an unexpected import: _fork of /usr/lib/libSystem.B.dylib");
+  }
+}
+
+}  // namespace
