@@ -196,7 +196,8 @@ TEST_F(Labels, ApplyAFontToTheWholeText) {
   const auto label = makeLabel("plain");
   label->setAttributedText(twoWeights());
   label->setFont(UIFont::systemFontOfSize(9));
-  for (const Json& run : described(label).at("runs")) {
+  const Json node = described(label);
+  for (const Json& run : node.at("runs")) {
     EXPECT_EQ(run.at("size"), 9);
     EXPECT_EQ(run.at("weight"), "regular");
   }
