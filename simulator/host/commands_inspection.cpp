@@ -7,7 +7,6 @@
 #include "simulator/host/controllers.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/host/phone.hpp"
-#include "simulator/springboard/status_bar.hpp"
 #include "simulator/uikit/describe.hpp"
 #include "simulator/uikit/environment.hpp"
 #include "simulator/uikit/renderer.hpp"
@@ -60,7 +59,6 @@ Json tree(const Json& command) {
 Json log(const Json&) { return {{"events", takeEvents()}}; }
 
 std::shared_ptr<drawing::Canvas> picture(const Json& command) {
-  springboard::refreshStatusBar();
   const double pixelsPerPoint = command.value("scale", uikit::environment().device.scale);
   if (!command.contains("crop")) return uikit::renderScreen(pixelsPerPoint);
   UIView* banner = visibleBanner(controllerOnScreen(command["crop"]));

@@ -8,6 +8,7 @@
 #include "simulator/host/command.hpp"
 #include "simulator/host/deadline.hpp"
 #include "simulator/host/event_log.hpp"
+#include "simulator/springboard/status_bar.hpp"
 
 namespace host {
 
@@ -43,6 +44,7 @@ Json wait(const Json& command) {
   foundation::pumpFoundation();
   foundation::stepClock(command["seconds"].get<double>());
   foundation::pumpFoundation();
+  springboard::refreshStatusBar();
   return nullptr;
 }
 

@@ -56,18 +56,19 @@ UIStatusBarWindow* initWithFrame(UIStatusBarWindow* self, CGRect frame) {
   return self;
 }
 
-bool usesTwelveHours(const std::string& locale) {
-  constexpr const char* regions[] = {"US", "CA", "AU", "NZ", "IN", "EG", "SA", "PH", "MX", "KR"};
-  for (const char* region : regions)
-    if (locale.ends_with(std::string("_") + region)) return true;
-  return locale.find('_') == std::string::npos && locale == "en";
+// Asked of the locale by the template for hours as it writes them.
+bool countsToTwentyFour() {
+  const auto* locale = objc::send<NSObject*, "currentLocale">(objc::lookUpClass<"NSLocale">());
+  const NSString* format = objc::send<NSString*, "dateFormatFromTemplate:options:locale:">(
+      NSDateFormatter::classObject(), "j"_ns, NSUInteger{0}, locale);
+  return format->contains("H"_ns);
 }
 
 }  // namespace
 
 NSString* timeOfDay() {
   auto formatter = objc::make<NSDateFormatter>();
-  formatter->setDateFormat(usesTwelveHours(uikit::environment().locale) ? "h:mm"_ns : "HH:mm"_ns);
+  formatter->setDateFormat(countsToTwentyFour() ? "HH:mm"_ns : "h:mm"_ns);
   return formatter->stringFromDate(NSDate::date());
 }
 
