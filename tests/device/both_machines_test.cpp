@@ -29,15 +29,13 @@ TEST(PhoneOfBothMachines, KeepsAFlagAsATruthValue) {
   EXPECT_FALSE(hasDismissed());
 }
 
-// A truth value is the lowest byte of the register; what stands above it means nothing.
-TEST(PhoneOfBothMachines, ReadsOnlyTheByteOfATruthValue) {
-  for (const auto& [inRegister, expected] : {std::pair(0xabcd00U, 0U), std::pair(0xabcd01U, 1U)}) {
+TEST(PhoneOfBothMachines, PassesATruthValueOn) {
+  for (const std::uint64_t answer : {std::uint64_t{0}, std::uint64_t{1}}) {
     Platform platform;
-    platform.truthInRegister = inRegister;
+    platform.truthOfOriginals = answer;
     Phone phone(platform);
     const Address controller = phone.runtime.make("NCNotificationContentContainerViewController");
-    EXPECT_EQ(phone.runtime.send(controller, "performAction:forNotification:withUserInfo:", {1, 2, 3}) & 0xff,
-              expected);
+    EXPECT_EQ(phone.runtime.send(controller, "performAction:forNotification:withUserInfo:", {1, 2, 3}) & 0xff, answer);
   }
 }
 
@@ -81,12 +79,12 @@ TEST(PhoneOfBothMachines, PublishesTheTestBannerOnTheServersQueue) {
   phone.runtime.send(phone.runtime.make("SBHomeScreenViewController"), "receivedBannerTest");
 
   ASSERT_EQ(phone.platform.published.size(), 1U);
-  const auto& [bulletin, destinations] = phone.platform.published.front();
+  const Address bulletin = phone.platform.published.front().first;
   const auto text = [&](const char* property) { return phone.text(kept(phone.runtime, bulletin, property)); };
   EXPECT_EQ(text("title"), test::testBulletin.title);
   EXPECT_EQ(text("message"), test::testBulletin.message);
   EXPECT_EQ(text("sectionID"), test::testBulletin.section);
-  EXPECT_EQ(destinations, test::testBulletin.destinations);
+  EXPECT_EQ(phone.platform.published.front().second, test::testBulletin.destinations);
   EXPECT_EQ(phone.c.synchronousQueues, std::vector<Address>{queue});
   EXPECT_EQ(phone.runtime.object(server).retainCount, 2U);
 }

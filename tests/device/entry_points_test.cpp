@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <ostream>
 
 #include "tests/device/emulator/phone.hpp"
-#include "tests/hook_rows.hpp"
 
 namespace {
 
@@ -64,6 +64,10 @@ struct Palette {
   const char* version;
   std::int64_t mode;
   Colour background, grabber, control, text, destructive;
+
+  friend void PrintTo(const Palette& shown, std::ostream* stream) {
+    *stream << "mode " << shown.mode << " on " << shown.version;
+  }
 };
 
 class PhonePalette : public testing::TestWithParam<Palette> {};

@@ -116,7 +116,7 @@ TEST(PhoneStartUp, LeavesNoPoolOpenAndObservesNothing) {
   EXPECT_THROW(phone.runtime.drainPool(), std::logic_error);
 }
 
-class PhoneNotificationViewClass : public testing::TestWithParam<std::pair<const char*, const char*>> {};
+class PhoneNotificationViewClass : public testing::TestWithParam<std::pair<std::string, std::string>> {};
 
 TEST_P(PhoneNotificationViewClass, IsThatOfTheSystemVersion) {
   Phone phone(onVersion(GetParam().first));

@@ -18,7 +18,7 @@ void callOriginal(const Message& message, Platform& platform, const std::string&
     call.numbers.push_back(message.number(index));
   }
   platform.originalCalls.push_back(call);
-  if (resultType == 'B') message.answer(platform.truthInRegister);
+  if (resultType == 'B') message.answer(platform.truthOfOriginals);
 }
 
 void defineBulletins(ObjectiveC& runtime, Platform& platform) {

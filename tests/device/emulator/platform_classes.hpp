@@ -31,8 +31,8 @@ struct Platform {
   std::map<std::string, std::int64_t> storedSettings;
   // What the phone says of its haptic engine.
   std::int64_t feedbackSupportLevel = 0;
-  // What methods of the platform that answer a truth value leave in the register. Only the lowest byte counts.
-  std::uint64_t truthInRegister = 1;
+  // What replaced methods answer that answer a truth value: 0 or 1.
+  std::uint64_t truthOfOriginals = 1;
 
   std::vector<Registration> registrations;
   std::vector<OriginalCall> originalCalls;
