@@ -34,6 +34,9 @@ template <>
 struct TypeEncoding<short> : EncodingText<"s"> {};
 template <>
 struct TypeEncoding<unsigned short> : EncodingText<"S"> {};
+// A unit of the platform's strings.
+template <>
+struct TypeEncoding<char16_t> : EncodingText<"S"> {};
 template <>
 struct TypeEncoding<int> : EncodingText<"i"> {};
 template <>
