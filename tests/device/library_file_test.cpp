@@ -16,8 +16,8 @@ using device::Protection;
 using device::SectionType;
 using device::Segment;
 
-// In bytes. What a phone maps into two processes at their start has to stay small.
-constexpr std::uintmax_t sizeBudget = 256 * 1024;
+// 256 KiB, in bytes. What a phone maps into two processes at their start has to stay small.
+constexpr std::uintmax_t sizeBudget = 262144;
 
 const MachFile& library() {
   static const MachFile file = MachFile::read(device::builtLibrary());
@@ -115,10 +115,11 @@ TEST(LibraryFile, HasExactlyOneStartUpRoutine) {
 }
 
 TEST(LibraryFile, HasNoVariablesOfThreads) {
-  for (const Segment& segment : library().segments)
+  for (const Segment& segment : library().segments) {
     for (const device::Section& section : segment.sections)
       EXPECT_TRUE(section.type < SectionType::FirstThreadLocal || section.type > SectionType::LastThreadLocal)
           << section.name;
+  }
 }
 
 TEST(LibraryFile, ExportsWhatTellsOfItAndNothingElse) {

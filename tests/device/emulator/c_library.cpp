@@ -152,10 +152,11 @@ void CLibrary::supplySymbols(Imports& imports) {
 }
 
 void CLibrary::supplyPlatform(Imports& imports) {
-  for (const char* name : {"AudioServicesPlaySystemSound", "AudioServicesPlayAlertSound"})
+  for (const char* name : {"AudioServicesPlaySystemSound", "AudioServicesPlayAlertSound"}) {
     imports.add(name, [this, name](HostCall& call) {
       sounds.push_back(std::string(name) + " " + std::to_string(static_cast<std::uint32_t>(call.processor.x(0))));
     });
+  }
   imports.add("UIImageJPEGRepresentation", [this](HostCall& call) {
     const Address picture = call.processor.x(0);
     call.processor.setX(0, picture == 0 ? 0 : runtime.autorelease(runtime.make("NSData")));

@@ -41,11 +41,12 @@ void defineLayoutAnchors(ObjectiveC& runtime, Platform& platform) {
   runtime.define("NSLayoutAnchor");
   for (const char* name : {"NSLayoutXAxisAnchor", "NSLayoutYAxisAnchor", "NSLayoutDimension"})
     runtime.define(name, "NSLayoutAnchor");
-  for (const Anchor& anchor : anchors)
+  for (const Anchor& anchor : anchors) {
     runtime.addMethod("UIView", anchor.getter, "@@:", [anchor](const Message& message) {
       const std::string edge = message.runtime.classOf(message.self).name + "." + anchor.edge;
       message.answer(makeString(message.runtime, edge, anchor.className));
     });
+  }
   runtime.addMethod(
       "NSLayoutAnchor", "constraintEqualToAnchor:constant:", "@@:@d",
       [&platform](const Message& message) { makeConstraint(message, platform, " == ", message.text(0)); });

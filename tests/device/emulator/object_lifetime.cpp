@@ -30,11 +30,12 @@ void ObjectiveC::drainPool() {
 void ObjectiveC::destroy(Address address) {
   ObjectRecord& ended = object(address);
   ended.gone = true;
-  for (auto& [location, referenced] : weakReferences)
+  for (auto& [location, referenced] : weakReferences) {
     if (referenced == address) {
       referenced = 0;
       processor.store(location, Address{0});
     }
+  }
   for (const auto& [key, value] : ended.associations) release(value);
 }
 
