@@ -3,6 +3,7 @@
 
 #include "platform/ns_dictionary.hpp"
 #include "platform/ns_string.hpp"
+#include "platform/un_notification.hpp"
 
 class NCNotificationAction : public objc::Interface<"NCNotificationAction", NSObject> {
  public:
@@ -25,4 +26,5 @@ class NCNotificationRequest : public objc::Interface<"NCNotificationRequest", NS
   // Arrays of NCNotificationAction by key.
   NSDictionary* supplementaryActions() const { return objc::send<NSDictionary*, "supplementaryActions">(this); }
   NCNotificationOptions* options() const { return objc::send<NCNotificationOptions*, "options">(this); }
+  UNNotification* userNotification() const { return objc::send<UNNotification*, "userNotification">(this); }
 };

@@ -3,6 +3,7 @@
 
 #include "platform/ns_object.hpp"
 
+class NSArray;
 class NSData;
 
 struct NSRange {
@@ -33,6 +34,8 @@ class NSString : public objc::Interface<"NSString", NSObject> {
 
   NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
   const char* UTF8String() const { return objc::send<const char*, "UTF8String">(this); }
+  // As the system's C functions want a path. Empty where there is no way to write it.
+  const char* fileSystemRepresentation() const { return objc::send<const char*, "fileSystemRepresentation">(this); }
   bool isEqualToString(NSString* other) const { return objc::send<bool, "isEqualToString:">(this, other); }
   NSString* stringByAppendingString(NSString* other) const {
     return objc::send<NSString*, "stringByAppendingString:">(this, other);
@@ -45,6 +48,16 @@ class NSString : public objc::Interface<"NSString", NSObject> {
   NSString* substringToIndex(NSUInteger index) const { return objc::send<NSString*, "substringToIndex:">(this, index); }
   NSString* stringByReplacingCharactersInRange(NSRange range, NSString* replacement) const {
     return objc::send<NSString*, "stringByReplacingCharactersInRange:withString:">(this, range, replacement);
+  }
+  // The pieces between the separators, as many as there are separators and one more; of NSString.
+  NSArray* componentsSeparatedByString(NSString* separator) const {
+    return objc::send<NSArray*, "componentsSeparatedByString:">(this, separator);
+  }
+  NSString* stringByReplacing(NSString* wanted, NSString* replacement) const {
+    return objc::send<NSString*, "stringByReplacingOccurrencesOfString:withString:">(this, wanted, replacement);
+  }
+  NSString* substringWithRange(NSRange range) const {
+    return objc::send<NSString*, "substringWithRange:">(this, range);
   }
   NSComparisonResult compare(NSString* other, NSStringCompareOptions options) const {
     return objc::send<NSComparisonResult, "compare:options:">(this, other, options);

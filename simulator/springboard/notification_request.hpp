@@ -22,11 +22,6 @@ class NCNotificationContent : public objc::Interface<"NCNotificationContent", NS
   NSDate* date() const { return objc::send<NSDate*, "date">(this); }
 };
 
-// The sender's own view of its notification: the way to its user info.
-class UNNotificationContent : public objc::Interface<"UNNotificationContent", NSObject> {};
-class UNNotificationRequest : public objc::Interface<"UNNotificationRequest", NSObject> {};
-class UNNotification : public objc::Interface<"UNNotification", NSObject> {};
-
 struct NotificationActionState {
   objc::Ref<NSString> identifier;
   objc::Ref<NSString> title;

@@ -14,8 +14,6 @@ struct objc::StateOf<UIImage> {
   using Type = ImageState;
 };
 
-class NSFileManager : public objc::Interface<"NSFileManager", NSObject> {};
-
 namespace uikit {
 
 objc::Ref<UIImage> makeImage(std::shared_ptr<const drawing::Image> image) {
@@ -34,8 +32,7 @@ namespace {
 // Foundation knows where a path of the phone really is; it refuses what cannot be written as UTF-8.
 std::string fileSystemPath(const std::string& path) {
   NSString* clean = NSString::stringWithUTF8String(path.c_str());
-  NSFileManager* files = objc::send<NSFileManager*, "defaultManager">(NSFileManager::classObject());
-  return objc::send<const char*, "fileSystemRepresentationWithPath:">(files, clean);
+  return clean->fileSystemRepresentation();
 }
 
 UIImage* imageWithContentsOfFile(Class, NSString* path) {

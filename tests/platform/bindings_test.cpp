@@ -31,10 +31,17 @@ std::string contents(const std::filesystem::path& path) {
 // Classes of the Messages app, which the home screen does not have.
 bool belongsToMessages(const std::filesystem::path& header) { return header.filename() == "messages_app.hpp"; }
 
+// Classes that the simulator does not have yet.
+bool isToCome(const std::filesystem::path& header) {
+  return header.filename() == "contacts.hpp" || header.filename() == "ns_url_session.hpp" ||
+         header.filename() == "ns_url_connection.hpp";
+}
+
 std::vector<std::string> headers() {
   std::vector<std::string> texts;
   for (const auto& entry : std::filesystem::directory_iterator(PLATFORM_HEADERS))
-    if (entry.path().extension() == ".hpp" && !belongsToMessages(entry.path())) texts.push_back(contents(entry.path()));
+    if (entry.path().extension() == ".hpp" && !belongsToMessages(entry.path()) && !isToCome(entry.path()))
+      texts.push_back(contents(entry.path()));
   return texts;
 }
 
