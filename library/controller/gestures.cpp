@@ -44,8 +44,9 @@ void dragEndsDownward(BannerController* self, BrimContainer* banner) {
 }  // namespace
 
 void panGestureHandler(BannerController* self, UIPanGestureRecognizer* recognizer) {
-  if (self->isDismissing()) return;
   auto* banner = static_cast<BrimContainer*>(recognizer->view());
+  // The finger may outlast the banner, which has no place to move to once it has left.
+  if (self->isDismissing() || banner->superview() == nullptr) return;
   const CGFloat translation = recognizer->translationInView(self->view()).y;
   const bool upward = translation <= 0 && (banner->height() <= banner->defaultHeight() || banner->isFullyExpanded() ||
                                            banner->showingAllLines());

@@ -175,6 +175,20 @@ TEST(ColourFollowUp, FadesToTheNewAppearance) {
   EXPECT_EQ(phone.banner(controller).at("background"), Json({0, 0, 0, 0.3}));
 }
 
+TEST(ColourFollowUp, FadesForFourFifthsOfASecond) {
+  Phone phone = phoneWith({});
+  phone.present({{"title", "T"}});
+  phone.wait(1);
+  phone.run({{"do", "appearance"}, {"style", "dark"}});
+  phone.wait(0.79);
+  const std::string nearlyThere = phone.picture();
+  phone.wait(0.01);
+  const std::string there = phone.picture();
+  EXPECT_NE(there, nearlyThere);
+  phone.wait(0.2);
+  EXPECT_EQ(phone.picture(), there);
+}
+
 TEST(ColourFollowUp, LeavesAFixedModeAlone) {
   Phone phone = phoneWith({{"containerColor", 2}});
   const int controller = phone.present({{"title", "T"}});

@@ -180,6 +180,49 @@ TEST(Height, MaxLineCountOfZeroShowsEverything) {
   EXPECT_TRUE(shown.banner->showingAllLines());
 }
 
+TEST(Height, AnimationsLastThreeTwentiethsOfASecond) {
+  Phone phone;
+  const Shown shown(container("A"_ns, nullptr, "B"_ns));
+  static int calls = 0;
+  const auto count = objc::block([](bool finished) { calls += finished ? 1 : 0; });
+  shown.banner->updateTop(0, true, count);
+  shown.banner->updateHeight(63, true, count);
+  phone.wait(0.149);
+  EXPECT_EQ(calls, 0);
+  phone.wait(0.002);
+  EXPECT_EQ(calls, 2);
+}
+
+TEST(Height, AnimatedTopMovesInALaterTurn) {
+  Phone phone;
+  const Shown shown(container("A"_ns, nullptr, "B"_ns));
+  shown.banner->updateTop(0, true, nullptr);
+  EXPECT_DOUBLE_EQ(shown.banner->offset(), -70);
+  phone.wait(0);
+  EXPECT_DOUBLE_EQ(shown.banner->offset(), 0);
+}
+
+TEST(Height, MaxLineCountBelongsToTheHeaderOfATinyBanner) {
+  const Phone phone;
+  auto banner = container("A"_ns, nullptr, "1\n2\n3\n4"_ns);
+  banner->setTinyBanner(true);
+  const Shown shown(banner);
+  EXPECT_EQ(shown.banner->headerLabel()->measuredNumberOfLines(), 1u);
+  shown.banner->setMaxLineCount(0);
+  shown.superview->layoutIfNeeded();
+  EXPECT_EQ(shown.banner->headerLabel()->measuredNumberOfLines(), 4u);
+}
+
+TEST(Height, MaxLineCountBeforeTheLayoutIsUsedByIt) {
+  const Phone phone;
+  auto banner = container("A"_ns, nullptr, "1\n2\n3\n4"_ns);
+  EXPECT_FALSE(banner->showingAllLines());
+  banner->setMaxLineCount(3);
+  EXPECT_TRUE(banner->showingAllLines());
+  const Shown shown(banner);
+  EXPECT_EQ(shown.banner->bodyLabel()->measuredNumberOfLines(), 3u);
+}
+
 TEST(ContinuousUpdate, AppendsALine) {
   const Phone phone;
   const Shown shown(container("Anna"_ns, nullptr, "Hi"_ns));
@@ -194,6 +237,45 @@ TEST(ContinuousUpdate, RebuildsTheTinyLine) {
   const Shown shown(banner);
   shown.banner->updateForContinuousNotification("Later"_ns);
   EXPECT_EQ(text(shown.banner->headerLabel()), "Anna: Hi\nLater");
+}
+
+TEST(ContinuousUpdate, KeepsTheTinyLinesHeaderBold) {
+  Phone phone({.options = {}, .settings = {{"tinyBanner", true}}});
+  const int controller = phone.present({{"title", "Anna"}, {"message", "Hi"}, {"dismissAutomatically", false}});
+  phone.run({{"do", "update"}, {"controller", controller}, {"message", "Later"}});
+  const test::Json runs = phone.view(controller, "headerLabel").at("runs");
+  ASSERT_EQ(runs.size(), 2u);
+  EXPECT_EQ(runs[0].at("text"), "Anna: ");
+  EXPECT_EQ(runs[0].at("weight"), "bold");
+  EXPECT_EQ(runs[1].at("text"), "Hi\nLater");
+  EXPECT_EQ(runs[1].at("weight"), "regular");
+}
+
+TEST(ContinuousUpdate, WithoutABodyStartsFromTheWordForNothing) {
+  const Phone phone;
+  const Shown shown(container("Anna"_ns, nullptr, nullptr));
+  shown.banner->updateForContinuousNotification("Later"_ns);
+  EXPECT_EQ(text(shown.banner->bodyLabel()), "(null)\nLater");
+}
+
+TEST(ContinuousUpdate, BeforeTheLayoutIsShownByIt) {
+  const Phone phone;
+  auto banner = container("Anna"_ns, nullptr, "Hi"_ns);
+  banner->setMaxLineCount(0);
+  banner->updateForContinuousNotification("Later"_ns);
+  const Shown shown(banner);
+  EXPECT_EQ(text(shown.banner->bodyLabel()), "Hi\nLater");
+}
+
+TEST(ContinuousUpdate, ShowContentOfATinyBannerAddsItsHeader) {
+  const Phone phone;
+  auto banner = container("Anna"_ns, nullptr, "Hi"_ns);
+  banner->setTinyBanner(true);
+  banner->setEnablePrivacy(true);
+  const Shown shown(banner);
+  ASSERT_EQ(text(shown.banner->headerLabel()), "Content hidden");
+  shown.banner->showContent();
+  EXPECT_EQ(text(shown.banner->headerLabel()), "Anna: \nAnna");
 }
 
 TEST(ContinuousUpdate, ShowContentGivesBackWhatPrivacyHid) {

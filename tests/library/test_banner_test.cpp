@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "simulator/springboard/bulletin_server.hpp"
+#include "simulator/uikit/environment.hpp"
+#include "tests/library/controllers.hpp"
+#include "tests/library/phone.hpp"
+
+namespace {
+
+using test::Json;
+using test::Phone;
+
+std::vector<Json> eventsOf(const Json& events, const std::string& kind) {
+  return test::nodes(events, [&](const Json& event) { return event.at("event") == kind; });
+}
+
+Json askForTestBanner(Phone& phone) {
+  phone.log();
+  phone.run({{"do", "testbanner"}});
+  return phone.log();
+}
+
+TEST(TestBanner, IsPublishedAsANotificationOfMessages) {
+  test::Setup setup;
+  setup.options.time = 1584178860.0;
+  Phone phone(setup);
+  const auto published = eventsOf(askForTestBanner(phone), "publish");
+  ASSERT_EQ(published.size(), 1U);
+  const Json& bulletin = published[0];
+  EXPECT_EQ(bulletin.at("title"), "Brim");
+  EXPECT_EQ(bulletin.at("message"), "Test notification");
+  EXPECT_EQ(bulletin.at("sectionID"), "com.apple.MobileSMS");
+  EXPECT_EQ(bulletin.at("defaultAction"), "com.apple.MobileSMS");
+  EXPECT_EQ(bulletin.at("destinations"), 15);
+  EXPECT_EQ(bulletin.at("clearable"), true);
+  EXPECT_EQ(bulletin.at("showsMessagePreview"), true);
+  for (const char* date : {"date", "publicationDate", "lastInterruptDate"})
+    EXPECT_EQ(bulletin.at(date), "2020-03-14T09:41:00.000Z") << date;
+}
+
+TEST(TestBanner, IsABannerThatCanBeAnswered) {
+  Phone phone;
+  const int controller = phone.run({{"do", "testbanner"}}).at("controller");
+  EXPECT_EQ(phone.view(controller, "headerLabel").at("text"), "Brim");
+  EXPECT_EQ(phone.view(controller, "bodyLabel").at("text"), "Test notification");
+  EXPECT_FALSE(phone.view(controller, "reply").is_null());
+}
+
+TEST(TestBanner, HasIdentifiersOfItsOwnEachTime) {
+  Phone phone;
+  std::set<std::string> identifiers;
+  for (int request = 0; request < 2; ++request)
+    for (const Json& bulletin : eventsOf(askForTestBanner(phone), "publish"))
+      for (const char* field : {"bulletinID", "recordID", "publisherBulletinID"})
+        identifiers.insert(bulletin.at(field).get<std::string>());
+  EXPECT_EQ(identifiers.size(), 6U);
+}
+
+TEST(TestBanner, VibratesWhateverTheSettingAndNeverUsesTheEngine) {
+  Phone phone({.options = {}, .settings = {{"vibrate_on_send", false}}});
+  for (const auto& [level, sound] : std::map<int, Json>{{0, {{"event", "sound"}, {"call", "alert"}, {"id", 4095}}},
+                                                        {1, {{"event", "sound"}, {"call", "system"}, {"id", 1520}}},
+                                                        {2, {{"event", "sound"}, {"call", "alert"}, {"id", 4095}}}}) {
+    uikit::Environment environment = uikit::environment();
+    environment.device.feedbackSupportLevel = level;
+    uikit::setEnvironment(environment);
+    const Json events = askForTestBanner(phone);
+    EXPECT_EQ(events[0], sound) << level;
+    EXPECT_TRUE(eventsOf(events, "haptic").empty());
+  }
+}
+
+// As it is before the platform has made its server, or when it could not make one.
+void forgetServer() {
+  const SEL selector = sel_registerName("initWithQueue:");
+  const IMP initialiser = class_getMethodImplementation(BBServer::classObject(), selector);
+  reinterpret_cast<id (*)(id, SEL, id)>(initialiser)(nullptr, selector, nullptr);
+}
+
+TEST(TestBanner, OnlyVibratesWithoutAServer) {
+  Phone phone;
+  forgetServer();
+  const Json events = askForTestBanner(phone);
+  EXPECT_EQ(eventsOf(events, "sound").size(), 1U);
+  EXPECT_TRUE(eventsOf(events, "publish").empty());
+}
+
+TEST(TestBanner, IsPublishedByTheServerThatWasMadeLast) {
+  Phone phone;
+  forgetServer();
+  const auto server =
+      objc::adopt(objc::send<BBServer*, "initWithQueue:">(objc::allocate<BBServer>(), static_cast<NSObject*>(nullptr)));
+  EXPECT_EQ(eventsOf(askForTestBanner(phone), "publish").size(), 1U);
+}
+
+}  // namespace
