@@ -23,6 +23,12 @@ WorkList& workList() {
   return list;
 }
 
+// What waits until real time is let pass.
+WorkList& outsideWork() {
+  static WorkList& list = *new WorkList;
+  return list;
+}
+
 std::list<FrameObserver>& frameObservers() {
   static std::list<FrameObserver>& observers = *new std::list<FrameObserver>;
   return observers;
@@ -104,6 +110,15 @@ void onMainThreadAt(Nanoseconds when, std::function<void()> work) {
   wakeMainThread();
 }
 
+void onMainThreadFromOutside(std::function<void()> work) {
+  (clock::mode() == ClockMode::Stepped ? outsideWork() : workList()).add(std::move(work));
+  wakeMainThread();
+}
+
+void letOutsideWorkIn() {
+  while (std::function<void()> work = outsideWork().takeDue(0)) workList().add(std::move(work));
+}
+
 void addFrameObserver(FrameObserver observer) {
   if (frameObservers().empty()) nextFrame = frameAfter(clock::now());
   frameObservers().push_back(std::move(observer));
@@ -120,6 +135,8 @@ void stepClock(double seconds) {
   const Nanoseconds duration = nanosecondsOf(seconds);
   const Nanoseconds target = duration == never ? clock::now() : later(clock::now(), duration);
   if (clock::mode() == ClockMode::Real) {
+    // Nothing else may be there to wake it.
+    onMainThreadAt(target, [] {});
     runMainQueueUntil([target] { return clock::now() >= target; });
   } else {
     drainMainQueue();

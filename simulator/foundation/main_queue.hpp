@@ -25,6 +25,12 @@ void onMainThreadAfter(double seconds, std::function<void()> work);
 // The same, when the clock shows `when`.
 void onMainThreadAt(Nanoseconds when, std::function<void()> work);
 
+// Work for the main thread that the world outside brings, such as a server's answer. A real clock takes it at once; a
+// stepped one when real time is let pass, so that the steps between see the same on every run. Any thread.
+void onMainThreadFromOutside(std::function<void()> work);
+// Real time has passed: what came from outside is work for the main thread now. Main thread.
+void letOutsideWorkIn();
+
 // Called on the main thread 60 times a second while it answers FrameDemand::More; a new observer is asked at the next
 // frame. Idle processes have none, and wake up for nothing.
 enum class FrameDemand { More, Done };

@@ -14,6 +14,7 @@
 #include "objc/class_definition.hpp"
 #include "platform/ns_date.hpp"
 #include "simulator/foundation/clock.hpp"
+#include "simulator/foundation/main_queue.hpp"
 
 namespace foundation {
 
@@ -116,7 +117,10 @@ void unwatchDescriptor(int descriptor) {
 void pumpFoundation(double waitAtMost) {
   const objc::AutoreleasePool pool;
   watchOwnDescriptors();
-  if (waitAtMost > 0) sleepUntil(clock::systemTime(later(clock::realNow(), nanosecondsOf(waitAtMost))));
+  if (waitAtMost > 0) {
+    sleepUntil(clock::systemTime(later(clock::realNow(), nanosecondsOf(waitAtMost))));
+    letOutsideWorkIn();
+  }
   objc::send<void, "acceptInputForMode:beforeDate:">(currentRunLoop(), defaultMode(), longAgo());
 }
 

@@ -14,7 +14,7 @@ void watchDescriptor(int descriptor, std::function<void()> whenReadable);
 void unwatchDescriptor(int descriptor);
 
 // Lets in what other processes have sent: distributed notifications, changed preferences, watched descriptors. Waits
-// for real seconds, at most so many, until something comes; 0 only looks. Main thread.
+// for real seconds, at most so many, until something comes, and takes the servers' answers; 0 only looks. Main thread.
 void pumpFoundation(double waitAtMost = 0);
 
 // Sleeps until the system's monotonic time `deadline`, a descriptor or another thread's wakeMainThread. Main thread.

@@ -9,6 +9,7 @@
 #include "simulator/host/deadline.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/status_bar.hpp"
+#include "simulator/url_loading/loading.hpp"
 
 namespace host {
 
@@ -19,7 +20,7 @@ constexpr double longestRealWait = 600;
 constexpr double defaultRealWait = 10;
 // How long one look for news from outside may take.
 constexpr double secondsOfOneLook = 0.01;
-// The phone is idle when nothing has come from outside for this long.
+// The phone is idle when no server is waited for and nothing has come from outside for this long.
 constexpr double quietSeconds = 0.2;
 
 bool isNumberUpTo(const Json& value, double most) {
@@ -61,7 +62,7 @@ void awaitQuiet(const Deadline& deadline) {
   for (std::size_t seen = countOfEvents(); !quiet.hasPassed();) {
     if (deadline.hasPassed()) throw CommandError("the phone was not idle within the limit");
     letNewsIn();
-    if (countOfEvents() == seen) continue;
+    if (countOfEvents() == seen && url_loading::requestsUnderWay() == 0) continue;
     seen = countOfEvents();
     quiet = Deadline(quietSeconds);
   }

@@ -18,6 +18,7 @@
 #include "simulator/springboard/observation.hpp"
 #include "simulator/uikit/classes.hpp"
 #include "simulator/uikit/environment.hpp"
+#include "simulator/url_loading/classes.hpp"
 
 namespace host {
 
@@ -79,6 +80,7 @@ std::span<const Entry> listOf(const char* symbol) {
 void startPhone(const Options& options, foundation::ClockMode clock) {
   useRoot(options.root);
   foundation::registerClasses();
+  url_loading::registerClasses();
   const objc::AutoreleasePool pool;
   foundation::useLocale(options.locale);
   foundation::useClock(clock, options.time.value_or(realTime()));

@@ -1,0 +1,62 @@
+// +[NSURLConnection sendAsynchronousRequest:queue:completionHandler:].
+#include "platform/ns_url_connection.hpp"
+
+#include "objc/class_definition.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/url_loading/classes.hpp"
+#include "simulator/url_loading/loading.hpp"
+
+namespace url_loading {
+
+class NSOperation : public objc::Interface<"NSOperation", NSObject> {};
+// An operation that runs a function.
+class FunctionOperation : public objc::Interface<"BrimFunctionOperation", NSOperation> {};
+
+struct FunctionOperationState {
+  std::function<void()> work;
+};
+
+}  // namespace url_loading
+
+template <>
+struct objc::StateOf<url_loading::FunctionOperation> {
+  using Type = url_loading::FunctionOperationState;
+};
+
+namespace url_loading {
+
+namespace {
+
+void runWork(FunctionOperation* self) { objc::state(self).work(); }
+
+// The main operation queue is the main thread's queue by another name.
+Deliver deliveryTo(NSOperationQueue* queue) {
+  if (queue == NSOperationQueue::mainQueue()) return &foundation::onMainThreadFromOutside;
+  return [queue = objc::retain(queue)](std::function<void()> work) {
+    auto operation = objc::make<FunctionOperation>();
+    objc::state(operation.get()).work = std::move(work);
+    objc::send<void, "addOperation:">(queue.get(), operation.get());
+  };
+}
+
+void sendAsynchronousRequest(Class, NSURLRequest* request, NSOperationQueue* queue,
+                             objc::Block<NSURLConnection::Completion>* completion) {
+  load(request, deliveryTo(queue),
+       [kept = objc::BlockRef<NSURLConnection::Completion>(completion)](const Outcome& outcome) {
+         if (kept.get() == nullptr) return;
+         NSURLResponse* const response = outcome.error == nullptr ? outcome.response.get() : nullptr;
+         (*kept.get())(response, outcome.data, outcome.error);
+       });
+}
+
+}  // namespace
+
+void installURLConnection() {
+  static constexpr objc::MethodEntry operationMethods[] = {objc::method<"main", &runWork>()};
+  static constexpr objc::MethodEntry connectionMethods[] = {
+      objc::classMethod<"sendAsynchronousRequest:queue:completionHandler:", &sendAsynchronousRequest>()};
+  objc::defineClassWithState<FunctionOperation>(operationMethods);
+  objc::addCategory(NSURLConnection::classObject(), connectionMethods);
+}
+
+}  // namespace url_loading

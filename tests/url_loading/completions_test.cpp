@@ -1,0 +1,187 @@
+// When and where completions run.
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cstdlib>
+
+#include "simulator/foundation/run_loop.hpp"
+#include "simulator/host/event_log.hpp"
+#include "simulator/url_loading/loading.hpp"
+#include "tests/url_loading/loading.hpp"
+
+namespace test {
+
+namespace {
+
+bool isMainThread() { return getpid() == gettid(); }
+
+using Completions = UrlLoading;
+
+NSURLSessionDataTask* makeTask(NSURLRequest* request, const objc::BlockRef<NSURLSession::Completion>& completion) {
+  return NSURLSession::sharedSession()->dataTask(request, completion);
+}
+
+TEST_F(Completions, OfASessionRunOffTheMainThread) {
+  server.answer("/page", {.body = "text"});
+  Event done;
+  Loaded loaded;
+  std::atomic<bool> onMainThread = true;
+  makeTask(request(server.address("/page")), objc::block([&](NSData* data, NSURLResponse* response, NSError* error) {
+             loaded = Loaded::of(data, response, error);
+             onMainThread = isMainThread();
+             done.happen();
+           }))
+      ->resume();
+  // The main thread does nothing for it.
+  ASSERT_TRUE(done.wait());
+  EXPECT_FALSE(onMainThread);
+  EXPECT_EQ(loaded.status, 200);
+  EXPECT_EQ(loaded.body, "text");
+}
+
+TEST_F(Completions, OfASessionRunOneAfterTheOther) {
+  constexpr int count = 20;
+  server.answer("/", {.body = "x"});
+  Event done;
+  std::atomic<int> running = 0;
+  std::atomic<int> finished = 0;
+  std::atomic<bool> overlapped = false;
+  for (int index = 0; index < count; ++index) {
+    makeTask(request(server.address("/")), objc::block([&](NSData*, NSURLResponse*, NSError*) {
+               if (++running != 1) overlapped = true;
+               usleep(1000);
+               --running;
+               if (++finished == count) done.happen();
+             }))
+        ->resume();
+  }
+  ASSERT_TRUE(done.wait());
+  EXPECT_FALSE(overlapped);
+}
+
+TEST_F(Completions, OfATaskComeAfterItIsResumedAndOnce) {
+  server.answer("/", {.body = "x"});
+  std::atomic<int> calls = 0;
+  NSURLSessionDataTask* const task =
+      makeTask(request(server.address("/")), objc::block([&](NSData*, NSURLResponse*, NSError*) { ++calls; }));
+  EXPECT_EQ(url_loading::requestsUnderWay(), 0u);
+  task->resume();
+  task->resume();
+  ASSERT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
+  EXPECT_EQ(calls, 1);
+  EXPECT_EQ(server.requests().size(), 1u);
+}
+
+TEST_F(Completions, OfAConnectionRunOnTheMainThread) {
+  bool onMainThread = false;
+  NSURLConnection::sendAsynchronousRequest(
+      request(server.address("/")), NSOperationQueue::mainQueue(),
+      objc::block([&](NSURLResponse*, NSData*, NSError*) { onMainThread = isMainThread(); }));
+  ASSERT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
+  EXPECT_TRUE(onMainThread);
+}
+
+TEST_F(Completions, OfAConnectionRunOnTheQueueThatIsNamed) {
+  const auto queue = objc::make<NSOperationQueue>();
+  Event done;
+  std::atomic<bool> onMainThread = true;
+  NSURLConnection::sendAsynchronousRequest(request(server.address("/")), queue,
+                                           objc::block([&](NSURLResponse*, NSData*, NSError*) {
+                                             onMainThread = isMainThread();
+                                             done.happen();
+                                           }));
+  ASSERT_TRUE(done.wait());
+  EXPECT_FALSE(onMainThread);
+}
+
+TEST_F(Completions, NeedNotBeThere) {
+  NSURLConnection::sendAsynchronousRequest(request(server.address("/")), NSOperationQueue::mainQueue(), nullptr);
+  NSURLSession::sharedSession()->dataTask(request(server.address("/")), nullptr)->resume();
+  EXPECT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
+}
+
+TEST_F(Completions, LetGoOfWhatTheyHold) {
+  const auto held = objc::make<NSObject>();
+  objc::Weak<NSObject> observed(held.get());
+  {
+    const objc::AutoreleasePool pool;
+    makeTask(
+        request(server.address("/")),
+        objc::block([mine = objc::retain(held.get())](NSData*, NSURLResponse*, NSError*) { static_cast<void>(mine); }))
+        ->resume();
+    ASSERT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
+  }
+  EXPECT_TRUE(runUntil([&] { return objc::send<NSUInteger, "retainCount">(held.get()) == 1; }));
+}
+
+TEST_F(Completions, OnASteppedClockComeWhenRealTimeIsLetPass) {
+  foundation::useClock(foundation::ClockMode::Stepped, 0);
+  server.answer("/", {.body = "x"});
+  bool called = false;
+  NSURLConnection::sendAsynchronousRequest(request(server.address("/")), NSOperationQueue::mainQueue(),
+                                           objc::block([&](NSURLResponse*, NSData*, NSError*) { called = true; }));
+  ASSERT_TRUE(server.waitForRequests(1));
+  for (int step = 0; step < 20; ++step) {
+    usleep(5000);
+    foundation::stepClock(1);
+    foundation::pumpFoundation();
+    foundation::drainMainQueue();
+    ASSERT_FALSE(called);
+  }
+  for (int look = 0; look < 1000 && !called; ++look) {
+    foundation::pumpFoundation(0.05);
+    foundation::drainMainQueue();
+  }
+  EXPECT_TRUE(called);
+}
+
+TEST_F(Completions, OfManyRequestsAtOnceAllCome) {
+  constexpr std::size_t count = 200;
+  server.answer("/", {.body = std::string(10'000, 'x')});
+  std::size_t complete = 0;
+  for (std::size_t index = 0; index < count; ++index) {
+    NSURLConnection::sendAsynchronousRequest(request(server.address("/")), NSOperationQueue::mainQueue(),
+                                             objc::block([&](NSURLResponse*, NSData* data, NSError*) {
+                                               if (data->length() == 10'000) ++complete;
+                                             }));
+  }
+  EXPECT_TRUE(runUntil([&] { return complete == count; }));
+  EXPECT_EQ(server.requests().size(), count);
+}
+
+TEST_F(Completions, AreLoggedWithAddressAndStatus) {
+  server.answer("/gone", {.status = 410});
+  const std::string gone = server.address("/gone");
+  load(gone);
+  load("ftp://127.0.0.1/");
+  EXPECT_EQ(host::takeEvents(),
+            nlohmann::ordered_json::array(
+                {{{"event", "http"}, {"url", gone}, {"status", 410}},
+                 {{"event", "http"}, {"url", "ftp://127.0.0.1/"}, {"status", nullptr}, {"error", -1002}}}));
+}
+
+// A process that ends has requests in every state: waiting for a connection, for an answer, and in a handshake.
+void endWithRequestsUnderWay(const LoopbackServer& server, NSURLRequest* (*request)(const std::string&, double)) {
+  std::string secure = server.address("/");
+  secure.replace(0, 4, "https");
+  for (int index = 0; index < 30; ++index) {
+    for (const std::string& address : {server.address("/"), secure, server.address("/at-once")}) {
+      makeTask(request(address, patience), objc::block([](NSData*, NSURLResponse*, NSError*) {}))->resume();
+      NSURLConnection::sendAsynchronousRequest(request(address, patience), NSOperationQueue::mainQueue(), nullptr);
+    }
+  }
+  server.waitForRequests(1);
+  std::exit(0);
+}
+
+TEST_F(Completions, OfRequestsUnderWayDoNotDisturbTheEndOfTheProcess) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  server.answer("/", {.timing = Timing::WhenReleased});
+  server.answer("/at-once", {.body = "x"});
+  EXPECT_EXIT(endWithRequestsUnderWay(server, &UrlLoading::request), testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
+
+}  // namespace test
