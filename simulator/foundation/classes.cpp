@@ -4,6 +4,7 @@
 #include "simulator/foundation/dates.hpp"
 #include "simulator/foundation/deallocation.hpp"
 #include "simulator/foundation/digest.hpp"
+#include "simulator/foundation/distributed_notifications.hpp"
 #include "simulator/foundation/locale.hpp"
 #include "simulator/foundation/localized_strings.hpp"
 #include "simulator/foundation/preferences.hpp"
@@ -23,6 +24,7 @@ void registerClasses() {
   installResourcePaths();
   installDigests();
   installStringEncoding();
+  installDistributedNotifications();
   defineHBPreferences();
 }
 
