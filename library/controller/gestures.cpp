@@ -1,5 +1,6 @@
 #include "library/controller/gestures.hpp"
 
+#include "library/messages/names.hpp"
 #include "library/startup/settings.hpp"
 
 namespace {
@@ -7,14 +8,13 @@ namespace {
 // The banner grows by this part of the finger's way.
 constexpr CGFloat travelPerPoint = 4;
 constexpr NSInteger expandedLineCount = 15;
-constexpr NSInteger readWhenExpanded = 1;
 
 void followExpansion(BannerController* self, BrimContainer* banner) {
   if (!settings::showButtons) banner->replyButtonPressed(nullptr);
   banner->setMaxLineCount(expandedLineCount);
   NSString* application = self->getBundleId();
   if (application != nullptr && application->isEqualToString(messagesIdentifier()) &&
-      settings::messagesAutoReadMode == readWhenExpanded)
+      settings::messagesAutoReadMode == bridge::readWhenExpanded)
     self->markMessagesAsRead();
 }
 

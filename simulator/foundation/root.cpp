@@ -19,6 +19,8 @@ fs::path& chosenRoot() {
   return chosen;
 }
 
+DefaultsDatabase chosenDatabase = DefaultsDatabase::OfUser;
+
 bool isInFolder(std::string_view path, std::string_view folder) {
   return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
@@ -46,8 +48,11 @@ std::optional<std::string> useRoot(const fs::path& root, DefaultsDatabase databa
   if (error) return root.string() + ": " + error.message();
   chosenRoot() = fs::canonical(root, error);
   if (error) return root.string() + ": " + error.message();
+  chosenDatabase = database;
   return database == DefaultsDatabase::OfRoot ? isolateDefaults(chosenRoot()) : std::nullopt;
 }
+
+DefaultsDatabase defaultsDatabase() { return chosenDatabase; }
 
 const fs::path& root() { return chosenRoot(); }
 

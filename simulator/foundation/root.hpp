@@ -21,6 +21,8 @@ enum class DefaultsDatabase {
 // thread.
 [[nodiscard]] std::optional<std::string> useRoot(const std::filesystem::path& root, DefaultsDatabase database);
 
+// As it was chosen.
+DefaultsDatabase defaultsDatabase();
 // Empty while none was chosen.
 const std::filesystem::path& root();
 

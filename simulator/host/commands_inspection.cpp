@@ -6,7 +6,7 @@
 #include "simulator/host/command.hpp"
 #include "simulator/host/controllers.hpp"
 #include "simulator/host/event_log.hpp"
-#include "simulator/host/phone.hpp"
+#include "simulator/host/process.hpp"
 #include "simulator/uikit/describe.hpp"
 #include "simulator/uikit/environment.hpp"
 #include "simulator/uikit/renderer.hpp"

@@ -31,8 +31,8 @@ const FieldType steppedSeconds = {"a number of seconds from 0 to a year (3153600
                                   [](const Json& value) { return isNumberUpTo(value, longestWait); }};
 const FieldType realSeconds = {"a number of seconds from 0 to 600",
                                [](const Json& value) { return isNumberUpTo(value, longestRealWait); }};
-constexpr const char* awaitables[] = {"photo", "message", "http", "idle"};
-const FieldType awaitable = {"photo, message, http or idle",
+constexpr const char* awaitables[] = {"photo", "message", "read", "banner", "http", "idle"};
+const FieldType awaitable = {"photo, message, read, banner, http or idle",
                              [](const Json& value) { return isOneOf(value, awaitables); }};
 
 void letNewsIn() {
@@ -86,7 +86,7 @@ std::span<const Command> timeCommands() {
   static constexpr Field awaitFields[] = {{"for", awaitable, Need::Required}, {"seconds", realSeconds}};
   static constexpr Command commands[] = {
       {"wait", waitFields, &wait, "the clock is stepped: timers, the main queue, animations at 60 frames a second"},
-      {"await", awaitFields, &await, "real time passes until a photo, message or http answer came, or all is quiet"},
+      {"await", awaitFields, &await, "real time passes until such an event has come, or all is quiet"},
   };
   return commands;
 }

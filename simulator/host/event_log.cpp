@@ -15,8 +15,9 @@ struct EventLog {
   std::size_t total = 0;
 };
 
+// Never destroyed: other threads may still record while the process ends.
 EventLog& eventLog() {
-  static EventLog log;
+  static EventLog& log = *new EventLog;
   return log;
 }
 

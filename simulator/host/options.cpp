@@ -11,28 +11,11 @@ namespace host {
 
 namespace {
 
-// Nothing on success, else what would have been right.
-using Complaint = std::optional<std::string>;
-
-// One row of the command line: the parser and --help read the same table.
-struct OptionRow {
-  const char* name;
-  const char* valueName;  // null for an option without a value
-  std::string meaning;
-  Complaint (*apply)(Options& options, const std::string& value);
-};
-
 std::string deviceNames() {
   std::string names;
   for (const DeviceProfile& profile : deviceProfiles())
     names += (names.empty() ? "" : ", ") + std::string(profile.name);
   return names;
-}
-
-Complaint setRoot(Options& options, const std::string& value) {
-  if (value.empty()) return "a folder";
-  options.root = value;
-  return std::nullopt;
 }
 
 Complaint setDevice(Options& options, const std::string& value) {
@@ -42,14 +25,6 @@ Complaint setDevice(Options& options, const std::string& value) {
     return std::nullopt;
   }
   return "one of " + deviceNames();
-}
-
-Complaint setSystem(Options& options, const std::string& value) {
-  static const std::regex pattern(R"((\d{1,2})(\.\d{1,2}){0,2})");
-  if (!std::regex_match(value, pattern) || std::atoi(value.c_str()) < 11)
-    return "a system version of 11.0 or later, such as 11.4, 12.4 or 13.5";
-  options.systemVersion = value;
-  return std::nullopt;
 }
 
 Complaint setAppearance(Options& options, const std::string& value) {
@@ -90,8 +65,8 @@ Complaint setDemonstration(Options& options, const std::string& value) {
   return std::nullopt;
 }
 
-const std::vector<OptionRow>& optionTable() {
-  static const std::vector<OptionRow> table = {
+const std::vector<OptionRow<Options>>& optionTable() {
+  static const std::vector<OptionRow<Options>> table = {
       {"--root", "DIR",
        "the folder that stands for the phone's file system, made with its defaults when missing (default: brim/root in "
        "the "
@@ -114,55 +89,30 @@ const std::vector<OptionRow>& optionTable() {
   return table;
 }
 
-const OptionRow* findOption(const std::string& name) {
-  for (const OptionRow& row : optionTable())
-    if (name == row.name) return &row;
-  return nullptr;
-}
-
-std::string usageWithValue(const OptionRow& row) {
-  return row.valueName == nullptr ? row.name : std::string(row.name) + " " + row.valueName;
-}
-
 }  // namespace
 
-std::variant<Options, HelpRequest, OptionError> parseOptions(std::span<const char* const> arguments) {
-  Options options;
-  for (std::size_t index = 0; index < arguments.size(); ++index) {
-    std::string name = arguments[index];
-    if (name == "--help" || name == "-h") return HelpRequest{};
+Complaint setRoot(Options& options, const std::string& value) {
+  if (value.empty()) return "a folder";
+  options.root = value;
+  return std::nullopt;
+}
 
-    std::optional<std::string> value;
-    if (const std::size_t equals = name.find('='); name.starts_with("--") && equals != std::string::npos) {
-      value = name.substr(equals + 1);
-      name.resize(equals);
-    }
-    const OptionRow* row = findOption(name);
-    if (row == nullptr) return OptionError{"unknown option " + name + "; --help lists the options there are"};
-    if (row->valueName == nullptr) {
-      if (value) return OptionError{name + " takes no value"};
-      value = "";
-    } else if (!value) {
-      if (index + 1 == arguments.size()) return OptionError{name + " wants a value: " + usageWithValue(*row)};
-      value = arguments[++index];
-    }
-    if (const Complaint wanted = row->apply(options, *value))
-      return OptionError{name + " " + *value + ": this option takes " + *wanted};
-  }
-  return options;
+Complaint setSystem(Options& options, const std::string& value) {
+  static const std::regex pattern(R"((\d{1,2})(\.\d{1,2}){0,2})");
+  if (!std::regex_match(value, pattern) || std::atoi(value.c_str()) < 11)
+    return "a system version of 11.0 or later, such as 11.4, 12.4 or 13.5";
+  options.systemVersion = value;
+  return std::nullopt;
+}
+
+std::variant<Options, HelpRequest, OptionError> parseOptions(std::span<const char* const> arguments) {
+  return parseCommandLine(optionTable(), arguments);
 }
 
 std::string helpText() {
-  std::string text =
-      "springboard: the home screen of a simulated phone, with Brim mapped in.\n\n"
-      "usage: springboard [option …]\n\noptions:\n";
-  constexpr std::size_t column = 24;
-  for (const OptionRow& row : optionTable()) {
-    std::string left = "  " + usageWithValue(row);
-    left.resize(std::max(column, left.size() + 2), ' ');
-    text += left + row.meaning + "\n";
-  }
-  return text + "  --help                  this text\n";
+  return "springboard: the home screen of a simulated phone, with Brim mapped in.\n\n"
+         "usage: springboard [option …]\n\noptions:\n" +
+         optionHelp(optionTable());
 }
 
 }  // namespace host

@@ -7,6 +7,8 @@
 #include <string>
 #include <variant>
 
+#include "simulator/host/command_line.hpp"
+
 namespace host {
 
 enum class StartAppearance { Light, Dark };
@@ -29,14 +31,12 @@ struct Options {
   std::filesystem::path demonstration = {};
 };
 
-struct HelpRequest {};
-// What is wrong and what would be right, for people.
-struct OptionError {
-  std::string message;
-};
-
 // The arguments without the program's name. An option may be written "--name value" or "--name=value".
 std::variant<Options, HelpRequest, OptionError> parseOptions(std::span<const char* const> arguments);
+
+// What the values of --root and --system mean to every program of the phone.
+Complaint setRoot(Options& options, const std::string& value);
+Complaint setSystem(Options& options, const std::string& value);
 
 // The text that --help prints: every option with its meaning and default.
 std::string helpText();

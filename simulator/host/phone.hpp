@@ -1,9 +1,6 @@
 // The home-screen process from its options to a home screen that waits for notifications.
 #pragma once
 
-#include <span>
-
-#include "library/startup/inspection.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/options.hpp"
 
@@ -11,9 +8,5 @@ namespace host {
 
 // Once, before any other use of Foundation. Throws StartError.
 void startPhone(const Options& options, foundation::ClockMode clock);
-
-// What the mapped library tells of itself; empty without one.
-std::span<const BrimInstalledMethod> installedMethods();
-std::span<const BrimSetting> librarySettings();
 
 }  // namespace host

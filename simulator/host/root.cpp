@@ -65,7 +65,7 @@ Installation installation() {
   dladdr(reinterpret_cast<const void*>(&installation), &here);
   const fs::path binaries = fs::absolute(here.dli_fname).parent_path();
   const fs::path build = binaries.parent_path();
-  return {binaries / "libBrim.so", build / "root" / assetBundlePath, build / "simulator/assets"};
+  return {binaries / "libBrim.so", build / "root" / assetBundlePath, build / "simulator/assets", binaries / "messages"};
 }
 
 fs::path defaultRoot() {

@@ -12,6 +12,7 @@ struct Installation {
   std::filesystem::path library;       // libBrim.so
   std::filesystem::path assetBundle;   // Assets.bundle
   std::filesystem::path applications;  // application icons, <bundle identifier>.png
+  std::filesystem::path messages;      // the Messages app's executable
 };
 Installation installation();
 

@@ -2,19 +2,13 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "simulator/host/options.hpp"
+#include "simulator/host/process.hpp"
 
 namespace host {
-
-// The home screen could not start; `what` says why, for people.
-class StartError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 // A phone that has been started, on a stepped clock. The runtime's classes belong to the process, so a process has one
 // session at most and it ends with the process. Main thread, before any other use of Foundation.

@@ -4,6 +4,7 @@
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/banner_window.hpp"
 #include "simulator/springboard/bulletin_server.hpp"
+#include "simulator/springboard/bulletin_socket.hpp"
 #include "simulator/springboard/feedback.hpp"
 #include "simulator/springboard/grabber.hpp"
 #include "simulator/springboard/home_screen.hpp"
@@ -60,6 +61,7 @@ void start(const std::filesystem::path& applicationArtwork) {
   makeStatusBar();
   makeBannerWindow(homeWindow);
   startBulletinServer();
+  listenForBulletins();
 }
 
 }  // namespace springboard

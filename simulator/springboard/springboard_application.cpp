@@ -5,6 +5,7 @@
 #include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/json_objects.hpp"
 #include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/messages_process.hpp"
 
 class NSSet : public objc::Interface<"NSSet", NSObject> {
  public:
@@ -44,6 +45,8 @@ namespace springboard {
 
 namespace {
 
+constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
+
 // Letting go of the home button leaves the lock screen, and takes banners away.
 bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
   const auto* press = objc::as<UIPress>(event->allPresses()->anyObject());
@@ -55,7 +58,9 @@ bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
 
 bool launchApplication(SpringBoard*, NSString* bundleIdentifier, bool suspended) {
   host::recordEvent("launch", {{"bundle", jsonOf(bundleIdentifier)}, {"suspended", suspended}});
-  return bundleIdentifier != nullptr;
+  if (bundleIdentifier == nullptr) return false;
+  // The other applications have no process of their own, and Messages has no window to come to the front with.
+  return !suspended || textOf(bundleIdentifier) != messagesIdentifier || launchMessages();
 }
 
 void definePresses() {

@@ -28,7 +28,7 @@ constexpr Refusal refusals[] = {
     {R"({"do":"wait","seconds":-1})", "takes a number of seconds from 0"},
     {R"({"do":"wait","seconds":1e12})", "takes a number of seconds from 0"},
     {R"({"do":"wait","seconds":1,"minutes":2})", "wait has no field \"minutes\"; its fields are seconds"},
-    {R"({"do":"await","for":"rain"})", "photo, message, http or idle"},
+    {R"({"do":"await","for":"rain"})", "photo, message, read, banner, http or idle"},
     {R"({"do":"await","for":"photo","seconds":0})", "no photo came within the limit"},
     {R"({"do":"await","for":"idle","seconds":0})", "not idle within the limit"},
     {R"({"do":"await","for":"photo","seconds":-1})", "from 0 to 600"},

@@ -1,0 +1,82 @@
+#include "simulator/foundation/local_socket.hpp"
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <sys/un.h>
+
+#include <cstdio>
+
+namespace foundation {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int waitingConnections = 8;
+constexpr timeval longestWrite = {1, 0};
+
+// Names the folder by its descriptor, which is short.
+sockaddr_un addressIn(const Descriptor& folder, const char* name) {
+  sockaddr_un address = {};
+  address.sun_family = AF_UNIX;
+  std::snprintf(address.sun_path, sizeof address.sun_path, "/proc/self/fd/%d/%s", folder.get(), name);
+  return address;
+}
+
+Descriptor openFolder(const fs::path& folder) {
+  return Descriptor(open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
+Descriptor makeSocket() { return Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)); }
+
+const sockaddr* plain(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
+
+bool isOfThisUser(const Descriptor& connection) {
+  ucred peer = {};
+  socklen_t size = sizeof peer;
+  return getsockopt(connection.get(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == getuid();
+}
+
+void limitWrites(const Descriptor& connection) {
+  setsockopt(connection.get(), SOL_SOCKET, SO_SNDTIMEO, &longestWrite, sizeof longestWrite);
+}
+
+}  // namespace
+
+Descriptor listenIn(const fs::path& folder, const char* name) {
+  const Descriptor opened = openFolder(folder);
+  Descriptor listening = makeSocket();
+  const sockaddr_un address = addressIn(opened, name);
+  unlinkat(opened.get(), name, 0);
+  if (bind(listening.get(), plain(address), sizeof address) != 0 || listen(listening.get(), waitingConnections) != 0)
+    return {};
+  return listening;
+}
+
+Descriptor connectIn(const fs::path& folder, const char* name) {
+  const Descriptor opened = openFolder(folder);
+  Descriptor connection = makeSocket();
+  const sockaddr_un address = addressIn(opened, name);
+  if (connect(connection.get(), plain(address), sizeof address) != 0 || !isOfThisUser(connection)) return {};
+  limitWrites(connection);
+  return connection;
+}
+
+Descriptor acceptFrom(const Descriptor& listening) {
+  Descriptor connection(accept4(listening.get(), nullptr, nullptr, SOCK_CLOEXEC));
+  if (!connection.isOpen() || !isOfThisUser(connection)) return {};
+  limitWrites(connection);
+  return connection;
+}
+
+bool sendAll(const Descriptor& socket, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t sent = send(socket.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (sent <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(sent));
+  }
+  return true;
+}
+
+}  // namespace foundation

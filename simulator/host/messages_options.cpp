@@ -1,0 +1,77 @@
+#include "simulator/host/messages_options.hpp"
+
+#include <vector>
+
+namespace host {
+
+namespace {
+
+using Row = OptionRow<MessagesOptions>;
+
+Complaint receive(MessagesOptions& options, const std::string& value) {
+  if (value.empty() || value.back() == ';') return "an address such as +491701234567, or a chat's identifier";
+  options.task = MessagesTask::Receive;
+  options.chat = value;
+  return std::nullopt;
+}
+
+bool takeText(MessagesOptions& options, const std::string& word) {
+  if (options.task != MessagesTask::Receive || options.text) return false;
+  options.text = word;
+  return true;
+}
+
+const std::vector<Row>& table() {
+  static const std::vector<Row> rows = {
+      {"--root", "DIR", "the folder that stands for the phone's file system, as the home screen's",
+       [](MessagesOptions& options, const std::string& value) { return setRoot(options.phone, value); }},
+      {"--list", nullptr, "print the conversations and their messages",
+       [](MessagesOptions& options, const std::string&) {
+         options.task = MessagesTask::List;
+         return Complaint();
+       }},
+      {"--receive", "CHAT", "a message arrives in that chat: its TEXT is the next word; the home screen shows a banner",
+       &receive},
+      {"--from", "NAME", "the name of the one who writes (default: the chat's, else its address)",
+       [](MessagesOptions& options, const std::string& value) {
+         options.sender = value;
+         return Complaint();
+       }},
+      {"--system", "VERSION", "the system's version (default: " + Options().systemVersion + ")",
+       [](MessagesOptions& options, const std::string& value) { return setSystem(options.phone, value); }},
+      {"--without-brim", nullptr, "leave the library out: nobody hears replies",
+       [](MessagesOptions& options, const std::string&) {
+         options.phone.library = LibraryUse::Absent;
+         return Complaint();
+       }},
+      {"--suspended", nullptr, "end when standard input does: how the home screen launches it",
+       [](MessagesOptions& options, const std::string&) {
+         options.launch = Launch::Suspended;
+         return Complaint();
+       }},
+  };
+  return rows;
+}
+
+}  // namespace
+
+std::variant<MessagesOptions, HelpRequest, OptionError> parseMessagesOptions(std::span<const char* const> arguments) {
+  auto parsed = parseCommandLine(table(), arguments, &takeText);
+  const auto* options = std::get_if<MessagesOptions>(&parsed);
+  if (options == nullptr) return parsed;
+  if (options->task == MessagesTask::Receive && !options->text)
+    return OptionError{"--receive " + options->chat + " wants the text of the message behind it"};
+  if (options->task != MessagesTask::Receive && !options->sender.empty())
+    return OptionError{"--from goes with --receive"};
+  return parsed;
+}
+
+std::string messagesHelp() {
+  return "messages: the Messages app of a simulated phone, with Brim mapped in.\n\n"
+         "usage: messages [option …]\n"
+         "       messages --receive CHAT TEXT [--from NAME]\n"
+         "       messages --list\n\noptions:\n" +
+         optionHelp(table());
+}
+
+}  // namespace host

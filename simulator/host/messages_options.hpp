@@ -1,0 +1,40 @@
+// The Messages app's command line.
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <variant>
+
+#include "simulator/host/command_line.hpp"
+#include "simulator/host/options.hpp"
+
+namespace host {
+
+enum class MessagesTask {
+  Run,      // be the app, in the background
+  List,     // print the conversations
+  Receive,  // be a message that arrives
+};
+enum class Launch {
+  ByHand,
+  Suspended,  // by a home screen, which holds the other end of standard input: the app ends with it
+};
+
+struct MessagesOptions {
+  // Of these: root, systemVersion and library.
+  Options phone;
+  MessagesTask task = MessagesTask::Run;
+  Launch launch = Launch::ByHand;
+  // Of the message that arrives: the chat's identifier, or the address of the one who writes.
+  std::string chat = {};
+  std::string sender = {};
+  std::optional<std::string> text = {};
+};
+
+// As parseOptions.
+std::variant<MessagesOptions, HelpRequest, OptionError> parseMessagesOptions(std::span<const char* const> arguments);
+
+std::string messagesHelp();
+
+}  // namespace host

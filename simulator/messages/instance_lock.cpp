@@ -1,0 +1,33 @@
+#include "simulator/messages/instance_lock.hpp"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+
+namespace messages {
+
+namespace {
+
+namespace fs = std::filesystem;
+using foundation::Descriptor;
+
+}  // namespace
+
+Descriptor lockInstance(const fs::path& folder) {
+  fs::create_directories(folder);
+  const fs::path path = folder / "messages.lock";
+  Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  if (!file.isOpen()) throw fs::filesystem_error("cannot open", path, std::error_code(errno, std::generic_category()));
+  if (flock(file.get(), LOCK_EX | LOCK_NB) != 0) return {};
+  const std::string process = std::to_string(getpid()) + "\n";
+  // A full disk keeps the number from others, not the lock.
+  if (ftruncate(file.get(), 0) == 0) static_cast<void>(pwrite(file.get(), process.data(), process.size(), 0));
+  return file;
+}
+
+}  // namespace messages
