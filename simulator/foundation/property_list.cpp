@@ -1,45 +1,21 @@
 #include "simulator/foundation/property_list.hpp"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <string>
 
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_data.hpp"
+#include "simulator/foundation/regular_file.hpp"
 
 namespace foundation {
 
 namespace {
 
-constexpr off_t largestFile = 1 << 20;
+constexpr std::size_t largestFile = 1 << 20;
 constexpr std::ptrdiff_t mostCollections = 1000;
 
-std::string readAll(int descriptor, std::size_t size) {
-  std::string text(size, '\0');
-  std::size_t filled = 0;
-  while (filled < size) {
-    const ssize_t count = read(descriptor, text.data() + filled, size - filled);
-    if (count <= 0) break;
-    filled += static_cast<std::size_t>(count);
-  }
-  text.resize(filled);
-  return text;
-}
-
-// Empty for what is not a file of sensible size. Does not wait where a pipe lies in the file's place.
-std::string contentsOf(const std::filesystem::path& file) {
-  const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (descriptor < 0) return {};
-  struct stat status = {};
-  std::string text;
-  if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size <= largestFile)
-    text = readAll(descriptor, static_cast<std::size_t>(status.st_size));
-  close(descriptor);
-  return text;
-}
+// Empty for what is not a file of sensible size.
+std::string contentsOf(const std::filesystem::path& file) { return readRegularFile(file, largestFile).value_or(""); }
 
 // Foundation reads nested collections recursively and without a limit.
 bool nestsSensibly(const std::string& text) {

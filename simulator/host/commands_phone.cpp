@@ -1,5 +1,6 @@
 // Commands that reach the phone beside its screen: buttons, lock, preferences, appearance, and the settings pane.
 #include "platform/ns_distributed_notification_center.hpp"
+#include "simulator/contacts/address_book.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/host/command.hpp"
 #include "simulator/host/test_banner_request.hpp"
@@ -50,7 +51,11 @@ Json requestTestBanner(const Json&) {
   return springboard::bannerCount() == before ? Json() : Json{{"controller", springboard::bannerCount()}};
 }
 
-Json useContacts(const Json&) { throw CommandError("contacts are not available yet"); }
+Json useContacts(const Json& command) {
+  if (const auto failure = contacts::useAddressBook(command["path"].get<std::string>()))
+    throw CommandError("the address book stays as it was: " + *failure);
+  return nullptr;
+}
 
 }  // namespace
 

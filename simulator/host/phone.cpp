@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "objc/autorelease_pool.hpp"
+#include "simulator/contacts/classes.hpp"
 #include "simulator/foundation/classes.hpp"
 #include "simulator/foundation/locale.hpp"
 #include "simulator/host/banner_state.hpp"
@@ -42,6 +43,7 @@ void startPhone(const Options& options, foundation::ClockMode clock) {
   useRoot(options.root);
   foundation::registerClasses();
   url_loading::registerClasses();
+  contacts::registerClasses();
   const objc::AutoreleasePool pool;
   foundation::useLocale(options.locale);
   foundation::useClock(clock, options.time.value_or(realTime()));

@@ -29,13 +29,10 @@ std::string contents(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// Classes that the simulator does not have yet.
-bool isToCome(const std::filesystem::path& header) { return header.filename() == "contacts.hpp"; }
-
 std::vector<std::string> headers() {
   std::vector<std::string> texts;
   for (const auto& entry : std::filesystem::directory_iterator(PLATFORM_HEADERS))
-    if (entry.path().extension() == ".hpp" && !isToCome(entry.path())) texts.push_back(contents(entry.path()));
+    if (entry.path().extension() == ".hpp") texts.push_back(contents(entry.path()));
   return texts;
 }
 

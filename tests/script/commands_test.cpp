@@ -1,5 +1,6 @@
 #include <fstream>
 
+#include "simulator/contacts/address_book.hpp"
 #include "simulator/drawing/image.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/event_log.hpp"
@@ -201,6 +202,23 @@ TEST(Commands, AppearanceSwitchesWhatTheScreenShows) {
   EXPECT_EQ(titleColor(), Json({0.0, 0.0, 0.0, 1.0}));
   phone.run("appearance", {{"style", "dark"}});
   EXPECT_EQ(titleColor(), Json({1.0, 1.0, 1.0, 1.0}));
+}
+
+TEST(Commands, ContactsTakesAFileWithCards) {
+  PlainPhone phone;
+  std::ofstream(phone.folder() / "people.vcf") << "BEGIN:VCARD\nVERSION:3.0\nN:Weber;Anna\nEND:VCARD\n";
+  phone.run("contacts", {{"path", (phone.folder() / "people.vcf").string()}});
+  EXPECT_EQ(contacts::people()->front().givenName, "Anna");
+}
+
+TEST(Commands, ContactsRefusesOtherFiles) {
+  PlainPhone phone;
+  std::ofstream(phone.folder() / "people.csv") << "Weber,Anna\n";
+  for (const char* name : {"people.csv", "missing"}) {
+    const Json answer = phone.answer({{"do", "contacts"}, {"path", (phone.folder() / name).string()}});
+    EXPECT_FALSE(answer.at("ok").get<bool>()) << name;
+    EXPECT_NE(answer.at("error").get<std::string>().find(name), std::string::npos) << answer;
+  }
 }
 
 }  // namespace

@@ -1,0 +1,15 @@
+#include "simulator/contacts/classes.hpp"
+
+#include "objc/autorelease_pool.hpp"
+
+namespace contacts {
+
+void registerClasses() {
+  const objc::AutoreleasePool pool;
+  makeContactKeys();
+  defineContact();
+  defineContainer();
+  defineContactStore();
+}
+
+}  // namespace contacts

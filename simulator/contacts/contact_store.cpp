@@ -1,0 +1,73 @@
+// CNContactStore and the requests that it answers.
+#include "objc/autorelease_pool.hpp"
+#include "objc/class_definition.hpp"
+#include "platform/ns_error.hpp"
+#include "simulator/contacts/classes.hpp"
+#include "simulator/contacts/contact.hpp"
+#include "simulator/contacts/container.hpp"
+
+namespace {
+
+struct FetchRequestState {
+  objc::Ref<NSArray> keys;
+};
+
+}  // namespace
+
+template <>
+struct objc::StateOf<CNContactFetchRequest> {
+  using Type = FetchRequestState;
+};
+
+namespace contacts {
+
+namespace {
+
+// The platform's number for an address book that cannot be reached.
+constexpr NSInteger communicationError = 1;
+
+CNContactFetchRequest* initWithKeysToFetch(CNContactFetchRequest* self, NSArray* keys) {
+  auto* const made = objc::sendSuper<"CNContactFetchRequest", CNContactFetchRequest*, "init">(self);
+  objc::state(made).keys = objc::adopt(objc::send<NSArray*, "copy">(keys));
+  return made;
+}
+
+NSString* defaultContainerIdentifier(CNContactStore*) { return containerIdentifier(); }
+
+NSArray* findContainers(CNContactStore*, NSPredicate* predicate, id*) { return containersMatching(predicate); }
+
+void tellFailure(id* error) {
+  if (error == nullptr) return;
+  *error = objc::send<id, "errorWithDomain:code:userInfo:">(NSError::classObject(), "CNErrorDomain"_ns,
+                                                            communicationError, static_cast<NSObject*>(nullptr));
+}
+
+bool enumerate(CNContactStore*, CNContactFetchRequest* request, id* error,
+               objc::Block<CNContactStore::Visitor>* visit) {
+  const std::shared_ptr<const People> everybody = people();
+  if (everybody == nullptr) {
+    tellFailure(error);
+    return false;
+  }
+  bool stop = false;
+  for (auto person = everybody->begin(); person != everybody->end() && !stop; ++person) {
+    const objc::AutoreleasePool pool;
+    (*visit)(makeContact({everybody, &*person}, objc::state(request).keys), &stop);
+  }
+  return true;
+}
+
+}  // namespace
+
+void defineContactStore() {
+  static constexpr objc::MethodEntry request[] = {objc::method<"initWithKeysToFetch:", &initWithKeysToFetch>()};
+  static constexpr objc::MethodEntry store[] = {
+      objc::method<"defaultContainerIdentifier", &defaultContainerIdentifier>(),
+      objc::method<"containersMatchingPredicate:error:", &findContainers>(),
+      objc::method<"enumerateContactsWithFetchRequest:error:usingBlock:", &enumerate>(),
+  };
+  objc::defineClassWithState<CNContactFetchRequest>(request);
+  objc::defineClass<CNContactStore>(store);
+}
+
+}  // namespace contacts
