@@ -8,6 +8,7 @@
 #include "simulator/foundation/locale.hpp"
 #include "simulator/foundation/localized_strings.hpp"
 #include "simulator/foundation/preferences.hpp"
+#include "simulator/foundation/property_list_parsing.hpp"
 #include "simulator/foundation/resource_paths.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/string_encoding.hpp"
@@ -22,6 +23,7 @@ void registerClasses() {
   installLocale();
   installLocalizedStrings();
   installResourcePaths();
+  installPropertyListParsing();
   installDigests();
   installStringEncoding();
   installDistributedNotifications();

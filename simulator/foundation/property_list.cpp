@@ -1,10 +1,11 @@
 #include "simulator/foundation/property_list.hpp"
 
-#include <algorithm>
 #include <string>
 
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_data.hpp"
+#include "platform/ns_property_list_serialization.hpp"
+#include "simulator/foundation/property_list_parsing.hpp"
 #include "simulator/foundation/regular_file.hpp"
 
 namespace foundation {
@@ -12,28 +13,13 @@ namespace foundation {
 namespace {
 
 constexpr std::size_t largestFile = 1 << 20;
-constexpr std::ptrdiff_t mostCollections = 1000;
 
 // Empty for what is not a file of sensible size.
 std::string contentsOf(const std::filesystem::path& file) { return readRegularFile(file, largestFile).value_or(""); }
 
-// Foundation reads nested collections recursively and without a limit.
-bool nestsSensibly(const std::string& text) {
-  if (text.starts_with("bplist")) return true;
-  return std::count_if(text.begin(), text.end(), [](char letter) { return letter == '(' || letter == '{'; }) <=
-         mostCollections;
-}
-
 NSDictionary* parse(const std::string& text) {
-  NSData* data = NSData::dataWithBytes(text.data(), text.size());
-  void* const unwanted = nullptr;
-  // What is malformed raises an exception or answers nil, by its format.
-  try {
-    return objc::as<NSDictionary>(objc::send<NSObject*, "propertyListWithData:options:format:error:">(
-        objc::lookUpClass<"NSPropertyListSerialization">(), data, NSUInteger{0}, unwanted, unwanted));
-  } catch (...) {
-    return nullptr;
-  }
+  return objc::as<NSDictionary>(
+      NSPropertyListSerialization::propertyList(NSData::dataWithBytes(text.data(), text.size())));
 }
 
 bool hasByteOrderMark(const std::string& text) { return text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff"); }
@@ -59,7 +45,6 @@ objc::Ref<NSDictionary> readStringsFile(const std::filesystem::path& file) {
 
 objc::Ref<NSDictionary> readPropertyList(const std::filesystem::path& file) {
   const std::string text = contentsOf(file);
-  if (text.empty() || !nestsSensibly(text)) return nullptr;
   const objc::AutoreleasePool pool;
   return objc::retain(parse(text));
 }
