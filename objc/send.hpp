@@ -6,6 +6,7 @@
 #include "objc/encoding.hpp"
 #include "objc/fixed_string.hpp"
 #include "objc/machine.hpp"
+#include "objc/published.hpp"
 #if defined(BRIM_CHECK_ENCODINGS)
 #include "objc/encoding_check.hpp"
 #endif
@@ -15,16 +16,15 @@ namespace objc {
 // Registered once for each name.
 template <FixedString name>
 SEL selector() {
-  static const SEL registered = sel_registerName(TextOf<name>::text);
-  return registered;
+  static Published<SEL> registered;
+  return registered.valueOr([] { return sel_registerName(TextOf<name>::text); });
 }
 
 // The class of that name, looked up at first use and kept; null while there is none.
 template <FixedString name>
 Class lookUpClass() {
-  static Class found = nullptr;
-  if (found == nullptr) found = reinterpret_cast<Class>(objc_getClass(TextOf<name>::text));
-  return found;
+  static Published<Class> found;
+  return found.valueOr([] { return reinterpret_cast<Class>(objc_getClass(TextOf<name>::text)); });
 }
 
 namespace detail {

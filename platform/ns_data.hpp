@@ -8,6 +8,10 @@ class NSData : public objc::Interface<"NSData", NSObject> {
   static NSData* dataWithBytes(const void* bytes, NSUInteger length) {
     return objc::send<NSData*, "dataWithBytes:length:">(classObject(), bytes, length);
   }
+  // nil where the file cannot be read.
+  static NSData* withContentsOfFile(NSString* path) {
+    return objc::send<NSData*, "dataWithContentsOfFile:">(classObject(), path);
+  }
   const void* bytes() const { return objc::send<const void*, "bytes">(this); }
   NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
   // The MD5 digest as 32 lower-case hexadecimal digits.

@@ -16,7 +16,7 @@ struct objc::TypeEncoding<NSRange> : objc::EncodingText<"{_NSRange=QQ}"> {};
 // What a search gives where nothing was found.
 inline constexpr NSUInteger NSNotFound = 0x7fffffffffffffff;
 
-enum class NSStringEncoding : NSUInteger { UTF8 = 4, Unicode = 10 };
+enum class NSStringEncoding : NSUInteger { UTF8 = 4, Latin1 = 5, Unicode = 10 };
 enum class NSStringCompareOptions : NSUInteger { None = 0, CaseInsensitive = 1, Numeric = 64 };
 enum class NSComparisonResult : NSInteger { Ascending = -1, Same = 0, Descending = 1 };
 
@@ -36,7 +36,12 @@ class NSString : public objc::Interface<"NSString", NSObject> {
   const char* UTF8String() const { return objc::send<const char*, "UTF8String">(this); }
   // As the system's C functions want a path. Empty where there is no way to write it.
   const char* fileSystemRepresentation() const { return objc::send<const char*, "fileSystemRepresentation">(this); }
+  // The same path without links; unchanged where it leads nowhere.
+  NSString* stringByResolvingSymlinksInPath() const {
+    return objc::send<NSString*, "stringByResolvingSymlinksInPath">(this);
+  }
   bool isEqualToString(NSString* other) const { return objc::send<bool, "isEqualToString:">(this, other); }
+  bool hasPrefix(NSString* prefix) const { return objc::send<bool, "hasPrefix:">(this, prefix); }
   NSString* stringByAppendingString(NSString* other) const {
     return objc::send<NSString*, "stringByAppendingString:">(this, other);
   }
@@ -79,6 +84,6 @@ class NSMutableString : public objc::Interface<"NSMutableString", NSString> {
 // A constant string of the program, made at first use and kept.
 template <objc::FixedString text>
 NSString* operator""_ns() {
-  static NSString* const made = objc::retain(NSString::stringWithUTF8String(objc::TextOf<text>::text)).leak();
-  return made;
+  static objc::Published<NSString*> made;
+  return made.valueOr([] { return objc::retain(NSString::stringWithUTF8String(objc::TextOf<text>::text)).leak(); });
 }

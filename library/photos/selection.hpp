@@ -3,5 +3,6 @@
 
 #include "library/controller/banner_controller.hpp"
 
-// Without a provider for the application the banner keeps the application's icon.
+// Asks the provider of the notification's application to find the picture. Without one, or with the user's settings
+// against it, the banner keeps the application's icon.
 void updateProfilePicture(BannerController* self, NSString* header, NSString* body, BrimContainer* view);

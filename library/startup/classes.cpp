@@ -1,5 +1,7 @@
 #include "library/startup/classes.hpp"
 
+#include "library/photos/folder_finder.hpp"
+#include "library/photos/provider.hpp"
 #include "library/startup/utilities/ns_string_md5.hpp"
 #include "library/startup/utilities/type_check_helper.hpp"
 #include "library/startup/utilities/ui_view_plon.hpp"
@@ -14,4 +16,13 @@ void registerClasses() {
   registerBrimColors();
   registerTextClasses();
   registerBrimContainer();
+  registerFolderFinder();
+  registerWhatsAppProvider();
+  registerMessagesProvider();
+  registerTwitterProvider();
+  registerSlackProvider();
+  registerDiscordProvider();
+  registerInstagramProvider();
+  registerMessengerProvider();
+  registerTelegramProvider();
 }

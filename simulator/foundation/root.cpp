@@ -1,7 +1,10 @@
 #include "simulator/foundation/root.hpp"
 
-#include "platform/ns_object.hpp"
+#include "platform/ns_data.hpp"
+#include "platform/ns_file_manager.hpp"
 #include "simulator/foundation/defaults_isolation.hpp"
+
+extern "C" const char* GSPathHandling(const char* mode);
 
 namespace foundation {
 
@@ -31,13 +34,17 @@ bool isMapped(std::string_view path) {
   return false;
 }
 
-IMP originalRepresentation = nullptr;
-
-const char* fileSystemRepresentation(NSObject* self, SEL selector, NSString* path) {
+const char* fileSystemRepresentation(NSFileManager*, SEL, NSString* path) {
   const char* const text = path->UTF8String();
-  NSString* mapped = path;
-  if (text != nullptr && isMapped(text)) mapped = NSString::stringWithUTF8String(pathUnderRoot(text).c_str());
-  return objc::detail::call<const char*>(originalRepresentation, objc::detail::identifier(self), selector, mapped);
+  if (text == nullptr || !isMapped(text)) return text;
+  return NSString::stringWithUTF8String(pathUnderRoot(text).c_str())->UTF8String();
+}
+
+// A name that is not UTF-8, which the phone's file system would not take, is read as if each byte were a letter.
+NSString* stringWithRepresentation(NSFileManager*, SEL, const char* name, NSUInteger length) {
+  NSData* const bytes = NSData::dataWithBytes(name, length);
+  const objc::Ref<NSString> decoded = NSString::decoded(bytes, NSStringEncoding::UTF8);
+  return objc::autorelease(decoded != nullptr ? decoded : NSString::decoded(bytes, NSStringEncoding::Latin1));
 }
 
 }  // namespace
@@ -65,8 +72,12 @@ std::string pathUnderRoot(std::string_view platformPath) {
 }
 
 void installPlatformPaths() {
-  MSHookMessageEx(objc::lookUpClass<"NSFileManager">(), objc::selector<"fileSystemRepresentationWithPath:">(),
-                  objc::toImplementation(&fileSystemRepresentation), &originalRepresentation);
+  // A backslash is a letter like any other.
+  GSPathHandling("unix");
+  MSHookMessageEx(NSFileManager::classObject(), objc::selector<"fileSystemRepresentationWithPath:">(),
+                  objc::toImplementation(&fileSystemRepresentation), nullptr);
+  MSHookMessageEx(NSFileManager::classObject(), objc::selector<"stringWithFileSystemRepresentation:length:">(),
+                  objc::toImplementation(&stringWithRepresentation), nullptr);
 }
 
 }  // namespace foundation

@@ -32,7 +32,7 @@ std::string pathUnderRoot(std::string_view platformPath);
 
 // Makes Foundation's files the phone's: a path in "/Library/Application Support/Brim", "/var/mobile" or
 // "/private/var/mobile" means the one under the root, for every class that reads and writes files and for
-// -fileSystemRepresentation; other paths mean what they always did.
+// -fileSystemRepresentation; other paths mean what they always did. Names are UTF-8, whatever the user's locale says.
 void installPlatformPaths();
 
 }  // namespace foundation

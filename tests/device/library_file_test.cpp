@@ -47,10 +47,12 @@ TEST(LibraryFile, KnowsWhereItIsInstalled) {
 TEST(LibraryFile, LoadsThePlatformsLibrariesAndNoCppRuntime) {
   std::vector<std::string> loaded = library().libraries;
   std::sort(loaded.begin(), loaded.end());
-  EXPECT_EQ(loaded, (std::vector<std::string>{"/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate",
-                                              "/System/Library/Frameworks/AudioToolbox.framework/AudioToolbox",
-                                              "/System/Library/Frameworks/UIKit.framework/UIKit",
-                                              "/usr/lib/libSystem.B.dylib", "/usr/lib/libobjc.A.dylib"}));
+  EXPECT_EQ(loaded,
+            (std::vector<std::string>{"/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate",
+                                      "/System/Library/Frameworks/AudioToolbox.framework/AudioToolbox",
+                                      "/System/Library/Frameworks/Contacts.framework/Contacts",
+                                      "/System/Library/Frameworks/UIKit.framework/UIKit", "/usr/lib/libSystem.B.dylib",
+                                      "/usr/lib/libobjc.A.dylib", "/usr/lib/libsqlite3.dylib"}));
 }
 
 TEST(LibraryFile, HasOnlyLoadCommandsThatSystemVersion11_2Knows) {

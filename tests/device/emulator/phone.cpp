@@ -24,6 +24,7 @@ Phone::Phone(Platform started, Process process)
   defineStrings(runtime);
   defineCollections(runtime, platform);
   defineFoundation(runtime, platform);
+  pictures.emplace(imports, runtime, processor);
   defineViewToolkit(runtime, platform);
   if (process == Process::HomeScreen) defineHookedClasses(runtime, platform);
   image.emplace(processor, libraryFile(), [this](const std::string& symbol, const std::string& exportedBy) {

@@ -6,6 +6,7 @@
 #include "tests/device/emulator/c_library.hpp"
 #include "tests/device/emulator/image.hpp"
 #include "tests/device/emulator/imports.hpp"
+#include "tests/device/emulator/picture_sources.hpp"
 #include "tests/device/emulator/platform_classes.hpp"
 #include "tests/device/emulator/runtime_functions.hpp"
 
@@ -48,6 +49,7 @@ class Phone {
   Imports imports;
   CLibrary c;
   Platform platform;
+  std::optional<PictureSources> pictures;
   std::vector<ChangedMethod> changes;
 
   const Image& library() const { return *image; }

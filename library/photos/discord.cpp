@@ -1,0 +1,26 @@
+// Discord sends who wrote the message and the name of the author's avatar.
+#include "library/photos/download.hpp"
+#include "library/photos/endpoints.hpp"
+#include "library/photos/provider.hpp"
+#include "library/photos/user_info.hpp"
+
+namespace {
+
+void contactPhoto(BrimDiscordContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
+                  BrimContainer* view) {
+  NSDictionary* author = dictionaryAt(dictionaryAt(userInfoOf(request), "message"_ns), "author"_ns);
+  NSString* avatar = identifierAt(author, "avatar"_ns);
+  NSString* identifier = identifierAt(author, "id"_ns);
+  if (avatar == nullptr || identifier == nullptr) return;
+  downloadPicture(endpoints::discordAvatars()
+                      ->stringByAppendingString("/avatars/"_ns)
+                      ->stringByAppendingString(identifier)
+                      ->stringByAppendingString("/"_ns)
+                      ->stringByAppendingString(avatar)
+                      ->stringByAppendingString(".png?size=80"_ns),
+                  view);
+}
+
+}  // namespace
+
+void registerDiscordProvider() { defineProvider<BrimDiscordContactPhotoProvider, &contactPhoto>(); }

@@ -1,0 +1,15 @@
+// Instagram sends the picture's address along.
+#include "library/photos/download.hpp"
+#include "library/photos/provider.hpp"
+#include "library/photos/user_info.hpp"
+
+namespace {
+
+void contactPhoto(BrimInstagramContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
+                  BrimContainer* view) {
+  downloadPicture(textAt(userInfoOf(request), "a"_ns), view);
+}
+
+}  // namespace
+
+void registerInstagramProvider() { defineProvider<BrimInstagramContactPhotoProvider, &contactPhoto>(); }

@@ -1,0 +1,88 @@
+// The address book has the pictures of those who write messages.
+#include <initializer_list>
+
+#include "library/photos/delivery.hpp"
+#include "library/photos/provider.hpp"
+#include "library/photos/user_info.hpp"
+#include "platform/contacts.hpp"
+
+namespace {
+
+// Whom a notification says it is from.
+struct Sender {
+  // An identifier of the address book. Where it is known nothing else counts.
+  NSString* identifier = nullptr;
+  // The sender as the notification shows it: a given name, or an address.
+  NSString* displayText = nullptr;
+};
+
+Sender senderOf(NSDictionary* values) {
+  NSObject* key = values->objectForKey("CKBBContextKeySenderPersonCentricID"_ns);
+  if (key == nullptr) key = values->objectForKey("CKBBContextKeySenderName"_ns);
+  if (key != nullptr) return {objc::as<NSString>(key), nullptr};
+  NSDictionary* sender = dictionaryAt(dictionaryAt(values, "AssistantContext"_ns), "msgSender"_ns);
+  return {nullptr, textAt(sender, "displayText"_ns)};
+}
+
+bool areEqual(NSObject* value, NSString* wanted) {
+  const auto* const text = objc::as<NSString>(value);
+  return text != nullptr && text->isEqualToString(wanted);
+}
+
+bool hasAddress(CNContact* contact, NSString* wanted) {
+  NSArray* addresses = contact->emailAddresses();
+  for (NSUInteger index = 0; index < addresses->count(); ++index)
+    if (areEqual(static_cast<CNLabeledValue*>(addresses->objectAtIndex(index))->value(), wanted)) return true;
+  return false;
+}
+
+bool isOf(CNContact* contact, const Sender& sender) {
+  if (sender.identifier != nullptr) return areEqual(contact->identifier(), sender.identifier);
+  return areEqual(contact->givenName(), sender.displayText) || hasAddress(contact, sender.displayText);
+}
+
+NSArray* fetchedProperties() {
+  NSMutableArray* keys = NSMutableArray::array();
+  for (NSString* key :
+       {CNContactEmailAddressesKey, CNContactPhoneNumbersKey, CNContactGivenNameKey, CNContactImageDataKey})
+    keys->addObject(key);
+  return keys;
+}
+
+// All containers are searched whatever this answers.
+void askForDefaultContainer(CNContactStore* store) {
+  NSString* identifier = store->defaultContainerIdentifier();
+  if (identifier == nullptr) return;
+  NSMutableArray* identifiers = NSMutableArray::array();
+  identifiers->addObject(identifier);
+  store->containersMatching(CNContainer::predicateForIdentifiers(identifiers));
+}
+
+// The picture of the first contact that is the sender's and has one; nil without.
+objc::Ref<NSData> pictureDataOf(const Sender& sender) {
+  const auto store = objc::make<CNContactStore>();
+  askForDefaultContainer(store);
+  objc::Ref<NSData> found;
+  objc::Ref<NSData>* const result = &found;
+  const auto visit = [&sender, result](CNContact* contact, bool* stop) {
+    if (!isOf(contact, sender)) return;
+    *result = objc::retain(contact->imageData());
+    *stop = *result != nullptr;
+  };
+  store->enumerateContacts(CNContactFetchRequest::withKeysToFetch(fetchedProperties()), objc::block(visit));
+  return found;
+}
+
+void contactPhoto(BrimMessagesContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
+                  BrimContainer* view) {
+  const Sender sender = senderOf(userInfoOf(request));
+  if (sender.identifier == nullptr && sender.displayText == nullptr) return;
+  const objc::Ref<NSData> data = pictureDataOf(sender);
+  if (data == nullptr) return;
+  const objc::Ref<UIImage> picture = UIImage::withData(data);
+  if (picture != nullptr) showLater(objc::Weak<BrimContainer>(view), picture);
+}
+
+}  // namespace
+
+void registerMessagesProvider() { defineProvider<BrimMessagesContactPhotoProvider, &contactPhoto>(); }

@@ -1,0 +1,23 @@
+// Telegram keeps the avatars that the system's search shows as files in its app group.
+#include "library/photos/folder_finder.hpp"
+#include "library/photos/provider.hpp"
+#include "library/photos/user_info.hpp"
+
+namespace {
+
+void contactPhoto(BrimTelegramContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
+                  BrimContainer* view) {
+  NSString* sender = identifierAt(userInfoOf(request), "from_id"_ns);
+  if (sender == nullptr) return;
+  NSString* container = FolderFinder::findPrivateSharedFolder("group.ph.telegra.Telegraph"_ns);
+  if (container == nullptr) return;
+  NSString* path = container->stringByAppendingString("/telegram-data/accounts-metadata/spotlight/p:"_ns)
+                       ->stringByAppendingString(sender)
+                       ->stringByAppendingString("/avatar.png"_ns);
+  UIImage* picture = UIImage::imageWithContentsOfFile(path);
+  if (picture != nullptr) view->updateImage(picture);
+}
+
+}  // namespace
+
+void registerTelegramProvider() { defineProvider<BrimTelegramContactPhotoProvider, &contactPhoto>(); }

@@ -1,0 +1,49 @@
+// WhatsApp keeps a picture of every person and group as a file in the containers of its two applications.
+#include <initializer_list>
+
+#include "library/photos/folder_finder.hpp"
+#include "library/photos/provider.hpp"
+#include "platform/ns_file_manager.hpp"
+
+namespace {
+
+NSString* pieceAt(NSArray* pieces, NSUInteger index) { return static_cast<NSString*>(pieces->objectAtIndex(index)); }
+
+// KEY-SUFFIX is a person's picture, NUMBER-NUMBER-SUFFIX, the key being both numbers, a group's.
+bool isPictureOf(NSString* key, NSString* file) {
+  NSArray* pieces = file->componentsSeparatedByString("-"_ns);
+  const NSUInteger count = pieces->count();
+  if (count != 2 && count != 3) return false;
+  NSString* owner = pieceAt(pieces, 0);
+  if (count == 3) owner = owner->stringByAppendingString("-"_ns)->stringByAppendingString(pieceAt(pieces, 1));
+  return owner->isEqualToString(key);
+}
+
+// The last picture that matches stays. It is shown anew after every file that follows.
+void showPictureIn(NSString* folder, NSString* key, BrimContainer* view) {
+  NSDirectoryEnumerator* files = NSFileManager::defaultManager()->enumerator(folder);
+  bool isFound = false;
+  objc::Ref<UIImage> picture;
+  while (NSString* file = files->nextObject()) {
+    if (isPictureOf(key, file)) {
+      NSString* path = folder->stringByAppendingString("/"_ns)->stringByAppendingString(file);
+      picture = objc::retain(UIImage::imageWithContentsOfFile(path));
+      isFound = true;
+    }
+    if (isFound) view->updateImage(picture);
+  }
+}
+
+void contactPhoto(BrimWhatsAppContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
+                  BrimContainer* view) {
+  NSString* thread = objc::as<NSString>(request->threadIdentifier());
+  if (thread == nullptr) return;
+  NSString* key = pieceAt(thread->componentsSeparatedByString("@"_ns), 0);
+  for (NSString* group : {"group.net.whatsapp.WhatsApp.shared"_ns, "group.net.whatsapp.WhatsAppSMB.shared"_ns})
+    if (NSString* container = FolderFinder::findSharedFolder(group))
+      showPictureIn(container->stringByAppendingString("/Media/Profile"_ns), key, view);
+}
+
+}  // namespace
+
+void registerWhatsAppProvider() { defineProvider<BrimWhatsAppContactPhotoProvider, &contactPhoto>(); }

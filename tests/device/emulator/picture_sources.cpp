@@ -1,0 +1,120 @@
+#include "tests/device/emulator/picture_sources.hpp"
+
+#include "tests/device/emulator/c_library.hpp"
+#include "tests/device/emulator/platform_classes.hpp"
+
+namespace device {
+
+namespace {
+
+// What SQLite's functions answer, and the stand-ins' handles.
+constexpr std::uint64_t success = 0;
+constexpr std::uint64_t rowIsThere = 100;
+constexpr std::uint64_t done = 101;
+constexpr Address database = 0x2000'0001;
+constexpr Address statement = 0x2000'0002;
+
+}  // namespace
+
+PictureSources::PictureSources(Imports& imports, ObjectiveC& objectiveC, Processor& runsOn)
+    : runtime(objectiveC), processor(runsOn) {
+  supplyDatabases(imports);
+  supplyContacts(imports);
+  defineWeb();
+  defineFiles();
+}
+
+void PictureSources::answerRequest(std::optional<Address> data) {
+  constexpr Address invokeOffset = 16;
+  const Address completion = requests.back().completion;
+  const Address error = data ? 0 : runtime.make("NSError");
+  processor.call(processor.load<Address>(completion + invokeOffset), {completion, 0, data.value_or(0), error});
+}
+
+void PictureSources::supplyDatabases(Imports& imports) {
+  imports.add("sqlite3_open_v2", [this](HostCall& call) {
+    openings.push_back({call.processor.text(call.processor.x(0)), call.processor.x(2)});
+    call.processor.store(call.processor.x(1), database);
+    ++openDatabases;
+    call.processor.setX(0, success);
+  });
+  imports.add("sqlite3_close", [this](HostCall& call) {
+    if (call.processor.x(0) == database) --openDatabases;
+    call.processor.setX(0, success);
+  });
+  imports.add("sqlite3_prepare_v2", [this](HostCall& call) {
+    queries.push_back(call.processor.text(call.processor.x(1)));
+    call.processor.store(call.processor.x(3), statement);
+    ++openStatements;
+    call.processor.setX(0, success);
+  });
+  imports.add("sqlite3_step", [this](HostCall& call) { call.processor.setX(0, row ? rowIsThere : done); });
+  imports.add("sqlite3_column_text",
+              [this](HostCall& call) { call.processor.setX(0, call.processor.allocateText(row.value())); });
+  imports.add("sqlite3_finalize", [this](HostCall& call) {
+    --openStatements;
+    call.processor.setX(0, success);
+  });
+}
+
+void PictureSources::supplyContacts(Imports& imports) {
+  for (const char* name :
+       {"CNContactEmailAddressesKey", "CNContactPhoneNumbersKey", "CNContactGivenNameKey", "CNContactImageDataKey"}) {
+    const Address variable = processor.allocate(sizeof(Address));
+    processor.store(variable, makeString(runtime, name));
+    imports.addVariable(name, variable);
+  }
+}
+
+// Addresses are strings; those with a blank are none.
+void PictureSources::defineWeb() {
+  runtime.define("NSError");
+  for (const char* name : {"NSURL", "NSURLRequest"}) runtime.define(name, "NSString");
+  runtime.addClassMethod("NSURL", "URLWithString:", "@@:@", [](const Message& message) {
+    const std::string text = message.text(0);
+    message.answer(text.find(' ') == std::string::npos ? makeString(message.runtime, text, "NSURL") : 0);
+  });
+  runtime.addMethod("NSURL", "scheme", "@@:", [](const Message& message) {
+    const std::string text = textOf(message.runtime, message.self);
+    message.answer(makeString(message.runtime, text.substr(0, text.find(':'))));
+  });
+  runtime.addMethod("NSURL", "host", "@@:", [](const Message& message) {
+    const std::string text = textOf(message.runtime, message.self);
+    const std::size_t begin = text.find("//");
+    message.answer(begin == std::string::npos
+                       ? 0
+                       : makeString(message.runtime, text.substr(begin + 2, text.find('/', begin + 2) - begin - 2)));
+  });
+  runtime.addClassMethod("NSURLRequest", "requestWithURL:", "@@:@", [](const Message& message) {
+    message.answer(makeString(message.runtime, message.text(0), "NSURLRequest"));
+  });
+  runtime.define("NSOperationQueue");
+  runtime.addClassMethod("NSOperationQueue", "mainQueue", "@@:", [](const Message& message) {
+    message.answer(message.runtime.autorelease(message.runtime.make("NSOperationQueue")));
+  });
+  runtime.define("NSURLConnection");
+  runtime.addClassMethod("NSURLConnection", "sendAsynchronousRequest:queue:completionHandler:", "v@:@@@?",
+                         [this](const Message& message) {
+                           requests.push_back({message.text(0), message.argument(2)});
+                           // Kept for good: the phone's blocks are copied by whoever keeps them.
+                           constexpr std::uint32_t oneReference = 2;
+                           constexpr Address flagsOffset = 8;
+                           const Address flags = message.argument(2) + flagsOffset;
+                           processor.store(flags, processor.load<std::uint32_t>(flags) + oneReference);
+                         });
+}
+
+// Only Slack's container and its database are there.
+void PictureSources::defineFiles() {
+  runtime.define("NSFileManager");
+  runtime.define("NSFileHandle");
+  runtime.addClassMethod("NSFileManager", "defaultManager", "@@:", [](const Message& message) {
+    message.answer(message.runtime.autorelease(message.runtime.make("NSFileManager")));
+  });
+  runtime.addMethod("NSFileManager", "attributesOfItemAtPath:error:", "@@:@^@",
+                    [](const Message& message) { message.answer(0); });
+  runtime.addMethod("NSFileManager", "contentsOfDirectoryAtPath:error:", "@@:@^@",
+                    [](const Message& message) { message.answer(0); });
+}
+
+}  // namespace device

@@ -1,0 +1,188 @@
+#include "library/photos/folder_finder.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <iterator>
+
+#include "tests/library/phone.hpp"
+#include "tests/photos/application_data.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::makeContainer;
+using test::metadata;
+using test::metadataName;
+using test::Phone;
+using test::writeFile;
+
+constexpr const char* group = "group.org.example.shared";
+
+std::string textOf(NSString* string) { return string == nullptr ? "(nil)" : string->UTF8String(); }
+NSString* text(const std::string& value) { return NSString::stringWithUTF8String(value.c_str()); }
+
+std::string found(const std::string& identifier) { return textOf(FolderFinder::findSharedFolder(text(identifier))); }
+
+// A phone with a folder of shared containers.
+struct FolderFinderTest : testing::Test {
+  Phone phone;
+  fs::path containers = test::sharedContainers(phone.root());
+};
+
+TEST_F(FolderFinderTest, FindsEachKindOfContainerInItsFolder) {
+  makeContainer(containers, "A1", group);
+  makeContainer(test::dataContainers(phone.root()), "D1", "org.example.application");
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
+  EXPECT_EQ(textOf(FolderFinder::findPrivateSharedFolder(text(group))),
+            "/private/var/mobile/Containers/Shared/AppGroup/A1");
+  EXPECT_EQ(textOf(FolderFinder::findDataFolder("org.example.application"_ns)),
+            "/var/mobile/Containers/Data/Application/D1");
+  EXPECT_EQ(textOf(FolderFinder::findDataFolder(text(group))), "(nil)");
+}
+
+TEST_F(FolderFinderTest, SearchesTheFolderItIsGiven) {
+  makeContainer(phone.root() / "elsewhere", "E1", group);
+  const std::string root = (phone.root() / "elsewhere").string() + "/";
+  EXPECT_EQ(textOf(FolderFinder::findFolder(text(group), text(root))), root + "E1");
+}
+
+TEST_F(FolderFinderTest, IgnoresCase) {
+  makeContainer(containers, "A1", "GROUP.org.Example.shared");
+  EXPECT_EQ(found("group.ORG.example.SHARED"), "/var/mobile/Containers/Shared/AppGroup/A1");
+}
+
+TEST_F(FolderFinderTest, ComparesWholeIdentifiers) {
+  makeContainer(containers, "A1", "group.org.example.shared.more");
+  EXPECT_EQ(found(group), "(nil)");
+}
+
+TEST_F(FolderFinderTest, FirstOfTwoWithTheSameIdentifierIsTheFirstListed) {
+  for (const char* name : {"A1", "B2", "C3", "D4"}) makeContainer(containers, name, group);
+  const std::string first = fs::directory_iterator(containers)->path().filename();
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/" + first);
+}
+
+TEST_F(FolderFinderTest, FolderThatIsNotThereHoldsNothing) {
+  EXPECT_EQ(textOf(FolderFinder::findFolder(text(group), "/nowhere/at/all/"_ns)), "(nil)");
+  fs::remove_all(containers);
+  EXPECT_EQ(found(group), "(nil)");
+}
+
+TEST_F(FolderFinderTest, NameOfTheMetadataMayHaveTextAroundIt) {
+  writeFile(containers / "A1" / (std::string("before") + metadataName + "after"), metadata(group));
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
+}
+
+TEST_F(FolderFinderTest, SecondMetadataFileOfAContainerCountsToo) {
+  writeFile(containers / "A1" / metadataName, metadata("another"));
+  writeFile(containers / "A1" / (std::string(metadataName) + ".old"), metadata(group));
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
+}
+
+TEST_F(FolderFinderTest, NilMatchesNothing) {
+  makeContainer(containers, "A1", "(null)");
+  EXPECT_EQ(FolderFinder::findSharedFolder(nullptr), nullptr);
+  EXPECT_EQ(FolderFinder::findFolder(text(group), nullptr), nullptr);
+}
+
+TEST_F(FolderFinderTest, EveryCallLooksAnew) {
+  EXPECT_EQ(found(group), "(nil)");
+  makeContainer(containers, "A1", group);
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
+  fs::remove_all(containers / "A1");
+  EXPECT_EQ(found(group), "(nil)");
+}
+
+// Kilobytes that the process has held at its largest.
+long mostMemory() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
+// A container that must not be found, and must not keep the next one from being found.
+struct BadContainer {
+  const char* name;
+  void (*make)(const fs::path& metadataFile);
+};
+
+constexpr std::uintmax_t hundredMegabytes = 100'000'000;
+
+const BadContainer badContainers[] = {
+    {"folder", [](const fs::path& file) { fs::create_directories(file / "inside"); }},
+    {"loop of links", [](const fs::path& file) { fs::create_symlink(file, file); }},
+    {"link that leads nowhere", [](const fs::path& file) { fs::create_symlink("/nowhere", file); }},
+    {"pipe", [](const fs::path& file) { mkfifo(file.c_str(), 0600); }},
+    {"link to a pipe",
+     [](const fs::path& file) {
+       mkfifo((file.parent_path() / "pipe").c_str(), 0600);
+       fs::create_symlink("pipe", file);
+     }},
+    {"empty", [](const fs::path& file) { writeFile(file, ""); }},
+    {"truncated",
+     [](const fs::path& file) {
+       const std::string whole = metadata(group);
+       writeFile(file, whole.substr(0, whole.size() - 20));
+     }},
+    {"no property list", [](const fs::path& file) { writeFile(file, std::string("\x00\x01\xff\xfe", 4)); }},
+    {"damaged binary list", [](const fs::path& file) { writeFile(file, "bplist00" + std::string(64, '\xff')); }},
+    {"array", [](const fs::path& file) { writeFile(file, "(group.org.example.shared)"); }},
+    {"without identifier", [](const fs::path& file) { writeFile(file, "{ a = b; }"); }},
+    {"identifier of another type", [](const fs::path& file) { writeFile(file, "{ MCMMetadataIdentifier = (a); }"); }},
+    {"a hundred megabytes",
+     [](const fs::path& file) {
+       writeFile(file, metadata(group));
+       fs::resize_file(file, hundredMegabytes);
+     }},
+};
+
+TEST_F(FolderFinderTest, BadMetadataDoesNotMatchAndDoesNotEndTheSearch) {
+  for (const BadContainer& bad : badContainers) {
+    SCOPED_TRACE(bad.name);
+    fs::create_directories(containers / "bad");
+    bad.make(containers / "bad" / metadataName);
+    EXPECT_EQ(found(group), "(nil)");
+    makeContainer(containers, "good", group);
+    EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/good");
+    fs::remove_all(containers / "bad");
+    fs::remove_all(containers / "good");
+  }
+}
+
+TEST_F(FolderFinderTest, MetadataOfAHundredMegabytesIsNotRead) {
+  fs::create_directories(containers / "bad");
+  badContainers[std::size(badContainers) - 1].make(containers / "bad" / metadataName);
+  const long before = mostMemory();
+  EXPECT_EQ(found(group), "(nil)");
+  EXPECT_LT(mostMemory() - before, 10'000) << "kilobytes";
+}
+
+TEST_F(FolderFinderTest, UnreadableMetadataDoesNotMatch) {
+  makeContainer(containers, "A1", group);
+  fs::permissions(containers / "A1" / metadataName, fs::perms::none);
+  // Those who may do everything can read it all the same.
+  const bool isReadable = access((containers / "A1" / metadataName).c_str(), R_OK) == 0;
+  EXPECT_EQ(found(group), isReadable ? "/var/mobile/Containers/Shared/AppGroup/A1" : "(nil)");
+}
+
+TEST_F(FolderFinderTest, LinkToMetadataIsFollowed) {
+  writeFile(phone.root() / "kept.plist", metadata(group));
+  fs::create_directories(containers / "A1");
+  fs::create_symlink(phone.root() / "kept.plist", containers / "A1" / metadataName);
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
+}
+
+TEST_F(FolderFinderTest, FileAmongTheContainersIsNone) {
+  writeFile(containers / "file", metadata(group));
+  EXPECT_EQ(found(group), "(nil)");
+}
+
+TEST_F(FolderFinderTest, NamesOfEveryKindAreFound) {
+  makeContainer(containers, "a b 🙂 %@ \\ '\"", group);
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/a b 🙂 %@ \\ '\"");
+}
+
+}  // namespace
