@@ -63,6 +63,13 @@ void override(BannerController* self) {
   BrimContainer::setDismissNotification(true);
 }
 
+// Where the platform itself asked for the dismissal, the banner went with its controller, and holds nobody back.
+void leaveNothingBehind(BannerController* controller) {
+  if (controller->brimView() == nullptr) return;
+  removeBanner(controller);
+  BrimContainer::setDismissNotification(true);
+}
+
 }  // namespace
 
 void clearDismissalFlags(BannerController* controller) {
@@ -125,7 +132,11 @@ void dismissViewController(objc::Original<void(BannerController*, NSInteger, obj
   const objc::Ref<BannerController> controller = objc::retain(self);
   const auto whenGone = objc::block([controller](bool finished) {
     controller->setHasDismissed(finished);
-    if (!finished) controller->setIsDismissing(false);
+    if (finished) {
+      leaveNothingBehind(controller);
+    } else {
+      controller->setIsDismissing(false);
+    }
   });
   original(self, platformTransition, whenGone);
 }

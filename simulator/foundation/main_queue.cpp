@@ -34,6 +34,11 @@ std::list<FrameObserver>& frameObservers() {
   return observers;
 }
 
+std::function<void()>& endOfTurnObserver() {
+  static std::function<void()>& observer = *new std::function<void()>([] {});
+  return observer;
+}
+
 // Frames lie on one grid, that of the screen: frame n is shown n sixtieths after the clock's zero, rounded to
 // nanoseconds.
 Nanoseconds timeOfFrame(std::int64_t frame) {
@@ -124,11 +129,17 @@ void addFrameObserver(FrameObserver observer) {
   frameObservers().push_back(std::move(observer));
 }
 
+void observeEndOfTurn(std::function<void()> observer) { endOfTurnObserver() = std::move(observer); }
+
 void drainMainQueue() {
-  while (const std::function<void()> work = workList().takeDue(clock::now())) {
+  do {
+    while (const std::function<void()> work = workList().takeDue(clock::now())) {
+      const objc::AutoreleasePool pool;
+      work();
+    }
     const objc::AutoreleasePool pool;
-    work();
-  }
+    endOfTurnObserver()();
+  } while (workList().nextTime() <= clock::now());
 }
 
 void stepClock(double seconds) {

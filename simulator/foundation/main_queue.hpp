@@ -36,6 +36,10 @@ void letOutsideWorkIn();
 enum class FrameDemand { More, Done };
 void addFrameObserver(std::function<FrameDemand(double now)> observer);
 
+// Called at the end of each of the main thread's turns, when no work is due; it may add work to the same turn. One for
+// all: a later observer takes the place of the one before.
+void observeEndOfTurn(std::function<void()> observer);
+
 // Runs all work that is due, without moving a stepped clock. Main thread.
 void drainMainQueue();
 // Moves the stepped clock by `seconds`, running timers and frames at their exact times, in order; timers come before a

@@ -98,8 +98,14 @@ bool setIcon(const std::string& bundleIdentifier, const fs::path& file) {
 }
 
 UIImage* wallpaper() {
-  const bool dark = uikit::environment().style == UIUserInterfaceStyle::Dark;
-  return objc::autorelease(uikit::makeImage(loadArtwork(dark ? "wallpaper-dark" : "wallpaper-light")));
+  // The last one is held: home screen and lock screen show the same picture, and it is large.
+  static std::optional<UIUserInterfaceStyle> style;
+  static objc::Ref<UIImage>& held = *new objc::Ref<UIImage>;
+  if (style == uikit::environment().style) return held;
+  style = uikit::environment().style;
+  const bool dark = style == UIUserInterfaceStyle::Dark;
+  held = uikit::makeImage(loadArtwork(dark ? "wallpaper-dark" : "wallpaper-light"));
+  return held;
 }
 
 }  // namespace springboard

@@ -64,7 +64,6 @@ void tellFinished(const objc::BlockRef<void(bool)>& completion) {
 
 void slideOut(std::size_t number, const objc::BlockRef<void(bool)>& completion) {
   Banner& banner = banners().at(number);
-  if (banner.stage == Stage::Leaving) return;
   banner.stage = Stage::Leaving;
   move(banner.controller->view(), hiddenBannerFrame(), objc::block([number, completion](bool) {
          if (isBannerOnScreen(number)) takeAway(number);
@@ -110,6 +109,8 @@ std::size_t presentBanner(Controller* controller) {
 void dismissBanner(Controller* controller, NSInteger transition, objc::Block<void(bool)>* completion) {
   const std::size_t number = numberOfBanner(controller);
   if (!isBannerOnScreen(number)) return;
+  const bool isLeaving = banners().at(number).stage == Stage::Leaving;
+  if (isLeaving && Transition(transition) != Transition::None) return;
   host::recordEvent("dismiss", {{"controller", number}, {"transition", transition}});
   const objc::BlockRef<void(bool)> kept(completion);
   if (Transition(transition) == Transition::None) {

@@ -1,5 +1,8 @@
 #include "simulator/uikit/classes.hpp"
 
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/uikit/window.hpp"
+
 namespace uikit {
 
 void registerClasses() {
@@ -27,6 +30,8 @@ void registerClasses() {
   defineTextField();
   defineStackView();
   defineVisualEffectView();
+  // What a turn has changed is laid out at its end, outside of any animation.
+  foundation::observeEndOfTurn(&layoutWindows);
 }
 
 }  // namespace uikit

@@ -16,6 +16,7 @@ namespace {
 
 struct Display {
   std::uint64_t generation = 1;
+  std::uint64_t changes = 1;
   double animatedUntil = -1;  // the time of the last generation, while something moves
   std::function<void()> observer;
 };
@@ -29,8 +30,11 @@ Display& display() {
 
 void noteDisplayChange() {
   ++display().generation;
+  ++display().changes;
   if (display().observer != nullptr) display().observer();
 }
+
+std::uint64_t displayChanges() { return display().changes; }
 
 void observeDisplayChanges(std::function<void()> observer) { display().observer = std::move(observer); }
 

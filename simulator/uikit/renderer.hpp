@@ -18,6 +18,8 @@ std::shared_ptr<drawing::Canvas> renderView(UIView* view, double scale);
 // picture is still right.
 std::uint64_t displayGeneration();
 void noteDisplayChange();
+// How many changes have been noted: grows whenever a view needs a layout, and not with the time.
+std::uint64_t displayChanges();
 // Calls it whenever the screen has to be painted anew, perhaps many times before it is. One at most; null ends it.
 void observeDisplayChanges(std::function<void()> observer);
 

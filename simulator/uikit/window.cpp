@@ -46,8 +46,12 @@ UIResponder* firstResponder() { return keyWindow() == nullptr ? nullptr : objc::
 
 void setSharedApplication(UIApplication* application) { heldApplication() = objc::retain(application); }
 
+// Whatever needs a layout has changed the display.
 void layoutWindows() {
+  static std::uint64_t laidOut = 0;
+  if (laidOut == displayChanges()) return;
   for (UIWindow* window : visibleWindows()) layoutIfNeeded(window);
+  laidOut = displayChanges();
 }
 
 namespace {

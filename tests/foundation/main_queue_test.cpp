@@ -86,6 +86,19 @@ TEST_F(SteppedClock, DrainRunsWhatIsDueWithoutMovingTime) {
   EXPECT_EQ(log, (Log{"now", "zero@0.000000"}));
 }
 
+TEST_F(SteppedClock, EndOfTheTurnComesWhenNoWorkIsDueAndMayAddSome) {
+  int turns = 0;
+  foundation::observeEndOfTurn([this, &turns] {
+    log.push_back("end");
+    if (++turns == 1) foundation::onMainThread([this] { log.push_back("added"); });
+  });
+  foundation::onMainThread([this] { log.push_back("now"); });
+  at(0, "zero");
+  foundation::drainMainQueue();
+  foundation::observeEndOfTurn([] {});
+  EXPECT_EQ(log, (Log{"now", "zero@0.000000", "end", "added", "end"}));
+}
+
 TEST_F(SteppedClock, SenselessStepsAndDelaysAreHarmless) {
   const double infinity = std::numeric_limits<double>::infinity();
   at(-5, "past");

@@ -228,6 +228,17 @@ TEST(Dismissal, OwnTransitionReachesThePlatformAsZeroWithoutTheCallersCompletion
   EXPECT_FALSE(ran);
 }
 
+TEST(Dismissal, ThatThePlatformAsksForWithTheOwnTransitionLeavesNothingBehind) {
+  Phone phone;
+  const int controller = presentPersistent(phone);
+  phone.wait(1);
+  phone.run({{"do", "dismiss"}, {"controller", controller}, {"transition", 30}});
+  phone.wait(0);
+  EXPECT_TRUE(phone.state(controller).at("hasDismissed"));
+  EXPECT_FALSE(phone.state(controller).at("brim"));
+  EXPECT_TRUE(phone.state(phone.present()).at("brim"));
+}
+
 TEST(Dismissal, ReplacedBannerGoesWithoutTakingTheNewerOneWithIt) {
   Phone phone;
   const int older = phone.present({{"title", "One"}});

@@ -52,6 +52,8 @@ Phone::~Phone() {
   std::filesystem::remove_all(folder, ignored);
 }
 
+Json Phone::answer(const Json& command) { return session->run(command); }
+
 Json Phone::run(const Json& command) {
   Json answer = session->run(command);
   EXPECT_TRUE(answer.at("ok").get<bool>()) << command << " was answered with " << answer;

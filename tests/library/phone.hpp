@@ -30,6 +30,8 @@ class Phone {
 
   // Obeys a command that must succeed; a failure fails the test.
   Json run(const Json& command);
+  // Obeys a command that may be refused, and gives the whole answer.
+  Json answer(const Json& command);
   // Obeys a command that must be refused, and gives the reason.
   std::string refusal(const Json& command);
 

@@ -152,6 +152,17 @@ TEST(Banners, TransitionZeroDismissesAtOnce) {
   EXPECT_EQ(phone.log(), Json::array({dismissal(controller, 0)}));
 }
 
+TEST(Banners, AskedToGoASecondTimeIsIgnored) {
+  PlainPhone phone;
+  const int controller = phone.present();
+  for (const double seconds : {0.1, 0.1, 0.2, 2.0}) {
+    phone.answer({{"do", "dismiss"}, {"controller", controller}, {"transition", 1}});
+    phone.wait(seconds);
+  }
+  EXPECT_TRUE(phone.isDismissed(controller));
+  EXPECT_EQ(phone.log(), Json::array({dismissal(controller, 1)}));
+}
+
 TEST(Banners, DismissedOnesAreLetGo) {
   PlainPhone phone;
   const int controller = phone.present();

@@ -167,6 +167,24 @@ TEST_F(Animation, OfAConstraintMovesTheViewWhenLaidOutInside) {
   EXPECT_EQ(shownFrame(banner).origin.y, 10);
 }
 
+// Another view's animation would take it along otherwise, and be interrupted with it.
+TEST_F(Animation, DoesNotTakeAlongWhatAnEarlierTurnHasChanged) {
+  const auto added = addConstrainedView(window);
+  added->topAnchor()->equalTo(window->topAnchor(), 40)->setActive(true);
+  added->leadingAnchor()->equalTo(window->leadingAnchor())->setActive(true);
+  foundation::drainMainQueue();
+  EXPECT_EQ(added->frame().origin.y, 40);
+  UIView::animate(1, objc::block([this] {
+                    view->setFrame({{100, 0}, {100, 100}});
+                    window->layoutIfNeeded();
+                  }),
+                  writesFinished("view"));
+  EXPECT_EQ(shownFrame(added).origin.y, 40);
+  added->removeFromSuperview();
+  foundation::stepClock(1);
+  EXPECT_EQ(takeJournal(), Journal{"view finished"});
+}
+
 TEST_F(Animation, UnanimatedChangeKeepsWhatIsOnItsWay) {
   UIView::animate(1, objc::block([this] { view->setFrame({{100, 0}, {100, 100}}); }));
   foundation::stepClock(0.5);

@@ -1,0 +1,105 @@
+// Walks through the commands by chance. BRIM_WALK_STEPS makes the walks longer, BRIM_WALK_SEED begins them elsewhere;
+// a walk that fails prints its seed and the commands since the screen was last empty.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include "tests/library/banner_rules.hpp"
+#include "tests/library/live_objects.hpp"
+#include "tests/library/random_commands.hpp"
+
+namespace {
+
+using test::Json;
+using test::Phone;
+
+constexpr std::size_t defaultSteps = 5000;
+constexpr std::size_t stepsBetweenRests = 200;
+// Until then pictures, fonts and formatters are loaded for the first time; settings keep a few values of their own.
+constexpr std::size_t restsUntilAllIsLoaded = 5;
+constexpr std::ptrdiff_t objectsThatMayStay = 40;
+
+// What a command that came by chance may be refused for.
+constexpr const char* reasons[] = {"there is no controller", "no longer on screen",         "was dismissed and is gone",
+                                   "no banner is on screen", "nothing on the screen reads", "is outside the screen",
+                                   "banner shows nothing",   "nothing has the keyboard"};
+
+std::size_t number(const char* variable, std::size_t otherwise) {
+  const char* text = getenv(variable);
+  return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);
+}
+
+bool isExpected(const std::string& refusal) {
+  return std::ranges::any_of(reasons, [&](const char* reason) { return refusal.find(reason) != std::string::npos; });
+}
+
+class Walk {
+ public:
+  explicit Walk(std::uint64_t start) : seed(start), commands(start, phone.root()) {}
+
+  void run(std::size_t steps) {
+    for (std::size_t step = 1; step <= steps && !HasFailure(); ++step) {
+      take(commands.next(rules.count()));
+      if (step % stepsBetweenRests == 0 && !HasFailure()) rest();
+    }
+    if (!HasFailure()) rest();
+  }
+
+ private:
+  static bool HasFailure() { return testing::Test::HasFailure(); }
+
+  void take(const Json& command) {
+    taken.push_back(command.dump());
+    if (command.at("do") == "drag") rules.expectDrag();
+    const Json answer = phone.answer(command);
+    if (!answer.at("ok") && !isExpected(answer.at("error"))) return fail(answer.dump());
+    if (const std::string problem = rules.broken(phone.log()); !problem.empty()) fail(problem);
+  }
+
+  // Everything is sent away, and nothing may be left.
+  void rest() {
+    take({{"do", "drag"}, {"at", {5, 800}}, {"by", {0, 0}}, {"end", "cancel"}});
+    take({{"do", "lock"}});
+    take({{"do", "press"}, {"type", 101}, {"force", 0}});
+    take({{"do", "set"}, {"key", "timeToDismiss"}, {"value", nullptr}});
+    take({{"do", "wait"}, {"seconds", 60}});
+    if (HasFailure()) return;
+    if (const std::string problem = rules.brokenAtRest(); !problem.empty()) return fail(problem);
+    compareLiveObjects();
+    taken.clear();
+  }
+
+  void compareLiveObjects() {
+    if (++rests == restsUntilAllIsLoaded) {
+      test::countLiveObjects();
+      return;
+    }
+    const std::ptrdiff_t held = rests < restsUntilAllIsLoaded ? 0 : test::liveObjects();
+    if (held > objectsThatMayStay) fail(std::to_string(held) + " objects are held that were not before");
+  }
+
+  void fail(const std::string& problem) {
+    std::string report = problem + "\nseed " + std::to_string(seed) + "; the commands since the last rest:\n";
+    for (const std::string& command : taken) report += command + "\n";
+    ADD_FAILURE() << report;
+  }
+
+  std::uint64_t seed;
+  Phone phone;
+  test::RandomCommands commands;
+  test::BannerRules rules;
+  std::vector<std::string> taken;
+  std::size_t rests = 0;
+};
+
+class RandomWalk : public testing::TestWithParam<std::uint64_t> {};
+
+TEST_P(RandomWalk, BreaksNoRuleOfABannersLife) {
+  const std::uint64_t seed = number("BRIM_WALK_SEED", 1) + GetParam();
+  RecordProperty("seed", std::to_string(seed));
+  std::printf("seed %llu\n", static_cast<unsigned long long>(seed));
+  Walk(seed).run(number("BRIM_WALK_STEPS", defaultSteps));
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomWalk, testing::Range<std::uint64_t>(0, 4));
+
+}  // namespace
