@@ -1,5 +1,7 @@
 #include "simulator/host/phone.hpp"
 
+#include <malloc.h>
+
 #include <chrono>
 
 #include "objc/autorelease_pool.hpp"
@@ -22,6 +24,14 @@ namespace {
 
 constexpr const char* homeScreenIdentifier = "com.apple.springboard";
 
+// The allocator takes a freed picture as a hint to keep later ones in the heap, where they lie between small objects
+// and the heap grows by a picture or two for good. With a fixed threshold each has pages of its own and gives them
+// back.
+void keepPicturesOutOfTheHeap() {
+  constexpr int smallestPicture = 256 * 1024;
+  mallopt(M_MMAP_THRESHOLD, smallestPicture);
+}
+
 double realTime() { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); }
 
 uikit::Environment environmentOf(const Options& options) {
@@ -40,6 +50,7 @@ uikit::Environment environmentOf(const Options& options) {
 }  // namespace
 
 void startPhone(const Options& options, foundation::ClockMode clock) {
+  keepPicturesOutOfTheHeap();
   useRoot(options.root);
   foundation::registerClasses();
   url_loading::registerClasses();
