@@ -1,7 +1,9 @@
 // Measures. Every figure is a ratio of two things measured in this run, so that it means the same on any machine.
 #include "bench/presenting.hpp"
+#include "bench/text.hpp"
 
 int main() {
   bench::measurePresenting();
+  bench::measureText();
   return 0;
 }

@@ -172,10 +172,8 @@ TEST_F(SteppedClock, KnowsWhenNothingIsLeft) {
   EXPECT_FALSE(foundation::mainQueueIsIdle());
 }
 
-TEST_F(SteppedClock, ALongStepCostsNothingWhenNothingHappens) {
-  const auto start = std::chrono::steady_clock::now();
+TEST_F(SteppedClock, ManyStepsEndExactlyAtTheirSum) {
   for (int step = 0; step < 10000; ++step) foundation::stepClock(5);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
   EXPECT_EQ(foundation::now(), 50000);
 }
 

@@ -91,13 +91,6 @@ TEST_F(RunLoop, AWaitEndsWhenSomethingComes) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
-TEST_F(RunLoop, LookingCostsMicroseconds) {
-  foundation::pumpFoundation();
-  const auto start = std::chrono::steady_clock::now();
-  for (int look = 0; look < 1000; ++look) foundation::pumpFoundation();
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
-}
-
 TEST_F(RunLoop, TheRealClockWatchesDescriptorsToo) {
   foundation::useClock(foundation::ClockMode::Real, 0);
   watchLetters();

@@ -1,0 +1,8 @@
+// What measuring text costs.
+#pragma once
+
+namespace bench {
+
+void measureText();
+
+}  // namespace bench
