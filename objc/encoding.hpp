@@ -79,7 +79,7 @@ struct TypeEncoding<Type*> : EncodingText<"@"> {
 
 template <class Type>
 requires(std::is_pointer_v<Type> || std::is_arithmetic_v<Type>) struct TypeEncoding<Type*>
-    : EncodingText<FixedString("^") + TypeEncoding<Type>::value> {
+    : EncodingText<FixedString("^") + TypeEncoding<std::remove_cv_t<Type>>::value> {
 };
 
 template <class Signature>

@@ -2,6 +2,9 @@
 // read the wrong registers; builds that check for such mistakes define BRIM_CHECK_ENCODINGS.
 #pragma once
 
+#include <stdio.h>
+#include <stdlib.h>
+
 #include "objc/machine.hpp"
 
 namespace objc::detail {
@@ -80,13 +83,17 @@ class EncodingReader {
   const char* next;
 };
 
-inline bool sameCallingConvention(const char* first, const char* second) {
-  EncodingReader left(first);
-  EncodingReader right(second);
-  while (true) {
-    const char kind = left.take();
-    if (kind != right.take()) return false;
-    if (kind == 0) return true;
+// A method may read half of an argument's register, as where one Foundation counts an enumeration in 32 bits and
+// another in 64. Never half of a result's, nor more than was sent.
+inline bool sameCallingConvention(const char* sent, const char* defined) {
+  EncodingReader left(sent);
+  EncodingReader right(defined);
+  for (bool isArgument = false;; isArgument = true) {
+    const char sentKind = left.take();
+    const char definedKind = right.take();
+    const bool isReadByHalf = isArgument && sentKind == '8' && definedKind == '4';
+    if (sentKind != definedKind && !isReadByHalf) return false;
+    if (sentKind == 0) return true;
   }
 }
 
@@ -97,9 +104,9 @@ inline void checkEncoding(id receiver, SEL selector, const char* sent) {
   if (method == nullptr) return;
   const char* defined = method_getTypeEncoding(method);
   if (defined == nullptr || sameCallingConvention(sent, defined)) return;
-  __builtin_printf("%s %s: the message says %s, the method %s\n", class_getName(receiverClass), sel_getName(selector),
-                   sent, defined);
-  __builtin_abort();
+  fprintf(stderr, "%s %s: the message says %s, the method %s\n", class_getName(receiverClass), sel_getName(selector),
+          sent, defined);
+  abort();
 }
 
 }  // namespace objc::detail

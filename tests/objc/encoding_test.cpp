@@ -1,8 +1,11 @@
 // Encodings are the runtime's notation, computed from C++ signatures. What is asserted here is asserted by the
-// compiler.
+// compiler; how encodings are compared is tested.
 #include "objc/encoding.hpp"
 
+#include <gtest/gtest.h>
+
 #include "objc/block.hpp"
+#include "objc/encoding_check.hpp"
 #include "objc/implementation.hpp"
 #include "platform/core_graphics.hpp"
 #include "platform/ns_string.hpp"
@@ -60,5 +63,21 @@ static_assert(objc::setterName<"URL">() == FixedString("setURL:"));
 static_assert(FixedString("a:b:").count(':') == 2);
 static_assert(FixedString("").count(':') == 0);
 static_assert(!(FixedString("ab") == FixedString("abc")));
+
+using objc::detail::sameCallingConvention;
+
+TEST(EncodingCheck, LooksAtWhatTheRegistersHold) {
+  EXPECT_TRUE(sameCallingConvention("v@:@B", "v32@0:8@16c24"));
+  EXPECT_TRUE(sameCallingConvention("@@:^@", "@24@0:8r^{_NSZone=^qQ}16"));
+  EXPECT_FALSE(sameCallingConvention("v@:d", "v@:q"));
+  EXPECT_FALSE(sameCallingConvention("v@:", "v@:@"));
+  EXPECT_FALSE(sameCallingConvention("v@:{CGSize=dd}", "v@:d"));
+}
+
+TEST(EncodingCheck, AllowsAMethodToReadHalfOfAnArgumentOnly) {
+  EXPECT_TRUE(sameCallingConvention("@@:@Q", "@@:@I"));
+  EXPECT_FALSE(sameCallingConvention("@@:@I", "@@:@Q"));
+  EXPECT_FALSE(sameCallingConvention("Q@:", "I@:"));
+}
 
 }  // namespace
