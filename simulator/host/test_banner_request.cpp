@@ -20,24 +20,25 @@ bool hasArrived = false;
 
 void received(TestBannerEcho*, NSNotification*) { hasArrived = true; }
 
-NSObject* makeEcho() {
+NSString* requestName() { return "com.lumetra.brim.receivedbannertest"_ns; }
+
+// It stays: the centre keeps something of every observer that it ever had.
+bool listen() {
   static constexpr objc::MethodEntry methods[] = {objc::method<"receivedRequest:", &received>()};
   objc::defineClass<TestBannerEcho>(methods);
-  return objc::make<TestBannerEcho>().leak();
+  NSDistributedNotificationCenter::defaultCenter()->addObserver(objc::make<TestBannerEcho>().leak(),
+                                                                objc::selector<"receivedRequest:">(), requestName());
+  return true;
 }
 
 }  // namespace
 
 bool postTestBannerRequest() {
-  static NSObject* const echo = makeEcho();
-  NSString* const name = "com.lumetra.brim.receivedbannertest"_ns;
-  NSDistributedNotificationCenter* center = NSDistributedNotificationCenter::defaultCenter();
-  center->addObserver(echo, objc::selector<"receivedRequest:">(), name);
+  [[maybe_unused]] static const bool isListening = listen();
   hasArrived = false;
-  springboard::postUnobserved(name);
+  springboard::postUnobserved(requestName());
   const Deadline deadline(secondsToWait);
   while (!hasArrived && !deadline.hasPassed()) foundation::pumpFoundation(0.1);
-  center->removeObserver(echo, name);
   foundation::drainMainQueue();
   return hasArrived;
 }
