@@ -79,6 +79,7 @@ struct MessagesApp::State {
   std::optional<messages::Service> service;
   objc::Ref<CKConversationListController> list;
   Descriptor life;
+  bool lifeHasEnded = false;
 };
 
 MessagesApp::MessagesApp(const MessagesOptions& options) : state(std::make_unique<State>()) {
@@ -115,21 +116,25 @@ MessagesApp::MessagesApp(const MessagesOptions& options) : state(std::make_uniqu
     state->life = Descriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
     foundation::watchDescriptor(state->life.get(), [this] {
       char ignored[64];
-      if (read(state->life.get(), ignored, sizeof ignored) <= 0) end(0);
+      if (read(state->life.get(), ignored, sizeof ignored) > 0) return;
+      foundation::unwatchDescriptor(state->life.get());
+      state->lifeHasEnded = true;
     });
   }
 }
 
 MessagesApp::~MessagesApp() {
   const objc::AutoreleasePool pool;
-  if (state->life.isOpen()) foundation::unwatchDescriptor(state->life.get());
+  if (state->life.isOpen() && !state->lifeHasEnded) foundation::unwatchDescriptor(state->life.get());
   state->service.reset();
   state->list = nullptr;
 }
 
 void MessagesApp::run() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, &end);
-  foundation::runMainQueueUntil([] { return toldToEnd.load(); });
+  // Another home screen may still be about to ask for something.
+  foundation::runMainQueueUntil(
+      [this] { return toldToEnd.load() || (state->lifeHasEnded && !state->service->isConnected()); });
 }
 
 }  // namespace host

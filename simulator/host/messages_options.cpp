@@ -44,7 +44,8 @@ const std::vector<Row>& table() {
          options.phone.library = LibraryUse::Absent;
          return Complaint();
        }},
-      {"--suspended", nullptr, "end when standard input does: how the home screen launches it",
+      {"--suspended", nullptr,
+       "end when standard input does and no home screen is there: how the home screen launches it",
        [](MessagesOptions& options, const std::string&) {
          options.launch = Launch::Suspended;
          return Complaint();

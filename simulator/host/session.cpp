@@ -6,6 +6,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/command.hpp"
 #include "simulator/host/phone.hpp"
+#include "simulator/springboard/messages_process.hpp"
 
 namespace host {
 
@@ -48,7 +49,7 @@ Json failure(const std::string& reason) {
 
 Session::Session(const Options& options) { startPhone(options, foundation::ClockMode::Stepped); }
 
-Session::~Session() = default;
+Session::~Session() { springboard::endMessages(); }
 
 Json Session::run(const Json& command) {
   const objc::AutoreleasePool pool;

@@ -28,6 +28,8 @@ class Service {
   ~Service();
 
   bool isOpen() const { return listening.isOpen(); }
+  // Whether a home screen is there.
+  bool isConnected() const { return !connections.empty(); }
   void report(const nlohmann::ordered_json& event);
 
  private:

@@ -28,6 +28,7 @@ namespace {
 using foundation::Descriptor;
 
 constexpr std::chrono::seconds longestLaunch(5);
+constexpr std::chrono::seconds longestEnd(2);
 constexpr std::chrono::milliseconds betweenLooks(2);
 
 enum class ChildState { Running, NotNeeded, Failed };
@@ -123,6 +124,15 @@ bool launchMessages() {
   const bool isReady = startAndWait(std::chrono::steady_clock::now() + longestLaunch);
   if (!isReady) std::fprintf(stderr, "the Messages app is not ready for requests\n");
   return isReady;
+}
+
+void endMessages() {
+  connection().reset();
+  if (!child()) return;
+  child()->life = Descriptor();
+  const Moment deadline = std::chrono::steady_clock::now() + longestEnd;
+  while (stateOfChild() == ChildState::Running && std::chrono::steady_clock::now() < deadline)
+    std::this_thread::sleep_for(betweenLooks);
 }
 
 }  // namespace springboard

@@ -1,0 +1,129 @@
+// The Messages app in the test's own process, with a home screen in a second one.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+#include "objc/autorelease_pool.hpp"
+#include "objc/class_definition.hpp"
+#include "platform/messages_app.hpp"
+#include "platform/ns_distributed_notification_center.hpp"
+#include "platform/ui_device.hpp"
+#include "simulator/host/messages_app.hpp"
+#include "simulator/springboard/json_objects.hpp"
+#include "tests/messages/child_process.hpp"
+#include "tests/messages/two_processes.hpp"
+#include "tests/support/temporary_folder.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::annasAddress;
+using test::annasChat;
+using test::Json;
+
+class RequestListener : public objc::Interface<"BrimTestRequestListener", NSObject> {};
+
+std::map<std::string, Json>& heard() {
+  static std::map<std::string, Json> userInfos;
+  return userInfos;
+}
+
+void receive(RequestListener*, NSNotification* notification) {
+  heard()[springboard::textOf(notification->name())] = springboard::jsonOf(notification->userInfo());
+}
+
+NSString* handledLast(const CKConversationListController* list) {
+  return objc::send<NSString*, "brimIdentifier">(list);
+}
+
+class MessagesAlone : public testing::Test {
+ protected:
+  MessagesAlone() {
+    messages::ChatStore(root).addTo(annasChat, "Anna", {messages::Direction::Received, "Lunch?", 0, 0, false});
+    host::MessagesOptions options;
+    options.phone.root = root;
+    options.phone.systemVersion = "12.4";
+    app.emplace(options);
+  }
+
+  void listen() {
+    static constexpr objc::MethodEntry methods[] = {objc::method<"receive:", &receive>()};
+    objc::defineClass<RequestListener>(methods);
+    listener = objc::make<RequestListener>();
+    for (NSString* name : {"com.lumetra.brim.receivedcontacts"_ns, "com.lumetra.brim.markAsRead"_ns})
+      NSDistributedNotificationCenter::defaultCenter()->addObserver(listener, objc::selector<"receive:">(), name);
+  }
+
+  std::vector<std::string> sent() const {
+    std::vector<std::string> texts;
+    const messages::ChatStore store(root);
+    for (const messages::Message& message : store.messagesOf(store.chats().front()))
+      if (message.direction == messages::Direction::Sent) texts.push_back(message.text);
+    return texts;
+  }
+
+  test::TemporaryFolder folder;
+  const fs::path root = folder.path() / "root";
+  std::optional<host::MessagesApp> app;
+  objc::AutoreleasePool pool;
+  objc::Ref<RequestListener> listener;
+};
+
+TEST_F(MessagesAlone, HasItsOwnRowsOfTheTableAndNoOthers) {
+  const auto methods = host::installedMethods();
+  ASSERT_FALSE(methods.empty());
+  for (const BrimInstalledMethod& method : methods) {
+    const bool isOfMessages = std::string(method.className) == "CKConversationListController";
+    EXPECT_EQ(method.effective, isOfMessages) << method.className << " " << method.selector;
+  }
+}
+
+TEST_F(MessagesAlone, HasTheVersionOfItsHomeScreen) {
+  EXPECT_EQ(springboard::textOf(UIDevice::currentDevice()->systemVersion()), "12.4");
+}
+
+TEST_F(MessagesAlone, HearsBothRequestsFieldByField) {
+  listen();
+  test::ChildProcess home({SPRINGBOARD, "--root", root, "--script", "-"});
+  home.write(R"({"do":"set","key":"messagesAutoReadMode","value":1}
+{"do":"await","for":"idle"}
+{"do":"present","section":"com.apple.MobileSMS","title":"Anna","message":"Lunch?","thread":"+491701234567"}
+{"do":"wait","seconds":1}
+{"do":"drag","by":[0,200]}
+{"do":"wait","seconds":0.5}
+{"do":"type","text":"At one!"}
+{"do":"key","name":"return"}
+)");
+  ASSERT_TRUE(test::eventually([] { return heard().size() == 2; }));
+  const Json reply = heard().at(test::replyName);
+  const Json receipt = heard().at(test::readName);
+  const std::string identifier = reply.value("brimIdentifier", "");
+  EXPECT_EQ(reply, Json({{"body", "At one!"}, {"brimIdentifier", identifier}, {"identifier", annasAddress}}));
+  EXPECT_EQ(receipt, Json({{"brimIdentifier", identifier}, {"identifier", annasAddress}}));
+  EXPECT_EQ(identifier.size(), 8U);
+  EXPECT_TRUE(std::ranges::all_of(identifier, [](char letter) { return letter >= 'a' && letter <= 'z'; }));
+}
+
+TEST_F(MessagesAlone, AListRemembersTheRequestItHandledLast) {
+  const auto list = objc::make<CKConversationListController>();
+  list->view();
+  EXPECT_EQ(handledLast(list), nullptr);
+  test::TwoProcesses::postReply({{"identifier", "nobody"}, {"body", "x"}, {"brimIdentifier", "abcdefgh"}});
+  ASSERT_TRUE(test::eventually([&] { return handledLast(list) != nullptr; }));
+  EXPECT_EQ(springboard::textOf(handledLast(list)), "abcdefgh");
+}
+
+TEST_F(MessagesAlone, AListThatHasEndedIsNotSentTo) {
+  listen();
+  {
+    const auto second = objc::make<CKConversationListController>();
+    second->view();
+  }
+  test::TwoProcesses::postReply({{"identifier", annasAddress}, {"body", "once"}, {"brimIdentifier", "abcdefgh"}});
+  ASSERT_TRUE(test::eventually([] { return !heard().empty(); }));
+  EXPECT_TRUE(test::eventually([this] { return !sent().empty(); }));
+  EXPECT_EQ(sent(), std::vector<std::string>{"once"});
+}
+
+}  // namespace

@@ -1,0 +1,115 @@
+// The Messages program's command line: messages that arrive, and what a person reads.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "simulator/host/messages_options.hpp"
+#include "tests/messages/captured_errors.hpp"
+#include "tests/messages/two_processes.hpp"
+
+namespace {
+
+using test::Json;
+using test::TwoProcesses;
+
+struct Outcome {
+  int status = -1;
+  std::string output;
+};
+
+class MessagesProgram : public testing::Test {
+ protected:
+  Outcome run(const std::string& arguments, const std::filesystem::path& root) const {
+    const std::filesystem::path output = folder.path() / "output";
+    const std::string command =
+        std::string(MESSAGES) + " --root '" + root.string() + "' " + arguments + " > '" + output.string() + "'";
+    const int status = std::system(command.c_str());
+    std::ifstream file(output);
+    return {WEXITSTATUS(status), {std::istreambuf_iterator<char>(file), {}}};
+  }
+  Outcome run(const std::string& arguments) const { return run(arguments, folder.path() / "root"); }
+
+  test::CapturedErrors errors;
+  test::TemporaryFolder folder;
+};
+
+TEST_F(MessagesProgram, ListsNothingWhereNothingIs) {
+  const Outcome outcome = run("--list");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "no conversations\n");
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));
+}
+
+TEST_F(MessagesProgram, StoresAMessageThatArrivesAndListsIt) {
+  EXPECT_EQ(run("--receive +491701234567 'Lunch?' --from 'Anna Weber'").status, 0);
+  EXPECT_TRUE(errors.contain("no home screen runs")) << errors.text();
+  EXPECT_EQ(run("--receive 'iMessage;+;chat42' -- '--list'").status, 0);
+  const std::string list = run("--list").output;
+  EXPECT_EQ(list.find("chat42 (iMessage;+;chat42)\n  * "), 0U) << list;
+  EXPECT_NE(list.find("chat42: --list\n"), std::string::npos) << list;
+  EXPECT_NE(list.find("Anna Weber (iMessage;-;+491701234567)\n  * "), std::string::npos) << list;
+  EXPECT_NE(list.find("Anna Weber: Lunch?\n"), std::string::npos) << list;
+}
+
+TEST_F(MessagesProgram, PrintsAMessageOnOneLineWithoutControls) {
+  run("--receive a \"$(printf 'one\\ntwo\\033[31m')\"");
+  EXPECT_NE(run("--list").output.find("a: one two [31m\n"), std::string::npos);
+}
+
+TEST_F(MessagesProgram, AMessageThatArrivesIsABannerOfTheHomeScreen) {
+  TwoProcesses both;
+  EXPECT_EQ(run("--receive +491701234567 'Still there?' --from 'Anna Weber'", both.phone.root()).status, 0);
+  both.phone.run({{"do", "await"}, {"for", "banner"}, {"seconds", 60}});
+  const std::vector<Json> banners = test::eventsNamed(both.phone.log(), "banner");
+  ASSERT_EQ(banners.size(), 1U);
+  EXPECT_EQ(banners[0], Json({{"event", "banner"}, {"controller", 1}, {"section", "com.apple.MobileSMS"}}));
+  both.phone.wait(1);
+  EXPECT_EQ(both.phone.view(1, "headerLabel").at("text"), "Anna Weber");
+  EXPECT_EQ(both.phone.view(1, "bodyLabel").at("text"), "Still there?");
+}
+
+TEST_F(MessagesProgram, AMessageMakesARoundTrip) {
+  TwoProcesses both;
+  run("--receive ben@example.org 'Coffee?' --from Ben", both.phone.root());
+  both.phone.run({{"do", "await"}, {"for", "banner"}, {"seconds", 60}});
+  both.phone.wait(1);
+  both.phone.run({{"do", "drag"}, {"by", {0, 200}}});
+  both.phone.wait(0.5);
+  both.phone.run({{"do", "type"}, {"text", "Gladly"}});
+  both.phone.run({{"do", "key"}, {"name", "return"}});
+  both.phone.run({{"do", "await"}, {"for", "read"}, {"seconds", 60}});
+  const std::string list = run("--list", both.phone.root()).output;
+  EXPECT_EQ(list.find("Ben (iMessage;-;ben@example.org)\n    "), 0U) << list;
+  EXPECT_NE(list.find("Ben: Coffee?\n"), std::string::npos) << list;
+  EXPECT_NE(list.find("me: Gladly\n"), std::string::npos) << list;
+}
+
+struct Wrong {
+  std::vector<const char*> arguments;
+  const char* wanted;
+};
+
+void PrintTo(const Wrong& wrong, std::ostream* stream) { *stream << wrong.wanted; }
+
+class MessagesOptions : public testing::TestWithParam<Wrong> {};
+
+TEST_P(MessagesOptions, ThatAreWrongSayWhatWouldBeRight) {
+  const auto parsed = host::parseMessagesOptions(GetParam().arguments);
+  const auto* error = std::get_if<host::OptionError>(&parsed);
+  ASSERT_NE(error, nullptr);
+  EXPECT_NE(error->message.find(GetParam().wanted), std::string::npos) << error->message;
+}
+
+INSTANTIATE_TEST_SUITE_P(Wrong, MessagesOptions,
+                         testing::Values(Wrong{{"--receive", "a"}, "wants the text"}, Wrong{{"--receive"}, "CHAT"},
+                                         Wrong{{"--receive", "", "x"}, "an address"},
+                                         Wrong{{"--receive", "a", "b", "c"}, "unknown option c"},
+                                         Wrong{{"hello"}, "unknown option hello"},
+                                         Wrong{{"--from", "Anna"}, "goes with --receive"},
+                                         Wrong{{"--list=yes"}, "takes no value"},
+                                         Wrong{{"--system", "10"}, "11.0 or later"}));
+
+}  // namespace
