@@ -41,8 +41,10 @@ void readPage(NSURL* page, BrimTwitterContactPhotoProvider* self, BrimContainer*
   const objc::Ref<BrimTwitterContactPhotoProvider> provider = objc::retain(self);
   const objc::Weak<BrimContainer> target(view);
   // The page is searched in the background, where the view must not be touched, not even to let it go.
-  const objc::BlockRef<Delivery> deliver =
-      objc::block([provider, target](NSString* address) { provider->resolve(address, target.lock()); });
+  const objc::BlockRef<Delivery> deliver = objc::block([provider, target](NSString* address) {
+    const objc::Ref<BrimContainer> banner = target.lock();
+    if (banner != nullptr) provider->resolve(address, banner);
+  });
   const objc::Ref<NSRegularExpression> pattern = objc::retain(pictureAddressPattern());
   const auto search = [deliver, pattern](NSData* data, NSURLResponse* response, NSError* error) {
     if (error != nullptr || !isSuccess(response)) return;

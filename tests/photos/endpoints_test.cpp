@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "platform/ns_url_connection.hpp"
+#include "tests/photos/photo_phone.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::Json;
+using test::PhotoPhone;
+using Addresses = std::vector<std::string>;
+
+Addresses& requested() {
+  static Addresses addresses;
+  return addresses;
+}
+
+void recordRequest(Class, SEL, NSURLRequest* request, NSOperationQueue*, objc::Block<NSURLConnection::Completion>*) {
+  auto* const url = objc::send<NSURL*, "URL">(request);
+  requested().emplace_back(objc::send<NSString*, "absoluteString">(url)->UTF8String());
+}
+
+// A phone on which nothing is sent: the network need not be there.
+struct EndpointsPhone : PhotoPhone {
+  EndpointsPhone() {
+    const auto known = objc::send<Class, "class">(NSURLConnection::classObject());
+    MSHookMessageEx(reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(known))),
+                    objc::selector<"sendAsynchronousRequest:queue:completionHandler:">(),
+                    objc::toImplementation(&recordRequest), nullptr);
+  }
+  fs::path file() const { return root() / "Library/Application Support/Brim/Assets.bundle/endpoints.plist"; }
+
+  Addresses askedOfMessengerAndDiscord() {
+    requested().clear();
+    present("com.facebook.Messenger", {{"p", {{"a", "1000"}}}});
+    present("com.hammerandchisel.discord", {{"message", {{"author", {{"id", "1"}, {"avatar", "a"}}}}}});
+    return requested();
+  }
+};
+
+Addresses askedOf(const std::string& messenger, const std::string& discord) {
+  return {messenger + "/1000/picture?type=square", discord + "/avatars/1/a.png?size=80"};
+}
+
+const Addresses publicHosts = askedOf("https://graph.facebook.com", "https://cdn.discordapp.com");
+
+TEST(Endpoints, StandInTheAssetBundle) {
+  EndpointsPhone phone;
+  phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; discordAvatars = "http://two.example:81"; })");
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), askedOf("https://one.example", "http://two.example:81"));
+}
+
+TEST(Endpoints, OfTheBuildAreThePublicHosts) {
+  EndpointsPhone phone;
+  fs::remove(phone.file());
+  fs::copy_file(fs::path(BUILT_ENDPOINTS), phone.file());
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts);
+}
+
+TEST(Endpoints, AreReadAnewForEachBanner) {
+  EndpointsPhone phone;
+  phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; discordAvatars = "https://two.example"; })");
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), askedOf("https://one.example", "https://two.example"));
+  phone.writeEndpoints(R"({ facebookGraph = "https://three.example"; discordAvatars = "https://four.example"; })");
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), askedOf("https://three.example", "https://four.example"));
+}
+
+TEST(Endpoints, ThatAreMissingAreThePublicHost) {
+  EndpointsPhone phone;
+  phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; })");
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), askedOf("https://one.example", "https://cdn.discordapp.com"));
+}
+
+TEST(Endpoints, ThatAreNoWebServersAreThePublicHost) {
+  EndpointsPhone phone;
+  for (const char* value : {"(\"https://one.example\")", "{ a = b; }", "<0102>", "\"\"", "nothing",
+                            "\"ftp://one.example\"", "\"file:///etc\"", "\"https://\"", "\"https://a b\""}) {
+    phone.writeEndpoints(std::string("{ facebookGraph = ") + value + "; discordAvatars = " + value + "; }");
+    EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << value;
+  }
+}
+
+TEST(Endpoints, FileThatCannotBeReadLeavesThePublicHosts) {
+  EndpointsPhone phone;
+  fs::remove(phone.file());
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << "no file";
+  fs::create_directories(phone.file() / "inside");
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << "a folder";
+  fs::remove_all(phone.file());
+  mkfifo(phone.file().c_str(), 0600);
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << "a pipe";
+  fs::remove(phone.file());
+  for (const char* content : {"", "(a, b)", "{ facebookGraph = \"https://one.example\"", "\xff\xfe\x00"}) {
+    phone.writeEndpoints(content);
+    EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << content;
+  }
+  phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; })");
+  fs::resize_file(phone.file(), 2'000'000);
+  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << "two megabytes";
+}
+
+}  // namespace

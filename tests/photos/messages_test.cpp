@@ -1,0 +1,150 @@
+#include <glib.h>
+#include <gtest/gtest.h>
+
+#include "tests/photos/photo_phone.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::Colour;
+using test::Colours;
+using test::Json;
+using test::PhotoPhone;
+
+constexpr const char* messages = "com.apple.MobileSMS";
+
+std::string base64(const std::string& bytes) {
+  gchar* const written = g_base64_encode(reinterpret_cast<const guchar*>(bytes.data()), bytes.size());
+  std::string text = written;
+  g_free(written);
+  return text;
+}
+
+struct Card {
+  std::string identifier;
+  std::string givenName;
+  std::vector<std::string> addresses = {};
+  std::optional<std::string> picture = {};
+};
+
+std::string textOf(const Card& card) {
+  std::string text =
+      "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:" + card.identifier + "\r\nN:Family;" + card.givenName + ";;;\r\n";
+  for (const std::string& address : card.addresses) text += "EMAIL:" + address + "\r\n";
+  if (card.picture) text += "PHOTO;ENCODING=b;TYPE=PNG:" + base64(*card.picture) + "\r\n";
+  return text + "TEL:+491511\r\nEND:VCARD\r\n";
+}
+
+struct MessagesPhone : PhotoPhone {
+  explicit MessagesPhone(const std::vector<Card>& cards = {}) {
+    std::string book;
+    for (const Card& card : cards) book += textOf(card);
+    if (!book.empty()) test::writeFile(root() / "var/mobile/Library/AddressBook/Contacts.vcf", book);
+  }
+  // What a banner with these values is given.
+  Colours shownFor(const Json& userInfo) {
+    const std::size_t before = pictures.all().size();
+    const Colours& all = shownAfter(messages, userInfo);
+    return {all.begin() + static_cast<std::ptrdiff_t>(before), all.end()};
+  }
+};
+
+Json byIdentifier(const Json& identifier) { return {{"CKBBContextKeySenderPersonCentricID", identifier}}; }
+Json byDisplayText(const Json& text) { return {{"AssistantContext", {{"msgSender", {{"displayText", text}}}}}}; }
+
+TEST(MessagesPhoto, IsThatOfTheContactWithTheIdentifier) {
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}, {"B-2", "Ben", {}, pictureBytes(Colour::Blue)}});
+  EXPECT_EQ(phone.shownFor(byIdentifier("B-2")), Colours{Colour::Blue});
+}
+
+TEST(MessagesPhoto, IsShownAfterTheBannerHasAppeared) {
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
+  phone.phone.log();
+  const int controller = phone.present(messages, byIdentifier("A-1"));
+  phone.settle();
+  EXPECT_EQ(phone.pictures.all(), Colours{Colour::Red});
+  for (const Json& event : phone.phone.log())
+    EXPECT_TRUE(event.at("event") != "photo" || event.at("controller") == controller) << event;
+}
+
+TEST(MessagesPhoto, IdentifiersAreComparedExactly) {
+  MessagesPhone phone({{"A-1", "Anna", {"a-1"}, pictureBytes(Colour::Red)}});
+  for (const char* identifier : {"a-1", "A-1 ", "A-", "Anna", ""})
+    EXPECT_EQ(phone.shownFor(byIdentifier(identifier)), Colours{}) << identifier;
+}
+
+TEST(MessagesPhoto, ContactWithoutPictureHasNone) {
+  MessagesPhone phone({{"A-1", "Anna"}, {"B-2", "Ben", {}, pictureBytes(Colour::Blue)}});
+  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colours{});
+}
+
+TEST(MessagesPhoto, SendersNameIsTakenForAnIdentifier) {
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
+  EXPECT_EQ(phone.shownFor({{"CKBBContextKeySenderName", "Anna"}}), Colours{});
+  EXPECT_EQ(phone.shownFor({{"CKBBContextKeySenderName", "A-1"}}), Colours{Colour::Red});
+  Json both = byIdentifier("nobody");
+  both["CKBBContextKeySenderName"] = "A-1";
+  EXPECT_EQ(phone.shownFor(both), Colours{});
+}
+
+TEST(MessagesPhoto, DisplayTextMayBeAGivenName) {
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colours{Colour::Red});
+  for (const char* text : {"anna", "Family", "A-1", "+491511", "Anna "})
+    EXPECT_EQ(phone.shownFor(byDisplayText(text)), Colours{}) << text;
+}
+
+TEST(MessagesPhoto, DisplayTextMayBeOneOfTheAddresses) {
+  MessagesPhone phone({{"A-1", "Anna", {"anna@home.example", "anna@work.example"}, pictureBytes(Colour::Green)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("anna@work.example")), Colours{Colour::Green});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Anna@Work.example")), Colours{});
+}
+
+TEST(MessagesPhoto, FirstMatchWithAPictureIsShownAndNoOther) {
+  MessagesPhone phone({{"A-1", "Anna"},
+                       {"A-2", "Anna", {}, pictureBytes(Colour::Blue)},
+                       {"A-3", "Anna", {}, pictureBytes(Colour::Red)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colours{Colour::Blue});
+}
+
+TEST(MessagesPhoto, PictureThatCannotBeDecodedIsNotReplacedByALaterOne) {
+  MessagesPhone phone({{"A-1", "Anna", {}, "no picture"}, {"A-2", "Anna", {}, pictureBytes(Colour::Blue)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colours{});
+}
+
+TEST(MessagesPhoto, DisplayTextCountsOnlyWithoutIdentifierAndName) {
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
+  for (const char* key : {"CKBBContextKeySenderPersonCentricID", "CKBBContextKeySenderName"}) {
+    Json values = byDisplayText("Anna");
+    values[key] = "nobody";
+    EXPECT_EQ(phone.shownFor(values), Colours{}) << key;
+  }
+}
+
+TEST(MessagesPhoto, MissingLevelsEndTheSearch) {
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
+  for (const Json& values : {Json::object(), Json{{"AssistantContext", Json::object()}},
+                             Json{{"AssistantContext", {{"msgSender", Json::object()}}}}})
+    EXPECT_EQ(phone.shownFor(values), Colours{}) << values;
+}
+
+TEST(MessagesPhoto, AddressBookThatCannotBeReadHoldsNobody) {
+  MessagesPhone phone;
+  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colours{}) << "missing";
+  const fs::path book = phone.root() / "var/mobile/Library/AddressBook/Contacts.vcf";
+  fs::create_directories(book);
+  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colours{}) << "a folder";
+  fs::remove(book);
+  test::writeFile(book, "no cards");
+  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colours{}) << "no cards";
+}
+
+TEST(MessagesPhoto, NamesOfEveryKindAreCompared) {
+  MessagesPhone phone({{"A-1", "Zoë 🙂", {}, pictureBytes(Colour::Red)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Zoë 🙂")), Colours{Colour::Red});
+  for (const std::string& text :
+       {std::string("Zoe\u0308 🙂'"), std::string("%"), std::string("\\"), std::string(), std::string(1 << 20, 'a')})
+    EXPECT_EQ(phone.shownFor(byDisplayText(text)), Colours{});
+}
+
+}  // namespace

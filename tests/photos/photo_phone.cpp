@@ -1,0 +1,78 @@
+#include "tests/photos/photo_phone.hpp"
+
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/foundation/run_loop.hpp"
+#include "simulator/url_loading/loading.hpp"
+
+namespace test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* assetBundle = "Library/Application Support/Brim/Assets.bundle";
+constexpr double secondsOfOneLook = 0.005;
+
+Setup setupWith(const std::map<std::string, Json>& settings) {
+  Setup setup;
+  setup.settings = settings;
+  return setup;
+}
+
+std::string endpointsAt(const std::string& address) {
+  std::string list = "{\n";
+  for (const char* name : {"twitterPages", "twitterImages", "slackAvatars", "discordAvatars", "facebookGraph"})
+    list.append(name).append(" = \"").append(address).append("\";\n");
+  return list + "}\n";
+}
+
+}  // namespace
+
+PhotoPhone::PhotoPhone(const std::map<std::string, Json>& settings) : phone(setupWith(settings)) {
+  makeAssetBundleOwn();
+  writeEndpoints(endpointsAt(server.address()));
+}
+
+// The phone's bundle is a link to the build's.
+void PhotoPhone::makeAssetBundleOwn() {
+  const fs::path bundle = root() / assetBundle;
+  const fs::path built = fs::read_symlink(bundle);
+  fs::remove(bundle);
+  fs::create_directories(bundle);
+  for (const auto& entry : fs::directory_iterator(built))
+    if (entry.path().filename() != "endpoints.plist")
+      fs::create_symlink(entry.path(), bundle / entry.path().filename());
+}
+
+void PhotoPhone::writeEndpoints(const std::string& propertyList) {
+  writeFile(root() / assetBundle / "endpoints.plist", propertyList);
+}
+
+int PhotoPhone::present(const std::string& application, const Json& userInfo, const Json& fields) {
+  Json all = {{"section", application}, {"title", "Anna"}, {"message", "Hello"}, {"userInfo", userInfo}};
+  all.update(fields);
+  return phone.present(all);
+}
+
+void PhotoPhone::settle() {
+  // What a request brought about may have started another.
+  for (bool isQuiet = false; !isQuiet; isQuiet = url_loading::requestsUnderWay() == 0) {
+    const objc::AutoreleasePool pool;
+    if (url_loading::requestsUnderWay() > 0) foundation::pumpFoundation(secondsOfOneLook);
+    foundation::drainMainQueue();
+  }
+}
+
+const Colours& PhotoPhone::shownAfter(const std::string& application, const Json& userInfo, const Json& fields) {
+  present(application, userInfo, fields);
+  settle();
+  return pictures.all();
+}
+
+std::vector<std::string> PhotoPhone::asked() const {
+  std::vector<std::string> targets;
+  for (const Request& request : server.requests()) targets.push_back(request.target);
+  return targets;
+}
+
+}  // namespace test

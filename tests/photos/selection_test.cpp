@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "library/photos/provider.hpp"
+#include "objc/hook.hpp"
+#include "tests/photos/photo_phone.hpp"
+
+namespace {
+
+using test::Json;
+using test::PhotoPhone;
+
+struct Application {
+  const char* identifier;
+  const char* setting;
+  const char* provider;
+};
+
+constexpr Application applications[] = {
+    {"net.whatsapp.WhatsApp", "enableWhatsApp", "BrimWhatsAppContactPhotoProvider"},
+    {"net.whatsapp.WhatsAppSMB", "enableWhatsApp", "BrimWhatsAppContactPhotoProvider"},
+    {"com.apple.MobileSMS", "enableMessages", "BrimMessagesContactPhotoProvider"},
+    {"com.atebits.Tweetie2", "enableTwitter", "BrimTwitterContactPhotoProvider"},
+    {"com.tinyspeck.chatlyio", "enableSlack", "BrimSlackContactPhotoProvider"},
+    {"com.hammerandchisel.discord", "enableDiscord", "BrimDiscordContactPhotoProvider"},
+    {"com.burbn.instagram", "enableInstagram", "BrimInstagramContactPhotoProvider"},
+    {"com.facebook.Messenger", "enableMessenger", "BrimMessengerContactPhotoProvider"},
+    {"ph.telegra.Telegraph", "enableTelegram", "BrimTelegramContactPhotoProvider"},
+};
+
+// What a provider was asked, in place of what it does.
+struct Call {
+  objc::Ref<ContactPhotoProvider> provider;
+  objc::Ref<NCNotificationRequest> request;
+  std::string header;
+  std::string body;
+  objc::Ref<BrimContainer> view;
+
+  std::string providerClass() const { return class_getName(object_getClass(objc::detail::identifier(provider.get()))); }
+};
+
+std::vector<Call>& calls() {
+  static std::vector<Call> made;
+  return made;
+}
+
+void recordCall(ContactPhotoProvider* self, SEL, NCNotificationRequest* request, NSString* header, NSString* body,
+                BrimContainer* view) {
+  calls().push_back({objc::retain(self), objc::retain(request), header == nullptr ? "(nil)" : header->UTF8String(),
+                     body == nullptr ? "(nil)" : body->UTF8String(), objc::retain(view)});
+}
+
+// A phone whose providers only remember that they were asked.
+struct SelectionPhone : PhotoPhone {
+  explicit SelectionPhone(const std::map<std::string, Json>& settings = {}) : PhotoPhone(settings) {
+    for (const Application& application : applications)
+      MSHookMessageEx(reinterpret_cast<Class>(objc_getClass(application.provider)),
+                      objc::selector<"contactPhotoForNotification:withHeader:withBody:forView:">(),
+                      objc::toImplementation(&recordCall), nullptr);
+  }
+  ~SelectionPhone() { calls().clear(); }
+
+  // The classes that were asked for a picture, for a banner of the application.
+  std::vector<std::string> providersOf(const char* application) {
+    calls().clear();
+    present(application, Json::object());
+    std::vector<std::string> names;
+    for (const Call& call : calls()) names.push_back(call.providerClass());
+    return names;
+  }
+};
+
+TEST(Selection, EachApplicationHasItsProvider) {
+  SelectionPhone phone;
+  for (const Application& application : applications)
+    EXPECT_EQ(phone.providersOf(application.identifier), std::vector<std::string>{application.provider});
+}
+
+TEST(Selection, MasterSwitchTurnsAllOff) {
+  SelectionPhone phone({{"enablePfps", false}});
+  for (const Application& application : applications)
+    EXPECT_TRUE(phone.providersOf(application.identifier).empty()) << application.identifier;
+}
+
+TEST(Selection, ApplicationThatIsSwitchedOffHasNoProviderAndNoOther) {
+  SelectionPhone phone;
+  for (const Application& off : applications) {
+    phone.phone.set(off.setting, false);
+    for (const Application& application : applications)
+      EXPECT_EQ(phone.providersOf(application.identifier).empty(), std::string(application.setting) == off.setting)
+          << application.identifier << " without " << off.setting;
+    phone.phone.set(off.setting, nullptr);
+  }
+}
+
+TEST(Selection, IdentifiersAreComparedExactly) {
+  SelectionPhone phone;
+  for (const char* application : {"com.apple.mobilesms", "COM.APPLE.MOBILESMS", "com.apple.MobileSMS ",
+                                  "com.apple.MobileSMS.more", "org.example.other", "net.whatsapp.whatsapp"})
+    EXPECT_TRUE(phone.providersOf(application).empty()) << application;
+}
+
+TEST(Selection, ProviderIsToldOfRequestTextsAndView) {
+  SelectionPhone phone;
+  const int controller = phone.present("ph.telegra.Telegraph", {{"from_id", "42"}},
+                                       {{"title", "Anna"}, {"message", "Hello"}, {"thread", "T"}});
+  ASSERT_EQ(calls().size(), 1U);
+  const Call& call = calls().front();
+  EXPECT_STREQ(call.request->threadIdentifier()->UTF8String(), "T");
+  EXPECT_EQ(call.header, "Anna");
+  EXPECT_EQ(call.body, "Hello");
+  EXPECT_FALSE(phone.phone.banner(controller).is_null());
+  EXPECT_STREQ(class_getName(object_getClass(objc::detail::identifier(call.view.get()))), "BrimContainer");
+}
+
+TEST(Selection, EachBannerHasAProviderOfItsOwn) {
+  SelectionPhone phone;
+  for (int count = 0; count < 3; ++count) phone.present("com.burbn.instagram", Json::object());
+  std::set<ContactPhotoProvider*> providers;
+  for (const Call& call : calls()) providers.insert(call.provider.get());
+  EXPECT_EQ(providers.size(), 3U);
+}
+
+TEST(Selection, ProviderIsLetGoAfterItsCall) {
+  SelectionPhone phone;
+  phone.present("com.burbn.instagram", Json::object());
+  ASSERT_EQ(calls().size(), 1U);
+  const auto references = objc::send<NSUInteger, "retainCount">(calls().front().provider.get());
+  EXPECT_EQ(references, 1U);
+}
+
+TEST(Selection, WithoutAPictureTheApplicationsIconStays) {
+  PhotoPhone phone;
+  const int controller = phone.present("org.example.other", Json::object());
+  const Json icon = phone.phone.view(controller, "_appIV").at("image");
+  phone.settle();
+  EXPECT_TRUE(phone.pictures.all().empty());
+  EXPECT_EQ(phone.phone.view(controller, "_appIV").at("image"), icon);
+}
+
+}  // namespace

@@ -1,0 +1,49 @@
+#include <gtest/gtest.h>
+
+#include "tests/photos/photo_phone.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::Colour;
+using test::Colours;
+using test::Json;
+using test::PhotoPhone;
+
+constexpr const char* telegram = "ph.telegra.Telegraph";
+
+struct TelegramPhone : PhotoPhone {
+  fs::path avatars = test::makeContainer(test::sharedContainers(root()), "T1", "group.ph.telegra.Telegraph") /
+                     "telegram-data/accounts-metadata/spotlight";
+};
+
+TEST(TelegramPhoto, IsTheSendersAvatarFile) {
+  TelegramPhone phone;
+  writePicture(phone.avatars / "p:42/avatar.png", Colour::Green);
+  EXPECT_EQ(phone.shownAfter(telegram, {{"from_id", "42"}}), Colours{Colour::Green});
+}
+
+TEST(TelegramPhoto, SenderMayBeANumber) {
+  TelegramPhone phone;
+  writePicture(phone.avatars / "p:42/avatar.png", Colour::Green);
+  EXPECT_EQ(phone.shownAfter(telegram, {{"from_id", 42}}), Colours{Colour::Green});
+}
+
+TEST(TelegramPhoto, WithoutFileNothingIsShown) {
+  TelegramPhone phone;
+  writePicture(phone.avatars / "p:42/avatar.png", Colour::Green);
+  test::writeFile(phone.avatars / "p:44/avatar.png", "no picture");
+  fs::create_directories(phone.avatars / "p:45/avatar.png");
+  for (const char* sender : {"43", "44", "45", "", "../p:46", "%@", "4\n2"})
+    EXPECT_TRUE(phone.shownAfter(telegram, {{"from_id", sender}}).empty()) << sender;
+}
+
+TEST(TelegramPhoto, WithoutSenderOrContainerNothingIsShown) {
+  TelegramPhone phone;
+  writePicture(phone.avatars / "p:(null)/avatar.png", Colour::Green);
+  EXPECT_TRUE(phone.shownAfter(telegram, Json::object()).empty());
+  fs::remove_all(test::sharedContainers(phone.root()) / "T1");
+  EXPECT_TRUE(phone.shownAfter(telegram, {{"from_id", "42"}}).empty());
+}
+
+}  // namespace
