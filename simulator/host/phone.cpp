@@ -51,7 +51,11 @@ uikit::Environment environmentOf(const Options& options) {
 
 void startPhone(const Options& options, foundation::ClockMode clock) {
   keepPicturesOutOfTheHeap();
-  useRoot(options.root);
+  if (options.root.empty() && !options.demonstration.empty()) {
+    host::useRoot(demonstrationRoot(), foundation::DefaultsDatabase::OfUser);
+  } else {
+    useRoot(options.root);
+  }
   foundation::registerClasses();
   url_loading::registerClasses();
   contacts::registerClasses();

@@ -5,7 +5,6 @@
 #include <optional>
 
 #include "simulator/foundation/injection_loader.hpp"
-#include "simulator/foundation/root.hpp"
 #include "simulator/host/root.hpp"
 
 namespace host {
@@ -31,12 +30,17 @@ std::span<const Entry> listOf(const char* symbol) {
 
 }  // namespace
 
-void useRoot(const std::filesystem::path& chosen) {
-  const bool isDefault = chosen.empty();
-  const std::filesystem::path root = isDefault ? defaultRoot() : chosen;
-  stopOn(foundation::useRoot(root,
-                             isDefault ? foundation::DefaultsDatabase::OfUser : foundation::DefaultsDatabase::OfRoot));
+void useRoot(const std::filesystem::path& root, foundation::DefaultsDatabase database) {
+  stopOn(foundation::useRoot(root, database));
   stopOn(prepareRoot(root));
+}
+
+void useRoot(const std::filesystem::path& chosen) {
+  if (chosen.empty()) {
+    host::useRoot(defaultRoot(), foundation::DefaultsDatabase::OfUser);
+  } else {
+    host::useRoot(chosen, foundation::DefaultsDatabase::OfRoot);
+  }
 }
 
 void mapLibrary(const char* bundleIdentifier) {

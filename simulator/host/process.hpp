@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "library/startup/inspection.hpp"
+#include "simulator/foundation/root.hpp"
 
 namespace host {
 
@@ -18,6 +19,7 @@ class StartError : public std::runtime_error {
 // First thing, before any other use of Foundation. Empty: the user's own root, with the user's own preferences. Throws
 // StartError.
 void useRoot(const std::filesystem::path& chosen);
+void useRoot(const std::filesystem::path& root, foundation::DefaultsDatabase database);
 
 // Maps in what the loader's filters let into the process of that bundle. Once the classes are there. Throws StartError.
 void mapLibrary(const char* bundleIdentifier);

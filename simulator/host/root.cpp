@@ -8,6 +8,8 @@
 #include <functional>
 #include <system_error>
 
+#include "simulator/foundation/root.hpp"
+
 namespace host {
 
 namespace {
@@ -65,7 +67,8 @@ Installation installation() {
   dladdr(reinterpret_cast<const void*>(&installation), &here);
   const fs::path binaries = fs::absolute(here.dli_fname).parent_path();
   const fs::path build = binaries.parent_path();
-  return {binaries / "libBrim.so", build / "root" / assetBundlePath, build / "simulator/assets", binaries / "messages"};
+  return {binaries / "libBrim.so", build / "root" / assetBundlePath, build / "simulator/assets", binaries / "messages",
+          build / "simulator/demonstration"};
 }
 
 fs::path defaultRoot() {
@@ -73,6 +76,8 @@ fs::path defaultRoot() {
   if (!data.empty()) return fs::path(data) / "brim/root";
   return fs::path(environmentValue("HOME")) / ".local/share/brim/root";
 }
+
+fs::path demonstrationRoot() { return defaultRoot().parent_path() / "demonstration"; }
 
 std::optional<std::string> prepareRoot(const fs::path& root) try {
   for (const char* folder : folders) fs::create_directories(root / folder);
@@ -84,5 +89,7 @@ std::optional<std::string> prepareRoot(const fs::path& root) try {
 } catch (const fs::filesystem_error& error) {
   return error.path1().string() + ": " + error.code().message();
 }
+
+void linkAssetBundle(const fs::path& bundle) { linkTo(bundle, foundation::root() / assetBundlePath); }
 
 }  // namespace host

@@ -9,18 +9,25 @@ namespace host {
 
 // Where the build put what a phone gets from its packages, beside this library.
 struct Installation {
-  std::filesystem::path library;       // libBrim.so
-  std::filesystem::path assetBundle;   // Assets.bundle
-  std::filesystem::path applications;  // application icons, <bundle identifier>.png
-  std::filesystem::path messages;      // the Messages app's executable
+  std::filesystem::path library;        // libBrim.so
+  std::filesystem::path assetBundle;    // Assets.bundle
+  std::filesystem::path applications;   // application icons, <bundle identifier>.png
+  std::filesystem::path messages;       // the Messages app's executable
+  std::filesystem::path demonstration;  // the files of the demonstration's phone and of its web server
 };
 Installation installation();
 
 // brim/root in the user's data folder.
 std::filesystem::path defaultRoot();
+// Beside it: what the demonstration puts into a phone is not the user's.
+std::filesystem::path demonstrationRoot();
 
 // Makes what is missing: the asset bundle and the library at their places, both as links, the library's filter, and the
 // folders of the user's data. The answer is the reason of a failure, nothing on success.
 [[nodiscard]] std::optional<std::string> prepareRoot(const std::filesystem::path& root);
+
+// Has the root in use take its asset bundle from another folder, until it is prepared again. What is no link is the
+// user's own and stays.
+void linkAssetBundle(const std::filesystem::path& bundle);
 
 }  // namespace host

@@ -124,7 +124,7 @@ TEST_F(Process, DemonstrationWritesPicturesAndPrintsTheirPaths) {
   int count = 0;
   for (std::string path; std::getline(stream, path); ++count)
     EXPECT_TRUE(std::filesystem::exists(folder.path() / path)) << path;
-  EXPECT_EQ(count, 16);
+  EXPECT_EQ(count, 28);
 }
 
 }  // namespace

@@ -1,0 +1,27 @@
+// The notifications of the demonstration.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "simulator/host/command.hpp"
+
+namespace host {
+
+struct Sample {
+  const char* name;
+  Json notification;
+  // What happens to the banner before its picture is taken.
+  std::vector<Json> steps = {};
+  // Puts back what the steps before the notification changed.
+  std::vector<Json> preparation = {};
+  std::vector<Json> restoration = {};
+};
+
+// The step that lets so many seconds pass.
+Json let(double seconds);
+
+// Their senders are known to the demonstration's files and to its web server, whose address this is.
+std::vector<Sample> samples(const std::string& address);
+
+}  // namespace host

@@ -1,0 +1,61 @@
+// The demonstration's notifications, its files and its web server fit each other.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "simulator/host/demonstration_data.hpp"
+#include "simulator/host/demonstration_samples.hpp"
+#include "tests/library/phone.hpp"
+
+namespace test {
+
+namespace {
+
+class Demonstration : public testing::TestWithParam<const char*> {
+ protected:
+  static Json notification(const std::string& address, const std::string& name) {
+    for (const host::Sample& sample : host::samples(address))
+      if (sample.name == name) return sample.notification;
+    return nullptr;
+  }
+};
+
+TEST_P(Demonstration, ShowsTheSendersPicture) {
+  Phone phone;
+  const Json sample = notification(host::installDemonstrationData(), GetParam());
+  ASSERT_FALSE(sample.is_null());
+  const int controller = phone.present(sample);
+  phone.run({{"do", "await"}, {"for", "photo"}});
+  const Json events = phone.log();
+  const auto photo =
+      std::find_if(events.begin(), events.end(), [](const Json& event) { return event.at("event") == "photo"; });
+  ASSERT_NE(photo, events.end());
+  EXPECT_EQ(photo->at("controller"), controller);
+  EXPECT_FALSE(photo->at("image").is_null());
+}
+
+INSTANTIATE_TEST_SUITE_P(Applications, Demonstration,
+                         testing::Values("messages", "whatsapp", "telegram", "slack", "discord", "twitter", "instagram",
+                                         "messenger"),
+                         [](const auto& application) { return std::string(application.param); });
+
+TEST_F(Demonstration, LeavesTheAssetBundleOfTheBuildAlone) {
+  const Phone phone;
+  const std::string address = host::installDemonstrationData();
+  const auto bundle = phone.root() / "Library/Application Support/Brim/Assets.bundle";
+  EXPECT_EQ(std::filesystem::read_symlink(bundle),
+            std::filesystem::canonical(phone.root()) / "demonstration/Assets.bundle");
+  EXPECT_TRUE(std::filesystem::exists(bundle / "glyphs/black/slack.png"));
+  EXPECT_FALSE(std::filesystem::is_symlink(bundle / "endpoints.plist"));
+}
+
+TEST_F(Demonstration, IsInstalledOverAnEarlierOne) {
+  const Phone phone;
+  host::installDemonstrationData();
+  EXPECT_NO_THROW(host::installDemonstrationData());
+}
+
+}  // namespace
+
+}  // namespace test
