@@ -16,8 +16,10 @@
 namespace drawing {
 namespace {
 
-// A progressive picture refines itself in scans. Real ones have about ten; thousands are an attack on time.
+// A progressive picture refines itself in scans, each over all of its pixels. Real ones have about ten; thousands, or
+// hundreds of a huge picture, are an attack on time.
 constexpr int maximumScans = 200;
+constexpr std::int64_t maximumScannedPixels = 2'000'000'000;
 
 // How the library leaves on an error: it calls back and must not be returned to, so the way out is a jump. Between the
 // jump's ends no object with a destructor may live; all of them are members of Decoder and Encoder, which outlive it.
@@ -37,7 +39,10 @@ void leaveOnTruncation(j_common_ptr codec, int level) {
 }
 
 void leaveOnTooManyScans(j_common_ptr codec) {
-  if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > maximumScans) leaveOnError(codec);
+  const auto* const decoder = reinterpret_cast<j_decompress_ptr>(codec);
+  const std::int64_t scans = decoder->input_scan_number;
+  const std::int64_t pixels = std::int64_t{decoder->image_width} * decoder->image_height;
+  if (scans > maximumScans || scans * pixels > maximumScannedPixels) leaveOnError(codec);
 }
 
 void prepare(ErrorHandler& errors) {

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include "simulator/drawing/codecs.hpp"
 
@@ -25,6 +26,29 @@ bool hasAcceptableHeader(std::span<const std::byte> data) {
          isAcceptableSize(bigEndian(data, headerWidth), bigEndian(data, headerHeight));
 }
 
+// The chunks that pixels are made of. Others may unfold, each of them, to a thousand times their size in memory.
+bool makesPixels(std::span<const std::byte> type) {
+  constexpr const char* types[] = {"IHDR", "PLTE", "tRNS", "IDAT", "IEND"};
+  return std::any_of(std::begin(types), std::end(types),
+                     [type](const char* each) { return std::memcmp(type.data(), each, 4) == 0; });
+}
+
+// The file without its other chunks.
+std::vector<std::byte> pixelChunks(std::span<const std::byte> data) {
+  constexpr std::size_t lengthAndType = 8;
+  constexpr std::size_t checksum = 4;
+  std::vector<std::byte> kept(data.begin(), data.begin() + sizeof signature);
+  kept.reserve(data.size());
+  data = data.subspan(sizeof signature);
+  while (data.size() >= lengthAndType) {
+    const std::size_t announced = lengthAndType + static_cast<std::size_t>(bigEndian(data, 0)) + checksum;
+    const std::span<const std::byte> chunk = data.first(std::min(announced, data.size()));
+    if (makesPixels(chunk.subspan(4))) kept.insert(kept.end(), chunk.begin(), chunk.end());
+    data = data.subspan(chunk.size());
+  }
+  return kept;
+}
+
 cairo_status_t readBytes(void* rest, unsigned char* target, unsigned length) {
   auto& data = *static_cast<std::span<const std::byte>*>(rest);
   if (data.size() < length) return CAIRO_STATUS_READ_ERROR;
@@ -44,7 +68,9 @@ cairo_status_t appendBytes(void* target, const unsigned char* data, unsigned len
 
 SurfaceHandle decodePng(std::span<const std::byte> data) {
   if (!hasAcceptableHeader(data)) return nullptr;
-  SurfaceHandle surface(cairo_image_surface_create_from_png_stream(&readBytes, &data));
+  const std::vector<std::byte> chunks = pixelChunks(data);
+  std::span<const std::byte> rest = chunks;
+  SurfaceHandle surface(cairo_image_surface_create_from_png_stream(&readBytes, &rest));
   return cairo_surface_status(surface.get()) == CAIRO_STATUS_SUCCESS ? std::move(surface) : nullptr;
 }
 

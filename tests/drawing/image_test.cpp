@@ -1,5 +1,8 @@
 #include "simulator/drawing/image.hpp"
 
+#include <sys/resource.h>
+#include <zlib.h>
+
 #include <cmath>
 #include <limits>
 
@@ -14,12 +17,16 @@ namespace {
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
+std::string bigEndianText(std::uint32_t number) {
+  std::string text;
+  for (int shift = 24; shift >= 0; shift -= 8) text += static_cast<char>(number >> shift & 0xFF);
+  return text;
+}
+
 // A PNG's header that announces this size, and nothing after it.
 std::vector<std::byte> pngHeader(std::uint32_t width, std::uint32_t height) {
   std::string header("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16);
-  for (const std::uint32_t number : {width, height}) {
-    for (int shift = 24; shift >= 0; shift -= 8) header += static_cast<char>(number >> shift & 0xFF);
-  }
+  header += bigEndianText(width) + bigEndianText(height);
   header += std::string("\x08\x06\0\0\0\0\0\0\0", 9);
   return bytesOf(header);
 }
@@ -62,6 +69,53 @@ std::vector<std::byte> printJpeg(const unsigned char (&ink)[4]) {
   std::vector<std::byte> result(bytes, bytes + size);
   std::free(data);
   return result;
+}
+
+// A grey picture that is sent in 127 scans.
+std::vector<std::byte> jpegOfManyScans(unsigned side) {
+  std::vector<jpeg_scan_info> scans = {{1, {0}, 0, 0, 0, 0}};
+  for (const auto& [high, low] : {std::pair{0, 1}, {1, 0}})
+    for (int band = 1; band < 64; ++band) scans.push_back({1, {0}, band, band, high, low});
+  jpeg_compress_struct codec{};
+  jpeg_error_mgr errors{};
+  codec.err = jpeg_std_error(&errors);
+  jpeg_create_compress(&codec);
+  unsigned char* data = nullptr;
+  unsigned long size = 0;
+  jpeg_mem_dest(&codec, &data, &size);
+  codec.image_width = codec.image_height = side;
+  codec.input_components = 1;
+  codec.in_color_space = JCS_GRAYSCALE;
+  jpeg_set_defaults(&codec);
+  codec.scan_info = scans.data();
+  codec.num_scans = static_cast<int>(scans.size());
+  jpeg_start_compress(&codec, TRUE);
+  std::vector<unsigned char> row(side, 128);
+  for (JSAMPROW rows = row.data(); codec.next_scanline < side;) jpeg_write_scanlines(&codec, &rows, 1);
+  jpeg_finish_compress(&codec);
+  jpeg_destroy_compress(&codec);
+  const auto* bytes = reinterpret_cast<const std::byte*>(data);
+  std::vector<std::byte> result(bytes, bytes + size);
+  std::free(data);
+  return result;
+}
+
+// A chunk of compressed text that unfolds to seven megabytes.
+std::vector<std::byte> unfoldingChunk() {
+  const std::string text(7'000'000, ' ');
+  std::string packed(compressBound(text.size()), '\0');
+  uLongf size = packed.size();
+  compress(reinterpret_cast<Bytef*>(packed.data()), &size, reinterpret_cast<const Bytef*>(text.data()), text.size());
+  const std::string content = std::string("zTXtword\0\0", 10) + packed.substr(0, size);
+  const auto sum = crc32(0, reinterpret_cast<const Bytef*>(content.data()), static_cast<uInt>(content.size()));
+  return bytesOf(bigEndianText(static_cast<std::uint32_t>(content.size() - 4)) + content +
+                 bigEndianText(static_cast<std::uint32_t>(sum)));
+}
+
+long largestMemoryInKilobytes() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
 }
 
 TEST(Image, SizeIsInPointsOfItsScale) {
@@ -137,6 +191,17 @@ TEST(Png, AnnouncingTooManyPixelsIsRefused) {
   EXPECT_EQ(decodeImage(pngHeader(0, 10)), nullptr);
 }
 
+TEST(Png, WithTextThatUnfoldsDoesNotTakeItsMemory) {
+  constexpr int count = 60;
+  constexpr std::ptrdiff_t endOfHeader = 33;
+  std::vector<std::byte> bomb = encodePng(*quarteredImage(8));
+  const std::vector<std::byte> chunk = unfoldingChunk();
+  for (int index = 0; index < count; ++index) bomb.insert(bomb.begin() + endOfHeader, chunk.begin(), chunk.end());
+  const long before = largestMemoryInKilobytes();
+  EXPECT_NE(decodeImage(bomb), nullptr);
+  EXPECT_LT(largestMemoryInKilobytes() - before, 100'000);
+}
+
 TEST(Jpeg, ComesBackNearlyAsItWas) {
   const auto image = quarteredImage(32);
   const auto decoded = decodeImage(encodeJpeg(*image, 1), 3);
@@ -183,6 +248,11 @@ TEST(Jpeg, DamagedDataNeverCrashes) {
 TEST(Jpeg, AnnouncingTooManyPixelsIsRefused) { EXPECT_EQ(decodeImage(jpegAnnouncing(30'000, 30'000)), nullptr); }
 
 TEST(Jpeg, AnnouncingMoreRowsThanItHasIsRefused) { EXPECT_EQ(decodeImage(jpegAnnouncing(16, 4000)), nullptr); }
+
+TEST(Jpeg, OfManyScansIsRefusedWhereItIsLarge) {
+  EXPECT_NE(decodeImage(jpegOfManyScans(512)), nullptr);
+  EXPECT_EQ(decodeImage(jpegOfManyScans(4096)), nullptr);
+}
 
 TEST(Jpeg, ColoursForPrintBecomeScreenColours) {
   const auto decoded = decodeImage(printJpeg({255, 0, 0, 255}));
