@@ -86,7 +86,8 @@ using UpdateImage = objc::Original<void(UIView*, UIImage*)>;
 
 void updateImage(UpdateImage original, UIView* self, UIImage* image) {
   auto* controller = objc::as<Controller>(uikit::nearestViewController(self));
-  const std::size_t number = controller == nullptr ? 0 : springboard::numberOfBanner(controller);
+  // A picture may come when its banner has gone.
+  const Json number = controller == nullptr ? Json() : Json(springboard::numberOfBanner(controller));
   recordEvent("photo", {{"controller", number}, {"image", nameOf(image)}});
   original(self, image);
 }

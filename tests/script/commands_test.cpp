@@ -1,9 +1,13 @@
 #include <fstream>
 
+#include "objc/autorelease_pool.hpp"
+#include "platform/ns_url_connection.hpp"
 #include "simulator/contacts/address_book.hpp"
 #include "simulator/drawing/image.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/event_log.hpp"
+#include "simulator/springboard/json_objects.hpp"
+#include "tests/support/loopback_server.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -219,6 +223,39 @@ TEST(Commands, ContactsRefusesOtherFiles) {
     EXPECT_FALSE(answer.at("ok").get<bool>()) << name;
     EXPECT_NE(answer.at("error").get<std::string>().find(name), std::string::npos) << answer;
   }
+}
+
+// Asks a server on the phone's behalf.
+void ask(const std::string& address) {
+  NSURL* const url = NSURL::withString(springboard::stringOf(address));
+  NSURLConnection::sendAsynchronousRequest(NSURLRequest::withURL(url), NSOperationQueue::mainQueue(), nullptr);
+}
+
+TEST(Commands, AwaitIdleWaitsForServers) {
+  PlainPhone phone;
+  const objc::AutoreleasePool pool;
+  test::LoopbackServer server;
+  server.answer("/slow", {.body = "x", .timing = test::Timing::WhenReleased});
+  ask(server.address("/slow"));
+  const Json early = phone.answer({{"do", "await"}, {"for", "idle"}, {"seconds", 0.5}});
+  EXPECT_FALSE(early.at("ok").get<bool>());
+  server.release();
+  phone.run("await", {{"for", "idle"}});
+  EXPECT_EQ(phone.log(), Json::array({{{"event", "http"}, {"url", server.address("/slow")}, {"status", 200}}}));
+}
+
+TEST(Commands, AwaitHttpIsMetByAnAnswerAndByNone) {
+  PlainPhone phone;
+  const objc::AutoreleasePool pool;
+  test::LoopbackServer server;
+  server.answer("/", {.status = 503});
+  ask(server.address("/"));
+  phone.run("await", {{"for", "http"}});
+  EXPECT_EQ(phone.log().at(0).at("status"), 503);
+  ask("http://" + std::string(70, 'a') + "/");
+  phone.run("await", {{"for", "http"}});
+  EXPECT_EQ(phone.log().at(0).at("error"), -1003);
+  EXPECT_FALSE(phone.answer({{"do", "await"}, {"for", "http"}, {"seconds", 0}}).at("ok").get<bool>());
 }
 
 }  // namespace
