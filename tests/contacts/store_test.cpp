@@ -164,19 +164,28 @@ TEST_F(AddressBook, SurvivesBrokenCards) {
   EXPECT_EQ(entries().back().givenName, "Anna");
 }
 
+// Under the address sanitizer, where memory costs a hundred times as much, the first of them.
+#if defined(__has_feature)
+#define HAS_ADDRESS_SANITIZER __has_feature(address_sanitizer)
+#else
+#define HAS_ADDRESS_SANITIZER 0
+#endif
+constexpr int cardCount = HAS_ADDRESS_SANITIZER ? 1000 : 50'000;
+
 TEST_F(AddressBook, ReadsFiftyThousandCards) {
+  constexpr int broken = 500;
   std::string cards;
-  for (int index = 0; index < 50'000; ++index) {
+  for (int index = 0; index < cardCount; ++index) {
     const std::string number = std::to_string(index);
-    cards += "BEGIN:VCARD\nVERSION:3.0\nUID:" + number + "\nN:Family;Given" + number + "\nEMAIL:" + number +
-             "@example.org\nTEL:" + number + "\n";
-    if (index == 30'000) cards += "PHOTO;ENCODING=b:%%%\n";
-    cards += "END:VCARD\n";
+    cards.append("BEGIN:VCARD\nVERSION:3.0\nUID:").append(number).append("\nN:Family;Given").append(number);
+    cards.append("\nEMAIL:").append(number).append("@example.org\nTEL:").append(number);
+    cards.append(index == broken ? "\nPHOTO;ENCODING=b:%%%" : "").append("\nEND:VCARD\n");
   }
   write(ownFile(), cards);
   const std::vector<Entry> all = entries();
-  ASSERT_EQ(all.size(), 50'000u);
-  EXPECT_EQ(all[30'001].givenName, "Given30001");
+  ASSERT_EQ(all.size(), static_cast<std::size_t>(cardCount));
+  EXPECT_EQ(all[broken].givenName, "Given500");
+  EXPECT_EQ(all.back().givenName, "Given" + std::to_string(cardCount - 1));
 }
 
 TEST_F(AddressBook, IsReadAgainWhenItsFileChanges) {
