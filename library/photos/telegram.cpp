@@ -14,8 +14,8 @@ void contactPhoto(BrimTelegramContactPhotoProvider*, NCNotificationRequest* requ
   NSString* path = container->stringByAppendingString("/telegram-data/accounts-metadata/spotlight/p:"_ns)
                        ->stringByAppendingString(sender)
                        ->stringByAppendingString("/avatar.png"_ns);
-  UIImage* picture = UIImage::imageWithContentsOfFile(path);
-  if (picture != nullptr) view->updateImage(picture);
+  // Read twice: the first time tells whether there is a picture at all.
+  if (UIImage::imageWithContentsOfFile(path) != nullptr) view->updateImage(UIImage::imageWithContentsOfFile(path));
 }
 
 }  // namespace
