@@ -69,7 +69,7 @@ std::variant<Options, HelpRequest, OptionError> parseCommandLine(const std::vect
     if (takeWord != nullptr && !isOption && takeWord(options, word)) continue;
 
     auto [name, value] = detail::split(word);
-    const auto row = std::ranges::find_if(table, [&name](const auto& candidate) { return candidate.name == name; });
+    const auto row = std::ranges::find(table, name, &OptionRow<Options>::name);
     if (row == table.end()) return OptionError{"unknown option " + name + "; --help lists the options there are"};
     if (row->valueName == nullptr) {
       if (value) return OptionError{name + " takes no value"};

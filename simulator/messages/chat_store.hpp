@@ -58,7 +58,7 @@ class ChatStore {
   Chat makeChat(std::string_view guid, std::string_view name);
 
   struct Closer {
-    void operator()(sqlite3* database) const { sqlite3_close(database); }
+    void operator()(sqlite3* opened) const { sqlite3_close(opened); }
   };
 
   std::filesystem::path path;

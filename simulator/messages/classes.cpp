@@ -129,7 +129,7 @@ void registerClasses() {
 }
 
 void useStore(ChatStore store, Observer observer) {
-  application() = std::make_unique<Application>(std::move(store), std::move(observer));
+  application() = std::make_unique<Application>(Application{std::move(store), std::move(observer)});
 }
 
 }  // namespace messages
