@@ -97,6 +97,11 @@ void defineStrings(ObjectiveC& runtime) {
   runtime.addMethod("NSString", "isEqualToString:", "B@:@", [](const Message& message) {
     message.answer(message.argument(0) != 0 && valueOf(message) == message.text(0));
   });
+  runtime.addMethod("NSString", "lowercaseString", "@@:", [](const Message& message) {
+    std::string lower = valueOf(message);
+    for (char& letter : lower) letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    message.answer(makeString(message.runtime, lower));
+  });
   runtime.addMethod("NSString", "stringByAppendingString:", "@@:@", [](const Message& message) {
     message.answer(makeString(message.runtime, valueOf(message) + message.text(0)));
   });

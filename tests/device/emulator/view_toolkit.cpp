@@ -50,6 +50,10 @@ void defineDevice(ObjectiveC& runtime, Platform& platform) {
 // Its value is the path that it was read from.
 void defineImages(ObjectiveC& runtime) {
   runtime.define("UIImage");
+  runtime.addMethod("UIImage", "initWithData:", "@@:@", [](const Message& message) {
+    message.runtime.object(message.self).value = std::string("decoded");
+    message.answer(message.self);
+  });
   runtime.addClassMethod("UIImage", "imageWithContentsOfFile:", "@@:@", [](const Message& message) {
     message.answer(makeString(message.runtime, message.text(0), "UIImage"));
   });

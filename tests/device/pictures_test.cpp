@@ -1,0 +1,87 @@
+// Pictures from the web in the phone's library: what is asked for, and what becomes of the answer.
+#include <gtest/gtest.h>
+
+#include "tests/device/banner.hpp"
+
+namespace {
+
+using device::Address;
+using device::Banner;
+using device::kept;
+using device::Message;
+using device::Phone;
+
+Address dictionaryOf(Phone& phone, const std::string& key, Address value) {
+  const Address made = phone.runtime.sendClass("NSMutableDictionary", "dictionaryWithCapacity:", {1});
+  phone.runtime.send(made, "setObject:forKey:", {value, phone.string(key)});
+  return made;
+}
+
+// A request whose notification carries the values.
+Address requestWith(Phone& phone, Address values) {
+  if (phone.runtime.find("Request") == nullptr) phone.runtime.define("Request");
+  for (const char* step : {"userNotification", "request", "content"})
+    phone.runtime.addMethod("Request", step, "@@:", [](const Message& message) { message.answer(message.self); });
+  phone.runtime.addMethod("Request", "userInfo", "@@:", [values](const Message& message) { message.answer(values); });
+  return phone.runtime.make("Request");
+}
+
+Address discordValues(Phone& phone, Address identifier, Address avatar) {
+  const Address author = dictionaryOf(phone, "id", identifier);
+  phone.runtime.send(author, "setObject:forKey:", {avatar, phone.string("avatar")});
+  return dictionaryOf(phone, "message", dictionaryOf(phone, "author", author));
+}
+
+void findPicture(Phone& phone, const Banner& banner, Address values) {
+  const Address provider = phone.runtime.make("BrimDiscordContactPhotoProvider");
+  phone.runtime.send(provider, "contactPhotoForNotification:withHeader:withBody:forView:",
+                     {requestWith(phone, values), phone.string("Anna"), phone.string("Hello"), banner.view});
+  phone.runtime.release(provider);
+}
+
+TEST(PhonePictures, AreAskedForAndShownWhenTheyCome) {
+  Phone phone;
+  Banner banner(phone);
+  banner.show();
+  findPicture(phone, banner, discordValues(phone, phone.string("123"), phone.string("abc")));
+  ASSERT_EQ(phone.pictures->requests.size(), 1U);
+  EXPECT_EQ(phone.pictures->requests[0].address, "https://cdn.discordapp.com/avatars/123/abc.png?size=80");
+  EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
+  phone.pictures->answerRequest(phone.runtime.make("NSData"));
+  EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon) << "in a later turn";
+  phone.c.runMainQueue();
+  EXPECT_EQ(phone.text(kept(phone.runtime, banner.part("_appIV"), "image")), "decoded");
+}
+
+TEST(PhonePictures, ThatCannotBeLoadedChangeNothing) {
+  Phone phone;
+  Banner banner(phone);
+  banner.show();
+  findPicture(phone, banner, discordValues(phone, phone.string("123"), phone.string("abc")));
+  phone.pictures->answerRequest(std::nullopt);
+  phone.c.runMainQueue();
+  EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
+}
+
+TEST(PhonePictures, OfABannerThatHasGoneAreLeft) {
+  Phone phone;
+  Banner banner(phone);
+  findPicture(phone, banner, discordValues(phone, phone.string("123"), phone.string("abc")));
+  while (!phone.runtime.object(banner.view).gone) phone.runtime.release(banner.view);
+  phone.pictures->answerRequest(phone.runtime.make("NSData"));
+  EXPECT_NO_THROW(phone.c.runMainQueue());
+}
+
+TEST(PhonePictures, AreNotAskedForByValuesOfOtherTypes) {
+  Phone phone;
+  const Banner banner(phone);
+  const Address stranger = phone.runtime.make("NSObject");
+  findPicture(phone, banner, stranger);
+  findPicture(phone, banner, dictionaryOf(phone, "message", stranger));
+  findPicture(phone, banner, discordValues(phone, phone.string("123"), stranger));
+  findPicture(phone, banner, discordValues(phone, stranger, phone.string("abc")));
+  findPicture(phone, banner, discordValues(phone, phone.string("1 2"), phone.string("abc")));
+  EXPECT_TRUE(phone.pictures->requests.empty());
+}
+
+}  // namespace
