@@ -1,9 +1,11 @@
 // Measures. Every figure is a ratio of two things measured in this run, so that it means the same on any machine.
+#include "bench/photos.hpp"
 #include "bench/presenting.hpp"
 #include "bench/text.hpp"
 
 int main() {
   bench::measurePresenting();
   bench::measureText();
+  bench::measurePhotos();
   return 0;
 }
