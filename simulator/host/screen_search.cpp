@@ -6,6 +6,7 @@
 #include "platform/ns_attributed_string.hpp"
 #include "simulator/springboard/json_objects.hpp"
 #include "simulator/uikit/environment.hpp"
+#include "simulator/uikit/view_geometry.hpp"
 #include "simulator/uikit/window.hpp"
 
 namespace host {
@@ -43,7 +44,7 @@ void visitScreen(const Visitor& visitor) {
 
 CGRect frameOnScreen(const UIView* view) {
   uikit::layoutWindows();
-  return objc::send<CGRect, "convertRect:toView:">(view, view->bounds(), static_cast<UIView*>(nullptr));
+  return uikit::frameOnScreen(view);
 }
 
 std::optional<CGPoint> middleOnScreen(const CGRect& rectangle) {

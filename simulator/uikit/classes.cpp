@@ -1,6 +1,7 @@
 #include "simulator/uikit/classes.hpp"
 
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/uikit/keyboard.hpp"
 #include "simulator/uikit/window.hpp"
 
 namespace uikit {
@@ -30,8 +31,12 @@ void registerClasses() {
   defineTextField();
   defineStackView();
   defineVisualEffectView();
+  defineKeyboard();
   // What a turn has changed is laid out at its end, outside of any animation.
-  foundation::observeEndOfTurn(&layoutWindows);
+  foundation::observeEndOfTurn([] {
+    followFirstResponder();
+    layoutWindows();
+  });
 }
 
 }  // namespace uikit

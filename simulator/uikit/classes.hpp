@@ -27,6 +27,8 @@ void defineLabel();
 void defineControl();
 void defineButton();
 void defineTextField();
+void defineKeyboard();
+void defineKeyboardKey();
 void defineStackView();
 void defineBlurEffect();
 void defineVisualEffectView();

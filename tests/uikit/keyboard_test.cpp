@@ -1,0 +1,175 @@
+// The on-screen keyboard: when it is there, and what its keys do.
+#include <algorithm>
+
+#include "platform/ui_text_field.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/uikit/keyboard_key.hpp"
+#include "simulator/uikit/view_record.hpp"
+#include "simulator/uikit/window.hpp"
+#include "tests/uikit/content.hpp"
+
+namespace test {
+
+namespace {
+
+using uikit::KeyRole;
+
+class Keyboard : public Stage {
+ public:
+  Keyboard() {
+    window->addSubview(field);
+    window->makeKeyAndVisible();
+  }
+
+  void edit() {
+    field->becomeFirstResponder();
+    foundation::stepClock(1);
+  }
+  std::string shown() const { return text(field->text()); }
+
+  // Nil while there is no keyboard on the screen.
+  static UIWindow* keyboard() {
+    const auto windows = uikit::visibleWindows();
+    const auto found = std::ranges::find_if(windows, [](const UIWindow* each) {
+      return std::string(object_getClassName(objc::detail::identifier(each))) == "UIRemoteKeyboardWindow";
+    });
+    return found == windows.end() ? nullptr : *found;
+  }
+
+  static std::vector<uikit::Key> keys() {
+    std::vector<uikit::Key> found;
+    for (const auto& view : uikit::record(keyboard()).subviews)
+      found.push_back(objc::state(static_cast<UIKBKeyView*>(view.get())).key);
+    return found;
+  }
+
+  static void press(const uikit::Key& key) {
+    const CGRect frame = keyboard()->frame();
+    tap({frame.origin.x + key.frame.origin.x + key.frame.size.width / 2,
+         frame.origin.y + key.frame.origin.y + key.frame.size.height / 2});
+    foundation::drainMainQueue();
+  }
+  static void press(const std::string& label) {
+    press(keyThat([&](const auto& key) { return key.label == label; }));
+  }
+  static void press(KeyRole role) {
+    press(keyThat([&](const auto& key) { return key.role == role; }));
+  }
+
+  template <class Predicate>
+  static uikit::Key keyThat(const Predicate& predicate) {
+    const auto all = keys();
+    const auto found = std::ranges::find_if(all, predicate);
+    if (found != all.end()) return *found;
+    ADD_FAILURE() << "there is no such key";
+    return {};
+  }
+
+  objc::Ref<UIWindow> window = makeWindow();
+  objc::Ref<UITextField> field = UIView::withFrame<UITextField>({{100, 100}, {200, 36}});
+};
+
+TEST_F(Keyboard, IsThereWhileAFieldIsEdited) {
+  foundation::drainMainQueue();
+  EXPECT_EQ(keyboard(), nullptr);
+  edit();
+  ASSERT_NE(keyboard(), nullptr);
+  const CGRect frame = keyboard()->frame();
+  EXPECT_EQ(frame.origin.y + frame.size.height, 812);
+  field->resignFirstResponder();
+  foundation::stepClock(1);
+  EXPECT_EQ(keyboard(), nullptr);
+}
+
+TEST_F(Keyboard, SlidesInAQuarterOfASecond) {
+  field->becomeFirstResponder();
+  foundation::drainMainQueue();
+  const auto top = [] { return uikit::shownFrame(uikit::record(keyboard()).layer).origin.y; };
+  EXPECT_EQ(top(), 812);
+  foundation::stepClock(0.125);
+  EXPECT_GT(top(), keyboard()->frame().origin.y);
+  EXPECT_LT(top(), 812);
+  foundation::stepClock(0.125);
+  EXPECT_EQ(top(), keyboard()->frame().origin.y);
+}
+
+TEST_F(Keyboard, StaysWhereAnotherFieldTakesOver) {
+  const auto other = UIView::withFrame<UITextField>({{100, 200}, {200, 36}});
+  window->addSubview(other);
+  edit();
+  other->becomeFirstResponder();
+  foundation::stepClock(0.01);
+  EXPECT_EQ(uikit::shownFrame(uikit::record(keyboard()).layer).origin.y, keyboard()->frame().origin.y);
+}
+
+TEST_F(Keyboard, BeginsWithACapitalAndGoesOnWithSmallLetters) {
+  edit();
+  press("H");
+  press("i");
+  press(KeyRole::Space);
+  press("a");
+  EXPECT_EQ(shown(), "Hi a");
+}
+
+TEST_F(Keyboard, ShiftHoldsForOneLetter) {
+  edit();
+  press(KeyRole::Shift);
+  press("a");
+  press(KeyRole::Shift);
+  press("B");
+  press("c");
+  EXPECT_EQ(shown(), "aBc");
+}
+
+TEST_F(Keyboard, BackspaceErases) {
+  edit();
+  press("H");
+  press("o");
+  press(KeyRole::Backspace);
+  EXPECT_EQ(shown(), "H");
+}
+
+TEST_F(Keyboard, HasDigitsAndSymbols) {
+  edit();
+  press("123");
+  press("1");
+  press("#+=");
+  press("€");
+  press("123");
+  press("?");
+  press("ABC");
+  press("z");
+  EXPECT_EQ(shown(), "1€?z");
+}
+
+TEST_F(Keyboard, NamesItsReturnKeyAsTheFieldWants) {
+  edit();
+  EXPECT_EQ(keyThat([](const auto& key) { return key.role == KeyRole::Return; }).label, "return");
+  field->setReturnKeyType(UIReturnKeyType::Send);
+  foundation::drainMainQueue();
+  EXPECT_EQ(keyThat([](const auto& key) { return key.role == KeyRole::Return; }).label, "send");
+}
+
+TEST_F(Keyboard, KeysLieInsideAndApart) {
+  for (const uikit::KeyboardSize size : {uikit::KeyboardSize{320, 0}, {375, 34}, {414, 34}})
+    for (const auto plane :
+         {uikit::KeyboardPlane::Letters, uikit::KeyboardPlane::Numbers, uikit::KeyboardPlane::Symbols}) {
+      const auto all = uikit::keysOf(size, plane, uikit::Shift::On, "send");
+      for (std::size_t first = 0; first < all.size(); ++first) {
+        const CGRect& a = all[first].frame;
+        EXPECT_GE(a.origin.x, 0);
+        EXPECT_LE(a.origin.x + a.size.width, size.width);
+        EXPECT_LE(a.origin.y + a.size.height, size.height());
+        for (std::size_t second = first + 1; second < all.size(); ++second) {
+          const CGRect& b = all[second].frame;
+          EXPECT_TRUE(a.origin.x + a.size.width <= b.origin.x || b.origin.x + b.size.width <= a.origin.x ||
+                      a.origin.y + a.size.height <= b.origin.y || b.origin.y + b.size.height <= a.origin.y)
+              << all[first].label << " and " << all[second].label << " at width " << size.width;
+        }
+      }
+    }
+}
+
+}  // namespace
+
+}  // namespace test
