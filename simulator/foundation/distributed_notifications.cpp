@@ -1,5 +1,7 @@
 #include "simulator/foundation/distributed_notifications.hpp"
 
+#include <poll.h>
+
 #include <cstdio>
 #include <vector>
 
@@ -7,6 +9,7 @@
 #include "objc/class_definition.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/foundation/notification_daemon.hpp"
 
 namespace foundation {
 
@@ -61,6 +64,17 @@ bool succeeds(const Work& work) try {
   return true;
 } catch (...) {
   return false;
+}
+
+// The daemon that knows the observers, where it can be watched.
+Descriptor& knownDaemon() {
+  static auto& daemon = *new Descriptor;
+  return daemon;
+}
+
+bool knownDaemonRuns() {
+  pollfd daemon = {knownDaemon().get(), POLLIN, 0};
+  return knownDaemon().isOpen() && poll(&daemon, 1, 0) == 0;
 }
 
 // What Foundation has not noticed yet: it forgets the daemon when the connection becomes invalid.
@@ -118,6 +132,7 @@ void addObserver(Add, Center* self, NSObject* observer, SEL selector, NSString* 
   state.suspensionBehavior = suspensionBehavior;
   observers().push_back(added);
   introduce(self, added);
+  if (!state.isKnownToDaemon) knownDaemon() = {};
 }
 
 bool covers(NSString* wanted, NSString* present) {
@@ -152,6 +167,7 @@ void post(Post original, Center* self, NSString* name, NSString* object, NSDicti
 void connectionInvalidated(Invalidated original, Center* self, NSNotification* notification) {
   original(self, notification);
   for (const auto& observer : observers()) objc::state(observer.get()).isKnownToDaemon = false;
+  knownDaemon() = {};
   if (!observers().empty()) onMainThread([self] { introduceAll(self); });
 }
 
@@ -173,10 +189,13 @@ void installDistributedNotifications() {
 }
 
 bool joinDistributedNotifications() {
+  if (knownDaemonRuns()) return true;
   const objc::AutoreleasePool pool;
   Center* center = Center::defaultCenter();
   const bool answered = succeedsWithSomeDaemon(center, [center] { awaitAnswer(center); });
-  return answered && introduceAll(center);
+  if (!answered || !introduceAll(center)) return false;
+  knownDaemon() = watchDaemon();
+  return true;
 }
 
 }  // namespace foundation

@@ -4,6 +4,7 @@
 #include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -54,11 +55,16 @@ bool isDaemon(pid_t process) {
   return std::getline(file, name) && name == "gdnc";
 }
 
-void endDaemonIn(const fs::path& folder) {
+// 0 where none is registered.
+pid_t daemonIn(const fs::path& folder) {
   std::ifstream file(folder / registration);
   std::string port;
   pid_t process = 0;
-  if (std::getline(file, port) && file >> process && isDaemon(process)) kill(process, SIGKILL);
+  return std::getline(file, port) && file >> process && isDaemon(process) ? process : 0;
+}
+
+void endDaemonIn(const fs::path& folder) {
+  if (const pid_t process = daemonIn(folder); process > 0) kill(process, SIGKILL);
 }
 
 // Where no other process holds the place.
@@ -125,6 +131,11 @@ void useDaemonOf(const fs::path& root) {
   setenv("TEMP", place.folder.c_str(), 1);
   setenv("TMP", place.folder.c_str(), 1);
   std::atexit(&leaveOwnPlace);
+}
+
+Descriptor watchDaemon() {
+  const pid_t process = ownPlace().lock < 0 ? 0 : daemonIn(ownPlace().folder);
+  return Descriptor(process > 0 ? static_cast<int>(syscall(SYS_pidfd_open, process, 0)) : -1);
 }
 
 }  // namespace foundation

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+#include "simulator/foundation/descriptor.hpp"
+
 namespace foundation {
 
 // Gives this process the daemon of the root, by environment, at a place of its own outside the root: the names of its
@@ -11,5 +13,8 @@ namespace foundation {
 // the daemon is ended and its place removed; what processes that were killed have left goes when another root is used.
 // Before any use of Foundation, once. Throws std::filesystem::filesystem_error.
 void useDaemonOf(const std::filesystem::path& root);
+
+// Becomes readable when the daemon of this process's root ends. Not open where none runs, or the daemon is the user's.
+Descriptor watchDaemon();
 
 }  // namespace foundation

@@ -22,7 +22,7 @@ constexpr const char* schema = R"(
     name TEXT NOT NULL
   );
   CREATE TABLE message (
-    number INTEGER PRIMARY KEY AUTOINCREMENT,
+    number INTEGER PRIMARY KEY,
     chat INTEGER NOT NULL REFERENCES chat (number),
     sent INTEGER NOT NULL,
     text TEXT NOT NULL,

@@ -114,6 +114,16 @@ TEST_F(DistributedNotifications, AnotherDaemonKnowsTheObserversAgain) {
   EXPECT_EQ(heard(), (std::vector<std::string>{"again"}));
 }
 
+TEST_F(DistributedNotifications, AnotherDaemonKnowsTheObserversOfOneThatWasJoined) {
+  ASSERT_TRUE(foundation::joinDistributedNotifications());
+  ASSERT_TRUE(foundation::joinDistributedNotifications());
+  killDaemon();
+  ASSERT_TRUE(foundation::joinDistributedNotifications());
+  postFromAnotherProcess("again");
+  waitFor(1);
+  EXPECT_EQ(heard(), (std::vector<std::string>{"again"}));
+}
+
 TEST_F(DistributedNotifications, ADaemonThatEndedIsReplacedUnasked) {
   const pid_t before = daemonProcess();
   killDaemon();
