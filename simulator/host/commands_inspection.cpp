@@ -6,6 +6,7 @@
 #include "simulator/host/command.hpp"
 #include "simulator/host/controllers.hpp"
 #include "simulator/host/event_log.hpp"
+#include "simulator/host/filmstrip.hpp"
 #include "simulator/host/process.hpp"
 #include "simulator/uikit/describe.hpp"
 #include "simulator/uikit/environment.hpp"
@@ -18,6 +19,8 @@ namespace {
 
 constexpr double largestScale = 8;
 
+const FieldType height = {"a number of points above 0",
+                          [](const Json& value) { return value.is_number() && value.get<double>() > 0; }};
 const FieldType scale = {"a number above 0, at most 8", [](const Json& value) {
                            return value.is_number() && value.get<double>() > 0 && value.get<double>() <= largestScale;
                          }};
@@ -75,6 +78,26 @@ Json screenshot(const Json& command) {
   return nullptr;
 }
 
+// As many as fit into a picture at full size.
+constexpr std::size_t mostFrames = 40;
+
+Json frame(const Json& command) {
+  if (frameCount() >= mostFrames) throw CommandError("a filmstrip has at most 40 frames; write it with filmstrip");
+  const uikit::Environment& environment = uikit::environment();
+  addFrame(*uikit::renderScreen(command.value("scale", 1.0)),
+           command.value("height", environment.device.screen.height));
+  return {{"frames", frameCount()}};
+}
+
+Json filmstrip(const Json& command) {
+  const std::string path = command["path"];
+  const auto strip = takeFilmstrip();
+  if (strip == nullptr) throw CommandError("there are no frames; take some with frame");
+  if (const auto failure = drawing::writePng(strip->surface(), path))
+    throw CommandError("the picture " + path + " could not be written: " + *failure);
+  return nullptr;
+}
+
 }  // namespace
 
 std::span<const Command> inspectionCommands() {
@@ -82,12 +105,16 @@ std::span<const Command> inspectionCommands() {
   static constexpr Field treeFields[] = {{"controller", field::integer}};
   static constexpr Field screenshotFields[] = {
       {"path", field::nonEmptyText, Need::Required}, {"scale", scale}, {"crop", field::integer}};
+  static constexpr Field frameFields[] = {{"height", height}, {"scale", scale}};
+  static constexpr Field filmstripFields[] = {{"path", field::nonEmptyText, Need::Required}};
   static constexpr Command commands[] = {
       {"state", controllerField, &state, "what the controller says of its banner and dismissal"},
       {"settings", {}, &settings, "every settings variable with its value as the library holds it"},
       {"hooks", {}, &hooks, "what was installed, in order"},
       {"tree", treeFields, &tree, "the view trees of all windows, or of one controller"},
       {"log", {}, &log, "the events since the last log"},
+      {"frame", frameFields, &frame, "the screen, or its upper part, is the next frame of a filmstrip"},
+      {"filmstrip", filmstripFields, &filmstrip, "the frames since the last filmstrip side by side, as a PNG"},
       {"screenshot", screenshotFields, &screenshot, "a picture of the screen, or of a controller's banner, as a PNG"},
   };
   return commands;

@@ -130,6 +130,22 @@ TEST(Commands, ScreenshotCanBeScaledAndCropped) {
   EXPECT_EQ(picture->pixelHeight(), phone.view(controller, "NCNotificationShortLookView").at("frame")[3]);
 }
 
+TEST(Commands, FilmstripShowsItsFramesSideBySide) {
+  PlainPhone phone;
+  EXPECT_EQ(phone.run("frame", {{"height", 100}}).at("frames"), 1);
+  phone.present();
+  phone.wait(1);
+  EXPECT_EQ(phone.run("frame", {{"height", 200}}).at("frames"), 2);
+  const auto path = phone.folder() / "strip.png";
+  phone.run("filmstrip", {{"path", path.string()}});
+  const auto picture = drawing::loadImage(path);
+  ASSERT_NE(picture, nullptr);
+  EXPECT_EQ(picture->pixelWidth(), 375 + 10 + 375);
+  EXPECT_EQ(picture->pixelHeight(), 200);
+  const Json again = phone.answer({{"do", "filmstrip"}, {"path", path.string()}});
+  EXPECT_NE(again.value("error", "").find("there are no frames"), std::string::npos);
+}
+
 TEST(Commands, ScreenshotsOfTheSameMomentAreTheSame) {
   PlainPhone phone;
   phone.present();
