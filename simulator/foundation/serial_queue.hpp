@@ -10,7 +10,8 @@
 
 namespace foundation {
 
-// Lives as long as the process; has no thread before the first `async`. Any thread.
+// Lives as long as the process; has no thread before the first `async`. A process that ends lets the work that its
+// threads are running come to its end, and begins no more of it: what they use is being taken down. Any thread.
 class SerialQueue {
  public:
   void async(std::function<void()> work);
@@ -28,13 +29,16 @@ class SerialQueue {
   };
 
   void run(Lock& lock, const std::function<void()>& work);
+  void startThread();
   void runThread();
+  void stop();
 
   mutable std::mutex mutex;
   std::condition_variable changed;
   std::deque<std::shared_ptr<Entry>> waiting;
   std::thread::id runner;
   bool hasThread = false;
+  bool isStopping = false;
 };
 
 }  // namespace foundation

@@ -83,7 +83,8 @@ const std::vector<OptionRow<Options>>& optionTable() {
        &leaveLibraryOut},
       {"--script", "FILE", "obey one JSON object a line of this file, - for standard input (default: none)",
        &setScript},
-      {"--demonstration", "DIR", "write pictures of sample notifications into this folder (default: none)",
+      {"--demonstration", "DIR",
+       "write pictures of sample notifications into this folder, by default in a root of their own (default: none)",
        &setDemonstration},
   };
   return table;

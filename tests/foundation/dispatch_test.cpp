@@ -1,8 +1,10 @@
 #include "simulator/foundation/dispatch.hpp"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <limits>
 #include <thread>
 #include <vector>
@@ -125,6 +127,32 @@ TEST_F(Dispatch, OtherThreadsMayWaitForTheMainQueue) {
 TEST_F(Dispatch, WaitingForItselfEndsTheProcess) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   EXPECT_DEATH(dispatch_sync(&_dispatch_main_q, objc::block([] {})), "already running the caller");
+}
+
+std::atomic<bool> isTakenDown = false;
+
+struct TakenDownAtExit {
+  ~TakenDownAtExit() {
+    isTakenDown = true;
+    usleep(50'000);
+  }
+};
+
+void useWithoutEnd(dispatch_queue_t queue) {
+  if (isTakenDown) _exit(3);
+  dispatch_async(queue, objc::block([queue] { useWithoutEnd(queue); }));
+}
+
+void endWithWorkInAQueue() {
+  static const TakenDownAtExit used;
+  useWithoutEnd(dispatch_queue_create("test", nullptr));
+  usleep(20'000);
+  std::exit(0);
+}
+
+TEST_F(Dispatch, QueuesRestWhenTheProcessEnds) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(endWithWorkInAQueue(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

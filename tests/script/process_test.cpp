@@ -67,6 +67,24 @@ TEST_F(Process, GoesOnAfterAFailureAndTellsOfItInTheEnd) {
   EXPECT_FALSE(lines[2].at("ok").get<bool>());
 }
 
+// What a phone that has asked nobody anything must not have brought along.
+TEST_F(Process, MapsNoLibraryOfThePartsThatItDoesNotUse) {
+  const test::TemporaryFolder home;
+  const std::string script = R"({"do":"present","section":"com.apple.mobilemail"})"
+                             "\n"
+                             R"({"do":"wait","seconds":1})"
+                             "\n";
+  std::ofstream(home.path() / "script") << script;
+  const std::string command = "LD_DEBUG=files " SPRINGBOARD " --root " + (home.path() / "root").string() +
+                              " --script " + (home.path() / "script").string() + " >/dev/null 2>" +
+                              (home.path() / "files").string();
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  const std::string files = contentsOf(home.path() / "files");
+  ASSERT_NE(files.find("libBrim.so"), std::string::npos);
+  for (const char* library : {"libcurl.so", "libebook-contacts", "libmicrohttpd"})
+    EXPECT_EQ(files.find(library), std::string::npos) << library;
+}
+
 TEST_F(Process, MakesItsRootWithDefaults) {
   ASSERT_EQ(run("--without-brim --script -").status, 0);
   const auto libraries = folder.path() / "root/Library/MobileSubstrate/DynamicLibraries";

@@ -4,6 +4,9 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
 
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/host/event_log.hpp"
@@ -159,6 +162,31 @@ TEST_F(Completions, AreLoggedWithAddressAndStatus) {
             nlohmann::ordered_json::array(
                 {{{"event", "http"}, {"url", gone}, {"status", 410}},
                  {{"event", "http"}, {"url", "ftp://127.0.0.1/"}, {"status", nullptr}, {"error", -1002}}}));
+}
+
+// How often each of the process's other threads has woken up.
+std::map<std::string, long> wakeups() {
+  std::map<std::string, long> counts;
+  for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+    if (task.path().filename() == std::to_string(getpid())) continue;
+    std::ifstream status(task.path() / "status");
+    for (std::string line; std::getline(status, line);)
+      if (line.starts_with("voluntary_ctxt_switches:")) counts[task.path().filename()] = std::stol(line.substr(24));
+  }
+  return counts;
+}
+
+TEST_F(Completions, LeaveNothingBehindThatWakesUp) {
+  server.answer("/", {.body = "x"});
+  load(server.address("/"));
+  // A busy machine may take its time to bring the threads to rest.
+  bool isAtRest = false;
+  for (int look = 0; look < 50 && !isAtRest; ++look) {
+    const std::map<std::string, long> before = wakeups();
+    usleep(200'000);
+    isAtRest = wakeups() == before;
+  }
+  EXPECT_TRUE(isAtRest);
 }
 
 // A process that ends has requests in every state: waiting for a connection, for an answer, and in a handshake.
