@@ -80,7 +80,7 @@ TEST_F(Process, MapsNoLibraryOfThePartsThatItDoesNotUse) {
                               (home.path() / "files").string();
   ASSERT_EQ(std::system(command.c_str()), 0);
   const std::string files = contentsOf(home.path() / "files");
-  ASSERT_NE(files.find("libBrim.so"), std::string::npos);
+  ASSERT_NE(files.find("Brim.dylib"), std::string::npos);
   for (const char* library : {"libcurl.so", "libebook-contacts", "libmicrohttpd"})
     EXPECT_EQ(files.find(library), std::string::npos) << library;
 }
