@@ -1,6 +1,7 @@
 #include "simulator/host/banner_state.hpp"
 
-#include <map>
+#include <array>
+#include <deque>
 #include <string>
 
 #include "objc/class_definition.hpp"
@@ -23,23 +24,49 @@ using Controller = NCNotificationShortLookViewController;
 // The library's banner, as far as a script looks at it.
 class BrimContainer : public objc::Interface<"BrimContainer", UIView> {};
 
-struct BannerState {
-  std::string identifier;
-  bool hasBrim = false;
-  bool hasIdentifier = false;
+struct DismissalFlags {
   bool hasDismissed = false;
   bool autoDimissTriggered = false;
   bool isDismissing = false;
   bool wasExternallyDismissed = false;
   bool dismissCalled = false;
+};
+
+struct BannerState {
+  std::string identifier;
+  bool hasBrim = false;
+  bool hasIdentifier = false;
+  DismissalFlags flags;
   bool isExpanded = false;
   double height = 0;
   double offset = 0;
 };
 
-std::map<std::size_t, BannerState>& lastStates() {
-  static std::map<std::size_t, BannerState>& states = *new std::map<std::size_t, BannerState>;
+// What can still be asked of a banner that was let go. A script may present very many.
+struct LastState {
+  std::array<char, 8> identifier{};  // as long as the library makes it, or none
+  DismissalFlags flags;
+};
+
+std::deque<LastState>& lastStates() {
+  static std::deque<LastState>& states = *new std::deque<LastState>;
   return states;
+}
+
+void keepLastState(std::size_t number, const BannerState& state) {
+  if (lastStates().size() < number) lastStates().resize(number);
+  LastState& last = lastStates()[number - 1];
+  state.identifier.copy(last.identifier.data(), last.identifier.size());
+  last.flags = state.flags;
+}
+
+BannerState lastState(std::size_t number) {
+  const LastState last = number <= lastStates().size() ? lastStates()[number - 1] : LastState{};
+  BannerState state;
+  state.hasIdentifier = last.identifier.front() != '\0';
+  if (state.hasIdentifier) state.identifier.assign(last.identifier.data(), last.identifier.size());
+  state.flags = last.flags;
+  return state;
 }
 
 // Zero where the object does not answer, as without the library.
@@ -57,11 +84,9 @@ BannerState read(const Controller* controller) {
       .identifier = springboard::textOf(identifier),
       .hasBrim = brim != nullptr,
       .hasIdentifier = identifier != nullptr,
-      .hasDismissed = ask<bool, "hasDismissed">(controller),
-      .autoDimissTriggered = ask<bool, "autoDimissTriggered">(controller),
-      .isDismissing = ask<bool, "isDismissing">(controller),
-      .wasExternallyDismissed = ask<bool, "wasExternallyDismissed">(controller),
-      .dismissCalled = ask<bool, "dismissCalled">(controller),
+      .flags = {ask<bool, "hasDismissed">(controller), ask<bool, "autoDimissTriggered">(controller),
+                ask<bool, "isDismissing">(controller), ask<bool, "wasExternallyDismissed">(controller),
+                ask<bool, "dismissCalled">(controller)},
       .isExpanded = ask<bool, "isFullyExpanded">(brim),
       .height = ask<CGFloat, "height">(brim),
       .offset = ask<CGFloat, "offset">(brim),
@@ -104,21 +129,21 @@ void observePictures() {
 void observeBanners() {
   observePictures();
   springboard::observeBannerEnds(
-      [](std::size_t number) { lastStates()[number] = read(springboard::bannerController(number)); });
+      [](std::size_t number) { keepLastState(number, read(springboard::bannerController(number))); });
 }
 
 Json stateOfBanner(std::size_t number) {
   const objc::Ref<Controller> controller = springboard::bannerController(number);
-  const BannerState state = controller == nullptr ? lastStates()[number] : read(controller);
+  const BannerState state = controller == nullptr ? lastState(number) : read(controller);
   const auto whileShown = [&state](double value) { return state.hasBrim ? Json(value) : Json(nullptr); };
   return {
       {"brim", state.hasBrim},
       {"identifier", state.hasIdentifier ? Json(state.identifier) : Json(nullptr)},
-      {"hasDismissed", state.hasDismissed},
-      {"autoDimissTriggered", state.autoDimissTriggered},
-      {"isDismissing", state.isDismissing},
-      {"wasExternallyDismissed", state.wasExternallyDismissed},
-      {"dismissCalled", state.dismissCalled},
+      {"hasDismissed", state.flags.hasDismissed},
+      {"autoDimissTriggered", state.flags.autoDimissTriggered},
+      {"isDismissing", state.flags.isDismissing},
+      {"wasExternallyDismissed", state.flags.wasExternallyDismissed},
+      {"dismissCalled", state.flags.dismissCalled},
       {"dismissNotification", dismissNotification()},
       {"dismissed", !springboard::isBannerOnScreen(number)},
       {"height", whileShown(state.height)},

@@ -1,0 +1,99 @@
+#include "bench/living.hpp"
+
+#include <malloc.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "bench/measurement.hpp"
+#include "simulator/host/session.hpp"
+#include "simulator/uikit/environment.hpp"
+#include "simulator/uikit/renderer.hpp"
+
+namespace bench {
+
+namespace {
+
+constexpr std::size_t moves = 200;
+constexpr std::size_t rounds = 10000;
+constexpr std::size_t thousand = 1000;
+
+// Runs with a phone of its own.
+Figures onAPhone(const std::function<Figures(host::Session&)>& measurement) {
+  std::string pattern = (std::filesystem::temp_directory_path() / "brim-bench-XXXXXX").string();
+  const std::filesystem::path folder = mkdtemp(pattern.data());
+  Figures figures;
+  {
+    host::Options options;
+    options.root = folder / "root";
+    host::Session session(options);
+    figures = measurement(session);
+  }
+  std::filesystem::remove_all(folder);
+  return figures;
+}
+
+void present(host::Session& session, const std::string& message) {
+  session.run({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna Weber"}, {"message", message}});
+}
+
+void paint() { uikit::renderScreen(uikit::environment().device.scale); }
+
+double timeOf(const std::function<void()>& work) {
+  const double start = processorTime();
+  work();
+  return processorTime() - start;
+}
+
+// The median of a move with what it repaints, of the move alone, and of a whole screen.
+Figures dragMoves(host::Session& session) {
+  present(session, "Are we still on for lunch today?");
+  session.run({{"do", "wait"}, {"seconds", 1}});
+  session.run({{"do", "drag"}, {"by", {0, -12}}, {"steps", 1}, {"end", "hold"}});
+  paint();
+  Figures repainted;
+  Figures alone;
+  Figures whole;
+  for (std::size_t move = 0; move < moves; ++move) {
+    const auto step = [&] {
+      session.run({{"do", "drag"}, {"by", {0, move % 2 == 0 ? -4 : 4}}, {"steps", 1}, {"end", "hold"}});
+    };
+    const double moved = timeOf(step);
+    alone.push_back(moved);
+    repainted.push_back(moved + timeOf(&paint));
+    uikit::noteDisplayChange();
+    whole.push_back(timeOf(&paint));
+  }
+  return {median(repainted), median(alone), median(whole)};
+}
+
+// Time of the first and of the last thousand rounds, and the memory that is held after each.
+Figures manyLives(host::Session& session) {
+  Figures figures;
+  double start = processorTime();
+  for (std::size_t round = 1; round <= rounds; ++round) {
+    present(session, "Message number " + std::to_string(round));
+    session.run({{"do", "wait"}, {"seconds", 7}});
+    session.run({{"do", "log"}});
+    if (round != thousand && round != rounds && round != rounds - thousand) continue;
+    figures.push_back(processorTime() - start);
+    figures.push_back(static_cast<double>(mallinfo2().uordblks));
+    start = processorTime();
+  }
+  return figures;
+}
+
+}  // namespace
+
+void measureLiving() {
+  const Figures drag = inProcessOfItsOwn([] { return onAPhone(&dragMoves); });
+  report("a drag's move, repainted / painting the whole screen", drag[0] / drag[2], 0.25);
+  report("a drag's move without painting / painting the screen", drag[1] / drag[2], 0.05);
+  const Figures lives = inProcessOfItsOwn([] { return onAPhone(&manyLives); });
+  report("the last thousand of 10,000 banners / the first", lives[4] / lives[0], 1.0);
+  report("memory held after 10,000 banners / after 1,000", lives[5] / lives[1], 1.0);
+}
+
+}  // namespace bench

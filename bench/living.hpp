@@ -1,0 +1,8 @@
+// What a banner's life costs: a finger that moves it, and ten thousand of them one after the other.
+#pragma once
+
+namespace bench {
+
+void measureLiving();
+
+}  // namespace bench
