@@ -39,9 +39,10 @@ void BannerRules::count(const Json& events) {
 
 void BannerRules::expectDrag() {
   const objc::AutoreleasePool pool;
-  for (auto& [number, banner] : seen)
-    if (const auto controller = banner.controller.lock(); controller != nullptr && controller->brimView() != nullptr)
-      banner.mayStay = true;
+  for (auto& [number, banner] : seen) {
+    const auto controller = banner.controller.lock();
+    if (controller != nullptr && controller->brimView() != nullptr) banner.mayStay = true;
+  }
 }
 
 std::string BannerRules::brokenFlags(BannerController* controller, bool isOnScreen) const {

@@ -150,24 +150,28 @@ TEST_F(Keyboard, NamesItsReturnKeyAsTheFieldWants) {
   EXPECT_EQ(keyThat([](const auto& key) { return key.role == KeyRole::Return; }).label, "send");
 }
 
+bool areApart(const CGRect& a, const CGRect& b) {
+  return a.origin.x + a.size.width <= b.origin.x || b.origin.x + b.size.width <= a.origin.x ||
+         a.origin.y + a.size.height <= b.origin.y || b.origin.y + b.size.height <= a.origin.y;
+}
+
+void expectInsideAndApart(const std::vector<uikit::Key>& keys, const uikit::KeyboardSize& size) {
+  for (std::size_t first = 0; first < keys.size(); ++first) {
+    const CGRect& frame = keys[first].frame;
+    EXPECT_GE(frame.origin.x, 0);
+    EXPECT_LE(frame.origin.x + frame.size.width, size.width);
+    EXPECT_LE(frame.origin.y + frame.size.height, size.height());
+    for (std::size_t second = first + 1; second < keys.size(); ++second)
+      EXPECT_TRUE(areApart(frame, keys[second].frame)) << keys[first].label << " and " << keys[second].label;
+  }
+}
+
 TEST_F(Keyboard, KeysLieInsideAndApart) {
-  for (const uikit::KeyboardSize size : {uikit::KeyboardSize{320, 0}, {375, 34}, {414, 34}})
-    for (const auto plane :
-         {uikit::KeyboardPlane::Letters, uikit::KeyboardPlane::Numbers, uikit::KeyboardPlane::Symbols}) {
-      const auto all = uikit::keysOf(size, plane, uikit::Shift::On, "send");
-      for (std::size_t first = 0; first < all.size(); ++first) {
-        const CGRect& a = all[first].frame;
-        EXPECT_GE(a.origin.x, 0);
-        EXPECT_LE(a.origin.x + a.size.width, size.width);
-        EXPECT_LE(a.origin.y + a.size.height, size.height());
-        for (std::size_t second = first + 1; second < all.size(); ++second) {
-          const CGRect& b = all[second].frame;
-          EXPECT_TRUE(a.origin.x + a.size.width <= b.origin.x || b.origin.x + b.size.width <= a.origin.x ||
-                      a.origin.y + a.size.height <= b.origin.y || b.origin.y + b.size.height <= a.origin.y)
-              << all[first].label << " and " << all[second].label << " at width " << size.width;
-        }
-      }
-    }
+  using enum uikit::KeyboardPlane;
+  for (const uikit::KeyboardSize size : {uikit::KeyboardSize{320, 0}, {375, 34}, {414, 34}}) {
+    for (const auto plane : {Letters, Numbers, Symbols})
+      expectInsideAndApart(uikit::keysOf(size, plane, uikit::Shift::On, "send"), size);
+  }
 }
 
 }  // namespace
