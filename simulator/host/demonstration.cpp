@@ -5,9 +5,13 @@
 #include <system_error>
 #include <vector>
 
+#include "simulator/foundation/root.hpp"
 #include "simulator/host/command.hpp"
 #include "simulator/host/demonstration_data.hpp"
 #include "simulator/host/demonstration_samples.hpp"
+#include "simulator/host/iso_time.hpp"
+#include "simulator/host/process.hpp"
+#include "simulator/messages/chat_store.hpp"
 #include "simulator/url_loading/loading.hpp"
 
 namespace host {
@@ -22,6 +26,7 @@ class Demonstration {
 
   void show(const Sample& sample, const std::string& style) {
     obey(sample.preparation);
+    if (sample.reply != nullptr) storeMessage(sample.notification);
     Json present = {{"do", "present"}};
     present.update(sample.notification);
     obey({present});
@@ -29,8 +34,15 @@ class Demonstration {
     if (url_loading::requestsUnderWay() > 0) obey({{{"do", "await"}, {"for", "photo"}}});
     obey({let(0.6)});
     obey(sample.steps);
+    if (sample.reply != nullptr) obey({{{"do", "type"}, {"text", sample.reply}}, let(0.4)});
     takePicture(sample.name + ("-" + style));
-    obey({pushAway, let(8)});
+    // A banner that was answered goes by itself.
+    if (sample.reply != nullptr) {
+      sendReply();
+    } else {
+      obey({pushAway});
+    }
+    obey({let(8)});
     obey(sample.restoration);
   }
 
@@ -48,6 +60,25 @@ class Demonstration {
     const std::string path = (folder / (name + ".png")).string();
     obey({{{"do", "screenshot"}, {"path", path}}});
     std::printf("%s\n", path.c_str());
+  }
+
+  // What a message is an answer to is in the Messages app's store.
+  void storeMessage(const Json& notification) {
+    const std::string title = notification["title"];
+    const std::string thread = notification["thread"];
+    messages::ChatStore(foundation::root())
+        .addTo("iMessage;-;" + thread, title,
+               {messages::Direction::Received, notification["message"], 0, realTime(), false});
+  }
+
+  // Tells what the Messages app says that it has sent.
+  void sendReply() {
+    obey({{{"do", "log"}}, {{"do", "key"}, {"name", "return"}}, {{"do", "await"}, {"for", "message"}}});
+    const Json answer = session.run({{"do", "log"}});
+    for (const Json& event : answer["events"])
+      if (event["event"] == "message")
+        std::printf("sent to %s: %s\n", event["chat"].get<std::string>().c_str(),
+                    event["text"].get<std::string>().c_str());
   }
 
   void fail(const std::string& reason) {
@@ -69,7 +100,9 @@ int showAll(Session& session, const std::filesystem::path& folder, const std::st
   Demonstration demonstration(session, folder);
   for (const char* style : {"light", "dark"}) {
     demonstration.obey({{{"do", "appearance"}, {"style", style}}});
-    for (const Sample& sample : samples(address)) demonstration.show(sample, style);
+    for (const Sample& sample : samples(address))
+      // The platform's own banners have no field to type into.
+      if (sample.reply == nullptr || !librarySettings().empty()) demonstration.show(sample, style);
   }
   return demonstration.hasFailed() ? 1 : 0;
 }
@@ -82,6 +115,8 @@ int demonstrate(Session& session, const std::filesystem::path& folder) try {
 } catch (const std::filesystem::filesystem_error& error) {
   return complain(error.path1().string() + ": " + error.code().message());
 } catch (const CommandError& error) {
+  return complain(error.what());
+} catch (const messages::StoreError& error) {
   return complain(error.what());
 }
 

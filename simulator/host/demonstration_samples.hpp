@@ -16,6 +16,8 @@ struct Sample {
   // Puts back what the steps before the notification changed.
   std::vector<Json> preparation = {};
   std::vector<Json> restoration = {};
+  // Typed into the banner before its picture is taken, and sent off after it. Null for none.
+  const char* reply = nullptr;
 };
 
 // The step that lets so many seconds pass.

@@ -56,6 +56,8 @@ std::optional<double> parseIsoTime(std::string_view text) {
   return static_cast<double>(std::getenv("TZ") == nullptr ? timegm(&local) : std::mktime(&local)) + fraction;
 }
 
+double realTime() { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); }
+
 std::string isoTime(double unixTime) {
   const double whole = std::floor(unixTime);
   const auto seconds = static_cast<std::time_t>(whole);

@@ -1,4 +1,4 @@
-// Points in time as ISO 8601 text.
+// Points in time, in seconds since 1970 and as ISO 8601 text.
 #pragma once
 
 #include <optional>
@@ -11,6 +11,9 @@ namespace host {
 // offset it is in the phone's time zone: that of the environment's TZ, or UTC. In seconds since 1970; nothing for what
 // is no date.
 std::optional<double> parseIsoTime(std::string_view text);
+
+// Now, by the system's clock, whichever the phone goes by.
+double realTime();
 
 // In universal time, with milliseconds.
 std::string isoTime(double unixTime);

@@ -1,12 +1,12 @@
 #include "simulator/host/messages_tasks.hpp"
 
-#include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <iostream>
 #include <string>
 
+#include "simulator/host/iso_time.hpp"
 #include "simulator/host/root.hpp"
 #include "simulator/messages/chat_store.hpp"
 #include "simulator/springboard/bulletin_socket.hpp"
@@ -61,8 +61,6 @@ void print(const Chat& chat, const Message& message) {
   std::cout << (isNew ? "  * " : "    ") << timeText(message.time) << "  " << (isSent ? "me" : printable(nameOf(chat)))
             << ": " << printable(message.text) << "\n";
 }
-
-double realTime() { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); }
 
 }  // namespace
 

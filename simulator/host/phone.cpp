@@ -2,13 +2,12 @@
 
 #include <malloc.h>
 
-#include <chrono>
-
 #include "objc/autorelease_pool.hpp"
 #include "simulator/contacts/classes.hpp"
 #include "simulator/foundation/classes.hpp"
 #include "simulator/foundation/locale.hpp"
 #include "simulator/host/banner_state.hpp"
+#include "simulator/host/iso_time.hpp"
 #include "simulator/host/process.hpp"
 #include "simulator/host/root.hpp"
 #include "simulator/host/session.hpp"
@@ -31,8 +30,6 @@ void keepPicturesOutOfTheHeap() {
   constexpr int smallestPicture = 256 * 1024;
   mallopt(M_MMAP_THRESHOLD, smallestPicture);
 }
-
-double realTime() { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); }
 
 uikit::Environment environmentOf(const Options& options) {
   uikit::Environment environment;
