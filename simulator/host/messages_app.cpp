@@ -41,6 +41,15 @@ void end(int) {
   foundation::wakeMainThread();
 }
 
+// The home screen that launches it has prepared the root, in its own way.
+void enterRoot(const MessagesOptions& options) {
+  if (options.launch == Launch::ByHand) {
+    useRoot(options.phone.root);
+  } else if (const auto failure = foundation::useRoot(options.phone.root, options.database)) {
+    throw StartError(*failure);
+  }
+}
+
 Descriptor lockRoot() try {
   Descriptor lock = messages::lockInstance(messages::messagesFolder(foundation::root()));
   if (!lock.isOpen()) throw AlreadyRunning("the Messages app of " + foundation::root().string() + " runs already");
@@ -84,7 +93,7 @@ struct MessagesApp::State {
 
 MessagesApp::MessagesApp(const MessagesOptions& options) : state(std::make_unique<State>()) {
   ignoreSignalsOfWriting();
-  useRoot(options.phone.root);
+  enterRoot(options);
   state->lock = lockRoot();
   messages::ChatStore store = openStore();
   registerClasses(options.phone);

@@ -50,6 +50,12 @@ const std::vector<Row>& table() {
          options.launch = Launch::Suspended;
          return Complaint();
        }},
+      {"--user-defaults", nullptr,
+       "with --suspended: share the preferences and notifications of the user, not the root's",
+       [](MessagesOptions& options, const std::string&) {
+         options.database = foundation::DefaultsDatabase::OfUser;
+         return Complaint();
+       }},
   };
   return rows;
 }
@@ -62,6 +68,8 @@ std::variant<MessagesOptions, HelpRequest, OptionError> parseMessagesOptions(std
   if (options == nullptr) return parsed;
   if (options->task == MessagesTask::Receive && !options->text)
     return OptionError{"--receive " + options->chat + " wants the text of the message behind it"};
+  if (options->launch == Launch::Suspended && options->phone.root.empty())
+    return OptionError{"--suspended goes with --root"};
   if (options->task != MessagesTask::Receive && !options->sender.empty())
     return OptionError{"--from goes with --receive"};
   return parsed;

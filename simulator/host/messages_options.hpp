@@ -6,6 +6,7 @@
 #include <string>
 #include <variant>
 
+#include "simulator/foundation/root.hpp"
 #include "simulator/host/command_line.hpp"
 #include "simulator/host/options.hpp"
 
@@ -26,6 +27,8 @@ struct MessagesOptions {
   Options phone;
   MessagesTask task = MessagesTask::Run;
   Launch launch = Launch::ByHand;
+  // Of a launch by a home screen: whose preferences and notifications it shares.
+  foundation::DefaultsDatabase database = foundation::DefaultsDatabase::OfRoot;
   // Of the message that arrives: the chat's identifier, or the address of the one who writes.
   std::string chat = {};
   std::string sender = {};

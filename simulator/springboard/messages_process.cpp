@@ -51,10 +51,9 @@ std::optional<Child>& child() {
 }
 
 std::vector<std::string> commandLine() {
-  std::vector<std::string> words = {host::installation().messages, "--suspended", "--system",
-                                    uikit::environment().systemVersion};
-  if (foundation::defaultsDatabase() == foundation::DefaultsDatabase::OfRoot)
-    words.insert(words.end(), {"--root", foundation::root().string()});
+  std::vector<std::string> words = {host::installation().messages,      "--suspended", "--system",
+                                    uikit::environment().systemVersion, "--root",      foundation::root().string()};
+  if (foundation::defaultsDatabase() == foundation::DefaultsDatabase::OfUser) words.emplace_back("--user-defaults");
   return words;
 }
 

@@ -77,6 +77,19 @@ TEST_F(MessagesProcess, EndsWithTheHomeScreen) {
   EXPECT_TRUE(eventually([app] { return !test::isRunning(app); }));
 }
 
+TEST_F(MessagesProcess, TakesTheRootAsItsHomeScreenHasIt) {
+  HomeScreen home(root);
+  home.write(R"({"do":"log"}
+)");
+  const fs::path bundle = root / "Library/Application Support/Brim/Assets.bundle";
+  ASSERT_TRUE(eventually([&] { return fs::is_symlink(bundle); }));
+  fs::remove(bundle);
+  fs::create_symlink(root, bundle);
+  home.write(replying("At one!"));
+  ASSERT_TRUE(eventually([&] { return sentIn(root) == Texts{"At one!"}; }));
+  EXPECT_EQ(fs::read_symlink(bundle), root);
+}
+
 TEST_F(MessagesProcess, EndsWhenTheHomeScreenIsKilled) {
   HomeScreen home(root);
   home.write(replying("At one!"));
