@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <map>
+#include <regex>
 
 #include "tests/photos/photo_phone.hpp"
 
@@ -188,8 +189,10 @@ TEST(SlackPhoto, HostileNamesFindNobodyAndChangeNothing) {
   SlackPhone phone;
   phone.makeDatabase();
   const auto before = phone.files();
-  for (const std::string& name : {std::string("O'Brien"), std::string("''"), std::string("'"),
-                                  std::string("x%' UNION SELECT 'http//127.0.0.1/evil' --"),
+  // A query of the sender's own, for an address of the sender's own.
+  const std::string address = std::regex_replace(phone.server.address("/evil"), std::regex(":"), "' || char(58) || '");
+  const std::string query = "x%' UNION SELECT '" + address + "' --";
+  for (const std::string& name : {std::string("O'Brien"), std::string("''"), std::string("'"), query,
                                   std::string("x%'; DELETE FROM "
                                               "ZSLKDEPRECATEDCOREDATAUSER; --"),
                                   std::string("\\"), std::string("\\'"), std::string("\"Alice\""), std::string("🙂"),
