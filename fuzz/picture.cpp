@@ -1,0 +1,15 @@
+// The bytes of a picture, decoded and shown.
+#include "fuzz/phone.hpp"
+#include "objc/autorelease_pool.hpp"
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  fuzz::startPhone();
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  const objc::AutoreleasePool pool;
+  const objc::Ref<UIImage> picture = UIImage::withData(fuzz::dataOf(bytes, size));
+  if (picture != nullptr) fuzz::banner()->updateImage(picture);
+  return 0;
+}
