@@ -13,9 +13,13 @@ namespace {
 // Foundation reads nested collections of the oldest format recursively and without a limit.
 constexpr std::ptrdiff_t mostCollections = 1000;
 
+// GNUstep has a format of its own, which the phone does not know and which takes whatever memory the data asks for.
+constexpr unsigned char lastSignOfGNUstepsOwn = 1;
+
 bool isSafe(const NSData* data) {
   const auto* const bytes = static_cast<const unsigned char*>(data->bytes());
   if (isBinaryPropertyList({bytes, data->length()})) return isSoundBinaryPropertyList({bytes, data->length()});
+  if (bytes[0] <= lastSignOfGNUstepsOwn) return false;
   const std::string_view text(reinterpret_cast<const char*>(bytes), data->length());
   return text.starts_with("<?xml") || nestsSensibly(text);
 }

@@ -83,6 +83,16 @@ TEST_F(PropertyListParsing, RefusesAListThatUnfoldsWithoutEnd) {
 
 TEST_F(PropertyListParsing, RefusesWhatWouldUseUpTheStack) { EXPECT_EQ(parsed(std::string(100'000, '(')), nullptr); }
 
+TEST_F(PropertyListParsing, RefusesTheFormatThatOnlyGNUstepKnows) {
+  EXPECT_EQ(parsed(std::string("\x00\x04lbpyl", 7)), nullptr);
+  EXPECT_EQ(parsed(std::string("\x01\x04lbpyl", 7)), nullptr);
+  NSObject* const written = objc::send<NSObject*, "dataFromPropertyList:format:errorDescription:">(
+      NSPropertyListSerialization::classObject(), static_cast<NSObject*>("text"_ns), NSUInteger{1001},
+      static_cast<void*>(nullptr));
+  ASSERT_NE(written, nullptr);
+  EXPECT_EQ(NSPropertyListSerialization::propertyList(objc::as<NSData>(written)), nullptr);
+}
+
 TEST_F(PropertyListParsing, RefusesNothingAndNoData) {
   EXPECT_EQ(parsed(""), nullptr);
   EXPECT_EQ(NSPropertyListSerialization::propertyList(nullptr), nullptr);
