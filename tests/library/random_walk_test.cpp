@@ -16,7 +16,9 @@ constexpr std::size_t defaultSteps = 5000;
 constexpr std::size_t stepsBetweenRests = 200;
 // Until then pictures, fonts and formatters are loaded for the first time; settings keep a few values of their own.
 constexpr std::size_t restsUntilAllIsLoaded = 5;
-constexpr std::ptrdiff_t objectsThatMayStay = 40;
+constexpr std::size_t objectsThatMayStay = 40;
+// Foundation keeps a string now and then.
+constexpr std::size_t bannersToAStringThatStays = 40;
 
 // What a command that came by chance may be refused for.
 constexpr const char* reasons[] = {"there is no controller", "no longer on screen",         "was dismissed and is gone",
@@ -37,6 +39,7 @@ class Walk {
   explicit Walk(std::uint64_t start) : seed(start), commands(start, phone.root()) {}
 
   void run(std::size_t steps) {
+    openKeyboardOnce();
     for (std::size_t step = 1; step <= steps && !HasFailure(); ++step) {
       take(commands.next(rules.count()));
       if (step % stepsBetweenRests == 0 && !HasFailure()) rest();
@@ -53,6 +56,15 @@ class Walk {
     const Json answer = phone.answer(command);
     if (!answer.at("ok") && !isExpected(answer.at("error"))) return fail(answer.dump());
     if (const std::string problem = rules.broken(phone.log()); !problem.empty()) fail(problem);
+  }
+
+  // It stays for the next field, and is no banner's.
+  void openKeyboardOnce() {
+    take({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
+    take({{"do", "wait"}, {"seconds", 1}});
+    take({{"do", "drag"}, {"by", {0, 200}}});
+    take({{"do", "wait"}, {"seconds", 1}});
+    rest();
   }
 
   // Everything is sent away, and nothing may be left.
@@ -74,7 +86,8 @@ class Walk {
       return;
     }
     const std::ptrdiff_t held = rests < restsUntilAllIsLoaded ? 0 : test::liveObjects();
-    if (held > objectsThatMayStay) fail(std::to_string(held) + " objects are held that were not before");
+    const auto allowed = static_cast<std::ptrdiff_t>(objectsThatMayStay + rules.count() / bannersToAStringThatStays);
+    if (held > allowed) fail(std::to_string(held) + " objects are held that were not before");
   }
 
   void fail(const std::string& problem) {
