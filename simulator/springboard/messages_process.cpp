@@ -66,6 +66,7 @@ std::optional<Child> spawn() {
 
   const std::vector<std::string> words = commandLine();
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
 

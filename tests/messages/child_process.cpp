@@ -16,6 +16,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command) {
   const foundation::Descriptor readEnd(ends[0]);
   input = foundation::Descriptor(ends[1]);
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;

@@ -102,8 +102,8 @@ TEST_F(MessagesProcess, EndsWhenTheHomeScreenIsKilled) {
 
 TEST_F(MessagesProcess, OfManyStartedAtOnceIsOne) {
   std::vector<std::unique_ptr<ChildProcess>> apps;
-  for (int number = 0; number < 5; ++number)
-    apps.push_back(std::make_unique<ChildProcess>(Texts{MESSAGES, "--suspended", "--root", root}));
+  apps.resize(5);
+  for (auto& app : apps) app = std::make_unique<ChildProcess>(Texts{MESSAGES, "--suspended", "--root", root});
   const auto count = [&](const auto& predicate) { return std::ranges::count_if(apps, predicate); };
   ASSERT_TRUE(eventually([&] { return count([](const auto& app) { return app->hasEnded(); }) == 4; }));
   EXPECT_EQ(count([](const auto& app) { return app->hasSucceeded(); }), 4);
