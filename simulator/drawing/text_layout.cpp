@@ -42,7 +42,7 @@ class MeasureCache {
 
  private:
   static constexpr std::size_t longestKey = 4096;
-  static constexpr std::size_t mostEntries = 1024;
+  static constexpr std::size_t mostEntries = 256;
   std::unordered_map<std::string, Measure> measures_;
 };
 
