@@ -34,7 +34,8 @@ else()
   foreach(symbol IN LISTS exported)
     list(APPEND link -exported_symbol ${symbol})
   endforeach()
-  set(strip ${BRIM_STRIP} -x -o ${library} ${linked})
+  set(strip ${BRIM_STRIP} -x -o ${library} ${linked}
+            COMMAND ${CMAKE_COMMAND} -DFILE=${library} -P ${CMAKE_CURRENT_SOURCE_DIR}/check_size.cmake)
 endif()
 
 add_custom_command(
@@ -42,7 +43,7 @@ add_custom_command(
   COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/symbols
   COMMAND ${link} -o ${linked} $<TARGET_OBJECTS:brim_objects> ${stubs}
   COMMAND ${strip}
-  DEPENDS brim_objects $<TARGET_OBJECTS:brim_objects> ${stubs}
+  DEPENDS brim_objects $<TARGET_OBJECTS:brim_objects> ${stubs} ${CMAKE_CURRENT_SOURCE_DIR}/size_budget
   COMMENT "Linking Brim.dylib"
   COMMAND_EXPAND_LISTS VERBATIM)
 add_custom_target(dylib ALL DEPENDS ${library})
