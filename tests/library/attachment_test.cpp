@@ -167,6 +167,17 @@ INSTANTIATE_TEST_SUITE_P(Modes, ColourMode,
                                          ModeCase{"13.5", host::StartAppearance::Light, 1, white},
                                          ModeCase{"13.5", host::StartAppearance::Light, 3, grey}));
 
+TEST(FixedColourMode, OverridesTheControllersAppearance) {
+  Phone phone = phoneWith({{"containerColor", 3}});
+  const int dark = phone.present({{"title", "T"}});
+  EXPECT_EQ(test::controllerOf(dark)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Dark);
+  phone.run({{"do", "lock"}});
+  phone.run({{"do", "appearance"}, {"style", "dark"}});
+  phone.set("containerColor", 2);
+  const int light = phone.present({{"title", "T"}});
+  EXPECT_EQ(test::controllerOf(light)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Light);
+}
+
 TEST(ColourFollowUp, FadesToTheNewAppearance) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"title", "T"}});
@@ -226,6 +237,25 @@ TEST(Attachment, AlarmHasSnoozeAndStop) {
   EXPECT_FALSE(phone.view(controller, "_stopAlarmButton").is_null());
   EXPECT_TRUE(phone.view(controller, "_closeButton").is_null());
   EXPECT_TRUE(phone.view(controller, "reply").is_null());
+}
+
+TEST(Attachment, AlarmCannotBeAnswered) {
+  Phone phone = phoneWith({});
+  const Json reply = {{"key", "reply"}, {"identifier", "reply"}, {"title", "Reply"}, {"textInput", true}};
+  const int alarm = phone.present({{"section", "com.apple.mobiletimer"}, {"title", "Alarm"}, {"actions", {reply}}});
+  EXPECT_TRUE(test::containerOf(alarm)->isAlarm());
+  EXPECT_FALSE(test::containerOf(alarm)->canReply());
+}
+
+TEST(Attachment, BannerThatSaysLittleIsTinyWhereThatIsWanted) {
+  Phone phone = phoneWith({{"tinyBannerNoText", true}});
+  const auto isTiny = [&phone](const Json& notification) {
+    return objc::send<bool, "tinyBanner">(test::containerOf(phone.present(notification)));
+  };
+  EXPECT_TRUE(isTiny({{"title", "T"}}));
+  EXPECT_TRUE(isTiny({{"message", "M"}}));
+  EXPECT_TRUE(isTiny({{"title", ""}, {"message", "M"}}));
+  EXPECT_FALSE(isTiny({{"title", "T"}, {"message", "M"}}));
 }
 
 TEST(Attachment, WithoutBrimThePlatformsBannerStays) {
