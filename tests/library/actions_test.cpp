@@ -1,56 +1,24 @@
 #include <gtest/gtest.h>
 
 #include "simulator/uikit/environment.hpp"
+#include "tests/library/actions.hpp"
 #include "tests/library/controllers.hpp"
-#include "tests/library/phone.hpp"
 
 namespace {
 
+using test::action;
+using test::clear;
 using test::containerOf;
 using test::controllerOf;
+using test::eventsOf;
+using test::executed;
+using test::haptics;
+using test::Identifiers;
 using test::Json;
 using test::Phone;
-
-constexpr const char* snooze = "MTAlarmSnoozeAction";
-constexpr const char* close = "com.apple.UNNotificationCloseActionIdentifier";
-constexpr const char* clear = "com.apple.UNNotificationDismissActionIdentifier";
-
-int present(Phone& phone, const Json& fields = Json::object()) {
-  Json all = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", false}};
-  all.update(fields);
-  const int controller = phone.present(all);
-  phone.wait(1);
-  phone.log();
-  return controller;
-}
-
-Json action(const char* identifier, const char* key = "key") { return {{"key", key}, {"identifier", identifier}}; }
-
-int presentAlarm(Phone& phone, const Json& actions, bool hasClose = true) {
-  return present(phone, {{"section", "com.apple.mobiletimer"}, {"close", hasClose}, {"actions", actions}});
-}
-
-std::vector<Json> eventsOf(const Json& events, const std::string& kind) {
-  return test::nodes(events, [&](const Json& event) { return event.at("event") == kind; });
-}
-
-std::vector<std::string> executed(const Json& events) {
-  std::vector<std::string> found;
-  for (const Json& event : eventsOf(events, "action")) found.push_back(event.at("identifier"));
-  return found;
-}
-
-std::size_t haptics(const Json& events) { return eventsOf(events, "haptic").size() + eventsOf(events, "sound").size(); }
-
-std::vector<std::string> alarmActions(int controller) {
-  const objc::AutoreleasePool pool;
-  std::vector<std::string> found;
-  NSArray* actions = controllerOf(controller)->getAlarmActions();
-  for (NSUInteger index = 0; index < actions->count(); ++index)
-    found.push_back(
-        springboard::textOf(static_cast<NCNotificationAction*>(actions->objectAtIndex(index))->identifier()));
-  return found;
-}
+using test::presentAlarm;
+using test::presentAtRest;
+using test::snooze;
 
 void executeOnAlarm(int controller, NSUInteger index) {
   objc::send<void, "executeOnAlarmForView:action:">(controllerOf(controller).get(), containerOf(controller), index);
@@ -59,94 +27,6 @@ void executeOnAlarm(int controller, NSUInteger index) {
 void sendReply(int controller, NSString* text) {
   objc::send<void, "sendReplyForView:withText:">(controllerOf(controller).get(), static_cast<BrimContainer*>(nullptr),
                                                  text);
-}
-
-using Identifiers = std::vector<std::string>;
-
-TEST(AlarmActions, AreSnoozeAndClose) {
-  Phone phone;
-  EXPECT_EQ(alarmActions(presentAlarm(phone, Json::array({action(snooze)}))), (Identifiers{snooze, close}));
-}
-
-TEST(AlarmActions, AreCloseAloneWithoutASnooze) {
-  Phone phone;
-  EXPECT_EQ(alarmActions(presentAlarm(phone, Json::array())), Identifiers{close});
-}
-
-TEST(AlarmActions, AreNoneWithoutEither) {
-  Phone phone;
-  const int controller = presentAlarm(phone, Json::array(), false);
-  EXPECT_EQ(alarmActions(controller), Identifiers{});
-  EXPECT_NE(controllerOf(controller)->getAlarmActions(), nullptr);
-}
-
-TEST(AlarmActions, SnoozeIsFoundByAPartOfItsIdentifierInItsOwnCase) {
-  Phone phone;
-  EXPECT_EQ(alarmActions(presentAlarm(phone, Json::array({action("com.x.MTAlarmSnoozeAction.1")}))).size(), 2U);
-  phone.run({{"do", "lock"}});
-  EXPECT_EQ(alarmActions(presentAlarm(phone, Json::array({action("mtalarmsnoozeaction")}))), Identifiers{close});
-}
-
-TEST(AlarmActions, SnoozeInSecondPlaceIsNotFound) {
-  Phone phone;
-  EXPECT_EQ(alarmActions(presentAlarm(phone, {action("first"), action(snooze)})), Identifiers{close});
-}
-
-TEST(AlarmActions, ActionsWithoutAnIdentifierArePassedOver) {
-  Phone phone;
-  EXPECT_EQ(alarmActions(presentAlarm(phone, {{{"key", "a"}, {"title", "Nameless"}}, action(snooze, "b")})),
-            (Identifiers{snooze, close}));
-}
-
-TEST(AlarmActions, IndexChoosesTheAction) {
-  Phone phone;
-  const int controller = presentAlarm(phone, Json::array({action(snooze)}));
-  executeOnAlarm(controller, 1);
-  const Json events = phone.log();
-  EXPECT_EQ(executed(events), Identifiers{close});
-  EXPECT_EQ(eventsOf(events, "action")[0].at("animated"), false);
-  EXPECT_EQ(eventsOf(events, "action")[0].at("parameters"), Json::object());
-  EXPECT_EQ(haptics(events), 1U);
-  EXPECT_TRUE(phone.state(controller).at("isDismissing"));
-}
-
-TEST(AlarmActions, IndexOutsideTheListIsNoAction) {
-  Phone phone;
-  const int controller = presentAlarm(phone, Json::array({action(snooze)}));
-  for (const NSUInteger index : {NSUInteger{2}, NSUInteger{3}, ~NSUInteger{0}}) executeOnAlarm(controller, index);
-  EXPECT_EQ(executed(phone.log()), Identifiers{});
-  EXPECT_TRUE(phone.state(controller).at("isDismissing"));
-}
-
-TEST(AlarmActions, ViewMayBeNil) {
-  Phone phone;
-  const int controller = presentAlarm(phone, Json::array({action(snooze)}));
-  objc::send<void, "executeOnAlarmForView:action:">(controllerOf(controller).get(),
-                                                    static_cast<BrimContainer*>(nullptr), NSUInteger{0});
-  EXPECT_EQ(executed(phone.log()), Identifiers{snooze});
-  EXPECT_TRUE(phone.state(controller).at("isDismissing"));
-}
-
-TEST(AlarmButtons, SnoozeAndStopHandTheirActionsOver) {
-  Phone phone;
-  for (const auto& [label, identifier] : {std::pair{"Snooze", snooze}, {"Stop", close}}) {
-    const int controller = presentAlarm(phone, Json::array({action(snooze)}));
-    phone.run({{"do", "drag"}, {"by", {0, 200}}});
-    phone.wait(1);
-    phone.run({{"do", "tap"}, {"label", label}});
-    EXPECT_EQ(executed(phone.log()), Identifiers{identifier});
-    phone.wait(2);
-    EXPECT_TRUE(phone.state(controller).at("dismissed"));
-  }
-}
-
-TEST(AlarmButtons, StopAloneNamesTheOnlyAction) {
-  Phone phone;
-  presentAlarm(phone, Json::array());
-  phone.run({{"do", "drag"}, {"by", {0, 200}}});
-  phone.wait(1);
-  phone.run({{"do", "tap"}, {"label", "Stop"}});
-  EXPECT_EQ(executed(phone.log()), Identifiers{close});
 }
 
 struct ReplyCase {
@@ -161,8 +41,8 @@ class ReplyAction : public testing::TestWithParam<ReplyCase> {};
 
 TEST_P(ReplyAction, IsKnownByItsIdentifier) {
   Phone phone;
-  const int controller =
-      present(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action(GetParam().identifier)})}});
+  const int controller = presentAtRest(
+      phone, {{"section", "org.example.chat"}, {"actions", Json::array({action(GetParam().identifier)})}});
   EXPECT_EQ(controllerOf(controller)->getReplyAction() != nullptr, GetParam().isReply);
   EXPECT_EQ(controllerOf(controller)->canReply(), GetParam().isReply);
   EXPECT_EQ(!phone.view(controller, "reply").is_null(), GetParam().isReply);
@@ -177,15 +57,15 @@ INSTANTIATE_TEST_SUITE_P(Words, ReplyAction,
 
 TEST(ReplyAction, IsTheFirstThatFitsWhereverItStands) {
   Phone phone;
-  const int controller = present(
+  const int controller = presentAtRest(
       phone, {{"section", "org.example.chat"}, {"actions", {action("like"), action("sendLike"), action("reply")}}});
   EXPECT_STREQ(controllerOf(controller)->getReplyAction()->identifier()->UTF8String(), "sendLike");
 }
 
 TEST(ReplyAction, OfSeveralGroupsIsTheFirstInTheDictionarysOrder) {
   Phone phone;
-  const int controller =
-      present(phone, {{"section", "org.example.chat"}, {"actions", {action("reply.a", "a"), action("reply.b", "b")}}});
+  const int controller = presentAtRest(
+      phone, {{"section", "org.example.chat"}, {"actions", {action("reply.a", "a"), action("reply.b", "b")}}});
   const auto held = controllerOf(controller);
   NSDictionary* groups = held->notificationRequest()->supplementaryActions();
   auto* first = static_cast<NSArray*>(groups->objectForKey(groups->allKeys()->objectAtIndex(0)));
@@ -194,14 +74,15 @@ TEST(ReplyAction, OfSeveralGroupsIsTheFirstInTheDictionarysOrder) {
 
 TEST(ReplyAction, IsNotNeededByMessages) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentAtRest(phone);
   EXPECT_EQ(controllerOf(controller)->getReplyAction(), nullptr);
   EXPECT_TRUE(controllerOf(controller)->canReply());
 }
 
 TEST(Reply, IsHandedToTheActionWithTheTextAndClears) {
   Phone phone;
-  const int controller = present(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
+  const int controller =
+      presentAtRest(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
   sendReply(controller, "Yes, at noon"_ns);
   const auto actions = eventsOf(phone.log(), "action");
   ASSERT_EQ(actions.size(), 2U);
@@ -214,7 +95,8 @@ TEST(Reply, IsHandedToTheActionWithTheTextAndClears) {
 
 TEST(Reply, WithoutATextDoesNothing) {
   Phone phone;
-  const int controller = present(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
+  const int controller =
+      presentAtRest(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
   sendReply(controller, nullptr);
   phone.wait(1);
   EXPECT_EQ(phone.log(), Json::array());
@@ -223,7 +105,7 @@ TEST(Reply, WithoutATextDoesNothing) {
 
 TEST(Reply, ToMessagesGoesThroughTheMessagesAppInALaterTurn) {
   Phone phone;
-  const int controller = present(phone, {{"thread", "+491234567"}});
+  const int controller = presentAtRest(phone, {{"thread", "+491234567"}});
   sendReply(controller, "Yes"_ns);
   EXPECT_EQ(phone.log(), Json::array());
   phone.wait(0);
@@ -236,7 +118,7 @@ TEST(Reply, ToMessagesGoesThroughTheMessagesAppInALaterTurn) {
 
 TEST(Clear, HandsTheClearActionOverAndDismisses) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentAtRest(phone);
   controllerOf(controller)->attemptDelete(containerOf(controller));
   const Json events = phone.log();
   EXPECT_EQ(executed(events), Identifiers{clear});
@@ -246,7 +128,7 @@ TEST(Clear, HandsTheClearActionOverAndDismisses) {
 
 TEST(Clear, WithoutAClearActionStillDismissesQuietly) {
   Phone phone;
-  const int controller = present(phone, {{"clear", false}});
+  const int controller = presentAtRest(phone, {{"clear", false}});
   controllerOf(controller)->attemptDelete(containerOf(controller));
   EXPECT_EQ(phone.log(), Json::array());
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
@@ -254,7 +136,7 @@ TEST(Clear, WithoutAClearActionStillDismissesQuietly) {
 
 TEST(Silence, HandsItsActionOverAndNeverDismisses) {
   Phone phone;
-  const int controller = present(phone, {{"silence", true}});
+  const int controller = presentAtRest(phone, {{"silence", true}});
   objc::send<void, "attemptSilence:">(controllerOf(controller).get(), containerOf(controller));
   const Json events = phone.log();
   EXPECT_EQ(executed(events), Identifiers{"com.apple.UNNotificationSilenceActionIdentifier"});
@@ -265,7 +147,7 @@ TEST(Silence, HandsItsActionOverAndNeverDismisses) {
 
 TEST(Silence, WithoutItsActionDoesNothing) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentAtRest(phone);
   objc::send<void, "attemptSilence:">(controllerOf(controller).get(), containerOf(controller));
   EXPECT_EQ(phone.log(), Json::array());
 }
@@ -275,11 +157,11 @@ TEST(Haptic, IsNotPlayedWhenSwitchedOff) {
   const int alarm = presentAlarm(phone, Json::array({action(snooze)}));
   executeOnAlarm(alarm, 0);
   phone.wait(2);
-  const int silenced = present(phone, {{"silence", true}});
+  const int silenced = presentAtRest(phone, {{"silence", true}});
   objc::send<void, "attemptSilence:">(controllerOf(silenced).get(), containerOf(silenced));
   controllerOf(silenced)->attemptDelete(containerOf(silenced));
   phone.wait(2);
-  const int answered = present(phone);
+  const int answered = presentAtRest(phone);
   sendReply(answered, "Yes"_ns);
   phone.wait(2);
   EXPECT_EQ(haptics(phone.log()), 0U);
@@ -300,7 +182,7 @@ TEST_P(HapticKind, IsThatOfTheDevice) {
   uikit::Environment environment = uikit::environment();
   environment.device.feedbackSupportLevel = GetParam().level;
   uikit::setEnvironment(environment);
-  const int controller = present(phone);
+  const int controller = presentAtRest(phone);
   controllerOf(controller)->attemptDelete(containerOf(controller));
   EXPECT_EQ(phone.log()[1], GetParam().event);
 }

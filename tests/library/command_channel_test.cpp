@@ -7,14 +7,11 @@
 namespace {
 
 using test::controllerOf;
+using test::eventsOf;
 using test::Json;
 using test::Phone;
 
 const Json persistent = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", false}};
-
-std::vector<Json> eventsOf(const Json& events, const std::string& kind) {
-  return test::nodes(events, [&](const Json& event) { return event.at("event") == kind; });
-}
 
 std::string body(Phone& phone, int controller) { return phone.view(controller, "bodyLabel").value("text", ""); }
 

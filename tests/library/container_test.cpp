@@ -1,40 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "library/view/brim_container.hpp"
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_number.hpp"
 #include "tests/library/phone.hpp"
+#include "tests/library/shown_banner.hpp"
 
 namespace {
 
+using test::container;
 using test::Phone;
-
-objc::Ref<BrimContainer> container(NSString* header, NSString* subHeader, NSString* body) {
-  auto made = BrimContainer::make(nullptr, header, subHeader, body);
-  made->setColorSet(BrimColors::withMode(lightMode));
-  made->setHeaderFontSize(15);
-  made->setTextFontSize(13);
-  made->setTinyBannerFontSize(15);
-  made->setStatusbarFontSize(15);
-  made->setAppSize(40);
-  return made;
-}
-
-// A banner in a superview of a phone's width, laid out.
-struct Shown {
-  objc::Ref<UIView> superview = UIView::withFrame<UIView>({{0, 0}, {359, 100}});
-  objc::Ref<BrimContainer> banner;
-
-  explicit Shown(objc::Ref<BrimContainer> made) : banner(std::move(made)) {
-    superview->addSubview(banner);
-    superview->layoutIfNeeded();
-  }
-};
-
-std::string text(UILabel* label) {
-  NSString* const shown = label->text();
-  return shown == nullptr ? "(nil)" : shown->UTF8String();
-}
+using test::Shown;
+using test::text;
 
 TEST(Container, BuildsNothingBeforeItArrivesInASuperview) {
   const Phone phone;
@@ -119,174 +95,6 @@ TEST(Container, IsBuiltAnewAtEveryArrival) {
   shown.banner->removeFromSuperview();
   shown.superview->addSubview(shown.banner);
   EXPECT_NE(shown.banner->headerLabel(), first.get());
-}
-
-TEST(Height, DependsOnTheGrabber) {
-  const Phone phone;
-  auto banner = container(nullptr, nullptr, nullptr);
-  EXPECT_DOUBLE_EQ(banner->defaultHeight(), 16.67);
-  EXPECT_DOUBLE_EQ(banner->defaultExpandedHeight(), 57.67);
-  banner->setEnableGrabber(true);
-  EXPECT_DOUBLE_EQ(banner->defaultHeight(), 22);
-  EXPECT_DOUBLE_EQ(banner->defaultExpandedHeight(), 63);
-  EXPECT_DOUBLE_EQ(banner->defaultOffset(), -70);
-  EXPECT_DOUBLE_EQ(banner->defaultDismiss(), -20);
-}
-
-TEST(Height, IsFullyExpandedAtTheExpandedHeightOnly) {
-  const Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
-  EXPECT_FALSE(shown.banner->isFullyExpanded());
-  EXPECT_DOUBLE_EQ(shown.banner->offset(), -70);
-  shown.banner->updateHeight(shown.banner->defaultExpandedHeight());
-  EXPECT_TRUE(shown.banner->isFullyExpanded());
-}
-
-TEST(Height, AnimatedWithoutControlsIsReducedAndDirectIsNot) {
-  const Phone phone;
-  auto banner = container("A"_ns, nullptr, "B"_ns);
-  banner->setEnableGrabber(true);
-  const Shown shown(banner);
-  shown.banner->updateHeight(63, true, nullptr);
-  EXPECT_DOUBLE_EQ(shown.banner->height(), 33);
-  EXPECT_FALSE(shown.banner->isFullyExpanded());
-  shown.banner->updateHeight(63, false, nullptr);
-  EXPECT_DOUBLE_EQ(shown.banner->height(), 63);
-}
-
-TEST(Height, CompletionOfADirectChangeNeverRuns) {
-  Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
-  static int calls = 0;
-  const auto count = objc::block([](bool) { ++calls; });
-  shown.banner->updateTop(0, false, count);
-  shown.banner->updateTop(0, false, 1, count);
-  shown.banner->updateHeight(63, false, count);
-  const auto homeless = container("A"_ns, nullptr, "B"_ns);
-  homeless->updateTop(0, true, 1, count);
-  phone.wait(3);
-  EXPECT_EQ(calls, 0);
-  shown.banner->updateTop(0, true, count);
-  phone.wait(3);
-  EXPECT_EQ(calls, 1);
-}
-
-TEST(Height, MaxLineCountOfZeroShowsEverything) {
-  const Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "1\n2\n3\n4\n5\n6"_ns));
-  shown.banner->setMaxLineCount(0);
-  shown.superview->layoutIfNeeded();
-  EXPECT_EQ(shown.banner->bodyLabel()->measuredNumberOfLines(), 6u);
-  EXPECT_TRUE(shown.banner->showingAllLines());
-}
-
-TEST(Height, AnimationsLastThreeTwentiethsOfASecond) {
-  Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
-  static int calls = 0;
-  const auto count = objc::block([](bool finished) { calls += finished ? 1 : 0; });
-  shown.banner->updateTop(0, true, count);
-  shown.banner->updateHeight(63, true, count);
-  phone.wait(0.149);
-  EXPECT_EQ(calls, 0);
-  phone.wait(0.002);
-  EXPECT_EQ(calls, 2);
-}
-
-TEST(Height, AnimatedTopMovesInALaterTurn) {
-  Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
-  shown.banner->updateTop(0, true, nullptr);
-  EXPECT_DOUBLE_EQ(shown.banner->offset(), -70);
-  phone.wait(0);
-  EXPECT_DOUBLE_EQ(shown.banner->offset(), 0);
-}
-
-TEST(Height, MaxLineCountBelongsToTheHeaderOfATinyBanner) {
-  const Phone phone;
-  auto banner = container("A"_ns, nullptr, "1\n2\n3\n4"_ns);
-  banner->setTinyBanner(true);
-  const Shown shown(banner);
-  EXPECT_EQ(shown.banner->headerLabel()->measuredNumberOfLines(), 1u);
-  shown.banner->setMaxLineCount(0);
-  shown.superview->layoutIfNeeded();
-  EXPECT_EQ(shown.banner->headerLabel()->measuredNumberOfLines(), 4u);
-}
-
-TEST(Height, MaxLineCountBeforeTheLayoutIsUsedByIt) {
-  const Phone phone;
-  auto banner = container("A"_ns, nullptr, "1\n2\n3\n4"_ns);
-  EXPECT_FALSE(banner->showingAllLines());
-  banner->setMaxLineCount(3);
-  EXPECT_TRUE(banner->showingAllLines());
-  const Shown shown(banner);
-  EXPECT_EQ(shown.banner->bodyLabel()->measuredNumberOfLines(), 3u);
-}
-
-TEST(ContinuousUpdate, AppendsALine) {
-  const Phone phone;
-  const Shown shown(container("Anna"_ns, nullptr, "Hi"_ns));
-  shown.banner->updateForContinuousNotification("How are you?"_ns);
-  EXPECT_EQ(text(shown.banner->bodyLabel()), "Hi\nHow are you?");
-}
-
-TEST(ContinuousUpdate, RebuildsTheTinyLine) {
-  const Phone phone;
-  auto banner = container("Anna"_ns, nullptr, "Hi"_ns);
-  banner->setTinyBanner(true);
-  const Shown shown(banner);
-  shown.banner->updateForContinuousNotification("Later"_ns);
-  EXPECT_EQ(text(shown.banner->headerLabel()), "Anna: Hi\nLater");
-}
-
-TEST(ContinuousUpdate, KeepsTheTinyLinesHeaderBold) {
-  Phone phone({.options = {}, .settings = {{"tinyBanner", true}}});
-  const int controller = phone.present({{"title", "Anna"}, {"message", "Hi"}, {"dismissAutomatically", false}});
-  phone.run({{"do", "update"}, {"controller", controller}, {"message", "Later"}});
-  const test::Json runs = phone.view(controller, "headerLabel").at("runs");
-  ASSERT_EQ(runs.size(), 2u);
-  EXPECT_EQ(runs[0].at("text"), "Anna: ");
-  EXPECT_EQ(runs[0].at("weight"), "bold");
-  EXPECT_EQ(runs[1].at("text"), "Hi\nLater");
-  EXPECT_EQ(runs[1].at("weight"), "regular");
-}
-
-TEST(ContinuousUpdate, WithoutABodyStartsFromTheWordForNothing) {
-  const Phone phone;
-  const Shown shown(container("Anna"_ns, nullptr, nullptr));
-  shown.banner->updateForContinuousNotification("Later"_ns);
-  EXPECT_EQ(text(shown.banner->bodyLabel()), "(null)\nLater");
-}
-
-TEST(ContinuousUpdate, BeforeTheLayoutIsShownByIt) {
-  const Phone phone;
-  auto banner = container("Anna"_ns, nullptr, "Hi"_ns);
-  banner->setMaxLineCount(0);
-  banner->updateForContinuousNotification("Later"_ns);
-  const Shown shown(banner);
-  EXPECT_EQ(text(shown.banner->bodyLabel()), "Hi\nLater");
-}
-
-TEST(ContinuousUpdate, ShowContentOfATinyBannerAddsItsHeader) {
-  const Phone phone;
-  auto banner = container("Anna"_ns, nullptr, "Hi"_ns);
-  banner->setTinyBanner(true);
-  banner->setEnablePrivacy(true);
-  const Shown shown(banner);
-  ASSERT_EQ(text(shown.banner->headerLabel()), "Content hidden");
-  shown.banner->showContent();
-  EXPECT_EQ(text(shown.banner->headerLabel()), "Anna: \nAnna");
-}
-
-TEST(ContinuousUpdate, ShowContentGivesBackWhatPrivacyHid) {
-  const Phone phone;
-  auto banner = container("Anna"_ns, "Sub"_ns, "Hello"_ns);
-  banner->setEnablePrivacy(true);
-  const Shown shown(banner);
-  shown.banner->showContent();
-  EXPECT_EQ(text(shown.banner->headerLabel()), "Anna");
-  EXPECT_EQ(text(shown.banner->bodyLabel()), "Hello");
-  EXPECT_EQ(shown.banner->subHeaderLabel(), nullptr);
 }
 
 TEST(Overlay, StaysHiddenWithoutBackgroundBlur) {

@@ -1,43 +1,19 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "tests/library/phone.hpp"
+#include "tests/library/banner_layout.hpp"
 
 namespace {
 
+using test::bottom;
+using test::height;
 using test::Json;
+using test::left;
+using test::message;
 using test::Phone;
-
-// 21:41 in a zone without an offset.
-constexpr double evening = 1767303660;
-
-Phone phoneWith(std::map<std::string, Json> settings, const std::function<void(host::Options&)>& choose = nullptr) {
-  test::Setup setup;
-  setup.options.time = evening;
-  setup.settings = std::move(settings);
-  if (choose) choose(setup.options);
-  return Phone(setup);
-}
-
-Json message() { return {{"title", "Anna Weber"}, {"message", "Are we still on for lunch?"}}; }
-
-double left(const Json& view) { return view.at("frame").at(0); }
-double top(const Json& view) { return view.at("frame").at(1); }
-double width(const Json& view) { return view.at("frame").at(2); }
-double height(const Json& view) { return view.at("frame").at(3); }
-double right(const Json& view) { return left(view) + width(view); }
-double bottom(const Json& view) { return top(view) + height(view); }
-
-// What stands in a label's runs, bold text between asterisks.
-std::string marked(const Json& label) {
-  std::string text;
-  for (const Json& run : label.at("runs")) {
-    const std::string piece = run.at("text");
-    text += run.at("weight") == "bold" ? "*" + piece + "*" : piece;
-  }
-  return text;
-}
+using test::phoneWith;
+using test::right;
+using test::top;
+using test::width;
 
 TEST(Layout, BannerRestsAboveItsPlaceAndSpansTheNotificationView) {
   Phone phone = phoneWith({});
@@ -127,51 +103,6 @@ TEST(Layout, GrabberIsCentredAtTheBottomEdge) {
   EXPECT_DOUBLE_EQ(bottom(grabber), bottom(banner) - 6);
 }
 
-TEST(StatusLine, OffLeavesThreeBlanksThatHoldThePlace) {
-  Phone phone = phoneWith({{"statusbar", false}}, [](host::Options& options) { options.device = "iphone-8"; });
-  const int controller = phone.present(message());
-  phone.wait(1);
-  EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "   ");
-  EXPECT_EQ(phone.view(controller, "_nowLabel").at("text"), "   ");
-  EXPECT_DOUBLE_EQ(top(phone.view(controller, "_appIV")), top(phone.banner(controller)) + 44 + 15 + 15);
-}
-
-TEST(StatusLine, StandsLowerOnADeviceWithoutBottomSafeArea) {
-  Phone phone = phoneWith({}, [](host::Options& options) { options.device = "iphone-8"; });
-  const int controller = phone.present(message());
-  phone.wait(1);
-  EXPECT_DOUBLE_EQ(top(phone.view(controller, "_clockLabel")), 8 - 70 + 65);
-}
-
-TEST(StatusLine, StandsAtTheSafeAreaOnADeviceWithOne) {
-  Phone phone = phoneWith({}, [](host::Options& options) { options.device = "iphone-11-pro-max"; });
-  const int controller = phone.present(message());
-  phone.wait(1);
-  EXPECT_DOUBLE_EQ(top(phone.view(controller, "_clockLabel")), 44 - 70 + 44);
-}
-
-TEST(StatusLine, ClockShowsTwentyFourHoursByDefault) {
-  Phone phone = phoneWith({});
-  const int controller = phone.present(message());
-  EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "21:41");
-  EXPECT_EQ(phone.view(controller, "_nowLabel").at("text"), "now");
-}
-
-TEST(StatusLine, TwelveHourClockHasNoMarker) {
-  Phone phone = phoneWith({{"24_h_clock", false}});
-  const int controller = phone.present(message());
-  EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "9:41");
-}
-
-TEST(StatusLine, NowLabelIsInTheUsersLanguageAtTheTrailingEdge) {
-  Phone phone = phoneWith({}, [](host::Options& options) { options.locale = "de_DE"; });
-  const int controller = phone.present(message());
-  phone.wait(1);
-  const Json now = phone.view(controller, "_nowLabel");
-  EXPECT_EQ(now.at("text"), "jetzt");
-  EXPECT_DOUBLE_EQ(right(now), 375 - 8 - 34);
-}
-
 TEST(Layout, RightToLeftLanguageMirrorsTheBanner) {
   Phone phone = phoneWith({}, [](host::Options& options) { options.locale = "ar_EG"; });
   const int controller = phone.present({{"title", "ليلى"}, {"message", "مرحبا"}});
@@ -206,74 +137,6 @@ INSTANTIATE_TEST_SUITE_P(Sizes, IconRadius,
                                          RadiusCase{true, 4, 10, 2}, RadiusCase{true, 40, 10, 10},
                                          RadiusCase{false, 45, 30, 22}, RadiusCase{false, 40, 20, 20},
                                          RadiusCase{false, 40, 3, 3}));
-
-struct TinyCase {
-  const char* header;
-  const char* body;
-  const char* shown;
-};
-
-class TinyLine : public testing::TestWithParam<TinyCase> {};
-
-TEST_P(TinyLine, JoinsHeaderAndBody) {
-  Phone phone = phoneWith({{"tinyBanner", true}});
-  Json fields = Json::object();
-  if (GetParam().header != nullptr) fields["title"] = GetParam().header;
-  if (GetParam().body != nullptr) fields["message"] = GetParam().body;
-  const int controller = phone.present(fields);
-  phone.wait(1);
-  EXPECT_EQ(marked(phone.view(controller, "headerLabel")), GetParam().shown);
-  EXPECT_TRUE(phone.view(controller, "subHeaderLabel").is_null());
-  EXPECT_EQ(phone.view(controller, "bodyLabel").value("text", ""), "");
-  EXPECT_DOUBLE_EQ(width(phone.view(controller, "_appIV")), 20);
-}
-
-INSTANTIATE_TEST_SUITE_P(Texts, TinyLine,
-                         testing::Values(TinyCase{"John", "Hello", "*John: *Hello"},
-                                         TinyCase{"John : ", "Hello", "*John: *Hello"},
-                                         TinyCase{"Mail: ", "Hello", "*Mail: *Hello"},
-                                         TinyCase{"Jürgen : ", "Hallo", "*Jürgen : *Hallo"},
-                                         TinyCase{nullptr, "Alice\nHi there", "*Alice:* Hi there"},
-                                         TinyCase{nullptr, "Alice: one\ntwo", "*Alice:* one\ntwo"},
-                                         TinyCase{nullptr, "Hi there", "Hi there"}, TinyCase{"John", nullptr, "*John*"},
-                                         TinyCase{"😀", "👍🏽", "*😀: *👍🏽"}));
-
-TEST(TinyBanner, WithNothingToSayIsEmpty) {
-  Phone phone = phoneWith({{"tinyBanner", true}});
-  const int controller = phone.present();
-  phone.wait(1);
-  EXPECT_EQ(phone.view(controller, "headerLabel").value("text", ""), "");
-}
-
-TEST(TinyBanner, LineStandsOnePointBelowTheIconsTop) {
-  Phone phone = phoneWith({{"tinyBanner", true}});
-  const int controller = phone.present(message());
-  phone.wait(1);
-  EXPECT_DOUBLE_EQ(top(phone.view(controller, "headerLabel")), top(phone.view(controller, "_appIV")) + 1);
-  EXPECT_TRUE(phone.view(controller, "_appDetailImage").is_null());
-}
-
-class Privacy : public testing::TestWithParam<bool> {};
-
-TEST_P(Privacy, HidesEveryText) {
-  Phone phone = phoneWith({{"hide_unless_expanded", true}, {"tinyBanner", GetParam()}});
-  const int controller = phone.present({{"title", "Anna"}, {"subtitle", "Secret"}, {"message", "Hush"}});
-  phone.wait(1);
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("text"), "Content hidden");
-  EXPECT_EQ(phone.view(controller, "bodyLabel").value("text", ""), "");
-  EXPECT_TRUE(phone.view(controller, "subHeaderLabel").is_null());
-  const Json everything = phone.windows(controller);
-  EXPECT_EQ(everything.dump().find("Anna"), std::string::npos);
-  EXPECT_EQ(everything.dump().find("Hush"), std::string::npos);
-}
-
-INSTANTIATE_TEST_SUITE_P(NormalAndTiny, Privacy, testing::Bool());
-
-TEST(Privacy, SaysSoInTheUsersLanguage) {
-  Phone phone = phoneWith({{"hide_unless_expanded", true}}, [](host::Options& options) { options.locale = "de_DE"; });
-  const int controller = phone.present(message());
-  EXPECT_NE(phone.view(controller, "headerLabel").at("text"), "Content hidden");
-}
 
 std::vector<Json> blurs(const Json& trees) {
   return test::nodes(trees, [](const Json& node) { return node.contains("blur"); });
@@ -342,18 +205,5 @@ TEST(Layout, ReplyFieldLiesInTheButtonsPlace) {
   EXPECT_TRUE(background.at("hidden"));
   EXPECT_DOUBLE_EQ(row.at("alpha"), 0);
 }
-
-class Alignment : public testing::TestWithParam<std::pair<int, const char*>> {};
-
-TEST_P(Alignment, AppliesToAllTexts) {
-  Phone phone = phoneWith({{"textAlignment", GetParam().first}});
-  const int controller = phone.present({{"title", "A"}, {"subtitle", "B"}, {"message", "C"}});
-  for (const char* label : {"headerLabel", "subHeaderLabel", "bodyLabel"})
-    EXPECT_EQ(phone.view(controller, label).at("alignment"), GetParam().second);
-}
-
-INSTANTIATE_TEST_SUITE_P(Settings, Alignment,
-                         testing::Values(std::pair(0, "natural"), std::pair(1, "left"), std::pair(2, "center"),
-                                         std::pair(3, "right"), std::pair(9, "natural"), std::pair(-1, "natural")));
 
 }  // namespace

@@ -118,4 +118,8 @@ Json firstNode(const Json& trees, const std::string& field, const Json& value) {
   return found.empty() ? Json() : found.front();
 }
 
+std::vector<Json> eventsOf(const Json& events, const std::string& kind) {
+  return nodes(events, [&](const Json& event) { return event.at("event") == kind; });
+}
+
 }  // namespace test

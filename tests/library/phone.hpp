@@ -64,5 +64,7 @@ class Phone {
 std::vector<Json> nodes(const Json& trees, const std::function<bool(const Json&)>& matches);
 // The first node with that value in that field, null where there is none.
 Json firstNode(const Json& trees, const std::string& field, const Json& value);
+// The events of that kind.
+std::vector<Json> eventsOf(const Json& events, const std::string& kind);
 
 }  // namespace test

@@ -9,12 +9,9 @@
 
 namespace {
 
+using test::eventsOf;
 using test::Json;
 using test::Phone;
-
-std::vector<Json> eventsOf(const Json& events, const std::string& kind) {
-  return test::nodes(events, [&](const Json& event) { return event.at("event") == kind; });
-}
 
 Json askForTestBanner(Phone& phone) {
   phone.log();

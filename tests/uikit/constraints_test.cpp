@@ -1,23 +1,8 @@
-#include <cmath>
-#include <functional>
-
-#include "simulator/uikit/layout_constraint.hpp"
-#include "simulator/uikit/window.hpp"
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/constraints.hpp"
 
 namespace test {
 
 namespace {
-
-class Constraints : public Stage {
- public:
-  objc::Ref<UIView> root = UIView::withFrame<UIView>({{}, {400, 300}});
-};
-
-NSLayoutConstraint* withPriority(NSLayoutConstraint* constraint, float priority) {
-  objc::send<void, "setPriority:">(constraint, priority);
-  return constraint;
-}
 
 NSLayoutConstraint* dimension(NSLayoutDimension* self, NSLayoutDimension* other, double multiplier) {
   return objc::send<NSLayoutConstraint*, "constraintEqualToAnchor:multiplier:">(self, other, multiplier);
@@ -27,26 +12,10 @@ NSLayoutConstraint* atMost(NSLayoutAnchor* self, NSLayoutAnchor* other) {
   return objc::send<NSLayoutConstraint*, "constraintLessThanOrEqualToAnchor:">(self, other);
 }
 
-void pinTopLeft(UIView* view, UIView* parent, double x, double y) {
-  view->leadingAnchor()->equalTo(parent->leadingAnchor(), x)->setActive(true);
-  view->topAnchor()->equalTo(parent->topAnchor(), y)->setActive(true);
-}
-
-void fixSize(UIView* view, double width, double height) {
-  view->widthAnchor()->equalToConstant(width)->setActive(true);
-  view->heightAnchor()->equalToConstant(height)->setActive(true);
-}
-
 void speakRightToLeft() {
   uikit::Environment environment;
   environment.direction = uikit::LayoutDirection::RightToLeft;
   uikit::setEnvironment(environment);
-}
-
-std::string standardErrorOf(const std::function<void()>& work) {
-  testing::internal::CaptureStderr();
-  work();
-  return testing::internal::GetCapturedStderr();
 }
 
 }  // namespace
@@ -236,72 +205,6 @@ TEST_F(Constraints, AutoresizedViewInsideAPlacedOneGrowsWithIt) {
   EXPECT_EQ(mark->frame().origin.x, 119);
 }
 
-TEST_F(Constraints, ConflictIsNamedOnceAndTheRestHolds) {
-  const auto view = addConstrainedView(root);
-  pinTopLeft(view, root, 10, 10);
-  fixSize(view, 50, 50);
-  NSLayoutConstraint* tooMuch = view->widthAnchor()->equalToConstant(70)->activated();
-  const std::string told = standardErrorOf([&] { root->layoutIfNeeded(); });
-  EXPECT_NE(told.find(".width == 70"), std::string::npos) << told;
-  EXPECT_EQ(told.find(".width == 50"), std::string::npos) << told;
-  EXPECT_EQ(view->frame(), (CGRect{{10, 10}, {50, 50}}));
-  const std::string again = standardErrorOf([&] {
-    tooMuch->setConstant(71);
-    root->layoutIfNeeded();
-  });
-  EXPECT_EQ(again, "");
-}
-
-TEST_F(Constraints, WithoutACommonAncestorStayInactive) {
-  const auto stranger = UIView::withFrame<UIView>({});
-  NSLayoutConstraint* constraint = root->leadingAnchor()->equalTo(stranger->leadingAnchor());
-  const std::string told = standardErrorOf([&] { constraint->setActive(true); });
-  EXPECT_NE(told.find("no common ancestor"), std::string::npos) << told;
-  EXPECT_FALSE(constraint->isActive());
-}
-
-TEST_F(Constraints, OfAViewThatIsGoneStayInactive) {
-  NSLayoutConstraint* constraint = nullptr;
-  {
-    const objc::AutoreleasePool pool;
-    const auto view = UIView::withFrame<UIView>({});
-    constraint = objc::retain(view->widthAnchor()->equalToConstant(5)).leak();
-  }
-  const auto kept = objc::adopt(constraint);
-  const std::string told = standardErrorOf([&] { kept->setActive(true); });
-  EXPECT_NE(told.find("gone"), std::string::npos) << told;
-  EXPECT_FALSE(kept->isActive());
-}
-
-TEST_F(Constraints, RemovedViewLeavesItsTiesButKeepsItsOwn) {
-  const auto view = addConstrainedView(root);
-  const auto inner = addConstrainedView(view);
-  NSLayoutConstraint* tie = view->leadingAnchor()->equalTo(root->leadingAnchor())->activated();
-  NSLayoutConstraint* deepTie = inner->topAnchor()->equalTo(root->topAnchor())->activated();
-  NSLayoutConstraint* own = view->widthAnchor()->equalToConstant(5)->activated();
-  NSLayoutConstraint* inside = inner->leadingAnchor()->equalTo(view->leadingAnchor())->activated();
-  view->removeFromSuperview();
-  EXPECT_FALSE(tie->isActive());
-  EXPECT_FALSE(deepTie->isActive());
-  EXPECT_TRUE(own->isActive());
-  EXPECT_TRUE(inside->isActive());
-  root->layoutIfNeeded();
-}
-
-TEST_F(Constraints, InactiveOnesDoNothing) {
-  const auto view = addConstrainedView(root);
-  pinTopLeft(view, root, 0, 0);
-  fixSize(view, 10, 10);
-  NSLayoutConstraint* wider = view->widthAnchor()->equalToConstant(99);
-  root->layoutIfNeeded();
-  EXPECT_EQ(view->frame().size.width, 10);
-  withPriority(wider, 1)->setActive(true);
-  wider->setActive(false);
-  wider->setActive(false);
-  root->layoutIfNeeded();
-  EXPECT_EQ(view->frame().size.width, 10);
-}
-
 TEST_F(Constraints, AtMostLimits) {
   const auto text = ParagraphView::withLength(100);
   root->addSubview(text);
@@ -309,37 +212,6 @@ TEST_F(Constraints, AtMostLimits) {
   atMost(text->trailingAnchor(), root->trailingAnchor())->setActive(true);
   root->layoutIfNeeded();
   EXPECT_EQ(text->frame().size, (CGSize{400, 30}));
-}
-
-TEST_F(Constraints, LayoutReachesSubviewsOnceAndOnlyWhereNeeded) {
-  const auto outer = ProbeView::named("outer");
-  const auto inner = ProbeView::named("inner");
-  outer->addSubview(inner);
-  root->addSubview(outer);
-  takeJournal();
-  root->layoutIfNeeded();
-  EXPECT_EQ(takeJournal(), (Journal{"outer layoutSubviews", "inner layoutSubviews"}));
-  root->layoutIfNeeded();
-  EXPECT_EQ(takeJournal(), Journal{});
-  objc::send<void, "setNeedsLayout">(inner.get());
-  root->layoutIfNeeded();
-  EXPECT_EQ(takeJournal(), Journal{"inner layoutSubviews"});
-  inner->setFrame({{}, {7, 7}});
-  inner->layoutIfNeeded();
-  EXPECT_EQ(takeJournal(), Journal{"inner layoutSubviews"});
-}
-
-TEST_F(Constraints, MovedViewIsPlacedInItsNewTree) {
-  const auto view = addConstrainedView(root);
-  fixSize(view, 10, 10);
-  pinTopLeft(view, root, 1, 1);
-  root->layoutIfNeeded();
-  const auto other = UIView::withFrame<UIView>({{}, {50, 50}});
-  other->addSubview(view);
-  pinTopLeft(view, other, 20, 20);
-  other->layoutIfNeeded();
-  EXPECT_EQ(view->frame(), (CGRect{{20, 20}, {10, 10}}));
-  root->layoutIfNeeded();
 }
 
 }  // namespace test

@@ -1,30 +1,21 @@
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"
-#include "tests/library/phone.hpp"
+#include "tests/library/drags.hpp"
 
 namespace {
 
 using test::containerOf;
 using test::controllerOf;
+using test::drag;
+using test::eventsOf;
 using test::Json;
 using test::Phone;
+using test::presentThreeLines;
 
 constexpr double resting = 22;
 constexpr double expanded = 63;
 constexpr double restingOffset = -70;
-
-int present(Phone& phone, const Json& fields = Json::object()) {
-  Json all = {{"title", "Anna"}, {"message", "Hello\nAnna\nhere"}, {"dismissAutomatically", true}};
-  all.update(fields);
-  const int controller = phone.present(all);
-  phone.wait(1);
-  return controller;
-}
-
-Json drag(double distance, const char* end = "release", int steps = 1) {
-  return {{"do", "drag"}, {"by", {0, distance}}, {"end", end}, {"steps", steps}};
-}
 
 double number(Phone& phone, int controller, const char* field) {
   return phone.state(controller).at(field).get<double>();
@@ -41,13 +32,9 @@ void hideLinesAgain(BrimContainer* banner) {
   ASSERT_FALSE(banner->showingAllLines());
 }
 
-std::vector<Json> distributed(const Json& events) {
-  return test::nodes(events, [](const Json& event) { return event.at("event") == "distributed"; });
-}
-
 TEST(Drag, UpwardsTakesTheBannerAlongWhileTheFingerMoves) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(-10, "hold"));
   EXPECT_DOUBLE_EQ(number(phone, controller, "offset"), restingOffset - 10);
   phone.run(drag(-5, "hold"));
@@ -57,7 +44,7 @@ TEST(Drag, UpwardsTakesTheBannerAlongWhileTheFingerMoves) {
 
 TEST(Drag, ReleasedAboveTheThresholdSpringsBackAndShowsAllLines) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(-19, "release"));
   EXPECT_DOUBLE_EQ(number(phone, controller, "offset"), restingOffset);
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
@@ -67,7 +54,7 @@ TEST(Drag, ReleasedAboveTheThresholdSpringsBackAndShowsAllLines) {
 
 TEST(Drag, SpringsBackInThreeTwentiethsOfASecond) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
-  present(phone);
+  presentThreeLines(phone);
   phone.run(drag(-19, "release"));
   const std::string start = phone.picture();
   phone.wait(0.149);
@@ -82,7 +69,7 @@ TEST(Drag, SpringsBackInThreeTwentiethsOfASecond) {
 
 TEST(Drag, ReleasedAtTheThresholdDismisses) {
   Phone phone;
-  const int controller = present(phone, {{"dismissAutomatically", false}});
+  const int controller = presentThreeLines(phone, {{"dismissAutomatically", false}});
   phone.run(drag(-20, "release"));
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
   EXPECT_TRUE(phone.state(controller).at("dismissNotification"));
@@ -90,14 +77,14 @@ TEST(Drag, ReleasedAtTheThresholdDismisses) {
 
 TEST(Drag, CancelledCountsAsReleased) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(-60, "cancel"));
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
 TEST(Drag, ThatDismissesForgetsWhatWasTyped) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(100));
   phone.wait(1);
   phone.run({{"do", "type"}, {"text", "Yes"}});
@@ -105,12 +92,12 @@ TEST(Drag, ThatDismissesForgetsWhatWasTyped) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
   EXPECT_EQ(phone.view(controller, "reply").at("text"), "");
   phone.wait(2);
-  EXPECT_TRUE(test::nodes(phone.log(), [](const Json& event) { return event.at("event") == "action"; }).empty());
+  EXPECT_TRUE(eventsOf(phone.log(), "action").empty());
 }
 
 TEST(Drag, DownwardsGrowsTheBannerByAQuarterOfTheWayAtEveryMove) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(20, "hold"));
   EXPECT_DOUBLE_EQ(number(phone, controller, "height"), resting + 5);
   phone.run(drag(20, "hold"));
@@ -120,7 +107,7 @@ TEST(Drag, DownwardsGrowsTheBannerByAQuarterOfTheWayAtEveryMove) {
 
 TEST(Drag, ReleasedDownwardsOpensTheBannerWhole) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(12));
   EXPECT_DOUBLE_EQ(number(phone, controller, "height"), expanded);
   EXPECT_TRUE(phone.state(controller).at("expanded"));
@@ -130,7 +117,7 @@ TEST(Drag, ReleasedDownwardsOpensTheBannerWhole) {
 
 TEST(Drag, StaysBetweenTheRestingAndTheFullHeight) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(700, "hold"));
   EXPECT_DOUBLE_EQ(number(phone, controller, "height"), expanded);
   EXPECT_DOUBLE_EQ(alphaOf(phone, controller, "_buttonStackView"), 1);
@@ -141,7 +128,7 @@ TEST(Drag, StaysBetweenTheRestingAndTheFullHeight) {
 
 TEST(Drag, BackToTheRestingHeightHidesTheButtons) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   BrimContainer* banner = containerOf(controller);
   banner->updateHeight(30);
   controllerOf(controller)->expandBanner(-1000, banner, false, nullptr);
@@ -153,7 +140,7 @@ TEST(Drag, BackToTheRestingHeightHidesTheButtons) {
 
 TEST(Drag, FadesTheButtonsInWithTheHeightBeforeTheMove) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(40, "hold"));
   EXPECT_DOUBLE_EQ(alphaOf(phone, controller, "_buttonStackView"), 0);
   phone.run(drag(1, "hold"));
@@ -163,7 +150,7 @@ TEST(Drag, FadesTheButtonsInWithTheHeightBeforeTheMove) {
 
 TEST(Drag, UpwardsOnAPartlyOpenBannerThatHidesLinesOpensItWhole) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   hideLinesAgain(containerOf(controller));
   phone.run(drag(60, "hold"));
   ASSERT_GT(number(phone, controller, "height"), resting);
@@ -175,7 +162,7 @@ TEST(Drag, UpwardsOnAPartlyOpenBannerThatHidesLinesOpensItWhole) {
 
 TEST(Drag, UpwardsOnAPartlyOpenBannerThatShowsItsLinesDismisses) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(60, "hold"));
   phone.run(drag(-100, "release"));
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
@@ -183,7 +170,7 @@ TEST(Drag, UpwardsOnAPartlyOpenBannerThatShowsItsLinesDismisses) {
 
 TEST(Drag, UpwardsOnAnOpenBannerDismisses) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(100));
   phone.wait(1);
   phone.run(drag(-30));
@@ -192,7 +179,7 @@ TEST(Drag, UpwardsOnAnOpenBannerDismisses) {
 
 TEST(Drag, WhileTheBannerLeavesChangesNothing) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(-12, "hold"));
   test::command({{"command", "dismiss"}});
   phone.wait(0.1);
@@ -204,7 +191,7 @@ TEST(Drag, WhileTheBannerLeavesChangesNothing) {
 
 TEST(Drag, OfABannerThatHasGoneChangesNothing) {
   Phone phone;
-  present(phone);
+  presentThreeLines(phone);
   phone.run(drag(30, "hold"));
   test::command({{"command", "dismissnoani"}});
   phone.run(drag(60, "hold"));
@@ -215,7 +202,7 @@ TEST(Drag, OfABannerThatHasGoneChangesNothing) {
 // The recogniser outlives the banner's time on screen, and its last event may come then.
 TEST(Drag, ThatEndsAfterTheBannerHasGoneDoesNotHoldBackLaterOnes) {
   Phone phone;
-  const int controller = present(phone);
+  const int controller = presentThreeLines(phone);
   phone.run(drag(200, "hold"));
   const auto held = controllerOf(controller);
   const auto banner = objc::retain(held->brimView());
@@ -229,7 +216,7 @@ TEST(Drag, ThatEndsAfterTheBannerHasGoneDoesNotHoldBackLaterOnes) {
 
 TEST(Drag, WithoutAnythingToShowWritesOnlyTheFlag) {
   Phone phone;
-  const int controller = present(phone, {{"section", "com.apple.mobilemail"}});
+  const int controller = presentThreeLines(phone, {{"section", "com.apple.mobilemail"}});
   BrimContainer* banner = containerOf(controller);
   ASSERT_TRUE(banner->showingAllLines());
   controllerOf(controller)->expandBanner(1000, banner, false, nullptr);
@@ -239,133 +226,11 @@ TEST(Drag, WithoutAnythingToShowWritesOnlyTheFlag) {
 
 TEST(Drag, OpensABannerWithoutControlsByElevenPointsWhereItHidesLines) {
   Phone phone;
-  const int controller = present(phone, {{"section", "com.apple.mobilemail"}});
+  const int controller = presentThreeLines(phone, {{"section", "com.apple.mobilemail"}});
   hideLinesAgain(containerOf(controller));
   phone.run(drag(12));
   EXPECT_DOUBLE_EQ(number(phone, controller, "height"), resting + 11);
   EXPECT_FALSE(phone.state(controller).at("expanded"));
-}
-
-// The field has been faded in by the drag itself, so that nothing is left to animate.
-TEST(Drag, OpensTheReplyFieldAtOnceWhereThereAreNoButtons) {
-  Phone phone;
-  const int controller = present(phone);
-  phone.run(drag(100));
-  phone.wait(0.001);
-  EXPECT_TRUE(containerOf(controller)->reply()->isFirstResponder());
-}
-
-TEST(Drag, LeavesTheReplyToItsButtonWhereThereIsOne) {
-  Phone phone({.options = {}, .settings = {{"showButtons", true}}});
-  const int controller = present(phone);
-  phone.run(drag(100));
-  phone.wait(1);
-  EXPECT_FALSE(containerOf(controller)->reply()->isFirstResponder());
-}
-
-TEST(Drag, ShowsWhatPrivacyHid) {
-  Phone phone({.options = {}, .settings = {{"hide_unless_expanded", true}}});
-  const int controller = present(phone);
-  ASSERT_EQ(phone.view(controller, "headerLabel").at("text"), "Content hidden");
-  phone.run(drag(12));
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("text"), "Anna");
-  EXPECT_EQ(phone.view(controller, "bodyLabel").at("text"), "Hello\nAnna\nhere");
-}
-
-TEST(Drag, ThatSpringsBackKeepsContentHidden) {
-  Phone phone({.options = {}, .settings = {{"hide_unless_expanded", true}}});
-  const int controller = present(phone);
-  phone.run(drag(-12));
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("text"), "Content hidden");
-}
-
-struct ReadCase {
-  const char* name;
-  const char* section;
-  int mode;
-  std::size_t posts;
-};
-
-std::ostream& operator<<(std::ostream& out, const ReadCase& each) { return out << each.name; }
-
-class ReadWhenOpened : public testing::TestWithParam<ReadCase> {};
-
-TEST_P(ReadWhenOpened, IsForMessagesInThatModeOnly) {
-  Phone phone({.options = {}, .settings = {{"messagesAutoReadMode", GetParam().mode}}});
-  present(phone, {{"section", GetParam().section}, {"thread", "+491234567"}});
-  phone.log();
-  phone.run(drag(12));
-  EXPECT_EQ(distributed(phone.log()).size(), GetParam().posts);
-}
-
-INSTANTIATE_TEST_SUITE_P(Modes, ReadWhenOpened,
-                         testing::Values(ReadCase{"MessagesWhenOpened", "com.apple.MobileSMS", 1, 1},
-                                         ReadCase{"MessagesWhenAnswered", "com.apple.MobileSMS", 2, 0},
-                                         ReadCase{"MessagesNever", "com.apple.MobileSMS", 0, 0},
-                                         ReadCase{"Mail", "com.apple.mobilemail", 1, 0}),
-                         [](const auto& each) { return each.param.name; });
-
-TEST(HomeButton, SendsABannerThatMustStayAwayWithoutAnimation) {
-  Phone phone;
-  const int controller = present(phone, {{"dismissAutomatically", false}});
-  phone.run({{"do", "press"}, {"type", 101}, {"force", 0}});
-  EXPECT_FALSE(phone.state(controller).at("brim"));
-  EXPECT_TRUE(phone.state(controller).at("dismissed"));
-}
-
-TEST(HomeButton, OtherPressesLeaveTheBannerAlone) {
-  Phone phone;
-  const int controller = present(phone, {{"dismissAutomatically", false}});
-  for (const auto& [type, force] : {std::pair{101, 1}, {101, 2}, {102, 0}, {0, 0}, {-101, 0}})
-    phone.run({{"do", "press"}, {"type", type}, {"force", force}});
-  phone.wait(1);
-  EXPECT_TRUE(phone.state(controller).at("brim"));
-  EXPECT_FALSE(phone.state(controller).at("isDismissing"));
-}
-
-TEST(HomeButton, LeavesABannerThatMayGoToItsTimer) {
-  Phone phone;
-  const int controller = present(phone);
-  phone.run({{"do", "press"}, {"type", 101}, {"force", 0}});
-  phone.wait(1);
-  EXPECT_TRUE(phone.state(controller).at("brim"));
-}
-
-TEST(LongLook, IsKeptFromBanners) {
-  Phone phone;
-  const int controller = present(phone);
-  phone.log();
-  for (const char* kind : {"scroll", "click", "trigger"})
-    phone.run({{"do", "longlook"}, {"controller", controller}, {"kind", kind}});
-  EXPECT_EQ(phone.log(), Json::array());
-}
-
-TEST(LongLook, ReachesThePlatformForAControllerOutsideTheBannerWindow) {
-  Phone phone;
-  const int controller = present(phone);
-  const auto held = controllerOf(controller);
-  test::command({{"command", "dismissnoani"}});
-  ASSERT_FALSE(held->isPartOfBanner());
-  phone.log();
-  phone.run({{"do", "longlook"}, {"controller", controller}});
-  EXPECT_EQ(phone.log(), Json::array({{{"event", "longlook"}, {"controller", controller}}}));
-}
-
-TEST(BannerWindow, CanTakeTheKeyboard) {
-  Phone phone;
-  const int controller = present(phone);
-  EXPECT_TRUE((objc::send<bool, "_canBecomeKeyWindow">(containerOf(controller)->window())));
-}
-
-TEST(BannerWindow, KnowsTheFirstStatusBarWindow) {
-  Phone phone;
-  const Class statusBarWindow = reinterpret_cast<Class>(objc_getClass("UIStatusBarWindow"));
-  auto* shared = objc::send<UIWindow*, "brimSharedWindow">(statusBarWindow);
-  ASSERT_NE(shared, nullptr);
-  const auto another = objc::adopt(
-      objc::send<UIWindow*, "initWithFrame:">(objc::send<id, "alloc">(statusBarWindow), CGRect{{0, 0}, {10, 10}}));
-  EXPECT_EQ((objc::send<UIWindow*, "brimSharedWindow">(statusBarWindow)), shared);
-  EXPECT_NE(another.get(), shared);
 }
 
 }  // namespace

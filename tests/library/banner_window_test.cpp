@@ -1,0 +1,86 @@
+// What the platform does to the window that banners lie in: presses of the home button, long looks, the keyboard.
+#include <gtest/gtest.h>
+
+#include "tests/library/controllers.hpp"
+#include "tests/library/phone.hpp"
+
+namespace {
+
+using test::containerOf;
+using test::controllerOf;
+using test::Json;
+using test::Phone;
+
+const Json banner = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", true}};
+const Json persistent = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", false}};
+
+int present(Phone& phone, const Json& fields = banner) {
+  const int controller = phone.present(fields);
+  phone.wait(1);
+  return controller;
+}
+
+TEST(HomeButton, SendsABannerThatMustStayAwayWithoutAnimation) {
+  Phone phone;
+  const int controller = present(phone, persistent);
+  phone.run({{"do", "press"}, {"type", 101}, {"force", 0}});
+  EXPECT_FALSE(phone.state(controller).at("brim"));
+  EXPECT_TRUE(phone.state(controller).at("dismissed"));
+}
+
+TEST(HomeButton, OtherPressesLeaveTheBannerAlone) {
+  Phone phone;
+  const int controller = present(phone, persistent);
+  for (const auto& [type, force] : {std::pair{101, 1}, {101, 2}, {102, 0}, {0, 0}, {-101, 0}})
+    phone.run({{"do", "press"}, {"type", type}, {"force", force}});
+  phone.wait(1);
+  EXPECT_TRUE(phone.state(controller).at("brim"));
+  EXPECT_FALSE(phone.state(controller).at("isDismissing"));
+}
+
+TEST(HomeButton, LeavesABannerThatMayGoToItsTimer) {
+  Phone phone;
+  const int controller = present(phone);
+  phone.run({{"do", "press"}, {"type", 101}, {"force", 0}});
+  phone.wait(1);
+  EXPECT_TRUE(phone.state(controller).at("brim"));
+}
+
+TEST(LongLook, IsKeptFromBanners) {
+  Phone phone;
+  const int controller = present(phone);
+  phone.log();
+  for (const char* kind : {"scroll", "click", "trigger"})
+    phone.run({{"do", "longlook"}, {"controller", controller}, {"kind", kind}});
+  EXPECT_EQ(phone.log(), Json::array());
+}
+
+TEST(LongLook, ReachesThePlatformForAControllerOutsideTheBannerWindow) {
+  Phone phone;
+  const int controller = present(phone);
+  const auto held = controllerOf(controller);
+  test::command({{"command", "dismissnoani"}});
+  ASSERT_FALSE(held->isPartOfBanner());
+  phone.log();
+  phone.run({{"do", "longlook"}, {"controller", controller}});
+  EXPECT_EQ(phone.log(), Json::array({{{"event", "longlook"}, {"controller", controller}}}));
+}
+
+TEST(BannerWindow, CanTakeTheKeyboard) {
+  Phone phone;
+  const int controller = present(phone);
+  EXPECT_TRUE((objc::send<bool, "_canBecomeKeyWindow">(containerOf(controller)->window())));
+}
+
+TEST(BannerWindow, KnowsTheFirstStatusBarWindow) {
+  Phone phone;
+  const Class statusBarWindow = reinterpret_cast<Class>(objc_getClass("UIStatusBarWindow"));
+  auto* shared = objc::send<UIWindow*, "brimSharedWindow">(statusBarWindow);
+  ASSERT_NE(shared, nullptr);
+  const auto another = objc::adopt(
+      objc::send<UIWindow*, "initWithFrame:">(objc::send<id, "alloc">(statusBarWindow), CGRect{{0, 0}, {10, 10}}));
+  EXPECT_EQ((objc::send<UIWindow*, "brimSharedWindow">(statusBarWindow)), shared);
+  EXPECT_NE(another.get(), shared);
+}
+
+}  // namespace
