@@ -8,6 +8,8 @@
 #include "simulator/host/event_log.hpp"
 #include "simulator/host/filmstrip.hpp"
 #include "simulator/host/process.hpp"
+#include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
 #include "simulator/uikit/describe.hpp"
 #include "simulator/uikit/environment.hpp"
 #include "simulator/uikit/renderer.hpp"
@@ -57,6 +59,26 @@ Json tree(const Json& command) {
     for (UIWindow* window : uikit::visibleWindows()) windows.push_back(uikit::describeTree(window));
   }
   return {{"windows", windows}};
+}
+
+Json describe(const NotificationRequestState& request) {
+  const NotificationContentState& content = objc::state(request.content.get());
+  return {
+      {"section", springboard::jsonOf(request.sectionIdentifier)},
+      {"identifier", springboard::jsonOf(request.notificationIdentifier)},
+      {"thread", springboard::jsonOf(request.threadIdentifier)},
+      {"title", springboard::jsonOf(content.title)},
+      {"subtitle", springboard::jsonOf(content.subtitle)},
+      {"message", springboard::jsonOf(content.message)},
+      {"date", springboard::jsonOf(request.timestamp)},
+  };
+}
+
+Json notifications(const Json&) {
+  Json listed = Json::array();
+  for (const auto& request : NCNotificationDispatcher::shared()->list().all())
+    listed.push_back(describe(objc::state(request.get())));
+  return {{"notifications", listed}};
 }
 
 Json log(const Json&) { return {{"events", takeEvents()}}; }
@@ -112,6 +134,7 @@ std::span<const Command> inspectionCommands() {
       {"settings", {}, &settings, "every settings variable with its value as the library holds it"},
       {"hooks", {}, &hooks, "what was installed, in order"},
       {"tree", treeFields, &tree, "the view trees of all windows, or of one controller"},
+      {"notifications", {}, &notifications, "the notifications in the list, the latest first"},
       {"log", {}, &log, "the events since the last log"},
       {"frame", frameFields, &frame, "the screen, or its upper part, is the next frame of a filmstrip"},
       {"filmstrip", filmstripFields, &filmstrip, "the frames since the last filmstrip side by side, as a PNG"},

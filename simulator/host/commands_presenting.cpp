@@ -9,6 +9,7 @@
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
 
 namespace host {
 
@@ -59,6 +60,7 @@ AutomaticDismissal dismissalOf(const Json& command) {
 NotificationDescription describe(const Json& command) {
   NotificationDescription description;
   description.section = command["section"];
+  description.identifier = text(command, "identifier");
   description.thread = text(command, "thread");
   description.title = text(command, "title");
   description.subtitle = text(command, "subtitle");
@@ -86,7 +88,8 @@ Json present(const Json& command) {
   answerAllEvents("photo");
   answerAllEvents("http");
   const auto request = springboard::makeRequest(describe(command), nullptr);
-  return {{"controller", springboard::presentBanner(springboard::makeShortLookController(request))}};
+  NCNotificationDispatcher::shared()->post(request);
+  return {{"controller", springboard::bannerCount()}};
 }
 
 Json update(const Json& command) {
@@ -94,11 +97,26 @@ Json update(const Json& command) {
   const auto request = springboard::followUpOf(
       shown->notificationRequest(),
       {text(command, "title"), text(command, "subtitle"), text(command, "message"), text(command, "summary")});
+  NCNotificationDispatcher::shared()->modify(request);
   const std::size_t before = springboard::bannerCount();
   objc::send<void, "presentViewController:animated:completion:">(shown.get(),
                                                                  springboard::makeShortLookController(request).get(),
                                                                  true, static_cast<objc::Block<void()>*>(nullptr));
   return springboard::bannerCount() == before ? Json() : Json{{"controller", springboard::bannerCount()}};
+}
+
+Json withdraw(const Json& command) {
+  const auto isMeant = [&command](const springboard::NotificationKey& key) {
+    return command.value("section", key.section) == key.section &&
+           command.value("identifier", key.identifier) == key.identifier;
+  };
+  std::size_t count = 0;
+  for (const auto& request : NCNotificationDispatcher::shared()->list().all()) {
+    if (!isMeant(springboard::keyOf(request))) continue;
+    NCNotificationDispatcher::shared()->withdraw(request);
+    ++count;
+  }
+  return {{"withdrawn", count}};
 }
 
 Json dismiss(const Json& command) {
@@ -126,6 +144,7 @@ Json longLook(const Json& command) {
 std::span<const Command> presentingCommands() {
   static constexpr Field presentFields[] = {
       {"section", field::nonEmptyText, Need::Required},
+      {"identifier", field::nonEmptyText},
       {"title", field::text},
       {"subtitle", field::text},
       {"message", field::text},
@@ -150,9 +169,12 @@ std::span<const Command> presentingCommands() {
   static constexpr Field dismissFields[] = {{"controller", field::integer, Need::Required},
                                             {"transition", field::integer}};
   static constexpr Field longLookFields[] = {{"controller", field::integer, Need::Required}, {"kind", longLookKind}};
+  static constexpr Field withdrawFields[] = {{"section", field::nonEmptyText}, {"identifier", field::nonEmptyText}};
   static constexpr Command commands[] = {
       {"present", presentFields, &present, "a notification comes as a banner; answers its controller"},
       {"update", updateFields, &update, "a follow-up of the same request is presented over its banner"},
+      {"withdraw", withdrawFields, &withdraw,
+       "notifications are taken back: those of the section, of the identifier, or all"},
       {"dismiss", dismissFields, &dismiss, "the platform dismisses the controller by itself"},
       {"longlook", longLookFields, &longLook, "the platform asks for its long look: by scroll, click or trigger"},
   };

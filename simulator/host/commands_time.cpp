@@ -8,7 +8,7 @@
 #include "simulator/host/command.hpp"
 #include "simulator/host/deadline.hpp"
 #include "simulator/host/event_log.hpp"
-#include "simulator/springboard/status_bar.hpp"
+#include "simulator/springboard/clocks.hpp"
 #include "simulator/url_loading/loading.hpp"
 
 namespace host {
@@ -45,7 +45,7 @@ Json wait(const Json& command) {
   foundation::pumpFoundation();
   foundation::stepClock(command["seconds"].get<double>());
   foundation::pumpFoundation();
-  springboard::refreshStatusBar();
+  springboard::refreshClocks();
   return nullptr;
 }
 

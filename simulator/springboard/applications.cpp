@@ -5,8 +5,8 @@
 #include <iterator>
 #include <span>
 
-#include "simulator/springboard/home_screen.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/wallpaper_view.hpp"
 #include "simulator/uikit/environment.hpp"
 #include "simulator/uikit/image.hpp"
 

@@ -41,8 +41,12 @@ void letGo(Controller* controller, CGFloat pull) {
 
 }  // namespace
 
-void addGestures(Controller* controller, UIView* view) {
+void addTap(Controller* controller, UIView* view) {
   view->addGestureRecognizer(UITapGestureRecognizer::withTarget(controller, objc::selector<"_handleTapOnView:">()));
+}
+
+void addBannerGestures(Controller* controller, UIView* view) {
+  addTap(controller, view);
   view->addGestureRecognizer(UIPanGestureRecognizer::withTarget(controller, objc::selector<"_handlePanOnView:">()));
 }
 

@@ -5,8 +5,9 @@
 
 namespace springboard {
 
-// Recognisers that send _handleTapOnView: and _handlePanOnView: to the controller.
-void addGestures(NCNotificationShortLookViewController* controller, UIView* view);
+// Recognisers that send _handlePanOnView: and, as for every short look, _handleTapOnView: to the controller.
+void addBannerGestures(NCNotificationShortLookViewController* controller, UIView* view);
+void addTap(NCNotificationShortLookViewController* controller, UIView* view);
 
 // The implementation of -_handlePanOnView:.
 void handlePan(NCNotificationShortLookViewController* controller, UIPanGestureRecognizer* recognizer);

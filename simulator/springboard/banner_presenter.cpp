@@ -6,6 +6,7 @@
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/event_log.hpp"
+#include "simulator/springboard/banner_gestures.hpp"
 #include "simulator/springboard/banner_window.hpp"
 #include "simulator/springboard/notification_view.hpp"
 
@@ -89,6 +90,14 @@ void layOutContent(const Controller* controller) {
   content->setFrame({{}, {width, heightOfShortLookView(content, width)}});
 }
 
+template <class Predicate>
+void dismissWhere(const Predicate& isMeant) {
+  std::vector<objc::Ref<Controller>> meant;
+  for (const auto& [number, banner] : banners())
+    if (banner.stage == Stage::OnScreen && isMeant(banner.controller)) meant.push_back(banner.controller);
+  for (const auto& controller : meant) controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
+}
+
 }  // namespace
 
 std::size_t presentBanner(Controller* controller) {
@@ -98,6 +107,7 @@ std::size_t presentBanner(Controller* controller) {
   banners()[number].controller = objc::retain(controller);
 
   UIView* view = controller->view();
+  addBannerGestures(controller, view);
   view->setFrame(hiddenBannerFrame());
   layOutContent(controller);
   addToBannerWindow(view);
@@ -122,10 +132,11 @@ void dismissBanner(Controller* controller, NSInteger transition, objc::Block<voi
 }
 
 void dismissAllBanners() {
-  std::vector<objc::Ref<Controller>> present;
-  for (const auto& [number, banner] : banners())
-    if (banner.stage == Stage::OnScreen) present.push_back(banner.controller);
-  for (const auto& controller : present) controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
+  dismissWhere([](const Controller*) { return true; });
+}
+
+void dismissBannersOf(const NotificationKey& key) {
+  dismissWhere([&key](const Controller* controller) { return keyOf(controller->notificationRequest()) == key; });
 }
 
 std::size_t numberOfBanner(const NCNotificationViewController* controller) {

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "platform/nc_notification_view_controller.hpp"
+#include "simulator/springboard/notification_list.hpp"
 #include "simulator/springboard/notification_view_controller.hpp"
 
 namespace springboard {
@@ -21,6 +22,8 @@ void dismissBanner(NCNotificationShortLookViewController* controller, NSInteger 
 
 // Tells all banners on screen to go.
 void dismissAllBanners();
+// Those that show this notification.
+void dismissBannersOf(const NotificationKey& key);
 
 // 0 for a controller that was never on screen.
 std::size_t numberOfBanner(const NCNotificationViewController* controller);

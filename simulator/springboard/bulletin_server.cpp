@@ -4,8 +4,8 @@
 #include "simulator/foundation/dispatch.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/event_log.hpp"
-#include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
 
 dispatch_queue_t __BBServerQueue = nullptr;
 
@@ -50,12 +50,13 @@ nlohmann::ordered_json describe(const BulletinState& bulletin) {
 void presentBulletin(const BulletinState& bulletin) {
   NotificationDescription description;
   description.section = textOf(bulletin.sectionID);
+  description.identifier = optionalText(bulletin.bulletinID);
   description.thread = optionalText(bulletin.threadID);
   description.title = optionalText(bulletin.title);
   description.subtitle = optionalText(bulletin.subtitle);
   description.message = optionalText(bulletin.message);
   description.hasClearAction = bulletin.clearable;
-  presentBanner(makeShortLookController(makeRequest(description, nullptr)));
+  NCNotificationDispatcher::shared()->post(makeRequest(description, nullptr));
 }
 
 // On the server's queue; banners are shown from the main thread.
@@ -65,6 +66,14 @@ void publish(BBServer*, BBBulletin* bulletin, NSUInteger destinations) {
   host::recordEvent("publish", fields);
   if ((destinations & bannerDestinations) == 0) return;
   foundation::onMainThread([kept = objc::retain(bulletin)] { presentBulletin(objc::state(kept.get())); });
+}
+
+// Whoever showed it takes it away. On the server's queue.
+void withdraw(BBServer*, NSString* bulletinIdentifier) {
+  foundation::onMainThread([identifier = textOf(bulletinIdentifier)] {
+    for (const auto& request : NCNotificationDispatcher::shared()->list().all())
+      if (keyOf(request).identifier == identifier) NCNotificationDispatcher::shared()->withdraw(request);
+  });
 }
 
 BBServer* initWithQueue(BBServer* self, dispatch_queue_t queue) {
@@ -117,6 +126,7 @@ void defineBulletinServer() {
                    "utilitiesListener:conduitListener:systemStateListener:settingsListener:",
                    &initWithParts>(),
       objc::method<"publishBulletin:destinations:", &publish>(),
+      objc::method<"withdrawBulletinID:", &withdraw>(),
   };
   defineBulletin();
   objc::defineClassWithState<BBServer>(methods);

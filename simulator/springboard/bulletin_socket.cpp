@@ -16,8 +16,7 @@
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
-#include "simulator/springboard/notification_request.hpp"
-#include "simulator/springboard/notification_view_controller.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
 
 namespace springboard {
 
@@ -55,8 +54,8 @@ void present(const std::string& line) {
   description.thread = textIn(bulletin, "thread");
   description.title = textIn(bulletin, "title");
   description.message = textIn(bulletin, "message");
-  const std::size_t number = presentBanner(makeShortLookController(makeRequest(description, nullptr)));
-  host::recordEvent("banner", {{"controller", number}, {"section", description.section}});
+  NCNotificationDispatcher::shared()->post(makeRequest(description, nullptr));
+  host::recordEvent("banner", {{"controller", bannerCount()}, {"section", description.section}});
 }
 
 void drop(std::list<Sender>::iterator sender) {

@@ -10,6 +10,9 @@
 #include "simulator/springboard/home_screen.hpp"
 #include "simulator/springboard/icon_label.hpp"
 #include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
+#include "simulator/springboard/notification_list_cell.hpp"
+#include "simulator/springboard/notification_list_view.hpp"
 #include "simulator/springboard/notification_request.hpp"
 #include "simulator/springboard/notification_view.hpp"
 #include "simulator/springboard/notification_view_controller.hpp"
@@ -17,6 +20,7 @@
 #include "simulator/springboard/springboard_application.hpp"
 #include "simulator/springboard/status_bar.hpp"
 #include "simulator/springboard/touch_through.hpp"
+#include "simulator/springboard/wallpaper_view.hpp"
 #include "simulator/uikit/environment.hpp"
 #include "simulator/uikit/window.hpp"
 
@@ -44,7 +48,11 @@ void registerClasses() {
   defineBannerWindow();
   defineStatusBar();
   defineIconLabel();
+  defineWallpaperView();
   defineHomeScreen();
+  defineNotificationDispatcher();
+  defineListCell();
+  defineListView();
   defineLockScreen();
   defineGrabber();
   defineApplication();

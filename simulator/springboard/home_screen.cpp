@@ -8,6 +8,7 @@
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/icon_label.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/wallpaper_view.hpp"
 #include "simulator/uikit/environment.hpp"
 
 namespace springboard {
@@ -78,20 +79,10 @@ void addDock(UIView* view, Applications applications) {
              {iconSide, iconSide}});
 }
 
-objc::Ref<UIImageView> makeWallpaper(const CGRect& screen) {
-  auto view = UIView::withFrame<UIImageView>(screen);
-  view->setContentMode(UIViewContentMode::ScaleAspectFill);
-  view->setBackgroundColor(UIColor::withRed(0.13, 0.25, 0.42, 1));
-  view->setImage(wallpaper());
-  return view;
-}
-
 void loadView(SBHomeScreenViewController* self) {
   const host::DeviceProfile& device = uikit::environment().device;
-  const CGRect screen = {{}, device.screen};
-  auto view = UIView::withFrame<UIView>(screen);
-  objc::state(self).wallpaper = makeWallpaper(screen);
-  view->addSubview(objc::state(self).wallpaper);
+  auto view = UIView::withFrame<UIView>({{}, device.screen});
+  view->addSubview(makeWallpaperView());
 
   const Applications all = installedApplications();
   const std::size_t inDock = std::min(all.size(), columns);
@@ -104,20 +95,14 @@ void viewDidLoad(SBHomeScreenViewController* self) {
   objc::sendSuper<"SBHomeScreenViewController", void, "viewDidLoad">(self);
 }
 
-void traitCollectionDidChange(SBHomeScreenViewController* self, UITraitCollection* previous) {
-  objc::sendSuper<"SBHomeScreenViewController", void, "traitCollectionDidChange:">(self, previous);
-  objc::state(self).wallpaper->setImage(wallpaper());
-}
-
 }  // namespace
 
 void defineHomeScreen() {
   static constexpr objc::MethodEntry methods[] = {
       objc::method<"loadView", &loadView>(),
       objc::method<"viewDidLoad", &viewDidLoad>(),
-      objc::method<"traitCollectionDidChange:", &traitCollectionDidChange>(),
   };
-  objc::defineClassWithState<SBHomeScreenViewController>(methods);
+  objc::defineClass<SBHomeScreenViewController>(methods);
 }
 
 }  // namespace springboard

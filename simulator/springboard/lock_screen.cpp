@@ -1,9 +1,13 @@
 #include "simulator/springboard/lock_screen.hpp"
 
-#include "platform/ui_image_view.hpp"
+#include <utility>
+
+#include "platform/ui_device.hpp"
+#include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
-#include "simulator/springboard/home_screen.hpp"
-#include "simulator/springboard/status_bar.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
+#include "simulator/springboard/time_text.hpp"
+#include "simulator/springboard/wallpaper_view.hpp"
 #include "simulator/uikit/environment.hpp"
 
 namespace springboard {
@@ -16,17 +20,24 @@ using Completion = objc::Block<void()>;
 // Above the home screen, below the status bar.
 constexpr double lockScreenLevel = 900;
 
+constexpr CGFloat clockTop = 40;
+constexpr CGFloat clockHeight = 90;
+constexpr CGFloat dayHeight = 26;
+constexpr CGFloat listGap = 28;
+
 LockScreen* sharedInstance(Class self) {
   static LockScreen* const shared = objc::send<LockScreen*, "new">(reinterpret_cast<void*>(self));
   return shared;
 }
 
-objc::Ref<UILabel> makeClock(const host::DeviceProfile& device) {
-  auto clock = UIView::withFrame<UILabel>({{0, device.safeArea.top + 50}, {device.screen.width, 90}});
-  clock->setFont(UIFont::systemFontOfSize(76));
-  clock->setTextColor(UIColor::withRed(1, 1, 1, 1));
-  clock->setTextAlignment(NSTextAlignment::Center);
-  return clock;
+// In the middle of the screen's width.
+objc::Ref<UILabel> addLabel(UIWindow* window, CGFloat fontSize, CGFloat top, CGFloat height) {
+  auto label = UIView::withFrame<UILabel>({{0, top}, {window->bounds().size.width, height}});
+  label->setFont(UIFont::systemFontOfSize(fontSize));
+  label->setTextColor(UIColor::withRed(1, 1, 1, 1));
+  label->setTextAlignment(NSTextAlignment::Center);
+  window->addSubview(label);
+  return label;
 }
 
 void makeWindow(LockScreenState& state) {
@@ -34,12 +45,26 @@ void makeWindow(LockScreenState& state) {
   const CGRect screen = {{}, device.screen};
   state.window = UIView::withFrame<UIWindow>(screen);
   objc::send<void, "setWindowLevel:">(state.window.get(), CGFloat{lockScreenLevel});
-  auto picture = UIView::withFrame<UIImageView>(screen);
-  picture->setContentMode(UIViewContentMode::ScaleAspectFill);
-  picture->setImage(wallpaper());
-  state.window->addSubview(picture);
-  state.clock = makeClock(device);
-  state.window->addSubview(state.clock);
+  state.window->addSubview(makeWallpaperView());
+  const CGFloat top = device.safeArea.top + clockTop;
+  state.clock = addLabel(state.window, 76, top, clockHeight);
+  state.day = addLabel(state.window, 20, top + clockHeight, dayHeight);
+  const CGFloat listTop = top + clockHeight + dayHeight + listGap;
+  state.list =
+      UIView::withFrame<NCNotificationListView>({{0, listTop}, {screen.size.width, screen.size.height - listTop}});
+  state.window->addSubview(state.list);
+}
+
+Grouping groupingOfSystem() { return systemVersionIsBelow("12.0"_ns) ? Grouping::None : Grouping::ByConversation; }
+
+// Several changes of one turn are shown at once, when nobody holds a cell.
+void refreshAfterThisTurn() {
+  static bool isPending = false;
+  if (std::exchange(isPending, true)) return;
+  foundation::onMainThread([] {
+    isPending = false;
+    LockScreen::sharedInstance()->refresh();
+  });
 }
 
 // Banners go when the screen locks.
@@ -47,7 +72,8 @@ void activate(LockScreen* self, bool, NSObject*, bool, bool, bool, bool, Complet
   dismissAllBanners();
   LockScreenState& state = objc::state(self);
   makeWindow(state);
-  state.clock->setText(timeOfDay());
+  NCNotificationDispatcher::shared()->observeList(&refreshAfterThisTurn);
+  self->refresh();
   state.window->setHidden(false);
   if (completion != nullptr) (*completion)();
 }
@@ -56,7 +82,9 @@ bool isUILocked(LockScreen* self) { return objc::state(self).window != nullptr; 
 
 void unlock(LockScreen* self, NSInteger, NSObject*) {
   LockScreenState& state = objc::state(self);
-  if (state.window != nullptr) state.window->setHidden(true);
+  if (state.window == nullptr) return;
+  NCNotificationDispatcher::shared()->observeList(nullptr);
+  state.window->setHidden(true);
   state = {};
 }
 
@@ -81,4 +109,13 @@ void SBLockScreenManager::lock() {
              "_activateLockScreenAnimated:animationProvider:automatically:inScreenOffMode:dimInAnimation:"
              "dismissNotificationCenter:completion:">(this, true, static_cast<NSObject*>(nullptr), false, false, false,
                                                       true, static_cast<objc::Block<void()>*>(nullptr));
+}
+
+void SBLockScreenManager::refresh() {
+  const LockScreenState& state = objc::state(this);
+  if (state.window == nullptr) return;
+  state.clock->setText(springboard::timeOfDay());
+  state.day->setText(springboard::dayOfYear());
+  springboard::showGroups(state.list,
+                          NCNotificationDispatcher::shared()->list().groups(springboard::groupingOfSystem()));
 }

@@ -1,13 +1,16 @@
-// The lock screen: a window with the time above the home screen, and the object that brings it up.
+// The lock screen: a window above the home screen with the time and the notification list, and the object that brings
+// it up.
 #pragma once
 
-#include "objc/class_definition.hpp"
 #include "platform/ui_label.hpp"
 #include "platform/ui_window.hpp"
+#include "simulator/springboard/notification_list_view.hpp"
 
 struct LockScreenState {
   objc::Ref<UIWindow> window;
   objc::Ref<UILabel> clock;
+  objc::Ref<UILabel> day;
+  objc::Ref<NCNotificationListView> list;
 };
 
 class SBLockScreenManager : public objc::Interface<"SBLockScreenManager", NSObject> {
@@ -19,6 +22,8 @@ class SBLockScreenManager : public objc::Interface<"SBLockScreenManager", NSObje
   // Brings the lock screen up.
   void lock();
   void unlock() { objc::send<void, "unlockUIFromSource:withOptions:">(this, NSInteger{0}, noOptions()); }
+  // Shows the time that it is and the notifications that there are. Nothing happens while the phone is unlocked.
+  void refresh();
 
  private:
   static NSObject* noOptions() { return nullptr; }

@@ -93,7 +93,7 @@ void define(std::span<const objc::PropertyEntry> properties) {
 
 objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& description, UIImage* icon) {
   const objc::Ref<NSDate> date = dateAt(description.date.value_or(foundation::unixTimeNow()));
-  const objc::Ref<NSString> identifier = uniqueIdentifier();
+  const objc::Ref<NSString> identifier = description.identifier ? text(description.identifier) : uniqueIdentifier();
   auto request = objc::make<NCNotificationRequest>();
   objc::state(request.get()) = {
       text(description.section),
@@ -109,6 +109,8 @@ objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& desc
       makeOptions(description.automaticDismissal),
       makeUserNotification(description, identifier, date),
   };
+  // What was silenced is there to be read.
+  if (request->silenceAction() != nullptr) objc::state(request->silenceAction()).shouldDismissNotification = false;
   return request;
 }
 
@@ -136,6 +138,7 @@ void defineNotificationRequest() {
       stored<"identifier", NCNotificationAction, &NotificationActionState::identifier>(),
       stored<"title", NCNotificationAction, &NotificationActionState::title>(),
       stored<"acceptsText", NCNotificationAction, &NotificationActionState::acceptsText>(),
+      stored<"shouldDismissNotification", NCNotificationAction, &NotificationActionState::shouldDismissNotification>(),
   };
   static constexpr objc::PropertyEntry options[] = {
       stored<"dismissAutomatically", NCNotificationOptions, &NotificationOptionsState::dismissAutomatically>(),

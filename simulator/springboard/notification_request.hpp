@@ -26,6 +26,7 @@ struct NotificationActionState {
   objc::Ref<NSString> identifier;
   objc::Ref<NSString> title;
   bool acceptsText = false;
+  bool shouldDismissNotification = true;
 };
 template <>
 struct objc::StateOf<NCNotificationAction> {
@@ -117,6 +118,8 @@ enum class AutomaticDismissal { Allowed, Forbidden, Unspecified };
 // A notification in plain values.
 struct NotificationDescription {
   std::string section;
+  // One of its own when nothing is said. A later request with the identifier of an earlier one replaces it.
+  std::optional<std::string> identifier;
   std::optional<std::string> thread;
   std::optional<std::string> title;
   std::optional<std::string> subtitle;

@@ -22,6 +22,7 @@ struct ShortLookViewState {
   objc::Ref<UILabel> titleLabel;
   objc::Ref<UILabel> subtitleLabel;
   objc::Ref<UILabel> bodyLabel;
+  objc::Ref<UILabel> footnoteLabel;
 };
 template <>
 struct objc::StateOf<NCNotificationShortLookView> {
@@ -32,6 +33,8 @@ namespace springboard {
 
 // Shows the request's content, in the colours of the appearance.
 objc::Ref<NCNotificationShortLookView> makeShortLookView(NCNotificationRequest* request);
+// A line below the text; nil for none.
+void setFootnote(NCNotificationShortLookView* view, NSString* text);
 // After a change of the appearance.
 void recolorShortLookView(NCNotificationShortLookView* view);
 CGFloat heightOfShortLookView(const NCNotificationShortLookView* view, CGFloat width);

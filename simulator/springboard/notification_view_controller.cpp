@@ -1,10 +1,10 @@
 #include "simulator/springboard/notification_view_controller.hpp"
 
-#include "platform/ui_window.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/banner_gestures.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
 #include "simulator/springboard/notification_view.hpp"
 
 namespace springboard {
@@ -33,15 +33,11 @@ Controller* initWithRequest(Controller* self, NCNotificationRequest* request) {
 
 NCNotificationRequest* notificationRequest(Controller* self) { return objc::state(self).request; }
 
-// The platform carries an action out by handing it to the sender; opening the application is its own part.
 void executeAction(Controller* self, NCNotificationAction* action, NSDictionary* parameters, bool animated) {
   host::recordEvent(
       "action",
       {{"identifier", jsonOf(action->identifier())}, {"parameters", jsonOf(parameters)}, {"animated", animated}});
-  const NotificationRequestState& request = objc::state(objc::state(self).request.get());
-  if (action != nullptr && action == request.defaultAction)
-    objc::send<bool, "launchApplicationWithIdentifier:suspended:">(UIApplication::sharedApplication(),
-                                                                   request.sectionIdentifier.get(), false);
+  NCNotificationDispatcher::shared()->execute(action, objc::state(self).request, parameters);
 }
 
 void presentLongLook(Controller* self, bool, NSInteger, objc::Block<void(bool)>* completion) {
@@ -61,7 +57,6 @@ void presentController(Controller* self, UIViewController* presented, bool, objc
 void loadView(ShortLookController* self) {
   const auto content = makeShortLookView(self->notificationRequest());
   const auto view = makeNotificationView(content);
-  addGestures(self, view);
   objc::send<void, "setView:">(self, view.get());
 }
 
@@ -75,6 +70,8 @@ void traitCollectionDidChange(ShortLookController* self, UITraitCollection* prev
 }
 
 void handleTap(ShortLookController* self, NSObject*) {
+  // Where it was listed, nothing else may hold it once it is opened.
+  const auto kept = objc::retain(self);
   self->askDelegateToExecuteAction(objc::state(objc::state<Controller>(self).request.get()).defaultAction,
                                    NSDictionary::dictionary(), true);
   self->dismissViewController(NSInteger(Transition::SlideOut), nullptr);

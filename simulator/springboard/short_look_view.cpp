@@ -5,6 +5,7 @@
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/json_objects.hpp"
 #include "simulator/springboard/notification_view.hpp"
+#include "simulator/springboard/time_text.hpp"
 #include "simulator/uikit/trait_collection.hpp"
 #include "simulator/uikit/view.hpp"
 
@@ -19,6 +20,7 @@ constexpr CGFloat iconSide = 20;
 constexpr CGFloat iconTop = 10;
 constexpr CGFloat textTop = iconTop + iconSide + 9;
 constexpr CGFloat bottomPadding = 14;
+constexpr CGFloat footnoteGap = 4;
 constexpr CGFloat platterCornerRadius = 13;
 constexpr CGFloat iconCornerRadius = 4.5;
 constexpr NSInteger bodyLines = 4;
@@ -65,6 +67,7 @@ void addParts(ContentView* view) {
   parts.titleLabel = addLabel(view, UIFont::boldSystemFontOfSize(15), 1);
   parts.subtitleLabel = addLabel(view, UIFont::boldSystemFontOfSize(15), 1);
   parts.bodyLabel = addLabel(view, UIFont::systemFontOfSize(15), bodyLines);
+  parts.footnoteLabel = addLabel(view, UIFont::systemFontOfSize(13), 1);
 }
 
 NSString* upperCased(const std::string& text) { return objc::send<NSString*, "uppercaseString">(stringOf(text)); }
@@ -81,25 +84,28 @@ void fillIn(ContentView* view, NCNotificationRequest* request) {
   const bool hasBody = content.message->length() != 0;
   parts.iconView->setImage(objc::as<UIImage>(content.icons->firstObject()));
   parts.nameLabel->setText(upperCased(nameOf(textOf(request->sectionIdentifier()))));
-  parts.dateLabel->setText("now"_ns);
+  parts.dateLabel->setText(timeSince(content.date));
   parts.titleLabel->setText(content.title);
   parts.subtitleLabel->setText(content.subtitle);
   parts.bodyLabel->setText(hasBody ? content.message : content.summary);
 }
 
-std::array<UILabel*, 3> textsOf(const ContentView* view) {
+std::array<UILabel*, 4> textsOf(const ContentView* view) {
   const ShortLookViewState& parts = partsOf(view);
-  return {parts.titleLabel, parts.subtitleLabel, parts.bodyLabel};
+  return {parts.titleLabel, parts.subtitleLabel, parts.bodyLabel, parts.footnoteLabel};
 }
 
+bool saysNothing(const UILabel* label) { return label->text()->length() == 0; }
+
 // The texts stand below one another; one that says nothing takes no room.
-std::array<CGRect, 3> textFrames(const ContentView* view, CGFloat width) {
+std::array<CGRect, 4> textFrames(const ContentView* view, CGFloat width) {
   const CGFloat textWidth = width - 2 * padding;
-  std::array<CGRect, 3> frames;
+  std::array<CGRect, 4> frames;
   CGFloat top = textTop;
   std::ranges::transform(textsOf(view), frames.begin(), [&](const UILabel* label) {
     const CGSize size = objc::send<CGSize, "sizeThatFits:">(label, CGSize{textWidth, unlimitedHeight});
-    const CGRect frame = {{padding, top}, {textWidth, label->text()->length() == 0 ? 0 : size.height}};
+    if (label == partsOf(view).footnoteLabel.get() && !saysNothing(label)) top += footnoteGap;
+    const CGRect frame = {{padding, top}, {textWidth, saysNothing(label) ? 0 : size.height}};
     top += frame.size.height;
     return frame;
   });
@@ -107,8 +113,8 @@ std::array<CGRect, 3> textFrames(const ContentView* view, CGFloat width) {
 }
 
 void layoutTexts(ContentView* view) {
-  const std::array<CGRect, 3> frames = textFrames(view, view->bounds().size.width);
-  const std::array<UILabel*, 3> labels = textsOf(view);
+  const std::array<CGRect, 4> frames = textFrames(view, view->bounds().size.width);
+  const std::array<UILabel*, 4> labels = textsOf(view);
   for (std::size_t index = 0; index < labels.size(); ++index) labels[index]->setFrame(frames[index]);
 }
 
@@ -147,12 +153,15 @@ objc::Ref<ContentView> makeShortLookView(NCNotificationRequest* request) {
   return view;
 }
 
+void setFootnote(ContentView* view, NSString* text) { partsOf(view).footnoteLabel->setText(text); }
+
 void recolorShortLookView(ContentView* view) {
   const ShortLookViewState& parts = partsOf(view);
   const bool dark = uikit::styleOf(view) == UIUserInterfaceStyle::Dark;
   const CGFloat white = dark ? 1 : 0;
   for (UILabel* label : textsOf(view)) label->setTextColor(gray(white, 1));
-  for (UILabel* label : {parts.nameLabel.get(), parts.dateLabel.get()}) label->setTextColor(gray(white, 0.6));
+  for (UILabel* label : {parts.nameLabel.get(), parts.dateLabel.get(), parts.footnoteLabel.get()})
+    label->setTextColor(gray(white, 0.6));
 }
 
 CGFloat heightOfShortLookView(const ContentView* view, CGFloat width) {

@@ -1,6 +1,7 @@
 #include "simulator/springboard/springboard_application.hpp"
 
 #include "objc/property_entry.hpp"
+#include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/json_objects.hpp"
@@ -59,6 +60,8 @@ bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
 bool launchApplication(SpringBoard*, NSString* bundleIdentifier, bool suspended) {
   host::recordEvent("launch", {{"bundle", jsonOf(bundleIdentifier)}, {"suspended", suspended}});
   if (bundleIdentifier == nullptr) return false;
+  // Whoever opened it may hold views of the lock screen until the turn is over.
+  if (!suspended) foundation::onMainThread([] { SBLockScreenManager::sharedInstance()->unlock(); });
   // The other applications have no process of their own, and Messages has no window to come to the front with.
   return !suspended || textOf(bundleIdentifier) != messagesIdentifier || launchMessages();
 }

@@ -1,11 +1,7 @@
 #include "simulator/springboard/status_bar.hpp"
 
-#include <cmath>
-
-#include "platform/ns_date.hpp"
 #include "simulator/drawing/canvas.hpp"
-#include "simulator/foundation/main_queue.hpp"
-#include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/time_text.hpp"
 #include "simulator/uikit/environment.hpp"
 #include "simulator/uikit/view.hpp"
 
@@ -18,7 +14,6 @@ namespace {
 
 constexpr CGSize batterySize = {27, 12};
 constexpr double levelOfStatusBars = 1000;
-constexpr double secondsInMinute = 60;
 
 UIStatusBarWindow* statusBar = nullptr;
 
@@ -60,28 +55,9 @@ UIStatusBarWindow* initWithFrame(UIStatusBarWindow* self, CGRect frame) {
   return self;
 }
 
-// Asked of the locale by the template for hours as it writes them.
-bool countsToTwentyFour() {
-  const auto* locale = objc::send<NSObject*, "currentLocale">(objc::lookUpClass<"NSLocale">());
-  const NSString* format = objc::send<NSString*, "dateFormatFromTemplate:options:locale:">(
-      NSDateFormatter::classObject(), "j"_ns, NSUInteger{0}, locale);
-  return format->contains("H"_ns);
-}
-
 }  // namespace
 
-NSString* timeOfDay() {
-  auto formatter = objc::make<NSDateFormatter>();
-  formatter->setDateFormat(countsToTwentyFour() ? "HH:mm"_ns : "h:mm"_ns);
-  return formatter->stringFromDate(NSDate::date());
-}
-
 void refreshStatusBar() {
-  // Writing a time takes longer than most of what a script asks for.
-  static double shownMinute = -1;
-  const double minute = std::floor(foundation::unixTimeNow() / secondsInMinute);
-  if (minute == shownMinute) return;
-  shownMinute = minute;
   UILabel* clock = objc::state(statusBar).clock;
   clock->setText(timeOfDay());
 }

@@ -22,7 +22,5 @@ void defineStatusBar();
 void makeStatusBar();
 // Shows the minute that the clock is in.
 void refreshStatusBar();
-// The time as the locale writes it, without the marks of morning and afternoon.
-NSString* timeOfDay();
 
 }  // namespace springboard

@@ -56,6 +56,8 @@ constexpr const char* life = R"(
 {"do":"lock"}
 {"do":"appearance","style":"light"}
 {"do":"wait","seconds":2}
+{"do":"withdraw"}
+{"do":"press","type":101,"force":0}
 {"do":"log"}
 )";
 

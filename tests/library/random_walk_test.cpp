@@ -72,6 +72,7 @@ class Walk {
     take({{"do", "drag"}, {"at", {5, 800}}, {"by", {0, 0}}, {"end", "cancel"}});
     take({{"do", "lock"}});
     take({{"do", "press"}, {"type", 101}, {"force", 0}});
+    take({{"do", "withdraw"}});
     take({{"do", "set"}, {"key", "timeToDismiss"}, {"value", nullptr}});
     take({{"do", "wait"}, {"seconds", 60}});
     if (HasFailure()) return;

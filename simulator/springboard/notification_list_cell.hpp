@@ -1,0 +1,24 @@
+// One place in the notification list: the latest notification of a group, and the edges of those beneath it.
+#pragma once
+
+#include "simulator/springboard/notification_list.hpp"
+#include "simulator/springboard/notification_view_controller.hpp"
+
+struct NotificationListCellState {
+  objc::Ref<NCNotificationShortLookViewController> controller;
+};
+
+class NCNotificationListCell : public objc::Interface<"NCNotificationListCell", UIView> {};
+template <>
+struct objc::StateOf<NCNotificationListCell> {
+  using Type = NotificationListCellState;
+};
+
+namespace springboard {
+
+// As high as the group needs at this width.
+objc::Ref<NCNotificationListCell> makeListCell(const NotificationGroup& group, CGFloat width);
+
+void defineListCell();
+
+}  // namespace springboard

@@ -1,0 +1,306 @@
+// The notification list: what is in it, and how it is seen on the lock screen.
+#include "objc/autorelease_pool.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/springboard/bulletin_server.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
+#include "tests/support/plain_phone.hpp"
+
+namespace {
+
+using test::Json;
+using test::PlainPhone;
+
+Json listed(PlainPhone& phone) { return phone.run("notifications").at("notifications"); }
+
+std::vector<std::string> messages(PlainPhone& phone) {
+  std::vector<std::string> found;
+  for (const Json& notification : listed(phone)) found.push_back(notification.at("message"));
+  return found;
+}
+
+using Messages = std::vector<std::string>;
+
+// The list's cells on the screen, from top to bottom.
+std::vector<Json> cells(PlainPhone& phone) {
+  const Json list = PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView");
+  return list.is_null() ? std::vector<Json>{} : list.at("children").get<std::vector<Json>>();
+}
+
+bool reads(const Json& cell, const std::string& text) {
+  return !PlainPhone::find(Json::array({cell}), "text", text).is_null();
+}
+
+TEST(NotificationList, HoldsWhatWasPresented) {
+  PlainPhone phone({.time = 1584178860});
+  phone.present({{"identifier", "one"}, {"thread", "chat"}, {"title", "Anna"}, {"message", "Lunch?"}});
+  EXPECT_EQ(listed(phone), Json::array({{{"section", "com.apple.MobileSMS"},
+                                         {"identifier", "one"},
+                                         {"thread", "chat"},
+                                         {"title", "Anna"},
+                                         {"subtitle", nullptr},
+                                         {"message", "Lunch?"},
+                                         {"date", "2020-03-14T09:41:00.000Z"}}}));
+}
+
+TEST(NotificationList, KeepsWhatWasDismissed) {
+  PlainPhone phone;
+  const int controller = phone.present();
+  phone.run("dismiss", {{"controller", controller}});
+  phone.wait(10);
+  ASSERT_TRUE(phone.isDismissed(controller));
+  EXPECT_EQ(listed(phone).size(), 1U);
+}
+
+TEST(NotificationList, LosesWhatWasOpened) {
+  PlainPhone phone;
+  phone.present({{"message", "stays"}});
+  const int controller = phone.present({{"message", "opened"}});
+  phone.wait(1);
+  phone.run("tap", {{"controller", controller}});
+  EXPECT_EQ(messages(phone), Messages{"stays"});
+}
+
+TEST(NotificationList, HasTheLatestFirst) {
+  PlainPhone phone;
+  phone.present({{"message", "noon"}, {"at", "2020-03-14T12:00:00Z"}});
+  phone.present({{"message", "night"}, {"at", "2020-03-14T23:00:00Z"}});
+  phone.present({{"message", "morning"}, {"at", "2020-03-14T07:00:00Z"}});
+  phone.present({{"message", "noon again"}, {"at", "2020-03-14T12:00:00Z"}});
+  EXPECT_EQ(messages(phone), (Messages{"night", "noon again", "noon", "morning"}));
+}
+
+TEST(NotificationList, SameIdentifierReplacesAndComesToTheTop) {
+  PlainPhone phone;
+  phone.present({{"identifier", "score"}, {"message", "1:0"}});
+  phone.wait(1);
+  phone.present({{"message", "other"}});
+  phone.wait(1);
+  phone.present({{"identifier", "score"}, {"message", "2:0"}});
+  EXPECT_EQ(messages(phone), (Messages{"2:0", "other"}));
+}
+
+TEST(NotificationList, IdentifiersBelongToTheirSections) {
+  PlainPhone phone;
+  phone.present({{"section", "a.b"}, {"identifier", "1"}});
+  phone.present({{"section", "a.c"}, {"identifier", "1"}});
+  EXPECT_EQ(listed(phone).size(), 2U);
+}
+
+TEST(NotificationList, AFollowUpChangesTheTextOfItsRequest) {
+  PlainPhone phone;
+  const int controller = phone.present({{"message", "One"}});
+  phone.run("update", {{"controller", controller}, {"message", "Two"}});
+  EXPECT_EQ(messages(phone), Messages{"Two"});
+}
+
+TEST(NotificationList, HoldsHundredsAndTheLatestThousand) {
+  PlainPhone phone;
+  for (int number = 0; number < 300; ++number) phone.present({{"message", std::to_string(number)}});
+  EXPECT_EQ(listed(phone).size(), 300U);
+  for (int number = 300; number < 1005; ++number) phone.present({{"message", std::to_string(number)}});
+  const Messages all = messages(phone);
+  EXPECT_EQ(all.size(), 1000U);
+  EXPECT_EQ(all.front(), "1004");
+  EXPECT_EQ(all.back(), "5");
+}
+
+class Clearing : public testing::Test {
+ protected:
+  NCNotificationRequest* present(const char* message) {
+    phone.present({{"message", message}});
+    requests.push_back(dispatcher()->list().all().front());
+    return requests.back();
+  }
+  static void clear(NCNotificationRequest* request) {
+    dispatcher()->execute(request->clearAction(), request, NSDictionary::dictionary());
+    foundation::drainMainQueue();
+  }
+  static NCNotificationDispatcher* dispatcher() { return NCNotificationDispatcher::shared(); }
+
+  PlainPhone phone;
+  objc::AutoreleasePool pool;
+  springboard::NotificationGroup requests;
+};
+
+TEST_F(Clearing, TakesTheRequestAlone) {
+  present("first");
+  NCNotificationRequest* cleared = present("second");
+  clear(cleared);
+  EXPECT_EQ(messages(phone), Messages{"first"});
+}
+
+TEST_F(Clearing, SendsTheBannerAway) {
+  clear(present("first"));
+  phone.wait(1);
+  EXPECT_TRUE(phone.isDismissed(1));
+}
+
+TEST_F(Clearing, TwiceIsClearingOnce) {
+  present("first");
+  NCNotificationRequest* cleared = present("second");
+  clear(cleared);
+  clear(cleared);
+  EXPECT_EQ(messages(phone), Messages{"first"});
+}
+
+TEST_F(Clearing, WhatIsNotListedChangesNothing) {
+  present("first");
+  springboard::NotificationDescription description;
+  description.section = "com.apple.MobileSMS";
+  const auto stranger = springboard::makeRequest(description, nullptr);
+  clear(stranger);
+  EXPECT_EQ(messages(phone), Messages{"first"});
+}
+
+TEST_F(Clearing, SilencingLeavesTheRequest) {
+  phone.present({{"message", "first"}, {"silence", true}});
+  NCNotificationRequest* request = dispatcher()->list().all().front();
+  dispatcher()->execute(request->silenceAction(), request, NSDictionary::dictionary());
+  EXPECT_EQ(messages(phone), Messages{"first"});
+}
+
+TEST_F(Clearing, WithoutAnActionOrARequestNothingHappens) {
+  NCNotificationRequest* request = present("first");
+  dispatcher()->execute(nullptr, request, NSDictionary::dictionary());
+  dispatcher()->execute(request->clearAction(), nullptr, NSDictionary::dictionary());
+  dispatcher()->withdraw(nullptr);
+  dispatcher()->post(nullptr);
+  EXPECT_EQ(messages(phone), Messages{"first"});
+}
+
+TEST(Withdrawal, TakesTheSectionsOrTheIdentifiersOrAll) {
+  PlainPhone phone;
+  for (const char* section : {"a.b", "a.c"})
+    for (const char* identifier : {"1", "2", "3"}) phone.present({{"section", section}, {"identifier", identifier}});
+  EXPECT_EQ(phone.run("withdraw", {{"section", "a.b"}, {"identifier", "1"}}).at("withdrawn"), 1);
+  EXPECT_EQ(phone.run("withdraw", {{"identifier", "2"}}).at("withdrawn"), 2);
+  EXPECT_EQ(phone.run("withdraw", {{"section", "a.c"}}).at("withdrawn"), 2);
+  EXPECT_EQ(phone.run("withdraw", {{"section", "a.c"}}).at("withdrawn"), 0);
+  EXPECT_EQ(listed(phone).size(), 1U);
+  EXPECT_EQ(phone.run("withdraw").at("withdrawn"), 1);
+  EXPECT_EQ(listed(phone), Json::array());
+}
+
+TEST(Withdrawal, SendsTheBannerAway) {
+  PlainPhone phone;
+  const int controller = phone.present({{"dismissAutomatically", false}});
+  phone.run("withdraw");
+  phone.wait(1);
+  EXPECT_TRUE(phone.isDismissed(controller));
+}
+
+TEST(Withdrawal, ByTheBulletinServerTakesItsBulletin) {
+  PlainPhone phone;
+  const objc::AutoreleasePool pool;
+  const auto server = objc::adopt(objc::send<BBServer*, "initWithQueue:">(objc::allocate<BBServer>(), __BBServerQueue));
+  for (NSString* identifier : {"first"_ns, "second"_ns}) {
+    const auto bulletin = objc::make<BBBulletin>();
+    objc::send<void, "setSectionID:">(bulletin.get(), "com.apple.MobileSMS"_ns);
+    objc::send<void, "setBulletinID:">(bulletin.get(), identifier);
+    objc::send<void, "setMessage:">(bulletin.get(), identifier);
+    objc::send<void, "publishBulletin:destinations:">(server.get(), bulletin.get(), NSUInteger{15});
+  }
+  foundation::drainMainQueue();
+  for (NSString* identifier : {"first"_ns, "first"_ns, "unknown"_ns})
+    objc::send<void, "withdrawBulletinID:">(server.get(), identifier);
+  foundation::drainMainQueue();
+  EXPECT_EQ(messages(phone), Messages{"second"});
+}
+
+TEST(LockScreen, ShowsTheListFromTheLatestDown) {
+  PlainPhone phone({.time = 1584178860});
+  phone.present({{"section", "a.mail"}, {"message", "Earlier"}, {"at", "2020-03-14T07:00:00Z"}});
+  phone.present({{"section", "a.chat"}, {"message", "Later"}, {"at", "2020-03-14T09:36:00Z"}});
+  phone.run("lock");
+  const auto shown = cells(phone);
+  ASSERT_EQ(shown.size(), 2U);
+  EXPECT_TRUE(reads(shown[0], "Later"));
+  EXPECT_TRUE(reads(shown[0], "5m ago"));
+  EXPECT_TRUE(reads(shown[1], "Earlier"));
+  EXPECT_TRUE(reads(shown[1], "2h ago"));
+  const Json& first = shown[0].at("frame");
+  EXPECT_GE(shown[1].at("frame")[1].get<double>(), first[1].get<double>() + first[3].get<double>());
+  EXPECT_FALSE(PlainPhone::find(phone.run("tree").at("windows"), "text", "Saturday, March 14").is_null());
+}
+
+TEST(LockScreen, StacksAConversation) {
+  PlainPhone phone;
+  for (const char* message : {"One", "Two", "Three"}) phone.present({{"thread", "anna"}, {"message", message}});
+  phone.present({{"thread", "ben"}, {"message", "Other"}});
+  phone.run("lock");
+  const auto shown = cells(phone);
+  ASSERT_EQ(shown.size(), 2U);
+  EXPECT_TRUE(reads(shown[0], "Other"));
+  EXPECT_TRUE(reads(shown[1], "Three"));
+  EXPECT_FALSE(reads(shown[1], "Two"));
+  EXPECT_TRUE(reads(shown[1], "2 more notifications"));
+}
+
+TEST(LockScreen, BelowTwelveNothingIsStacked) {
+  PlainPhone phone({.systemVersion = "11.4"});
+  for (const char* message : {"One", "Two"}) phone.present({{"thread", "anna"}, {"message", message}});
+  phone.run("lock");
+  EXPECT_EQ(cells(phone).size(), 2U);
+}
+
+TEST(LockScreen, FollowsTheList) {
+  PlainPhone phone;
+  phone.run("lock");
+  EXPECT_EQ(cells(phone).size(), 0U);
+  phone.present({{"identifier", "1"}, {"message", "Hello"}});
+  ASSERT_EQ(cells(phone).size(), 1U);
+  phone.present({{"identifier", "1"}, {"message", "Goodbye"}});
+  ASSERT_EQ(cells(phone).size(), 1U);
+  EXPECT_TRUE(reads(cells(phone)[0], "Goodbye"));
+  phone.run("withdraw");
+  EXPECT_EQ(cells(phone).size(), 0U);
+}
+
+TEST(LockScreen, FollowsTheClock) {
+  PlainPhone phone({.time = 1584178860});
+  phone.present();
+  phone.run("lock");
+  phone.wait(150);
+  EXPECT_TRUE(reads(cells(phone).at(0), "2m ago"));
+  const Json windows = phone.run("tree").at("windows");
+  EXPECT_FALSE(PlainPhone::find(windows, "text", "9:43").is_null());
+}
+
+TEST(LockScreen, EndsAtTheLowerEdgeOfTheScreen) {
+  PlainPhone phone;
+  for (int number = 0; number < 200; ++number) phone.present({{"thread", std::to_string(number)}});
+  phone.run("lock");
+  const auto shown = cells(phone);
+  EXPECT_LT(shown.size(), 12U);
+  const Json& last = shown.back().at("frame");
+  EXPECT_LT(last[1].get<double>(), 812);
+  EXPECT_GE(last[1].get<double>() + last[3].get<double>(), 812 - 8);
+}
+
+TEST(LockScreen, ATapOnACellOpensItsApplicationAndUnlocks) {
+  PlainPhone phone;
+  phone.present({{"message", "Lunch?"}});
+  phone.wait(8);
+  phone.run("lock");
+  phone.wait(1);
+  phone.log();
+  phone.run("tap", {{"label", "Lunch?"}});
+  const Json events = phone.log();
+  ASSERT_EQ(events.size(), 2U);
+  EXPECT_EQ(events[0].at("identifier"), "com.apple.UNNotificationDefaultActionIdentifier");
+  EXPECT_EQ(events[1], Json({{"event", "launch"}, {"bundle", "com.apple.MobileSMS"}, {"suspended", false}}));
+  EXPECT_EQ(listed(phone), Json::array());
+  EXPECT_TRUE(PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView").is_null());
+}
+
+TEST(LockScreen, HasNoListOnceItIsLeft) {
+  PlainPhone phone;
+  phone.run("lock");
+  phone.run("press", {{"type", 101}, {"force", 0}});
+  phone.present();
+  EXPECT_TRUE(PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView").is_null());
+  phone.run("lock");
+  EXPECT_EQ(cells(phone).size(), 1U);
+}
+
+}  // namespace
