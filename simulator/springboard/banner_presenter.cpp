@@ -8,6 +8,7 @@
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/banner_gestures.hpp"
 #include "simulator/springboard/banner_window.hpp"
+#include "simulator/springboard/long_look_presenter.hpp"
 #include "simulator/springboard/notification_view.hpp"
 
 namespace springboard {
@@ -79,7 +80,7 @@ bool dismissesItself(const Controller* controller) {
 
 void dismissWhenTimeIsUp(std::size_t number) {
   foundation::onMainThreadAfter(secondsOnScreen, [number] {
-    if (!isBannerOnScreen(number)) return;
+    if (!isBannerOnScreen(number) || showsLongLook(banners().at(number).controller)) return;
     banners().at(number).controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
   });
 }
@@ -123,7 +124,9 @@ void dismissBanner(Controller* controller, NSInteger transition, objc::Block<voi
   if (isLeaving && Transition(transition) != Transition::None) return;
   host::recordEvent("dismiss", {{"controller", number}, {"transition", transition}});
   const objc::BlockRef<void(bool)> kept(completion);
-  if (Transition(transition) == Transition::None) {
+  const bool atOnce = Transition(transition) == Transition::None;
+  if (showsLongLook(controller)) dismissLongLook(atOnce ? LongLookChange::AtOnce : LongLookChange::Animated);
+  if (atOnce) {
     takeAway(number);
     tellFinished(kept);
   } else {

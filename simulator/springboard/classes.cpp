@@ -1,6 +1,8 @@
 #include "simulator/springboard/classes.hpp"
 
 #include "objc/autorelease_pool.hpp"
+#include "simulator/springboard/action_group_view.hpp"
+#include "simulator/springboard/action_row.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/banner_window.hpp"
 #include "simulator/springboard/bulletin_server.hpp"
@@ -10,6 +12,9 @@
 #include "simulator/springboard/home_screen.hpp"
 #include "simulator/springboard/icon_label.hpp"
 #include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/long_look_close_button.hpp"
+#include "simulator/springboard/long_look_controller.hpp"
+#include "simulator/springboard/long_look_view.hpp"
 #include "simulator/springboard/notification_dispatcher.hpp"
 #include "simulator/springboard/notification_list_cell.hpp"
 #include "simulator/springboard/notification_list_view.hpp"
@@ -17,6 +22,7 @@
 #include "simulator/springboard/notification_view.hpp"
 #include "simulator/springboard/notification_view_controller.hpp"
 #include "simulator/springboard/placeholder_digest.hpp"
+#include "simulator/springboard/platter_header.hpp"
 #include "simulator/springboard/springboard_application.hpp"
 #include "simulator/springboard/status_bar.hpp"
 #include "simulator/springboard/touch_through.hpp"
@@ -42,9 +48,15 @@ void registerClasses() {
   const objc::AutoreleasePool pool;
   defineNotificationRequest();
   defineTouchThroughView();
+  definePlatterHeader();
   defineShortLookView();
   defineNotificationView();
   defineNotificationViewControllers();
+  defineCloseButton();
+  defineLongLookView();
+  defineActionRow();
+  defineActionGroupView();
+  defineLongLookController();
   defineBannerWindow();
   defineStatusBar();
   defineIconLabel();

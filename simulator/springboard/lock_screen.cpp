@@ -5,6 +5,7 @@
 #include "platform/ui_device.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
+#include "simulator/springboard/long_look_presenter.hpp"
 #include "simulator/springboard/notification_dispatcher.hpp"
 #include "simulator/springboard/time_text.hpp"
 #include "simulator/springboard/wallpaper_view.hpp"
@@ -70,6 +71,7 @@ void refreshAfterThisTurn() {
 // Banners go when the screen locks.
 void activate(LockScreen* self, bool, NSObject*, bool, bool, bool, bool, Completion* completion) {
   dismissAllBanners();
+  dismissLongLook(LongLookChange::AtOnce);
   LockScreenState& state = objc::state(self);
   makeWindow(state);
   NCNotificationDispatcher::shared()->observeList(&refreshAfterThisTurn);
@@ -83,6 +85,7 @@ bool isUILocked(LockScreen* self) { return objc::state(self).window != nullptr; 
 void unlock(LockScreen* self, NSInteger, NSObject*) {
   LockScreenState& state = objc::state(self);
   if (state.window == nullptr) return;
+  dismissLongLook(LongLookChange::AtOnce);
   NCNotificationDispatcher::shared()->observeList(nullptr);
   state.window->setHidden(true);
   state = {};

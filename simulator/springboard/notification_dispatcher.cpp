@@ -4,6 +4,7 @@
 
 #include "platform/ui_window.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
+#include "simulator/springboard/long_look_presenter.hpp"
 
 namespace springboard {
 
@@ -32,6 +33,7 @@ void withdraw(Dispatcher* self, NCNotificationRequest* request) {
   const NotificationKey key = keyOf(request);
   if (objc::state(self).list.remove(key)) tellOfChange(self);
   dismissBannersOf(key);
+  dismissLongLookOf(key);
 }
 
 // The sender's own part is the sender's; opening the application is the home screen's.

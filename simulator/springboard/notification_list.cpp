@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 #include <utility>
 
 #include "simulator/springboard/json_objects.hpp"
@@ -39,20 +38,20 @@ bool NotificationList::remove(const NotificationKey& key) {
 
 NotificationGroup NotificationList::all() const {
   NotificationGroup requests;
-  for (const Entry& entry : std::views::reverse(entries)) requests.push_back(entry.request);
+  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) requests.push_back(entry->request);
   return requests;
 }
 
 std::vector<NotificationGroup> NotificationList::groups(Grouping grouping) const {
   std::vector<NotificationGroup> groups;
   std::map<std::pair<std::string, std::string>, std::size_t> places;
-  for (const Entry& entry : std::views::reverse(entries)) {
-    const std::pair conversation(entry.key.section, textOf(entry.request->threadIdentifier()));
+  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+    const std::pair conversation(entry->key.section, textOf(entry->request->threadIdentifier()));
     const auto [known, isFirst] = places.try_emplace(conversation, groups.size());
     if (isFirst || grouping == Grouping::None) {
-      groups.push_back({entry.request});
+      groups.push_back({entry->request});
     } else {
-      groups[known->second].push_back(entry.request);
+      groups[known->second].push_back(entry->request);
     }
   }
   return groups;

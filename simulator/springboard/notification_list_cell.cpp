@@ -5,6 +5,7 @@
 #include <string>
 
 #include "simulator/springboard/banner_gestures.hpp"
+#include "simulator/springboard/card.hpp"
 #include "simulator/springboard/json_objects.hpp"
 #include "simulator/springboard/notification_view.hpp"
 
@@ -18,7 +19,6 @@ using Cell = NCNotificationListCell;
 constexpr std::size_t mostEdges = 2;
 constexpr CGFloat edgeHeight = 8;
 constexpr CGFloat edgeInset = 9;
-constexpr CGFloat cornerRadius = 13;
 constexpr CGFloat fading = 0.25;
 
 // A card of which only the lower edge shows: the rest is cut off, as the card in front is translucent.
@@ -27,10 +27,8 @@ objc::Ref<UIView> makeEdge(CGRect frame, CGFloat alpha) {
   strip->setClipsToBounds(true);
   strip->setAlpha(alpha);
   auto card = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Regular));
-  card->setFrame({{0, frame.size.height - 3 * cornerRadius}, {frame.size.width, 3 * cornerRadius}});
-  card->layer()->setCornerRadius(cornerRadius);
-  card->layer()->setContinuousCorners(true);
-  card->setClipsToBounds(true);
+  card->setFrame({{0, frame.size.height - 3 * cardCornerRadius}, {frame.size.width, 3 * cardCornerRadius}});
+  makeCard(card);
   strip->addSubview(card);
   return strip;
 }

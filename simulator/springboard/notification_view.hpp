@@ -3,10 +3,8 @@
 
 #include "objc/class_definition.hpp"
 #include "platform/nc_notification_view.hpp"
-#include "platform/ui_image_view.hpp"
-#include "platform/ui_label.hpp"
 #include "platform/ui_visual_effect_view.hpp"
-#include "simulator/springboard/notification_request.hpp"
+#include "simulator/springboard/platter_header.hpp"
 
 struct ShortLookViewState {
   objc::Ref<NSString> primaryText;
@@ -16,9 +14,7 @@ struct ShortLookViewState {
   objc::Ref<NSArray> icons;
 
   objc::Ref<UIVisualEffectView> platter;
-  objc::Ref<UIImageView> iconView;
-  objc::Ref<UILabel> nameLabel;
-  objc::Ref<UILabel> dateLabel;
+  objc::Ref<PLPlatterHeaderContentView> header;
   objc::Ref<UILabel> titleLabel;
   objc::Ref<UILabel> subtitleLabel;
   objc::Ref<UILabel> bodyLabel;

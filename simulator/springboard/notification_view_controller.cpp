@@ -4,6 +4,7 @@
 #include "simulator/springboard/banner_gestures.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/long_look_presenter.hpp"
 #include "simulator/springboard/notification_dispatcher.hpp"
 #include "simulator/springboard/notification_view.hpp"
 
@@ -17,10 +18,6 @@ using ContentContainer = NCNotificationContentContainerViewController;
 
 void record(const char* event, const Controller* controller) {
   host::recordEvent(event, {{"controller", numberOfBanner(controller)}});
-}
-
-void finish(objc::Block<void(bool)>* completion) {
-  if (completion != nullptr) (*completion)(true);
 }
 
 // NCNotificationViewController
@@ -40,9 +37,16 @@ void executeAction(Controller* self, NCNotificationAction* action, NSDictionary*
   NCNotificationDispatcher::shared()->execute(action, objc::state(self).request, parameters);
 }
 
-void presentLongLook(Controller* self, bool, NSInteger, objc::Block<void(bool)>* completion) {
+// The platform's long look opens from a short look.
+void openLongLook(Controller* self, bool animated, objc::Block<void(bool)>* completion) {
   record("longlook", self);
-  finish(completion);
+  auto* shortLook = objc::as<ShortLookController>(self);
+  if (shortLook == nullptr) return;
+  presentLongLook(shortLook, animated ? LongLookChange::Animated : LongLookChange::AtOnce, completion);
+}
+
+void presentLongLookByTrigger(Controller* self, bool animated, NSInteger, objc::Block<void(bool)>* completion) {
+  openLongLook(self, animated, completion);
 }
 
 // What is presented for a banner on screen takes its place.
@@ -81,12 +85,11 @@ void dismiss(ShortLookController* self, NSInteger transition, objc::Block<void(b
   dismissBanner(self, transition, completion);
 }
 
-void presentLongLookForScroll(ShortLookController* self, bool, objc::Block<void(bool)>* completion) {
-  record("longlook", self);
-  finish(completion);
+void presentLongLookForScroll(ShortLookController* self, bool animated, objc::Block<void(bool)>* completion) {
+  openLongLook(self, animated, completion);
 }
 
-void presentLongLookByClick(ShortLookController* self, NSObject*) { record("longlook", self); }
+void presentLongLookByClick(ShortLookController* self, NSObject*) { openLongLook(self, true, nullptr); }
 
 // NCNotificationContentContainerViewController
 
@@ -118,7 +121,7 @@ void defineNotificationViewControllers() {
       objc::method<"initWithNotificationRequest:", &initWithRequest>(),
       objc::method<"notificationRequest", &notificationRequest>(),
       objc::method<"_askDelegateToExecuteAction:withParameters:animated:", &executeAction>(),
-      objc::method<"presentLongLookAnimated:trigger:completion:", &presentLongLook>(),
+      objc::method<"presentLongLookAnimated:trigger:completion:", &presentLongLookByTrigger>(),
       objc::method<"presentViewController:animated:completion:", &presentController>(),
   };
   static constexpr objc::MethodEntry shortLook[] = {

@@ -53,6 +53,7 @@ TEST(LongLook, IsKeptFromBanners) {
   for (const char* kind : {"scroll", "click", "trigger"})
     phone.run({{"do", "longlook"}, {"controller", controller}, {"kind", kind}});
   EXPECT_EQ(phone.log(), Json::array());
+  EXPECT_TRUE(test::firstNode(phone.windows(), "class", "NCNotificationLongLookView").is_null());
 }
 
 TEST(LongLook, ReachesThePlatformForAControllerOutsideTheBannerWindow) {

@@ -1,6 +1,8 @@
 // What the library does to the notification list, and what it leaves alone there.
 #include <gtest/gtest.h>
 
+#include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/notification_list_cell.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
 
@@ -112,6 +114,21 @@ TEST(List, OnTheLockScreenIsThePlatformsOwn) {
   EXPECT_EQ(test::nodes(windows, [](const Json& node) { return node.at("class") == "BrimContainer"; }).size(), 0U);
   EXPECT_FALSE(test::firstNode(windows, "class", "NCNotificationListCell").is_null());
   EXPECT_FALSE(test::firstNode(windows, "text", "Hello").is_null());
+}
+
+TEST(List, OpensTheLongLookWhichIsThePlatformsOwnToo) {
+  Phone phone;
+  present(phone);
+  phone.run({{"do", "lock"}});
+  phone.wait(2);
+  const auto* list = objc::state(SBLockScreenManager::sharedInstance()).list.get();
+  const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->firstObject());
+  objc::send<void, "_presentLongLookForScrollAnimated:completion:">(objc::state(cell).controller.get(), true,
+                                                                    static_cast<objc::Block<void(bool)>*>(nullptr));
+  phone.wait(1);
+  const Json windows = phone.windows();
+  EXPECT_FALSE(test::firstNode(windows, "class", "NCNotificationLongLookView").is_null());
+  EXPECT_TRUE(test::firstNode(windows, "class", "BrimContainer").is_null());
 }
 
 TEST(List, ATapOnItsCellOpensTheApplication) {

@@ -1,0 +1,18 @@
+// The rows beneath a long look's card, one for each of the sender's actions.
+#pragma once
+
+#include "platform/ui_view.hpp"
+#include "simulator/springboard/notification_request.hpp"
+
+class UIInterfaceActionGroupView : public objc::Interface<"UIInterfaceActionGroupView", UIView> {};
+
+namespace springboard {
+
+// Sends _actionRowTapped: with the row to the target, which is not kept.
+objc::Ref<UIInterfaceActionGroupView> makeActionGroup(const NCNotificationRequest* request, NSObject* target);
+
+CGFloat heightOfActionGroup(const UIInterfaceActionGroupView* view);
+
+void defineActionGroupView();
+
+}  // namespace springboard

@@ -1,0 +1,101 @@
+#include "simulator/springboard/long_look_presenter.hpp"
+
+#include <utility>
+
+#include "platform/ui_window.hpp"
+#include "simulator/springboard/banner_presenter.hpp"
+#include "simulator/springboard/notification_view.hpp"
+#include "simulator/uikit/view_controller.hpp"
+#include "simulator/uikit/view_geometry.hpp"
+
+namespace springboard {
+
+namespace {
+
+using ShortLook = NCNotificationShortLookViewController;
+using LongLook = NCNotificationLongLookViewController;
+
+constexpr double openingSeconds = 0.35;
+constexpr double closingSeconds = 0.25;
+
+objc::Ref<ShortLook>& opened() {
+  static objc::Ref<ShortLook>& held = *new objc::Ref<ShortLook>;
+  return held;
+}
+
+LongLook* longLookOf(const ShortLook* shortLook) {
+  return static_cast<LongLook*>(objc::state<UIViewController>(shortLook).presented.get());
+}
+
+bool canOpen(const ShortLook* shortLook) {
+  return shortLook->view()->window() != nullptr && objc::state<UIViewController>(shortLook).presented == nullptr;
+}
+
+// The presentation of every view controller, below what notifications make of it.
+void coverWindow(ShortLook* shortLook, LongLook* longLook) {
+  objc::sendSuper<"NCNotificationViewController", void, "presentViewController:animated:completion:">(
+      shortLook, static_cast<UIViewController*>(longLook), false, static_cast<objc::Block<void()>*>(nullptr));
+}
+
+void uncoverWindow(ShortLook* shortLook) {
+  objc::send<void, "dismissViewControllerAnimated:completion:">(shortLook, false,
+                                                                static_cast<objc::Block<void()>*>(nullptr));
+}
+
+bool isOpen(const ShortLook* shortLook) { return opened().get() == shortLook; }
+
+}  // namespace
+
+void presentLongLook(ShortLook* shortLook, LongLookChange change, objc::Block<void(bool)>* completion) {
+  if (!canOpen(shortLook)) {
+    if (completion != nullptr) (*completion)(false);
+    return;
+  }
+  dismissLongLook(LongLookChange::AtOnce);
+  opened() = objc::retain(shortLook);
+  const auto longLook = makeLongLookController(shortLook->notificationRequest());
+  const CGRect place = uikit::frameOnScreen(contentViewOf(shortLook->view()));
+  coverWindow(shortLook, longLook);
+  shortLook->view()->setHidden(true);
+  collapseLongLook(longLook, place);
+  const double seconds = change == LongLookChange::Animated ? openingSeconds : 0;
+  longLook->view()->layoutIfNeeded();
+  UIView::animate(seconds, objc::block([longLook, place] {
+                    expandLongLook(longLook, place);
+                    longLook->view()->layoutIfNeeded();
+                  }),
+                  completion);
+}
+
+ShortLook* openedShortLook() { return opened(); }
+
+bool showsLongLook(const ShortLook* shortLook) { return isOpen(shortLook); }
+
+void dismissLongLook(LongLookChange change) {
+  if (opened() == nullptr) return;
+  const objc::Ref<ShortLook> shortLook = std::exchange(opened(), nullptr);
+  UIView* view = longLookOf(shortLook)->view();
+  view->setUserInteractionEnabled(false);
+  // A banner that is about to leave does not come up once more.
+  if (!isBannerOnScreen(numberOfBanner(shortLook))) shortLook->view()->setHidden(false);
+  if (change == LongLookChange::AtOnce) return uncoverWindow(shortLook);
+  const auto fading = objc::retain(view);
+  UIView::animate(closingSeconds, objc::block([fading] { fading->setAlpha(0); }),
+                  objc::block([shortLook](bool) { uncoverWindow(shortLook); }));
+}
+
+void dismissLongLookOf(const NotificationKey& key) {
+  if (opened() != nullptr && keyOf(opened()->notificationRequest()) == key) dismissLongLook(LongLookChange::Animated);
+}
+
+void endLongLook(LongLook* longLook) {
+  if (opened() == nullptr || longLookOf(opened()) != longLook) return;
+  const objc::Ref<ShortLook> shortLook = opened();
+  if (isBannerOnScreen(numberOfBanner(shortLook))) {
+    shortLook->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
+  } else {
+    dismissLongLook(LongLookChange::Animated);
+  }
+}
+
+}  // namespace springboard

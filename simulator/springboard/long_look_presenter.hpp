@@ -1,0 +1,27 @@
+// Opens a short look into its long look, and closes it again. There is one at a time.
+#pragma once
+
+#include "simulator/springboard/long_look_controller.hpp"
+#include "simulator/springboard/notification_list.hpp"
+
+namespace springboard {
+
+enum class LongLookChange { Animated, AtOnce };
+
+// The completion is told when the long look has opened, or at once that it has not: a controller whose view is in no
+// window has nothing to open, and one that shows its long look already stays as it is.
+void presentLongLook(NCNotificationShortLookViewController* shortLook, LongLookChange change,
+                     objc::Block<void(bool)>* completion);
+
+// The short look whose long look is open; nil without.
+NCNotificationShortLookViewController* openedShortLook();
+bool showsLongLook(const NCNotificationShortLookViewController* shortLook);
+
+// Closes what is open; nothing happens without.
+void dismissLongLook(LongLookChange change);
+void dismissLongLookOf(const NotificationKey& key);
+
+// As its user closes it: a banner goes with its long look, a short look in the list is there again.
+void endLongLook(NCNotificationLongLookViewController* longLook);
+
+}  // namespace springboard

@@ -1,0 +1,293 @@
+// The platform's long look: how it opens over a short look, what is on it, and how it goes.
+#include "simulator/springboard/long_look_presenter.hpp"
+
+#include "objc/autorelease_pool.hpp"
+#include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
+#include "simulator/springboard/notification_list_cell.hpp"
+#include "tests/support/plain_phone.hpp"
+
+namespace {
+
+using test::Json;
+using test::PlainPhone;
+
+class LongLook : public testing::Test {
+ protected:
+  explicit LongLook(host::Options options = {}) : phone(std::move(options)) {}
+
+  int open(const Json& fields = Json::object()) {
+    const int controller = phone.present(fields);
+    phone.wait(1);
+    phone.run("longlook", {{"controller", controller}});
+    phone.wait(1);
+    phone.log();
+    return controller;
+  }
+  int openWithActions() {
+    return open({{"close", true},
+                 {"actions",
+                  {{{"key", "a"}, {"identifier", "archive"}, {"title", "Archive"}},
+                   {{"key", "a"}, {"identifier", "nameless"}}}}});
+  }
+
+  Json windows() { return phone.run("tree").at("windows"); }
+  Json view(const char* className) { return PlainPhone::find(windows(), "class", className); }
+  Json card() { return view("NCNotificationLongLookView"); }
+  bool isOpen() { return !card().is_null(); }
+  bool reads(const Json& view, const std::string& text) {
+    return !PlainPhone::find(Json::array({view}), "text", text).is_null();
+  }
+  std::vector<std::string> actions() {
+    std::vector<std::string> found;
+    const Json events = phone.log();
+    for (const Json& event : events)
+      if (event.at("event") == "action") found.push_back(event.at("identifier"));
+    return found;
+  }
+  std::size_t listed() { return phone.run("notifications").at("notifications").size(); }
+  void tapMiddle(const Json& view) {
+    const Json& frame = view.at("frame");
+    phone.run(
+        "tap",
+        {{"at",
+          {frame[0].get<double>() + frame[2].get<double>() / 2, frame[1].get<double>() + frame[3].get<double>() / 2}}});
+  }
+
+  static double top(const Json& view) { return view.at("frame")[1]; }
+  static double bottom(const Json& view) { return top(view) + view.at("frame")[3].get<double>(); }
+
+  PlainPhone phone;
+  objc::AutoreleasePool pool;
+};
+
+using Identifiers = std::vector<std::string>;
+
+TEST_F(LongLook, ShowsAllThatTheNotificationSays) {
+  std::string body = "first";
+  for (int line = 0; line < 11; ++line) body += "\nline";
+  open({{"title", "Title"}, {"subtitle", "Subtitle"}, {"message", body}});
+  const Json shown = card();
+  for (const char* text : {"MESSAGES", "now", "Title", "Subtitle"}) EXPECT_TRUE(reads(shown, text)) << text;
+  EXPECT_EQ(PlainPhone::find(Json::array({shown}), "text", body).at("measuredLines"), 12);
+}
+
+TEST_F(LongLook, StandsInTheBannersPlaceWithItsActionsBeneath) {
+  const int controller = phone.present({{"actions", {{{"key", "a"}, {"identifier", "x"}, {"title", "Archive"}}}}});
+  phone.wait(1);
+  const Json banner = phone.view(controller, "NCNotificationShortLookView").at("frame");
+  phone.run("longlook", {{"controller", controller}});
+  phone.wait(1);
+  const Json frame = card().at("frame");
+  EXPECT_EQ(frame[0], banner[0]);
+  EXPECT_EQ(frame[1], banner[1]);
+  EXPECT_EQ(frame[2], banner[2]);
+  EXPECT_EQ(top(view("UIInterfaceActionGroupView")), bottom(card()) + 8);
+  EXPECT_EQ(view("UIInterfaceActionGroupView").at("frame")[2], banner[2]);
+}
+
+TEST_F(LongLook, LiesOverABlurOfTheWholeScreen) {
+  open();
+  const Json backdrop =
+      card().is_null() ? Json() : view("SBNotificationBannerWindow").at("children").back().at("children")[0];
+  EXPECT_EQ(backdrop.at("class"), "UIVisualEffectView");
+  EXPECT_EQ(backdrop.at("frame"), Json({0, 0, 375, 812}));
+  EXPECT_EQ(backdrop.at("alpha"), 1);
+}
+
+TEST_F(LongLook, HidesItsBanner) {
+  const int controller = open();
+  EXPECT_TRUE(phone.view(controller, "NCNotificationViewControllerView").at("hidden").get<bool>());
+}
+
+TEST_F(LongLook, HasARowForEachActionNamedByItsTitle) {
+  openWithActions();
+  EXPECT_TRUE(reads(view("UIInterfaceActionGroupView"), "Archive"));
+  EXPECT_TRUE(reads(view("UIInterfaceActionGroupView"), "nameless"));
+  EXPECT_EQ(view("UIInterfaceActionGroupView").at("children").size(), 2U);
+}
+
+TEST_F(LongLook, WithoutActionsHasNoRows) {
+  open();
+  EXPECT_EQ(view("UIInterfaceActionGroupView").at("children").size(), 0U);
+  EXPECT_EQ(view("UIInterfaceActionGroupView").at("frame")[3], 0);
+}
+
+TEST_F(LongLook, KeepsALongTextAndItsActionsOnTheScreen) {
+  std::string body;
+  for (int line = 0; line < 200; ++line) body += "line\n";
+  open({{"message", body}, {"actions", {{{"key", "a"}, {"identifier", "x"}, {"title", "Archive"}}}}});
+  EXPECT_GE(top(card()), 44);
+  EXPECT_LE(bottom(view("UIInterfaceActionGroupView")), 812 - 34);
+  const Json label = PlainPhone::find(Json::array({card()}), "text", body);
+  EXPECT_GT(label.at("lines"), 10);
+  EXPECT_LE(bottom(label), bottom(card()));
+}
+
+TEST_F(LongLook, ATapOutsideSendsItAndTheBannerAwayAndLeavesTheNotification) {
+  const int controller = open();
+  phone.run("tap", {{"at", {187, 700}}});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE(phone.isDismissed(controller));
+  EXPECT_EQ(actions(), Identifiers{});
+  EXPECT_EQ(listed(), 1U);
+}
+
+TEST_F(LongLook, ATapOnTheCardOpensTheApplication) {
+  const int controller = open();
+  phone.run("tap", {{"label", "Hello"}});
+  phone.wait(1);
+  EXPECT_EQ(actions(), Identifiers{"com.apple.UNNotificationDefaultActionIdentifier"});
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE(phone.isDismissed(controller));
+}
+
+TEST_F(LongLook, ARowCarriesItsActionOut) {
+  const int controller = openWithActions();
+  phone.run("tap", {{"label", "Archive"}});
+  EXPECT_EQ(actions(), Identifiers{"archive"});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE(phone.isDismissed(controller));
+  EXPECT_EQ(listed(), 0U);
+}
+
+TEST_F(LongLook, TheCrossCarriesTheCloseActionOut) {
+  openWithActions();
+  tapMiddle(view("NCLongLookCloseButton"));
+  phone.wait(1);
+  EXPECT_EQ(actions(), Identifiers{"com.apple.UNNotificationCloseActionIdentifier"});
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(LongLook, TheCrossOfOneWithoutACloseActionOnlyClosesIt) {
+  const int controller = open();
+  tapMiddle(view("NCLongLookCloseButton"));
+  phone.wait(1);
+  EXPECT_EQ(actions(), Identifiers{});
+  EXPECT_TRUE(phone.isDismissed(controller));
+  EXPECT_EQ(listed(), 1U);
+}
+
+TEST_F(LongLook, KeepsItsBannerFromLeavingByTime) {
+  const int controller = open();
+  phone.wait(60);
+  EXPECT_TRUE(isOpen());
+  EXPECT_FALSE(phone.isDismissed(controller));
+}
+
+TEST_F(LongLook, GoesWithItsBannerHoweverThatGoes) {
+  for (const Json& end : {Json{{"do", "dismiss"}, {"controller", 1}, {"transition", 0}},
+                          Json{{"do", "dismiss"}, {"controller", 2}, {"transition", 1}}, Json{{"do", "lock"}},
+                          Json{{"do", "press"}, {"type", 101}, {"force", 0}}, Json{{"do", "grabber"}},
+                          Json{{"do", "withdraw"}}, Json{{"do", "present"}, {"section", "a.b"}}}) {
+    open();
+    ASSERT_TRUE(isOpen()) << end;
+    phone.run(end);
+    phone.wait(1);
+    EXPECT_FALSE(isOpen()) << end;
+  }
+}
+
+TEST_F(LongLook, AskedForTwiceIsThereOnce) {
+  const int controller = open();
+  for (const char* kind : {"scroll", "click", "trigger"})
+    phone.run("longlook", {{"controller", controller}, {"kind", kind}});
+  EXPECT_EQ(phone.log().size(), 3U);
+  const Json window = view("SBNotificationBannerWindow");
+  EXPECT_EQ(window.at("children").size(), 2U);
+}
+
+TEST_F(LongLook, TwoTapsEndItOnce) {
+  const int controller = open();
+  phone.run("tap", {{"at", {187, 700}}});
+  phone.run("tap", {{"at", {187, 700}}});
+  phone.wait(1);
+  EXPECT_EQ(phone.log(), Json::array({{{"event", "dismiss"}, {"controller", controller}, {"transition", 1}}}));
+}
+
+TEST_F(LongLook, FollowsTheAppearance) {
+  openWithActions();
+  const Json light = card().at("background");
+  const Json row = view("UIInterfaceActionRow").at("background");
+  phone.run("appearance", {{"style", "dark"}});
+  EXPECT_LT(card().at("background")[0].get<double>(), 0.3);
+  EXPECT_NE(card().at("background"), light);
+  EXPECT_NE(view("UIInterfaceActionRow").at("background"), row);
+}
+
+class MirroredLongLook : public LongLook {
+ protected:
+  MirroredLongLook() : LongLook({.locale = "ar_EG"}) {}
+};
+
+TEST_F(MirroredLongLook, HasItsCrossOnTheLeft) {
+  open();
+  EXPECT_EQ(view("NCLongLookCloseButton").at("frame")[0], card().at("frame")[0]);
+}
+
+// Of a notification on the lock screen.
+class ListedLongLook : public LongLook {
+ protected:
+  void openFirstCell() {
+    phone.present({{"message", "Lunch?"}, {"actions", {{{"key", "a"}, {"identifier", "x"}, {"title", "Archive"}}}}});
+    phone.run("lock");
+    phone.wait(8);
+    phone.log();
+    const auto* list = objc::state(SBLockScreenManager::sharedInstance()).list.get();
+    const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->firstObject());
+    const auto completion = objc::block([this](bool opened) { told = opened; });
+    objc::send<void, "presentLongLookAnimated:trigger:completion:">(
+        objc::state(cell).controller.get(), true, NSInteger{0}, static_cast<objc::Block<void(bool)>*>(completion));
+    phone.wait(1);
+  }
+  bool told = false;
+};
+
+TEST_F(ListedLongLook, OpensOnTheLockScreen) {
+  openFirstCell();
+  EXPECT_TRUE(told);
+  EXPECT_TRUE(isOpen());
+  EXPECT_TRUE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
+}
+
+TEST_F(ListedLongLook, ATapOutsideLeavesTheCellThere) {
+  openFirstCell();
+  phone.run("tap", {{"at", {187, 780}}});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  EXPECT_FALSE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
+  EXPECT_EQ(listed(), 1U);
+}
+
+TEST_F(ListedLongLook, AnActionTakesTheCellAway) {
+  openFirstCell();
+  phone.run("tap", {{"label", "Archive"}});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE(view("NCNotificationListCell").is_null());
+}
+
+TEST_F(ListedLongLook, GoesWithItsNotificationAndWithTheLockScreen) {
+  openFirstCell();
+  phone.run("withdraw");
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  openFirstCell();
+  phone.run("press", {{"type", 101}, {"force", 0}});
+  EXPECT_FALSE(isOpen());
+  EXPECT_EQ(springboard::openedShortLook(), nullptr);
+}
+
+TEST_F(ListedLongLook, OutlivesTheCellThatAnotherNotificationReplaces) {
+  openFirstCell();
+  phone.present({{"message", "Other"}, {"thread", "other"}});
+  phone.wait(1);
+  EXPECT_TRUE(isOpen());
+  phone.run("tap", {{"at", {187, 780}}});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+}
+
+}  // namespace
