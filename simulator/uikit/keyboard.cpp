@@ -87,7 +87,8 @@ void rebuildKeys(const Look& look) {
   for (const objc::Ref<UIView>& key : old) key->removeFromSuperview();
   window->setBackgroundColor(backgroundOf(look.style));
   const bool sends = look.returnKey == UIReturnKeyType::Send;
-  for (Key& key : keysOf(sizeOfKeyboard(), look.plane, look.shift, sends ? "send" : "return")) {
+  const KeyboardFace face = {look.plane, look.shift, lettersOf(environment().locale), sends ? "send" : "return"};
+  for (Key& key : keysOf(sizeOfKeyboard(), face)) {
     const bool isProminent = key.role == KeyRole::Return && sends && look.hasText;
     const auto view = makeKeyView({std::move(key), look.shift, look.style, isProminent});
     view->addTarget(keyboard().listener, objc::selector<"keyPressed:">(), UIControlEvents::TouchUpInside);

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double characterSize = 22.5;
 constexpr double wordSize = 16;
+constexpr double labelMargin = 2;
 constexpr double shadowHeight = 1;
 constexpr drawing::CornerShape corners = {5, drawing::CornerCurve::Continuous};
 
@@ -54,15 +55,25 @@ const drawing::Color& inkOf(const KeyViewState& look, const KeyPalette& palette)
   return look.key.role == KeyRole::Shift && look.shift == Shift::On ? palette.pressedShift : palette.text;
 }
 
-void drawLabel(drawing::Canvas& canvas, const KeyViewState& look, const drawing::Rectangle& area,
-               const drawing::Color& ink) {
+drawing::TextLayout labelOf(const Key& key, double fontSize) {
   drawing::Run run;
-  run.text = look.key.label;
-  run.font.size = look.key.role == KeyRole::Character ? characterSize : wordSize;
+  run.text = key.label;
+  run.font.size = fontSize;
   drawing::Paragraph paragraph;
   paragraph.runs = {std::move(run)};
   paragraph.alignment = drawing::Alignment::Center;
-  drawing::TextLayout(std::move(paragraph), environment().device.scale).draw(canvas, area, ink);
+  return {std::move(paragraph), environment().device.scale};
+}
+
+// A letter too wide for its key is smaller than the others.
+void drawLabel(drawing::Canvas& canvas, const KeyViewState& look, const drawing::Rectangle& area,
+               const drawing::Color& ink) {
+  const double usualSize = look.key.role == KeyRole::Character ? characterSize : wordSize;
+  const drawing::TextLayout label = labelOf(look.key, usualSize);
+  const double width = label.measure(0).width;
+  const double room = area.width - 2 * labelMargin;
+  if (width <= room) return label.draw(canvas, area, ink);
+  labelOf(look.key, usualSize * room / width).draw(canvas, area, ink);
 }
 
 void drawContent(UIKBKeyView* self, void* target) {

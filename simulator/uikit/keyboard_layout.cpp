@@ -1,15 +1,14 @@
 #include "simulator/uikit/keyboard_layout.hpp"
 
+#include <algorithm>
 #include <array>
-#include <cctype>
-#include <string_view>
 #include <utility>
 
 namespace uikit {
 
 namespace {
 
-using Rows = std::array<std::vector<std::string_view>, 3>;
+using Row = std::vector<std::string>;
 
 constexpr double rowPitch = 54;
 constexpr double rows = 4;
@@ -17,44 +16,57 @@ constexpr double keyHeight = 42;
 constexpr double rowTop = 8;
 constexpr double margin = 3;
 constexpr double gap = 6;
-constexpr double keysInRow = 10;
+constexpr std::size_t keysInRow = 10;
 // Between the last row and the lower edge of a screen without a home button.
 constexpr double barHeight = 41;
 
-const Rows& charactersOf(KeyboardPlane plane) {
-  static const Rows letters = {{{"q", "w", "e", "r", "t", "y", "u", "i", "o", "p"},
-                                {"a", "s", "d", "f", "g", "h", "j", "k", "l"},
-                                {"z", "x", "c", "v", "b", "n", "m"}}};
-  static const Rows numbers = {{{"1", "2", "3", "4", "5", "6", "7", "8", "9", "0"},
-                                {"-", "/", ":", ";", "(", ")", "$", "&", "@", "\""},
-                                {".", ",", "?", "!", "'"}}};
-  static const Rows symbols = {{{"[", "]", "{", "}", "#", "%", "^", "*", "+", "="},
-                                {"_", "\\", "|", "~", "<", ">", "€", "£", "¥", "•"},
-                                {".", ",", "?", "!", "'"}}};
-  switch (plane) {
+constexpr LetterRows numbers = {"1234567890", "-/:;()$&@\"", ".,?!'"};
+constexpr LetterRows symbols = {"[]{}#%^*+=", "_\\|~<>€£¥•", ".,?!'"};
+
+const LetterRows& charactersOf(const KeyboardFace& face) {
+  switch (face.plane) {
     case KeyboardPlane::Letters:
-      return letters;
+      return face.shift == Shift::On ? face.letters.capital : face.letters.small;
     case KeyboardPlane::Numbers:
       return numbers;
     case KeyboardPlane::Symbols:
       return symbols;
   }
-  return letters;
+  return face.letters.small;
+}
+
+std::array<Row, 3> rowsOf(const KeyboardFace& face) {
+  const LetterRows& characters = charactersOf(face);
+  return {lettersIn(characters[0]), lettersIn(characters[1]), lettersIn(characters[2])};
+}
+
+double keyWidthFor(std::size_t keys, double keyboardWidth) {
+  const auto count = static_cast<double>(keys);
+  return (keyboardWidth - 2 * margin - (count - 1) * gap) / count;
+}
+
+double widthOf(const Row& row, double keyWidth) {
+  const auto count = static_cast<double>(row.size());
+  return count * keyWidth + (count - 1) * gap;
 }
 
 class Builder {
  public:
-  Builder(const KeyboardSize& size, KeyboardPlane shown, Shift shiftState)
-      : keyboard(size),
-        plane(shown),
-        shift(shiftState),
-        keyWidth((size.width - 2 * margin - (keysInRow - 1) * gap) / keysInRow) {}
+  Builder(const KeyboardSize& size, const KeyboardFace& shown)
+      : keyboard(size), face(shown), characters(rowsOf(shown)), usualWidth(keyWidthFor(keysInRow, size.width)) {}
 
-  std::vector<Key> build(const std::string& returnLabel) {
-    addCharacters(0, keyWidth);
-    addCharacters(1, keyWidth);
-    addThirdRow();
-    addLastRow(returnLabel);
+  std::vector<Key> build() {
+    // Languages with more letters have narrower keys.
+    const std::size_t longest = std::max({keysInRow, characters[0].size(), characters[1].size()});
+    const double width = keyWidthFor(longest, keyboard.width);
+    addCharacters(0, width);
+    addCharacters(1, width);
+    if (face.plane == KeyboardPlane::Letters) {
+      addThirdRowOfLetters(width);
+    } else {
+      addThirdRowOfSigns();
+    }
+    addLastRow();
     if (keyboard.bottomInset > 0) addBar();
     return std::move(keys);
   }
@@ -67,57 +79,63 @@ class Builder {
     keys.push_back({role, std::move(label), {{x, top(row)}, {width, keyHeight}}, leadsTo});
   }
 
-  std::string typed(std::string_view character) const {
-    std::string label(character);
-    if (shift == Shift::On && label.size() == 1)
-      label[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(label[0])));
-    return label;
-  }
-
-  // In the middle of the keyboard.
-  void addCharacters(int row, double width) {
-    const auto& characters = charactersOf(plane)[static_cast<std::size_t>(row)];
-    const auto count = static_cast<double>(characters.size());
-    double x = (keyboard.width - count * width - (count - 1) * gap) / 2;
-    for (const std::string_view character : characters) {
-      add(KeyRole::Character, typed(character), x, row, width);
+  void addCharacters(int row, double width, double x) {
+    for (const std::string& character : characters[static_cast<std::size_t>(row)]) {
+      add(KeyRole::Character, character, x, row, width);
       x += width + gap;
     }
+  }
+  // In the middle of the keyboard.
+  void addCharacters(int row, double width) {
+    addCharacters(row, width, (keyboard.width - widthOf(characters[static_cast<std::size_t>(row)], width)) / 2);
+  }
+
+  void addBackspace(double width) { add(KeyRole::Backspace, "", keyboard.width - margin - width, 2, width); }
+
+  // Without capitals there is no shift, and the letters begin in its place.
+  void addThirdRowOfLetters(double width) {
+    const double letters = widthOf(characters[2], width);
+    const double room = keyboard.width - 2 * margin - letters;
+    if (!face.letters.hasCapitals()) {
+      addCharacters(2, width, margin);
+      return addBackspace(std::min(widerWidth(), room - gap));
+    }
+    const double side = std::min(widerWidth(), room / 2 - gap);
+    add(KeyRole::Shift, "", margin, 2, side);
+    addCharacters(2, width);
+    addBackspace(side);
   }
 
   // Fewer characters are wider, between a key that changes the plane and the one that erases.
-  void addThirdRow() {
-    const double sideWidth = keyWidth * 1.33;
-    if (plane == KeyboardPlane::Letters) {
-      add(KeyRole::Shift, "", margin, 2, sideWidth);
-      addCharacters(2, keyWidth);
-    } else {
-      const bool inNumbers = plane == KeyboardPlane::Numbers;
-      add(KeyRole::Plane, inNumbers ? "#+=" : "123", margin, 2, sideWidth,
-          inNumbers ? KeyboardPlane::Symbols : KeyboardPlane::Numbers);
-      addCharacters(2, keyWidth * 1.4 + gap * 0.4);
-    }
-    add(KeyRole::Backspace, "", keyboard.width - margin - sideWidth, 2, sideWidth);
+  void addThirdRowOfSigns() {
+    const bool inNumbers = face.plane == KeyboardPlane::Numbers;
+    add(KeyRole::Plane, inNumbers ? "#+=" : "123", margin, 2, widerWidth(),
+        inNumbers ? KeyboardPlane::Symbols : KeyboardPlane::Numbers);
+    addCharacters(2, usualWidth * 1.4 + gap * 0.4);
+    addBackspace(widerWidth());
   }
 
-  void addLastRow(const std::string& returnLabel) {
-    const bool inLetters = plane == KeyboardPlane::Letters;
-    const double side = keyWidth * 1.33;
+  double widerWidth() const { return usualWidth * 1.33; }
+
+  void addLastRow() {
+    const bool inLetters = face.plane == KeyboardPlane::Letters;
+    const double side = widerWidth();
     const double returnWidth = 2 * side + gap;
     double x = margin;
-    const auto next = [&](KeyRole role, const char* label, double width, KeyboardPlane leadsTo) {
-      add(role, label, x, 3, width, leadsTo);
+    const auto next = [&](KeyRole role, std::string label, double width, KeyboardPlane leadsTo) {
+      add(role, std::move(label), x, 3, width, leadsTo);
       x += width + gap;
     };
-    next(KeyRole::Plane, inLetters ? "123" : "ABC", side, inLetters ? KeyboardPlane::Numbers : KeyboardPlane::Letters);
+    next(KeyRole::Plane, inLetters ? "123" : std::string(face.letters.name), side,
+         inLetters ? KeyboardPlane::Numbers : KeyboardPlane::Letters);
     if (keyboard.bottomInset > 0) {
       next(KeyRole::Emoji, "", side, KeyboardPlane::Letters);
     } else {
-      next(KeyRole::Globe, "", keyWidth, KeyboardPlane::Letters);
-      next(KeyRole::Microphone, "", keyWidth, KeyboardPlane::Letters);
+      next(KeyRole::Globe, "", usualWidth, KeyboardPlane::Letters);
+      next(KeyRole::Microphone, "", usualWidth, KeyboardPlane::Letters);
     }
     next(KeyRole::Space, "space", keyboard.width - margin - returnWidth - gap - x, KeyboardPlane::Letters);
-    add(KeyRole::Return, returnLabel, x, 3, returnWidth);
+    add(KeyRole::Return, face.returnLabel, x, 3, returnWidth);
   }
 
   void addBar() {
@@ -129,9 +147,9 @@ class Builder {
   }
 
   const KeyboardSize keyboard;
-  const KeyboardPlane plane;
-  const Shift shift;
-  const double keyWidth;
+  const KeyboardFace& face;
+  const std::array<Row, 3> characters;
+  const double usualWidth;
   std::vector<Key> keys;
 };
 
@@ -139,8 +157,6 @@ class Builder {
 
 double KeyboardSize::height() const { return rows * rowPitch + (bottomInset > 0 ? bottomInset + barHeight : 0); }
 
-std::vector<Key> keysOf(const KeyboardSize& size, KeyboardPlane plane, Shift shift, const std::string& returnLabel) {
-  return Builder(size, plane, shift).build(returnLabel);
-}
+std::vector<Key> keysOf(const KeyboardSize& size, const KeyboardFace& face) { return Builder(size, face).build(); }
 
 }  // namespace uikit

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/core_graphics.hpp"
+#include "simulator/uikit/keyboard_letters.hpp"
 
 namespace uikit {
 
@@ -32,6 +33,14 @@ struct KeyboardSize {
   double height() const;
 };
 
-std::vector<Key> keysOf(const KeyboardSize& size, KeyboardPlane plane, Shift shift, const std::string& returnLabel);
+// What a keyboard shows at a time.
+struct KeyboardFace {
+  KeyboardPlane plane = KeyboardPlane::Letters;
+  Shift shift = Shift::On;
+  const LetterSet& letters;
+  std::string returnLabel;
+};
+
+std::vector<Key> keysOf(const KeyboardSize& size, const KeyboardFace& face);
 
 }  // namespace uikit

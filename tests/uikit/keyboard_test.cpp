@@ -1,5 +1,6 @@
 // The on-screen keyboard: when it is there, and what its keys do.
 #include <algorithm>
+#include <set>
 
 #include "platform/ui_text_field.hpp"
 #include "simulator/foundation/main_queue.hpp"
@@ -166,12 +167,111 @@ void expectInsideAndApart(const std::vector<uikit::Key>& keys, const uikit::Keyb
   }
 }
 
+constexpr const char* locales[] = {"en_US", "de_DE", "fr_FR", "es_ES", "pt_BR", "sv_SE", "fi_FI", "da_DK", "nb_NO",
+                                   "pl_PL", "tr_TR", "ru_RU", "uk_UA", "ar_EG", "he_IL", "ja_JP", "ko_KR", "zh_CN"};
+
+std::vector<uikit::Key> keysFor(const char* locale, const uikit::KeyboardSize& size,
+                                uikit::Shift shift = uikit::Shift::Off,
+                                uikit::KeyboardPlane plane = uikit::KeyboardPlane::Letters) {
+  return uikit::keysOf(size, {plane, shift, uikit::lettersOf(locale), "send"});
+}
+
+std::size_t count(const std::vector<uikit::Key>& keys, KeyRole role) {
+  return static_cast<std::size_t>(std::ranges::count(keys, role, &uikit::Key::role));
+}
+
+// The letters row by row.
+std::string lettersOn(const std::vector<uikit::Key>& keys) {
+  std::string letters;
+  double row = 0;
+  for (const uikit::Key& key : keys) {
+    if (key.role != KeyRole::Character) continue;
+    if (!letters.empty() && key.frame.origin.y != row) letters += ' ';
+    row = key.frame.origin.y;
+    letters += key.label;
+  }
+  return letters;
+}
+
+constexpr uikit::KeyboardSize usualSize = {375, 34};
+
 TEST_F(Keyboard, KeysLieInsideAndApart) {
   using enum uikit::KeyboardPlane;
-  for (const uikit::KeyboardSize size : {uikit::KeyboardSize{320, 0}, {375, 34}, {414, 34}}) {
-    for (const auto plane : {Letters, Numbers, Symbols})
-      expectInsideAndApart(uikit::keysOf(size, plane, uikit::Shift::On, "send"), size);
+  for (const char* locale : locales)
+    for (const uikit::KeyboardSize size : {uikit::KeyboardSize{320, 0}, usualSize, {414, 34}})
+      for (const auto plane : {Letters, Numbers, Symbols})
+        expectInsideAndApart(keysFor(locale, size, uikit::Shift::On, plane), size);
+}
+
+TEST_F(Keyboard, KeysAreWideEnoughForAFinger) {
+  for (const char* locale : locales)
+    for (const uikit::Key& key : keysFor(locale, {320, 0})) EXPECT_GT(key.frame.size.width, 15) << locale;
+}
+
+struct Letters {
+  const char* locale;
+  const char* small;
+  const char* capital;
+};
+
+TEST_F(Keyboard, LettersAreThoseOfTheLanguage) {
+  for (const Letters& wanted : {
+           Letters{"en_US", "qwertyuiop asdfghjkl zxcvbnm", "QWERTYUIOP ASDFGHJKL ZXCVBNM"},
+           {"de_AT", "qwertzuiopü asdfghjklöä yxcvbnm", "QWERTZUIOPÜ ASDFGHJKLÖÄ YXCVBNM"},
+           {"fr_FR", "azertyuiop qsdfghjklm wxcvbn", "AZERTYUIOP QSDFGHJKLM WXCVBN"},
+           {"es_MX", "qwertyuiop asdfghjklñ zxcvbnm", "QWERTYUIOP ASDFGHJKLÑ ZXCVBNM"},
+           {"tr_TR", "qwertyuıopğü asdfghjklşi zxcvbnmöç", "QWERTYUIOPĞÜ ASDFGHJKLŞİ ZXCVBNMÖÇ"},
+           {"ru_RU", "йцукенгшщзх фывапролджэ ячсмитьбю", "ЙЦУКЕНГШЩЗХ ФЫВАПРОЛДЖЭ ЯЧСМИТЬБЮ"},
+           {"pl_PL", "qwertyuiop asdfghjkl zxcvbnm", "QWERTYUIOP ASDFGHJKL ZXCVBNM"},
+           {"ja_JP", "qwertyuiop asdfghjkl zxcvbnm", "QWERTYUIOP ASDFGHJKL ZXCVBNM"},
+           {"de", "qwertzuiopü asdfghjklöä yxcvbnm", "QWERTZUIOPÜ ASDFGHJKLÖÄ YXCVBNM"},
+           {"", "qwertyuiop asdfghjkl zxcvbnm", "QWERTYUIOP ASDFGHJKL ZXCVBNM"},
+       }) {
+    EXPECT_EQ(lettersOn(keysFor(wanted.locale, usualSize, uikit::Shift::Off)), wanted.small) << wanted.locale;
+    EXPECT_EQ(lettersOn(keysFor(wanted.locale, usualSize, uikit::Shift::On)), wanted.capital) << wanted.locale;
   }
+}
+
+TEST_F(Keyboard, NoLanguageHasALetterTwiceOrALetterWithoutItsCapital) {
+  for (const char* locale : locales) {
+    const auto small = keysFor(locale, usualSize, uikit::Shift::Off);
+    const auto capital = keysFor(locale, usualSize, uikit::Shift::On);
+    ASSERT_EQ(small.size(), capital.size()) << locale;
+    std::set<std::string> letters;
+    for (const uikit::Key& key : small)
+      if (key.role == KeyRole::Character) letters.insert(key.label);
+    EXPECT_EQ(letters.size(), count(small, KeyRole::Character)) << locale;
+  }
+}
+
+TEST_F(Keyboard, ScriptsWithoutCapitalsHaveNoShift) {
+  for (const char* locale : {"ar_EG", "he_IL"}) {
+    EXPECT_EQ(count(keysFor(locale, usualSize), KeyRole::Shift), 0U) << locale;
+    EXPECT_EQ(count(keysFor(locale, usualSize), KeyRole::Backspace), 1U) << locale;
+  }
+  EXPECT_EQ(count(keysFor("uk_UA", usualSize), KeyRole::Shift), 1U);
+}
+
+TEST_F(Keyboard, FollowsThePhonesLanguage) {
+  uikit::Environment german = uikit::environment();
+  german.locale = "de_DE";
+  uikit::setEnvironment(german);
+  edit();
+  press("Ü");
+  press("z");
+  press("ö");
+  EXPECT_EQ(shown(), "Üzö");
+}
+
+TEST_F(Keyboard, GoesBackToTheLanguagesLetters) {
+  uikit::Environment russian = uikit::environment();
+  russian.locale = "ru_RU";
+  uikit::setEnvironment(russian);
+  edit();
+  press("123");
+  press("АБВ");
+  press("Ж");
+  EXPECT_EQ(shown(), "Ж");
 }
 
 }  // namespace
