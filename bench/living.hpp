@@ -3,6 +3,7 @@
 
 namespace bench {
 
+void measureDragging();
 void measureLiving();
 
 }  // namespace bench

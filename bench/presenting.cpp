@@ -29,10 +29,11 @@ void present(host::Session& session, std::size_t round) {
                {"message", "Message number " + std::to_string(round) + ": are we still on for lunch today?"}});
 }
 
-// A banner from the platform's call to its first picture.
+// A banner from the platform's call to the first picture in which it has arrived.
 double presentToPicture(host::Session& session, std::size_t round) {
   const double start = processorTime();
   present(session, round);
+  session.run({{"do", "wait"}, {"seconds", 1}});
   uikit::renderScreen(uikit::environment().device.scale);
   return processorTime() - start;
 }
@@ -49,7 +50,7 @@ Figures presentMany(host::LibraryUse library) {
     double early = 0;
     for (std::size_t round = 0; round < rounds; ++round) {
       figures.push_back(presentToPicture(session, round));
-      session.run({{"do", "wait"}, {"seconds", 7}});
+      session.run({{"do", "wait"}, {"seconds", 6}});
       session.run({{"do", "log"}});
       if (round + 1 == earlyRounds) early = residentMemory();
     }

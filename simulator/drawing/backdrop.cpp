@@ -95,4 +95,8 @@ void blurBackdrop(Canvas& canvas, const Rectangle& area, const CornerShape& corn
   paintInside(canvas, pixels.get(), covered, area, corners, std::min(alpha, 1.0));
 }
 
+int backdropReach(BlurStyle style, Appearance appearance, double pixelsPerPoint) {
+  return blurReach(material(style, appearance).sigma * pixelsPerPoint);
+}
+
 }  // namespace drawing

@@ -23,4 +23,7 @@ BlurStyle blurStyle(int number);
 void blurBackdrop(Canvas& canvas, const Rectangle& area, const CornerShape& corners, BlurStyle style,
                   Appearance appearance, double alpha);
 
+// How many pixels beyond the area's edge the content still reaches in.
+int backdropReach(BlurStyle style, Appearance appearance, double pixelsPerPoint);
+
 }  // namespace drawing

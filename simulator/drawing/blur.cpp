@@ -198,6 +198,8 @@ void interpolateLine(const std::vector<Cell>& line, std::uint32_t* target) {
 
 }  // namespace
 
+int blurReach(double sigmaInPixels) { return (boxPasses * boxRadius(sigmaInPixels / cellSide) + 2) * cellSide; }
+
 BlurredCells blurBeneath(const Canvas& canvas, const PixelRectangle& area, double sigmaInPixels) {
   if (area.isEmpty()) return {};
   const int radius = boxRadius(sigmaInPixels / cellSide);

@@ -28,6 +28,9 @@ struct BlurredCells {
   std::vector<BlurredCell> cells;
 };
 
+// How far beyond the area's edge pixels have a part in its blur, at most.
+int blurReach(double sigmaInPixels);
+
 // Blurs what is to be seen beneath these pixels of the canvas. The cells reach one further on each side.
 BlurredCells blurBeneath(const Canvas& canvas, const PixelRectangle& area, double sigmaInPixels);
 

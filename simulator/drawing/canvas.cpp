@@ -90,6 +90,20 @@ void Canvas::clipRoundedRectangle(const Rectangle& rectangle, const CornerShape&
   cairo_clip(context_.get());
 }
 
+void Canvas::clipPixels(const cairo_region_t* region) {
+  cairo_matrix_t transform;
+  cairo_get_matrix(context_.get(), &transform);
+  cairo_identity_matrix(context_.get());
+  cairo_new_path(context_.get());
+  for (int index = 0; index < cairo_region_num_rectangles(region); ++index) {
+    cairo_rectangle_int_t part;
+    cairo_region_get_rectangle(region, index, &part);
+    cairo_rectangle(context_.get(), part.x, part.y, part.width, part.height);
+  }
+  cairo_clip(context_.get());
+  cairo_set_matrix(context_.get(), &transform);
+}
+
 void Canvas::beginLayer(double alpha) {
   if (alpha >= 1) {
     cairo_save(context_.get());
@@ -201,8 +215,27 @@ std::vector<std::byte> Canvas::pixelsAsPng() const { return encodePng(base_.get(
 
 std::shared_ptr<const Image> Canvas::snapshot() const { return Image::fromSurface(copySurface(base_.get()), scale_); }
 
+std::shared_ptr<Canvas> Canvas::copyOf(const PixelRectangle& part) const {
+  auto copy = std::make_shared<Canvas>(Size{part.width / scale_, part.height / scale_}, scale_);
+  ContextHandle context(cairo_create(copy->surface()));
+  cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
+  cairo_set_source_surface(context.get(), base_.get(), -part.x, -part.y);
+  cairo_paint(context.get());
+  return copy;
+}
+
+SurfaceHandle Canvas::lend(const PixelRectangle& area) const {
+  cairo_surface_flush(base_.get());
+  const int stride = cairo_image_surface_get_stride(base_.get());
+  unsigned char* first = cairo_image_surface_get_data(base_.get()) + static_cast<std::ptrdiff_t>(area.y) * stride +
+                         static_cast<std::ptrdiff_t>(area.x) * 4;
+  return SurfaceHandle(
+      cairo_image_surface_create_for_data(first, CAIRO_FORMAT_ARGB32, area.width, area.height, stride));
+}
+
 SurfaceHandle Canvas::captureBeneath(const PixelRectangle& area) const {
   if (area.isEmpty()) return nullptr;
+  if (layers_.empty() && common(area, {0, 0, pixelWidth(), pixelHeight()}) == area) return lend(area);
   SurfaceHandle capture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
   ContextHandle context(cairo_create(capture.get()));
   cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);

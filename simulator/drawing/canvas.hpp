@@ -12,6 +12,7 @@
 
 #include "simulator/drawing/cairo_handles.hpp"
 #include "simulator/drawing/geometry.hpp"
+#include "simulator/drawing/pixel_rectangle.hpp"
 
 namespace drawing {
 
@@ -48,16 +49,6 @@ enum class ContentMode {
 // Where a picture of this size in points goes.
 Rectangle placeContent(const Size& content, const Rectangle& bounds, ContentMode mode);
 
-// A rectangle in whole pixels of the canvas.
-struct PixelRectangle {
-  int x = 0;
-  int y = 0;
-  int width = 0;
-  int height = 0;
-  bool isEmpty() const { return width <= 0 || height <= 0; }
-  friend bool operator==(const PixelRectangle&, const PixelRectangle&) = default;
-};
-
 class Canvas {
  public:
   // Transparent at first. Each side has at least one pixel and at most 16,384; a scale that is not a positive number
@@ -75,6 +66,8 @@ class Canvas {
   void scale(double x, double y);
   void clipRectangle(const Rectangle& rectangle);
   void clipRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners);
+  // In pixels of the canvas, whatever the transform.
+  void clipPixels(const cairo_region_t* region);
   // Opacity from 0 to 1. Ends also what was saved inside and not restored.
   void beginLayer(double alpha);
   void endLayer();
@@ -100,11 +93,14 @@ class Canvas {
   std::vector<std::byte> pixelsAsPng() const;
   // A copy of the pixels.
   std::shared_ptr<const Image> snapshot() const;
+  // The same for a part, on a canvas of its own; transparent where it reaches beyond this one.
+  std::shared_ptr<Canvas> copyOf(const PixelRectangle& part) const;
 
   // Borrowed, for those that draw with cairo themselves; its units are points.
   cairo_t* context() const { return context_.get(); }
-  // A copy of what is to be seen so far, open layers at their opacity included, in pixels of the canvas; outside the
-  // canvas it is transparent. Null for an empty rectangle.
+  // What is to be seen so far, open layers at their opacity included, in pixels of the canvas; outside the canvas it is
+  // transparent. To be read before anything else is drawn: it may be the canvas's own pixels. Null for an empty
+  // rectangle.
   SurfaceHandle captureBeneath(const PixelRectangle& area) const;
   // The pixels that this rectangle of points covers under the present transform, and the clip leaves.
   PixelRectangle coveredPixels(const Rectangle& rectangle) const;
@@ -117,6 +113,8 @@ class Canvas {
   };
 
   void pop();
+  // The canvas's own pixels of an area that lies in it.
+  SurfaceHandle lend(const PixelRectangle& area) const;
 
   SurfaceHandle base_;
   ContextHandle context_;

@@ -60,6 +60,14 @@ void drawContent(UIImageView* self, void* canvas) {
                                                    static_cast<drawing::ContentMode>(mode));
 }
 
+CGRect contentArea(UIImageView* self) {
+  const auto shown = imageOf(objc::state(self).image);
+  if (shown == nullptr) return {};
+  const auto mode = objc::send<UIViewContentMode, "contentMode">(self);
+  return rectangle(
+      drawing::placeContent(shown->size(), rectangle(shownBounds(self)), static_cast<drawing::ContentMode>(mode)));
+}
+
 // A picture that came as bytes has no name but its size.
 std::string nameOf(const drawing::Image& image) {
   if (!image.name().empty()) return image.name();
@@ -82,6 +90,7 @@ void defineImageView() {
       objc::method<"intrinsicContentSize", &intrinsicContentSize>(),
       objc::method<"sizeThatFits:", &sizeThatFits>(),
       objc::method<"_drawContentInCanvas:", &drawContent>(),
+      objc::method<"_contentArea", &contentArea>(),
       objc::method<"_describe:", &describe>(),
   };
   objc::defineClassWithState<UIImageView>(methods);

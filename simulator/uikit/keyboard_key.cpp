@@ -90,6 +90,12 @@ void drawContent(UIKBKeyView* self, void* target) {
   drawKeyIcon(canvas, look.key.role, look.shift, {area.x + area.width / 2, area.y + area.height / 2}, ink);
 }
 
+// With the shadow beneath.
+CGRect contentArea(UIKBKeyView* self) {
+  const CGRect bounds = shownBounds(self);
+  return {bounds.origin, {bounds.size.width, bounds.size.height + shadowHeight}};
+}
+
 NSString* text(UIKBKeyView* self) { return NSString::stringWithUTF8String(objc::state(self).key.label.c_str()); }
 
 }  // namespace
@@ -104,6 +110,7 @@ void defineKeyboardKey() {
   static constexpr objc::MethodEntry methods[] = {
       objc::method<"text", &text>(),
       objc::method<"_drawContentInCanvas:", &drawContent>(),
+      objc::method<"_contentArea", &contentArea>(),
   };
   objc::defineClassWithState<UIKBKeyView>(methods);
 }

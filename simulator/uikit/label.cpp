@@ -126,11 +126,20 @@ CGFloat firstBaselineOffset(UILabel* self) { return textLayout(self).firstBaseli
 
 // The text is laid out in the label's size. While that is still on its way, it stands in what is shown as the content
 // mode says.
-void drawContent(UILabel* self, void* canvas) {
+drawing::Rectangle placeOfText(UILabel* self) {
   const CGSize size = self->bounds().size;
   const auto mode = static_cast<drawing::ContentMode>(record(self).contentMode);
-  const drawing::Rectangle place = drawing::placeContent({size.width, size.height}, rectangle(shownBounds(self)), mode);
-  textLayout(self).draw(*static_cast<drawing::Canvas*>(canvas), place, colorOf(textColor(self)));
+  return drawing::placeContent({size.width, size.height}, rectangle(shownBounds(self)), mode);
+}
+
+void drawContent(UILabel* self, void* canvas) {
+  textLayout(self).draw(*static_cast<drawing::Canvas*>(canvas), placeOfText(self), colorOf(textColor(self)));
+}
+
+// Glyphs may reach beyond their line.
+CGRect contentArea(UILabel* self) {
+  if (objc::state(self).text.string()->length() == 0) return {};
+  return outset(rectangle(placeOfText(self)), font(self)->pointSize());
 }
 
 void describe(UILabel* self, void* description) {
@@ -173,6 +182,7 @@ void defineLabel() {
       objc::method<"_measuredNumberOfLines", &measuredNumberOfLines>(),
       objc::method<"_firstBaselineOffset", &firstBaselineOffset>(),
       objc::method<"_drawContentInCanvas:", &drawContent>(),
+      objc::method<"_contentArea", &contentArea>(),
       objc::method<"_describe:", &describe>(),
   };
   objc::defineClassWithState<UILabel>(methods);

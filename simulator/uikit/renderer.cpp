@@ -1,12 +1,12 @@
 #include "simulator/uikit/renderer.hpp"
 
-#include <cairo.h>
-
 #include <algorithm>
 #include <cmath>
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/animation_group.hpp"
+#include "simulator/uikit/damage.hpp"
+#include "simulator/uikit/screen_contents.hpp"
 #include "simulator/uikit/view_geometry.hpp"
 #include "simulator/uikit/window.hpp"
 
@@ -52,52 +52,61 @@ std::uint64_t displayGeneration() {
 
 namespace {
 
-void drawView(drawing::Canvas& canvas, UIView* view) {
-  const LayerRecord& layer = record(view).layer;
-  const double opacity = std::clamp(layer.opacity.shown(), 0.0, 1.0);
-  if (layer.hidden || opacity <= 0) return;
-
-  const CGPoint origin = layer.origin.shown();
-  const CGRect bounds = layer.bounds.shown();
-  const drawing::CornerShape corners = shownCorners(view);
-  canvas.save();
-  canvas.translate(origin.x - bounds.origin.x, origin.y - bounds.origin.y);
-  canvas.beginLayer(opacity);
-  const drawing::Color background = layer.background.shown();
-  if (background.alpha > 0) canvas.fillRoundedRectangle(rectangle(bounds), corners, background);
-  if (layer.masksToBounds) canvas.clipRoundedRectangle(rectangle(bounds), corners);
-  objc::send<void, "_drawContentInCanvas:">(view, static_cast<void*>(&canvas));
-  for (const objc::Ref<UIView>& subview : record(view).subviews) drawView(canvas, subview.get());
-  canvas.endLayer();
-  canvas.restore();
-}
-
+// The last picture, as long as it can be gone on with.
 struct Picture {
   std::uint64_t generation = 0;
   double scale = 0;
+  ScreenContents contents;
   std::shared_ptr<drawing::Canvas> canvas;
 };
 
-// The last picture, as long as it is right.
 Picture& lastPicture() {
   static Picture held;
   return held;
 }
 
+std::shared_ptr<drawing::Canvas> emptyScreen(double scale) {
+  const CGSize screen = environment().device.screen;
+  return std::make_shared<drawing::Canvas>(drawing::Size{screen.width, screen.height}, scale);
+}
+
+drawing::PixelRectangle allPixels(const drawing::Canvas& canvas) {
+  return {0, 0, canvas.pixelWidth(), canvas.pixelHeight()};
+}
+
 }  // namespace
+
+void noteNewLook() {
+  lastPicture() = {};
+  noteDisplayChange();
+}
+
+std::shared_ptr<drawing::Canvas> paintScreen(double scale) {
+  layoutWindows();
+  auto canvas = emptyScreen(scale);
+  paint(*canvas, contentsOfScreen(*canvas), drawing::regionOf(allPixels(*canvas)).get());
+  return canvas;
+}
 
 std::shared_ptr<drawing::Canvas> renderScreen(double scale) {
   layoutWindows();
   Picture& picture = lastPicture();
   const std::uint64_t generation = displayGeneration();
-  if (picture.canvas != nullptr && picture.generation == generation && picture.scale == scale) return picture.canvas;
+  const bool isKnown = picture.canvas != nullptr && picture.scale == scale;
+  if (isKnown && picture.generation == generation) return picture.canvas;
 
-  const CGSize screen = environment().device.screen;
-  auto canvas = std::make_shared<drawing::Canvas>(drawing::Size{screen.width, screen.height}, scale);
-  canvas->clear({0, 0, 0, 1});
-  for (UIWindow* window : visibleWindows()) drawView(*canvas, window);
-  picture = {generation, scale, canvas};
-  return canvas;
+  if (!isKnown) picture.canvas = emptyScreen(scale);
+  ScreenContents contents = contentsOfScreen(*picture.canvas);
+  const drawing::RegionHandle damage =
+      isKnown ? differingPixels(picture.contents, contents) : drawing::regionOf(allPixels(*picture.canvas));
+  if (cairo_region_is_empty(damage.get()) == 0) {
+    if (picture.canvas.use_count() > 1) picture.canvas = picture.canvas->copyOf(allPixels(*picture.canvas));
+    paint(*picture.canvas, contents, damage.get());
+  }
+  picture.generation = generation;
+  picture.scale = scale;
+  picture.contents = std::move(contents);
+  return picture.canvas;
 }
 
 namespace {
@@ -128,16 +137,9 @@ CGRect visiblePoints(const CGRect& rect) {
 std::shared_ptr<drawing::Canvas> renderView(UIView* view, double scale) {
   const std::shared_ptr<drawing::Canvas> screen = renderScreen(scale);
   const CGRect part = visiblePoints(shownFrameOnScreen(view));
-  auto canvas = std::make_shared<drawing::Canvas>(drawing::Size{part.size.width, part.size.height}, scale);
-  cairo_t* context = canvas->context();
-  cairo_save(context);
-  cairo_identity_matrix(context);
-  cairo_set_source_surface(context, screen->surface(), -std::round(part.origin.x * scale),
-                           -std::round(part.origin.y * scale));
-  cairo_pattern_set_filter(cairo_get_source(context), CAIRO_FILTER_NEAREST);
-  cairo_paint(context);
-  cairo_restore(context);
-  return canvas;
+  const auto pixels = [scale](double points) { return static_cast<int>(std::round(points * scale)); };
+  return screen->copyOf(
+      {pixels(part.origin.x), pixels(part.origin.y), pixels(part.size.width), pixels(part.size.height)});
 }
 
 }  // namespace uikit

@@ -153,6 +153,9 @@ void drawContent(UITextField* self, void* target) {
   }
 }
 
+// Glyphs may reach beyond their line.
+CGRect contentArea(UITextField* self) { return outset(shownBounds(self), objc::state(self).font->pointSize()); }
+
 CGRect textRectForBounds(UITextField* self, CGRect bounds) {
   if (objc::state(self).borderStyle == UITextBorderStyle::None) return bounds;
   const CGFloat inset = std::min(borderInset, bounds.size.width / 2);
@@ -188,6 +191,7 @@ std::span<const objc::MethodEntry> textFieldDrawingMethods() {
       objc::method<"sizeThatFits:", &sizeThatFits>(),
       objc::method<"_firstBaselineOffset", &firstBaselineOffset>(),
       objc::method<"_drawContentInCanvas:", &drawContent>(),
+      objc::method<"_contentArea", &contentArea>(),
   };
   return methods;
 }

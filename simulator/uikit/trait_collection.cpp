@@ -61,7 +61,7 @@ void addWitnesses(UIView* root, std::vector<Witness>& witnesses) {
 
 // Also views that are not told anything look different: default colours and blurs follow the appearance.
 void tellChanges(const std::vector<Witness>& witnesses) {
-  noteDisplayChange();
+  noteNewLook();
   for (const Witness& witness : witnesses)
     if (styleOfWitness(witness.object) != witness.style)
       objc::send<void, "traitCollectionDidChange:">(witness.object.get(), traitCollection(witness.style));

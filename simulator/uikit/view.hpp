@@ -2,6 +2,10 @@
 //
 // Messages of the toolkit's own, for subclasses to override:
 //   -_drawContentInCanvas:(void*)   draws the view's content on a drawing::Canvas in the coordinates of shownBounds()
+//   -_contentArea                   the rectangle that content is cut to, in the same coordinates; empty where there is
+//                                   none, and nothing is drawn then
+//   -_contentReach:(CGFloat)        how many pixels, so many to a point, around that area what is beneath has a part in
+//                                   the content; 0 for all but backdrops
 //   -_describe:(void*)              adds the class's fields to an nlohmann::ordered_json, after super
 //   -_setPreferredWidth:(CGFloat)   answered by views whose intrinsic height depends on their width: the layout tells
 //                                   the width it found and then reads -intrinsicContentSize again
@@ -59,6 +63,13 @@ inline void setNeedsLayout(UIView* view) { objc::send<void, "setNeedsLayout">(vi
 
 inline drawing::Rectangle rectangle(const CGRect& rect) {
   return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
+}
+inline CGRect rectangle(const drawing::Rectangle& rect) { return {{rect.x, rect.y}, {rect.width, rect.height}}; }
+
+// Larger by so many points on each side.
+inline CGRect outset(const CGRect& rect, CGFloat margin) {
+  return {{rect.origin.x - margin, rect.origin.y - margin},
+          {rect.size.width + 2 * margin, rect.size.height + 2 * margin}};
 }
 
 }  // namespace uikit

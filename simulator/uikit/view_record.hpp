@@ -22,6 +22,8 @@ namespace uikit {
 
 enum class UserInteraction : bool { Disabled, Enabled };
 
+std::uint64_t nextContentVersion();
+
 class ViewRecord {
  public:
   explicit ViewRecord(UIView* owner);
@@ -41,6 +43,7 @@ class ViewRecord {
   NSUInteger autoresizingMask = 0;
   UIViewContentMode contentMode = UIViewContentMode::ScaleToFill;
   NSInteger tag = 0;
+  std::uint64_t contentVersion = nextContentVersion();  // another one for each content that any view has had
   UISemanticContentAttribute semanticContent = UISemanticContentAttribute::Unspecified;
   UserInteraction userInteraction = UserInteraction::Enabled;
 

@@ -13,7 +13,17 @@ drawing::CornerShape shownCorners(const UIView* view) {
           layer.continuousCorners ? drawing::CornerCurve::Continuous : drawing::CornerCurve::Circular};
 }
 
+std::uint64_t nextContentVersion() {
+  static std::uint64_t latest = 0;
+  return ++latest;
+}
+
 namespace {
+
+void noteContentChange(UIView* view) {
+  record(view).contentVersion = nextContentVersion();
+  noteDisplayChange();
+}
 
 CALayer* layer(UIView* self) { return record(self).layerObject; }
 
@@ -51,13 +61,13 @@ UIViewContentMode contentMode(UIView* self) { return record(self).contentMode; }
 void setContentMode(UIView* self, UIViewContentMode mode) {
   record(self).contentMode = mode;
   record(self).hasContentMode = true;
-  noteDisplayChange();
+  noteContentChange(self);
 }
-
-void setNeedsDisplayOf(UIView*) { noteDisplayChange(); }
 
 // For subclasses.
 void drawContent(UIView*, void*) {}
+CGRect contentArea(UIView*) { return {}; }
+CGFloat contentReach(UIView*, CGFloat) { return 0; }
 
 }  // namespace
 
@@ -74,8 +84,10 @@ std::span<const objc::MethodEntry> viewRenderingMethods() {
       objc::method<"setClipsToBounds:", &setClipsToBounds>(),
       objc::method<"contentMode", &contentMode>(),
       objc::method<"setContentMode:", &setContentMode>(),
-      objc::method<"setNeedsDisplay", &setNeedsDisplayOf>(),
+      objc::method<"setNeedsDisplay", &noteContentChange>(),
       objc::method<"_drawContentInCanvas:", &drawContent>(),
+      objc::method<"_contentArea", &contentArea>(),
+      objc::method<"_contentReach:", &contentReach>(),
   };
   return methods;
 }

@@ -60,14 +60,27 @@ UIView* contentView(UIVisualEffectView* self) {
   return content;
 }
 
+drawing::BlurStyle blurOf(const UIBlurEffect* effect) {
+  return drawing::blurStyle(static_cast<int>(objc::state(effect).style));
+}
+
+drawing::Appearance appearanceOf(const UIVisualEffectView* view) {
+  return styleOf(view) == UIUserInterfaceStyle::Dark ? drawing::Appearance::Dark : drawing::Appearance::Light;
+}
+
 // The renderer draws the view at its opacity.
 void drawContent(UIVisualEffectView* self, void* canvas) {
-  const UIBlurEffect* shown = objc::state(self).effect;
-  if (shown == nullptr) return;
-  const bool isDark = styleOf(self) == UIUserInterfaceStyle::Dark;
   drawing::blurBackdrop(*static_cast<drawing::Canvas*>(canvas), rectangle(shownBounds(self)), shownCorners(self),
-                        drawing::blurStyle(static_cast<int>(objc::state(shown).style)),
-                        isDark ? drawing::Appearance::Dark : drawing::Appearance::Light, 1);
+                        blurOf(objc::state(self).effect), appearanceOf(self), 1);
+}
+
+CGRect contentArea(UIVisualEffectView* self) {
+  return objc::state(self).effect == nullptr ? CGRect{} : shownBounds(self);
+}
+
+CGFloat contentReach(UIVisualEffectView* self, CGFloat scale) {
+  const UIBlurEffect* shown = objc::state(self).effect;
+  return shown == nullptr ? 0 : drawing::backdropReach(blurOf(shown), appearanceOf(self), scale);
 }
 
 void describe(UIVisualEffectView* self, void* description) {
@@ -93,6 +106,8 @@ void defineVisualEffectView() {
       objc::method<"setEffect:", &setEffect>(),
       objc::method<"contentView", &contentView>(),
       objc::method<"_drawContentInCanvas:", &drawContent>(),
+      objc::method<"_contentArea", &contentArea>(),
+      objc::method<"_contentReach:", &contentReach>(),
       objc::method<"_describe:", &describe>(),
   };
   objc::defineClassWithState<UIVisualEffectView>(methods);

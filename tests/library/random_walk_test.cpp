@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include "simulator/uikit/renderer.hpp"
 #include "tests/library/banner_rules.hpp"
 #include "tests/library/live_objects.hpp"
 #include "tests/library/random_commands.hpp"
@@ -13,6 +14,7 @@ using test::Json;
 using test::Phone;
 
 constexpr std::size_t defaultSteps = 5000;
+constexpr std::size_t comparedPictures = 200;
 constexpr std::size_t stepsBetweenRests = 200;
 // Until then pictures, fonts and formatters are loaded for the first time; settings keep a few values of their own.
 constexpr std::size_t restsUntilAllIsLoaded = 5;
@@ -32,6 +34,18 @@ std::size_t number(const char* variable, std::size_t otherwise) {
 
 bool isExpected(const std::string& refusal) {
   return std::ranges::any_of(reasons, [&](const char* reason) { return refusal.find(reason) != std::string::npos; });
+}
+
+// Where two pictures first differ, and how; empty where they do not.
+std::string differenceBetween(const drawing::Canvas& left, const drawing::Canvas& right) {
+  for (int y = 0; y < right.pixelHeight(); ++y)
+    for (int x = 0; x < right.pixelWidth(); ++x)
+      if (left.pixel(x, y) != right.pixel(x, y)) {
+        char text[80];
+        std::snprintf(text, sizeof text, "%d,%d is %08x, not %08x", x, y, left.pixel(x, y), right.pixel(x, y));
+        return text;
+      }
+  return "";
 }
 
 class Walk {
@@ -112,6 +126,19 @@ TEST_P(RandomWalk, BreaksNoRuleOfABannersLife) {
   RecordProperty("seed", std::to_string(seed));
   std::printf("seed %llu\n", static_cast<unsigned long long>(seed));
   Walk(seed).run(number("BRIM_WALK_STEPS", defaultSteps));
+}
+
+// Pictures paint only what changed since the last one.
+TEST_P(RandomWalk, PaintsWhatAScreenPaintedFromNothingShows) {
+  const std::uint64_t seed = number("BRIM_WALK_SEED", 1) + GetParam();
+  Phone phone;
+  test::RandomCommands commands(seed, phone.root());
+  for (std::size_t step = 0; step < comparedPictures; ++step) {
+    const Json command = commands.next(springboard::bannerCount());
+    phone.answer(command);
+    const std::string difference = differenceBetween(*uikit::renderScreen(1), *uikit::paintScreen(1));
+    ASSERT_EQ(difference, "") << "after step " << step << ", " << command.dump() << "; seed " << seed;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomWalk, testing::Range<std::uint64_t>(0, 4));

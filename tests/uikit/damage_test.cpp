@@ -1,0 +1,166 @@
+#include "simulator/uikit/damage.hpp"
+
+#include "platform/ui_label.hpp"
+#include "platform/ui_visual_effect_view.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/uikit/cg_color.hpp"
+#include "simulator/uikit/renderer.hpp"
+#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/window.hpp"
+#include "tests/uikit/content.hpp"
+
+namespace test {
+
+namespace {
+
+class Damage : public Stage {
+ public:
+  static UIView* addRed(UIView* parent, CGRect frame) {
+    const auto view = addView(parent, frame);
+    CGColor value = {{1, 0, 0, 1}};
+    view->layer()->setBackgroundColor(&value);
+    return view;
+  }
+
+  void addBackdrop(CGRect frame) const {
+    const auto backdrop = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Light));
+    backdrop->setFrame(frame);
+    window->addSubview(backdrop);
+  }
+
+  // "x,y widthxheight" of each rectangle that differs from the last time, at one pixel a point.
+  std::string takeDamage() {
+    uikit::ScreenContents after = contents();
+    const drawing::RegionHandle region = uikit::differingPixels(before, after);
+    before = std::move(after);
+    std::string text;
+    for (int index = 0; index < cairo_region_num_rectangles(region.get()); ++index) {
+      cairo_rectangle_int_t part;
+      cairo_region_get_rectangle(region.get(), index, &part);
+      text += (text.empty() ? "" : " ") + std::to_string(part.x) + "," + std::to_string(part.y) + " " +
+              std::to_string(part.width) + "x" + std::to_string(part.height);
+    }
+    return text;
+  }
+
+  objc::Ref<UIWindow> window = makeWindow();
+
+ private:
+  static uikit::ScreenContents contents() {
+    uikit::layoutWindows();
+    const CGSize screen = uikit::environment().device.screen;
+    return uikit::contentsOfScreen(drawing::Canvas({screen.width, screen.height}, 1));
+  }
+
+  uikit::ScreenContents before;
+};
+
+}  // namespace
+
+TEST_F(Damage, IsNothingWhereNothingChanged) {
+  addRed(window, {{10, 10}, {20, 20}});
+  takeDamage();
+  uikit::setNeedsLayout(window);
+  EXPECT_EQ(takeDamage(), "");
+}
+
+TEST_F(Damage, IsTheOldAndTheNewPlaceOfAViewThatMoved) {
+  UIView* view = addRed(window, {{10, 10}, {20, 20}});
+  takeDamage();
+  view->setFrame({{100, 10.5}, {20, 20}});
+  EXPECT_EQ(takeDamage(), "10,10 20x20 100,10 20x20 100,30 20x1");
+}
+
+TEST_F(Damage, IsTheViewThatCameOrWentAndNoOther) {
+  addRed(window, {{10, 10}, {20, 20}});
+  UIView* coming = addRed(window, {{50, 10}, {20, 20}});
+  addRed(window, {{90, 10}, {20, 20}});
+  takeDamage();
+  coming->removeFromSuperview();
+  EXPECT_EQ(takeDamage(), "50,10 20x20");
+  addRed(window, {{50, 50}, {20, 20}});
+  EXPECT_EQ(takeDamage(), "50,50 20x20");
+}
+
+TEST_F(Damage, IsWhatSwappedItsOrder) {
+  UIView* lower = addRed(window, {{10, 10}, {20, 20}});
+  addRed(window, {{20, 20}, {20, 20}});
+  takeDamage();
+  window->bringSubviewToFront(lower);
+  EXPECT_EQ(takeDamage(), "10,10 20x10 10,20 30x10 20,30 20x10");
+}
+
+TEST_F(Damage, IsAllInsideAViewWhoseOpacityChanged) {
+  const auto container = addView(window, {{10, 10}, {20, 20}});
+  addRed(container, {{100, 0}, {5, 5}});
+  takeDamage();
+  container->setAlpha(0.5);
+  EXPECT_EQ(takeDamage(), "110,10 5x5");
+}
+
+TEST_F(Damage, IsWhatIsCutOffFromNowOn) {
+  const auto container = addView(window, {{10, 10}, {20, 20}});
+  addRed(container, {{10, 0}, {50, 5}});
+  takeDamage();
+  container->setClipsToBounds(true);
+  EXPECT_EQ(takeDamage(), "10,10 60x5 10,15 20x15");
+}
+
+TEST_F(Damage, IsNothingForAViewThatIsNotToBeSeen) {
+  UIView* view = addRed(window, {{10, 10}, {20, 20}});
+  view->setHidden(true);
+  takeDamage();
+  view->setFrame({{50, 50}, {20, 20}});
+  EXPECT_EQ(takeDamage(), "");
+  const auto empty = addView(window, {{0, 0}, {300, 300}});
+  takeDamage();
+  empty->setFrame({{1, 1}, {300, 300}});
+  EXPECT_EQ(takeDamage(), "");
+}
+
+TEST_F(Damage, IsWhereTextChanged) {
+  auto label = UIView::withFrame<UILabel>({{100, 100}, {100, 20}});
+  label->setText(string("one"));
+  window->addSubview(label);
+  takeDamage();
+  label->setText(string("two"));
+  const std::string margin = "83,83 134x54";  // of the font's size, for glyphs that reach beyond their line
+  EXPECT_EQ(takeDamage(), margin);
+}
+
+TEST_F(Damage, IsAllOfABackdropWithSomethingMovingBeneathAnEdge) {
+  UIView* beneath = addRed(window, {{0, 190}, {10, 10}});
+  addBackdrop({{0, 200}, {50, 50}});
+  takeDamage();
+  beneath->setFrame({{0, 189}, {10, 10}});
+  EXPECT_EQ(takeDamage(), "0,189 10x11 0,200 50x50");
+}
+
+TEST_F(Damage, IsAlsoWhatLiesOverWhatABackdropIsMadeOf) {
+  UIView* beneath = addRed(window, {{0, 190}, {10, 10}});
+  addBackdrop({{0, 200}, {50, 50}});
+  addRed(window, {{60, 200}, {10, 10}});
+  addRed(window, {{300, 200}, {10, 10}});
+  takeDamage();
+  beneath->setHidden(true);
+  EXPECT_EQ(takeDamage(), "0,190 10x10 0,200 50x10 60,200 10x10 0,210 50x40");
+}
+
+TEST_F(Damage, DoesNotTouchAPictureThatSomebodyKeeps) {
+  UIView* view = addRed(window, {{10, 10}, {20, 20}});
+  const auto kept = uikit::renderScreen(1);
+  view->setFrame({{100, 100}, {20, 20}});
+  EXPECT_EQ(uikit::renderScreen(1)->pixel(15, 15), 0xff000000);
+  EXPECT_EQ(kept->pixel(15, 15), 0xffff0000);
+}
+
+TEST_F(Damage, FollowsAnAnimation) {
+  UIView* view = addRed(window, {{0, 0}, {10, 10}});
+  takeDamage();
+  UIView::animate(1, objc::block([view] { view->setFrame({{100, 0}, {10, 10}}); }));
+  EXPECT_EQ(takeDamage(), "");
+  foundation::stepClock(0.5);
+  EXPECT_EQ(takeDamage(), "0,0 10x10 50,0 10x10");
+}
+
+}  // namespace test
