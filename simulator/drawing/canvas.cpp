@@ -13,6 +13,8 @@ namespace drawing {
 namespace {
 
 constexpr double maximumSide = 16'384;
+// A few screens; beyond that an enlarged picture is not kept.
+constexpr double maximumEnlargedPixels = 8'000'000;
 
 int pixelCount(double points, double scale) {
   const double pixels = std::ceil(points * scale - 1e-6);
@@ -175,28 +177,36 @@ void Canvas::drawImage(const Image* image, const Rectangle& rectangle, ContentMo
   const Rectangle place = placeContent(image->size(), rectangle, mode);
   if (!isDrawable(place)) return;
 
-  // Reduced to the very pixels it covers, it needs no filter while it is drawn.
-  double across = place.width, down = place.height, none = 0;
-  cairo_user_to_device_distance(context_.get(), &across, &none);
-  none = 0;
-  cairo_user_to_device_distance(context_.get(), &none, &down);
-  const int width = static_cast<int>(std::clamp(std::round(std::abs(across)), 1.0, maximumSide));
-  const int height = static_cast<int>(std::clamp(std::round(std::abs(down)), 1.0, maximumSide));
-  const bool isReduced = width < image->pixelWidth() && height < image->pixelHeight();
-  cairo_surface_t* source = isReduced ? image->surfaceResized(width, height) : image->surface();
-
   cairo_save(context_.get());
   cairo_new_path(context_.get());
   cairo_rectangle(context_.get(), place.x, place.y, place.width, place.height);
-  cairo_translate(context_.get(), place.x, place.y);
-  cairo_scale(context_.get(), place.width / cairo_image_surface_get_width(source),
-              place.height / cairo_image_surface_get_height(source));
-  cairo_set_source_surface(context_.get(), source, 0, 0);
-  cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_GOOD);
+  setSource(*image, place);
   // Beyond its edge the picture goes on; transparency would bleed in.
   cairo_pattern_set_extend(cairo_get_source(context_.get()), CAIRO_EXTEND_PAD);
   cairo_fill(context_.get());
   cairo_restore(context_.get());
+}
+
+// In the very pixels it covers a picture needs no filter while it is drawn, and each of its pixels is the same whatever
+// part of it is drawn.
+void Canvas::setSource(const Image& image, const Rectangle& place) {
+  double left = place.x, top = place.y, across = place.width, down = place.height;
+  cairo_user_to_device(context_.get(), &left, &top);
+  cairo_user_to_device_distance(context_.get(), &across, &down);
+  const double width = std::max(std::round(across), 1.0);
+  const double height = std::max(std::round(down), 1.0);
+  const bool isReduced = width < image.pixelWidth() && height < image.pixelHeight();
+  if (across > 0 && down > 0 && (isReduced || width * height <= maximumEnlargedPixels)) {
+    cairo_identity_matrix(context_.get());
+    cairo_set_source_surface(context_.get(), image.surfaceResized(static_cast<int>(width), static_cast<int>(height)),
+                             std::round(left), std::round(top));
+    cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_NEAREST);
+    return;
+  }
+  cairo_translate(context_.get(), place.x, place.y);
+  cairo_scale(context_.get(), place.width / image.pixelWidth(), place.height / image.pixelHeight());
+  cairo_set_source_surface(context_.get(), image.surface(), 0, 0);
+  cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_GOOD);
 }
 
 void Canvas::drawText(const TextLayout& text, const Rectangle& rectangle, const Color& color) {

@@ -113,6 +113,7 @@ class Canvas {
   };
 
   void pop();
+  void setSource(const Image& image, const Rectangle& place);
   // The canvas's own pixels of an area that lies in it.
   SurfaceHandle lend(const PixelRectangle& area) const;
 
