@@ -56,15 +56,31 @@ void dye(BlurredCell& cell, const Material& material) {
   cell = {dyed[0], dyed[1], dyed[2], cell.alpha};
 }
 
-void paintInside(Canvas& canvas, cairo_surface_t* pixels, const PixelRectangle& covered, const Rectangle& area,
-                 const CornerShape& corners, double alpha) {
-  canvas.save();
-  canvas.clipRoundedRectangle(area, corners);
-  cairo_t* context = canvas.context();
-  cairo_identity_matrix(context);
-  cairo_set_source_surface(context, pixels, covered.x, covered.y);
+// As many rows at a time as stay in the processor's cache.
+constexpr int bandHeight = 32;
+
+void paintBand(cairo_t* context, cairo_surface_t* pixels, const PixelRectangle& band, double alpha) {
+  cairo_surface_mark_dirty(pixels);
+  cairo_set_source_surface(context, pixels, band.x, band.y);
+  cairo_save(context);
+  cairo_new_path(context);
+  cairo_rectangle(context, band.x, band.y, band.width, band.height);
+  cairo_clip(context);
   cairo_paint_with_alpha(context, alpha);
-  canvas.restore();
+  cairo_restore(context);
+}
+
+void paintCells(cairo_t* context, const BlurredCells& cells, const PixelRectangle& covered, double alpha) {
+  SurfaceHandle pixels(
+      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, covered.width, std::min(covered.height, bandHeight)));
+  if (cairo_surface_status(pixels.get()) != CAIRO_STATUS_SUCCESS) return;
+  // A row of 32-bit pixels has no padding.
+  auto* data = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(pixels.get()));
+  for (int y = 0; y < covered.height; y += bandHeight) {
+    const PixelRectangle band = {covered.x, covered.y + y, covered.width, std::min(bandHeight, covered.height - y)};
+    interpolate(cells, band, {data, static_cast<std::size_t>(band.width) * static_cast<std::size_t>(band.height)});
+    paintBand(context, pixels.get(), band, alpha);
+  }
 }
 
 }  // namespace
@@ -85,14 +101,11 @@ void blurBackdrop(Canvas& canvas, const Rectangle& area, const CornerShape& corn
   if (cells.cells.empty()) return;
   for (BlurredCell& cell : cells.cells) dye(cell, chosen);
 
-  SurfaceHandle pixels(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, covered.width, covered.height));
-  if (cairo_surface_status(pixels.get()) != CAIRO_STATUS_SUCCESS) return;
-  // A row of 32-bit pixels has no padding.
-  auto* data = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(pixels.get()));
-  interpolate(cells, covered,
-              {data, static_cast<std::size_t>(covered.width) * static_cast<std::size_t>(covered.height)});
-  cairo_surface_mark_dirty(pixels.get());
-  paintInside(canvas, pixels.get(), covered, area, corners, std::min(alpha, 1.0));
+  canvas.save();
+  canvas.clipRoundedRectangle(area, corners);
+  cairo_identity_matrix(canvas.context());
+  paintCells(canvas.context(), cells, covered, std::min(alpha, 1.0));
+  canvas.restore();
 }
 
 int backdropReach(BlurStyle style, Appearance appearance, double pixelsPerPoint) {
