@@ -29,7 +29,7 @@ class Ref {
   }
   ~Ref() { releaseObject(object); }
 
-  Ref& operator=(const Ref& other) {
+  Ref& operator=(const Ref& other) {  // NOLINT(bugprone-unhandled-self-assignment): swaps with a copy.
     Ref copy(other);
     std::swap(object, copy.object);
     return *this;

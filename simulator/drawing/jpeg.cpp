@@ -115,7 +115,7 @@ bool isPrintColor(J_COLOR_SPACE space) { return space == JCS_CMYK || space == JC
 
 // Printing colours, inverted as every known writer of such files stores them, in place to opaque ARGB.
 void convertPrintRow(unsigned char* row, unsigned width) {
-  for (unsigned x = 0; x < width; ++x) {
+  for (std::size_t x = 0; x < width; ++x) {
     unsigned char* cell = row + 4 * x;
     const std::uint32_t key = cell[3];
     const auto blend = [key](std::uint32_t ink) { return (ink * key + 127) / 255; };

@@ -19,7 +19,8 @@ constexpr double unlimited = std::numeric_limits<double>::infinity();
 
 // On the pixel grid as the result is, so that rounding up makes no room for another word.
 double limitOf(double width, double scale) {
-  return width > 0 && std::isfinite(width) ? std::max(floorToPixel(width, scale), 1 / scale) : unlimited;
+  if (width > 0 && std::isfinite(width)) return std::max(floorToPixel(width, scale), 1 / scale);
+  return unlimited;
 }
 
 struct Measure {

@@ -69,6 +69,7 @@ void renewFoundationEnvironment() {
   std::vector<std::string> words;
   for (std::string word; std::getline(commandLine, word, '\0');) words.push_back(word);
   std::vector<const char*> arguments;
+  arguments.reserve(words.size());
   for (const std::string& word : words) arguments.push_back(word.c_str());
   const objc::AutoreleasePool pool;
   objc::send<void, "initializeWithArguments:count:environment:">(objc::lookUpClass<"NSProcessInfo">(), arguments.data(),

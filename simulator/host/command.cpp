@@ -78,8 +78,9 @@ Json failure(const std::string& reason) { return {{"ok", false}, {"error", reaso
 namespace field {
 
 const FieldType text = {"a string", [](const Json& value) { return value.is_string(); }};
-const FieldType nonEmptyText = {"a string that is not empty",
-                                [](const Json& value) { return value.is_string() && value != ""; }};
+const FieldType nonEmptyText = {"a string that is not empty", [](const Json& value) {
+                                  return value.is_string() && !value.get_ref<const std::string&>().empty();
+                                }};
 const FieldType boolean = {"true or false", [](const Json& value) { return value.is_boolean(); }};
 const FieldType booleanOrNull = {"true, false or null",
                                  [](const Json& value) { return value.is_boolean() || value.is_null(); }};

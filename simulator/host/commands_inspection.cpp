@@ -42,12 +42,13 @@ Json settings(const Json&) {
 
 Json hooks(const Json&) {
   Json rows = Json::array();
-  for (const BrimInstalledMethod& method : installedMethods())
+  for (const BrimInstalledMethod& method : installedMethods()) {
     rows.push_back({{"class", method.className},
                     {"selector", method.selector},
                     {"kind", method.kind == objc::RowKind::Hook ? "hook" : "add"},
                     {"encoding", method.encoding},
                     {"effective", method.effective}});
+  }
   return {{"rows", rows}};
 }
 

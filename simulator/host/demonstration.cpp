@@ -75,10 +75,11 @@ class Demonstration {
   void sendReply() {
     obey({{{"do", "log"}}, {{"do", "key"}, {"name", "return"}}, {{"do", "await"}, {"for", "message"}}});
     const Json answer = session.run({{"do", "log"}});
-    for (const Json& event : answer["events"])
-      if (event["event"] == "message")
-        std::printf("sent to %s: %s\n", event["chat"].get<std::string>().c_str(),
-                    event["text"].get<std::string>().c_str());
+    for (const Json& event : answer["events"]) {
+      if (event["event"] != "message") continue;
+      std::printf("sent to %s: %s\n", event["chat"].get<std::string>().c_str(),
+                  event["text"].get<std::string>().c_str());
+    }
   }
 
   void fail(const std::string& reason) {

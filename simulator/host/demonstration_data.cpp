@@ -66,7 +66,7 @@ void makeBundle(const fs::path& bundle, const fs::path& original, const std::str
 std::string installDemonstrationData() try {
   const Installation built = installation();
   const fs::path own = foundation::root() / "demonstration";
-  const std::string address = serve(own / "web");
+  std::string address = serve(own / "web");
   fs::remove_all(own);
   fs::create_directories(own);
   constexpr auto replacing = fs::copy_options::recursive | fs::copy_options::overwrite_existing;

@@ -42,8 +42,9 @@ std::optional<double> parseIsoTime(std::string_view text) {
     const std::optional<int> offset = offsetFromUniversalTime(match[8].str());
     if (!offset) return std::nullopt;
     const auto days = std::chrono::sys_days(date).time_since_epoch();
-    const std::int64_t seconds = std::chrono::duration_cast<std::chrono::seconds>(days).count();
-    return static_cast<double>(seconds + hour * 3600 + minute * 60 + second - *offset) + fraction;
+    const std::int64_t midnight = std::chrono::duration_cast<std::chrono::seconds>(days).count();
+    const int secondOfDay = hour * 3600 + minute * 60 + second;
+    return static_cast<double>(midnight + secondOfDay - *offset) + fraction;
   }
   std::tm local = {};
   local.tm_year = number(match[1]) - 1900;

@@ -57,7 +57,7 @@ int start(const host::Options& options) try {
   if (options.script.empty() && options.demonstration.empty())
     return complain("there is no window to show it in; give --script FILE or --demonstration DIR (see --help)");
   return run(options);
-} catch (const host::StartError& error) {
+} catch (const std::exception& error) {
   return complain(error.what());
 }
 

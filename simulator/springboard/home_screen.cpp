@@ -54,9 +54,10 @@ CGFloat columnLeft(std::size_t index, CGFloat width, CGFloat margin) {
 
 void addGrid(UIView* view, Applications applications, CGFloat top) {
   for (std::size_t index = 0; index < applications.size(); ++index) {
-    const CGFloat row = static_cast<CGFloat>(index / columns);
-    const CGRect frame = {{columnLeft(index, view->bounds().size.width, sideMargin), top + row * rowPitch},
-                          {iconSide, iconSide}};
+    const std::size_t row = index / columns;
+    const CGRect frame = {
+        {columnLeft(index, view->bounds().size.width, sideMargin), top + static_cast<CGFloat>(row) * rowPitch},
+        {iconSide, iconSide}};
     addIcon(view, applications[index], frame);
     addLabel(view, nameOf(applications[index]), frame);
   }
@@ -73,10 +74,11 @@ void addDock(UIView* view, Applications applications) {
   dock->layer()->setContinuousCorners(true);
   dock->setClipsToBounds(true);
   view->addSubview(dock);
-  for (std::size_t index = 0; index < applications.size(); ++index)
-    addIcon(view, applications[index],
-            {{columnLeft(index, screen.width, sideMargin), dock->frame().origin.y + (dockHeight - iconSide) / 2},
-             {iconSide, iconSide}});
+  const CGFloat top = dock->frame().origin.y + (dockHeight - iconSide) / 2;
+  for (std::size_t index = 0; index < applications.size(); ++index) {
+    const CGRect frame = {{columnLeft(index, screen.width, sideMargin), top}, {iconSide, iconSide}};
+    addIcon(view, applications[index], frame);
+  }
 }
 
 void loadView(SBHomeScreenViewController* self) {

@@ -126,6 +126,7 @@ TEST_F(Process, WithoutAScriptItSaysWhatToGive) {
 TEST_F(Process, AScriptThatCannotBeReadEndsItWithTwo) {
   EXPECT_EQ(run("--without-brim --script nowhere").status, 2);
   EXPECT_EQ(run("--without-brim --script .").status, 2);
+  EXPECT_EQ(run("--without-brim --script " + std::string(5000, 'x')).status, 2);
 }
 
 TEST_F(Process, ARootThatCannotBeMadeEndsItWithTwo) {

@@ -15,7 +15,7 @@ NSString* MD5String(NSString* self) {
   unsigned char digest[CC_MD5_DIGEST_LENGTH];
   CC_MD5(text, static_cast<std::uint32_t>(__builtin_strlen(text)), digest);
   char written[CC_MD5_DIGEST_LENGTH * 2 + 1] = {};
-  for (int index = 0; index < CC_MD5_DIGEST_LENGTH; ++index) {
+  for (std::size_t index = 0; index < CC_MD5_DIGEST_LENGTH; ++index) {
     written[index * 2] = hexadecimalDigits[digest[index] >> 4];
     written[index * 2 + 1] = hexadecimalDigits[digest[index] & 0xf];
   }

@@ -82,11 +82,10 @@ std::optional<std::string> bytesOfAddress(const std::string& address) {
 // The address is cut where its reader takes a semicolon or a comma for the end of a component.
 std::string wholeValue(EVCardAttribute* attribute) {
   std::string whole;
-  for (const GList* value = e_vcard_attribute_get_values(attribute); value != nullptr; value = value->next)
-    whole.append(whole.empty()                ? ""
-                 : whole.ends_with(";base64") ? ","
-                                              : ";")
-        .append(static_cast<const char*>(value->data));
+  for (const GList* value = e_vcard_attribute_get_values(attribute); value != nullptr; value = value->next) {
+    if (!whole.empty()) whole += whole.ends_with(";base64") ? ',' : ';';
+    whole += static_cast<const char*>(value->data);
+  }
   return whole;
 }
 
