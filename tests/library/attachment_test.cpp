@@ -3,6 +3,8 @@
 #include <functional>
 #include <regex>
 
+#include "platform/nc_notification_view.hpp"
+#include "platform/ui_gesture_recognizer.hpp"
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/drawing/image.hpp"
 #include "simulator/uikit/view_record.hpp"
@@ -127,6 +129,49 @@ TEST(Attachment, BannerThatMustStayIsNotCovered) {
   EXPECT_FALSE(phone.state(second).at("brim"));
   EXPECT_TRUE(test::firstNode(phone.windows(second), "class", "NCNotificationShortLookView").is_null());
   EXPECT_TRUE(phone.state(staying).at("brim"));
+}
+
+// Takes the controller's view out of its window and puts it back.
+void moveViewAgain(int number) {
+  const auto controller = test::controllerOf(number);
+  const auto view = objc::retain(controller->view());
+  const auto around = objc::retain(view->superview());
+  view->removeFromSuperview();
+  around->addSubview(view);
+}
+
+TEST(Attachment, ControllerWithoutBannerTriesAgainAsTheSame) {
+  Phone phone = phoneWith({});
+  phone.present({{"title", "One"}, {"dismissAutomatically", false}});
+  const int waiting = phone.present({{"title", "Two"}});
+  phone.wait(0.1);
+  phone.log();
+  const Json identifier = phone.state(waiting).at("identifier");
+  moveViewAgain(waiting);
+  phone.wait(0.1);
+  EXPECT_EQ(phone.state(waiting).at("identifier"), identifier);
+  EXPECT_TRUE(postsNamed(phone.log(), "isExternallyDismissed").empty());
+}
+
+TEST(Attachment, TakesThePlatformsRecognizersAway) {
+  Phone phone = phoneWith({});
+  const int staying = phone.present({{"title", "One"}, {"dismissAutomatically", false}});
+  const int waiting = phone.present({{"title", "Two"}});
+  auto* view = reinterpret_cast<NCNotificationViewControllerView*>(test::controllerOf(waiting)->view());
+  const auto content = objc::retain(view->contentView());
+  const auto target = objc::make<NSObject>();
+  const SEL action = objc::selector<"description">();
+  for (UIView* each : {static_cast<UIView*>(view), static_cast<UIView*>(content.get())})
+    for (int count = 0; count < 2; ++count)
+      each->addGestureRecognizer(UITapGestureRecognizer::withTarget(target, action));
+
+  phone.run({{"do", "dismiss"}, {"controller", staying}});
+  BrimContainer::setDismissNotification(true);
+  moveViewAgain(waiting);
+  ASSERT_TRUE(phone.state(waiting).at("brim"));
+  EXPECT_EQ(view->gestureRecognizers()->count(), 0u);
+  EXPECT_EQ(content->gestureRecognizers()->count(), 0u);
+  EXPECT_EQ(test::containerOf(waiting)->gestureRecognizers()->count(), 2u);
 }
 
 TEST(Attachment, RequestWithoutOptionsDismissesItself) {

@@ -67,6 +67,16 @@ TEST(LongLook, ReachesThePlatformForAControllerOutsideTheBannerWindow) {
   EXPECT_EQ(phone.log(), Json::array({{{"event", "longlook"}, {"controller", controller}}}));
 }
 
+TEST(BannerWindow, ContentTakesTouchesThatThePlatformLetsThrough) {
+  Phone phone;
+  const int controller = present(phone);
+  const auto held = springboard::bannerController(static_cast<std::size_t>(controller));
+  const Class container = reinterpret_cast<Class>(objc_getClass("NCNotificationContentContainerViewController"));
+  const auto content = objc::adopt(objc::send<NSObject*, "initWithNotificationRequest:">(
+      objc::send<id, "alloc">(container), held->notificationRequest()));
+  EXPECT_TRUE((objc::send<bool, "userInteractionEnabled">(content.get())));
+}
+
 TEST(BannerWindow, CanTakeTheKeyboard) {
   Phone phone;
   const int controller = present(phone);
