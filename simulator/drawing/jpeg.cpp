@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "simulator/drawing/codecs.hpp"
+#include "simulator/drawing/exif_orientation.hpp"
 
 namespace drawing {
 namespace {
@@ -20,6 +21,9 @@ namespace {
 // hundreds of a huge picture, are an attack on time.
 constexpr int maximumScans = 200;
 constexpr std::int64_t maximumScannedPixels = 2'000'000'000;
+
+constexpr int metadataMarker = JPEG_APP0 + 1;
+constexpr unsigned wholeMarker = 0xFFFF;
 
 // How the library leaves on an error: it calls back and must not be returned to, so the way out is a jump. Between the
 // jump's ends no object with a destructor may live; all of them are members of Decoder and Encoder, which outlive it.
@@ -57,6 +61,7 @@ struct Decoder {
   ErrorHandler errors;
   jpeg_progress_mgr progress{};
   SurfaceHandle surface;
+  Orientation orientation = Orientation::Upright;
 
   Decoder() {
     prepare(errors);
@@ -131,13 +136,22 @@ void readRows(jpeg_decompress_struct& decoder, cairo_surface_t* surface) {
   }
 }
 
+// As the first segment of metadata has it.
+Orientation orientationOf(const jpeg_decompress_struct& decoder) {
+  const jpeg_saved_marker_ptr marker = decoder.marker_list;
+  if (marker == nullptr) return Orientation::Upright;
+  return orientationIn({reinterpret_cast<const std::byte*>(marker->data), marker->data_length});
+}
+
 bool decode(Decoder& decoder, std::span<const std::byte> data) {
   if (setjmp(decoder.errors.leave)) return false;
   jpeg_decompress_struct& codec = decoder.codec;
   jpeg_create_decompress(&codec);
   codec.progress = &decoder.progress;
   jpeg_mem_src(&codec, reinterpret_cast<const unsigned char*>(data.data()), data.size());
+  jpeg_save_markers(&codec, metadataMarker, wholeMarker);
   jpeg_read_header(&codec, TRUE);
+  decoder.orientation = orientationOf(codec);
   if (!isAcceptableSize(codec.image_width, codec.image_height)) return false;
   decoder.surface.reset(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(codec.image_width),
                                                    static_cast<int>(codec.image_height)));
@@ -192,7 +206,8 @@ bool encode(Encoder& encoder, cairo_surface_t* surface, int quality) {
 
 SurfaceHandle decodeJpeg(std::span<const std::byte> data) {
   Decoder decoder;
-  return decode(decoder, data) ? std::move(decoder.surface) : nullptr;
+  if (!decode(decoder, data)) return nullptr;
+  return turnedUpright(std::move(decoder.surface), decoder.orientation);
 }
 
 std::vector<std::byte> encodeJpeg(cairo_surface_t* surface, int quality) {
