@@ -1,7 +1,5 @@
 #include "simulator/foundation/distributed_notifications.hpp"
 
-#include <poll.h>
-
 #include <cstdio>
 #include <vector>
 
@@ -70,11 +68,6 @@ bool succeeds(const Work& work) try {
 Descriptor& knownDaemon() {
   static auto& daemon = *new Descriptor;
   return daemon;
-}
-
-bool knownDaemonRuns() {
-  pollfd daemon = {knownDaemon().get(), POLLIN, 0};
-  return knownDaemon().isOpen() && poll(&daemon, 1, 0) == 0;
 }
 
 // What Foundation has not noticed yet: it forgets the daemon when the connection becomes invalid.
@@ -189,7 +182,7 @@ void installDistributedNotifications() {
 }
 
 bool joinDistributedNotifications() {
-  if (knownDaemonRuns()) return true;
+  if (daemonRuns(knownDaemon())) return true;
   const objc::AutoreleasePool pool;
   Center* center = Center::defaultCenter();
   const bool answered = succeedsWithSomeDaemon(center, [center] { awaitAnswer(center); });

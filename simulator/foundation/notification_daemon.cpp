@@ -1,6 +1,7 @@
 #include "simulator/foundation/notification_daemon.hpp"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -136,6 +137,11 @@ void useDaemonOf(const fs::path& root) {
 Descriptor watchDaemon() {
   const pid_t process = ownPlace().lock < 0 ? 0 : daemonIn(ownPlace().folder);
   return Descriptor(process > 0 ? static_cast<int>(syscall(SYS_pidfd_open, process, 0)) : -1);
+}
+
+bool daemonRuns(const Descriptor& watched) {
+  pollfd daemon = {watched.get(), POLLIN, 0};
+  return watched.isOpen() && poll(&daemon, 1, 0) == 0;
 }
 
 }  // namespace foundation

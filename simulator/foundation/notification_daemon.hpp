@@ -16,5 +16,7 @@ void useDaemonOf(const std::filesystem::path& root);
 
 // Becomes readable when the daemon of this process's root ends. Not open where none runs, or the daemon is the user's.
 Descriptor watchDaemon();
+// Whether that daemon is there still. False where the descriptor is not open.
+bool daemonRuns(const Descriptor& watched);
 
 }  // namespace foundation

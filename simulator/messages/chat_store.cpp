@@ -2,8 +2,6 @@
 
 #include <system_error>
 
-#include "simulator/messages/statement.hpp"
-
 namespace messages {
 
 namespace {
@@ -82,17 +80,17 @@ class Transaction {
   bool isOpen = true;
 };
 
-int versionOf(const fs::path& path, sqlite3* database) {
-  Statement statement(database, "PRAGMA user_version");
+int versionOf(const fs::path& path, sqlite3* database, PreparedStatements& statements) {
+  Statement statement(statements.find(database, "PRAGMA user_version"));
   if (!statement.step()) fail(path, database);
   return static_cast<int>(statement.integer(0));
 }
 
-void makeTables(const fs::path& path, sqlite3* database) {
-  if (versionOf(path, database) == schemaVersion) return;
+void makeTables(const fs::path& path, sqlite3* database, PreparedStatements& statements) {
+  if (versionOf(path, database, statements) == schemaVersion) return;
   Transaction transaction(path, database);
   // Another process may have been quicker.
-  const int version = versionOf(path, database);
+  const int version = versionOf(path, database, statements);
   if (version == schemaVersion) return;
   if (version != 0)
     throw StoreError(path.string() + " has version " + std::to_string(version) + "; this program knows " +
@@ -117,13 +115,15 @@ ChatStore::ChatStore(const fs::path& root) : path(pathIn(root)) {
   if (result != SQLITE_OK) fail(path, opened);
   sqlite3_busy_timeout(opened, millisecondsForOthers);
   // With a log that is written ahead, what is committed outlives the process without waiting for the disk.
-  Statement(opened, "PRAGMA journal_mode = WAL").step();
-  Statement(opened, "PRAGMA synchronous = NORMAL").step();
-  makeTables(path, opened);
+  use("PRAGMA journal_mode = WAL").step();
+  use("PRAGMA synchronous = NORMAL").step();
+  makeTables(path, opened, statements);
 }
 
+Statement ChatStore::use(const char* text) const { return Statement(statements.find(database.get(), text)); }
+
 std::vector<Chat> ChatStore::chats() const {
-  Statement statement(database.get(), R"(
+  Statement statement = use(R"(
     SELECT number, guid, name FROM chat
     ORDER BY (SELECT max(message.number) FROM message WHERE message.chat = chat.number) DESC, number DESC)");
   std::vector<Chat> found;
@@ -133,8 +133,7 @@ std::vector<Chat> ChatStore::chats() const {
 }
 
 std::vector<Message> ChatStore::messagesOf(const Chat& chat) const {
-  Statement statement(database.get(),
-                      "SELECT sent, text, flags, time, read FROM message WHERE chat = ? ORDER BY number");
+  Statement statement = use("SELECT sent, text, flags, time, read FROM message WHERE chat = ? ORDER BY number");
   statement.bind(chat.number);
   std::vector<Message> found;
   while (statement.step())
@@ -145,7 +144,7 @@ std::vector<Message> ChatStore::messagesOf(const Chat& chat) const {
 }
 
 Chat ChatStore::makeChat(std::string_view guid, std::string_view name) {
-  Statement statement(database.get(), R"(
+  Statement statement = use(R"(
     INSERT INTO chat (guid, name) VALUES (?, ?)
     ON CONFLICT (guid) DO UPDATE SET name = CASE excluded.name WHEN '' THEN name ELSE excluded.name END
     RETURNING number, guid, name)");
@@ -158,8 +157,7 @@ Chat ChatStore::makeChat(std::string_view guid, std::string_view name) {
 }
 
 void ChatStore::add(const Chat& chat, const Message& message) {
-  Statement statement(database.get(),
-                      "INSERT INTO message (chat, sent, text, flags, time, read) VALUES (?, ?, ?, ?, ?, ?)");
+  Statement statement = use("INSERT INTO message (chat, sent, text, flags, time, read) VALUES (?, ?, ?, ?, ?, ?)");
   statement.bind(chat.number, std::int64_t{message.direction == Direction::Sent}, std::string_view(message.text),
                  static_cast<std::int64_t>(message.flags), message.time, std::int64_t{message.isRead});
   statement.step();
@@ -175,7 +173,7 @@ Chat ChatStore::addTo(std::string_view guid, std::string_view name, const Messag
 }
 
 void ChatStore::markRead(const Chat& chat) {
-  Statement statement(database.get(), "UPDATE message SET read = 1 WHERE chat = ? AND sent = 0 AND read = 0");
+  Statement statement = use("UPDATE message SET read = 1 WHERE chat = ? AND sent = 0 AND read = 0");
   statement.bind(chat.number);
   statement.step();
   if (statement.hasFailed()) fail(path, database.get());

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/messages/statement.hpp"
+
 namespace messages {
 
 // The store cannot be opened, read or written; `what` says why and what to do, for people.
@@ -55,14 +57,16 @@ class ChatStore {
   void markRead(const Chat& chat);
 
  private:
+  Statement use(const char* text) const;
   Chat makeChat(std::string_view guid, std::string_view name);
 
   struct Closer {
-    void operator()(sqlite3* opened) const { sqlite3_close(opened); }
+    void operator()(sqlite3* opened) const { sqlite3_close_v2(opened); }
   };
 
   std::filesystem::path path;
   std::unique_ptr<sqlite3, Closer> database;
+  mutable PreparedStatements statements;
 };
 
 // The folder of the store, the lock and the socket of the Messages app.

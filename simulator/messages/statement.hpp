@@ -1,23 +1,46 @@
-// One prepared statement of a SQLite database.
+// The statements of a SQLite database, each prepared once: preparing takes longer than most of them.
 #pragma once
 
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace messages {
 
-// A statement that cannot be prepared has failed from the start; the database tells why. Bound texts must outlive it.
+class PreparedStatements {
+ public:
+  // The text is a literal. Null where it cannot be prepared; the database tells why.
+  sqlite3_stmt* find(sqlite3* database, const char* text) {
+    Prepared& found = all[text];
+    if (found != nullptr) return found.get();
+    sqlite3_stmt* made = nullptr;
+    sqlite3_prepare_v3(database, text, -1, SQLITE_PREPARE_PERSISTENT, &made, nullptr);
+    found.reset(made);
+    return made;
+  }
+
+ private:
+  struct Finalizer {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+  };
+  using Prepared = std::unique_ptr<sqlite3_stmt, Finalizer>;
+
+  std::map<std::string_view, Prepared> all;
+};
+
+// One use of a prepared statement, which binds all its values; no two at once. One that could not be prepared has
+// failed from the start. Bound texts must outlive it.
 class Statement {
  public:
-  Statement(sqlite3* database, const char* text) {
-    result = sqlite3_prepare_v2(database, text, -1, &prepared, nullptr);
-  }
+  explicit Statement(sqlite3_stmt* statement)
+      : prepared(statement), result(statement == nullptr ? SQLITE_ERROR : SQLITE_OK) {}
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
-  ~Statement() { sqlite3_finalize(prepared); }
+  ~Statement() { sqlite3_reset(prepared); }
 
   template <class... Values>
   void bind(const Values&... values) {
@@ -48,8 +71,8 @@ class Statement {
     if (bound != SQLITE_OK) result = bound;
   }
 
-  sqlite3_stmt* prepared = nullptr;
-  int result = SQLITE_OK;
+  sqlite3_stmt* prepared;
+  int result;
 };
 
 }  // namespace messages

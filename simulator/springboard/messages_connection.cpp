@@ -1,5 +1,6 @@
 #include "simulator/springboard/messages_connection.hpp"
 
+#include <poll.h>
 #include <sys/socket.h>
 
 #include <condition_variable>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "simulator/foundation/local_socket.hpp"
+#include "simulator/foundation/notification_daemon.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/messages/service.hpp"
 
@@ -87,6 +89,16 @@ MessagesConnection::MessagesConnection(const std::filesystem::path& folder) : li
 MessagesConnection::~MessagesConnection() { shutdown(line->socket.get(), SHUT_RDWR); }
 
 bool MessagesConnection::isReady(Moment deadline) {
+  if (hasEnded()) return false;
+  if (foundation::daemonRuns(daemon)) return true;
+  // Before the question: the answer speaks of this daemon if it is there still.
+  foundation::Descriptor current = foundation::watchDaemon();
+  if (!answers(deadline)) return false;
+  daemon = std::move(current);
+  return true;
+}
+
+bool MessagesConnection::answers(Moment deadline) {
   std::unique_lock lock(line->mutex);
   const std::size_t before = line->answers;
   if (line->ended || !foundation::sendAll(line->socket, "\n")) return false;
@@ -94,9 +106,10 @@ bool MessagesConnection::isReady(Moment deadline) {
   return line->answers != before;
 }
 
+// The thread that reads learns of the end a moment later.
 bool MessagesConnection::hasEnded() const {
-  const std::scoped_lock lock(line->mutex);
-  return line->ended;
+  pollfd end = {line->socket.get(), POLLRDHUP, 0};
+  return !line->socket.isOpen() || poll(&end, 1, 0) != 0;
 }
 
 }  // namespace springboard

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <memory>
 
+#include "simulator/foundation/descriptor.hpp"
+
 namespace springboard {
 
 using Moment = std::chrono::steady_clock::time_point;
@@ -18,15 +20,20 @@ class MessagesConnection {
   MessagesConnection& operator=(const MessagesConnection&) = delete;
   ~MessagesConnection();
 
-  // Asks the app whether it is ready for requests and waits for the answer. False where the app has ended, or does not
-  // answer in time.
+  // Whether the app hears requests. It is asked, and waited for, unless it has said so once and neither it nor the
+  // daemon of the notifications has ended since. False where the app has ended, or does not answer in time.
   bool isReady(Moment deadline);
   // Whether the app, or the connection with it, has ended.
   bool hasEnded() const;
 
  private:
   struct Line;
+
+  bool answers(Moment deadline);
+
   std::shared_ptr<Line> line;
+  // With which the app has said that it is ready.
+  foundation::Descriptor daemon;
 };
 
 }  // namespace springboard

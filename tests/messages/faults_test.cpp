@@ -9,6 +9,7 @@
 #include <numeric>
 
 #include "tests/messages/captured_errors.hpp"
+#include "tests/messages/child_process.hpp"
 #include "tests/messages/disk.hpp"
 #include "tests/messages/two_processes.hpp"
 
@@ -18,6 +19,7 @@ namespace fs = std::filesystem;
 using test::annasAddress;
 using test::annasChat;
 using test::CapturedErrors;
+using test::ChildProcess;
 using test::Disk;
 using test::TwoProcesses;
 
@@ -94,7 +96,7 @@ TEST(MessagesKilled, AfterAReplyHasItInTheStore) {
 }
 
 // A request that is posted to a stopped process waits for it; the home screen does not.
-TEST(MessagesStopped, DoesNotStopTheHomeScreen) {
+TEST(MessagesStopped, HearsWhatWasPostedMeanwhileWhenItGoesOn) {
   const CapturedErrors errors;
   TwoProcesses both;
   ASSERT_TRUE(both.launch());
@@ -103,8 +105,23 @@ TEST(MessagesStopped, DoesNotStopTheHomeScreen) {
   const int controller = both.reply("At one!");
   both.phone.wait(2);
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
-  EXPECT_TRUE(errors.contain("not ready")) << errors.text();
+  EXPECT_EQ(errors.text(), "");
   kill(app, SIGCONT);
+  ASSERT_TRUE(both.waitFor("message", 1));
+  EXPECT_EQ(both.sent(), Texts{"At one!"});
+}
+
+TEST(MessagesStopped, BeforeItHasAnsweredDoesNotStopTheHomeScreen) {
+  const CapturedErrors errors;
+  TwoProcesses both;
+  ChildProcess app({MESSAGES, "--root", both.phone.root()});
+  ASSERT_TRUE(test::eventually([&] { return test::hearsRequests(both.phone.root()); }));
+  kill(app.process(), SIGSTOP);
+  const int controller = both.reply("At one!");
+  both.phone.wait(2);
+  EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
+  EXPECT_TRUE(errors.contain("not ready")) << errors.text();
+  kill(app.process(), SIGCONT);
   ASSERT_TRUE(both.waitFor("message", 1));
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }

@@ -6,7 +6,6 @@
 #include <fstream>
 #include <memory>
 
-#include "simulator/springboard/messages_connection.hpp"
 #include "tests/messages/child_process.hpp"
 #include "tests/messages/two_processes.hpp"
 #include "tests/support/temporary_folder.hpp"
@@ -124,10 +123,7 @@ TEST_F(MessagesProcess, StartedByHandBesideAnotherSaysSo) {
 
 TEST_F(MessagesProcess, StartedByHandEndsWhenItIsTold) {
   ChildProcess app({MESSAGES, "--root", root});
-  ASSERT_TRUE(eventually([this] {
-    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(1);
-    return springboard::MessagesConnection(messages::messagesFolder(root)).isReady(limit);
-  }));
+  ASSERT_TRUE(eventually([this] { return test::hearsRequests(root); }));
   kill(app.process(), SIGTERM);
   EXPECT_TRUE(eventually([&] { return app.hasEnded(); }));
   EXPECT_TRUE(app.hasSucceeded());

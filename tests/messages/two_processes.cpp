@@ -14,6 +14,7 @@
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/messages_connection.hpp"
 
 namespace test {
 
@@ -40,6 +41,11 @@ bool isRunning(pid_t process) {
   std::string name;
   std::string state;
   return static_cast<bool>(status >> number >> name >> state) && state != "Z";
+}
+
+bool hearsRequests(const std::filesystem::path& root) {
+  const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+  return springboard::MessagesConnection(messages::messagesFolder(root)).isReady(limit);
 }
 
 TwoProcesses::TwoProcesses(Setup setup) : phone(std::move(setup)) { receive(annasChat, "Lunch?"); }

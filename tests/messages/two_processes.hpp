@@ -22,6 +22,9 @@ bool eventually(const std::function<bool()>& condition);
 
 bool isRunning(pid_t process);
 
+// Whether the Messages app of the root runs and hears requests.
+bool hearsRequests(const std::filesystem::path& root);
+
 class TwoProcesses {
  public:
   // With a chat with Anna, who has written.
