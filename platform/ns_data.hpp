@@ -1,4 +1,4 @@
-// NSData: bytes.
+// NSData and NSMutableData: bytes.
 #pragma once
 
 #include "platform/ns_string.hpp"
@@ -8,12 +8,17 @@ class NSData : public objc::Interface<"NSData", NSObject> {
   static NSData* dataWithBytes(const void* bytes, NSUInteger length) {
     return objc::send<NSData*, "dataWithBytes:length:">(classObject(), bytes, length);
   }
-  // nil where the file cannot be read.
-  static NSData* withContentsOfFile(NSString* path) {
-    return objc::send<NSData*, "dataWithContentsOfFile:">(classObject(), path);
-  }
   const void* bytes() const { return objc::send<const void*, "bytes">(this); }
   NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
   // The MD5 digest as 32 lower-case hexadecimal digits.
   NSString* md5() const { return objc::send<NSString*, "ic_md5">(this); }
+};
+
+class NSMutableData : public objc::Interface<"NSMutableData", NSData> {
+ public:
+  // Of zeroes.
+  static NSMutableData* dataWithLength(NSUInteger length) {
+    return objc::send<NSMutableData*, "dataWithLength:">(classObject(), length);
+  }
+  void* mutableBytes() { return objc::send<void*, "mutableBytes">(this); }
 };

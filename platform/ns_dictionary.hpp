@@ -12,9 +12,8 @@ class NSDictionary : public objc::Interface<"NSDictionary", NSObject> {
   }
   // In the dictionary's own enumeration order.
   NSArray* allKeys() const { return objc::send<NSArray*, "allKeys">(this); }
-  // Where the dictionary holds the attributes of a file: such as "NSFileTypeRegular", and bytes.
+  // Where the dictionary holds the attributes of a file: such as "NSFileTypeRegular".
   NSString* fileType() const { return objc::send<NSString*, "fileType">(this); }
-  NSUInteger fileSize() const { return objc::send<NSUInteger, "fileSize">(this); }
 };
 
 class NSMutableDictionary : public objc::Interface<"NSMutableDictionary", NSDictionary> {

@@ -11,7 +11,6 @@ constexpr NSUInteger largestFile = 1 << 20;
 }  // namespace
 
 NSDictionary* readPropertyList(NSString* path) {
-  if (!isRegularFile(path, largestFile)) return nullptr;
-  NSData* data = NSData::withContentsOfFile(path);
+  NSData* data = readRegularFile(path, largestFile);
   return data == nullptr ? nullptr : objc::as<NSDictionary>(NSPropertyListSerialization::propertyList(data));
 }

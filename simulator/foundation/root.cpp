@@ -37,7 +37,8 @@ bool isMapped(std::string_view path) {
 const char* fileSystemRepresentation(NSFileManager*, SEL, NSString* path) {
   const char* const text = path->UTF8String();
   if (text == nullptr || !isMapped(text)) return text;
-  return NSString::stringWithUTF8String(pathUnderRoot(text).c_str())->UTF8String();
+  const std::string mapped = pathUnderRoot(text);
+  return static_cast<const char*>(NSData::dataWithBytes(mapped.c_str(), mapped.size() + 1)->bytes());
 }
 
 // A name that is not UTF-8, which the phone's file system would not take, is read as if each byte were a letter.

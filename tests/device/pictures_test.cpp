@@ -53,6 +53,21 @@ TEST(PhonePictures, AreAskedForAndShownWhenTheyCome) {
   EXPECT_EQ(phone.text(kept(phone.runtime, banner.part("_appIV"), "image")), "decoded");
 }
 
+TEST(PhonePictures, AreAskedOfTheHostThatTheBundlesFileNames) {
+  constexpr std::uint64_t withoutWaitingAndNotForChildren = 0x100'0004;
+  Phone phone;
+  const Banner banner(phone);
+  const std::string path = "/Library/Application Support/Brim/Assets.bundle/endpoints.plist";
+  phone.pictures->file = {path, "discordAvatars=https://pictures.example.org"};
+  findPicture(phone, banner, discordValues(phone, phone.string("123"), phone.string("abc")));
+  ASSERT_EQ(phone.pictures->requests.size(), 1U);
+  EXPECT_EQ(phone.pictures->requests[0].address, "https://pictures.example.org/avatars/123/abc.png?size=80");
+  ASSERT_EQ(phone.pictures->fileOpenings.size(), 1U);
+  EXPECT_EQ(phone.pictures->fileOpenings[0].name, path);
+  EXPECT_EQ(phone.pictures->fileOpenings[0].flags, withoutWaitingAndNotForChildren);
+  EXPECT_EQ(phone.pictures->openFiles, 0);
+}
+
 TEST(PhonePictures, ThatCannotBeLoadedChangeNothing) {
   Phone phone;
   Banner banner(phone);

@@ -121,6 +121,9 @@ const BadContainer badContainers[] = {
        mkfifo((file.parent_path() / "pipe").c_str(), 0600);
        fs::create_symlink("pipe", file);
      }},
+    {"link to a folder", [](const fs::path& file) { fs::create_symlink("/", file); }},
+    {"link to a device without end", [](const fs::path& file) { fs::create_symlink("/dev/zero", file); }},
+    {"socket", [](const fs::path& file) { mknod(file.c_str(), S_IFSOCK | 0600, 0); }},
     {"empty", [](const fs::path& file) { writeFile(file, ""); }},
     {"truncated",
      [](const fs::path& file) {
@@ -158,6 +161,30 @@ TEST_F(FolderFinderTest, MetadataOfAHundredMegabytesIsNotRead) {
   const long before = mostMemory();
   EXPECT_EQ(found(group), "(nil)");
   EXPECT_LT(mostMemory() - before, 10'000) << "kilobytes";
+}
+
+TEST_F(FolderFinderTest, MetadataOfAMebibyteIsTheLargest) {
+  constexpr std::size_t largest = 1 << 20;
+  std::string text = metadata(group);
+  text.resize(largest, ' ');
+  writeFile(containers / "A1" / metadataName, text);
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
+  writeFile(containers / "A1" / metadataName, text + " ");
+  EXPECT_EQ(found(group), "(nil)");
+}
+
+std::ptrdiff_t openFiles() { return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()); }
+
+TEST_F(FolderFinderTest, LeavesNoFileOpen) {
+  makeContainer(containers, "good", group);
+  for (const BadContainer& bad : badContainers) {
+    fs::create_directories(containers / bad.name);
+    bad.make(containers / bad.name / metadataName);
+  }
+  const std::ptrdiff_t before = openFiles();
+  EXPECT_EQ(found("nobody"), "(nil)");
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/good");
+  EXPECT_EQ(openFiles(), before);
 }
 
 TEST_F(FolderFinderTest, UnreadableMetadataDoesNotMatch) {

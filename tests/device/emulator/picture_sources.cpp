@@ -1,5 +1,7 @@
 #include "tests/device/emulator/picture_sources.hpp"
 
+#include <algorithm>
+
 #include "tests/device/emulator/c_library.hpp"
 #include "tests/device/emulator/platform_classes.hpp"
 
@@ -14,14 +16,28 @@ constexpr std::uint64_t done = 101;
 constexpr Address database = 0x2000'0001;
 constexpr Address statement = 0x2000'0002;
 
+// What the kernel's functions answer; -1 in 32 bits and in 64.
+constexpr std::uint64_t fileNumber = 3;
+constexpr std::uint64_t noFile = 0xffff'ffff;
+constexpr std::uint64_t failure = ~std::uint64_t{0};
+constexpr std::uint64_t fromTheEnd = 2;
+
+// The bytes of a data object, in emulated memory.
+struct Bytes {
+  Address address;
+  std::size_t count;
+};
+
 }  // namespace
 
 PictureSources::PictureSources(Imports& imports, ObjectiveC& objectiveC, Processor& runsOn)
     : runtime(objectiveC), processor(runsOn) {
+  supplyFiles(imports);
   supplyDatabases(imports);
   supplyContacts(imports);
   defineWeb();
   defineFiles();
+  definePropertyLists();
 }
 
 void PictureSources::answerRequest(std::optional<Address> data) {
@@ -29,6 +45,31 @@ void PictureSources::answerRequest(std::optional<Address> data) {
   const Address completion = requests.back().completion;
   const Address error = data ? 0 : runtime.make("NSError");
   processor.call(processor.load<Address>(completion + invokeOffset), {completion, 0, data.value_or(0), error});
+}
+
+void PictureSources::supplyFiles(Imports& imports) {
+  imports.add("open", [this](HostCall& call) {
+    const std::string path = call.processor.text(call.processor.x(0));
+    fileOpenings.push_back({path, call.processor.x(1)});
+    const bool isThere = file && file->path == path;
+    openFiles += isThere ? 1 : 0;
+    call.processor.setX(0, isThere ? fileNumber : noFile);
+  });
+  imports.add("lseek", [this](HostCall& call) {
+    const bool asksForSize =
+        call.processor.x(0) == fileNumber && call.processor.x(1) == 0 && call.processor.x(2) == fromTheEnd;
+    call.processor.setX(0, asksForSize ? file->text.size() : failure);
+  });
+  imports.add("pread", [this](HostCall& call) {
+    const std::size_t count = std::min<std::size_t>(call.processor.x(2), file->text.size());
+    const bool readsFromBegin = call.processor.x(0) == fileNumber && call.processor.x(3) == 0;
+    call.processor.write(call.processor.x(1), {reinterpret_cast<const std::uint8_t*>(file->text.data()), count});
+    call.processor.setX(0, readsFromBegin ? count : failure);
+  });
+  imports.add("close", [this](HostCall& call) {
+    if (call.processor.x(0) == fileNumber) --openFiles;
+    call.processor.setX(0, success);
+  });
 }
 
 void PictureSources::supplyDatabases(Imports& imports) {
@@ -115,6 +156,33 @@ void PictureSources::defineFiles() {
                     [](const Message& message) { message.answer(0); });
   runtime.addMethod("NSFileManager", "contentsOfDirectoryAtPath:error:", "@@:@^@",
                     [](const Message& message) { message.answer(0); });
+}
+
+void PictureSources::definePropertyLists() {
+  runtime.define("NSMutableData", "NSData");
+  runtime.addClassMethod("NSMutableData", "dataWithLength:", "@@:Q", [](const Message& message) {
+    const auto count = static_cast<std::size_t>(message.argument(0));
+    const Address data = message.runtime.autorelease(message.runtime.make("NSMutableData"));
+    message.runtime.object(data).value = Bytes{message.processor.allocate(count), count};
+    message.answer(data);
+  });
+  runtime.addMethod("NSMutableData", "mutableBytes", "^v@:", [](const Message& message) {
+    message.answer(std::any_cast<Bytes>(message.runtime.object(message.self).value).address);
+  });
+  runtime.define("NSPropertyListSerialization");
+  runtime.addClassMethod(
+      "NSPropertyListSerialization", "propertyListWithData:options:format:error:", "@@:@Q^Q^@",
+      [](const Message& message) {
+        const auto data = std::any_cast<Bytes>(message.runtime.object(message.argument(0)).value);
+        const std::vector<std::uint8_t> bytes = message.processor.bytes(data.address, data.count);
+        const std::string text(bytes.begin(), bytes.end());
+        const std::size_t sign = text.find('=');
+        const Address made = message.runtime.sendClass("NSMutableDictionary", "dictionaryWithCapacity:", {1});
+        message.runtime.send(
+            made, "setObject:forKey:",
+            {makeString(message.runtime, text.substr(sign + 1)), makeString(message.runtime, text.substr(0, sign))});
+        message.answer(made);
+      });
 }
 
 }  // namespace device

@@ -81,9 +81,11 @@ void defineStrings(ObjectiveC& runtime) {
   });
   runtime.addMethod("NSMutableString", "appendString:", "v@:@",
                     [](const Message& message) { valueOf(message) += message.text(0); });
-  runtime.addMethod("NSString", "UTF8String", "*@:", [](const Message& message) {
-    message.answer(message.processor.allocateText(valueOf(message)));
-  });
+  for (const char* name : {"UTF8String", "fileSystemRepresentation"}) {
+    runtime.addMethod("NSString", name, "*@:", [](const Message& message) {
+      message.answer(message.processor.allocateText(valueOf(message)));
+    });
+  }
   runtime.addMethod("NSString", "length",
                     "Q@:", [](const Message& message) { message.answer(valueOf(message).size()); });
   runtime.addMethod("NSString", "copyWithZone:", "@@:^v", [](const Message& message) {
