@@ -1,6 +1,7 @@
 #include "simulator/springboard/banner_window.hpp"
 
 #include "objc/class_definition.hpp"
+#include "simulator/springboard/long_look_presenter.hpp"
 #include "simulator/springboard/touch_through.hpp"
 #include "simulator/uikit/environment.hpp"
 
@@ -25,7 +26,8 @@ BannerWindow& bannerWindow() {
   return made;
 }
 
-bool canBecomeKeyWindow(SBNotificationBannerWindow*) { return false; }
+// The keyboard is for what is typed into a long look.
+bool canBecomeKeyWindow(SBNotificationBannerWindow*) { return openedShortLook() != nullptr; }
 
 }  // namespace
 

@@ -23,6 +23,7 @@
 #include "simulator/springboard/notification_view_controller.hpp"
 #include "simulator/springboard/placeholder_digest.hpp"
 #include "simulator/springboard/platter_header.hpp"
+#include "simulator/springboard/reply_bar.hpp"
 #include "simulator/springboard/springboard_application.hpp"
 #include "simulator/springboard/status_bar.hpp"
 #include "simulator/springboard/touch_through.hpp"
@@ -56,6 +57,7 @@ void registerClasses() {
   defineLongLookView();
   defineActionRow();
   defineActionGroupView();
+  defineReplyBar();
   defineLongLookController();
   defineBannerWindow();
   defineStatusBar();

@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "platform/ui_visual_effect_view.hpp"
+#include "platform/ui_window.hpp"
 #include "simulator/springboard/action_row.hpp"
 #include "simulator/springboard/long_look_presenter.hpp"
 #include "simulator/uikit/environment.hpp"
+#include "simulator/uikit/keyboard_layout.hpp"
 
 namespace springboard {
 
@@ -15,6 +17,7 @@ using Controller = NCNotificationLongLookViewController;
 
 constexpr CGFloat gap = 8;
 constexpr CGFloat screenMargin = 8;
+constexpr double typingSeconds = 0.25;
 
 LongLookControllerState& partsOf(const Controller* controller) { return objc::state(controller); }
 
@@ -50,17 +53,49 @@ void execute(Controller* self, NCNotificationAction* action) {
 void backdropTapped(Controller* self, NSObject*) { endLongLook(self); }
 void cardTapped(Controller* self, NSObject*) { execute(self, objc::state(self->notificationRequest()).defaultAction); }
 void closeButtonTapped(Controller* self, NSObject*) { execute(self, self->notificationRequest()->closeAction()); }
-void actionRowTapped(Controller* self, UIInterfaceActionRow* row) { execute(self, objc::state(row).action); }
+
+NSString* typedTextKey() { return "UIUserNotificationActionResponseTypedTextKey"_ns; }
+
+void beginTyping(Controller* self, NCNotificationAction* action) {
+  LongLookControllerState& parts = partsOf(self);
+  parts.replyBar = makeReplyBar(action, self);
+  parts.replyBar->setAlpha(0);
+  parts.replyBar->setFrame(parts.actions->frame());
+  self->view()->addSubview(parts.replyBar);
+  self->view()->window()->makeKeyAndVisible();
+  objc::send<bool, "becomeFirstResponder">(objc::state(parts.replyBar.get()).field.get());
+  const auto kept = objc::retain(self);
+  UIView::animate(typingSeconds, objc::block([kept] { expandLongLook(kept); }));
+}
+
+void actionRowTapped(Controller* self, UIInterfaceActionRow* row) {
+  NCNotificationAction* action = objc::state(row).action;
+  if (objc::state(action).acceptsText) return beginTyping(self, action);
+  execute(self, action);
+}
+
+// Nothing is not sent.
+void replyFieldReturned(Controller* self, UITextField* field) {
+  if (field->text()->length() == 0) return endLongLook(self);
+  const auto kept = objc::retain(self);
+  NSMutableDictionary* parameters = NSMutableDictionary::dictionaryWithCapacity(1);
+  parameters->setObject(field->text(), typedTextKey());
+  self->askDelegateToExecuteAction(objc::state(partsOf(self).replyBar.get()).action, parameters, true);
+  endLongLook(self);
+}
 
 struct Room {
   CGFloat top;
   CGFloat bottom;
 };
 
-Room roomOnScreen() {
+Room roomOnScreen(const LongLookControllerState& parts) {
   const host::DeviceProfile& device = uikit::environment().device;
-  return {std::max<CGFloat>(device.safeArea.top, screenMargin),
-          device.screen.height - std::max<CGFloat>(device.safeArea.bottom, screenMargin)};
+  const CGFloat top = std::max<CGFloat>(device.safeArea.top, screenMargin);
+  if (parts.replyBar == nullptr)
+    return {top, device.screen.height - std::max<CGFloat>(device.safeArea.bottom, screenMargin)};
+  const uikit::KeyboardSize keyboard = {device.screen.width, device.safeArea.bottom};
+  return {top, device.screen.height - keyboard.height() - screenMargin};
 }
 
 }  // namespace
@@ -70,7 +105,8 @@ objc::Ref<Controller> makeLongLookController(NCNotificationRequest* request) {
 }
 
 void collapseLongLook(const Controller* controller, const CGRect& shortLook) {
-  const LongLookControllerState& parts = partsOf(controller);
+  LongLookControllerState& parts = partsOf(controller);
+  parts.shortLook = shortLook;
   parts.backdrop->setAlpha(0);
   parts.card->setFrame(shortLook);
   parts.actions->setAlpha(0);
@@ -78,19 +114,29 @@ void collapseLongLook(const Controller* controller, const CGRect& shortLook) {
                            {shortLook.size.width, heightOfActionGroup(parts.actions)}});
 }
 
-void expandLongLook(const Controller* controller, const CGRect& shortLook) {
+void expandLongLook(const Controller* controller) {
   const LongLookControllerState& parts = partsOf(controller);
-  const CGFloat width = shortLook.size.width;
-  const CGFloat actions = heightOfActionGroup(parts.actions);
-  const Room room = roomOnScreen();
-  const CGFloat mostOfCard = room.bottom - room.top - (actions > 0 ? actions + gap : 0);
+  const bool isTyping = parts.replyBar != nullptr;
+  const CGFloat width = parts.shortLook.size.width;
+  const CGFloat beneath = isTyping ? replyBarHeight : heightOfActionGroup(parts.actions);
+  const Room room = roomOnScreen(parts);
+  const CGFloat mostOfCard = room.bottom - room.top - (beneath > 0 ? beneath + gap : 0);
   const CGFloat height = fitLongLookView(parts.card, width, mostOfCard);
   const CGFloat lowestTop = std::max(room.top, room.top + mostOfCard - height);
-  const CGPoint origin = {shortLook.origin.x, std::clamp(shortLook.origin.y, room.top, lowestTop)};
+  const CGPoint origin = {parts.shortLook.origin.x, std::clamp(parts.shortLook.origin.y, room.top, lowestTop)};
+  const CGRect place = {{origin.x, origin.y + height + gap}, {width, beneath}};
   parts.backdrop->setAlpha(1);
   parts.card->setFrame({origin, {width, height}});
-  parts.actions->setAlpha(1);
-  parts.actions->setFrame({{origin.x, origin.y + height + gap}, {width, actions}});
+  parts.actions->setAlpha(isTyping ? 0 : 1);
+  if (!isTyping) return parts.actions->setFrame(place);
+  parts.replyBar->setAlpha(1);
+  parts.replyBar->setFrame(place);
+}
+
+void endTyping(const Controller* controller) {
+  const LongLookControllerState& parts = partsOf(controller);
+  if (parts.replyBar != nullptr)
+    objc::send<bool, "resignFirstResponder">(objc::state(parts.replyBar.get()).field.get());
 }
 
 void defineLongLookController() {
@@ -100,6 +146,7 @@ void defineLongLookController() {
       objc::method<"_cardTapped:", &cardTapped>(),
       objc::method<"_closeButtonTapped:", &closeButtonTapped>(),
       objc::method<"_actionRowTapped:", &actionRowTapped>(),
+      objc::method<"_replyFieldReturned:", &replyFieldReturned>(),
   };
   objc::defineClassWithState<Controller>(methods);
 }

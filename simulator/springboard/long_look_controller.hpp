@@ -4,11 +4,14 @@
 #include "simulator/springboard/action_group_view.hpp"
 #include "simulator/springboard/long_look_view.hpp"
 #include "simulator/springboard/notification_view_controller.hpp"
+#include "simulator/springboard/reply_bar.hpp"
 
 struct LongLookControllerState {
   objc::Ref<UIView> backdrop;
   objc::Ref<NCNotificationLongLookView> card;
   objc::Ref<UIInterfaceActionGroupView> actions;
+  objc::Ref<NCNotificationReplyBar> replyBar;  // in place of the actions, while a text is typed
+  CGRect shortLook;                            // where it comes from
 };
 
 class NCNotificationLongLookViewController
@@ -22,9 +25,11 @@ namespace springboard {
 
 objc::Ref<NCNotificationLongLookViewController> makeLongLookController(NCNotificationRequest* request);
 
-// How it looks where it comes from, a short look at this place of the screen, and where it goes.
+// How it looks where it comes from, a short look at this place of the screen, and when it is open.
 void collapseLongLook(const NCNotificationLongLookViewController* controller, const CGRect& shortLook);
-void expandLongLook(const NCNotificationLongLookViewController* controller, const CGRect& shortLook);
+void expandLongLook(const NCNotificationLongLookViewController* controller);
+// Takes the keyboard away.
+void endTyping(const NCNotificationLongLookViewController* controller);
 
 void defineLongLookController();
 

@@ -60,8 +60,8 @@ void presentLongLook(ShortLook* shortLook, LongLookChange change, objc::Block<vo
   collapseLongLook(longLook, place);
   const double seconds = change == LongLookChange::Animated ? openingSeconds : 0;
   longLook->view()->layoutIfNeeded();
-  UIView::animate(seconds, objc::block([longLook, place] {
-                    expandLongLook(longLook, place);
+  UIView::animate(seconds, objc::block([longLook] {
+                    expandLongLook(longLook);
                     longLook->view()->layoutIfNeeded();
                   }),
                   completion);
@@ -74,6 +74,7 @@ bool showsLongLook(const ShortLook* shortLook) { return isOpen(shortLook); }
 void dismissLongLook(LongLookChange change) {
   if (opened() == nullptr) return;
   const objc::Ref<ShortLook> shortLook = std::exchange(opened(), nullptr);
+  endTyping(longLookOf(shortLook));
   UIView* view = longLookOf(shortLook)->view();
   view->setUserInteractionEnabled(false);
   // A banner that is about to leave does not come up once more.

@@ -1,67 +1,12 @@
-// The platform's long look: how it opens over a short look, what is on it, and how it goes.
+// The platform's long look: how it opens over a banner, what is on it, and how it goes.
+#include "tests/springboard/long_look.hpp"
+
+#include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/long_look_presenter.hpp"
 
-#include "objc/autorelease_pool.hpp"
-#include "simulator/springboard/lock_screen.hpp"
-#include "simulator/springboard/notification_dispatcher.hpp"
-#include "simulator/springboard/notification_list_cell.hpp"
-#include "tests/support/plain_phone.hpp"
+namespace test {
 
 namespace {
-
-using test::Json;
-using test::PlainPhone;
-
-class LongLook : public testing::Test {
- protected:
-  explicit LongLook(host::Options options = {}) : phone(std::move(options)) {}
-
-  int open(const Json& fields = Json::object()) {
-    const int controller = phone.present(fields);
-    phone.wait(1);
-    phone.run("longlook", {{"controller", controller}});
-    phone.wait(1);
-    phone.log();
-    return controller;
-  }
-  int openWithActions() {
-    return open({{"close", true},
-                 {"actions",
-                  {{{"key", "a"}, {"identifier", "archive"}, {"title", "Archive"}},
-                   {{"key", "a"}, {"identifier", "nameless"}}}}});
-  }
-
-  Json windows() { return phone.run("tree").at("windows"); }
-  Json view(const char* className) { return PlainPhone::find(windows(), "class", className); }
-  Json card() { return view("NCNotificationLongLookView"); }
-  bool isOpen() { return !card().is_null(); }
-  bool reads(const Json& view, const std::string& text) {
-    return !PlainPhone::find(Json::array({view}), "text", text).is_null();
-  }
-  std::vector<std::string> actions() {
-    std::vector<std::string> found;
-    const Json events = phone.log();
-    for (const Json& event : events)
-      if (event.at("event") == "action") found.push_back(event.at("identifier"));
-    return found;
-  }
-  std::size_t listed() { return phone.run("notifications").at("notifications").size(); }
-  void tapMiddle(const Json& view) {
-    const Json& frame = view.at("frame");
-    phone.run(
-        "tap",
-        {{"at",
-          {frame[0].get<double>() + frame[2].get<double>() / 2, frame[1].get<double>() + frame[3].get<double>() / 2}}});
-  }
-
-  static double top(const Json& view) { return view.at("frame")[1]; }
-  static double bottom(const Json& view) { return top(view) + view.at("frame")[3].get<double>(); }
-
-  PlainPhone phone;
-  objc::AutoreleasePool pool;
-};
-
-using Identifiers = std::vector<std::string>;
 
 TEST_F(LongLook, ShowsAllThatTheNotificationSays) {
   std::string body = "first";
@@ -217,6 +162,27 @@ TEST_F(LongLook, FollowsTheAppearance) {
   EXPECT_NE(view("UIInterfaceActionRow").at("background"), row);
 }
 
+TEST_F(LongLook, IsLetGoOnceItHasGone) {
+  open();
+  const objc::Weak<UIViewController> shown(
+      objc::send<UIViewController*, "presentedViewController">(springboard::openedShortLook()));
+  ASSERT_NE(shown.lock(), nullptr);
+  phone.run("tap", {{"at", {187, 700}}});
+  phone.wait(3);
+  EXPECT_EQ(shown.lock(), nullptr);
+}
+
+TEST_F(LongLook, OnlyItGivesTheBannerWindowTheKeyboard) {
+  phone.present();
+  const auto canBecomeKey = [] {
+    UIWindow* window = springboard::bannerController(1)->view()->window();
+    return objc::send<bool, "_canBecomeKeyWindow">(window);
+  };
+  EXPECT_FALSE(canBecomeKey());
+  phone.run("longlook", {{"controller", 1}});
+  EXPECT_TRUE(canBecomeKey());
+}
+
 class MirroredLongLook : public LongLook {
  protected:
   MirroredLongLook() : LongLook({.locale = "ar_EG"}) {}
@@ -227,67 +193,6 @@ TEST_F(MirroredLongLook, HasItsCrossOnTheLeft) {
   EXPECT_EQ(view("NCLongLookCloseButton").at("frame")[0], card().at("frame")[0]);
 }
 
-// Of a notification on the lock screen.
-class ListedLongLook : public LongLook {
- protected:
-  void openFirstCell() {
-    phone.present({{"message", "Lunch?"}, {"actions", {{{"key", "a"}, {"identifier", "x"}, {"title", "Archive"}}}}});
-    phone.run("lock");
-    phone.wait(8);
-    phone.log();
-    const auto* list = objc::state(SBLockScreenManager::sharedInstance()).list.get();
-    const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->firstObject());
-    const auto completion = objc::block([this](bool opened) { told = opened; });
-    objc::send<void, "presentLongLookAnimated:trigger:completion:">(
-        objc::state(cell).controller.get(), true, NSInteger{0}, static_cast<objc::Block<void(bool)>*>(completion));
-    phone.wait(1);
-  }
-  bool told = false;
-};
-
-TEST_F(ListedLongLook, OpensOnTheLockScreen) {
-  openFirstCell();
-  EXPECT_TRUE(told);
-  EXPECT_TRUE(isOpen());
-  EXPECT_TRUE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
-}
-
-TEST_F(ListedLongLook, ATapOutsideLeavesTheCellThere) {
-  openFirstCell();
-  phone.run("tap", {{"at", {187, 780}}});
-  phone.wait(1);
-  EXPECT_FALSE(isOpen());
-  EXPECT_FALSE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
-  EXPECT_EQ(listed(), 1U);
-}
-
-TEST_F(ListedLongLook, AnActionTakesTheCellAway) {
-  openFirstCell();
-  phone.run("tap", {{"label", "Archive"}});
-  phone.wait(1);
-  EXPECT_FALSE(isOpen());
-  EXPECT_TRUE(view("NCNotificationListCell").is_null());
-}
-
-TEST_F(ListedLongLook, GoesWithItsNotificationAndWithTheLockScreen) {
-  openFirstCell();
-  phone.run("withdraw");
-  phone.wait(1);
-  EXPECT_FALSE(isOpen());
-  openFirstCell();
-  phone.run("press", {{"type", 101}, {"force", 0}});
-  EXPECT_FALSE(isOpen());
-  EXPECT_EQ(springboard::openedShortLook(), nullptr);
-}
-
-TEST_F(ListedLongLook, OutlivesTheCellThatAnotherNotificationReplaces) {
-  openFirstCell();
-  phone.present({{"message", "Other"}, {"thread", "other"}});
-  phone.wait(1);
-  EXPECT_TRUE(isOpen());
-  phone.run("tap", {{"at", {187, 780}}});
-  phone.wait(1);
-  EXPECT_FALSE(isOpen());
-}
-
 }  // namespace
+
+}  // namespace test

@@ -1,4 +1,4 @@
-// The notification list: what is in it, and how it is seen on the lock screen.
+// The notification list: what is in it, and what takes it away.
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/bulletin_server.hpp"
@@ -19,16 +19,6 @@ std::vector<std::string> messages(PlainPhone& phone) {
 }
 
 using Messages = std::vector<std::string>;
-
-// The list's cells on the screen, from top to bottom.
-std::vector<Json> cells(PlainPhone& phone) {
-  const Json list = PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView");
-  return list.is_null() ? std::vector<Json>{} : list.at("children").get<std::vector<Json>>();
-}
-
-bool reads(const Json& cell, const std::string& text) {
-  return !PlainPhone::find(Json::array({cell}), "text", text).is_null();
-}
 
 TEST(NotificationList, HoldsWhatWasPresented) {
   PlainPhone phone({.time = 1584178860});
@@ -205,102 +195,6 @@ TEST(Withdrawal, ByTheBulletinServerTakesItsBulletin) {
     objc::send<void, "withdrawBulletinID:">(server.get(), identifier);
   foundation::drainMainQueue();
   EXPECT_EQ(messages(phone), Messages{"second"});
-}
-
-TEST(LockScreen, ShowsTheListFromTheLatestDown) {
-  PlainPhone phone({.time = 1584178860});
-  phone.present({{"section", "a.mail"}, {"message", "Earlier"}, {"at", "2020-03-14T07:00:00Z"}});
-  phone.present({{"section", "a.chat"}, {"message", "Later"}, {"at", "2020-03-14T09:36:00Z"}});
-  phone.run("lock");
-  const auto shown = cells(phone);
-  ASSERT_EQ(shown.size(), 2U);
-  EXPECT_TRUE(reads(shown[0], "Later"));
-  EXPECT_TRUE(reads(shown[0], "5m ago"));
-  EXPECT_TRUE(reads(shown[1], "Earlier"));
-  EXPECT_TRUE(reads(shown[1], "2h ago"));
-  const Json& first = shown[0].at("frame");
-  EXPECT_GE(shown[1].at("frame")[1].get<double>(), first[1].get<double>() + first[3].get<double>());
-  EXPECT_FALSE(PlainPhone::find(phone.run("tree").at("windows"), "text", "Saturday, March 14").is_null());
-}
-
-TEST(LockScreen, StacksAConversation) {
-  PlainPhone phone;
-  for (const char* message : {"One", "Two", "Three"}) phone.present({{"thread", "anna"}, {"message", message}});
-  phone.present({{"thread", "ben"}, {"message", "Other"}});
-  phone.run("lock");
-  const auto shown = cells(phone);
-  ASSERT_EQ(shown.size(), 2U);
-  EXPECT_TRUE(reads(shown[0], "Other"));
-  EXPECT_TRUE(reads(shown[1], "Three"));
-  EXPECT_FALSE(reads(shown[1], "Two"));
-  EXPECT_TRUE(reads(shown[1], "2 more notifications"));
-}
-
-TEST(LockScreen, BelowTwelveNothingIsStacked) {
-  PlainPhone phone({.systemVersion = "11.4"});
-  for (const char* message : {"One", "Two"}) phone.present({{"thread", "anna"}, {"message", message}});
-  phone.run("lock");
-  EXPECT_EQ(cells(phone).size(), 2U);
-}
-
-TEST(LockScreen, FollowsTheList) {
-  PlainPhone phone;
-  phone.run("lock");
-  EXPECT_EQ(cells(phone).size(), 0U);
-  phone.present({{"identifier", "1"}, {"message", "Hello"}});
-  ASSERT_EQ(cells(phone).size(), 1U);
-  phone.present({{"identifier", "1"}, {"message", "Goodbye"}});
-  ASSERT_EQ(cells(phone).size(), 1U);
-  EXPECT_TRUE(reads(cells(phone)[0], "Goodbye"));
-  phone.run("withdraw");
-  EXPECT_EQ(cells(phone).size(), 0U);
-}
-
-TEST(LockScreen, FollowsTheClock) {
-  PlainPhone phone({.time = 1584178860});
-  phone.present();
-  phone.run("lock");
-  phone.wait(150);
-  EXPECT_TRUE(reads(cells(phone).at(0), "2m ago"));
-  const Json windows = phone.run("tree").at("windows");
-  EXPECT_FALSE(PlainPhone::find(windows, "text", "9:43").is_null());
-}
-
-TEST(LockScreen, EndsAtTheLowerEdgeOfTheScreen) {
-  PlainPhone phone;
-  for (int number = 0; number < 200; ++number) phone.present({{"thread", std::to_string(number)}});
-  phone.run("lock");
-  const auto shown = cells(phone);
-  EXPECT_LT(shown.size(), 12U);
-  const Json& last = shown.back().at("frame");
-  EXPECT_LT(last[1].get<double>(), 812);
-  EXPECT_GE(last[1].get<double>() + last[3].get<double>(), 812 - 8);
-}
-
-TEST(LockScreen, ATapOnACellOpensItsApplicationAndUnlocks) {
-  PlainPhone phone;
-  phone.present({{"message", "Lunch?"}});
-  phone.wait(8);
-  phone.run("lock");
-  phone.wait(1);
-  phone.log();
-  phone.run("tap", {{"label", "Lunch?"}});
-  const Json events = phone.log();
-  ASSERT_EQ(events.size(), 2U);
-  EXPECT_EQ(events[0].at("identifier"), "com.apple.UNNotificationDefaultActionIdentifier");
-  EXPECT_EQ(events[1], Json({{"event", "launch"}, {"bundle", "com.apple.MobileSMS"}, {"suspended", false}}));
-  EXPECT_EQ(listed(phone), Json::array());
-  EXPECT_TRUE(PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView").is_null());
-}
-
-TEST(LockScreen, HasNoListOnceItIsLeft) {
-  PlainPhone phone;
-  phone.run("lock");
-  phone.run("press", {{"type", 101}, {"force", 0}});
-  phone.present();
-  EXPECT_TRUE(PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView").is_null());
-  phone.run("lock");
-  EXPECT_EQ(cells(phone).size(), 1U);
 }
 
 }  // namespace

@@ -1,0 +1,76 @@
+// Long looks of notifications in the list.
+#include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/long_look_presenter.hpp"
+#include "simulator/springboard/notification_list_cell.hpp"
+#include "tests/springboard/long_look.hpp"
+
+namespace test {
+
+namespace {
+
+// Of a notification on the lock screen.
+class ListedLongLook : public LongLook {
+ protected:
+  void openFirstCell() {
+    phone.present({{"message", "Lunch?"}, {"actions", {{{"key", "a"}, {"identifier", "x"}, {"title", "Archive"}}}}});
+    phone.run("lock");
+    phone.wait(8);
+    phone.log();
+    const auto* list = objc::state(SBLockScreenManager::sharedInstance()).list.get();
+    const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->firstObject());
+    const auto completion = objc::block([this](bool opened) { told = opened; });
+    objc::send<void, "presentLongLookAnimated:trigger:completion:">(
+        objc::state(cell).controller.get(), true, NSInteger{0}, static_cast<objc::Block<void(bool)>*>(completion));
+    phone.wait(1);
+  }
+  bool told = false;
+};
+
+TEST_F(ListedLongLook, OpensOnTheLockScreen) {
+  openFirstCell();
+  EXPECT_TRUE(told);
+  EXPECT_TRUE(isOpen());
+  EXPECT_TRUE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
+}
+
+TEST_F(ListedLongLook, ATapOutsideLeavesTheCellThere) {
+  openFirstCell();
+  phone.run("tap", {{"at", {187, 780}}});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  EXPECT_FALSE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
+  EXPECT_EQ(listed(), 1U);
+}
+
+TEST_F(ListedLongLook, AnActionTakesTheCellAway) {
+  openFirstCell();
+  phone.run("tap", {{"label", "Archive"}});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE(view("NCNotificationListCell").is_null());
+}
+
+TEST_F(ListedLongLook, GoesWithItsNotificationAndWithTheLockScreen) {
+  openFirstCell();
+  phone.run("withdraw");
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  openFirstCell();
+  phone.run("press", {{"type", 101}, {"force", 0}});
+  EXPECT_FALSE(isOpen());
+  EXPECT_EQ(springboard::openedShortLook(), nullptr);
+}
+
+TEST_F(ListedLongLook, OutlivesTheCellThatAnotherNotificationReplaces) {
+  openFirstCell();
+  phone.present({{"message", "Other"}, {"thread", "other"}});
+  phone.wait(1);
+  EXPECT_TRUE(isOpen());
+  phone.run("tap", {{"at", {187, 780}}});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+}
+
+}  // namespace
+
+}  // namespace test

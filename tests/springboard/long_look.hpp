@@ -1,0 +1,63 @@
+// A phone whose notifications are opened into their long looks, and what is seen of them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "objc/autorelease_pool.hpp"
+#include "tests/support/plain_phone.hpp"
+
+namespace test {
+
+class LongLook : public testing::Test {
+ protected:
+  explicit LongLook(host::Options options = {}) : phone(std::move(options)) {}
+
+  int open(const Json& fields = Json::object()) {
+    const int controller = phone.present(fields);
+    phone.wait(1);
+    phone.run("longlook", {{"controller", controller}});
+    phone.wait(1);
+    phone.log();
+    return controller;
+  }
+  int openWithActions() {
+    return open({{"close", true},
+                 {"actions",
+                  {{{"key", "a"}, {"identifier", "archive"}, {"title", "Archive"}},
+                   {{"key", "a"}, {"identifier", "nameless"}}}}});
+  }
+
+  Json windows() { return phone.run("tree").at("windows"); }
+  Json view(const char* className) { return PlainPhone::find(windows(), "class", className); }
+  Json card() { return view("NCNotificationLongLookView"); }
+  bool isOpen() { return !card().is_null(); }
+  bool reads(const Json& view, const std::string& text) {
+    return !PlainPhone::find(Json::array({view}), "text", text).is_null();
+  }
+  std::vector<std::string> actions() {
+    std::vector<std::string> found;
+    const Json events = phone.log();
+    for (const Json& event : events)
+      if (event.at("event") == "action") found.push_back(event.at("identifier"));
+    return found;
+  }
+  std::size_t listed() { return phone.run("notifications").at("notifications").size(); }
+  void tapMiddle(const Json& view) {
+    const Json& frame = view.at("frame");
+    phone.run(
+        "tap",
+        {{"at",
+          {frame[0].get<double>() + frame[2].get<double>() / 2, frame[1].get<double>() + frame[3].get<double>() / 2}}});
+  }
+
+  static double top(const Json& view) { return view.at("frame")[1]; }
+  static double bottom(const Json& view) { return top(view) + view.at("frame")[3].get<double>(); }
+
+  PlainPhone phone;
+  objc::AutoreleasePool pool;
+};
+
+using Identifiers = std::vector<std::string>;
+
+}  // namespace test

@@ -1,0 +1,77 @@
+// Actions of the long look that take text.
+#include "tests/springboard/long_look.hpp"
+
+namespace test {
+
+namespace {
+
+// Of a notification with an action that takes text.
+class TypedAction : public LongLook {
+ protected:
+  int openReply(const std::string& message = "Hello") {
+    const int controller = open({{"message", message},
+                                 {"actions",
+                                  {{{"key", "a"}, {"identifier", "reply"}, {"title", "Reply"}, {"textInput", true}},
+                                   {{"key", "a"}, {"identifier", "archive"}, {"title", "Archive"}}}}});
+    phone.run("tap", {{"label", "Reply"}});
+    phone.wait(1);
+    return controller;
+  }
+  bool hasKeyboard() { return !view("UIRemoteKeyboardWindow").is_null(); }
+};
+
+TEST_F(TypedAction, OpensAFieldInPlaceOfTheActions) {
+  openReply();
+  EXPECT_TRUE(hasKeyboard());
+  EXPECT_TRUE(view("UITextField").at("firstResponder").get<bool>());
+  EXPECT_EQ(view("UIInterfaceActionGroupView").at("alpha"), 0);
+  EXPECT_EQ(top(view("NCNotificationReplyBar")), bottom(card()) + 8);
+  EXPECT_EQ(actions(), Identifiers{});
+}
+
+TEST_F(TypedAction, HandsTheTextToTheAction) {
+  const int controller = openReply();
+  phone.run("type", {{"text", "At one!"}});
+  phone.run("key", {{"name", "return"}});
+  const Json events = phone.log();
+  EXPECT_EQ(events[0].at("identifier"), "reply");
+  EXPECT_EQ(events[0].at("parameters"), Json({{"UIUserNotificationActionResponseTypedTextKey", "At one!"}}));
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  EXPECT_FALSE(hasKeyboard());
+  EXPECT_TRUE(phone.isDismissed(controller));
+  EXPECT_EQ(listed(), 0U);
+}
+
+TEST_F(TypedAction, WithoutATextIsNotCarriedOut) {
+  openReply();
+  phone.run("key", {{"name", "return"}});
+  phone.wait(1);
+  EXPECT_EQ(actions(), Identifiers{});
+  EXPECT_FALSE(isOpen());
+  EXPECT_EQ(listed(), 1U);
+}
+
+TEST_F(TypedAction, AbandonedTakesTheKeyboardAlong) {
+  openReply();
+  phone.run("type", {{"text", "At o"}});
+  phone.run("tap", {{"at", {187, 420}}});
+  phone.wait(1);
+  EXPECT_EQ(actions(), Identifiers{});
+  EXPECT_FALSE(isOpen());
+  EXPECT_FALSE(hasKeyboard());
+  EXPECT_FALSE(phone.answer({{"do", "type"}, {"text", "x"}}).at("ok").get<bool>());
+}
+
+TEST_F(TypedAction, ItsFieldStaysAboveTheKeyboardHoweverLongTheText) {
+  std::string body;
+  for (int line = 0; line < 100; ++line) body += "line\n";
+  openReply(body);
+  EXPECT_LE(bottom(view("NCNotificationReplyBar")), top(view("UIRemoteKeyboardWindow")));
+  EXPECT_LE(bottom(card()), top(view("NCNotificationReplyBar")));
+  EXPECT_GE(top(card()), 44);
+}
+
+}  // namespace
+
+}  // namespace test
