@@ -67,11 +67,12 @@ TEST_F(Dispatch, SerialQueueRunsInOrderOnAnotherThread) {
   const dispatch_queue_t queue = dispatch_queue_create("test", nullptr);
   std::vector<int> order;
   std::thread::id runner;
-  for (int number = 0; number < 100; ++number)
+  for (int number = 0; number < 100; ++number) {
     dispatch_async(queue, objc::block([&, number] {
                      order.push_back(number);
                      runner = std::this_thread::get_id();
                    }));
+  }
   dispatch_sync(queue, objc::block([] {}));
   ASSERT_EQ(order.size(), 100U);
   for (int number = 0; number < 100; ++number) EXPECT_EQ(order[static_cast<std::size_t>(number)], number);

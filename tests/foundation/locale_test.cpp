@@ -143,7 +143,7 @@ TEST_F(LocalizedStrings, GiveTheKeyWhereThereIsNoValueEither) {
 
 TEST_F(LocalizedStrings, BrokenTablesGiveTheValue) {
   for (const std::string& contents :
-       {std::string("\"REPLY\" = "), std::string("\xff\xfe\x00"), std::string("( a"), std::string(200000, '(')}) {
+       {std::string("\"REPLY\" = "), std::string("\xff\xfe\x00", 3), std::string("( a"), std::string(200000, '(')}) {
     addTable("en", contents);
     EXPECT_EQ(replyIn("en_US"), "fallback");
   }

@@ -61,12 +61,13 @@ TEST_F(PropertyListParsing, EveryBeginningOfAListIsReadOrRefused) {
 TEST_F(PropertyListParsing, EveryByteOfABinaryListMayBeWrong) {
   const std::string list = binary({dictionaryOfKeyAndValue, key, std::string("\xa1\x01", 2)});
   ASSERT_NE(parsed(list), nullptr);
-  for (std::size_t index = 0; index < list.size(); ++index)
+  for (std::size_t index = 0; index < list.size(); ++index) {
     for (int value = 0; value < 256; ++value) {
       std::string damaged = list;
       damaged[index] = static_cast<char>(value);
       parsed(damaged);
     }
+  }
 }
 
 TEST_F(PropertyListParsing, RefusesAListThatHoldsItself) {

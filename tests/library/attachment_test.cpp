@@ -32,12 +32,11 @@ std::string shown(Phone& phone, int controller, const char* label) {
   return view.is_null() ? "(none)" : view.value("text", "");
 }
 
-std::vector<Json> postsNamed(const std::vector<Json>& events, const std::string& command) {
+std::vector<Json> postsNamed(const Json& events, const std::string& command) {
   std::vector<Json> found;
-  for (const Json& event : events)
-    if (event.at("event") == "post" && event.at("name") == "BrimNotification" &&
-        event.at("userInfo").at("command") == command)
-      found.push_back(event);
+  for (const Json& event : test::eventsOf(events, "post")) {
+    if (event.at("name") == "BrimNotification" && event.at("userInfo").at("command") == command) found.push_back(event);
+  }
   return found;
 }
 

@@ -29,12 +29,11 @@ void BannerRules::meet() {
 }
 
 void BannerRules::count(const Json& events) {
-  for (const Json& event : events)
-    if (event.at("event") == "dismiss") {
-      Seen& banner = seen[event.at("controller").get<std::size_t>()];
-      ++banner.platformDismissals;
-      banner.leftByItsOwnTransition = event.at("transition") == 0;
-    }
+  for (const Json& event : eventsOf(events, "dismiss")) {
+    Seen& banner = seen[event.at("controller").get<std::size_t>()];
+    ++banner.platformDismissals;
+    banner.leftByItsOwnTransition = event.at("transition") == 0;
+  }
 }
 
 void BannerRules::expectDrag() {

@@ -48,10 +48,11 @@ TEST(TestBanner, IsABannerThatCanBeAnswered) {
 TEST(TestBanner, HasIdentifiersOfItsOwnEachTime) {
   Phone phone;
   std::set<std::string> identifiers;
-  for (int request = 0; request < 2; ++request)
+  for (int request = 0; request < 2; ++request) {
     for (const Json& bulletin : eventsOf(askForTestBanner(phone), "publish"))
       for (const char* field : {"bulletinID", "recordID", "publisherBulletinID"})
         identifiers.insert(bulletin.at(field).get<std::string>());
+  }
   EXPECT_EQ(identifiers.size(), 6U);
 }
 

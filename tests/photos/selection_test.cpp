@@ -54,10 +54,11 @@ void recordCall(ContactPhotoProvider* self, SEL, NCNotificationRequest* request,
 // A phone whose providers only remember that they were asked.
 struct SelectionPhone : PhotoPhone {
   explicit SelectionPhone(const std::map<std::string, Json>& settings = {}) : PhotoPhone(settings) {
-    for (const Application& application : applications)
+    for (const Application& application : applications) {
       MSHookMessageEx(reinterpret_cast<Class>(objc_getClass(application.provider)),
                       objc::selector<"contactPhotoForNotification:withHeader:withBody:forView:">(),
                       objc::toImplementation(&recordCall), nullptr);
+    }
   }
   ~SelectionPhone() { calls().clear(); }
 

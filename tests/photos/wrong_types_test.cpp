@@ -75,12 +75,13 @@ TEST_F(WrongTypes, OfOneValueAreNoPicture) {
   for (const Sample& sample : samples(phone)) {
     std::vector<std::string> paths;
     collectPaths(sample.userInfo, "", paths);
-    for (const std::string& path : paths)
+    for (const std::string& path : paths) {
       for (const Json& stranger : strangers) {
         Json changed = sample.userInfo;
         changed[Json::json_pointer(path)] = stranger;
         expectNoPicture(sample.application, changed);
       }
+    }
   }
 }
 

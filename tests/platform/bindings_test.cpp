@@ -60,12 +60,13 @@ std::vector<std::string> cFunctions() {
   const std::regex block(R"re(extern "C" \{([^}]*)\})re");
   const std::regex name(R"re([\s*](\w+)\()re");
   std::vector<std::string> found;
-  for (const std::string& text : headers())
+  for (const std::string& text : headers()) {
     for (auto match = std::sregex_iterator(text.begin(), text.end(), block); match != std::sregex_iterator(); ++match) {
       const std::string inside = std::regex_replace((*match)[1].str(), std::regex("//[^\n]*"), "");
       for (auto each = std::sregex_iterator(inside.begin(), inside.end(), name); each != std::sregex_iterator(); ++each)
         found.push_back((*each)[1]);
     }
+  }
   return found;
 }
 

@@ -197,10 +197,11 @@ constexpr uikit::KeyboardSize usualSize = {375, 34};
 
 TEST_F(Keyboard, KeysLieInsideAndApart) {
   using enum uikit::KeyboardPlane;
-  for (const char* locale : locales)
+  for (const char* locale : locales) {
     for (const uikit::KeyboardSize size : {uikit::KeyboardSize{320, 0}, usualSize, {414, 34}})
       for (const auto plane : {Letters, Numbers, Symbols})
         expectInsideAndApart(keysFor(locale, size, uikit::Shift::On, plane), size);
+  }
 }
 
 TEST_F(Keyboard, KeysAreWideEnoughForAFinger) {
