@@ -103,7 +103,9 @@ TEST_F(Root, IsNotLedAwayByTheUsersOwnConfiguration) {
 }
 
 TEST_F(Root, WithTheUsersDatabaseLeavesTheEnvironmentAlone) {
-  const std::string before = std::getenv("GNUSTEP_CONFIG_FILE");
+  const char* const configuration = std::getenv("GNUSTEP_CONFIG_FILE");
+  ASSERT_NE(configuration, nullptr);
+  const std::string before = configuration;
   const fs::path other = testRoot() / "other-root";
   EXPECT_EQ(foundation::useRoot(other, foundation::DefaultsDatabase::OfUser), std::nullopt);
   EXPECT_EQ(foundation::pathUnderRoot("/var/mobile"), fs::canonical(other).string() + "/var/mobile");

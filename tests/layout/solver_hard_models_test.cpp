@@ -18,6 +18,7 @@ TEST(Solver, SolvesAChainOfAThousandVariables) {
   constexpr int length = 1000;
   Model model;
   std::vector<Solver::Variable> chain;
+  chain.reserve(length);
   for (int i = 0; i < length; ++i) chain.push_back(model.addVariable());
   const auto anchor = model.set(chain[0], 1);
   for (std::size_t i = 1; i < length; ++i) model.follow(chain[i], chain[i - 1], 2);
@@ -33,6 +34,7 @@ TEST(Solver, SolvesAChainOfInequalitiesFromItsLooseEnd) {
   constexpr int length = 200;
   Model model;
   std::vector<Solver::Variable> chain;
+  chain.reserve(length);
   for (int i = 0; i < length; ++i) chain.push_back(model.addVariable());
   for (std::size_t i = length - 1; i > 0; --i) {
     model.constrain({{chain[i], 1}, {chain[i - 1], -1}}, -3, Relation::GreaterOrEqual);

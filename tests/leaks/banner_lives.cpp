@@ -3,6 +3,7 @@
 // held.
 #include <stdlib.h>
 
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -94,7 +95,7 @@ bool holdsNothing() {
 
 }  // namespace
 
-int main(int count, char** arguments) {
+int main(int count, char** arguments) try {
   std::string pattern = (std::filesystem::temp_directory_path() / "brim-lives-XXXXXX").string();
   const std::filesystem::path folder = mkdtemp(pattern.data());
   const std::string_view fault = count > 1 ? arguments[1] : "";
@@ -113,4 +114,7 @@ int main(int count, char** arguments) {
   std::error_code ignored;
   std::filesystem::remove_all(folder, ignored);
   return isWell ? 0 : 1;
+} catch (const std::exception& error) {
+  std::cerr << error.what() << "\n";
+  return 1;
 }
