@@ -129,6 +129,16 @@ TEST_F(MessagesProcess, StartedByHandEndsWhenItIsTold) {
   EXPECT_TRUE(app.hasSucceeded());
 }
 
+TEST_F(MessagesProcess, StartedByHandAndKilledLeavesItsPlaceToTheNext) {
+  ChildProcess first({MESSAGES, "--root", root});
+  ASSERT_TRUE(eventually([this] { return test::hearsRequests(root); }));
+  first.kill();
+  ASSERT_TRUE(eventually([&] { return first.hasEnded(); }));
+  ChildProcess second({MESSAGES, "--root", root});
+  EXPECT_TRUE(eventually([this] { return test::hearsRequests(root); }));
+  EXPECT_EQ(appOf(root), second.process());
+}
+
 TEST_F(MessagesProcess, ServesTwoHomeScreensOfOneRoot) {
   HomeScreen first(root);
   HomeScreen second(root);
