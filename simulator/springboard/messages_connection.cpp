@@ -11,10 +11,14 @@
 #include <thread>
 #include <utility>
 
+#include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/local_socket.hpp"
+#include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/notification_daemon.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/messages/service.hpp"
+#include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_dispatcher.hpp"
 
 namespace springboard {
 
@@ -22,11 +26,24 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
+
+// Nobody has to be told of what was read. Its notifications have the address within the chat's identifier for thread.
+void withdrawConversation(const std::string& chat) {
+  const objc::AutoreleasePool pool;
+  const std::string address = chat.substr(chat.rfind(';') + 1);
+  for (const auto& request : NCNotificationDispatcher::shared()->list().all())
+    if (keyOf(request).section == messagesIdentifier && textOf(request->threadIdentifier()) == address)
+      NCNotificationDispatcher::shared()->withdraw(request);
+}
+
 void record(std::string_view text) {
   Json event = Json::parse(text, nullptr, false);
   if (!event.is_object() || !event.contains("event") || !event["event"].is_string()) return;
   const std::string name = event["event"];
   event.erase("event");
+  if (name == "read" && event.contains("chat") && event["chat"].is_string())
+    foundation::onMainThreadFromOutside([chat = event["chat"].get<std::string>()] { withdrawConversation(chat); });
   host::recordEvent(name, event);
 }
 

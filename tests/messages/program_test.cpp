@@ -87,6 +87,26 @@ TEST_F(MessagesProgram, AMessageMakesARoundTrip) {
   EXPECT_NE(list.find("me: Gladly\n"), std::string::npos) << list;
 }
 
+TEST_F(MessagesProgram, AConversationThatIsReadLeavesTheListOfNotifications) {
+  TwoProcesses both;
+  for (const char* message : {"anna@example.org 'Lunch?' --from Anna", "ben@example.org 'Hello?' --from Ben",
+                              "ben@example.org 'Coffee?' --from Ben"}) {
+    run(std::string("--receive ") + message, both.phone.root());
+    both.phone.run({{"do", "await"}, {"for", "banner"}, {"seconds", 60}});
+    both.phone.wait(1);
+  }
+  ASSERT_EQ(both.phone.run({{"do", "notifications"}}).at("notifications").size(), 3U);
+  both.phone.run({{"do", "drag"}, {"by", {0, 200}}});
+  both.phone.wait(0.5);
+  both.phone.run({{"do", "type"}, {"text", "Gladly"}});
+  both.phone.run({{"do", "key"}, {"name", "return"}});
+  both.phone.run({{"do", "await"}, {"for", "read"}, {"seconds", 60}});
+  both.phone.wait(0.1);
+  const Json listed = both.phone.run({{"do", "notifications"}}).at("notifications");
+  ASSERT_EQ(listed.size(), 1U);
+  EXPECT_EQ(listed[0].at("message"), "Lunch?");
+}
+
 struct Wrong {
   std::vector<const char*> arguments;
   const char* wanted;
