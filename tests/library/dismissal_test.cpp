@@ -150,6 +150,20 @@ TEST(Dismissal, InterruptedAnimationLeavesTheBannerInPlace) {
   EXPECT_TRUE(eventsOf(phone.log(), "dismiss").empty());
 }
 
+TEST(Dismissal, InterruptedAnimationLeavesAReplacedBannerToo) {
+  Phone phone;
+  const int replaced = phone.present({{"title", "Anna"}});
+  phone.wait(1);
+  phone.present({{"title", "Bert"}});
+  phone.wait(0.7);
+  const auto held = controllerOf(replaced);
+  ASSERT_TRUE(held->wasExternallyDismissed() && held->isDismissing());
+  const auto container = objc::retain(containerOf(replaced));
+  container->removeFromSuperview();
+  phone.wait(0.3);
+  EXPECT_EQ(held->brimView(), container.get());
+}
+
 TEST(Dismissal, ControllerWithoutABannerIsLeftToThePlatform) {
   Phone phone;
   presentPersistent(phone);
