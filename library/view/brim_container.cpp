@@ -18,6 +18,13 @@ bool mayDismiss = true;
 bool dismissNotification(Class) { return mayDismiss; }
 void setDismissNotification(Class, bool dismiss) { mayDismiss = dismiss; }
 
+// Held from the first banner on: a bundle that nobody holds is read from its folder again.
+NSBundle* assetBundle() {
+  static NSBundle* held = nullptr;
+  if (held == nullptr) held = objc::retain(NSBundle::bundleWithPath(assetBundlePath())).leak();
+  return held;
+}
+
 BrimContainer* initialise(BrimContainer* self, UIImage* image, NSString* header, NSString* subHeader, NSString* body) {
   auto* banner = objc::sendSuper<"BrimContainer", BrimContainer*, "initWithFrame:">(self, CGRect{});
   if (banner == nullptr) return nullptr;
@@ -29,7 +36,7 @@ BrimContainer* initialise(BrimContainer* self, UIImage* image, NSString* header,
   state.showingReply = false;
   state.originalHeader = objc::adopt(objc::send<NSString*, "copy">(header));
   state.originalBody = objc::retain(body);
-  state.assets = objc::retain(NSBundle::bundleWithPath(assetBundlePath()));
+  state.assets = objc::retain(assetBundle());
   resetGlyphTable();
   return banner;
 }
