@@ -43,6 +43,17 @@ INSTANTIATE_TEST_SUITE_P(Banners, DismissalDuration,
                                          DurationCase{"Tiny", {{"tinyBanner", true}}, "Hello\nAnna", 0.72}),
                          [](const auto& each) { return each.param.name; });
 
+TEST(Dismissal, TimerLeavesAReplacedBannerToItsReplacement) {
+  Phone phone;
+  const int replaced = phone.present({{"title", "Anna"}});
+  phone.wait(4.8);
+  phone.present({{"title", "Bert"}});
+  phone.wait(0.3);
+  EXPECT_EQ(flags(phone, replaced), Json({{"wasExternallyDismissed", true}}));
+  phone.wait(0.3);
+  EXPECT_TRUE(phone.state(replaced).at("isDismissing"));
+}
+
 TEST(Dismissal, ByTheTimerGoesThroughEveryStageOnce) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
