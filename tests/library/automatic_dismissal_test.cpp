@@ -54,6 +54,15 @@ TEST(Dismissal, TimerLeavesAReplacedBannerToItsReplacement) {
   EXPECT_TRUE(phone.state(replaced).at("isDismissing"));
 }
 
+TEST(Dismissal, RequestDuringTheWayOutChangesNothing) {
+  Phone phone;
+  const int controller = phone.present({{"title", "Anna"}});
+  phone.wait(5.1);
+  ASSERT_TRUE(phone.state(controller).at("isDismissing"));
+  controllerOf(controller)->attemptDismissNotification(nullptr, false);
+  expectGoneAfter(phone, controller, 0.62);
+}
+
 TEST(Dismissal, ByTheTimerGoesThroughEveryStageOnce) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
