@@ -13,7 +13,7 @@ namespace drawing {
 namespace {
 
 constexpr double maximumSide = 16'384;
-// A few screens; beyond that an enlarged picture is not kept.
+// A few screens. A picture that is enlarged further is filtered while it is drawn, each time.
 constexpr double maximumEnlargedPixels = 8'000'000;
 
 int pixelCount(double points, double scale) {
@@ -196,7 +196,8 @@ void Canvas::setSource(const Image& image, const Rectangle& place) {
   const double width = std::max(std::round(across), 1.0);
   const double height = std::max(std::round(down), 1.0);
   const bool isReduced = width < image.pixelWidth() && height < image.pixelHeight();
-  if (across > 0 && down > 0 && (isReduced || width * height <= maximumEnlargedPixels)) {
+  const bool canBeEnlarged = std::max(width, height) <= maximumSide && width * height <= maximumEnlargedPixels;
+  if (across > 0 && down > 0 && (isReduced || canBeEnlarged)) {
     cairo_identity_matrix(context_.get());
     cairo_set_source_surface(context_.get(), image.surfaceResized(static_cast<int>(width), static_cast<int>(height)),
                              std::round(left), std::round(top));

@@ -56,7 +56,6 @@ objc::Ref<SBIconLabelView> makeIconLabel(const std::string& name, const CGRect& 
 void defineIconLabel() {
   static constexpr objc::MethodEntry methods[] = {
       objc::method<"_drawContentInCanvas:", &draw>(),
-      objc::method<"_contentArea", &uikit::shownBounds>(),
       objc::method<"_describe:", &describe>(),
       objc::method<"text", &text>(),
   };

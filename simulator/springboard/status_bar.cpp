@@ -73,7 +73,6 @@ void makeStatusBar() {
 void defineStatusBar() {
   static constexpr objc::MethodEntry battery[] = {
       objc::method<"_drawContentInCanvas:", &drawBattery>(),
-      objc::method<"_contentArea", &uikit::shownBounds>(),
   };
   static constexpr objc::MethodEntry window[] = {objc::method<"initWithFrame:", &initWithFrame>()};
   objc::defineClass<UIStatusBarBatteryView>(battery);

@@ -2,8 +2,8 @@
 //
 // Messages of the toolkit's own, for subclasses to override:
 //   -_drawContentInCanvas:(void*)   draws the view's content on a drawing::Canvas in the coordinates of shownBounds()
-//   -_contentArea                   the rectangle that content is cut to, in the same coordinates; empty where there is
-//                                   none, and nothing is drawn then
+//   -_contentArea                   the rectangle that content is cut to, in the same coordinates: the bounds, unless a
+//                                   class says otherwise; empty where there is none, and nothing is drawn then
 //   -_contentReach:(CGFloat)        how many pixels, so many to a point, around that area what is beneath has a part in
 //                                   the content; 0 for all but backdrops
 //   -_describe:(void*)              adds the class's fields to an nlohmann::ordered_json, after super

@@ -118,6 +118,7 @@ NSArray* constraints(UIView* self) {
 UISemanticContentAttribute semanticContentAttribute(UIView* self) { return record(self).semanticContent; }
 void setSemanticContentAttribute(UIView* self, UISemanticContentAttribute attribute) {
   record(self).semanticContent = attribute;
+  setNeedsDisplay(self);
   constraintsChanged(self);
 }
 

@@ -66,7 +66,13 @@ void setContentMode(UIView* self, UIViewContentMode mode) {
 
 // For subclasses.
 void drawContent(UIView*, void*) {}
-CGRect contentArea(UIView*) { return {}; }
+bool drawsContent(const UIView* view) {
+  const SEL draw = objc::selector<"_drawContentInCanvas:">();
+  const Class drawing = object_getClass(objc::detail::identifier(view));
+  return class_getMethodImplementation(drawing, draw) != class_getMethodImplementation(UIView::classObject(), draw);
+}
+
+CGRect contentArea(UIView* self) { return drawsContent(self) ? shownBounds(self) : CGRect{}; }
 CGFloat contentReach(UIView*, CGFloat) { return 0; }
 
 }  // namespace

@@ -226,6 +226,21 @@ TEST(DrawImage, OfNothingDrawsNothing) {
   EXPECT_EQ(canvas.pixel(1, 1), 0U);
 }
 
+// Filled into a square, a strip is enlarged to many times the square's width.
+TEST(DrawImage, OfALongStripIsDrawnAndLeavesTheCanvasInOrder) {
+  for (const int length : {600, 1000, 2200, 16000}) {
+    for (const Size size : {Size{1.0 * length, 1}, Size{1, 1.0 * length}}) {
+      Canvas strip(size, 1);
+      strip.clear(red);
+      Canvas canvas({20, 20}, 3);
+      canvas.drawImage(strip.snapshot(), {0, 0, 20, 20}, ContentMode::AspectFill);
+      EXPECT_EQ(canvas.pixel(30, 30), 0xFFFF0000) << length;
+      canvas.fillRectangle({0, 0, 20, 20}, white);
+      EXPECT_EQ(canvas.pixel(30, 30), 0xFFFFFFFF) << length;
+    }
+  }
+}
+
 TEST(DrawImage, AtItsOwnSizeKeepsEveryPixel) {
   const auto image = quarteredImage(8, 2);
   Canvas canvas({10, 10}, 2);

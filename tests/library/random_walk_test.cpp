@@ -140,7 +140,9 @@ TEST_P(RandomWalk, BreaksNoRuleOfABannersLife) {
 // Pictures paint only what changed since the last one.
 TEST_P(RandomWalk, PaintsWhatAScreenPaintedFromNothingShows) {
   const std::uint64_t seed = number("BRIM_WALK_SEED", 1) + GetParam();
-  Phone phone;
+  test::Setup setup;
+  setup.options.library = GetParam() % 2 == 0 ? host::LibraryUse::Mapped : host::LibraryUse::Absent;
+  Phone phone(setup);
   test::RandomCommands commands(seed, phone.root());
   const double scale = GetParam() == 0 ? 3 : 1;
   for (std::size_t step = 0; step < comparedPictures; ++step) {

@@ -3,6 +3,7 @@
 
 #include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/long_look_presenter.hpp"
+#include "simulator/uikit/renderer.hpp"
 
 namespace test {
 
@@ -50,6 +51,16 @@ TEST_F(LongLook, HasARowForEachActionNamedByItsTitle) {
   EXPECT_TRUE(reads(view("UIInterfaceActionGroupView"), "Archive"));
   EXPECT_TRUE(reads(view("UIInterfaceActionGroupView"), "nameless"));
   EXPECT_EQ(view("UIInterfaceActionGroupView").at("children").size(), 2U);
+}
+
+TEST_F(LongLook, HasACrossToBeSeen) {
+  open();
+  const Json frame = view("NCLongLookCloseButton").at("frame");
+  const int x = static_cast<int>(frame[0].get<double>() + frame[2].get<double>() / 2);
+  const int y = static_cast<int>(frame[1].get<double>() + frame[3].get<double>() / 2);
+  const auto screen = uikit::renderScreen(1);
+  EXPECT_NE(screen->pixel(x, y), screen->pixel(x - 7, y)) << "the cross on its disc";
+  EXPECT_NE(screen->pixel(x - 7, y), screen->pixel(x - 14, y)) << "the disc on the card";
 }
 
 TEST_F(LongLook, WithoutActionsHasNoRows) {

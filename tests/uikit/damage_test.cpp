@@ -5,7 +5,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/cg_color.hpp"
 #include "simulator/uikit/renderer.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/view_record.hpp"
 #include "simulator/uikit/window.hpp"
 #include "tests/uikit/content.hpp"
 
@@ -126,6 +126,15 @@ TEST_F(Damage, IsWhereTextChanged) {
   label->setText(string("two"));
   const std::string margin = "83,83 134x54";  // of the font's size, for glyphs that reach beyond their line
   EXPECT_EQ(takeDamage(), margin);
+}
+
+TEST_F(Damage, IsWhereTextTurnsToTheOtherSide) {
+  auto label = UIView::withFrame<UILabel>({{100, 100}, {100, 20}});
+  label->setText(string("123"));
+  window->addSubview(label);
+  takeDamage();
+  objc::send<void, "setSemanticContentAttribute:">(label.get(), UISemanticContentAttribute::ForceRightToLeft);
+  EXPECT_NE(takeDamage(), "");
 }
 
 TEST_F(Damage, IsAllOfABackdropWithSomethingMovingBeneathAnEdge) {
