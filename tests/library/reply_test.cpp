@@ -213,7 +213,7 @@ TEST(ButtonRow, OpenDoesNotReactWhereNothingCanBeAnswered) {
   EXPECT_FALSE(open.at("interactive"));
   controllerOf(controller)->setDismissCalled(false);
   phone.log();
-  const Json frame = open.at("frame");
+  const Json& frame = open.at("frame");
   const double x = frame[0].get<double>() + frame[2].get<double>() / 2;
   phone.run({{"do", "tap"}, {"at", {x, frame[1].get<double>() + 18}}});
   phone.wait(0.5);

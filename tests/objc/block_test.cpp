@@ -57,6 +57,7 @@ TEST_F(BlockTest, CopiesShareWhatWasCaptured) {
   const int copiesOfMaking = copies;
   const int livingWithBlock = living;
   {
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it is the copy that is looked at.
     const objc::BlockRef<void()> shared = made;
     const objc::BlockRef<void()> borrowed(made.get());
     EXPECT_EQ(shared.get(), made.get());

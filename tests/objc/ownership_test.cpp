@@ -22,7 +22,8 @@ TEST_F(Ownership, CopiesRetainAndMovesDoNot) {
   EXPECT_EQ(retainCount(first), 2U);
   const auto third = std::move(first);
   EXPECT_EQ(retainCount(third), 2U);
-  EXPECT_EQ(first.get(), nullptr);  // NOLINT(bugprone-use-after-move): a moved-from reference is null.
+  // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move): a moved-from reference is null.
+  EXPECT_EQ(first.get(), nullptr);
   second = nullptr;
   EXPECT_EQ(retainCount(third), 1U);
 }

@@ -143,7 +143,7 @@ TEST_F(Renderer, DescribesTheTreeAsLaidOut) {
   view->setAlpha(0.5);
   const auto tree = uikit::describeTree(window);
   EXPECT_EQ(tree.at("class"), "UIWindow");
-  const auto node = tree.at("children").at(0);
+  const auto& node = tree.at("children").at(0);
   EXPECT_EQ(node, nlohmann::ordered_json::parse(R"({"class":"UIView","frame":[7.0,13.0,9.0,10.0],"hidden":false,
       "alpha":0.5,"background":[1.0,0.0,0.0,1.0],"cornerRadius":4.0,"continuousCorners":true,"contentMode":5,
       "interactive":true,"children":[]})"));
