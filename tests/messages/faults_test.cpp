@@ -212,6 +212,7 @@ TEST(MessagesStore, ThatIsDamagedKeepsTheAppFromStartingUntilItIsMovedAway) {
   both.phone.wait(2);
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
   EXPECT_TRUE(errors.contain("it is damaged: move it away")) << errors.text();
+  EXPECT_EQ(errors.text().find("damaged"), errors.text().rfind("damaged")) << "it is started once: " << errors.text();
   fs::remove(both.storePath());
   both.receive(annasChat, "Lunch?");
   both.reply("At one!");

@@ -76,6 +76,17 @@ TEST_F(MessagesProcess, EndsWithTheHomeScreen) {
   EXPECT_TRUE(eventually([app] { return !test::isRunning(app); }));
 }
 
+TEST_F(MessagesProcess, HasEndedWhenItsHomeScreenHas) {
+  pid_t app = 0;
+  {
+    TwoProcesses both;
+    ASSERT_TRUE(both.launch());
+    app = both.app();
+  }
+  EXPECT_GT(app, 0);
+  EXPECT_FALSE(test::isRunning(app));
+}
+
 TEST_F(MessagesProcess, TakesTheRootAsItsHomeScreenHasIt) {
   HomeScreen home(root);
   home.write(R"({"do":"log"}
