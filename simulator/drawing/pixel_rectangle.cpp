@@ -4,6 +4,12 @@
 
 namespace drawing {
 
+namespace {
+
+cairo_rectangle_int_t cairoRectangle(const PixelRectangle& area) { return {area.x, area.y, area.width, area.height}; }
+
+}  // namespace
+
 PixelRectangle common(const PixelRectangle& left, const PixelRectangle& right) {
   const int x = std::max(left.x, right.x);
   const int y = std::max(left.y, right.y);
@@ -22,9 +28,21 @@ PixelRectangle united(const PixelRectangle& left, const PixelRectangle& right) {
 }
 
 RegionHandle regionOf(const PixelRectangle& area) {
-  if (area.isEmpty()) return RegionHandle(cairo_region_create());
-  const cairo_rectangle_int_t rectangle = {area.x, area.y, area.width, area.height};
-  return RegionHandle(cairo_region_create_rectangle(&rectangle));
+  RegionHandle region(cairo_region_create());
+  addTo(region.get(), area);
+  return region;
+}
+
+void addTo(cairo_region_t* region, const PixelRectangle& area) {
+  if (area.isEmpty()) return;
+  const cairo_rectangle_int_t rectangle = cairoRectangle(area);
+  cairo_region_union_rectangle(region, &rectangle);
+}
+
+cairo_region_overlap_t overlap(const cairo_region_t* region, const PixelRectangle& area) {
+  if (area.isEmpty()) return CAIRO_REGION_OVERLAP_OUT;
+  const cairo_rectangle_int_t rectangle = cairoRectangle(area);
+  return cairo_region_contains_rectangle(region, &rectangle);
 }
 
 }  // namespace drawing

@@ -21,5 +21,8 @@ PixelRectangle common(const PixelRectangle& left, const PixelRectangle& right);
 PixelRectangle united(const PixelRectangle& left, const PixelRectangle& right);
 
 RegionHandle regionOf(const PixelRectangle& area);
+void addTo(cairo_region_t* region, const PixelRectangle& area);
+// How much of the rectangle lies in the region; nothing of an empty one.
+cairo_region_overlap_t overlap(const cairo_region_t* region, const PixelRectangle& area);
 
 }  // namespace drawing

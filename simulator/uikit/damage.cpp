@@ -8,38 +8,28 @@ namespace {
 
 using Iterator = ScreenContents::const_iterator;
 
-void add(cairo_region_t* region, const drawing::PixelRectangle& area) {
-  const cairo_rectangle_int_t part = {area.x, area.y, area.width, area.height};
-  if (!area.isEmpty()) cairo_region_union_rectangle(region, &part);
-}
-
 void addPainted(cairo_region_t* region, Iterator begin, Iterator end) {
-  for (; begin != end; ++begin) add(region, begin->look.painted);
+  for (; begin != end; ++begin) drawing::addTo(region, begin->look.painted);
 }
 
 void addDifferences(cairo_region_t* region, Iterator before, Iterator after, std::ptrdiff_t count) {
   for (const Iterator end = before + count; before != end; ++before, ++after) {
     if (before->look == after->look) continue;
-    add(region, before->look.painted);
-    add(region, after->look.painted);
+    drawing::addTo(region, before->look.painted);
+    drawing::addTo(region, after->look.painted);
   }
 }
 
 bool isSameView(const PaintedView& left, const PaintedView& right) { return left.look.view == right.look.view; }
 
-cairo_region_overlap_t overlap(const cairo_region_t* region, const drawing::PixelRectangle& area) {
-  const cairo_rectangle_int_t part = {area.x, area.y, area.width, area.height};
-  return cairo_region_contains_rectangle(region, &part);
-}
-
 // A backdrop is blurred as a whole, from what lies beneath and around it. Around it, that is still on the canvas where
 // nothing has been painted over it; inside a transparent layer it is not.
 void addForBackdrop(cairo_region_t* region, const ScreenContents& contents, std::size_t index) {
   const PaintedView& backdrop = contents[index];
-  if (backdrop.look.opacityOnScreen < 1) return add(region, backdrop.read);
-  add(region, backdrop.look.painted);
+  if (backdrop.look.opacityOnScreen < 1) return drawing::addTo(region, backdrop.read);
+  drawing::addTo(region, backdrop.look.painted);
   for (std::size_t later = index + 1; later < contents.size(); ++later)
-    add(region, drawing::common(contents[later].look.painted, backdrop.read));
+    drawing::addTo(region, drawing::common(contents[later].look.painted, backdrop.read));
 }
 
 void addWhatBackdropsNeed(cairo_region_t* region, const ScreenContents& contents) {
@@ -48,7 +38,7 @@ void addWhatBackdropsNeed(cairo_region_t* region, const ScreenContents& contents
     grew = false;
     for (std::size_t index = 0; index < contents.size(); ++index) {
       const drawing::PixelRectangle& read = contents[index].read;
-      if (read.isEmpty() || isAdded[index] || overlap(region, read) == CAIRO_REGION_OVERLAP_OUT) continue;
+      if (read.isEmpty() || isAdded[index] || drawing::overlap(region, read) == CAIRO_REGION_OVERLAP_OUT) continue;
       addForBackdrop(region, contents, index);
       isAdded[index] = grew = true;
     }

@@ -32,7 +32,7 @@ class Collector {
     drawing::PixelRectangle clip;
   };
 
-  // The pixels that any of the rectangle lies in.
+  // The pixels that any of the rectangle lies in; never fewer than the canvas takes for covered when it is painted.
   drawing::PixelRectangle pixels(const CGPoint& position, const CGRect& rect) const {
     if (isEmpty(rect)) return {};
     const auto clamped = [](double pixel, int length) {
@@ -107,8 +107,7 @@ class Painter {
 
  private:
   bool isWanted(const drawing::PixelRectangle& area) const {
-    const cairo_rectangle_int_t part = {area.x, area.y, area.width, area.height};
-    return cairo_region_contains_rectangle(region_, &part) != CAIRO_REGION_OVERLAP_OUT;
+    return drawing::overlap(region_, area) != CAIRO_REGION_OVERLAP_OUT;
   }
 
   void paintView(std::size_t index) {
