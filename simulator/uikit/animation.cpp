@@ -80,9 +80,9 @@ void AnimationGroup::start() {
 }
 
 void AnimationGroup::leave() {
-  if (completed_) return;
+  if (completed_ || --members_ > 0) return;
   finished_ = false;
-  if (--members_ == 0) foundation::onMainThread([self = shared_from_this()] { self->complete(); });
+  foundation::onMainThread([self = shared_from_this()] { self->complete(); });
 }
 
 void AnimationGroup::complete() {

@@ -25,7 +25,7 @@ class AnimationGroup : public std::enable_shared_from_this<AnimationGroup> {
   double progress(double now) const;
 
   void join() { ++members_; }
-  // A change is taken back before its end: the animation does not finish.
+  // A change is taken back before its end. The last of them to go decides whether the animation finishes.
   void leave();
   // After the block: the completion comes at the end, or in the next turn when nothing changed.
   void start();

@@ -258,4 +258,16 @@ TEST_F(Overlap, SendAndDragInOneTurn) {
   EXPECT_TRUE(state(controller).at("dismissed"));
 }
 
+// The older one leaves in the middle of the newer one's way out, and takes what it had in common with it along.
+TEST_F(Overlap, ReplacementThatGoesAtOnce) {
+  phone.set("timeToDismiss", 0);
+  const int older = present({{"dismissAutomatically", false}});
+  drag(164);
+  phone.run({{"do", "grabber"}});
+  const int newer = present();
+  phone.wait(20);
+  EXPECT_TRUE(state(older).at("dismissed"));
+  EXPECT_TRUE(state(newer).at("dismissed"));
+}
+
 }  // namespace

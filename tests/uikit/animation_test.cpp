@@ -105,7 +105,7 @@ TEST_F(Animation, RemovalFromTheSuperviewInterrupts) {
   EXPECT_EQ(takeJournal(), Journal{});
 }
 
-TEST_F(Animation, InterruptedInPartIsToldAtItsEnd) {
+TEST_F(Animation, InterruptedInPartFinishesWithTheRest) {
   const auto other = addView(window, {{}, {10, 10}});
   UIView::animate(1, objc::block([this, other] {
                     view->setAlpha(0);
@@ -116,7 +116,7 @@ TEST_F(Animation, InterruptedInPartIsToldAtItsEnd) {
   foundation::stepClock(0.9);
   EXPECT_EQ(takeJournal(), Journal{});
   foundation::stepClock(0.2);
-  EXPECT_EQ(takeJournal(), Journal{"both interrupted"});
+  EXPECT_EQ(takeJournal(), Journal{"both finished"});
 }
 
 TEST_F(Animation, InnerBlockRunsAtTheOuterPace) {
