@@ -126,7 +126,6 @@ void layOutButtons(BrimContainer* self, BrimContainerState& state) {
   row->setDistribution(UIStackViewDistribution::FillEqually);
   row->setSpacing(buttonSpacing);
   row->setContentMode(UIViewContentMode::ScaleToFill);
-  row->setAlpha(0);
   if (state.isAlarm) {
     addAlarmButtons(self, state);
   } else {

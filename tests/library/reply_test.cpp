@@ -124,6 +124,15 @@ TEST(ReplyField, SendsTwoBlanks) {
   EXPECT_EQ(actions(phone)[0], "reply");
 }
 
+TEST(ReplyField, TakesTouchesOnlyWhereOneCanAnswer) {
+  Phone phone;
+  for (const auto& [section, canAnswer] : {std::pair{"com.apple.mobilemail", false}, {"com.apple.MobileSMS", true}}) {
+    BrimTextField* field = containerOf(phone.present({{"section", section}}))->reply();
+    EXPECT_EQ((objc::send<bool, "isEnabled">(field)), canAnswer) << section;
+    EXPECT_EQ((objc::send<bool, "isUserInteractionEnabled">(field)), canAnswer) << section;
+  }
+}
+
 TEST(ReplyField, IsNotThereForAnAlarm) {
   Phone phone;
   const int controller = presentOpen(phone, {{"section", "com.apple.mobiletimer"}, {"close", true}});
