@@ -16,15 +16,19 @@ void tellOfChange(const Dispatcher* dispatcher) {
   if (const auto& observer = objc::state(dispatcher).listObserver) observer();
 }
 
-void modify(Dispatcher* self, NCNotificationRequest* request) {
-  if (request == nullptr) return;
+void list(Dispatcher* self, NCNotificationRequest* request) {
   objc::state(self).list.insert(request);
   tellOfChange(self);
 }
 
+// Whoever opened or cleared it is not shown it again.
+void modify(Dispatcher* self, NCNotificationRequest* request) {
+  if (request != nullptr && objc::state(self).list.remove(keyOf(request))) list(self, request);
+}
+
 void post(Dispatcher* self, NCNotificationRequest* request) {
   if (request == nullptr) return;
-  self->modify(request);
+  list(self, request);
   presentBanner(makeShortLookController(request));
 }
 

@@ -19,7 +19,7 @@ class NCNotificationDispatcher : public objc::Interface<"NCNotificationDispatche
 
   // Comes as a banner, and is listed.
   void post(NCNotificationRequest* request) { objc::send<void, "postNotificationWithRequest:">(this, request); }
-  // Is listed with other texts.
+  // Is listed with other texts. Nothing happens where it is not listed.
   void modify(NCNotificationRequest* request) { objc::send<void, "modifyNotificationWithRequest:">(this, request); }
   // Leaves the list, and its banner the screen. Nothing happens where there is neither.
   void withdraw(NCNotificationRequest* request) { objc::send<void, "withdrawNotificationWithRequest:">(this, request); }

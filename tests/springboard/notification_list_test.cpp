@@ -133,6 +133,13 @@ TEST_F(Clearing, TwiceIsClearingOnce) {
   EXPECT_EQ(messages(phone), Messages{"first"});
 }
 
+TEST_F(Clearing, IsNotUndoneByAFollowUp) {
+  NCNotificationRequest* cleared = present("first");
+  clear(cleared);
+  phone.run("update", {{"controller", 1}, {"message", "second"}});
+  EXPECT_EQ(messages(phone), Messages{});
+}
+
 TEST_F(Clearing, WhatIsNotListedChangesNothing) {
   present("first");
   springboard::NotificationDescription description;
