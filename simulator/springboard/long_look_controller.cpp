@@ -74,9 +74,7 @@ void actionRowTapped(Controller* self, UIInterfaceActionRow* row) {
   execute(self, action);
 }
 
-// Nothing is not sent.
 void replyFieldReturned(Controller* self, UITextField* field) {
-  if (field->text()->length() == 0) return endLongLook(self);
   const auto kept = objc::retain(self);
   NSMutableDictionary* parameters = NSMutableDictionary::dictionaryWithCapacity(1);
   parameters->setObject(field->text(), typedTextKey());

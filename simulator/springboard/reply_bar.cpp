@@ -39,6 +39,7 @@ objc::Ref<Bar> makeReplyBar(NCNotificationAction* action, NSObject* target) {
   auto field = UIView::withFrame<UITextField>({});
   field->setFont(UIFont::systemFontOfSize(fontSize));
   field->setReturnKeyType(UIReturnKeyType::Send);
+  objc::send<void, "setEnablesReturnKeyAutomatically:">(field.get(), true);
   field->addTarget(target, objc::selector<"_replyFieldReturned:">(), UIControlEvents::EditingDidEndOnExit);
   objc::state(bar.get()).field = field;
   bar->addSubview(field);

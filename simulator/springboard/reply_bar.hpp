@@ -19,7 +19,8 @@ namespace springboard {
 
 inline constexpr CGFloat replyBarHeight = 54;
 
-// Sends _replyFieldReturned: with the field to the target, which is not kept, when its text is to be sent.
+// Sends _replyFieldReturned: with the field to the target, which is not kept, when its text is to be sent;
+// no text is not.
 objc::Ref<NCNotificationReplyBar> makeReplyBar(NCNotificationAction* action, NSObject* target);
 
 void defineReplyBar();

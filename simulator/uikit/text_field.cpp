@@ -113,6 +113,8 @@ void defineTextField() {
       objc::method<"setKeyboardType:", &setValue<&State::keyboardType>>(),
       objc::method<"returnKeyType", &value<&State::returnKeyType>>(),
       objc::method<"setReturnKeyType:", &setValue<&State::returnKeyType>>(),
+      objc::method<"enablesReturnKeyAutomatically", &value<&State::enablesReturnKeyAutomatically>>(),
+      objc::method<"setEnablesReturnKeyAutomatically:", &setValue<&State::enablesReturnKeyAutomatically>>(),
       objc::method<"_describe:", &describe>(),
   };
   objc::defineClassWithState<UITextField>(methods);

@@ -18,6 +18,7 @@ struct TextFieldState {
   UITextBorderStyle borderStyle = UITextBorderStyle::None;
   UIKeyboardType keyboardType = UIKeyboardType::Default;
   UIReturnKeyType returnKeyType{};
+  bool enablesReturnKeyAutomatically = false;
 
   // What is selected, in UTF-16 units; of no length the caret. Always inside the text.
   NSRange selection;

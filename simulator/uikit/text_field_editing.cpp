@@ -55,9 +55,15 @@ void replaceCharacters(UITextField* self, NSRange range, NSString* replacement) 
   sendActions(self, editingChanged);
 }
 
+bool hasText(UITextField* self) { return objc::state(self).text->length() > 0; }
+
+bool takesReturnKey(UITextField* self) {
+  return isEnabled(self) && (hasText(self) || !objc::state(self).enablesReturnKeyAutomatically);
+}
+
 // The keyboard goes away where somebody acts on the return key.
 void returnKeyPressed(UITextField* self) {
-  if (!isEnabled(self)) return;
+  if (!takesReturnKey(self)) return;
   const objc::Ref<UITextField> kept = objc::retain(self);
   const bool isHeard = hasActions(self, UIControlEvents::EditingDidEndOnExit);
   sendActions(self, UIControlEvents::EditingDidEndOnExit);
@@ -86,8 +92,6 @@ void deleteBackward(UITextField* self) {
   }
   if (isEnabled(self) && deleted.length > 0) replaceCharacters(self, deleted, ""_ns);
 }
-
-bool hasText(UITextField* self) { return objc::state(self).text->length() > 0; }
 
 NSRange selectedRange(UITextField* self) { return objc::state(self).selection; }
 

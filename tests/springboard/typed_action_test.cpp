@@ -43,13 +43,17 @@ TEST_F(TypedAction, HandsTheTextToTheAction) {
   EXPECT_EQ(listed(), 0U);
 }
 
-TEST_F(TypedAction, WithoutATextIsNotCarriedOut) {
-  openReply();
+TEST_F(TypedAction, WaitsForAText) {
+  const int controller = openReply();
   phone.run("key", {{"name", "return"}});
   phone.wait(1);
-  EXPECT_EQ(actions(), Identifiers{});
-  EXPECT_FALSE(isOpen());
-  EXPECT_EQ(listed(), 1U);
+  EXPECT_EQ(phone.log(), Json::array());
+  EXPECT_TRUE(isOpen());
+  EXPECT_TRUE(hasKeyboard());
+  EXPECT_FALSE(phone.isDismissed(controller));
+  phone.run("type", {{"text", "Yes"}});
+  phone.run("key", {{"name", "return"}});
+  EXPECT_EQ(actions(), Identifiers{"reply"});
 }
 
 TEST_F(TypedAction, AbandonedTakesTheKeyboardAlong) {

@@ -82,6 +82,16 @@ TEST_F(TextFields, KeepTheKeyboardWhereNobodyHearsTheReturnKey) {
   EXPECT_TRUE(other->isFirstResponder());
 }
 
+TEST_F(TextFields, WithoutATextCanBeDeafToTheReturnKey) {
+  objc::send<void, "setEnablesReturnKeyAutomatically:">(field.get(), true);
+  field->becomeFirstResponder();
+  objc::send<void, "_returnKeyPressed">(field.get());
+  EXPECT_TRUE(field->isFirstResponder());
+  type("Hi");
+  objc::send<void, "_returnKeyPressed">(field.get());
+  EXPECT_FALSE(field->isFirstResponder());
+}
+
 TEST_F(TextFields, TakeALineFeedForTheReturnKey) {
   field->becomeFirstResponder();
   type("Hi");
