@@ -52,7 +52,7 @@ NSString* countOfOthers(std::size_t others) {
 objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   auto cell = UIView::withFrame<Cell>({});
   const auto controller = makeShortLookController(group.front());
-  objc::state(cell.get()).controller = controller;
+  objc::state(cell.get()) = {group, controller};
   UIView* view = controller->view();
   NCNotificationShortLookView* content = contentViewOf(view);
   const std::size_t others = group.size() - 1;
@@ -67,6 +67,11 @@ objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   cell->addSubview(view);
   cell->setFrame({{}, {width, front.height + static_cast<CGFloat>(edges) * edgeHeight}});
   return cell;
+}
+
+void renewDate(const Cell* cell) {
+  const auto& controller = objc::state(cell).controller;
+  renewDate(objc::state(contentViewOf(controller->view())).header, controller->notificationRequest());
 }
 
 void defineListCell() { objc::defineClassWithState<Cell>({}); }

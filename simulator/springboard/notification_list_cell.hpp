@@ -5,6 +5,7 @@
 #include "simulator/springboard/notification_view_controller.hpp"
 
 struct NotificationListCellState {
+  springboard::NotificationGroup group;
   objc::Ref<NCNotificationShortLookViewController> controller;
 };
 
@@ -18,6 +19,9 @@ namespace springboard {
 
 // As high as the group needs at this width.
 objc::Ref<NCNotificationListCell> makeListCell(const NotificationGroup& group, CGFloat width);
+
+// Time has passed since it was made.
+void renewDate(const NCNotificationListCell* cell);
 
 void defineListCell();
 

@@ -42,12 +42,6 @@ void recolor(Header* self) {
   for (UILabel* label : {parts.name.get(), parts.date.get()}) label->setTextColor(secondaryTextColor(self));
 }
 
-CGRect mirroredIfNeeded(const Header* self, CGRect frame) {
-  if (uikit::effectiveDirection(self) == uikit::LayoutDirection::RightToLeft)
-    frame.origin.x = self->bounds().size.width - frame.origin.x - frame.size.width;
-  return frame;
-}
-
 void layoutSubviews(Header* self) {
   objc::sendSuper<"PLPlatterHeaderContentView", void, "layoutSubviews">(self);
   const PlatterHeaderState& parts = objc::state(self);
@@ -55,9 +49,9 @@ void layoutSubviews(Header* self) {
   const CGSize date = objc::send<CGSize, "sizeThatFits:">(parts.date.get(), CGSize{100, 100});
   const CGFloat nameLeft = padding + iconSide + 7;
   const CGFloat dateLeft = self->bounds().size.width - padding - parts.trailingRoom - date.width;
-  parts.icon->setFrame(mirroredIfNeeded(self, {{padding, iconTop}, {iconSide, iconSide}}));
-  parts.name->setFrame(mirroredIfNeeded(self, {{nameLeft, iconTop}, {dateLeft - nameLeft - 8, iconSide}}));
-  parts.date->setFrame(mirroredIfNeeded(self, {{dateLeft, iconTop}, {date.width, iconSide}}));
+  parts.icon->setFrame(uikit::mirroredIfNeeded(self, {{padding, iconTop}, {iconSide, iconSide}}));
+  parts.name->setFrame(uikit::mirroredIfNeeded(self, {{nameLeft, iconTop}, {dateLeft - nameLeft - 8, iconSide}}));
+  parts.date->setFrame(uikit::mirroredIfNeeded(self, {{dateLeft, iconTop}, {date.width, iconSide}}));
 }
 
 void traitCollectionDidChange(Header* self, UITraitCollection* previous) {
@@ -80,6 +74,12 @@ objc::Ref<Header> makePlatterHeader(const NCNotificationRequest* request, CGFloa
   parts.trailingRoom = trailingRoom;
   recolor(header);
   return header;
+}
+
+void renewDate(Header* header, const NCNotificationRequest* request) {
+  const NotificationContentState& content = objc::state(objc::state(request).content.get());
+  objc::state(header).date->setText(timeSince(content.date));
+  uikit::setNeedsLayout(header);
 }
 
 void definePlatterHeader() {

@@ -25,6 +25,9 @@ inline constexpr CGFloat platterHeaderHeight = 40;
 // What stands at the end leaves so much room for something else.
 objc::Ref<PLPlatterHeaderContentView> makePlatterHeader(const NCNotificationRequest* request, CGFloat trailingRoom);
 
+// Says how long ago it is now.
+void renewDate(PLPlatterHeaderContentView* header, const NCNotificationRequest* request);
+
 void definePlatterHeader();
 
 }  // namespace springboard

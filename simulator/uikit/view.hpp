@@ -52,6 +52,8 @@ drawing::CornerShape shownCorners(const UIView* view);
 
 // Where leading is, after the view's semantic content attribute and the language.
 LayoutDirection effectiveDirection(const UIView* view);
+// Where a frame inside the view stands, given as for a language from left to right.
+CGRect mirroredIfNeeded(const UIView* view, CGRect frame);
 
 // The nearest view controller up the view's responder chain, nil without one.
 NSObject* nearestViewController(const UIView* view);

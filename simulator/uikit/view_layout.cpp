@@ -142,6 +142,12 @@ LayoutDirection effectiveDirection(const UIView* view) {
   return environment().direction;
 }
 
+CGRect mirroredIfNeeded(const UIView* view, CGRect frame) {
+  if (effectiveDirection(view) == LayoutDirection::RightToLeft)
+    frame.origin.x = view->bounds().size.width - frame.origin.x - frame.size.width;
+  return frame;
+}
+
 std::span<const objc::MethodEntry> viewLayoutMethods() {
   using enum NSLayoutAttribute;
   static constexpr objc::MethodEntry methods[] = {

@@ -65,12 +65,18 @@ TEST(LockScreen, FollowsTheList) {
   EXPECT_EQ(cells(phone).size(), 0U);
 }
 
+double rightEdge(const Json& view) { return view.at("frame")[0].get<double>() + view.at("frame")[2].get<double>(); }
+
 TEST(LockScreen, FollowsTheClock) {
   PlainPhone phone({.time = 1584178860});
   phone.present();
   phone.run("lock");
+  const double edge = rightEdge(PlainPhone::find(cells(phone), "text", "now"));
   phone.wait(150);
-  EXPECT_TRUE(reads(cells(phone).at(0), "2m ago"));
+  const Json date = PlainPhone::find(cells(phone), "text", "2m ago");
+  ASSERT_FALSE(date.is_null());
+  EXPECT_NEAR(rightEdge(date), edge, 0.1);
+  EXPECT_GT(date.at("frame")[2], 40);
   const Json windows = phone.run("tree").at("windows");
   EXPECT_FALSE(PlainPhone::find(windows, "text", "9:43").is_null());
 }
@@ -100,6 +106,36 @@ TEST(LockScreen, ATapOnACellOpensItsApplicationAndUnlocks) {
   EXPECT_EQ(events[1], Json({{"event", "launch"}, {"bundle", "com.apple.MobileSMS"}, {"suspended", false}}));
   EXPECT_EQ(phone.run("notifications").at("notifications"), Json::array());
   EXPECT_TRUE(PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView").is_null());
+}
+
+// A finger rests on the first cell meanwhile.
+template <class Happening>
+void expectTapDespite(const Happening& happening) {
+  PlainPhone phone;
+  phone.present({{"thread", "anna"}, {"message", "Lunch?"}});
+  phone.wait(8);
+  phone.run("lock");
+  phone.wait(1);
+  const Json frame = cells(phone).at(0).at("frame");
+  phone.run("drag", {{"at", {187, frame[1].get<double>() + 20}}, {"by", {0, 0}}, {"end", "hold"}});
+  happening(phone);
+  phone.log();
+  phone.run("drag", {{"by", {0, 0}}});
+  const Json events = phone.log();
+  ASSERT_EQ(events.size(), 2U);
+  EXPECT_EQ(events[0].at("identifier"), "com.apple.UNNotificationDefaultActionIdentifier");
+}
+
+TEST(LockScreen, ACellKeepsItsTapWhenTheMinuteTurns) {
+  expectTapDespite([](PlainPhone& phone) { phone.wait(61); });
+}
+
+TEST(LockScreen, ACellKeepsItsTapWhenAnotherNotificationComes) {
+  expectTapDespite([](PlainPhone& phone) {
+    phone.present({{"thread", "ben"}, {"message", "Other"}});
+    ASSERT_EQ(cells(phone).size(), 2U);
+    EXPECT_TRUE(reads(cells(phone)[0], "Other"));
+  });
 }
 
 TEST(LockScreen, HasNoListOnceItIsLeft) {
