@@ -41,6 +41,11 @@ objc::Ref<Group> makeActionGroup(const NCNotificationRequest* request, NSObject*
   return group;
 }
 
+void removeRowsBeyond(const Group* view, CGFloat height) {
+  while (view->subviews()->count() != 0 && heightOfActionGroup(view) > height)
+    rowAt(view, view->subviews()->count() - 1)->removeFromSuperview();
+}
+
 CGFloat heightOfActionGroup(const Group* view) {
   return static_cast<CGFloat>(view->subviews()->count()) * actionRowHeight;
 }

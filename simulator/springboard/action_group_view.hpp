@@ -11,6 +11,8 @@ namespace springboard {
 // Sends _actionRowTapped: with the row to the target, which is not kept.
 objc::Ref<UIInterfaceActionGroupView> makeActionGroup(const NCNotificationRequest* request, NSObject* target);
 
+// Leaves the first rows, as many as stand whole in this height.
+void removeRowsBeyond(const UIInterfaceActionGroupView* view, CGFloat height);
 CGFloat heightOfActionGroup(const UIInterfaceActionGroupView* view);
 
 void defineActionGroupView();

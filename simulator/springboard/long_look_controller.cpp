@@ -96,6 +96,12 @@ Room roomOnScreen(const LongLookControllerState& parts) {
   return {top, device.screen.height - keyboard.height() - screenMargin};
 }
 
+// Beneath a card with a single line of its body.
+CGFloat roomForActions(const LongLookControllerState& parts) {
+  const Room room = roomOnScreen(parts);
+  return room.bottom - room.top - fitLongLookView(parts.card, parts.shortLook.size.width, 0) - gap;
+}
+
 }  // namespace
 
 objc::Ref<Controller> makeLongLookController(NCNotificationRequest* request) {
@@ -105,6 +111,7 @@ objc::Ref<Controller> makeLongLookController(NCNotificationRequest* request) {
 void collapseLongLook(const Controller* controller, const CGRect& shortLook) {
   LongLookControllerState& parts = partsOf(controller);
   parts.shortLook = shortLook;
+  removeRowsBeyond(parts.actions, roomForActions(parts));
   parts.backdrop->setAlpha(0);
   parts.card->setFrame(shortLook);
   parts.actions->setAlpha(0);

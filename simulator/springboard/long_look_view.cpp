@@ -19,16 +19,17 @@ constexpr CGFloat textTop = platterHeaderHeight + 12;
 constexpr CGFloat bottomPadding = 14;
 constexpr CGFloat fontSize = 16;
 constexpr CGFloat closeButtonRoom = 34;
+constexpr NSInteger headlineLines = 3;
 
 std::array<UILabel*, 3> textsOf(const View* view) {
   const auto& texts = objc::state(view).texts;
   return {texts[0], texts[1], texts[2]};
 }
 
-objc::Ref<UILabel> addLabel(View* view, UIFont* font, NSString* text) {
+objc::Ref<UILabel> addLabel(View* view, UIFont* font, NSInteger lines, NSString* text) {
   auto label = UIView::withFrame<UILabel>({});
   label->setFont(font);
-  label->setNumberOfLines(0);
+  label->setNumberOfLines(lines);
   label->setText(text);
   view->addSubview(label);
   return label;
@@ -47,9 +48,9 @@ void addHeader(View* view, const NCNotificationRequest* request) {
 void addTexts(View* view, const NotificationContentState& content) {
   const bool hasBody = content.message->length() != 0;
   objc::state(view).texts = {
-      addLabel(view, UIFont::boldSystemFontOfSize(fontSize), content.title),
-      addLabel(view, UIFont::boldSystemFontOfSize(fontSize), content.subtitle),
-      addLabel(view, UIFont::systemFontOfSize(fontSize), hasBody ? content.message : content.summary)};
+      addLabel(view, UIFont::boldSystemFontOfSize(fontSize), headlineLines, content.title),
+      addLabel(view, UIFont::boldSystemFontOfSize(fontSize), headlineLines, content.subtitle),
+      addLabel(view, UIFont::systemFontOfSize(fontSize), 0, hasBody ? content.message : content.summary)};
 }
 
 void recolor(View* self) {
@@ -72,9 +73,8 @@ void layoutSubviews(View* self) {
   const CGRect strip = {{}, {width, platterHeaderHeight}};
   parts.headerStrip->setFrame(strip);
   parts.header->setFrame(strip);
-  const bool isMirrored = uikit::effectiveDirection(self) == uikit::LayoutDirection::RightToLeft;
   parts.closeButton->setFrame(
-      {{isMirrored ? 0 : width - platterHeaderHeight, 0}, {platterHeaderHeight, platterHeaderHeight}});
+      uikit::mirroredIfNeeded(self, {{width - platterHeaderHeight, 0}, {platterHeaderHeight, platterHeaderHeight}}));
   const std::vector<CGRect> frames = textFrames(self, width);
   for (std::size_t index = 0; index < frames.size(); ++index) textsOf(self)[index]->setFrame(frames[index]);
 }

@@ -24,7 +24,8 @@ namespace springboard {
 // The button is the caller's to listen to.
 objc::Ref<NCNotificationLongLookView> makeLongLookView(const NCNotificationRequest* request);
 
-// How high the card wants to be at this width, at most this high. A body that does not fit loses its last lines.
+// How high the card wants to be at this width, at most this high. A body that does not fit loses its last lines;
+// one stays, so that a card can be higher than `most`.
 CGFloat fitLongLookView(const NCNotificationLongLookView* view, CGFloat width, CGFloat most);
 
 void defineLongLookView();
