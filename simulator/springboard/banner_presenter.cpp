@@ -55,6 +55,7 @@ void release(std::size_t number) {
 void takeAway(std::size_t number) {
   Banner& banner = banners().at(number);
   banner.stage = Stage::Dismissed;
+  if (showsLongLook(banner.controller)) dismissLongLook(LongLookChange::AtOnce);
   banner.controller->view()->removeFromSuperview();
   bannerHasLeftWindow();
   foundation::onMainThreadAfter(secondsUntilRelease, [number] { release(number); });
@@ -67,6 +68,7 @@ void tellFinished(const objc::BlockRef<void(bool)>& completion) {
 void slideOut(std::size_t number, const objc::BlockRef<void(bool)>& completion) {
   Banner& banner = banners().at(number);
   banner.stage = Stage::Leaving;
+  if (showsLongLook(banner.controller)) dismissLongLook(LongLookChange::Animated);
   move(banner.controller->view(), hiddenBannerFrame(), objc::block([number, completion](bool) {
          if (isBannerOnScreen(number)) takeAway(number);
          tellFinished(completion);
@@ -124,9 +126,7 @@ void dismissBanner(Controller* controller, NSInteger transition, objc::Block<voi
   if (isLeaving && Transition(transition) != Transition::None) return;
   host::recordEvent("dismiss", {{"controller", number}, {"transition", transition}});
   const objc::BlockRef<void(bool)> kept(completion);
-  const bool atOnce = Transition(transition) == Transition::None;
-  if (showsLongLook(controller)) dismissLongLook(atOnce ? LongLookChange::AtOnce : LongLookChange::Animated);
-  if (atOnce) {
+  if (Transition(transition) == Transition::None) {
     takeAway(number);
     tellFinished(kept);
   } else {
@@ -156,6 +156,11 @@ objc::Ref<Controller> bannerController(std::size_t number) {
 bool isBannerOnScreen(std::size_t number) {
   const auto found = banners().find(number);
   return found != banners().end() && found->second.stage != Stage::Dismissed;
+}
+
+bool isBannerLeaving(std::size_t number) {
+  const auto found = banners().find(number);
+  return found != banners().end() && found->second.stage == Stage::Leaving;
 }
 
 bool isAnyBannerOnScreen() {

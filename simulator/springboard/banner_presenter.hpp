@@ -33,6 +33,8 @@ std::size_t bannerCount();
 // Null for a number not given yet, and for a banner that was dismissed and let go.
 objc::Ref<NCNotificationShortLookViewController> bannerController(std::size_t number);
 bool isBannerOnScreen(std::size_t number);
+// Still on screen, on its way out.
+bool isBannerLeaving(std::size_t number);
 bool isAnyBannerOnScreen();
 
 // Called before the presenter lets go of a dismissed banner.

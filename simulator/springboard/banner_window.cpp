@@ -27,7 +27,10 @@ BannerWindow& bannerWindow() {
 }
 
 // The keyboard is for what is typed into a long look.
-bool canBecomeKeyWindow(SBNotificationBannerWindow*) { return openedShortLook() != nullptr; }
+bool canBecomeKeyWindow(SBNotificationBannerWindow* self) {
+  const auto* shortLook = openedShortLook();
+  return shortLook != nullptr && shortLook->view()->window() == self;
+}
 
 }  // namespace
 
@@ -48,12 +51,15 @@ void addToBannerWindow(UIView* notificationView) {
   bannerWindow().container->addSubview(notificationView);
 }
 
+void hideAboveHomeScreen(UIWindow* window) {
+  const bool hadKeyboard = UIApplication::sharedApplication()->keyWindow() == window;
+  window->setHidden(true);
+  if (hadKeyboard) bannerWindow().homeWindow->makeKeyAndVisible();
+}
+
 void bannerHasLeftWindow() {
   const BannerWindow& made = bannerWindow();
-  if (made.container->subviews()->count() != 0) return;
-  const bool hadKeyboard = UIApplication::sharedApplication()->keyWindow() == made.window;
-  made.window->setHidden(true);
-  if (hadKeyboard) made.homeWindow->makeKeyAndVisible();
+  if (made.container->subviews()->count() == 0) hideAboveHomeScreen(made.window);
 }
 
 void defineBannerWindow() {

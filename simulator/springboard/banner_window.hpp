@@ -13,8 +13,11 @@ CGRect restingBannerFrame();
 CGRect hiddenBannerFrame();
 
 void addToBannerWindow(UIView* notificationView);
-// The keyboard goes back to the window beneath when no banner is left.
+// Hides the window when no banner is left.
 void bannerHasLeftWindow();
+
+// A window that had the keyboard gives it back to the home screen's.
+void hideAboveHomeScreen(UIWindow* window);
 
 void defineBannerWindow();
 // Once, after the home screen's window, which gets the keyboard back.

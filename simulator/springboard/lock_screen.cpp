@@ -5,6 +5,7 @@
 #include "platform/ui_device.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
+#include "simulator/springboard/banner_window.hpp"
 #include "simulator/springboard/long_look_presenter.hpp"
 #include "simulator/springboard/notification_dispatcher.hpp"
 #include "simulator/springboard/time_text.hpp"
@@ -73,6 +74,7 @@ void activate(LockScreen* self, bool, NSObject*, bool, bool, bool, bool, Complet
   dismissAllBanners();
   dismissLongLook(LongLookChange::AtOnce);
   LockScreenState& state = objc::state(self);
+  if (state.window != nullptr) hideAboveHomeScreen(state.window);
   makeWindow(state);
   NCNotificationDispatcher::shared()->observeList(&refreshAfterThisTurn);
   self->refresh();
@@ -87,7 +89,7 @@ void unlock(LockScreen* self, NSInteger, NSObject*) {
   if (state.window == nullptr) return;
   dismissLongLook(LongLookChange::AtOnce);
   NCNotificationDispatcher::shared()->observeList(nullptr);
-  state.window->setHidden(true);
+  hideAboveHomeScreen(state.window);
   state = {};
 }
 

@@ -28,7 +28,14 @@ LongLook* longLookOf(const ShortLook* shortLook) {
 }
 
 bool canOpen(const ShortLook* shortLook) {
-  return shortLook->view()->window() != nullptr && objc::state<UIViewController>(shortLook).presented == nullptr;
+  return shortLook->view()->window() != nullptr && !isBannerLeaving(numberOfBanner(shortLook)) &&
+         objc::state<UIViewController>(shortLook).presented == nullptr;
+}
+
+// A banner that goes closes its long look itself, and does not come up once more.
+bool goesWithLongLook(const ShortLook* shortLook) {
+  const std::size_t number = numberOfBanner(shortLook);
+  return isBannerOnScreen(number) && !isBannerLeaving(number);
 }
 
 // The presentation of every view controller, below what notifications make of it.
@@ -73,14 +80,18 @@ bool showsLongLook(const ShortLook* shortLook) { return isOpen(shortLook); }
 
 void dismissLongLook(LongLookChange change) {
   if (opened() == nullptr) return;
+  const bool atOnce = change == LongLookChange::AtOnce;
+  if (goesWithLongLook(opened()))
+    return dismissBanner(opened(), NSInteger(atOnce ? Transition::None : Transition::SlideOut), nullptr);
   const objc::Ref<ShortLook> shortLook = std::exchange(opened(), nullptr);
-  endTyping(longLookOf(shortLook));
-  UIView* view = longLookOf(shortLook)->view();
-  view->setUserInteractionEnabled(false);
-  // A banner that is about to leave does not come up once more.
   if (!isBannerOnScreen(numberOfBanner(shortLook))) shortLook->view()->setHidden(false);
-  if (change == LongLookChange::AtOnce) return uncoverWindow(shortLook);
-  const auto fading = objc::retain(view);
+  const LongLook* longLook = longLookOf(shortLook);
+  // Whoever dismissed it has closed it.
+  if (longLook == nullptr) return;
+  endTyping(longLook);
+  if (atOnce) return uncoverWindow(shortLook);
+  const auto fading = objc::retain(longLook->view());
+  fading->setUserInteractionEnabled(false);
   UIView::animate(closingSeconds, objc::block([fading] { fading->setAlpha(0); }),
                   objc::block([shortLook](bool) { uncoverWindow(shortLook); }));
 }
@@ -89,14 +100,8 @@ void dismissLongLookOf(const NotificationKey& key) {
   if (opened() != nullptr && keyOf(opened()->notificationRequest()) == key) dismissLongLook(LongLookChange::Animated);
 }
 
-void endLongLook(LongLook* longLook) {
-  if (opened() == nullptr || longLookOf(opened()) != longLook) return;
-  const objc::Ref<ShortLook> shortLook = opened();
-  if (isBannerOnScreen(numberOfBanner(shortLook))) {
-    shortLook->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
-  } else {
-    dismissLongLook(LongLookChange::Animated);
-  }
+void endLongLook(const LongLook* longLook) {
+  if (opened() != nullptr && longLookOf(opened()) == longLook) dismissLongLook(LongLookChange::Animated);
 }
 
 }  // namespace springboard

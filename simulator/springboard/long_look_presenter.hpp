@@ -9,7 +9,7 @@ namespace springboard {
 enum class LongLookChange { Animated, AtOnce };
 
 // The completion is told when the long look has opened, or at once that it has not: a controller whose view is in no
-// window has nothing to open, and one that shows its long look already stays as it is.
+// window has nothing to open, a banner on its way out goes on, and one that shows its long look already stays as it is.
 void presentLongLook(NCNotificationShortLookViewController* shortLook, LongLookChange change,
                      objc::Block<void(bool)>* completion);
 
@@ -17,11 +17,12 @@ void presentLongLook(NCNotificationShortLookViewController* shortLook, LongLookC
 NCNotificationShortLookViewController* openedShortLook();
 bool showsLongLook(const NCNotificationShortLookViewController* shortLook);
 
-// Closes what is open; nothing happens without.
+// Closes what is open; nothing happens without. A banner goes with its long look, a short look in the list is there
+// again.
 void dismissLongLook(LongLookChange change);
 void dismissLongLookOf(const NotificationKey& key);
 
-// As its user closes it: a banner goes with its long look, a short look in the list is there again.
-void endLongLook(NCNotificationLongLookViewController* longLook);
+// Closes this one, if it is what is open.
+void endLongLook(const NCNotificationLongLookViewController* longLook);
 
 }  // namespace springboard

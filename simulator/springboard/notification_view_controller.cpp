@@ -41,7 +41,10 @@ void executeAction(Controller* self, NCNotificationAction* action, NSDictionary*
 void openLongLook(Controller* self, bool animated, objc::Block<void(bool)>* completion) {
   record("longlook", self);
   auto* shortLook = objc::as<ShortLookController>(self);
-  if (shortLook == nullptr) return;
+  if (shortLook == nullptr) {
+    if (completion != nullptr) (*completion)(false);
+    return;
+  }
   presentLongLook(shortLook, animated ? LongLookChange::Animated : LongLookChange::AtOnce, completion);
 }
 

@@ -1,4 +1,6 @@
 // Long looks of notifications in the list.
+#include "platform/ui_window.hpp"
+#include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/long_look_presenter.hpp"
 #include "simulator/springboard/notification_list_cell.hpp"
@@ -16,8 +18,11 @@ class ListedLongLook : public LongLook {
     phone.run("lock");
     phone.wait(8);
     phone.log();
+    openLongLookOfCell(0);
+  }
+  void openLongLookOfCell(NSUInteger index) {
     const auto* list = objc::state(SBLockScreenManager::sharedInstance()).list.get();
-    const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->firstObject());
+    const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->objectAtIndex(index));
     const auto completion = objc::block([this](bool opened) { told = opened; });
     objc::send<void, "presentLongLookAnimated:trigger:completion:">(
         objc::state(cell).controller.get(), true, NSInteger{0}, static_cast<objc::Block<void(bool)>*>(completion));
@@ -69,6 +74,46 @@ TEST_F(ListedLongLook, OutlivesTheCellThatAnotherNotificationReplaces) {
   phone.run("tap", {{"at", {187, 780}}});
   phone.wait(1);
   EXPECT_FALSE(isOpen());
+}
+
+TEST_F(ListedLongLook, HidesItsCellAlsoWhenTheMinuteTurns) {
+  openFirstCell();
+  phone.wait(61);
+  EXPECT_TRUE(isOpen());
+  EXPECT_TRUE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
+}
+
+TEST_F(ListedLongLook, GivesTheKeyboardBackWhenTheLockScreenGoes) {
+  const auto keyWindow = [] { return UIApplication::sharedApplication()->keyWindow(); };
+  UIWindow* home = keyWindow();
+  for (const Json& end : {Json{{"do", "press"}, {"type", 101}, {"force", 0}}, Json{{"do", "lock"}}}) {
+    phone.present({{"actions", {{{"key", "a"}, {"identifier", "x"}, {"title", "Reply"}, {"textInput", true}}}}});
+    phone.run("lock");
+    phone.wait(8);
+    openLongLookOfCell(0);
+    phone.run("tap", {{"label", "Reply"}});
+    ASSERT_NE(keyWindow(), home) << end;
+    phone.run(end);
+    EXPECT_EQ(keyWindow(), home) << end;
+  }
+}
+
+TEST_F(ListedLongLook, TakesTheBannersOneAlongWithItsBanner) {
+  phone.present({{"thread", "first"}});
+  phone.run("lock");
+  const int banner = open({{"thread", "second"}});
+  phone.wait(7);
+  openLongLookOfCell(1);
+  EXPECT_TRUE(told);
+  EXPECT_TRUE(isOpen());
+  EXPECT_TRUE(phone.isDismissed(banner));
+}
+
+TEST_F(ListedLongLook, LeavesTheBannerWindowWithoutTheKeyboard) {
+  openFirstCell();
+  phone.present({{"thread", "other"}});
+  UIWindow* window = springboard::bannerController(springboard::bannerCount())->view()->window();
+  EXPECT_FALSE((objc::send<bool, "_canBecomeKeyWindow">(window)));
 }
 
 }  // namespace

@@ -195,6 +195,54 @@ TEST_F(LongLook, OnlyItGivesTheBannerWindowTheKeyboard) {
   EXPECT_TRUE(canBecomeKey());
 }
 
+TEST_F(LongLook, IsRefusedToABannerOnItsWayOut) {
+  const int first = phone.present({{"title", "First"}});
+  phone.wait(1);
+  phone.run("dismiss", {{"controller", first}});
+  phone.wait(0.1);
+  bool opened = true;
+  const auto completion = objc::block([&opened](bool told) { opened = told; });
+  objc::send<void, "_presentLongLookForScrollAnimated:completion:">(
+      springboard::bannerController(static_cast<std::size_t>(first)).get(), true,
+      static_cast<objc::Block<void(bool)>*>(completion));
+  EXPECT_FALSE(opened);
+  phone.wait(3);
+  phone.present({{"title", "Second"}});
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(LongLook, TakesItsBannerAlongWhenAnApplicationIsLaunched) {
+  phone.run("lock");
+  const int controller = open();
+  phone.wait(7);
+  UIApplication::sharedApplication()->launchApplication("com.apple.MobileSMS"_ns, false);
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE(phone.isDismissed(controller));
+}
+
+TEST_F(LongLook, DismissedFromOutsideGoesWithItsBanner) {
+  const int controller = open();
+  objc::send<void, "dismissViewControllerAnimated:completion:">(springboard::openedShortLook(), false,
+                                                                static_cast<objc::Block<void()>*>(nullptr));
+  phone.run("dismiss", {{"controller", controller}});
+  phone.wait(1);
+  EXPECT_EQ(springboard::openedShortLook(), nullptr);
+  EXPECT_TRUE(phone.isDismissed(controller));
+}
+
+TEST_F(LongLook, ControllersWithoutAShortLookHaveNone) {
+  phone.present();
+  const auto bare = objc::adopt(objc::send<NCNotificationViewController*, "initWithNotificationRequest:">(
+      objc::allocate<NCNotificationViewController>(), springboard::bannerController(1)->notificationRequest()));
+  bool opened = true;
+  const auto completion = objc::block([&opened](bool told) { opened = told; });
+  objc::send<void, "presentLongLookAnimated:trigger:completion:">(bare.get(), true, NSInteger{0},
+                                                                  static_cast<objc::Block<void(bool)>*>(completion));
+  EXPECT_FALSE(opened);
+}
+
 class MirroredLongLook : public LongLook {
  protected:
   MirroredLongLook() : LongLook({.locale = "ar_EG"}) {}
