@@ -7,7 +7,6 @@
 #include "platform/ui_gesture_recognizer.hpp"
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/drawing/image.hpp"
-#include "simulator/uikit/view_record.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
 
@@ -177,89 +176,6 @@ TEST(Attachment, RequestWithoutOptionsDismissesItself) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"dismissAutomatically", nullptr}});
   EXPECT_TRUE(phone.state(controller).at("dismissNotification"));
-}
-
-struct ModeCase {
-  const char* system;
-  host::StartAppearance appearance;
-  int setting;
-  std::array<double, 4> text;
-};
-
-class ColourMode : public testing::TestWithParam<ModeCase> {};
-
-TEST_P(ColourMode, FollowsSettingVersionAndAppearance) {
-  Phone phone = phoneWith({{"containerColor", GetParam().setting}}, [](host::Options& options) {
-    options.systemVersion = GetParam().system;
-    options.appearance = GetParam().appearance;
-  });
-  const int controller = phone.present({{"title", "T"}});
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json(GetParam().text));
-}
-
-constexpr std::array<double, 4> white = {1, 1, 1, 1};
-constexpr std::array<double, 4> black = {0, 0, 0, 1};
-constexpr std::array<double, 4> grey = {0.7, 0.7, 0.7, 1};
-
-INSTANTIATE_TEST_SUITE_P(Modes, ColourMode,
-                         testing::Values(ModeCase{"12.4", host::StartAppearance::Light, 0, black},
-                                         ModeCase{"12.4", host::StartAppearance::Light, 1, white},
-                                         ModeCase{"12.4", host::StartAppearance::Light, 3, grey},
-                                         ModeCase{"13.0", host::StartAppearance::Light, 0, black},
-                                         ModeCase{"13.0", host::StartAppearance::Dark, 0, white},
-                                         ModeCase{"13.5", host::StartAppearance::Dark, 2, black},
-                                         ModeCase{"13.5", host::StartAppearance::Light, 1, white},
-                                         ModeCase{"13.5", host::StartAppearance::Light, 3, grey}));
-
-TEST(FixedColourMode, OverridesTheControllersAppearance) {
-  Phone phone = phoneWith({{"containerColor", 3}});
-  const int dark = phone.present({{"title", "T"}});
-  EXPECT_EQ(test::controllerOf(dark)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Dark);
-  phone.run({{"do", "lock"}});
-  phone.run({{"do", "appearance"}, {"style", "dark"}});
-  phone.set("containerColor", 2);
-  const int light = phone.present({{"title", "T"}});
-  EXPECT_EQ(test::controllerOf(light)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Light);
-}
-
-TEST(ColourFollowUp, FadesToTheNewAppearance) {
-  Phone phone = phoneWith({});
-  const int controller = phone.present({{"title", "T"}});
-  phone.wait(1);
-  phone.run({{"do", "appearance"}, {"style", "dark"}});
-  phone.wait(0.8);
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json(white));
-  EXPECT_EQ(phone.banner(controller).at("background"), Json({0, 0, 0, 0.3}));
-}
-
-TEST(ColourFollowUp, FadesForFourFifthsOfASecond) {
-  Phone phone = phoneWith({});
-  const int controller = phone.present({{"title", "T"}});
-  phone.wait(1);
-  const auto red = [&] { return uikit::record(test::containerOf(controller)).layer.background.shown().red; };
-  EXPECT_EQ(red(), 1);
-  phone.run({{"do", "appearance"}, {"style", "dark"}});
-  EXPECT_EQ(red(), 1);
-  phone.wait(0.799);
-  EXPECT_GT(red(), 0);
-  phone.wait(0.001);
-  EXPECT_EQ(red(), 0);
-}
-
-TEST(ColourFollowUp, LeavesAFixedModeAlone) {
-  Phone phone = phoneWith({{"containerColor", 2}});
-  const int controller = phone.present({{"title", "T"}});
-  phone.run({{"do", "appearance"}, {"style", "dark"}});
-  phone.wait(1);
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json(black));
-}
-
-TEST(ColourFollowUp, DoesNotExistBefore13) {
-  Phone phone = phoneWith({}, version("12.4"));
-  const int controller = phone.present({{"title", "T"}});
-  phone.run({{"do", "appearance"}, {"style", "dark"}});
-  phone.wait(1);
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json(black));
 }
 
 TEST(Attachment, ApplicationWithoutIconShowsTheNotificationsOwn) {
