@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "bench/measurement.hpp"
 #include "simulator/host/session.hpp"
@@ -29,17 +30,20 @@ void present(host::Session& session, std::size_t round) {
                {"message", "Message number " + std::to_string(round) + ": are we still on for lunch today?"}});
 }
 
-// A banner from the platform's call to the first picture in which it has arrived.
-double presentToPicture(host::Session& session, std::size_t round) {
+// The picture in which a banner has arrived, with nothing known of the screen or with the one before.
+enum class Picture { Whole, Changes };
+
+// A banner from the platform's call to its picture.
+double presentToPicture(host::Session& session, std::size_t round, Picture picture) {
   const double start = processorTime();
   present(session, round);
   session.run({{"do", "wait"}, {"seconds", 1}});
-  uikit::renderScreen(uikit::environment().device.scale);
+  (picture == Picture::Whole ? uikit::paintScreen : uikit::renderScreen)(uikit::environment().device.scale);
   return processorTime() - start;
 }
 
 // The time of every round, then the memory after the early rounds and after all.
-Figures presentMany(host::LibraryUse library) {
+Figures presentMany(host::LibraryUse library, Picture picture) {
   const std::filesystem::path folder = makeFolder();
   Figures figures;
   {
@@ -49,7 +53,7 @@ Figures presentMany(host::LibraryUse library) {
     host::Session session(options);
     double early = 0;
     for (std::size_t round = 0; round < rounds; ++round) {
-      figures.push_back(presentToPicture(session, round));
+      figures.push_back(presentToPicture(session, round, picture));
       session.run({{"do", "wait"}, {"seconds", 6}});
       session.run({{"do", "log"}});
       if (round + 1 == earlyRounds) early = residentMemory();
@@ -66,12 +70,23 @@ Figures slice(const Figures& figures, std::size_t from, std::size_t count) {
   return {begin, begin + static_cast<std::ptrdiff_t>(count)};
 }
 
+// With the library and without.
+std::pair<Figures, Figures> presentBoth(Picture picture) {
+  return {inProcessOfItsOwn([picture] { return presentMany(host::LibraryUse::Mapped, picture); }),
+          inProcessOfItsOwn([picture] { return presentMany(host::LibraryUse::Absent, picture); })};
+}
+
+double ratio(const std::pair<Figures, Figures>& both) {
+  return median(slice(both.first, 0, rounds)) / median(slice(both.second, 0, rounds));
+}
+
 }  // namespace
 
 void measurePresenting() {
-  const Figures with = inProcessOfItsOwn([] { return presentMany(host::LibraryUse::Mapped); });
-  const Figures without = inProcessOfItsOwn([] { return presentMany(host::LibraryUse::Absent); });
-  report("presenting with Brim / without", median(slice(with, 0, rounds)) / median(slice(without, 0, rounds)), 1.5);
+  report("presenting with Brim / without, painting the screen", ratio(presentBoth(Picture::Whole)), 1.5);
+  const std::pair<Figures, Figures> both = presentBoth(Picture::Changes);
+  const Figures& with = both.first;
+  report("presenting with Brim / without, painting what changed", ratio(both), 1.5);
   // The very first round of a process also loads fonts and pictures, so the early ones are taken together.
   report("the last ten banners / the first ten",
          median(slice(with, rounds - earlyRounds, earlyRounds)) / median(slice(with, 0, earlyRounds)), 1.0);
