@@ -27,7 +27,7 @@ struct WhatsAppPhone : PhotoPhone {
 
  private:
   fs::path makePictureFolder(const std::string& name, const std::string& group) {
-    const fs::path folder = test::makeContainer(test::sharedContainers(root()), name, group) / "Media/Profile";
+    fs::path folder = test::makeContainer(test::sharedContainers(root()), name, group) / "Media/Profile";
     fs::create_directories(folder);
     return folder;
   }

@@ -9,7 +9,6 @@
 
 namespace {
 
-using test::Answer;
 using test::Delivery;
 using test::LoopbackServer;
 using test::Timing;

@@ -26,7 +26,7 @@ class PlainPhone {
     EXPECT_TRUE(result.at("ok").get<bool>()) << command << " was answered with " << result;
     return result;
   }
-  Json run(const char* name, Json fields = Json::object()) {
+  Json run(const char* name, const Json& fields = Json::object()) {
     Json command = {{"do", name}};
     command.update(fields);
     return run(command);
@@ -51,7 +51,7 @@ class PlainPhone {
   static Json find(const Json& nodes, const std::string& field, const Json& value) {
     for (const Json& node : nodes) {
       if (node.contains(field) && node.at(field) == value) return node;
-      if (const Json below = find(node.at("children"), field, value); !below.is_null()) return below;
+      if (Json below = find(node.at("children"), field, value); !below.is_null()) return below;
     }
     return nullptr;
   }

@@ -63,7 +63,7 @@ TEST_F(VisualEffectView, LetsTheSharpContentThroughAtItsOpacity) {
   auto pane = addPane(UIBlurEffectStyle::Dark);
   const int opaque = brightness(140, 100);
   pane->setAlpha(0.5);
-  EXPECT_NEAR(brightness(140, 100), (opaque + 255) / 2, 6);
+  EXPECT_NEAR(brightness(140, 100), (opaque + 255) / 2.0, 6);
   pane->setAlpha(0);
   EXPECT_EQ(brightness(140, 100), 255);
 }
