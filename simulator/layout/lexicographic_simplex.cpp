@@ -20,7 +20,6 @@ void LexicographicSimplex::reset(std::size_t variables, std::size_t constraints)
   tableau_.reset(variables, constraints);
   costs_.assign(variables + constraints, {});
   gradient_.assign(variables, 0);
-  pivotCount_ = 0;
   release();
 }
 

@@ -45,6 +45,7 @@ class LexicographicSimplex {
   bool isDetermined() const;
   /// True when all quantities are still where the goals allow them; then the basis is still optimal for all goals.
   bool isFeasible() const;
+  /// All there were, before the last reset too.
   std::size_t pivotCount() const { return pivotCount_; }
 
  private:

@@ -2,17 +2,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
+#include <utility>
+
+#include "simulator/layout/division.hpp"
 
 namespace layout {
 namespace {
 
-// A required constraint that is off by no more than this holds: far less than can be seen on a screen, and more than
-// rounding makes of the largest constants.
-constexpr double tolerance = 1e-6;
 constexpr double largestConstant = 1e7;
 constexpr double negligibleCoefficient = 1e-12;
-// Each pivot rounds; after so many of them in changes the basis is computed anew.
-constexpr std::size_t pivotsBeforeNewStart = 1000;
 
 void mergeTermsOfSameVariable(std::vector<Solver::Term>& terms) {
   std::sort(terms.begin(), terms.end(), [](const auto& a, const auto& b) { return a.variable < b.variable; });
@@ -47,18 +46,18 @@ double scaleConstant(double constant, int exponent) {
 }  // namespace
 
 Solver::Variable Solver::addVariable() {
-  need(Start::Scratch);
+  need(Start::Partition);
   return variableCount_++;
 }
 
 Solver::Constraint Solver::add(std::span<const Term> terms, double constant, Relation relation, float priority) {
   Record record{};
-  record.priority = priority;
-  record.relation = relation;
+  record.row.priority = priority;
+  record.row.relation = relation;
   record.malformed = !storeTerms(terms, record) || std::isnan(priority);
-  record.constant = scaleConstant(constant, record.exponent);
+  record.row.constant = scaleConstant(constant, record.row.exponent);
   records_.push_back(record);
-  need(Start::Scratch);
+  need(Start::Partition);
   return static_cast<Constraint>(records_.size() - 1);
 }
 
@@ -68,9 +67,9 @@ bool Solver::storeTerms(std::span<const Term> terms, Record& record) {
   for (const Term& term : expression_) {
     if (term.variable >= variableCount_ || !std::isfinite(term.coefficient)) return false;
   }
-  record.exponent = scaleTerms(expression_);
+  record.row.exponent = scaleTerms(expression_);
+  record.row.termCount = static_cast<std::uint32_t>(expression_.size());
   record.firstTerm = static_cast<std::uint32_t>(terms_.size());
-  record.termCount = static_cast<std::uint32_t>(expression_.size());
   terms_.insert(terms_.end(), expression_.begin(), expression_.end());
   return true;
 }
@@ -78,7 +77,7 @@ bool Solver::storeTerms(std::span<const Term> terms, Record& record) {
 void Solver::remove(Constraint constraint) {
   if (constraint >= records_.size()) return;
   records_[constraint].removed = true;
-  need(Start::Scratch);
+  need(Start::Partition);
 }
 
 void Solver::setConstant(Constraint constraint, double constant) {
@@ -86,25 +85,27 @@ void Solver::setConstant(Constraint constraint, double constant) {
   Record& record = records_[constraint];
   if (record.removed || record.malformed) return;
   const bool tookPart = record.takesPart();
-  record.constant = scaleConstant(constant, record.exponent);
-  if (record.takesPart() != tookPart) return need(Start::Scratch);
+  record.row.constant = scaleConstant(constant, record.row.exponent);
+  if (record.takesPart() != tookPart) return need(Start::Partition);
   changed_.push_back(constraint);
   need(Start::LastBasis);
 }
 
 void Solver::solve() {
   if (start_ == Start::Nothing) return;
-  const bool isExact = simplex_.pivotCount() - pivotsOfNewStart_ < pivotsBeforeNewStart;
-  const bool canGoOn = start_ == Start::LastBasis && !leftOut_ && isExact;
-  if (!canGoOn || !solveFromLastBasis()) solveFromScratch();
+  if (start_ == Start::LastBasis) {
+    solveChanged();
+  } else {
+    solveAnew();
+  }
   changed_.clear();
   start_ = Start::Nothing;
 }
 
 double Solver::value(Variable variable) const {
-  const Tableau& tableau = simplex_.tableau();
-  if (variable >= tableau.columns()) return 0;
-  const double value = tableau.value(variable);
+  if (!partition_.contains(variable)) return 0;
+  const Place place = partition_.place(variable);
+  const double value = parts_[place.part].value(place.index);
   return std::isfinite(value) ? value + 0.0 : 0;  // never a negative zero
 }
 
@@ -114,138 +115,87 @@ void Solver::clear() {
   terms_.clear();
   changed_.clear();
   conflicts_.clear();
-  start_ = Start::Nothing;
-  simplex_.reset(0, 0);
+  partition_.reset(0);
+  partition_.number();
+  start_ = Start::Partition;  // which lets go of the parts
 }
 
-void Solver::solveFromScratch() {
-  loadTableau();
-  imposeRequired();
-  collectLevels();
-  optimiseLevels();
-  settleVariables();
-  pivotsOfNewStart_ = simplex_.pivotCount();
-}
-
-void Solver::loadTableau() {
-  Quantity next = variableCount_;
-  for (Record& record : records_) {
-    if (record.takesPart()) record.quantity = next++;
+void Solver::solveChanged() {
+  bool namesConflicts = !conflicts_.empty();
+  for (const Constraint constraint : changed_) {
+    const Record& record = records_[constraint];
+    parts_[record.place.part].setConstant(record.place.index, record.row.constant);
   }
-  simplex_.reset(variableCount_, next - variableCount_);
-  Tableau& tableau = simplex_.tableau();
-  for (Record& record : records_) {
-    if (!record.takesPart()) continue;
-    const std::size_t row = tableau.position(record.quantity);
-    for (const Term& term : std::span(terms_).subspan(record.firstTerm, record.termCount)) {
-      tableau.row(row)[term.variable] = term.coefficient;
+  for (const Constraint constraint : changed_) {
+    Part& part = parts_[records_[constraint].place.part];
+    solve(part);
+    namesConflicts = namesConflicts || !part.conflicts().empty();
+  }
+  if (namesConflicts) collectConflicts();
+}
+
+void Solver::solveAnew() {
+  tieVariables();
+  Division division(partition_);
+  for (const Record& record : records_)
+    if (record.takesPart()) division.count(termsOf(record));
+  division.makeRoom();
+  for (Record& record : records_)
+    if (record.takesPart()) record.place = division.put(record.row, termsOf(record));
+  takeOver(std::exchange(parts_, {}), division.models());
+  collectConflicts();
+}
+
+void Solver::tieVariables() {
+  partition_.reset(variableCount_);
+  for (const Record& record : records_)
+    if (record.takesPart()) partition_.tie(termsOf(record));
+  partition_.number();
+}
+
+// Of the parts that were solved, those of the same model are used again.
+void Solver::takeOver(std::vector<Part> solved, std::span<const Model> models) {
+  std::unordered_multimap<std::size_t, Part*> usable;
+  usable.reserve(solved.size());
+  for (Part& part : solved) usable.emplace(part.model().hash(), &part);
+  parts_.reserve(models.size());
+  for (const Model& model : models) {
+    const auto found = usable.find(model.hash());
+    if (found != usable.end() && found->second->model() == model) {
+      parts_.push_back(std::move(*found->second));
+      usable.erase(found);
+    } else {
+      solve(parts_.emplace_back(model));
     }
-    tableau.constant(row) = record.solvedConstant = record.constant;
   }
 }
 
-void Solver::imposeRequired() {
+void Solver::solve(Part& part) {
+  const std::size_t before = part.pivotCount();
+  part.solve();
+  pivotCount_ += part.pivotCount() - before;
+}
+
+void Solver::collectConflicts() {
   conflicts_.clear();
-  leftOut_ = false;
   for (Constraint constraint = 0; constraint < records_.size(); ++constraint) {
     const Record& record = records_[constraint];
     if (record.removed) continue;
-    if (!record.takesPart()) {
+    if (!record.takesPart() || std::ranges::binary_search(parts_[record.place.part].conflicts(), record.place.index))
       conflicts_.push_back(constraint);
-    } else if (record.isRequired() && !impose(record)) {
-      conflicts_.push_back(constraint);
-      leftOut_ = true;
-    }
   }
 }
 
-bool Solver::impose(const Record& record) {
-  const std::span goal(&record.quantity, 1);
-  simplex_.setCost(record.quantity, record.cost(record.exponent));
-  const bool holds =
-      simplex_.absorb(record.quantity) || simplex_.cost(goal) <= tolerance || simplex_.minimise(goal) <= tolerance;
-  if (holds) {
-    simplex_.keepZero(goal);
-  } else {
-    simplex_.abandon(record.quantity);
-  }
-  return holds;
+std::size_t Solver::cellCount() const {
+  std::size_t count = 0;
+  for (const Part& part : parts_) count += part.cellCount();
+  return count;
 }
 
-bool Solver::solveFromLastBasis() {
-  for (const Constraint constraint : changed_) {
-    Record& record = records_[constraint];
-    simplex_.tableau().shift(record.quantity, record.constant - record.solvedConstant);
-    record.solvedConstant = record.constant;
-  }
-  if (simplex_.isFeasible()) return true;
-  simplex_.release();
-  if (!imposeRequiredAtOnce()) return false;
-  optimiseLevels();
-  settleVariables();
-  return true;
+std::span<const Term> Solver::termsOf(const Record& record) const {
+  return std::span(terms_).subspan(record.firstTerm, record.row.termCount);
 }
 
-bool Solver::imposeRequiredAtOnce() {
-  goal_.clear();
-  for (const Record& record : records_) {
-    if (record.takesPart() && record.isRequired()) goal_.push_back(record.quantity);
-  }
-  if (simplex_.minimise(goal_) > tolerance) return false;
-  simplex_.keepZero(goal_);
-  return true;
-}
-
-void Solver::collectLevels() {
-  levels_.clear();
-  for (Constraint constraint = 0; constraint < records_.size(); ++constraint) {
-    const Record& record = records_[constraint];
-    if (record.takesPart() && !record.isRequired()) levels_.push_back(constraint);
-  }
-  std::sort(levels_.begin(), levels_.end(), [&](Constraint a, Constraint b) {
-    return records_[a].priority != records_[b].priority ? records_[a].priority > records_[b].priority : a < b;
-  });
-}
-
-void Solver::optimiseLevels() {
-  auto begin = levels_.begin();
-  while (begin != levels_.end() && !simplex_.isDetermined()) {
-    const float priority = records_[*begin].priority;
-    const auto end =
-        std::find_if(begin, levels_.end(), [&](Constraint next) { return records_[next].priority != priority; });
-    optimiseLevel({begin, end});
-    begin = end;
-  }
-}
-
-void Solver::optimiseLevel(std::span<const Constraint> level) {
-  int largestExponent = records_[level.front()].exponent;
-  for (const Constraint constraint : level) largestExponent = std::max(largestExponent, records_[constraint].exponent);
-  goal_.clear();
-  for (const Constraint constraint : level) {
-    const Record& record = records_[constraint];
-    simplex_.setCost(record.quantity, record.cost(largestExponent));
-    goal_.push_back(record.quantity);
-  }
-  simplex_.minimise(goal_);
-  simplex_.keepOptimum(goal_);
-}
-
-void Solver::settleVariables() {
-  for (Quantity variable = 0; variable < variableCount_ && !simplex_.isDetermined(); ++variable) {
-    const std::span goal(&variable, 1);
-    simplex_.setCost(variable, {1, 1});
-    simplex_.minimise(goal);
-    simplex_.keepOptimum(goal);
-  }
-}
-
-bool Solver::Record::takesPart() const { return !removed && !malformed && std::isfinite(constant); }
-
-// Violations count in the constraint's own units, relative to the largest unit of its level.
-LexicographicSimplex::Cost Solver::Record::cost(int largestExponent) const {
-  const double unit = exponent == largestExponent ? 1 : std::scalbn(1.0, exponent - largestExponent);
-  return {relation == Relation::LessOrEqual ? 0 : unit, relation == Relation::GreaterOrEqual ? 0 : unit};
-}
+bool Solver::Record::takesPart() const { return !removed && !malformed && std::isfinite(row.constant); }
 
 }  // namespace layout

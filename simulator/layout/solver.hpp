@@ -6,7 +6,9 @@
 #include <span>
 #include <vector>
 
-#include "simulator/layout/lexicographic_simplex.hpp"
+#include "simulator/layout/model.hpp"
+#include "simulator/layout/part.hpp"
+#include "simulator/layout/partition.hpp"
 
 namespace layout {
 
@@ -15,18 +17,16 @@ namespace layout {
 /// it. Where that leaves a choice, the variables added first are brought as near to zero as possible, one after
 /// another. So the result depends on the model alone, and a variable that nothing determines is zero.
 ///
-/// Meant for layouts: the time and memory of a solve grow with variables times constraints, whatever is empty in
-/// between. A solver is a value without any shared state; it is used by one thread at a time.
+/// Meant for layouts: what no constraint ties together is solved apart, and again only when it changes. The time and
+/// memory of a solve grow with variables times constraints of each such part, whatever is empty in between. A solver is
+/// a value without any shared state; it is used by one thread at a time.
 class Solver {
  public:
   using Variable = std::uint32_t;    ///< numbered from 0 in order of addition
   using Constraint = std::uint32_t;  ///< numbered from 0 in order of addition; not used again after removal
-  struct Term {
-    Variable variable;
-    double coefficient;
-  };
-  enum class Relation { LessOrEqual, Equal, GreaterOrEqual };
-  static constexpr float required = 1000;
+  using Term = layout::Term;
+  using Relation = layout::Relation;
+  static constexpr float required = requiredPriority;
 
   Variable addVariable();
 
@@ -52,42 +52,35 @@ class Solver {
   /// contradicts the required ones before it. Valid until the next solve.
   std::span<const Constraint> conflicts() const { return conflicts_; }
 
-  /// Back to a new solver's state, keeping its memory for the next model.
+  /// Back to a new solver's state. A part of the next model that was in this one too is not solved again.
   void clear();
 
+  /// The pivots of all solves so far, and the cells of all tableaus as they are: the measures of time and memory.
+  std::size_t pivotCount() const { return pivotCount_; }
+  std::size_t cellCount() const;
+
  private:
-  using Quantity = LexicographicSimplex::Quantity;
-  enum class Start { Nothing, LastBasis, Scratch };  // what the next solve needs, in rising order
+  using Place = Partition::Place;
+  enum class Start { Nothing, LastBasis, Partition };  // what the next solve needs, in rising order
   struct Record {
+    Row row;
     std::uint32_t firstTerm;
-    std::uint32_t termCount;
-    int exponent;  // coefficients and constants are stored divided by 2^exponent: the largest coefficient is in [1, 2)
-    double constant;
-    double solvedConstant;  // as of the last solve
-    float priority;
-    Relation relation;
     bool removed;
     bool malformed;
-    Quantity quantity;
+    Place place;  // its part, and its row there
 
-    bool isRequired() const { return priority >= required; }
     bool takesPart() const;
-    LexicographicSimplex::Cost cost(int largestExponent) const;
   };
-
   bool storeTerms(std::span<const Term> terms, Record& record);
+  std::span<const Term> termsOf(const Record& record) const;
   void need(Start start) { start_ = start_ < start ? start : start_; }
 
-  void solveFromScratch();
-  void loadTableau();
-  void imposeRequired();
-  bool impose(const Record& record);
-  bool solveFromLastBasis();
-  bool imposeRequiredAtOnce();
-  void collectLevels();
-  void optimiseLevels();
-  void optimiseLevel(std::span<const Constraint> level);
-  void settleVariables();
+  void solveChanged();
+  void solveAnew();
+  void tieVariables();
+  void takeOver(std::vector<Part> solved, std::span<const Model> models);
+  void solve(Part& part);
+  void collectConflicts();
 
   std::uint32_t variableCount_ = 0;
   std::vector<Record> records_;
@@ -96,12 +89,10 @@ class Solver {
   std::vector<Constraint> changed_;
   std::vector<Constraint> conflicts_;
   Start start_ = Start::Nothing;
-  bool leftOut_ = false;  // a required constraint was in conflict; any change may let it back in
 
-  LexicographicSimplex simplex_;
-  std::size_t pivotsOfNewStart_ = 0;
-  std::vector<Constraint> levels_;  // the optional constraints, highest priority first
-  std::vector<Quantity> goal_;
+  Partition partition_;
+  std::vector<Part> parts_;
+  std::size_t pivotCount_ = 0;
 };
 
 }  // namespace layout

@@ -4,7 +4,9 @@
 #include <cmath>
 #include <cstdint>
 #include <iterator>
+#include <numeric>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "simulator/layout/solver.hpp"
@@ -30,33 +32,63 @@ struct RandomModel {
   std::uint32_t variables;
   std::vector<RandomConstraint> constraints;
 
+  static constexpr double coefficients[] = {1, 1, 1, -1, -1, -1, 2, -2, 0.5, -0.25, 3};
+  static constexpr float priorities[] = {1000, 1000, 1000, 999, 750, 500, 250, 50};
+  static constexpr layout::Solver::Relation relations[] = {
+      layout::Solver::Relation::Equal, layout::Solver::Relation::Equal, layout::Solver::Relation::LessOrEqual,
+      layout::Solver::Relation::GreaterOrEqual};
+
   // What a seed gives must not depend on the standard library, so its distributions are not used.
   static std::uint32_t below(std::mt19937& random, std::uint32_t limit) {
     return static_cast<std::uint32_t>(random() % limit);
   }
 
-  static RandomModel make(std::uint32_t seed) {
-    constexpr double coefficients[] = {1, 1, 1, -1, -1, -1, 2, -2, 0.5, -0.25, 3};
-    constexpr float priorities[] = {1000, 1000, 1000, 999, 750, 500, 250, 50};
-    constexpr layout::Solver::Relation relations[] = {layout::Solver::Relation::Equal, layout::Solver::Relation::Equal,
-                                                      layout::Solver::Relation::LessOrEqual,
-                                                      layout::Solver::Relation::GreaterOrEqual};
+  template <class Value>
+  static void shuffle(std::vector<Value>& values, std::mt19937& random) {
+    for (auto count = static_cast<std::uint32_t>(values.size()); count > 1; --count)
+      std::swap(values[count - 1], values[below(random, count)]);
+  }
+
+  static RandomModel make(std::uint32_t seed, std::uint32_t mostVariables = 14) {
     std::mt19937 random(seed);
-    RandomModel model{1 + below(random, 14), {}};
+    RandomModel model{1 + below(random, mostVariables), {}};
     const std::uint32_t count = below(random, 2 * model.variables + 4);
-    for (std::uint32_t i = 0; i < count; ++i) {
-      RandomConstraint constraint;
-      const std::uint32_t terms = 1 + below(random, 4);
-      for (std::uint32_t j = 0; j < terms; ++j) {
-        constraint.terms.push_back(
-            {below(random, model.variables), coefficients[below(random, std::size(coefficients))]});
-      }
-      constraint.constant = randomConstant(random);
-      constraint.relation = relations[below(random, std::size(relations))];
-      constraint.priority = priorities[below(random, std::size(priorities))];
-      model.constraints.push_back(constraint);
-    }
+    for (std::uint32_t i = 0; i < count; ++i) model.constraints.push_back(randomConstraint(random, model.variables));
     return model;
+  }
+
+  // Several models that share nothing, their variables and constraints mixed.
+  static RandomModel makeOfParts(std::uint32_t seed) {
+    constexpr std::uint32_t mostVariablesOfPart = 5;
+    std::mt19937 random(seed);
+    RandomModel whole{0, {}};
+    const std::uint32_t parts = 2 + below(random, 4);
+    for (std::uint32_t part = 0; part < parts; ++part) {
+      RandomModel model = make(static_cast<std::uint32_t>(random()), mostVariablesOfPart);
+      for (RandomConstraint& constraint : model.constraints) {
+        for (auto& term : constraint.terms) term.variable += whole.variables;
+        whole.constraints.push_back(std::move(constraint));
+      }
+      whole.variables += model.variables;
+    }
+    std::vector<std::uint32_t> numbers(whole.variables);
+    std::iota(numbers.begin(), numbers.end(), 0U);
+    shuffle(numbers, random);
+    for (RandomConstraint& constraint : whole.constraints)
+      for (auto& term : constraint.terms) term.variable = numbers[term.variable];
+    shuffle(whole.constraints, random);
+    return whole;
+  }
+
+  static RandomConstraint randomConstraint(std::mt19937& random, std::uint32_t variables) {
+    RandomConstraint constraint;
+    const std::uint32_t terms = 1 + below(random, 4);
+    for (std::uint32_t j = 0; j < terms; ++j)
+      constraint.terms.push_back({below(random, variables), coefficients[below(random, std::size(coefficients))]});
+    constraint.constant = randomConstant(random);
+    constraint.relation = relations[below(random, std::size(relations))];
+    constraint.priority = priorities[below(random, std::size(priorities))];
+    return constraint;
   }
 
   // Few different ones: ties and degenerate corners are what a solver stumbles over.

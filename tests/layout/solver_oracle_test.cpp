@@ -5,7 +5,10 @@
 #include <cmath>
 #include <functional>
 #include <map>
+#include <numeric>
+#include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "simulator/layout/solver.hpp"
@@ -143,24 +146,93 @@ class Oracle {
   std::vector<double> values_;
 };
 
+// The solver's constraints have these ids, in the model's order.
+void expectAgreement(const Solver& solver, const RandomModel& model, const std::vector<Solver::Constraint>& ids) {
+  const Oracle oracle(model);
+  std::vector<Solver::Constraint> conflicts;
+  for (const Solver::Constraint index : oracle.conflicts()) conflicts.push_back(ids[index]);
+  ASSERT_EQ(std::vector(solver.conflicts().begin(), solver.conflicts().end()), conflicts);
+  const auto values = layout_test::values(solver, model.variables);
+  std::map<float, double> costs;
+  for (const auto& constraint : model.constraints) costs[constraint.priority] += constraint.violation(values);
+  for (const auto& [priority, cost] : oracle.costs()) EXPECT_NEAR(costs[priority], cost, precision(cost)) << priority;
+  for (std::uint32_t i = 0; i < model.variables; ++i)
+    EXPECT_NEAR(values[i], oracle.values()[i], precision(values[i])) << i;
+}
+
+// A solver and what it was told.
+struct Twin {
+  RandomModel model;
+  Solver solver;
+  std::vector<Solver::Constraint> ids;
+
+  explicit Twin(RandomModel made) : model(std::move(made)) {
+    model.addTo(solver);
+    ids.resize(model.constraints.size());
+    std::iota(ids.begin(), ids.end(), 0U);
+    solver.solve();
+  }
+  void add(const RandomConstraint& constraint) {
+    model.constraints.push_back(constraint);
+    ids.push_back(solver.add(constraint.terms, constraint.constant, constraint.relation, constraint.priority));
+  }
+  void remove(std::uint32_t index) {
+    solver.remove(ids[index]);
+    model.constraints.erase(model.constraints.begin() + index);
+    ids.erase(ids.begin() + index);
+  }
+  void setConstant(std::uint32_t index, double constant) {
+    model.constraints[index].constant = constant;
+    solver.setConstant(ids[index], constant);
+  }
+};
+
 class SolverOracle : public testing::TestWithParam<std::uint32_t> {};
 
 TEST_P(SolverOracle, AgreesOnConflictsCostsAndValues) {
   for (std::uint32_t seed = GetParam(); seed < GetParam() + 50; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
-    const RandomModel model = RandomModel::make(seed);
-    Solver solver;
-    model.addTo(solver);
-    solver.solve();
-    const Oracle oracle(model);
+    const Twin twin(RandomModel::make(seed));
+    expectAgreement(twin.solver, twin.model, twin.ids);
+    if (HasFatalFailure()) return;
+  }
+}
 
-    ASSERT_EQ(std::vector(solver.conflicts().begin(), solver.conflicts().end()), oracle.conflicts());
-    const auto values = layout_test::values(solver, model.variables);
-    std::map<float, double> costs;
-    for (const auto& constraint : model.constraints) costs[constraint.priority] += constraint.violation(values);
-    for (const auto& [priority, cost] : oracle.costs()) EXPECT_NEAR(costs[priority], cost, precision(cost)) << priority;
-    for (std::uint32_t i = 0; i < model.variables; ++i)
-      EXPECT_NEAR(values[i], oracle.values()[i], precision(values[i])) << i;
+TEST_P(SolverOracle, AgreesOnModelsOfSeveralParts) {
+  for (std::uint32_t seed = GetParam(); seed < GetParam() + 10; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    const Twin twin(RandomModel::makeOfParts(seed));
+    expectAgreement(twin.solver, twin.model, twin.ids);
+    if (HasFatalFailure()) return;
+  }
+}
+
+// A constraint between any variables joins their parts, one that goes parts them.
+void changeByChance(Twin& twin, std::mt19937& random) {
+  const std::uint32_t change = RandomModel::below(random, 3);
+  const auto index = RandomModel::below(random, 1 + static_cast<std::uint32_t>(twin.ids.size()));
+  if (change == 0 || index == twin.ids.size()) {
+    twin.add(RandomModel::randomConstraint(random, twin.model.variables));
+  } else if (change == 1) {
+    twin.remove(index);
+  } else {
+    twin.setConstant(index, RandomModel::randomConstant(random));
+  }
+}
+
+TEST_P(SolverOracle, AgreesWhilePartsAreJoinedAndParted) {
+  constexpr int steps = 12;
+  for (std::uint32_t seed = GetParam(); seed < GetParam() + 2; ++seed) {
+    Twin twin(RandomModel::makeOfParts(seed));
+    std::mt19937 random(seed);
+    for (int step = 0; step < steps; ++step) {
+      SCOPED_TRACE("seed " + std::to_string(seed) + " step " + std::to_string(step));
+      const std::uint32_t changes = 1 + RandomModel::below(random, 3);
+      for (std::uint32_t i = 0; i < changes; ++i) changeByChance(twin, random);
+      twin.solver.solve();
+      expectAgreement(twin.solver, twin.model, twin.ids);
+      if (HasFatalFailure()) return;
+    }
   }
 }
 
