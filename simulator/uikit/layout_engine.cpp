@@ -96,6 +96,7 @@ struct LayoutEngine::Model final : FrameUnknowns {
     return found == variables.end() ? nullptr : &found->second;
   }
 
+  void claim();
   std::vector<UIView*> collectPlaced() const;
   std::vector<Row> collectRows() const;
   void addIntrinsicRows(UIView* view, std::vector<Row>& collected) const;
@@ -104,6 +105,13 @@ struct LayoutEngine::Model final : FrameUnknowns {
   bool takesConstantsOf(const std::vector<Row>& collected);
   void reportConflicts() const;
 };
+
+// Constraints that once began further inside belong to this engine now.
+void LayoutEngine::Model::claim() {
+  visitTree(root, [&](UIView* view) {
+    if (view != root) record(view).engine.reset();
+  });
+}
 
 // A view is placed by constraints when it does not translate its autoresizing mask and a constraint names it. The
 // root's frame is given.
@@ -203,10 +211,13 @@ LayoutEngine::LayoutEngine(UIView* root) : model_(std::make_unique<Model>(root))
 LayoutEngine::~LayoutEngine() = default;
 
 void LayoutEngine::update() {
+  isStale_ = false;
+  model_->claim();
   std::vector<UIView*> placed = model_->collectPlaced();
   if (placed != model_->placed) model_->place(std::move(placed));
   for (int round = 0; round < maximumMeasuringRounds; ++round) {
     model_->install(model_->collectRows());
+    constraintsRead_ += model_->rows.size();
     model_->solver.solve();
     Measured heights = Measured::Same;
     for (UIView* view : model_->placed)
@@ -215,6 +226,8 @@ void LayoutEngine::update() {
   }
   model_->reportConflicts();
 }
+
+LayoutEngine::Work LayoutEngine::work() const { return {constraintsRead_, model_->solver.pivotCount()}; }
 
 bool LayoutEngine::places(const UIView* view) const { return model_->of(view) != nullptr; }
 

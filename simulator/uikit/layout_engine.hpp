@@ -1,6 +1,7 @@
-// Solves the constraints of one tree of views.
+// Solves the constraints inside a view whose frame is given.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -24,6 +25,9 @@ class LayoutEngine {
   LayoutEngine(const LayoutEngine&) = delete;
   LayoutEngine& operator=(const LayoutEngine&) = delete;
 
+  // To be told when something that the constraints depend on has changed.
+  void invalidate() { isStale_ = true; }
+  bool isStale() const { return isStale_; }
   // Brings the solution up to date with the tree.
   void update();
   // Whether constraints place the view.
@@ -33,9 +37,18 @@ class LayoutEngine {
   // The views that are not where the solution puts them.
   std::vector<UIView*> misplacedViews() const;
 
+  // What all updates together have cost.
+  struct Work {
+    std::size_t constraints = 0;  // read from the tree
+    std::size_t pivots = 0;       // of the solver
+  };
+  Work work() const;
+
  private:
   struct Model;
 
+  bool isStale_ = true;
+  std::size_t constraintsRead_ = 0;
   std::unique_ptr<Model> model_;
 };
 

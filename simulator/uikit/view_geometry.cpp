@@ -52,6 +52,7 @@ void autoresizeSubviews(UIView* view, CGSize before);
 
 void resized(UIView* view, CGSize before) {
   record(view).needsLayout = true;
+  if (record(view).engine != nullptr) constraintsChanged(view);
   autoresizeSubviews(view, before);
 }
 

@@ -67,6 +67,7 @@ void detach(UIView* child) {
   const objc::Ref<UIView> kept = std::move(*place);
   siblings.erase(place);
   state.superview = nullptr;
+  state.constraintsChanged = true;  // it is the root of its own tree now
   noteDisplayChange();
 }
 

@@ -1,5 +1,9 @@
 #include "simulator/uikit/view_layout.hpp"
 
+#include <algorithm>
+#include <memory>
+#include <vector>
+
 #include "simulator/uikit/layout_constraint.hpp"
 #include "simulator/uikit/renderer.hpp"
 #include "simulator/uikit/view_categories.hpp"
@@ -9,7 +13,12 @@
 namespace uikit {
 
 void constraintsChanged(const UIView* view) {
-  record(rootOf(view)).constraintsChanged = true;
+  const UIView* root = view;
+  for (const UIView* each = view; each != nullptr; each = record(each).superview) {
+    root = each;
+    if (record(each).engine != nullptr) record(each).engine->invalidate();
+  }
+  record(root).constraintsChanged = true;
   noteDisplayChange();
 }
 
@@ -20,22 +29,46 @@ constexpr int maximumLayoutPasses = 8;
 
 enum class LayoutWork : bool { None, Done };
 
-bool hasConstraints(UIView* root) {
-  bool found = false;
-  visitTree(root, [&](UIView* view) { found = found || !record(view).constraints.empty(); });
-  return found;
+// Whether constraints begin here: its frame is given, and it has constraints between what is inside it, or one of its
+// subviews has its own size alone constrained.
+bool beginsConstraints(const UIView* view) {
+  const auto isPlacedByItself = [](const objc::Ref<UIView>& subview) {
+    const ViewRecord& state = record(subview.get());
+    return !state.translatesAutoresizingMask && !state.constraints.empty();
+  };
+  const ViewRecord& state = record(view);
+  return !state.constraints.empty() || std::ranges::any_of(state.subviews, isPlacedByItself);
+}
+
+// What lies in different views whose frames are given has no influence on each other, so each of these has an engine of
+// its own, and a banner more leaves the others alone. Collects those to be updated.
+void collectStaleEngines(UIView* view, std::vector<LayoutEngine*>& stale) {
+  ViewRecord& state = record(view);
+  if (beginsConstraints(view)) {
+    if (state.engine == nullptr) state.engine = std::make_unique<LayoutEngine>(view);
+    if (state.engine->isStale()) stale.push_back(state.engine.get());
+    return;
+  }
+  state.engine.reset();
+  for (const objc::Ref<UIView>& subview : state.subviews) collectStaleEngines(subview.get(), stale);
 }
 
 void updateConstraints(UIView* root) {
   ViewRecord& state = record(root);
   if (!state.constraintsChanged) return;
   state.constraintsChanged = false;
-  if (state.engine == nullptr) {
-    if (!hasConstraints(root)) return;
-    state.engine = std::make_unique<LayoutEngine>(root);
+  std::vector<LayoutEngine*> stale;
+  collectStaleEngines(root, stale);
+  for (LayoutEngine* engine : stale) {
+    engine->update();
+    for (const UIView* view : engine->misplacedViews()) record(record(view).superview).needsLayout = true;
   }
-  state.engine->update();
-  for (const UIView* view : state.engine->misplacedViews()) record(record(view).superview).needsLayout = true;
+}
+
+// The one that places the view's subviews, null where constraints place none.
+const LayoutEngine* engineOfSubviews(const UIView* view) {
+  while (view != nullptr && record(view).engine == nullptr) view = record(view).superview;
+  return view == nullptr ? nullptr : record(view).engine.get();
 }
 
 LayoutWork layoutTree(UIView* view) {
@@ -74,7 +107,7 @@ namespace {
 
 // The places that constraints give to the subviews.
 void layoutSubviews(UIView* self) {
-  const LayoutEngine* engine = record(rootOf(self)).engine.get();
+  const LayoutEngine* engine = engineOfSubviews(self);
   if (engine == nullptr) return;
   const std::vector<objc::Ref<UIView>> subviews = record(self).subviews;
   for (const objc::Ref<UIView>& subview : subviews) {

@@ -53,7 +53,7 @@ class ViewRecord {
   bool hasContentMode = false;                             // it was chosen
   std::vector<objc::Ref<NSLayoutConstraint>> constraints;  // those whose nearest common ancestor this view is
   IntrinsicSize intrinsicSize;
-  std::unique_ptr<LayoutEngine> engine;  // at the root of a tree with constraints
+  std::unique_ptr<LayoutEngine> engine;  // of the constraints inside, where no view above has any
   bool constraintsChanged = true;        // at the root of a tree
 };
 

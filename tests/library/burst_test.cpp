@@ -1,0 +1,46 @@
+// Many notifications at once, before any of their banners leaves.
+#include <gtest/gtest.h>
+
+#include "simulator/uikit/view_hierarchy.hpp"
+#include "simulator/uikit/window.hpp"
+#include "tests/library/phone.hpp"
+
+namespace {
+
+using test::Phone;
+using Work = uikit::LayoutEngine::Work;
+
+void presentMany(Phone& phone, int count) {
+  for (int i = 0; i < count; ++i) phone.present({{"title", "Anna"}, {"message", "Are we still on for lunch today?"}});
+}
+
+// All that the layout of what is on screen has cost.
+Work layoutWork() {
+  Work sum;
+  for (UIWindow* window : uikit::visibleWindows()) {
+    uikit::visitTree(window, [&](UIView* view) {
+      const auto* engine = uikit::record(view).engine.get();
+      if (engine == nullptr) return;
+      sum.constraints += engine->work().constraints;
+      sum.pivots += engine->work().pivots;
+    });
+  }
+  return sum;
+}
+
+TEST(Burst, LayoutWorkOfABannerIsTheSameHoweverManyAreOnScreen) {
+  Phone phone;
+  const Work before = layoutWork();
+  presentMany(phone, 20);
+  const Work few = layoutWork();
+  presentMany(phone, 180);
+  const Work many = layoutWork();
+  ASSERT_FALSE(phone.state(1)["dismissed"]);
+  constexpr std::size_t leastOfTwenty = 400;
+  ASSERT_GT(few.constraints, before.constraints + leastOfTwenty);
+  ASSERT_GT(few.pivots, before.pivots + leastOfTwenty);
+  EXPECT_EQ(many.constraints - before.constraints, 10 * (few.constraints - before.constraints));
+  EXPECT_EQ(many.pivots - before.pivots, 10 * (few.pivots - before.pivots));
+}
+
+}  // namespace
