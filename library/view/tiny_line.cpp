@@ -21,7 +21,8 @@ void showPlain(const BrimContainerState& state, NSString* text, UIFont* font) {
 void showWithBoldStart(const BrimContainerState& state, NSString* text, NSUInteger boldLength) {
   const auto line = NSMutableAttributedString::withString(text);
   line->addAttribute(fontAttributeName(), boldFont(state), {0, boldLength});
-  line->addAttribute(fontAttributeName(), regularFont(state), {boldLength, text->length() - boldLength});
+  if (boldLength < text->length())
+    line->addAttribute(fontAttributeName(), regularFont(state), {boldLength, text->length() - boldLength});
   state.headerLabel->setAttributedText(line);
 }
 
@@ -43,15 +44,17 @@ void showBody(const BrimContainerState& state) {
   showWithBoldStart(state, line, line->rangeOfString(":"_ns).location + 1);
 }
 
-// The header with one colon and one blank at its end. Words of Latin letters and digits before a colon of their own
-// keep it, without the blanks around it; any other header with a colon stays as it is.
+// The header with a colon and a blank at its end where it has no colon; where it has one after words of Latin letters
+// and digits, without the blanks before it. Any other header with a colon stays as it is.
 NSString* headerEndingInColon(NSString* header) {
   if (!header->contains(":"_ns)) return header->stringByAppendingString(": "_ns);
   auto* expression = NSRegularExpression::withPattern("^[A-z0-9\\s]+?([\\s]*:+[\\s]*)"_ns,
                                                       NSRegularExpressionOptions::CaseInsensitive);
   NSTextCheckingResult* match = expression->firstMatchInString(header, {0, header->length()});
   if (match == nullptr) return header;
-  return header->stringByReplacingCharactersInRange(match->rangeAtIndex(1), ": "_ns);
+  // The colon with the blanks around it; it begins with a colon where there are none before it, and stays.
+  NSTextCheckingResult* blanks = expression->firstMatchInString(header, match->rangeAtIndex(1));
+  return blanks == nullptr ? header : header->stringByReplacingCharactersInRange(blanks->range(), ": "_ns);
 }
 
 }  // namespace

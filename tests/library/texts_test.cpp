@@ -42,15 +42,17 @@ TEST_P(TinyLine, JoinsHeaderAndBody) {
   EXPECT_DOUBLE_EQ(width(phone.view(controller, "_appIV")), 20);
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, TinyLine,
-                         testing::Values(TinyCase{"John", "Hello", "*John: *Hello"},
-                                         TinyCase{"John : ", "Hello", "*John: *Hello"},
-                                         TinyCase{"Mail: ", "Hello", "*Mail: *Hello"},
-                                         TinyCase{"Jürgen : ", "Hallo", "*Jürgen : *Hallo"},
-                                         TinyCase{nullptr, "Alice\nHi there", "*Alice:* Hi there"},
-                                         TinyCase{nullptr, "Alice: one\ntwo", "*Alice:* one\ntwo"},
-                                         TinyCase{nullptr, "Hi there", "Hi there"}, TinyCase{"John", nullptr, "*John*"},
-                                         TinyCase{"😀", "👍🏽", "*😀: *👍🏽"}));
+INSTANTIATE_TEST_SUITE_P(
+    Texts, TinyLine,
+    testing::Values(TinyCase{"John", "Hello", "*John: *Hello"}, TinyCase{"John : ", "Hello", "*John: *Hello"},
+                    TinyCase{"Mail: ", "Hello", "*Mail: *Hello"}, TinyCase{"Mail:", "Hello", "*Mail:*Hello"},
+                    TinyCase{"Mail:   ", "Hello", "*Mail:   *Hello"}, TinyCase{"John  :: ", "Hello", "*John: *Hello"},
+                    TinyCase{"12:30 x", "b", "*12:30 x*b"}, TinyCase{"a:b : c", "hi", "*a:b : c*hi"},
+                    TinyCase{nullptr, "abc:", "*abc:*"}, TinyCase{"Jürgen : ", "Hallo", "*Jürgen : *Hallo"},
+                    TinyCase{nullptr, "Alice\nHi there", "*Alice:* Hi there"},
+                    TinyCase{nullptr, "Alice: one\ntwo", "*Alice:* one\ntwo"},
+                    TinyCase{nullptr, "Hi there", "Hi there"}, TinyCase{"John", nullptr, "*John*"},
+                    TinyCase{"😀", "👍🏽", "*😀: *👍🏽"}));
 
 TEST(TinyBanner, WithNothingToSayIsEmpty) {
   Phone phone = phoneWith({{"tinyBanner", true}});
