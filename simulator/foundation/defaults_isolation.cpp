@@ -86,12 +86,14 @@ std::optional<std::string> checkDatabase(const fs::path& folder) {
 }  // namespace
 
 std::optional<std::string> isolateDefaults(const fs::path& root) {
-  const fs::path folder = root / folderInRoot;
-  const fs::path configuration = folder / "GNUstep.conf";
+  fs::path folder;
+  fs::path configuration;
   try {
+    useDaemonOf(root);
+    folder = plainPathOfRoot() / folderInRoot;
+    configuration = folder / "GNUstep.conf";
     fs::create_directories(folder / "Defaults");
     writeFile(configuration, configurationText(folder));
-    useDaemonOf(root);
   } catch (const fs::filesystem_error& error) {
     return error.path1().string() + ": " + error.code().message();
   }

@@ -28,6 +28,7 @@ constexpr const char* registration = "NSMessagePort/names/R0ROQ1NlcnZlcg==";
 // Every process of the place holds a shared lock on this file; who gets it alone is the last one.
 constexpr const char* lockFile = "processes";
 constexpr const char* placesFolder = "/tmp";
+constexpr const char* linkToRoot = "root";
 
 struct Place {
   fs::path folder;
@@ -121,6 +122,13 @@ bool tryToEnter(Place& place) {
   return false;
 }
 
+// Another process of the root may be making it, too.
+void linkRoot(const fs::path& link, const fs::path& root) {
+  std::error_code error;
+  fs::create_directory_symlink(root, link, error);
+  if (error && error != std::errc::file_exists) throw fs::filesystem_error("cannot make", link, error);
+}
+
 }  // namespace
 
 void useDaemonOf(const fs::path& root) {
@@ -129,10 +137,13 @@ void useDaemonOf(const fs::path& root) {
   place.folder = fs::path(placesFolder) / (namePrefix() + hashOf(root.native()));
   while (!tryToEnter(place)) {
   }
+  linkRoot(plainPathOfRoot(), root);
   setenv("TEMP", place.folder.c_str(), 1);
   setenv("TMP", place.folder.c_str(), 1);
   std::atexit(&leaveOwnPlace);
 }
+
+fs::path plainPathOfRoot() { return ownPlace().folder / linkToRoot; }
 
 Descriptor watchDaemon() {
   const pid_t process = ownPlace().lock < 0 ? 0 : daemonIn(ownPlace().folder);

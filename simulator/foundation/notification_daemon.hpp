@@ -14,6 +14,10 @@ namespace foundation {
 // Before any use of Foundation, once. Throws std::filesystem::filesystem_error.
 void useDaemonOf(const std::filesystem::path& root);
 
+// Another path of the root, of letters and digits whatever those of the root are: Foundation's configuration takes no
+// other. It ends with the last process of the root. After useDaemonOf.
+std::filesystem::path plainPathOfRoot();
+
 // Becomes readable when the daemon of this process's root ends. Not open where none runs, or the daemon is the user's.
 Descriptor watchDaemon();
 // Whether that daemon is there still. False where the descriptor is not open.

@@ -18,9 +18,10 @@ namespace foundation {
 
 namespace {
 
+// As people know it: Foundation may be at the other end of a link.
 std::filesystem::path defaultsFolder() {
   const objc::AutoreleasePool pool;
-  return GSDefaultsRootForUser(NSUserName())->UTF8String();
+  return std::filesystem::weakly_canonical(GSDefaultsRootForUser(NSUserName())->UTF8String());
 }
 
 std::map<std::string, std::unique_ptr<PreferenceDomain>>& domains() {

@@ -14,8 +14,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view mappedFolders[] = {"/Library/Application Support/Brim", "/var/mobile",
                                               "/private/var/mobile"};
-// On the phone, /var is a link into it.
-constexpr std::string_view privateFolder = "/private";
 
 fs::path& chosenRoot() {
   static fs::path& chosen = *new fs::path;
@@ -41,6 +39,14 @@ const char* fileSystemRepresentation(NSFileManager*, SEL, NSString* path) {
   return static_cast<const char*>(NSData::dataWithBytes(mapped.c_str(), mapped.size() + 1)->bytes());
 }
 
+// On the phone it is the other way round, which leads to the same files. A folder that somebody made stays.
+void linkPrivateFolder(const fs::path& root) {
+  const fs::path link = root / "private/var";
+  std::error_code ignored;
+  fs::create_directories(link.parent_path(), ignored);
+  fs::create_directory_symlink("../var", link, ignored);
+}
+
 // A name that is not UTF-8, which the phone's file system would not take, is read as if each byte were a letter.
 NSString* stringWithRepresentation(NSFileManager*, SEL, const char* name, NSUInteger length) {
   NSData* const bytes = NSData::dataWithBytes(name, length);
@@ -57,6 +63,7 @@ std::optional<std::string> useRoot(const fs::path& root, DefaultsDatabase databa
   chosenRoot() = fs::canonical(root, error);
   if (error) return root.string() + ": " + error.message();
   chosenDatabase = database;
+  linkPrivateFolder(chosenRoot());
   return database == DefaultsDatabase::OfRoot ? isolateDefaults(chosenRoot()) : std::nullopt;
 }
 
@@ -68,7 +75,6 @@ std::string pathUnderRoot(std::string_view platformPath) {
   const std::string& folder = root().native();
   if (folder.empty() || !platformPath.starts_with('/') || isInFolder(platformPath, folder))
     return std::string(platformPath);
-  if (isInFolder(platformPath, privateFolder)) platformPath.remove_prefix(privateFolder.size());
   return folder + std::string(platformPath);
 }
 

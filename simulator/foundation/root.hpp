@@ -16,9 +16,9 @@ enum class DefaultsDatabase {
   OfRoot,  // those of the processes of the same root alone
 };
 
-// Chooses the root, which is made where it is missing. First thing in a process, before any other use of Foundation:
-// Foundation reads where its database is at most once. The answer is the reason of a failure, nothing on success. Main
-// thread.
+// Chooses the root, which is made where it is missing, with a link "private/var" to "var". First thing in a process,
+// before any other use of Foundation: Foundation reads where its database is at most once. The answer is the reason of
+// a failure, nothing on success. Main thread.
 [[nodiscard]] std::optional<std::string> useRoot(const std::filesystem::path& root, DefaultsDatabase database);
 
 // As it was chosen.

@@ -53,14 +53,6 @@ std::string endpoints(const std::string& address) {
   return text + "}\n";
 }
 
-// An asset bundle that differs in its endpoints alone.
-void makeBundle(const fs::path& bundle, const fs::path& original, const std::string& address) {
-  fs::create_directories(bundle);
-  for (const auto& entry : fs::directory_iterator(original))
-    if (entry.path().filename() != endpointsFile) fs::create_symlink(entry.path(), bundle / entry.path().filename());
-  write(bundle / endpointsFile, endpoints(address));
-}
-
 }  // namespace
 
 std::string installDemonstrationData() try {
@@ -73,8 +65,8 @@ std::string installDemonstrationData() try {
   fs::copy(built.demonstration / "root", foundation::root(), replacing);
   fs::copy(built.demonstration / "web", own / "web", replacing);
   completePage(own / "web" / profilePage, address);
-  makeBundle(own / "Assets.bundle", built.assetBundle, address);
-  linkAssetBundle(own / "Assets.bundle");
+  write(own / endpointsFile, endpoints(address));
+  linkEndpoints(own / endpointsFile);
   return address;
 } catch (const fs::filesystem_error& error) {
   throw CommandError(error.path1().string() + ": " + error.code().message());

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <system_error>
 
 #include "simulator/foundation/root.hpp"
@@ -17,6 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* assetBundlePath = "Library/Application Support/Brim/Assets.bundle";
+constexpr const char* endpointsFile = "endpoints.plist";
 constexpr const char* libraryFolder = "Library/MobileSubstrate/DynamicLibraries";
 constexpr const char* folders[] = {
     "Library/Application Support/Brim",      libraryFolder,
@@ -50,6 +52,11 @@ void linkTo(const fs::path& target, const fs::path& link) {
   putInPlace(link, [&target](const fs::path& unfinished) { fs::create_symlink(target, unfinished); });
 }
 
+std::string contentsOf(const fs::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 void writeWhereMissing(const fs::path& path, const std::string& text) {
   if (fs::exists(path)) return;
   putInPlace(path, [&](const fs::path& unfinished) {
@@ -58,6 +65,16 @@ void writeWhereMissing(const fs::path& path, const std::string& text) {
     file.close();
     if (!file) throw fs::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
   });
+}
+
+void prepareAssetBundle(const fs::path& built, const fs::path& bundle) {
+  if (fs::is_symlink(bundle)) fs::remove(bundle);
+  fs::create_directories(bundle);
+  for (const auto& entry : fs::directory_iterator(built))
+    if (entry.path().filename() != endpointsFile) linkTo(entry.path(), bundle / entry.path().filename());
+  // Only the demonstration's are a link.
+  if (fs::is_symlink(bundle / endpointsFile)) fs::remove(bundle / endpointsFile);
+  writeWhereMissing(bundle / endpointsFile, contentsOf(built / endpointsFile));
 }
 
 }  // namespace
@@ -82,7 +99,7 @@ fs::path demonstrationRoot() { return defaultRoot().parent_path() / "demonstrati
 std::optional<std::string> prepareRoot(const fs::path& root) try {
   for (const char* folder : folders) fs::create_directories(root / folder);
   const Installation built = installation();
-  linkTo(built.assetBundle, root / assetBundlePath);
+  prepareAssetBundle(built.assetBundle, root / assetBundlePath);
   linkTo(built.library, root / libraryFolder / "Brim.dylib");
   writeWhereMissing(root / libraryFolder / "Brim.plist", libraryFilter);
   return std::nullopt;
@@ -90,6 +107,10 @@ std::optional<std::string> prepareRoot(const fs::path& root) try {
   return error.path1().string() + ": " + error.code().message();
 }
 
-void linkAssetBundle(const fs::path& bundle) { linkTo(bundle, foundation::root() / assetBundlePath); }
+void linkEndpoints(const fs::path& endpoints) {
+  const fs::path present = foundation::root() / assetBundlePath / endpointsFile;
+  if (contentsOf(present) == contentsOf(installation().assetBundle / endpointsFile)) fs::remove(present);
+  linkTo(endpoints, present);
+}
 
 }  // namespace host

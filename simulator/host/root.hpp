@@ -22,12 +22,13 @@ std::filesystem::path defaultRoot();
 // Beside it: what the demonstration puts into a phone is not the user's.
 std::filesystem::path demonstrationRoot();
 
-// Makes what is missing: the asset bundle and the library at their places, both as links, the library's filter, and the
-// folders of the user's data. The answer is the reason of a failure, nothing on success.
+// Makes what is missing: the library as a link, its filter, the asset bundle as a folder of links with endpoints of its
+// own, which may be edited, and the folders of the user's data. The answer is the reason of a failure, nothing on
+// success.
 [[nodiscard]] std::optional<std::string> prepareRoot(const std::filesystem::path& root);
 
-// Has the root in use take its asset bundle from another folder, until it is prepared again. What is no link is the
-// user's own and stays.
-void linkAssetBundle(const std::filesystem::path& bundle);
+// Has the root in use take its endpoints from another file, until it is prepared again. Endpoints that were edited are
+// the user's own and stay.
+void linkEndpoints(const std::filesystem::path& endpoints);
 
 }  // namespace host

@@ -3,9 +3,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "simulator/host/demonstration_data.hpp"
 #include "simulator/host/demonstration_samples.hpp"
+#include "simulator/host/root.hpp"
 #include "tests/library/phone.hpp"
 
 namespace test {
@@ -40,14 +43,30 @@ INSTANTIATE_TEST_SUITE_P(Applications, Demonstration,
                                          "messenger"),
                          [](const auto& application) { return std::string(application.param); });
 
-TEST_F(Demonstration, LeavesTheAssetBundleOfTheBuildAlone) {
+// Where the pictures of a phone come from.
+std::filesystem::path endpointsOf(const Phone& phone) {
+  return phone.root() / "Library/Application Support/Brim/Assets.bundle/endpoints.plist";
+}
+
+std::string contentsOf(const std::filesystem::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST_F(Demonstration, LendsItsEndpointsUntilThePhoneIsPreparedAgain) {
   const Phone phone;
+  const std::string own = contentsOf(endpointsOf(phone));
   const std::string address = host::installDemonstrationData();
-  const auto bundle = phone.root() / "Library/Application Support/Brim/Assets.bundle";
-  EXPECT_EQ(std::filesystem::read_symlink(bundle),
-            std::filesystem::canonical(phone.root()) / "demonstration/Assets.bundle");
-  EXPECT_TRUE(std::filesystem::exists(bundle / "glyphs/black/slack.png"));
-  EXPECT_FALSE(std::filesystem::is_symlink(bundle / "endpoints.plist"));
+  EXPECT_NE(contentsOf(endpointsOf(phone)).find(address), std::string::npos);
+  EXPECT_EQ(host::prepareRoot(phone.root()), std::nullopt);
+  EXPECT_EQ(contentsOf(endpointsOf(phone)), own);
+}
+
+TEST_F(Demonstration, LeavesEndpointsThatWereEditedAlone) {
+  const Phone phone;
+  std::ofstream(endpointsOf(phone)) << "{ slackAvatars = \"http://127.0.0.1:9\"; }";
+  host::installDemonstrationData();
+  EXPECT_EQ(contentsOf(endpointsOf(phone)), "{ slackAvatars = \"http://127.0.0.1:9\"; }");
 }
 
 TEST_F(Demonstration, IsInstalledOverAnEarlierOne) {

@@ -33,7 +33,7 @@ TEST_F(Root, HoldsThePathsOfThePhone) {
   EXPECT_EQ(foundation::root(), fs::canonical(testRoot()));
   EXPECT_EQ(foundation::pathUnderRoot("/var/mobile/Library"), inRoot("/var/mobile/Library"));
   EXPECT_EQ(foundation::pathUnderRoot("/Library/Anything"), inRoot("/Library/Anything"));
-  EXPECT_EQ(foundation::pathUnderRoot("/private/var/mobile/x"), inRoot("/var/mobile/x"));
+  EXPECT_EQ(foundation::pathUnderRoot("/private/var/mobile/x"), inRoot("/private/var/mobile/x"));
 }
 
 TEST_F(Root, LeavesOtherPathsAlone) {
@@ -44,7 +44,7 @@ TEST_F(Root, LeavesOtherPathsAlone) {
 
 TEST_F(Root, MapsThePhonesFoldersForFoundation) {
   EXPECT_EQ(representation("/var/mobile/a"_ns), inRoot("/var/mobile/a"));
-  EXPECT_EQ(representation("/private/var/mobile/a"_ns), inRoot("/var/mobile/a"));
+  EXPECT_EQ(representation("/private/var/mobile/a"_ns), inRoot("/private/var/mobile/a"));
   EXPECT_EQ(representation("/Library/Application Support/Brim/a"_ns), inRoot("/Library/Application Support/Brim/a"));
   EXPECT_EQ(representation("/var/mobile"_ns), inRoot("/var/mobile"));
 }
@@ -63,6 +63,20 @@ TEST_F(Root, FoundationReadsFilesOfThePhone) {
   const auto* const list = objc::send<NSDictionary*, "dictionaryWithContentsOfFile:">(
       NSDictionary::classObject(), "/private/var/mobile/Containers/list.plist"_ns);
   EXPECT_EQ(list->count(), 1U);
+}
+
+TEST_F(Root, HasItsVariableFilesUnderPrivateToo) {
+  writeFile(inRoot("/var/mobile/one"), "x");
+  EXPECT_TRUE(fs::equivalent(inRoot("/private/var/mobile/one"), inRoot("/var/mobile/one")));
+}
+
+TEST_F(Root, LeavesAPrivateFolderThatSomebodyMade) {
+  const fs::path other = testRoot() / "other-root";
+  writeFile(other / "private/var/mobile/one", "x");
+  EXPECT_EQ(foundation::useRoot(other, foundation::DefaultsDatabase::OfUser), std::nullopt);
+  EXPECT_TRUE(fileExists("/private/var/mobile/one"_ns));
+  EXPECT_FALSE(fileExists("/var/mobile/one"_ns));
+  EXPECT_EQ(foundation::useRoot(testRoot(), foundation::DefaultsDatabase::OfUser), std::nullopt);
 }
 
 TEST_F(Root, FoundationListsFoldersOfThePhone) {

@@ -92,8 +92,8 @@ TEST_F(MessagesProcess, TakesTheRootAsItsHomeScreenHasIt) {
   home.write(R"({"do":"log"}
 )");
   const fs::path bundle = root / "Library/Application Support/Brim/Assets.bundle";
-  ASSERT_TRUE(eventually([&] { return fs::is_symlink(bundle); }));
-  fs::remove(bundle);
+  ASSERT_TRUE(eventually([&] { return fs::exists(bundle / "endpoints.plist"); }));
+  fs::remove_all(bundle);
   fs::create_symlink(root, bundle);
   home.write(replying("At one!"));
   ASSERT_TRUE(eventually([&] { return sentIn(root) == Texts{"At one!"}; }));

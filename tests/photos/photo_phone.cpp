@@ -29,19 +29,7 @@ std::string endpointsAt(const std::string& address) {
 }  // namespace
 
 PhotoPhone::PhotoPhone(const std::map<std::string, Json>& settings) : phone(setupWith(settings)) {
-  makeAssetBundleOwn();
   writeEndpoints(endpointsAt(server.address()));
-}
-
-// The phone's bundle is a link to the build's.
-void PhotoPhone::makeAssetBundleOwn() {
-  const fs::path bundle = root() / assetBundle;
-  const fs::path built = fs::read_symlink(bundle);
-  fs::remove(bundle);
-  fs::create_directories(bundle);
-  for (const auto& entry : fs::directory_iterator(built))
-    if (entry.path().filename() != "endpoints.plist")
-      fs::create_symlink(entry.path(), bundle / entry.path().filename());
 }
 
 void PhotoPhone::writeEndpoints(const std::string& propertyList) {

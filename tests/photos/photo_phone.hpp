@@ -34,7 +34,6 @@ class PhotoPhone {
   PicturesShown pictures;
 
  private:
-  void makeAssetBundleOwn();
 };
 
 }  // namespace test
