@@ -14,6 +14,9 @@ namespace {
 
 constexpr int identifierLength = 8;
 
+// Only compared.
+const BannerController* newest = nullptr;
+
 // The platform's formats of an application's icon, best first.
 constexpr int iconFormats[] = {8, 2, 0};
 // What the platform shows for applications without an icon of their own.
@@ -102,6 +105,7 @@ void attach(BannerController* controller, NCNotificationViewControllerView* view
   view->addSubview(banner);
   controller->updateProfilePicture(texts.header, texts.body, banner);
   controller->setBrimView(banner);
+  newest = controller;
   clearDismissalFlags(controller);
   scheduleAutomaticDismissal(controller);
   removeRecognizers(view, recognizersInside(view));
@@ -110,6 +114,8 @@ void attach(BannerController* controller, NCNotificationViewControllerView* view
 }
 
 }  // namespace
+
+bool hasNewestBanner(const BannerController* controller) { return controller == newest; }
 
 void notificationViewDidMove(objc::Original<void(NCNotificationViewControllerView*)> original,
                              NCNotificationViewControllerView* self) {

@@ -9,6 +9,9 @@
 void notificationViewDidMove(objc::Original<void(NCNotificationViewControllerView*)> original,
                              NCNotificationViewControllerView* self);
 
+// Whether the latest banner that was built is the controller's. It is the one that later banners wait for.
+bool hasNewestBanner(const BannerController* controller);
+
 // The container must pass touches to the banner.
 bool userInteractionEnabled(objc::Original<bool(NCNotificationContentContainerViewController*)> original,
                             NCNotificationContentContainerViewController* self);

@@ -1,5 +1,6 @@
 #include "library/controller/dismissal.hpp"
 
+#include "library/controller/attachment.hpp"
 #include "library/controller/commands.hpp"
 #include "library/startup/settings.hpp"
 #include "platform/dispatch.hpp"
@@ -63,11 +64,12 @@ void override(BannerController* self) {
   BrimContainer::setDismissNotification(true);
 }
 
-// Where the platform itself asked for the dismissal, the banner went with its controller, and holds nobody back.
+// Where the platform itself asked for the dismissal, the banner went with its controller, and holds nobody back. What
+// has taken its place may.
 void leaveNothingBehind(BannerController* controller) {
   if (controller->brimView() == nullptr) return;
   removeBanner(controller);
-  BrimContainer::setDismissNotification(true);
+  if (hasNewestBanner(controller)) BrimContainer::setDismissNotification(true);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "simulator/host/awaited_events.hpp"
 
 #include <map>
-#include <utility>
 
 #include "simulator/host/event_log.hpp"
 
@@ -17,8 +16,10 @@ std::size_t& answeredEvents(const std::string& kind) {
 }  // namespace
 
 bool answerNextEvent(const std::string& kind) {
-  const std::size_t count = countOfEvents(kind);
-  return std::exchange(answeredEvents(kind), count) != count;
+  std::size_t& answered = answeredEvents(kind);
+  if (answered == countOfEvents(kind)) return false;
+  ++answered;
+  return true;
 }
 
 void answerAllEvents(const std::string& kind) { answeredEvents(kind) = countOfEvents(kind); }

@@ -5,7 +5,7 @@
 
 namespace host {
 
-// Whether events of that kind came that nobody has been told of. They all count as told then.
+// Whether an event of that kind came that nobody has been told of. It counts as told then, and those behind it wait.
 bool answerNextEvent(const std::string& kind);
 // Those that came so far belong to what is over.
 void answerAllEvents(const std::string& kind);

@@ -69,7 +69,10 @@ std::span<const Command> phoneCommands() {
   static constexpr Command commands[] = {
       {"press", pressFields, &press, "a physical button event; 101 with a force of 0 lets the home button go"},
       {"lock", {}, &lock, "the lock screen comes up"},
-      {"grabber", {}, &pullGrabber, "the grabber's gesture; answers whether it dismissed something"},
+      {"grabber",
+       {},
+       &pullGrabber,
+       "the grabber's gesture; answers in \"dismissed\" whether the system took it for a dismissal"},
       {"set", setFields, &setPreference, "the preferences domain is written from outside; null removes the key"},
       {"appearance", appearanceFields, &switchAppearance, "the system appearance becomes light or dark"},
       {"testbanner", {}, &requestTestBanner, "the settings pane asks for a test banner; answers its controller"},

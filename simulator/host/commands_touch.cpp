@@ -32,12 +32,17 @@ CGPoint onScreen(const Json& value) {
   return point;
 }
 
-CGPoint middleOf(const NCNotificationShortLookViewController* controller) {
+// What is on its way out is still to be seen, though no touch finds it any more.
+CGPoint middleOf(const UIView* view, const std::string& name) {
+  for (const CGRect& frame : {frameOnScreen(view), shownFrameOnScreen(view)})
+    if (const auto middle = middleOnScreen(frame)) return *middle;
+  throw CommandError(name + " is outside the screen");
+}
+
+CGPoint middleOfBanner(const NCNotificationShortLookViewController* controller) {
   const UIView* banner = visibleBanner(controller);
-  if (banner == nullptr) throw CommandError("the controller's banner shows nothing");
-  const auto middle = middleOnScreen(frameOnScreen(banner));
-  if (!middle) throw CommandError("the controller's banner is outside the screen");
-  return *middle;
+  if (banner == nullptr) throw CommandError("the controller's banner shows nothing: another had to stay when it came");
+  return middleOf(banner, "the controller's banner");
 }
 
 std::string textsToChooseFrom() {
@@ -50,19 +55,18 @@ CGPoint middleOfLabel(const std::string& text) {
   const UIView* view = viewThatReads(text);
   if (view == nullptr)
     throw CommandError("nothing on the screen reads \"" + text + "\"; it reads " + textsToChooseFrom());
-  const auto middle = middleOnScreen(frameOnScreen(view));
-  if (!middle) throw CommandError("\"" + text + "\" is outside the screen");
-  return *middle;
+  return middleOf(view, "\"" + text + "\"");
 }
 
 Json tap(const Json& command) {
   if (command.size() != 2) throw CommandError(R"(tap takes exactly one of "at", "label" and "controller")");
+  if (isFingerHeld()) throw CommandError(R"(a finger is held; a drag without "end":"hold" lets it go)");
   if (command.contains("at")) {
     tapAt(onScreen(command["at"]));
   } else if (command.contains("label")) {
     tapAt(middleOfLabel(command["label"]));
   } else {
-    tapAt(middleOf(controllerOnScreen(command["controller"])));
+    tapAt(middleOfBanner(controllerOnScreen(command["controller"])));
   }
   return nullptr;
 }
@@ -71,13 +75,20 @@ CGPoint startOf(const Json& command) {
   if (command.contains("at") && command.contains("controller"))
     throw CommandError(R"(drag takes "at" or "controller", not both)");
   if (command.contains("at")) return onScreen(command["at"]);
-  return middleOf(command.contains("controller") ? controllerOnScreen(command["controller"])
-                                                 : newestControllerOnScreen());
+  return middleOfBanner(command.contains("controller") ? controllerOnScreen(command["controller"])
+                                                       : newestControllerOnScreen());
+}
+
+// A finger that is held goes on from where it is. A start is read all the same: it may be a mistake.
+CGPoint startWithHeldFinger(const Json& command) {
+  if (command.contains("at")) onScreen(command["at"]);
+  if (command.contains("controller")) bannerNumber(command["controller"]);
+  return {};
 }
 
 Json dragFinger(const Json& command) {
   const std::string end = command.value("end", "release");
-  const CGPoint start = isFingerHeld() ? CGPoint{} : startOf(command);
+  const CGPoint start = isFingerHeld() ? startWithHeldFinger(command) : startOf(command);
   drag(start, pointOf(command["by"]), command.value("steps", 10),
        end == "hold"     ? DragEnd::Hold
        : end == "cancel" ? DragEnd::Cancel

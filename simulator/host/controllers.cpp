@@ -1,5 +1,7 @@
 #include "simulator/host/controllers.hpp"
 
+#include "simulator/host/banner_state.hpp"
+
 namespace host {
 
 namespace {
@@ -34,7 +36,8 @@ objc::Ref<NCNotificationShortLookViewController> controllerOnScreen(const Json& 
 
 objc::Ref<NCNotificationShortLookViewController> newestControllerOnScreen() {
   for (std::size_t number = springboard::bannerCount(); number > 0; --number)
-    if (springboard::isBannerOnScreen(number)) return springboard::bannerController(number);
+    if (springboard::isBannerOnScreen(number) && visibleBanner(springboard::bannerController(number)) != nullptr)
+      return springboard::bannerController(number);
   throw CommandError("no banner is on screen; present one first");
 }
 

@@ -15,7 +15,8 @@ objc::Ref<NCNotificationShortLookViewController> controllerHeld(const Json& valu
 // The controller of a banner that is on screen. Throws CommandError.
 objc::Ref<NCNotificationShortLookViewController> controllerOnScreen(const Json& value);
 
-// The newest banner on screen. Throws CommandError where there is none.
+// The newest banner on screen that shows something: one that comes while another must stay is empty. Throws
+// CommandError where there is none.
 objc::Ref<NCNotificationShortLookViewController> newestControllerOnScreen();
 
 }  // namespace host

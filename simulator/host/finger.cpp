@@ -1,5 +1,7 @@
 #include "simulator/host/finger.hpp"
 
+#include <cmath>
+
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/touch.hpp"
@@ -10,10 +12,16 @@ namespace {
 
 CGPoint finger;
 
+// Two distances add up to exactly their sum wherever the finger went down.
+double onGrid(double coordinate) {
+  constexpr double gridLinesInAPoint = 1024;
+  return std::round(coordinate * gridLinesInAPoint) / gridLinesInAPoint;
+}
+
 void touch(UITouchPhase phase, CGPoint point) {
   const objc::AutoreleasePool pool;
-  finger = point;
-  uikit::deliverTouch(phase, point, foundation::now());
+  finger = {onGrid(point.x), onGrid(point.y)};
+  uikit::deliverTouch(phase, finger, foundation::now());
   foundation::drainMainQueue();
 }
 
@@ -35,6 +43,7 @@ void drag(CGPoint start, CGPoint distance, int steps, DragEnd end) {
     start = finger;
   } else {
     touch(UITouchPhase::Began, start);
+    start = finger;
   }
   for (int step = 1; step <= steps; ++step)
     touch(UITouchPhase::Moved, along(start, distance, static_cast<double>(step) / steps));

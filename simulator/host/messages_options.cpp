@@ -9,6 +9,7 @@ namespace {
 using Row = OptionRow<MessagesOptions>;
 
 Complaint receive(MessagesOptions& options, const std::string& value) {
+  if (options.task == MessagesTask::List) return "to stand without --list";
   if (value.empty() || value.back() == ';') return "an address such as +491701234567, or a chat's identifier";
   options.task = MessagesTask::Receive;
   options.chat = value;
@@ -27,6 +28,7 @@ const std::vector<Row>& table() {
        [](MessagesOptions& options, const std::string& value) { return setRoot(options.phone, value); }},
       {"--list", nullptr, "print the conversations and their messages",
        [](MessagesOptions& options, const std::string&) {
+         if (options.task == MessagesTask::Receive) return Complaint("to stand without --receive");
          options.task = MessagesTask::List;
          return Complaint();
        }},

@@ -102,7 +102,8 @@ Complaint setSystem(Options& options, const std::string& value) {
   static const std::regex pattern(R"((\d{1,2})(\.\d{1,2}){0,2})");
   if (!std::regex_match(value, pattern) || std::atoi(value.c_str()) < 11)
     return "a system version of 11.0 or later, such as 11.4, 12.4 or 13.5";
-  options.systemVersion = value;
+  // A phone never says "13".
+  options.systemVersion = value.find('.') == std::string::npos ? value + ".0" : value;
   return std::nullopt;
 }
 

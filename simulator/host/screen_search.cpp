@@ -47,6 +47,11 @@ CGRect frameOnScreen(const UIView* view) {
   return uikit::frameOnScreen(view);
 }
 
+CGRect shownFrameOnScreen(const UIView* view) {
+  uikit::layoutWindows();
+  return uikit::shownFrameOnScreen(view);
+}
+
 std::optional<CGPoint> middleOnScreen(const CGRect& rectangle) {
   const CGSize screen = uikit::environment().device.screen;
   const CGFloat left = std::max(rectangle.origin.x, 0.0);

@@ -12,6 +12,9 @@ namespace host {
 // In points of the screen, laid out as it will be when animations have ended.
 CGRect frameOnScreen(const UIView* view);
 
+// The same, as the screen shows it at this moment of its animations.
+CGRect shownFrameOnScreen(const UIView* view);
+
 // The middle of what the screen shows of the rectangle; nothing where it is outside.
 std::optional<CGPoint> middleOnScreen(const CGRect& rectangle);
 

@@ -61,6 +61,8 @@ Json Session::run(const Json& command) {
 Json Session::runLine(std::string_view line) {
   if (nestingOf(line) > deepestNesting)
     return failure("nested more than " + std::to_string(deepestNesting) + " levels deep");
+  // The parser would end there, and take the rest for nothing.
+  if (line.find('\0') != std::string_view::npos) return failure("not JSON: it has a byte of zero");
   try {
     return run(Json::parse(line));
   } catch (const Json::exception& error) {

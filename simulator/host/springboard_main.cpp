@@ -15,9 +15,9 @@ namespace {
 constexpr int scriptFailed = 1;
 constexpr int cannotStart = 2;
 
-int complain(const std::string& message) {
+int complain(const std::string& message, int status = cannotStart) {
   std::fprintf(stderr, "springboard: %s\n", message.c_str());
-  return cannotStart;
+  return status;
 }
 
 bool isSkipped(const std::string& line) {
@@ -33,6 +33,8 @@ int runScript(host::Session& session, std::istream& script) {
     const host::Json answer = session.runLine(line);
     if (!answer["ok"].get<bool>()) status = scriptFailed;
     std::cout << answer.dump(-1, ' ', false, host::Json::error_handler_t::replace) << std::endl;
+    if (!std::cout)
+      return complain("an answer could not be written; the rest of the script was left out", scriptFailed);
   }
   return status;
 }

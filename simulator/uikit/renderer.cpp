@@ -111,17 +111,6 @@ std::shared_ptr<drawing::Canvas> renderScreen(double scale) {
 
 namespace {
 
-CGRect shownFrameOnScreen(const UIView* view) {
-  CGRect frame = shownBounds(view);
-  for (; view != nullptr; view = record(view).superview) {
-    const CGPoint origin = record(view).layer.origin.shown();
-    const CGRect bounds = shownBounds(view);
-    frame.origin.x += origin.x - bounds.origin.x;
-    frame.origin.y += origin.y - bounds.origin.y;
-  }
-  return frame;
-}
-
 // The whole points around what of the rectangle is on the screen.
 CGRect visiblePoints(const CGRect& rect) {
   const CGSize screen = environment().device.screen;

@@ -136,6 +136,16 @@ CGRect convertRect(const CGRect& rect, const UIView* from, const UIView* to) {
 
 CGRect frameOnScreen(const UIView* view) { return convertRect(record(view).layer.bounds.model(), view, nullptr); }
 
+CGRect shownFrameOnScreen(const UIView* view) {
+  CGRect frame = record(view).layer.bounds.shown();
+  for (; view != nullptr; view = record(view).superview) {
+    const LayerRecord& layer = record(view).layer;
+    frame.origin.x += layer.origin.shown().x - layer.bounds.shown().origin.x;
+    frame.origin.y += layer.origin.shown().y - layer.bounds.shown().origin.y;
+  }
+  return frame;
+}
+
 bool contains(const CGRect& rect, CGPoint point) {
   return point.x >= rect.origin.x && point.x < rect.origin.x + rect.size.width && point.y >= rect.origin.y &&
          point.y < rect.origin.y + rect.size.height;

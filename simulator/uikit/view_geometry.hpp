@@ -14,6 +14,8 @@ void placeFrame(UIView* view, const CGRect& frame);
 CGPoint convertPoint(CGPoint point, const UIView* from, const UIView* to);
 CGRect convertRect(const CGRect& rect, const UIView* from, const UIView* to);
 CGRect frameOnScreen(const UIView* view);
+// The one exception: where it is seen at this moment of its animations.
+CGRect shownFrameOnScreen(const UIView* view);
 bool contains(const CGRect& rect, CGPoint point);
 
 enum AutoresizingFlag : NSUInteger {

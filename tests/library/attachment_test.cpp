@@ -39,6 +39,15 @@ std::vector<Json> postsNamed(const Json& events, const std::string& command) {
   return found;
 }
 
+TEST(Attachment, EmptiedBannerIsNotTheNewestForAFinger) {
+  Phone phone = phoneWith({});
+  const int staying = phone.present({{"dismissAutomatically", false}, {"message", "one\ntwo\nthree"}});
+  phone.wait(6);
+  phone.present();
+  phone.run({{"do", "drag"}, {"by", {0, -10}}, {"end", "hold"}});
+  EXPECT_EQ(phone.state(staying).at("offset"), -80);
+}
+
 TEST(Attachment, PlatformContentGivesWayToTheBanner) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});

@@ -112,6 +112,30 @@ TEST(Dismissal, ThatThePlatformAsksForWithTheOwnTransitionLeavesNothingBehind) {
   EXPECT_TRUE(phone.state(phone.present()).at("brim"));
 }
 
+TEST(Dismissal, ThatThePlatformAsksForAReplacedBannerLetsTheNewerOneStay) {
+  Phone phone;
+  const int older = phone.present();
+  phone.wait(0.1);
+  const int newer = presentPersistent(phone);
+  phone.wait(0.1);
+  phone.run({{"do", "dismiss"}, {"controller", older}, {"transition", 30}});
+  EXPECT_FALSE(phone.state(newer).at("dismissNotification"));
+  phone.wait(10);
+  EXPECT_TRUE(phone.state(newer).at("brim"));
+}
+
+TEST(Dismissal, SecondTapOnABannerThatLeavesFindsNothing) {
+  Phone phone;
+  const int controller = phone.present();
+  phone.wait(1);
+  phone.run({{"do", "tap"}, {"controller", controller}});
+  phone.log();
+  phone.run({{"do", "tap"}, {"controller", controller}});
+  EXPECT_TRUE(eventsOf(phone.log(), "action").empty());
+  phone.wait(1);
+  EXPECT_TRUE(phone.state(controller).at("dismissed"));
+}
+
 TEST(Dismissal, ReplacedBannerGoesWithoutTakingTheNewerOneWithIt) {
   Phone phone;
   const int older = phone.present({{"title", "One"}});

@@ -52,6 +52,19 @@ TEST(Drag, ReleasedAboveTheThresholdSpringsBackAndShowsAllLines) {
   EXPECT_EQ(phone.view(controller, "bodyLabel").at("lines"), 15);
 }
 
+TEST(Drag, ThatComesToTheThresholdInPiecesDismisses) {
+  Phone phone({.options = {}, .settings = {{"showButtons", true}}});
+  for (const int steps : {1, 2, 3, 5, 7, 10}) {
+    const int controller = phone.present({{"message", "a\nb"}});
+    phone.wait(1);
+    // Where 54.4 + 100 - 120 is not quite 54.4 - 20.
+    phone.run({{"do", "drag"}, {"at", {187, 54.4}}, {"by", {0, 100}}, {"steps", steps}, {"end", "hold"}});
+    phone.run({{"do", "drag"}, {"by", {0, -120}}, {"steps", 1}});
+    EXPECT_TRUE(phone.state(controller).at("isDismissing")) << steps;
+    phone.wait(2);
+  }
+}
+
 TEST(Drag, SpringsBackInThreeTwentiethsOfASecond) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   presentThreeLines(phone);

@@ -27,7 +27,7 @@ constexpr std::size_t bannersToAStringThatStays = 40;
 // What a command that came by chance may be refused for.
 constexpr const char* reasons[] = {"there is no controller", "no longer on screen",         "was dismissed and is gone",
                                    "no banner is on screen", "nothing on the screen reads", "is outside the screen",
-                                   "banner shows nothing",   "nothing has the keyboard"};
+                                   "banner shows nothing",   "nothing has the keyboard",    "a finger is held"};
 
 std::size_t number(const char* variable, std::size_t otherwise) {
   const char* text = getenv(variable);

@@ -129,6 +129,8 @@ INSTANTIATE_TEST_SUITE_P(Wrong, MessagesOptions,
                                          Wrong{{"--receive", "a", "b", "c"}, "unknown option c"},
                                          Wrong{{"hello"}, "unknown option hello"},
                                          Wrong{{"--from", "Anna"}, "goes with --receive"},
+                                         Wrong{{"--list", "--receive", "a", "b"}, "without --list"},
+                                         Wrong{{"--receive", "a", "b", "--list"}, "without --receive"},
                                          Wrong{{"--list=yes"}, "takes no value"},
                                          Wrong{{"--system", "10"}, "11.0 or later"}));
 

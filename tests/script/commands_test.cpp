@@ -72,6 +72,14 @@ TEST(Commands, AwaitIsMetByAnEventThatNoAwaitHasAnsweredFor) {
   EXPECT_FALSE(again.at("ok").get<bool>());
 }
 
+TEST(Commands, AwaitIsMetByEachOfTheEventsThatCameTogether) {
+  PlainPhone phone;
+  for (int count = 0; count < 2; ++count) host::recordEvent("message", Json::object());
+  for (int count = 0; count < 2; ++count) phone.run("await", {{"for", "message"}, {"seconds", 0}});
+  const Json third = phone.answer({{"do", "await"}, {"for", "message"}, {"seconds", 0}});
+  EXPECT_FALSE(third.at("ok").get<bool>());
+}
+
 TEST(Commands, AwaitForPhotosStartsAnewWithEachNotification) {
   PlainPhone phone;
   host::recordEvent("photo", Json::object());
@@ -195,6 +203,34 @@ TEST(Commands, ADragThatHoldsGoesOnWithTheSameFinger) {
   phone.wait(1);
   EXPECT_EQ(top(), atRest);
   EXPECT_FALSE(phone.isDismissed(controller));
+}
+
+TEST(Commands, ATapWaitsForTheHeldFingerToLetGo) {
+  PlainPhone phone;
+  const int controller = phone.present({{"dismissAutomatically", false}});
+  phone.wait(1);
+  phone.run("drag", {{"by", {0, -15}}, {"end", "hold"}});
+  const Json refused = phone.answer({{"do", "tap"}, {"at", {100, 600}}});
+  EXPECT_NE(refused.value("error", "").find("a finger is held"), std::string::npos);
+  phone.run("drag", {{"by", {0, 15}}, {"end", "cancel"}});
+  phone.run("tap", {{"at", {100, 600}}});
+  phone.wait(1);
+  EXPECT_FALSE(phone.isDismissed(controller));
+}
+
+TEST(Commands, AHeldFingersNextDragReadsItsStartAllTheSame) {
+  PlainPhone phone;
+  const int controller = phone.present({{"dismissAutomatically", false}});
+  phone.wait(1);
+  const Json hold = {{"do", "drag"}, {"by", {0, -1}}, {"end", "hold"}, {"controller", controller}};
+  phone.run(hold);
+  phone.run(hold);
+  Json wrong = hold;
+  wrong["controller"] = 77;
+  EXPECT_FALSE(phone.answer(wrong).at("ok").get<bool>());
+  wrong.erase("controller");
+  wrong["at"] = {5000, 5};
+  EXPECT_FALSE(phone.answer(wrong).at("ok").get<bool>());
 }
 
 TEST(Commands, TapFindsWhatItReads) {

@@ -56,6 +56,8 @@ TEST(Options, AreTaken) {
 
 TEST(Options, MayBeWrittenWithAnEqualsSign) { EXPECT_EQ(accepted({"--device=iphone-8"}).device, "iphone-8"); }
 
+TEST(Options, SystemVersionHasAPointAsAPhonesHas) { EXPECT_EQ(accepted({"--system", "13"}).systemVersion, "13.0"); }
+
 TEST(Options, LocaleMayBeWrittenWithAHyphen) { EXPECT_EQ(accepted({"--locale", "de-DE"}).locale, "de_DE"); }
 
 TEST(Options, HelpIsAskedForAnywhere) {

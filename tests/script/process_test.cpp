@@ -27,11 +27,15 @@ std::string contentsOf(const std::filesystem::path& path) {
 class Process : public testing::Test {
  protected:
   // The program with these arguments, in a root of its own.
-  Outcome run(const std::string& arguments, const std::string& script = "") {
+  Outcome run(const std::string& arguments, const std::string& script = "") { return runIn("root", arguments, script); }
+
+  // The root's name goes by the environment: the shell leaves it as it is.
+  Outcome runIn(const std::string& root, const std::string& arguments, const std::string& script) {
     std::ofstream(folder.path() / "script") << script;
+    setenv("ROOT", root.c_str(), 1);
     const std::string inFolder = "cd " + folder.path().string() + " && ";
     const int status =
-        std::system((inFolder + SPRINGBOARD + " --root root " + arguments + " <script >out 2>err").c_str());
+        std::system((inFolder + SPRINGBOARD + " --root \"$ROOT\" <script >out 2>err " + arguments).c_str());
     return {WEXITSTATUS(status), contentsOf(folder.path() / "out"), contentsOf(folder.path() / "err")};
   }
 
@@ -101,6 +105,52 @@ TEST_F(Process, KeepsWhatItsRootHolds) {
   EXPECT_EQ(outcome.status, 0) << outcome.errors;
   EXPECT_EQ(contentsOf(filter), "{ Filter = { Bundles = (); }; }");
   EXPECT_EQ(answers(outcome.output).front().at("rows"), Json::array());
+}
+
+TEST_F(Process, HasAnAssetBundleOfItsOwnWhoseEndpointsMayBeEdited) {
+  const auto bundle = folder.path() / "root/Library/Application Support/Brim/Assets.bundle";
+  std::filesystem::create_directories(bundle);
+  std::ofstream(bundle / "endpoints.plist") << "{}";
+  ASSERT_EQ(run("--without-brim --script -").status, 0);
+  EXPECT_EQ(contentsOf(bundle / "endpoints.plist"), "{}");
+  EXPECT_TRUE(std::filesystem::exists(bundle / "glyphs/black/slack.png"));
+  std::filesystem::remove(bundle / "endpoints.plist");
+  ASSERT_EQ(run("--without-brim --script -").status, 0);
+  EXPECT_NE(contentsOf(bundle / "endpoints.plist").find("slackAvatars"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::is_symlink(bundle / "endpoints.plist"));
+}
+
+TEST_F(Process, ALinkedAssetBundleGivesWayToOneOfItsOwn) {
+  const auto bundle = folder.path() / "root/Library/Application Support/Brim/Assets.bundle";
+  const auto elsewhere = folder.path() / "elsewhere";
+  std::filesystem::create_directories(bundle.parent_path());
+  std::filesystem::create_directories(elsewhere);
+  std::filesystem::create_directory_symlink(elsewhere, bundle);
+  ASSERT_EQ(run("--without-brim --script -").status, 0);
+  EXPECT_FALSE(std::filesystem::is_symlink(bundle));
+  EXPECT_TRUE(std::filesystem::exists(bundle / "endpoints.plist"));
+  EXPECT_TRUE(std::filesystem::is_empty(elsewhere));
+}
+
+TEST_F(Process, ItsRootMayHaveAnyName) {
+  for (const std::string name :
+       {"My Phone", "tab\there", "back\\slash", "a=b", "# one", "x \"y\" 'z'", "\u65e5\u672c \U0001F600", "end "}) {
+    const std::string script = R"({"do":"set","key":"timeToDismiss","value":7}
+{"do":"settings"}
+{"do":"present","section":"com.apple.MobileSMS","title":"Anna"})";
+    const Outcome outcome = runIn(name, "--script -", script);
+    EXPECT_EQ(outcome.status, 0) << name << ": " << outcome.errors;
+    EXPECT_EQ(answers(outcome.output).at(1).at("settings").at("timeToDismiss"), 7) << name;
+    EXPECT_TRUE(std::filesystem::is_directory(folder.path() / name / "var/mobile/Library/GNUstep/Defaults")) << name;
+  }
+}
+
+TEST_F(Process, AnswersThatCannotBeWrittenEndItWithOne) {
+  const Outcome outcome = run("--without-brim --script - >/dev/full", R"({"do":"log"}
+{"do":"screenshot","path":"picture.png"})");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.errors.find("could not be written"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "picture.png"));
 }
 
 TEST_F(Process, HelpSucceeds) {

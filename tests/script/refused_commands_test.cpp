@@ -98,6 +98,12 @@ TEST(RefusedCommands, SayWhatWouldBeRight) {
   EXPECT_EQ(phone.present(), 1);
 }
 
+TEST(RefusedCommands, AByteOfZeroIsNotTheEndOfALine) {
+  PlainPhone phone;
+  using namespace std::string_literals;
+  EXPECT_FALSE(phone.answerLine("{\"do\":\"log\"}\0 and more"s).at("ok").get<bool>());
+}
+
 TEST(RefusedCommands, NestingIsBounded) {
   PlainPhone phone;
   const std::string deep = std::string(100000, '[') + std::string(100000, ']');
