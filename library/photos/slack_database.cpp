@@ -53,10 +53,12 @@ bool hasWriteAheadLog(NSString* path) {
 }
 
 // How to open the file without making others beside it. Opened plainly, even for reading, a database with a log of its
-// changes gets a log and an index of it where there are none.
+// changes gets a log and an index of it where there are none. Without both it is read as it was before the log.
 NSString* openingParameters(NSString* path) {
   if (!hasWriteAheadLog(path)) return ""_ns;
-  return isRegularFile(path->stringByAppendingString("-wal"_ns)) ? "?readonly_shm=1"_ns : "?immutable=1"_ns;
+  const bool hasLog = isRegularFile(path->stringByAppendingString("-wal"_ns));
+  const bool hasIndex = isRegularFile(path->stringByAppendingString("-shm"_ns));
+  return hasLog && hasIndex ? "?readonly_shm=1"_ns : "?immutable=1"_ns;
 }
 
 NSString* addressOf(NSString* path) {

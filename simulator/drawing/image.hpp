@@ -66,7 +66,8 @@ std::shared_ptr<const Image> decodeImage(std::span<const std::byte> data, double
 std::shared_ptr<const Image> loadImage(const std::filesystem::path& path);
 
 // The variant of a picture that suits a screen best: for "folder/mail.png" and scale 3 it tries "folder/mail@3x.png",
-// then the other scales, denser ones first. Without an extension ".png" is assumed. Named by the path asked for.
+// then the other scales, denser ones first. Without an extension it tries ".png", then the name as it is. Named by the
+// path asked for.
 std::shared_ptr<const Image> loadImageNamed(const std::filesystem::path& path, double preferredScale);
 
 // Empty only when memory is short.

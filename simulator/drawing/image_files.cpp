@@ -115,7 +115,8 @@ std::shared_ptr<const Image> loadImageNamed(const std::filesystem::path& path, d
   for (const ScaledName& candidate : scaledNames) {
     if (auto image = load(candidate)) return image;
   }
-  return nullptr;
+  // The usual extension was tried; what a file holds does not depend on its name.
+  return path.has_extension() ? nullptr : loadImage(path);
 }
 
 std::optional<std::string> writePng(cairo_surface_t* surface, const std::filesystem::path& path) {

@@ -47,7 +47,17 @@ Observers& observers() {
   return all;
 }
 
+// Whether somebody speaks to the daemon, which may hand something on meanwhile.
+bool isSpeaking = false;
+
 void deliver(DistributedObserver* self, NSNotification* notification) {
+  // Whoever speaks to it does not expect to be told of anything before that is done.
+  if (isSpeaking) {
+    onMainThread([observer = objc::retain(self), later = objc::retain(notification)] {
+      objc::send<void, "deliver:">(observer.get(), later.get());
+    });
+    return;
+  }
   const DistributedObserverState& state = objc::state(self);
   const objc::Ref<NSObject> observer = state.observer.lock();
   if (observer == nullptr) return;
@@ -85,6 +95,13 @@ bool succeedsWithSomeDaemon(Center* center, const Work& work) {
   forgetDaemon(center);
   return succeeds(work);
 }
+
+struct Speaking {
+  Speaking() { isSpeaking = true; }
+  Speaking(const Speaking&) = delete;
+  Speaking& operator=(const Speaking&) = delete;
+  ~Speaking() { isSpeaking = false; }
+};
 
 using Add = objc::Original<void(Center*, NSObject*, SEL, NSString*, NSString*, NSUInteger)>;
 using Remove = objc::Original<void(Center*, NSObject*, NSString*, NSString*)>;
@@ -147,6 +164,7 @@ void removeObserver(Remove original, Center* self, NSObject* observer, NSString*
 void awaitAnswer(Center* center) { objc::send<void, "setSuspended:">(center, false); }
 
 void post(Post original, Center* self, NSString* name, NSString* object, NSDictionary* userInfo, bool immediately) {
+  const Speaking speaking;
   if (!succeedsWithSomeDaemon(self, [&] { original(self, name, object, userInfo, immediately); })) {
     std::fprintf(stderr, "the notification %s was not posted: there is no notification daemon, and none starts\n",
                  name->UTF8String());
@@ -183,6 +201,7 @@ void installDistributedNotifications() {
 
 bool joinDistributedNotifications() {
   if (daemonRuns(knownDaemon())) return true;
+  const Speaking speaking;
   const objc::AutoreleasePool pool;
   Center* center = Center::defaultCenter();
   const bool answered = succeedsWithSomeDaemon(center, [center] { awaitAnswer(center); });

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <string_view>
 
 #include "simulator/uikit/trait_collection.hpp"
@@ -15,13 +16,20 @@ Environment& current() {
   return held;
 }
 
+// Before 13.0 phones are light.
+bool hasDarkAppearance() { return std::atoi(current().systemVersion.c_str()) >= 13; }
+
 }  // namespace
 
 const Environment& environment() { return current(); }
 
-void setEnvironment(const Environment& chosen) { current() = chosen; }
+void setEnvironment(const Environment& chosen) {
+  current() = chosen;
+  if (!hasDarkAppearance()) current().style = UIUserInterfaceStyle::Light;
+}
 
 void switchAppearance(UIUserInterfaceStyle style) {
+  if (!hasDarkAppearance()) return;
   changeTraitsOfEverything([style] { current().style = style; });
 }
 

@@ -19,9 +19,9 @@ struct Environment {
 };
 
 const Environment& environment();
-// At start, before the first window.
+// At start, before the first window. A system below 13.0 is light whatever it is told.
 void setEnvironment(const Environment& environment);
-// Changes the system appearance and tells every view controller and view whose traits change by it.
+// Changes the system appearance and tells every view controller and view whose traits change by it; nothing below 13.0.
 void switchAppearance(UIUserInterfaceStyle style);
 // The direction that the language of such a locale (ar_EG) is written in.
 LayoutDirection directionOfLocale(const std::string& locale);

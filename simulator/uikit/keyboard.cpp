@@ -32,6 +32,7 @@ struct Look {
   UIUserInterfaceStyle style = UIUserInterfaceStyle::Light;
   UIReturnKeyType returnKey{};
   bool hasText = false;
+  bool takesReturnKey = true;
   friend bool operator==(const Look&, const Look&) = default;
 };
 
@@ -70,6 +71,8 @@ Look lookFor(UIResponder* typist) {
   Look look;
   look.plane = keyboard().plane;
   look.hasText = hasText(typist);
+  look.takesReturnKey = look.hasText || !answers<"enablesReturnKeyAutomatically">(typist) ||
+                        !objc::send<bool, "enablesReturnKeyAutomatically">(typist);
   look.shift = keyboard().chosenShift.value_or(look.hasText ? Shift::Off : Shift::On);
   if (const auto* view = objc::as<UIView>(typist)) look.style = styleOf(view);
   if (answers<"returnKeyType">(typist)) look.returnKey = objc::send<UIReturnKeyType, "returnKeyType">(typist);
@@ -89,7 +92,7 @@ void rebuildKeys(const Look& look) {
   const bool sends = look.returnKey == UIReturnKeyType::Send;
   const KeyboardFace face = {look.plane, look.shift, lettersOf(environment().locale), sends ? "send" : "return"};
   for (Key& key : keysOf(sizeOfKeyboard(), face)) {
-    const bool isProminent = key.role == KeyRole::Return && sends && look.hasText;
+    const bool isProminent = key.role == KeyRole::Return && sends && look.takesReturnKey;
     const auto view = makeKeyView({std::move(key), look.shift, look.style, isProminent});
     view->addTarget(keyboard().listener, objc::selector<"keyPressed:">(), UIControlEvents::TouchUpInside);
     window->addSubview(view);

@@ -2,6 +2,7 @@
 
 #include "simulator/uikit/classes.hpp"
 #include "simulator/uikit/control.hpp"
+#include "simulator/uikit/describe.hpp"
 #include "simulator/uikit/environment.hpp"
 #include "simulator/uikit/keyboard_icons.hpp"
 #include "simulator/uikit/styled_text.hpp"
@@ -98,6 +99,12 @@ CGRect contentArea(UIKBKeyView* self) {
 
 NSString* text(UIKBKeyView* self) { return NSString::stringWithUTF8String(objc::state(self).key.label.c_str()); }
 
+void describe(UIKBKeyView* self, void* description) {
+  objc::sendSuper<"UIKBKeyView", void, "_describe:">(self, description);
+  const std::string& label = objc::state(self).key.label;
+  if (!label.empty()) descriptionAt(description)["text"] = label;
+}
+
 }  // namespace
 
 objc::Ref<UIKBKeyView> makeKeyView(KeyViewState look) {
@@ -111,6 +118,7 @@ void defineKeyboardKey() {
       objc::method<"text", &text>(),
       objc::method<"_drawContentInCanvas:", &drawContent>(),
       objc::method<"_contentArea", &contentArea>(),
+      objc::method<"_describe:", &describe>(),
   };
   objc::defineClassWithState<UIKBKeyView>(methods);
 }

@@ -12,7 +12,7 @@ struct KeyViewState {
   uikit::Key key;
   uikit::Shift shift = uikit::Shift::Off;
   UIUserInterfaceStyle style = UIUserInterfaceStyle::Light;
-  // Of a return key that has something to send.
+  // Of a return key that would send.
   bool isProminent = false;
 };
 template <>

@@ -73,11 +73,14 @@ TEST(LoadImageNamed, SkipsADamagedVariant) {
   EXPECT_EQ(loadImageNamed(folder / "mail.png", 3)->scale(), 2);
 }
 
-TEST(LoadImageNamed, AddsTheUsualExtension) {
+TEST(LoadImageNamed, AddsTheUsualExtensionWhereTheNameHasNone) {
   const ScratchFolder folder;
   folder.write("mail@2x.png", picture(4));
   EXPECT_NE(loadImageNamed(folder / "mail", 2), nullptr);
   EXPECT_EQ(loadImageNamed(folder / "none", 2), nullptr);
+  folder.write("bare", picture(6));
+  ASSERT_NE(loadImageNamed(folder / "bare", 2), nullptr);
+  EXPECT_EQ(loadImageNamed(folder / "bare", 2)->pixelWidth(), 6);
   EXPECT_EQ(loadImageNamed("", 2), nullptr);
 }
 

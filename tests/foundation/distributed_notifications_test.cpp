@@ -97,6 +97,17 @@ TEST_F(DistributedNotifications, AnObserverThatEndedIsLeftOut) {
   EXPECT_EQ(heard(), (std::vector<std::string>{"both", "both", "one", "last"}));
 }
 
+TEST_F(DistributedNotifications, NobodyIsToldOfAnythingInTheMiddleOfAPost) {
+  constexpr std::size_t posts = 40;
+  for (std::size_t count = 0; count < posts; ++count) {
+    const std::size_t before = heard().size();
+    post("one");
+    EXPECT_EQ(heard().size(), before);
+  }
+  waitFor(posts);
+  EXPECT_EQ(heard().size(), posts);
+}
+
 TEST_F(DistributedNotifications, ARemovedObserverHearsNothing) {
   const auto removed = listen();
   center()->removeObserver(removed, name());

@@ -1,6 +1,7 @@
 // In which colours a banner comes, and how it follows the phone's appearance.
 #include <gtest/gtest.h>
 
+#include "platform/ui_device.hpp"
 #include "simulator/uikit/view_record.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
@@ -87,6 +88,20 @@ TEST(ColourFollowUp, FadesForFourFifthsOfASecond) {
   EXPECT_GT(red(), 0);
   phone.wait(0.001);
   EXPECT_EQ(red(), 0);
+}
+
+TEST(ColourFollowUp, SystemsBelowThirteenAreLight) {
+  host::Options options;
+  options.systemVersion = "12.4";
+  options.appearance = host::StartAppearance::Dark;
+  Phone phone = phoneWith({}, options);
+  phone.present({{"title", "T"}});
+  phone.wait(1);
+  const std::string light = phone.picture();
+  phone.run({{"do", "appearance"}, {"style", "dark"}});
+  phone.wait(1);
+  EXPECT_EQ(phone.picture(), light);
+  EXPECT_EQ(UIScreen::mainScreen()->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Light);
 }
 
 TEST(ColourFollowUp, LeavesAFixedModeAlone) {

@@ -135,6 +135,23 @@ TEST_P(SlackJournal, ApplicationThatWasKilledLeavesItsFilesAsTheyAre) {
   EXPECT_EQ(phone.files(), before);
 }
 
+TEST(SlackPhoto, LogWithoutItsIndexIsLeftAsideAndTheDatabaseReadAsItWasBefore) {
+  SlackPhone phone;
+  phone.makeDatabase("WAL");
+  {
+    const SlackProcess application([&](const auto& waitForTheEnd) {
+      auto* const connection = new SlackConnection(phone.database);
+      connection->addUser("Newcomer", "New");
+      waitForTheEnd();
+    });
+  }
+  ASSERT_TRUE(fs::remove(phone.database.string() + "-shm"));
+  const auto before = phone.files();
+  ASSERT_EQ(before.size(), 2U);
+  EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{target("Alice")});
+  EXPECT_EQ(phone.files(), before);
+}
+
 INSTANTIATE_TEST_SUITE_P(Ways, SlackJournal, testing::Values("DELETE", "WAL"));
 
 TEST(SlackPhoto, LockedDatabaseIsNotWaitedFor) {

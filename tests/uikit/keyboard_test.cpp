@@ -4,6 +4,7 @@
 
 #include "platform/ui_text_field.hpp"
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/uikit/describe.hpp"
 #include "simulator/uikit/keyboard_key.hpp"
 #include "simulator/uikit/view_record.hpp"
 #include "simulator/uikit/window.hpp"
@@ -120,6 +121,34 @@ TEST_F(Keyboard, ShiftHoldsForOneLetter) {
   press("B");
   press("c");
   EXPECT_EQ(shown(), "aBc");
+}
+
+TEST_F(Keyboard, SendKeyIsPaleOnlyWhileItHasNothingToSendAndTheFieldMinds) {
+  const auto isProminent = [] {
+    for (const auto& view : uikit::record(keyboard()).subviews) {
+      const KeyViewState& key = objc::state(static_cast<UIKBKeyView*>(view.get()));
+      if (key.key.role == KeyRole::Return) return key.isProminent;
+    }
+    return false;
+  };
+  field->setReturnKeyType(UIReturnKeyType::Send);
+  edit();
+  EXPECT_TRUE(isProminent());
+  objc::send<void, "setEnablesReturnKeyAutomatically:">(field.get(), true);
+  foundation::drainMainQueue();
+  press("H");
+  EXPECT_TRUE(isProminent());
+  press(KeyRole::Backspace);
+  EXPECT_FALSE(isProminent());
+}
+
+TEST_F(Keyboard, KeysCanBeReadInTheTree) {
+  edit();
+  std::set<std::string> texts;
+  const auto tree = uikit::describeTree(keyboard());
+  for (const auto& node : tree.at("children")) texts.insert(node.value("text", ""));
+  EXPECT_TRUE(texts.contains("Q"));
+  EXPECT_TRUE(texts.contains("return"));
 }
 
 TEST_F(Keyboard, BackspaceErases) {
