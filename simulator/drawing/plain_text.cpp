@@ -51,19 +51,22 @@ void append(std::string& text, gunichar value) {
   text.append(bytes, static_cast<std::size_t>(g_unichar_to_utf8(value, bytes)));
 }
 
-// Collects the characters of all runs, up to a number of them.
+// Collects the characters of all runs, up to a limit.
 class Collector {
  public:
-  explicit Collector(std::size_t limit) : left_(limit) {}
+  explicit Collector(TextLimit limit) : left_(limit) {}
 
   void appendRun(const std::string& run) {
-    for (std::size_t position = 0; position < run.size() && left_ > 0;) {
+    for (std::size_t position = 0; position < run.size() && left_.characters > 0;) {
       const Character character = characterAt(run, position);
       position += character.length;
       const gunichar value = normalized(character.value, position < run.size() && run[position] == '\n');
       // What is left out counts as well: a text of nothing else must come to an end.
-      --left_;
-      if (value != leaveOut) appendCharacter(value);
+      --left_.characters;
+      if (value == '\n')
+        appendLineFeed();
+      else if (value != leaveOut)
+        appendCharacter(value);
     }
   }
 
@@ -71,6 +74,11 @@ class Collector {
   std::string take() { return std::move(text_); }
 
  private:
+  void appendLineFeed() {
+    appendCharacter(left_.lineFeeds > 0 ? '\n' : ' ');
+    if (left_.lineFeeds > 0) --left_.lineFeeds;
+  }
+
   // The time to break a word into lines grows with the square of its length, so that one beyond all measure gets places
   // to break at. They have no width.
   void appendCharacter(gunichar value) {
@@ -85,7 +93,7 @@ class Collector {
   }
 
   std::string text_;
-  std::size_t left_;
+  TextLimit left_;
   std::size_t wordLength_ = 0;
 };
 
@@ -98,19 +106,22 @@ void removeFinalLineFeed(PlainText& text) {
 
 }  // namespace
 
-std::size_t characterLimit(const Paragraph& paragraph, double width, int lines) {
+TextLimit textLimit(const Paragraph& paragraph, double width, int lines) {
+  if (lines <= 0) return {mostCharacters};
+  // Each ends at least one line.
+  const auto lineFeeds = static_cast<std::size_t>(lines);
   double smallest = std::numeric_limits<double>::infinity();
   for (const Run& run : paragraph.runs) {
     if (const double size = effectiveSize(run.font); size > 0) smallest = std::min(smallest, size);
   }
-  if (lines <= 0 || !std::isfinite(width) || !std::isfinite(smallest)) return mostCharacters;
+  if (!std::isfinite(width) || !std::isfinite(smallest)) return {mostCharacters, lineFeeds};
   // The line after the last tells that there is more.
   const double enough = (lines + 1.0) * (charactersPerSize * width / smallest + extraCharactersPerLine);
-  return static_cast<std::size_t>(std::min(enough, static_cast<double>(mostCharacters)));
+  return {static_cast<std::size_t>(std::min(enough, static_cast<double>(mostCharacters))), lineFeeds};
 }
 
-PlainText plainText(const Paragraph& paragraph, std::size_t characterLimit) {
-  Collector collector(characterLimit);
+PlainText plainText(const Paragraph& paragraph, TextLimit limit) {
+  Collector collector(limit);
   PlainText result;
   for (std::size_t index = 0; index < paragraph.runs.size(); ++index) {
     const Run& run = paragraph.runs[index];

@@ -121,7 +121,7 @@ struct TextLayout::State {
   std::optional<std::pair<double, Measure>> lastMeasure;
 
   PlainText plainTextFor(double width, int lines) const {
-    return plainText(paragraph, characterLimit(paragraph, width, lines));
+    return plainText(paragraph, textLimit(paragraph, width, lines));
   }
 
   const BrokenText& linesFor(double width, int lines) {

@@ -6,7 +6,7 @@
 namespace drawing {
 namespace {
 
-constexpr std::size_t plenty = 1000;
+constexpr TextLimit plenty{1000};
 const std::string replacement = "\uFFFD";
 
 Paragraph paragraphOf(const std::string& text) {
@@ -64,8 +64,8 @@ TEST(PlainText, SpansAreTheRuns) {
 TEST(PlainText, StopsAtTheLimitOverAllRuns) {
   Paragraph paragraph;
   paragraph.runs = {{"äbc", {}, {}}, {"def", {}, {}}, {"ghi", {}, {}}};
-  EXPECT_EQ(plainText(paragraph, 5).text, "äbcde");
-  EXPECT_EQ(plainText(paragraphOf(std::string(5000, '\x01')), 10).text, "");
+  EXPECT_EQ(plainText(paragraph, {5}).text, "äbcde");
+  EXPECT_EQ(plainText(paragraphOf(std::string(5000, '\x01')), {10}).text, "");
 }
 
 TEST(PlainText, GivesEndlessWordsPlacesToBreak) {
@@ -75,15 +75,34 @@ TEST(PlainText, GivesEndlessWordsPlacesToBreak) {
   EXPECT_EQ(plain(word + word + "m"), word + "\u200B" + word + "\u200Bm");
 }
 
-TEST(CharacterLimit, GrowsWithLinesAndWidth) {
+TEST(PlainText, LineFeedsBeyondTheLimitAreBlanks) {
+  const TextLimit two{1000, 2};
+  EXPECT_EQ(plainText(paragraphOf("a\nb"), two).text, "a\nb");
+  EXPECT_EQ(plainText(paragraphOf("a\nb\nc\n\nd"), two).text, "a\nb\nc  d");
+  EXPECT_EQ(plainText(paragraphOf("a\r\nb\r\nc\r\nd"), two).text, "a\nb\nc d");
+  EXPECT_EQ(plainText(paragraphOf("a\nb\n"), two).text, "a\nb");
+  Paragraph runs;
+  runs.runs = {{"a\nb", {}, {}}, {"\nc\n", {}, {}}, {"d", {}, {}}};
+  EXPECT_EQ(plainText(runs, two).text, "a\nb\nc d");
+}
+
+TEST(TextLimit, GrowsWithLinesAndWidth) {
   const Paragraph paragraph = paragraphOf("a");
+  const auto characters = [&](double width, int lines) { return textLimit(paragraph, width, lines).characters; };
   const double infinite = std::numeric_limits<double>::infinity();
-  EXPECT_LT(characterLimit(paragraph, 300, 1), 1000U);
-  EXPECT_LT(characterLimit(paragraph, 300, 1), characterLimit(paragraph, 300, 2));
-  EXPECT_LT(characterLimit(paragraph, 100, 1), characterLimit(paragraph, 300, 1));
-  EXPECT_EQ(characterLimit(paragraph, infinite, 1), 20'000U);
-  EXPECT_EQ(characterLimit(paragraph, 300, 0), 20'000U);
-  EXPECT_EQ(characterLimit(paragraph, 1e12, 1000), 20'000U);
+  EXPECT_LT(characters(300, 1), 1000U);
+  EXPECT_LT(characters(300, 1), characters(300, 2));
+  EXPECT_LT(characters(100, 1), characters(300, 1));
+  EXPECT_EQ(characters(infinite, 1), 20'000U);
+  EXPECT_EQ(characters(300, 0), 20'000U);
+  EXPECT_EQ(characters(1e12, 1000), 20'000U);
+}
+
+TEST(TextLimit, IsALineFeedALine) {
+  const Paragraph paragraph = paragraphOf("a");
+  EXPECT_EQ(textLimit(paragraph, 300, 1).lineFeeds, 1U);
+  EXPECT_EQ(textLimit(paragraph, std::numeric_limits<double>::infinity(), 15).lineFeeds, 15U);
+  EXPECT_GT(textLimit(paragraph, 300, 0).lineFeeds, 20'000U);
 }
 
 }  // namespace

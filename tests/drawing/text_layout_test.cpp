@@ -1,5 +1,6 @@
 #include "simulator/drawing/text_layout.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -142,6 +143,16 @@ TEST(Lines, AreAtMostTheAllowed) {
   EXPECT_EQ(layoutOf("short", 13, 2).lineCount(100), 1);
   EXPECT_EQ(layoutOf(repeated("a\n", 20), 13, 15).lineCount(100), 15);
   EXPECT_GT(layoutOf(sentence, 13, -1).lineCount(100), 2);
+}
+
+TEST(Lines, AreThoseOfTheTextHoweverManyLineFeedsFollow) {
+  for (const char* end : {"", "\n", "\n\n", "\n\n\n", "\nb", "\n\nb", "\n\n\nb\n"}) {
+    const std::string text = std::string("one two") + end;
+    const TextLayout unlimited = layoutOf(text);
+    const TextLayout limited = layoutOf(text, 13, 2);
+    for (const double width : {0.0, 300.0, 30.0})
+      EXPECT_EQ(limited.lineCount(width), std::min(unlimited.lineCount(width), 2)) << text << width;
+  }
 }
 
 TEST(Lines, AFinalLineFeedAddsNone) {

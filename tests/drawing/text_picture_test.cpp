@@ -152,9 +152,20 @@ TEST(DrawText, TheLastLineEndsInAnEllipsis) {
 TEST(DrawText, AnEllipsisTellsOfFurtherParagraphs) {
   EXPECT_TRUE(samePicture(drawn(paragraphOf("First\nSecond", 1)), drawn(paragraphOf("First…", 1))));
   EXPECT_TRUE(samePicture(drawn(paragraphOf("\nSecond", 1)), drawn(paragraphOf("…", 1))));
+  EXPECT_TRUE(samePicture(drawn(paragraphOf("First\n\n\nLast", 1)), drawn(paragraphOf("First…", 1))));
+  EXPECT_TRUE(samePicture(drawn(paragraphOf("First\n\n", 1)), drawn(paragraphOf("First…", 1))));
+  EXPECT_TRUE(samePicture(drawn(paragraphOf("First\n\n\n\nLast", 2)), drawn(paragraphOf("First\n…", 2))));
+  EXPECT_TRUE(samePicture(drawn(paragraphOf("First\n", 1)), drawn(paragraphOf("First", 1))));
   Paragraph cut = paragraphOf("First\nSecond", 1);
   cut.lineBreak = LineBreak::WordWrap;
   EXPECT_TRUE(samePicture(drawn(cut), drawn(paragraphOf("First", 1))));
+}
+
+// So that a text which is shown with more lines later keeps what it has shown.
+TEST(DrawText, HiddenParagraphsTellTheDirectionOfNeutralOnes) {
+  const Canvas first = drawn(paragraphOf("1. ->\nمرحبا", 1));
+  EXPECT_TRUE(samePicture(drawn(paragraphOf("1. ->\n...\n...\nمرحبا", 1)), first));
+  EXPECT_FALSE(samePicture(drawn(paragraphOf("1. ->\n...\n...\nword", 1)), first));
 }
 
 TEST(DrawText, ALowRectangleShowsFewerLines) {
