@@ -24,7 +24,7 @@ struct Material {
 constexpr Material extraLight{20, 0.97F, 0.82F};
 constexpr Material light{30, 1.00F, 0.30F};
 constexpr Material dark{20, 0.11F, 0.73F};
-constexpr Material regularInLight{25, 0.97F, 0.36F};
+constexpr Material regularInLight{25, 0.97F, 0.50F};
 constexpr Material regularInDark{25, 0.14F, 0.70F};
 
 const Material& material(BlurStyle style, Appearance appearance) {
