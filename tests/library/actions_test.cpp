@@ -72,6 +72,17 @@ TEST(ReplyAction, OfSeveralGroupsIsTheFirstInTheDictionarysOrder) {
   EXPECT_EQ(held->getReplyAction(), first->objectAtIndex(0));
 }
 
+// It takes no touches, so the banner has them.
+TEST(OpenButton, LetsATapThroughToTheBannerWhichOpensItsApplication) {
+  Phone phone({.options = {}, .settings = {{"showButtons", true}}});
+  const int controller = presentAtRest(phone, {{"section", "org.example.chat"}});
+  phone.run({{"do", "drag"}, {"by", {0, 100}}});
+  phone.wait(1);
+  phone.run({{"do", "tap"}, {"label", "Open"}});
+  EXPECT_EQ(eventsOf(phone.log(), "launch").size(), 1U);
+  EXPECT_TRUE(phone.state(controller).at("isDismissing"));
+}
+
 TEST(ReplyAction, IsNotNeededByMessages) {
   Phone phone;
   const int controller = presentAtRest(phone);

@@ -6,8 +6,6 @@
 
 namespace test {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 constexpr const char* assetBundle = "Library/Application Support/Brim/Assets.bundle";
