@@ -51,7 +51,7 @@ CGRect standardized(CGRect rect) {
 void autoresizeSubviews(UIView* view, CGSize before);
 
 void resized(UIView* view, CGSize before) {
-  record(view).needsLayout = true;
+  needLayout(view);
   if (record(view).engine != nullptr) constraintsChanged(view);
   autoresizeSubviews(view, before);
 }

@@ -77,7 +77,7 @@ void attach(UIView* parent, UIView* child, std::size_t index) {
                   objc::retain(child));
   record(child).superview = parent;
   record(child).engine.reset();
-  record(parent).needsLayout = true;
+  needLayout(parent);
   constraintsChanged(parent);
   noteDisplayChange();
 }

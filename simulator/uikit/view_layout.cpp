@@ -22,6 +22,13 @@ void constraintsChanged(const UIView* view) {
   noteDisplayChange();
 }
 
+// Above a view whose tree needs layout there are only such.
+void needLayout(UIView* view) {
+  record(view).needsLayout = true;
+  for (const UIView* each = view; each != nullptr && !record(each).treeNeedsLayout; each = record(each).superview)
+    record(each).treeNeedsLayout = true;
+}
+
 namespace {
 
 // A view that asks for another layout in each of its layouts would go on forever.
@@ -61,7 +68,7 @@ void updateConstraints(UIView* root) {
   collectStaleEngines(root, stale);
   for (LayoutEngine* engine : stale) {
     engine->update();
-    for (const UIView* view : engine->misplacedViews()) record(record(view).superview).needsLayout = true;
+    for (const UIView* view : engine->misplacedViews()) needLayout(record(view).superview);
   }
 }
 
@@ -71,8 +78,11 @@ const LayoutEngine* engineOfSubviews(const UIView* view) {
   return view == nullptr ? nullptr : record(view).engine.get();
 }
 
+bool treeNeedsLayout(const objc::Ref<UIView>& view) { return record(view.get()).treeNeedsLayout; }
+
 LayoutWork layoutTree(UIView* view) {
   ViewRecord& state = record(view);
+  if (!state.treeNeedsLayout) return LayoutWork::None;
   LayoutWork work = LayoutWork::None;
   if (state.needsLayout) {
     state.needsLayout = false;
@@ -84,6 +94,7 @@ LayoutWork layoutTree(UIView* view) {
   const std::vector<objc::Ref<UIView>> subviews = state.subviews;
   for (const objc::Ref<UIView>& subview : subviews)
     if (layoutTree(subview.get()) == LayoutWork::Done) work = LayoutWork::Done;
+  state.treeNeedsLayout = state.needsLayout || std::ranges::any_of(state.subviews, treeNeedsLayout);
   return work;
 }
 
@@ -99,7 +110,8 @@ void layoutIfNeeded(UIView* view) {
   const objc::Ref<UIView> kept = objc::retain(view);
   for (int pass = 0; pass < maximumLayoutPasses; ++pass) {
     updateConstraints(rootOf(view));
-    if (layoutTree(startOfLayout(view)) == LayoutWork::None && !record(rootOf(view)).constraintsChanged) return;
+    const objc::Ref<UIView> start = objc::retain(startOfLayout(view));
+    if (layoutTree(start.get()) == LayoutWork::None && !record(rootOf(view)).constraintsChanged) return;
   }
 }
 
@@ -118,7 +130,7 @@ void layoutSubviews(UIView* self) {
 }
 
 void setNeedsLayoutOf(UIView* self) {
-  record(self).needsLayout = true;
+  needLayout(self);
   noteDisplayChange();
 }
 

@@ -50,6 +50,7 @@ class ViewRecord {
   // Layout.
   bool translatesAutoresizingMask = true;
   bool needsLayout = true;
+  bool treeNeedsLayout = true;                             // false where neither the view nor anything inside needs it
   bool hasContentMode = false;                             // it was chosen
   std::vector<objc::Ref<NSLayoutConstraint>> constraints;  // those whose nearest common ancestor this view is
   IntrinsicSize intrinsicSize;

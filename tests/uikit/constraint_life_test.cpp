@@ -13,6 +13,13 @@ std::string standardErrorOf(const std::function<void()>& work) {
   return testing::internal::GetCapturedStderr();
 }
 
+// Has its superview laid out in its own layout.
+class ImpatientView : public objc::Interface<"ImpatientView", UIView> {};
+void layoutAround(ImpatientView* self) {
+  self->superview()->layoutIfNeeded();
+  Stage::write("impatient is done");
+}
+
 }  // namespace
 
 TEST_F(Constraints, ConflictIsNamedOnceAndTheRestHolds) {
@@ -96,6 +103,58 @@ TEST_F(Constraints, LayoutReachesSubviewsOnceAndOnlyWhereNeeded) {
   EXPECT_EQ(takeJournal(), Journal{"inner layoutSubviews"});
   inner->setFrame({{}, {7, 7}});
   inner->layoutIfNeeded();
+  EXPECT_EQ(takeJournal(), Journal{"inner layoutSubviews"});
+}
+
+TEST_F(Constraints, LayoutFindsWhatNeedsItDeepInside) {
+  const auto outer = ProbeView::named("outer");
+  const auto middle = ProbeView::named("middle");
+  const auto inner = ProbeView::named("inner");
+  middle->addSubview(inner);
+  outer->addSubview(middle);
+  root->addSubview(outer);
+  root->layoutIfNeeded();
+  takeJournal();
+  objc::send<void, "setNeedsLayout">(inner.get());
+  middle->layoutIfNeeded();
+  EXPECT_EQ(takeJournal(), Journal{"inner layoutSubviews"});
+  objc::send<void, "setNeedsLayout">(inner.get());
+  root->layoutIfNeeded();
+  EXPECT_EQ(takeJournal(), Journal{"inner layoutSubviews"});
+}
+
+TEST_F(Constraints, LayoutInsideALayoutReachesTheSiblings) {
+  static constexpr objc::MethodEntry methods[] = {objc::method<"layoutSubviews", &layoutAround>()};
+  objc::defineClass<ImpatientView>(methods);
+  const auto impatient = objc::make<ImpatientView>();
+  const auto inner = ProbeView::named("inner");
+  impatient->addSubview(inner);
+  const auto sibling = ProbeView::named("sibling");
+  root->addSubview(impatient);
+  root->addSubview(sibling);
+  takeJournal();
+  root->layoutIfNeeded();
+  EXPECT_EQ(takeJournal(), (Journal{"inner layoutSubviews", "sibling layoutSubviews", "impatient is done"}));
+  impatient->layoutIfNeeded();
+  objc::send<void, "setNeedsLayout">(inner.get());
+  root->layoutIfNeeded();
+  EXPECT_EQ(takeJournal(), Journal{"inner layoutSubviews"});
+}
+
+TEST_F(Constraints, LayoutFindsWhatNeededItBeforeItWasMoved) {
+  const auto middle = ProbeView::named("middle");
+  const auto inner = ProbeView::named("inner");
+  middle->addSubview(inner);
+  root->addSubview(middle);
+  root->layoutIfNeeded();
+  middle->removeFromSuperview();
+  objc::send<void, "setNeedsLayout">(inner.get());
+  const auto other = addView(root, {{}, {50, 50}});
+  root->layoutIfNeeded();
+  takeJournal();
+  other->addSubview(middle);
+  takeJournal();
+  root->layoutIfNeeded();
   EXPECT_EQ(takeJournal(), Journal{"inner layoutSubviews"});
 }
 
