@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
-#include <iterator>
 #include <system_error>
 
+#include "simulator/foundation/regular_file.hpp"
 #include "simulator/foundation/root.hpp"
 
 namespace host {
@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* assetBundlePath = "Library/Application Support/Brim/Assets.bundle";
 constexpr const char* endpointsFile = "endpoints.plist";
+constexpr std::size_t largestEndpoints = 1 << 20;
 constexpr const char* libraryFolder = "Library/MobileSubstrate/DynamicLibraries";
 constexpr const char* folders[] = {
     "Library/Application Support/Brim",      libraryFolder,
@@ -52,11 +53,6 @@ void linkTo(const fs::path& target, const fs::path& link) {
   putInPlace(link, [&target](const fs::path& unfinished) { fs::create_symlink(target, unfinished); });
 }
 
-std::string contentsOf(const fs::path& path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 void writeWhereMissing(const fs::path& path, const std::string& text) {
   if (fs::exists(path)) return;
   putInPlace(path, [&](const fs::path& unfinished) {
@@ -74,7 +70,9 @@ void prepareAssetBundle(const fs::path& built, const fs::path& bundle) {
     if (entry.path().filename() != endpointsFile) linkTo(entry.path(), bundle / entry.path().filename());
   // Only the demonstration's are a link.
   if (fs::is_symlink(bundle / endpointsFile)) fs::remove(bundle / endpointsFile);
-  writeWhereMissing(bundle / endpointsFile, contentsOf(built / endpointsFile));
+  if (fs::exists(bundle / endpointsFile)) return;
+  putInPlace(bundle / endpointsFile,
+             [&](const fs::path& unfinished) { fs::copy_file(built / endpointsFile, unfinished); });
 }
 
 }  // namespace
@@ -109,6 +107,7 @@ std::optional<std::string> prepareRoot(const fs::path& root) try {
 
 void linkEndpoints(const fs::path& endpoints) {
   const fs::path present = foundation::root() / assetBundlePath / endpointsFile;
+  const auto contentsOf = [](const fs::path& file) { return foundation::readRegularFile(file, largestEndpoints); };
   if (contentsOf(present) == contentsOf(installation().assetBundle / endpointsFile)) fs::remove(present);
   linkTo(endpoints, present);
 }
