@@ -41,13 +41,13 @@ void end(int) {
   foundation::wakeMainThread();
 }
 
-// The home screen that launches it has prepared the root, in its own way.
+// The home screen that launches it has prepared the root, in its own way. It may have ended since, and its root be
+// gone.
 void enterRoot(const MessagesOptions& options) {
-  if (options.launch == Launch::ByHand) {
-    useRoot(options.phone.root);
-  } else if (const auto failure = foundation::useRoot(options.phone.root, options.database)) {
-    throw StartError(*failure);
-  }
+  if (options.launch == Launch::ByHand) return useRoot(options.phone.root);
+  const fs::path& root = options.phone.root;
+  if (!fs::is_directory(root)) throw StartError(root.string() + " is gone; --suspended wants a home screen's root");
+  if (const auto failure = foundation::useRoot(root, options.database)) throw StartError(*failure);
 }
 
 Descriptor lockRoot() try {

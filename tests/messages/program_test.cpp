@@ -43,6 +43,12 @@ TEST_F(MessagesProgram, ListsNothingWhereNothingIs) {
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));
 }
 
+TEST_F(MessagesProgram, LaunchedForAHomeScreenWhoseRootIsGoneMakesNone) {
+  EXPECT_EQ(run("--suspended </dev/null").status, 2);
+  EXPECT_TRUE(errors.contain("is gone")) << errors.text();
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));
+}
+
 TEST_F(MessagesProgram, StoresAMessageThatArrivesAndListsIt) {
   EXPECT_EQ(run("--receive +491701234567 'Lunch?' --from 'Anna Weber'").status, 0);
   EXPECT_TRUE(errors.contain("no home screen runs")) << errors.text();

@@ -3,9 +3,11 @@
 
 #include <stdlib.h>
 
+#include <chrono>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 namespace test {
 
@@ -18,9 +20,15 @@ class TemporaryFolder {
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  // A process of the test may be about to end, and still write or remove something itself.
   ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
+    constexpr int mostTries = 200;
+    std::error_code error;
+    for (int tries = 0; tries < mostTries; ++tries) {
+      std::filesystem::remove_all(folder, error);
+      if (!error) return;
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
   }
 
   const std::filesystem::path& path() const { return folder; }
