@@ -79,16 +79,8 @@ void clearIfUnused(const Place& place) {
 
 void leaveOwnPlace() { clearIfUnused(ownPlace()); }
 
-// Anybody may make a folder of such a name, or a link.
-bool isOwnFolder(const fs::path& folder) {
-  struct stat made = {};
-  return lstat(folder.c_str(), &made) == 0 && S_ISDIR(made.st_mode) && made.st_uid == getuid();
-}
-
-// A daemon that was still starting when its place was cleared has made a part of it again.
 void clearIfUnused(const fs::path& folder) {
-  if (!isOwnFolder(folder)) return;
-  const Place place = {folder, open((folder / lockFile).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR)};
+  const Place place = {folder, open((folder / lockFile).c_str(), O_RDWR | O_CLOEXEC)};
   if (place.lock < 0) return;
   clearIfUnused(place);
   close(place.lock);
@@ -102,9 +94,11 @@ void clearUnusedPlaces() {
     if (entry->path().filename().native().starts_with(prefix)) clearIfUnused(entry->path());
 }
 
+// Anybody may make a folder of that name, or a link; only one's own will do.
 void makePrivateFolder(const fs::path& folder) {
+  struct stat made = {};
   mkdir(folder.c_str(), S_IRWXU);
-  if (!isOwnFolder(folder))
+  if (lstat(folder.c_str(), &made) != 0 || !S_ISDIR(made.st_mode) || made.st_uid != getuid())
     throw fs::filesystem_error("not a folder of this user", folder, std::make_error_code(std::errc::permission_denied));
   fs::permissions(folder, fs::perms::owner_all);
 }

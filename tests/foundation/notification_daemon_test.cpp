@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <sys/types.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -85,24 +84,6 @@ TEST_F(NotificationDaemon, OfAKilledProcessEndsWhenAnotherRootIsUsed) {
   waitUntilGone(left);
   EXPECT_FALSE(isRunning(left.process));
   EXPECT_FALSE(fs::exists(left.place));
-}
-
-// As a daemon makes a place again that was cleared while it started.
-TEST_F(NotificationDaemon, PlaceWithoutALockIsClearedWhenAnotherRootIsUsed) {
-  const fs::path left = "/tmp/brim-" + std::to_string(getuid()) + "-left" + std::to_string(getpid());
-  fs::create_directories(left / "NSMessagePort/names");
-  runProcessOfRoot(testRoot() / "e", Ending::Exit);
-  EXPECT_FALSE(fs::exists(left));
-}
-
-TEST_F(NotificationDaemon, LinkInThePlaceOfAFolderIsLeftAlone) {
-  const fs::path link = "/tmp/brim-" + std::to_string(getuid()) + "-link" + std::to_string(getpid());
-  fs::create_directories(testRoot() / "elsewhere");
-  fs::create_directory_symlink(testRoot() / "elsewhere", link);
-  runProcessOfRoot(testRoot() / "f", Ending::Exit);
-  EXPECT_TRUE(fs::is_symlink(link));
-  EXPECT_TRUE(fs::is_empty(testRoot() / "elsewhere"));
-  fs::remove(link);
 }
 
 TEST_F(NotificationDaemon, WorksForRootsWithLongPaths) {
