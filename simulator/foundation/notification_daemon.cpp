@@ -79,8 +79,18 @@ void clearIfUnused(const Place& place) {
 
 void leaveOwnPlace() { clearIfUnused(ownPlace()); }
 
+// Anybody may make a folder of such a name, or a link; only one's own folder will do.
+bool isOwnFolder(const struct stat& made) { return S_ISDIR(made.st_mode) && made.st_uid == getuid(); }
+
+int openLock(const fs::path& folder) {
+  return open((folder / lockFile).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+}
+
+// One without a lock was made again by a daemon that was still starting when the place was cleared.
 void clearIfUnused(const fs::path& folder) {
-  const Place place = {folder, open((folder / lockFile).c_str(), O_RDWR | O_CLOEXEC)};
+  struct stat made = {};
+  if (lstat(folder.c_str(), &made) != 0 || !isOwnFolder(made)) return;
+  const Place place = {folder, openLock(folder)};
   if (place.lock < 0) return;
   clearIfUnused(place);
   close(place.lock);
@@ -94,13 +104,15 @@ void clearUnusedPlaces() {
     if (entry->path().filename().native().starts_with(prefix)) clearIfUnused(entry->path());
 }
 
-// Anybody may make a folder of that name, or a link; only one's own will do.
-void makePrivateFolder(const fs::path& folder) {
+// False where another process cleared it at this moment.
+bool makePrivateFolder(const fs::path& folder) {
   struct stat made = {};
-  mkdir(folder.c_str(), S_IRWXU);
-  if (lstat(folder.c_str(), &made) != 0 || !S_ISDIR(made.st_mode) || made.st_uid != getuid())
+  if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
+    throw fs::filesystem_error("cannot make", folder, std::error_code(errno, std::generic_category()));
+  if (lstat(folder.c_str(), &made) != 0) return false;
+  if (!isOwnFolder(made))
     throw fs::filesystem_error("not a folder of this user", folder, std::make_error_code(std::errc::permission_denied));
-  fs::permissions(folder, fs::perms::owner_all);
+  return chmod(folder.c_str(), S_IRWXU) == 0 || errno != ENOENT;
 }
 
 // A process that is leaving may be removing the folder at this moment: then the lock is on a file that is gone.
@@ -112,20 +124,23 @@ bool lockIsIn(const Place& place) {
 }
 
 bool tryToEnter(Place& place) {
-  makePrivateFolder(place.folder);
-  const fs::path file = place.folder / lockFile;
-  place.lock = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (!makePrivateFolder(place.folder)) return false;
+  place.lock = openLock(place.folder);
   if (place.lock < 0 && errno != ENOENT)
-    throw fs::filesystem_error("cannot open", file, std::error_code(errno, std::generic_category()));
-  if (flock(place.lock, LOCK_SH) == 0 && lockIsIn(place)) return true;
-  close(place.lock);
+    throw fs::filesystem_error("cannot open", place.folder / lockFile, std::error_code(errno, std::generic_category()));
+  if (place.lock >= 0 && flock(place.lock, LOCK_SH) == 0 && lockIsIn(place)) return true;
+  if (place.lock >= 0) close(place.lock);
   return false;
 }
 
-// Another process of the root may be making it, too.
+// Another process of the root may be making it, too. What is no link was made by a daemon that outlived the last one.
 void linkRoot(const fs::path& link, const fs::path& root) {
   std::error_code error;
   fs::create_directory_symlink(root, link, error);
+  if (error == std::errc::file_exists && !fs::is_symlink(fs::symlink_status(link))) {
+    fs::remove_all(link);
+    fs::create_directory_symlink(root, link, error);
+  }
   if (error && error != std::errc::file_exists) throw fs::filesystem_error("cannot make", link, error);
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/types.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -14,10 +15,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The place of the daemon as the process tells it, and the daemon's number.
+// The place of the daemon as the process tells it, the daemon's number, and what the root is in the place.
 struct Daemon {
   fs::path place;
   pid_t process = 0;
+  std::string root;
 };
 
 bool isRunning(pid_t process) {
@@ -54,7 +56,7 @@ Daemon runProcessOfRoot(const fs::path& root, Ending ending) {
                               nameOf(ending) + " > '" + told.string() + "'";
   static_cast<void>(std::system(command.c_str()));
   Daemon daemon;
-  std::ifstream(told) >> daemon.place >> daemon.process;
+  std::ifstream(told) >> daemon.place >> daemon.process >> daemon.root;
   return daemon;
 }
 
@@ -84,6 +86,33 @@ TEST_F(NotificationDaemon, OfAKilledProcessEndsWhenAnotherRootIsUsed) {
   waitUntilGone(left);
   EXPECT_FALSE(isRunning(left.process));
   EXPECT_FALSE(fs::exists(left.place));
+}
+
+// As a daemon makes a place again that was cleared while it started. Any test that runs beside this one may clear it.
+TEST_F(NotificationDaemon, PlaceWithoutALockIsClearedWhenAnotherRootIsUsed) {
+  const fs::path left = "/tmp/brim-" + std::to_string(getuid()) + "-left" + std::to_string(getpid());
+  std::error_code cleared;
+  fs::create_directories(left / "NSMessagePort/names", cleared);
+  runProcessOfRoot(testRoot() / "e", Ending::Exit);
+  EXPECT_FALSE(fs::exists(left));
+}
+
+TEST_F(NotificationDaemon, LinkToTheRootTakesThePlaceOfAFolder) {
+  const fs::path place = runProcessOfRoot(testRoot() / "g", Ending::Exit).place;
+  ASSERT_FALSE(place.empty());
+  std::error_code cleared;
+  fs::create_directories(place / "root/Library", cleared);
+  EXPECT_EQ(runProcessOfRoot(testRoot() / "g", Ending::Exit).root, "link");
+}
+
+TEST_F(NotificationDaemon, LinkInThePlaceOfAPlaceIsLeftAlone) {
+  const fs::path link = "/tmp/brim-" + std::to_string(getuid()) + "-link" + std::to_string(getpid());
+  fs::create_directories(testRoot() / "elsewhere");
+  fs::create_directory_symlink(testRoot() / "elsewhere", link);
+  runProcessOfRoot(testRoot() / "f", Ending::Exit);
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_TRUE(fs::is_empty(testRoot() / "elsewhere"));
+  fs::remove(link);
 }
 
 TEST_F(NotificationDaemon, WorksForRootsWithLongPaths) {

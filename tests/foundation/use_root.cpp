@@ -1,4 +1,5 @@
-// A process of a root: use_root ROOT ENDING. Posts a notification, tells its daemon's place and number, and ends.
+// A process of a root: use_root ROOT ENDING. Posts a notification, tells its daemon's place and number and
+// what the root is in that place, and ends.
 #include <signal.h>
 
 #include <cstdlib>
@@ -30,7 +31,8 @@ void tellDaemon() {
     std::ifstream file(name.path());
     std::string port;
     long process = 0;
-    if (std::getline(file, port) && file >> process) std::cout << place << " " << process << std::endl;
+    if (std::getline(file, port) && file >> process)
+      std::cout << place << " " << process << " " << (fs::is_symlink(place / "root") ? "link" : "folder") << std::endl;
   }
 }
 
