@@ -1,13 +1,9 @@
 #include <fstream>
 
-#include "objc/autorelease_pool.hpp"
-#include "platform/ns_url_connection.hpp"
 #include "simulator/contacts/address_book.hpp"
 #include "simulator/drawing/image.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/event_log.hpp"
-#include "simulator/springboard/json_objects.hpp"
-#include "tests/support/loopback_server.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -62,41 +58,6 @@ TEST(Commands, LogIsEmptiedByReadingIt) {
   host::recordEvent("test", {{"value", 1}});
   EXPECT_EQ(phone.log(), Json::array({{{"event", "test"}, {"value", 1}}}));
   EXPECT_EQ(phone.log(), Json::array());
-}
-
-TEST(Commands, AwaitIsMetByAnEventThatNoAwaitHasAnsweredFor) {
-  PlainPhone phone;
-  host::recordEvent("photo", Json::object());
-  phone.run("await", {{"for", "photo"}, {"seconds", 0}});
-  const Json again = phone.answer({{"do", "await"}, {"for", "photo"}, {"seconds", 0}});
-  EXPECT_FALSE(again.at("ok").get<bool>());
-}
-
-TEST(Commands, AwaitIsMetByEachOfTheEventsThatCameTogether) {
-  PlainPhone phone;
-  for (int count = 0; count < 2; ++count) host::recordEvent("message", Json::object());
-  for (int count = 0; count < 2; ++count) phone.run("await", {{"for", "message"}, {"seconds", 0}});
-  const Json third = phone.answer({{"do", "await"}, {"for", "message"}, {"seconds", 0}});
-  EXPECT_FALSE(third.at("ok").get<bool>());
-}
-
-TEST(Commands, AwaitForPhotosStartsAnewWithEachNotification) {
-  PlainPhone phone;
-  host::recordEvent("photo", Json::object());
-  phone.present();
-  const Json answer = phone.answer({{"do", "await"}, {"for", "photo"}, {"seconds", 0}});
-  EXPECT_FALSE(answer.at("ok").get<bool>());
-}
-
-TEST(Commands, AwaitLetsOtherThreadsIn) {
-  PlainPhone phone;
-  foundation::onMainThread([] { host::recordEvent("http", Json::object()); });
-  phone.run("await", {{"for", "http"}});
-}
-
-TEST(Commands, AwaitIdleEndsWhenAllIsQuiet) {
-  PlainPhone phone;
-  phone.run("await", {{"for", "idle"}, {"seconds", 5}});
 }
 
 TEST(Commands, TreeShowsAllWindowsBackToFront) {
@@ -189,59 +150,6 @@ TEST(Commands, StateWithoutTheLibraryTellsOnlyOfThePlatform) {
     EXPECT_FALSE(state.at(flag).get<bool>()) << flag;
 }
 
-TEST(Commands, ADragThatHoldsGoesOnWithTheSameFinger) {
-  PlainPhone phone;
-  const int controller = phone.present({{"dismissAutomatically", false}});
-  phone.wait(1);
-  const auto top = [&] {
-    return phone.view(controller, "NCNotificationViewControllerView").at("frame")[1].get<double>();
-  };
-  const double atRest = top();
-  phone.run("drag", {{"by", {0, -15}}, {"end", "hold"}});
-  EXPECT_LT(top(), atRest);
-  phone.run("drag", {{"by", {0, 10}}, {"end", "cancel"}});
-  phone.wait(1);
-  EXPECT_EQ(top(), atRest);
-  EXPECT_FALSE(phone.isDismissed(controller));
-}
-
-TEST(Commands, ATapWaitsForTheHeldFingerToLetGo) {
-  PlainPhone phone;
-  const int controller = phone.present({{"dismissAutomatically", false}});
-  phone.wait(1);
-  phone.run("drag", {{"by", {0, -15}}, {"end", "hold"}});
-  const Json refused = phone.answer({{"do", "tap"}, {"at", {100, 600}}});
-  EXPECT_NE(refused.value("error", "").find("a finger is held"), std::string::npos);
-  phone.run("drag", {{"by", {0, 15}}, {"end", "cancel"}});
-  phone.run("tap", {{"at", {100, 600}}});
-  phone.wait(1);
-  EXPECT_FALSE(phone.isDismissed(controller));
-}
-
-TEST(Commands, AHeldFingersNextDragReadsItsStartAllTheSame) {
-  PlainPhone phone;
-  const int controller = phone.present({{"dismissAutomatically", false}});
-  phone.wait(1);
-  const Json hold = {{"do", "drag"}, {"by", {0, -1}}, {"end", "hold"}, {"controller", controller}};
-  phone.run(hold);
-  phone.run(hold);
-  Json wrong = hold;
-  wrong["controller"] = 77;
-  EXPECT_FALSE(phone.answer(wrong).at("ok").get<bool>());
-  wrong.erase("controller");
-  wrong["at"] = {5000, 5};
-  EXPECT_FALSE(phone.answer(wrong).at("ok").get<bool>());
-}
-
-TEST(Commands, TapFindsWhatItReads) {
-  PlainPhone phone;
-  const int controller = phone.present({{"title", "Tap me"}});
-  phone.wait(1);
-  phone.run("tap", {{"label", "Tap me"}});
-  phone.wait(1);
-  EXPECT_TRUE(phone.isDismissed(controller));
-}
-
 TEST(Commands, SetIsTakenWithoutTheLibrary) {
   PlainPhone phone;
   for (const Json& value : {Json(true), Json(3), Json(2.5), Json("text"), Json({1, 2}), Json(nullptr)})
@@ -275,39 +183,6 @@ TEST(Commands, ContactsRefusesOtherFiles) {
     EXPECT_FALSE(answer.at("ok").get<bool>()) << name;
     EXPECT_NE(answer.at("error").get<std::string>().find(name), std::string::npos) << answer;
   }
-}
-
-// Asks a server on the phone's behalf.
-void ask(const std::string& address) {
-  NSURL* const url = NSURL::withString(springboard::stringOf(address));
-  NSURLConnection::sendAsynchronousRequest(NSURLRequest::withURL(url), NSOperationQueue::mainQueue(), nullptr);
-}
-
-TEST(Commands, AwaitIdleWaitsForServers) {
-  PlainPhone phone;
-  const objc::AutoreleasePool pool;
-  test::LoopbackServer server;
-  server.answer("/slow", {.body = "x", .timing = test::Timing::WhenReleased});
-  ask(server.address("/slow"));
-  const Json early = phone.answer({{"do", "await"}, {"for", "idle"}, {"seconds", 0.5}});
-  EXPECT_FALSE(early.at("ok").get<bool>());
-  server.release();
-  phone.run("await", {{"for", "idle"}});
-  EXPECT_EQ(phone.log(), Json::array({{{"event", "http"}, {"url", server.address("/slow")}, {"status", 200}}}));
-}
-
-TEST(Commands, AwaitHttpIsMetByAnAnswerAndByNone) {
-  PlainPhone phone;
-  const objc::AutoreleasePool pool;
-  test::LoopbackServer server;
-  server.answer("/", {.status = 503});
-  ask(server.address("/"));
-  phone.run("await", {{"for", "http"}});
-  EXPECT_EQ(phone.log().at(0).at("status"), 503);
-  ask("http://" + std::string(70, 'a') + "/");
-  phone.run("await", {{"for", "http"}});
-  EXPECT_EQ(phone.log().at(0).at("error"), -1003);
-  EXPECT_FALSE(phone.answer({{"do", "await"}, {"for", "http"}, {"seconds", 0}}).at("ok").get<bool>());
 }
 
 }  // namespace
