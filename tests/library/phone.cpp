@@ -7,6 +7,8 @@
 #include <functional>
 #include <iterator>
 
+#include "tests/support/start_time.hpp"
+
 namespace test {
 
 namespace {
@@ -40,6 +42,7 @@ std::filesystem::path makeFolder() {
 
 Phone::Phone(Setup setup) : folder(makeFolder()) {
   if (setup.options.root.empty()) setup.options.root = folder / "root";
+  if (!setup.options.time) setup.options.time = startTime;
   storePreferences(setup.options.root, setup.settings);
   session.emplace(setup.options);
   pool.emplace();

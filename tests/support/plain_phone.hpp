@@ -7,6 +7,7 @@
 #include <string>
 
 #include "simulator/host/session.hpp"
+#include "tests/support/start_time.hpp"
 #include "tests/support/temporary_folder.hpp"
 
 namespace test {
@@ -60,6 +61,7 @@ class PlainPhone {
   host::Options atHome(host::Options options) const {
     options.root = home.path() / "root";
     options.library = host::LibraryUse::Absent;
+    if (!options.time) options.time = startTime;
     return options;
   }
 
