@@ -124,6 +124,12 @@ void pumpFoundation(double waitAtMost) {
   objc::send<void, "acceptInputForMode:beforeDate:">(currentRunLoop(), defaultMode(), longAgo());
 }
 
+void letNewsIn(double waitAtMost) {
+  const objc::AutoreleasePool pool;
+  pumpFoundation(waitAtMost);
+  drainMainQueue();
+}
+
 void sleepUntil(Nanoseconds deadline) {
   const objc::AutoreleasePool pool;
   watchOwnDescriptors();

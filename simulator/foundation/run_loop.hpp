@@ -16,6 +16,9 @@ void unwatchDescriptor(int descriptor);
 // Lets in what other processes have sent: distributed notifications, changed preferences, watched descriptors. Waits
 // for real seconds, at most so many, until something comes, and takes the servers' answers; 0 only looks. Main thread.
 void pumpFoundation(double waitAtMost = 0);
+// The same, and what is due on the main queue by then: a notification that came while this process spoke to the daemon
+// waits there.
+void letNewsIn(double waitAtMost);
 
 // Sleeps until the system's monotonic time `deadline`, a descriptor or another thread's wakeMainThread. Main thread.
 void sleepUntil(Nanoseconds deadline);

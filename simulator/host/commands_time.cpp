@@ -1,7 +1,6 @@
 // Commands that let time pass: the stepped clock's, or real time for what other threads and processes do.
 #include <cmath>
 
-#include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/host/awaited_events.hpp"
@@ -35,12 +34,6 @@ constexpr const char* awaitables[] = {"photo", "message", "read", "banner", "htt
 const FieldType awaitable = {"photo, message, read, banner, http or idle",
                              [](const Json& value) { return isOneOf(value, awaitables); }};
 
-void letNewsIn() {
-  const objc::AutoreleasePool pool;
-  foundation::pumpFoundation(secondsOfOneLook);
-  foundation::drainMainQueue();
-}
-
 Json wait(const Json& command) {
   foundation::pumpFoundation();
   foundation::stepClock(command["seconds"].get<double>());
@@ -50,10 +43,10 @@ Json wait(const Json& command) {
 }
 
 void awaitEvent(const std::string& kind, const Deadline& deadline) {
-  letNewsIn();
+  foundation::letNewsIn(secondsOfOneLook);
   while (!answerNextEvent(kind)) {
     if (deadline.hasPassed()) throw CommandError("no " + kind + " came within the limit");
-    letNewsIn();
+    foundation::letNewsIn(secondsOfOneLook);
   }
 }
 
@@ -61,7 +54,7 @@ void awaitQuiet(const Deadline& deadline) {
   Deadline quiet(quietSeconds);
   for (std::size_t seen = countOfEvents(); !quiet.hasPassed();) {
     if (deadline.hasPassed()) throw CommandError("the phone was not idle within the limit");
-    letNewsIn();
+    foundation::letNewsIn(secondsOfOneLook);
     if (countOfEvents() == seen && url_loading::requestsUnderWay() == 0) continue;
     seen = countOfEvents();
     quiet = Deadline(quietSeconds);

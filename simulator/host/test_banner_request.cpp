@@ -2,7 +2,6 @@
 
 #include "objc/class_definition.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
-#include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/host/deadline.hpp"
 #include "simulator/springboard/observation.hpp"
@@ -12,6 +11,7 @@ namespace host {
 namespace {
 
 constexpr double secondsToWait = 5;
+constexpr double secondsOfOneLook = 0.1;
 
 // Hears the request after those that listened before.
 class TestBannerEcho : public objc::Interface<"SBTestBannerEcho", NSObject> {};
@@ -38,8 +38,7 @@ bool postTestBannerRequest() {
   hasArrived = false;
   springboard::postUnobserved(requestName());
   const Deadline deadline(secondsToWait);
-  while (!hasArrived && !deadline.hasPassed()) foundation::pumpFoundation(0.1);
-  foundation::drainMainQueue();
+  while (!hasArrived && !deadline.hasPassed()) foundation::letNewsIn(secondsOfOneLook);
   return hasArrived;
 }
 

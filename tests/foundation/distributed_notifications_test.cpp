@@ -77,10 +77,7 @@ class DistributedNotifications : public RuntimeTest {
 
   static void waitFor(std::size_t count) {
     const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (heard().size() < count && std::chrono::steady_clock::now() < limit) {
-      foundation::pumpFoundation(0.1);
-      foundation::drainMainQueue();
-    }
+    while (heard().size() < count && std::chrono::steady_clock::now() < limit) foundation::letNewsIn(0.1);
   }
 
   objc::Ref<Listener> listener;
@@ -138,10 +135,8 @@ TEST_F(DistributedNotifications, AnotherDaemonKnowsTheObserversOfOneThatWasJoine
 TEST_F(DistributedNotifications, ADaemonThatEndedIsReplacedUnasked) {
   const pid_t before = daemonProcess();
   killDaemon();
-  for (int tries = 0; tries < 600 && (daemonProcess() == before || daemonProcess() == 0); ++tries) {
-    foundation::pumpFoundation(0.1);
-    foundation::drainMainQueue();
-  }
+  for (int tries = 0; tries < 600 && (daemonProcess() == before || daemonProcess() == 0); ++tries)
+    foundation::letNewsIn(0.1);
   postFromAnotherProcess("again");
   waitFor(1);
   EXPECT_EQ(heard(), (std::vector<std::string>{"again"}));

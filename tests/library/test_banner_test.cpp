@@ -45,6 +45,15 @@ TEST(TestBanner, IsABannerThatCanBeAnswered) {
   EXPECT_FALSE(phone.view(controller, "reply").is_null());
 }
 
+// Some requests come back while this process is still speaking to the daemon.
+TEST(TestBanner, OfManyRequestsEachIsDelivered) {
+  Phone phone;
+  for (int request = 1; request <= 20; ++request) {
+    EXPECT_EQ(phone.run({{"do", "testbanner"}}).at("controller"), request);
+    phone.wait(1);
+  }
+}
+
 TEST(TestBanner, HasIdentifiersOfItsOwnEachTime) {
   Phone phone;
   std::set<std::string> identifiers;

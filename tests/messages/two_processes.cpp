@@ -28,9 +28,7 @@ bool eventually(const std::function<bool()>& condition) {
   const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(90);
   while (!condition()) {
     if (std::chrono::steady_clock::now() > limit) return false;
-    const objc::AutoreleasePool pool;
-    foundation::pumpFoundation(0.005);
-    foundation::drainMainQueue();
+    foundation::letNewsIn(0.005);
   }
   return true;
 }
