@@ -50,19 +50,26 @@ Observers& observers() {
 // Whether somebody speaks to the daemon, which may hand something on meanwhile.
 bool isSpeaking = false;
 
-void deliver(DistributedObserver* self, NSNotification* notification) {
-  // Whoever speaks to it does not expect to be told of anything before that is done.
-  if (isSpeaking) {
-    onMainThread([observer = objc::retain(self), later = objc::retain(notification)] {
-      objc::send<void, "deliver:">(observer.get(), later.get());
-    });
-    return;
-  }
+// How many notifications wait on the main queue.
+int waiting = 0;
+
+void tell(DistributedObserver* self, NSNotification* notification) {
   const DistributedObserverState& state = objc::state(self);
   const objc::Ref<NSObject> observer = state.observer.lock();
   if (observer == nullptr) return;
   const id target = objc::detail::identifier(observer.get());
   objc::detail::call<void>(objc::implementationFor(target, state.selector), target, state.selector, notification);
+}
+
+// Whoever speaks to the daemon does not expect to be told of anything before that is done, and what came first is told
+// first.
+void deliver(DistributedObserver* self, NSNotification* notification) {
+  if (!isSpeaking && waiting == 0) return tell(self, notification);
+  ++waiting;
+  onMainThread([observer = objc::retain(self), later = objc::retain(notification)] {
+    --waiting;
+    tell(observer.get(), later.get());
+  });
 }
 
 // Foundation raises where the daemon is gone, or cannot be started.

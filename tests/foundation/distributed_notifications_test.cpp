@@ -105,6 +105,18 @@ TEST_F(DistributedNotifications, NobodyIsToldOfAnythingInTheMiddleOfAPost) {
   EXPECT_EQ(heard().size(), posts);
 }
 
+// Some come while this process speaks to the daemon, and wait; the last comes in the run loop.
+TEST_F(DistributedNotifications, AreToldOfInTheOrderOfTheirPosts) {
+  std::vector<std::string> posts;
+  for (int number = 1; number <= 9; ++number) {
+    posts.push_back(std::to_string(number));
+    post(posts.back().c_str());
+  }
+  for (int looks = 0; looks < 5; ++looks) foundation::pumpFoundation(0.1);
+  waitFor(posts.size());
+  EXPECT_EQ(heard(), posts);
+}
+
 TEST_F(DistributedNotifications, ARemovedObserverHearsNothing) {
   const auto removed = listen();
   center()->removeObserver(removed, name());
