@@ -8,9 +8,9 @@
 #include <string>
 
 #include "bench/measurement.hpp"
-#include "simulator/host/session.hpp"
-#include "simulator/uikit/environment.hpp"
-#include "simulator/uikit/renderer.hpp"
+#include "simulator/runner/session.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 
 namespace bench {
 
@@ -21,21 +21,21 @@ constexpr std::size_t rounds = 10000;
 constexpr std::size_t thousand = 1000;
 
 // Runs with a phone of its own.
-Figures onAPhone(const std::function<Figures(host::Session&)>& measurement) {
+Figures onAPhone(const std::function<Figures(runner::Session&)>& measurement) {
   std::string pattern = (std::filesystem::temp_directory_path() / "brim-bench-XXXXXX").string();
   const std::filesystem::path folder = mkdtemp(pattern.data());
   Figures figures;
   {
-    host::Options options;
+    runner::Options options;
     options.root = folder / "root";
-    host::Session session(options);
+    runner::Session session(options);
     figures = measurement(session);
   }
   std::filesystem::remove_all(folder);
   return figures;
 }
 
-void present(host::Session& session, const std::string& message) {
+void present(runner::Session& session, const std::string& message) {
   session.run({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna Weber"}, {"message", message}});
 }
 
@@ -48,7 +48,7 @@ double timeOf(const std::function<void()>& work) {
 }
 
 // The median of a move with what it repaints, of the move alone, and of a whole screen.
-Figures dragMoves(host::Session& session) {
+Figures dragMoves(runner::Session& session) {
   present(session, "Are we still on for lunch today?");
   session.run({{"do", "wait"}, {"seconds", 1}});
   session.run({{"do", "drag"}, {"by", {0, -12}}, {"steps", 1}, {"end", "hold"}});
@@ -69,7 +69,7 @@ Figures dragMoves(host::Session& session) {
 }
 
 // Time of the first and of the last thousand rounds, and the memory that is held after each.
-Figures manyLives(host::Session& session) {
+Figures manyLives(runner::Session& session) {
   Figures figures;
   double start = processorTime();
   for (std::size_t round = 1; round <= rounds; ++round) {

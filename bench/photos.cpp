@@ -18,8 +18,8 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_property_list_serialization.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/host/session.hpp"
-#include "simulator/springboard/notification_request.hpp"
+#include "simulator/runner/session.hpp"
+#include "simulator/springboard/services/notification_request.hpp"
 
 namespace bench {
 
@@ -48,8 +48,8 @@ class Phone {
   fs::path root() const { return folder / "root"; }
 
  private:
-  host::Options options() const {
-    host::Options chosen;
+  runner::Options options() const {
+    runner::Options chosen;
     chosen.root = root();
     return chosen;
   }
@@ -60,7 +60,7 @@ class Phone {
   }();
 
  public:
-  host::Session session;
+  runner::Session session;
 };
 
 // Seconds of processor time that the main thread has used.

@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "bench/measurement.hpp"
-#include "simulator/host/session.hpp"
-#include "simulator/uikit/environment.hpp"
-#include "simulator/uikit/renderer.hpp"
+#include "simulator/runner/session.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 
 namespace bench {
 
@@ -23,7 +23,7 @@ std::filesystem::path makeFolder() {
   return mkdtemp(pattern.data());
 }
 
-void present(host::Session& session, std::size_t round) {
+void present(runner::Session& session, std::size_t round) {
   session.run({{"do", "present"},
                {"section", "com.apple.MobileSMS"},
                {"title", "Anna Weber"},
@@ -34,7 +34,7 @@ void present(host::Session& session, std::size_t round) {
 enum class Picture { Whole, Changes };
 
 // A banner from the platform's call to its picture.
-double presentToPicture(host::Session& session, std::size_t round, Picture picture) {
+double presentToPicture(runner::Session& session, std::size_t round, Picture picture) {
   const double start = processorTime();
   present(session, round);
   session.run({{"do", "wait"}, {"seconds", 1}});
@@ -43,14 +43,14 @@ double presentToPicture(host::Session& session, std::size_t round, Picture pictu
 }
 
 // The time of every round, then the memory after the early rounds and after all.
-Figures presentMany(host::LibraryUse library, Picture picture) {
+Figures presentMany(process::LibraryUse library, Picture picture) {
   const std::filesystem::path folder = makeFolder();
   Figures figures;
   {
-    host::Options options;
+    runner::Options options;
     options.root = folder / "root";
     options.library = library;
-    host::Session session(options);
+    runner::Session session(options);
     double early = 0;
     for (std::size_t round = 0; round < rounds; ++round) {
       figures.push_back(presentToPicture(session, round, picture));
@@ -72,8 +72,8 @@ Figures slice(const Figures& figures, std::size_t from, std::size_t count) {
 
 // With the library and without.
 std::pair<Figures, Figures> presentBoth(Picture picture) {
-  return {inProcessOfItsOwn([picture] { return presentMany(host::LibraryUse::Mapped, picture); }),
-          inProcessOfItsOwn([picture] { return presentMany(host::LibraryUse::Absent, picture); })};
+  return {inProcessOfItsOwn([picture] { return presentMany(process::LibraryUse::Mapped, picture); }),
+          inProcessOfItsOwn([picture] { return presentMany(process::LibraryUse::Absent, picture); })};
 }
 
 double ratio(const std::pair<Figures, Figures>& both) {

@@ -18,13 +18,13 @@
 #include "objc/autorelease_pool.hpp"
 #include "objc/class_definition.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
+#include "simulator/base/event_log.hpp"
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/classes.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/run_loop.hpp"
-#include "simulator/host/event_log.hpp"
-#include "simulator/host/session.hpp"
 #include "simulator/messages/chat_store.hpp"
-#include "simulator/springboard/json_objects.hpp"
+#include "simulator/runner/session.hpp"
 
 namespace bench {
 
@@ -101,7 +101,7 @@ double secondsSince(Clock::time_point start) { return std::chrono::duration<doub
 
 double timeOfBarePost(const ListeningProcess& listening, std::size_t round) {
   const objc::AutoreleasePool pool;
-  auto* userInfo = static_cast<NSDictionary*>(springboard::objectOf(
+  auto* userInfo = static_cast<NSDictionary*>(base::objectOf(
       {{"identifier", address}, {"body", "Reply number " + std::to_string(round)}, {"brimIdentifier", "abcdefgh"}}));
   const auto start = Clock::now();
   NSDistributedNotificationCenter::defaultCenter()->post("BrimBenchNotification"_ns, userInfo);
@@ -109,7 +109,7 @@ double timeOfBarePost(const ListeningProcess& listening, std::size_t round) {
   return secondsSince(start);
 }
 
-void presentAndType(host::Session& session, std::size_t round) {
+void presentAndType(runner::Session& session, std::size_t round) {
   session.run({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}, {"thread", address}});
   session.run({{"do", "wait"}, {"seconds", 1}});
   session.run({{"do", "drag"}, {"by", {0, 200}}});
@@ -118,12 +118,12 @@ void presentAndType(host::Session& session, std::size_t round) {
 }
 
 // From the return key until the home screen is told that the message is in the store.
-double timeOfReply(host::Session& session, std::size_t round) {
+double timeOfReply(runner::Session& session, std::size_t round) {
   presentAndType(session, round);
-  const std::size_t before = host::countOfEvents("message");
+  const std::size_t before = base::countOfEvents("message");
   const auto start = Clock::now();
   session.run({{"do", "key"}, {"name", "return"}});
-  while (host::countOfEvents("message") == before) {
+  while (base::countOfEvents("message") == before) {
     if (Clock::now() - start > longest) std::abort();
     std::this_thread::sleep_for(betweenLooks);
   }
@@ -144,9 +144,9 @@ Figures replyMany() {
   {
     messages::ChatStore(root).addTo("iMessage;-;" + std::string(address), "Anna", {});
     const ListeningProcess listening(root);
-    host::Options options;
+    runner::Options options;
     options.root = root;
-    host::Session session(options);
+    runner::Session session(options);
     listening.awaitWord();
     figures.push_back(timeOfReply(session, 0));
     for (std::size_t round = 1; round <= rounds; ++round) {

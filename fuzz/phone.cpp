@@ -10,9 +10,9 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_url_connection.hpp"
 #include "platform/ns_url_session.hpp"
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/host/session.hpp"
-#include "simulator/springboard/json_objects.hpp"
+#include "simulator/runner/session.hpp"
 #include "tests/photos/application_data.hpp"
 
 namespace fuzz {
@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 
 struct Phone {
   fs::path folder;
-  std::optional<host::Session> session;
+  std::optional<runner::Session> session;
   objc::Ref<UIView> superview;
   objc::Ref<BrimContainer> banner;
   objc::Ref<NSData> page;
@@ -106,7 +106,7 @@ void startPhone() {
     phone().session.reset();
     fs::remove_all(phone().folder);
   });
-  host::Options options;
+  runner::Options options;
   options.root = root();
   phone().session.emplace(options);
   const objc::AutoreleasePool pool;

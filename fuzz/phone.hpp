@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "library/photos/provider.hpp"
-#include "simulator/springboard/notification_request.hpp"
+#include "simulator/springboard/services/notification_request.hpp"
 
 namespace fuzz {
 

@@ -4,11 +4,11 @@
 
 #include <utility>
 
+#include "simulator/base/file_contents.hpp"
 #include "simulator/contacts/cards.hpp"
+#include "simulator/contacts/vcard_plugin.hpp"
 #include "simulator/foundation/plugin.hpp"
-#include "simulator/foundation/regular_file.hpp"
 #include "simulator/foundation/root.hpp"
-#include "simulator/plugins/vcards/entry.hpp"
 
 namespace contacts {
 
@@ -51,7 +51,7 @@ AddressBook& current() {
 }
 
 std::shared_ptr<const People> read(const fs::path& file) {
-  const std::optional<std::string> text = foundation::readRegularFile(file, largestFile);
+  const std::optional<std::string> text = base::readRegularFile(file, largestFile);
   static const auto readCard =
       reinterpret_cast<decltype(&brim_read_card)>(foundation::pluginFunction("vcards.so", "brim_read_card"));
   if (!text || readCard == nullptr) return nullptr;

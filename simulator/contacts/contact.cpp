@@ -1,8 +1,8 @@
 #include "simulator/contacts/contact.hpp"
 
 #include "objc/property_entry.hpp"
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/contacts/classes.hpp"
-#include "simulator/springboard/json_objects.hpp"
 
 namespace {
 
@@ -31,7 +31,7 @@ namespace contacts {
 
 namespace {
 
-using springboard::stringOf;
+using base::stringOf;
 
 // What was not asked for is not known to have no value.
 const Person& fetched(const CNContact* contact, NSString* key) {
@@ -46,15 +46,15 @@ NSArray* labelledValues(const std::vector<LabelledText>& entries) {
   auto* const values = NSMutableArray::array();
   for (const LabelledText& entry : entries) {
     const auto value = objc::make<CNLabeledValue>();
-    objc::state(value.get()) = {entry.label.empty() ? nullptr : objc::retain(stringOf(entry.label)),
-                                objc::retain(stringOf(entry.text))};
+    objc::state(value.get()) = {entry.label.empty() ? nullptr : objc::retain(base::stringOf(entry.label)),
+                                objc::retain(base::stringOf(entry.text))};
     values->addObject(value);
   }
   return values;
 }
 
-NSString* identifier(CNContact* self) { return stringOf(objc::state(self).person->identifier); }
-NSString* givenName(CNContact* self) { return stringOf(fetched(self, CNContactGivenNameKey).givenName); }
+NSString* identifier(CNContact* self) { return base::stringOf(objc::state(self).person->identifier); }
+NSString* givenName(CNContact* self) { return base::stringOf(fetched(self, CNContactGivenNameKey).givenName); }
 NSArray* emailAddresses(CNContact* self) {
   return labelledValues(fetched(self, CNContactEmailAddressesKey).emailAddresses);
 }

@@ -5,8 +5,8 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_data.hpp"
 #include "platform/ns_property_list_serialization.hpp"
+#include "simulator/base/file_contents.hpp"
 #include "simulator/foundation/property_list_parsing.hpp"
-#include "simulator/foundation/regular_file.hpp"
 
 namespace foundation {
 
@@ -15,7 +15,9 @@ namespace {
 constexpr std::size_t largestFile = 1 << 20;
 
 // Empty for what is not a file of sensible size.
-std::string contentsOf(const std::filesystem::path& file) { return readRegularFile(file, largestFile).value_or(""); }
+std::string contentsOf(const std::filesystem::path& file) {
+  return base::readRegularFile(file, largestFile).value_or("");
+}
 
 NSDictionary* parse(const std::string& text) {
   return objc::as<NSDictionary>(

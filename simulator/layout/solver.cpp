@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "simulator/layout/division.hpp"
+#include "simulator/layout/model_splitter.hpp"
 
 namespace layout {
 namespace {
@@ -46,7 +46,7 @@ double scaleConstant(double constant, int exponent) {
 }  // namespace
 
 Solver::Variable Solver::addVariable() {
-  need(Start::Partition);
+  need(Start::DisjointSets);
   return variableCount_++;
 }
 
@@ -57,7 +57,7 @@ Solver::Constraint Solver::add(std::span<const Term> terms, double constant, Rel
   record.malformed = !storeTerms(terms, record) || std::isnan(priority);
   record.row.constant = scaleConstant(constant, record.row.exponent);
   records_.push_back(record);
-  need(Start::Partition);
+  need(Start::DisjointSets);
   return static_cast<Constraint>(records_.size() - 1);
 }
 
@@ -77,7 +77,7 @@ bool Solver::storeTerms(std::span<const Term> terms, Record& record) {
 void Solver::remove(Constraint constraint) {
   if (constraint >= records_.size()) return;
   records_[constraint].removed = true;
-  need(Start::Partition);
+  need(Start::DisjointSets);
 }
 
 void Solver::setConstant(Constraint constraint, double constant) {
@@ -86,7 +86,7 @@ void Solver::setConstant(Constraint constraint, double constant) {
   if (record.removed || record.malformed) return;
   const bool tookPart = record.takesPart();
   record.row.constant = scaleConstant(constant, record.row.exponent);
-  if (record.takesPart() != tookPart) return need(Start::Partition);
+  if (record.takesPart() != tookPart) return need(Start::DisjointSets);
   changed_.push_back(constraint);
   need(Start::LastBasis);
 }
@@ -103,8 +103,8 @@ void Solver::solve() {
 }
 
 double Solver::value(Variable variable) const {
-  if (!partition_.contains(variable)) return 0;
-  const Place place = partition_.place(variable);
+  if (!sets_.contains(variable)) return 0;
+  const Place place = sets_.place(variable);
   const double value = parts_[place.part].value(place.index);
   return std::isfinite(value) ? value + 0.0 : 0;  // never a negative zero
 }
@@ -115,9 +115,9 @@ void Solver::clear() {
   terms_.clear();
   changed_.clear();
   conflicts_.clear();
-  partition_.reset(0);
-  partition_.number();
-  start_ = Start::Partition;  // which lets go of the parts
+  sets_.reset(0);
+  sets_.number();
+  start_ = Start::DisjointSets;  // which lets go of the parts
 }
 
 void Solver::solveChanged() {
@@ -127,7 +127,7 @@ void Solver::solveChanged() {
     parts_[record.place.part].setConstant(record.place.index, record.row.constant);
   }
   for (const Constraint constraint : changed_) {
-    Part& part = parts_[records_[constraint].place.part];
+    Subproblem& part = parts_[records_[constraint].place.part];
     solve(part);
     namesConflicts = namesConflicts || !part.conflicts().empty();
   }
@@ -136,28 +136,28 @@ void Solver::solveChanged() {
 
 void Solver::solveAnew() {
   tieVariables();
-  Division division(partition_);
+  ModelSplitter division(sets_);
   for (const Record& record : records_)
     if (record.takesPart()) division.count(termsOf(record));
-  division.makeRoom();
+  division.allocate();
   for (Record& record : records_)
-    if (record.takesPart()) record.place = division.put(record.row, termsOf(record));
+    if (record.takesPart()) record.place = division.append(record.row, termsOf(record));
   takeOver(std::exchange(parts_, {}), division.models());
   collectConflicts();
 }
 
 void Solver::tieVariables() {
-  partition_.reset(variableCount_);
+  sets_.reset(variableCount_);
   for (const Record& record : records_)
-    if (record.takesPart()) partition_.tie(termsOf(record));
-  partition_.number();
+    if (record.takesPart()) sets_.unite(termsOf(record));
+  sets_.number();
 }
 
 // Of the parts that were solved, those of the same model are used again.
-void Solver::takeOver(std::vector<Part> solved, std::span<const Model> models) {
-  std::unordered_multimap<std::size_t, Part*> usable;
+void Solver::takeOver(std::vector<Subproblem> solved, std::span<const Model> models) {
+  std::unordered_multimap<std::size_t, Subproblem*> usable;
   usable.reserve(solved.size());
-  for (Part& part : solved) usable.emplace(part.model().hash(), &part);
+  for (Subproblem& part : solved) usable.emplace(part.model().hash(), &part);
   parts_.reserve(models.size());
   for (const Model& model : models) {
     const auto found = usable.find(model.hash());
@@ -170,7 +170,7 @@ void Solver::takeOver(std::vector<Part> solved, std::span<const Model> models) {
   }
 }
 
-void Solver::solve(Part& part) {
+void Solver::solve(Subproblem& part) {
   const std::size_t before = part.pivotCount();
   part.solve();
   pivotCount_ += part.pivotCount() - before;
@@ -188,7 +188,7 @@ void Solver::collectConflicts() {
 
 std::size_t Solver::cellCount() const {
   std::size_t count = 0;
-  for (const Part& part : parts_) count += part.cellCount();
+  for (const Subproblem& part : parts_) count += part.cellCount();
   return count;
 }
 

@@ -6,9 +6,9 @@
 #include <span>
 #include <vector>
 
+#include "simulator/layout/disjoint_sets.hpp"
 #include "simulator/layout/model.hpp"
-#include "simulator/layout/part.hpp"
-#include "simulator/layout/partition.hpp"
+#include "simulator/layout/subproblem.hpp"
 
 namespace layout {
 
@@ -60,8 +60,8 @@ class Solver {
   std::size_t cellCount() const;
 
  private:
-  using Place = Partition::Place;
-  enum class Start { Nothing, LastBasis, Partition };  // what the next solve needs, in rising order
+  using Place = DisjointSets::Place;
+  enum class Start { Nothing, LastBasis, DisjointSets };  // what the next solve needs, in rising order
   struct Record {
     Row row;
     std::uint32_t firstTerm;
@@ -78,8 +78,8 @@ class Solver {
   void solveChanged();
   void solveAnew();
   void tieVariables();
-  void takeOver(std::vector<Part> solved, std::span<const Model> models);
-  void solve(Part& part);
+  void takeOver(std::vector<Subproblem> solved, std::span<const Model> models);
+  void solve(Subproblem& part);
   void collectConflicts();
 
   std::uint32_t variableCount_ = 0;
@@ -90,8 +90,8 @@ class Solver {
   std::vector<Constraint> conflicts_;
   Start start_ = Start::Nothing;
 
-  Partition partition_;
-  std::vector<Part> parts_;
+  DisjointSets sets_;
+  std::vector<Subproblem> parts_;
   std::size_t pivotCount_ = 0;
 };
 

@@ -6,8 +6,8 @@
 
 #include "objc/autorelease_pool.hpp"
 #include "objc/property_entry.hpp"
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/springboard/json_objects.hpp"
 
 namespace messages {
 
@@ -35,7 +35,7 @@ bool ask(const Work& work) try {
 
 objc::Ref<IMChat> chatOf(const Chat& stored) {
   auto chat = objc::make<IMChat>();
-  objc::state(chat.get()) = {stored, objc::retain(springboard::stringOf(stored.guid))};
+  objc::state(chat.get()) = {stored, objc::retain(base::stringOf(stored.guid))};
   return chat;
 }
 
@@ -69,7 +69,7 @@ void sendMessage(IMChatRegistry*, IMChat* chat, IMMessage* message) {
   if (chat == nullptr || message == nullptr) return;
   const Chat& stored = objc::state(chat).chat;
   const InstantMessageState& state = objc::state(message);
-  const std::string text = springboard::textOf(state.text->string());
+  const std::string text = base::textOf(state.text->string());
   const bool isStored = ask([&] {
     application()->store.add(stored, {Direction::Sent, text, state.flags, foundation::unixTimeNow(), true});
   });

@@ -1,35 +1,38 @@
 #include "simulator/springboard/classes.hpp"
 
 #include "objc/autorelease_pool.hpp"
-#include "simulator/springboard/action_group_view.hpp"
-#include "simulator/springboard/action_row.hpp"
-#include "simulator/springboard/applications.hpp"
-#include "simulator/springboard/banner_window.hpp"
-#include "simulator/springboard/bulletin_server.hpp"
-#include "simulator/springboard/bulletin_socket.hpp"
-#include "simulator/springboard/feedback.hpp"
-#include "simulator/springboard/grabber.hpp"
-#include "simulator/springboard/home_screen.hpp"
-#include "simulator/springboard/icon_label.hpp"
-#include "simulator/springboard/lock_screen.hpp"
-#include "simulator/springboard/long_look_close_button.hpp"
-#include "simulator/springboard/long_look_controller.hpp"
-#include "simulator/springboard/long_look_view.hpp"
-#include "simulator/springboard/notification_dispatcher.hpp"
-#include "simulator/springboard/notification_list_cell.hpp"
-#include "simulator/springboard/notification_list_view.hpp"
-#include "simulator/springboard/notification_request.hpp"
-#include "simulator/springboard/notification_view.hpp"
-#include "simulator/springboard/notification_view_controller.hpp"
-#include "simulator/springboard/placeholder_digest.hpp"
-#include "simulator/springboard/platter_header.hpp"
-#include "simulator/springboard/reply_bar.hpp"
-#include "simulator/springboard/springboard_application.hpp"
-#include "simulator/springboard/status_bar.hpp"
-#include "simulator/springboard/touch_through.hpp"
-#include "simulator/springboard/wallpaper_view.hpp"
-#include "simulator/uikit/environment.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/base/event_log.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
+#include "simulator/springboard/banner/banner_window.hpp"
+#include "simulator/springboard/banner/notification_view.hpp"
+#include "simulator/springboard/banner/notification_view_controller.hpp"
+#include "simulator/springboard/list/notification_list_cell.hpp"
+#include "simulator/springboard/list/notification_list_view.hpp"
+#include "simulator/springboard/long_look/action_group_view.hpp"
+#include "simulator/springboard/long_look/action_row.hpp"
+#include "simulator/springboard/long_look/long_look_close_button.hpp"
+#include "simulator/springboard/long_look/long_look_controller.hpp"
+#include "simulator/springboard/long_look/long_look_presenter.hpp"
+#include "simulator/springboard/long_look/long_look_view.hpp"
+#include "simulator/springboard/long_look/reply_bar.hpp"
+#include "simulator/springboard/platter/platter_header.hpp"
+#include "simulator/springboard/platter/touch_through.hpp"
+#include "simulator/springboard/services/applications.hpp"
+#include "simulator/springboard/services/bulletin_server.hpp"
+#include "simulator/springboard/services/bulletin_socket.hpp"
+#include "simulator/springboard/services/feedback.hpp"
+#include "simulator/springboard/services/notification_dispatcher.hpp"
+#include "simulator/springboard/services/notification_request.hpp"
+#include "simulator/springboard/services/placeholder_digest.hpp"
+#include "simulator/springboard/shell/grabber.hpp"
+#include "simulator/springboard/shell/home_screen.hpp"
+#include "simulator/springboard/shell/icon_label.hpp"
+#include "simulator/springboard/shell/lock_screen.hpp"
+#include "simulator/springboard/shell/springboard_application.hpp"
+#include "simulator/springboard/shell/status_bar.hpp"
+#include "simulator/springboard/shell/wallpaper_view.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 namespace springboard {
 
@@ -41,6 +44,27 @@ objc::Ref<UIWindow> makeHomeWindow() {
   objc::send<void, "setRootViewController:">(window.get(), homeScreen.get());
   window->makeKeyAndVisible();
   return window;
+}
+
+void presentBulletin(const process::Bulletin& bulletin) {
+  NotificationDescription description;
+  description.section = bulletin.section;
+  description.thread = bulletin.thread;
+  description.title = bulletin.title;
+  description.message = bulletin.message;
+  NCNotificationDispatcher::shared()->post(makeRequest(description, nullptr));
+  base::recordEvent("banner", {{"controller", bannerCount()}, {"section", description.section}});
+}
+
+void addDestinations() {
+  addNotificationDestination({
+      .post = [](NCNotificationRequest* request) { presentBanner(makeShortLookController(request)); },
+      .withdraw = &dismissBannersOf,
+  });
+  addNotificationDestination({
+      .post = [](NCNotificationRequest*) {},
+      .withdraw = &dismissLongLookOf,
+  });
 }
 
 }  // namespace
@@ -72,6 +96,9 @@ void registerClasses() {
   defineApplication();
   defineBulletinServer();
   defineFeedback();
+  setLongLookPresentation(
+      {.present = &presentLongLook, .dismiss = &dismissLongLook, .openedShortLook = &openedShortLook});
+  addDestinations();
 }
 
 void start(const std::filesystem::path& applicationArtwork) {
@@ -83,7 +110,7 @@ void start(const std::filesystem::path& applicationArtwork) {
   makeStatusBar();
   makeBannerWindow(homeWindow);
   startBulletinServer();
-  listenForBulletins();
+  listenForBulletins(&presentBulletin);
 }
 
 }  // namespace springboard

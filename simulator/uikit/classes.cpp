@@ -1,8 +1,15 @@
 #include "simulator/uikit/classes.hpp"
 
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/keyboard.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/controls/control.hpp"
+#include "simulator/uikit/controls/text_field.hpp"
+#include "simulator/uikit/images/image_class.hpp"
+#include "simulator/uikit/keyboard/keyboard.hpp"
+#include "simulator/uikit/keyboard/keyboard_key.hpp"
+#include "simulator/uikit/text/font_class.hpp"
+#include "simulator/uikit/text/label.hpp"
+#include "simulator/uikit/views/class_definitions.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 namespace uikit {
 

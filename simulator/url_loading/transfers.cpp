@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "simulator/foundation/plugin.hpp"
-#include "simulator/plugins/transfers/entry.hpp"
+#include "simulator/url_loading/transfer_plugin.hpp"
 
 namespace url_loading {
 

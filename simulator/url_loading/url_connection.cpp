@@ -4,7 +4,7 @@
 #include "objc/class_definition.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/url_loading/classes.hpp"
-#include "simulator/url_loading/loading.hpp"
+#include "simulator/url_loading/request_loader.hpp"
 
 namespace url_loading {
 

@@ -6,7 +6,7 @@
 #include "objc/class_definition.hpp"
 #include "simulator/foundation/serial_queue.hpp"
 #include "simulator/url_loading/classes.hpp"
-#include "simulator/url_loading/loading.hpp"
+#include "simulator/url_loading/request_loader.hpp"
 
 namespace {
 

@@ -8,15 +8,15 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/contacts.hpp"
 #include "platform/ns_error.hpp"
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/contacts/address_book.hpp"
 #include "simulator/contacts/classes.hpp"
-#include "simulator/springboard/json_objects.hpp"
 #include "tests/objc/runtime_environment.hpp"
 
 namespace {
 
 namespace fs = std::filesystem;
-using springboard::textOf;
+using base::textOf;
 
 struct Entry {
   std::string identifier;

@@ -6,9 +6,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "simulator/host/demonstration_data.hpp"
-#include "simulator/host/demonstration_samples.hpp"
-#include "simulator/host/root.hpp"
+#include "simulator/process/root_setup.hpp"
+#include "simulator/runner/demonstration_data.hpp"
+#include "simulator/runner/demonstration_samples.hpp"
 #include "tests/library/phone.hpp"
 
 namespace test {
@@ -18,7 +18,7 @@ namespace {
 class Demonstration : public testing::TestWithParam<const char*> {
  protected:
   static Json notification(const std::string& address, const std::string& name) {
-    for (const host::Sample& sample : host::samples(address))
+    for (const runner::Sample& sample : runner::samples(address))
       if (sample.name == name) return sample.notification;
     return nullptr;
   }
@@ -26,7 +26,7 @@ class Demonstration : public testing::TestWithParam<const char*> {
 
 TEST_P(Demonstration, ShowsTheSendersPicture) {
   Phone phone;
-  const Json sample = notification(host::installDemonstrationData(), GetParam());
+  const Json sample = notification(runner::installDemonstrationData(), GetParam());
   ASSERT_FALSE(sample.is_null());
   const int controller = phone.present(sample);
   phone.run({{"do", "await"}, {"for", "photo"}});
@@ -56,23 +56,23 @@ std::string contentsOf(const std::filesystem::path& path) {
 TEST_F(Demonstration, LendsItsEndpointsUntilThePhoneIsPreparedAgain) {
   const Phone phone;
   const std::string own = contentsOf(endpointsOf(phone));
-  const std::string address = host::installDemonstrationData();
+  const std::string address = runner::installDemonstrationData();
   EXPECT_NE(contentsOf(endpointsOf(phone)).find(address), std::string::npos);
-  EXPECT_EQ(host::prepareRoot(phone.root()), std::nullopt);
+  EXPECT_EQ(process::prepareRoot(phone.root()), std::nullopt);
   EXPECT_EQ(contentsOf(endpointsOf(phone)), own);
 }
 
 TEST_F(Demonstration, LeavesEndpointsThatWereEditedAlone) {
   const Phone phone;
   std::ofstream(endpointsOf(phone)) << "{ slackAvatars = \"http://127.0.0.1:9\"; }";
-  host::installDemonstrationData();
+  runner::installDemonstrationData();
   EXPECT_EQ(contentsOf(endpointsOf(phone)), "{ slackAvatars = \"http://127.0.0.1:9\"; }");
 }
 
 TEST_F(Demonstration, IsInstalledOverAnEarlierOne) {
   const Phone phone;
-  host::installDemonstrationData();
-  EXPECT_NO_THROW(host::installDemonstrationData());
+  runner::installDemonstrationData();
+  EXPECT_NO_THROW(runner::installDemonstrationData());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "simulator/foundation/dispatch.hpp"
+#include "simulator/foundation/dispatch_queues.hpp"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

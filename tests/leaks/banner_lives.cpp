@@ -12,7 +12,7 @@
 
 #include "objc/autorelease_pool.hpp"
 #include "platform/ui_view.hpp"
-#include "simulator/host/session.hpp"
+#include "simulator/runner/session.hpp"
 #include "tests/library/live_objects.hpp"
 
 namespace {
@@ -62,7 +62,7 @@ constexpr const char* life = R"(
 {"do":"log"}
 )";
 
-bool live(host::Session& session) {
+bool live(runner::Session& session) {
   std::string_view lines = life;
   for (std::size_t end = lines.find('\n'); end != std::string_view::npos; end = lines.find('\n')) {
     const std::string_view line = lines.substr(0, end);
@@ -76,7 +76,7 @@ bool live(host::Session& session) {
   return true;
 }
 
-bool live(host::Session& session, int times) {
+bool live(runner::Session& session, int times) {
   for (int round = 0; round < times; ++round)
     if (!live(session)) return false;
   return true;
@@ -101,9 +101,9 @@ int main(int count, char** arguments) try {
   const std::string_view fault = count > 1 ? arguments[1] : "";
   bool isWell = true;
   {
-    host::Options options;
+    runner::Options options;
     options.root = folder / "root";
-    host::Session session(options);
+    runner::Session session(options);
     isWell = live(session, roundsUntilAllIsLoaded);
     test::countLiveObjects();
     objc::Ref<UIView> kept;

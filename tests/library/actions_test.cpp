@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "simulator/uikit/environment.hpp"
+#include "simulator/uikit/environment/environment.hpp"
 #include "tests/library/actions.hpp"
 #include "tests/library/controllers.hpp"
 

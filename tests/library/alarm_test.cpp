@@ -23,8 +23,7 @@ std::vector<std::string> alarmActions(int controller) {
   std::vector<std::string> found;
   NSArray* actions = controllerOf(controller)->getAlarmActions();
   for (NSUInteger index = 0; index < actions->count(); ++index)
-    found.push_back(
-        springboard::textOf(static_cast<NCNotificationAction*>(actions->objectAtIndex(index))->identifier()));
+    found.push_back(base::textOf(static_cast<NCNotificationAction*>(actions->objectAtIndex(index))->identifier()));
   return found;
 }
 

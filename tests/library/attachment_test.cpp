@@ -15,15 +15,15 @@ namespace {
 using test::Json;
 using test::Phone;
 
-Phone phoneWith(std::map<std::string, Json> settings, const std::function<void(host::Options&)>& choose = nullptr) {
+Phone phoneWith(std::map<std::string, Json> settings, const std::function<void(runner::Options&)>& choose = nullptr) {
   test::Setup setup;
   setup.settings = std::move(settings);
   if (choose) choose(setup.options);
   return Phone(setup);
 }
 
-std::function<void(host::Options&)> version(const char* system) {
-  return [system](host::Options& options) { options.systemVersion = system; };
+std::function<void(runner::Options&)> version(const char* system) {
+  return [system](runner::Options& options) { options.systemVersion = system; };
 }
 
 std::string shown(Phone& phone, int controller, const char* label) {
@@ -228,7 +228,7 @@ TEST(Attachment, BannerThatSaysLittleIsTinyWhereThatIsWanted) {
 }
 
 TEST(Attachment, WithoutBrimThePlatformsBannerStays) {
-  Phone phone = phoneWith({}, [](host::Options& options) { options.library = host::LibraryUse::Absent; });
+  Phone phone = phoneWith({}, [](runner::Options& options) { options.library = process::LibraryUse::Absent; });
   const int controller = phone.present({{"title", "Anna"}});
   EXPECT_TRUE(phone.banner(controller).is_null());
   EXPECT_FALSE(test::firstNode(phone.windows(controller), "class", "NCNotificationShortLookView").is_null());

@@ -14,7 +14,7 @@ namespace test {
 inline constexpr double evening = 1767303660;
 
 inline Phone phoneWith(std::map<std::string, Json> settings,
-                       const std::function<void(host::Options&)>& choose = nullptr) {
+                       const std::function<void(runner::Options&)>& choose = nullptr) {
   Setup setup;
   setup.options.time = evening;
   setup.settings = std::move(settings);

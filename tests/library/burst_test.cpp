@@ -1,8 +1,8 @@
 // Many notifications at once, before any of their banners leaves.
 #include <gtest/gtest.h>
 
-#include "simulator/uikit/view_hierarchy.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/views/view_hierarchy.hpp"
+#include "simulator/uikit/views/window.hpp"
 #include "tests/library/phone.hpp"
 
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/ui_device.hpp"
-#include "simulator/uikit/view_record.hpp"
+#include "simulator/uikit/views/view_record.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
 
@@ -11,13 +11,13 @@ namespace {
 using test::Json;
 using test::Phone;
 
-Phone phoneWith(std::map<std::string, Json> settings, host::Options options = {}) {
+Phone phoneWith(std::map<std::string, Json> settings, runner::Options options = {}) {
   return Phone({.options = std::move(options), .settings = std::move(settings)});
 }
 
 struct ModeCase {
   const char* system;
-  host::StartAppearance appearance;
+  runner::StartAppearance appearance;
   int setting;
   std::array<double, 4> text;
 };
@@ -25,7 +25,7 @@ struct ModeCase {
 class ColourMode : public testing::TestWithParam<ModeCase> {};
 
 TEST_P(ColourMode, FollowsSettingVersionAndAppearance) {
-  host::Options options;
+  runner::Options options;
   options.systemVersion = GetParam().system;
   options.appearance = GetParam().appearance;
   Phone phone = phoneWith({{"containerColor", GetParam().setting}}, options);
@@ -38,19 +38,19 @@ constexpr std::array<double, 4> black = {0, 0, 0, 1};
 constexpr std::array<double, 4> grey = {0.7, 0.7, 0.7, 1};
 
 INSTANTIATE_TEST_SUITE_P(Modes, ColourMode,
-                         testing::Values(ModeCase{"12.4", host::StartAppearance::Light, 0, black},
-                                         ModeCase{"12.4", host::StartAppearance::Light, 1, white},
-                                         ModeCase{"12.4", host::StartAppearance::Light, 3, grey},
-                                         ModeCase{"13.0", host::StartAppearance::Light, 0, black},
-                                         ModeCase{"13.0", host::StartAppearance::Dark, 0, white},
-                                         ModeCase{"13.5", host::StartAppearance::Dark, 2, black},
-                                         ModeCase{"13.5", host::StartAppearance::Light, 1, white},
-                                         ModeCase{"13.5", host::StartAppearance::Light, 3, grey}),
+                         testing::Values(ModeCase{"12.4", runner::StartAppearance::Light, 0, black},
+                                         ModeCase{"12.4", runner::StartAppearance::Light, 1, white},
+                                         ModeCase{"12.4", runner::StartAppearance::Light, 3, grey},
+                                         ModeCase{"13.0", runner::StartAppearance::Light, 0, black},
+                                         ModeCase{"13.0", runner::StartAppearance::Dark, 0, white},
+                                         ModeCase{"13.5", runner::StartAppearance::Dark, 2, black},
+                                         ModeCase{"13.5", runner::StartAppearance::Light, 1, white},
+                                         ModeCase{"13.5", runner::StartAppearance::Light, 3, grey}),
                          [](const auto& each) {
                            const ModeCase& mode = each.param;
                            std::string name = std::string("System") + mode.system + "Setting" +
                                               std::to_string(mode.setting) +
-                                              (mode.appearance == host::StartAppearance::Dark ? "Dark" : "Light");
+                                              (mode.appearance == runner::StartAppearance::Dark ? "Dark" : "Light");
                            std::erase(name, '.');
                            return name;
                          });
@@ -91,9 +91,9 @@ TEST(ColourFollowUp, FadesForFourFifthsOfASecond) {
 }
 
 TEST(ColourFollowUp, SystemsBelowThirteenAreLight) {
-  host::Options options;
+  runner::Options options;
   options.systemVersion = "12.4";
-  options.appearance = host::StartAppearance::Dark;
+  options.appearance = runner::StartAppearance::Dark;
   Phone phone = phoneWith({}, options);
   phone.present({{"title", "T"}});
   phone.wait(1);
@@ -113,7 +113,7 @@ TEST(ColourFollowUp, LeavesAFixedModeAlone) {
 }
 
 TEST(ColourFollowUp, DoesNotExistBefore13) {
-  host::Options options;
+  runner::Options options;
   options.systemVersion = "12.4";
   Phone phone = phoneWith({}, options);
   const int controller = phone.present({{"title", "T"}});

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "simulator/springboard/notification_view_controller.hpp"
+#include "simulator/springboard/banner/notification_view_controller.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
 
@@ -205,7 +205,7 @@ TEST(CommandChannel, CommandThatIsNoTextIsIgnored) {
   for (const Json& userInfo : {Json({{"command", 1}}), Json({{"command", {"dismiss"}}}),
                                Json({{"command", "updateReply"}, {"header", 1}, {"body", Json::array()}})})
     NSNotificationCenter::defaultCenter()->post("BrimNotification"_ns,
-                                                objc::as<NSDictionary>(springboard::objectOf(userInfo)));
+                                                objc::as<NSDictionary>(base::objectOf(userInfo)));
   NSNotificationCenter::defaultCenter()->post("BrimNotification"_ns, nullptr);
   EXPECT_EQ(phone.state(controller), before);
   EXPECT_EQ(body(phone, controller), "Hello");

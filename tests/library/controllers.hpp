@@ -7,8 +7,8 @@
 #include "library/controller/banner_controller.hpp"
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_notification_center.hpp"
-#include "simulator/springboard/banner_presenter.hpp"
-#include "simulator/springboard/json_objects.hpp"
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
 
 namespace test {
 
@@ -23,8 +23,8 @@ inline BrimContainer* containerOf(int number) { return controllerOf(number)->bri
 inline void broadcast(const std::string& name, const std::map<std::string, std::string>& userInfo) {
   const objc::AutoreleasePool pool;
   NSMutableDictionary* info = NSMutableDictionary::dictionaryWithCapacity(userInfo.size());
-  for (const auto& [key, value] : userInfo) info->setObject(springboard::stringOf(value), springboard::stringOf(key));
-  NSNotificationCenter::defaultCenter()->post(springboard::stringOf(name), info);
+  for (const auto& [key, value] : userInfo) info->setObject(base::stringOf(value), base::stringOf(key));
+  NSNotificationCenter::defaultCenter()->post(base::stringOf(name), info);
 }
 
 inline void command(const std::map<std::string, std::string>& userInfo) { broadcast("BrimNotification", userInfo); }

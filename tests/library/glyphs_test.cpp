@@ -3,7 +3,7 @@
 #include "library/view/brim_container.hpp"
 #include "platform/ns_data.hpp"
 #include "simulator/drawing/canvas.hpp"
-#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/images/image_class.hpp"
 #include "tests/library/phone.hpp"
 
 namespace {

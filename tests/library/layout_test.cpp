@@ -104,7 +104,7 @@ TEST(Layout, GrabberIsCentredAtTheBottomEdge) {
 }
 
 TEST(Layout, RightToLeftLanguageMirrorsTheBanner) {
-  Phone phone = phoneWith({}, [](host::Options& options) { options.locale = "ar_EG"; });
+  Phone phone = phoneWith({}, [](runner::Options& options) { options.locale = "ar_EG"; });
   const int controller = phone.present({{"title", "ليلى"}, {"message", "مرحبا"}});
   phone.wait(1);
   const Json banner = phone.banner(controller);
@@ -153,7 +153,7 @@ class BlurStyle : public testing::TestWithParam<BlurCase> {};
 
 TEST_P(BlurStyle, FollowsVersionAndMode) {
   Phone phone = phoneWith({{"containerColor", GetParam().mode}},
-                          [](host::Options& options) { options.systemVersion = GetParam().system; });
+                          [](runner::Options& options) { options.systemVersion = GetParam().system; });
   const int controller = phone.present(message());
   phone.wait(1);
   EXPECT_EQ(phone.view(controller, "_keyboardBackdrop").at("blur"), GetParam().backdrop);

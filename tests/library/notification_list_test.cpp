@@ -1,8 +1,8 @@
 // What the library does to the notification list, and what it leaves alone there.
 #include <gtest/gtest.h>
 
-#include "simulator/springboard/lock_screen.hpp"
-#include "simulator/springboard/notification_list_cell.hpp"
+#include "simulator/springboard/list/notification_list_cell.hpp"
+#include "simulator/springboard/shell/lock_screen.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
 

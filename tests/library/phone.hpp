@@ -11,14 +11,14 @@
 #include <vector>
 
 #include "objc/autorelease_pool.hpp"
-#include "simulator/host/session.hpp"
+#include "simulator/runner/session.hpp"
 
 namespace test {
 
 using Json = nlohmann::ordered_json;
 
 struct Setup {
-  host::Options options;
+  runner::Options options;
   // Stored in the preferences domain before the phone starts.
   std::map<std::string, Json> settings;
 };
@@ -55,7 +55,7 @@ class Phone {
 
  private:
   std::filesystem::path folder;
-  std::optional<host::Session> session;
+  std::optional<runner::Session> session;
   // What a test's own messages autorelease.
   std::optional<objc::AutoreleasePool> pool;
 };

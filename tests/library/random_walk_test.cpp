@@ -5,7 +5,7 @@
 
 #include <cstring>
 
-#include "simulator/uikit/renderer.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 #include "tests/library/banner_rules.hpp"
 #include "tests/library/live_objects.hpp"
 #include "tests/library/random_commands.hpp"
@@ -141,7 +141,7 @@ TEST_P(RandomWalk, BreaksNoRuleOfABannersLife) {
 TEST_P(RandomWalk, PaintsWhatAScreenPaintedFromNothingShows) {
   const std::uint64_t seed = number("BRIM_WALK_SEED", 1) + GetParam();
   test::Setup setup;
-  setup.options.library = GetParam() % 2 == 0 ? host::LibraryUse::Mapped : host::LibraryUse::Absent;
+  setup.options.library = GetParam() % 2 == 0 ? process::LibraryUse::Mapped : process::LibraryUse::Absent;
   Phone phone(setup);
   test::RandomCommands commands(seed, phone.root());
   const double scale = GetParam() == 0 ? 3 : 1;

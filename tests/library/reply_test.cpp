@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "simulator/uikit/view_record.hpp"
+#include "simulator/uikit/views/view_record.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
 

@@ -12,7 +12,7 @@ using test::right;
 using test::top;
 
 TEST(StatusLine, OffLeavesThreeBlanksThatHoldThePlace) {
-  Phone phone = phoneWith({{"statusbar", false}}, [](host::Options& options) { options.device = "iphone-8"; });
+  Phone phone = phoneWith({{"statusbar", false}}, [](runner::Options& options) { options.device = "iphone-8"; });
   const int controller = phone.present(message());
   phone.wait(1);
   EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "   ");
@@ -21,14 +21,14 @@ TEST(StatusLine, OffLeavesThreeBlanksThatHoldThePlace) {
 }
 
 TEST(StatusLine, StandsLowerOnADeviceWithoutBottomSafeArea) {
-  Phone phone = phoneWith({}, [](host::Options& options) { options.device = "iphone-8"; });
+  Phone phone = phoneWith({}, [](runner::Options& options) { options.device = "iphone-8"; });
   const int controller = phone.present(message());
   phone.wait(1);
   EXPECT_DOUBLE_EQ(top(phone.view(controller, "_clockLabel")), 8 - 70 + 65);
 }
 
 TEST(StatusLine, StandsAtTheSafeAreaOnADeviceWithOne) {
-  Phone phone = phoneWith({}, [](host::Options& options) { options.device = "iphone-11-pro-max"; });
+  Phone phone = phoneWith({}, [](runner::Options& options) { options.device = "iphone-11-pro-max"; });
   const int controller = phone.present(message());
   phone.wait(1);
   EXPECT_DOUBLE_EQ(top(phone.view(controller, "_clockLabel")), 44 - 70 + 44);
@@ -48,7 +48,7 @@ TEST(StatusLine, TwelveHourClockHasNoMarker) {
 }
 
 TEST(StatusLine, NowLabelIsInTheUsersLanguageAtTheTrailingEdge) {
-  Phone phone = phoneWith({}, [](host::Options& options) { options.locale = "de_DE"; });
+  Phone phone = phoneWith({}, [](runner::Options& options) { options.locale = "de_DE"; });
   const int controller = phone.present(message());
   phone.wait(1);
   const Json now = phone.view(controller, "_nowLabel");

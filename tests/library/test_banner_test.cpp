@@ -2,8 +2,8 @@
 
 #include <set>
 
-#include "simulator/springboard/bulletin_server.hpp"
-#include "simulator/uikit/environment.hpp"
+#include "simulator/springboard/services/bulletin_server.hpp"
+#include "simulator/uikit/environment/environment.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
 

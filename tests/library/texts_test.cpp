@@ -86,7 +86,7 @@ TEST_P(Privacy, HidesEveryText) {
 INSTANTIATE_TEST_SUITE_P(NormalAndTiny, Privacy, testing::Bool());
 
 TEST(Privacy, SaysSoInTheUsersLanguage) {
-  Phone phone = phoneWith({{"hide_unless_expanded", true}}, [](host::Options& options) { options.locale = "de_DE"; });
+  Phone phone = phoneWith({{"hide_unless_expanded", true}}, [](runner::Options& options) { options.locale = "de_DE"; });
   const int controller = phone.present(message());
   EXPECT_NE(phone.view(controller, "headerLabel").at("text"), "Content hidden");
 }

@@ -9,8 +9,9 @@
 #include "platform/messages_app.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
 #include "platform/ui_device.hpp"
-#include "simulator/host/messages_app.hpp"
-#include "simulator/springboard/json_objects.hpp"
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/messages/app_process.hpp"
+#include "simulator/runner/library_inspection.hpp"
 #include "tests/messages/child_process.hpp"
 #include "tests/messages/two_processes.hpp"
 #include "tests/support/temporary_folder.hpp"
@@ -30,7 +31,7 @@ std::map<std::string, Json>& heard() {
 }
 
 void receive(RequestListener*, NSNotification* notification) {
-  heard()[springboard::textOf(notification->name())] = springboard::jsonOf(notification->userInfo());
+  heard()[base::textOf(notification->name())] = base::jsonOf(notification->userInfo());
 }
 
 NSString* handledLast(const CKConversationListController* list) {
@@ -41,9 +42,9 @@ class MessagesAlone : public testing::Test {
  protected:
   MessagesAlone() {
     messages::ChatStore(root).addTo(annasChat, "Anna", {messages::Direction::Received, "Lunch?", 0, 0, false});
-    host::MessagesOptions options;
-    options.phone.root = root;
-    options.phone.systemVersion = "12.4";
+    messages::MessagesOptions options;
+    options.root = root;
+    options.systemVersion = "12.4";
     app.emplace(options);
   }
 
@@ -65,13 +66,13 @@ class MessagesAlone : public testing::Test {
 
   test::TemporaryFolder folder;
   const fs::path root = folder.path() / "root";
-  std::optional<host::MessagesApp> app;
+  std::optional<messages::MessagesApp> app;
   objc::AutoreleasePool pool;
   objc::Ref<RequestListener> listener;
 };
 
 TEST_F(MessagesAlone, HasItsOwnRowsOfTheTableAndNoOthers) {
-  const auto methods = host::installedMethods();
+  const auto methods = runner::installedMethods();
   ASSERT_FALSE(methods.empty());
   for (const BrimInstalledMethod& method : methods) {
     const bool isOfMessages = std::string(method.className) == "CKConversationListController";
@@ -80,7 +81,7 @@ TEST_F(MessagesAlone, HasItsOwnRowsOfTheTableAndNoOthers) {
 }
 
 TEST_F(MessagesAlone, HasTheVersionOfItsHomeScreen) {
-  EXPECT_EQ(springboard::textOf(UIDevice::currentDevice()->systemVersion()), "12.4");
+  EXPECT_EQ(base::textOf(UIDevice::currentDevice()->systemVersion()), "12.4");
 }
 
 TEST_F(MessagesAlone, HearsBothRequestsFieldByField) {
@@ -111,7 +112,7 @@ TEST_F(MessagesAlone, AListRemembersTheRequestItHandledLast) {
   EXPECT_EQ(handledLast(list), nullptr);
   test::TwoProcesses::postReply({{"identifier", "nobody"}, {"body", "x"}, {"brimIdentifier", "abcdefgh"}});
   ASSERT_TRUE(test::eventually([&] { return handledLast(list) != nullptr; }));
-  EXPECT_EQ(springboard::textOf(handledLast(list)), "abcdefgh");
+  EXPECT_EQ(base::textOf(handledLast(list)), "abcdefgh");
 }
 
 TEST_F(MessagesAlone, AListThatHasEndedIsNotSentTo) {

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "simulator/host/messages_options.hpp"
+#include "simulator/messages/messages_options.hpp"
 #include "tests/messages/captured_errors.hpp"
 #include "tests/messages/two_processes.hpp"
 
@@ -123,8 +123,8 @@ void PrintTo(const Wrong& wrong, std::ostream* stream) { *stream << wrong.wanted
 class MessagesOptions : public testing::TestWithParam<Wrong> {};
 
 TEST_P(MessagesOptions, ThatAreWrongSayWhatWouldBeRight) {
-  const auto parsed = host::parseMessagesOptions(GetParam().arguments);
-  const auto* error = std::get_if<host::OptionError>(&parsed);
+  const auto parsed = messages::parseMessagesOptions(GetParam().arguments);
+  const auto* error = std::get_if<process::OptionError>(&parsed);
   ASSERT_NE(error, nullptr);
   EXPECT_NE(error->message.find(GetParam().wanted), std::string::npos) << error->message;
 }

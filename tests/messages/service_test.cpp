@@ -1,5 +1,5 @@
 // What the Messages app answers to the home screens that ask whether it is ready.
-#include "simulator/messages/service.hpp"
+#include "simulator/messages/report_service.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>

@@ -10,11 +10,11 @@
 
 #include "platform/ns_distributed_notification_center.hpp"
 #include "platform/ui_window.hpp"
+#include "simulator/base/event_log.hpp"
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
-#include "simulator/host/event_log.hpp"
-#include "simulator/springboard/json_objects.hpp"
-#include "simulator/springboard/messages_connection.hpp"
+#include "simulator/springboard/services/messages_connection.hpp"
 
 namespace test {
 
@@ -87,12 +87,12 @@ void TwoProcesses::killApp() const {
 
 void TwoProcesses::post(const char* name, const Json& userInfo) {
   const objc::AutoreleasePool pool;
-  auto* dictionary = userInfo.is_null() ? nullptr : static_cast<NSDictionary*>(springboard::objectOf(userInfo));
-  NSDistributedNotificationCenter::defaultCenter()->post(springboard::stringOf(name), dictionary);
+  auto* dictionary = userInfo.is_null() ? nullptr : static_cast<NSDictionary*>(base::objectOf(userInfo));
+  NSDistributedNotificationCenter::defaultCenter()->post(base::stringOf(name), dictionary);
 }
 
 bool TwoProcesses::waitFor(const char* event, std::size_t count) {
-  return eventually([=] { return host::countOfEvents(event) >= count; });
+  return eventually([=] { return base::countOfEvents(event) >= count; });
 }
 
 bool TwoProcesses::fence() {

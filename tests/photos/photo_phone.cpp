@@ -2,7 +2,7 @@
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
-#include "simulator/url_loading/loading.hpp"
+#include "simulator/url_loading/request_loader.hpp"
 
 namespace test {
 

@@ -4,7 +4,7 @@
 
 #include "library/view/brim_container.hpp"
 #include "objc/hook.hpp"
-#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/images/image_class.hpp"
 
 namespace test {
 

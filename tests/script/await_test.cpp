@@ -1,9 +1,9 @@
 // The command "await": what ends a wait, and what does not.
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_url_connection.hpp"
+#include "simulator/base/event_log.hpp"
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/host/event_log.hpp"
-#include "simulator/springboard/json_objects.hpp"
 #include "tests/support/loopback_server.hpp"
 #include "tests/support/plain_phone.hpp"
 
@@ -14,7 +14,7 @@ using test::PlainPhone;
 
 TEST(Await, IsMetByAnEventThatNoAwaitHasAnsweredFor) {
   PlainPhone phone;
-  host::recordEvent("photo", Json::object());
+  base::recordEvent("photo", Json::object());
   phone.run("await", {{"for", "photo"}, {"seconds", 0}});
   const Json again = phone.answer({{"do", "await"}, {"for", "photo"}, {"seconds", 0}});
   EXPECT_FALSE(again.at("ok").get<bool>());
@@ -22,7 +22,7 @@ TEST(Await, IsMetByAnEventThatNoAwaitHasAnsweredFor) {
 
 TEST(Await, IsMetByEachOfTheEventsThatCameTogether) {
   PlainPhone phone;
-  for (int count = 0; count < 2; ++count) host::recordEvent("message", Json::object());
+  for (int count = 0; count < 2; ++count) base::recordEvent("message", Json::object());
   for (int count = 0; count < 2; ++count) phone.run("await", {{"for", "message"}, {"seconds", 0}});
   const Json third = phone.answer({{"do", "await"}, {"for", "message"}, {"seconds", 0}});
   EXPECT_FALSE(third.at("ok").get<bool>());
@@ -30,7 +30,7 @@ TEST(Await, IsMetByEachOfTheEventsThatCameTogether) {
 
 TEST(Await, ForPhotosStartsAnewWithEachNotification) {
   PlainPhone phone;
-  host::recordEvent("photo", Json::object());
+  base::recordEvent("photo", Json::object());
   phone.present();
   const Json answer = phone.answer({{"do", "await"}, {"for", "photo"}, {"seconds", 0}});
   EXPECT_FALSE(answer.at("ok").get<bool>());
@@ -38,7 +38,7 @@ TEST(Await, ForPhotosStartsAnewWithEachNotification) {
 
 TEST(Await, LetsOtherThreadsIn) {
   PlainPhone phone;
-  foundation::onMainThread([] { host::recordEvent("http", Json::object()); });
+  foundation::onMainThread([] { base::recordEvent("http", Json::object()); });
   phone.run("await", {{"for", "http"}});
 }
 
@@ -49,7 +49,7 @@ TEST(Await, IdleEndsWhenAllIsQuiet) {
 
 // Asks a server on the phone's behalf.
 void ask(const std::string& address) {
-  NSURL* const url = NSURL::withString(springboard::stringOf(address));
+  NSURL* const url = NSURL::withString(base::stringOf(address));
   NSURLConnection::sendAsynchronousRequest(NSURLRequest::withURL(url), NSOperationQueue::mainQueue(), nullptr);
 }
 

@@ -1,9 +1,9 @@
 #include <fstream>
 
+#include "simulator/base/event_log.hpp"
 #include "simulator/contacts/address_book.hpp"
 #include "simulator/drawing/image.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/host/event_log.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -55,7 +55,7 @@ TEST(Commands, ClockStartsAtTheTimeThatWasChosen) {
 
 TEST(Commands, LogIsEmptiedByReadingIt) {
   PlainPhone phone;
-  host::recordEvent("test", {{"value", 1}});
+  base::recordEvent("test", {{"value", 1}});
   EXPECT_EQ(phone.log(), Json::array({{{"event", "test"}, {"value", 1}}}));
   EXPECT_EQ(phone.log(), Json::array());
 }

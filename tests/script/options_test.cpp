@@ -3,27 +3,27 @@
 #include <string>
 #include <vector>
 
-#include "simulator/host/iso_time.hpp"
-#include "simulator/host/options.hpp"
+#include "simulator/base/iso_time.hpp"
+#include "simulator/runner/options.hpp"
 
 namespace {
 
-using host::LibraryUse;
-using host::Options;
-using host::StartAppearance;
+using process::LibraryUse;
+using runner::Options;
+using runner::StartAppearance;
 
-auto parse(const std::vector<const char*>& arguments) { return host::parseOptions(arguments); }
+auto parse(const std::vector<const char*>& arguments) { return runner::parseOptions(arguments); }
 
 Options accepted(const std::vector<const char*>& arguments) {
   const auto parsed = parse(arguments);
-  if (const auto* error = std::get_if<host::OptionError>(&parsed)) ADD_FAILURE() << error->message;
+  if (const auto* error = std::get_if<process::OptionError>(&parsed)) ADD_FAILURE() << error->message;
   const auto* options = std::get_if<Options>(&parsed);
   return options == nullptr ? Options() : *options;
 }
 
 std::string refused(const std::vector<const char*>& arguments) {
   const auto parsed = parse(arguments);
-  const auto* error = std::get_if<host::OptionError>(&parsed);
+  const auto* error = std::get_if<process::OptionError>(&parsed);
   return error == nullptr ? "" : error->message;
 }
 
@@ -62,11 +62,11 @@ TEST(Options, LocaleMayBeWrittenWithAHyphen) { EXPECT_EQ(accepted({"--locale", "
 
 TEST(Options, HelpIsAskedForAnywhere) {
   const auto parsed = parse({"--device", "iphone-8", "--help"});
-  EXPECT_TRUE(std::holds_alternative<host::HelpRequest>(parsed));
+  EXPECT_TRUE(std::holds_alternative<process::HelpRequest>(parsed));
 }
 
 TEST(Options, HelpNamesEachWithItsDefault) {
-  const std::string help = host::helpText();
+  const std::string help = runner::helpText();
   for (const char* name : {"--root", "--device", "--system", "--appearance", "--locale", "--time", "--without-brim",
                            "--script", "--demonstration", "--help", "iphone-11-pro-max"})
     EXPECT_NE(help.find(name), std::string::npos) << name;
@@ -105,29 +105,29 @@ TEST(Options, RefusalsSayWhatWouldBeRight) {
 }
 
 TEST(IsoTime, IsReadInEveryForm) {
-  EXPECT_EQ(host::parseIsoTime("1970-01-02T00:00Z"), 86400.0);
-  EXPECT_EQ(host::parseIsoTime("1970-01-01 00:00:01.5Z"), 1.5);
-  EXPECT_EQ(host::parseIsoTime("1970-01-01T02:00+02:00"), 0.0);
-  EXPECT_EQ(host::parseIsoTime("1970-01-01T00:00:00-0030"), 1800.0);
-  EXPECT_EQ(host::parseIsoTime("1969-12-31T23:59:59Z"), -1.0);
+  EXPECT_EQ(base::parseIsoTime("1970-01-02T00:00Z"), 86400.0);
+  EXPECT_EQ(base::parseIsoTime("1970-01-01 00:00:01.5Z"), 1.5);
+  EXPECT_EQ(base::parseIsoTime("1970-01-01T02:00+02:00"), 0.0);
+  EXPECT_EQ(base::parseIsoTime("1970-01-01T00:00:00-0030"), 1800.0);
+  EXPECT_EQ(base::parseIsoTime("1969-12-31T23:59:59Z"), -1.0);
 }
 
 TEST(IsoTime, WithoutAnOffsetIsOfTheTimeZone) {
   setenv("TZ", "UTC-3", 1);
   tzset();
-  EXPECT_EQ(host::parseIsoTime("1970-01-01T03:00"), 0.0);
-  EXPECT_EQ(host::parseIsoTime("1970-01-01"), -10800.0);
+  EXPECT_EQ(base::parseIsoTime("1970-01-01T03:00"), 0.0);
+  EXPECT_EQ(base::parseIsoTime("1970-01-01"), -10800.0);
 }
 
 TEST(IsoTime, RefusesWhatIsNoDate) {
   for (const char* text : {"", "1970", "1970-13-01", "1970-01-01T24:00Z", "1970-01-01T00:60Z", "1970-01-01T00:00:60Z",
                            "1970-01-01T00:00+15:00", "1970-01-01T00:00Zulu", "+1970-01-01"})
-    EXPECT_FALSE(host::parseIsoTime(text)) << text;
+    EXPECT_FALSE(base::parseIsoTime(text)) << text;
 }
 
 TEST(IsoTime, IsWrittenInUniversalTime) {
-  EXPECT_EQ(host::isoTime(0.25), "1970-01-01T00:00:00.250Z");
-  EXPECT_EQ(host::isoTime(-0.5), "1969-12-31T23:59:59.500Z");
+  EXPECT_EQ(base::isoTime(0.25), "1970-01-01T00:00:00.250Z");
+  EXPECT_EQ(base::isoTime(-0.5), "1969-12-31T23:59:59.500Z");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "simulator/springboard/banner_presenter.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {

@@ -1,9 +1,9 @@
 // Long looks of notifications in the list.
 #include "platform/ui_window.hpp"
-#include "simulator/springboard/banner_presenter.hpp"
-#include "simulator/springboard/lock_screen.hpp"
-#include "simulator/springboard/long_look_presenter.hpp"
-#include "simulator/springboard/notification_list_cell.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
+#include "simulator/springboard/list/notification_list_cell.hpp"
+#include "simulator/springboard/long_look/long_look_presenter.hpp"
+#include "simulator/springboard/shell/lock_screen.hpp"
 #include "tests/springboard/long_look.hpp"
 
 namespace test {

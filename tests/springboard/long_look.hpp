@@ -11,7 +11,7 @@ namespace test {
 
 class LongLook : public testing::Test {
  protected:
-  explicit LongLook(host::Options options = {}) : phone(std::move(options)) {}
+  explicit LongLook(runner::Options options = {}) : phone(std::move(options)) {}
 
   int open(const Json& fields = Json::object()) {
     const int controller = phone.present(fields);

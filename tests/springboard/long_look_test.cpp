@@ -2,9 +2,9 @@
 #include "tests/springboard/long_look.hpp"
 
 #include "platform/ui_window.hpp"
-#include "simulator/springboard/banner_presenter.hpp"
-#include "simulator/springboard/long_look_presenter.hpp"
-#include "simulator/uikit/renderer.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
+#include "simulator/springboard/long_look/long_look_presenter.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 
 namespace test {
 

@@ -1,8 +1,8 @@
 // The notification list: what is in it, and what takes it away.
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/springboard/bulletin_server.hpp"
-#include "simulator/springboard/notification_dispatcher.hpp"
+#include "simulator/springboard/services/bulletin_server.hpp"
+#include "simulator/springboard/services/notification_dispatcher.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {

@@ -2,8 +2,8 @@
 #include "platform/ui_device.hpp"
 #include "platform/ui_image.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/springboard/bulletin_server.hpp"
-#include "simulator/springboard/feedback.hpp"
+#include "simulator/springboard/services/bulletin_server.hpp"
+#include "simulator/springboard/services/feedback.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/nc_notification_view_controller.hpp"
-#include "simulator/springboard/json_objects.hpp"
-#include "simulator/springboard/notification_request.hpp"
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/springboard/services/notification_request.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -29,7 +29,7 @@ TEST_F(Requests, UserInfoIsReachedThroughTheSendersOwnRequest) {
   const auto* notification = objc::send<NSObject*, "userNotification">(request.get());
   const auto* inner = objc::send<NSObject*, "request">(notification);
   const auto* content = objc::send<NSObject*, "content">(inner);
-  EXPECT_EQ(springboard::jsonOf(objc::send<NSDictionary*, "userInfo">(content)), description.userInfo);
+  EXPECT_EQ(base::jsonOf(objc::send<NSDictionary*, "userInfo">(content)), description.userInfo);
 }
 
 TEST_F(Requests, ActionsAreThereAsDescribed) {
@@ -92,7 +92,7 @@ TEST_F(Requests, JsonValuesSurviveTheWayThroughFoundation) {
                       {"big", 18446744073709551615U},
                       {"empty", Json::object()},
                       {"text", std::string("a\0b \U0001F30A", 8)}};
-  Json back = springboard::jsonOf(springboard::objectOf(value));
+  Json back = base::jsonOf(base::objectOf(value));
   // Numbers beyond the signed range read back as their bits.
   back["big"] = back["big"].get<std::uint64_t>();
   EXPECT_EQ(back, value);

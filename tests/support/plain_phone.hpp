@@ -6,7 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "simulator/host/session.hpp"
+#include "simulator/runner/session.hpp"
 #include "tests/support/start_time.hpp"
 #include "tests/support/temporary_folder.hpp"
 
@@ -16,7 +16,7 @@ using Json = nlohmann::ordered_json;
 
 class PlainPhone {
  public:
-  explicit PlainPhone(host::Options options = {}) : session(atHome(std::move(options))) {}
+  explicit PlainPhone(runner::Options options = {}) : session(atHome(std::move(options))) {}
 
   Json answer(const Json& command) { return session.run(command); }
   Json answerLine(const std::string& line) { return session.runLine(line); }
@@ -58,15 +58,15 @@ class PlainPhone {
   }
 
  private:
-  host::Options atHome(host::Options options) const {
+  runner::Options atHome(runner::Options options) const {
     options.root = home.path() / "root";
-    options.library = host::LibraryUse::Absent;
+    options.library = process::LibraryUse::Absent;
     if (!options.time) options.time = startTime;
     return options;
   }
 
   TemporaryFolder home;
-  host::Session session;
+  runner::Session session;
 };
 
 }  // namespace test

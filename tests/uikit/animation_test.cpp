@@ -1,7 +1,7 @@
 #include "platform/ui_view.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/cg_color.hpp"
-#include "simulator/uikit/view_geometry.hpp"
+#include "simulator/uikit/views/cg_color.hpp"
+#include "simulator/uikit/views/view_geometry.hpp"
 #include "tests/uikit/stage.hpp"
 
 namespace test {

@@ -1,8 +1,8 @@
 // UIButton.
 #include "platform/ui_button.hpp"
 
-#include "simulator/uikit/color.hpp"
-#include "simulator/uikit/control.hpp"
+#include "simulator/uikit/controls/control.hpp"
+#include "simulator/uikit/views/color.hpp"
 #include "tests/uikit/content.hpp"
 #include "tests/uikit/listener.hpp"
 

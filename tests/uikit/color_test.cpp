@@ -1,8 +1,8 @@
 // UIColor.
 #include <cmath>
 
-#include "simulator/uikit/cg_color.hpp"
-#include "simulator/uikit/color.hpp"
+#include "simulator/uikit/views/cg_color.hpp"
+#include "simulator/uikit/views/color.hpp"
 #include "tests/uikit/stage.hpp"
 
 namespace test {

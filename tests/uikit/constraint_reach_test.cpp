@@ -1,5 +1,5 @@
 // How far the work for constraints reaches: what lies in different views whose frames are given is solved apart.
-#include "simulator/uikit/view_hierarchy.hpp"
+#include "simulator/uikit/views/view_hierarchy.hpp"
 #include "tests/uikit/constraints.hpp"
 
 namespace test {

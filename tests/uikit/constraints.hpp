@@ -1,7 +1,7 @@
 // Views placed by constraints in one of 400 by 300 points.
 #pragma once
 
-#include "simulator/uikit/layout_constraint.hpp"
+#include "simulator/uikit/layout/layout_constraint.hpp"
 #include "tests/uikit/stage.hpp"
 
 namespace test {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/uikit/renderer.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 
 namespace test {
 

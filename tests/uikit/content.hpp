@@ -6,7 +6,7 @@
 
 #include "platform/ui_label.hpp"
 #include "simulator/drawing/image.hpp"
-#include "simulator/uikit/describe.hpp"
+#include "simulator/uikit/description/view_tree.hpp"
 #include "tests/uikit/stage.hpp"
 
 namespace test {

@@ -1,7 +1,7 @@
 // UIControl: its targets, and how it follows a finger.
-#include "simulator/uikit/control.hpp"
+#include "simulator/uikit/controls/control.hpp"
 
-#include "simulator/uikit/touch.hpp"
+#include "simulator/uikit/touch/touch.hpp"
 #include "tests/uikit/content.hpp"
 #include "tests/uikit/listener.hpp"
 

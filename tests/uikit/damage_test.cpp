@@ -1,12 +1,12 @@
-#include "simulator/uikit/damage.hpp"
+#include "simulator/uikit/rendering/damage.hpp"
 
 #include "platform/ui_label.hpp"
 #include "platform/ui_visual_effect_view.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/cg_color.hpp"
-#include "simulator/uikit/renderer.hpp"
-#include "simulator/uikit/view_record.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
+#include "simulator/uikit/views/cg_color.hpp"
+#include "simulator/uikit/views/view_record.hpp"
+#include "simulator/uikit/views/window.hpp"
 #include "tests/uikit/content.hpp"
 
 namespace test {

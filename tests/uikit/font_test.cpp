@@ -1,5 +1,5 @@
 // UIFont.
-#include "simulator/uikit/font.hpp"
+#include "simulator/uikit/text/font_class.hpp"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "simulator/uikit/view_geometry.hpp"
+#include "simulator/uikit/views/view_geometry.hpp"
 
 #include <limits>
 
@@ -111,15 +111,15 @@ TEST_F(Geometry, SafeAreaIsTheDevicesLessWhatLiesOutside) {
 
 TEST_F(Geometry, SafeAreaWithoutRoundedCornersIsTheStatusBar) {
   uikit::Environment environment;
-  environment.device = *host::findDeviceProfile("iphone-8");
+  environment.device = *base::findDeviceProfile("iphone-8");
   uikit::setEnvironment(environment);
   EXPECT_EQ(makeWindow()->safeAreaInsets(), (UIEdgeInsets{20, 0, 0, 0}));
 }
 
 TEST(DeviceProfiles, UnknownNameHasNone) {
-  EXPECT_EQ(host::findDeviceProfile("toaster"), nullptr);
-  EXPECT_EQ(host::deviceProfiles().size(), 4U);
-  EXPECT_EQ(host::defaultDeviceProfile().name, "iphone-x");
+  EXPECT_EQ(base::findDeviceProfile("toaster"), nullptr);
+  EXPECT_EQ(base::deviceProfiles().size(), 4U);
+  EXPECT_EQ(base::defaultDeviceProfile().name, "iphone-x");
 }
 
 }  // namespace test

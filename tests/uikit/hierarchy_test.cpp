@@ -1,4 +1,4 @@
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/views/window.hpp"
 #include "tests/uikit/stage.hpp"
 
 namespace test {

@@ -1,5 +1,5 @@
 // UIImage: files, data and the icons of applications.
-#include "simulator/uikit/image.hpp"
+#include "simulator/uikit/images/image_class.hpp"
 
 #include <stdlib.h>
 

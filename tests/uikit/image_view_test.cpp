@@ -1,8 +1,8 @@
 // UIImageView.
 #include "platform/ui_image_view.hpp"
 
-#include "simulator/uikit/image.hpp"
-#include "simulator/uikit/renderer.hpp"
+#include "simulator/uikit/images/image_class.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 #include "tests/uikit/content.hpp"
 
 namespace test {

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <set>
 
-#include "simulator/uikit/keyboard_key.hpp"
+#include "simulator/uikit/keyboard/keyboard_key.hpp"
 #include "tests/uikit/content.hpp"
 
 namespace test {

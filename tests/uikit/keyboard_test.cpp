@@ -3,10 +3,10 @@
 
 #include "platform/ui_text_field.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/describe.hpp"
-#include "simulator/uikit/keyboard_key.hpp"
-#include "simulator/uikit/view_record.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/description/view_tree.hpp"
+#include "simulator/uikit/keyboard/keyboard_key.hpp"
+#include "simulator/uikit/views/view_record.hpp"
+#include "simulator/uikit/views/window.hpp"
 #include "tests/uikit/content.hpp"
 
 namespace test {

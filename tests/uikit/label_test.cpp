@@ -2,8 +2,8 @@
 #include "platform/ui_label.hpp"
 
 #include "objc/class_definition.hpp"
-#include "simulator/uikit/color.hpp"
-#include "simulator/uikit/font.hpp"
+#include "simulator/uikit/text/font_class.hpp"
+#include "simulator/uikit/views/color.hpp"
 #include "tests/uikit/content.hpp"
 
 namespace test {

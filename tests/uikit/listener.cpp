@@ -1,7 +1,7 @@
 #include "tests/uikit/listener.hpp"
 
 #include "objc/class_definition.hpp"
-#include "simulator/uikit/control.hpp"
+#include "simulator/uikit/controls/control.hpp"
 
 namespace test {
 

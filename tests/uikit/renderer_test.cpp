@@ -1,9 +1,9 @@
-#include "simulator/uikit/renderer.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 
 #include "objc/class_definition.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/cg_color.hpp"
-#include "simulator/uikit/describe.hpp"
+#include "simulator/uikit/description/view_tree.hpp"
+#include "simulator/uikit/views/cg_color.hpp"
 #include "tests/uikit/stage.hpp"
 
 namespace test {

@@ -7,8 +7,8 @@
 #include "simulator/foundation/classes.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/classes.hpp"
-#include "simulator/uikit/touch.hpp"
-#include "simulator/uikit/view.hpp"
+#include "simulator/uikit/touch/touch.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace test {
 

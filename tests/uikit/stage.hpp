@@ -10,7 +10,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ui_view_controller.hpp"
 #include "platform/ui_window.hpp"
-#include "simulator/uikit/environment.hpp"
+#include "simulator/uikit/environment/environment.hpp"
 
 namespace test {
 

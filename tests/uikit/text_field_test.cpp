@@ -1,8 +1,8 @@
 // UITextField: typing, its events and what it shows.
 #include "platform/ui_text_field.hpp"
 
-#include "simulator/uikit/text_boundaries.hpp"
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/text/text_boundaries.hpp"
+#include "simulator/uikit/views/window.hpp"
 #include "tests/uikit/content.hpp"
 #include "tests/uikit/listener.hpp"
 

@@ -1,4 +1,4 @@
-#include "simulator/uikit/touch.hpp"
+#include "simulator/uikit/touch/touch.hpp"
 
 #include "simulator/foundation/main_queue.hpp"
 #include "tests/uikit/stage.hpp"

@@ -1,7 +1,7 @@
 // UIVisualEffectView.
 #include "platform/ui_visual_effect_view.hpp"
 
-#include "simulator/uikit/renderer.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 #include "tests/uikit/content.hpp"
 
 namespace test {

@@ -1,8 +1,8 @@
-#include "simulator/uikit/window.hpp"
+#include "simulator/uikit/views/window.hpp"
 
 #include "platform/ui_device.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/trait_collection.hpp"
+#include "simulator/uikit/environment/trait_collection.hpp"
 #include "tests/uikit/stage.hpp"
 
 namespace test {
@@ -136,7 +136,7 @@ TEST_F(Traits, EqualWhenOfTheSameAppearance) {
 TEST_F(Devices, TellSystemVersionAndHapticsByKey) {
   uikit::Environment environment;
   environment.systemVersion = "11.4";
-  environment.device = *host::findDeviceProfile("iphone-8");
+  environment.device = *base::findDeviceProfile("iphone-8");
   uikit::setEnvironment(environment);
   EXPECT_STREQ(UIDevice::currentDevice()->systemVersion()->UTF8String(), "11.4");
   NSObject* level = UIDevice::currentDevice()->valueForKey(NSString::stringWithUTF8String("_feedbackSupportLevel"));

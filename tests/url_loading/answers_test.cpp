@@ -59,7 +59,7 @@ TEST_F(Answers, HaveTheHeadersOfTheLastResponse) {
   NSURLConnection::sendAsynchronousRequest(
       request(server.address("/old")), NSOperationQueue::mainQueue(),
       objc::block([&](NSURLResponse* response, NSData*, NSError*) {
-        fields = springboard::jsonOf(objc::send<NSDictionary*, "allHeaderFields">(response)).dump();
+        fields = base::jsonOf(objc::send<NSDictionary*, "allHeaderFields">(response)).dump();
         done = true;
       }));
   ASSERT_TRUE(runUntil([&] { return done; }));

@@ -8,9 +8,9 @@
 #include <fstream>
 #include <map>
 
+#include "simulator/base/event_log.hpp"
 #include "simulator/foundation/run_loop.hpp"
-#include "simulator/host/event_log.hpp"
-#include "simulator/url_loading/loading.hpp"
+#include "simulator/url_loading/request_loader.hpp"
 #include "tests/url_loading/loading.hpp"
 
 namespace test {
@@ -158,7 +158,7 @@ TEST_F(Completions, AreLoggedWithAddressAndStatus) {
   const std::string gone = server.address("/gone");
   load(gone);
   load("ftp://127.0.0.1/");
-  EXPECT_EQ(host::takeEvents(),
+  EXPECT_EQ(base::takeEvents(),
             nlohmann::ordered_json::array(
                 {{{"event", "http"}, {"url", gone}, {"status", 410}},
                  {{"event", "http"}, {"url", "ftp://127.0.0.1/"}, {"status", nullptr}, {"error", -1002}}}));

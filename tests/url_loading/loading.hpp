@@ -9,8 +9,8 @@
 
 #include "platform/ns_url_connection.hpp"
 #include "platform/ns_url_session.hpp"
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/springboard/json_objects.hpp"
 #include "simulator/url_loading/classes.hpp"
 #include "simulator/url_loading/transfer_values.hpp"
 #include "tests/objc/runtime_environment.hpp"
@@ -72,7 +72,7 @@ class UrlLoading : public RuntimeTest {
 
   static NSURLRequest* request(const std::string& address, double idleSeconds = patience) {
     auto* const made = objc::send<NSURLRequest*, "requestWithURL:">(objc::lookUpClass<"NSMutableURLRequest">(),
-                                                                    NSURL::withString(springboard::stringOf(address)));
+                                                                    NSURL::withString(base::stringOf(address)));
     objc::send<void, "setTimeoutInterval:">(made, idleSeconds);
     return made;
   }

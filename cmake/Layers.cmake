@@ -1,0 +1,49 @@
+# Layers: groups of folders whose files include only their own headers and those of the layers below. CMake refuses a
+# cycle between the targets; tests/structure checks each #include against these declarations.
+
+# brim_layer(LAYER [FOLDERS folder...] [DEPENDS layer...]): declares a layer without building it. A layer has the name
+# of its folder unless FOLDERS lists several. Paths are relative to the root of the repository.
+function(brim_layer layer)
+  cmake_parse_arguments(PARSE_ARGV 1 declared "" "" "FOLDERS;DEPENDS")
+  if(NOT declared_FOLDERS)
+    set(declared_FOLDERS ${layer})
+  endif()
+  list(JOIN declared_FOLDERS " " folders)
+  list(JOIN declared_DEPENDS " " depends)
+  set_property(GLOBAL APPEND_STRING PROPERTY BRIM_LAYERS "${layer}|${folders}|${depends}\n")
+endfunction()
+
+# brim_simulator_layer(NAME [FOLDERS folder...] [DEPENDS layer...] [LIBRARIES target...]): a layer of the simulator,
+# below simulator/, as an object library. `simulator` links all of them. Its programs' main.cpp files are left out.
+function(brim_simulator_layer name)
+  cmake_parse_arguments(PARSE_ARGV 1 declared "" "" "FOLDERS;DEPENDS;LIBRARIES")
+  if(NOT declared_FOLDERS)
+    set(declared_FOLDERS ${name})
+  endif()
+  set(patterns ${declared_FOLDERS})
+  list(TRANSFORM patterns APPEND "/*.cpp")
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+
+  set(declared_LINKED ${declared_DEPENDS})
+  string(REPLACE "/" "_" target simulator_${name})
+  add_library(${target} OBJECT ${sources})
+  target_link_libraries(${target} PUBLIC platform ${declared_LIBRARIES})
+  # Of the library, the simulator includes headers only.
+  list(FILTER declared_LINKED EXCLUDE REGEX "^library")
+  foreach(dependency IN LISTS declared_LINKED)
+    string(REGEX REPLACE "^simulator/(layout|drawing)$" "\\1" dependency ${dependency})
+    string(REPLACE "/" "_" dependency ${dependency})
+    target_link_libraries(${target} PUBLIC ${dependency})
+  endforeach()
+  set_property(GLOBAL APPEND PROPERTY BRIM_SIMULATOR_LAYERS ${target})
+
+  list(TRANSFORM declared_FOLDERS PREPEND "simulator/")
+  brim_layer(simulator/${name} FOLDERS ${declared_FOLDERS} DEPENDS platform ${declared_DEPENDS})
+endfunction()
+
+# Writes the declarations to <build>/layers.txt, a line per layer: name|folders|layers below.
+function(brim_write_layers)
+  get_property(layers GLOBAL PROPERTY BRIM_LAYERS)
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/layers.txt CONTENT "${layers}")
+endfunction()

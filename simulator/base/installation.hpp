@@ -1,0 +1,26 @@
+// The files that the build or an installation provides, and the default roots. Any thread.
+#pragma once
+
+#include <filesystem>
+
+namespace base {
+
+// The asset bundle of the library, relative to a root.
+inline constexpr const char* assetBundlePath = "Library/Application Support/Brim/Assets.bundle";
+
+// Absolute paths, found from the location of this shared library.
+struct Installation {
+  std::filesystem::path library;        // libBrim.so
+  std::filesystem::path assetBundle;    // Assets.bundle
+  std::filesystem::path applications;   // application icons, <bundle identifier>.png
+  std::filesystem::path messages;       // the executable of the Messages app
+  std::filesystem::path demonstration;  // the demonstration's files and web pages
+};
+Installation installation();
+
+// The folder brim/root in the user's data folder.
+std::filesystem::path defaultRoot();
+// The demonstration uses its own root beside the default one and leaves the user's files unchanged.
+std::filesystem::path demonstrationRoot();
+
+}  // namespace base

@@ -1,0 +1,145 @@
+#include "simulator/layout/subproblem.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace layout {
+namespace {
+
+// A required constraint that is off by no more than this holds: far less than can be seen on a screen, and more than
+// rounding makes of the largest constants.
+constexpr double tolerance = 1e-6;
+// Each pivot rounds; after so many of them in changes the basis is computed anew.
+constexpr std::size_t pivotsBeforeNewStart = 1000;
+
+// Violations count in the constraint's own units, relative to the largest unit of its level.
+LexicographicSimplex::Cost costOf(const Row& row, int largestExponent) {
+  const double unit = row.exponent == largestExponent ? 1 : std::scalbn(1.0, row.exponent - largestExponent);
+  return {row.relation == Relation::LessOrEqual ? 0 : unit, row.relation == Relation::GreaterOrEqual ? 0 : unit};
+}
+
+}  // namespace
+
+Subproblem::Subproblem(const Model& model)
+    : variableCount_(model.variables),
+      rows_(model.rows.begin(), model.rows.end()),
+      terms_(model.terms.begin(), model.terms.end()) {
+  collectLevels();
+}
+
+void Subproblem::setConstant(std::uint32_t row, double constant) {
+  const double difference = constant - rows_[row].constant;
+  if (difference == 0) return;
+  changes_.push_back({row, difference});
+  rows_[row].constant = constant;
+}
+
+void Subproblem::solve() {
+  if (isSolved_ && changes_.empty()) return;
+  const bool isExact = simplex_.pivotCount() - pivotsOfNewStart_ < pivotsBeforeNewStart;
+  // Any change may let a constraint back in that was in conflict.
+  const bool canGoOn = isSolved_ && conflicts_.empty() && isExact;
+  if (!canGoOn || !solveFromLastBasis()) solveFromScratch();
+  changes_.clear();
+  isSolved_ = true;
+}
+
+void Subproblem::solveFromScratch() {
+  loadTableau();
+  imposeRequired();
+  optimiseLevels();
+  settleVariables();
+  pivotsOfNewStart_ = simplex_.pivotCount();
+}
+
+void Subproblem::loadTableau() {
+  simplex_.reset(variableCount_, rows_.size());
+  Tableau& tableau = simplex_.tableau();
+  auto term = terms_.begin();
+  for (std::uint32_t row = 0; row < rows_.size(); ++row) {
+    const std::size_t position = tableau.position(quantity(row));
+    for (const auto end = term + rows_[row].termCount; term != end; ++term)
+      tableau.row(position)[term->variable] = term->coefficient;
+    tableau.constant(position) = rows_[row].constant;
+  }
+}
+
+void Subproblem::imposeRequired() {
+  conflicts_.clear();
+  for (std::uint32_t row = 0; row < rows_.size(); ++row)
+    if (rows_[row].isRequired() && !impose(row)) conflicts_.push_back(row);
+}
+
+bool Subproblem::impose(std::uint32_t row) {
+  const Quantity own = quantity(row);
+  const std::span goal(&own, 1);
+  simplex_.setCost(own, costOf(rows_[row], rows_[row].exponent));
+  const bool holds = simplex_.absorb(own) || simplex_.cost(goal) <= tolerance || simplex_.minimise(goal) <= tolerance;
+  if (holds) {
+    simplex_.keepZero(goal);
+  } else {
+    simplex_.abandon(own);
+  }
+  return holds;
+}
+
+bool Subproblem::solveFromLastBasis() {
+  for (const Change& change : changes_) simplex_.tableau().shift(quantity(change.row), change.difference);
+  if (simplex_.isFeasible()) return true;
+  simplex_.release();
+  if (!imposeRequiredAtOnce()) return false;
+  optimiseLevels();
+  settleVariables();
+  return true;
+}
+
+bool Subproblem::imposeRequiredAtOnce() {
+  goal_.clear();
+  for (std::uint32_t row = 0; row < rows_.size(); ++row)
+    if (rows_[row].isRequired()) goal_.push_back(quantity(row));
+  if (simplex_.minimise(goal_) > tolerance) return false;
+  simplex_.keepZero(goal_);
+  return true;
+}
+
+void Subproblem::collectLevels() {
+  for (std::uint32_t row = 0; row < rows_.size(); ++row)
+    if (!rows_[row].isRequired()) levels_.push_back(row);
+  std::sort(levels_.begin(), levels_.end(), [&](std::uint32_t a, std::uint32_t b) {
+    return rows_[a].priority != rows_[b].priority ? rows_[a].priority > rows_[b].priority : a < b;
+  });
+}
+
+void Subproblem::optimiseLevels() {
+  auto begin = levels_.begin();
+  while (begin != levels_.end() && !simplex_.isDetermined()) {
+    const float priority = rows_[*begin].priority;
+    const auto end =
+        std::find_if(begin, levels_.end(), [&](std::uint32_t next) { return rows_[next].priority != priority; });
+    optimiseLevel({begin, end});
+    begin = end;
+  }
+}
+
+void Subproblem::optimiseLevel(std::span<const std::uint32_t> level) {
+  int largestExponent = rows_[level.front()].exponent;
+  for (const std::uint32_t row : level) largestExponent = std::max(largestExponent, rows_[row].exponent);
+  goal_.clear();
+  for (const std::uint32_t row : level) {
+    simplex_.setCost(quantity(row), costOf(rows_[row], largestExponent));
+    goal_.push_back(quantity(row));
+  }
+  simplex_.minimise(goal_);
+  simplex_.keepOptimum(goal_);
+}
+
+void Subproblem::settleVariables() {
+  for (Quantity variable = 0; variable < variableCount_ && !simplex_.isDetermined(); ++variable) {
+    const std::span goal(&variable, 1);
+    simplex_.setCost(variable, {1, 1});
+    simplex_.minimise(goal);
+    simplex_.keepOptimum(goal);
+  }
+}
+
+}  // namespace layout

@@ -1,0 +1,95 @@
+#include "simulator/messages/receive_and_list.hpp"
+
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <iostream>
+#include <string>
+
+#include "simulator/base/installation.hpp"
+#include "simulator/base/iso_time.hpp"
+#include "simulator/messages/chat_store.hpp"
+#include "simulator/process/bulletin_message.hpp"
+#include "simulator/process/root_setup.hpp"
+
+namespace messages {
+
+namespace {
+
+namespace fs = std::filesystem;
+using messages::Chat;
+using messages::ChatStore;
+using messages::Direction;
+using messages::Message;
+
+constexpr const char* messagesSection = "com.apple.MobileSMS";
+
+fs::path rootOf(const MessagesOptions& options) {
+  return options.root.empty() ? base::defaultRoot() : fs::absolute(options.root);
+}
+
+// The address within a chat's identifier, which notifications carry as their thread.
+std::string addressOf(const std::string& guid) { return guid.substr(guid.rfind(';') + 1); }
+
+std::string guidOf(const std::string& chat) {
+  return chat.find(';') == std::string::npos ? "iMessage;-;" + chat : chat;
+}
+
+std::string nameOf(const Chat& chat) { return chat.name.empty() ? addressOf(chat.guid) : chat.name; }
+
+// A message is one line of the terminal, whatever it holds.
+std::string printable(const std::string& text) {
+  std::string line;
+  for (const char character : text) {
+    const auto code = static_cast<unsigned char>(character);
+    line += code < 0x20 || code == 0x7f ? ' ' : character;
+  }
+  return line;
+}
+
+std::string timeText(double time) {
+  const auto seconds = static_cast<std::time_t>(time);
+  std::tm parts = {};
+  localtime_r(&seconds, &parts);
+  char text[32];
+  std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &parts);
+  return text;
+}
+
+void print(const Chat& chat, const Message& message) {
+  const bool isSent = message.direction == Direction::Sent;
+  const bool isNew = !isSent && !message.isRead;
+  std::cout << (isNew ? "  * " : "    ") << timeText(message.time) << "  " << (isSent ? "me" : printable(nameOf(chat)))
+            << ": " << printable(message.text) << "\n";
+}
+
+}  // namespace
+
+int listConversations(const MessagesOptions& options) {
+  const fs::path root = rootOf(options);
+  if (!ChatStore::existsIn(root)) {
+    std::cout << "no conversations\n";
+    return 0;
+  }
+  const ChatStore store(root);
+  const std::vector<Chat> chats = store.chats();
+  if (chats.empty()) std::cout << "no conversations\n";
+  for (const Chat& chat : chats) {
+    std::cout << printable(nameOf(chat)) << " (" << printable(chat.guid) << ")\n";
+    for (const Message& message : store.messagesOf(chat)) print(chat, message);
+  }
+  return 0;
+}
+
+int receiveMessage(const MessagesOptions& options) {
+  const fs::path root = rootOf(options);
+  ChatStore store(root);
+  const Chat chat = store.addTo(guidOf(options.chat), options.sender,
+                                {Direction::Received, *options.text, 0, base::realTime(), false});
+  const bool isShown =
+      process::sendBulletin(root, {messagesSection, addressOf(chat.guid), nameOf(chat), *options.text});
+  if (!isShown) std::fprintf(stderr, "messages: no home screen runs on %s; the message is stored\n", root.c_str());
+  return 0;
+}
+
+}  // namespace messages

@@ -1,0 +1,54 @@
+#include "simulator/runner/web_server_plugin.hpp"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <microhttpd.h>
+#include <netinet/in.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using Response = std::unique_ptr<MHD_Response, decltype(&MHD_destroy_response)>;
+
+Response notFound() {
+  return {MHD_create_response_from_buffer(0, nullptr, MHD_RESPMEM_PERSISTENT), &MHD_destroy_response};
+}
+
+// Null where there is no such file.
+Response responseOf(const std::string& file) {
+  const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  struct stat status = {};
+  if (descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
+    return {MHD_create_response_from_fd(static_cast<std::size_t>(status.st_size), descriptor), &MHD_destroy_response};
+  if (descriptor >= 0) close(descriptor);
+  return {nullptr, &MHD_destroy_response};
+}
+
+MHD_Result answer(void* folder, MHD_Connection* connection, const char* path, const char* method, const char*,
+                  const char*, std::size_t*, void**) {
+  const bool isPlain = std::string_view(method) == "GET" && std::string_view(path).find("..") == std::string_view::npos;
+  const Response found = isPlain ? responseOf(*static_cast<const std::string*>(folder) + path) : notFound();
+  const bool isFound = isPlain && found != nullptr;
+  return MHD_queue_response(connection, isFound ? MHD_HTTP_OK : MHD_HTTP_NOT_FOUND,
+                            isFound ? found.get() : notFound().get());
+}
+
+}  // namespace
+
+std::uint16_t brim_serve_folder(const char* folder) {
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  // As long as the process, like the daemon.
+  auto* const served = new std::string(folder);
+  MHD_Daemon* const daemon = MHD_start_daemon(MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD, 0, nullptr, nullptr,
+                                              &answer, served, MHD_OPTION_SOCK_ADDR, &address, MHD_OPTION_END);
+  if (daemon == nullptr) return 0;
+  const MHD_DaemonInfo* const bound = MHD_get_daemon_info(daemon, MHD_DAEMON_INFO_BIND_PORT);
+  return bound == nullptr ? 0 : bound->port;
+}

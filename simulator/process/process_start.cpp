@@ -1,0 +1,48 @@
+#include "simulator/process/process_start.hpp"
+
+#include <dlfcn.h>
+
+#include <optional>
+
+#include "simulator/base/installation.hpp"
+#include "simulator/foundation/injection_loader.hpp"
+#include "simulator/process/root_setup.hpp"
+
+namespace process {
+
+namespace {
+
+// Null until it is mapped; it stays mapped.
+void* libraryHandle = nullptr;
+
+void stopOn(const std::optional<std::string>& failure) {
+  if (failure) throw StartError(*failure);
+}
+
+}  // namespace
+
+void useRoot(const std::filesystem::path& root, foundation::DefaultsDatabase database) {
+  stopOn(foundation::useRoot(root, database));
+  stopOn(prepareRoot(root));
+}
+
+void useRoot(const std::filesystem::path& chosen) {
+  if (chosen.empty()) {
+    process::useRoot(base::defaultRoot(), foundation::DefaultsDatabase::OfUser);
+  } else {
+    process::useRoot(chosen, foundation::DefaultsDatabase::OfRoot);
+  }
+}
+
+void mapLibrary(const char* bundleIdentifier) {
+  const foundation::LoadOutcome outcome = foundation::injectLibraries(bundleIdentifier);
+  if (!outcome.failures.empty()) throw StartError("a library could not be mapped: " + outcome.failures.front());
+  for (const std::filesystem::path& library : outcome.loaded) {
+    void* handle = dlopen(library.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    if (handle != nullptr && dlsym(handle, "brim_settings") != nullptr) libraryHandle = handle;
+  }
+}
+
+void* mappedLibrary() { return libraryHandle; }
+
+}  // namespace process

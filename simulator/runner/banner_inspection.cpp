@@ -1,0 +1,161 @@
+#include "simulator/runner/banner_inspection.hpp"
+
+#include <array>
+#include <deque>
+#include <string>
+
+#include "objc/class_definition.hpp"
+#include "platform/nc_notification_view.hpp"
+#include "platform/ui_image.hpp"
+#include "simulator/base/event_log.hpp"
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/runner/command_handlers.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
+#include "simulator/springboard/banner/notification_view.hpp"
+#include "simulator/uikit/images/image_class.hpp"
+#include "simulator/uikit/views/view.hpp"
+
+namespace runner {
+
+namespace {
+
+using Controller = NCNotificationShortLookViewController;
+
+// The library's banner, as far as a script looks at it.
+class BrimContainer : public objc::Interface<"BrimContainer", UIView> {};
+
+struct DismissalFlags {
+  bool hasDismissed = false;
+  bool autoDimissTriggered = false;
+  bool isDismissing = false;
+  bool wasExternallyDismissed = false;
+  bool dismissCalled = false;
+};
+
+struct BannerState {
+  std::string identifier;
+  bool hasBrim = false;
+  bool hasIdentifier = false;
+  DismissalFlags flags;
+  bool isExpanded = false;
+  double height = 0;
+  double offset = 0;
+};
+
+// What can still be asked of a banner that was let go. A script may present very many.
+struct LastState {
+  std::array<char, 8> identifier{};  // as long as the library makes it, or none
+  DismissalFlags flags;
+};
+
+std::deque<LastState>& lastStates() {
+  static std::deque<LastState>& states = *new std::deque<LastState>;
+  return states;
+}
+
+void keepLastState(std::size_t number, const BannerState& state) {
+  if (lastStates().size() < number) lastStates().resize(number);
+  LastState& last = lastStates()[number - 1];
+  state.identifier.copy(last.identifier.data(), last.identifier.size());
+  last.flags = state.flags;
+}
+
+BannerState lastState(std::size_t number) {
+  const LastState last = number <= lastStates().size() ? lastStates()[number - 1] : LastState{};
+  BannerState state;
+  state.hasIdentifier = last.identifier.front() != '\0';
+  if (state.hasIdentifier) state.identifier.assign(last.identifier.data(), last.identifier.size());
+  state.flags = last.flags;
+  return state;
+}
+
+// Zero where the object does not answer, as without the library.
+template <class Value, objc::FixedString name>
+Value ask(const NSObject* object) {
+  return answers<name>(object) ? objc::send<Value, name>(object) : Value{};
+}
+
+UIView* brimView(const Controller* controller) { return ask<UIView*, "brimView">(controller); }
+
+BannerState read(const Controller* controller) {
+  const UIView* brim = brimView(controller);
+  NSString* identifier = ask<NSString*, "brimIdentifier">(controller);
+  return {
+      .identifier = base::textOf(identifier),
+      .hasBrim = brim != nullptr,
+      .hasIdentifier = identifier != nullptr,
+      .flags = {ask<bool, "hasDismissed">(controller), ask<bool, "autoDimissTriggered">(controller),
+                ask<bool, "isDismissing">(controller), ask<bool, "wasExternallyDismissed">(controller),
+                ask<bool, "dismissCalled">(controller)},
+      .isExpanded = ask<bool, "isFullyExpanded">(brim),
+      .height = ask<CGFloat, "height">(brim),
+      .offset = ask<CGFloat, "offset">(brim),
+  };
+}
+
+// Without the library no banner has to stay.
+bool dismissNotification() {
+  Class container = BrimContainer::classObject();
+  return container == nullptr || objc::send<bool, "DismissNotification">(container);
+}
+
+// Where the picture came from, else its size.
+Json nameOf(const UIImage* image) {
+  const auto pixels = uikit::imageOf(image);
+  if (pixels == nullptr) return nullptr;
+  if (!pixels->name().empty()) return pixels->name();
+  return std::to_string(pixels->pixelWidth()) + "x" + std::to_string(pixels->pixelHeight());
+}
+
+using UpdateImage = objc::Original<void(UIView*, UIImage*)>;
+
+void updateImage(UpdateImage original, UIView* self, UIImage* image) {
+  auto* controller = objc::as<Controller>(uikit::nearestViewController(self));
+  // A picture may come when its banner has gone.
+  const Json number = controller == nullptr ? Json() : Json(springboard::numberOfBanner(controller));
+  base::recordEvent("photo", {{"controller", number}, {"image", nameOf(image)}});
+  original(self, image);
+}
+
+void observePictures() {
+  Class container = BrimContainer::classObject();
+  if (container == nullptr) return;
+  using Hook = objc::detail::HookOf<&updateImage>;
+  MSHookMessageEx(container, objc::selector<"updateImage:">(), Hook::implementation(), &Hook::replaced);
+}
+
+}  // namespace
+
+void observeBanners() {
+  observePictures();
+  springboard::observeBannerEnds(
+      [](std::size_t number) { keepLastState(number, read(springboard::bannerController(number))); });
+}
+
+Json stateOfBanner(std::size_t number) {
+  const objc::Ref<Controller> controller = springboard::bannerController(number);
+  const BannerState state = controller == nullptr ? lastState(number) : read(controller);
+  const auto whileShown = [&state](double value) { return state.hasBrim ? Json(value) : Json(nullptr); };
+  return {
+      {"brim", state.hasBrim},
+      {"identifier", state.hasIdentifier ? Json(state.identifier) : Json(nullptr)},
+      {"hasDismissed", state.flags.hasDismissed},
+      {"autoDimissTriggered", state.flags.autoDimissTriggered},
+      {"isDismissing", state.flags.isDismissing},
+      {"wasExternallyDismissed", state.flags.wasExternallyDismissed},
+      {"dismissCalled", state.flags.dismissCalled},
+      {"dismissNotification", dismissNotification()},
+      {"dismissed", !springboard::isBannerOnScreen(number)},
+      {"height", whileShown(state.height)},
+      {"offset", whileShown(state.offset)},
+      {"expanded", state.isExpanded},
+  };
+}
+
+UIView* visibleBanner(const Controller* controller) {
+  if (UIView* brim = brimView(controller)) return brim;
+  NCNotificationShortLookView* content = springboard::contentViewOf(controller->view());
+  return content->superview() == nullptr ? nullptr : content;
+}
+
+}  // namespace runner

@@ -1,0 +1,148 @@
+// Commands that look: at controllers, settings, hooks, view trees, events and the screen.
+#include <string>
+
+#include "simulator/base/event_log.hpp"
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/drawing/image.hpp"
+#include "simulator/process/process_start.hpp"
+#include "simulator/runner/banner_inspection.hpp"
+#include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/controller_lookup.hpp"
+#include "simulator/runner/filmstrip.hpp"
+#include "simulator/runner/library_inspection.hpp"
+#include "simulator/springboard/services/notification_dispatcher.hpp"
+#include "simulator/uikit/description/view_tree.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
+#include "simulator/uikit/views/window.hpp"
+
+namespace runner {
+
+namespace {
+
+constexpr double largestScale = 8;
+
+const FieldType height = {"a number of points above 0",
+                          [](const Json& value) { return value.is_number() && value.get<double>() > 0; }};
+const FieldType scale = {"a number above 0, at most 8", [](const Json& value) {
+                           return value.is_number() && value.get<double>() > 0 && value.get<double>() <= largestScale;
+                         }};
+
+Json state(const Json& command) { return stateOfBanner(bannerNumber(command["controller"])); }
+
+Json valueOf(const BrimSetting& setting) {
+  if (setting.type == BrimSettingType::Bool) return *static_cast<const bool*>(setting.variable);
+  return *static_cast<const NSInteger*>(setting.variable);
+}
+
+Json settings(const Json&) {
+  Json values = Json::object();
+  for (const BrimSetting& setting : librarySettings()) values[setting.key] = valueOf(setting);
+  return {{"settings", values}};
+}
+
+Json hooks(const Json&) {
+  Json rows = Json::array();
+  for (const BrimInstalledMethod& method : installedMethods()) {
+    rows.push_back({{"class", method.className},
+                    {"selector", method.selector},
+                    {"kind", method.kind == objc::RowKind::Hook ? "hook" : "add"},
+                    {"encoding", method.encoding},
+                    {"effective", method.effective}});
+  }
+  return {{"rows", rows}};
+}
+
+Json tree(const Json& command) {
+  Json windows = Json::array();
+  if (command.contains("controller")) {
+    windows.push_back(uikit::describeTree(controllerHeld(command["controller"])->view()));
+  } else {
+    for (UIWindow* window : uikit::visibleWindows()) windows.push_back(uikit::describeTree(window));
+  }
+  return {{"windows", windows}};
+}
+
+Json describe(const NotificationRequestState& request) {
+  const NotificationContentState& content = objc::state(request.content.get());
+  return {
+      {"section", base::jsonOf(request.sectionIdentifier)},
+      {"identifier", base::jsonOf(request.notificationIdentifier)},
+      {"thread", base::jsonOf(request.threadIdentifier)},
+      {"title", base::jsonOf(content.title)},
+      {"subtitle", base::jsonOf(content.subtitle)},
+      {"message", base::jsonOf(content.message)},
+      {"date", base::jsonOf(request.timestamp)},
+  };
+}
+
+Json notifications(const Json&) {
+  Json listed = Json::array();
+  for (const auto& request : NCNotificationDispatcher::shared()->list().all())
+    listed.push_back(describe(objc::state(request.get())));
+  return {{"notifications", listed}};
+}
+
+Json log(const Json&) { return {{"events", base::takeEvents()}}; }
+
+std::shared_ptr<drawing::Canvas> picture(const Json& command) {
+  const double pixelsPerPoint = command.value("scale", uikit::environment().device.scale);
+  if (!command.contains("crop")) return uikit::renderScreen(pixelsPerPoint);
+  UIView* banner = visibleBanner(controllerOnScreen(command["crop"]));
+  if (banner == nullptr) throw CommandError("the controller's banner shows nothing to crop to");
+  return uikit::renderView(banner, pixelsPerPoint);
+}
+
+Json screenshot(const Json& command) {
+  const std::string path = command["path"];
+  const auto canvas = picture(command);
+  if (canvas == nullptr) throw CommandError("the controller's banner is outside the screen");
+  if (const auto failure = drawing::writePng(canvas->surface(), path))
+    throw CommandError("the picture " + path + " could not be written: " + *failure);
+  return nullptr;
+}
+
+// As many as fit into a picture at full size.
+constexpr std::size_t mostFrames = 40;
+
+Json frame(const Json& command) {
+  if (frameCount() >= mostFrames) throw CommandError("a filmstrip has at most 40 frames; write it with filmstrip");
+  const uikit::Environment& environment = uikit::environment();
+  addFrame(*uikit::renderScreen(command.value("scale", 1.0)),
+           command.value("height", environment.device.screen.height));
+  return {{"frames", frameCount()}};
+}
+
+Json filmstrip(const Json& command) {
+  const std::string path = command["path"];
+  const auto strip = takeFilmstrip();
+  if (strip == nullptr) throw CommandError("there are no frames; take some with frame");
+  if (const auto failure = drawing::writePng(strip->surface(), path))
+    throw CommandError("the picture " + path + " could not be written: " + *failure);
+  return nullptr;
+}
+
+}  // namespace
+
+std::span<const Command> inspectionCommands() {
+  static constexpr Field controllerField[] = {{"controller", field::integer, Need::Required}};
+  static constexpr Field treeFields[] = {{"controller", field::integer}};
+  static constexpr Field screenshotFields[] = {
+      {"path", field::nonEmptyText, Need::Required}, {"scale", scale}, {"crop", field::integer}};
+  static constexpr Field frameFields[] = {{"height", height}, {"scale", scale}};
+  static constexpr Field filmstripFields[] = {{"path", field::nonEmptyText, Need::Required}};
+  static constexpr Command commands[] = {
+      {"state", controllerField, &state, "what the controller says of its banner and dismissal"},
+      {"settings", {}, &settings, "every settings variable with its value as the library holds it"},
+      {"hooks", {}, &hooks, "what was installed, in order"},
+      {"tree", treeFields, &tree, "the view trees of all windows, or of one controller"},
+      {"notifications", {}, &notifications, "the notifications in the list, the latest first"},
+      {"log", {}, &log, "the events since the last log"},
+      {"frame", frameFields, &frame, "the screen, or its upper part, is the next frame of a filmstrip"},
+      {"filmstrip", filmstripFields, &filmstrip, "the frames since the last filmstrip side by side, as a PNG"},
+      {"screenshot", screenshotFields, &screenshot, "a picture of the screen, or of a controller's banner, as a PNG"},
+  };
+  return commands;
+}
+
+}  // namespace runner

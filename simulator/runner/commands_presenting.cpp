@@ -1,0 +1,185 @@
+// Commands by which the platform presents notifications and takes them away.
+#include <filesystem>
+
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/base/iso_time.hpp"
+#include "simulator/drawing/image.hpp"
+#include "simulator/runner/await_events.hpp"
+#include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/controller_lookup.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
+#include "simulator/springboard/services/applications.hpp"
+#include "simulator/springboard/services/notification_dispatcher.hpp"
+
+namespace runner {
+
+namespace {
+
+using springboard::ActionDescription;
+using springboard::AutomaticDismissal;
+using springboard::NotificationDescription;
+
+constexpr const char* defaultActionKey = "NCNotificationActionEnvironmentDefault";
+
+std::optional<std::string> text(const Json& object, const char* key) {
+  return object.contains(key) ? std::optional(object[key].get<std::string>()) : std::nullopt;
+}
+
+bool isAction(const Json& value) {
+  if (!value.is_object()) return false;
+  for (const auto& [key, member] : value.items()) {
+    const bool isText = key == "key" || key == "identifier" || key == "title";
+    if (!(isText && member.is_string()) && !(key == "textInput" && member.is_boolean())) return false;
+  }
+  return true;
+}
+
+const FieldType actions = {R"(an array of {"key","identifier","title": strings, "textInput": true or false})",
+                           [](const Json& value) { return value.is_array() && std::ranges::all_of(value, &isAction); }};
+const FieldType date = {"a date such as \"2020-03-14T09:41:00Z\"", [](const Json& value) {
+                          return value.is_string() &&
+                                 base::parseIsoTime(value.get_ref<const std::string&>()).has_value();
+                        }};
+constexpr const char* longLookKinds[] = {"scroll", "click", "trigger"};
+const FieldType longLookKind = {"scroll, click or trigger",
+                                [](const Json& value) { return isOneOf(value, longLookKinds); }};
+
+std::vector<ActionDescription> actionsOf(const Json& command) {
+  std::vector<ActionDescription> descriptions;
+  for (const Json& action : command.value("actions", Json::array()))
+    descriptions.push_back({action.value("key", defaultActionKey), text(action, "identifier"), text(action, "title"),
+                            action.value("textInput", false)});
+  return descriptions;
+}
+
+AutomaticDismissal dismissalOf(const Json& command) {
+  const Json value = command.value("dismissAutomatically", Json(true));
+  if (value.is_null()) return AutomaticDismissal::Unspecified;
+  return value.get<bool>() ? AutomaticDismissal::Allowed : AutomaticDismissal::Forbidden;
+}
+
+NotificationDescription describe(const Json& command) {
+  NotificationDescription description;
+  description.section = command["section"];
+  description.identifier = text(command, "identifier");
+  description.thread = text(command, "thread");
+  description.title = text(command, "title");
+  description.subtitle = text(command, "subtitle");
+  description.message = text(command, "message");
+  description.summary = text(command, "summary");
+  description.userInfo = command.value("userInfo", Json::object());
+  description.actions = actionsOf(command);
+  description.hasClearAction = command.value("clear", true);
+  description.hasCloseAction = command.value("close", false);
+  description.hasSilenceAction = command.value("silence", false);
+  description.automaticDismissal = dismissalOf(command);
+  if (command.contains("at")) description.date = base::parseIsoTime(command["at"].get_ref<const std::string&>());
+  return description;
+}
+
+void takeIcon(const Json& command) {
+  if (!command.contains("icon")) return;
+  const std::string path = command["icon"];
+  if (!springboard::setIcon(command["section"], path))
+    throw CommandError("\"icon\" " + path + " is no picture that can be read; it takes the path of a PNG or JPEG");
+}
+
+Json present(const Json& command) {
+  takeIcon(command);
+  answerAllEvents("photo");
+  answerAllEvents("http");
+  const auto request = springboard::makeRequest(describe(command), nullptr);
+  NCNotificationDispatcher::shared()->post(request);
+  return {{"controller", springboard::bannerCount()}};
+}
+
+Json update(const Json& command) {
+  const auto shown = controllerOnScreen(command["controller"]);
+  const auto request = springboard::followUpOf(
+      shown->notificationRequest(),
+      {text(command, "title"), text(command, "subtitle"), text(command, "message"), text(command, "summary")});
+  NCNotificationDispatcher::shared()->modify(request);
+  const std::size_t before = springboard::bannerCount();
+  objc::send<void, "presentViewController:animated:completion:">(shown.get(),
+                                                                 springboard::makeShortLookController(request).get(),
+                                                                 true, static_cast<objc::Block<void()>*>(nullptr));
+  return springboard::bannerCount() == before ? Json() : Json{{"controller", springboard::bannerCount()}};
+}
+
+Json withdraw(const Json& command) {
+  const auto isMeant = [&command](const springboard::NotificationKey& key) {
+    return command.value("section", key.section) == key.section &&
+           command.value("identifier", key.identifier) == key.identifier;
+  };
+  std::size_t count = 0;
+  for (const auto& request : NCNotificationDispatcher::shared()->list().all()) {
+    if (!isMeant(springboard::keyOf(request))) continue;
+    NCNotificationDispatcher::shared()->withdraw(request);
+    ++count;
+  }
+  return {{"withdrawn", count}};
+}
+
+Json dismiss(const Json& command) {
+  controllerHeld(command["controller"])->dismissViewController(command.value("transition", NSInteger{1}), nullptr);
+  return nullptr;
+}
+
+Json longLook(const Json& command) {
+  const auto controller = controllerHeld(command["controller"]);
+  const std::string kind = command.value("kind", "scroll");
+  objc::Block<void(bool)>* const nothing = nullptr;
+  if (kind == "scroll") {
+    objc::send<void, "_presentLongLookForScrollAnimated:completion:">(controller.get(), true, nothing);
+  } else if (kind == "click") {
+    objc::send<void, "_presentLongLookViaClickPresentationInteraction:">(controller.get(),
+                                                                         static_cast<NSObject*>(nullptr));
+  } else {
+    objc::send<void, "presentLongLookAnimated:trigger:completion:">(controller.get(), true, NSInteger{0}, nothing);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::span<const Command> presentingCommands() {
+  static constexpr Field presentFields[] = {
+      {"section", field::nonEmptyText, Need::Required},
+      {"identifier", field::nonEmptyText},
+      {"title", field::text},
+      {"subtitle", field::text},
+      {"message", field::text},
+      {"summary", field::text},
+      {"thread", field::text},
+      {"userInfo", field::object},
+      {"icon", field::text},
+      {"actions", actions},
+      {"clear", field::boolean},
+      {"close", field::boolean},
+      {"silence", field::boolean},
+      {"dismissAutomatically", field::booleanOrNull},
+      {"at", date},
+  };
+  static constexpr Field updateFields[] = {
+      {"controller", field::integer, Need::Required},
+      {"title", field::text},
+      {"subtitle", field::text},
+      {"message", field::text},
+      {"summary", field::text},
+  };
+  static constexpr Field dismissFields[] = {{"controller", field::integer, Need::Required},
+                                            {"transition", field::integer}};
+  static constexpr Field longLookFields[] = {{"controller", field::integer, Need::Required}, {"kind", longLookKind}};
+  static constexpr Field withdrawFields[] = {{"section", field::nonEmptyText}, {"identifier", field::nonEmptyText}};
+  static constexpr Command commands[] = {
+      {"present", presentFields, &present, "a notification comes as a banner; answers its controller"},
+      {"update", updateFields, &update, "a follow-up of the same request is presented over its banner"},
+      {"withdraw", withdrawFields, &withdraw,
+       "notifications are taken back: those of the section, of the identifier, or all"},
+      {"dismiss", dismissFields, &dismiss, "the platform dismisses the controller by itself"},
+      {"longlook", longLookFields, &longLook, "the platform asks for its long look: by scroll, click or trigger"},
+  };
+  return commands;
+}
+
+}  // namespace runner

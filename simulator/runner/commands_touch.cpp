@@ -1,0 +1,141 @@
+// Commands by which the user touches the screen and types.
+#include <cmath>
+
+#include "platform/ns_string.hpp"
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/runner/banner_inspection.hpp"
+#include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/controller_lookup.hpp"
+#include "simulator/runner/finger.hpp"
+#include "simulator/runner/screen_search.hpp"
+#include "simulator/uikit/views/window.hpp"
+
+namespace runner {
+
+namespace {
+
+constexpr int mostSteps = 10000;
+
+constexpr const char* endings[] = {"release", "cancel", "hold"};
+constexpr const char* keys[] = {"return", "backspace"};
+const FieldType ending = {"release, cancel or hold", [](const Json& value) { return isOneOf(value, endings); }};
+const FieldType key = {"return or backspace", [](const Json& value) { return isOneOf(value, keys); }};
+const FieldType stepCount = {"an integer from 1 to 10000", [](const Json& value) {
+                               return value.is_number_integer() && value >= 1 && value <= mostSteps;
+                             }};
+
+CGPoint pointOf(const Json& value) { return {value[0].get<double>(), value[1].get<double>()}; }
+
+CGPoint onScreen(const Json& value) {
+  const CGPoint point = pointOf(value);
+  if (!isOnScreen(point)) throw CommandError("the point " + value.dump() + " is not on the screen");
+  return point;
+}
+
+// What is on its way out is still to be seen, though no touch finds it any more.
+CGPoint middleOf(const UIView* view, const std::string& name) {
+  for (const CGRect& frame : {frameOnScreen(view), shownFrameOnScreen(view)})
+    if (const auto middle = middleOnScreen(frame)) return *middle;
+  throw CommandError(name + " is outside the screen");
+}
+
+CGPoint middleOfBanner(const NCNotificationShortLookViewController* controller) {
+  const UIView* banner = visibleBanner(controller);
+  if (banner == nullptr) throw CommandError("the controller's banner shows nothing: another had to stay when it came");
+  return middleOf(banner, "the controller's banner");
+}
+
+std::string textsToChooseFrom() {
+  std::string list;
+  for (const std::string& text : readableTexts()) list += (list.empty() ? "\"" : ", \"") + text + "\"";
+  return list.empty() ? "nothing" : list;
+}
+
+CGPoint middleOfLabel(const std::string& text) {
+  const UIView* view = viewThatReads(text);
+  if (view == nullptr)
+    throw CommandError("nothing on the screen reads \"" + text + "\"; it reads " + textsToChooseFrom());
+  return middleOf(view, "\"" + text + "\"");
+}
+
+Json tap(const Json& command) {
+  if (command.size() != 2) throw CommandError(R"(tap takes exactly one of "at", "label" and "controller")");
+  if (isFingerHeld()) throw CommandError(R"(a finger is held; a drag without "end":"hold" lets it go)");
+  if (command.contains("at")) {
+    tapAt(onScreen(command["at"]));
+  } else if (command.contains("label")) {
+    tapAt(middleOfLabel(command["label"]));
+  } else {
+    tapAt(middleOfBanner(controllerOnScreen(command["controller"])));
+  }
+  return nullptr;
+}
+
+CGPoint startOf(const Json& command) {
+  if (command.contains("at") && command.contains("controller"))
+    throw CommandError(R"(drag takes "at" or "controller", not both)");
+  if (command.contains("at")) return onScreen(command["at"]);
+  return middleOfBanner(command.contains("controller") ? controllerOnScreen(command["controller"])
+                                                       : newestControllerOnScreen());
+}
+
+// A finger that is held goes on from where it is. A start is read all the same: it may be a mistake.
+CGPoint startWithHeldFinger(const Json& command) {
+  if (command.contains("at")) onScreen(command["at"]);
+  if (command.contains("controller")) bannerNumber(command["controller"]);
+  return {};
+}
+
+Json dragFinger(const Json& command) {
+  const std::string end = command.value("end", "release");
+  const CGPoint start = isFingerHeld() ? startWithHeldFinger(command) : startOf(command);
+  drag(start, pointOf(command["by"]), command.value("steps", 10),
+       end == "hold"     ? DragEnd::Hold
+       : end == "cancel" ? DragEnd::Cancel
+                         : DragEnd::Release);
+  return nullptr;
+}
+
+UIResponder* typingResponder() {
+  UIResponder* responder = uikit::firstResponder();
+  if (!answers<"insertText:">(responder)) throw CommandError("nothing has the keyboard; tap a text field first");
+  return responder;
+}
+
+Json type(const Json& command) {
+  objc::send<void, "insertText:">(typingResponder(), base::stringOf(command["text"].get_ref<const std::string&>()));
+  return nullptr;
+}
+
+Json pressKey(const Json& command) {
+  UIResponder* responder = typingResponder();
+  if (command["name"] == "return") {
+    objc::send<void, "insertText:">(responder, "\n"_ns);
+  } else {
+    objc::send<void, "deleteBackward">(responder);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::span<const Command> touchCommands() {
+  static constexpr Field tapFields[] = {
+      {"at", field::point}, {"label", field::nonEmptyText}, {"controller", field::integer}};
+  static constexpr Field dragFields[] = {{"controller", field::integer},
+                                         {"at", field::point},
+                                         {"by", field::point, Need::Required},
+                                         {"steps", stepCount},
+                                         {"end", ending}};
+  static constexpr Field typeFields[] = {{"text", field::text, Need::Required}};
+  static constexpr Field keyFields[] = {{"name", key, Need::Required}};
+  static constexpr Command commands[] = {
+      {"tap", tapFields, &tap, "a finger taps a point, the label or control that reads so, or a banner's middle"},
+      {"drag", dragFields, &dragFinger, "a finger drags, from the newest banner's middle unless told otherwise"},
+      {"type", typeFields, &type, "text for the first responder"},
+      {"key", keyFields, &pressKey, "a key for the first responder: return or backspace"},
+  };
+  return commands;
+}
+
+}  // namespace runner

@@ -1,0 +1,76 @@
+#include "simulator/runner/demonstration_data.hpp"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "simulator/base/installation.hpp"
+#include "simulator/foundation/plugin.hpp"
+#include "simulator/foundation/root.hpp"
+#include "simulator/process/root_setup.hpp"
+#include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/web_server_plugin.hpp"
+
+namespace runner {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* profilePage = "ada_maps";
+constexpr const char* endpointsFile = "endpoints.plist";
+// Whose pictures come from the web, as the asset bundle names them.
+constexpr const char* services[] = {"twitterPages", "twitterImages", "slackAvatars", "discordAvatars", "facebookGraph"};
+
+std::string serve(const fs::path& folder) {
+  const auto start =
+      reinterpret_cast<decltype(&brim_serve_folder)>(foundation::pluginFunction("web_server.so", "brim_serve_folder"));
+  const int port = start == nullptr ? 0 : start(folder.c_str());
+  if (port == 0) throw CommandError("the web server of the demonstration did not start");
+  return "http://127.0.0.1:" + std::to_string(port);
+}
+
+void write(const fs::path& file, const std::string& text) {
+  std::ofstream stream(file);
+  stream << text;
+  stream.close();
+  if (!stream) throw fs::filesystem_error("cannot write", file, std::make_error_code(std::errc::io_error));
+}
+
+// The page names the picture by the whole address.
+void completePage(const fs::path& page, const std::string& address) {
+  constexpr std::string_view mark = "@ADDRESS@";
+  std::ifstream stream(page);
+  std::string text(std::istreambuf_iterator<char>(stream), {});
+  for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark))
+    text.replace(at, mark.size(), address);
+  write(page, text);
+}
+
+std::string endpoints(const std::string& address) {
+  std::string text = "{\n";
+  for (const char* service : services)
+    text.append("  ").append(service).append(" = \"").append(address).append("\";\n");
+  return text + "}\n";
+}
+
+}  // namespace
+
+std::string installDemonstrationData() try {
+  const base::Installation built = base::installation();
+  const fs::path own = foundation::root() / "demonstration";
+  std::string address = serve(own / "web");
+  fs::remove_all(own);
+  fs::create_directories(own);
+  constexpr auto replacing = fs::copy_options::recursive | fs::copy_options::overwrite_existing;
+  fs::copy(built.demonstration / "root", foundation::root(), replacing);
+  fs::copy(built.demonstration / "web", own / "web", replacing);
+  completePage(own / "web" / profilePage, address);
+  write(own / endpointsFile, endpoints(address));
+  process::linkEndpoints(own / endpointsFile);
+  return address;
+} catch (const fs::filesystem_error& error) {
+  throw CommandError(error.path1().string() + ": " + error.code().message());
+}
+
+}  // namespace runner

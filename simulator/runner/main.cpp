@@ -1,0 +1,76 @@
+// The home screen's process.
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+#include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/demonstration.hpp"
+#include "simulator/runner/options.hpp"
+#include "simulator/runner/session.hpp"
+
+namespace {
+
+constexpr int scriptFailed = 1;
+constexpr int cannotStart = 2;
+
+int complain(const std::string& message, int status = cannotStart) {
+  std::fprintf(stderr, "springboard: %s\n", message.c_str());
+  return status;
+}
+
+bool isSkipped(const std::string& line) {
+  const std::size_t first = line.find_first_not_of(" \t\r");
+  return first == std::string::npos || line[first] == '#';
+}
+
+// Answers go to standard output as they come.
+int runScript(runner::Session& session, std::istream& script) {
+  int status = 0;
+  for (std::string line; std::getline(script, line);) {
+    if (isSkipped(line)) continue;
+    const runner::Json answer = session.runLine(line);
+    if (!answer["ok"].get<bool>()) status = scriptFailed;
+    std::cout << answer.dump(-1, ' ', false, runner::Json::error_handler_t::replace) << std::endl;
+    if (!std::cout)
+      return complain("an answer could not be written; the rest of the script was left out", scriptFailed);
+  }
+  return status;
+}
+
+// False where there is no such file.
+bool open(std::ifstream& file, const std::string& path) {
+  if (std::filesystem::is_directory(path)) return false;
+  file.open(path);
+  return file.is_open();
+}
+
+int run(const runner::Options& options) {
+  const bool readsFile = !options.script.empty() && options.script != "-";
+  std::ifstream file;
+  if (readsFile && !open(file, options.script)) return complain("the script " + options.script + " cannot be read");
+  runner::Session session(options);
+  if (!options.demonstration.empty()) return runner::demonstrate(session, options.demonstration);
+  return runScript(session, readsFile ? file : std::cin);
+}
+
+int start(const runner::Options& options) try {
+  if (options.script.empty() && options.demonstration.empty())
+    return complain("there is no window to show it in; give --script FILE or --demonstration DIR (see --help)");
+  return run(options);
+} catch (const std::exception& error) {
+  return complain(error.what());
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const auto parsed = runner::parseOptions({arguments + 1, static_cast<std::size_t>(count - 1)});
+  if (const auto* error = std::get_if<process::OptionError>(&parsed)) return complain(error->message);
+  if (std::holds_alternative<process::HelpRequest>(parsed)) {
+    std::cout << runner::helpText() << "\n" << runner::commandHelp();
+    return 0;
+  }
+  return start(std::get<runner::Options>(parsed));
+}

@@ -1,0 +1,73 @@
+#include "simulator/runner/phone_startup.hpp"
+
+#include <malloc.h>
+
+#include "objc/autorelease_pool.hpp"
+#include "simulator/base/installation.hpp"
+#include "simulator/base/iso_time.hpp"
+#include "simulator/contacts/classes.hpp"
+#include "simulator/foundation/classes.hpp"
+#include "simulator/foundation/locale.hpp"
+#include "simulator/process/process_start.hpp"
+#include "simulator/process/root_setup.hpp"
+#include "simulator/runner/banner_inspection.hpp"
+#include "simulator/runner/session.hpp"
+#include "simulator/springboard/classes.hpp"
+#include "simulator/springboard/services/post_recorder.hpp"
+#include "simulator/uikit/classes.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/url_loading/classes.hpp"
+
+namespace runner {
+
+namespace {
+
+constexpr const char* homeScreenIdentifier = "com.apple.springboard";
+
+// The allocator takes a freed picture as a hint to keep later ones in the heap, where they lie between small objects
+// and the heap grows by a picture or two for good. With a fixed threshold each has pages of its own and gives them
+// back.
+void keepPicturesOutOfTheHeap() {
+  constexpr int smallestPicture = 256 * 1024;
+  mallopt(M_MMAP_THRESHOLD, smallestPicture);
+}
+
+uikit::Environment environmentOf(const Options& options) {
+  uikit::Environment environment;
+  const base::DeviceProfile* device = base::findDeviceProfile(options.device);
+  if (device == nullptr) throw process::StartError("there is no device " + options.device);
+  environment.device = *device;
+  environment.systemVersion = options.systemVersion;
+  environment.locale = options.locale;
+  environment.style =
+      options.appearance == StartAppearance::Dark ? UIUserInterfaceStyle::Dark : UIUserInterfaceStyle::Light;
+  environment.direction = uikit::directionOfLocale(options.locale);
+  return environment;
+}
+
+}  // namespace
+
+void startPhone(const Options& options, foundation::ClockMode clock) {
+  keepPicturesOutOfTheHeap();
+  if (options.root.empty() && !options.demonstration.empty()) {
+    process::useRoot(base::demonstrationRoot(), foundation::DefaultsDatabase::OfUser);
+  } else {
+    process::useRoot(options.root);
+  }
+  foundation::registerClasses();
+  url_loading::registerClasses();
+  contacts::registerClasses();
+  const objc::AutoreleasePool pool;
+  foundation::useLocale(options.locale);
+  foundation::useClock(clock, options.time.value_or(base::realTime()));
+  uikit::setEnvironment(environmentOf(options));
+  uikit::registerClasses();
+  springboard::registerClasses();
+  springboard::observePosts();
+  if (options.library == process::LibraryUse::Mapped) process::mapLibrary(homeScreenIdentifier);
+  observeBanners();
+  springboard::start(base::installation().applications);
+  foundation::drainMainQueue();
+}
+
+}  // namespace runner

@@ -1,0 +1,172 @@
+#include "simulator/springboard/banner/banner_presenter.hpp"
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+#include "simulator/base/event_log.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/springboard/banner/banner_gestures.hpp"
+#include "simulator/springboard/banner/banner_window.hpp"
+#include "simulator/springboard/banner/long_look_presentation.hpp"
+#include "simulator/springboard/banner/notification_view.hpp"
+
+namespace springboard {
+
+namespace {
+
+using Controller = NCNotificationShortLookViewController;
+
+constexpr double slideSeconds = 0.3;
+constexpr double secondsOnScreen = 5;
+// What was dismissed lives a moment longer, as on the phone.
+constexpr double secondsUntilRelease = 1;
+
+enum class Stage { OnScreen, Leaving, Dismissed };
+
+struct Banner {
+  objc::Ref<Controller> controller;
+  Stage stage = Stage::OnScreen;
+};
+
+// Those that are still held, by number.
+std::map<std::size_t, Banner>& banners() {
+  static std::map<std::size_t, Banner>& held = *new std::map<std::size_t, Banner>;
+  return held;
+}
+
+std::size_t newestNumber = 0;
+
+std::function<void(std::size_t)>& endObserver() {
+  static std::function<void(std::size_t)> observer = [](std::size_t) {};
+  return observer;
+}
+
+void move(UIView* view, const CGRect& frame, objc::Block<void(bool)>* completion) {
+  const auto retained = objc::retain(view);
+  UIView::animate(slideSeconds, objc::block([retained, frame] { retained->setFrame(frame); }), completion);
+}
+
+void release(std::size_t number) {
+  endObserver()(number);
+  banners().erase(number);
+}
+
+void takeAway(std::size_t number) {
+  Banner& banner = banners().at(number);
+  banner.stage = Stage::Dismissed;
+  if (showsLongLook(banner.controller)) longLookPresentation().dismiss(LongLookChange::AtOnce);
+  banner.controller->view()->removeFromSuperview();
+  bannerHasLeftWindow();
+  foundation::onMainThreadAfter(secondsUntilRelease, [number] { release(number); });
+}
+
+void tellFinished(const objc::BlockRef<void(bool)>& completion) {
+  if (completion.get() != nullptr) foundation::onMainThread([completion] { (*completion.get())(true); });
+}
+
+void slideOut(std::size_t number, const objc::BlockRef<void(bool)>& completion) {
+  Banner& banner = banners().at(number);
+  banner.stage = Stage::Leaving;
+  if (showsLongLook(banner.controller)) longLookPresentation().dismiss(LongLookChange::Animated);
+  move(banner.controller->view(), hiddenBannerFrame(), objc::block([number, completion](bool) {
+         if (isBannerOnScreen(number)) takeAway(number);
+         tellFinished(completion);
+       }));
+}
+
+bool dismissesItself(const Controller* controller) {
+  const NCNotificationOptions* options = controller->notificationRequest()->options();
+  return options == nullptr || options->dismissAutomatically();
+}
+
+void dismissWhenTimeIsUp(std::size_t number) {
+  foundation::onMainThreadAfter(secondsOnScreen, [number] {
+    if (!isBannerOnScreen(number) || showsLongLook(banners().at(number).controller)) return;
+    banners().at(number).controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
+  });
+}
+
+void layOutContent(const Controller* controller) {
+  NCNotificationShortLookView* content = contentViewOf(controller->view());
+  const CGFloat width = restingBannerFrame().size.width;
+  content->setFrame({{}, {width, heightOfShortLookView(content, width)}});
+}
+
+template <class Predicate>
+void dismissWhere(const Predicate& isMeant) {
+  std::vector<objc::Ref<Controller>> meant;
+  for (const auto& [number, banner] : banners())
+    if (banner.stage == Stage::OnScreen && isMeant(banner.controller)) meant.push_back(banner.controller);
+  for (const auto& controller : meant) controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
+}
+
+}  // namespace
+
+std::size_t presentBanner(Controller* controller) {
+  dismissAllBanners();
+  const std::size_t number = ++newestNumber;
+  objc::state<NCNotificationViewController>(controller).bannerNumber = number;
+  banners()[number].controller = objc::retain(controller);
+
+  UIView* view = controller->view();
+  addBannerGestures(controller, view);
+  view->setFrame(hiddenBannerFrame());
+  layOutContent(controller);
+  addToBannerWindow(view);
+  move(view, restingBannerFrame(), nullptr);
+  if (dismissesItself(controller)) dismissWhenTimeIsUp(number);
+  return number;
+}
+
+void dismissBanner(Controller* controller, NSInteger transition, objc::Block<void(bool)>* completion) {
+  const std::size_t number = numberOfBanner(controller);
+  if (!isBannerOnScreen(number)) return;
+  const bool isLeaving = banners().at(number).stage == Stage::Leaving;
+  if (isLeaving && Transition(transition) != Transition::None) return;
+  base::recordEvent("dismiss", {{"controller", number}, {"transition", transition}});
+  const objc::BlockRef<void(bool)> kept(completion);
+  if (Transition(transition) == Transition::None) {
+    takeAway(number);
+    tellFinished(kept);
+  } else {
+    slideOut(number, kept);
+  }
+}
+
+void dismissAllBanners() {
+  dismissWhere([](const Controller*) { return true; });
+}
+
+void dismissBannersOf(const NotificationKey& key) {
+  dismissWhere([&key](const Controller* controller) { return keyOf(controller->notificationRequest()) == key; });
+}
+
+std::size_t numberOfBanner(const NCNotificationViewController* controller) {
+  return objc::state(controller).bannerNumber;
+}
+
+std::size_t bannerCount() { return newestNumber; }
+
+objc::Ref<Controller> bannerController(std::size_t number) {
+  const auto found = banners().find(number);
+  return found == banners().end() ? nullptr : found->second.controller;
+}
+
+bool isBannerOnScreen(std::size_t number) {
+  const auto found = banners().find(number);
+  return found != banners().end() && found->second.stage != Stage::Dismissed;
+}
+
+bool isBannerLeaving(std::size_t number) {
+  const auto found = banners().find(number);
+  return found != banners().end() && found->second.stage == Stage::Leaving;
+}
+
+bool isAnyBannerOnScreen() {
+  return std::ranges::any_of(banners(), [](const auto& entry) { return entry.second.stage != Stage::Dismissed; });
+}
+
+void observeBannerEnds(std::function<void(std::size_t)> observer) { endObserver() = std::move(observer); }
+
+}  // namespace springboard

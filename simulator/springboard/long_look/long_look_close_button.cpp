@@ -1,0 +1,40 @@
+#include "simulator/springboard/long_look/long_look_close_button.hpp"
+
+#include "simulator/drawing/canvas.hpp"
+#include "simulator/springboard/platter/platter_colors.hpp"
+#include "simulator/uikit/controls/control.hpp"
+#include "simulator/uikit/views/color.hpp"
+#include "simulator/uikit/views/view.hpp"
+
+class NCLongLookCloseButton : public objc::Interface<"NCLongLookCloseButton", UIControl> {};
+
+namespace springboard {
+
+namespace {
+
+constexpr double radius = 11;
+constexpr double arm = 4;
+constexpr double lineWidth = 1.75;
+
+void draw(NCLongLookCloseButton* self, void* target) {
+  drawing::Canvas& canvas = *static_cast<drawing::Canvas*>(target);
+  const drawing::Rectangle area = uikit::rectangle(uikit::shownBounds(self));
+  const drawing::Point middle = {area.x + area.width / 2, area.y + area.height / 2};
+  const bool isPressed = objc::state<UIControl>(self).highlighted;
+  const drawing::Color disc = uikit::colorOf(isPressed ? secondaryTextColor(self) : separatorColor(self));
+  canvas.fillRoundedRectangle({middle.x - radius, middle.y - radius, 2 * radius, 2 * radius}, {radius}, disc);
+  const drawing::Color cross = uikit::colorOf(secondaryTextColor(self));
+  canvas.strokeLine({middle.x - arm, middle.y - arm}, {middle.x + arm, middle.y + arm}, lineWidth, cross);
+  canvas.strokeLine({middle.x - arm, middle.y + arm}, {middle.x + arm, middle.y - arm}, lineWidth, cross);
+}
+
+}  // namespace
+
+objc::Ref<UIControl> makeCloseButton() { return UIView::withFrame<NCLongLookCloseButton>({}); }
+
+void defineCloseButton() {
+  static constexpr objc::MethodEntry methods[] = {objc::method<"_drawContentInCanvas:", &draw>()};
+  objc::defineClass<NCLongLookCloseButton>(methods);
+}
+
+}  // namespace springboard

@@ -1,0 +1,159 @@
+#include "simulator/springboard/long_look/long_look_controller.hpp"
+
+#include <algorithm>
+
+#include "platform/ui_visual_effect_view.hpp"
+#include "platform/ui_window.hpp"
+#include "simulator/springboard/long_look/action_row.hpp"
+#include "simulator/springboard/long_look/long_look_presenter.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/keyboard/keyboard_layout.hpp"
+
+namespace springboard {
+
+namespace {
+
+using Controller = NCNotificationLongLookViewController;
+
+constexpr CGFloat gap = 8;
+constexpr CGFloat screenMargin = 8;
+constexpr double typingSeconds = 0.25;
+
+LongLookControllerState& partsOf(const Controller* controller) { return objc::state(controller); }
+
+objc::Ref<UIView> makeBackdrop(Controller* controller, const CGRect& screen) {
+  auto backdrop = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Regular));
+  backdrop->setFrame(screen);
+  backdrop->addGestureRecognizer(UITapGestureRecognizer::withTarget(controller, objc::selector<"_backdropTapped:">()));
+  return backdrop;
+}
+
+void loadView(Controller* self) {
+  const CGRect screen = {{}, uikit::environment().device.screen};
+  auto view = UIView::withFrame<UIView>(screen);
+  LongLookControllerState& parts = partsOf(self);
+  parts.backdrop = makeBackdrop(self, screen);
+  parts.card = makeLongLookView(self->notificationRequest());
+  parts.card->addGestureRecognizer(UITapGestureRecognizer::withTarget(self, objc::selector<"_cardTapped:">()));
+  objc::state(parts.card.get())
+      .closeButton->addTarget(self, objc::selector<"_closeButtonTapped:">(), UIControlEvents::TouchUpInside);
+  parts.actions = makeActionGroup(self->notificationRequest(), self);
+  for (UIView* part : {parts.backdrop.get(), static_cast<UIView*>(parts.card), static_cast<UIView*>(parts.actions)})
+    view->addSubview(part);
+  objc::send<void, "setView:">(self, view.get());
+}
+
+// Taking its notification away ends the long look; some actions leave it.
+void execute(Controller* self, NCNotificationAction* action) {
+  const auto kept = objc::retain(self);
+  if (action != nullptr) self->askDelegateToExecuteAction(action, NSDictionary::dictionary(), true);
+  endLongLook(self);
+}
+
+void backdropTapped(Controller* self, NSObject*) { endLongLook(self); }
+void cardTapped(Controller* self, NSObject*) { execute(self, objc::state(self->notificationRequest()).defaultAction); }
+void closeButtonTapped(Controller* self, NSObject*) { execute(self, self->notificationRequest()->closeAction()); }
+
+NSString* typedTextKey() { return "UIUserNotificationActionResponseTypedTextKey"_ns; }
+
+void beginTyping(Controller* self, NCNotificationAction* action) {
+  LongLookControllerState& parts = partsOf(self);
+  parts.replyBar = makeReplyBar(action, self);
+  parts.replyBar->setAlpha(0);
+  parts.replyBar->setFrame(parts.actions->frame());
+  self->view()->addSubview(parts.replyBar);
+  self->view()->window()->makeKeyAndVisible();
+  objc::send<bool, "becomeFirstResponder">(objc::state(parts.replyBar.get()).field.get());
+  const auto kept = objc::retain(self);
+  UIView::animate(typingSeconds, objc::block([kept] { expandLongLook(kept); }));
+}
+
+void actionRowTapped(Controller* self, UIInterfaceActionRow* row) {
+  NCNotificationAction* action = objc::state(row).action;
+  if (objc::state(action).acceptsText) return beginTyping(self, action);
+  execute(self, action);
+}
+
+void replyFieldReturned(Controller* self, UITextField* field) {
+  const auto kept = objc::retain(self);
+  NSMutableDictionary* parameters = NSMutableDictionary::dictionaryWithCapacity(1);
+  parameters->setObject(field->text(), typedTextKey());
+  self->askDelegateToExecuteAction(objc::state(partsOf(self).replyBar.get()).action, parameters, true);
+  endLongLook(self);
+}
+
+struct Room {
+  CGFloat top;
+  CGFloat bottom;
+};
+
+Room roomOnScreen(const LongLookControllerState& parts) {
+  const base::DeviceProfile& device = uikit::environment().device;
+  const CGFloat top = std::max<CGFloat>(device.safeArea.top, screenMargin);
+  if (parts.replyBar == nullptr)
+    return {top, device.screen.height - std::max<CGFloat>(device.safeArea.bottom, screenMargin)};
+  const uikit::KeyboardSize keyboard = {device.screen.width, device.safeArea.bottom};
+  return {top, device.screen.height - keyboard.height() - screenMargin};
+}
+
+// Beneath a card with a single line of its body.
+CGFloat roomForActions(const LongLookControllerState& parts) {
+  const Room room = roomOnScreen(parts);
+  return room.bottom - room.top - fitLongLookView(parts.card, parts.shortLook.size.width, 0) - gap;
+}
+
+}  // namespace
+
+objc::Ref<Controller> makeLongLookController(NCNotificationRequest* request) {
+  return objc::adopt(objc::send<Controller*, "initWithNotificationRequest:">(objc::allocate<Controller>(), request));
+}
+
+void collapseLongLook(const Controller* controller, const CGRect& shortLook) {
+  LongLookControllerState& parts = partsOf(controller);
+  parts.shortLook = shortLook;
+  removeRowsBeyond(parts.actions, roomForActions(parts));
+  parts.backdrop->setAlpha(0);
+  parts.card->setFrame(shortLook);
+  parts.actions->setAlpha(0);
+  parts.actions->setFrame({{shortLook.origin.x, shortLook.origin.y + shortLook.size.height + gap},
+                           {shortLook.size.width, heightOfActionGroup(parts.actions)}});
+}
+
+void expandLongLook(const Controller* controller) {
+  const LongLookControllerState& parts = partsOf(controller);
+  const bool isTyping = parts.replyBar != nullptr;
+  const CGFloat width = parts.shortLook.size.width;
+  const CGFloat beneath = isTyping ? replyBarHeight : heightOfActionGroup(parts.actions);
+  const Room room = roomOnScreen(parts);
+  const CGFloat mostOfCard = room.bottom - room.top - (beneath > 0 ? beneath + gap : 0);
+  const CGFloat height = fitLongLookView(parts.card, width, mostOfCard);
+  const CGFloat lowestTop = std::max(room.top, room.top + mostOfCard - height);
+  const CGPoint origin = {parts.shortLook.origin.x, std::clamp(parts.shortLook.origin.y, room.top, lowestTop)};
+  const CGRect place = {{origin.x, origin.y + height + gap}, {width, beneath}};
+  parts.backdrop->setAlpha(1);
+  parts.card->setFrame({origin, {width, height}});
+  parts.actions->setAlpha(isTyping ? 0 : 1);
+  if (!isTyping) return parts.actions->setFrame(place);
+  parts.replyBar->setAlpha(1);
+  parts.replyBar->setFrame(place);
+}
+
+void endTyping(const Controller* controller) {
+  const LongLookControllerState& parts = partsOf(controller);
+  if (parts.replyBar != nullptr)
+    objc::send<bool, "resignFirstResponder">(objc::state(parts.replyBar.get()).field.get());
+}
+
+void defineLongLookController() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"loadView", &loadView>(),
+      objc::method<"_backdropTapped:", &backdropTapped>(),
+      objc::method<"_cardTapped:", &cardTapped>(),
+      objc::method<"_closeButtonTapped:", &closeButtonTapped>(),
+      objc::method<"_actionRowTapped:", &actionRowTapped>(),
+      objc::method<"_replyFieldReturned:", &replyFieldReturned>(),
+  };
+  objc::defineClassWithState<Controller>(methods);
+}
+
+}  // namespace springboard

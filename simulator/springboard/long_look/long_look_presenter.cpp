@@ -1,0 +1,103 @@
+#include "simulator/springboard/long_look/long_look_presenter.hpp"
+
+#include <utility>
+
+#include "platform/ui_window.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
+#include "simulator/springboard/banner/notification_view.hpp"
+#include "simulator/uikit/views/view_controller.hpp"
+#include "simulator/uikit/views/view_geometry.hpp"
+
+namespace springboard {
+
+namespace {
+
+using ShortLook = NCNotificationShortLookViewController;
+using LongLook = NCNotificationLongLookViewController;
+
+constexpr double openingSeconds = 0.35;
+constexpr double closingSeconds = 0.25;
+
+objc::Ref<ShortLook>& opened() {
+  static objc::Ref<ShortLook>& held = *new objc::Ref<ShortLook>;
+  return held;
+}
+
+LongLook* longLookOf(const ShortLook* shortLook) {
+  return static_cast<LongLook*>(objc::state<UIViewController>(shortLook).presented.get());
+}
+
+bool canOpen(const ShortLook* shortLook) {
+  return shortLook->view()->window() != nullptr && !isBannerLeaving(numberOfBanner(shortLook)) &&
+         objc::state<UIViewController>(shortLook).presented == nullptr;
+}
+
+// A banner that goes closes its long look itself, and does not come up once more.
+bool goesWithLongLook(const ShortLook* shortLook) {
+  const std::size_t number = numberOfBanner(shortLook);
+  return isBannerOnScreen(number) && !isBannerLeaving(number);
+}
+
+// The presentation of every view controller, below what notifications make of it.
+void coverWindow(ShortLook* shortLook, LongLook* longLook) {
+  objc::sendSuper<"NCNotificationViewController", void, "presentViewController:animated:completion:">(
+      shortLook, static_cast<UIViewController*>(longLook), false, static_cast<objc::Block<void()>*>(nullptr));
+}
+
+void uncoverWindow(ShortLook* shortLook) {
+  objc::send<void, "dismissViewControllerAnimated:completion:">(shortLook, false,
+                                                                static_cast<objc::Block<void()>*>(nullptr));
+}
+
+}  // namespace
+
+void presentLongLook(ShortLook* shortLook, LongLookChange change, objc::Block<void(bool)>* completion) {
+  if (!canOpen(shortLook)) {
+    if (completion != nullptr) (*completion)(false);
+    return;
+  }
+  dismissLongLook(LongLookChange::AtOnce);
+  opened() = objc::retain(shortLook);
+  const auto longLook = makeLongLookController(shortLook->notificationRequest());
+  const CGRect place = uikit::frameOnScreen(contentViewOf(shortLook->view()));
+  coverWindow(shortLook, longLook);
+  shortLook->view()->setHidden(true);
+  collapseLongLook(longLook, place);
+  const double seconds = change == LongLookChange::Animated ? openingSeconds : 0;
+  longLook->view()->layoutIfNeeded();
+  UIView::animate(seconds, objc::block([longLook] {
+                    expandLongLook(longLook);
+                    longLook->view()->layoutIfNeeded();
+                  }),
+                  completion);
+}
+
+ShortLook* openedShortLook() { return opened(); }
+
+void dismissLongLook(LongLookChange change) {
+  if (opened() == nullptr) return;
+  const bool atOnce = change == LongLookChange::AtOnce;
+  if (goesWithLongLook(opened()))
+    return dismissBanner(opened(), NSInteger(atOnce ? Transition::None : Transition::SlideOut), nullptr);
+  const objc::Ref<ShortLook> shortLook = std::exchange(opened(), nullptr);
+  if (!isBannerOnScreen(numberOfBanner(shortLook))) shortLook->view()->setHidden(false);
+  const LongLook* longLook = longLookOf(shortLook);
+  // Whoever dismissed it has closed it.
+  if (longLook == nullptr) return;
+  endTyping(longLook);
+  if (atOnce) return uncoverWindow(shortLook);
+  const auto fading = objc::retain(longLook->view());
+  fading->setUserInteractionEnabled(false);
+  UIView::animate(closingSeconds, objc::block([fading] { fading->setAlpha(0); }),
+                  objc::block([shortLook](bool) { uncoverWindow(shortLook); }));
+}
+
+void dismissLongLookOf(const NotificationKey& key) {
+  if (opened() != nullptr && keyOf(opened()->notificationRequest()) == key) dismissLongLook(LongLookChange::Animated);
+}
+
+void endLongLook(const LongLook* longLook) {
+  if (opened() != nullptr && longLookOf(opened()) == longLook) dismissLongLook(LongLookChange::Animated);
+}
+
+}  // namespace springboard

@@ -1,0 +1,98 @@
+#include "simulator/springboard/services/applications.hpp"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <span>
+
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/uikit/images/image_class.hpp"
+
+namespace springboard {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ApplicationName {
+  std::string_view identifier;
+  const char* name;
+};
+
+// In the order of the home screen.
+constexpr ApplicationName knownApplications[] = {
+    {"com.apple.mobilecal", "Calendar"},
+    {"com.apple.mobiletimer", "Clock"},
+    {"com.apple.reminders", "Reminders"},
+    {"com.atebits.Tweetie2", "Twitter"},
+    {"com.burbn.instagram", "Instagram"},
+    {"com.facebook.Messenger", "Messenger"},
+    {"com.hammerandchisel.discord", "Discord"},
+    {"com.tinyspeck.chatlyio", "Slack"},
+    {"net.whatsapp.WhatsAppSMB", "Business"},
+    {"ph.telegra.Telegraph", "Telegram"},
+    {"com.apple.Maps", "Maps"},
+    {"com.apple.mobilemail", "Mail"},
+    {"com.apple.MobileSMS", "Messages"},
+    {"net.whatsapp.WhatsApp", "WhatsApp"},
+};
+
+// The platform's numbers: the icons of notifications, of the home screen and of lists.
+constexpr int iconFormats[] = {8, 2, 0};
+constexpr int homeScreenFormat = 2;
+// The artwork's pixels per point.
+constexpr double artworkScale = 3;
+
+fs::path& artworkFolder() {
+  static fs::path& folder = *new fs::path;
+  return folder;
+}
+
+std::vector<std::string>& applications() {
+  static auto& installed = *new std::vector<std::string>;
+  return installed;
+}
+
+void giveIcon(const std::string& application, const std::shared_ptr<const drawing::Image>& icon) {
+  for (const int format : iconFormats) uikit::setApplicationIcon(application, format, icon);
+}
+
+}  // namespace
+
+std::shared_ptr<const drawing::Image> loadArtwork(const std::string& name) {
+  const fs::path path = artworkFolder() / (name + ".png");
+  std::ifstream file(path, std::ios::binary);
+  const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+  return drawing::decodeImage(std::as_bytes(std::span(bytes)), artworkScale, path.string());
+}
+
+void registerApplications(const fs::path& folder) {
+  artworkFolder() = folder;
+  uikit::setPlaceholderIcon(loadArtwork("placeholder"));
+  for (const ApplicationName& application : knownApplications) {
+    const std::string identifier(application.identifier);
+    const auto icon = loadArtwork(identifier);
+    if (icon == nullptr) continue;
+    giveIcon(identifier, icon);
+    applications().push_back(identifier);
+  }
+}
+
+const std::vector<std::string>& installedApplications() { return applications(); }
+
+std::string nameOf(std::string_view bundleIdentifier) {
+  const auto* known = std::ranges::find(knownApplications, bundleIdentifier, &ApplicationName::identifier);
+  if (known != std::ranges::end(knownApplications)) return known->name;
+  return std::string(bundleIdentifier.substr(bundleIdentifier.rfind('.') + 1));
+}
+
+UIImage* iconOf(NSString* bundleIdentifier) { return UIImage::applicationIcon(bundleIdentifier, homeScreenFormat); }
+
+bool setIcon(const std::string& bundleIdentifier, const fs::path& file) {
+  const auto icon = drawing::loadImage(file);
+  if (icon == nullptr) return false;
+  giveIcon(bundleIdentifier, icon);
+  return true;
+}
+
+}  // namespace springboard

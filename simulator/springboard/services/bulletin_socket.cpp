@@ -1,0 +1,89 @@
+#include "simulator/springboard/services/bulletin_socket.hpp"
+
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <list>
+#include <system_error>
+#include <utility>
+
+#include "objc/autorelease_pool.hpp"
+#include "simulator/foundation/local_socket.hpp"
+#include "simulator/foundation/root.hpp"
+#include "simulator/foundation/run_loop.hpp"
+
+namespace springboard {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Who sends more has something else in mind.
+constexpr std::size_t longestBulletin = 16 << 20;
+
+struct Sender {
+  foundation::Descriptor socket;
+  std::string received;
+};
+
+std::list<Sender>& senders() {
+  static auto& all = *new std::list<Sender>;
+  return all;
+}
+
+std::function<void(const process::Bulletin&)>& receiver() {
+  static auto& chosen = *new std::function<void(const process::Bulletin&)>;
+  return chosen;
+}
+
+void deliver(const std::string& text) {
+  const objc::AutoreleasePool pool;
+  if (const auto bulletin = process::parseBulletin(text)) receiver()(*bulletin);
+}
+
+void drop(std::list<Sender>::iterator sender) {
+  foundation::unwatchDescriptor(sender->socket.get());
+  senders().erase(sender);
+}
+
+// A bulletin is whole when its sender has nothing more to say.
+void readFrom(std::list<Sender>::iterator sender) {
+  char buffer[65536];
+  const ssize_t size = recv(sender->socket.get(), buffer, sizeof buffer, MSG_DONTWAIT);
+  if (size > 0) {
+    sender->received.append(buffer, static_cast<std::size_t>(size));
+    if (sender->received.size() > longestBulletin) drop(sender);
+    return;
+  }
+  if (size < 0 && errno == EAGAIN) return;
+  const std::string whole = std::move(sender->received);
+  drop(sender);
+  if (size == 0) deliver(whole);
+}
+
+void acceptSender(const foundation::Descriptor& listening) {
+  foundation::Descriptor accepted = foundation::acceptFrom(listening);
+  if (!accepted.isOpen()) return;
+  const auto sender = senders().insert(senders().end(), {std::move(accepted), {}});
+  foundation::watchDescriptor(sender->socket.get(), [sender] { readFrom(sender); });
+}
+
+}  // namespace
+
+void listenForBulletins(std::function<void(const process::Bulletin&)> present) {
+  receiver() = std::move(present);
+  const fs::path folder = process::bulletinFolder(foundation::root());
+  std::error_code error;
+  fs::create_directories(folder, error);
+  static const auto& listening = *new foundation::Descriptor(foundation::listenIn(folder, process::bulletinSocket));
+  if (listening.isOpen()) {
+    foundation::watchDescriptor(listening.get(), [] { acceptSender(listening); });
+  } else {
+    std::fprintf(stderr, "%s: no bulletins of other processes will be shown: %s\n", folder.c_str(),
+                 std::strerror(errno));
+  }
+}
+
+}  // namespace springboard

@@ -1,0 +1,139 @@
+#include "simulator/springboard/services/messages_process.hpp"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "simulator/base/installation.hpp"
+#include "simulator/foundation/descriptor.hpp"
+#include "simulator/foundation/root.hpp"
+#include "simulator/messages/chat_store.hpp"
+#include "simulator/process/root_setup.hpp"
+#include "simulator/springboard/services/messages_connection.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+
+namespace springboard {
+
+namespace {
+
+using foundation::Descriptor;
+
+constexpr std::chrono::seconds longestLaunch(5);
+constexpr std::chrono::seconds longestEnd(2);
+constexpr std::chrono::milliseconds betweenLooks(2);
+
+enum class ChildState { Running, NotNeeded, Failed };
+
+// The process that this home screen has started.
+struct Child {
+  pid_t process = 0;
+  // Its standard input ends with the home screen, and it with that.
+  Descriptor life;
+};
+
+std::unique_ptr<MessagesConnection>& connection() {
+  static auto& current = *new std::unique_ptr<MessagesConnection>;
+  return current;
+}
+
+std::optional<Child>& child() {
+  static auto& started = *new std::optional<Child>;
+  return started;
+}
+
+std::vector<std::string> commandLine() {
+  std::vector<std::string> words = {base::installation().messages,      "--suspended", "--system",
+                                    uikit::environment().systemVersion, "--root",      foundation::root().string()};
+  if (foundation::defaultsDatabase() == foundation::DefaultsDatabase::OfUser) words.emplace_back("--user-defaults");
+  return words;
+}
+
+// What the app prints goes where this process's complaints go: its own standard output belongs to the script.
+std::optional<Child> spawn() {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) return std::nullopt;
+  const Descriptor input(ends[0]);
+  Child started = {0, Descriptor(ends[1])};
+
+  const std::vector<std::string> words = commandLine();
+  std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
+  for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+  arguments.push_back(nullptr);
+
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, input.get(), STDIN_FILENO);
+  posix_spawn_file_actions_adddup2(&actions, STDERR_FILENO, STDOUT_FILENO);
+  const int failure = posix_spawn(&started.process, arguments[0], &actions, nullptr, arguments.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  if (failure == 0) return started;
+  std::fprintf(stderr, "the Messages app cannot be started: %s: %s\n", arguments[0], std::strerror(failure));
+  return std::nullopt;
+}
+
+// Of a child that has ended, nothing is left.
+ChildState stateOfChild() {
+  if (!child()) return ChildState::NotNeeded;
+  int status = 0;
+  const pid_t ended = waitpid(child()->process, &status, WNOHANG);
+  if (ended == 0) return ChildState::Running;
+  child().reset();
+  const bool well = ended > 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return well ? ChildState::NotNeeded : ChildState::Failed;
+}
+
+bool answers(Moment deadline) {
+  if (connection() == nullptr || connection()->hasEnded())
+    connection() = std::make_unique<MessagesConnection>(messages::messagesFolder(foundation::root()));
+  return connection()->isReady(deadline);
+}
+
+// Where another home screen starts it too, one of the two processes ends as not needed, and both use the other.
+bool startAndWait(Moment deadline) {
+  stateOfChild();
+  while (!answers(deadline)) {
+    if (std::chrono::steady_clock::now() >= deadline) return false;
+    switch (stateOfChild()) {
+      case ChildState::Running:
+        std::this_thread::sleep_for(betweenLooks);
+        break;
+      case ChildState::NotNeeded:
+        child() = spawn();
+        if (!child()) return false;
+        break;
+      case ChildState::Failed:
+        return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+bool launchMessages() {
+  const bool isReady = startAndWait(std::chrono::steady_clock::now() + longestLaunch);
+  if (!isReady) std::fprintf(stderr, "the Messages app is not ready for requests\n");
+  return isReady;
+}
+
+void endMessages() {
+  connection().reset();
+  if (!child()) return;
+  child()->life = Descriptor();
+  const Moment deadline = std::chrono::steady_clock::now() + longestEnd;
+  while (stateOfChild() == ChildState::Running && std::chrono::steady_clock::now() < deadline)
+    std::this_thread::sleep_for(betweenLooks);
+}
+
+}  // namespace springboard

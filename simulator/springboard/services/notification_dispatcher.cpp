@@ -1,0 +1,92 @@
+#include "simulator/springboard/services/notification_dispatcher.hpp"
+
+#include <utility>
+#include <vector>
+
+#include "platform/ui_window.hpp"
+
+namespace springboard {
+
+namespace {
+
+using Dispatcher = NCNotificationDispatcher;
+
+std::vector<NotificationDestination>& destinations() {
+  static auto& registered = *new std::vector<NotificationDestination>;
+  return registered;
+}
+
+void tellOfChange(const Dispatcher* dispatcher) {
+  if (const auto& observer = objc::state(dispatcher).listObserver) observer();
+}
+
+void list(Dispatcher* self, NCNotificationRequest* request) {
+  objc::state(self).list.insert(request);
+  tellOfChange(self);
+}
+
+// Whoever opened or cleared it is not shown it again.
+void modify(Dispatcher* self, NCNotificationRequest* request) {
+  if (request != nullptr && objc::state(self).list.remove(keyOf(request))) list(self, request);
+}
+
+void post(Dispatcher* self, NCNotificationRequest* request) {
+  if (request == nullptr) return;
+  list(self, request);
+  for (const NotificationDestination& destination : destinations()) destination.post(request);
+}
+
+void withdraw(Dispatcher* self, NCNotificationRequest* request) {
+  if (request == nullptr) return;
+  const NotificationKey key = keyOf(request);
+  if (objc::state(self).list.remove(key)) tellOfChange(self);
+  for (const NotificationDestination& destination : destinations()) destination.withdraw(key);
+}
+
+// The sender's own part is the sender's; opening the application is the home screen's.
+void execute(Dispatcher* self, NSObject*, NCNotificationAction* action, NCNotificationRequest* request, bool,
+             NSDictionary*, objc::Block<void()>* completion) {
+  if (action == nullptr || request == nullptr) return;
+  const NotificationRequestState& state = objc::state(request);
+  if (action == state.defaultAction)
+    UIApplication::sharedApplication()->launchApplication(state.sectionIdentifier, false);
+  if (objc::state(action).shouldDismissNotification) self->withdraw(request);
+  if (completion != nullptr) (*completion)();
+}
+
+}  // namespace
+
+void addNotificationDestination(NotificationDestination destination) {
+  destinations().push_back(std::move(destination));
+}
+
+void defineNotificationDispatcher() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"postNotificationWithRequest:", &post>(),
+      objc::method<"modifyNotificationWithRequest:", &modify>(),
+      objc::method<"withdrawNotificationWithRequest:", &withdraw>(),
+      objc::method<"destination:executeAction:forNotificationRequest:requestAuthentication:withParameters:completion:",
+                   &execute>(),
+  };
+  objc::defineClassWithState<Dispatcher>(methods);
+}
+
+}  // namespace springboard
+
+NCNotificationDispatcher* NCNotificationDispatcher::shared() {
+  static NCNotificationDispatcher* const dispatcher = objc::make<NCNotificationDispatcher>().leak();
+  return dispatcher;
+}
+
+void NCNotificationDispatcher::execute(NCNotificationAction* action, NCNotificationRequest* request,
+                                       NSDictionary* parameters) {
+  objc::send<void, "destination:executeAction:forNotificationRequest:requestAuthentication:withParameters:completion:">(
+      this, static_cast<NSObject*>(nullptr), action, request, false, parameters,
+      static_cast<objc::Block<void()>*>(nullptr));
+}
+
+const springboard::NotificationList& NCNotificationDispatcher::list() const { return objc::state(this).list; }
+
+void NCNotificationDispatcher::observeList(std::function<void()> observer) {
+  objc::state(this).listObserver = std::move(observer);
+}

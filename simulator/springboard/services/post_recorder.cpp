@@ -1,0 +1,62 @@
+#include "simulator/springboard/services/post_recorder.hpp"
+
+#include <string>
+
+#include "objc/class_definition.hpp"
+#include "platform/ns_distributed_notification_center.hpp"
+#include "simulator/base/event_log.hpp"
+#include "simulator/base/foundation_json.hpp"
+
+namespace springboard {
+
+namespace {
+
+bool isOfPlatform(const std::string& name) {
+  constexpr const char* prefixes[] = {"NS", "GS", "GD", "UI", "_"};
+  for (const char* prefix : prefixes)
+    if (name.starts_with(prefix)) return true;
+  return false;
+}
+
+void record(const char* event, NSString* name, NSDictionary* userInfo) {
+  const std::string text = base::textOf(name);
+  if (!isOfPlatform(text)) base::recordEvent(event, {{"name", text}, {"userInfo", base::jsonOf(userInfo)}});
+}
+
+template <auto function, objc::FixedString selector>
+void replace(Class target) {
+  using Hook = objc::detail::HookOf<function>;
+  MSHookMessageEx(target, objc::selector<selector>(), Hook::implementation(), &Hook::replaced);
+}
+
+using Post = objc::Original<void(NSNotificationCenter*, NSString*, NSObject*, NSDictionary*)>;
+using PostToOthers = objc::Original<void(NSDistributedNotificationCenter*, NSString*, NSObject*, NSDictionary*, bool)>;
+
+void post(Post original, NSNotificationCenter* self, NSString* name, NSObject* object, NSDictionary* userInfo) {
+  // The distributed centre inherits this method and sends itself on to its own.
+  if (objc::as<NSDistributedNotificationCenter>(self) == nullptr) record("post", name, userInfo);
+  original(self, name, object, userInfo);
+}
+
+void postToOthers(PostToOthers original, NSDistributedNotificationCenter* self, NSString* name, NSObject* object,
+                  NSDictionary* userInfo, bool immediately) {
+  record("distributed", name, userInfo);
+  original(self, name, object, userInfo, immediately);
+}
+
+}  // namespace
+
+void observePosts() {
+  replace<&post, "postNotificationName:object:userInfo:">(NSNotificationCenter::classObject());
+  replace<&postToOthers, "postNotificationName:object:userInfo:deliverImmediately:">(
+      NSDistributedNotificationCenter::classObject());
+}
+
+void postUnobserved(NSString* name) {
+  using Hook = objc::detail::HookOf<&postToOthers>;
+  const PostToOthers unobserved(Hook::replaced,
+                                objc::selector<"postNotificationName:object:userInfo:deliverImmediately:">());
+  unobserved(NSDistributedNotificationCenter::defaultCenter(), name, nullptr, nullptr, true);
+}
+
+}  // namespace springboard

@@ -1,0 +1,40 @@
+// The lock screen: a window above the home screen with the time and the notification list, and the object that brings
+// it up.
+#pragma once
+
+#include "platform/ui_label.hpp"
+#include "platform/ui_window.hpp"
+#include "simulator/springboard/list/notification_list_view.hpp"
+
+struct LockScreenState {
+  objc::Ref<UIWindow> window;
+  objc::Ref<UILabel> clock;
+  objc::Ref<UILabel> day;
+  objc::Ref<NCNotificationListView> list;
+};
+
+class SBLockScreenManager : public objc::Interface<"SBLockScreenManager", NSObject> {
+ public:
+  static SBLockScreenManager* sharedInstance() {
+    return objc::send<SBLockScreenManager*, "sharedInstance">(classObject());
+  }
+  bool isUILocked() const { return objc::send<bool, "isUILocked">(this); }
+  // Brings the lock screen up.
+  void lock();
+  void unlock() { objc::send<void, "unlockUIFromSource:withOptions:">(this, NSInteger{0}, noOptions()); }
+  // Shows the time that it is and the notifications that there are. Nothing happens while the phone is unlocked.
+  void refresh();
+
+ private:
+  static NSObject* noOptions() { return nullptr; }
+};
+template <>
+struct objc::StateOf<SBLockScreenManager> {
+  using Type = LockScreenState;
+};
+
+namespace springboard {
+
+void defineLockScreen();
+
+}  // namespace springboard

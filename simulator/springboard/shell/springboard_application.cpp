@@ -1,0 +1,104 @@
+#include "simulator/springboard/shell/springboard_application.hpp"
+
+#include "objc/property_entry.hpp"
+#include "simulator/base/event_log.hpp"
+#include "simulator/base/foundation_json.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/springboard/banner/banner_presenter.hpp"
+#include "simulator/springboard/services/messages_process.hpp"
+#include "simulator/springboard/shell/lock_screen.hpp"
+
+class NSSet : public objc::Interface<"NSSet", NSObject> {
+ public:
+  static NSSet* setWithObject(NSObject* member) { return objc::send<NSSet*, "setWithObject:">(classObject(), member); }
+  NSObject* anyObject() const { return objc::send<NSObject*, "anyObject">(this); }
+};
+
+class UIPress : public objc::Interface<"UIPress", NSObject> {
+ public:
+  NSInteger type() const { return objc::send<NSInteger, "type">(this); }
+  CGFloat force() const { return objc::send<CGFloat, "force">(this); }
+};
+
+class UIPressesEvent : public objc::Interface<"UIPressesEvent", NSObject> {
+ public:
+  NSSet* allPresses() const { return objc::send<NSSet*, "allPresses">(this); }
+};
+
+struct PressState {
+  NSInteger type = 0;
+  CGFloat force = 0;
+};
+template <>
+struct objc::StateOf<UIPress> {
+  using Type = PressState;
+};
+
+struct PressesEventState {
+  objc::Ref<NSSet> allPresses;
+};
+template <>
+struct objc::StateOf<UIPressesEvent> {
+  using Type = PressesEventState;
+};
+
+namespace springboard {
+
+namespace {
+
+constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
+
+// Letting go of the home button leaves the lock screen, and takes banners away.
+bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
+  const auto* press = objc::as<UIPress>(event->allPresses()->anyObject());
+  if (press == nullptr || press->type() != homeButtonPress || press->force() >= 1) return true;
+  dismissAllBanners();
+  SBLockScreenManager::sharedInstance()->unlock();
+  return true;
+}
+
+bool launchApplication(SpringBoard*, NSString* bundleIdentifier, bool suspended) {
+  base::recordEvent("launch", {{"bundle", base::jsonOf(bundleIdentifier)}, {"suspended", suspended}});
+  if (bundleIdentifier == nullptr) return false;
+  // Whoever opened it may hold views of the lock screen until the turn is over.
+  if (!suspended) foundation::onMainThread([] { SBLockScreenManager::sharedInstance()->unlock(); });
+  // The other applications have no process of their own, and Messages has no window to come to the front with.
+  return !suspended || base::textOf(bundleIdentifier) != messagesIdentifier || launchMessages();
+}
+
+void definePresses() {
+  static constexpr objc::PropertyEntry press[] = {
+      objc::readOnly<"type", UIPress, &PressState::type>(),
+      objc::readOnly<"force", UIPress, &PressState::force>(),
+  };
+  static constexpr objc::PropertyEntry event[] = {
+      objc::readOnly<"allPresses", UIPressesEvent, &PressesEventState::allPresses>()};
+  objc::defineClassWithState<UIPress>({});
+  objc::addProperties(UIPress::classObject(), press);
+  objc::defineClassWithState<UIPressesEvent>({});
+  objc::addProperties(UIPressesEvent::classObject(), event);
+}
+
+}  // namespace
+
+void pressButton(NSInteger type, double force) {
+  auto press = objc::make<UIPress>();
+  objc::state(press.get()) = {type, force};
+  auto event = objc::make<UIPressesEvent>();
+  objc::state(event.get()).allPresses = objc::retain(NSSet::setWithObject(press));
+  objc::send<bool, "_handlePhysicalButtonEvent:">(SpringBoard::shared(), event.get());
+}
+
+void defineApplication() {
+  definePresses();
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"_handlePhysicalButtonEvent:", &handlePhysicalButtonEvent>(),
+  };
+  static constexpr objc::MethodEntry launching[] = {
+      objc::method<"launchApplicationWithIdentifier:suspended:", &launchApplication>(),
+  };
+  objc::defineClass<SpringBoard>(methods);
+  objc::addCategory(UIApplication::classObject(), launching);
+}
+
+}  // namespace springboard

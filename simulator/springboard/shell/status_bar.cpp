@@ -1,0 +1,82 @@
+#include "simulator/springboard/shell/status_bar.hpp"
+
+#include "simulator/drawing/canvas.hpp"
+#include "simulator/springboard/platter/time_text.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/views/view.hpp"
+
+// The battery, full, drawn in white.
+class UIStatusBarBatteryView : public objc::Interface<"UIStatusBarBatteryView", UIView> {};
+
+namespace springboard {
+
+namespace {
+
+constexpr CGSize batterySize = {27, 12};
+constexpr double levelOfStatusBars = 1000;
+
+UIStatusBarWindow* statusBar = nullptr;
+
+UIColor* white() { return UIColor::withRed(1, 1, 1, 1); }
+
+bool hasNotch() { return uikit::environment().device.safeArea.bottom > 0; }
+
+void drawBattery(UIView*, void* target) {
+  drawing::Canvas& canvas = *static_cast<drawing::Canvas*>(target);
+  const drawing::Color line = {1, 1, 1, 0.4};
+  const drawing::Color fill = {1, 1, 1, 1};
+  canvas.fillRoundedRectangle({0, 0, 24, 12}, {3.5, drawing::CornerCurve::Continuous}, line);
+  canvas.fillRoundedRectangle({25, 4, 1.5, 4}, {0.75}, line);
+  canvas.fillRoundedRectangle({2, 2, 20, 8}, {2, drawing::CornerCurve::Continuous}, fill);
+}
+
+// In the ears of a notch, or in the middle of the bar.
+objc::Ref<UILabel> makeClock(CGFloat width) {
+  const CGRect frame = hasNotch() ? CGRect{{20, 14}, {54, 20}} : CGRect{{width / 2 - 30, 1}, {60, 18}};
+  auto clock = UIView::withFrame<UILabel>(frame);
+  clock->setFont(UIFont::boldSystemFontOfSize(hasNotch() ? 16 : 12));
+  clock->setTextColor(white());
+  clock->setTextAlignment(NSTextAlignment::Center);
+  return clock;
+}
+
+objc::Ref<UIStatusBarBatteryView> makeBattery(CGFloat width) {
+  const CGPoint origin = hasNotch() ? CGPoint{width - 48, 18} : CGPoint{width - batterySize.width - 6, 4};
+  return UIView::withFrame<UIStatusBarBatteryView>({origin, batterySize});
+}
+
+UIStatusBarWindow* initWithFrame(UIStatusBarWindow* self, CGRect frame) {
+  self = objc::sendSuper<"UIStatusBarWindow", UIStatusBarWindow*, "initWithFrame:">(self, frame);
+  if (self == nullptr) return nullptr;
+  self->setUserInteractionEnabled(false);
+  objc::state(self).clock = makeClock(frame.size.width);
+  self->addSubview(objc::state(self).clock);
+  self->addSubview(makeBattery(frame.size.width));
+  return self;
+}
+
+}  // namespace
+
+void refreshStatusBar() {
+  UILabel* clock = objc::state(statusBar).clock;
+  clock->setText(timeOfDay());
+}
+
+void makeStatusBar() {
+  const base::DeviceProfile& device = uikit::environment().device;
+  statusBar = UIView::withFrame<UIStatusBarWindow>({{}, {device.screen.width, device.safeArea.top}}).leak();
+  objc::send<void, "setWindowLevel:">(statusBar, CGFloat{levelOfStatusBars});
+  statusBar->setHidden(false);
+  refreshStatusBar();
+}
+
+void defineStatusBar() {
+  static constexpr objc::MethodEntry battery[] = {
+      objc::method<"_drawContentInCanvas:", &drawBattery>(),
+  };
+  static constexpr objc::MethodEntry window[] = {objc::method<"initWithFrame:", &initWithFrame>()};
+  objc::defineClass<UIStatusBarBatteryView>(battery);
+  objc::defineClassWithState<UIStatusBarWindow>(window);
+}
+
+}  // namespace springboard

@@ -1,0 +1,165 @@
+#include "simulator/uikit/animation/animation.hpp"
+
+#include <cmath>
+
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/uikit/animation/animation_group.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
+
+namespace uikit {
+
+namespace {
+
+// The timing curve runs from (0,0) to (1,1) with these control points.
+constexpr double firstControl = 0.42;
+constexpr double secondControl = 0.58;
+
+double curveTime(double parameter) {
+  const double rest = 1 - parameter;
+  return 3 * rest * rest * parameter * firstControl + 3 * rest * parameter * parameter * secondControl +
+         parameter * parameter * parameter;
+}
+
+double curveProgress(double parameter) { return parameter * parameter * (3 - 2 * parameter); }
+
+// Halving is exact enough for pixels and the same on every machine.
+double easeInEaseOut(double time) {
+  double low = 0;
+  double high = 1;
+  for (int step = 0; step < 40; ++step) {
+    const double middle = (low + high) / 2;
+    (curveTime(middle) < time ? low : high) = middle;
+  }
+  return curveProgress((low + high) / 2);
+}
+
+// The blocks running now, innermost last; null where animations are off.
+std::vector<std::shared_ptr<AnimationGroup>>& runningBlocks() {
+  static std::vector<std::shared_ptr<AnimationGroup>> blocks;
+  return blocks;
+}
+
+// Frames are demanded as long as something moves.
+double& latestEnd() {
+  static double time = 0;
+  return time;
+}
+
+void demandFramesUntil(double end) {
+  const bool alreadyDemanded = latestEnd() > foundation::now();
+  latestEnd() = std::max(latestEnd(), end);
+  if (alreadyDemanded) return;
+  foundation::addFrameObserver([](double now) {
+    noteDisplayChange();
+    return now < latestEnd() ? foundation::FrameDemand::More : foundation::FrameDemand::Done;
+  });
+}
+
+}  // namespace
+
+AnimationGroup::AnimationGroup(const AnimationTiming& timing, objc::Block<void(bool)>* completion)
+    : begin_(foundation::now() + std::max(timing.delay, 0.0)),
+      duration_(std::max(timing.duration, 0.0)),
+      completion_(completion) {}
+
+bool AnimationGroup::isInstant() const { return end() <= foundation::now(); }
+
+double AnimationGroup::progress(double now) const {
+  if (now >= end()) return 1;
+  if (now <= begin_) return 0;
+  return easeInEaseOut((now - begin_) / duration_);
+}
+
+void AnimationGroup::start() {
+  if (members_ == 0) {
+    foundation::onMainThread([self = shared_from_this()] { self->complete(); });
+    return;
+  }
+  demandFramesUntil(end());
+  foundation::onMainThreadAfter(end() - foundation::now(), [self = shared_from_this()] { self->complete(); });
+}
+
+void AnimationGroup::leave() {
+  if (completed_ || --members_ > 0) return;
+  finished_ = false;
+  foundation::onMainThread([self = shared_from_this()] { self->complete(); });
+}
+
+void AnimationGroup::complete() {
+  if (completed_) return;
+  completed_ = true;
+  const objc::BlockRef<void(bool)> completion = std::move(completion_);
+  if (completion.get() != nullptr) (*completion.get())(finished_);
+}
+
+void runAnimation(AnimationTiming timing, objc::Block<void()>* animations, objc::Block<void(bool)>* completion) {
+  // A block inside another one runs at the outer one's pace.
+  if (AnimationGroup* outer = currentAnimationGroup(); outer != nullptr) timing.duration = outer->duration();
+  const auto group = std::make_shared<AnimationGroup>(timing, completion);
+  runningBlocks().push_back(group);
+  if (animations != nullptr) (*animations)();
+  runningBlocks().pop_back();
+  group->start();
+}
+
+void runWithoutAnimation(objc::Block<void()>* changes) {
+  runningBlocks().push_back(nullptr);
+  if (changes != nullptr) (*changes)();
+  runningBlocks().pop_back();
+}
+
+AnimationGroup* currentAnimationGroup() {
+  if (runningBlocks().empty() || runningBlocks().back() == nullptr) return nullptr;
+  AnimationGroup* group = runningBlocks().back().get();
+  return group->isInstant() ? nullptr : group;
+}
+
+std::shared_ptr<AnimationGroup> joinCurrentGroup() {
+  AnimationGroup* group = currentAnimationGroup();
+  if (group == nullptr) return nullptr;
+  group->join();
+  return group->shared_from_this();
+}
+
+void leaveGroup(const std::shared_ptr<AnimationGroup>& group) { group->leave(); }
+
+bool isAnimating() { return latestEnd() > foundation::now(); }
+
+double animationTime() { return foundation::now(); }
+
+double remainingShare(const AnimationGroup& group, double now) { return 1 - group.progress(now); }
+
+bool hasEnded(const AnimationGroup& group, double now) { return now >= group.end(); }
+
+CGPoint difference(CGPoint left, CGPoint right) { return {left.x - right.x, left.y - right.y}; }
+
+CGPoint accumulate(CGPoint value, CGPoint offset, double share) {
+  return {value.x + offset.x * share, value.y + offset.y * share};
+}
+
+CGRect difference(const CGRect& left, const CGRect& right) {
+  return {difference(left.origin, right.origin),
+          {left.size.width - right.size.width, left.size.height - right.size.height}};
+}
+
+CGRect accumulate(const CGRect& value, const CGRect& offset, double share) {
+  return {accumulate(value.origin, offset.origin, share),
+          {value.size.width + offset.size.width * share, value.size.height + offset.size.height * share}};
+}
+
+// Colours mix premultiplied: one that fades in from nothing keeps its hue.
+drawing::Color difference(const drawing::Color& left, const drawing::Color& right) {
+  return {left.red * left.alpha - right.red * right.alpha, left.green * left.alpha - right.green * right.alpha,
+          left.blue * left.alpha - right.blue * right.alpha, left.alpha - right.alpha};
+}
+
+drawing::Color accumulate(const drawing::Color& value, const drawing::Color& offset, double share) {
+  const double alpha = std::clamp(value.alpha + offset.alpha * share, 0.0, 1.0);
+  if (alpha <= 0) return {value.red, value.green, value.blue, 0};
+  const auto mixed = [&](double component, double change) {
+    return std::clamp((component * value.alpha + change * share) / alpha, 0.0, 1.0);
+  };
+  return {mixed(value.red, offset.red), mixed(value.green, offset.green), mixed(value.blue, offset.blue), alpha};
+}
+
+}  // namespace uikit

@@ -1,0 +1,74 @@
+// UIControl's state: who is told of what, and how it is touched.
+#pragma once
+
+#include <vector>
+
+#include "objc/class_definition.hpp"
+#include "platform/ui_control.hpp"
+
+namespace uikit {
+
+// The platform's numbers, beside those of UIControlEvents.
+inline constexpr auto touchDown = static_cast<UIControlEvents>(1 << 0);
+inline constexpr auto touchDragInside = static_cast<UIControlEvents>(1 << 2);
+inline constexpr auto touchDragOutside = static_cast<UIControlEvents>(1 << 3);
+inline constexpr auto touchDragEnter = static_cast<UIControlEvents>(1 << 4);
+inline constexpr auto touchDragExit = static_cast<UIControlEvents>(1 << 5);
+inline constexpr auto touchUpOutside = static_cast<UIControlEvents>(1 << 7);
+inline constexpr auto touchCancel = static_cast<UIControlEvents>(1 << 8);
+inline constexpr auto editingChanged = static_cast<UIControlEvents>(1 << 17);
+
+inline constexpr auto highlightedState = static_cast<UIControlState>(1 << 0);
+inline constexpr auto disabledState = static_cast<UIControlState>(1 << 1);
+inline constexpr auto selectedState = static_cast<UIControlState>(1 << 2);
+
+inline bool contains(UIControlEvents mask, UIControlEvents events) {
+  return (static_cast<NSUInteger>(mask) & static_cast<NSUInteger>(events)) != 0;
+}
+inline bool contains(UIControlState mask, UIControlState state) {
+  return (static_cast<NSUInteger>(mask) & static_cast<NSUInteger>(state)) != 0;
+}
+
+// Sends the actions of these events, to those who are still there.
+inline void sendActions(UIControl* control, UIControlEvents events) {
+  objc::send<void, "sendActionsForControlEvents:">(control, events);
+}
+// Whether anyone listens.
+bool hasActions(const UIControl* control, UIControlEvents events);
+
+struct ControlAction {
+  // Without a fixed receiver the first responder up the chain that knows the action gets it.
+  enum class Receiver { Target, ResponderChain };
+
+  Receiver receiver = Receiver::Target;
+  objc::Weak<NSObject> target;
+  SEL action = nullptr;
+  UIControlEvents events{};
+};
+
+void defineControl();
+
+void defineButton();
+
+}  // namespace uikit
+
+struct ControlState {
+  std::vector<uikit::ControlAction> actions;
+  UIControlContentVerticalAlignment verticalAlignment = UIControlContentVerticalAlignment::Center;
+  bool enabled = true;
+  bool selected = false;
+  bool highlighted = false;
+  bool tracking = false;
+  bool touchInside = false;
+};
+template <>
+struct objc::StateOf<UIControl> {
+  using Type = ControlState;
+};
+
+namespace uikit {
+
+// UIControl's methods that follow a finger.
+std::span<const objc::MethodEntry> controlTouchMethods();
+
+}  // namespace uikit

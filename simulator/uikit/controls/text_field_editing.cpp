@@ -1,0 +1,129 @@
+// Typing into a text field, and the events that tell of it.
+#include <algorithm>
+
+#include "simulator/uikit/controls/control.hpp"
+#include "simulator/uikit/controls/text_field.hpp"
+#include "simulator/uikit/text/text_boundaries.hpp"
+#include "simulator/uikit/text/utf8.hpp"
+#include "simulator/uikit/views/view.hpp"
+
+namespace uikit {
+
+namespace {
+
+bool isEnabled(const UITextField* field) { return objc::state<UIControl>(field).enabled; }
+
+bool canBecomeFirstResponder(UITextField* self) { return isEnabled(self); }
+
+bool becomeFirstResponder(UITextField* self) {
+  const bool wasEditing = self->isFirstResponder();
+  if (!objc::sendSuper<"UITextField", bool, "becomeFirstResponder">(self)) return false;
+  if (wasEditing) return true;
+  TextFieldState& state = objc::state(self);
+  state.selection = {state.text->length(), 0};
+  setNeedsDisplay(self);
+  sendActions(self, UIControlEvents::EditingDidBegin);
+  return true;
+}
+
+bool resignFirstResponder(UITextField* self) {
+  const objc::Ref<UITextField> kept = objc::retain(self);
+  const bool wasEditing = self->isFirstResponder();
+  if (!objc::sendSuper<"UITextField", bool, "resignFirstResponder">(self)) return false;
+  if (!wasEditing) return true;
+  objc::state(self).scrollOffset = 0;
+  setNeedsDisplay(self);
+  sendActions(self, UIControlEvents::EditingDidEnd);
+  return true;
+}
+
+void controlStateChanged(UITextField* self) {
+  objc::sendSuper<"UITextField", void, "_controlStateChanged">(self);
+  if (!isEnabled(self)) self->resignFirstResponder();
+}
+
+void touchesEnded(UITextField* self, NSObject* touches, NSObject* event) {
+  const bool wasTapped = objc::state<UIControl>(self).touchInside;
+  const objc::Ref<UITextField> kept = objc::retain(self);
+  objc::sendSuper<"UITextField", void, "touchesEnded:withEvent:">(self, touches, event);
+  if (wasTapped) self->becomeFirstResponder();
+}
+
+void replaceCharacters(UITextField* self, NSRange range, NSString* replacement) {
+  NSString* changed = objc::state(self).text->stringByReplacingCharactersInRange(range, replacement);
+  replaceText(self, changed, range.location + replacement->length());
+  sendActions(self, editingChanged);
+}
+
+bool hasText(UITextField* self) { return objc::state(self).text->length() > 0; }
+
+bool takesReturnKey(UITextField* self) {
+  return isEnabled(self) && (hasText(self) || !objc::state(self).enablesReturnKeyAutomatically);
+}
+
+// The keyboard goes away where somebody acts on the return key.
+void returnKeyPressed(UITextField* self) {
+  if (!takesReturnKey(self)) return;
+  const objc::Ref<UITextField> kept = objc::retain(self);
+  const bool isHeard = hasActions(self, UIControlEvents::EditingDidEndOnExit);
+  sendActions(self, UIControlEvents::EditingDidEndOnExit);
+  if (isHeard) self->resignFirstResponder();
+}
+
+NSString* onOneLine(NSString* text) {
+  for (NSString* lineBreak : {"\r\n"_ns, "\n"_ns, "\r"_ns, "\u2028"_ns, "\u2029"_ns})
+    text = objc::send<NSString*, "stringByReplacingOccurrencesOfString:withString:">(text, lineBreak, " "_ns);
+  return text;
+}
+
+// A line feed by itself is the return key; in a longer text line ends become blanks.
+void insertText(UITextField* self, NSString* text) {
+  if (!isEnabled(self) || text->length() == 0) return;
+  if (text->isEqualToString("\n"_ns)) return returnKeyPressed(self);
+  replaceCharacters(self, objc::state(self).selection, onOneLine(wellFormed(text)));
+}
+
+void deleteBackward(UITextField* self) {
+  const TextFieldState& state = objc::state(self);
+  NSRange deleted = state.selection;
+  if (deleted.length == 0) {
+    deleted.location = startOfCharacterBefore(state.text, state.selection.location);
+    deleted.length = state.selection.location - deleted.location;
+  }
+  if (isEnabled(self) && deleted.length > 0) replaceCharacters(self, deleted, ""_ns);
+}
+
+NSRange selectedRange(UITextField* self) { return objc::state(self).selection; }
+
+// The part of the range that lies in the text.
+void setSelectedRange(UITextField* self, NSRange range) {
+  TextFieldState& state = objc::state(self);
+  const NSUInteger length = state.text->length();
+  const NSUInteger location = std::min(range.location, length);
+  state.selection = {location, std::min(range.length, length - location)};
+  setNeedsDisplay(self);
+}
+
+void selectAll(UITextField* self, NSObject*) { setSelectedRange(self, {0, NSNotFound}); }
+
+}  // namespace
+
+std::span<const objc::MethodEntry> textFieldEditingMethods() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"canBecomeFirstResponder", &canBecomeFirstResponder>(),
+      objc::method<"becomeFirstResponder", &becomeFirstResponder>(),
+      objc::method<"resignFirstResponder", &resignFirstResponder>(),
+      objc::method<"_controlStateChanged", &controlStateChanged>(),
+      objc::method<"touchesEnded:withEvent:", &touchesEnded>(),
+      objc::method<"hasText", &hasText>(),
+      objc::method<"insertText:", &insertText>(),
+      objc::method<"deleteBackward", &deleteBackward>(),
+      objc::method<"_returnKeyPressed", &returnKeyPressed>(),
+      objc::method<"_selectedRange", &selectedRange>(),
+      objc::method<"_setSelectedRange:", &setSelectedRange>(),
+      objc::method<"selectAll:", &selectAll>(),
+  };
+  return methods;
+}
+
+}  // namespace uikit

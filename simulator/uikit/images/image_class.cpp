@@ -1,0 +1,96 @@
+#include "simulator/uikit/images/image_class.hpp"
+
+#include "objc/class_definition.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/images/application_icons.hpp"
+#include "simulator/uikit/text/utf8.hpp"
+
+struct ImageState {
+  std::shared_ptr<const drawing::Image> image;
+};
+template <>
+struct objc::StateOf<UIImage> {
+  using Type = ImageState;
+};
+
+namespace uikit {
+
+objc::Ref<UIImage> makeImage(std::shared_ptr<const drawing::Image> image) {
+  if (image == nullptr) return nullptr;
+  auto made = objc::make<UIImage>();
+  objc::state(made.get()).image = std::move(image);
+  return made;
+}
+
+std::shared_ptr<const drawing::Image> imageOf(const UIImage* image) {
+  return image == nullptr ? nullptr : objc::state(image).image;
+}
+
+namespace {
+
+// Foundation knows where a path of the phone really is; it refuses what cannot be written as UTF-8.
+std::string fileSystemPath(const std::string& path) {
+  NSString* clean = NSString::stringWithUTF8String(path.c_str());
+  return clean->fileSystemRepresentation();
+}
+
+UIImage* imageWithContentsOfFile(Class, NSString* path) {
+  const std::string name = utf8(path);
+  if (name.empty()) return nullptr;
+  const auto image = drawing::loadImageNamed(fileSystemPath(name), environment().device.scale);
+  return image == nullptr ? nullptr : objc::autorelease(makeImage(image->named(name)));
+}
+
+UIImage* initWithData(UIImage* self, NSData* data) {
+  objc::Ref<UIImage> made = objc::adopt(objc::sendSuper<"UIImage", UIImage*, "init">(self));
+  if (made == nullptr || data == nullptr) return nullptr;
+  auto image = drawing::decodeImage({static_cast<const std::byte*>(data->bytes()), data->length()});
+  if (image == nullptr) return nullptr;
+  objc::state(made.get()).image = std::move(image);
+  return made.leak();
+}
+
+UIImage* imageWithData(Class, NSData* data) { return objc::autorelease(UIImage::withData(data)); }
+
+CGSize size(UIImage* self) {
+  const auto image = imageOf(self);
+  if (image == nullptr) return {};
+  return {image->size().width, image->size().height};
+}
+CGFloat scale(UIImage* self) {
+  const auto image = imageOf(self);
+  return image == nullptr ? 1 : image->scale();
+}
+
+UIImage* copyWithZone(UIImage* self, void*) { return objc::retain(self).leak(); }
+
+NSData* dataOf(const std::vector<std::byte>& bytes) {
+  return bytes.empty() ? nullptr : NSData::dataWithBytes(bytes.data(), bytes.size());
+}
+
+}  // namespace
+
+void defineImage() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::classMethod<"_applicationIconImageForBundleIdentifier:format:", &applicationIcon>(),
+      objc::classMethod<"imageWithContentsOfFile:", &imageWithContentsOfFile>(),
+      objc::classMethod<"imageWithData:", &imageWithData>(),
+      objc::method<"initWithData:", &initWithData>(),
+      objc::method<"size", &size>(),
+      objc::method<"scale", &scale>(),
+      objc::method<"copyWithZone:", &copyWithZone>(),
+  };
+  objc::defineClassWithState<UIImage>(methods);
+}
+
+}  // namespace uikit
+
+NSData* UIImageJPEGRepresentation(UIImage* image, CGFloat quality) {
+  const auto pixels = uikit::imageOf(image);
+  return pixels == nullptr ? nullptr : uikit::dataOf(drawing::encodeJpeg(*pixels, quality));
+}
+
+NSData* UIImagePNGRepresentation(UIImage* image) {
+  const auto pixels = uikit::imageOf(image);
+  return pixels == nullptr ? nullptr : uikit::dataOf(drawing::encodePng(*pixels));
+}

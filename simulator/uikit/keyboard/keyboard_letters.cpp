@@ -1,0 +1,49 @@
+#include "simulator/uikit/keyboard/keyboard_letters.hpp"
+
+#include <algorithm>
+
+namespace uikit {
+
+namespace {
+
+constexpr LetterSet english = {
+    "en", {"qwertyuiop", "asdfghjkl", "zxcvbnm"}, {"QWERTYUIOP", "ASDFGHJKL", "ZXCVBNM"}, "ABC"};
+
+constexpr LetterRows arabic = {"ضصثقفغعهخحج", "شسيبلاتنمكط", "ذءؤرىةوزظد"};
+constexpr LetterRows hebrew = {"קראטוןםפ", "שדגכעיחלךף", "זסבהנמצתץ"};
+
+constexpr LetterSet sets[] = {
+    {"de", {"qwertzuiopü", "asdfghjklöä", "yxcvbnm"}, {"QWERTZUIOPÜ", "ASDFGHJKLÖÄ", "YXCVBNM"}, "ABC"},
+    {"fr", {"azertyuiop", "qsdfghjklm", "wxcvbn"}, {"AZERTYUIOP", "QSDFGHJKLM", "WXCVBN"}, "ABC"},
+    {"es", {"qwertyuiop", "asdfghjklñ", "zxcvbnm"}, {"QWERTYUIOP", "ASDFGHJKLÑ", "ZXCVBNM"}, "ABC"},
+    {"sv", {"qwertyuiopå", "asdfghjklöä", "zxcvbnm"}, {"QWERTYUIOPÅ", "ASDFGHJKLÖÄ", "ZXCVBNM"}, "ABC"},
+    {"fi", {"qwertyuiopå", "asdfghjklöä", "zxcvbnm"}, {"QWERTYUIOPÅ", "ASDFGHJKLÖÄ", "ZXCVBNM"}, "ABC"},
+    {"da", {"qwertyuiopå", "asdfghjklæø", "zxcvbnm"}, {"QWERTYUIOPÅ", "ASDFGHJKLÆØ", "ZXCVBNM"}, "ABC"},
+    {"nb", {"qwertyuiopå", "asdfghjkløæ", "zxcvbnm"}, {"QWERTYUIOPÅ", "ASDFGHJKLØÆ", "ZXCVBNM"}, "ABC"},
+    {"tr", {"qwertyuıopğü", "asdfghjklşi", "zxcvbnmöç"}, {"QWERTYUIOPĞÜ", "ASDFGHJKLŞİ", "ZXCVBNMÖÇ"}, "ABC"},
+    {"ru", {"йцукенгшщзх", "фывапролджэ", "ячсмитьбю"}, {"ЙЦУКЕНГШЩЗХ", "ФЫВАПРОЛДЖЭ", "ЯЧСМИТЬБЮ"}, "АБВ"},
+    {"uk", {"йцукенгшщзхї", "фівапролджє", "ячсмитьбю"}, {"ЙЦУКЕНГШЩЗХЇ", "ФІВАПРОЛДЖЄ", "ЯЧСМИТЬБЮ"}, "АБВ"},
+    {"ar", arabic, arabic, "أبج"},
+    {"he", hebrew, hebrew, "אבג"},
+};
+
+constexpr bool beginsALetter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
+
+}  // namespace
+
+const LetterSet& lettersOf(std::string_view locale) {
+  const std::string_view language = locale.substr(0, locale.find_first_of("_-"));
+  const auto* found = std::ranges::find(sets, language, &LetterSet::language);
+  return found == std::end(sets) ? english : *found;
+}
+
+std::vector<std::string> lettersIn(std::string_view row) {
+  std::vector<std::string> letters;
+  for (const char byte : row) {
+    if (beginsALetter(byte)) letters.emplace_back();
+    letters.back() += byte;
+  }
+  return letters;
+}
+
+}  // namespace uikit

@@ -1,0 +1,152 @@
+#include "simulator/uikit/rendering/screen_contents.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "simulator/drawing/pixel_grid.hpp"
+#include "simulator/uikit/views/view_record.hpp"
+#include "simulator/uikit/views/window.hpp"
+
+namespace uikit {
+
+namespace {
+
+bool isEmpty(const CGRect& rect) { return !(rect.size.width > 0) || !(rect.size.height > 0); }
+
+// Collects what a tree of views paints.
+class Collector {
+ public:
+  explicit Collector(const drawing::Canvas& canvas)
+      : scale_(canvas.pixelsPerPoint()), screen_{0, 0, canvas.pixelWidth(), canvas.pixelHeight()} {}
+
+  ScreenContents collect() {
+    for (UIWindow* window : visibleWindows()) add(window, {{}, 1, 0, screen_});
+    return std::move(contents_);
+  }
+
+ private:
+  struct Around {
+    CGPoint position;
+    double opacity;
+    std::size_t depth;
+    drawing::PixelRectangle clip;
+  };
+
+  // The pixels that any of the rectangle lies in; never fewer than the canvas takes for covered when it is painted.
+  drawing::PixelRectangle pixels(const CGPoint& position, const CGRect& rect) const {
+    if (isEmpty(rect)) return {};
+    const auto clamped = [](double pixel, int length) {
+      return static_cast<int>(std::clamp(pixel, 0.0, 1.0 * length));
+    };
+    const double left = (position.x + rect.origin.x) * scale_;
+    const double top = (position.y + rect.origin.y) * scale_;
+    const int x = clamped(std::floor(left + drawing::pixelTolerance), screen_.width);
+    const int y = clamped(std::floor(top + drawing::pixelTolerance), screen_.height);
+    return {x, y, clamped(std::ceil(left + rect.size.width * scale_ - drawing::pixelTolerance), screen_.width) - x,
+            clamped(std::ceil(top + rect.size.height * scale_ - drawing::pixelTolerance), screen_.height) - y};
+  }
+
+  void add(UIView* view, const Around& around) {
+    const LayerRecord& layer = record(view).layer;
+    const double opacity = std::clamp(layer.opacity.shown(), 0.0, 1.0);
+    if (layer.hidden || !(opacity > 0)) return;
+    const CGPoint origin = layer.origin.shown();
+    const CGRect bounds = layer.bounds.shown();
+    const CGPoint shift = {origin.x - bounds.origin.x, origin.y - bounds.origin.y};
+    const CGPoint position = {around.position.x + shift.x, around.position.y + shift.y};
+    const CGRect contentArea = objc::send<CGRect, "_contentArea">(view);
+    const drawing::Color background = layer.background.shown();
+
+    const drawing::PixelRectangle inside = drawing::common(pixels(position, bounds), around.clip);
+    const drawing::PixelRectangle clip = layer.masksToBounds ? inside : around.clip;
+    const drawing::PixelRectangle content = drawing::common(pixels(position, contentArea), clip);
+    const bool fills = background.alpha > 0 || layer.masksToBounds;
+    const drawing::PixelRectangle painted = drawing::united(fills ? inside : drawing::PixelRectangle{}, content);
+    const double opacityOnScreen = opacity * around.opacity;
+
+    const std::size_t index = contents_.size();
+    contents_.push_back(
+        {.look = {view, record(view).contentVersion, around.depth, position, bounds, layer.bounds.model().size,
+                  shownCorners(view), background, opacity, opacityOnScreen, layer.masksToBounds, around.clip, painted},
+         .shift = shift,
+         .contentArea = contentArea,
+         .read = readBy(view, content),
+         .covered = painted});
+    for (const objc::Ref<UIView>& subview : record(view).subviews)
+      add(subview.get(), {position, opacityOnScreen, around.depth + 1, clip});
+    finish(index);
+  }
+
+  void finish(std::size_t index) {
+    contents_[index].end = contents_.size();
+    for (std::size_t inside = index + 1; inside < contents_.size(); inside = contents_[inside].end)
+      contents_[index].covered = drawing::united(contents_[index].covered, contents_[inside].covered);
+  }
+
+  drawing::PixelRectangle readBy(UIView* view, const drawing::PixelRectangle& content) const {
+    const auto reach = static_cast<int>(objc::send<CGFloat, "_contentReach:">(view, scale_));
+    return reach == 0 || content.isEmpty() ? drawing::PixelRectangle{}
+                                           : drawing::common(content.outset(reach), screen_);
+  }
+
+  double scale_;
+  drawing::PixelRectangle screen_;
+  ScreenContents contents_;
+};
+
+class Painter {
+ public:
+  Painter(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region)
+      : canvas_(canvas), contents_(contents), region_(region) {}
+
+  // The views from one index to another that are not inside each other, and what is inside them.
+  void paint(std::size_t begin, std::size_t end) {
+    for (std::size_t index = begin; index < end; index = contents_[index].end)
+      if (isWanted(contents_[index].covered)) paintView(index);
+  }
+
+ private:
+  bool isWanted(const drawing::PixelRectangle& area) const {
+    return drawing::overlap(region_, area) != CAIRO_REGION_OVERLAP_OUT;
+  }
+
+  void paintView(std::size_t index) {
+    const PaintedView& painted = contents_[index];
+    const PaintedLook& look = painted.look;
+    canvas_.save();
+    canvas_.translate(painted.shift.x, painted.shift.y);
+    canvas_.beginLayer(look.opacity);
+    if (look.background.alpha > 0) canvas_.fillRoundedRectangle(rectangle(look.bounds), look.corners, look.background);
+    if (look.clipsSubviews) canvas_.clipRoundedRectangle(rectangle(look.bounds), look.corners);
+    if (isWanted(look.painted)) paintContent(painted);
+    paint(index + 1, painted.end);
+    canvas_.endLayer();
+    canvas_.restore();
+  }
+
+  void paintContent(const PaintedView& painted) {
+    if (isEmpty(painted.contentArea)) return;
+    canvas_.save();
+    canvas_.clipPixels(drawing::regionOf(canvas_.coveredPixels(rectangle(painted.contentArea))).get());
+    objc::send<void, "_drawContentInCanvas:">(const_cast<UIView*>(painted.look.view), static_cast<void*>(&canvas_));
+    canvas_.restore();
+  }
+
+  drawing::Canvas& canvas_;
+  const ScreenContents& contents_;
+  const cairo_region_t* region_;
+};
+
+}  // namespace
+
+ScreenContents contentsOfScreen(const drawing::Canvas& canvas) { return Collector(canvas).collect(); }
+
+void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region) {
+  canvas.save();
+  canvas.clipPixels(region);
+  canvas.clear({0, 0, 0, 1});
+  Painter(canvas, contents, region).paint(0, contents.size());
+  canvas.restore();
+}
+
+}  // namespace uikit

@@ -1,0 +1,186 @@
+#include "simulator/uikit/touch/gesture_recognizer.hpp"
+
+#include <cmath>
+#include <cstring>
+
+#include "simulator/uikit/touch/touch_sequence.hpp"
+#include "simulator/uikit/views/class_definitions.hpp"
+#include "simulator/uikit/views/view_geometry.hpp"
+#include "simulator/uikit/views/view_hierarchy.hpp"
+
+namespace uikit {
+
+void forgetView(NSArray* recognizers) {
+  for (NSUInteger index = 0; index < recognizers->count(); ++index)
+    objc::state(static_cast<UIGestureRecognizer*>(recognizers->objectAtIndex(index))).view = nullptr;
+}
+
+namespace {
+
+using State = UIGestureRecognizerState;
+
+bool takesArgument(SEL selector) { return std::strchr(sel_getName(selector), ':') != nullptr; }
+
+void sendActions(UIGestureRecognizer* self) {
+  const objc::Ref<UIGestureRecognizer> kept = objc::retain(self);
+  const std::vector<GestureAction> actions = objc::state(self).actions;
+  for (const GestureAction& action : actions) {
+    const objc::Ref<NSObject> target = action.target.lock();
+    if (target == nullptr) continue;
+    const id receiver = objc::detail::identifier(target.get());
+    const IMP implementation = objc::implementationFor(receiver, action.selector);
+    if (takesArgument(action.selector))
+      objc::detail::call<void>(implementation, receiver, action.selector, self);
+    else
+      objc::detail::call<void>(implementation, receiver, action.selector);
+  }
+}
+
+bool begins(State from, State to) { return from == State::Possible && (to == State::Began || to == State::Ended); }
+
+bool mayBegin(UIGestureRecognizer* self) {
+  TouchSequence* sequence = TouchSequence::current();
+  return sequence != nullptr && sequence->grant(self);
+}
+
+double distance(CGPoint from, CGPoint to) { return std::hypot(to.x - from.x, to.y - from.y); }
+
+bool hasDragged(const GestureRecord& gesture) {
+  constexpr double roundingAllowance = 1e-6;  // of a path added up from many steps
+  return distance(gesture.down, gesture.location) >= dragDistance - roundingAllowance;
+}
+
+// Where the finger is, for the base class: subclasses read it after super.
+void follow(UIGestureRecognizer* self, NSObject* touches, NSObject*) {
+  UITouch* touch = anyTouch(touches);
+  GestureRecord& gesture = objc::state(self);
+  gesture.location = touch->locationInView(nullptr);
+  gesture.location =
+      convertPoint(gesture.location, touch->view() == nullptr ? nullptr : rootOf(touch->view()), nullptr);
+  if (touch->phase() == UITouchPhase::Began) gesture.down = gesture.location;
+}
+
+void failOrCancel(UIGestureRecognizer* self) {
+  changeState(self, objc::state(self).isUnderWay() ? State::Cancelled : State::Failed);
+}
+void cancelled(UIGestureRecognizer* self, NSObject*, NSObject*) { failOrCancel(self); }
+
+void tapMoved(UIGestureRecognizer* self, NSObject* touches, NSObject* event) {
+  objc::sendSuper<"UITapGestureRecognizer", void, "touchesMoved:withEvent:">(self, touches, event);
+  if (hasDragged(objc::state(self))) changeState(self, State::Failed);
+}
+void tapEnded(UIGestureRecognizer* self, NSObject* touches, NSObject* event) {
+  objc::sendSuper<"UITapGestureRecognizer", void, "touchesEnded:withEvent:">(self, touches, event);
+  changeState(self, hasDragged(objc::state(self)) ? State::Failed : State::Ended);
+}
+
+void panMoved(UIGestureRecognizer* self, NSObject* touches, NSObject* event) {
+  objc::sendSuper<"UIPanGestureRecognizer", void, "touchesMoved:withEvent:">(self, touches, event);
+  const GestureRecord& gesture = objc::state(self);
+  if (gesture.isUnderWay())
+    changeState(self, State::Changed);
+  else if (hasDragged(gesture))
+    changeState(self, State::Began);
+}
+void panEnded(UIGestureRecognizer* self, NSObject* touches, NSObject* event) {
+  objc::sendSuper<"UIPanGestureRecognizer", void, "touchesEnded:withEvent:">(self, touches, event);
+  changeState(self, objc::state(self).isUnderWay() ? State::Ended : State::Failed);
+}
+
+CGPoint translationInView(UIGestureRecognizer* self, UIView*) {
+  const GestureRecord& gesture = objc::state(self);
+  return {gesture.location.x - gesture.down.x, gesture.location.y - gesture.down.y};
+}
+
+// From now on the translation counts from here.
+void setTranslation(UIGestureRecognizer* self, CGPoint translation, UIView*) {
+  GestureRecord& gesture = objc::state(self);
+  gesture.down = {gesture.location.x - translation.x, gesture.location.y - translation.y};
+}
+
+UIGestureRecognizer* initWithTarget(UIGestureRecognizer* self, NSObject* target, SEL action) {
+  auto* made = objc::sendSuper<"UIGestureRecognizer", UIGestureRecognizer*, "init">(self);
+  if (made != nullptr && target != nullptr) objc::send<void, "addTarget:action:">(made, target, action);
+  return made;
+}
+UIGestureRecognizer* init(UIGestureRecognizer* self) { return initWithTarget(self, nullptr, nullptr); }
+
+void addTarget(UIGestureRecognizer* self, NSObject* target, SEL action) {
+  if (target != nullptr && action != nullptr)
+    objc::state(self).actions.push_back({objc::Weak<NSObject>(target), action});
+}
+
+// nil stands for every target, a null action for every action.
+void removeTarget(UIGestureRecognizer* self, NSObject* target, SEL action) {
+  std::erase_if(objc::state(self).actions, [&](const GestureAction& each) {
+    return (target == nullptr || each.target.lock().get() == target) &&
+           (action == nullptr || sel_isEqual(each.selector, action));
+  });
+}
+
+UIGestureRecognizerState state(UIGestureRecognizer* self) { return objc::state(self).state; }
+UIView* view(UIGestureRecognizer* self) { return objc::state(self).view; }
+
+bool isEnabled(UIGestureRecognizer* self) { return objc::state(self).isEnabled; }
+void setEnabled(UIGestureRecognizer* self, bool enabled) {
+  objc::state(self).isEnabled = enabled;
+  if (!enabled && objc::state(self).isUnderWay()) changeState(self, State::Cancelled);
+}
+
+bool cancelsTouchesInView(UIGestureRecognizer* self) { return objc::state(self).cancelsTouchesInView; }
+void setCancelsTouchesInView(UIGestureRecognizer* self, bool cancels) {
+  objc::state(self).cancelsTouchesInView = cancels;
+}
+
+// nil stands for the window.
+CGPoint locationInView(UIGestureRecognizer* self, UIView* asked) {
+  const GestureRecord& gesture = objc::state(self);
+  if (asked == nullptr && gesture.view != nullptr) asked = rootOf(gesture.view);
+  return convertPoint(gesture.location, nullptr, asked);
+}
+
+}  // namespace
+
+void changeState(UIGestureRecognizer* recognizer, UIGestureRecognizerState state) {
+  GestureRecord& gesture = objc::state(recognizer);
+  const bool isBeginning = begins(gesture.state, state);
+  if (isBeginning && !mayBegin(recognizer)) state = State::Failed;
+  gesture.state = state;
+  if (state != State::Failed && state != State::Possible) sendActions(recognizer);
+}
+
+void defineGestureRecognizer() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"init", &init>(),
+      objc::method<"initWithTarget:action:", &initWithTarget>(),
+      objc::method<"addTarget:action:", &addTarget>(),
+      objc::method<"removeTarget:action:", &removeTarget>(),
+      objc::method<"state", &state>(),
+      objc::method<"setState:", &changeState>(),
+      objc::method<"view", &view>(),
+      objc::method<"isEnabled", &isEnabled>(),
+      objc::method<"setEnabled:", &setEnabled>(),
+      objc::method<"cancelsTouchesInView", &cancelsTouchesInView>(),
+      objc::method<"setCancelsTouchesInView:", &setCancelsTouchesInView>(),
+      objc::method<"locationInView:", &locationInView>(),
+      objc::method<"touchesBegan:withEvent:", &follow>(),
+      objc::method<"touchesMoved:withEvent:", &follow>(),
+      objc::method<"touchesEnded:withEvent:", &follow>(),
+      objc::method<"touchesCancelled:withEvent:", &cancelled>(),
+  };
+  static constexpr objc::MethodEntry tapMethods[] = {
+      objc::method<"touchesMoved:withEvent:", &tapMoved>(),
+      objc::method<"touchesEnded:withEvent:", &tapEnded>(),
+  };
+  static constexpr objc::MethodEntry panMethods[] = {
+      objc::method<"touchesMoved:withEvent:", &panMoved>(),
+      objc::method<"touchesEnded:withEvent:", &panEnded>(),
+      objc::method<"translationInView:", &translationInView>(),
+      objc::method<"setTranslation:inView:", &setTranslation>(),
+  };
+  objc::defineClassWithState<UIGestureRecognizer>(methods);
+  objc::defineClass<UITapGestureRecognizer>(tapMethods);
+  objc::defineClass<UIPanGestureRecognizer>(panMethods);
+}
+
+}  // namespace uikit

@@ -1,0 +1,144 @@
+#include "simulator/uikit/touch/touch_sequence.hpp"
+
+#include <algorithm>
+#include <memory>
+
+#include "simulator/uikit/touch/gesture_recognizer.hpp"
+#include "simulator/uikit/touch/touch_state.hpp"
+#include "simulator/uikit/views/view_geometry.hpp"
+#include "simulator/uikit/views/view_hierarchy.hpp"
+#include "simulator/uikit/views/window.hpp"
+
+namespace uikit {
+
+namespace {
+
+std::unique_ptr<TouchSequence>& heldSequence() {
+  static std::unique_ptr<TouchSequence> held;
+  return held;
+}
+
+// The view under the point, of the frontmost window that has one.
+UIView* hitView(CGPoint point, UIEvent* event) {
+  const std::vector<UIWindow*> windows = visibleWindows();
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+    const CGPoint inWindow = convertPoint(point, nullptr, *window);
+    if (UIView* hit = objc::send<UIView*, "hitTest:withEvent:">(*window, inWindow, event)) return hit;
+  }
+  return nullptr;
+}
+
+NSObject* setOf(UITouch* touch) { return objc::send<NSObject*, "setWithObject:">(objc::lookUpClass<"NSSet">(), touch); }
+
+void sendPhase(const void* receiver, UITouchPhase phase, UITouch* touch, UIEvent* event) {
+  NSObject* touches = setOf(touch);
+  switch (phase) {
+    case UITouchPhase::Began:
+      return objc::send<void, "touchesBegan:withEvent:">(receiver, touches, event);
+    case UITouchPhase::Moved:
+      return objc::send<void, "touchesMoved:withEvent:">(receiver, touches, event);
+    case UITouchPhase::Ended:
+      return objc::send<void, "touchesEnded:withEvent:">(receiver, touches, event);
+    case UITouchPhase::Cancelled:
+      return objc::send<void, "touchesCancelled:withEvent:">(receiver, touches, event);
+    case UITouchPhase::Stationary:
+      return;
+  }
+}
+
+bool isOver(UITouchPhase phase) { return phase == UITouchPhase::Ended || phase == UITouchPhase::Cancelled; }
+
+}  // namespace
+
+TouchSequence::TouchSequence(CGPoint point, double timestamp)
+    : touch_(objc::make<UITouch>()), event_(objc::make<UIEvent>()), view_(objc::retain(hitView(point, event_))) {
+  objc::state(touch_.get()) = {UITouchPhase::Began, point, point, timestamp, view_};
+  if (view_ != nullptr) collectRecognizers();
+}
+
+TouchSequence::~TouchSequence() {
+  for (const objc::Ref<UIGestureRecognizer>& recognizer : recognizers_)
+    objc::state(recognizer.get()).state = UIGestureRecognizerState::Possible;
+}
+
+TouchSequence* TouchSequence::current() { return heldSequence().get(); }
+
+// From the touched view outwards: an inner recogniser is asked before an outer one.
+void TouchSequence::collectRecognizers() {
+  for (UIView* view = view_; view != nullptr; view = record(view).superview) {
+    NSArray* attached = objc::state(view).gestureRecognizers;
+    for (NSUInteger index = 0; index < attached->count(); ++index) {
+      auto* recognizer = static_cast<UIGestureRecognizer*>(attached->objectAtIndex(index));
+      if (objc::state(recognizer).isEnabled) recognizers_.push_back(objc::retain(recognizer));
+    }
+  }
+}
+
+void TouchSequence::begin() {
+  tellRecognizers();
+  tellView(UITouchPhase::Began);
+}
+
+void TouchSequence::advance(UITouchPhase phase, CGPoint point, double timestamp) {
+  TouchState& touch = objc::state(touch_.get());
+  touch.phase = phase;
+  touch.previousLocation = touch.location;
+  touch.location = point;
+  touch.timestamp = timestamp;
+  tellRecognizers();
+  if (viewIsTold_) tellView(phase);
+  if (isOver(phase)) settleRecognizers();
+}
+
+void TouchSequence::tellRecognizers() {
+  const UITouchPhase phase = objc::state(touch_.get()).phase;
+  const std::vector<objc::Ref<UIGestureRecognizer>> recognizers = recognizers_;
+  for (const objc::Ref<UIGestureRecognizer>& recognizer : recognizers) {
+    const GestureRecord& gesture = objc::state(recognizer.get());
+    const bool isWatching = gesture.state == UIGestureRecognizerState::Possible || gesture.isUnderWay();
+    const bool isOnScreen = gesture.view != nullptr && windowOf(gesture.view) != nullptr;
+    if (isWatching && isOnScreen && gesture.isEnabled) sendPhase(recognizer.get(), phase, touch_, event_);
+  }
+}
+
+void TouchSequence::tellView(UITouchPhase phase) {
+  if (view_ != nullptr) sendPhase(view_.get(), phase, touch_, event_);
+}
+
+bool TouchSequence::grant(UIGestureRecognizer* recognizer) {
+  if (winner_ != nullptr ||
+      std::ranges::find(recognizers_, recognizer, &objc::Ref<UIGestureRecognizer>::get) == recognizers_.end())
+    return false;
+  if (!objc::send<bool, "gestureRecognizerShouldBegin:">(view_.get(), recognizer)) return false;
+  winner_ = recognizer;
+  for (const objc::Ref<UIGestureRecognizer>& other : recognizers_)
+    if (other.get() != recognizer) objc::state(other.get()).state = UIGestureRecognizerState::Failed;
+  if (objc::state(recognizer).cancelsTouchesInView) {
+    viewIsTold_ = false;
+    tellView(UITouchPhase::Cancelled);
+  }
+  return true;
+}
+
+void TouchSequence::settleRecognizers() {
+  for (const objc::Ref<UIGestureRecognizer>& recognizer : recognizers_)
+    objc::state(recognizer.get()).state = UIGestureRecognizerState::Possible;
+}
+
+bool isFingerDown() { return TouchSequence::current() != nullptr; }
+
+void deliverTouch(UITouchPhase phase, CGPoint screenPoint, double timestamp) {
+  std::unique_ptr<TouchSequence>& held = heldSequence();
+  if (phase == UITouchPhase::Began) {
+    if (held != nullptr) deliverTouch(UITouchPhase::Cancelled, screenPoint, timestamp);
+    layoutWindows();
+    held = std::make_unique<TouchSequence>(screenPoint, timestamp);
+    held->begin();
+    return;
+  }
+  if (held == nullptr) return;
+  held->advance(phase, screenPoint, timestamp);
+  if (isOver(phase)) held.reset();
+}
+
+}  // namespace uikit

@@ -1,0 +1,17 @@
+// UITouch's state.
+#pragma once
+
+#include "objc/class_definition.hpp"
+#include "simulator/uikit/touch/touch.hpp"
+
+struct TouchState {
+  UITouchPhase phase = UITouchPhase::Began;
+  CGPoint location;  // on the screen
+  CGPoint previousLocation;
+  double timestamp = 0;
+  objc::Ref<UIView> view;
+};
+template <>
+struct objc::StateOf<UITouch> {
+  using Type = TouchState;
+};

@@ -1,0 +1,101 @@
+// How views look: colour, opacity, clipping.
+#include "simulator/uikit/rendering/renderer.hpp"
+#include "simulator/uikit/views/view_categories.hpp"
+#include "simulator/uikit/views/view_record.hpp"
+
+namespace uikit {
+
+CGRect shownBounds(const UIView* view) { return record(view).layer.bounds.shown(); }
+
+drawing::CornerShape shownCorners(const UIView* view) {
+  const LayerRecord& layer = record(view).layer;
+  return {layer.cornerRadius.shown(),
+          layer.continuousCorners ? drawing::CornerCurve::Continuous : drawing::CornerCurve::Circular};
+}
+
+std::uint64_t nextContentVersion() {
+  static std::uint64_t latest = 0;
+  return ++latest;
+}
+
+namespace {
+
+void noteContentChange(UIView* view) {
+  record(view).contentVersion = nextContentVersion();
+  noteDisplayChange();
+}
+
+CALayer* layer(UIView* self) { return record(self).layerObject; }
+
+void setBackgroundColor(UIView* self, UIColor* color) {
+  record(self).backgroundColor = objc::retain(color);
+  self->layer()->setBackgroundColor(color->CGColor());
+}
+
+// The colour that was set, or another one where the layer's has been changed since.
+UIColor* backgroundColor(UIView* self) {
+  ViewRecord& state = record(self);
+  if (!state.layer.hasBackground) return nullptr;
+  const drawing::Color& shown = state.layer.background.model();
+  const CGColorRef kept = state.backgroundColor->CGColor();
+  if (kept == nullptr || kept->color != shown)
+    state.backgroundColor = objc::retain(UIColor::withRed(shown.red, shown.green, shown.blue, shown.alpha));
+  return state.backgroundColor;
+}
+
+CGFloat alpha(UIView* self) { return record(self).layer.opacity.model(); }
+void setAlpha(UIView* self, CGFloat alpha) { setOpacity(record(self).layer, alpha); }
+
+bool isHidden(UIView* self) { return record(self).layer.hidden; }
+// The view around may be one that leaves hidden ones out of its arrangement.
+void setViewHidden(UIView* self, bool hidden) {
+  if (record(self).layer.hidden == hidden) return;
+  setHidden(record(self).layer, hidden);
+  if (UIView* around = record(self).superview; around != nullptr) setNeedsLayout(around);
+}
+
+bool clipsToBounds(UIView* self) { return record(self).layer.masksToBounds; }
+void setClipsToBounds(UIView* self, bool clips) { setMasksToBounds(record(self).layer, clips); }
+
+UIViewContentMode contentMode(UIView* self) { return record(self).contentMode; }
+void setContentMode(UIView* self, UIViewContentMode mode) {
+  record(self).contentMode = mode;
+  record(self).hasContentMode = true;
+  noteContentChange(self);
+}
+
+// For subclasses.
+void drawContent(UIView*, void*) {}
+bool drawsContent(const UIView* view) {
+  const SEL draw = objc::selector<"_drawContentInCanvas:">();
+  const Class drawing = object_getClass(objc::detail::identifier(view));
+  return class_getMethodImplementation(drawing, draw) != class_getMethodImplementation(UIView::classObject(), draw);
+}
+
+CGRect contentArea(UIView* self) { return drawsContent(self) ? shownBounds(self) : CGRect{}; }
+CGFloat contentReach(UIView*, CGFloat) { return 0; }
+
+}  // namespace
+
+std::span<const objc::MethodEntry> viewRenderingMethods() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"layer", &layer>(),
+      objc::method<"backgroundColor", &backgroundColor>(),
+      objc::method<"setBackgroundColor:", &setBackgroundColor>(),
+      objc::method<"alpha", &alpha>(),
+      objc::method<"setAlpha:", &setAlpha>(),
+      objc::method<"isHidden", &isHidden>(),
+      objc::method<"setHidden:", &setViewHidden>(),
+      objc::method<"clipsToBounds", &clipsToBounds>(),
+      objc::method<"setClipsToBounds:", &setClipsToBounds>(),
+      objc::method<"contentMode", &contentMode>(),
+      objc::method<"setContentMode:", &setContentMode>(),
+      objc::method<"setNeedsDisplay", &noteContentChange>(),
+      objc::method<"_drawContentInCanvas:", &drawContent>(),
+      objc::method<"_contentArea", &contentArea>(),
+      objc::method<"_contentReach:", &contentReach>(),
+  };
+  return methods;
+}
+
+}  // namespace uikit

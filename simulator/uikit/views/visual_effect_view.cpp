@@ -1,0 +1,116 @@
+// UIBlurEffect and UIVisualEffectView: a pane that blurs what lies behind it.
+#include "platform/ui_visual_effect_view.hpp"
+
+#include "simulator/drawing/backdrop.hpp"
+#include "simulator/uikit/description/view_tree.hpp"
+#include "simulator/uikit/environment/trait_collection.hpp"
+#include "simulator/uikit/views/class_definitions.hpp"
+#include "simulator/uikit/views/view.hpp"
+
+struct BlurEffectState {
+  UIBlurEffectStyle style = UIBlurEffectStyle::Regular;
+};
+template <>
+struct objc::StateOf<UIBlurEffect> {
+  using Type = BlurEffectState;
+};
+
+struct VisualEffectViewState {
+  objc::Ref<UIBlurEffect> effect;
+  objc::Ref<UIView> contentView;
+};
+template <>
+struct objc::StateOf<UIVisualEffectView> {
+  using Type = VisualEffectViewState;
+};
+
+namespace uikit {
+
+namespace {
+
+UIBlurEffect* effectWithStyle(Class, UIBlurEffectStyle style) {
+  auto effect = objc::make<UIBlurEffect>();
+  objc::state(effect.get()).style = style;
+  return objc::autorelease(effect);
+}
+
+UIBlurEffect* copyWithZone(UIBlurEffect* self, void*) { return objc::retain(self).leak(); }
+
+UIVisualEffectView* initWithEffect(UIVisualEffectView* self, UIBlurEffect* effect) {
+  auto* view = objc::send<UIVisualEffectView*, "initWithFrame:">(self, CGRect{});
+  if (view != nullptr) objc::state(view).effect = objc::retain(effect);
+  return view;
+}
+
+UIBlurEffect* effect(UIVisualEffectView* self) { return objc::state(self).effect; }
+
+void setEffect(UIVisualEffectView* self, UIBlurEffect* effect) {
+  objc::state(self).effect = objc::retain(effect);
+  setNeedsDisplay(self);
+}
+
+// Made when first asked for: most panes have nothing on them.
+UIView* contentView(UIVisualEffectView* self) {
+  objc::Ref<UIView>& content = objc::state(self).contentView;
+  if (content == nullptr) {
+    content = UIView::withFrame<UIView>(self->bounds());
+    content->setAutoresizingMask(UIViewAutoresizingFlexibleSize);
+    self->addSubview(content);
+  }
+  return content;
+}
+
+drawing::BlurStyle blurOf(const UIBlurEffect* effect) {
+  return drawing::blurStyle(static_cast<int>(objc::state(effect).style));
+}
+
+drawing::Appearance appearanceOf(const UIVisualEffectView* view) {
+  return styleOf(view) == UIUserInterfaceStyle::Dark ? drawing::Appearance::Dark : drawing::Appearance::Light;
+}
+
+// The renderer draws the view at its opacity.
+void drawContent(UIVisualEffectView* self, void* canvas) {
+  drawing::blurBackdrop(*static_cast<drawing::Canvas*>(canvas), rectangle(shownBounds(self)), shownCorners(self),
+                        blurOf(objc::state(self).effect), appearanceOf(self), 1);
+}
+
+CGRect contentArea(UIVisualEffectView* self) {
+  return objc::state(self).effect == nullptr ? CGRect{} : shownBounds(self);
+}
+
+CGFloat contentReach(UIVisualEffectView* self, CGFloat scale) {
+  const UIBlurEffect* shown = objc::state(self).effect;
+  return shown == nullptr ? 0 : drawing::backdropReach(blurOf(shown), appearanceOf(self), scale);
+}
+
+void describe(UIVisualEffectView* self, void* description) {
+  objc::sendSuper<"UIVisualEffectView", void, "_describe:">(self, description);
+  const UIBlurEffect* shown = objc::state(self).effect;
+  if (shown != nullptr) descriptionAt(description)["blur"] = static_cast<NSInteger>(objc::state(shown).style);
+}
+
+}  // namespace
+
+void defineBlurEffect() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::classMethod<"effectWithStyle:", &effectWithStyle>(),
+      objc::method<"copyWithZone:", &copyWithZone>(),
+  };
+  objc::defineClassWithState<UIBlurEffect>(methods);
+}
+
+void defineVisualEffectView() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"initWithEffect:", &initWithEffect>(),
+      objc::method<"effect", &effect>(),
+      objc::method<"setEffect:", &setEffect>(),
+      objc::method<"contentView", &contentView>(),
+      objc::method<"_drawContentInCanvas:", &drawContent>(),
+      objc::method<"_contentArea", &contentArea>(),
+      objc::method<"_contentReach:", &contentReach>(),
+      objc::method<"_describe:", &describe>(),
+  };
+  objc::defineClassWithState<UIVisualEffectView>(methods);
+}
+
+}  // namespace uikit

@@ -1,0 +1,178 @@
+#include "simulator/uikit/views/window.hpp"
+
+#include <algorithm>
+
+#include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/layout/view_layout.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
+#include "simulator/uikit/views/class_definitions.hpp"
+#include "simulator/uikit/views/view_hierarchy.hpp"
+
+namespace uikit {
+
+namespace {
+
+// In the order in which they were last shown.
+std::vector<UIWindow*>& windows() {
+  static std::vector<UIWindow*> held;
+  return held;
+}
+
+UIWindow*& heldKeyWindow() {
+  static UIWindow* held = nullptr;
+  return held;
+}
+
+objc::Ref<UIApplication>& heldApplication() {
+  static objc::Ref<UIApplication> held;
+  return held;
+}
+
+bool isVisible(const UIWindow* window) { return !record(window).layer.hidden; }
+
+}  // namespace
+
+const std::vector<UIWindow*>& allWindows() { return windows(); }
+UIWindow* keyWindow() { return heldKeyWindow(); }
+
+std::vector<UIWindow*> visibleWindows() {
+  std::vector<UIWindow*> visible;
+  std::ranges::copy_if(windows(), std::back_inserter(visible), isVisible);
+  std::ranges::stable_sort(visible, {}, [](const UIWindow* window) { return objc::state(window).level; });
+  return visible;
+}
+
+UIResponder* firstResponder() { return keyWindow() == nullptr ? nullptr : objc::state(keyWindow()).firstResponder; }
+
+void setSharedApplication(UIApplication* application) { heldApplication() = objc::retain(application); }
+
+// Whatever needs a layout has changed the display.
+void layoutWindows() {
+  static std::uint64_t laidOut = 0;
+  if (laidOut == displayChanges()) return;
+  for (UIWindow* window : visibleWindows()) layoutIfNeeded(window);
+  laidOut = displayChanges();
+}
+
+namespace {
+
+void resignKey(UIWindow* window) {
+  if (heldKeyWindow() != window) return;
+  heldKeyWindow() = nullptr;
+  objc::send<void, "resignKeyWindow">(window);
+}
+
+void show(UIWindow* self) {
+  setHidden(record(self).layer, false);
+  std::erase(windows(), self);
+  windows().push_back(self);
+  noteDisplayChange();
+}
+
+UIWindow* initWithFrame(UIWindow* self, CGRect frame) {
+  auto* made = objc::sendSuper<"UIWindow", UIWindow*, "initWithFrame:">(self, frame);
+  if (made == nullptr) return nullptr;
+  record(made).layer.hidden = true;
+  objc::state(made).window = made;
+  windows().push_back(made);
+  return made;
+}
+
+UIWindow* init(UIWindow* self) {
+  return objc::send<UIWindow*, "initWithFrame:">(self, CGRect{{}, environment().device.screen});
+}
+
+void setWindowHidden(UIWindow* self, bool hidden) {
+  if (!hidden && !isVisible(self)) return show(self);
+  setHidden(record(self).layer, hidden);
+  if (hidden) resignKey(self);
+}
+
+double windowLevel(UIWindow* self) { return objc::state(self).level; }
+void setWindowLevel(UIWindow* self, double level) {
+  objc::state(self).level = level;
+  noteDisplayChange();
+}
+
+UIViewController* rootViewController(UIWindow* self) { return objc::state(self).rootViewController; }
+
+void setRootViewController(UIWindow* self, UIViewController* controller) {
+  objc::Ref<UIViewController>& held = objc::state(self).rootViewController;
+  if (held.get() == controller) return;
+  if (held != nullptr) held->view()->removeFromSuperview();
+  held = objc::retain(controller);
+  if (controller == nullptr) return;
+  UIView* view = controller->view();
+  view->setFrame(self->bounds());
+  view->setAutoresizingMask(UIViewAutoresizingFlexibleSize);
+  insertSubview(self, view, 0);
+}
+
+bool isKeyWindow(UIWindow* self) { return keyWindow() == self; }
+bool canBecomeKeyWindow(UIWindow*) { return true; }
+
+void makeKeyWindow(UIWindow* self) {
+  if (keyWindow() == self || !objc::send<bool, "_canBecomeKeyWindow">(self)) return;
+  if (keyWindow() != nullptr) resignKey(keyWindow());
+  heldKeyWindow() = self;
+  objc::send<void, "becomeKeyWindow">(self);
+}
+
+void makeKeyAndVisible(UIWindow* self) {
+  show(self);
+  objc::send<void, "makeKeyWindow">(self);
+}
+
+UIResponder* nextResponder(UIWindow*) { return heldApplication(); }
+
+// For subclasses.
+void ignore(UIWindow*) {}
+
+UIApplication* sharedApplication(Class) { return heldApplication(); }
+UIWindow* keyWindowOfApplication(UIApplication*) { return keyWindow(); }
+
+NSArray* windowsOfApplication(UIApplication*) {
+  NSMutableArray* visible = NSMutableArray::array();
+  for (const UIWindow* window : visibleWindows()) visible->addObject(window);
+  return visible;
+}
+
+}  // namespace
+
+void defineWindow() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"init", &init>(),
+      objc::method<"initWithFrame:", &initWithFrame>(),
+      objc::method<"setHidden:", &setWindowHidden>(),
+      objc::method<"windowLevel", &windowLevel>(),
+      objc::method<"setWindowLevel:", &setWindowLevel>(),
+      objc::method<"rootViewController", &rootViewController>(),
+      objc::method<"setRootViewController:", &setRootViewController>(),
+      objc::method<"isKeyWindow", &isKeyWindow>(),
+      objc::method<"_canBecomeKeyWindow", &canBecomeKeyWindow>(),
+      objc::method<"makeKeyWindow", &makeKeyWindow>(),
+      objc::method<"makeKeyAndVisible", &makeKeyAndVisible>(),
+      objc::method<"becomeKeyWindow", &ignore>(),
+      objc::method<"resignKeyWindow", &ignore>(),
+      objc::method<"nextResponder", &nextResponder>(),
+  };
+  objc::defineClassWithState<UIWindow>(methods);
+}
+
+void defineApplication() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::classMethod<"sharedApplication", &sharedApplication>(),
+      objc::method<"keyWindow", &keyWindowOfApplication>(),
+      objc::method<"windows", &windowsOfApplication>(),
+  };
+  objc::defineClass<UIApplication>(methods);
+}
+
+}  // namespace uikit
+
+WindowState::~WindowState() {
+  if (window == nullptr) return;
+  std::erase(uikit::windows(), window);
+  if (uikit::heldKeyWindow() == window) uikit::heldKeyWindow() = nullptr;
+  uikit::noteDisplayChange();
+}
