@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "bench/living.hpp"
+#include "bench/banner_lifetime.hpp"
 #include "bench/photos.hpp"
 #include "bench/presenting.hpp"
 #include "bench/replying.hpp"
@@ -19,9 +19,9 @@ struct Part {
 };
 
 constexpr Part parts[] = {
-    {"presenting", &bench::measurePresenting}, {"dragging", &bench::measureDragging},
-    {"living", &bench::measureLiving},         {"text", &bench::measureText},
-    {"photos", &bench::measurePhotos},         {"replying", &bench::measureReplying},
+    {"presenting", &bench::measurePresenting},   {"dragging", &bench::measureDragging},
+    {"lifetime", &bench::measureBannerLifetime}, {"text", &bench::measureText},
+    {"photos", &bench::measurePhotos},           {"replying", &bench::measureReplying},
 };
 
 int refuse(std::string_view name) {

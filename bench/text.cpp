@@ -14,7 +14,7 @@ constexpr double width = 300;
 
 drawing::TextLayout layoutOf(std::string text) {
   drawing::Paragraph paragraph;
-  paragraph.maximumLines = 2;
+  paragraph.maxLines = 2;
   paragraph.runs.push_back({std::move(text), {drawing::systemFontFamily, 13}, {}});
   return {std::move(paragraph), 2};
 }

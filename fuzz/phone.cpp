@@ -50,8 +50,8 @@ NSURLSessionDataTask* answerTask(NSURLSession*, SEL, NSURLRequest*, objc::Block<
   return nullptr;
 }
 
-Class metaclassOf(Class initialised) {
-  return reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(initialised)));
+Class metaclassOf(Class initialized) {
+  return reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(initialized)));
 }
 
 void cutTheNetwork() {
@@ -78,10 +78,10 @@ void makeSlackDatabase(const fs::path& path) {
 void makeApplicationData() {
   const fs::path shared = test::sharedContainers(root());
   test::writePicture(test::makeContainer(shared, "W", "group.net.whatsapp.WhatsApp.shared") / "Media/Profile/1-1.jpg",
-                     test::Colour::Red);
+                     test::Color::Red);
   test::writePicture(test::makeContainer(shared, "T", "group.ph.telegra.Telegraph") /
                          "telegram-data/accounts-metadata/spotlight/p:42/avatar.png",
-                     test::Colour::Red);
+                     test::Color::Red);
   makeSlackDatabase(test::makeContainer(test::dataContainers(root()), "S", "com.tinyspeck.chatlyio") /
                     "Library/Application Support/Slack/T1/Database/main_db");
 }

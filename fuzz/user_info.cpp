@@ -4,12 +4,12 @@
 
 namespace {
 
-constexpr std::size_t deepestNesting = 100;
+constexpr std::size_t maxNesting = 100;
 
 bool nestsSensibly(std::string_view text) {
   std::size_t opened = 0;
   for (const char letter : text) opened += letter == '{' || letter == '[' ? 1 : 0;
-  return opened <= deepestNesting;
+  return opened <= maxNesting;
 }
 
 }  // namespace

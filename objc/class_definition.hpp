@@ -12,7 +12,7 @@
 
 namespace objc {
 
-// The struct that every object of a class defined here holds; specialised beside the struct.
+// The struct that every object of a class defined here holds; specialized beside the struct.
 template <class Type>
 struct StateOf;
 template <class Type>

@@ -56,10 +56,10 @@ struct TextOf {
 // "hasDismissed" becomes "setHasDismissed:", the name of its setter.
 template <FixedString name>
 constexpr auto setterName() {
-  auto capitalised = name;
-  if (capitalised.text[0] >= 'a' && capitalised.text[0] <= 'z')
-    capitalised.text[0] = static_cast<char>(capitalised.text[0] - 'a' + 'A');
-  return FixedString("set") + capitalised + FixedString(":");
+  auto capitalized = name;
+  if (capitalized.text[0] >= 'a' && capitalized.text[0] <= 'z')
+    capitalized.text[0] = static_cast<char>(capitalized.text[0] - 'a' + 'A');
+  return FixedString("set") + capitalized + FixedString(":");
 }
 
 }  // namespace objc

@@ -74,7 +74,7 @@ Ref<Type> make() {
   return adopt(send<Type*, "init">(send<id, "alloc">(Type::classObject())));
 }
 
-// [Type alloc], for the binding of an initialiser, which consumes it.
+// [Type alloc], for the binding of an initializer, which consumes it.
 template <class Type>
 Type* allocate() {
   return send<Type*, "alloc">(Type::classObject());

@@ -1,4 +1,4 @@
-// NSAttributedString: text with fonts and colours by range.
+// NSAttributedString: text with fonts and colors by range.
 #pragma once
 
 #include "platform/ns_string.hpp"

@@ -1,4 +1,4 @@
-// NSBundle: localised strings and resources in a folder.
+// NSBundle: localized strings and resources in a folder.
 #pragma once
 
 #include "platform/ns_string.hpp"

@@ -1,4 +1,4 @@
-// UIView: a rectangle on the screen, with a layer, subviews, constraints and gesture recognisers.
+// UIView: a rectangle on the screen, with a layer, subviews, constraints and gesture recognizers.
 #pragma once
 
 #include "objc/block.hpp"

@@ -17,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* pathOfRootsOwn = "/var/mobile/Library/AddressBook/Contacts.vcf";
-constexpr std::size_t largestFile = 256 << 20;
+constexpr std::size_t maxFile = 256 << 20;
 
 // Tells one state of a file from another.
 struct Stamp {
@@ -51,7 +51,7 @@ AddressBook& current() {
 }
 
 std::shared_ptr<const People> read(const fs::path& file) {
-  const std::optional<std::string> text = base::readRegularFile(file, largestFile);
+  const std::optional<std::string> text = base::readRegularFile(file, maxFile);
   static const auto readCard =
       reinterpret_cast<decltype(&brim_read_card)>(foundation::pluginFunction("vcards.so", "brim_read_card"));
   if (!text || readCard == nullptr) return nullptr;

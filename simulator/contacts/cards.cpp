@@ -9,7 +9,7 @@ namespace contacts {
 
 namespace {
 
-constexpr std::size_t largestCard = 32 << 20;
+constexpr std::size_t maxCard = 32 << 20;
 
 std::string_view withoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t");
@@ -79,12 +79,12 @@ class Splitter {
 
   void end() {
     if (--depth > 0) return;
-    if (card.size() <= largestCard) cards.push_back(std::move(card) + "END:VCARD\r\n");
+    if (card.size() <= maxCard) cards.push_back(std::move(card) + "END:VCARD\r\n");
     card.clear();
   }
 
   void append(std::string_view line) {
-    if (card.size() > largestCard) return;
+    if (card.size() > maxCard) return;
     if (!isJoining) isSoft = isQuotedPrintable(line);
     lastPropertyTakesCard = startsIgnoringCase(line, "AGENT") && withoutBlanks(line).ends_with(':');
     isJoining = isSoft && line.ends_with('=');

@@ -17,7 +17,7 @@ constexpr std::array<float, 3> brightness{0.0722F, 0.7152F, 0.2126F};
 
 struct Material {
   double sigma;  // points
-  float grey;    // the tint's level, 0 to 1
+  float gray;    // the tint's level, 0 to 1
   float cover;   // how much of the tint, 0 to 1
 };
 
@@ -46,13 +46,13 @@ void dye(BlurredCell& cell, const Material& material) {
   const std::array<float, 3> channels{static_cast<float>(cell.blue), static_cast<float>(cell.green),
                                       static_cast<float>(cell.red)};
   const auto alpha = static_cast<float>(cell.alpha);
-  const float grey = brightness[0] * channels[0] + brightness[1] * channels[1] + brightness[2] * channels[2];
+  const float gray = brightness[0] * channels[0] + brightness[1] * channels[1] + brightness[2] * channels[2];
   // Nothing here is negative: half a step more, cut off, is the nearest.
   constexpr float halfStep = 0.5F;
   std::array<std::uint16_t, 3> dyed{};
   for (std::size_t index = 0; index < channels.size(); ++index) {
-    const float vivid = std::clamp(grey + saturation * (channels[index] - grey), 0.0F, alpha);
-    const float tinted = vivid + (material.grey * alpha - vivid) * material.cover;
+    const float vivid = std::clamp(gray + saturation * (channels[index] - gray), 0.0F, alpha);
+    const float tinted = vivid + (material.gray * alpha - vivid) * material.cover;
     dyed[index] = static_cast<std::uint16_t>(tinted + halfStep);
   }
   cell = {dyed[0], dyed[1], dyed[2], cell.alpha};

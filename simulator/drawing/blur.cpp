@@ -11,8 +11,8 @@ constexpr int cellSide = 4;
 constexpr int boxPasses = 3;
 
 // Sums stay exact in 32 bits: a cell is the sum of 16 pixels, and three passes multiply it by the box's width each.
-constexpr int maximumRadius = 38;
-static_assert(255LL * 16 * (2 * maximumRadius + 1) * (2 * maximumRadius + 1) * (2 * maximumRadius + 1) < 1LL << 31);
+constexpr int maxRadius = 38;
+static_assert(255LL * 16 * (2 * maxRadius + 1) * (2 * maxRadius + 1) * (2 * maxRadius + 1) < 1LL << 31);
 
 using Vector4 [[gnu::vector_size(16)]] = std::int32_t;
 using Float4 [[gnu::vector_size(16)]] = float;
@@ -25,7 +25,7 @@ int floorDivide(int value, int divisor) { return value >= 0 ? value / divisor : 
 // Three boxes of this radius have about the variance of the bell curve.
 int boxRadius(double sigmaInCells) {
   const double width = std::sqrt(4 * sigmaInCells * sigmaInCells + 1);
-  return std::clamp(static_cast<int>(std::lround((width - 1) / 2)), 1, maximumRadius);
+  return std::clamp(static_cast<int>(std::lround((width - 1) / 2)), 1, maxRadius);
 }
 
 // The pixels that the blur reads, and where they lie on the canvas.
@@ -149,7 +149,7 @@ void blurColumns(const std::vector<Cell>& source, BlurredCells& target, int radi
   }
 }
 
-// A pixel's centre lies between two cells' centres; these are the two cells' shares in eighths by the pixel's place in
+// A pixel's center lies between two cells' centers; these are the two cells' shares in eighths by the pixel's place in
 // its cell, and how many cells further on the first of them lies.
 struct Phase {
   std::uint16_t first;

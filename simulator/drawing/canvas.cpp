@@ -12,13 +12,13 @@
 namespace drawing {
 namespace {
 
-constexpr double maximumSide = 16'384;
+constexpr double maxSide = 16'384;
 // A few screens. A picture that is enlarged further is filtered while it is drawn, each time.
-constexpr double maximumEnlargedPixels = 8'000'000;
+constexpr double maxEnlargedPixels = 8'000'000;
 
 int pixelCount(double points, double scale) {
   const double pixels = std::ceil(points * scale - 1e-6);
-  return std::isnan(pixels) ? 1 : static_cast<int>(std::clamp(pixels, 1.0, maximumSide));
+  return std::isnan(pixels) ? 1 : static_cast<int>(std::clamp(pixels, 1.0, maxSide));
 }
 
 void setColor(cairo_t* context, const Color& color) {
@@ -196,7 +196,7 @@ void Canvas::setSource(const Image& image, const Rectangle& place) {
   const double width = std::max(std::round(across), 1.0);
   const double height = std::max(std::round(down), 1.0);
   const bool isReduced = width < image.pixelWidth() && height < image.pixelHeight();
-  const bool canBeEnlarged = std::max(width, height) <= maximumSide && width * height <= maximumEnlargedPixels;
+  const bool canBeEnlarged = std::max(width, height) <= maxSide && width * height <= maxEnlargedPixels;
   if (across > 0 && down > 0 && (isReduced || canBeEnlarged)) {
     cairo_identity_matrix(context_.get());
     cairo_set_source_surface(context_.get(), image.surfaceResized(static_cast<int>(width), static_cast<int>(height)),

@@ -72,7 +72,7 @@ class Canvas {
   void beginLayer(double alpha);
   void endLayer();
 
-  // Every pixel inside the clip becomes this colour, whatever was there.
+  // Every pixel inside the clip becomes this color, whatever was there.
   void clear(const Color& color);
   void fillRectangle(const Rectangle& rectangle, const Color& color);
   void fillRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners, const Color& color);

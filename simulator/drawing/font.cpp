@@ -8,7 +8,7 @@
 namespace drawing {
 namespace {
 
-constexpr double maximumSize = 1000;
+constexpr double maxSize = 1000;
 
 // In shares of the size. The system font's own ascent and descent fill 1.21; its letters stay clear of the edges.
 constexpr double lineShare = 1.2;
@@ -17,7 +17,7 @@ constexpr double descent = 0.242;
 
 }  // namespace
 
-double effectiveSize(const Font& font) { return font.size > 0 ? std::min(font.size, maximumSize) : 0; }
+double effectiveSize(const Font& font) { return font.size > 0 ? std::min(font.size, maxSize) : 0; }
 
 double lineHeight(const Font& font, double scale) { return ceilToPixel(lineShare * effectiveSize(font), scale); }
 

@@ -43,7 +43,7 @@ constexpr const char* configuration = R"(<?xml version="1.0"?>
 )";
 
 constexpr double pointsPerInch = 72;
-constexpr std::size_t longestLanguage = 35;
+constexpr std::size_t maxLanguage = 35;
 
 // Made once and kept until the process ends.
 PangoFontMap* makeFontMap() {
@@ -77,7 +77,7 @@ const cairo_font_options_t* fontOptions() {
 
 // A locale as a language tag: lower case, with hyphens.
 std::string languageTag(const std::string& locale) {
-  std::string tag = locale.substr(0, std::min(locale.find_first_of("@."), longestLanguage));
+  std::string tag = locale.substr(0, std::min(locale.find_first_of("@."), maxLanguage));
   std::transform(tag.begin(), tag.end(), tag.begin(), [](unsigned char character) {
     return character == '_' ? '-' : static_cast<char>(std::tolower(character));
   });

@@ -10,7 +10,7 @@ namespace drawing {
 namespace {
 
 // cairo's own limit for a side.
-constexpr std::int64_t maximumSide = 32'767;
+constexpr std::int64_t maxSide = 32'767;
 
 constexpr std::byte jpegStart[] = {std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}};
 constexpr std::byte pngStart[] = {std::byte{0x89}, std::byte{'P'}, std::byte{'N'}, std::byte{'G'}};
@@ -43,8 +43,7 @@ SurfaceHandle copyAt(cairo_surface_t* source, int width, int height) {
 }  // namespace
 
 bool isAcceptableSize(std::int64_t width, std::int64_t height) {
-  return width > 0 && height > 0 && width <= maximumSide && height <= maximumSide &&
-         width * height <= maximumImagePixels;
+  return width > 0 && height > 0 && width <= maxSide && height <= maxSide && width * height <= maxImagePixels;
 }
 
 Image::Image(SurfaceHandle surface, double scale, std::string name)

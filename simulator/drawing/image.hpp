@@ -19,7 +19,7 @@
 namespace drawing {
 
 // A picture with more pixels is refused from its header, before anything is allocated for it.
-inline constexpr std::int64_t maximumImagePixels = 64'000'000;
+inline constexpr std::int64_t maxImagePixels = 64'000'000;
 
 class Image {
  public:

@@ -15,7 +15,7 @@
 namespace drawing {
 namespace {
 
-constexpr off_t maximumFileSize = 256 << 20;
+constexpr off_t maxFileSize = 256 << 20;
 
 class File {
  public:
@@ -37,7 +37,7 @@ std::vector<std::byte> readRegularFile(const std::filesystem::path& path) {
   const File file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat status {};
   if (!file.isOpen() || fstat(file.descriptor(), &status) != 0) return {};
-  if (!S_ISREG(status.st_mode) || status.st_size > maximumFileSize) return {};
+  if (!S_ISREG(status.st_mode) || status.st_size > maxFileSize) return {};
   std::vector<std::byte> content(static_cast<std::size_t>(status.st_size));
   std::size_t filled = 0;
   while (filled < content.size()) {

@@ -19,8 +19,8 @@ namespace {
 
 // A progressive picture refines itself in scans, each over all of its pixels. Real ones have about ten; thousands, or
 // hundreds of a huge picture, are an attack on time.
-constexpr int maximumScans = 200;
-constexpr std::int64_t maximumScannedPixels = 2'000'000'000;
+constexpr int maxScans = 200;
+constexpr std::int64_t maxScannedPixels = 2'000'000'000;
 
 constexpr int metadataMarker = JPEG_APP0 + 1;
 constexpr unsigned wholeMarker = 0xFFFF;
@@ -36,7 +36,7 @@ struct ErrorHandler {
 
 [[noreturn]] void leaveOnError(j_common_ptr codec) { std::longjmp(ErrorHandler::of(codec).leave, 1); }
 
-// Data that ends too early is only a warning to the library, which would go on with grey.
+// Data that ends too early is only a warning to the library, which would go on with gray.
 void leaveOnTruncation(j_common_ptr codec, int level) {
   const int message = codec->err->msg_code;
   if (level < 0 && (message == JWRN_JPEG_EOF || message == JWRN_HIT_MARKER)) leaveOnError(codec);
@@ -46,7 +46,7 @@ void leaveOnTooManyScans(j_common_ptr codec) {
   const auto* const decoder = reinterpret_cast<j_decompress_ptr>(codec);
   const std::int64_t scans = decoder->input_scan_number;
   const std::int64_t pixels = std::int64_t{decoder->image_width} * decoder->image_height;
-  if (scans > maximumScans || scans * pixels > maximumScannedPixels) leaveOnError(codec);
+  if (scans > maxScans || scans * pixels > maxScannedPixels) leaveOnError(codec);
 }
 
 void prepare(ErrorHandler& errors) {
@@ -118,7 +118,7 @@ unsigned char* rowOf(cairo_surface_t* surface, unsigned row) {
 
 bool isPrintColor(J_COLOR_SPACE space) { return space == JCS_CMYK || space == JCS_YCCK; }
 
-// Printing colours, inverted as every known writer of such files stores them, in place to opaque ARGB.
+// Printing colors, inverted as every known writer of such files stores them, in place to opaque ARGB.
 void convertPrintRow(unsigned char* row, unsigned width) {
   for (std::size_t x = 0; x < width; ++x) {
     unsigned char* cell = row + 4 * x;

@@ -10,7 +10,7 @@
 namespace drawing {
 namespace {
 
-constexpr std::size_t mostCharacters = 20'000;
+constexpr std::size_t maxCharacters = 20'000;
 
 // No script needs more characters for a stretch as long as its font's size, nor more extra ones that have no width.
 constexpr double charactersPerSize = 8;
@@ -83,9 +83,9 @@ class Collector {
   // to break at. They have no width.
   void appendCharacter(gunichar value) {
     constexpr gunichar zeroWidthSpace = 0x200B;
-    constexpr std::size_t longestWord = 200;
+    constexpr std::size_t maxWord = 200;
     wordLength_ = g_unichar_isspace(value) ? 0 : wordLength_ + 1;
-    if (wordLength_ > longestWord && g_unichar_isalnum(value)) {
+    if (wordLength_ > maxWord && g_unichar_isalnum(value)) {
       append(text_, zeroWidthSpace);
       wordLength_ = 1;
     }
@@ -107,17 +107,17 @@ void removeFinalLineFeed(PlainText& text) {
 }  // namespace
 
 TextLimit textLimit(const Paragraph& paragraph, double width, int lines) {
-  if (lines <= 0) return {mostCharacters};
+  if (lines <= 0) return {maxCharacters};
   // Each ends at least one line.
   const auto lineFeeds = static_cast<std::size_t>(lines);
   double smallest = std::numeric_limits<double>::infinity();
   for (const Run& run : paragraph.runs) {
     if (const double size = effectiveSize(run.font); size > 0) smallest = std::min(smallest, size);
   }
-  if (!std::isfinite(width) || !std::isfinite(smallest)) return {mostCharacters, lineFeeds};
+  if (!std::isfinite(width) || !std::isfinite(smallest)) return {maxCharacters, lineFeeds};
   // The line after the last tells that there is more.
   const double enough = (lines + 1.0) * (charactersPerSize * width / smallest + extraCharactersPerLine);
-  return {static_cast<std::size_t>(std::min(enough, static_cast<double>(mostCharacters))), lineFeeds};
+  return {static_cast<std::size_t>(std::min(enough, static_cast<double>(maxCharacters))), lineFeeds};
 }
 
 PlainText plainText(const Paragraph& paragraph, TextLimit limit) {

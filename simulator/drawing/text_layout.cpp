@@ -36,14 +36,14 @@ class MeasureCache {
     return entry == measures_.end() ? nullptr : &entry->second;
   }
   void insert(const std::string& key, const Measure& measure) {
-    if (key.size() > longestKey) return;
-    if (measures_.size() >= mostEntries) measures_.clear();
+    if (key.size() > maxKey) return;
+    if (measures_.size() >= maxEntries) measures_.clear();
     measures_.emplace(key, measure);
   }
 
  private:
-  static constexpr std::size_t longestKey = 4096;
-  static constexpr std::size_t mostEntries = 256;
+  static constexpr std::size_t maxKey = 4096;
+  static constexpr std::size_t maxEntries = 256;
   std::unordered_map<std::string, Measure> measures_;
 };
 
@@ -72,14 +72,14 @@ std::string keyOf(const PlainText& text, const Paragraph& paragraph, double widt
     appendNumber(key, static_cast<double>(span.end));
   }
   appendText(key, paragraph.language);
-  for (const double number : {static_cast<double>(paragraph.direction), static_cast<double>(paragraph.maximumLines),
+  for (const double number : {static_cast<double>(paragraph.direction), static_cast<double>(paragraph.maxLines),
                               static_cast<double>(paragraph.lineBreak), width, scale}) {
     appendNumber(key, number);
   }
   return key + text.text;
 }
 
-const Font* largestFont(const Paragraph& paragraph) {
+const Font* maxFont(const Paragraph& paragraph) {
   const Font* largest = nullptr;
   for (const Run& run : paragraph.runs) {
     if (run.text.empty() || effectiveSize(run.font) == 0) continue;
@@ -132,7 +132,7 @@ struct TextLayout::State {
   }
 
   Measure measureAnew(double width) {
-    const BrokenText& text = linesFor(width, paragraph.maximumLines);
+    const BrokenText& text = linesFor(width, paragraph.maxLines);
     double widest = 0;
     for (const BrokenLine& line : text.lines) widest = std::max(widest, line.width);
     const auto lines = static_cast<int>(text.lines.size());
@@ -142,7 +142,7 @@ struct TextLayout::State {
   const Measure& measure(double widthLimit) {
     const double width = limitOf(widthLimit, scale);
     if (lastMeasure && lastMeasure->first == width) return lastMeasure->second;
-    const std::string key = keyOf(plainTextFor(width, paragraph.maximumLines), paragraph, width, scale);
+    const std::string key = keyOf(plainTextFor(width, paragraph.maxLines), paragraph, width, scale);
     const Measure* known = measureCache().find(key);
     lastMeasure = {width, known ? *known : measureAnew(width)};
     if (!known) measureCache().insert(key, lastMeasure->second);
@@ -152,14 +152,14 @@ struct TextLayout::State {
   // The lines allowed that also fit the height.
   int linesFitting(double height) const {
     const int fitting = std::max(1, static_cast<int>(std::min(height / lineHeight + pixelTolerance, 100'000.0)));
-    return paragraph.maximumLines > 0 ? std::min(fitting, paragraph.maximumLines) : fitting;
+    return paragraph.maxLines > 0 ? std::min(fitting, paragraph.maxLines) : fitting;
   }
 };
 
 TextLayout::TextLayout(Paragraph paragraph, double scale) : state_(std::make_unique<State>()) {
   state_->paragraph = std::move(paragraph);
   state_->scale = std::isfinite(scale) && scale > 0 ? scale : 1;
-  if (const Font* font = largestFont(state_->paragraph)) {
+  if (const Font* font = maxFont(state_->paragraph)) {
     state_->lineHeight = drawing::lineHeight(*font, state_->scale);
     state_->baseline = baselineOffset(*font, state_->scale);
   }

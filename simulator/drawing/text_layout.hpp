@@ -23,7 +23,7 @@ enum class BaseDirection { LeftToRight, RightToLeft };
 // What happens to text beyond the last line that is allowed: it is left out at a word, or an ellipsis tells of it.
 enum class LineBreak { WordWrap, TruncateTail };
 
-// Text in UTF-8 in one font; bytes that are none become U+FFFD. Without a colour it takes the one given when drawing.
+// Text in UTF-8 in one font; bytes that are none become U+FFFD. Without a color it takes the one given when drawing.
 struct Run {
   std::string text;
   Font font;
@@ -36,7 +36,7 @@ struct Paragraph {
   Alignment alignment = Alignment::Natural;
   BaseDirection direction = BaseDirection::LeftToRight;
   // 0 or less is unlimited.
-  int maximumLines = 1;
+  int maxLines = 1;
   LineBreak lineBreak = LineBreak::TruncateTail;
   // A locale such as "ja_JP": it chooses among the shapes of Chinese, Japanese and Korean characters.
   std::string language = "en_US";

@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::string_view magic = "bplist00";
 constexpr std::size_t trailerSize = 32;
-constexpr int deepestNesting = 100;
-constexpr int mostVisits = 200'000;
+constexpr int maxNesting = 100;
+constexpr int maxVisits = 200'000;
 
 // The upper half of an object's first byte.
 enum Kind : unsigned {
@@ -42,7 +42,7 @@ class Reader {
     table = number(trailer + 24, 8);
     if (!isSize(offsetSize) || !isSize(referenceSize) || table < magic.size() || table > trailer) return false;
     if (objectCount == 0 || objectCount > (trailer - table) / offsetSize) return false;
-    return isSoundObject(top, 0);
+    return isValidObject(top, 0);
   }
 
  private:
@@ -71,8 +71,8 @@ class Reader {
     return Extent{number(at + 2, std::size_t{1} << power), at + 2 + (std::uint64_t{1} << power)};
   }
 
-  bool isSoundObject(std::uint64_t object, int depth) {
-    if (object >= objectCount || depth > deepestNesting || ++visits > mostVisits) return false;
+  bool isValidObject(std::uint64_t object, int depth) {
+    if (object >= objectCount || depth > maxNesting || ++visits > maxVisits) return false;
     const std::uint64_t at = number(table + object * offsetSize, offsetSize);
     if (at < magic.size() || at >= table) return false;
     const unsigned low = bytes[at] & 0xf;
@@ -110,7 +110,7 @@ class Reader {
     const std::optional<Extent> found = extent(at, low);
     if (!found || !fits(found->begin, found->count, referenceSize * referencesEach)) return false;
     for (std::uint64_t index = 0; index < found->count * referencesEach; ++index)
-      if (!isSoundObject(number(found->begin + index * referenceSize, referenceSize), depth + 1)) return false;
+      if (!isValidObject(number(found->begin + index * referenceSize, referenceSize), depth + 1)) return false;
     return true;
   }
 
@@ -128,6 +128,6 @@ bool isBinaryPropertyList(std::span<const unsigned char> bytes) {
   return std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()).starts_with("bplist");
 }
 
-bool isSoundBinaryPropertyList(std::span<const unsigned char> bytes) { return Reader(bytes).isSound(); }
+bool isValidBinaryPropertyList(std::span<const unsigned char> bytes) { return Reader(bytes).isSound(); }
 
 }  // namespace foundation

@@ -11,6 +11,6 @@ bool isBinaryPropertyList(std::span<const unsigned char> bytes);
 
 // Whether all that the list refers to lies inside it, and it nests neither in itself nor deeper or wider than any list
 // that was written in earnest: GNUstep follows whatever a list says.
-bool isSoundBinaryPropertyList(std::span<const unsigned char> bytes);
+bool isValidBinaryPropertyList(std::span<const unsigned char> bytes);
 
 }  // namespace foundation

@@ -32,13 +32,13 @@ namespace foundation {
 namespace {
 
 HBPreferences* initWithIdentifier(HBPreferences* self, NSString* identifier) {
-  auto* const initialised = objc::sendSuper<"HBPreferences", HBPreferences*, "init">(self);
-  HBPreferencesState& state = objc::state(initialised);
+  auto* const initialized = objc::sendSuper<"HBPreferences", HBPreferences*, "init">(self);
+  HBPreferencesState& state = objc::state(initialized);
   state.domain = &PreferenceDomain::named(identifier == nullptr ? "" : identifier->UTF8String());
   state.domain->observe(&state, [&state] {
     for (const std::function<void()>& update : state.updates) update();
   });
-  return initialised;
+  return initialized;
 }
 
 template <class Value, std::optional<Value> (*meaning)(const NSObject*)>

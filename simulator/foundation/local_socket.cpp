@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int waitingConnections = 8;
-constexpr timeval longestWrite = {1, 0};
+constexpr timeval maxWrite = {1, 0};
 
 // Names the folder by its descriptor, which is short.
 sockaddr_un addressIn(const Descriptor& folder, const char* name) {
@@ -39,7 +39,7 @@ bool isOfThisUser(const Descriptor& connection) {
 }
 
 void limitWrites(const Descriptor& connection) {
-  setsockopt(connection.get(), SOL_SOCKET, SO_SNDTIMEO, &longestWrite, sizeof longestWrite);
+  setsockopt(connection.get(), SOL_SOCKET, SO_SNDTIMEO, &maxWrite, sizeof maxWrite);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ void useLocale(const std::string& identifier);
 // The identifier in use, with underscores.
 const std::string& localeIdentifier();
 
-// The names of the language's localisations, best first: for "zh_TW" "zh-Hant-TW", "zh-Hant", "zh-TW" and "zh".
+// The names of the language's localizations, best first: for "zh_TW" "zh-Hant-TW", "zh-Hant", "zh-TW" and "zh".
 std::vector<std::string> localizationsOf(const std::string& identifier);
 
 // Makes NSLocale's current locale and language list those in use, and the time zone that of the environment's TZ, or

@@ -29,7 +29,7 @@ Tables& tables() {
   return known;
 }
 
-// Localisations of other regions of the language, for which any is better than a foreign one. Chinese scripts are
+// Localizations of other regions of the language, for which any is better than a foreign one. Chinese scripts are
 // foreign to each other.
 std::vector<std::string> otherRegions(const fs::path& folder, const std::string& language) {
   std::vector<std::string> names;

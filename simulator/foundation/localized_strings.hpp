@@ -3,7 +3,7 @@
 
 namespace foundation {
 
-// Replaces the method: the table of the best localisation the bundle has for the language, else the English one. A key
+// Replaces the method: the table of the best localization the bundle has for the language, else the English one. A key
 // that is not in it gives the value, or the key itself where the value is nil or empty.
 void installLocalizedStrings();
 

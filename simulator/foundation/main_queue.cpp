@@ -120,7 +120,7 @@ void onMainThreadFromOutside(std::function<void()> work) {
   wakeMainThread();
 }
 
-void letOutsideWorkIn() {
+void runExternalWork() {
   while (std::function<void()> work = outsideWork().takeDue(0)) workList().add(std::move(work));
 }
 

@@ -29,7 +29,7 @@ void onMainThreadAt(Nanoseconds when, std::function<void()> work);
 // stepped one when real time is let pass, so that the steps between see the same on every run. Any thread.
 void onMainThreadFromOutside(std::function<void()> work);
 // Real time has passed: what came from outside is work for the main thread now. Main thread.
-void letOutsideWorkIn();
+void runExternalWork();
 
 // Called on the main thread 60 times a second while it answers FrameDemand::More; a new observer is asked at the next
 // frame. Idle processes have none, and wake up for nothing.

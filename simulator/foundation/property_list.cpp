@@ -12,12 +12,10 @@ namespace foundation {
 
 namespace {
 
-constexpr std::size_t largestFile = 1 << 20;
+constexpr std::size_t maxFile = 1 << 20;
 
 // Empty for what is not a file of sensible size.
-std::string contentsOf(const std::filesystem::path& file) {
-  return base::readRegularFile(file, largestFile).value_or("");
-}
+std::string contentsOf(const std::filesystem::path& file) { return base::readRegularFile(file, maxFile).value_or(""); }
 
 NSDictionary* parse(const std::string& text) {
   return objc::as<NSDictionary>(

@@ -11,7 +11,7 @@ namespace foundation {
 // list or not a dictionary, or it is larger than a megabyte. Any thread with an autorelease pool.
 objc::Ref<NSDictionary> readPropertyList(const std::filesystem::path& file);
 
-// The same for a table of localised strings, "key" = "text"; in UTF-8, or in UTF-16 with a byte order mark.
+// The same for a table of localized strings, "key" = "text"; in UTF-8, or in UTF-16 with a byte order mark.
 objc::Ref<NSDictionary> readStringsFile(const std::filesystem::path& file);
 
 }  // namespace foundation

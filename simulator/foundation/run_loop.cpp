@@ -119,7 +119,7 @@ void pumpFoundation(double waitAtMost) {
   watchOwnDescriptors();
   if (waitAtMost > 0) {
     sleepUntil(clock::systemTime(later(clock::realNow(), nanosecondsOf(waitAtMost))));
-    letOutsideWorkIn();
+    runExternalWork();
   }
   objc::send<void, "acceptInputForMode:beforeDate:">(currentRunLoop(), defaultMode(), longAgo());
 }

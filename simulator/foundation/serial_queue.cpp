@@ -14,7 +14,7 @@ namespace foundation {
 namespace {
 
 // Work that itself waits for the main thread must not keep the process.
-constexpr std::chrono::seconds longestWaitAtExit(1);
+constexpr std::chrono::seconds maxWaitAtExit(1);
 
 struct Threads {
   std::mutex mutex;
@@ -76,7 +76,7 @@ void SerialQueue::startThread() {
 void SerialQueue::stop() {
   Lock lock(mutex);
   isStopping = true;
-  changed.wait_for(lock, longestWaitAtExit,
+  changed.wait_for(lock, maxWaitAtExit,
                    [this] { return runner == std::thread::id() || runner == std::this_thread::get_id(); });
 }
 

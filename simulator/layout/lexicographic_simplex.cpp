@@ -47,7 +47,7 @@ bool LexicographicSimplex::absorb(Quantity quantity) {
   return true;
 }
 
-double LexicographicSimplex::minimise(std::span<const Quantity> goal) {
+double LexicographicSimplex::minimize(std::span<const Quantity> goal) {
   beginGoal(goal);
   // Far more than any model needs; it ends the search should rounding ever defeat Bland's rule.
   const std::size_t limit = pivotCount_ + 50 * (tableau_.rows() + tableau_.columns()) + 1000;

@@ -10,7 +10,7 @@
 
 namespace layout {
 
-/// A goal is a set of quantities, each with a cost for every unit it is below and above zero. A goal is first minimised
+/// A goal is a set of quantities, each with a cost for every unit it is below and above zero. A goal is first minimized
 /// and then kept; what has not been a goal yet moves freely.
 class LexicographicSimplex {
  public:
@@ -33,9 +33,9 @@ class LexicographicSimplex {
   /// every goal kept so far was absorbed, or had no such variable in its expression.
   bool absorb(Quantity quantity);
   /// Finds the least total cost of the quantities. To be followed by `keepOptimum`, `keepZero` or `abandon`.
-  double minimise(std::span<const Quantity> goal);
+  double minimize(std::span<const Quantity> goal);
   double cost(std::span<const Quantity> goal) const;
-  /// Confines everything to where the goal just minimised stays at its optimum.
+  /// Confines everything to where the goal just minimized stays at its optimum.
   void keepOptimum(std::span<const Quantity> goal);
   /// The same for a goal whose cost is zero but for rounding.
   void keepZero(std::span<const Quantity> goal);

@@ -10,7 +10,7 @@
 namespace layout {
 namespace {
 
-constexpr double largestConstant = 1e7;
+constexpr double maxConstant = 1e7;
 constexpr double negligibleCoefficient = 1e-12;
 
 void mergeTermsOfSameVariable(std::vector<Solver::Term>& terms) {
@@ -40,7 +40,7 @@ int scaleTerms(std::vector<Solver::Term>& terms) {
 
 double scaleConstant(double constant, int exponent) {
   if (!std::isfinite(constant)) return constant;
-  return std::clamp(std::scalbn(constant, -exponent), -largestConstant, largestConstant);
+  return std::clamp(std::scalbn(constant, -exponent), -maxConstant, maxConstant);
 }
 
 }  // namespace

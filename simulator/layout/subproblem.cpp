@@ -13,8 +13,8 @@ constexpr double tolerance = 1e-6;
 constexpr std::size_t pivotsBeforeNewStart = 1000;
 
 // Violations count in the constraint's own units, relative to the largest unit of its level.
-LexicographicSimplex::Cost costOf(const Row& row, int largestExponent) {
-  const double unit = row.exponent == largestExponent ? 1 : std::scalbn(1.0, row.exponent - largestExponent);
+LexicographicSimplex::Cost costOf(const Row& row, int maxExponent) {
+  const double unit = row.exponent == maxExponent ? 1 : std::scalbn(1.0, row.exponent - maxExponent);
   return {row.relation == Relation::LessOrEqual ? 0 : unit, row.relation == Relation::GreaterOrEqual ? 0 : unit};
 }
 
@@ -47,7 +47,7 @@ void Subproblem::solve() {
 void Subproblem::solveFromScratch() {
   loadTableau();
   imposeRequired();
-  optimiseLevels();
+  optimizeLevels();
   settleVariables();
   pivotsOfNewStart_ = simplex_.pivotCount();
 }
@@ -74,7 +74,7 @@ bool Subproblem::impose(std::uint32_t row) {
   const Quantity own = quantity(row);
   const std::span goal(&own, 1);
   simplex_.setCost(own, costOf(rows_[row], rows_[row].exponent));
-  const bool holds = simplex_.absorb(own) || simplex_.cost(goal) <= tolerance || simplex_.minimise(goal) <= tolerance;
+  const bool holds = simplex_.absorb(own) || simplex_.cost(goal) <= tolerance || simplex_.minimize(goal) <= tolerance;
   if (holds) {
     simplex_.keepZero(goal);
   } else {
@@ -88,7 +88,7 @@ bool Subproblem::solveFromLastBasis() {
   if (simplex_.isFeasible()) return true;
   simplex_.release();
   if (!imposeRequiredAtOnce()) return false;
-  optimiseLevels();
+  optimizeLevels();
   settleVariables();
   return true;
 }
@@ -97,7 +97,7 @@ bool Subproblem::imposeRequiredAtOnce() {
   goal_.clear();
   for (std::uint32_t row = 0; row < rows_.size(); ++row)
     if (rows_[row].isRequired()) goal_.push_back(quantity(row));
-  if (simplex_.minimise(goal_) > tolerance) return false;
+  if (simplex_.minimize(goal_) > tolerance) return false;
   simplex_.keepZero(goal_);
   return true;
 }
@@ -110,26 +110,26 @@ void Subproblem::collectLevels() {
   });
 }
 
-void Subproblem::optimiseLevels() {
+void Subproblem::optimizeLevels() {
   auto begin = levels_.begin();
   while (begin != levels_.end() && !simplex_.isDetermined()) {
     const float priority = rows_[*begin].priority;
     const auto end =
         std::find_if(begin, levels_.end(), [&](std::uint32_t next) { return rows_[next].priority != priority; });
-    optimiseLevel({begin, end});
+    optimizeLevel({begin, end});
     begin = end;
   }
 }
 
-void Subproblem::optimiseLevel(std::span<const std::uint32_t> level) {
-  int largestExponent = rows_[level.front()].exponent;
-  for (const std::uint32_t row : level) largestExponent = std::max(largestExponent, rows_[row].exponent);
+void Subproblem::optimizeLevel(std::span<const std::uint32_t> level) {
+  int maxExponent = rows_[level.front()].exponent;
+  for (const std::uint32_t row : level) maxExponent = std::max(maxExponent, rows_[row].exponent);
   goal_.clear();
   for (const std::uint32_t row : level) {
-    simplex_.setCost(quantity(row), costOf(rows_[row], largestExponent));
+    simplex_.setCost(quantity(row), costOf(rows_[row], maxExponent));
     goal_.push_back(quantity(row));
   }
-  simplex_.minimise(goal_);
+  simplex_.minimize(goal_);
   simplex_.keepOptimum(goal_);
 }
 
@@ -137,7 +137,7 @@ void Subproblem::settleVariables() {
   for (Quantity variable = 0; variable < variableCount_ && !simplex_.isDetermined(); ++variable) {
     const std::span goal(&variable, 1);
     simplex_.setCost(variable, {1, 1});
-    simplex_.minimise(goal);
+    simplex_.minimize(goal);
     simplex_.keepOptimum(goal);
   }
 }

@@ -42,8 +42,8 @@ class Subproblem {
   bool solveFromLastBasis();
   bool imposeRequiredAtOnce();
   void collectLevels();
-  void optimiseLevels();
-  void optimiseLevel(std::span<const std::uint32_t> level);
+  void optimizeLevels();
+  void optimizeLevel(std::span<const std::uint32_t> level);
   void settleVariables();
 
   struct Change {

@@ -17,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* endpointsFile = "endpoints.plist";
-constexpr std::size_t largestEndpoints = 1 << 20;
+constexpr std::size_t maxEndpoints = 1 << 20;
 constexpr const char* libraryFolder = "Library/MobileSubstrate/DynamicLibraries";
 constexpr const char* folders[] = {
     "Library/Application Support/Brim",      libraryFolder,
@@ -83,7 +83,7 @@ std::optional<std::string> prepareRoot(const fs::path& root) try {
 
 void linkEndpoints(const fs::path& endpoints) {
   const fs::path present = foundation::root() / base::assetBundlePath / endpointsFile;
-  const auto contentsOf = [](const fs::path& file) { return base::readRegularFile(file, largestEndpoints); };
+  const auto contentsOf = [](const fs::path& file) { return base::readRegularFile(file, maxEndpoints); };
   if (contentsOf(present) == contentsOf(base::installation().assetBundle / endpointsFile)) fs::remove(present);
   linkTo(endpoints, present);
 }

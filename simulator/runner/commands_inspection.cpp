@@ -20,12 +20,12 @@ namespace runner {
 
 namespace {
 
-constexpr double largestScale = 8;
+constexpr double maxScale = 8;
 
 const FieldType height = {"a number of points above 0",
                           [](const Json& value) { return value.is_number() && value.get<double>() > 0; }};
 const FieldType scale = {"a number above 0, at most 8", [](const Json& value) {
-                           return value.is_number() && value.get<double>() > 0 && value.get<double>() <= largestScale;
+                           return value.is_number() && value.get<double>() > 0 && value.get<double>() <= maxScale;
                          }};
 
 Json state(const Json& command) { return stateOfBanner(bannerNumber(command["controller"])); }
@@ -103,10 +103,10 @@ Json screenshot(const Json& command) {
 }
 
 // As many as fit into a picture at full size.
-constexpr std::size_t mostFrames = 40;
+constexpr std::size_t maxFrames = 40;
 
 Json frame(const Json& command) {
-  if (frameCount() >= mostFrames) throw CommandError("a filmstrip has at most 40 frames; write it with filmstrip");
+  if (frameCount() >= maxFrames) throw CommandError("a filmstrip has at most 40 frames; write it with filmstrip");
   const uikit::Environment& environment = uikit::environment();
   addFrame(*uikit::renderScreen(command.value("scale", 1.0)),
            command.value("height", environment.device.screen.height));

@@ -14,8 +14,8 @@ namespace runner {
 
 namespace {
 
-constexpr double longestWait = 31'536'000;
-constexpr double longestRealWait = 600;
+constexpr double maxWait = 31'536'000;
+constexpr double maxRealWait = 600;
 constexpr double defaultRealWait = 10;
 // How long one look for news from outside may take.
 constexpr double secondsOfOneLook = 0.01;
@@ -27,9 +27,9 @@ bool isNumberUpTo(const Json& value, double most) {
 }
 
 const FieldType steppedSeconds = {"a number of seconds from 0 to a year (31536000)",
-                                  [](const Json& value) { return isNumberUpTo(value, longestWait); }};
+                                  [](const Json& value) { return isNumberUpTo(value, maxWait); }};
 const FieldType realSeconds = {"a number of seconds from 0 to 600",
-                               [](const Json& value) { return isNumberUpTo(value, longestRealWait); }};
+                               [](const Json& value) { return isNumberUpTo(value, maxRealWait); }};
 constexpr const char* awaitables[] = {"photo", "message", "read", "banner", "http", "idle"};
 const FieldType awaitable = {"photo, message, read, banner, http or idle",
                              [](const Json& value) { return isOneOf(value, awaitables); }};

@@ -14,14 +14,14 @@ namespace runner {
 
 namespace {
 
-constexpr int mostSteps = 10000;
+constexpr int maxSteps = 10000;
 
 constexpr const char* endings[] = {"release", "cancel", "hold"};
 constexpr const char* keys[] = {"return", "backspace"};
 const FieldType ending = {"release, cancel or hold", [](const Json& value) { return isOneOf(value, endings); }};
 const FieldType key = {"return or backspace", [](const Json& value) { return isOneOf(value, keys); }};
 const FieldType stepCount = {"an integer from 1 to 10000", [](const Json& value) {
-                               return value.is_number_integer() && value >= 1 && value <= mostSteps;
+                               return value.is_number_integer() && value >= 1 && value <= maxSteps;
                              }};
 
 CGPoint pointOf(const Json& value) { return {value[0].get<double>(), value[1].get<double>()}; }

@@ -13,7 +13,7 @@ namespace runner {
 namespace {
 
 // Deeper values would only exhaust the stack of whatever walks them.
-constexpr int deepestNesting = 200;
+constexpr int maxNesting = 200;
 
 int nestingOf(std::string_view text) {
   int depth = 0;
@@ -59,8 +59,7 @@ Json Session::run(const Json& command) {
 }
 
 Json Session::runLine(std::string_view line) {
-  if (nestingOf(line) > deepestNesting)
-    return failure("nested more than " + std::to_string(deepestNesting) + " levels deep");
+  if (nestingOf(line) > maxNesting) return failure("nested more than " + std::to_string(maxNesting) + " levels deep");
   // The parser would end there, and take the rest for nothing.
   if (line.find('\0') != std::string_view::npos) return failure("not JSON: it has a byte of zero");
   try {

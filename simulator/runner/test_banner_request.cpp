@@ -22,7 +22,7 @@ void received(TestBannerEcho*, NSNotification*) { hasArrived = true; }
 
 NSString* requestName() { return "com.lumetra.brim.receivedbannertest"_ns; }
 
-// It stays: the centre keeps something of every observer that it ever had.
+// It stays: the center keeps something of every observer that it ever had.
 bool listen() {
   static constexpr objc::MethodEntry methods[] = {objc::method<"receivedRequest:", &received>()};
   objc::defineClass<TestBannerEcho>(methods);

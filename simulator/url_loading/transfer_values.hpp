@@ -49,7 +49,7 @@ struct Answer {
 };
 
 // The most that a body may hold once it is decompressed, and the longest that a transfer may take.
-inline constexpr std::size_t longestBody = 32 << 20;
-inline constexpr long longestTransferSeconds = 600;
+inline constexpr std::size_t maxBody = 32 << 20;
+inline constexpr long maxTransferSeconds = 600;
 
 }  // namespace url_loading

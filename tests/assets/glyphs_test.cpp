@@ -1,4 +1,4 @@
-// The glyphs in the asset bundle: there in both colours and all scales, of the right size, and in their own ink.
+// The glyphs in the asset bundle: there in both colors and all scales, of the right size, and in their own ink.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -34,8 +34,8 @@ Ink countInk(const Picture& picture) {
   return ink;
 }
 
-std::string pathOf(const std::string& colour, const std::string& glyph, const std::string& suffix) {
-  return std::string(ASSET_BUNDLE "/glyphs/") + colour + "/" + glyph + suffix;
+std::string pathOf(const std::string& color, const std::string& glyph, const std::string& suffix) {
+  return std::string(ASSET_BUNDLE "/glyphs/") + color + "/" + glyph + suffix;
 }
 
 bool isClearOfTheEdge(const Picture& picture) {
@@ -50,12 +50,12 @@ bool isClearOfTheEdge(const Picture& picture) {
 }
 
 template <typename Check>
-void forEachGlyphFile(const std::string& colour, Check check) {
+void forEachGlyphFile(const std::string& color, Check check) {
   for (const char* glyph : glyphs) {
     for (std::size_t index = 0; index < suffixes.size(); ++index) {
-      SCOPED_TRACE(pathOf(colour, glyph, suffixes[index]));
+      SCOPED_TRACE(pathOf(color, glyph, suffixes[index]));
       const int side = sideInPoints * static_cast<int>(index + 1);
-      const Picture picture(pathOf(colour, glyph, suffixes[index]));
+      const Picture picture(pathOf(color, glyph, suffixes[index]));
       ASSERT_EQ(picture.size(), (Size{side, side}));
       check(picture);
     }
@@ -79,8 +79,8 @@ TEST(Glyphs, WhiteOnesHaveNoDarkInk) {
 }
 
 TEST(Glyphs, AreNotCutOffAtTheEdge) {
-  for (const char* colour : {"black", "white"}) {
-    forEachGlyphFile(colour, [](const Picture& picture) { EXPECT_TRUE(isClearOfTheEdge(picture)); });
+  for (const char* color : {"black", "white"}) {
+    forEachGlyphFile(color, [](const Picture& picture) { EXPECT_TRUE(isClearOfTheEdge(picture)); });
   }
 }
 

@@ -17,7 +17,7 @@ struct Size {
   bool operator==(const Size&) const = default;
 };
 
-// 0 to 1; the brightness is that of the colour before it is made transparent.
+// 0 to 1; the brightness is that of the color before it is made transparent.
 struct Pixel {
   double alpha = 0;
   double brightness = 0;

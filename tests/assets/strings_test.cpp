@@ -1,4 +1,4 @@
-// The localised strings in the asset bundle, read as Foundation reads them.
+// The localized strings in the asset bundle, read as Foundation reads them.
 #include <gtest/gtest.h>
 
 #include <array>

@@ -108,7 +108,7 @@ TEST(PhoneBanner, ForgetsADelegateThatIsGone) {
   EXPECT_EQ(phone.runtime.send(banner.view, "delegate"), 0U);
 }
 
-TEST(PhoneGlyphs, AreEighteenByApplicationAndColour) {
+TEST(PhoneGlyphs, AreEighteenByApplicationAndColor) {
   Phone phone;
   const std::vector<Address> before = phone.platform.dictionaries;
   const Banner banner(phone);
@@ -128,7 +128,7 @@ TEST(PhoneGlyphs, AreEighteenByApplicationAndColour) {
   }
 }
 
-TEST(PhoneGlyphs, FollowTheBannersColour) {
+TEST(PhoneGlyphs, FollowTheBannersColor) {
   Phone phone;
   Banner banner(phone);
   banner.show();

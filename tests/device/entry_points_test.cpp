@@ -12,7 +12,7 @@ using device::Address;
 using device::Phone;
 using device::Platform;
 
-using Colour = std::array<double, 4>;
+using Color = std::array<double, 4>;
 
 Platform onVersion(const std::string& version) {
   Platform platform;
@@ -44,26 +44,26 @@ TEST(PhoneRandomString, IsEmptyForALengthBelowZero) {
   EXPECT_EQ(phone.text(phone.runtime.sendClass("NSString", "generateRandomString:", {minusOne})), "");
 }
 
-class PhoneColours {
+class PhoneColors {
  public:
-  PhoneColours(Phone& shownOn, std::int64_t mode) : phone(shownOn) {
-    colours = phone.runtime.send(phone.runtime.sendClass("BrimColors", "alloc"),
-                                 "initWithMode:", {static_cast<std::uint64_t>(mode)});
+  PhoneColors(Phone& shownOn, std::int64_t mode) : phone(shownOn) {
+    colors = phone.runtime.send(phone.runtime.sendClass("BrimColors", "alloc"),
+                                "initWithMode:", {static_cast<std::uint64_t>(mode)});
   }
-  Colour operator[](const std::string& name) {
-    const Address colour = phone.runtime.send(colours, "container" + name + "Color");
-    return std::any_cast<Colour>(phone.runtime.object(colour).value);
+  Color operator[](const std::string& name) {
+    const Address color = phone.runtime.send(colors, "container" + name + "Color");
+    return std::any_cast<Color>(phone.runtime.object(color).value);
   }
 
   Phone& phone;
-  Address colours;
+  Address colors;
 };
 
 // A mode's palette; only the background depends on the system version.
 struct Palette {
   const char* version;
   std::int64_t mode;
-  Colour background, grabber, control, text, destructive;
+  Color background, grabber, control, text, destructive;
 
   friend void PrintTo(const Palette& shown, std::ostream* stream) {
     *stream << "mode " << shown.mode << " on " << shown.version;
@@ -75,22 +75,22 @@ class PhonePalette : public testing::TestWithParam<Palette> {};
 TEST_P(PhonePalette, IsThatOfTheModeAndTheSystemVersion) {
   const Palette& palette = GetParam();
   Phone phone(onVersion(palette.version));
-  PhoneColours colours(phone, palette.mode);
-  EXPECT_EQ(colours["Background"], palette.background);
-  EXPECT_EQ(colours["Grabber"], palette.grabber);
-  EXPECT_EQ(colours["Reply"], palette.control);
-  EXPECT_EQ(colours["Button"], palette.control);
-  EXPECT_EQ(colours["Text"], palette.text);
-  EXPECT_EQ(colours["Delete"], palette.destructive);
+  PhoneColors colors(phone, palette.mode);
+  EXPECT_EQ(colors["Background"], palette.background);
+  EXPECT_EQ(colors["Grabber"], palette.grabber);
+  EXPECT_EQ(colors["Reply"], palette.control);
+  EXPECT_EQ(colors["Button"], palette.control);
+  EXPECT_EQ(colors["Text"], palette.text);
+  EXPECT_EQ(colors["Delete"], palette.destructive);
 }
 
-constexpr Colour white = {1, 1, 1, 1};
-constexpr Colour black = {0, 0, 0, 1};
-constexpr Colour red = {1, 0, 0, 1};
-constexpr Colour faintWhite = {1, 1, 1, 0.1};
-constexpr Colour darkRed = {0.75, 0, 0, 1};
-constexpr Colour nearlyBlack = {0.11, 0.11, 0.12, 1};
-constexpr Colour grey = {0.7, 0.7, 0.7, 1};
+constexpr Color white = {1, 1, 1, 1};
+constexpr Color black = {0, 0, 0, 1};
+constexpr Color red = {1, 0, 0, 1};
+constexpr Color faintWhite = {1, 1, 1, 0.1};
+constexpr Color darkRed = {0.75, 0, 0, 1};
+constexpr Color nearlyBlack = {0.11, 0.11, 0.12, 1};
+constexpr Color gray = {0.7, 0.7, 0.7, 1};
 
 INSTANTIATE_TEST_SUITE_P(
     Modes, PhonePalette,
@@ -98,31 +98,31 @@ INSTANTIATE_TEST_SUITE_P(
                     Palette{"13.0", 1, {0, 0, 0, 0.3}, faintWhite, faintWhite, white, red},
                     Palette{"12.4", 2, {1, 1, 1, 0.3}, {0.2, 0.2, 0.2, 0.5}, {0, 0, 0, 0.1}, black, darkRed},
                     Palette{"13.0", 2, {1, 1, 1, 0.3}, {0.2, 0.2, 0.2, 0.5}, {0, 0, 0, 0.1}, black, darkRed},
-                    Palette{"12.4", 3, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, grey, red},
-                    Palette{"13.0", 3, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, grey, red},
-                    Palette{"12.4", 0, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, grey, red},
-                    Palette{"13.0", -7, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, grey, red}));
+                    Palette{"12.4", 3, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, gray, red},
+                    Palette{"13.0", 3, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, gray, red},
+                    Palette{"12.4", 0, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, gray, red},
+                    Palette{"13.0", -7, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, gray, red}));
 
-TEST(PhoneColourSet, UsesCustomColoursOnceToldToAndLetsThemGoInTheEnd) {
+TEST(PhoneColorSet, UsesCustomColorsOnceToldToAndLetsThemGoInTheEnd) {
   Phone phone;
-  PhoneColours colours(phone, 1);
+  PhoneColors colors(phone, 1);
   const Address own = phone.runtime.sendClass("UIColor", "redColor");
-  phone.runtime.send(colours.colours, "setTextColor:", {own});
-  EXPECT_EQ(colours["Text"], white);
-  phone.runtime.send(colours.colours, "setUseCustomColors:", {1});
-  EXPECT_EQ(colours["Text"], red);
+  phone.runtime.send(colors.colors, "setTextColor:", {own});
+  EXPECT_EQ(colors["Text"], white);
+  phone.runtime.send(colors.colors, "setUseCustomColors:", {1});
+  EXPECT_EQ(colors["Text"], red);
   EXPECT_EQ(phone.runtime.object(own).retainCount, 2U);
-  phone.runtime.release(colours.colours);
-  EXPECT_TRUE(phone.runtime.object(colours.colours).gone);
+  phone.runtime.release(colors.colors);
+  EXPECT_TRUE(phone.runtime.object(colors.colors).gone);
   EXPECT_EQ(phone.runtime.object(own).retainCount, 1U);
 }
 
-TEST(PhoneColourSet, CopiesItsModeAndNothingElse) {
+TEST(PhoneColorSet, CopiesItsModeAndNothingElse) {
   Phone phone;
-  PhoneColours colours(phone, 2);
-  phone.runtime.send(colours.colours, "setUseCustomColors:", {1});
-  const Address copy = phone.runtime.send(colours.colours, "copy");
-  EXPECT_NE(copy, colours.colours);
+  PhoneColors colors(phone, 2);
+  phone.runtime.send(colors.colors, "setUseCustomColors:", {1});
+  const Address copy = phone.runtime.send(colors.colors, "copy");
+  EXPECT_NE(copy, colors.colors);
   EXPECT_EQ(phone.runtime.send(copy, "mode"), 2U);
   EXPECT_EQ(phone.runtime.send(copy, "useCustomColors") & 0xff, 0U);
 }

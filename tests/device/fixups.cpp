@@ -186,8 +186,8 @@ class BindProgram {
 // The exported names as a tree of their common beginnings.
 void readExports(std::span<const std::uint8_t> tree, std::size_t node, const std::string& prefix,
                  std::vector<Export>& found) {
-  constexpr std::size_t longestName = 4096;
-  if (prefix.size() > longestName) throw std::runtime_error("exported names that go in a circle");
+  constexpr std::size_t maxName = 4096;
+  if (prefix.size() > maxName) throw std::runtime_error("exported names that go in a circle");
   ByteReader reader(part(tree, node, tree.size() - node));
   if (reader.unsignedLeb128() != 0) {
     if (reader.unsignedLeb128() != 0) throw std::runtime_error("an export that is no plain definition");

@@ -106,10 +106,10 @@ TEST(LibraryFile, IsNeverChangedInItsText) {
 }
 
 TEST(LibraryFile, HasExactlyOneStartUpRoutine) {
-  const auto initialisers = library().sectionsOfType(SectionType::Initialisers);
-  ASSERT_EQ(initialisers.size(), 1U);
-  EXPECT_EQ(initialisers.front().size, sizeof(std::uint64_t));
-  EXPECT_TRUE(library().sectionsOfType(SectionType::InitialiserOffsets).empty());
+  const auto initializers = library().sectionsOfType(SectionType::Initializers);
+  ASSERT_EQ(initializers.size(), 1U);
+  EXPECT_EQ(initializers.front().size, sizeof(std::uint64_t));
+  EXPECT_TRUE(library().sectionsOfType(SectionType::InitializerOffsets).empty());
   EXPECT_TRUE(library().sectionsOfType(SectionType::Finalisers).empty());
 }
 

@@ -26,11 +26,11 @@ enum class CommandKind : std::uint32_t {
 
 // What the dynamic linker does with a section before anything else runs.
 enum class SectionType : std::uint8_t {
-  Initialisers = 0x9,
+  Initializers = 0x9,
   Finalisers = 0xa,
   FirstThreadLocal = 0x11,
   LastThreadLocal = 0x15,
-  InitialiserOffsets = 0x16,
+  InitializerOffsets = 0x16,
 };
 
 enum class Protection : std::uint32_t { Read = 1, Write = 2, Execute = 4 };

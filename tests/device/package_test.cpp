@@ -79,12 +79,12 @@ TEST(Package, BringsTheAssetsWhereTheLibraryLooksForThem) {
   EXPECT_TRUE(fs::exists(bundle / "Info.plist"));
   EXPECT_TRUE(fs::exists(bundle / "en.lproj/Localizable.strings"));
   EXPECT_TRUE(fs::exists(bundle / "zh-Hant.lproj/Localizable.strings"));
-  for (const char* colour : {"black", "white"}) {
+  for (const char* color : {"black", "white"}) {
     for (const char* glyph :
          {"whatsapp", "imessages", "twitter", "slack", "discord", "instagram", "facebook_messenger", "telegram"}) {
       for (const char* suffix : {".png", "@2x.png", "@3x.png"})
-        EXPECT_GT(fs::file_size(bundle / "glyphs" / colour / (std::string(glyph) + suffix)), 100U)
-            << colour << " " << glyph << suffix;
+        EXPECT_GT(fs::file_size(bundle / "glyphs" / color / (std::string(glyph) + suffix)), 100U)
+            << color << " " << glyph << suffix;
     }
   }
 }

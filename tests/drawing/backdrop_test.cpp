@@ -28,7 +28,7 @@ void blurAll(Canvas& canvas, BlurStyle style, Appearance appearance = Appearance
   blurBackdrop(canvas, {0, 0, 1000, 1000}, square, style, appearance, alpha);
 }
 
-TEST(Backdrop, OfOneGreyIsOneGrey) {
+TEST(Backdrop, OfOneGrayIsOneGray) {
   Canvas canvas = filledWith({0.5, 0.5, 0.5, 1});
   blurAll(canvas, BlurStyle::Light);
   const std::uint32_t first = canvas.pixel(0, 0);
@@ -60,7 +60,7 @@ TEST(Backdrop, KnowsThePlatformsNumbers) {
   EXPECT_EQ(blurStyle(77), BlurStyle::Regular);
 }
 
-TEST(Backdrop, MakesColoursMoreVivid) {
+TEST(Backdrop, MakesColorsMoreVivid) {
   Canvas canvas = filledWith({0.6, 0.4, 0.4, 1});
   blurAll(canvas, BlurStyle::Light);
   const std::uint32_t pixel = canvas.pixel(30, 30);

@@ -198,7 +198,7 @@ TEST(PlaceContent, FollowsTheMode) {
 }
 
 TEST(DrawImage, ReducesWithAllItsPixels) {
-  // A pattern of single lines becomes an even grey, whatever row it is reduced to.
+  // A pattern of single lines becomes an even gray, whatever row it is reduced to.
   Canvas stripes({64, 64}, 1);
   for (int line = 0; line < 64; line += 2) stripes.fillRectangle({0, 1.0 * line, 64, 1}, white);
   for (int line = 1; line < 64; line += 2) stripes.fillRectangle({0, 1.0 * line, 64, 1}, black);

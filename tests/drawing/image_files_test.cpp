@@ -22,7 +22,7 @@ TEST(LoadImage, TakesTheScaleFromTheName) {
   }
 }
 
-TEST(LoadImage, RecognisesTheFormatWhateverTheExtension) {
+TEST(LoadImage, RecognizesTheFormatWhateverTheExtension) {
   const ScratchFolder folder;
   folder.write("photo.png", encodeJpeg(*quarteredImage(8), 0.9));
   folder.write("photo", picture(8));

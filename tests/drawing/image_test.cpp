@@ -45,7 +45,7 @@ std::vector<std::byte> jpegAnnouncing(std::uint16_t width, std::uint16_t height)
   return jpeg;
 }
 
-// A picture of one colour given in ink, inverted as in files for print.
+// A picture of one color given in ink, inverted as in files for print.
 std::vector<std::byte> printJpeg(const unsigned char (&ink)[4]) {
   jpeg_compress_struct codec{};
   jpeg_error_mgr errors{};
@@ -71,7 +71,7 @@ std::vector<std::byte> printJpeg(const unsigned char (&ink)[4]) {
   return result;
 }
 
-// A grey picture that is sent in 127 scans.
+// A gray picture that is sent in 127 scans.
 std::vector<std::byte> jpegOfManyScans(unsigned side) {
   std::vector<jpeg_scan_info> scans = {{1, {0}, 0, 0, 0, 0}};
   for (const auto& [high, low] : {std::pair{0, 1}, {1, 0}})
@@ -112,7 +112,7 @@ std::vector<std::byte> unfoldingChunk() {
                  bigEndianText(static_cast<std::uint32_t>(sum)));
 }
 
-long largestMemoryInKilobytes() {
+long peakMemoryInKilobytes() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
   return usage.ru_maxrss;
@@ -197,9 +197,9 @@ TEST(Png, WithTextThatUnfoldsDoesNotTakeItsMemory) {
   std::vector<std::byte> bomb = encodePng(*quarteredImage(8));
   const std::vector<std::byte> chunk = unfoldingChunk();
   for (int index = 0; index < count; ++index) bomb.insert(bomb.begin() + endOfHeader, chunk.begin(), chunk.end());
-  const long before = largestMemoryInKilobytes();
+  const long before = peakMemoryInKilobytes();
   EXPECT_NE(decodeImage(bomb), nullptr);
-  EXPECT_LT(largestMemoryInKilobytes() - before, 100'000);
+  EXPECT_LT(peakMemoryInKilobytes() - before, 100'000);
 }
 
 TEST(Jpeg, ComesBackNearlyAsItWas) {
@@ -254,7 +254,7 @@ TEST(Jpeg, OfManyScansIsRefusedWhereItIsLarge) {
   EXPECT_EQ(decodeImage(jpegOfManyScans(4096)), nullptr);
 }
 
-TEST(Jpeg, ColoursForPrintBecomeScreenColours) {
+TEST(Jpeg, ColorsForPrintBecomeScreenColors) {
   const auto decoded = decodeImage(printJpeg({255, 0, 0, 255}));
   ASSERT_NE(decoded, nullptr);
   EXPECT_NEAR(redOf(decoded->pixel(3, 3)), 255, 2);

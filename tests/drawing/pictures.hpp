@@ -1,4 +1,4 @@
-// What several tests of the pixel layer need: colours of pixels and a scratch folder.
+// What several tests of the pixel layer need: colors of pixels and a scratch folder.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ inline int redOf(std::uint32_t pixel) { return static_cast<int>(pixel >> 16 & 0x
 inline int greenOf(std::uint32_t pixel) { return static_cast<int>(pixel >> 8 & 0xFF); }
 inline int blueOf(std::uint32_t pixel) { return static_cast<int>(pixel & 0xFF); }
 
-// A picture with a different colour in each quarter: red, green, blue and half transparent white.
+// A picture with a different color in each quarter: red, green, blue and half transparent white.
 inline std::shared_ptr<const Image> quarteredImage(int side, double scale = 1) {
   Canvas canvas({static_cast<double>(side), static_cast<double>(side)}, 1);
   const double half = side / 2.0;

@@ -14,7 +14,7 @@ constexpr double infinite = std::numeric_limits<double>::infinity();
 Paragraph paragraphOf(const std::string& text, double size = 13, int lines = 0) {
   Paragraph paragraph;
   paragraph.runs = {{text, {systemFontFamily, size}, {}}};
-  paragraph.maximumLines = lines;
+  paragraph.maxLines = lines;
   return paragraph;
 }
 

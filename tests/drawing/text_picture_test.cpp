@@ -13,7 +13,7 @@ constexpr Rectangle whole{0, 0, width, height};
 Paragraph paragraphOf(const std::string& text, int lines = 0) {
   Paragraph paragraph;
   paragraph.runs = {{text, {systemFontFamily, 15}, {}}};
-  paragraph.maximumLines = lines;
+  paragraph.maxLines = lines;
   return paragraph;
 }
 
@@ -38,7 +38,7 @@ PixelRectangle inked(const Canvas& canvas) {
   return {left, top, right - left, bottom - top};
 }
 
-int colouredPixels(const Canvas& canvas) {
+int coloredPixels(const Canvas& canvas) {
   int count = 0;
   for (int y = 0; y < canvas.pixelHeight(); ++y) {
     for (int x = 0; x < canvas.pixelWidth(); ++x) {
@@ -56,12 +56,12 @@ TEST(DrawText, IsTheSameEveryTime) {
   EXPECT_TRUE(samePicture(drawn(paragraph), drawn(paragraph)));
 }
 
-TEST(DrawText, IsGreyAtItsEdges) {
-  EXPECT_EQ(colouredPixels(drawn(paragraphOf("Hello illustrious world"))), 0);
+TEST(DrawText, IsGrayAtItsEdges) {
+  EXPECT_EQ(coloredPixels(drawn(paragraphOf("Hello illustrious world"))), 0);
   EXPECT_FALSE(inked(drawn(paragraphOf("Hello"))).isEmpty());
 }
 
-TEST(DrawText, EmojiAreColoured) { EXPECT_GT(colouredPixels(drawn(paragraphOf("😀"))), 100); }
+TEST(DrawText, EmojiAreColored) { EXPECT_GT(coloredPixels(drawn(paragraphOf("😀"))), 100); }
 
 TEST(DrawText, SequencesOfEmojiAreOnePicture) {
   const auto widthOf = [](const char* text) { return TextLayout(paragraphOf(text), 2).measure(0).width; };
@@ -174,7 +174,7 @@ TEST(DrawText, ALowRectangleShowsFewerLines) {
   EXPECT_TRUE(samePicture(drawn(paragraph, {0, 0, width, 5}), drawn(paragraphOf("First…"), {0, 0, width, 5})));
 }
 
-TEST(DrawText, RunsHaveTheirOwnColours) {
+TEST(DrawText, RunsHaveTheirOwnColors) {
   Paragraph paragraph = paragraphOf("");
   paragraph.runs = {{"MMM", {systemFontFamily, 15}, red}, {"MMM", {systemFontFamily, 15}, {}}};
   const Canvas canvas = drawn(paragraph, whole, blue);

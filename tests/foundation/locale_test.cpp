@@ -56,7 +56,7 @@ TEST_F(Locale, NonsenseStillWritesTimes) {
   EXPECT_EQ(timeText("HH:mm"_ns), "14:45");
 }
 
-TEST_F(Locale, NamesLocalisationsBestFirst) {
+TEST_F(Locale, NamesLocalizationsBestFirst) {
   EXPECT_EQ(foundation::localizationsOf("en_US"), (Names{"en-US", "en"}));
   EXPECT_EQ(foundation::localizationsOf("de"), (Names{"de"}));
   EXPECT_EQ(foundation::localizationsOf("pt_BR"), (Names{"pt-BR", "pt"}));

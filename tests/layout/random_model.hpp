@@ -49,9 +49,9 @@ struct RandomModel {
       std::swap(values[count - 1], values[below(random, count)]);
   }
 
-  static RandomModel make(std::uint32_t seed, std::uint32_t mostVariables = 14) {
+  static RandomModel make(std::uint32_t seed, std::uint32_t maxVariables = 14) {
     std::mt19937 random(seed);
-    RandomModel model{1 + below(random, mostVariables), {}};
+    RandomModel model{1 + below(random, maxVariables), {}};
     const std::uint32_t count = below(random, 2 * model.variables + 4);
     for (std::uint32_t i = 0; i < count; ++i) model.constraints.push_back(randomConstraint(random, model.variables));
     return model;
@@ -59,12 +59,12 @@ struct RandomModel {
 
   // Several models that share nothing, their variables and constraints mixed.
   static RandomModel makeOfParts(std::uint32_t seed) {
-    constexpr std::uint32_t mostVariablesOfPart = 5;
+    constexpr std::uint32_t maxSubproblemVariables = 5;
     std::mt19937 random(seed);
     RandomModel whole{0, {}};
     const std::uint32_t parts = 2 + below(random, 4);
     for (std::uint32_t part = 0; part < parts; ++part) {
-      RandomModel model = make(static_cast<std::uint32_t>(random()), mostVariablesOfPart);
+      RandomModel model = make(static_cast<std::uint32_t>(random()), maxSubproblemVariables);
       for (RandomConstraint& constraint : model.constraints) {
         for (auto& term : constraint.terms) term.variable += whole.variables;
         whole.constraints.push_back(std::move(constraint));

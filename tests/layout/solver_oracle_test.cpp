@@ -35,7 +35,7 @@ class Oracle {
     for (std::uint32_t i = 0; i < model.variables; ++i) addPair();
     for (const auto& constraint : model.constraints) addConstraint(constraint);
     imposeRequired();
-    for (const auto& [priority, constraints] : levels()) costs_[priority] = minimiseLevel(constraints);
+    for (const auto& [priority, constraints] : levels()) costs_[priority] = minimizeLevel(constraints);
     for (std::uint32_t i = 0; i < model.variables; ++i) bringToZero(i);
   }
 
@@ -92,7 +92,7 @@ class Oracle {
     return {above(pair), below(pair)};
   }
 
-  double minimise(const std::vector<int>& columns) {
+  double minimize(const std::vector<int>& columns) {
     for (int i = 0; i < program_.numberColumns(); ++i) program_.setObjectiveCoefficient(i, 0);
     for (const int column : columns) program_.setObjectiveCoefficient(column, 1);
     program_.primal();
@@ -104,7 +104,7 @@ class Oracle {
     for (std::size_t i = 0; i < model_.constraints.size(); ++i) {
       if (model_.constraints[i].priority < Solver::required) continue;
       const auto columns = violating(i);
-      if (minimise(columns) > 1e-6) {
+      if (minimize(columns) > 1e-6) {
         conflicts_.push_back(static_cast<Solver::Constraint>(i));
       } else {
         for (const int column : columns) program_.setColumnUpper(column, 0);
@@ -122,8 +122,8 @@ class Oracle {
     return result;
   }
 
-  double minimiseLevel(const std::vector<int>& columns) {
-    const double optimum = minimise(columns);
+  double minimizeLevel(const std::vector<int>& columns) {
+    const double optimum = minimize(columns);
     std::map<int, double> row;
     for (const int column : columns) row[column] = 1;
     addRow(row, -COIN_DBL_MAX, optimum + slack);
@@ -132,7 +132,7 @@ class Oracle {
 
   void bringToZero(std::uint32_t variable) {
     const int pair = static_cast<int>(variable);
-    minimise({above(pair), below(pair)});
+    minimize({above(pair), below(pair)});
     const double* solution = program_.primalColumnSolution();
     const double value = solution[above(pair)] - solution[below(pair)];
     values_.push_back(value);

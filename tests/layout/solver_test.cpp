@@ -111,7 +111,7 @@ TEST(Solver, AHugeViolationBelowNeverBeatsATinyOneAbove) {
   EXPECT_NEAR(model.value(y), 1000, 1e-6);
 }
 
-TEST(Solver, OnePriorityMinimisesTheSumOfItsViolations) {
+TEST(Solver, OnePriorityMinimizesTheSumOfItsViolations) {
   Model model;
   const auto x = model.addVariable();
   model.set(x, 10, 500);

@@ -7,7 +7,7 @@ namespace test {
 namespace {
 
 // Of fifteen lines, which is as many as a banner shows.
-constexpr double longestDismissal = 0.7 + 15 * 0.02 + 0.01;
+constexpr double maxDismissal = 0.7 + 15 * 0.02 + 0.01;
 
 std::size_t containersIn(const UIView* view) {
   std::size_t found = 0;
@@ -77,7 +77,7 @@ std::string BannerRules::brokenBy(std::size_t number, BannerController* controll
     known.leavingSince.reset();
   else if (!known.leavingSince)
     known.leavingSince = foundation::now();
-  else if (foundation::now() - *known.leavingSince > longestDismissal)
+  else if (foundation::now() - *known.leavingSince > maxDismissal)
     return "does not get off the screen";
   return brokenFlags(controller, isOnScreen);
 }

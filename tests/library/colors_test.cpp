@@ -56,7 +56,7 @@ TEST(Colors, LightPaletteIsBlackOnTranslucentWhiteWithADarkRed) {
 
 class BlackMode : public testing::TestWithParam<NSInteger> {};
 
-TEST_P(BlackMode, IsGreyOnOpaqueBlack) {
+TEST_P(BlackMode, IsGrayOnOpaqueBlack) {
   const Phone phone;
   const auto colors = BrimColors::withMode(GetParam());
   EXPECT_EQ(components(colors->containerBackgroundColor()), (Components{0, 0, 0, 1}));
@@ -81,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(Versions, DarkBackground,
                          testing::Values(std::pair("11.4", 0.8), std::pair("12.4", 0.8), std::pair("13.0", 0.3),
                                          std::pair("13.5", 0.3), std::pair("14.2", 0.3)));
 
-TEST(Colors, CustomColourReplacesItsPaletteEntryOnlyWhenSet) {
+TEST(Colors, CustomColorReplacesItsPaletteEntryOnlyWhenSet) {
   const Phone phone;
   const auto colors = BrimColors::withMode(darkMode);
   setCustom(colors, nullptr);
@@ -91,7 +91,7 @@ TEST(Colors, CustomColourReplacesItsPaletteEntryOnlyWhenSet) {
   EXPECT_EQ(components(colors->containerButtonColor()), (Components{1, 1, 1, 0.1}));
 }
 
-TEST(Colors, CustomColoursAreIgnoredWhileNotInUse) {
+TEST(Colors, CustomColorsAreIgnoredWhileNotInUse) {
   const Phone phone;
   const auto colors = BrimColors::withMode(darkMode);
   setCustom(colors, UIColor::withRed(0.25, 0.5, 0.75, 1));
@@ -99,7 +99,7 @@ TEST(Colors, CustomColoursAreIgnoredWhileNotInUse) {
   EXPECT_EQ(components(colors->containerTextColor()), (Components{1, 1, 1, 1}));
 }
 
-TEST(Colors, CopyHasTheModeAndNoCustomColours) {
+TEST(Colors, CopyHasTheModeAndNoCustomColors) {
   const Phone phone;
   const auto colors = BrimColors::withMode(blackMode);
   setCustom(colors, UIColor::withRed(0.25, 0.5, 0.75, 1));

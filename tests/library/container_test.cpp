@@ -64,7 +64,7 @@ TEST(Container, DismissNotificationIsOneFlagForAllAndOnAtStart) {
   EXPECT_FALSE(BrimContainer::DismissNotification());
 }
 
-TEST(Container, ColourSetIsCopiedWithItsModeOnly) {
+TEST(Container, ColorSetIsCopiedWithItsModeOnly) {
   const Phone phone;
   const auto colors = BrimColors::withMode(blackMode);
   objc::send<void, "setUseCustomColors:">(colors.get(), true);
@@ -117,7 +117,7 @@ TEST(Buttons, WithoutButtonsTheAlphaIsTheReplyViews) {
   EXPECT_FALSE(shown.banner->reply()->isHidden());
 }
 
-TEST(ColourSet, ThatIsCustomPinsTheBanner) {
+TEST(ColorSet, ThatIsCustomPinsTheBanner) {
   Phone phone;
   const Shown shown(container("A"_ns, nullptr, "B"_ns));
   BrimColors* const pinned = shown.banner->colorSet();

@@ -212,7 +212,7 @@ TEST(Drag, OfABannerThatHasGoneChangesNothing) {
   EXPECT_TRUE(BrimContainer::DismissNotification());
 }
 
-// The recogniser outlives the banner's time on screen, and its last event may come then.
+// The recognizer outlives the banner's time on screen, and its last event may come then.
 TEST(Drag, ThatEndsAfterTheBannerHasGoneDoesNotHoldBackLaterOnes) {
   Phone phone;
   const int controller = presentThreeLines(phone);

@@ -31,7 +31,7 @@ objc::Ref<UIImage> picture() {
 
 enum class Badge { Glyph, Icon };
 
-// A laid out banner of the application, in the colour mode.
+// A laid out banner of the application, in the color mode.
 struct Shown {
   objc::Ref<UIView> superview = UIView::withFrame<UIView>({{0, 0}, {359, 100}});
   objc::Ref<UIImage> icon = picture();
@@ -73,14 +73,14 @@ constexpr GlyphCase applications[] = {
 
 class Glyph : public testing::TestWithParam<GlyphCase> {};
 
-TEST_P(Glyph, IsTheApplicationsInTheColourThatSuitsTheMode) {
+TEST_P(Glyph, IsTheApplicationsInTheColorThatSuitsTheMode) {
   const Phone phone;
   for (const NSInteger mode : {darkMode, blackMode, lightMode, NSInteger{0}, NSInteger{7}}) {
     const Shown shown(GetParam().application, mode);
     shown.banner->updateImage(picture());
-    const std::string colour = mode == darkMode || mode == blackMode ? "white" : "black";
+    const std::string color = mode == darkMode || mode == blackMode ? "white" : "black";
     const std::string name = nameOf(badge(shown.banner)->image());
-    EXPECT_TRUE(endsWith(name, "glyphs/" + colour + "/" + GetParam().glyph + ".png")) << name;
+    EXPECT_TRUE(endsWith(name, "glyphs/" + color + "/" + GetParam().glyph + ".png")) << name;
   }
 }
 
@@ -125,7 +125,7 @@ TEST(UpdateImage, OfNilClearsTheLargePicture) {
   EXPECT_EQ(largePicture(shown.banner)->image(), nullptr);
 }
 
-TEST(UpdateColors, RecoloursAGlyphThatIsShown) {
+TEST(UpdateColors, RecolorsAGlyphThatIsShown) {
   const Phone phone;
   const Shown shown("com.apple.MobileSMS", lightMode);
   shown.banner->updateImage(picture());

@@ -91,7 +91,7 @@ TEST(Layout, WithoutGrabberThePaddingIsSmaller) {
   EXPECT_DOUBLE_EQ(bottom(phone.banner(controller)), bottom(phone.view(controller, "_appIV")) + 16.67);
 }
 
-TEST(Layout, GrabberIsCentredAtTheBottomEdge) {
+TEST(Layout, GrabberIsCenteredAtTheBottomEdge) {
   Phone phone = phoneWith({});
   const int controller = phone.present(message());
   phone.wait(1);

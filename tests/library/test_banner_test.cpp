@@ -82,8 +82,8 @@ TEST(TestBanner, VibratesWhateverTheSettingAndNeverUsesTheEngine) {
 // As it is before the platform has made its server, or when it could not make one.
 void forgetServer() {
   const SEL selector = sel_registerName("initWithQueue:");
-  const IMP initialiser = class_getMethodImplementation(BBServer::classObject(), selector);
-  reinterpret_cast<id (*)(id, SEL, id)>(initialiser)(nullptr, selector, nullptr);
+  const IMP initializer = class_getMethodImplementation(BBServer::classObject(), selector);
+  reinterpret_cast<id (*)(id, SEL, id)>(initializer)(nullptr, selector, nullptr);
 }
 
 TEST(TestBanner, OnlyVibratesWithoutAServer) {

@@ -11,15 +11,15 @@ namespace test {
 
 namespace fs = std::filesystem;
 
-std::string pictureBytes(Colour colour) {
+std::string pictureBytes(Color color) {
   drawing::Canvas canvas({4, 4}, 1);
   canvas.clear(
-      {colour == Colour::Red ? 1.0 : 0.0, colour == Colour::Green ? 1.0 : 0.0, colour == Colour::Blue ? 1.0 : 0.0, 1});
+      {color == Color::Red ? 1.0 : 0.0, color == Color::Green ? 1.0 : 0.0, color == Color::Blue ? 1.0 : 0.0, 1});
   const std::vector<std::byte> bytes = drawing::encodePng(*canvas.snapshot());
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-void writePicture(const fs::path& path, Colour colour) { writeFile(path, pictureBytes(colour)); }
+void writePicture(const fs::path& path, Color color) { writeFile(path, pictureBytes(color)); }
 
 void writeFile(const fs::path& path, const std::string& bytes) {
   fs::create_directories(path.parent_path());

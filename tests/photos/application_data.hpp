@@ -6,12 +6,12 @@
 
 namespace test {
 
-// Colours of pictures, by which tests tell them apart.
-enum class Colour { Red, Green, Blue };
+// Colors of pictures, by which tests tell them apart.
+enum class Color { Red, Green, Blue };
 
 // The bytes of a small PNG.
-std::string pictureBytes(Colour colour);
-void writePicture(const std::filesystem::path& path, Colour colour);
+std::string pictureBytes(Color color);
+void writePicture(const std::filesystem::path& path, Color color);
 
 void writeFile(const std::filesystem::path& path, const std::string& bytes);
 std::string readFile(const std::filesystem::path& path);

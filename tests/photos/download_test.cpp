@@ -7,8 +7,8 @@
 
 namespace {
 
-using test::Colour;
-using test::Colours;
+using test::Color;
+using test::Colors;
 using test::Delivery;
 using test::Json;
 using test::PhotoPhone;
@@ -23,8 +23,8 @@ Json discordAuthor(const Json& author) { return {{"message", {{"author", author}
 
 TEST(DiscordPhoto, IsTheAuthorsAvatarOfEightyPixels) {
   PhotoPhone phone;
-  phone.serve("/avatars/123/abc.png?size=80", Colour::Red);
-  EXPECT_EQ(phone.shownAfter(discord, discordAuthor({{"id", "123"}, {"avatar", "abc"}})), Colours{Colour::Red});
+  phone.serve("/avatars/123/abc.png?size=80", Color::Red);
+  EXPECT_EQ(phone.shownAfter(discord, discordAuthor({{"id", "123"}, {"avatar", "abc"}})), Colors{Color::Red});
   EXPECT_EQ(phone.asked(), Targets{"/avatars/123/abc.png?size=80"});
   EXPECT_EQ(phone.server.requests().front().method, "GET");
 }
@@ -38,14 +38,14 @@ TEST(DiscordPhoto, AuthorWithoutAvatarIsNotAskedFor) {
 
 TEST(InstagramPhoto, IsAtTheAddressThatIsSentAlong) {
   PhotoPhone phone;
-  phone.serve("/photo.jpg?s=1", Colour::Green);
-  EXPECT_EQ(phone.shownAfter(instagram, {{"a", phone.server.address("/photo.jpg?s=1")}}), Colours{Colour::Green});
+  phone.serve("/photo.jpg?s=1", Color::Green);
+  EXPECT_EQ(phone.shownAfter(instagram, {{"a", phone.server.address("/photo.jpg?s=1")}}), Colors{Color::Green});
 }
 
 TEST(MessengerPhoto, IsTheSquarePictureOfTheSender) {
   PhotoPhone phone;
-  phone.serve("/1000/picture?type=square", Colour::Blue);
-  EXPECT_EQ(phone.shownAfter(messenger, {{"p", {{"a", "1000"}}}}), Colours{Colour::Blue});
+  phone.serve("/1000/picture?type=square", Color::Blue);
+  EXPECT_EQ(phone.shownAfter(messenger, {{"p", {{"a", "1000"}}}}), Colors{Color::Blue});
 }
 
 TEST(MessengerPhoto, InnerDictionaryAloneCountsWhereItIsThere) {
@@ -66,7 +66,7 @@ TEST(MessengerPhoto, WithoutSenderNothingIsAskedFor) {
 
 TEST(Download, BannerShowsThePictureWithTheGlyphBesideIt) {
   PhotoPhone phone;
-  phone.serve("/photo.png", Colour::Green);
+  phone.serve("/photo.png", Color::Green);
   const int controller = phone.present(instagram, {{"a", phone.server.address("/photo.png")}});
   const Json icon = phone.phone.view(controller, "_appIV").at("image");
   phone.phone.run({{"do", "await"}, {"for", "photo"}});
@@ -77,18 +77,18 @@ TEST(Download, BannerShowsThePictureWithTheGlyphBesideIt) {
 
 TEST(Download, PresentingDoesNotWaitForTheServer) {
   PhotoPhone phone;
-  phone.server.answer("/photo.png", {.body = pictureBytes(Colour::Red), .timing = Timing::WhenReleased});
+  phone.server.answer("/photo.png", {.body = pictureBytes(Color::Red), .timing = Timing::WhenReleased});
   const int controller = phone.present(instagram, {{"a", phone.server.address("/photo.png")}});
   EXPECT_FALSE(phone.phone.banner(controller).is_null());
   EXPECT_TRUE(phone.pictures.all().empty());
   phone.server.release();
   phone.settle();
-  EXPECT_EQ(phone.pictures.all(), Colours{Colour::Red});
+  EXPECT_EQ(phone.pictures.all(), Colors{Color::Red});
 }
 
 TEST(Download, BannerThatHasGoneNeedsNoPicture) {
   PhotoPhone phone;
-  phone.server.answer("/photo.png", {.body = pictureBytes(Colour::Red), .timing = Timing::WhenReleased});
+  phone.server.answer("/photo.png", {.body = pictureBytes(Color::Red), .timing = Timing::WhenReleased});
   const int controller = phone.present(instagram, {{"a", phone.server.address("/photo.png")}});
   ASSERT_TRUE(phone.server.waitForRequests(1));
   phone.phone.wait(10);
@@ -100,13 +100,13 @@ TEST(Download, BannerThatHasGoneNeedsNoPicture) {
 
 TEST(Download, StatusOfThePictureDoesNotMatter) {
   PhotoPhone phone;
-  phone.server.answer("/photo.png", {.status = 404, .body = pictureBytes(Colour::Red)});
-  EXPECT_EQ(phone.shownAfter(instagram, {{"a", phone.server.address("/photo.png")}}), Colours{Colour::Red});
+  phone.server.answer("/photo.png", {.status = 404, .body = pictureBytes(Color::Red)});
+  EXPECT_EQ(phone.shownAfter(instagram, {{"a", phone.server.address("/photo.png")}}), Colors{Color::Red});
 }
 
 TEST(Download, WhatCannotBeShownChangesNothing) {
   PhotoPhone phone;
-  const std::string picture = pictureBytes(Colour::Red);
+  const std::string picture = pictureBytes(Color::Red);
   phone.server.answer("/text", {.body = "<html>no picture</html>"});
   phone.server.answer("/empty", {});
   phone.server.answer("/truncated", {.body = picture.substr(0, picture.size() / 2)});
@@ -136,7 +136,7 @@ TEST(Download, ServerThatIsNotThereChangesNothing) {
 
 TEST(Download, OnlyAddressesOfWebServersAreAskedFor) {
   PhotoPhone phone;
-  writePicture(phone.root() / "photo.png", Colour::Red);
+  writePicture(phone.root() / "photo.png", Color::Red);
   const std::string server = phone.server.address();
   const std::string host = server.substr(std::string("http://").size());
   phone.phone.log();
@@ -168,9 +168,9 @@ TEST(Download, OnlyAddressesOfWebServersAreAskedFor) {
 
 TEST(Download, SchemeMayBeInUpperCase) {
   PhotoPhone phone;
-  phone.serve("/photo.png", Colour::Red);
+  phone.serve("/photo.png", Color::Red);
   const std::string address = "HTTP" + phone.server.address("/photo.png").substr(4);
-  EXPECT_EQ(phone.shownAfter(instagram, {{"a", address}}), Colours{Colour::Red});
+  EXPECT_EQ(phone.shownAfter(instagram, {{"a", address}}), Colors{Color::Red});
 }
 
 TEST(Download, IdentifiersThatMakeNoAddressAreNotAskedFor) {

@@ -97,7 +97,7 @@ TEST_F(FolderFinderTest, EveryCallLooksAnew) {
 }
 
 // Kilobytes that the process has held at its largest.
-long mostMemory() {
+long maxMemory() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
   return usage.ru_maxrss;
@@ -158,9 +158,9 @@ TEST_F(FolderFinderTest, BadMetadataDoesNotMatchAndDoesNotEndTheSearch) {
 TEST_F(FolderFinderTest, MetadataOfAHundredMegabytesIsNotRead) {
   fs::create_directories(containers / "bad");
   badContainers[std::size(badContainers) - 1].make(containers / "bad" / metadataName);
-  const long before = mostMemory();
+  const long before = maxMemory();
   EXPECT_EQ(found(group), "(nil)");
-  EXPECT_LT(mostMemory() - before, 10'000) << "kilobytes";
+  EXPECT_LT(maxMemory() - before, 10'000) << "kilobytes";
 }
 
 TEST_F(FolderFinderTest, MetadataOfAMebibyteIsTheLargest) {

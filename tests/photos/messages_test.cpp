@@ -6,8 +6,8 @@
 namespace {
 
 namespace fs = std::filesystem;
-using test::Colour;
-using test::Colours;
+using test::Color;
+using test::Colors;
 using test::Json;
 using test::PhotoPhone;
 
@@ -42,9 +42,9 @@ struct MessagesPhone : PhotoPhone {
     if (!book.empty()) test::writeFile(root() / "var/mobile/Library/AddressBook/Contacts.vcf", book);
   }
   // What a banner with these values is given.
-  Colours shownFor(const Json& userInfo) {
+  Colors shownFor(const Json& userInfo) {
     const std::size_t before = pictures.all().size();
-    const Colours& all = shownAfter(messages, userInfo);
+    const Colors& all = shownAfter(messages, userInfo);
     return {all.begin() + static_cast<std::ptrdiff_t>(before), all.end()};
   }
 };
@@ -53,98 +53,97 @@ Json byIdentifier(const Json& identifier) { return {{"CKBBContextKeySenderPerson
 Json byDisplayText(const Json& text) { return {{"AssistantContext", {{"msgSender", {{"displayText", text}}}}}}; }
 
 TEST(MessagesPhoto, IsThatOfTheContactWithTheIdentifier) {
-  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}, {"B-2", "Ben", {}, pictureBytes(Colour::Blue)}});
-  EXPECT_EQ(phone.shownFor(byIdentifier("B-2")), Colours{Colour::Blue});
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}, {"B-2", "Ben", {}, pictureBytes(Color::Blue)}});
+  EXPECT_EQ(phone.shownFor(byIdentifier("B-2")), Colors{Color::Blue});
 }
 
 TEST(MessagesPhoto, IsShownAfterTheBannerHasAppeared) {
-  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
   phone.phone.log();
   const int controller = phone.present(messages, byIdentifier("A-1"));
   phone.settle();
-  EXPECT_EQ(phone.pictures.all(), Colours{Colour::Red});
+  EXPECT_EQ(phone.pictures.all(), Colors{Color::Red});
   for (const Json& event : phone.phone.log())
     EXPECT_TRUE(event.at("event") != "photo" || event.at("controller") == controller) << event;
 }
 
 TEST(MessagesPhoto, IdentifiersAreComparedExactly) {
-  MessagesPhone phone({{"A-1", "Anna", {"a-1"}, pictureBytes(Colour::Red)}});
+  MessagesPhone phone({{"A-1", "Anna", {"a-1"}, pictureBytes(Color::Red)}});
   for (const char* identifier : {"a-1", "A-1 ", "A-", "Anna", ""})
-    EXPECT_EQ(phone.shownFor(byIdentifier(identifier)), Colours{}) << identifier;
+    EXPECT_EQ(phone.shownFor(byIdentifier(identifier)), Colors{}) << identifier;
 }
 
 TEST(MessagesPhoto, ContactWithoutPictureHasNone) {
-  MessagesPhone phone({{"A-1", "Anna"}, {"B-2", "Ben", {}, pictureBytes(Colour::Blue)}});
-  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colours{});
+  MessagesPhone phone({{"A-1", "Anna"}, {"B-2", "Ben", {}, pictureBytes(Color::Blue)}});
+  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colors{});
 }
 
 TEST(MessagesPhoto, SendersNameIsTakenForAnIdentifier) {
-  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
-  EXPECT_EQ(phone.shownFor({{"CKBBContextKeySenderName", "Anna"}}), Colours{});
-  EXPECT_EQ(phone.shownFor({{"CKBBContextKeySenderName", "A-1"}}), Colours{Colour::Red});
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
+  EXPECT_EQ(phone.shownFor({{"CKBBContextKeySenderName", "Anna"}}), Colors{});
+  EXPECT_EQ(phone.shownFor({{"CKBBContextKeySenderName", "A-1"}}), Colors{Color::Red});
   Json both = byIdentifier("nobody");
   both["CKBBContextKeySenderName"] = "A-1";
-  EXPECT_EQ(phone.shownFor(both), Colours{});
+  EXPECT_EQ(phone.shownFor(both), Colors{});
 }
 
 TEST(MessagesPhoto, DisplayTextMayBeAGivenName) {
-  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colours{Colour::Red});
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colors{Color::Red});
   for (const char* text : {"anna", "Family", "A-1", "+491511", "Anna "})
-    EXPECT_EQ(phone.shownFor(byDisplayText(text)), Colours{}) << text;
+    EXPECT_EQ(phone.shownFor(byDisplayText(text)), Colors{}) << text;
 }
 
 TEST(MessagesPhoto, DisplayTextMayBeOneOfTheAddresses) {
-  MessagesPhone phone({{"A-1", "Anna", {"anna@home.example", "anna@work.example"}, pictureBytes(Colour::Green)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("anna@work.example")), Colours{Colour::Green});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Anna@Work.example")), Colours{});
+  MessagesPhone phone({{"A-1", "Anna", {"anna@home.example", "anna@work.example"}, pictureBytes(Color::Green)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("anna@work.example")), Colors{Color::Green});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Anna@Work.example")), Colors{});
 }
 
 TEST(MessagesPhoto, FirstMatchWithAPictureIsShownAndNoOther) {
-  MessagesPhone phone({{"A-1", "Anna"},
-                       {"A-2", "Anna", {}, pictureBytes(Colour::Blue)},
-                       {"A-3", "Anna", {}, pictureBytes(Colour::Red)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colours{Colour::Blue});
+  MessagesPhone phone(
+      {{"A-1", "Anna"}, {"A-2", "Anna", {}, pictureBytes(Color::Blue)}, {"A-3", "Anna", {}, pictureBytes(Color::Red)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colors{Color::Blue});
 }
 
 TEST(MessagesPhoto, PictureThatCannotBeDecodedIsNotReplacedByALaterOne) {
-  MessagesPhone phone({{"A-1", "Anna", {}, "no picture"}, {"A-2", "Anna", {}, pictureBytes(Colour::Blue)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colours{});
+  MessagesPhone phone({{"A-1", "Anna", {}, "no picture"}, {"A-2", "Anna", {}, pictureBytes(Color::Blue)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colors{});
 }
 
 TEST(MessagesPhoto, DisplayTextCountsOnlyWithoutIdentifierAndName) {
-  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
   for (const char* key : {"CKBBContextKeySenderPersonCentricID", "CKBBContextKeySenderName"}) {
     Json values = byDisplayText("Anna");
     values[key] = "nobody";
-    EXPECT_EQ(phone.shownFor(values), Colours{}) << key;
+    EXPECT_EQ(phone.shownFor(values), Colors{}) << key;
   }
 }
 
 TEST(MessagesPhoto, MissingLevelsEndTheSearch) {
-  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Colour::Red)}});
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
   for (const Json& values : {Json::object(), Json{{"AssistantContext", Json::object()}},
                              Json{{"AssistantContext", {{"msgSender", Json::object()}}}}})
-    EXPECT_EQ(phone.shownFor(values), Colours{}) << values;
+    EXPECT_EQ(phone.shownFor(values), Colors{}) << values;
 }
 
 TEST(MessagesPhoto, AddressBookThatCannotBeReadHoldsNobody) {
   MessagesPhone phone;
-  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colours{}) << "missing";
+  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colors{}) << "missing";
   const fs::path book = phone.root() / "var/mobile/Library/AddressBook/Contacts.vcf";
   fs::create_directories(book);
-  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colours{}) << "a folder";
+  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colors{}) << "a folder";
   fs::remove(book);
   test::writeFile(book, "no cards");
-  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colours{}) << "no cards";
+  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colors{}) << "no cards";
 }
 
 TEST(MessagesPhoto, NamesOfEveryKindAreCompared) {
-  MessagesPhone phone({{"A-1", "Zoë 🙂", {}, pictureBytes(Colour::Red)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Zoë 🙂")), Colours{Colour::Red});
+  MessagesPhone phone({{"A-1", "Zoë 🙂", {}, pictureBytes(Color::Red)}});
+  EXPECT_EQ(phone.shownFor(byDisplayText("Zoë 🙂")), Colors{Color::Red});
   for (const std::string& text :
        {std::string("Zoe\u0308 🙂'"), std::string("%"), std::string("\\"), std::string(), std::string(1 << 20, 'a')})
-    EXPECT_EQ(phone.shownFor(byDisplayText(text)), Colours{});
+    EXPECT_EQ(phone.shownFor(byDisplayText(text)), Colors{});
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ void PhotoPhone::settle() {
   }
 }
 
-const Colours& PhotoPhone::shownAfter(const std::string& application, const Json& userInfo, const Json& fields) {
+const Colors& PhotoPhone::shownAfter(const std::string& application, const Json& userInfo, const Json& fields) {
   present(application, userInfo, fields);
   settle();
   return pictures.all();

@@ -7,7 +7,7 @@
 
 namespace test {
 
-using Colours = std::vector<std::optional<Colour>>;
+using Colors = std::vector<std::optional<Color>>;
 
 class PhotoPhone {
  public:
@@ -18,10 +18,10 @@ class PhotoPhone {
   // Waits until no server is waited for, and until all that came of it is done.
   void settle();
   // Presents it, settles, and gives the pictures that banners were given since the test began.
-  const Colours& shownAfter(const std::string& application, const Json& userInfo, const Json& fields = Json::object());
+  const Colors& shownAfter(const std::string& application, const Json& userInfo, const Json& fields = Json::object());
 
   // Answers the target with a picture.
-  void serve(const std::string& target, Colour colour) { server.answer(target, {.body = pictureBytes(colour)}); }
+  void serve(const std::string& target, Color color) { server.answer(target, {.body = pictureBytes(color)}); }
   // The targets asked for, in the order of their arrival.
   std::vector<std::string> asked() const;
   // The endpoints file of the asset bundle.

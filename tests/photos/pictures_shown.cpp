@@ -11,16 +11,16 @@ namespace test {
 struct Recording {
   static inline PicturesShown* current = nullptr;
 
-  static std::optional<Colour> colourOf(UIImage* image) {
+  static std::optional<Color> colorOf(UIImage* image) {
     const auto pixels = uikit::imageOf(image);
     if (pixels == nullptr) return std::nullopt;
     switch (pixels->pixel(0, 0)) {
       case 0xffff0000:
-        return Colour::Red;
+        return Color::Red;
       case 0xff00ff00:
-        return Colour::Green;
+        return Color::Green;
       case 0xff0000ff:
-        return Colour::Blue;
+        return Color::Blue;
       default:
         throw std::runtime_error("a picture that no test made");
     }
@@ -29,7 +29,7 @@ struct Recording {
   static void updateImage(objc::Original<void(BrimContainer*, UIImage*)> original, BrimContainer* self,
                           UIImage* image) {
     original(self, image);
-    if (current != nullptr) current->shown.push_back(colourOf(image));
+    if (current != nullptr) current->shown.push_back(colorOf(image));
   }
 };
 

@@ -16,11 +16,11 @@ class PicturesShown {
   ~PicturesShown();
 
   // Nothing for each nil.
-  const std::vector<std::optional<Colour>>& all() const { return shown; }
+  const std::vector<std::optional<Color>>& all() const { return shown; }
 
  private:
   friend struct Recording;
-  std::vector<std::optional<Colour>> shown;
+  std::vector<std::optional<Color>> shown;
 };
 
 }  // namespace test

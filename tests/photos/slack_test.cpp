@@ -8,8 +8,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using test::channel;
-using test::Colour;
-using test::Colours;
+using test::Color;
+using test::Colors;
 using test::direct;
 using test::Json;
 using test::slack;
@@ -21,16 +21,16 @@ using test::Targets;
 TEST(SlackPhoto, IsThatOfTheNameBeforeTheColonOfADirectMessage) {
   SlackPhone phone;
   phone.makeDatabase();
-  phone.serve(target("Alice"), Colour::Red);
-  EXPECT_EQ(phone.shownAfter(slack, direct("Alice: hello: there")), Colours{Colour::Red});
+  phone.serve(target("Alice"), Color::Red);
+  EXPECT_EQ(phone.shownAfter(slack, direct("Alice: hello: there")), Colors{Color::Red});
   EXPECT_EQ(phone.asked(), Targets{target("Alice")});
 }
 
 TEST(SlackPhoto, IsThatOfTheSecondWordInAChannel) {
   SlackPhone phone;
   phone.makeDatabase();
-  phone.serve(target("Bob"), Colour::Green);
-  EXPECT_EQ(phone.shownAfter(slack, channel("#general Bob: hi")), Colours{Colour::Green});
+  phone.serve(target("Bob"), Color::Green);
+  EXPECT_EQ(phone.shownAfter(slack, channel("#general Bob: hi")), Colors{Color::Green});
 }
 
 TEST(SlackPhoto, OtherKindsOfThreadsNameNobody) {
@@ -121,14 +121,14 @@ TEST(SlackPhoto, UndecodableAvatarClearsThePicture) {
   SlackPhone phone;
   phone.makeDatabase();
   phone.server.answer(target("Alice"), {.body = "no picture"});
-  EXPECT_EQ(phone.shownAfter(slack, direct("Alice: hi")), Colours{std::nullopt});
+  EXPECT_EQ(phone.shownAfter(slack, direct("Alice: hi")), Colors{std::nullopt});
 }
 
 TEST(SlackPhoto, FailedDownloadChangesNothing) {
   SlackPhone phone;
   phone.makeDatabase();
   phone.server.answer(target("Alice"), {.delivery = test::Delivery::Nothing});
-  EXPECT_EQ(phone.shownAfter(slack, direct("Alice: hi")), Colours{});
+  EXPECT_EQ(phone.shownAfter(slack, direct("Alice: hi")), Colors{});
   EXPECT_EQ(phone.asked(), Targets{target("Alice")});
 }
 

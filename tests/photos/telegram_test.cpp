@@ -5,8 +5,8 @@
 namespace {
 
 namespace fs = std::filesystem;
-using test::Colour;
-using test::Colours;
+using test::Color;
+using test::Colors;
 using test::Json;
 using test::PhotoPhone;
 
@@ -19,19 +19,19 @@ struct TelegramPhone : PhotoPhone {
 
 TEST(TelegramPhoto, IsTheSendersAvatarFile) {
   TelegramPhone phone;
-  writePicture(phone.avatars / "p:42/avatar.png", Colour::Green);
-  EXPECT_EQ(phone.shownAfter(telegram, {{"from_id", "42"}}), Colours{Colour::Green});
+  writePicture(phone.avatars / "p:42/avatar.png", Color::Green);
+  EXPECT_EQ(phone.shownAfter(telegram, {{"from_id", "42"}}), Colors{Color::Green});
 }
 
 TEST(TelegramPhoto, SenderMayBeANumber) {
   TelegramPhone phone;
-  writePicture(phone.avatars / "p:42/avatar.png", Colour::Green);
-  EXPECT_EQ(phone.shownAfter(telegram, {{"from_id", 42}}), Colours{Colour::Green});
+  writePicture(phone.avatars / "p:42/avatar.png", Color::Green);
+  EXPECT_EQ(phone.shownAfter(telegram, {{"from_id", 42}}), Colors{Color::Green});
 }
 
 TEST(TelegramPhoto, WithoutFileNothingIsShown) {
   TelegramPhone phone;
-  writePicture(phone.avatars / "p:42/avatar.png", Colour::Green);
+  writePicture(phone.avatars / "p:42/avatar.png", Color::Green);
   test::writeFile(phone.avatars / "p:44/avatar.png", "no picture");
   fs::create_directories(phone.avatars / "p:45/avatar.png");
   for (const char* sender : {"43", "44", "45", "", "../p:46", "%@", "4\n2"})
@@ -40,7 +40,7 @@ TEST(TelegramPhoto, WithoutFileNothingIsShown) {
 
 TEST(TelegramPhoto, WithoutSenderOrContainerNothingIsShown) {
   TelegramPhone phone;
-  writePicture(phone.avatars / "p:(null)/avatar.png", Colour::Green);
+  writePicture(phone.avatars / "p:(null)/avatar.png", Color::Green);
   EXPECT_TRUE(phone.shownAfter(telegram, Json::object()).empty());
   fs::remove_all(test::sharedContainers(phone.root()) / "T1");
   EXPECT_TRUE(phone.shownAfter(telegram, {{"from_id", "42"}}).empty());

@@ -4,8 +4,8 @@
 
 namespace {
 
-using test::Colour;
-using test::Colours;
+using test::Color;
+using test::Colors;
 using test::Json;
 using test::PhotoPhone;
 using Targets = std::vector<std::string>;
@@ -25,10 +25,10 @@ struct TwitterPhone : PhotoPhone {
 
 TEST(TwitterPhoto, IsAtTheAddressInTheTweetAndNoPageIsAskedFor) {
   TwitterPhone phone;
-  phone.serve("/profile_images/1/a_normal.jpg", Colour::Red);
+  phone.serve("/profile_images/1/a_normal.jpg", Color::Red);
   Json values = tweetWith({{"profile_image_url", phone.image("1/a_normal.jpg")}});
   values["D"] = "anna";
-  EXPECT_EQ(phone.shownAfter(twitter, values), Colours{Colour::Red});
+  EXPECT_EQ(phone.shownAfter(twitter, values), Colors{Color::Red});
   EXPECT_EQ(phone.asked(), Targets{"/profile_images/1/a_normal.jpg"});
 }
 
@@ -52,9 +52,9 @@ TEST(TwitterPhoto, IsTheFirstPictureOfTheAccountsPage) {
   TwitterPhone phone;
   phone.server.answer("/anna", {.body = phone.pageWith({"https://other.example/profile_images/0/x.jpg",
                                                         phone.image("1/a.jpg"), phone.image("2/b.jpg")})});
-  phone.serve("/profile_images/1/a.jpg", Colour::Green);
-  phone.serve("/profile_images/2/b.jpg", Colour::Blue);
-  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colours{Colour::Green});
+  phone.serve("/profile_images/1/a.jpg", Color::Green);
+  phone.serve("/profile_images/2/b.jpg", Color::Blue);
+  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
   EXPECT_EQ(phone.asked(), (Targets{"/anna", "/profile_images/1/a.jpg"}));
 }
 
@@ -62,14 +62,14 @@ TEST(TwitterPhoto, AddressInUpperCaseMatches) {
   TwitterPhone phone;
   const std::string address = "HTTP" + phone.server.address("/PROFILE_IMAGES/1/A.JPG").substr(4);
   phone.server.answer("/anna", {.body = phone.pageWith({address})});
-  phone.serve("/PROFILE_IMAGES/1/A.JPG", Colour::Green);
-  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colours{Colour::Green});
+  phone.serve("/PROFILE_IMAGES/1/A.JPG", Color::Green);
+  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
 }
 
 TEST(TwitterPhoto, PageOfAnyOtherStatusIsNotSearched) {
   TwitterPhone phone;
   const std::string page = phone.pageWith({phone.image("1/a.jpg")});
-  phone.serve("/profile_images/1/a.jpg", Colour::Green);
+  phone.serve("/profile_images/1/a.jpg", Color::Green);
   for (const int status : {201, 204, 301, 403, 404, 500}) {
     phone.server.answer("/anna", {.status = status, .body = page});
     EXPECT_TRUE(phone.shownAfter(twitter, {{"D", "anna"}}).empty()) << status;
@@ -95,15 +95,15 @@ TEST(TwitterPhoto, DotsOfTheImageHostStandForThemselves) {
   TwitterPhone phone;
   const std::string other = "http://127x0x0x1" + phone.server.address().substr(phone.server.address().rfind(':'));
   phone.server.answer("/anna", {.body = phone.pageWith({other + "/profile_images/1/a.jpg", phone.image("2/b.jpg")})});
-  phone.serve("/profile_images/2/b.jpg", Colour::Blue);
-  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colours{Colour::Blue});
+  phone.serve("/profile_images/2/b.jpg", Color::Blue);
+  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colors{Color::Blue});
 }
 
 TEST(TwitterPhoto, LongPageIsSearchedToItsEnd) {
   TwitterPhone phone;
   phone.server.answer("/anna", {.body = std::string(4 << 20, ' ') + phone.pageWith({phone.image("1/a.jpg")})});
-  phone.serve("/profile_images/1/a.jpg", Colour::Green);
-  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colours{Colour::Green});
+  phone.serve("/profile_images/1/a.jpg", Color::Green);
+  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
 }
 
 TEST(TwitterPhoto, AccountThatMakesNoAddressIsNotAskedFor) {

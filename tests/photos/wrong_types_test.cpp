@@ -5,8 +5,8 @@
 
 namespace {
 
-using test::Colour;
-using test::Colours;
+using test::Color;
+using test::Colors;
 using test::Json;
 using test::PhotoPhone;
 
@@ -53,10 +53,10 @@ constexpr double untilItHasGone = 7;
 class WrongTypes : public testing::Test {
  protected:
   WrongTypes() {
-    phone.serve("/photo.png", Colour::Red);
+    phone.serve("/photo.png", Color::Red);
     test::writePicture(test::makeContainer(test::sharedContainers(phone.root()), "T1", "group.ph.telegra.Telegraph") /
                            "telegram-data/accounts-metadata/spotlight/p:42/avatar.png",
-                       Colour::Red);
+                       Color::Red);
   }
 
   // Whether a banner with these values is built, and keeps its icon.
@@ -64,7 +64,7 @@ class WrongTypes : public testing::Test {
     const int controller = phone.present(application, userInfo);
     phone.settle();
     EXPECT_TRUE(phone.phone.state(controller).at("brim")) << application << userInfo;
-    EXPECT_EQ(phone.pictures.all(), Colours{}) << application << userInfo;
+    EXPECT_EQ(phone.pictures.all(), Colors{}) << application << userInfo;
     phone.phone.wait(untilItHasGone);
   }
 
@@ -103,8 +103,8 @@ TEST_F(WrongTypes, MissingValuesAreNoPicture) {
 }
 
 TEST_F(WrongTypes, OnlyIdentifiersMayBeNumbers) {
-  phone.serve("/7/picture?type=square", Colour::Green);
-  EXPECT_EQ(phone.shownAfter("com.facebook.Messenger", {{"p", {{"a", 7}}}}), Colours{Colour::Green});
+  phone.serve("/7/picture?type=square", Color::Green);
+  EXPECT_EQ(phone.shownAfter("com.facebook.Messenger", {{"p", {{"a", 7}}}}), Colors{Color::Green});
 }
 
 }  // namespace

@@ -80,7 +80,7 @@ struct Refusal {
 };
 
 TEST(Options, RefusalsSayWhatWouldBeRight) {
-  const Refusal refusals[] = {{{"--colour", "red"}, "unknown option --colour"},
+  const Refusal refusals[] = {{{"--color", "red"}, "unknown option --color"},
                               {{"script"}, "unknown option script"},
                               {{""}, "unknown option"},
                               {{"--device"}, "--device wants a value"},
@@ -89,7 +89,7 @@ TEST(Options, RefusalsSayWhatWouldBeRight) {
                               {{"--system", "9.3"}, "11.0 or later"},
                               {{"--system", "13.5.1.2"}, "such as 11.4"},
                               {{"--system", ""}, "such as 11.4"},
-                              {{"--appearance", "grey"}, "light or dark"},
+                              {{"--appearance", "gray"}, "light or dark"},
                               {{"--locale", "german"}, "such as en_US"},
                               {{"--locale", "de_de"}, "such as en_US"},
                               {{"--time", "noon"}, "2020-03-14T09:41"},

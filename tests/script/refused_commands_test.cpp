@@ -78,7 +78,7 @@ constexpr Refusal refusals[] = {
     {R"({"do":"set","key":"enabled"})", "set wants \"value\""},
     {R"({"do":"set","key":"","value":1})", "not empty"},
     {R"({"do":"set","key":"enabled","value":[null]})", "null to remove it"},
-    {R"({"do":"appearance","style":"grey"})", "light or dark"},
+    {R"({"do":"appearance","style":"gray"})", "light or dark"},
     {R"({"do":"screenshot"})", "screenshot wants \"path\""},
     {R"({"do":"screenshot","path":"/no/such/folder/a.png"})", "could not be written"},
     {R"({"do":"screenshot","path":"a.png","scale":0})", "above 0, at most 8"},

@@ -22,9 +22,9 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   // A process of the test may be about to end, and still write or remove something itself.
   ~TemporaryFolder() {
-    constexpr int mostTries = 200;
+    constexpr int maxTries = 200;
     std::error_code error;
-    for (int tries = 0; tries < mostTries; ++tries) {
+    for (int tries = 0; tries < maxTries; ++tries) {
       std::filesystem::remove_all(folder, error);
       if (!error) return;
       std::this_thread::sleep_for(std::chrono::milliseconds(10));

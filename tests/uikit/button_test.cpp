@@ -64,7 +64,7 @@ TEST_F(Buttons, HaveATitleForEachState) {
   EXPECT_EQ(text(objc::send<NSString*, "titleForState:">(button.get(), uikit::disabledState)), "Close");
 }
 
-TEST_F(Buttons, ColourTheTitleByState) {
+TEST_F(Buttons, ColorTheTitleByState) {
   const auto button = makeButton();
   button->setTitleColor(UIColor::redColor(), UIControlState::Normal);
   EXPECT_EQ(button->titleLabel()->textColor(), UIColor::redColor());
@@ -73,7 +73,7 @@ TEST_F(Buttons, ColourTheTitleByState) {
   EXPECT_EQ(alphaOf(button->titleLabel()), 1);
 }
 
-TEST_F(Buttons, AreWhiteUnlessColoured) {
+TEST_F(Buttons, AreWhiteUnlessColored) {
   EXPECT_EQ(uikit::colorOf(makeButton()->titleLabel()->textColor()), (drawing::Color{1, 1, 1, 1}));
 }
 

@@ -50,7 +50,7 @@ TEST_F(Colors, AreEqualByValue) {
   EXPECT_FALSE(color->isEqual(nullptr));
 }
 
-TEST_F(Colors, LendTheirCoreGraphicsColour) {
+TEST_F(Colors, LendTheirCoreGraphicsColor) {
   UIColor* color = UIColor::withRed(0.1, 0.2, 0.3, 0.4);
   EXPECT_EQ(color->CGColor()->color, (drawing::Color{0.1, 0.2, 0.3, 0.4}));
   EXPECT_EQ(color->CGColor(), color->CGColor());

@@ -22,11 +22,11 @@ NSString* brokenString();
 // What the view tree tells of the view.
 Json described(UIView* view);
 
-// A picture of one colour, premultiplied 0xAARRGGBB, of that size in pixels.
+// A picture of one color, premultiplied 0xAARRGGBB, of that size in pixels.
 std::shared_ptr<const drawing::Image> plainPicture(int width, int height, std::uint32_t pixel = 0xffff0000,
                                                    double scale = 1);
 
-// The smallest rectangle of the screen's pixels, at scale 1, that holds all pixels of another colour than this; empty
+// The smallest rectangle of the screen's pixels, at scale 1, that holds all pixels of another color than this; empty
 // without any.
 CGRect inkOnScreen(std::uint32_t background);
 

@@ -85,7 +85,7 @@ TEST_F(LabelDrawing, StaysAtTheTopWhileItsHeightGrows) {
   EXPECT_EQ(during, inkOnScreen(black));
 }
 
-TEST_F(LabelDrawing, UsesTheColoursOfItsParts) {
+TEST_F(LabelDrawing, UsesTheColorsOfItsParts) {
   auto styled = NSMutableAttributedString::withString("HH"_ns);
   styled->addAttribute("NSColor"_ns, UIColor::withRed(0, 0, 0, 1), {0, 1});
   auto label = addLabel("", {{100, 100}, {80, 18}}, NSTextAlignment::Left);

@@ -208,7 +208,7 @@ TEST_F(Labels, LoseTheTextWithNilStyledText) {
   EXPECT_EQ((objc::send<NSAttributedString*, "attributedText">(label.get())), nullptr);
 }
 
-TEST_F(Labels, AreWrittenInTheColourOfTheAppearanceUnlessTheyHaveTheirOwn) {
+TEST_F(Labels, AreWrittenInTheColorOfTheAppearanceUnlessTheyHaveTheirOwn) {
   const auto label = makeLabel("text");
   EXPECT_EQ(uikit::colorOf(label->textColor()), (drawing::Color{0, 0, 0, 1}));
   uikit::Environment dark;

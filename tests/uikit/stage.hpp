@@ -56,7 +56,7 @@ class ParagraphView : public objc::Interface<"ParagraphView", UIView> {
   static objc::Ref<ParagraphView> withLength(int characters);
 };
 
-// An object with an action for recognisers; it writes "pan STATE DX,DY" and "tap STATE".
+// An object with an action for recognizers; it writes "pan STATE DX,DY" and "tap STATE".
 class ActionTarget : public objc::Interface<"ActionTarget", NSObject> {};
 
 // How many probe views and action targets there are.

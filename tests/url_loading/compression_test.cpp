@@ -56,14 +56,14 @@ TEST_F(Compression, ThatIsBrokenIsAnError) {
 }
 
 TEST_F(Compression, OfMoreThanABodyMayHoldIsAnError) {
-  const std::string bomb = compressed(std::string(url_loading::longestBody + 1, '\0'), Format::Gzip);
+  const std::string bomb = compressed(std::string(url_loading::maxBody + 1, '\0'), Format::Gzip);
   ASSERT_LT(bomb.size(), 50'000u);
   EXPECT_EQ(loadAnswer(encoded(bomb, "gzip")).error, UrlError::BodyTooLong);
 }
 
 TEST_F(Compression, OfAsMuchAsABodyMayHoldIsUndone) {
-  const std::string most = compressed(std::string(url_loading::longestBody, '\0'), Format::Gzip);
-  EXPECT_EQ(loadAnswer(encoded(most, "gzip")).body.value_or("").size(), url_loading::longestBody);
+  const std::string most = compressed(std::string(url_loading::maxBody, '\0'), Format::Gzip);
+  EXPECT_EQ(loadAnswer(encoded(most, "gzip")).body.value_or("").size(), url_loading::maxBody);
 }
 
 TEST_F(Compression, AppliedAgainAndAgainIsAnError) {

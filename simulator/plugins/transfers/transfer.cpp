@@ -10,8 +10,8 @@ namespace {
 
 using url_loading::UrlError;
 
-constexpr long mostRedirections = 20;
-constexpr std::size_t longestHeaders = 256 << 10;
+constexpr long maxRedirections = 20;
+constexpr std::size_t maxHeaders = 256 << 10;
 constexpr long firstRedirection = 300;
 constexpr long firstFailure = 400;
 
@@ -76,13 +76,13 @@ void Transfer::configure() {
   curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 1L);
-  curl_easy_setopt(curl, CURLOPT_MAXREDIRS, mostRedirections);
+  curl_easy_setopt(curl, CURLOPT_MAXREDIRS, maxRedirections);
   curl_easy_setopt(curl, CURLOPT_ACCEPT_ENCODING, "gzip, deflate, br");
   curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
   // A name that is being looked up does not delay the end of a transfer.
   curl_easy_setopt(curl, CURLOPT_QUICK_EXIT, 1L);
-  curl_easy_setopt(curl, CURLOPT_TIMEOUT, url_loading::longestTransferSeconds);
-  curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, url_loading::longestTransferSeconds);
+  curl_easy_setopt(curl, CURLOPT_TIMEOUT, url_loading::maxTransferSeconds);
+  curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, url_loading::maxTransferSeconds);
   if (!request.certificates.empty()) {
     curl_easy_setopt(curl, CURLOPT_CAINFO, request.certificates.c_str());
     curl_easy_setopt(curl, CURLOPT_CAPATH, nullptr);
@@ -138,7 +138,7 @@ int Transfer::noticeProgress(void* transfer, curl_off_t, curl_off_t received, cu
 bool Transfer::addHeaderLine(std::string_view line) {
   lastNews = Clock::now();
   headerBytes += line.size();
-  if (headerBytes > longestHeaders) return false;
+  if (headerBytes > maxHeaders) return false;
   // Each response of a chain of redirections begins with its status.
   if (line.starts_with("HTTP/")) answer.headers.clear();
   if (const std::size_t colon = line.find(':'); colon != line.npos)
@@ -147,7 +147,7 @@ bool Transfer::addHeaderLine(std::string_view line) {
 }
 
 bool Transfer::addBody(std::string_view bytes) {
-  bodyIsTooLong = bytes.size() > url_loading::longestBody - answer.body.size();
+  bodyIsTooLong = bytes.size() > url_loading::maxBody - answer.body.size();
   if (!bodyIsTooLong) answer.body.append(bytes);
   return !bodyIsTooLong;
 }

@@ -16,10 +16,10 @@ namespace transfers {
 namespace {
 
 // As many as the platform opens.
-constexpr long mostConnectionsToOneHost = 6;
+constexpr long maxConnectionsToOneHost = 6;
 // Bounds what bodies of hostile servers can hold together.
-constexpr long mostConnections = 16;
-constexpr int longestSleep = 60'000;
+constexpr long maxConnections = 16;
+constexpr int maxSleep = 60'000;
 
 // Signals are for the main thread, and a connection that the other side has closed must not end the process.
 class BlockedSignals {
@@ -51,8 +51,8 @@ TransferThread& TransferThread::shared() {
 }
 
 TransferThread::TransferThread() : multi(curl_multi_init()) {
-  curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, mostConnectionsToOneHost);
-  curl_multi_setopt(multi, CURLMOPT_MAX_TOTAL_CONNECTIONS, mostConnections);
+  curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, maxConnectionsToOneHost);
+  curl_multi_setopt(multi, CURLMOPT_MAX_TOTAL_CONNECTIONS, maxConnections);
   const BlockedSignals inherited;
   thread = std::thread([this] { run(); });
 }
@@ -135,10 +135,10 @@ void TransferThread::failSilent() {
 }
 
 int TransferThread::millisecondsToNextDeadline() const {
-  Clock::time_point next = Clock::now() + std::chrono::milliseconds(longestSleep);
+  Clock::time_point next = Clock::now() + std::chrono::milliseconds(maxSleep);
   for (const auto& [handle, transfer] : running) next = std::min(next, transfer->deadline());
   const auto remaining = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now()).count();
-  return static_cast<int>(std::clamp<decltype(remaining)>(remaining, 0, longestSleep));
+  return static_cast<int>(std::clamp<decltype(remaining)>(remaining, 0, maxSleep));
 }
 
 }  // namespace transfers

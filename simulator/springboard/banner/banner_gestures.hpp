@@ -5,7 +5,7 @@
 
 namespace springboard {
 
-// Recognisers that send _handlePanOnView: and, as for every short look, _handleTapOnView: to the controller.
+// Recognizers that send _handlePanOnView: and, as for every short look, _handleTapOnView: to the controller.
 void addBannerGestures(NCNotificationShortLookViewController* controller, UIView* view);
 void addTap(NCNotificationShortLookViewController* controller, UIView* view);
 

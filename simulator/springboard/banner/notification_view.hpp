@@ -27,7 +27,7 @@ struct objc::StateOf<NCNotificationShortLookView> {
 
 namespace springboard {
 
-// Shows the request's content, in the colours of the appearance.
+// Shows the request's content, in the colors of the appearance.
 objc::Ref<NCNotificationShortLookView> makeShortLookView(NCNotificationRequest* request);
 // A line below the text; nil for none.
 void setFootnote(NCNotificationShortLookView* view, NSString* text);

@@ -16,7 +16,7 @@ namespace {
 using Cell = NCNotificationListCell;
 
 // What shows of those beneath, and how much narrower each is.
-constexpr std::size_t mostEdges = 2;
+constexpr std::size_t maxEdges = 2;
 constexpr CGFloat edgeHeight = 8;
 constexpr CGFloat edgeInset = 9;
 constexpr CGFloat fading = 0.25;
@@ -59,7 +59,7 @@ objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   setFootnote(content, countOfOthers(others));
   // The next card begins at a whole point.
   const CGSize front = {width, std::ceil(heightOfShortLookView(content, width))};
-  const std::size_t edges = std::min(others, mostEdges);
+  const std::size_t edges = std::min(others, maxEdges);
   addEdges(cell, edges, front);
   view->setFrame({{}, front});
   content->setFrame({{}, front});

@@ -125,9 +125,9 @@ void expandLongLook(const Controller* controller) {
   const CGFloat width = parts.shortLook.size.width;
   const CGFloat beneath = isTyping ? replyBarHeight : heightOfActionGroup(parts.actions);
   const Room room = roomOnScreen(parts);
-  const CGFloat mostOfCard = room.bottom - room.top - (beneath > 0 ? beneath + gap : 0);
-  const CGFloat height = fitLongLookView(parts.card, width, mostOfCard);
-  const CGFloat lowestTop = std::max(room.top, room.top + mostOfCard - height);
+  const CGFloat maxCardBytes = room.bottom - room.top - (beneath > 0 ? beneath + gap : 0);
+  const CGFloat height = fitLongLookView(parts.card, width, maxCardBytes);
+  const CGFloat lowestTop = std::max(room.top, room.top + maxCardBytes - height);
   const CGPoint origin = {parts.shortLook.origin.x, std::clamp(parts.shortLook.origin.y, room.top, lowestTop)};
   const CGRect place = {{origin.x, origin.y + height + gap}, {width, beneath}};
   parts.backdrop->setAlpha(1);

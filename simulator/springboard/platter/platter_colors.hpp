@@ -1,4 +1,4 @@
-// The colours of notifications' cards, in the appearance that a view is shown in. Autoreleased.
+// The colors of notifications' cards, in the appearance that a view is shown in. Autoreleased.
 #pragma once
 
 #include "platform/ui_view.hpp"

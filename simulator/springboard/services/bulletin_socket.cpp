@@ -21,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // Who sends more has something else in mind.
-constexpr std::size_t longestBulletin = 16 << 20;
+constexpr std::size_t maxBulletin = 16 << 20;
 
 struct Sender {
   foundation::Descriptor socket;
@@ -54,7 +54,7 @@ void readFrom(std::list<Sender>::iterator sender) {
   const ssize_t size = recv(sender->socket.get(), buffer, sizeof buffer, MSG_DONTWAIT);
   if (size > 0) {
     sender->received.append(buffer, static_cast<std::size_t>(size));
-    if (sender->received.size() > longestBulletin) drop(sender);
+    if (sender->received.size() > maxBulletin) drop(sender);
     return;
   }
   if (size < 0 && errno == EAGAIN) return;

@@ -105,7 +105,7 @@ MessagesConnection::MessagesConnection(const std::filesystem::path& folder) : li
 
 MessagesConnection::~MessagesConnection() { shutdown(line->socket.get(), SHUT_RDWR); }
 
-bool MessagesConnection::isReady(Moment deadline) {
+bool MessagesConnection::isReady(TimePoint deadline) {
   if (hasEnded()) return false;
   if (foundation::daemonRuns(daemon)) return true;
   // Before the question: the answer speaks of this daemon if it is there still.
@@ -115,7 +115,7 @@ bool MessagesConnection::isReady(Moment deadline) {
   return true;
 }
 
-bool MessagesConnection::answers(Moment deadline) {
+bool MessagesConnection::answers(TimePoint deadline) {
   std::unique_lock lock(line->mutex);
   const std::size_t before = line->answers;
   if (line->ended || !foundation::sendAll(line->socket, "\n")) return false;

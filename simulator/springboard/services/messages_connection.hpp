@@ -9,7 +9,7 @@
 
 namespace springboard {
 
-using Moment = std::chrono::steady_clock::time_point;
+using TimePoint = std::chrono::steady_clock::time_point;
 
 // What the app reports goes into the event log as it comes, on a thread of the connection's own. Main thread.
 class MessagesConnection {
@@ -22,14 +22,14 @@ class MessagesConnection {
 
   // Whether the app hears requests. It is asked, and waited for, unless it has said so once and neither it nor the
   // daemon of the notifications has ended since. False where the app has ended, or does not answer in time.
-  bool isReady(Moment deadline);
+  bool isReady(TimePoint deadline);
   // Whether the app, or the connection with it, has ended.
   bool hasEnded() const;
 
  private:
   struct Line;
 
-  bool answers(Moment deadline);
+  bool answers(TimePoint deadline);
 
   std::shared_ptr<Line> line;
   // With which the app has said that it is ready.

@@ -28,8 +28,8 @@ namespace {
 
 using foundation::Descriptor;
 
-constexpr std::chrono::seconds longestLaunch(5);
-constexpr std::chrono::seconds longestEnd(2);
+constexpr std::chrono::seconds maxLaunch(5);
+constexpr std::chrono::seconds maxEnd(2);
 constexpr std::chrono::milliseconds betweenLooks(2);
 
 enum class ChildState { Running, NotNeeded, Failed };
@@ -93,14 +93,14 @@ ChildState stateOfChild() {
   return well ? ChildState::NotNeeded : ChildState::Failed;
 }
 
-bool answers(Moment deadline) {
+bool answers(TimePoint deadline) {
   if (connection() == nullptr || connection()->hasEnded())
     connection() = std::make_unique<MessagesConnection>(messages::messagesFolder(foundation::root()));
   return connection()->isReady(deadline);
 }
 
 // Where another home screen starts it too, one of the two processes ends as not needed, and both use the other.
-bool startAndWait(Moment deadline) {
+bool startAndWait(TimePoint deadline) {
   stateOfChild();
   while (!answers(deadline)) {
     if (std::chrono::steady_clock::now() >= deadline) return false;
@@ -122,7 +122,7 @@ bool startAndWait(Moment deadline) {
 }  // namespace
 
 bool launchMessages() {
-  const bool isReady = startAndWait(std::chrono::steady_clock::now() + longestLaunch);
+  const bool isReady = startAndWait(std::chrono::steady_clock::now() + maxLaunch);
   if (!isReady) std::fprintf(stderr, "the Messages app is not ready for requests\n");
   return isReady;
 }
@@ -131,7 +131,7 @@ void endMessages() {
   connection().reset();
   if (!child()) return;
   child()->life = Descriptor();
-  const Moment deadline = std::chrono::steady_clock::now() + longestEnd;
+  const TimePoint deadline = std::chrono::steady_clock::now() + maxEnd;
   while (stateOfChild() == ChildState::Running && std::chrono::steady_clock::now() < deadline)
     std::this_thread::sleep_for(betweenLooks);
 }

@@ -10,7 +10,7 @@ namespace springboard {
 
 namespace {
 
-constexpr std::size_t mostRequests = 1000;
+constexpr std::size_t maxRequests = 1000;
 
 double dateOf(const NCNotificationRequest* request) {
   return objc::send<double, "timeIntervalSince1970">(objc::state(request).timestamp.get());
@@ -29,7 +29,7 @@ void NotificationList::insert(NCNotificationRequest* request) {
   remove(key);
   const auto place = std::ranges::upper_bound(entries, date, {}, &Entry::date);
   entries.insert(place, {key, date, objc::retain(request)});
-  if (entries.size() > mostRequests) entries.erase(entries.begin());
+  if (entries.size() > maxRequests) entries.erase(entries.begin());
 }
 
 bool NotificationList::remove(const NotificationKey& key) {

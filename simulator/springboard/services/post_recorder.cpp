@@ -33,7 +33,7 @@ using Post = objc::Original<void(NSNotificationCenter*, NSString*, NSObject*, NS
 using PostToOthers = objc::Original<void(NSDistributedNotificationCenter*, NSString*, NSObject*, NSDictionary*, bool)>;
 
 void post(Post original, NSNotificationCenter* self, NSString* name, NSObject* object, NSDictionary* userInfo) {
-  // The distributed centre inherits this method and sends itself on to its own.
+  // The distributed center inherits this method and sends itself on to its own.
   if (objc::as<NSDistributedNotificationCenter>(self) == nullptr) record("post", name, userInfo);
   original(self, name, object, userInfo);
 }

@@ -147,7 +147,7 @@ CGRect accumulate(const CGRect& value, const CGRect& offset, double share) {
           {value.size.width + offset.size.width * share, value.size.height + offset.size.height * share}};
 }
 
-// Colours mix premultiplied: one that fades in from nothing keeps its hue.
+// Colors mix premultiplied: one that fades in from nothing keeps its hue.
 drawing::Color difference(const drawing::Color& left, const drawing::Color& right) {
   return {left.red * left.alpha - right.red * right.alpha, left.green * left.alpha - right.green * right.alpha,
           left.blue * left.alpha - right.blue * right.alpha, left.alpha - right.alpha};

@@ -108,7 +108,7 @@ void setTitle(UIButton* self, NSString* title, UIControlState state) {
 NSString* titleFor(UIButton* self, UIControlState state) { return valueFor(objc::state(self).titles, state); }
 NSString* currentTitle(UIButton* self) { return titleFor(self, stateOf(self)); }
 
-// nil gives the default colour back.
+// nil gives the default color back.
 void setTitleColor(UIButton* self, UIColor* color, UIControlState state) {
   auto& colors = objc::state(self).titleColors;
   if (color == nullptr) {

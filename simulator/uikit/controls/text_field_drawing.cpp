@@ -27,7 +27,7 @@ double onPixel(double points) { return std::round(points * scale()) / scale(); }
 drawing::TextLayout lineOf(const UITextField* field, NSString* text, NSUInteger units) {
   const TextFieldState& state = objc::state(field);
   drawing::Run run;
-  run.text = utf8(text, {0, std::min(units, mostVisibleUnits)});
+  run.text = utf8(text, {0, std::min(units, maxVisibleUnits)});
   std::ranges::replace(run.text, '\n', ' ');
   run.font = fontOf(state.font);
   drawing::Paragraph paragraph;

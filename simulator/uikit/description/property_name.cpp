@@ -45,7 +45,7 @@ std::string nameIn(const UIView* holder, const UIView* held) {
 
 }  // namespace
 
-std::string holderName(const UIView* view) {
+std::string propertyNameOf(const UIView* view) {
   const UIView* around = record(view).superview;
   for (const UIView* ancestor = around; ancestor != nullptr; ancestor = record(ancestor).superview)
     if (std::string name = nameIn(ancestor, view); !name.empty()) return name;

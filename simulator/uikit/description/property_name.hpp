@@ -9,6 +9,6 @@ namespace uikit {
 
 // The property's name where the holder answers it (headerLabel), else the variable's (_clockLabel); empty where neither
 // a view around it nor a sibling holds it.
-std::string holderName(const UIView* view);
+std::string propertyNameOf(const UIView* view);
 
 }  // namespace uikit

@@ -38,7 +38,7 @@ void describe(UIView* self, void* pointer) {
   if (state.hasContentMode) node["contentMode"] = static_cast<NSInteger>(state.contentMode);
   node["interactive"] = state.userInteraction == UserInteraction::Enabled;
   describeResponder(self, node);
-  if (const std::string name = holderName(self); !name.empty()) node["property"] = name;
+  if (const std::string name = propertyNameOf(self); !name.empty()) node["property"] = name;
 }
 
 Json describeNode(UIView* view) {

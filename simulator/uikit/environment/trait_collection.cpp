@@ -59,7 +59,7 @@ void addWitnesses(UIView* root, std::vector<Witness>& witnesses) {
   });
 }
 
-// Also views that are not told anything look different: default colours and blurs follow the appearance.
+// Also views that are not told anything look different: default colors and blurs follow the appearance.
 void tellChanges(const std::vector<Witness>& witnesses) {
   noteNewLook();
   for (const Witness& witness : witnesses)

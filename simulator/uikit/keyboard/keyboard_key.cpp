@@ -18,7 +18,7 @@ constexpr double labelMargin = 2;
 constexpr double shadowHeight = 1;
 constexpr drawing::CornerShape corners = {5, drawing::CornerCurve::Continuous};
 
-// The colours of one appearance.
+// The colors of one appearance.
 struct KeyPalette {
   drawing::Color character, function, prominent, shadow, text, prominentText, pressedShift;
 };
@@ -43,7 +43,7 @@ bool looksLikeACharacter(const KeyViewState& look) {
          (look.key.role == KeyRole::Shift && look.shift == Shift::On);
 }
 
-// A key under a finger changes to the other kind's colour.
+// A key under a finger changes to the other kind's color.
 const drawing::Color& faceOf(const KeyViewState& look, const KeyPalette& palette, bool isPressed) {
   if (look.isProminent && !isPressed) return palette.prominent;
   if (look.key.role == KeyRole::Shift && look.shift == Shift::On) return lightPalette.character;

@@ -16,7 +16,7 @@ using layout::Solver;
 constexpr float huggingPriority = 250;
 constexpr float compressionResistancePriority = 750;
 // Widths decide heights, and heights seldom widths; more rounds than this would be a tree that never settles.
-constexpr int maximumMeasuringRounds = 4;
+constexpr int maxMeasuringRounds = 4;
 
 Solver::Relation solverRelation(NSLayoutRelation relation) {
   switch (relation) {
@@ -215,7 +215,7 @@ void LayoutEngine::update() {
   model_->claim();
   std::vector<UIView*> placed = model_->collectPlaced();
   if (placed != model_->placed) model_->place(std::move(placed));
-  for (int round = 0; round < maximumMeasuringRounds; ++round) {
+  for (int round = 0; round < maxMeasuringRounds; ++round) {
     model_->install(model_->collectRows());
     constraintsRead_ += model_->rows.size();
     model_->solver.solve();

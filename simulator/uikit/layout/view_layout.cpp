@@ -32,7 +32,7 @@ void needLayout(UIView* view) {
 namespace {
 
 // A view that asks for another layout in each of its layouts would go on forever.
-constexpr int maximumLayoutPasses = 8;
+constexpr int maxLayoutPasses = 8;
 
 enum class LayoutWork : bool { None, Done };
 
@@ -108,7 +108,7 @@ UIView* startOfLayout(UIView* view) {
 
 void layoutIfNeeded(UIView* view) {
   const objc::Ref<UIView> kept = objc::retain(view);
-  for (int pass = 0; pass < maximumLayoutPasses; ++pass) {
+  for (int pass = 0; pass < maxLayoutPasses; ++pass) {
     updateConstraints(rootOf(view));
     const objc::Ref<UIView> start = objc::retain(startOfLayout(view));
     if (layoutTree(start.get()) == LayoutWork::None && !record(rootOf(view)).constraintsChanged) return;

@@ -21,7 +21,7 @@ std::shared_ptr<drawing::Canvas> paintScreen(double scale);
 // picture is still right.
 std::uint64_t displayGeneration();
 void noteDisplayChange();
-// All views look different though none of them was told: colours that follow the appearance.
+// All views look different though none of them was told: colors that follow the appearance.
 void noteNewLook();
 // How many changes have been noted: grows whenever a view needs a layout, and not with the time.
 std::uint64_t displayChanges();

@@ -35,12 +35,12 @@ bool truncates(NSLineBreakMode mode) {
 }
 
 drawing::Paragraph paragraphOf(const LabelState& state, drawing::BaseDirection direction) {
-  constexpr NSInteger mostLines = 10'000;
+  constexpr NSInteger maxLines = 10'000;
   drawing::Paragraph paragraph;
-  paragraph.runs = state.text.runs(fontOf(state.font), mostVisibleUnits);
+  paragraph.runs = state.text.runs(fontOf(state.font), maxVisibleUnits);
   paragraph.alignment = drawingAlignment(state.alignment);
   paragraph.direction = direction;
-  paragraph.maximumLines = static_cast<int>(std::clamp(state.numberOfLines, NSInteger{0}, mostLines));
+  paragraph.maxLines = static_cast<int>(std::clamp(state.numberOfLines, NSInteger{0}, maxLines));
   paragraph.lineBreak =
       truncates(state.lineBreakMode) ? drawing::LineBreak::TruncateTail : drawing::LineBreak::WordWrap;
   paragraph.language = environment().locale;

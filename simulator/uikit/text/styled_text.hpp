@@ -1,4 +1,4 @@
-// Text with fonts and colours by range, as a label holds it.
+// Text with fonts and colors by range, as a label holds it.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ class UIColor;
 
 namespace uikit {
 
-// Part of a text, as long as that many UTF-16 units. nil stands for the font or colour of the whole text.
+// Part of a text, as long as that many UTF-16 units. nil stands for the font or color of the whole text.
 struct StyledRange {
   NSUInteger length = 0;
   objc::Ref<UIFont> font;
@@ -22,7 +22,7 @@ struct StyledRange {
 class StyledText {
  public:
   StyledText() = default;
-  // A copy of the text, all in the whole's font and colour.
+  // A copy of the text, all in the whole's font and color.
   explicit StyledText(NSString* text);
   explicit StyledText(NSAttributedString* text);
 

@@ -16,6 +16,6 @@ inline std::string utf8(const NSString* text) { return utf8(text, {0, NSNotFound
 NSString* wellFormed(NSString* text);
 
 // More text than any view shows, in UTF-16 units: what lies beyond need not be looked at.
-inline constexpr NSUInteger mostVisibleUnits = 40'000;
+inline constexpr NSUInteger maxVisibleUnits = 40'000;
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// UIGestureRecognizer's state, and what a recogniser does with the finger's events.
+// UIGestureRecognizer's state, and what a recognizer does with the finger's events.
 #pragma once
 
 #include <vector>
@@ -18,7 +18,7 @@ struct GestureAction {
 };
 
 struct GestureRecord {
-  UIView* view = nullptr;  // borrowed: it holds the recogniser
+  UIView* view = nullptr;  // borrowed: it holds the recognizer
   std::vector<GestureAction> actions;
   UIGestureRecognizerState state = UIGestureRecognizerState::Possible;
   bool isEnabled = true;
@@ -34,7 +34,7 @@ struct GestureRecord {
 // The view these are attached to is going away.
 void forgetView(NSArray* recognizers);
 
-// The recogniser's next state, with its action. A recogniser that may not begin now fails instead.
+// The recognizer's next state, with its action. A recognizer that may not begin now fails instead.
 void changeState(UIGestureRecognizer* recognizer, UIGestureRecognizerState state);
 
 }  // namespace uikit

@@ -63,7 +63,7 @@ TouchSequence::~TouchSequence() {
 
 TouchSequence* TouchSequence::current() { return heldSequence().get(); }
 
-// From the touched view outwards: an inner recogniser is asked before an outer one.
+// From the touched view outwards: an inner recognizer is asked before an outer one.
 void TouchSequence::collectRecognizers() {
   for (UIView* view = view_; view != nullptr; view = record(view).superview) {
     NSArray* attached = objc::state(view).gestureRecognizers;

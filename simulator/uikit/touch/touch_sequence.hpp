@@ -1,4 +1,4 @@
-// One finger from down to up: the view it is on, the recognisers that watch it, and which of them wins.
+// One finger from down to up: the view it is on, the recognizers that watch it, and which of them wins.
 #pragma once
 
 #include <vector>
@@ -18,7 +18,7 @@ class TouchSequence {
   void begin();
   void advance(UITouchPhase phase, CGPoint point, double timestamp);
 
-  // Whether the recogniser is part of it and nothing has won yet; it wins then, and the others fail.
+  // Whether the recognizer is part of it and nothing has won yet; it wins then, and the others fail.
   bool grant(UIGestureRecognizer* recognizer);
 
   // The one under way; null without.
@@ -35,7 +35,7 @@ class TouchSequence {
   objc::Ref<UIView> view_;
   std::vector<objc::Ref<UIGestureRecognizer>> recognizers_;
   UIGestureRecognizer* winner_ = nullptr;
-  bool viewIsTold_ = true;  // until a recogniser takes the touch from it
+  bool viewIsTold_ = true;  // until a recognizer takes the touch from it
 };
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// CGColor: the colour value behind a CGColorRef. It lives as long as the UIColor it was asked of; keepers copy the
+// CGColor: the color value behind a CGColorRef. It lives as long as the UIColor it was asked of; keepers copy the
 // value.
 #pragma once
 

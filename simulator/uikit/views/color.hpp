@@ -1,4 +1,4 @@
-// UIColor's value, and the colours that follow the appearance.
+// UIColor's value, and the colors that follow the appearance.
 #pragma once
 
 #include "platform/ui_color.hpp"

@@ -46,7 +46,7 @@ void setBackgroundColor(CALayer* self, CGColorRef color) {
   setBackground(recordOf(self), color == nullptr ? nullptr : &color->color);
 }
 
-// Lent for as long as the layer keeps this colour.
+// Lent for as long as the layer keeps this color.
 CGColorRef backgroundColor(CALayer* self) {
   LayerRecord& layer = recordOf(self);
   if (!layer.hasBackground) return nullptr;

@@ -1,4 +1,4 @@
-// What a layer shows, shared by a view and its CALayer: geometry, colour, corners and opacity.
+// What a layer shows, shared by a view and its CALayer: geometry, color, corners and opacity.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,7 @@
 namespace uikit {
 
 struct LayerRecord {
-  // The frame is kept as origin and size, so that a frame that was set reads back exactly; the centre is derived.
+  // The frame is kept as origin and size, so that a frame that was set reads back exactly; the center is derived.
   Animated<CGPoint> origin{{}};
   Animated<CGRect> bounds{{}};
   Animated<double> opacity{1};
@@ -30,7 +30,7 @@ struct LayerRecord {
 inline CGRect modelFrame(const LayerRecord& layer) { return {layer.origin.model(), layer.bounds.model().size}; }
 inline CGRect shownFrame(const LayerRecord& layer) { return {layer.origin.shown(), layer.bounds.shown().size}; }
 
-// nullptr removes the colour.
+// nullptr removes the color.
 void setBackground(LayerRecord& layer, const drawing::Color* color);
 void setOpacity(LayerRecord& layer, double opacity);
 void setHidden(LayerRecord& layer, bool hidden);

@@ -101,7 +101,7 @@ void setBounds(UIView* view, const CGRect& bounds) {
   LayerRecord& layer = record(view).layer;
   const CGRect before = layer.bounds.model();
   if (!isFinite(bounds) || bounds == before) return;
-  // The centre stays.
+  // The center stays.
   const CGPoint origin = layer.origin.model();
   layer.origin.set({origin.x + (before.size.width - bounds.size.width) / 2,
                     origin.y + (before.size.height - bounds.size.height) / 2});

@@ -1,4 +1,4 @@
-// How views are reached: touches, gesture recognisers and the responder chain.
+// How views are reached: touches, gesture recognizers and the responder chain.
 #include "platform/ui_control.hpp"
 #include "simulator/uikit/touch/gesture_recognizer.hpp"
 #include "simulator/uikit/views/view_categories.hpp"
@@ -59,7 +59,7 @@ void removeGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   if (attached->count() == 0) attached = nullptr;
 }
 
-// A recogniser has one view: attached to another it leaves the first.
+// A recognizer has one view: attached to another it leaves the first.
 void addGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   if (recognizer == nullptr || objc::state(recognizer).view == self) return;
   const objc::Ref<UIGestureRecognizer> kept = objc::retain(recognizer);
@@ -70,7 +70,7 @@ void addGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   objc::state(recognizer).view = self;
 }
 
-// An enabled control keeps a tap on it from the recognisers of the views around it.
+// An enabled control keeps a tap on it from the recognizers of the views around it.
 bool gestureRecognizerShouldBegin(UIView* self, UIGestureRecognizer* recognizer) {
   if (objc::state(recognizer).view == self || objc::as<UITapGestureRecognizer>(recognizer) == nullptr) return true;
   const UIControl* control = objc::as<UIControl>(self);

@@ -1,4 +1,4 @@
-// How views look: colour, opacity, clipping.
+// How views look: color, opacity, clipping.
 #include "simulator/uikit/rendering/renderer.hpp"
 #include "simulator/uikit/views/view_categories.hpp"
 #include "simulator/uikit/views/view_record.hpp"
@@ -32,7 +32,7 @@ void setBackgroundColor(UIView* self, UIColor* color) {
   self->layer()->setBackgroundColor(color->CGColor());
 }
 
-// The colour that was set, or another one where the layer's has been changed since.
+// The color that was set, or another one where the layer's has been changed since.
 UIColor* backgroundColor(UIView* self) {
   ViewRecord& state = record(self);
   if (!state.layer.hasBackground) return nullptr;

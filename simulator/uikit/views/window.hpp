@@ -13,7 +13,7 @@ struct WindowState {
   WindowState(const WindowState&) = delete;
   WindowState& operator=(const WindowState&) = delete;
 
-  UIWindow* window = nullptr;  // whose state this is, once it is initialised
+  UIWindow* window = nullptr;  // whose state this is, once it is initialized
   double level = 0;
   objc::Ref<UIViewController> rootViewController;
   // Borrowed: it resigns before it leaves the window.

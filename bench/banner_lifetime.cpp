@@ -1,4 +1,4 @@
-#include "bench/living.hpp"
+#include "bench/banner_lifetime.hpp"
 
 #include <malloc.h>
 #include <stdlib.h>
@@ -92,7 +92,7 @@ void measureDragging() {
   report("a drag's move without painting / painting the screen", drag[1] / drag[2], 0.05);
 }
 
-void measureLiving() {
+void measureBannerLifetime() {
   const Figures lives = inProcessOfItsOwn([] { return onAPhone(&manyLives); });
   report("the last thousand of 10,000 banners / the first", lives[4] / lives[0], 1.0);
   report("memory held after 10,000 banners / after 1,000", lives[5] / lives[1], 1.0);

@@ -4,6 +4,6 @@
 namespace bench {
 
 void measureDragging();
-void measureLiving();
+void measureBannerLifetime();
 
 }  // namespace bench

@@ -1,4 +1,4 @@
-// In which colours a banner comes, and how it follows the phone's appearance.
+// In which colors a banner comes, and how it follows the phone's appearance.
 #include <gtest/gtest.h>
 
 #include "platform/ui_device.hpp"
@@ -22,9 +22,9 @@ struct ModeCase {
   std::array<double, 4> text;
 };
 
-class ColourMode : public testing::TestWithParam<ModeCase> {};
+class ColorMode : public testing::TestWithParam<ModeCase> {};
 
-TEST_P(ColourMode, FollowsSettingVersionAndAppearance) {
+TEST_P(ColorMode, FollowsSettingVersionAndAppearance) {
   runner::Options options;
   options.systemVersion = GetParam().system;
   options.appearance = GetParam().appearance;
@@ -35,17 +35,17 @@ TEST_P(ColourMode, FollowsSettingVersionAndAppearance) {
 
 constexpr std::array<double, 4> white = {1, 1, 1, 1};
 constexpr std::array<double, 4> black = {0, 0, 0, 1};
-constexpr std::array<double, 4> grey = {0.7, 0.7, 0.7, 1};
+constexpr std::array<double, 4> gray = {0.7, 0.7, 0.7, 1};
 
-INSTANTIATE_TEST_SUITE_P(Modes, ColourMode,
+INSTANTIATE_TEST_SUITE_P(Modes, ColorMode,
                          testing::Values(ModeCase{"12.4", runner::StartAppearance::Light, 0, black},
                                          ModeCase{"12.4", runner::StartAppearance::Light, 1, white},
-                                         ModeCase{"12.4", runner::StartAppearance::Light, 3, grey},
+                                         ModeCase{"12.4", runner::StartAppearance::Light, 3, gray},
                                          ModeCase{"13.0", runner::StartAppearance::Light, 0, black},
                                          ModeCase{"13.0", runner::StartAppearance::Dark, 0, white},
                                          ModeCase{"13.5", runner::StartAppearance::Dark, 2, black},
                                          ModeCase{"13.5", runner::StartAppearance::Light, 1, white},
-                                         ModeCase{"13.5", runner::StartAppearance::Light, 3, grey}),
+                                         ModeCase{"13.5", runner::StartAppearance::Light, 3, gray}),
                          [](const auto& each) {
                            const ModeCase& mode = each.param;
                            std::string name = std::string("System") + mode.system + "Setting" +
@@ -55,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(Modes, ColourMode,
                            return name;
                          });
 
-TEST(FixedColourMode, OverridesTheControllersAppearance) {
+TEST(FixedColorMode, OverridesTheControllersAppearance) {
   Phone phone = phoneWith({{"containerColor", 3}});
   const int dark = phone.present({{"title", "T"}});
   EXPECT_EQ(test::controllerOf(dark)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Dark);
@@ -66,7 +66,7 @@ TEST(FixedColourMode, OverridesTheControllersAppearance) {
   EXPECT_EQ(test::controllerOf(light)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Light);
 }
 
-TEST(ColourFollowUp, FadesToTheNewAppearance) {
+TEST(ColorFollowUp, FadesToTheNewAppearance) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"title", "T"}});
   phone.wait(1);
@@ -76,7 +76,7 @@ TEST(ColourFollowUp, FadesToTheNewAppearance) {
   EXPECT_EQ(phone.banner(controller).at("background"), Json({0, 0, 0, 0.3}));
 }
 
-TEST(ColourFollowUp, FadesForFourFifthsOfASecond) {
+TEST(ColorFollowUp, FadesForFourFifthsOfASecond) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"title", "T"}});
   phone.wait(1);
@@ -90,7 +90,7 @@ TEST(ColourFollowUp, FadesForFourFifthsOfASecond) {
   EXPECT_EQ(red(), 0);
 }
 
-TEST(ColourFollowUp, SystemsBelowThirteenAreLight) {
+TEST(ColorFollowUp, SystemsBelowThirteenAreLight) {
   runner::Options options;
   options.systemVersion = "12.4";
   options.appearance = runner::StartAppearance::Dark;
@@ -104,7 +104,7 @@ TEST(ColourFollowUp, SystemsBelowThirteenAreLight) {
   EXPECT_EQ(UIScreen::mainScreen()->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Light);
 }
 
-TEST(ColourFollowUp, LeavesAFixedModeAlone) {
+TEST(ColorFollowUp, LeavesAFixedModeAlone) {
   Phone phone = phoneWith({{"containerColor", 2}});
   const int controller = phone.present({{"title", "T"}});
   phone.run({{"do", "appearance"}, {"style", "dark"}});
@@ -112,7 +112,7 @@ TEST(ColourFollowUp, LeavesAFixedModeAlone) {
   EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json(black));
 }
 
-TEST(ColourFollowUp, DoesNotExistBefore13) {
+TEST(ColorFollowUp, DoesNotExistBefore13) {
   runner::Options options;
   options.systemVersion = "12.4";
   Phone phone = phoneWith({}, options);
