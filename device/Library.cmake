@@ -1,4 +1,5 @@
-# Brim.dylib from the same sources as on Linux: compiled small, linked against text stubs that list all it may call.
+# Builds Brim.dylib from the same sources as on Linux, optimized for size. It is linked with text stubs, which list
+# every symbol that it can import.
 set(install_name /Library/MobileSubstrate/DynamicLibraries/Brim.dylib)
 set(exported _brim_installed_methods _brim_settings)
 file(GLOB stubs CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/stubs/*.tbd)
@@ -11,13 +12,14 @@ target_compile_options(
   PRIVATE -Oz -fblocks -fno-exceptions -fno-rtti -fno-threadsafe-statics -fno-stack-protector -fvisibility=hidden
           -fvisibility-inlines-hidden -fno-delete-null-pointer-checks -ffile-prefix-map=${repository}=.)
 if(BRIM_SDK)
-  # Newer compilers know warnings that nobody has seen here.
+  # A newer compiler can have warnings that the supported compilers do not have.
   target_compile_options(brim_objects PRIVATE -Wno-error)
 else()
   target_include_directories(brim_objects SYSTEM PRIVATE include/standard)
 endif()
 
-# With names of local symbols, to read crash logs by; without them the library is a quarter as large.
+# The linked file has the local symbols, which crash logs need. The installed file has none, which makes it four times
+# smaller.
 set(linked ${CMAKE_BINARY_DIR}/symbols/Brim.dylib)
 set(library ${CMAKE_BINARY_DIR}/Brim.dylib)
 if(BRIM_SDK)

@@ -1,10 +1,10 @@
-# The package that installs the library, its filter and its assets on a phone. Two builds give the same bytes: owners,
-# times and order are fixed.
+# Builds the package that installs the library, its filter and its assets on a phone. The build is reproducible, because
+# owners, times and the order of files are fixed.
 find_program(DPKG_DEB dpkg-deb REQUIRED)
 
 configure_file(package/control.in ${CMAKE_BINARY_DIR}/control @ONLY)
 
-# Packed at every build: it takes a moment, and the assets are too many files to name.
+# Runs at every build, because it is fast and the assets are too many files to list as dependencies.
 add_custom_target(
   package_file ALL
   COMMAND ${CMAKE_COMMAND} -DROOT=${CMAKE_BINARY_DIR}/package -DLIBRARY=${library}

@@ -1,8 +1,8 @@
-# Removes FILE and fails where it is larger than the number of bytes that stands in size_budget: what a phone maps into
-# two processes at their start has to stay small.
+# Removes FILE and fails if it has more bytes than size_budget allows. The limit keeps the start of the two processes
+# that load the library fast.
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/size_budget budget)
 file(SIZE ${FILE} size)
 if(size GREATER budget)
   file(REMOVE ${FILE})
-  message(FATAL_ERROR "Brim.dylib has ${size} bytes and may have ${budget}: make it smaller, or raise device/size_budget and say why.")
+  message(FATAL_ERROR "Brim.dylib has ${size} bytes; device/size_budget allows ${budget}. Make it smaller, or raise the budget and explain why.")
 endif()

@@ -1,5 +1,5 @@
-# Compiling for the phone. By default with clang and lld as Debian has them and nothing of the vendor's; with BRIM_SDK
-# set to the folder of the vendor's SDK, by the vendor's compiler, for both kinds of processor.
+# The toolchain for the phone. By default it is Debian's clang and lld, for arm64. If BRIM_SDK names the folder of the
+# vendor's SDK, it is the vendor's compiler, for arm64 and arm64e.
 set(CMAKE_SYSTEM_NAME Generic)
 set(CMAKE_SYSTEM_PROCESSOR arm64)
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
@@ -13,7 +13,7 @@ set(BRIM_SDK_VERSION 13.0)
 if(BRIM_SDK)
   set(CMAKE_C_COMPILER clang)
   set(CMAKE_CXX_COMPILER clang++)
-  set(BRIM_ARCHITECTURES arm64 arm64e CACHE STRING "Processors the library is made for")
+  set(BRIM_ARCHITECTURES arm64 arm64e CACHE STRING "The architectures of the library")
   list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES BRIM_ARCHITECTURES)
   list(TRANSFORM BRIM_ARCHITECTURES PREPEND "-arch " OUTPUT_VARIABLE slices)
   list(JOIN slices " " slices)

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "library/photos/provider.hpp"
+#include "library/view/brim_container.hpp"
 #include "simulator/springboard/services/notification_request.hpp"
 
 namespace fuzz {

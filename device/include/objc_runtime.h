@@ -1,4 +1,5 @@
-// The Objective-C runtime of the phone, as much of it as is called. All of it is in system version 11.2's library.
+// The functions of the phone's Objective-C runtime that this project calls. The library of system version 11.2 has all
+// of them.
 #pragma once
 
 #include <stddef.h>
@@ -16,7 +17,7 @@ using SEL = objc_selector*;
 using Method = objc_method*;
 using Ivar = objc_ivar*;
 using IMP = void (*)();
-// arm64 has a type of its own for truth values; its encoding is B.
+// On arm64 BOOL is a boolean type; its encoding is B.
 using BOOL = bool;
 
 extern "C" {
@@ -25,7 +26,7 @@ Class objc_getMetaClass(const char* name);
 Class objc_allocateClassPair(Class superclass, const char* name, size_t extraBytes);
 void objc_registerClassPair(Class pair);
 
-// Never called as declared: a caller gives it the type of the method it means.
+// Callers cast it to the type of the method.
 void objc_msgSend();
 
 Class object_getClass(id object);

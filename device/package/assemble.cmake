@@ -1,5 +1,5 @@
-# Lays out the package's files and packs them. Everything a file system adds of its own is fixed: modes here, owners,
-# order and the time by dpkg-deb.
+# Copies the package's files to ROOT and builds PACKAGE from them. The result does not depend on the file system: modes
+# are set here; dpkg-deb sets owners, order and times.
 cmake_policy(VERSION 3.25)
 
 file(REMOVE_RECURSE ${ROOT})
@@ -20,7 +20,8 @@ foreach(entry IN LISTS entries ITEMS ${ROOT})
   endif()
 endforeach()
 
-# Every file is newer than this, so this is the time that all of them get. gzip is what every phone's dpkg unpacks.
+# dpkg-deb limits the times of files to this one. All files are newer, so all of them get it. The compression is gzip,
+# because every phone's dpkg can unpack it.
 set(ENV{SOURCE_DATE_EPOCH} 1577836800)
 execute_process(
   COMMAND ${DPKG_DEB} --root-owner-group --uniform-compression -Zgzip -z9 --build ${ROOT} ${PACKAGE}

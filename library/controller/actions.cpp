@@ -1,23 +1,24 @@
 #include "library/controller/actions.hpp"
 
+#include "library/applications/supported_applications.hpp"
 #include "library/controller/haptic.hpp"
 #include "platform/dispatch.hpp"
 
 namespace {
 
 NSString* clockIdentifier() { return "com.apple.mobiletimer"_ns; }
-NSString* snoozeAction() { return "MTAlarmSnoozeAction"_ns; }
+NSString* snoozeIdentifier() { return "MTAlarmSnoozeAction"_ns; }
 NSString* typedTextKey() { return "UIUserNotificationActionResponseTypedTextKey"_ns; }
 
-void handOver(NotificationController* self, NCNotificationAction* action, NSDictionary* parameters) {
+void execute(NotificationController* self, NCNotificationAction* action, NSDictionary* parameters) {
   self->askDelegateToExecuteAction(action, parameters, false);
 }
 
-void handOver(NotificationController* self, NCNotificationAction* action) {
-  handOver(self, action, NSDictionary::dictionary());
+void execute(NotificationController* self, NCNotificationAction* action) {
+  execute(self, action, NSDictionary::dictionary());
 }
 
-// The application's own actions, where the platform can show the request at all.
+// The actions that the application adds, in groups. nil if the platform cannot show the request.
 NSDictionary* applicationActions(BannerController* self) {
   NCNotificationRequest* request = self->notificationRequest();
   if (request == nullptr) return nullptr;
@@ -25,33 +26,33 @@ NSDictionary* applicationActions(BannerController* self) {
   return shown == nullptr ? nullptr : request->supplementaryActions();
 }
 
-// The identifier of an action that has one, else null.
+// nil if the action has no identifier.
 NSString* identifierOf(NSObject* action) {
   if (!answers<"identifier">(action)) return nullptr;
   return static_cast<NCNotificationAction*>(action)->identifier();
 }
 
-// Goes through the groups of actions in the dictionary's order until the visitor answers an action.
-template <class Visit>
-NCNotificationAction* firstInGroups(NSDictionary* groups, const Visit& visit) {
+// Calls the function for each group, in the dictionary's order, until it returns an action.
+template <class FindInGroup>
+NCNotificationAction* firstActionInGroups(NSDictionary* groups, const FindInGroup& find) {
   NSArray* keys = groups->allKeys();
   for (NSUInteger index = 0; index < keys->count(); ++index) {
     auto* group = static_cast<NSArray*>(groups->objectForKey(keys->objectAtIndex(index)));
     if (group == nullptr || group->count() == 0) continue;
-    if (NCNotificationAction* found = visit(group)) return found;
+    if (NCNotificationAction* found = find(group)) return found;
   }
   return nullptr;
 }
 
-// Only the first action of a group can be the one that snoozes.
+// The snooze action is always the first of its group.
 NCNotificationAction* snoozeIn(NSArray* group) {
   NSObject* first = group->objectAtIndex(0);
   NSString* identifier = identifierOf(first);
-  const bool snoozes = identifier != nullptr && identifier->contains(snoozeAction());
+  const bool snoozes = identifier != nullptr && identifier->contains(snoozeIdentifier());
   return snoozes ? static_cast<NCNotificationAction*>(first) : nullptr;
 }
 
-bool namesAReply(NSString* identifier) {
+bool isReplyIdentifier(NSString* identifier) {
   if (identifier == nullptr) return false;
   for (NSString* word : {"reply"_ns, "message"_ns, "send"_ns})
     if (identifier->rangeOfString(word, NSStringCompareOptions::CaseInsensitive).length != 0) return true;
@@ -60,12 +61,12 @@ bool namesAReply(NSString* identifier) {
 
 NCNotificationAction* replyIn(NSArray* group) {
   for (NSUInteger index = 0; index < group->count(); ++index)
-    if (namesAReply(identifierOf(group->objectAtIndex(index))))
+    if (isReplyIdentifier(identifierOf(group->objectAtIndex(index))))
       return static_cast<NCNotificationAction*>(group->objectAtIndex(index));
   return nullptr;
 }
 
-bool isFrom(BannerController* self, NSString* application) {
+bool isFromApplication(BannerController* self, NSString* application) {
   NSString* section = self->notificationRequest()->sectionIdentifier();
   return section != nullptr && section->isEqualToString(application);
 }
@@ -77,48 +78,48 @@ NSArray* getAlarmActions(BannerController* self) {
   if (request == nullptr || NCNotificationContentContainerViewController::withRequest(request) == nullptr)
     return nullptr;
   NSMutableArray* actions = NSMutableArray::array();
-  NCNotificationAction* snooze = firstInGroups(request->supplementaryActions(), &snoozeIn);
+  NCNotificationAction* snooze = firstActionInGroups(request->supplementaryActions(), &snoozeIn);
   if (snooze != nullptr) actions->addObject(snooze);
   if (request->closeAction() != nullptr) actions->addObject(request->closeAction());
   return actions;
 }
 
-bool isAlarm(BannerController* self) { return isFrom(self, clockIdentifier()); }
+bool isAlarm(BannerController* self) { return isFromApplication(self, clockIdentifier()); }
 
 NSString* getBundleId(BannerController* self) { return self->notificationRequest()->sectionIdentifier(); }
 
 bool canReply(BannerController* self) {
   if (self->notificationRequest() == nullptr) return false;
-  return self->getReplyAction() != nullptr || isFrom(self, messagesIdentifier());
+  return self->getReplyAction() != nullptr || isFromApplication(self, messagesIdentifier());
 }
 
 NCNotificationAction* getReplyAction(BannerController* self) {
-  return firstInGroups(applicationActions(self), &replyIn);
+  return firstActionInGroups(applicationActions(self), &replyIn);
 }
 
 void attemptDelete(BannerController* self, BrimContainer* view) {
   if (NCNotificationAction* clear = self->notificationRequest()->clearAction()) {
-    handOver(self, clear);
+    execute(self, clear);
     confirmWithHaptic();
   }
   self->forceDismissNotification(view);
 }
 
-void attemptDeleteQuietly(NotificationController* self) {
-  if (NCNotificationAction* clear = self->notificationRequest()->clearAction()) handOver(self, clear);
+void executeClearAction(NotificationController* self) {
+  if (NCNotificationAction* clear = self->notificationRequest()->clearAction()) execute(self, clear);
 }
 
 void attemptSilence(BannerController* self, BrimContainer*) {
   NCNotificationAction* silence = self->notificationRequest()->silenceAction();
   if (silence == nullptr) return;
-  handOver(self, silence);
+  execute(self, silence);
   confirmWithHaptic();
 }
 
 void executeOnAlarm(BannerController* self, BrimContainer* view, NSUInteger index) {
   if (self->notificationRequest() == nullptr) return;
   NSArray* actions = self->getAlarmActions();
-  if (index < actions->count()) handOver(self, static_cast<NCNotificationAction*>(actions->objectAtIndex(index)));
+  if (index < actions->count()) execute(self, static_cast<NCNotificationAction*>(actions->objectAtIndex(index)));
   confirmWithHaptic();
   self->forceDismissNotification(view != nullptr ? view : self->brimView());
 }
@@ -135,6 +136,6 @@ void sendReply(BannerController* self, BrimContainer* view, NSString* text) {
   }
   NSMutableDictionary* parameters = NSMutableDictionary::dictionaryWithCapacity(1);
   parameters->setObject(text, typedTextKey());
-  handOver(self, action, parameters);
+  execute(self, action, parameters);
   self->attemptDelete(view != nullptr ? view : self->brimView());
 }

@@ -1,18 +1,17 @@
 #include "library/controller/banner_configuration.hpp"
 
-#include "library/controller/notification_text.hpp"
-#include "library/startup/settings.hpp"
+#include "library/settings/settings.hpp"
+#include "library/utilities/empty_text.hpp"
 
 namespace {
 
-// What the "appIconPfp" setting chooses to mark a picture with.
+// Values of the setting appIconPfp. A larger value means a glyph, a smaller one no badge.
 constexpr NSInteger glyphBadge = 1;
 constexpr NSInteger iconBadge = 2;
 
 bool isTiny(const BannerTexts& texts) {
   if (settings::tinyBanner) return true;
-  const bool saysLittle = presentText(texts.body) == nullptr || presentText(texts.header) == nullptr;
-  return settings::tinyBannerNoText && saysLittle;
+  return settings::tinyBannerNoText && (isNilOrEmpty(texts.body) || isNilOrEmpty(texts.header));
 }
 
 void configureSizes(BrimContainer* banner) {
@@ -28,7 +27,7 @@ void configureSizes(BrimContainer* banner) {
 
 }  // namespace
 
-void configureBanner(BrimContainer* banner, BannerController* controller, BrimColors* colours,
+void configureBanner(BrimContainer* banner, BannerController* controller, BrimColors* colors,
                      const BannerTexts& texts) {
   constexpr NSUInteger snoozeAndClose = 2;
   banner->setDelegate(controller);
@@ -37,7 +36,7 @@ void configureBanner(BrimContainer* banner, BannerController* controller, BrimCo
   banner->setEnableButtons(settings::showButtons || banner->isAlarm());
   banner->setMaxLineCount(settings::maxLineCount);
   banner->setCanReply(controller->canReply() && !banner->isAlarm());
-  banner->setColorSet(colours);
+  banner->setColorSet(colors);
   banner->setContainerCornerRadius(settings::containerCornerRadius);
   banner->setAppCornerRadius(settings::appCornerRadius);
   banner->setTinyBanner(isTiny(texts));

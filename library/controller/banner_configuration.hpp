@@ -1,14 +1,8 @@
-// Copies the settings and what is known of the notification into a new banner.
+// The configuration of a new banner, from the settings and from its notification. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
+#include "library/controller/notification_text.hpp"
 
-// What a banner says; each text may be nil.
-struct BannerTexts {
-  objc::Ref<NSString> header;
-  objc::Ref<NSString> subHeader;
-  objc::Ref<NSString> body;
-};
-
-void configureBanner(BrimContainer* banner, BannerController* controller, BrimColors* colours,
-                     const BannerTexts& texts);
+// Call before the banner is added to a superview.
+void configureBanner(BrimContainer* banner, BannerController* controller, BrimColors* colors, const BannerTexts& texts);

@@ -1,42 +1,45 @@
-// The platform's notification controllers with what the library adds to them: properties, and messages that hooks and
-// banners send each other.
+// The platform's notification controllers, with the properties and messages that the library adds to them. The
+// interface fixes the names of the messages, their spelling included. Main thread.
 #pragma once
 
 #include "library/view/brim_container.hpp"
 #include "platform/nc_notification_view.hpp"
 #include "platform/nc_notification_view_controller.hpp"
 
-// Any controller of a notification.
+// A controller of a notification in the banner window or elsewhere.
 class NotificationController : public objc::Interface<"NCNotificationViewController", NCNotificationViewController> {
  public:
+  // Whether the controller's view is in the banner window.
   bool isPartOfBanner() const { return objc::send<bool, "isPartOfBanner">(this); }
+  // Appends the texts of the view's notification to a banner of the same conversation.
   void attemptUpdateReply(UIView* view) { objc::send<void, "attemptUpdateReply:">(this, view); }
+  // Executes the notification's clear action.
   void attemptDelete() { objc::send<void, "attemptDelete">(this); }
 
-  // Names this banner among all; nil until it is first attached, then never changed.
+  // Identifies the banner. nil until the banner is attached for the first time; does not change afterwards.
   NSString* brimIdentifier() const { return objc::send<NSString*, "brimIdentifier">(this); }
   void setBrimIdentifier(NSString* identifier) { objc::send<void, "setBrimIdentifier:">(this, identifier); }
 };
 
-// The controller of a short look, which is what banners are.
+// The controller of a short look; every banner belongs to one.
 class BannerController : public objc::Interface<"NCNotificationShortLookViewController", NotificationController> {
  public:
-  // The attached banner, kept; nil before and after.
+  // The attached banner, retained. nil before it is attached and after it is removed.
   BrimContainer* brimView() const { return objc::send<BrimContainer*, "brimView">(this); }
   void setBrimView(BrimContainer* banner) { objc::send<void, "setBrimView:">(this, banner); }
-  // The controller has left the screen.
+  // The platform has dismissed the controller.
   bool hasDismissed() const { return objc::send<bool, "hasDismissed">(this); }
   void setHasDismissed(bool value) { objc::send<void, "setHasDismissed:">(this, value); }
-  // The dismissal may proceed.
+  // The time until the automatic dismissal has passed, or a dismissal is forced. A dismissal requires one of them.
   bool autoDimissTriggered() const { return objc::send<bool, "autoDimissTriggered">(this); }
   void setAutoDimissTriggered(bool value) { objc::send<void, "setAutoDimissTriggered:">(this, value); }
   // The banner's dismissal animation is running.
   bool isDismissing() const { return objc::send<bool, "isDismissing">(this); }
   void setIsDismissing(bool value) { objc::send<void, "setIsDismissing:">(this, value); }
-  // A newer banner has taken this one's place.
+  // A newer banner replaces this one.
   bool wasExternallyDismissed() const { return objc::send<bool, "wasExternallyDismissed">(this); }
   void setWasExternallyDismissed(bool value) { objc::send<void, "setWasExternallyDismissed:">(this, value); }
-  // Some dismissal has been asked for.
+  // A dismissal was requested, even if the banner stays.
   bool dismissCalled() const { return objc::send<bool, "dismissCalled">(this); }
   void setDismissCalled(bool value) { objc::send<void, "setDismissCalled:">(this, value); }
 
@@ -54,7 +57,7 @@ class BannerController : public objc::Interface<"NCNotificationShortLookViewCont
   void updateProfilePicture(NSString* header, NSString* body, BrimContainer* view) {
     objc::send<void, "updateProfilePictureWithHeader:withBody:forView:">(this, header, body, view);
   }
-  // Where the view is nil the attached banner is meant.
+  // nil means the attached banner.
   void forceDismissNotification(BrimContainer* view) {
     objc::send<void, "forceDismissNotificationForView:">(this, view);
   }
@@ -68,7 +71,7 @@ class BannerController : public objc::Interface<"NCNotificationShortLookViewCont
   }
   void markMessagesAsRead() { objc::send<void, "markMessagesAsRead">(this); }
 
-  // Moves the banner to its resting place plus the offset.
+  // Moves the banner to its position at rest plus the offset, in points.
   void moveBanner(CGFloat offset, BrimContainer* view, bool animated, objc::Block<void(bool)>* completion) {
     objc::send<void, "dismissGestureHandler:forView:animated:completion:">(this, offset, view, animated, completion);
   }
@@ -77,17 +80,8 @@ class BannerController : public objc::Interface<"NCNotificationShortLookViewCont
     objc::send<void, "dismissGestureHandler:forView:animated:duration:completion:">(this, offset, view, animated,
                                                                                     duration, completion);
   }
+  // Increases the banner's height for a drag of that distance, in points.
   void expandBanner(CGFloat distance, BrimContainer* view, bool animated, objc::Block<void(bool)>* completion) {
     objc::send<void, "expandGestureHandler:forView:animated:completion:">(this, distance, view, animated, completion);
   }
 };
-
-// The bundle identifier of the Messages app, whose notifications are answered through the app itself.
-inline NSString* messagesIdentifier() { return "com.apple.MobileSMS"_ns; }
-
-// The controller's banner drops out of sight at once.
-inline void removeBanner(BannerController* controller) {
-  const objc::Ref<BrimContainer> banner = objc::retain(controller->brimView());
-  banner->removeFromSuperview();
-  controller->setBrimView(nullptr);
-}

@@ -1,15 +1,10 @@
 #include "library/controller/commands.hpp"
 
 #include "library/controller/dismissal.hpp"
-#include "library/controller/notification_text.hpp"
-#include "platform/dispatch.hpp"
 
 namespace {
 
-constexpr std::int64_t replacementDelay = nanosecondsPerSecond / 2;
-// The platform's own number for a dismissal that the banner has asked for.
-constexpr NSInteger ownTransition = 30;
-
+// The names of the notification, its keys and its commands are fixed by the interface.
 NSString* notificationName() { return "BrimNotification"_ns; }
 NSString* commandKey() { return "command"_ns; }
 NSString* headerKey() { return "header"_ns; }
@@ -17,28 +12,22 @@ NSString* bodyKey() { return "body"_ns; }
 NSString* identifierKey() { return "brimIdentifier"_ns; }
 NSString* dismissCommand() { return "dismiss"_ns; }
 NSString* dismissWithoutAnimationCommand() { return "dismissnoani"_ns; }
-NSString* updateReplyCommand() { return "updateReply"_ns; }
+NSString* updateCommand() { return "updateReply"_ns; }
 NSString* replacementCommand() { return "isExternallyDismissed"_ns; }
 
-NSMutableDictionary* message(NSString* command) {
-  NSMutableDictionary* made = NSMutableDictionary::dictionaryWithCapacity(3);
-  made->setObject(command, commandKey());
-  return made;
+NSMutableDictionary* userInfoFor(NSString* command) {
+  NSMutableDictionary* userInfo = NSMutableDictionary::dictionaryWithCapacity(3);
+  userInfo->setObject(command, commandKey());
+  return userInfo;
 }
 
 void broadcast(NSDictionary* userInfo) { NSNotificationCenter::defaultCenter()->post(notificationName(), userInfo); }
 
-void obeyDismiss(BannerController* self, NSDictionary*) { self->forceDismissNotification(self->brimView()); }
+void handleDismiss(BannerController* self, NSDictionary*) { self->forceDismissNotification(self->brimView()); }
 
-void obeyDismissWithoutAnimation(BannerController* self, NSDictionary*) {
-  BrimContainer::setDismissNotification(true);
-  if (self->brimView() != nullptr) removeBanner(self);
-  if (answers<"dismissViewControllerWithTransition:completion:">(self))
-    self->dismissViewController(ownTransition, nullptr);
-}
+void handleDismissWithoutAnimation(BannerController* self, NSDictionary*) { dismissWithoutAnimation(self); }
 
-// Only the banner of the same conversation, known by its header, takes the text.
-void obeyUpdateReply(BannerController* self, NSDictionary* userInfo) {
+void handleUpdate(BannerController* self, NSDictionary* userInfo) {
   BrimContainer* banner = self->brimView();
   if (banner == nullptr || !banner->canReply() || banner->headerLabel()->text() == nullptr) return;
   auto* header = objc::as<NSString>(userInfo->objectForKey(headerKey()));
@@ -47,39 +36,39 @@ void obeyUpdateReply(BannerController* self, NSDictionary* userInfo) {
   banner->updateForContinuousNotification(body);
 }
 
-void obeyReplacement(BannerController* self, NSDictionary* userInfo) {
-  auto* replacing = objc::as<NSString>(userInfo->objectForKey(identifierKey()));
-  if (self->brimIdentifier()->isEqualToString(replacing) || self->wasExternallyDismissed()) return;
-  self->setWasExternallyDismissed(true);
-  const objc::Ref<BannerController> controller = objc::retain(self);
-  onMainQueueAfter(replacementDelay, [controller] {
-    if (controller->isDismissing() || controller->dismissCalled()) return;
-    if (answers<"forceDismissNotificationForView:">(controller))
-      controller->forceDismissNotification(controller->brimView());
-  });
+void handleReplacement(BannerController* self, NSDictionary* userInfo) {
+  auto* newerBanner = objc::as<NSString>(userInfo->objectForKey(identifierKey()));
+  if (!self->brimIdentifier()->isEqualToString(newerBanner)) dismissReplacedBanner(self);
 }
 
-struct Obedience {
+struct CommandHandler {
   NSString* (*command)();
-  void (*obey)(BannerController*, NSDictionary*);
+  void (*handle)(BannerController*, NSDictionary*);
 };
 
-constexpr Obedience obediences[] = {
-    {&dismissCommand, &obeyDismiss},
-    {&dismissWithoutAnimationCommand, &obeyDismissWithoutAnimation},
-    {&updateReplyCommand, &obeyUpdateReply},
-    {&replacementCommand, &obeyReplacement},
+constexpr CommandHandler handlers[] = {
+    {&dismissCommand, &handleDismiss},
+    {&dismissWithoutAnimationCommand, &handleDismissWithoutAnimation},
+    {&updateCommand, &handleUpdate},
+    {&replacementCommand, &handleReplacement},
 };
 
 }  // namespace
 
 void post(Command command) {
-  broadcast(message(command == Command::Dismiss ? dismissCommand() : dismissWithoutAnimationCommand()));
+  broadcast(userInfoFor(command == Command::Dismiss ? dismissCommand() : dismissWithoutAnimationCommand()));
 }
 
 void postReplacement(NSString* identifier) {
-  NSMutableDictionary* userInfo = message(replacementCommand());
+  NSMutableDictionary* userInfo = userInfoFor(replacementCommand());
   userInfo->setObject(identifier, identifierKey());
+  broadcast(userInfo);
+}
+
+void postUpdate(NSString* header, NSString* body) {
+  NSMutableDictionary* userInfo = userInfoFor(updateCommand());
+  userInfo->setObject(header, headerKey());
+  userInfo->setObject(body, bodyKey());
   broadcast(userInfo);
 }
 
@@ -100,40 +89,11 @@ void receivedBrimNotification(BannerController* self, NSNotification* notificati
   NSDictionary* userInfo = notification->userInfo();
   auto* command = objc::as<NSString>(userInfo->objectForKey(commandKey()));
   if (command == nullptr) return;
-  // The command may take the controller from the screen.
+  // Retained, because a dismissal can release the last other reference to the controller.
   const objc::Ref<BannerController> controller = objc::retain(self);
-  for (const Obedience& obedience : obediences) {
-    if (!command->isEqualToString(obedience.command())) continue;
-    obedience.obey(self, userInfo);
+  for (const CommandHandler& handler : handlers) {
+    if (!command->isEqualToString(handler.command())) continue;
+    handler.handle(self, userInfo);
     return;
   }
-}
-
-void attemptUpdateReply(NotificationController* self, NCNotificationViewControllerView* view) {
-  NCNotificationShortLookView* content = view->contentView();
-  NSString* title = presentText(content->primaryText());
-  NSString* header = title != nullptr ? title : content->primarySubtitleText();
-  NSString* body = bodyText(content);
-  if (header == nullptr || body == nullptr) return;
-  NSMutableDictionary* userInfo = message(updateReplyCommand());
-  userInfo->setObject(header, headerKey());
-  userInfo->setObject(body, bodyKey());
-  broadcast(userInfo);
-  self->attemptDelete();
-}
-
-bool grabberDismiss(objc::Original<bool(NSObject*, NSInteger, bool)> original, NSObject* self, NSInteger style,
-                    bool animated) {
-  if (BrimContainer::DismissNotification()) return original(self, style, animated);
-  post(Command::Dismiss);
-  return true;
-}
-
-void activateLockScreen(
-    objc::Original<void(NSObject*, bool, NSObject*, bool, bool, bool, bool, objc::Block<void()>*)> original,
-    NSObject* self, bool animated, NSObject* animationProvider, bool automatically, bool inScreenOffMode,
-    bool dimInAnimation, bool dismissNotificationCenter, objc::Block<void()>* completion) {
-  post(Command::DismissWithoutAnimation);
-  original(self, animated, animationProvider, automatically, inScreenOffMode, dimInAnimation, dismissNotificationCenter,
-           completion);
 }

@@ -1,4 +1,4 @@
-// The command channel: one broadcast by which banners, and what must move them, speak to all banners of the process.
+// The command channel: notifications that reach the controllers of all banners of the process. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
@@ -7,23 +7,15 @@
 
 enum class Command { Dismiss, DismissWithoutAnimation };
 
-// Reaches every listening controller before it returns.
+// Each of these returns after every controller has executed the command.
 void post(Command command);
-// Tells all banners that the one named has been attached, so that the older ones go.
+// A newer banner with this identifier is attached; the other banners are dismissed.
 void postReplacement(NSString* identifier);
+// The banner whose original header is equal appends the body, if its notification can be answered.
+void postUpdate(NSString* header, NSString* body);
 
-// Controllers listen from their viewDidLoad to their dealloc.
+// Hooks. A controller observes the channel from its viewDidLoad to its dealloc.
 void bannerControllerViewDidLoad(objc::Original<void(BannerController*)> original, BannerController* self);
 void bannerControllerDealloc(objc::Original<void(BannerController*)> original, BannerController* self);
+// Ignores unknown commands, and every command before the controller has a brimIdentifier.
 void receivedBrimNotification(BannerController* self, NSNotification* notification);
-
-// The text of a notification that would have been presented over a banner that must stay.
-void attemptUpdateReply(NotificationController* self, NCNotificationViewControllerView* view);
-
-// The grabber's gesture belongs to the banner while one must stay.
-bool grabberDismiss(objc::Original<bool(NSObject*, NSInteger, bool)> original, NSObject* self, NSInteger style,
-                    bool animated);
-void activateLockScreen(
-    objc::Original<void(NSObject*, bool, NSObject*, bool, bool, bool, bool, objc::Block<void()>*)> original,
-    NSObject* self, bool animated, NSObject* animationProvider, bool automatically, bool inScreenOffMode,
-    bool dimInAnimation, bool dismissNotificationCenter, objc::Block<void()>* completion);

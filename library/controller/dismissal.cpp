@@ -1,18 +1,24 @@
 #include "library/controller/dismissal.hpp"
 
-#include "library/controller/attachment.hpp"
 #include "library/controller/commands.hpp"
-#include "library/startup/settings.hpp"
+#include "library/settings/settings.hpp"
 #include "platform/dispatch.hpp"
 
 namespace {
 
-constexpr double shortestDismissal = 0.7;
-constexpr double dismissalPerLine = 0.02;
-// Far enough above the screen for any banner.
+// The time in which a replaced banner stays behind the newer one.
+constexpr std::int64_t replacementDelay = nanosecondsPerSecond / 2;
+// Seconds.
+constexpr double minDismissalDuration = 0.7;
+constexpr double dismissalDurationPerLine = 0.02;
+// Points. Above the screen for a banner of any height.
 constexpr CGFloat dismissalOffset = -1000;
+// The transition of a dismissal that the library requests. The platform uses this number too.
 constexpr NSInteger ownTransition = 30;
 constexpr NSInteger platformTransition = 0;
+
+// Only compared, never dereferenced.
+const BannerController* controllerOfNewestBanner = nullptr;
 
 std::int64_t nanoseconds(NSInteger seconds) {
   std::int64_t product = 0;
@@ -20,25 +26,42 @@ std::int64_t nanoseconds(NSInteger seconds) {
   return product;
 }
 
+// Removes the banner from the screen at once.
+void removeBanner(BannerController* controller) {
+  const objc::Ref<BrimContainer> banner = objc::retain(controller->brimView());
+  banner->removeFromSuperview();
+  controller->setBrimView(nullptr);
+}
+
+void scheduleAutomaticDismissal(BannerController* self) {
+  const objc::Ref<BannerController> controller = objc::retain(self);
+  onMainQueueAfter(nanoseconds(settings::timeToDismiss), [controller] {
+    if (controller->isDismissing() || controller->dismissCalled() || controller->wasExternallyDismissed()) return;
+    controller->setAutoDimissTriggered(true);
+    if (answers<"attemptDismissNotificationForView:forced:">(controller))
+      controller->attemptDismissNotification(nullptr, false);
+  });
+}
+
 double dismissalDuration(BrimContainer* banner) {
   const NSUInteger bodyLines = banner->bodyLabel()->measuredNumberOfLines();
   const bool oneLine = settings::tinyBanner || bodyLines == 0;
   const NSUInteger lines = oneLine ? banner->headerLabel()->measuredNumberOfLines() : bodyLines;
-  return shortestDismissal + dismissalPerLine * static_cast<double>(lines);
+  return minDismissalDuration + dismissalDurationPerLine * static_cast<double>(lines);
 }
 
-// A newer banner has the place already: this one only goes.
-objc::BlockRef<void(bool)> removalWhenReplaced(BannerController* self) {
+// Does not dismiss the controllers, because the newer banner is on screen.
+objc::BlockRef<void(bool)> removalOfReplacedBanner(BannerController* self) {
   const objc::Ref<BannerController> controller = objc::retain(self);
   return objc::block([controller](bool finished) {
     if (finished) removeBanner(controller);
   });
 }
 
-objc::BlockRef<void(bool)> removal(BannerController* self) {
-  const objc::Weak<BannerController> held(self);
-  return objc::block([held](bool finished) {
-    const objc::Ref<BannerController> controller = held.lock();
+objc::BlockRef<void(bool)> removalOfBanner(BannerController* self) {
+  const objc::Weak<BannerController> weakController(self);
+  return objc::block([weakController](bool finished) {
+    const objc::Ref<BannerController> controller = weakController.lock();
     if (!finished || controller == nullptr) return;
     if (!controller->hasDismissed() && answers<"preDismiss">(controller)) controller->preDismiss();
     if (controller->brimView() != nullptr) removeBanner(controller);
@@ -49,27 +72,27 @@ void slideOut(BannerController* self, BrimContainer* banner) {
   banner->setOverlayWithAnimation(0);
   const double duration = dismissalDuration(banner);
   if (self->wasExternallyDismissed()) {
-    self->moveBanner(dismissalOffset, banner, true, duration, removalWhenReplaced(self));
+    self->moveBanner(dismissalOffset, banner, true, duration, removalOfReplacedBanner(self));
     return;
   }
-  self->moveBanner(dismissalOffset, banner, true, duration, removal(self));
+  self->moveBanner(dismissalOffset, banner, true, duration, removalOfBanner(self));
   if (banner->reply()->isFirstResponder()) banner->reply()->resignFirstResponder();
 }
 
-// A forced request overrides a banner that must stay, and starts a half-finished dismissal again.
-void override(BannerController* self) {
+void prepareForcedDismissal(BannerController* self) {
   self->setIsDismissing(false);
   self->setHasDismissed(false);
   self->setAutoDimissTriggered(true);
   BrimContainer::setDismissNotification(true);
 }
 
-// Where the platform itself asked for the dismissal, the banner went with its controller, and holds nobody back. What
-// has taken its place may.
-void leaveNothingBehind(BannerController* controller) {
+// The platform itself can dismiss the controller with transition 30. The banner is then still attached and must be
+// removed. If it is the newest banner, later banners must not wait for it. If there is a newer banner, its own flag
+// stays.
+void cleanUpAfterPlatformDismissal(BannerController* controller) {
   if (controller->brimView() == nullptr) return;
   removeBanner(controller);
-  if (hasNewestBanner(controller)) BrimContainer::setDismissNotification(true);
+  if (controller == controllerOfNewestBanner) BrimContainer::setDismissNotification(true);
 }
 
 }  // namespace
@@ -82,14 +105,28 @@ void clearDismissalFlags(BannerController* controller) {
   controller->setDismissCalled(false);
 }
 
-void scheduleAutomaticDismissal(BannerController* self) {
+void prepareDismissal(BannerController* controller) {
+  controllerOfNewestBanner = controller;
+  clearDismissalFlags(controller);
+  scheduleAutomaticDismissal(controller);
+}
+
+void dismissReplacedBanner(BannerController* self) {
+  if (self->wasExternallyDismissed()) return;
+  self->setWasExternallyDismissed(true);
   const objc::Ref<BannerController> controller = objc::retain(self);
-  onMainQueueAfter(nanoseconds(settings::timeToDismiss), [controller] {
-    if (controller->isDismissing() || controller->dismissCalled() || controller->wasExternallyDismissed()) return;
-    controller->setAutoDimissTriggered(true);
-    if (answers<"attemptDismissNotificationForView:forced:">(controller))
-      controller->attemptDismissNotification(nullptr, false);
+  onMainQueueAfter(replacementDelay, [controller] {
+    if (controller->isDismissing() || controller->dismissCalled()) return;
+    if (answers<"forceDismissNotificationForView:">(controller))
+      controller->forceDismissNotification(controller->brimView());
   });
+}
+
+void dismissWithoutAnimation(BannerController* controller) {
+  BrimContainer::setDismissNotification(true);
+  if (controller->brimView() != nullptr) removeBanner(controller);
+  if (answers<"dismissViewControllerWithTransition:completion:">(controller))
+    controller->dismissViewController(ownTransition, nullptr);
 }
 
 bool shouldAutoDismiss(BannerController* self) {
@@ -105,7 +142,7 @@ void forceDismissNotification(BannerController* self, BrimContainer* view) {
 void attemptDismissNotification(BannerController* self, BrimContainer* view, bool forced) {
   self->setDismissCalled(true);
   if (self->hasDismissed()) return;
-  if (forced) override(self);
+  if (forced) prepareForcedDismissal(self);
   if (!BrimContainer::DismissNotification() || !self->autoDimissTriggered()) return;
   const objc::Ref<BrimContainer> banner = objc::retain(view != nullptr ? view : self->brimView());
   if (banner == nullptr || self->isDismissing()) return;
@@ -132,13 +169,13 @@ void dismissViewController(objc::Original<void(BannerController*, NSInteger, obj
   }
   if (transition != ownTransition) return;
   const objc::Ref<BannerController> controller = objc::retain(self);
-  const auto whenGone = objc::block([controller](bool finished) {
+  const auto onCompletion = objc::block([controller](bool finished) {
     controller->setHasDismissed(finished);
     if (finished) {
-      leaveNothingBehind(controller);
+      cleanUpAfterPlatformDismissal(controller);
     } else {
       controller->setIsDismissing(false);
     }
   });
-  original(self, platformTransition, whenGone);
+  original(self, platformTransition, onCompletion);
 }

@@ -1,18 +1,35 @@
-// The end of a banner: every way to it goes through these, and each banner leaves the screen once.
+// The dismissal of banners. Every dismissal goes through these functions; each banner is dismissed once. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
 #include "objc/hook.hpp"
 
 void clearDismissalFlags(BannerController* controller);
-// Dismisses the banner by itself "timeToDismiss" seconds from now, unless something else has by then.
-void scheduleAutomaticDismissal(BannerController* controller);
 
+// Call when the controller's banner is attached. The banner is then the newest, and it dismisses itself after
+// timeToDismiss seconds unless another dismissal comes first.
+void prepareDismissal(BannerController* controller);
+
+// Dismisses the banner half a second from now, unless another dismissal comes first.
+void dismissReplacedBanner(BannerController* controller);
+
+// Removes the banner at once and dismisses its controller.
+void dismissWithoutAnimation(BannerController* controller);
+
+// Whether the notification's options allow that the banner dismisses itself. True without options.
 bool shouldAutoDismiss(BannerController* self);
-void forceDismissNotification(BannerController* self, BrimContainer* view);
+
+// Moves the banner out of the screen. nil means the attached banner. A forced dismissal also dismisses a banner that
+// must stay, and restarts a dismissal that did not finish.
 void attemptDismissNotification(BannerController* self, BrimContainer* view, bool forced);
+void forceDismissNotification(BannerController* self, BrimContainer* view);
+
+// The last step: the animation is finished. Dismisses all controllers.
 void preDismiss(BannerController* self);
 
+// Hook. A tap on the banner dismisses it and then opens the application.
 void handleTap(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self, NSObject* view);
+
+// Hook. In the banner window, ignores a dismissal whose transition is not the library's own number.
 void dismissViewController(objc::Original<void(BannerController*, NSInteger, objc::Block<void(bool)>*)> original,
                            BannerController* self, NSInteger transition, objc::Block<void(bool)>* completion);

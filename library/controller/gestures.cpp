@@ -1,32 +1,33 @@
 #include "library/controller/gestures.hpp"
 
-#include "library/messages/names.hpp"
-#include "library/startup/settings.hpp"
+#include "library/applications/supported_applications.hpp"
+#include "library/settings/settings.hpp"
 
 namespace {
 
-// The banner grows by this part of the finger's way.
-constexpr CGFloat travelPerPoint = 4;
+// The height changes by one point for this many points of a drag.
+constexpr CGFloat dragPointsPerHeightPoint = 4;
 constexpr NSInteger expandedLineCount = 15;
 
-void followExpansion(BannerController* self, BrimContainer* banner) {
+void didExpand(BannerController* self, BrimContainer* banner) {
   if (!settings::showButtons) banner->replyButtonPressed(nullptr);
   banner->setMaxLineCount(expandedLineCount);
   NSString* application = self->getBundleId();
   if (application != nullptr && application->isEqualToString(messagesIdentifier()) &&
-      settings::messagesAutoReadMode == bridge::readWhenExpanded)
+      settings::autoReadMode() == settings::AutoReadMode::WhenExpanded)
     self->markMessagesAsRead();
 }
 
-void dragMoves(BannerController* self, BrimContainer* banner, CGFloat translation, bool upward) {
+void handleDrag(BannerController* self, BrimContainer* banner, CGFloat translation, bool upward) {
   self->moveBanner(upward ? translation : 0, banner, false, nullptr);
   if (!upward) self->expandBanner(translation, banner, false, nullptr);
 }
 
-void dragEndsUpward(BannerController* self, BrimContainer* banner, CGFloat translation) {
+// A drag that is too short to dismiss expands the banner.
+void handleEndOfDragUpward(BannerController* self, BrimContainer* banner, CGFloat translation) {
   if (translation > banner->defaultDismiss()) {
     self->moveBanner(0, banner, true, nullptr);
-    followExpansion(self, banner);
+    didExpand(self, banner);
     return;
   }
   BrimContainer::setDismissNotification(true);
@@ -34,10 +35,11 @@ void dragEndsUpward(BannerController* self, BrimContainer* banner, CGFloat trans
   self->forceDismissNotification(banner);
 }
 
-void dragEndsDownward(BannerController* self, BrimContainer* banner) {
-  const CGFloat wholeWay = (banner->defaultExpandedHeight() - banner->defaultHeight()) * travelPerPoint;
-  self->expandBanner(wholeWay, banner, true, nullptr);
-  followExpansion(self, banner);
+void handleEndOfDragDownward(BannerController* self, BrimContainer* banner) {
+  const CGFloat distanceToExpand =
+      (banner->defaultExpandedHeight() - banner->defaultHeight()) * dragPointsPerHeightPoint;
+  self->expandBanner(distanceToExpand, banner, true, nullptr);
+  didExpand(self, banner);
   if (self->brimView()->enablePrivacy()) self->brimView()->showContent();
 }
 
@@ -45,18 +47,18 @@ void dragEndsDownward(BannerController* self, BrimContainer* banner) {
 
 void panGestureHandler(BannerController* self, UIPanGestureRecognizer* recognizer) {
   auto* banner = static_cast<BrimContainer*>(recognizer->view());
-  // The finger may outlast the banner, which has no place to move to once it has left.
+  // A gesture can continue after the banner is removed. The banner then has no superview to move in.
   if (self->isDismissing() || banner->superview() == nullptr) return;
   const CGFloat translation = recognizer->translationInView(self->view()).y;
   const bool upward = translation <= 0 && (banner->height() <= banner->defaultHeight() || banner->isFullyExpanded() ||
                                            banner->showingAllLines());
   const UIGestureRecognizerState state = recognizer->state();
   if (state != UIGestureRecognizerState::Ended && state != UIGestureRecognizerState::Cancelled) {
-    dragMoves(self, banner, translation, upward);
+    handleDrag(self, banner, translation, upward);
   } else if (upward) {
-    dragEndsUpward(self, banner, translation);
+    handleEndOfDragUpward(self, banner, translation);
   } else {
-    dragEndsDownward(self, banner);
+    handleEndOfDragDownward(self, banner);
   }
 }
 
@@ -65,61 +67,28 @@ void moveBanner(BannerController*, CGFloat offset, BrimContainer* view, bool ani
   view->updateTop(view->defaultOffset() + offset, animated, completion);
 }
 
-void moveBannerFor(BannerController*, CGFloat offset, BrimContainer* view, bool animated, double duration,
-                   objc::Block<void(bool)>* completion) {
+void moveBannerWithDuration(BannerController*, CGFloat offset, BrimContainer* view, bool animated, double duration,
+                            objc::Block<void(bool)>* completion) {
   view->updateTop(view->defaultOffset() + offset, animated, duration, completion);
 }
 
 void expandBanner(BannerController*, CGFloat distance, BrimContainer* view, bool animated,
                   objc::Block<void(bool)>* completion) {
-  const CGFloat resting = view->defaultHeight();
-  const CGFloat expanded = view->defaultExpandedHeight();
+  const CGFloat heightAtRest = view->defaultHeight();
+  const CGFloat fullHeight = view->defaultExpandedHeight();
   const CGFloat current = view->height();
-  CGFloat target = current + distance / travelPerPoint;
-  CGFloat progress = 1 - (expanded - current) / (expanded - resting);
-  if (target >= expanded) {
-    target = expanded;
+  CGFloat target = current + distance / dragPointsPerHeightPoint;
+  CGFloat progress = 1 - (fullHeight - current) / (fullHeight - heightAtRest);
+  if (target >= fullHeight) {
+    target = fullHeight;
     progress = 1;
     BrimContainer::setDismissNotification(false);
-  } else if (target <= resting) {
-    target = resting;
+  } else if (target <= heightAtRest) {
+    target = heightAtRest;
     progress = 0;
     BrimContainer::setDismissNotification(true);
   }
   if (!view->canReply() && !view->enableButtons() && view->showingAllLines()) return;
   view->updateHeight(target, animated, completion);
   view->setButtonsAlpha(progress);
-}
-
-bool isPartOfBanner(NotificationController* self) {
-  for (UIView* view = self->view(); view != nullptr; view = view->superview())
-    if (__builtin_strcmp(object_getClassName(objc::detail::identifier(view)), "SBNotificationBannerWindow") == 0)
-      return true;
-  return false;
-}
-
-void presentLongLookForScroll(objc::Original<void(BannerController*, bool, objc::Block<void(bool)>*)> original,
-                              BannerController* self, bool animated, objc::Block<void(bool)>* completion) {
-  if (!self->isPartOfBanner()) original(self, animated, completion);
-}
-
-void presentLongLookViaClick(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self,
-                             NSObject* interaction) {
-  if (!self->isPartOfBanner()) original(self, interaction);
-}
-
-void presentLongLook(objc::Original<void(NotificationController*, bool, NSInteger, objc::Block<void(bool)>*)> original,
-                     NotificationController* self, bool animated, NSInteger trigger,
-                     objc::Block<void(bool)>* completion) {
-  if (!self->isPartOfBanner()) original(self, animated, trigger, completion);
-}
-
-void presentViewController(
-    objc::Original<void(NotificationController*, UIViewController*, bool, objc::Block<void()>*)> original,
-    NotificationController* self, UIViewController* presented, bool animated, objc::Block<void()>* completion) {
-  if (!self->isPartOfBanner() || BrimContainer::DismissNotification()) {
-    original(self, presented, animated, completion);
-  } else {
-    self->attemptUpdateReply(presented->view());
-  }
 }

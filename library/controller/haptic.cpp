@@ -1,6 +1,6 @@
 #include "library/controller/haptic.hpp"
 
-#include "library/startup/settings.hpp"
+#include "library/settings/settings.hpp"
 #include "platform/audio_toolbox.hpp"
 #include "platform/ns_number.hpp"
 #include "platform/ui_device.hpp"
@@ -10,6 +10,7 @@ namespace {
 
 constexpr SystemSoundID strongPop = 1520;
 constexpr SystemSoundID plainVibration = 4095;
+// Support levels of the device: a haptic engine, or its predecessor.
 constexpr NSInteger hapticEngine = 2;
 constexpr NSInteger tapticEngine = 1;
 

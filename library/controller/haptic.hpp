@@ -1,8 +1,8 @@
-// The feedback that confirms an action, as strong as the device can.
+// Haptic feedback, as strong as the device supports. Main thread.
 #pragma once
 
-// Plays it when the setting "vibrate_on_send" is on.
+// Confirms an executed action, if the setting vibrate_on_send is on.
 void confirmWithHaptic();
 
-// The plain vibration of a test banner, whatever the setting.
+// Vibrates for a test banner, regardless of the setting.
 void vibrate();

@@ -1,6 +1,6 @@
 #include "library/controller/test_banner.hpp"
 
-#include "library/controller/banner_controller.hpp"
+#include "library/applications/supported_applications.hpp"
 #include "library/controller/haptic.hpp"
 #include "platform/dispatch.hpp"
 #include "platform/dynamic_linking.hpp"
@@ -11,7 +11,7 @@ namespace {
 
 constexpr NSUInteger everyDestination = 15;
 
-// Kept; null until the platform has made one.
+// Retained. nil until the platform creates a server.
 BBServer* sharedServer;
 
 NSString* requestName() { return "com.lumetra.brim.receivedbannertest"_ns; }
@@ -35,7 +35,7 @@ objc::Ref<BBBulletin> testBulletin() {
   return bulletin;
 }
 
-// The platform exports the queue wherever a server exists.
+// A process with a bulletin server exports its queue under this symbol.
 dispatch_queue_t lookUpServerQueue() {
   void* program = dlopen(nullptr, globalSymbols);
   auto* symbol = static_cast<dispatch_queue_t*>(dlsym(program, "__BBServerQueue"));
@@ -54,11 +54,11 @@ void publish(BBBulletin* bulletin) {
   if (!answers<"publishBulletin:destinations:">(sharedServer)) return;
   const objc::Ref<BBServer> server = objc::retain(sharedServer);
   const objc::Ref<BBBulletin> published = objc::retain(bulletin);
-  // The server's state belongs to its queue.
+  // The server must be used on its own queue only.
   dispatch_sync(serverQueue(), objc::block([server, published] { server->publish(published, everyDestination); }));
 }
 
-BBServer* remember(BBServer* server) {
+BBServer* storeServer(BBServer* server) {
   objc::retainObject(server);
   objc::releaseObject(sharedServer);
   sharedServer = server;
@@ -84,7 +84,7 @@ void receivedBannerTest(UIViewController*) {
 }
 
 BBServer* serverInit(objc::Original<BBServer*(BBServer*, NSObject*)> original, BBServer* self, NSObject* queue) {
-  return remember(original(self, queue));
+  return storeServer(original(self, queue));
 }
 
 BBServer* serverLongInit(objc::Original<BBServer*(BBServer*, NSObject*, NSObject*, NSObject*, NSObject*, NSObject*,
@@ -93,8 +93,8 @@ BBServer* serverLongInit(objc::Original<BBServer*(BBServer*, NSObject*, NSObject
                          BBServer* self, NSObject* queue, NSObject* dataProviderManager, NSObject* syncService,
                          NSObject* dismissalSyncCache, NSObject* observerListener, NSObject* utilitiesListener,
                          NSObject* conduitListener, NSObject* systemStateListener, NSObject* settingsListener) {
-  return remember(original(self, queue, dataProviderManager, syncService, dismissalSyncCache, observerListener,
-                           utilitiesListener, conduitListener, systemStateListener, settingsListener));
+  return storeServer(original(self, queue, dataProviderManager, syncService, dismissalSyncCache, observerListener,
+                              utilitiesListener, conduitListener, systemStateListener, settingsListener));
 }
 
 void serverDealloc(objc::Original<void(BBServer*)> original, BBServer* self) {

@@ -1,16 +1,17 @@
-// A made-up notification that shows what banners look like with the settings of the moment.
+// The test banner: a notification that the settings pane requests to show the current settings. Main thread.
 #pragma once
 
 #include "objc/hook.hpp"
 #include "platform/bb_server.hpp"
 #include "platform/ui_view_controller.hpp"
 
-// The home screen listens for the request that the settings pane posts.
+// Hooks. The home screen observes the request from its viewDidLoad to its dealloc.
 void homeScreenViewDidLoad(objc::Original<void(UIViewController*)> original, UIViewController* self);
 void homeScreenDealloc(objc::Original<void(UIViewController*)> original, UIViewController* self);
+// Vibrates and publishes the notification.
 void receivedBannerTest(UIViewController* self);
 
-// The bulletin server made last is the one to publish with.
+// Hooks. The bulletin server that was initialized last publishes the notification.
 BBServer* serverInit(objc::Original<BBServer*(BBServer*, NSObject*)> original, BBServer* self, NSObject* queue);
 BBServer* serverLongInit(objc::Original<BBServer*(BBServer*, NSObject*, NSObject*, NSObject*, NSObject*, NSObject*,
                                                   NSObject*, NSObject*, NSObject*, NSObject*)>

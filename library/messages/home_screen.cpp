@@ -1,28 +1,30 @@
+#include "library/messages/home_screen.hpp"
+
+#include "library/applications/supported_applications.hpp"
 #include "library/controller/haptic.hpp"
-#include "library/messages/bridge.hpp"
-#include "library/messages/names.hpp"
+#include "library/messages/bridge_protocol.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
 #include "platform/ui_window.hpp"
 
 namespace {
 
-// A missing value is left out: the other side drops what it cannot match.
-void insert(NSMutableDictionary* userInfo, NSString* value, NSString* key) {
+// Leaves a nil value out. The app ignores a notification that it cannot match with a chat.
+void insertIfPresent(NSMutableDictionary* userInfo, NSString* value, NSString* key) {
   if (value != nullptr) userInfo->setObject(value, key);
 }
 
-void wakeMessages() { UIApplication::sharedApplication()->launchApplication(messagesIdentifier(), true); }
+void launchMessages() { UIApplication::sharedApplication()->launchApplication(messagesIdentifier(), true); }
 
 }  // namespace
 
 void sendMessageReply(BannerController* self, BrimContainer*, NSString* text) {
   NCNotificationRequest* request = self->notificationRequest();
   if (request == nullptr) return;
-  wakeMessages();
+  launchMessages();
   NSMutableDictionary* userInfo = NSMutableDictionary::dictionaryWithCapacity(3);
-  insert(userInfo, request->threadIdentifier(), bridge::identifierKey());
-  insert(userInfo, text, bridge::bodyKey());
-  insert(userInfo, self->brimIdentifier(), bridge::brimIdentifierKey());
+  insertIfPresent(userInfo, request->threadIdentifier(), bridge::identifierKey());
+  insertIfPresent(userInfo, text, bridge::bodyKey());
+  insertIfPresent(userInfo, self->brimIdentifier(), bridge::brimIdentifierKey());
   NSDistributedNotificationCenter::defaultCenter()->post(bridge::replyName(), userInfo);
   confirmWithHaptic();
   self->forceDismissNotification(nullptr);
@@ -31,9 +33,9 @@ void sendMessageReply(BannerController* self, BrimContainer*, NSString* text) {
 void markMessagesAsRead(BannerController* self) {
   NCNotificationRequest* request = self->notificationRequest();
   if (request == nullptr) return;
-  wakeMessages();
+  launchMessages();
   NSMutableDictionary* userInfo = NSMutableDictionary::dictionaryWithCapacity(2);
-  insert(userInfo, request->threadIdentifier(), bridge::identifierKey());
-  insert(userInfo, self->brimIdentifier(), bridge::brimIdentifierKey());
+  insertIfPresent(userInfo, request->threadIdentifier(), bridge::identifierKey());
+  insertIfPresent(userInfo, self->brimIdentifier(), bridge::brimIdentifierKey());
   NSDistributedNotificationCenter::defaultCenter()->post(bridge::readName(), userInfo);
 }

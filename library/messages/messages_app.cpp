@@ -1,14 +1,15 @@
-#include "library/messages/bridge.hpp"
-#include "library/messages/names.hpp"
-#include "library/startup/settings.hpp"
+#include "library/messages/messages_app.hpp"
+
+#include "library/messages/bridge_protocol.hpp"
+#include "library/settings/settings.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
 
 namespace {
 
-// What the platform's own outgoing messages carry.
+// The flags of the platform's own outgoing messages.
 constexpr NSUInteger outgoingFlags = 100005;
 
-// The first chat of the list whose identifier contains the given one; null where none does.
+// The first chat of the list whose guid contains the identifier; nil if there is none.
 IMChat* chatMatching(NSString* identifier) {
   if (identifier == nullptr) return nullptr;
   NSArray* conversations = CKConversationList::sharedConversationList()->conversations();
@@ -33,7 +34,7 @@ void conversationListViewDidLoad(objc::Original<void(ConversationListController*
   original(self);
 }
 
-// The registration for replies stays, as the list controller lives as long as its app.
+// Stays registered for replies, because the list controller lives as long as the app.
 void conversationListDealloc(objc::Original<void(ConversationListController*)> original,
                              ConversationListController* self) {
   NSDistributedNotificationCenter::defaultCenter()->removeObserver(self, bridge::readName());
@@ -51,11 +52,11 @@ void receivedMessageContacts(ConversationListController* self, NSNotification* n
   const auto text = NSAttributedString::withString(body);
   IMChatRegistry* registry = IMChatRegistry::sharedInstance();
   registry->send(chat, IMMessage::instantMessage(text, outgoingFlags));
-  if (settings::messagesAutoReadMode == bridge::readAfterReply) registry->sendReadReceiptForAllMessages(chat);
+  if (settings::autoReadMode() == settings::AutoReadMode::AfterReply) registry->sendReadReceiptForAllMessages(chat);
 }
 
 void markAsRead(ConversationListController*, NSNotification* notification) {
   IMChat* chat = chatMatching(textAt(notification, bridge::identifierKey()));
-  if (chat == nullptr || settings::messagesAutoReadMode != bridge::readWhenExpanded) return;
+  if (chat == nullptr || settings::autoReadMode() != settings::AutoReadMode::WhenExpanded) return;
   IMChatRegistry::sharedInstance()->sendReadReceiptForAllMessages(chat);
 }

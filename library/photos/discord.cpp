@@ -1,4 +1,4 @@
-// Discord sends who wrote the message and the name of the author's avatar.
+// Discord notifications contain the author's identifier and the name of the author's avatar.
 #include "library/photos/download.hpp"
 #include "library/photos/endpoints.hpp"
 #include "library/photos/provider.hpp"
@@ -7,7 +7,7 @@
 namespace {
 
 void contactPhoto(BrimDiscordContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
-                  BrimContainer* view) {
+                  PhotoReceiver* view) {
   NSDictionary* author = dictionaryAt(dictionaryAt(userInfoOf(request), "message"_ns), "author"_ns);
   NSString* avatar = identifierAt(author, "avatar"_ns);
   NSString* identifier = identifierAt(author, "id"_ns);

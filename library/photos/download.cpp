@@ -1,6 +1,5 @@
 #include "library/photos/download.hpp"
 
-#include "library/photos/delivery.hpp"
 #include "platform/ns_url_connection.hpp"
 
 NSURL* webAddress(NSString* text) {
@@ -11,14 +10,14 @@ NSURL* webAddress(NSString* text) {
   return scheme->isEqualToString("https"_ns) || scheme->isEqualToString("http"_ns) ? address : nullptr;
 }
 
-void downloadPicture(NSString* address, BrimContainer* view, Undecodable undecodable) {
+void downloadPicture(NSString* address, PhotoReceiver* view, Undecodable undecodable) {
   NSURL* url = webAddress(address);
   if (url == nullptr) return;
-  const objc::Weak<BrimContainer> target(view);
+  const objc::Weak<PhotoReceiver> target(view);
   const auto show = [target, undecodable](NSURLResponse*, NSData* data, NSError* error) {
     if (error != nullptr) return;
     const objc::Ref<UIImage> picture = UIImage::withData(data);
-    if (picture != nullptr || undecodable == Undecodable::ClearsPicture) showLater(target, picture);
+    if (picture != nullptr || undecodable == Undecodable::ClearsPicture) updateImageLater(target, picture);
   };
   NSURLConnection::sendAsynchronousRequest(NSURLRequest::withURL(url), NSOperationQueue::mainQueue(),
                                            objc::block(show));

@@ -1,9 +1,9 @@
 #include "library/photos/endpoints.hpp"
 
 #include "library/photos/download.hpp"
-#include "library/photos/property_list_file.hpp"
 #include "library/photos/user_info.hpp"
-#include "library/view/glyphs.hpp"
+#include "library/utilities/asset_bundle.hpp"
+#include "library/utilities/property_list_file.hpp"
 
 namespace endpoints {
 

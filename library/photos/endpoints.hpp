@@ -1,5 +1,6 @@
-// The web services that pictures come from: scheme and host, without a slash at the end. Named in a property list of
-// the asset bundle, so that others can stand in for them; one that is missing there is the service's public host.
+// The web services that photos come from. Each address is a scheme and a host, without a trailing slash.
+// endpoints.plist in the asset bundle can replace an address. An address that is missing or invalid there is the
+// service's public host. Main thread.
 #pragma once
 
 #include "platform/ns_string.hpp"

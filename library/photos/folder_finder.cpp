@@ -1,6 +1,6 @@
 #include "library/photos/folder_finder.hpp"
 
-#include "library/photos/property_list_file.hpp"
+#include "library/utilities/property_list_file.hpp"
 #include "objc/autorelease_pool.hpp"
 #include "objc/class_definition.hpp"
 #include "platform/ns_file_manager.hpp"
@@ -9,17 +9,17 @@ namespace {
 
 NSString* metadataName() { return ".com.apple.mobile_container_manager.metadata.plist"_ns; }
 
-bool isMetadataOf(NSString* identifierInLowerCase, NSString* file) {
+bool isMetadataOf(NSString* lowercaseIdentifier, NSString* file) {
   auto* stored = objc::as<NSString>(readPropertyList(file)->objectForKey("MCMMetadataIdentifier"_ns));
-  return stored != nullptr && stored->lowercaseString()->isEqualToString(identifierInLowerCase);
+  return stored != nullptr && stored->lowercaseString()->isEqualToString(lowercaseIdentifier);
 }
 
-bool belongsTo(NSString* identifierInLowerCase, NSString* container) {
+bool belongsTo(NSString* lowercaseIdentifier, NSString* container) {
   NSArray* entries = NSFileManager::defaultManager()->contentsOfDirectory(container);
   for (NSUInteger index = 0; index < entries->count(); ++index) {
     auto* name = static_cast<NSString*>(entries->objectAtIndex(index));
     if (!name->contains(metadataName())) continue;
-    if (isMetadataOf(identifierInLowerCase, container->stringByAppendingString("/"_ns)->stringByAppendingString(name)))
+    if (isMetadataOf(lowercaseIdentifier, container->stringByAppendingString("/"_ns)->stringByAppendingString(name)))
       return true;
   }
   return false;

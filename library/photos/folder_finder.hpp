@@ -1,24 +1,26 @@
-// FolderFinder: the folders of applications' containers, whose names are random, by the identifiers in their metadata.
-// Every call reads the file system anew. Any thread.
+// FolderFinder: finds an application's container. Containers have random names; the metadata file in a container has
+// the identifier. The comparison ignores case. Every call reads the file system again. The class name and its messages
+// are fixed by the interface. Any thread.
 #pragma once
 
 #include "platform/ns_string.hpp"
 
 class FolderFinder : public objc::Interface<"FolderFinder", NSObject> {
  public:
-  // The container of an app group; nil where there is none. Upper and lower case are the same.
+  // The container of an app group; nil if there is none.
   static NSString* findSharedFolder(NSString* identifier) {
     return objc::send<NSString*, "findSharedFolder:">(classObject(), identifier);
   }
-  // The same under the path that the group's own application sees.
+  // The container of an app group, under the path that applications of the group use; nil if there is none.
   static NSString* findPrivateSharedFolder(NSString* identifier) {
     return objc::send<NSString*, "findPrivateSharedFolder:">(classObject(), identifier);
   }
-  // The container of an application's own data; nil where there is none.
+  // The data container of an application; nil if there is none.
   static NSString* findDataFolder(NSString* identifier) {
     return objc::send<NSString*, "findDataFolder:">(classObject(), identifier);
   }
-  // The first container listed in the root, a path that ends in "/". The answer does not end in one.
+  // The first matching container in the root, in the file system's order. The root ends in "/", the result does not.
+  // nil if there is none, and if an argument is nil.
   static NSString* findFolder(NSString* identifier, NSString* root) {
     return objc::send<NSString*, "findFolder:folder:">(classObject(), identifier, root);
   }

@@ -1,4 +1,4 @@
-// Instagram sends the picture's address along.
+// Instagram notifications contain the photo's address.
 #include "library/photos/download.hpp"
 #include "library/photos/provider.hpp"
 #include "library/photos/user_info.hpp"
@@ -6,7 +6,7 @@
 namespace {
 
 void contactPhoto(BrimInstagramContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
-                  BrimContainer* view) {
+                  PhotoReceiver* view) {
   downloadPicture(textAt(userInfoOf(request), "a"_ns), view);
 }
 

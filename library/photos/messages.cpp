@@ -1,18 +1,16 @@
-// The address book has the pictures of those who write messages.
+// Messages: the photo is in the address book.
 #include <initializer_list>
 
-#include "library/photos/delivery.hpp"
 #include "library/photos/provider.hpp"
 #include "library/photos/user_info.hpp"
 #include "platform/contacts.hpp"
 
 namespace {
 
-// Whom a notification says it is from.
 struct Sender {
-  // An identifier of the address book. Where it is known nothing else counts.
+  // A contact's identifier in the address book. Only this is compared if it is not nil.
   NSString* identifier = nullptr;
-  // The sender as the notification shows it: a given name, or an address.
+  // A given name or an email address.
   NSString* displayText = nullptr;
 };
 
@@ -36,7 +34,7 @@ bool hasAddress(CNContact* contact, NSString* wanted) {
   return false;
 }
 
-bool isOf(CNContact* contact, const Sender& sender) {
+bool matches(CNContact* contact, const Sender& sender) {
   if (sender.identifier != nullptr) return areEqual(contact->identifier(), sender.identifier);
   return areEqual(contact->givenName(), sender.displayText) || hasAddress(contact, sender.displayText);
 }
@@ -49,8 +47,8 @@ NSArray* fetchedProperties() {
   return keys;
 }
 
-// All containers are searched whatever this answers.
-void askForDefaultContainer(CNContactStore* store) {
+// The search covers all containers, so the result is not used.
+void fetchDefaultContainer(CNContactStore* store) {
   NSString* identifier = store->defaultContainerIdentifier();
   if (identifier == nullptr) return;
   NSMutableArray* identifiers = NSMutableArray::array();
@@ -58,14 +56,14 @@ void askForDefaultContainer(CNContactStore* store) {
   store->containersMatching(CNContainer::predicateForIdentifiers(identifiers));
 }
 
-// The picture of the first contact that is the sender's and has one; nil without.
+// The picture of the first contact that matches the sender and has a picture; nil if there is none.
 objc::Ref<NSData> pictureDataOf(const Sender& sender) {
   const auto store = objc::make<CNContactStore>();
-  askForDefaultContainer(store);
+  fetchDefaultContainer(store);
   objc::Ref<NSData> found;
   objc::Ref<NSData>* const result = &found;
   const auto visit = [&sender, result](CNContact* contact, bool* stop) {
-    if (!isOf(contact, sender)) return;
+    if (!matches(contact, sender)) return;
     *result = objc::retain(contact->imageData());
     *stop = *result != nullptr;
   };
@@ -74,13 +72,13 @@ objc::Ref<NSData> pictureDataOf(const Sender& sender) {
 }
 
 void contactPhoto(BrimMessagesContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
-                  BrimContainer* view) {
+                  PhotoReceiver* view) {
   const Sender sender = senderOf(userInfoOf(request));
   if (sender.identifier == nullptr && sender.displayText == nullptr) return;
   const objc::Ref<NSData> data = pictureDataOf(sender);
   if (data == nullptr) return;
   const objc::Ref<UIImage> picture = UIImage::withData(data);
-  if (picture != nullptr) showLater(objc::Weak<BrimContainer>(view), picture);
+  if (picture != nullptr) updateImageLater(objc::Weak<PhotoReceiver>(view), picture);
 }
 
 }  // namespace

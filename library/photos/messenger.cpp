@@ -1,4 +1,4 @@
-// Messenger sends the sender's number, at one of two places.
+// Messenger notifications contain the sender's identifier, in one of two dictionaries.
 #include "library/photos/download.hpp"
 #include "library/photos/endpoints.hpp"
 #include "library/photos/provider.hpp"
@@ -7,9 +7,9 @@
 namespace {
 
 void contactPhoto(BrimMessengerContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
-                  BrimContainer* view) {
+                  PhotoReceiver* view) {
   NSDictionary* values = userInfoOf(request);
-  // Where the inner dictionary is there, it alone counts.
+  // An inner dictionary replaces the outer one.
   if (values->objectForKey("rp"_ns) != nullptr) values = dictionaryAt(values, "rp"_ns);
   NSString* sender = identifierAt(dictionaryAt(values, "p"_ns), "a"_ns);
   if (sender == nullptr) return;

@@ -1,15 +1,16 @@
-// What finds the picture of a notification's sender. Stateless: one is made for each banner and let go at once.
+// Providers find the photo of a notification's sender; each supports one application. A provider has no state: it is
+// created for one banner and released at once. The class names are fixed by the interface.
 #pragma once
 
-#include "library/view/brim_container.hpp"
+#include "library/photos/photo_receiver.hpp"
 #include "objc/class_definition.hpp"
 #include "platform/nc_notification_request.hpp"
 
 class ContactPhotoProvider : public objc::Interface<"NSObject", NSObject> {
  public:
-  // May return before the picture is known. A picture that is found goes to the view, on the main thread, any number of
-  // times; one that is not found changes nothing. Header and body are the banner's own texts. Main thread.
-  void contactPhoto(NCNotificationRequest* request, NSString* header, NSString* body, BrimContainer* view) {
+  // Can return before the photo is found. Gives a photo to the view on the main thread, once or several times. Changes
+  // nothing if there is no photo. Header and body are the banner's texts and can be nil. Main thread.
+  void contactPhoto(NCNotificationRequest* request, NSString* header, NSString* body, PhotoReceiver* view) {
     objc::send<void, "contactPhotoForNotification:withHeader:withBody:forView:">(this, request, header, body, view);
   }
 };
@@ -21,8 +22,8 @@ class BrimMessagesContactPhotoProvider
 class BrimTwitterContactPhotoProvider
     : public objc::Interface<"BrimTwitterContactPhotoProvider", ContactPhotoProvider> {
  public:
-  // Shows the picture at the address, once it has come. Either may be nil.
-  void resolve(NSString* address, BrimContainer* view) {
+  // Downloads the photo at the address and shows it in the view. Both can be nil.
+  void resolve(NSString* address, PhotoReceiver* view) {
     objc::send<void, "resolveForUrl:forView:">(this, address, view);
   }
 };
@@ -45,7 +46,7 @@ void registerInstagramProvider();
 void registerMessengerProvider();
 void registerTelegramProvider();
 
-// Defines the class of a provider whose one method is the function.
+// Defines the class of a provider. The function is its only method.
 template <class Provider, auto contactPhoto>
 void defineProvider() {
   static constexpr objc::MethodEntry methods[] = {

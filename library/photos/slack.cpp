@@ -1,4 +1,4 @@
-// Slack's own database knows the avatar of everybody in a workspace; the notification's text names the sender.
+// Slack's database has the avatars of a workspace's members. The notification's text contains the sender's name.
 #include "library/photos/download.hpp"
 #include "library/photos/folder_finder.hpp"
 #include "library/photos/provider.hpp"
@@ -7,8 +7,8 @@
 
 namespace {
 
-// "NAME: text" in a direct message, "#CHANNEL NAME: text" in a channel. nil where nobody is named.
-NSString* writtenName(NSString* body, NSString* thread) {
+// A direct message reads "NAME: text", a message in a channel "#CHANNEL NAME: text". nil if there is no name.
+NSString* senderName(NSString* body, NSString* thread) {
   if (thread->hasPrefix("D"_ns))
     return static_cast<NSString*>(body->componentsSeparatedByString(":"_ns)->firstObject());
   if (!thread->hasPrefix("C"_ns)) return nullptr;
@@ -25,11 +25,11 @@ NSString* databasePath(NSString* workspace) {
 }
 
 void contactPhoto(BrimSlackContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
-                  BrimContainer* view) {
+                  PhotoReceiver* view) {
   NSDictionary* values = userInfoOf(request);
   NSDictionary* payload = dictionaryAt(values, "aps"_ns);
   NSString* body = textAt(dictionaryAt(payload, "alert"_ns), "body"_ns);
-  NSString* name = writtenName(body, textAt(payload, "thread-id"_ns));
+  NSString* name = senderName(body, textAt(payload, "thread-id"_ns));
   NSString* workspace = identifierAt(values, "team_id"_ns);
   if (name == nullptr || workspace == nullptr) return;
   name = name->stringByReplacing(":"_ns, ""_ns)->stringByReplacing("@"_ns, ""_ns);

@@ -3,31 +3,31 @@
 #include <sqlite3.h>
 
 #include "library/photos/endpoints.hpp"
-#include "library/photos/regular_file.hpp"
+#include "library/utilities/file_reading.hpp"
 #include "platform/ns_data.hpp"
 #include "platform/ns_file_handle.hpp"
 
 namespace {
 
-// The byte of a database's header that says whether changes go to a file of their own first, and the value for it.
+// The byte of a database's header that selects the journal mode, and its value for a write-ahead log.
 constexpr NSUInteger readVersionOffset = 19;
 constexpr unsigned char writeAheadLog = 2;
 
 class Database {
  public:
   explicit Database(const char* address) {
-    if (sqlite3_open_v2(address, &handle, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr) == SQLITE_OK) return;
+    if (sqlite3_open_v2(address, &handle_, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr) == SQLITE_OK) return;
     close();
   }
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
   ~Database() { close(); }
 
-  // The first column of the first row; nil without one.
+  // The first column of the query's first row; nil if there is no row.
   NSString* text(const char* query) const {
-    if (handle == nullptr) return nullptr;
+    if (handle_ == nullptr) return nullptr;
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(handle, query, -1, &statement, nullptr) != SQLITE_OK) return nullptr;
+    if (sqlite3_prepare_v2(handle_, query, -1, &statement, nullptr) != SQLITE_OK) return nullptr;
     NSString* found = nullptr;
     if (sqlite3_step(statement) == SQLITE_ROW)
       if (const unsigned char* value = sqlite3_column_text(statement, 0))
@@ -37,13 +37,13 @@ class Database {
   }
 
  private:
-  // A handle is there even where opening failed.
+  // SQLite allocates the handle even if it cannot open the file.
   void close() {
-    sqlite3_close(handle);
-    handle = nullptr;
+    sqlite3_close(handle_);
+    handle_ = nullptr;
   }
 
-  sqlite3* handle = nullptr;
+  sqlite3* handle_ = nullptr;
 };
 
 bool hasWriteAheadLog(NSString* path) {
@@ -52,8 +52,8 @@ bool hasWriteAheadLog(NSString* path) {
          static_cast<const unsigned char*>(header->bytes())[readVersionOffset] == writeAheadLog;
 }
 
-// How to open the file without making others beside it. Opened plainly, even for reading, a database with a log of its
-// changes gets a log and an index of it where there are none. Without both it is read as it was before the log.
+// The parameters with which SQLite creates no files beside the database. Without them SQLite creates a missing log and
+// a missing index of the log, even for reading. If either is missing, the database is read without the log.
 NSString* openingParameters(NSString* path) {
   if (!hasWriteAheadLog(path)) return ""_ns;
   const bool hasLog = isRegularFile(path->stringByAppendingString("-wal"_ns));
@@ -61,7 +61,7 @@ NSString* openingParameters(NSString* path) {
   return hasLog && hasIndex ? "?readonly_shm=1"_ns : "?immutable=1"_ns;
 }
 
-NSString* addressOf(NSString* path) {
+NSString* uriOf(NSString* path) {
   NSString* written = NSString::stringWithUTF8String(path->fileSystemRepresentation())
                           ->stringByReplacing("%"_ns, "%25"_ns)
                           ->stringByReplacing("?"_ns, "%3F"_ns)
@@ -81,7 +81,7 @@ NSString* queryFor(NSString* name) {
 }  // namespace
 
 NSString* slackAvatarAddress(NSString* database, NSString* name) {
-  // A quote would end the text that the name is in; what follows it would be a query of the sender's own.
+  // A quote would end the string literal in the query. The sender could write the rest of the query.
   if (name->contains("'"_ns) || !isRegularFile(database)) return nullptr;
-  return Database(addressOf(database)->UTF8String()).text(queryFor(name)->UTF8String());
+  return Database(uriOf(database)->UTF8String()).text(queryFor(name)->UTF8String());
 }

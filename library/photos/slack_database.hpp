@@ -1,9 +1,9 @@
-// The database of the Slack application, which belongs to that application: read, and left as it is to the byte.
+// Reads the Slack application's database. Never changes a byte of it or of the files beside it. Main thread.
 #pragma once
 
 #include "platform/ns_string.hpp"
 
-// The web address of the avatar of the first user whose name contains the given one, in which "%" and "_" stand for
-// anything as they do in LIKE. nil where there is no such user, the name cannot be asked for, or the database cannot be
-// read now: missing, locked, damaged. Never waits for the application.
+// The web address of the avatar of the first user whose name contains the given name. "%" and "_" in the name are
+// wildcards, as in SQL's LIKE. nil if there is no such user, if the name contains a quote, or if the database is
+// missing, locked or damaged. Does not wait for a lock. The database can be nil.
 NSString* slackAvatarAddress(NSString* database, NSString* name);

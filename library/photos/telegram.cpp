@@ -1,4 +1,4 @@
-// Telegram keeps the avatars that the system's search shows as files in its app group.
+// Telegram stores avatars for the system's search as files in its app group's container.
 #include "library/photos/folder_finder.hpp"
 #include "library/photos/provider.hpp"
 #include "library/photos/user_info.hpp"
@@ -6,7 +6,7 @@
 namespace {
 
 void contactPhoto(BrimTelegramContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
-                  BrimContainer* view) {
+                  PhotoReceiver* view) {
   NSString* sender = identifierAt(userInfoOf(request), "from_id"_ns);
   if (sender == nullptr) return;
   NSString* container = FolderFinder::findPrivateSharedFolder("group.ph.telegra.Telegraph"_ns);
@@ -14,7 +14,7 @@ void contactPhoto(BrimTelegramContactPhotoProvider*, NCNotificationRequest* requ
   NSString* path = container->stringByAppendingString("/telegram-data/accounts-metadata/spotlight/p:"_ns)
                        ->stringByAppendingString(sender)
                        ->stringByAppendingString("/avatar.png"_ns);
-  // Read twice: the first time tells whether there is a picture at all.
+  // Read twice: the first read only checks that there is a picture.
   if (UIImage::imageWithContentsOfFile(path) != nullptr) view->updateImage(UIImage::imageWithContentsOfFile(path));
 }
 

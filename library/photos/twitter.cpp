@@ -1,5 +1,5 @@
-// Twitter sends the address of the picture along with a tweet. With anything else it names the account, whose public
-// page has the address.
+// Twitter notifications of a tweet contain the photo's address. Other notifications contain the account's name; the
+// account's public page contains the photo's address.
 #include "library/photos/download.hpp"
 #include "library/photos/endpoints.hpp"
 #include "library/photos/provider.hpp"
@@ -20,7 +20,7 @@ NSRegularExpression* pictureAddressPattern() {
   return NSRegularExpression::withPattern(pattern, NSRegularExpressionOptions::CaseInsensitive);
 }
 
-// The first address of a picture in the page; nil where there is none. Any thread.
+// The first address of a photo in the page; nil if there is none. Any thread.
 NSString* pictureAddressIn(NSData* page, NSRegularExpression* pattern) {
   const objc::Ref<NSString> text = NSString::decoded(page, NSStringEncoding::UTF8);
   if (text == nullptr) return nullptr;
@@ -33,16 +33,16 @@ bool isSuccess(NSURLResponse* response) {
   return answer != nullptr && answer->statusCode() == statusOK;
 }
 
-void resolve(BrimTwitterContactPhotoProvider*, NSString* address, BrimContainer* view) {
+void resolve(BrimTwitterContactPhotoProvider*, NSString* address, PhotoReceiver* view) {
   downloadPicture(address, view);
 }
 
-void readPage(NSURL* page, BrimTwitterContactPhotoProvider* self, BrimContainer* view) {
+void readPage(NSURL* page, BrimTwitterContactPhotoProvider* self, PhotoReceiver* view) {
   const objc::Ref<BrimTwitterContactPhotoProvider> provider = objc::retain(self);
-  const objc::Weak<BrimContainer> target(view);
-  // The page is searched in the background, where the view must not be touched, not even to let it go.
+  const objc::Weak<PhotoReceiver> target(view);
+  // The page is searched on a background thread. The view must not be used or released there.
   const objc::BlockRef<Delivery> deliver = objc::block([provider, target](NSString* address) {
-    const objc::Ref<BrimContainer> banner = target.lock();
+    const objc::Ref<PhotoReceiver> banner = target.lock();
     if (banner != nullptr) provider->resolve(address, banner);
   });
   const objc::Ref<NSRegularExpression> pattern = objc::retain(pictureAddressPattern());
@@ -55,7 +55,7 @@ void readPage(NSURL* page, BrimTwitterContactPhotoProvider* self, BrimContainer*
 }
 
 void contactPhoto(BrimTwitterContactPhotoProvider* self, NCNotificationRequest* request, NSString*, NSString*,
-                  BrimContainer* view) {
+                  PhotoReceiver* view) {
   NSDictionary* values = userInfoOf(request);
   if (values->objectForKey("tweet"_ns) != nullptr) {
     NSDictionary* author = dictionaryAt(dictionaryAt(values, "tweet"_ns), "author"_ns);

@@ -1,14 +1,14 @@
-// What the sender of a notification put into it for its own application. Nobody vouches for the types of its values:
-// they are read through these alone.
+// Reads the values that a notification's sender stores for its own application. The values are untrusted input of any
+// type; these functions check the type.
 #pragma once
 
 #include "platform/nc_notification_request.hpp"
 
-// nil where the notification carries none.
+// nil if the notification has no values.
 NSDictionary* userInfoOf(NCNotificationRequest* request);
 
-// nil where there is no such value, or it is of another type.
+// The value of the key. nil if it is missing or has another type.
 NSDictionary* dictionaryAt(NSDictionary* values, NSString* key);
 NSString* textAt(NSDictionary* values, NSString* key);
-// An identifier that senders write as a string or as a number, as text.
+// An identifier, which senders store as a string or as a number. nil if it is missing or has another type.
 NSString* identifierAt(NSDictionary* values, NSString* key);

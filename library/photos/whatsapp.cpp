@@ -1,4 +1,4 @@
-// WhatsApp keeps a picture of every person and group as a file in the containers of its two applications.
+// WhatsApp stores the pictures of persons and groups as files in the app group containers of its two applications.
 #include <initializer_list>
 
 #include "library/photos/folder_finder.hpp"
@@ -9,7 +9,7 @@ namespace {
 
 NSString* pieceAt(NSArray* pieces, NSUInteger index) { return static_cast<NSString*>(pieces->objectAtIndex(index)); }
 
-// KEY-SUFFIX is a person's picture, NUMBER-NUMBER-SUFFIX, the key being both numbers, a group's.
+// A person's file is named KEY-SUFFIX. A group's file is named NUMBER-NUMBER-SUFFIX, and its key is NUMBER-NUMBER.
 bool isPictureOf(NSString* key, NSString* file) {
   NSArray* pieces = file->componentsSeparatedByString("-"_ns);
   const NSUInteger count = pieces->count();
@@ -19,8 +19,8 @@ bool isPictureOf(NSString* key, NSString* file) {
   return owner->isEqualToString(key);
 }
 
-// The last picture that matches stays. It is shown anew after every file that follows.
-void showPictureIn(NSString* folder, NSString* key, BrimContainer* view) {
+// The last matching picture remains. It is shown again after each file that follows it.
+void showPictureIn(NSString* folder, NSString* key, PhotoReceiver* view) {
   NSDirectoryEnumerator* files = NSFileManager::defaultManager()->enumerator(folder);
   bool isFound = false;
   objc::Ref<UIImage> picture;
@@ -35,7 +35,7 @@ void showPictureIn(NSString* folder, NSString* key, BrimContainer* view) {
 }
 
 void contactPhoto(BrimWhatsAppContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
-                  BrimContainer* view) {
+                  PhotoReceiver* view) {
   NSString* thread = objc::as<NSString>(request->threadIdentifier());
   if (thread == nullptr) return;
   NSString* key = pieceAt(thread->componentsSeparatedByString("@"_ns), 0);

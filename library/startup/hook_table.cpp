@@ -1,15 +1,20 @@
 #include "library/startup/hook_table.hpp"
 
+#include <cstddef>
+
 #include "library/controller/actions.hpp"
 #include "library/controller/attachment.hpp"
+#include "library/controller/color_mode.hpp"
 #include "library/controller/commands.hpp"
 #include "library/controller/dismissal.hpp"
 #include "library/controller/gestures.hpp"
+#include "library/controller/presentation_hooks.hpp"
+#include "library/controller/profile_picture.hpp"
+#include "library/controller/system_dismissals.hpp"
 #include "library/controller/test_banner.hpp"
-#include "library/messages/bridge.hpp"
-#include "library/photos/selection.hpp"
-#include "library/startup/inspection.hpp"
-#include "objc/hook.hpp"
+#include "library/controller/window_hooks.hpp"
+#include "library/messages/home_screen.hpp"
+#include "library/messages/messages_app.hpp"
 #include "platform/ui_device.hpp"
 
 namespace {
@@ -26,8 +31,8 @@ constexpr const char* conversationList = "CKConversationListController";
 constexpr const char* statusBarWindow = "UIStatusBarWindow";
 constexpr const char* bulletinServer = "BBServer";
 
-constexpr std::size_t mostMethods = 80;
-objc::InstalledMethod installed[mostMethods];
+constexpr std::size_t maxMethods = 80;
+objc::InstalledMethod installed[maxMethods];
 std::size_t installedCount;
 
 const char* notificationViewClass() {
@@ -36,6 +41,7 @@ const char* notificationViewClass() {
 
 }  // namespace
 
+// The interface fixes the names of the added methods and properties, their spelling included.
 // clang-format off
 void installHookTable() {
   const char* notificationView = notificationViewClass();
@@ -66,7 +72,7 @@ void installHookTable() {
       objc::add<"panGestureHandler:", &panGestureHandler>(shortLook),
       objc::add<"markMessagesAsRead", &markMessagesAsRead>(shortLook),
       objc::add<"dismissGestureHandler:forView:animated:completion:", &moveBanner>(shortLook),
-      objc::add<"dismissGestureHandler:forView:animated:duration:completion:", &moveBannerFor>(shortLook),
+      objc::add<"dismissGestureHandler:forView:animated:duration:completion:", &moveBannerWithDuration>(shortLook),
       objc::add<"expandGestureHandler:forView:animated:completion:", &expandBanner>(shortLook),
       objc::add<"preDismiss", &preDismiss>(shortLook),
       objc::hook<"dismissViewControllerWithTransition:completion:", &dismissViewController>(shortLook),
@@ -87,7 +93,7 @@ void installHookTable() {
       objc::hook<"presentLongLookAnimated:trigger:completion:", &presentLongLook>(notificationController),
       objc::hook<"presentViewController:animated:completion:", &presentViewController>(notificationController),
       objc::add<"attemptUpdateReply:", &attemptUpdateReply>(notificationController),
-      objc::add<"attemptDelete", &attemptDeleteQuietly>(notificationController),
+      objc::add<"attemptDelete", &executeClearAction>(notificationController),
       objc::property<"brimIdentifier", NSString*>(notificationController),
       objc::hook<"_activateLockScreenAnimated:animationProvider:automatically:inScreenOffMode:dimInAnimation:dismissNotificationCenter:completion:", &activateLockScreen>(lockScreen),
       objc::hook<"viewDidLoad", &conversationListViewDidLoad>(conversationList),
@@ -107,7 +113,4 @@ void installHookTable() {
       installed[installedCount++] = objc::install(row.methods[index]);
 }
 
-extern "C" [[gnu::visibility("default")]] const BrimInstalledMethod* brim_installed_methods(std::size_t* count) {
-  *count = installedCount;
-  return installed;
-}
+std::span<const objc::InstalledMethod> installedMethods() { return {installed, installedCount}; }

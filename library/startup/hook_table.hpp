@@ -1,5 +1,13 @@
-// Everything the library changes in the platform's classes.
+// The table of everything that the library changes in the platform's classes: hooks, added methods and added
+// properties. Main thread.
 #pragma once
 
-// Installs every row, in order. Once, at start-up.
+#include <span>
+
+#include "objc/hook.hpp"
+
+// Installs every row, in order. Call once, at start-up.
 void installHookTable();
+
+// The installed methods, in order. Empty before installHookTable. Valid until the process ends.
+std::span<const objc::InstalledMethod> installedMethods();

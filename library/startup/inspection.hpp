@@ -1,5 +1,5 @@
-// What the library tells about itself to those that ask by symbol name: which methods it installed, which settings it
-// holds.
+// The two functions that the library exports: they report its installed methods and its settings. Callers look them up
+// by their symbol names. Main thread.
 #pragma once
 
 #include <cstddef>
@@ -11,17 +11,18 @@ using BrimInstalledMethod = objc::InstalledMethod;
 
 enum class BrimSettingType : std::uint8_t { Bool = 0, Integer = 1 };
 
-// The variable is a bool or an NSInteger and lives as long as the library.
 struct BrimSetting {
   const char* key;
   BrimSettingType type;
+  // A bool or an NSInteger, valid until the process ends.
   const void* variable;
 };
 
+// Both store the number of entries at `count`. The library owns the entries; they are valid until the process ends and
+// do not change after the library is loaded.
 extern "C" {
-// In installation order; a property is its getter and then its setter. The list belongs to the library and does not
-// change once the library is loaded. Main thread.
+// In installation order. A property is its getter and then its setter.
 const BrimInstalledMethod* brim_installed_methods(std::size_t* count);
-// In registration order; the same holds.
+// In registration order.
 const BrimSetting* brim_settings(std::size_t* count);
 }

@@ -1,8 +1,8 @@
-// Runs once, when the library is mapped into a process.
-#include "library/startup/classes.hpp"
-#include "library/startup/diagnostic_log.hpp"
+// The library's entry point. It runs once, when the library is loaded into a process.
+#include "library/settings/settings.hpp"
+#include "library/startup/class_registration.hpp"
 #include "library/startup/hook_table.hpp"
-#include "library/startup/settings.hpp"
+#include "library/utilities/diagnostic_log.hpp"
 #include "objc/autorelease_pool.hpp"
 
 namespace {

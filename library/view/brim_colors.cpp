@@ -26,12 +26,12 @@ struct objc::StateOf<BrimColors> {
 
 namespace {
 
-// The members of a colour, as the palette lists them.
+// From 0 to 1.
 struct Components {
   CGFloat red, green, blue, alpha;
 };
 
-// One entry of the palette in its three variants.
+// A color of the palette in each mode.
 struct PaletteEntry {
   Components dark, light, black;
 
@@ -42,14 +42,14 @@ struct PaletteEntry {
 };
 
 constexpr PaletteEntry background = {{0, 0, 0, 0.3}, {1, 1, 1, 0.3}, {0, 0, 0, 1}};
-// Before 13.0 the dark blur is too bright to read white text on.
+// Before 13.0 the dark blur is so bright that white text on it is hard to read.
 constexpr PaletteEntry backgroundBefore13 = {{0, 0, 0, 0.8}, {1, 1, 1, 0.3}, {0, 0, 0, 1}};
 constexpr PaletteEntry grabber = {{1, 1, 1, 0.1}, {0.2, 0.2, 0.2, 0.5}, {0.3, 0.3, 0.3, 1}};
 constexpr PaletteEntry control = {{1, 1, 1, 0.1}, {0, 0, 0, 0.1}, {0.11, 0.11, 0.12, 1}};
 constexpr PaletteEntry text = {{1, 1, 1, 1}, {0, 0, 0, 1}, {0.7, 0.7, 0.7, 1}};
 constexpr Components destructiveOnLight = {0.75, 0, 0, 1};
 
-UIColor* made(const Components& components) {
+UIColor* colorOf(const Components& components) {
   return UIColor::withRed(components.red, components.green, components.blue, components.alpha);
 }
 
@@ -59,19 +59,19 @@ BrimColors* initWithMode(BrimColors* self, NSInteger mode) {
   return made;
 }
 
-// Only the mode is copied: custom colours belong to the set they were given to.
+// Copies the mode only; a copy has no custom colors.
 BrimColors* copyWithZone(BrimColors* self, void*) { return BrimColors::withMode(objc::state(self).mode).leak(); }
 
-// The user's own colour where one is to be used, else null.
-UIColor* custom(BrimColors* self, objc::Ref<UIColor> BrimColorsState::*member) {
+// The custom color. nil if none is set or useCustomColors is false.
+UIColor* customColor(BrimColors* self, objc::Ref<UIColor> BrimColorsState::*member) {
   const BrimColorsState& colors = objc::state(self);
   return colors.useCustomColors ? (colors.*member).get() : nullptr;
 }
 
 template <objc::Ref<UIColor> BrimColorsState::*member>
 UIColor* colorOrPalette(BrimColors* self, const PaletteEntry& entry) {
-  if (UIColor* own = custom(self, member)) return own;
-  return made(entry.forMode(objc::state(self).mode));
+  if (UIColor* color = customColor(self, member)) return color;
+  return colorOf(entry.forMode(objc::state(self).mode));
 }
 
 UIColor* containerBackgroundColor(BrimColors* self) {
@@ -85,8 +85,8 @@ UIColor* containerReplyColor(BrimColors* self) { return colorOrPalette<&BrimColo
 UIColor* containerTextColor(BrimColors* self) { return colorOrPalette<&BrimColorsState::textColor>(self, text); }
 UIColor* containerButtonColor(BrimColors* self) { return colorOrPalette<&BrimColorsState::buttonColor>(self, control); }
 UIColor* containerDeleteColor(BrimColors* self) {
-  if (UIColor* own = custom(self, &BrimColorsState::deleteColor)) return own;
-  return objc::state(self).mode == lightMode ? made(destructiveOnLight) : UIColor::redColor();
+  if (UIColor* color = customColor(self, &BrimColorsState::deleteColor)) return color;
+  return objc::state(self).mode == lightMode ? colorOf(destructiveOnLight) : UIColor::redColor();
 }
 
 constexpr objc::MethodEntry methods[] = {

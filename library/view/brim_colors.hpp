@@ -1,9 +1,9 @@
-// BrimColors: a banner's colours, by mode, each replaceable by a colour of the user's own. Main thread.
+// BrimColors: the colors of a banner, by color mode. A custom color can replace each of them. Main thread.
 #pragma once
 
 #include "platform/ui_color.hpp"
 
-// What the colour modes are called in the settings: any other number stands for black.
+// The color modes, as the setting containerColor has them. Every other number means black.
 inline constexpr NSInteger darkMode = 1;
 inline constexpr NSInteger lightMode = 2;
 inline constexpr NSInteger blackMode = 3;
@@ -16,7 +16,7 @@ class BrimColors : public objc::Interface<"BrimColors", NSObject> {
   NSInteger mode() const { return objc::send<NSInteger, "mode">(this); }
   bool useCustomColors() const { return objc::send<bool, "useCustomColors">(this); }
 
-  // The custom colour where one is set and in use, else the palette's.
+  // The custom color if one is set and useCustomColors is true. Otherwise the color of the mode's palette.
   UIColor* containerBackgroundColor() const { return objc::send<UIColor*, "containerBackgroundColor">(this); }
   UIColor* containerGrabberColor() const { return objc::send<UIColor*, "containerGrabberColor">(this); }
   UIColor* containerReplyColor() const { return objc::send<UIColor*, "containerReplyColor">(this); }

@@ -2,30 +2,30 @@
 
 #include <cstddef>
 
-#include "library/view/appearance.hpp"
+#include "library/utilities/asset_bundle.hpp"
+#include "library/view/blur.hpp"
 #include "library/view/brim_container_state.hpp"
-#include "library/view/buttons.hpp"
+#include "library/view/button_row.hpp"
+#include "library/view/button_taps.hpp"
+#include "library/view/color_update.hpp"
 #include "library/view/continuous_update.hpp"
 #include "library/view/glyphs.hpp"
-#include "library/view/height.hpp"
+#include "library/view/height_and_position.hpp"
+#include "library/view/icon_and_badge.hpp"
 #include "library/view/layout.hpp"
+#include "library/view/privacy.hpp"
+#include "library/view/reply_field.hpp"
+#include "library/view/texts.hpp"
 #include "objc/property_entry.hpp"
 
 namespace {
 
-bool mayDismiss = true;
+bool canDismiss = true;
 
-bool dismissNotification(Class) { return mayDismiss; }
-void setDismissNotification(Class, bool dismiss) { mayDismiss = dismiss; }
+bool dismissNotification(Class) { return canDismiss; }
+void setDismissNotification(Class, bool dismiss) { canDismiss = dismiss; }
 
-// Held from the first banner on: a bundle that nobody holds is read from its folder again.
-NSBundle* assetBundle() {
-  static NSBundle* held = nullptr;
-  if (held == nullptr) held = objc::retain(NSBundle::bundleWithPath(assetBundlePath())).leak();
-  return held;
-}
-
-BrimContainer* initialise(BrimContainer* self, UIImage* image, NSString* header, NSString* subHeader, NSString* body) {
+BrimContainer* initialize(BrimContainer* self, UIImage* image, NSString* header, NSString* subHeader, NSString* body) {
   auto* banner = objc::sendSuper<"BrimContainer", BrimContainer*, "initWithFrame:">(self, CGRect{});
   if (banner == nullptr) return nullptr;
   BrimContainerState& state = objc::state(banner);
@@ -160,7 +160,7 @@ constexpr objc::PropertyEntry properties[] = {
 constexpr objc::MethodEntry methods[] = {
     objc::classMethod<"DismissNotification", &dismissNotification>(),
     objc::classMethod<"setDismissNotification:", &setDismissNotification>(),
-    objc::method<"initWithUIImage:andHeader:andSubHeader:andBody:", &initialise>(),
+    objc::method<"initWithUIImage:andHeader:andSubHeader:andBody:", &initialize>(),
     objc::method<"delegate", &delegate>(),
     objc::method<"setDelegate:", &setDelegate>(),
     objc::method<"colorSet", &colorSet>(),
@@ -175,7 +175,7 @@ constexpr objc::MethodEntry methods[] = {
     objc::method<"isFullyExpanded", &isFullyExpanded>(),
     objc::method<"updateBrimTopConstraint:", &updateTop>(),
     objc::method<"updateBrimTopConstraint:animated:completion:", &updateTopAnimated>(),
-    objc::method<"updateBrimTopConstraint:animated:duration:completion:", &updateTopFor>(),
+    objc::method<"updateBrimTopConstraint:animated:duration:completion:", &updateTopWithDuration>(),
     objc::method<"updateBrimHeightConstraint:", &updateHeight>(),
     objc::method<"updateBrimHeightConstraint:animated:completion:", &updateHeightAnimated>(),
     objc::method<"setMaxLineCount:", &setMaxLineCount>(),
@@ -200,7 +200,9 @@ constexpr objc::MethodEntry methods[] = {
 
 }  // namespace
 
-void registerBrimContainer() {
+void registerBannerClasses() {
+  objc::defineClass<BrimLabel>({});
+  objc::defineClass<BrimTextField>({});
   objc::defineClassWithState<BrimContainer>(methods, fields);
   objc::addProperties(BrimContainer::classObject(), properties);
 }

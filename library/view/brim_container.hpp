@@ -1,25 +1,28 @@
-// BrimContainer: the banner. A record of content and configuration until it arrives in a superview, which builds all
-// that is seen. Sizes are points, durations seconds. Main thread. Every text and picture may be nil.
+// BrimContainer: the banner. It stores content and configuration until it is added to a superview; then it builds its
+// subviews. Sizes are points, durations seconds. Every text and picture can be nil. Main thread.
+//
+// The interface fixes the names of the class, of its messages and of its instance variables, their spelling included.
 #pragma once
 
+#include "library/photos/photo_receiver.hpp"
 #include "library/view/brim_colors.hpp"
 #include "library/view/brim_label.hpp"
 #include "platform/ui_image_view.hpp"
 
-class BrimContainer : public objc::Interface<"BrimContainer", UIView> {
+class BrimContainer : public objc::Interface<"BrimContainer", PhotoReceiver> {
  public:
   static objc::Ref<BrimContainer> make(UIImage* image, NSString* header, NSString* subHeader, NSString* body) {
     return objc::adopt(objc::send<BrimContainer*, "initWithUIImage:andHeader:andSubHeader:andBody:">(
         objc::allocate<BrimContainer>(), image, header, subHeader, body));
   }
 
-  // Whether the banner on screen may go by itself. One flag for all banners.
+  // Whether the banner on screen can be dismissed without a request of the user. One flag for all banners.
   static bool DismissNotification() { return objc::send<bool, "DismissNotification">(classObject()); }
   static void setDismissNotification(bool dismiss) {
     objc::send<void, "setDismissNotification:">(classObject(), dismiss);
   }
 
-  // Not kept; see BrimNotificationDelegate.
+  // Not retained; see BrimNotificationDelegate.
   void setDelegate(NSObject* delegate) { objc::send<void, "setDelegate:">(this, delegate); }
   BrimColors* colorSet() const { return objc::send<BrimColors*, "colorSet">(this); }
   void setColorSet(BrimColors* colors) { objc::send<void, "setColorSet:">(this, colors); }
@@ -55,22 +58,24 @@ class BrimContainer : public objc::Interface<"BrimContainer", UIView> {
 
   NSString* originalHeader() const { return objc::send<NSString*, "originalHeader">(this); }
   BrimLabel* headerLabel() const { return objc::send<BrimLabel*, "headerLabel">(this); }
-  // nil without a sub-header and in the tiny banner.
+  // nil if the banner has no sub-header or is tiny.
   BrimLabel* subHeaderLabel() const { return objc::send<BrimLabel*, "subHeaderLabel">(this); }
   BrimLabel* bodyLabel() const { return objc::send<BrimLabel*, "bodyLabel">(this); }
   BrimTextField* reply() const { return objc::send<BrimTextField*, "reply">(this); }
   bool showingAllLines() const { return objc::send<bool, "showingAllLines">(this); }
 
-  // The padding below the lowest content, and the distance of the banner's top from its superview's.
+  // The space below the lowest content.
   CGFloat height() const { return objc::send<CGFloat, "height">(this); }
+  // The distance of the banner's top from the superview's top.
   CGFloat offset() const { return objc::send<CGFloat, "offset">(this); }
+  // The height at rest and fully expanded, the offset at rest, and the translation at which a drag dismisses.
   CGFloat defaultHeight() const { return objc::send<CGFloat, "defaultHeight">(this); }
   CGFloat defaultExpandedHeight() const { return objc::send<CGFloat, "defaultExpandedHeight">(this); }
   CGFloat defaultOffset() const { return objc::send<CGFloat, "defaultOffset">(this); }
   CGFloat defaultDismiss() const { return objc::send<CGFloat, "defaultDismiss">(this); }
   bool isFullyExpanded() const { return objc::send<bool, "isFullyExpanded">(this); }
 
-  // The completion runs only after an animation; a direct change never calls it.
+  // The completion is called after an animation. It is not called if nothing is animated.
   void updateTop(CGFloat value) { objc::send<void, "updateBrimTopConstraint:">(this, value); }
   void updateTop(CGFloat value, bool animated, objc::Block<void(bool)>* completion) {
     objc::send<void, "updateBrimTopConstraint:animated:completion:">(this, value, animated, completion);
@@ -83,14 +88,13 @@ class BrimContainer : public objc::Interface<"BrimContainer", UIView> {
   void updateHeight(CGFloat value, bool animated, objc::Block<void(bool)>* completion) {
     objc::send<void, "updateBrimHeightConstraint:animated:completion:">(this, value, animated, completion);
   }
-  // 0 stands for as many lines as the text needs.
+  // 0 means no limit. Animated.
   void setMaxLineCount(NSInteger lines) { objc::send<void, "setMaxLineCount:">(this, lines); }
 
   void setButtonsAlpha(CGFloat alpha) { objc::send<void, "setButtonsAlpha:">(this, alpha); }
   void replyButtonPressed(NSObject* sender) { objc::send<void, "replyButtonPressed:">(this, sender); }
   void setOverlayWithAnimation(CGFloat alpha) { objc::send<void, "setOverlayWithAnimation:">(this, alpha); }
 
-  void updateImage(UIImage* picture) { objc::send<void, "updateImage:">(this, picture); }
   void updateColors() { objc::send<void, "updateColors">(this); }
   void updateColorMode(BrimColors* colors) { objc::send<void, "updateColorMode:">(this, colors); }
   void updateForContinuousNotification(NSString* text) {
@@ -99,7 +103,7 @@ class BrimContainer : public objc::Interface<"BrimContainer", UIView> {
   void showContent() { objc::send<void, "showContent">(this); }
 };
 
-// Whom a banner tells what its user did. The banner's owner answers these.
+// The delegate of a banner. It executes what the user chooses in the banner.
 class BrimNotificationDelegate : public objc::Interface<"NSObject", NSObject> {
  public:
   void attemptDelete(BrimContainer* view) { objc::send<void, "attemptDelete:">(this, view); }
@@ -114,4 +118,5 @@ class BrimNotificationDelegate : public objc::Interface<"NSObject", NSObject> {
   }
 };
 
-void registerBrimContainer();
+// Registers BrimLabel, BrimTextField and BrimContainer. Call once.
+void registerBannerClasses();

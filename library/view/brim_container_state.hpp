@@ -1,4 +1,4 @@
-// What a BrimContainer holds. Each member is an instance variable of the class, in this order.
+// The state of a BrimContainer. Each member is an instance variable of the class, in this order.
 #pragma once
 
 #include "library/view/brim_container.hpp"
@@ -9,7 +9,7 @@
 #include "platform/ui_visual_effect_view.hpp"
 
 struct BrimContainerState {
-  // Content, as given and as rewritten by privacy and by the tiny banner.
+  // Content. Privacy and the tiny banner's line replace header, sub-header and body; the originals stay.
   objc::Ref<UIImage> image;
   objc::Ref<NSString> header;
   objc::Ref<NSString> subHeader;
@@ -18,7 +18,7 @@ struct BrimContainerState {
   objc::Ref<NSString> originalBody;
   objc::Ref<NSBundle> assets;
 
-  // Configuration, set before the banner arrives in a superview.
+  // Configuration, complete before the banner is added to a superview.
   objc::Weak<BrimNotificationDelegate> delegate;
   objc::Ref<BrimColors> colorSet;
   NSUInteger textAlignment = 0;
@@ -45,7 +45,7 @@ struct BrimContainerState {
   NSInteger tinyBannerFontSize = 0;
   objc::Ref<NSString> appDetailImageBundleId;
 
-  // What the layout builds.
+  // Created by the layout. A view that the configuration leaves out is nil.
   objc::Ref<BrimLabel> headerLabel;
   objc::Ref<BrimLabel> subHeaderLabel;
   objc::Ref<BrimLabel> bodyLabel;
@@ -69,7 +69,8 @@ struct BrimContainerState {
   bool showingReply = false;
   NSInteger maxLineCount = 0;
 
-  // The banner's top, its three bottoms (which carry the same constant) and the edges that make room for the badge.
+  // The banner's top edge; its bottom edge, with the same constant in all three; and the leading edges of the texts,
+  // which move right for the badge.
   objc::Ref<NSLayoutConstraint> top;
   objc::Ref<NSLayoutConstraint> heightBelowBody;
   objc::Ref<NSLayoutConstraint> heightBelowIcon;

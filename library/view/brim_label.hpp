@@ -1,4 +1,4 @@
-// BrimLabel and BrimTextField: the classes of a banner's texts and of its reply field.
+// BrimLabel and BrimTextField: the classes of a banner's texts and of its reply field. Main thread.
 #pragma once
 
 #include "platform/ui_label.hpp"
@@ -6,5 +6,3 @@
 
 class BrimLabel : public objc::Interface<"BrimLabel", UILabel> {};
 class BrimTextField : public objc::Interface<"BrimTextField", UITextField> {};
-
-void registerTextClasses();

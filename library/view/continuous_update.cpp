@@ -5,7 +5,7 @@
 
 namespace {
 
-// As "%@\n%@" writes it, absent texts included.
+// The result of the format "%@\n%@", which writes nil as "(null)".
 NSString* appendedLine(NSString* body, NSString* line) {
   NSString* before = body == nullptr ? "(null)"_ns : body;
   NSString* after = line == nullptr ? "(null)"_ns : line;
@@ -23,15 +23,4 @@ void updateForContinuousNotification(BrimContainer* self, NSString* text) {
   } else {
     state.bodyLabel->setText(state.body);
   }
-}
-
-void showContent(BrimContainer* self) {
-  const BrimContainerState& state = objc::state(self);
-  state.subHeaderLabel->setText(state.subHeader);
-  if (state.tinyBanner) {
-    self->updateForContinuousNotification(state.originalHeader);
-    return;
-  }
-  state.headerLabel->setText(state.originalHeader);
-  state.bodyLabel->setText(state.originalBody);
 }

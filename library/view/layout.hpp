@@ -1,7 +1,7 @@
-// Builds everything a banner shows, once it is in a superview. All placement is by anchors.
+// The layout of a banner: creates its subviews and their constraints. Main thread.
 #pragma once
 
 #include "library/view/brim_container.hpp"
 
-// Every call builds all of it anew.
+// Call when the banner has a superview. Every call creates all subviews again.
 void layOut(BrimContainer* self);

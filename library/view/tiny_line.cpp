@@ -1,5 +1,6 @@
 #include "library/view/tiny_line.hpp"
 
+#include "library/utilities/empty_text.hpp"
 #include "library/view/brim_container_state.hpp"
 #include "platform/ns_attributed_string.hpp"
 #include "platform/ns_regular_expression.hpp"
@@ -26,10 +27,11 @@ void showWithBoldStart(const BrimContainerState& state, NSString* text, NSUInteg
   state.headerLabel->setAttributedText(line);
 }
 
-// A body alone: what stands before its first colon, or its first line, is taken for a name.
+// A body without a header. The text before its first colon is shown as a name, in bold. If there is no colon, the first
+// line is the name.
 void showBody(const BrimContainerState& state) {
   NSString* line = state.body;
-  if (isBlank(line)) {
+  if (isNilOrEmpty(line)) {
     showPlain(state, line, regularFont(state));
     return;
   }
@@ -44,15 +46,18 @@ void showBody(const BrimContainerState& state) {
   showWithBoldStart(state, line, line->rangeOfString(":"_ns).location + 1);
 }
 
-// The header with a colon and a blank at its end where it has no colon; where it has one after words of Latin letters
-// and digits, without the blanks before it. Any other header with a colon stays as it is.
-NSString* headerEndingInColon(NSString* header) {
+// A header without a colon gets ": " at its end. In a header of Latin letters and digits with blanks before its colon,
+// ": " replaces the colon and the blanks around it. Any other header does not change.
+NSString* headerWithColon(NSString* header) {
   if (!header->contains(":"_ns)) return header->stringByAppendingString(": "_ns);
+  // The quantifier "+?" is lazy because the group must contain the blanks before the colon. A greedy one would match
+  // them itself.
   auto* expression = NSRegularExpression::withPattern("^[A-z0-9\\s]+?([\\s]*:+[\\s]*)"_ns,
                                                       NSRegularExpressionOptions::CaseInsensitive);
   NSTextCheckingResult* match = expression->firstMatchInString(header, {0, header->length()});
   if (match == nullptr) return header;
-  // The colon with the blanks around it; it begins with a colon where there are none before it, and stays.
+  // The group alone, matched again: blanks before the colon match as letters do. Without blanks there is no match, and
+  // the header does not change.
   NSTextCheckingResult* blanks = expression->firstMatchInString(header, match->rangeAtIndex(1));
   return blanks == nullptr ? header : header->stringByReplacingCharactersInRange(blanks->range(), ": "_ns);
 }
@@ -61,12 +66,12 @@ NSString* headerEndingInColon(NSString* header) {
 
 void showTinyLine(BrimContainer* self) {
   BrimContainerState& state = objc::state(self);
-  if (isBlank(state.header)) {
+  if (isNilOrEmpty(state.header)) {
     showBody(state);
-  } else if (isBlank(state.body)) {
+  } else if (isNilOrEmpty(state.body)) {
     showPlain(state, state.header, boldFont(state));
   } else {
-    state.header = objc::retain(headerEndingInColon(state.header));
+    state.header = objc::retain(headerWithColon(state.header));
     showWithBoldStart(state, state.header->stringByAppendingString(state.body), state.header->length());
   }
 }

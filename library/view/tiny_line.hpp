@@ -1,10 +1,8 @@
-// The single line of a tiny banner, made from header and body.
+// The single line of a tiny banner: header and body, separated by a colon. Main thread.
 #pragma once
 
 #include "library/view/brim_container.hpp"
 
-// Whether there is nothing to read in the text.
-inline bool isBlank(NSString* text) { return text == nullptr || text->length() == 0; }
-
-// Puts the line into the header label; a header that is joined with the body is rewritten to end in ": ".
+// Shows the line in the header label. If both header and body exist, this also changes the stored header so that it
+// ends in a colon and a blank.
 void showTinyLine(BrimContainer* self);

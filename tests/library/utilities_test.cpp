@@ -3,9 +3,9 @@
 #include <cstring>
 #include <set>
 
-#include "library/startup/utilities/ns_string_md5.hpp"
-#include "library/startup/utilities/type_check_helper.hpp"
-#include "library/startup/utilities/ui_view_plon.hpp"
+#include "library/utilities/ns_string_md5.hpp"
+#include "library/utilities/parent_view_controller.hpp"
+#include "library/utilities/type_check_helper.hpp"
 #include "platform/ns_data.hpp"
 #include "platform/ns_dictionary.hpp"
 #include "platform/ns_number.hpp"

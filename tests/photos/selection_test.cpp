@@ -3,6 +3,7 @@
 #include <set>
 
 #include "library/photos/provider.hpp"
+#include "library/view/brim_container.hpp"
 #include "objc/hook.hpp"
 #include "tests/photos/photo_phone.hpp"
 

@@ -1,4 +1,4 @@
-/* Symbols of the running program, with the phone's numbers for the modes. */
+/* Dynamic linking. The values are those of the phone. */
 #pragma once
 
 #define RTLD_LAZY 0x1

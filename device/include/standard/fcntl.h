@@ -1,4 +1,4 @@
-/* Opening files, with the phone's numbers for the flags. */
+/* Opening files. The values are those of the phone. */
 #pragma once
 
 #define O_RDONLY 0x0

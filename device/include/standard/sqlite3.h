@@ -1,4 +1,4 @@
-// As much of SQLite's C interface as is called. All of it is in system version 11.2's library.
+// The functions of SQLite that the library calls. The library of system version 11.2 has all of them.
 #pragma once
 
 #define SQLITE_OK 0

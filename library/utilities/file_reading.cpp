@@ -1,0 +1,43 @@
+#include "library/utilities/file_reading.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/ns_file_manager.hpp"
+
+namespace {
+
+bool isOfType(NSDictionary* attributes, NSString* type) {
+  NSString* actual = attributes->fileType();
+  return actual != nullptr && actual->isEqualToString(type);
+}
+
+// A pipe has no size, and a folder cannot be read. The file's attributes would tell the same, but they cost two more
+// path look-ups for each of thousands of files.
+NSData* readAll(int file, NSUInteger maxSize) {
+  const off_t size = lseek(file, 0, SEEK_END);
+  if (size <= 0 || static_cast<NSUInteger>(size) > maxSize) return nullptr;
+  const auto length = static_cast<NSUInteger>(size);
+  NSMutableData* data = NSMutableData::dataWithLength(length);
+  return pread(file, data->mutableBytes(), length, 0) == size ? data : nullptr;
+}
+
+}  // namespace
+
+bool isRegularFile(NSString* path) {
+  if (path == nullptr) return false;
+  NSFileManager* files = NSFileManager::defaultManager();
+  NSDictionary* attributes = files->attributes(path);
+  if (isOfType(attributes, "NSFileTypeSymbolicLink"_ns))
+    attributes = files->attributes(path->stringByResolvingSymlinksInPath());
+  return isOfType(attributes, "NSFileTypeRegular"_ns);
+}
+
+NSData* readRegularFile(NSString* path, NSUInteger maxSize) {
+  if (path == nullptr) return nullptr;
+  const int file = open(path->fileSystemRepresentation(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return nullptr;
+  NSData* data = readAll(file, maxSize);
+  close(file);
+  return data;
+}

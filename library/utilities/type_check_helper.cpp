@@ -1,0 +1,32 @@
+#include "library/utilities/type_check_helper.hpp"
+
+#include "objc/class_definition.hpp"
+
+namespace {
+
+// The first class in this order that the object is an instance of gives the name. A mutable dictionary therefore has a
+// name of its own, and a mutable array is an "NSArray".
+constexpr const char* knownTypes[] = {"NSString",     "NSArray",  "NSMutableDictionary",
+                                      "NSDictionary", "NSNumber", "NSUUID"};
+
+bool isInstance(NSObject* object, const char* className) {
+  const Class known = reinterpret_cast<Class>(objc_getClass(className));
+  return known != nullptr && object->isKindOfClass(known);
+}
+
+NSString* typeName(Class, NSObject* object) {
+  if (object == nullptr) return "Undefined((null))"_ns;
+  for (const char* known : knownTypes)
+    if (isInstance(object, known)) return NSString::stringWithUTF8String(known);
+  const char* name = class_getName(object_getClass(objc::detail::identifier(object)));
+  return "Undefined("_ns->stringByAppendingString(NSString::stringWithUTF8String(name))
+      ->stringByAppendingString(")"_ns);
+}
+
+constexpr objc::MethodEntry methods[] = {
+    objc::classMethod<"getTypeOf:", &typeName>(),
+};
+
+}  // namespace
+
+void registerTypeCheckHelper() { objc::defineClass<TypeCheckHelper>(methods); }

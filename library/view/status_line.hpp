@@ -1,0 +1,10 @@
+// The status line above a banner's content: the clock and the "now" label. Main thread.
+#pragma once
+
+#include "library/view/brim_container_state.hpp"
+
+// The distance of the status line from the banner's top, in points.
+NSInteger statusLineTop(const BrimContainerState& state);
+
+// Creates both labels even if the setting statusbar is off, because the icon is placed relative to the clock.
+void layOutStatusLine(BrimContainer* self, BrimContainerState& state);
