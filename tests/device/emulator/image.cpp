@@ -27,8 +27,8 @@ Image::Image(Processor& mappedInto, const MachFile& mapped, const Resolve& resol
   for (const auto& [address, name] : file.symbols) processor.nameFunction(address + slide, name);
 }
 
-void Image::runInitialisers() {
-  for (const Section& section : file.sectionsOfType(SectionType::Initialisers))
+void Image::runInitializers() {
+  for (const Section& section : file.sectionsOfType(SectionType::Initializers))
     for (std::uint64_t offset = 0; offset < section.size; offset += sizeof(Address))
       processor.call(processor.load<Address>(section.address + slide + offset));
 }

@@ -17,7 +17,7 @@ class Image {
   Image(Processor& processor, const MachFile& file, const Resolve& resolve);
 
   // Runs the start-up routines, as the dynamic linker does last.
-  void runInitialisers();
+  void runInitializers();
 
   // Throws where nothing of that name is exported.
   Address exported(const std::string& symbol) const;

@@ -30,7 +30,7 @@ Phone::Phone(Platform started, Process process)
   image.emplace(processor, libraryFile(), [this](const std::string& symbol, const std::string& exportedBy) {
     return imports.resolve(symbol, exportedBy);
   });
-  image->runInitialisers();
+  image->runInitializers();
 }
 
 std::vector<Phone::ReportedMethod> Phone::reportedMethods() {

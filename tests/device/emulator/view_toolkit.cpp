@@ -6,28 +6,28 @@ namespace device {
 
 namespace {
 
-using Colour = std::array<double, 4>;
+using Color = std::array<double, 4>;
 
-Address makeColour(ObjectiveC& runtime, Colour colour) {
+Address makeColor(ObjectiveC& runtime, Color color) {
   const Address made = runtime.allocate(*runtime.find("UIColor"));
-  runtime.object(made).value = colour;
+  runtime.object(made).value = color;
   return runtime.autorelease(made);
 }
 
-void defineColours(ObjectiveC& runtime) {
+void defineColors(ObjectiveC& runtime) {
   runtime.define("UIColor");
   runtime.addClassMethod("UIColor", "colorWithRed:green:blue:alpha:", "@@:dddd", [](const Message& message) {
-    const Colour colour = {message.number(0), message.number(1), message.number(2), message.number(3)};
-    message.answer(makeColour(message.runtime, colour));
+    const Color color = {message.number(0), message.number(1), message.number(2), message.number(3)};
+    message.answer(makeColor(message.runtime, color));
   });
-  // A colour is its own CGColor.
+  // A color is its own CGColor.
   runtime.addMethod("UIColor", "CGColor",
                     "^{CGColor=}@:", [](const Message& message) { message.answer(message.self); });
   runtime.addClassMethod("UIColor", "clearColor", "@@:", [](const Message& message) {
-    message.answer(makeColour(message.runtime, {0, 0, 0, 0}));
+    message.answer(makeColor(message.runtime, {0, 0, 0, 0}));
   });
   runtime.addClassMethod("UIColor", "redColor", "@@:", [](const Message& message) {
-    message.answer(makeColour(message.runtime, {1, 0, 0, 1}));
+    message.answer(makeColor(message.runtime, {1, 0, 0, 1}));
   });
 }
 
@@ -62,7 +62,7 @@ void defineImages(ObjectiveC& runtime) {
 }  // namespace
 
 void defineViewToolkit(ObjectiveC& runtime, Platform& platform) {
-  defineColours(runtime);
+  defineColors(runtime);
   defineDevice(runtime, platform);
   defineImages(runtime);
   defineViews(runtime, platform);
