@@ -1,4 +1,4 @@
-// Loads addresses by the platform's classes and waits for what comes, on a real clock.
+// Test fixture that loads URLs with the platform's classes and waits for the result in real time.
 #pragma once
 
 #include <condition_variable>
@@ -20,79 +20,82 @@ namespace test {
 
 using url_loading::UrlError;
 
-// Longer than any test takes: what does not come at all must not keep the tests waiting for ever.
-inline constexpr double patience = 60;
+// Longer than any load takes in a test. A load that never completes fails its test after this time.
+inline constexpr double maxWaitSeconds = 60;
 
-// What a completion was told.
-struct Loaded {
+// The arguments of a completion. A member is nullopt if the argument was nil.
+struct LoadResult {
   std::optional<NSInteger> status;
   std::optional<std::string> body;
   std::optional<UrlError> error;
 
-  static Loaded of(const NSData* data, NSURLResponse* response, NSError* failure) {
-    Loaded loaded;
-    if (auto* const answer = objc::as<NSHTTPURLResponse>(response)) loaded.status = answer->statusCode();
-    if (data != nullptr) loaded.body = std::string(static_cast<const char*>(data->bytes()), data->length());
-    if (failure != nullptr) loaded.error = static_cast<UrlError>(objc::send<NSInteger, "code">(failure));
-    return loaded;
+  static LoadResult of(const NSData* data, NSURLResponse* response, NSError* error) {
+    LoadResult result;
+    if (auto* const http = objc::as<NSHTTPURLResponse>(response)) result.status = http->statusCode();
+    if (data != nullptr) result.body = std::string(static_cast<const char*>(data->bytes()), data->length());
+    if (error != nullptr) result.error = static_cast<UrlError>(objc::send<NSInteger, "code">(error));
+    return result;
   }
 };
 
-// Something that happens once, on any thread.
-class Event {
+// A signal that any thread raises once and another thread waits for.
+class CompletionSignal {
  public:
-  void happen() {
-    const std::lock_guard lock(mutex);
-    happened = true;
-    changed.notify_all();
+  void raise() {
+    const std::lock_guard lock(mutex_);
+    isRaised_ = true;
+    changed_.notify_all();
   }
+  // Returns false if the signal is not raised within maxWaitSeconds.
   bool wait() {
-    std::unique_lock lock(mutex);
-    return changed.wait_for(lock, std::chrono::duration<double>(patience), [this] { return happened; });
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::duration<double>(maxWaitSeconds), [this] { return isRaised_; });
   }
 
  private:
-  std::mutex mutex;
-  std::condition_variable changed;
-  bool happened = false;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  bool isRaised_ = false;
 };
 
-// Runs the main queue until the condition holds, which other threads may bring about; false where it never does.
+// Runs the main queue until the condition holds. Returns false if it does not hold after maxWaitSeconds.
 template <class Condition>
 bool runUntil(const Condition& condition) {
-  constexpr double look = 0.002;
-  const double limit = foundation::now() + patience;
-  while (!condition() && foundation::now() < limit) foundation::stepClock(look);
+  constexpr double stepSeconds = 0.002;
+  const double deadline = foundation::now() + maxWaitSeconds;
+  while (!condition() && foundation::now() < deadline) foundation::stepClock(stepSeconds);
   return condition();
 }
 
-class UrlLoading : public RuntimeTest {
+class UrlLoadingTest : public RuntimeTest {
  public:
   static void SetUpTestSuite() { url_loading::registerClasses(); }
 
-  static NSURLRequest* request(const std::string& address, double idleSeconds = patience) {
-    auto* const made = objc::send<NSURLRequest*, "requestWithURL:">(objc::lookUpClass<"NSMutableURLRequest">(),
-                                                                    NSURL::withString(base::stringOf(address)));
-    objc::send<void, "setTimeoutInterval:">(made, idleSeconds);
-    return made;
+  // Returns an autoreleased request. It times out after that many seconds without data.
+  static NSURLRequest* request(const std::string& address, double idleSeconds = maxWaitSeconds) {
+    auto* const request = objc::send<NSURLRequest*, "requestWithURL:">(objc::lookUpClass<"NSMutableURLRequest">(),
+                                                                       NSURL::withString(base::stringOf(address)));
+    objc::send<void, "setTimeoutInterval:">(request, idleSeconds);
+    return request;
   }
 
-  static Loaded load(NSURLRequest* wanted) {
-    std::optional<Loaded> loaded;
+  static LoadResult load(NSURLRequest* request) {
+    std::optional<LoadResult> result;
     NSURLConnection::sendAsynchronousRequest(
-        wanted, NSOperationQueue::mainQueue(),
-        objc::block([&loaded](NSURLResponse* response, NSData* data, NSError* error) {
-          loaded = Loaded::of(data, response, error);
+        request, NSOperationQueue::mainQueue(),
+        objc::block([&result](NSURLResponse* response, NSData* data, NSError* error) {
+          result = LoadResult::of(data, response, error);
         }));
-    EXPECT_TRUE(runUntil([&] { return loaded.has_value(); })) << "nothing came";
-    return loaded.value_or(Loaded());
+    EXPECT_TRUE(runUntil([&] { return result.has_value(); })) << "the completion did not run";
+    return result.value_or(LoadResult());
   }
-  static Loaded load(const std::string& address, double idleSeconds = patience) {
+  static LoadResult load(const std::string& address, double idleSeconds = maxWaitSeconds) {
     return load(request(address, idleSeconds));
   }
 
-  Loaded loadAnswer(const Answer& answer) {
-    server.answer("/", answer);
+  // Lets the server give the response, and loads it.
+  LoadResult loadResponse(const Response& response) {
+    server.answer("/", response);
     return load(server.address("/"));
   }
 
