@@ -1,5 +1,6 @@
 // Notification requests that the simulator makes from a description.
 #include "simulator/springboard/services/notification_request.hpp"
+
 #include "objc/autorelease_pool.hpp"
 #include "platform/nc_notification_view_controller.hpp"
 #include "simulator/base/foundation_json.hpp"

@@ -1,4 +1,4 @@
-// A library in the emulated memory, as the dynamic linker leaves it there.
+// A library loaded into emulated memory, with the work of the dynamic linker done.
 #pragma once
 
 #include <functional>
@@ -10,18 +10,18 @@ namespace device {
 
 class Image {
  public:
-  // Gives the address of an import, or throws with its name.
+  // Returns the address of an import, or throws an exception that names the import.
   using Resolve = std::function<Address(const std::string& symbol, const std::string& library)>;
 
-  // Maps the segments, moves what has to move with them and binds every import.
+  // Maps the segments, rebases pointers and binds every import.
   Image(Processor& processor, const MachFile& file, const Resolve& resolve);
 
-  // Runs the start-up routines, as the dynamic linker does last.
+  // Runs the initializers, as the dynamic linker does last.
   void runInitialisers();
 
-  // Throws where nothing of that name is exported.
+  // Throws if no symbol of that name is exported.
   Address exported(const std::string& symbol) const;
-  // Whether the address lies in the part of the library that may be written.
+  // Returns whether the address is in a writable segment of the library.
   bool holdsVariable(Address address) const;
 
  private:

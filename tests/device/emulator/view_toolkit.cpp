@@ -20,7 +20,7 @@ void defineColours(ObjectiveC& runtime) {
     const Colour colour = {message.number(0), message.number(1), message.number(2), message.number(3)};
     message.answer(makeColour(message.runtime, colour));
   });
-  // A colour is its own CGColor.
+  // A color is its own CGColor.
   runtime.addMethod("UIColor", "CGColor",
                     "^{CGColor=}@:", [](const Message& message) { message.answer(message.self); });
   runtime.addClassMethod("UIColor", "clearColor", "@@:", [](const Message& message) {
@@ -47,7 +47,7 @@ void defineDevice(ObjectiveC& runtime, Platform& platform) {
   });
 }
 
-// Its value is the path that it was read from.
+// An image's value is the path of its file.
 void defineImages(ObjectiveC& runtime) {
   runtime.define("UIImage");
   runtime.addMethod("UIImage", "initWithData:", "@@:@", [](const Message& message) {
