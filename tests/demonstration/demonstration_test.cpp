@@ -1,4 +1,4 @@
-// The demonstration's notifications, its files and its web server fit each other.
+// The demonstration: its sample notifications, the files it installs and its web server work together.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -43,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(Applications, Demonstration,
                                          "messenger"),
                          [](const auto& application) { return std::string(application.param); });
 
-// Where the pictures of a phone come from.
+// The file that names the servers of sender pictures.
 std::filesystem::path endpointsOf(const Phone& phone) {
   return phone.root() / "Library/Application Support/Brim/Assets.bundle/endpoints.plist";
 }
@@ -53,23 +53,23 @@ std::string contentsOf(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST_F(Demonstration, LendsItsEndpointsUntilThePhoneIsPreparedAgain) {
+TEST_F(Demonstration, EndpointsAreRestoredWhenTheRootIsPreparedAgain) {
   const Phone phone;
-  const std::string own = contentsOf(endpointsOf(phone));
+  const std::string original = contentsOf(endpointsOf(phone));
   const std::string address = runner::installDemonstrationData();
   EXPECT_NE(contentsOf(endpointsOf(phone)).find(address), std::string::npos);
   EXPECT_EQ(process::prepareRoot(phone.root()), std::nullopt);
-  EXPECT_EQ(contentsOf(endpointsOf(phone)), own);
+  EXPECT_EQ(contentsOf(endpointsOf(phone)), original);
 }
 
-TEST_F(Demonstration, LeavesEndpointsThatWereEditedAlone) {
+TEST_F(Demonstration, KeepsEditedEndpoints) {
   const Phone phone;
   std::ofstream(endpointsOf(phone)) << "{ slackAvatars = \"http://127.0.0.1:9\"; }";
   runner::installDemonstrationData();
   EXPECT_EQ(contentsOf(endpointsOf(phone)), "{ slackAvatars = \"http://127.0.0.1:9\"; }");
 }
 
-TEST_F(Demonstration, IsInstalledOverAnEarlierOne) {
+TEST_F(Demonstration, CanBeInstalledTwice) {
   const Phone phone;
   runner::installDemonstrationData();
   EXPECT_NO_THROW(runner::installDemonstrationData());

@@ -1,4 +1,4 @@
-// The text stubs: what the phone's library may call, and which library of the phone exports it.
+// The text-based stubs: the symbols that the phone's library can import, and the phone's library that exports each.
 #pragma once
 
 #include <string>
@@ -9,10 +9,10 @@ namespace device {
 struct AllowedSymbol {
   std::string symbol;
   std::string library;
-  std::string reason;  // empty where the stub gives none
+  std::string reason;  // empty if the stub gives none
 };
 
-// Of all stubs, in the order of their names.
+// Returns the symbols of all stubs, sorted by the stub's name.
 std::vector<AllowedSymbol> allowedSymbols();
 
 }  // namespace device

@@ -1,4 +1,4 @@
-// The library calls what its stubs list, all of it and nothing else.
+// The library imports exactly the symbols that the stubs list.
 #include "tests/device/allowed_symbols.hpp"
 
 #include <gtest/gtest.h>
@@ -22,17 +22,17 @@ std::map<std::string, std::string> imports() {
   return found;
 }
 
-TEST(AllowedSymbols, AreAllImportedEachFromItsLibrary) {
+TEST(AllowedSymbols, AreExactlyTheImportsOfTheLibrary) {
   std::map<std::string, std::string> allowed;
   for (const device::AllowedSymbol& each : device::allowedSymbols()) allowed[each.symbol] = each.library;
   EXPECT_EQ(imports(), allowed);
 }
 
-TEST(AllowedSymbols, EachHaveAReason) {
+TEST(AllowedSymbols, HaveAReason) {
   for (const device::AllowedSymbol& each : device::allowedSymbols()) EXPECT_GT(each.reason.size(), 8U) << each.symbol;
 }
 
-TEST(AllowedSymbols, AnyOtherFailsTheLinkByName) {
+TEST(AllowedSymbols, LinkingFailsForOtherSymbols) {
   std::string folder = (fs::temp_directory_path() / "brim-link-XXXXXX").string();
   ASSERT_NE(mkdtemp(folder.data()), nullptr);
   std::ofstream(folder + "/stray.cpp") << "extern \"C\" int system(const char*);\n"

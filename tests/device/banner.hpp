@@ -1,4 +1,4 @@
-// A banner of the Messages app, made by the phone's library: dark, with everything that can be shown.
+// A banner for the Messages app, created by the phone's library in dark mode with all of its optional views.
 #pragma once
 
 #include "tests/device/emulator/phone.hpp"
@@ -13,7 +13,7 @@ class Banner {
   void set(const std::string& setter, std::uint64_t value) { phone.runtime.send(view, setter, {value}); }
   // Adds it to a superview, which builds its views.
   void show();
-  // The object that one of its variables holds.
+  // The object in one of the view's instance variables.
   Address part(const std::string& variable) { return phone.variable(view, variable); }
   std::string textOf(const std::string& label) { return phone.text(kept(phone.runtime, part(label), "text")); }
   std::string badgePath() { return phone.text(kept(phone.runtime, part("_appDetailImage"), "image")); }
@@ -23,7 +23,7 @@ class Banner {
   Address view = 0;
 };
 
-// A constraint's relation in words, and its constant.
+// A constraint's relation as text, such as "BrimLabel.top == UIImageView.top", and its constant.
 struct Constraint {
   std::string relation;
   double constant;

@@ -1,4 +1,4 @@
-// A banner built by the phone's library: its pictures and the views it is made of.
+// A banner created by the phone's library: its views, constraints, object lifetimes and glyphs.
 
 #include "tests/device/banner.hpp"
 
@@ -19,7 +19,7 @@ using device::kept;
 using device::keptNumber;
 using device::Phone;
 
-TEST(PhoneBanner, KeepsWhatItIsGiven) {
+TEST(PhoneBanner, StoresItsProperties) {
   Phone phone;
   Banner banner(phone);
   EXPECT_EQ(phone.text(phone.runtime.send(banner.view, "originalHeader")), "Anna");
@@ -27,7 +27,7 @@ TEST(PhoneBanner, KeepsWhatItIsGiven) {
   EXPECT_EQ(phone.runtime.send(banner.view, "canReply") & 0xff, 1U);
 }
 
-TEST(PhoneBanner, BuildsItsViewsWhenItArrivesInASuperview) {
+TEST(PhoneBanner, BuildsItsViewsWhenItIsAddedToASuperview) {
   Phone phone;
   Banner banner(phone);
   banner.show();
@@ -43,7 +43,7 @@ TEST(PhoneBanner, BuildsItsViewsWhenItArrivesInASuperview) {
   EXPECT_EQ(kept(phone.runtime, banner.part("_bodyLabel"), "numberOfLines"), 2U);
 }
 
-TEST(PhoneBanner, ShowsTheClockOfTwelveHoursWithoutItsMarker) {
+TEST(PhoneBanner, ShowsTheTwelveHourClockWithoutItsMarker) {
   Phone phone;
   Banner banner(phone);
   banner.set("setMilitaryClock:", 0);
@@ -64,7 +64,7 @@ TEST(PhoneBanner, IsPlacedByConstraintsAboveTheScreen) {
   EXPECT_TRUE(holds(constraints, "UIView.height", 5.33));
 }
 
-TEST(PhoneBanner, OffersItsButtonsAndIsTheirTarget) {
+TEST(PhoneBanner, IsTheTargetOfItsButtons) {
   Phone phone;
   Banner banner(phone);
   banner.show();
@@ -78,14 +78,14 @@ TEST(PhoneBanner, OffersItsButtonsAndIsTheirTarget) {
   }
 }
 
-TEST(PhoneBanner, IsHeldByItsSuperviewAndItsMakerOnceBuilt) {
+TEST(PhoneBanner, IsRetainedOnlyByItsSuperviewAndItsCreator) {
   Phone phone;
   Banner banner(phone);
   banner.show();
   EXPECT_EQ(phone.runtime.object(banner.view).retainCount, 2U);
 }
 
-TEST(PhoneBanner, LetsAllItHoldsGoWithIt) {
+TEST(PhoneBanner, ReleasesItsPartsWhenItIsDeallocated) {
   Phone phone;
   Banner banner(phone);
   banner.show();
@@ -95,7 +95,7 @@ TEST(PhoneBanner, LetsAllItHoldsGoWithIt) {
   EXPECT_EQ(phone.runtime.object(header).retainCount, held - 1);
 }
 
-TEST(PhoneBanner, ForgetsADelegateThatIsGone) {
+TEST(PhoneBanner, ReturnsNilForADeallocatedDelegate) {
   Phone phone;
   Banner banner(phone);
   const Address delegate = phone.runtime.make("NSObject");

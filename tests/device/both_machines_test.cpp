@@ -1,4 +1,4 @@
-// What is seen alike on both machines, seen on the phone.
+// Behavior that must be the same on the phone and on Linux, tested with the phone's library.
 #include "tests/both_machines.hpp"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ using device::kept;
 using device::Phone;
 using device::Platform;
 
-TEST(PhoneOfBothMachines, KeepsAFlagAsATruthValue) {
+TEST(PhoneOfBothMachines, StoresABooleanProperty) {
   Phone phone;
   const device::ClassRecord& type = *phone.runtime.find("NCNotificationShortLookViewController");
   EXPECT_EQ(type.findMethod("hasDismissed")->encoding, test::flagGetterEncoding);
@@ -29,7 +29,7 @@ TEST(PhoneOfBothMachines, KeepsAFlagAsATruthValue) {
   EXPECT_FALSE(hasDismissed());
 }
 
-TEST(PhoneOfBothMachines, PassesATruthValueOn) {
+TEST(PhoneOfBothMachines, ForwardsABooleanResult) {
   for (const std::uint64_t answer : {std::uint64_t{0}, std::uint64_t{1}}) {
     Platform platform;
     platform.truthOfOriginals = answer;
@@ -53,7 +53,7 @@ TEST(PhoneOfBothMachines, FindsTheStatusLineWithAHomeButton) { expectStatusLine(
 
 TEST(PhoneOfBothMachines, FindsTheStatusLineWithoutAHomeButton) { expectStatusLine(test::statusLineWithoutHomeButton); }
 
-TEST(PhoneOfBothMachines, PassesARectangleOnInItsRegisters) {
+TEST(PhoneOfBothMachines, ForwardsARectangleInItsRegisters) {
   Phone phone;
   const Address window = phone.runtime.sendClass("UIStatusBarWindow", "alloc");
   EXPECT_EQ(phone.runtime.send(window, "initWithFrame:", {}, {1.5, 2.5, 375, 44}), window);
@@ -62,7 +62,7 @@ TEST(PhoneOfBothMachines, PassesARectangleOnInItsRegisters) {
   EXPECT_EQ(phone.runtime.sendClass("UIStatusBarWindow", "brimSharedWindow"), window);
 }
 
-TEST(PhoneOfBothMachines, TakesTheAssetsFromTheSamePlace) {
+TEST(PhoneOfBothMachines, LoadsTheAssetsFromTheSamePath) {
   Phone phone;
   Banner banner(phone);
   EXPECT_EQ(phone.text(banner.part("_lBundle")), test::assetBundle);
@@ -89,7 +89,7 @@ TEST(PhoneOfBothMachines, PublishesTheTestBannerOnTheServersQueue) {
   EXPECT_EQ(phone.runtime.object(server).retainCount, 2U);
 }
 
-TEST(PhoneOfBothMachines, OpensTheRunningProgramForAllItsSymbols) {
+TEST(PhoneOfBothMachines, LooksUpSymbolsInTheRunningProgram) {
   constexpr std::uint64_t globalOnThePhone = 8;
   Phone phone;
   phone.runtime.send(phone.runtime.sendClass("BBServer", "alloc"), "initWithQueue:", {0});

@@ -1,4 +1,4 @@
-// Reads numbers and strings out of a file's bytes, one after the other. Whatever would lie past the end is refused.
+// Reads numbers and strings from a file's bytes in sequence. Reading past the end throws std::runtime_error.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ class ByteReader {
   bool atEnd() const { return next == bytes.size(); }
   void skip(std::size_t count) { take(count); }
 
-  // In the order of this machine, which is the file's.
+  // Reads a number in this machine's byte order, which is also the file's.
   template <class Number>
   Number number() {
     Number value;
@@ -26,7 +26,7 @@ class ByteReader {
   }
   std::uint32_t bigEndian32() { return __builtin_bswap32(number<std::uint32_t>()); }
 
-  // Seven bits a byte, the lowest first; the highest bit says that more follow.
+  // Seven bits per byte, least significant first. The top bit means that another byte follows.
   std::uint64_t unsignedLeb128() {
     std::uint64_t value = 0;
     for (unsigned shift = 0; shift < 64; shift += 7) {
@@ -37,7 +37,7 @@ class ByteReader {
     throw std::runtime_error("a number of more than 64 bits");
   }
 
-  // Ends at a zero byte.
+  // Reads up to and including a zero byte.
   std::string text() {
     const auto rest = bytes.subspan(next);
     const auto* end = static_cast<const std::uint8_t*>(std::memchr(rest.data(), 0, rest.size()));
@@ -46,7 +46,7 @@ class ByteReader {
     const auto taken = take(length + 1);
     return {taken.begin(), taken.begin() + static_cast<std::ptrdiff_t>(length)};
   }
-  // In a field of that size, filled up with zero bytes.
+  // Reads a field of that size, which is padded with zero bytes.
   std::string text(std::size_t size) {
     const auto field = take(size);
     std::string value(field.begin(), field.end());
@@ -64,7 +64,7 @@ class ByteReader {
   std::size_t next = 0;
 };
 
-// The part of the bytes that a file's own table of contents names.
+// Returns a part of the bytes. Throws std::runtime_error if it is outside the file.
 inline std::span<const std::uint8_t> part(std::span<const std::uint8_t> bytes, std::size_t offset, std::size_t size) {
   if (offset > bytes.size() || size > bytes.size() - offset) throw std::runtime_error("a part lies outside the file");
   return bytes.subspan(offset, size);

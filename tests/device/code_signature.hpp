@@ -1,4 +1,5 @@
-// The signature at a library's end: a digest of each page, by which the phone's kernel accepts the page or refuses it.
+// The code signature at the end of a library: a digest of each page. The phone's kernel rejects pages that do not
+// match.
 #pragma once
 
 #include "tests/device/mach_file.hpp"
@@ -8,15 +9,15 @@ namespace device {
 struct CodeSignature {
   std::uint32_t flags = 0;
   std::uint8_t digestType = 0;
-  // Bytes of the file that are signed: all before the signature.
+  // The number of signed bytes: all bytes before the signature.
   std::uint32_t signedSize = 0;
   std::uint32_t pageSize = 0;
-  // In lower-case hexadecimal digits, a page each: as written, and as computed from the file.
+  // One digest per page, in lower-case hexadecimal: stored in the signature, and computed from the file.
   std::vector<std::string> writtenDigests;
   std::vector<std::string> computedDigests;
 };
 
-// Throws std::runtime_error where there is none, or a damaged one.
+// Throws std::runtime_error if the signature is missing or damaged.
 CodeSignature codeSignature(const MachFile& file);
 
 }  // namespace device

@@ -1,4 +1,4 @@
-// Runs a command line and takes what it says.
+// Runs a shell command and captures its output.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@ namespace device {
 
 struct CommandOutput {
   int status;
-  std::string text;  // of both its streams
+  std::string text;  // standard output and standard error
 };
 
 inline CommandOutput outputOf(const std::string& command) {

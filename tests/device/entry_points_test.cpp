@@ -1,4 +1,4 @@
-// Parts of the library called as the phone's runtime calls them, and what they answer.
+// Functions and methods of the library, called in the way in which the phone's runtime calls them.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -31,14 +31,14 @@ TEST(PhoneDigest, IsUpperCaseHexadecimal) {
   EXPECT_EQ(digest(phone, "message digest"), "F96B697D7CB7938D525A2F31AAF161D0");
 }
 
-TEST(PhoneRandomString, IsMadeOfLettersDrawnFromTwentySix) {
+TEST(PhoneRandomString, ConsistsOfRandomLowerCaseLetters) {
   Phone phone;
   phone.c.randomNumbers = {1, 17, 8, 12, 25, 0, 2, 3};
   EXPECT_EQ(phone.text(phone.runtime.sendClass("NSString", "generateRandomString:", {8})), "brimzacd");
   EXPECT_EQ(phone.c.randomBounds, std::vector<std::uint32_t>(8, 26));
 }
 
-TEST(PhoneRandomString, IsEmptyForALengthBelowZero) {
+TEST(PhoneRandomString, IsEmptyForANegativeLength) {
   Phone phone;
   const auto minusOne = static_cast<std::uint64_t>(-1);
   EXPECT_EQ(phone.text(phone.runtime.sendClass("NSString", "generateRandomString:", {minusOne})), "");
@@ -59,7 +59,7 @@ class PhoneColors {
   Address colors;
 };
 
-// A mode's palette; only the background depends on the system version.
+// The colors of a mode. Only the background depends on the system version.
 struct Palette {
   const char* version;
   std::int64_t mode;
@@ -72,7 +72,7 @@ struct Palette {
 
 class PhonePalette : public testing::TestWithParam<Palette> {};
 
-TEST_P(PhonePalette, IsThatOfTheModeAndTheSystemVersion) {
+TEST_P(PhonePalette, DependsOnTheModeAndTheSystemVersion) {
   const Palette& palette = GetParam();
   Phone phone(onVersion(palette.version));
   PhoneColors colors(phone, palette.mode);
@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Palette{"12.4", 0, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, gray, red},
                     Palette{"13.0", -7, black, {0.3, 0.3, 0.3, 1}, nearlyBlack, gray, red}));
 
-TEST(PhoneColorSet, UsesCustomColorsOnceToldToAndLetsThemGoInTheEnd) {
+TEST(PhoneColorSet, UsesCustomColorsWhenEnabledAndReleasesThem) {
   Phone phone;
   PhoneColors colors(phone, 1);
   const Address own = phone.runtime.sendClass("UIColor", "redColor");
@@ -117,7 +117,7 @@ TEST(PhoneColorSet, UsesCustomColorsOnceToldToAndLetsThemGoInTheEnd) {
   EXPECT_EQ(phone.runtime.object(own).retainCount, 1U);
 }
 
-TEST(PhoneColorSet, CopiesItsModeAndNothingElse) {
+TEST(PhoneColorSet, CopiesOnlyItsMode) {
   Phone phone;
   PhoneColors colors(phone, 2);
   phone.runtime.send(colors.colors, "setUseCustomColors:", {1});
@@ -127,7 +127,7 @@ TEST(PhoneColorSet, CopiesItsModeAndNothingElse) {
   EXPECT_EQ(phone.runtime.send(copy, "useCustomColors") & 0xff, 0U);
 }
 
-TEST(PhoneProperty, OfAFlagIsNoUntilSet) {
+TEST(PhoneProperty, OfBooleanTypeIsInitiallyFalse) {
   Phone phone;
   const Address controller = phone.runtime.make("NCNotificationShortLookViewController");
   EXPECT_EQ(phone.runtime.send(controller, "hasDismissed") & 0xff, 0U);
@@ -136,7 +136,7 @@ TEST(PhoneProperty, OfAFlagIsNoUntilSet) {
   EXPECT_EQ(phone.runtime.send(controller, "isDismissing") & 0xff, 0U);
 }
 
-TEST(PhoneProperty, OfAnObjectHoldsIt) {
+TEST(PhoneProperty, OfObjectTypeRetainsItsValue) {
   Phone phone;
   const Address controller = phone.runtime.make("NCNotificationShortLookViewController");
   const Address identifier = phone.string("abcdefgh");
@@ -161,7 +161,7 @@ TEST(PhoneHook, CallsTheReplacedMethodWithTheSameArguments) {
   EXPECT_EQ(original.integers.at(2), 33U);
 }
 
-TEST(PhoneEmulator, NamesAMessageThatNobodyAnswers) {
+TEST(PhoneEmulator, ReportsAnUnrecognizedSelector) {
   Phone phone;
   const Address view = phone.runtime.make("UIView");
   try {
@@ -172,7 +172,7 @@ TEST(PhoneEmulator, NamesAMessageThatNobodyAnswers) {
   }
 }
 
-TEST(PhoneEmulator, NamesTheFunctionAndAddressOfACrash) {
+TEST(PhoneEmulator, ReportsTheFunctionAndAddressOfACrash) {
   Phone phone;
   try {
     phone.processor.call(phone.library().exported("_brim_installed_methods"), {0x40});
@@ -183,7 +183,7 @@ TEST(PhoneEmulator, NamesTheFunctionAndAddressOfACrash) {
   }
 }
 
-TEST(PhoneEmulator, NamesAnImportThatNobodySupplies) {
+TEST(PhoneEmulator, ReportsAMissingImport) {
   Phone phone;
   try {
     phone.imports.resolve("_fork", "/usr/lib/libSystem.B.dylib");

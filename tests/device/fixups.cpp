@@ -113,7 +113,7 @@ class RebaseProgram {
   std::vector<std::uint64_t> found;
 };
 
-// Whether a program ends at its first end mark, or goes on behind it, as that of calls looked up later does.
+// Whether an end mark ends the opcodes or only separates them, as it does between lazy binds.
 enum class EndMark { Ends, Separates };
 
 class BindProgram {
@@ -183,7 +183,7 @@ class BindProgram {
   std::string symbol;
 };
 
-// The exported names as a tree of their common beginnings.
+// Exported names are stored in a prefix tree.
 void readExports(std::span<const std::uint8_t> tree, std::size_t node, const std::string& prefix,
                  std::vector<Export>& found) {
   constexpr std::size_t maxName = 4096;

@@ -1,5 +1,4 @@
-// What the dynamic linker changes in a library before it runs: pointers that move with it, pointers to other libraries,
-// and what it exports.
+// A library's dynamic-linking information: rebased pointers, bound pointers and exported symbols.
 #pragma once
 
 #include "tests/device/mach_file.hpp"
@@ -17,10 +16,10 @@ struct Export {
   std::uint64_t address;
 };
 
-// Addresses of pointers that hold addresses of the library itself. These three throw std::runtime_error on opcodes
-// that are damaged or not classic.
+// Returns the addresses of pointers into the library itself. This function and the next two throw std::runtime_error on
+// damaged opcodes and on opcodes other than the classic ones.
 std::vector<std::uint64_t> rebases(const MachFile& file);
-// The ones needed at once, then those a first call may look up.
+// Returns the binds made at load time, followed by the lazy ones.
 std::vector<Bind> binds(const MachFile& file);
 std::vector<Export> exports(const MachFile& file);
 

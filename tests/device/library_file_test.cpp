@@ -1,4 +1,4 @@
-// The library's file as a phone's linker and kernel would judge it.
+// Properties of the library's file that the phone's dynamic linker and kernel require.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -31,17 +31,17 @@ TEST(LibraryFile, IsADynamicLibraryForArm64) {
   EXPECT_EQ(library().fileType, 6U);
 }
 
-TEST(LibraryFile, RunsFromSystemVersion11_2On) {
+TEST(LibraryFile, SupportsSystemVersion11_2AndLater) {
   EXPECT_EQ(count(CommandKind::MinimumSystemVersion), 1U);
   EXPECT_EQ(library().minimumSystem, device::version(11, 2));
   EXPECT_EQ(library().builtFor, device::version(13, 0));
 }
 
-TEST(LibraryFile, KnowsWhereItIsInstalled) {
+TEST(LibraryFile, HasItsInstallPath) {
   EXPECT_EQ(library().installName, "/Library/MobileSubstrate/DynamicLibraries/Brim.dylib");
 }
 
-TEST(LibraryFile, LoadsThePlatformsLibrariesAndNoCppRuntime) {
+TEST(LibraryFile, LinksThePlatformsLibrariesButNoCppRuntime) {
   std::vector<std::string> loaded = library().libraries;
   std::sort(loaded.begin(), loaded.end());
   EXPECT_EQ(loaded,
@@ -52,7 +52,7 @@ TEST(LibraryFile, LoadsThePlatformsLibrariesAndNoCppRuntime) {
                                       "/usr/lib/libobjc.A.dylib", "/usr/lib/libsqlite3.dylib"}));
 }
 
-TEST(LibraryFile, HasOnlyLoadCommandsThatSystemVersion11_2Knows) {
+TEST(LibraryFile, HasOnlyLoadCommandsOfSystemVersion11_2) {
   for (const CommandKind kind : library().commands) {
     switch (kind) {
       case CommandKind::SymbolTable:
@@ -80,7 +80,7 @@ TEST(LibraryFile, HasClassicFixups) {
   EXPECT_EQ(library().linkerInformation.weakBinds.size, 0U);
 }
 
-TEST(LibraryFile, LiesOnThePagesOfThePhonesMemory) {
+TEST(LibraryFile, IsAlignedToThePhonesPageSize) {
   constexpr std::uint64_t page = 0x4000;
   for (const Segment& segment : library().segments) {
     EXPECT_EQ(segment.address % page, 0U) << segment.name;
@@ -93,7 +93,7 @@ TEST(LibraryFile, LiesOnThePagesOfThePhonesMemory) {
   EXPECT_EQ(last.fileOffset + last.fileSize, library().bytes.size());
 }
 
-TEST(LibraryFile, IsNeverChangedInItsText) {
+TEST(LibraryFile, HasNoFixupsInReadOnlySegments) {
   EXPECT_EQ(library().relocationCount, 0U);
   for (const Segment& segment : library().segments) {
     EXPECT_FALSE(segment.allows(Protection::Write) && segment.allows(Protection::Execute)) << segment.name;
@@ -105,7 +105,7 @@ TEST(LibraryFile, IsNeverChangedInItsText) {
     EXPECT_TRUE(library().segmentAt(bind.address).allows(Protection::Write)) << bind.symbol;
 }
 
-TEST(LibraryFile, HasExactlyOneStartUpRoutine) {
+TEST(LibraryFile, HasExactlyOneInitializer) {
   const auto initializers = library().sectionsOfType(SectionType::Initializers);
   ASSERT_EQ(initializers.size(), 1U);
   EXPECT_EQ(initializers.front().size, sizeof(std::uint64_t));
@@ -113,7 +113,7 @@ TEST(LibraryFile, HasExactlyOneStartUpRoutine) {
   EXPECT_TRUE(library().sectionsOfType(SectionType::Finalisers).empty());
 }
 
-TEST(LibraryFile, HasNoVariablesOfThreads) {
+TEST(LibraryFile, HasNoThreadLocalVariables) {
   for (const Segment& segment : library().segments) {
     for (const device::Section& section : segment.sections)
       EXPECT_TRUE(section.type < SectionType::FirstThreadLocal || section.type > SectionType::LastThreadLocal)
@@ -121,7 +121,7 @@ TEST(LibraryFile, HasNoVariablesOfThreads) {
   }
 }
 
-TEST(LibraryFile, ExportsWhatTellsOfItAndNothingElse) {
+TEST(LibraryFile, ExportsOnlyTheInspectionFunctions) {
   std::vector<std::string> exported;
   for (const device::Export& each : device::exports(library())) {
     exported.push_back(each.symbol);
@@ -142,21 +142,21 @@ TEST(LibraryFile, IsSignedPageByPage) {
   EXPECT_EQ(signature.writtenDigests, signature.computedDigests);
 }
 
-TEST(LibraryFile, StaysWithinItsSize) {
+TEST(LibraryFile, StaysWithinItsSizeBudget) {
   const std::uintmax_t size = library().bytes.size();
   constexpr std::uintmax_t budget = BRIM_SIZE_BUDGET;
   std::cout << "Brim.dylib: " << size << " bytes of " << budget << "\n";
   EXPECT_LE(size, budget);
 }
 
-TEST(LibraryFile, ThatIsCutShortIsRefused) {
+TEST(LibraryFile, ThatIsTruncatedIsRejected) {
   std::vector<std::uint8_t> bytes = library().bytes;
   bytes.resize(600);
   EXPECT_THROW(MachFile{bytes}, std::runtime_error);
   EXPECT_THROW(MachFile({}), std::runtime_error);
 }
 
-TEST(LibraryFile, WithAChangedPageNoLongerMatchesItsSignature) {
+TEST(LibraryFile, WithAChangedPageDoesNotMatchItsSignature) {
   std::vector<std::uint8_t> bytes = library().bytes;
   bytes[5000] ^= 1;
   const device::CodeSignature signature = device::codeSignature(MachFile(bytes));

@@ -24,17 +24,17 @@ FilePart filePart(ByteReader& reader) {
 Section section(ByteReader& reader) {
   Section read;
   read.name = reader.text(16);
-  reader.skip(16);  // its segment, named once more
+  reader.skip(16);  // the segment's name, repeated
   read.address = reader.number<std::uint64_t>();
   read.size = reader.number<std::uint64_t>();
-  reader.skip(12);  // offset, alignment, where relocations are
+  reader.skip(12);  // offset, alignment, position of relocations
   read.relocationCount = reader.number<std::uint32_t>();
   read.type = static_cast<SectionType>(reader.number<std::uint32_t>() & 0xff);
   reader.skip(12);
   return read;
 }
 
-// The text that a command carries behind its fields, at an offset from the command's start.
+// Reads a command's text, which follows its fields at an offset from the start of the command.
 std::string textIn(std::span<const std::uint8_t> command) {
   const auto offset = bodyOf(command).number<std::uint32_t>();
   return ByteReader(part(command, offset, command.size() - offset)).text();
@@ -116,7 +116,7 @@ void MachFile::readSegment(std::span<const std::uint8_t> command) {
   read.size = body.number<std::uint64_t>();
   read.fileOffset = body.number<std::uint64_t>();
   read.fileSize = body.number<std::uint64_t>();
-  body.skip(4);  // the most that may be allowed
+  body.skip(4);  // maximum protection
   read.protection = body.number<std::uint32_t>();
   const auto count = body.number<std::uint32_t>();
   body.skip(4);

@@ -1,4 +1,4 @@
-// A Mach-O file of one 64-bit architecture: what its header and load commands say.
+// The header and load commands of a Mach-O file with one 64-bit architecture.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ enum class CommandKind : std::uint32_t {
   DynamicLinkerInformation = 0x80000022,
 };
 
-// What the dynamic linker does with a section before anything else runs.
+// Section types with initializers or thread-local data.
 enum class SectionType : std::uint8_t {
   Initializers = 0x9,
   Finalisers = 0xa,
@@ -56,7 +56,7 @@ struct Segment {
   bool holds(std::uint64_t at) const { return at >= address && at - address < size; }
 };
 
-// Where a part lies in the file.
+// A range of bytes in the file.
 struct FilePart {
   std::uint32_t offset = 0;
   std::uint32_t size = 0;
@@ -70,7 +70,7 @@ struct DynamicLinkerInformation {
   FilePart exports;
 };
 
-// Major in the upper half, then a byte each for minor and patch.
+// The major version is in the upper 16 bits, minor and patch are in one byte each.
 struct Version {
   std::uint32_t value = 0;
   friend bool operator==(const Version&, const Version&) = default;
@@ -78,7 +78,7 @@ struct Version {
 constexpr Version version(std::uint32_t major, std::uint32_t minor) { return {major << 16 | minor << 8}; }
 
 struct MachFile {
-  // Throws std::runtime_error on what is no such file, or a damaged one.
+  // Throws std::runtime_error if the file has another format or is damaged.
   static MachFile read(const std::filesystem::path& path);
   explicit MachFile(std::vector<std::uint8_t> content);
 
@@ -100,7 +100,7 @@ struct MachFile {
   DynamicLinkerInformation linkerInformation;
   FilePart codeSignature;
   std::uint32_t relocationCount = 0;
-  // Functions and variables that the symbol table still names, by address.
+  // The names of functions and variables in the symbol table, by address.
   std::map<std::uint64_t, std::string> symbols;
 
  private:

@@ -1,4 +1,4 @@
-// The package as a phone's dpkg would unpack it.
+// The contents of the package, unpacked with dpkg.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
@@ -28,7 +28,7 @@ std::string field(const std::string& name) {
   return value;
 }
 
-// The package's files, unpacked into a folder that goes with it.
+// Unpacks the package into a temporary folder. The destructor removes the folder.
 class Unpacked {
  public:
   Unpacked() : folder(makeFolder()) { dpkgDeb("--extract " + device::builtPackage().string() + " " + folder.string()); }
@@ -54,26 +54,26 @@ std::string textOf(const fs::path& path) {
   return {bytes.begin(), bytes.end()};
 }
 
-TEST(Package, NamesWhatItNeeds) {
+TEST(Package, DeclaresItsDependencies) {
   EXPECT_EQ(field("Package"), "com.marrowgate.brim");
   EXPECT_EQ(field("Version"), BRIM_VERSION);
   EXPECT_EQ(field("Architecture"), "iphoneos-arm");
   EXPECT_EQ(field("Depends"), "firmware (>= 11.2), mobilesubstrate, ws.hbang.common");
 }
 
-TEST(Package, BringsTheLibraryThatWasBuilt) {
+TEST(Package, ContainsTheBuiltLibrary) {
   const Unpacked package;
   EXPECT_EQ(device::contentsOf(package.folder / librariesFolder / "Brim.dylib"),
             device::contentsOf(device::builtLibrary()));
 }
 
-TEST(Package, BringsAFilterThatNamesTheHomeScreenAndMessages) {
+TEST(Package, ContainsAFilterForTheHomeScreenAndMessages) {
   const Unpacked package;
   const std::string filter = textOf(package.folder / librariesFolder / "Brim.plist");
   EXPECT_EQ(filter, "{ Filter = { Bundles = ( \"com.apple.springboard\", \"com.apple.MobileSMS\" ); }; }\n");
 }
 
-TEST(Package, BringsTheAssetsWhereTheLibraryLooksForThem) {
+TEST(Package, ContainsTheAssetsAtTheLibrarysPath) {
   const Unpacked package;
   const fs::path bundle = package.folder / assetBundle;
   EXPECT_TRUE(fs::exists(bundle / "Info.plist"));
@@ -89,7 +89,7 @@ TEST(Package, BringsTheAssetsWhereTheLibraryLooksForThem) {
   }
 }
 
-TEST(Package, GivesEverythingToRootAndWritesNothingForOthers) {
+TEST(Package, FilesBelongToRootAndAreNotWritableByOthers) {
   std::istringstream lines(dpkgDeb("--contents " + device::builtPackage().string()));
   int entries = 0;
   for (std::string line; std::getline(lines, line); ++entries) {
@@ -101,7 +101,7 @@ TEST(Package, GivesEverythingToRootAndWritesNothingForOthers) {
   EXPECT_GT(entries, 60);
 }
 
-TEST(Package, OfTwoBuildsIsTheSameToTheByte) {
+TEST(Package, IsReproducible) {
   EXPECT_EQ(device::contentsOf(device::secondBuild() / "Brim.dylib"), device::contentsOf(device::builtLibrary()));
   EXPECT_EQ(device::contentsOf(device::secondBuild() / device::packageName()),
             device::contentsOf(device::builtPackage()));

@@ -1,4 +1,4 @@
-// Pictures from the web in the phone's library: what is asked for, and what becomes of the answer.
+// Sender pictures from the web in the phone's library: the requests, and the handling of responses.
 #include <gtest/gtest.h>
 
 #include "tests/device/banner.hpp"
@@ -17,7 +17,7 @@ Address dictionaryOf(Phone& phone, const std::string& key, Address value) {
   return made;
 }
 
-// A request whose notification carries the values.
+// Creates a notification request with these values in its user info.
 Address requestWith(Phone& phone, Address values) {
   if (phone.runtime.find("Request") == nullptr) phone.runtime.define("Request");
   for (const char* step : {"userNotification", "request", "content"})
@@ -39,7 +39,7 @@ void findPicture(Phone& phone, const Banner& banner, Address values) {
   phone.runtime.release(provider);
 }
 
-TEST(PhonePictures, AreAskedForAndShownWhenTheyCome) {
+TEST(PhonePictures, AreRequestedAndShownWhenTheyArrive) {
   Phone phone;
   Banner banner(phone);
   banner.show();
@@ -53,7 +53,7 @@ TEST(PhonePictures, AreAskedForAndShownWhenTheyCome) {
   EXPECT_EQ(phone.text(kept(phone.runtime, banner.part("_appIV"), "image")), "decoded");
 }
 
-TEST(PhonePictures, AreAskedOfTheHostThatTheBundlesFileNames) {
+TEST(PhonePictures, AreRequestedFromTheHostInTheEndpointsFile) {
   constexpr std::uint64_t withoutWaitingAndNotForChildren = 0x100'0004;
   Phone phone;
   const Banner banner(phone);
@@ -68,7 +68,7 @@ TEST(PhonePictures, AreAskedOfTheHostThatTheBundlesFileNames) {
   EXPECT_EQ(phone.pictures->openFiles, 0);
 }
 
-TEST(PhonePictures, ThatCannotBeLoadedChangeNothing) {
+TEST(PhonePictures, ThatFailToLoadHaveNoEffect) {
   Phone phone;
   Banner banner(phone);
   banner.show();
@@ -78,7 +78,7 @@ TEST(PhonePictures, ThatCannotBeLoadedChangeNothing) {
   EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
 }
 
-TEST(PhonePictures, OfABannerThatHasGoneAreLeft) {
+TEST(PhonePictures, OfADeallocatedBannerAreIgnored) {
   Phone phone;
   Banner banner(phone);
   findPicture(phone, banner, discordValues(phone, phone.string("123"), phone.string("abc")));
@@ -87,7 +87,7 @@ TEST(PhonePictures, OfABannerThatHasGoneAreLeft) {
   EXPECT_NO_THROW(phone.c.runMainQueue());
 }
 
-TEST(PhonePictures, AreNotAskedForByValuesOfOtherTypes) {
+TEST(PhonePictures, AreNotRequestedForValuesOfOtherTypes) {
   Phone phone;
   const Banner banner(phone);
   const Address stranger = phone.runtime.make("NSObject");

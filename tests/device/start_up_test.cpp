@@ -1,4 +1,4 @@
-// The library's start in a phone's process: what it registers and what it changes.
+// The library's initializer in a phone's process: the settings it registers and the methods it replaces.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -46,7 +46,7 @@ TEST(PhoneStartUp, RegistersEverySettingInOrder) {
   }
 }
 
-TEST(PhoneStartUp, TellsTheSettingsItHasRegistered) {
+TEST(PhoneStartUp, ReportsTheRegisteredSettings) {
   Phone phone;
   const auto reported = phone.reportedSettings();
   ASSERT_EQ(reported.size(), phone.platform.registrations.size());
@@ -57,7 +57,7 @@ TEST(PhoneStartUp, TellsTheSettingsItHasRegistered) {
   }
 }
 
-TEST(PhoneStartUp, SwitchedOffDoesNothingMore) {
+TEST(PhoneStartUp, InstallsNothingWhenDisabled) {
   Platform platform;
   platform.storedSettings = {{"enabled", 0}};
   Phone phone(platform);
@@ -69,7 +69,7 @@ TEST(PhoneStartUp, SwitchedOffDoesNothingMore) {
     EXPECT_FALSE(phone.imports.called().contains(function)) << function;
 }
 
-TEST(PhoneStartUp, InstallsTheWholeTableInOrder) {
+TEST(PhoneStartUp, InstallsAllHooksInOrder) {
   const Phone phone;
   const std::vector<ChangedMethod> changes = changesOfThePlatform(phone);
   ASSERT_EQ(changes.size(), std::size(test::hookRows));
@@ -86,7 +86,7 @@ TEST(PhoneStartUp, InstallsTheWholeTableInOrder) {
   }
 }
 
-TEST(PhoneStartUp, TellsTheTableItHasInstalled) {
+TEST(PhoneStartUp, ReportsTheInstalledHooks) {
   Phone phone;
   const auto reported = phone.reportedMethods();
   ASSERT_EQ(reported.size(), std::size(test::hookRows));
@@ -101,7 +101,7 @@ TEST(PhoneStartUp, TellsTheTableItHasInstalled) {
   }
 }
 
-TEST(PhoneStartUp, ChangesNothingWhereTheClassesAreMissing) {
+TEST(PhoneStartUp, InstallsNothingIfTheClassesAreMissing) {
   Phone phone({}, Process::Other);
   EXPECT_TRUE(changesOfThePlatform(phone).empty());
   const auto reported = phone.reportedMethods();
@@ -109,7 +109,7 @@ TEST(PhoneStartUp, ChangesNothingWhereTheClassesAreMissing) {
   for (const Phone::ReportedMethod& method : reported) EXPECT_FALSE(method.effective) << method.selector;
 }
 
-TEST(PhoneStartUp, LeavesNoPoolOpenAndObservesNothing) {
+TEST(PhoneStartUp, LeavesNoPoolOpenAndAddsNoObservers) {
   Phone phone;
   EXPECT_TRUE(phone.platform.observers.empty());
   EXPECT_TRUE(phone.c.delayedWork.empty());
@@ -118,7 +118,7 @@ TEST(PhoneStartUp, LeavesNoPoolOpenAndObservesNothing) {
 
 class PhoneNotificationViewClass : public testing::TestWithParam<std::pair<std::string, std::string>> {};
 
-TEST_P(PhoneNotificationViewClass, IsThatOfTheSystemVersion) {
+TEST_P(PhoneNotificationViewClass, DependsOnTheSystemVersion) {
   Phone phone(onVersion(GetParam().first));
   const Phone::ReportedMethod first = phone.reportedMethods().at(0);
   EXPECT_EQ(first.className, GetParam().second);

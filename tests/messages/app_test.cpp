@@ -1,4 +1,4 @@
-// The Messages app in the test's own process, with a home screen in a second one.
+// Runs the Messages app in the test process, and a home screen in a second process where a test needs one.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 #include "simulator/messages/app_process.hpp"
 #include "simulator/runner/library_inspection.hpp"
 #include "tests/messages/child_process.hpp"
-#include "tests/messages/two_processes.hpp"
+#include "tests/messages/home_screen_and_messages.hpp"
 #include "tests/support/temporary_folder.hpp"
 
 namespace {
@@ -25,16 +25,16 @@ using test::Json;
 
 class RequestListener : public objc::Interface<"BrimTestRequestListener", NSObject> {};
 
-std::map<std::string, Json>& heard() {
+std::map<std::string, Json>& receivedUserInfos() {
   static std::map<std::string, Json> userInfos;
   return userInfos;
 }
 
 void receive(RequestListener*, NSNotification* notification) {
-  heard()[base::textOf(notification->name())] = base::jsonOf(notification->userInfo());
+  receivedUserInfos()[base::textOf(notification->name())] = base::jsonOf(notification->userInfo());
 }
 
-NSString* handledLast(const CKConversationListController* list) {
+NSString* lastHandledIdentifier(const CKConversationListController* list) {
   return objc::send<NSString*, "brimIdentifier">(list);
 }
 
@@ -48,7 +48,7 @@ class MessagesAlone : public testing::Test {
     app.emplace(options);
   }
 
-  void listen() {
+  void observeRequests() {
     static constexpr objc::MethodEntry methods[] = {objc::method<"receive:", &receive>()};
     objc::defineClass<RequestListener>(methods);
     listener = objc::make<RequestListener>();
@@ -56,7 +56,7 @@ class MessagesAlone : public testing::Test {
       NSDistributedNotificationCenter::defaultCenter()->addObserver(listener, objc::selector<"receive:">(), name);
   }
 
-  std::vector<std::string> sent() const {
+  std::vector<std::string> sentTexts() const {
     std::vector<std::string> texts;
     const messages::ChatStore store(root);
     for (const messages::Message& message : store.messagesOf(store.chats().front()))
@@ -71,23 +71,23 @@ class MessagesAlone : public testing::Test {
   objc::Ref<RequestListener> listener;
 };
 
-TEST_F(MessagesAlone, HasItsOwnRowsOfTheTableAndNoOthers) {
+TEST_F(MessagesAlone, InstallsOnlyTheHooksOfTheMessagesApp) {
   const auto methods = runner::installedMethods();
   ASSERT_FALSE(methods.empty());
   for (const BrimInstalledMethod& method : methods) {
-    const bool isOfMessages = std::string(method.className) == "CKConversationListController";
-    EXPECT_EQ(method.effective, isOfMessages) << method.className << " " << method.selector;
+    const bool belongsToMessages = std::string(method.className) == "CKConversationListController";
+    EXPECT_EQ(method.effective, belongsToMessages) << method.className << " " << method.selector;
   }
 }
 
-TEST_F(MessagesAlone, HasTheVersionOfItsHomeScreen) {
+TEST_F(MessagesAlone, ReportsTheConfiguredSystemVersion) {
   EXPECT_EQ(base::textOf(UIDevice::currentDevice()->systemVersion()), "12.4");
 }
 
-TEST_F(MessagesAlone, HearsBothRequestsFieldByField) {
-  listen();
-  test::ChildProcess home({SPRINGBOARD, "--root", root, "--script", "-"});
-  home.write(R"({"do":"set","key":"messagesAutoReadMode","value":1}
+TEST_F(MessagesAlone, ReceivesEveryFieldOfRepliesAndReceipts) {
+  observeRequests();
+  test::ChildProcess homeScreen({SPRINGBOARD, "--root", root, "--script", "-"});
+  homeScreen.write(R"({"do":"set","key":"messagesAutoReadMode","value":1}
 {"do":"await","for":"idle"}
 {"do":"present","section":"com.apple.MobileSMS","title":"Anna","message":"Lunch?","thread":"+491701234567"}
 {"do":"wait","seconds":1}
@@ -96,9 +96,9 @@ TEST_F(MessagesAlone, HearsBothRequestsFieldByField) {
 {"do":"type","text":"At one!"}
 {"do":"key","name":"return"}
 )");
-  ASSERT_TRUE(test::eventually([] { return heard().size() == 2; }));
-  const Json reply = heard().at(test::replyName);
-  const Json receipt = heard().at(test::readName);
+  ASSERT_TRUE(test::eventually([] { return receivedUserInfos().size() == 2; }));
+  const Json reply = receivedUserInfos().at(test::replyNotification);
+  const Json receipt = receivedUserInfos().at(test::readNotification);
   const std::string identifier = reply.value("brimIdentifier", "");
   EXPECT_EQ(reply, Json({{"body", "At one!"}, {"brimIdentifier", identifier}, {"identifier", annasAddress}}));
   EXPECT_EQ(receipt, Json({{"brimIdentifier", identifier}, {"identifier", annasAddress}}));
@@ -106,25 +106,26 @@ TEST_F(MessagesAlone, HearsBothRequestsFieldByField) {
   EXPECT_TRUE(std::ranges::all_of(identifier, [](char letter) { return letter >= 'a' && letter <= 'z'; }));
 }
 
-TEST_F(MessagesAlone, AListRemembersTheRequestItHandledLast) {
+TEST_F(MessagesAlone, ListStoresTheIdentifierOfTheLastHandledRequest) {
   const auto list = objc::make<CKConversationListController>();
   list->view();
-  EXPECT_EQ(handledLast(list), nullptr);
-  test::TwoProcesses::postReply({{"identifier", "nobody"}, {"body", "x"}, {"brimIdentifier", "abcdefgh"}});
-  ASSERT_TRUE(test::eventually([&] { return handledLast(list) != nullptr; }));
-  EXPECT_EQ(base::textOf(handledLast(list)), "abcdefgh");
+  EXPECT_EQ(lastHandledIdentifier(list), nullptr);
+  test::HomeScreenAndMessages::postReply({{"identifier", "nobody"}, {"body", "x"}, {"brimIdentifier", "abcdefgh"}});
+  ASSERT_TRUE(test::eventually([&] { return lastHandledIdentifier(list) != nullptr; }));
+  EXPECT_EQ(base::textOf(lastHandledIdentifier(list)), "abcdefgh");
 }
 
-TEST_F(MessagesAlone, AListThatHasEndedIsNotSentTo) {
-  listen();
+TEST_F(MessagesAlone, DeallocatedListReceivesNoRequests) {
+  observeRequests();
   {
-    const auto second = objc::make<CKConversationListController>();
-    second->view();
+    const auto deallocated = objc::make<CKConversationListController>();
+    deallocated->view();
   }
-  test::TwoProcesses::postReply({{"identifier", annasAddress}, {"body", "once"}, {"brimIdentifier", "abcdefgh"}});
-  ASSERT_TRUE(test::eventually([] { return !heard().empty(); }));
-  EXPECT_TRUE(test::eventually([this] { return !sent().empty(); }));
-  EXPECT_EQ(sent(), std::vector<std::string>{"once"});
+  test::HomeScreenAndMessages::postReply(
+      {{"identifier", annasAddress}, {"body", "once"}, {"brimIdentifier", "abcdefgh"}});
+  ASSERT_TRUE(test::eventually([] { return !receivedUserInfos().empty(); }));
+  EXPECT_TRUE(test::eventually([this] { return !sentTexts().empty(); }));
+  EXPECT_EQ(sentTexts(), std::vector<std::string>{"once"});
 }
 
 }  // namespace

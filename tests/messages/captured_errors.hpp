@@ -1,4 +1,4 @@
-// What this process and those that it starts say on standard error, to be read instead of shown.
+// Redirects standard error of this process and of its child processes into a file, where a test can read it.
 #pragma once
 
 #include <fcntl.h>
@@ -14,7 +14,7 @@ namespace test {
 
 class CapturedErrors {
  public:
-  CapturedErrors() : shown(dup(STDERR_FILENO)) {
+  CapturedErrors() : originalDescriptor_(dup(STDERR_FILENO)) {
     const int file = open(path().c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
     dup2(file, STDERR_FILENO);
     close(file);
@@ -22,21 +22,21 @@ class CapturedErrors {
   CapturedErrors(const CapturedErrors&) = delete;
   CapturedErrors& operator=(const CapturedErrors&) = delete;
   ~CapturedErrors() {
-    dup2(shown, STDERR_FILENO);
-    close(shown);
+    dup2(originalDescriptor_, STDERR_FILENO);
+    close(originalDescriptor_);
   }
 
   std::string text() const {
     std::ifstream file(path());
     return {std::istreambuf_iterator<char>(file), {}};
   }
-  bool contain(const std::string& wanted) const { return text().find(wanted) != std::string::npos; }
+  bool contains(const std::string& part) const { return text().find(part) != std::string::npos; }
 
  private:
-  std::string path() const { return (folder.path() / "errors").string(); }
+  std::string path() const { return (folder_.path() / "errors").string(); }
 
-  TemporaryFolder folder;
-  int shown;
+  TemporaryFolder folder_;
+  int originalDescriptor_;
 };
 
 }  // namespace test

@@ -11,10 +11,10 @@
 namespace test {
 
 ChildProcess::ChildProcess(const std::vector<std::string>& command) {
-  int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe can be made");
-  const foundation::Descriptor readEnd(ends[0]);
-  input = foundation::Descriptor(ends[1]);
+  int pipeEnds[2];
+  if (pipe2(pipeEnds, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
+  const foundation::Descriptor readEnd(pipeEnds[0]);
+  input_ = foundation::Descriptor(pipeEnds[1]);
   std::vector<char*> arguments;
   arguments.reserve(command.size() + 1);
   for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
@@ -23,33 +23,33 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command) {
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, readEnd.get(), STDIN_FILENO);
   posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-  const int failure = posix_spawn(&child, arguments[0], &actions, nullptr, arguments.data(), environ);
+  const int error = posix_spawn(&child_, arguments[0], &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
-  if (failure != 0) throw std::runtime_error("cannot start " + command.front());
+  if (error != 0) throw std::runtime_error("cannot start " + command.front());
 }
 
 ChildProcess::~ChildProcess() {
   if (hasEnded()) return;
   kill();
-  waitpid(child, &status, 0);
+  waitpid(child_, &status_, 0);
 }
 
 void ChildProcess::write(const std::string& lines) const {
   std::size_t written = 0;
   while (written < lines.size()) {
-    const ssize_t size = ::write(input.get(), lines.data() + written, lines.size() - written);
-    if (size <= 0) throw std::runtime_error("the program does not read");
+    const ssize_t size = ::write(input_.get(), lines.data() + written, lines.size() - written);
+    if (size <= 0) throw std::runtime_error("the program does not read its standard input");
     written += static_cast<std::size_t>(size);
   }
 }
 
-void ChildProcess::kill() const { ::kill(child, SIGKILL); }
+void ChildProcess::kill() const { ::kill(child_, SIGKILL); }
 
 bool ChildProcess::hasEnded() {
-  if (!reaped) reaped = waitpid(child, &status, WNOHANG) == child;
-  return reaped;
+  if (!isReaped_) isReaped_ = waitpid(child_, &status_, WNOHANG) == child_;
+  return isReaped_;
 }
 
-bool ChildProcess::hasSucceeded() { return hasEnded() && WIFEXITED(status) && WEXITSTATUS(status) == 0; }
+bool ChildProcess::hasSucceeded() { return hasEnded() && WIFEXITED(status_) && WEXITSTATUS(status_) == 0; }
 
 }  // namespace test

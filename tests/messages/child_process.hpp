@@ -1,4 +1,4 @@
-// Another program, fed through its standard input; it is ended with its owner.
+// Runs another program and writes to its standard input. The destructor kills the program if it still runs.
 #pragma once
 
 #include <sys/types.h>
@@ -12,25 +12,27 @@ namespace test {
 
 class ChildProcess {
  public:
-  // The program's path and its arguments. Its standard output is dropped.
+  // `command` is the program's path followed by its arguments. Standard output goes to /dev/null. Throws
+  // std::runtime_error if the program cannot be started.
   explicit ChildProcess(const std::vector<std::string>& command);
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
   ~ChildProcess();
 
+  // Throws std::runtime_error if the program no longer reads.
   void write(const std::string& lines) const;
-  void closeInput() { input = {}; }
+  void closeInput() { input_ = {}; }
   void kill() const;
-  // Whether it has ended by itself, with success.
+  // Returns whether the program has exited with status 0.
   bool hasSucceeded();
   bool hasEnded();
-  pid_t process() const { return child; }
+  pid_t process() const { return child_; }
 
  private:
-  pid_t child = 0;
-  foundation::Descriptor input;
-  int status = -1;
-  bool reaped = false;
+  pid_t child_ = 0;
+  foundation::Descriptor input_;
+  int status_ = -1;
+  bool isReaped_ = false;
 };
 
 }  // namespace test

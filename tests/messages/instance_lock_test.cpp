@@ -1,4 +1,4 @@
-// At most one Messages app holds a root.
+// The lock that lets at most one Messages app run on a root.
 #include "simulator/messages/instance_lock.hpp"
 
 #include <gtest/gtest.h>
@@ -19,17 +19,17 @@ using messages::lockInstance;
 
 class InstanceLock : public testing::Test {
  protected:
-  std::string text() const {
+  std::string lockFileText() const {
     std::ifstream file(path);
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  test::TemporaryFolder temporary;
-  const fs::path folder = temporary.path() / "made by the lock";
+  test::TemporaryFolder temporaryFolder;
+  const fs::path folder = temporaryFolder.path() / "created by the lock";
   const fs::path path = folder / "messages.lock";
 };
 
-TEST_F(InstanceLock, IsHeldByOneAtATime) {
+TEST_F(InstanceLock, IsAcquiredOnlyOnceAtATime) {
   {
     const foundation::Descriptor first = lockInstance(folder);
     ASSERT_TRUE(first.isOpen());
@@ -38,22 +38,22 @@ TEST_F(InstanceLock, IsHeldByOneAtATime) {
   EXPECT_TRUE(lockInstance(folder).isOpen());
 }
 
-TEST_F(InstanceLock, TellsItsHolderAloneWhateverStoodThere) {
+TEST_F(InstanceLock, ReplacesTheFilesTextWithTheOwnersProcessIdentifier) {
   fs::create_directories(folder);
   std::ofstream(path) << "12345678901234567890\n";
   const foundation::Descriptor lock = lockInstance(folder);
-  EXPECT_EQ(text(), std::to_string(getpid()) + "\n");
+  EXPECT_EQ(lockFileText(), std::to_string(getpid()) + "\n");
 }
 
-TEST_F(InstanceLock, IsLeftAsItIsByWhoeverDoesNotGetIt) {
+TEST_F(InstanceLock, IsNotModifiedByAFailedAttempt) {
   const foundation::Descriptor lock = lockInstance(folder);
-  std::ofstream(path) << "the holder's\n";
+  std::ofstream(path) << "owner\n";
   EXPECT_FALSE(lockInstance(folder).isOpen());
-  EXPECT_EQ(text(), "the holder's\n");
+  EXPECT_EQ(lockFileText(), "owner\n");
 }
 
-// The daemon of notifications, which an app may start, outlives it.
-TEST_F(InstanceLock, IsNotHeldByAProcessThatItsHolderHasStarted) {
+// An app can start the notification daemon, which outlives the app.
+TEST_F(InstanceLock, IsNotInheritedByChildProcesses) {
   FILE* child = nullptr;
   {
     const foundation::Descriptor lock = lockInstance(folder);
@@ -63,9 +63,9 @@ TEST_F(InstanceLock, IsNotHeldByAProcessThatItsHolderHasStarted) {
   pclose(child);
 }
 
-TEST_F(InstanceLock, WhereNoFileCanBeMadeIsAnErrorThatNamesIt) {
-  std::ofstream(temporary.path() / "file") << "in the way";
-  EXPECT_THROW(lockInstance(temporary.path() / "file" / "folder"), fs::filesystem_error);
+TEST_F(InstanceLock, ThrowsIfItsFileCannotBeCreated) {
+  std::ofstream(temporaryFolder.path() / "file") << "in the way";
+  EXPECT_THROW(lockInstance(temporaryFolder.path() / "file" / "folder"), fs::filesystem_error);
 }
 
 }  // namespace

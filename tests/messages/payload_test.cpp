@@ -1,16 +1,16 @@
-// What the text of a request may hold, and what a request may be that nobody should have sent.
+// Contents of requests: every text arrives unchanged, and malformed requests are ignored.
 #include <gtest/gtest.h>
 
 #include "platform/ns_data.hpp"
 #include "platform/ns_date.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
-#include "tests/messages/two_processes.hpp"
+#include "tests/messages/home_screen_and_messages.hpp"
 
 namespace {
 
 using test::annasAddress;
+using test::HomeScreenAndMessages;
 using test::Json;
-using test::TwoProcesses;
 
 struct Text {
   const char* name;
@@ -27,15 +27,15 @@ std::string longText() {
 
 class MessagesText : public testing::TestWithParam<Text> {};
 
-TEST_P(MessagesText, ArrivesAsItWasSent) {
-  TwoProcesses both;
+TEST_P(MessagesText, ArrivesUnchanged) {
+  HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   both.postReply({{"identifier", annasAddress}, {"body", GetParam().text}, {"brimIdentifier", "abcdefgh"}});
-  ASSERT_TRUE(both.waitFor("message", 1));
+  ASSERT_TRUE(both.waitForEvents("message", 1));
   EXPECT_TRUE(both.sent() == std::vector<std::string>{GetParam().text});
-  const std::vector<Json> told = test::eventsNamed(both.phone.log(), "message");
-  ASSERT_EQ(told.size(), 1U);
-  EXPECT_TRUE(told[0].at("text") == GetParam().text);
+  const std::vector<Json> reported = test::eventsNamed(both.phone.log(), "message");
+  ASSERT_EQ(reported.size(), 1U);
+  EXPECT_TRUE(reported[0].at("text") == GetParam().text);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, MessagesText,
@@ -47,14 +47,14 @@ INSTANTIATE_TEST_SUITE_P(Texts, MessagesText,
                                          Text{"Lines", "one\r\ntwo\n\tthree"}, Text{"Empty", ""}),
                          [](const auto& instance) { return instance.param.name; });
 
-TEST(MessagesTyped, TextIsPostedAsItWasTyped) {
-  TwoProcesses both;
+TEST(MessagesTyped, TextIsPostedUnchanged) {
+  HomeScreenAndMessages both;
   both.reply(" 👩‍👩‍👧‍👦 \"yes\" שלום ");
-  ASSERT_TRUE(both.waitFor("message", 1));
+  ASSERT_TRUE(both.waitForEvents("message", 1));
   EXPECT_EQ(both.sent(), std::vector<std::string>{" 👩‍👩‍👧‍👦 \"yes\" שלום "});
 }
 
-const std::vector<Json>& strangeUserInfos() {
+const std::vector<Json>& malformedUserInfos() {
   static const std::vector<Json> all = {
       nullptr,
       Json::object(),
@@ -75,26 +75,26 @@ const std::vector<Json>& strangeUserInfos() {
   return all;
 }
 
-class StrangeRequest : public testing::TestWithParam<const char*> {};
+class MalformedRequest : public testing::TestWithParam<const char*> {};
 
-TEST_P(StrangeRequest, DoesNothingAndLeavesTheAppGoing) {
-  TwoProcesses both({.options = {}, .settings = {{"messagesAutoReadMode", 1}}});
+TEST_P(MalformedRequest, IsIgnoredAndKeepsTheAppRunning) {
+  HomeScreenAndMessages both({.options = {}, .settings = {{"messagesAutoReadMode", 1}}});
   ASSERT_TRUE(both.launch());
-  const pid_t app = both.app();
-  const bool isReceipt = std::string(GetParam()) == test::readName;
-  for (const Json& userInfo : strangeUserInfos())
+  const pid_t app = both.appProcess();
+  const bool isReceipt = std::string(GetParam()) == test::readNotification;
+  for (const Json& userInfo : malformedUserInfos())
     if (!isReceipt || userInfo.is_null() || userInfo.value("identifier", Json()) != annasAddress)
       both.post(GetParam(), userInfo);
-  ASSERT_TRUE(both.fence());
-  EXPECT_EQ(both.app(), app);
+  ASSERT_TRUE(both.waitForPostedRequests());
+  EXPECT_EQ(both.appProcess(), app);
   EXPECT_TRUE(both.sent().empty());
   EXPECT_TRUE(test::eventsNamed(both.phone.log(), "read").empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Names, StrangeRequest, testing::Values(test::replyName, test::readName));
+INSTANTIATE_TEST_SUITE_P(Names, MalformedRequest, testing::Values(test::replyNotification, test::readNotification));
 
-TEST(StrangeRequest, OfDataAndDatesDoesNothing) {
-  TwoProcesses both;
+TEST(MalformedRequest, WithDataAndDateValuesIsIgnored) {
+  HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   {
     const objc::AutoreleasePool pool;
@@ -104,7 +104,7 @@ TEST(StrangeRequest, OfDataAndDatesDoesNothing) {
     userInfo->setObject(NSDate::date(), "brimIdentifier"_ns);
     NSDistributedNotificationCenter::defaultCenter()->post("com.lumetra.brim.receivedcontacts"_ns, userInfo);
   }
-  ASSERT_TRUE(both.fence());
+  ASSERT_TRUE(both.waitForPostedRequests());
   EXPECT_TRUE(both.sent().empty());
 }
 

@@ -1,3 +1,4 @@
+// Commands of the script interface that succeed, and the two ways in which the contacts command fails.
 #include <fstream>
 
 #include "simulator/base/event_log.hpp"
@@ -11,13 +12,13 @@ namespace {
 using test::Json;
 using test::PlainPhone;
 
-TEST(Commands, PresentAnswersNumbersFromOneOn) {
+TEST(Commands, PresentNumbersControllersFromOne) {
   PlainPhone phone;
   EXPECT_EQ(phone.present(), 1);
   EXPECT_EQ(phone.present(), 2);
 }
 
-TEST(Commands, PresentTakesEveryField) {
+TEST(Commands, PresentAcceptsEveryField) {
   PlainPhone phone;
   const int controller =
       phone.present({{"subtitle", "s"},
@@ -33,34 +34,34 @@ TEST(Commands, PresentTakesEveryField) {
   EXPECT_EQ(controller, 1);
 }
 
-TEST(Commands, PresentTakesABodyOfTenMegabytes) {
+TEST(Commands, PresentAcceptsAMessageOfTenMegabytes) {
   PlainPhone phone;
   const Json answer = phone.answerLine(R"({"do":"present","section":"a.b","title":"t","message":")" +
                                        std::string(10'000'000, 'w') + "\"}");
   EXPECT_TRUE(answer.at("ok").get<bool>()) << answer;
 }
 
-TEST(Commands, WaitStepsTheClockExactly) {
+TEST(Commands, WaitAdvancesTheClockExactly) {
   PlainPhone phone({.time = 1584178860.0});
   const double before = foundation::unixTimeNow();
   phone.wait(12.5);
   EXPECT_DOUBLE_EQ(foundation::unixTimeNow(), before + 12.5);
 }
 
-TEST(Commands, ClockStartsAtTheTimeThatWasChosen) {
+TEST(Commands, ClockStartsAtTheConfiguredTime) {
   PlainPhone phone({.locale = "de_DE", .time = 1584178860.0});
   const Json windows = phone.run("tree").at("windows");
   EXPECT_FALSE(PlainPhone::find(windows, "text", "09:41").is_null());
 }
 
-TEST(Commands, LogIsEmptiedByReadingIt) {
+TEST(Commands, LogReturnsEachEventOnce) {
   PlainPhone phone;
   base::recordEvent("test", {{"value", 1}});
   EXPECT_EQ(phone.log(), Json::array({{{"event", "test"}, {"value", 1}}}));
   EXPECT_EQ(phone.log(), Json::array());
 }
 
-TEST(Commands, TreeShowsAllWindowsBackToFront) {
+TEST(Commands, TreeListsAllWindowsBackToFront) {
   PlainPhone phone;
   phone.present();
   const Json windows = phone.run("tree").at("windows");
@@ -70,14 +71,14 @@ TEST(Commands, TreeShowsAllWindowsBackToFront) {
   EXPECT_EQ(windows[2].at("class"), "SBNotificationBannerWindow");
 }
 
-TEST(Commands, TreeOfAControllerIsItsView) {
+TEST(Commands, TreeOfAControllerStartsAtItsView) {
   PlainPhone phone;
   const Json windows = phone.run("tree", {{"controller", phone.present()}}).at("windows");
   ASSERT_EQ(windows.size(), 1U);
   EXPECT_EQ(windows[0].at("class"), "NCNotificationViewControllerView");
 }
 
-TEST(Commands, ScreenshotHasTheScreensPixels) {
+TEST(Commands, ScreenshotHasTheScreensPixelSize) {
   PlainPhone phone({.device = "iphone-8"});
   const auto path = phone.folder() / "a.png";
   phone.run("screenshot", {{"path", path.string()}});
@@ -115,7 +116,7 @@ TEST(Commands, FilmstripShowsItsFramesSideBySide) {
   EXPECT_NE(again.value("error", "").find("there are no frames"), std::string::npos);
 }
 
-TEST(Commands, ScreenshotsOfTheSameMomentAreTheSame) {
+TEST(Commands, ScreenshotsAtTheSameTimePointAreIdentical) {
   PlainPhone phone;
   phone.present();
   const auto bytes = [&phone](const char* name) {
@@ -131,13 +132,13 @@ TEST(Commands, ScreenshotsOfTheSameMomentAreTheSame) {
   EXPECT_NE(bytes("c.png"), sliding);
 }
 
-TEST(Commands, WithoutTheLibraryThereAreNoSettingsAndNoHooks) {
+TEST(Commands, SettingsAndHooksAreEmptyWithoutTheLibrary) {
   PlainPhone phone;
   EXPECT_EQ(phone.run("settings").at("settings"), Json::object());
   EXPECT_EQ(phone.run("hooks").at("rows"), Json::array());
 }
 
-TEST(Commands, StateWithoutTheLibraryTellsOnlyOfThePlatform) {
+TEST(Commands, StateReportsOnlyPlatformValuesWithoutTheLibrary) {
   PlainPhone phone;
   const Json state = phone.run("state", {{"controller", phone.present()}});
   EXPECT_FALSE(state.at("brim").get<bool>());
@@ -150,13 +151,13 @@ TEST(Commands, StateWithoutTheLibraryTellsOnlyOfThePlatform) {
     EXPECT_FALSE(state.at(flag).get<bool>()) << flag;
 }
 
-TEST(Commands, SetIsTakenWithoutTheLibrary) {
+TEST(Commands, SetSucceedsWithoutTheLibrary) {
   PlainPhone phone;
   for (const Json& value : {Json(true), Json(3), Json(2.5), Json("text"), Json({1, 2}), Json(nullptr)})
     phone.run("set", {{"key", "timeToDismiss"}, {"value", value}});
 }
 
-TEST(Commands, AppearanceSwitchesWhatTheScreenShows) {
+TEST(Commands, AppearanceChangesTheColorsOnScreen) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", false}});
   phone.wait(1);
@@ -168,14 +169,14 @@ TEST(Commands, AppearanceSwitchesWhatTheScreenShows) {
   EXPECT_EQ(titleColor(), Json({1.0, 1.0, 1.0, 1.0}));
 }
 
-TEST(Commands, ContactsTakesAFileWithCards) {
+TEST(Commands, ContactsLoadsAVcardFile) {
   PlainPhone phone;
   std::ofstream(phone.folder() / "people.vcf") << "BEGIN:VCARD\nVERSION:3.0\nN:Weber;Anna\nEND:VCARD\n";
   phone.run("contacts", {{"path", (phone.folder() / "people.vcf").string()}});
   EXPECT_EQ(contacts::people()->front().givenName, "Anna");
 }
 
-TEST(Commands, ContactsRefusesOtherFiles) {
+TEST(Commands, ContactsRejectsOtherFiles) {
   PlainPhone phone;
   std::ofstream(phone.folder() / "people.csv") << "Weber,Anna\n";
   for (const char* name : {"people.csv", "missing"}) {

@@ -1,3 +1,4 @@
+// Command-line options of the springboard program, and dates in ISO 8601 form.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -40,7 +41,7 @@ TEST(Options, HaveDefaults) {
   EXPECT_TRUE(options.demonstration.empty());
 }
 
-TEST(Options, AreTaken) {
+TEST(Options, OverrideTheDefaults) {
   const Options options =
       accepted({"--root", "folder", "--device", "iphone-se", "--system", "11.4", "--appearance", "dark", "--locale",
                 "ar_EG", "--time", "2020-03-14T09:41:00Z", "--without-brim", "--script", "-"});
@@ -54,18 +55,18 @@ TEST(Options, AreTaken) {
   EXPECT_EQ(options.script, "-");
 }
 
-TEST(Options, MayBeWrittenWithAnEqualsSign) { EXPECT_EQ(accepted({"--device=iphone-8"}).device, "iphone-8"); }
+TEST(Options, AcceptAnEqualsSign) { EXPECT_EQ(accepted({"--device=iphone-8"}).device, "iphone-8"); }
 
-TEST(Options, SystemVersionHasAPointAsAPhonesHas) { EXPECT_EQ(accepted({"--system", "13"}).systemVersion, "13.0"); }
+TEST(Options, SystemVersionGetsAMinorNumber) { EXPECT_EQ(accepted({"--system", "13"}).systemVersion, "13.0"); }
 
-TEST(Options, LocaleMayBeWrittenWithAHyphen) { EXPECT_EQ(accepted({"--locale", "de-DE"}).locale, "de_DE"); }
+TEST(Options, LocaleAcceptsAHyphen) { EXPECT_EQ(accepted({"--locale", "de-DE"}).locale, "de_DE"); }
 
-TEST(Options, HelpIsAskedForAnywhere) {
+TEST(Options, HelpIsAcceptedAtAnyPosition) {
   const auto parsed = parse({"--device", "iphone-8", "--help"});
   EXPECT_TRUE(std::holds_alternative<process::HelpRequest>(parsed));
 }
 
-TEST(Options, HelpNamesEachWithItsDefault) {
+TEST(Options, HelpListsEveryOptionWithItsDefault) {
   const std::string help = runner::helpText();
   for (const char* name : {"--root", "--device", "--system", "--appearance", "--locale", "--time", "--without-brim",
                            "--script", "--demonstration", "--help", "iphone-11-pro-max"})
@@ -79,7 +80,7 @@ struct Refusal {
   const char* reason;
 };
 
-TEST(Options, RefusalsSayWhatWouldBeRight) {
+TEST(Options, ErrorsNameTheExpectedInput) {
   const Refusal refusals[] = {{{"--color", "red"}, "unknown option --color"},
                               {{"script"}, "unknown option script"},
                               {{""}, "unknown option"},
@@ -104,7 +105,7 @@ TEST(Options, RefusalsSayWhatWouldBeRight) {
   }
 }
 
-TEST(IsoTime, IsReadInEveryForm) {
+TEST(IsoTime, IsParsedInEveryForm) {
   EXPECT_EQ(base::parseIsoTime("1970-01-02T00:00Z"), 86400.0);
   EXPECT_EQ(base::parseIsoTime("1970-01-01 00:00:01.5Z"), 1.5);
   EXPECT_EQ(base::parseIsoTime("1970-01-01T02:00+02:00"), 0.0);
@@ -112,20 +113,20 @@ TEST(IsoTime, IsReadInEveryForm) {
   EXPECT_EQ(base::parseIsoTime("1969-12-31T23:59:59Z"), -1.0);
 }
 
-TEST(IsoTime, WithoutAnOffsetIsOfTheTimeZone) {
+TEST(IsoTime, WithoutAnOffsetIsInTheLocalTimeZone) {
   setenv("TZ", "UTC-3", 1);
   tzset();
   EXPECT_EQ(base::parseIsoTime("1970-01-01T03:00"), 0.0);
   EXPECT_EQ(base::parseIsoTime("1970-01-01"), -10800.0);
 }
 
-TEST(IsoTime, RefusesWhatIsNoDate) {
+TEST(IsoTime, RejectsInvalidDates) {
   for (const char* text : {"", "1970", "1970-13-01", "1970-01-01T24:00Z", "1970-01-01T00:60Z", "1970-01-01T00:00:60Z",
                            "1970-01-01T00:00+15:00", "1970-01-01T00:00Zulu", "+1970-01-01"})
     EXPECT_FALSE(base::parseIsoTime(text)) << text;
 }
 
-TEST(IsoTime, IsWrittenInUniversalTime) {
+TEST(IsoTime, IsWrittenInUtc) {
   EXPECT_EQ(base::isoTime(0.25), "1970-01-01T00:00:00.250Z");
   EXPECT_EQ(base::isoTime(-0.5), "1969-12-31T23:59:59.500Z");
 }

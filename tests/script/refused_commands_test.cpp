@@ -1,3 +1,4 @@
+// Invalid commands: each is rejected with an error that names the expected input.
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -10,7 +11,7 @@ struct Refusal {
   const char* reason;
 };
 
-// One phone answers all lines: each refusal must leave it able to obey the next.
+// One phone executes all lines, because it must still work after each rejected command.
 constexpr Refusal refusals[] = {
     {"nonsense", "not JSON: parse error at line 1, column 2"},
     {R"({"do":"wait","seconds":1)", "not JSON: parse error at line 1, column 25"},
@@ -86,7 +87,7 @@ constexpr Refusal refusals[] = {
     {R"({"do":"screenshot","path":"a.png","crop":1})", "there is no controller 1"},
 };
 
-TEST(RefusedCommands, SayWhatWouldBeRight) {
+TEST(RefusedCommands, NameTheExpectedInput) {
   PlainPhone phone;
   for (const Refusal& refusal : refusals) {
     const Json answer = phone.answerLine(refusal.line);
@@ -98,13 +99,13 @@ TEST(RefusedCommands, SayWhatWouldBeRight) {
   EXPECT_EQ(phone.present(), 1);
 }
 
-TEST(RefusedCommands, AByteOfZeroIsNotTheEndOfALine) {
+TEST(RefusedCommands, ZeroByteDoesNotEndALine) {
   PlainPhone phone;
   using namespace std::string_literals;
   EXPECT_FALSE(phone.answerLine("{\"do\":\"log\"}\0 and more"s).at("ok").get<bool>());
 }
 
-TEST(RefusedCommands, NestingIsBounded) {
+TEST(RefusedCommands, NestingIsLimited) {
   PlainPhone phone;
   const std::string deep = std::string(100000, '[') + std::string(100000, ']');
   const Json answer = phone.answerLine(R"({"do":"present","section":"a","userInfo":{"a":)" + deep + "}}");
@@ -113,7 +114,7 @@ TEST(RefusedCommands, NestingIsBounded) {
   EXPECT_TRUE(brackets.at("ok").get<bool>());
 }
 
-TEST(RefusedCommands, ADismissedControllerIsNotOnScreen) {
+TEST(RefusedCommands, DismissedControllerIsNotOnScreen) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.wait(10);
@@ -123,7 +124,7 @@ TEST(RefusedCommands, ADismissedControllerIsNotOnScreen) {
   EXPECT_NE(dismiss.value("error", "").find("gone"), std::string::npos) << dismiss;
 }
 
-TEST(RefusedCommands, BytesThatAreNoTextAreRefusedAsObjectsToo) {
+TEST(RefusedCommands, IllFormedTextIsRejectedInParsedCommandsToo) {
   PlainPhone phone;
   const Json answer = phone.answer({{"do", "\xff"}});
   EXPECT_FALSE(answer.at("ok").get<bool>());

@@ -1,3 +1,4 @@
+// The platform's banners without the library: layout, dismissal, touches and buttons.
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "tests/support/plain_phone.hpp"
 
@@ -14,7 +15,7 @@ Json dismissal(int controller, int transition) {
   return {{"event", "dismiss"}, {"controller", controller}, {"transition", transition}};
 }
 
-TEST(Banners, StandEightPointsBelowTheTopWithoutABottomSafeArea) {
+TEST(Banners, StartEightPointsBelowTheTopOnScreensWithoutABottomSafeArea) {
   PlainPhone phone({.device = "iphone-8"});
   const Json frame = frameOf(phone, phone.present());
   EXPECT_EQ(frame[0], 8);
@@ -22,7 +23,7 @@ TEST(Banners, StandEightPointsBelowTheTopWithoutABottomSafeArea) {
   EXPECT_EQ(frame[2], 375 - 16);
 }
 
-TEST(Banners, StandAtTheTopSafeAreaWhereThereIsABottomOne) {
+TEST(Banners, StartAtTheTopSafeAreaOnScreensWithABottomSafeArea) {
   PlainPhone phone({.device = "iphone-11-pro-max"});
   const Json frame = frameOf(phone, phone.present());
   EXPECT_EQ(frame[0], 8);
@@ -30,14 +31,14 @@ TEST(Banners, StandAtTheTopSafeAreaWhereThereIsABottomOne) {
   EXPECT_EQ(frame[2], 414 - 16);
 }
 
-TEST(Banners, ViewBearsTheNameOfTheSystemVersion) {
+TEST(Banners, ViewClassHasTheNameOfTheSystemVersion) {
   PlainPhone phone({.systemVersion = "11.4"});
   const int controller = phone.present();
   EXPECT_FALSE(phone.view(controller, "_NCNotificationViewControllerView").is_null());
   EXPECT_TRUE(phone.view(controller, "NCNotificationViewControllerView").is_null());
 }
 
-TEST(Banners, ShowWhatTheNotificationSays) {
+TEST(Banners, ShowAllTextsOfTheNotification) {
   PlainPhone phone;
   const int controller = phone.present({{"title", "Title"}, {"subtitle", "Subtitle"}, {"message", "Message"}});
   const Json windows = phone.run("tree", {{"controller", controller}}).at("windows");
@@ -45,21 +46,21 @@ TEST(Banners, ShowWhatTheNotificationSays) {
     EXPECT_FALSE(PlainPhone::find(windows, "text", text).is_null()) << text;
 }
 
-TEST(Banners, SummaryTakesThePlaceOfAMissingMessage) {
+TEST(Banners, ShowTheSummaryIfTheMessageIsEmpty) {
   PlainPhone phone;
   const int controller = phone.present({{"message", ""}, {"summary", "2 more"}});
   EXPECT_FALSE(
       PlainPhone::find(phone.run("tree", {{"controller", controller}}).at("windows"), "text", "2 more").is_null());
 }
 
-TEST(Banners, UnknownApplicationsAreNamedByTheirIdentifiersEnd) {
+TEST(Banners, NameUnknownApplicationsByTheLastPartOfTheIdentifier) {
   PlainPhone phone;
   const int controller = phone.present({{"section", "org.example.notes"}});
   EXPECT_FALSE(
       PlainPhone::find(phone.run("tree", {{"controller", controller}}).at("windows"), "text", "NOTES").is_null());
 }
 
-TEST(Banners, LeaveAfterFiveSeconds) {
+TEST(Banners, AreDismissedAfterFiveSeconds) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.wait(4.99);
@@ -71,14 +72,14 @@ TEST(Banners, LeaveAfterFiveSeconds) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST(Banners, WithoutOptionsLeaveAsWell) {
+TEST(Banners, AreDismissedAutomaticallyWithoutOptions) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", nullptr}});
   phone.wait(6);
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST(Banners, StayWhereTheRequestForbidsIt) {
+TEST(Banners, StayIfTheRequestForbidsAutomaticDismissal) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", false}});
   phone.wait(600);
@@ -86,7 +87,7 @@ TEST(Banners, StayWhereTheRequestForbidsIt) {
   EXPECT_EQ(phone.log(), Json::array());
 }
 
-TEST(Banners, ANewerOneSendsTheOlderAway) {
+TEST(Banners, AreDismissedByANewerBanner) {
   PlainPhone phone;
   const int older = phone.present({{"dismissAutomatically", false}});
   const int newer = phone.present();
@@ -96,7 +97,7 @@ TEST(Banners, ANewerOneSendsTheOlderAway) {
   EXPECT_EQ(phone.log(), Json::array({dismissal(older, 1)}));
 }
 
-TEST(Banners, ATapOpensTheApplicationAndDismisses) {
+TEST(Banners, OpenTheApplicationOnATapAndAreDismissed) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.wait(1);
@@ -109,7 +110,7 @@ TEST(Banners, ATapOpensTheApplicationAndDismisses) {
                                       dismissal(controller, 1)}));
 }
 
-TEST(Banners, APullUpDismisses) {
+TEST(Banners, AreDismissedByADragUp) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.wait(1);
@@ -118,7 +119,7 @@ TEST(Banners, APullUpDismisses) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST(Banners, AShortPullSpringsBack) {
+TEST(Banners, ReturnToTheirPlaceAfterAShortDrag) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", false}});
   phone.wait(1);
@@ -127,7 +128,7 @@ TEST(Banners, AShortPullSpringsBack) {
   EXPECT_EQ(frameOf(phone, controller)[1], 44);
 }
 
-TEST(Banners, APullDownAsksForTheLongLook) {
+TEST(Banners, RequestTheLongLookOnADragDown) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.wait(1);
@@ -135,7 +136,7 @@ TEST(Banners, APullDownAsksForTheLongLook) {
   EXPECT_EQ(phone.log(), Json::array({{{"event", "longlook"}, {"controller", controller}}}));
 }
 
-TEST(Banners, EveryWayToTheLongLookReachesThePlatform) {
+TEST(Banners, RequestTheLongLookOnEveryTrigger) {
   PlainPhone phone;
   const int controller = phone.present();
   for (const char* kind : {"scroll", "click", "trigger"}) {
@@ -144,7 +145,7 @@ TEST(Banners, EveryWayToTheLongLookReachesThePlatform) {
   }
 }
 
-TEST(Banners, TransitionZeroDismissesAtOnce) {
+TEST(Banners, AreDismissedImmediatelyByTransitionZero) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.run("dismiss", {{"controller", controller}, {"transition", 0}});
@@ -152,7 +153,7 @@ TEST(Banners, TransitionZeroDismissesAtOnce) {
   EXPECT_EQ(phone.log(), Json::array({dismissal(controller, 0)}));
 }
 
-TEST(Banners, AskedToGoASecondTimeIsIgnored) {
+TEST(Banners, IgnoreARepeatedDismissal) {
   PlainPhone phone;
   const int controller = phone.present();
   for (const double seconds : {0.1, 0.1, 0.2, 2.0}) {
@@ -163,7 +164,7 @@ TEST(Banners, AskedToGoASecondTimeIsIgnored) {
   EXPECT_EQ(phone.log(), Json::array({dismissal(controller, 1)}));
 }
 
-TEST(Banners, DismissedOnesAreLetGo) {
+TEST(Banners, AreReleasedOnceTheyAreDismissed) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.run("dismiss", {{"controller", controller}, {"transition", 0}});
@@ -173,7 +174,7 @@ TEST(Banners, DismissedOnesAreLetGo) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST(Banners, AFollowUpTakesThePlaceOfItsBanner) {
+TEST(Banners, AreReplacedByAFollowUp) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", false}});
   const Json answer = phone.run("update", {{"controller", controller}, {"message", "And another thing"}});
@@ -186,7 +187,7 @@ TEST(Banners, AFollowUpTakesThePlaceOfItsBanner) {
   EXPECT_EQ(phone.log()[0], Json({{"event", "present"}, {"controller", controller}}));
 }
 
-TEST(Banners, TouchesBesideABannerReachWhatLiesBeneath) {
+TEST(Banners, DoNotReceiveTouchesOutsideThem) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.wait(1);
@@ -196,7 +197,7 @@ TEST(Banners, TouchesBesideABannerReachWhatLiesBeneath) {
   EXPECT_EQ(phone.log(), Json::array());
 }
 
-TEST(Banners, LockingSendsThemAway) {
+TEST(Banners, AreDismissedWhenThePhoneLocks) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.run("lock");
@@ -207,7 +208,7 @@ TEST(Banners, LockingSendsThemAway) {
   EXPECT_EQ(phone.run("tree").at("windows").size(), 2U);
 }
 
-TEST(Banners, TheHomeButtonSendsThemAwayWhenItIsLetGo) {
+TEST(Banners, AreDismissedWhenTheHomeButtonIsReleased) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.run("press", {{"type", 101}, {"force", 1}});
@@ -219,7 +220,7 @@ TEST(Banners, TheHomeButtonSendsThemAwayWhenItIsLetGo) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST(Banners, TheGrabberTellsWhetherItDismissed) {
+TEST(Banners, GrabberReportsWhetherItDismissedABanner) {
   PlainPhone phone;
   EXPECT_FALSE(phone.run("grabber").at("dismissed").get<bool>());
   const int controller = phone.present();
@@ -228,7 +229,7 @@ TEST(Banners, TheGrabberTellsWhetherItDismissed) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST(Banners, MirrorInRightToLeftLanguages) {
+TEST(Banners, AreMirroredInRightToLeftLanguages) {
   PlainPhone phone({.locale = "ar_EG"});
   const Json icon = phone.view(phone.present(), "UIImageView").at("frame");
   EXPECT_GT(icon[0].get<double>(), 300);

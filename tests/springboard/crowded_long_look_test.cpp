@@ -1,11 +1,11 @@
-// Long looks of more than fits on the screen.
-#include "tests/springboard/long_look.hpp"
+// Long looks with more content than fits on the screen.
+#include "tests/springboard/long_look_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-// On the smallest screen.
+// A phone with the smallest screen.
 class CrowdedLongLook : public LongLook {
  protected:
   CrowdedLongLook() : LongLook({.device = "iphone-se"}) {}
@@ -23,7 +23,7 @@ class CrowdedLongLook : public LongLook {
   }
 };
 
-TEST_F(CrowdedLongLook, ShowsTheRowsThatFitWhole) {
+TEST_F(CrowdedLongLook, ShowsOnlyActionRowsThatFitCompletely) {
   open({{"message", lines(40)}, {"actions", actions(20)}});
   const Json rows = view("UIInterfaceActionGroupView");
   EXPECT_GT(rows.at("children").size(), 3U);
@@ -31,11 +31,11 @@ TEST_F(CrowdedLongLook, ShowsTheRowsThatFitWhole) {
   EXPECT_GE(top(card()), 20);
   EXPECT_EQ(top(rows), bottom(card()) + 8);
   EXPECT_LE(bottom(rows), 568 - 8);
-  EXPECT_TRUE(reads(rows, "1"));
-  EXPECT_FALSE(reads(rows, "20"));
+  EXPECT_TRUE(hasText(rows, "1"));
+  EXPECT_FALSE(hasText(rows, "20"));
 }
 
-TEST_F(CrowdedLongLook, ALongTitleLeavesRoomForTheActions) {
+TEST_F(CrowdedLongLook, LongTitleLeavesSpaceForTheActions) {
   open({{"title", lines(40)}, {"subtitle", lines(40)}, {"actions", actions(4)}});
   const Json rows = view("UIInterfaceActionGroupView");
   EXPECT_EQ(rows.at("children").size(), 4U);
@@ -43,7 +43,7 @@ TEST_F(CrowdedLongLook, ALongTitleLeavesRoomForTheActions) {
   EXPECT_LE(bottom(rows), 568 - 8);
 }
 
-TEST_F(CrowdedLongLook, ALongTitleLeavesRoomForTheReply) {
+TEST_F(CrowdedLongLook, LongTitleLeavesSpaceForTheReplyField) {
   open({{"title", lines(40)}, {"subtitle", lines(40)}, {"message", lines(40)}, {"actions", actions(1, true)}});
   phone.run("tap", {{"label", "1"}});
   phone.wait(1);

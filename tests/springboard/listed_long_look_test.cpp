@@ -1,16 +1,15 @@
-// Long looks of notifications in the list.
+// Long looks opened from the notification list on the lock screen.
 #include "platform/ui_window.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/list/notification_list_cell.hpp"
 #include "simulator/springboard/long_look/long_look_presenter.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
-#include "tests/springboard/long_look.hpp"
+#include "tests/springboard/long_look_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-// Of a notification on the lock screen.
 class ListedLongLook : public LongLook {
  protected:
   void openFirstCell() {
@@ -23,31 +22,32 @@ class ListedLongLook : public LongLook {
   void openLongLookOfCell(NSUInteger index) {
     const auto* list = objc::state(SBLockScreenManager::sharedInstance()).list.get();
     const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->objectAtIndex(index));
-    const auto completion = objc::block([this](bool opened) { told = opened; });
+    const auto completion = objc::block([this](bool opened) { wasOpened = opened; });
     objc::send<void, "presentLongLookAnimated:trigger:completion:">(
         objc::state(cell).controller.get(), true, NSInteger{0}, static_cast<objc::Block<void(bool)>*>(completion));
     phone.wait(1);
   }
-  bool told = false;
+  // The argument of the presentation's completion.
+  bool wasOpened = false;
 };
 
 TEST_F(ListedLongLook, OpensOnTheLockScreen) {
   openFirstCell();
-  EXPECT_TRUE(told);
+  EXPECT_TRUE(wasOpened);
   EXPECT_TRUE(isOpen());
   EXPECT_TRUE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
 }
 
-TEST_F(ListedLongLook, ATapOutsideLeavesTheCellThere) {
+TEST_F(ListedLongLook, TapOutsideClosesItAndKeepsTheCell) {
   openFirstCell();
   phone.run("tap", {{"at", {187, 780}}});
   phone.wait(1);
   EXPECT_FALSE(isOpen());
   EXPECT_FALSE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
-  EXPECT_EQ(listed(), 1U);
+  EXPECT_EQ(listedCount(), 1U);
 }
 
-TEST_F(ListedLongLook, AnActionTakesTheCellAway) {
+TEST_F(ListedLongLook, ActionRemovesTheCell) {
   openFirstCell();
   phone.run("tap", {{"label", "Archive"}});
   phone.wait(1);
@@ -55,7 +55,7 @@ TEST_F(ListedLongLook, AnActionTakesTheCellAway) {
   EXPECT_TRUE(view("NCNotificationListCell").is_null());
 }
 
-TEST_F(ListedLongLook, GoesWithItsNotificationAndWithTheLockScreen) {
+TEST_F(ListedLongLook, ClosesWithItsNotificationAndWithTheLockScreen) {
   openFirstCell();
   phone.run("withdraw");
   phone.wait(1);
@@ -66,7 +66,7 @@ TEST_F(ListedLongLook, GoesWithItsNotificationAndWithTheLockScreen) {
   EXPECT_EQ(springboard::openedShortLook(), nullptr);
 }
 
-TEST_F(ListedLongLook, OutlivesTheCellThatAnotherNotificationReplaces) {
+TEST_F(ListedLongLook, StaysOpenWhenAnotherNotificationReplacesItsCell) {
   openFirstCell();
   phone.present({{"message", "Other"}, {"thread", "other"}});
   phone.wait(1);
@@ -76,14 +76,14 @@ TEST_F(ListedLongLook, OutlivesTheCellThatAnotherNotificationReplaces) {
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(ListedLongLook, HidesItsCellAlsoWhenTheMinuteTurns) {
+TEST_F(ListedLongLook, KeepsItsCellHiddenWhenTheMinuteChanges) {
   openFirstCell();
   phone.wait(61);
   EXPECT_TRUE(isOpen());
   EXPECT_TRUE(view("NCNotificationListCell").at("children")[0].at("hidden").get<bool>());
 }
 
-TEST_F(ListedLongLook, GivesTheKeyboardBackWhenTheLockScreenGoes) {
+TEST_F(ListedLongLook, RestoresTheKeyWindowWhenTheLockScreenIsLeft) {
   const auto keyWindow = [] { return UIApplication::sharedApplication()->keyWindow(); };
   UIWindow* home = keyWindow();
   for (const Json& end : {Json{{"do", "press"}, {"type", 101}, {"force", 0}}, Json{{"do", "lock"}}}) {
@@ -98,18 +98,18 @@ TEST_F(ListedLongLook, GivesTheKeyboardBackWhenTheLockScreenGoes) {
   }
 }
 
-TEST_F(ListedLongLook, TakesTheBannersOneAlongWithItsBanner) {
+TEST_F(ListedLongLook, ReplacesABannersLongLookAndDismissesTheBanner) {
   phone.present({{"thread", "first"}});
   phone.run("lock");
   const int banner = open({{"thread", "second"}});
   phone.wait(7);
   openLongLookOfCell(1);
-  EXPECT_TRUE(told);
+  EXPECT_TRUE(wasOpened);
   EXPECT_TRUE(isOpen());
   EXPECT_TRUE(phone.isDismissed(banner));
 }
 
-TEST_F(ListedLongLook, LeavesTheBannerWindowWithoutTheKeyboard) {
+TEST_F(ListedLongLook, DoesNotLetTheBannerWindowBecomeKey) {
   openFirstCell();
   phone.present({{"thread", "other"}});
   UIWindow* window = springboard::bannerController(springboard::bannerCount())->view()->window();

@@ -1,4 +1,4 @@
-// The lock screen: the time, and the notification list as it is seen there.
+// The lock screen: its clock and its notification list.
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -6,27 +6,27 @@ namespace {
 using test::Json;
 using test::PlainPhone;
 
-// The list's cells on the screen, from top to bottom.
+// The visible cells of the list, from top to bottom.
 std::vector<Json> cells(PlainPhone& phone) {
   const Json list = PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView");
   return list.is_null() ? std::vector<Json>{} : list.at("children").get<std::vector<Json>>();
 }
 
-bool reads(const Json& cell, const std::string& text) {
+bool hasText(const Json& cell, const std::string& text) {
   return !PlainPhone::find(Json::array({cell}), "text", text).is_null();
 }
 
-TEST(LockScreen, ShowsTheListFromTheLatestDown) {
+TEST(LockScreen, ListsNotificationsLatestFirst) {
   PlainPhone phone({.time = 1584178860});
   phone.present({{"section", "a.mail"}, {"message", "Earlier"}, {"at", "2020-03-14T07:00:00Z"}});
   phone.present({{"section", "a.chat"}, {"message", "Later"}, {"at", "2020-03-14T09:36:00Z"}});
   phone.run("lock");
   const auto shown = cells(phone);
   ASSERT_EQ(shown.size(), 2U);
-  EXPECT_TRUE(reads(shown[0], "Later"));
-  EXPECT_TRUE(reads(shown[0], "5m ago"));
-  EXPECT_TRUE(reads(shown[1], "Earlier"));
-  EXPECT_TRUE(reads(shown[1], "2h ago"));
+  EXPECT_TRUE(hasText(shown[0], "Later"));
+  EXPECT_TRUE(hasText(shown[0], "5m ago"));
+  EXPECT_TRUE(hasText(shown[1], "Earlier"));
+  EXPECT_TRUE(hasText(shown[1], "2h ago"));
   const Json& first = shown[0].at("frame");
   EXPECT_GE(shown[1].at("frame")[1].get<double>(), first[1].get<double>() + first[3].get<double>());
   EXPECT_FALSE(PlainPhone::find(phone.run("tree").at("windows"), "text", "Saturday, March 14").is_null());
@@ -39,20 +39,20 @@ TEST(LockScreen, StacksAConversation) {
   phone.run("lock");
   const auto shown = cells(phone);
   ASSERT_EQ(shown.size(), 2U);
-  EXPECT_TRUE(reads(shown[0], "Other"));
-  EXPECT_TRUE(reads(shown[1], "Three"));
-  EXPECT_FALSE(reads(shown[1], "Two"));
-  EXPECT_TRUE(reads(shown[1], "2 more notifications"));
+  EXPECT_TRUE(hasText(shown[0], "Other"));
+  EXPECT_TRUE(hasText(shown[1], "Three"));
+  EXPECT_FALSE(hasText(shown[1], "Two"));
+  EXPECT_TRUE(hasText(shown[1], "2 more notifications"));
 }
 
-TEST(LockScreen, BelowTwelveNothingIsStacked) {
+TEST(LockScreen, StacksNothingBelowSystemVersionTwelve) {
   PlainPhone phone({.systemVersion = "11.4"});
   for (const char* message : {"One", "Two"}) phone.present({{"thread", "anna"}, {"message", message}});
   phone.run("lock");
   EXPECT_EQ(cells(phone).size(), 2U);
 }
 
-TEST(LockScreen, FollowsTheList) {
+TEST(LockScreen, UpdatesWithTheList) {
   PlainPhone phone;
   phone.run("lock");
   EXPECT_EQ(cells(phone).size(), 0U);
@@ -60,14 +60,14 @@ TEST(LockScreen, FollowsTheList) {
   ASSERT_EQ(cells(phone).size(), 1U);
   phone.present({{"identifier", "1"}, {"message", "Goodbye"}});
   ASSERT_EQ(cells(phone).size(), 1U);
-  EXPECT_TRUE(reads(cells(phone)[0], "Goodbye"));
+  EXPECT_TRUE(hasText(cells(phone)[0], "Goodbye"));
   phone.run("withdraw");
   EXPECT_EQ(cells(phone).size(), 0U);
 }
 
 double rightEdge(const Json& view) { return view.at("frame")[0].get<double>() + view.at("frame")[2].get<double>(); }
 
-TEST(LockScreen, FollowsTheClock) {
+TEST(LockScreen, UpdatesWithTheClock) {
   PlainPhone phone({.time = 1584178860});
   phone.present();
   phone.run("lock");
@@ -81,7 +81,7 @@ TEST(LockScreen, FollowsTheClock) {
   EXPECT_FALSE(PlainPhone::find(windows, "text", "9:43").is_null());
 }
 
-TEST(LockScreen, EndsAtTheLowerEdgeOfTheScreen) {
+TEST(LockScreen, ShowsCellsDownToTheLowerEdgeOfTheScreen) {
   PlainPhone phone;
   for (int number = 0; number < 200; ++number) phone.present({{"thread", std::to_string(number)}});
   phone.run("lock");
@@ -108,9 +108,9 @@ TEST(LockScreen, ATapOnACellOpensItsApplicationAndUnlocks) {
   EXPECT_TRUE(PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView").is_null());
 }
 
-// A finger rests on the first cell meanwhile.
-template <class Happening>
-void expectTapDespite(const Happening& happening) {
+// Touches the first cell, runs the event, and expects that lifting the finger then still counts as a tap.
+template <class Event>
+void expectTapDespite(const Event& event) {
   PlainPhone phone;
   phone.present({{"thread", "anna"}, {"message", "Lunch?"}});
   phone.wait(8);
@@ -118,7 +118,7 @@ void expectTapDespite(const Happening& happening) {
   phone.wait(1);
   const Json frame = cells(phone).at(0).at("frame");
   phone.run("drag", {{"at", {187, frame[1].get<double>() + 20}}, {"by", {0, 0}}, {"end", "hold"}});
-  happening(phone);
+  event(phone);
   phone.log();
   phone.run("drag", {{"by", {0, 0}}});
   const Json events = phone.log();
@@ -126,19 +126,19 @@ void expectTapDespite(const Happening& happening) {
   EXPECT_EQ(events[0].at("identifier"), "com.apple.UNNotificationDefaultActionIdentifier");
 }
 
-TEST(LockScreen, ACellKeepsItsTapWhenTheMinuteTurns) {
+TEST(LockScreen, CellKeepsItsTouchWhenTheMinuteChanges) {
   expectTapDespite([](PlainPhone& phone) { phone.wait(61); });
 }
 
-TEST(LockScreen, ACellKeepsItsTapWhenAnotherNotificationComes) {
+TEST(LockScreen, CellKeepsItsTouchWhenAnotherNotificationArrives) {
   expectTapDespite([](PlainPhone& phone) {
     phone.present({{"thread", "ben"}, {"message", "Other"}});
     ASSERT_EQ(cells(phone).size(), 2U);
-    EXPECT_TRUE(reads(cells(phone)[0], "Other"));
+    EXPECT_TRUE(hasText(cells(phone)[0], "Other"));
   });
 }
 
-TEST(LockScreen, HasNoListOnceItIsLeft) {
+TEST(LockScreen, RemovesTheListWhenItIsLeft) {
   PlainPhone phone;
   phone.run("lock");
   phone.run("press", {{"type", 101}, {"force", 0}});

@@ -1,5 +1,5 @@
-// The platform's long look: how it opens over a banner, what is on it, and how it goes.
-#include "tests/springboard/long_look.hpp"
+// The platform's long look of a banner: opening, content, actions and closing.
+#include "tests/springboard/long_look_fixture.hpp"
 
 #include "platform/ui_window.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
@@ -10,16 +10,16 @@ namespace test {
 
 namespace {
 
-TEST_F(LongLook, ShowsAllThatTheNotificationSays) {
+TEST_F(LongLook, ShowsAllTextsOfTheNotification) {
   std::string body = "first";
   for (int line = 0; line < 11; ++line) body += "\nline";
   open({{"title", "Title"}, {"subtitle", "Subtitle"}, {"message", body}});
   const Json shown = card();
-  for (const char* text : {"MESSAGES", "now", "Title", "Subtitle"}) EXPECT_TRUE(reads(shown, text)) << text;
+  for (const char* text : {"MESSAGES", "now", "Title", "Subtitle"}) EXPECT_TRUE(hasText(shown, text)) << text;
   EXPECT_EQ(PlainPhone::find(Json::array({shown}), "text", body).at("measuredLines"), 12);
 }
 
-TEST_F(LongLook, StandsInTheBannersPlaceWithItsActionsBeneath) {
+TEST_F(LongLook, ReplacesTheBannerAndPlacesItsActionsBelow) {
   const int controller = phone.present({{"actions", {{{"key", "a"}, {"identifier", "x"}, {"title", "Archive"}}}}});
   phone.wait(1);
   const Json banner = phone.view(controller, "NCNotificationShortLookView").at("frame");
@@ -33,7 +33,7 @@ TEST_F(LongLook, StandsInTheBannersPlaceWithItsActionsBeneath) {
   EXPECT_EQ(view("UIInterfaceActionGroupView").at("frame")[2], banner[2]);
 }
 
-TEST_F(LongLook, LiesOverABlurOfTheWholeScreen) {
+TEST_F(LongLook, BlursTheWholeScreenBehindIt) {
   open();
   const Json backdrop =
       card().is_null() ? Json() : view("SBNotificationBannerWindow").at("children").back().at("children")[0];
@@ -47,30 +47,30 @@ TEST_F(LongLook, HidesItsBanner) {
   EXPECT_TRUE(phone.view(controller, "NCNotificationViewControllerView").at("hidden").get<bool>());
 }
 
-TEST_F(LongLook, HasARowForEachActionNamedByItsTitle) {
+TEST_F(LongLook, HasARowForEachActionWithItsTitleOrIdentifier) {
   openWithActions();
-  EXPECT_TRUE(reads(view("UIInterfaceActionGroupView"), "Archive"));
-  EXPECT_TRUE(reads(view("UIInterfaceActionGroupView"), "nameless"));
+  EXPECT_TRUE(hasText(view("UIInterfaceActionGroupView"), "Archive"));
+  EXPECT_TRUE(hasText(view("UIInterfaceActionGroupView"), "nameless"));
   EXPECT_EQ(view("UIInterfaceActionGroupView").at("children").size(), 2U);
 }
 
-TEST_F(LongLook, HasACrossToBeSeen) {
+TEST_F(LongLook, CloseButtonIsVisible) {
   open();
   const Json frame = view("NCLongLookCloseButton").at("frame");
   const int x = static_cast<int>(frame[0].get<double>() + frame[2].get<double>() / 2);
   const int y = static_cast<int>(frame[1].get<double>() + frame[3].get<double>() / 2);
   const auto screen = uikit::renderScreen(1);
-  EXPECT_NE(screen->pixel(x, y), screen->pixel(x - 7, y)) << "the cross on its disc";
-  EXPECT_NE(screen->pixel(x - 7, y), screen->pixel(x - 14, y)) << "the disc on the card";
+  EXPECT_NE(screen->pixel(x, y), screen->pixel(x - 7, y)) << "the cross on its disk";
+  EXPECT_NE(screen->pixel(x - 7, y), screen->pixel(x - 14, y)) << "the disk on the card";
 }
 
-TEST_F(LongLook, WithoutActionsHasNoRows) {
+TEST_F(LongLook, HasNoRowsWithoutActions) {
   open();
   EXPECT_EQ(view("UIInterfaceActionGroupView").at("children").size(), 0U);
   EXPECT_EQ(view("UIInterfaceActionGroupView").at("frame")[3], 0);
 }
 
-TEST_F(LongLook, KeepsALongTextAndItsActionsOnTheScreen) {
+TEST_F(LongLook, KeepsALongMessageAndTheActionsOnScreen) {
   std::string body;
   for (int line = 0; line < 200; ++line) body += "line\n";
   open({{"message", body}, {"actions", {{{"key", "a"}, {"identifier", "x"}, {"title", "Archive"}}}}});
@@ -81,60 +81,60 @@ TEST_F(LongLook, KeepsALongTextAndItsActionsOnTheScreen) {
   EXPECT_LE(bottom(label), bottom(card()));
 }
 
-TEST_F(LongLook, ATapOutsideSendsItAndTheBannerAwayAndLeavesTheNotification) {
+TEST_F(LongLook, TapOutsideDismissesItAndTheBannerButKeepsTheNotification) {
   const int controller = open();
   phone.run("tap", {{"at", {187, 700}}});
   phone.wait(1);
   EXPECT_FALSE(isOpen());
   EXPECT_TRUE(phone.isDismissed(controller));
-  EXPECT_EQ(actions(), Identifiers{});
-  EXPECT_EQ(listed(), 1U);
+  EXPECT_EQ(executedActions(), Identifiers{});
+  EXPECT_EQ(listedCount(), 1U);
 }
 
-TEST_F(LongLook, ATapOnTheCardOpensTheApplication) {
+TEST_F(LongLook, TapOnItOpensTheApplication) {
   const int controller = open();
   phone.run("tap", {{"label", "Hello"}});
   phone.wait(1);
-  EXPECT_EQ(actions(), Identifiers{"com.apple.UNNotificationDefaultActionIdentifier"});
+  EXPECT_EQ(executedActions(), Identifiers{"com.apple.UNNotificationDefaultActionIdentifier"});
   EXPECT_FALSE(isOpen());
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST_F(LongLook, ARowCarriesItsActionOut) {
+TEST_F(LongLook, TapOnARowExecutesItsAction) {
   const int controller = openWithActions();
   phone.run("tap", {{"label", "Archive"}});
-  EXPECT_EQ(actions(), Identifiers{"archive"});
+  EXPECT_EQ(executedActions(), Identifiers{"archive"});
   phone.wait(1);
   EXPECT_FALSE(isOpen());
   EXPECT_TRUE(phone.isDismissed(controller));
-  EXPECT_EQ(listed(), 0U);
+  EXPECT_EQ(listedCount(), 0U);
 }
 
-TEST_F(LongLook, TheCrossCarriesTheCloseActionOut) {
+TEST_F(LongLook, CloseButtonExecutesTheCloseAction) {
   openWithActions();
   tapMiddle(view("NCLongLookCloseButton"));
   phone.wait(1);
-  EXPECT_EQ(actions(), Identifiers{"com.apple.UNNotificationCloseActionIdentifier"});
+  EXPECT_EQ(executedActions(), Identifiers{"com.apple.UNNotificationCloseActionIdentifier"});
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(LongLook, TheCrossOfOneWithoutACloseActionOnlyClosesIt) {
+TEST_F(LongLook, CloseButtonOnlyDismissesWithoutACloseAction) {
   const int controller = open();
   tapMiddle(view("NCLongLookCloseButton"));
   phone.wait(1);
-  EXPECT_EQ(actions(), Identifiers{});
+  EXPECT_EQ(executedActions(), Identifiers{});
   EXPECT_TRUE(phone.isDismissed(controller));
-  EXPECT_EQ(listed(), 1U);
+  EXPECT_EQ(listedCount(), 1U);
 }
 
-TEST_F(LongLook, KeepsItsBannerFromLeavingByTime) {
+TEST_F(LongLook, PreventsAutomaticDismissalOfItsBanner) {
   const int controller = open();
   phone.wait(60);
   EXPECT_TRUE(isOpen());
   EXPECT_FALSE(phone.isDismissed(controller));
 }
 
-TEST_F(LongLook, GoesWithItsBannerHoweverThatGoes) {
+TEST_F(LongLook, ClosesWithItsBannerForEveryKindOfDismissal) {
   for (const Json& end : {Json{{"do", "dismiss"}, {"controller", 1}, {"transition", 0}},
                           Json{{"do", "dismiss"}, {"controller", 2}, {"transition", 1}}, Json{{"do", "lock"}},
                           Json{{"do", "press"}, {"type", 101}, {"force", 0}}, Json{{"do", "grabber"}},
@@ -147,7 +147,7 @@ TEST_F(LongLook, GoesWithItsBannerHoweverThatGoes) {
   }
 }
 
-TEST_F(LongLook, AskedForTwiceIsThereOnce) {
+TEST_F(LongLook, OpensOnceIfRequestedTwice) {
   const int controller = open();
   for (const char* kind : {"scroll", "click", "trigger"})
     phone.run("longlook", {{"controller", controller}, {"kind", kind}});
@@ -156,7 +156,7 @@ TEST_F(LongLook, AskedForTwiceIsThereOnce) {
   EXPECT_EQ(window.at("children").size(), 2U);
 }
 
-TEST_F(LongLook, TwoTapsEndItOnce) {
+TEST_F(LongLook, IsDismissedOnceByTwoTaps) {
   const int controller = open();
   phone.run("tap", {{"at", {187, 700}}});
   phone.run("tap", {{"at", {187, 700}}});
@@ -174,7 +174,7 @@ TEST_F(LongLook, FollowsTheAppearance) {
   EXPECT_NE(view("UIInterfaceActionRow").at("background"), row);
 }
 
-TEST_F(LongLook, IsLetGoOnceItHasGone) {
+TEST_F(LongLook, IsReleasedOnceItIsDismissed) {
   open();
   const objc::Weak<UIViewController> shown(
       objc::send<UIViewController*, "presentedViewController">(springboard::openedShortLook()));
@@ -184,7 +184,7 @@ TEST_F(LongLook, IsLetGoOnceItHasGone) {
   EXPECT_EQ(shown.lock(), nullptr);
 }
 
-TEST_F(LongLook, OnlyItGivesTheBannerWindowTheKeyboard) {
+TEST_F(LongLook, LetsTheBannerWindowBecomeKey) {
   phone.present();
   const auto canBecomeKey = [] {
     UIWindow* window = springboard::bannerController(1)->view()->window();
@@ -195,13 +195,13 @@ TEST_F(LongLook, OnlyItGivesTheBannerWindowTheKeyboard) {
   EXPECT_TRUE(canBecomeKey());
 }
 
-TEST_F(LongLook, IsRefusedToABannerOnItsWayOut) {
+TEST_F(LongLook, DoesNotOpenFromABannerThatIsBeingDismissed) {
   const int first = phone.present({{"title", "First"}});
   phone.wait(1);
   phone.run("dismiss", {{"controller", first}});
   phone.wait(0.1);
   bool opened = true;
-  const auto completion = objc::block([&opened](bool told) { opened = told; });
+  const auto completion = objc::block([&opened](bool result) { opened = result; });
   objc::send<void, "_presentLongLookForScrollAnimated:completion:">(
       springboard::bannerController(static_cast<std::size_t>(first)).get(), true,
       static_cast<objc::Block<void(bool)>*>(completion));
@@ -212,7 +212,7 @@ TEST_F(LongLook, IsRefusedToABannerOnItsWayOut) {
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(LongLook, TakesItsBannerAlongWhenAnApplicationIsLaunched) {
+TEST_F(LongLook, ClosesWithItsBannerWhenAnApplicationLaunches) {
   phone.run("lock");
   const int controller = open();
   phone.wait(7);
@@ -222,7 +222,7 @@ TEST_F(LongLook, TakesItsBannerAlongWhenAnApplicationIsLaunched) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST_F(LongLook, DismissedFromOutsideGoesWithItsBanner) {
+TEST_F(LongLook, CanBeDismissedBeforeItsBanner) {
   const int controller = open();
   objc::send<void, "dismissViewControllerAnimated:completion:">(springboard::openedShortLook(), false,
                                                                 static_cast<objc::Block<void()>*>(nullptr));
@@ -232,12 +232,12 @@ TEST_F(LongLook, DismissedFromOutsideGoesWithItsBanner) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST_F(LongLook, ControllersWithoutAShortLookHaveNone) {
+TEST_F(LongLook, DoesNotOpenFromAControllerWithoutAShortLook) {
   phone.present();
   const auto bare = objc::adopt(objc::send<NCNotificationViewController*, "initWithNotificationRequest:">(
       objc::allocate<NCNotificationViewController>(), springboard::bannerController(1)->notificationRequest()));
   bool opened = true;
-  const auto completion = objc::block([&opened](bool told) { opened = told; });
+  const auto completion = objc::block([&opened](bool result) { opened = result; });
   objc::send<void, "presentLongLookAnimated:trigger:completion:">(bare.get(), true, NSInteger{0},
                                                                   static_cast<objc::Block<void(bool)>*>(completion));
   EXPECT_FALSE(opened);
@@ -248,7 +248,7 @@ class MirroredLongLook : public LongLook {
   MirroredLongLook() : LongLook({.locale = "ar_EG"}) {}
 };
 
-TEST_F(MirroredLongLook, HasItsCrossOnTheLeft) {
+TEST_F(MirroredLongLook, HasItsCloseButtonOnTheLeft) {
   open();
   EXPECT_EQ(view("NCLongLookCloseButton").at("frame")[0], card().at("frame")[0]);
 }

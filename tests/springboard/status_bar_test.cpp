@@ -1,3 +1,4 @@
+// The clock in the status bar.
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -5,7 +6,7 @@ namespace {
 using test::Json;
 using test::PlainPhone;
 
-// Nineteen minutes to ten in the evening.
+// 2020-03-14 at 21:41, UTC.
 constexpr double evening = 1584222060;
 
 std::string clockOf(PlainPhone& phone) {
@@ -13,12 +14,12 @@ std::string clockOf(PlainPhone& phone) {
   return PlainPhone::find(bar.at("children"), "class", "UILabel").at("text");
 }
 
-TEST(StatusBar, ShowsTwelveHoursWhereTheRegionCountsThem) {
+TEST(StatusBar, ShowsTwelveHoursInRegionsThatUseThem) {
   PlainPhone phone({.time = evening});
   EXPECT_EQ(clockOf(phone), "9:41");
 }
 
-TEST(StatusBar, ShowsTwentyFourHoursElsewhere) {
+TEST(StatusBar, ShowsTwentyFourHoursInOtherRegions) {
   PlainPhone phone({.locale = "fr_FR", .time = evening});
   EXPECT_EQ(clockOf(phone), "21:41");
 }
@@ -28,7 +29,7 @@ TEST(StatusBar, ShowsTheLocalesDigits) {
   EXPECT_EQ(clockOf(phone), "٩:٤١");
 }
 
-TEST(StatusBar, GoesWithTheClock) {
+TEST(StatusBar, UpdatesWithTheClock) {
   PlainPhone phone({.time = evening});
   phone.wait(60);
   EXPECT_EQ(clockOf(phone), "9:42");

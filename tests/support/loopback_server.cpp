@@ -18,7 +18,7 @@ namespace {
 constexpr std::string_view lineEnd = "\r\n";
 constexpr std::string_view headEnd = "\r\n\r\n";
 
-// False where the client has gone.
+// Returns false if the client has closed the connection.
 bool sendAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t sent = send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
@@ -28,7 +28,7 @@ bool sendAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
-// Everything up to the empty line; nothing where the client goes before.
+// Receives the request line and the headers. Returns nullopt if the client closes the connection before the empty line.
 std::optional<std::string> receiveHead(int descriptor) {
   std::string received;
   char buffer[4096];
@@ -60,12 +60,12 @@ Request parse(const std::string& head) {
   return request;
 }
 
-std::string headOf(const Answer& answer) {
-  std::string head = "HTTP/1.1 " + std::to_string(answer.status) + " Scripted";
+std::string headOf(const Response& response) {
+  std::string head = "HTTP/1.1 " + std::to_string(response.status) + " Scripted";
   head += lineEnd;
-  for (const auto& [name, value] : answer.headers) head.append(name).append(": ").append(value).append(lineEnd);
-  if (answer.delivery != Delivery::Endless)
-    head.append("Content-Length: ").append(std::to_string(answer.body.size())).append(lineEnd);
+  for (const auto& [name, value] : response.headers) head.append(name).append(": ").append(value).append(lineEnd);
+  if (response.delivery != Delivery::Endless)
+    head.append("Content-Length: ").append(std::to_string(response.body.size())).append(lineEnd);
   return head.append("Connection: close").append(headEnd);
 }
 
@@ -78,32 +78,32 @@ std::string Request::header(const std::string& name) const {
 }
 
 LoopbackServer::LoopbackServer() {
-  listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  listener_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
   sockaddr_in address{};
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   socklen_t size = sizeof address;
   auto* const generic = reinterpret_cast<sockaddr*>(&address);
-  if (listener < 0 || bind(listener, generic, size) != 0 || ::listen(listener, SOMAXCONN) != 0 ||
-      getsockname(listener, generic, &size) != 0)
-    throw std::runtime_error("no loopback server can be made");
-  port = ntohs(address.sin_port);
-  listening = std::thread([this] { listen(); });
+  if (listener_ < 0 || bind(listener_, generic, size) != 0 || ::listen(listener_, SOMAXCONN) != 0 ||
+      getsockname(listener_, generic, &size) != 0)
+    throw std::runtime_error("cannot open a port on the loopback interface");
+  port_ = ntohs(address.sin_port);
+  listenerThread_ = std::thread([this] { listen(); });
 }
 
 LoopbackServer::~LoopbackServer() {
   std::vector<Connection> open;
   {
-    const std::lock_guard lock(mutex);
-    ending = true;
+    const std::lock_guard lock(mutex_);
+    isEnding_ = true;
   }
-  changed.notify_all();
-  shutdown(listener, SHUT_RDWR);
-  listening.join();
-  close(listener);
+  changed_.notify_all();
+  shutdown(listener_, SHUT_RDWR);
+  listenerThread_.join();
+  close(listener_);
   {
-    const std::lock_guard lock(mutex);
-    open.swap(connections);
+    const std::lock_guard lock(mutex_);
+    open.swap(connections_);
   }
   for (Connection& connection : open) {
     shutdown(connection.descriptor, SHUT_RDWR);
@@ -113,62 +113,63 @@ LoopbackServer::~LoopbackServer() {
 }
 
 std::string LoopbackServer::address(const std::string& target) const {
-  return "http://127.0.0.1:" + std::to_string(port) + target;
+  return "http://127.0.0.1:" + std::to_string(port_) + target;
 }
 
-void LoopbackServer::answer(const std::string& target, Answer answer) {
-  const std::lock_guard lock(mutex);
-  answers[target] = std::move(answer);
+void LoopbackServer::answer(const std::string& target, Response response) {
+  const std::lock_guard lock(mutex_);
+  responses_[target] = std::move(response);
 }
 
 void LoopbackServer::release() {
   {
-    const std::lock_guard lock(mutex);
-    released = true;
+    const std::lock_guard lock(mutex_);
+    isReleased_ = true;
   }
-  changed.notify_all();
+  changed_.notify_all();
 }
 
 std::vector<Request> LoopbackServer::requests() const {
-  const std::lock_guard lock(mutex);
-  return asked;
+  const std::lock_guard lock(mutex_);
+  return requests_;
 }
 
 bool LoopbackServer::waitForRequests(std::size_t count, std::chrono::seconds limit) const {
-  std::unique_lock lock(mutex);
-  return changed.wait_for(lock, limit, [&] { return asked.size() >= count; });
+  std::unique_lock lock(mutex_);
+  return changed_.wait_for(lock, limit, [&] { return requests_.size() >= count; });
 }
 
 void LoopbackServer::listen() {
   for (;;) {
-    const int descriptor = accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
+    const int descriptor = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
     if (descriptor < 0) return;
-    const std::lock_guard lock(mutex);
-    connections.push_back({descriptor, std::thread([this, descriptor] { serve(descriptor); })});
+    const std::lock_guard lock(mutex_);
+    connections_.push_back({descriptor, std::thread([this, descriptor] { serve(descriptor); })});
   }
 }
 
-// The descriptor stays open for the destructor, lest it shut down another one of the same number.
+// The destructor closes the descriptor. If it were closed here, its number could be reused, and the destructor would
+// shut down the descriptor of another file.
 void LoopbackServer::serve(int descriptor) {
-  if (const std::optional<std::string> head = receiveHead(descriptor)) deliver(descriptor, answerTo(parse(*head)));
+  if (const std::optional<std::string> head = receiveHead(descriptor)) deliver(descriptor, responseTo(parse(*head)));
   shutdown(descriptor, SHUT_RDWR);
 }
 
-Answer LoopbackServer::answerTo(const Request& request) {
-  std::unique_lock lock(mutex);
-  asked.push_back(request);
-  changed.notify_all();
-  const auto found = answers.find(request.target);
-  if (found == answers.end()) return {.status = 404};
-  Answer answer = found->second;
-  if (answer.timing == Timing::WhenReleased) changed.wait(lock, [this] { return released || ending; });
-  return answer;
+Response LoopbackServer::responseTo(const Request& request) {
+  std::unique_lock lock(mutex_);
+  requests_.push_back(request);
+  changed_.notify_all();
+  const auto found = responses_.find(request.target);
+  if (found == responses_.end()) return {.status = 404};
+  Response response = found->second;
+  if (response.timing == Timing::WhenReleased) changed_.wait(lock, [this] { return isReleased_ || isEnding_; });
+  return response;
 }
 
-void LoopbackServer::deliver(int descriptor, const Answer& answer) const {
-  const std::string_view body = answer.body;
-  if (answer.delivery == Delivery::Nothing || !sendAll(descriptor, headOf(answer))) return;
-  switch (answer.delivery) {
+void LoopbackServer::deliver(int descriptor, const Response& response) const {
+  const std::string_view body = response.body;
+  if (response.delivery == Delivery::Nothing || !sendAll(descriptor, headOf(response))) return;
+  switch (response.delivery) {
     case Delivery::CutShort:
       sendAll(descriptor, body.substr(0, body.size() / 2));
       break;

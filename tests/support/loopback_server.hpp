@@ -1,4 +1,4 @@
-// A web server on this machine's loopback interface: answers as a test tells it, and remembers what it was asked.
+// An HTTP server on the loopback interface. It gives the responses that a test has set and records all requests.
 #pragma once
 
 #include <chrono>
@@ -14,23 +14,23 @@ namespace test {
 
 using Headers = std::vector<std::pair<std::string, std::string>>;
 
-// How much of the body reaches the client.
+// How much of the response the client receives.
 enum class Delivery {
   Whole,
-  CutShort,  // the whole length is announced, the first half sent, the connection closed
-  Endless,   // the body again and again, without a length, until the client has gone
-  Nothing,   // the connection is closed instead of an answer
+  CutShort,  // Content-Length is that of the whole body, but the connection closes after the first half
+  Endless,   // no Content-Length; the body repeats until the client closes the connection
+  Nothing,   // the connection closes without a response
 };
 
 enum class Timing {
   AtOnce,
-  WhenReleased,  // after `release`, or never
+  WhenReleased,  // waits for release()
 };
 
-struct Answer {
+struct Response {
   int status = 200;
   std::string body = {};
-  // Beside those that say how long the body is.
+  // Sent in addition to Content-Length and Connection.
   Headers headers = {};
   Delivery delivery = Delivery::Whole;
   Timing timing = Timing::AtOnce;
@@ -38,32 +38,33 @@ struct Answer {
 
 struct Request {
   std::string method;
-  std::string target;  // path and query, as asked for
+  std::string target;  // path and query, as the client sent them
   Headers headers;
 
-  // Empty where there is none of that name, in whatever case.
+  // The header's value, empty if it is missing. Names are compared without regard to case.
   std::string header(const std::string& name) const;
 };
 
-// Listens as long as it lives, on a port that was free. All members may be called from any thread.
+// Listens on a free port until it is destroyed. All members can be called from any thread.
 class LoopbackServer {
  public:
+  // Throws std::runtime_error if no port can be opened.
   LoopbackServer();
   LoopbackServer(const LoopbackServer&) = delete;
   LoopbackServer& operator=(const LoopbackServer&) = delete;
   ~LoopbackServer();
 
-  // "http://127.0.0.1:PORT", followed by the target.
+  // Returns "http://127.0.0.1:PORT" followed by the target.
   std::string address(const std::string& target = "") const;
 
-  // The answer to every request for the target from now on. Targets without one are answered 404.
-  void answer(const std::string& target, Answer answer);
-  // Lets the answers go that wait to be released, those of later requests too.
+  // Sets the response to all later requests for the target. A request for any other target gets status 404.
+  void answer(const std::string& target, Response response);
+  // Sends the responses with Timing::WhenReleased. Later ones are then sent at once.
   void release();
 
-  // All so far, in the order of their arrival.
+  // All requests received so far, oldest first.
   std::vector<Request> requests() const;
-  // Waits until that many have arrived; false where the limit comes first.
+  // Waits until that many requests have been received. Returns false if the time limit expires first.
   bool waitForRequests(std::size_t count, std::chrono::seconds limit = std::chrono::seconds(20)) const;
 
  private:
@@ -74,20 +75,21 @@ class LoopbackServer {
 
   void listen();
   void serve(int descriptor);
-  Answer answerTo(const Request& request);
-  void deliver(int descriptor, const Answer& answer) const;
+  Response responseTo(const Request& request);
+  void deliver(int descriptor, const Response& response) const;
 
-  int listener = -1;
-  int port = 0;
-  std::thread listening;
+  int listener_ = -1;
+  int port_ = 0;
+  std::thread listenerThread_;
 
-  mutable std::mutex mutex;
-  mutable std::condition_variable changed;
-  std::map<std::string, Answer> answers;
-  std::vector<Request> asked;
-  std::vector<Connection> connections;
-  bool released = false;
-  bool ending = false;
+  // The mutex guards the members below it.
+  mutable std::mutex mutex_;
+  mutable std::condition_variable changed_;
+  std::map<std::string, Response> responses_;
+  std::vector<Request> requests_;
+  std::vector<Connection> connections_;
+  bool isReleased_ = false;
+  bool isEnding_ = false;
 };
 
 }  // namespace test

@@ -1,4 +1,4 @@
-// A phone without the library, with a root of its own: the platform as the simulator has it. A process has one.
+// A simulated phone that does not load the library, with a temporary root. A process can have only one.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,14 +16,15 @@ using Json = nlohmann::ordered_json;
 
 class PlainPhone {
  public:
-  explicit PlainPhone(runner::Options options = {}) : session(atHome(std::move(options))) {}
+  explicit PlainPhone(runner::Options options = {}) : session_(completed(std::move(options))) {}
 
-  Json answer(const Json& command) { return session.run(command); }
-  Json answerLine(const std::string& line) { return session.runLine(line); }
+  // Executes a command and returns its whole answer. The command can fail.
+  Json answer(const Json& command) { return session_.run(command); }
+  Json answerLine(const std::string& line) { return session_.runLine(line); }
 
-  // Obeys a command that must succeed; a failure fails the test.
+  // Executes a command and returns its answer. The test fails if the command fails.
   Json run(const Json& command) {
-    Json result = session.run(command);
+    Json result = session_.run(command);
     EXPECT_TRUE(result.at("ok").get<bool>()) << command << " was answered with " << result;
     return result;
   }
@@ -34,21 +35,24 @@ class PlainPhone {
   }
 
   void wait(double seconds) { run("wait", {{"seconds", seconds}}); }
-  // Presents a notification of the Messages app, or of the section named, and gives its controller's number.
+  // Presents a notification and returns its controller's number. The section is the Messages app unless `fields` names
+  // another one.
   int present(const Json& fields = Json::object()) {
     Json command = {{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}, {"message", "Hello"}};
     command.update(fields);
     return run(command).at("controller").get<int>();
   }
   bool isDismissed(int controller) { return run("state", {{"controller", controller}}).at("dismissed"); }
+  // Returns and removes the events logged so far.
   Json log() { return run("log").at("events"); }
-  // The first view of that class in the controller's tree, null where there is none.
+  // Returns the first view of that class in the controller's view tree, null if there is none.
   Json view(int controller, const std::string& className) {
     return find(run("tree", {{"controller", controller}}).at("windows"), "class", className);
   }
 
-  const std::filesystem::path& folder() const { return home.path(); }
+  const std::filesystem::path& folder() const { return temporaryFolder_.path(); }
 
+  // Returns the first node with that value in that field, depth first, null if there is none.
   static Json find(const Json& nodes, const std::string& field, const Json& value) {
     for (const Json& node : nodes) {
       if (node.contains(field) && node.at(field) == value) return node;
@@ -58,15 +62,15 @@ class PlainPhone {
   }
 
  private:
-  runner::Options atHome(runner::Options options) const {
-    options.root = home.path() / "root";
+  runner::Options completed(runner::Options options) const {
+    options.root = temporaryFolder_.path() / "root";
     options.library = process::LibraryUse::Absent;
     if (!options.time) options.time = startTime;
     return options;
   }
 
-  TemporaryFolder home;
-  runner::Session session;
+  TemporaryFolder temporaryFolder_;
+  runner::Session session_;
 };
 
 }  // namespace test

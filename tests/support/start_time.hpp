@@ -1,4 +1,5 @@
-// When the phones of tests start: at the real time, what is compared would differ where a minute ends between the two.
+// The time at which the clock of a phone in a test starts. With the real time, two screens that a test compares would
+// show different times if a minute ended in between.
 #pragma once
 
 namespace test {

@@ -1,4 +1,4 @@
-// A folder of a test's own, gone with it.
+// Creates an empty temporary folder. The destructor removes the folder with its contents.
 #pragma once
 
 #include <stdlib.h>
@@ -15,26 +15,27 @@ class TemporaryFolder {
  public:
   TemporaryFolder() {
     std::string pattern = (std::filesystem::temp_directory_path() / "brim-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder can be made");
-    folder = pattern;
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot create a temporary folder");
+    folder_ = pattern;
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  // A process of the test may be about to end, and still write or remove something itself.
+  // Removal is retried because a child process of the test can still create or remove files in the folder while it
+  // ends.
   ~TemporaryFolder() {
-    constexpr int maxTries = 200;
+    constexpr int maxAttempts = 200;
     std::error_code error;
-    for (int tries = 0; tries < maxTries; ++tries) {
-      std::filesystem::remove_all(folder, error);
+    for (int attempt = 0; attempt < maxAttempts; ++attempt) {
+      std::filesystem::remove_all(folder_, error);
       if (!error) return;
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
   }
 
-  const std::filesystem::path& path() const { return folder; }
+  const std::filesystem::path& path() const { return folder_; }
 
  private:
-  std::filesystem::path folder;
+  std::filesystem::path folder_;
 };
 
 }  // namespace test

@@ -1,4 +1,4 @@
-// Servers that must show who they are.
+// TLS servers: which certificates the platform's classes accept.
 #include <sys/wait.h>
 
 #include <csignal>
@@ -8,8 +8,8 @@
 #include <stdexcept>
 
 #include "tests/support/temporary_folder.hpp"
-#include "tests/url_loading/loading.hpp"
 #include "tests/url_loading/raw_server.hpp"
+#include "tests/url_loading/url_loading_test.hpp"
 
 namespace test {
 
@@ -17,62 +17,62 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A web server with a certificate of its own making.
+// An HTTPS server with a self-signed certificate.
 class SecureServer {
  public:
-  // For whom the certificate is, such as "IP:127.0.0.1".
-  explicit SecureServer(const std::string& name) {
-    const std::string make = "cd " + folder.path().string() +
+  // `subject` is the certificate's subject alternative name, such as "IP:127.0.0.1".
+  explicit SecureServer(const std::string& subject) {
+    const std::string make = "cd " + folder_.path().string() +
                              " && openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 2"
                              " -keyout key.pem -out cert.pem -subj /CN=test -addext subjectAltName=" +
-                             name + " >log 2>&1";
-    if (std::system(make.c_str()) != 0) throw std::runtime_error("no certificate can be made");
+                             subject + " >log 2>&1";
+    if (std::system(make.c_str()) != 0) throw std::runtime_error("cannot create a certificate");
     start();
   }
   SecureServer(const SecureServer&) = delete;
   SecureServer& operator=(const SecureServer&) = delete;
   ~SecureServer() {
-    kill(process, SIGTERM);
-    waitpid(process, nullptr, 0);
-    std::fclose(output);
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
+    std::fclose(output_);
   }
 
-  std::string address() const { return "https://127.0.0.1:" + port + "/"; }
-  fs::path certificate() const { return folder.path() / "cert.pem"; }
+  std::string address() const { return "https://127.0.0.1:" + port_ + "/"; }
+  fs::path certificate() const { return folder_.path() / "cert.pem"; }
 
  private:
   void start() {
-    int ends[2];
-    if (pipe(ends) != 0) throw std::runtime_error("no pipe can be made");
-    process = fork();
-    if (process == 0) {
-      dup2(ends[1], STDOUT_FILENO);
-      if (chdir(folder.path().c_str()) == 0)
+    int pipeEnds[2];
+    if (pipe(pipeEnds) != 0) throw std::runtime_error("cannot create a pipe");
+    process_ = fork();
+    if (process_ == 0) {
+      dup2(pipeEnds[1], STDOUT_FILENO);
+      if (chdir(folder_.path().c_str()) == 0)
         execlp("openssl", "openssl", "s_server", "-accept", "127.0.0.1:0", "-www", "-key", "key.pem", "-cert",
                "cert.pem", static_cast<char*>(nullptr));
       _exit(1);
     }
-    close(ends[1]);
-    output = fdopen(ends[0], "r");
+    close(pipeEnds[1]);
+    output_ = fdopen(pipeEnds[0], "r");
     char line[256];
-    while (port.empty() && std::fgets(line, sizeof line, output) != nullptr) readPort(line);
-    if (port.empty()) throw std::runtime_error("the secure server did not start");
+    while (port_.empty() && std::fgets(line, sizeof line, output_) != nullptr) readPort(line);
+    if (port_.empty()) throw std::runtime_error("the HTTPS server did not start");
   }
 
-  // "ACCEPT 127.0.0.1:40123"
+  // Reads the port from a line such as "ACCEPT 127.0.0.1:40123". Ignores other lines.
   void readPort(const std::string& line) {
     if (!line.starts_with("ACCEPT")) return;
-    port = line.substr(line.rfind(':') + 1);
-    port.erase(port.find_last_not_of(" \r\n") + 1);
+    port_ = line.substr(line.rfind(':') + 1);
+    port_.erase(port_.find_last_not_of(" \r\n") + 1);
   }
 
-  TemporaryFolder folder;
-  pid_t process = -1;
-  FILE* output = nullptr;
-  std::string port;
+  TemporaryFolder folder_;
+  pid_t process_ = -1;
+  FILE* output_ = nullptr;
+  std::string port_;
 };
 
-class Certificates : public UrlLoading {
+class Certificates : public UrlLoadingTest {
  protected:
   static void trust(const fs::path& certificate) {
     fs::create_directories(testRoot() / "etc/ssl");
@@ -80,28 +80,28 @@ class Certificates : public UrlLoading {
   }
 };
 
-TEST_F(Certificates, OfUnknownAuthoritiesAreRefused) {
-  const SecureServer secure("IP:127.0.0.1");
-  EXPECT_EQ(load(secure.address()).error, UrlError::CertificateUntrusted);
+TEST_F(Certificates, OfUnknownAuthoritiesAreRejected) {
+  const SecureServer secureServer("IP:127.0.0.1");
+  EXPECT_EQ(load(secureServer.address()).error, UrlError::CertificateUntrusted);
 }
 
-TEST_F(Certificates, OfTheRootsAuthoritiesAreTrusted) {
-  const SecureServer secure("IP:127.0.0.1");
-  trust(secure.certificate());
-  const Loaded loaded = load(secure.address());
-  EXPECT_EQ(loaded.error, std::nullopt);
-  EXPECT_EQ(loaded.status, 200);
+TEST_F(Certificates, OfAuthoritiesInThePhonesRootAreTrusted) {
+  const SecureServer secureServer("IP:127.0.0.1");
+  trust(secureServer.certificate());
+  const LoadResult result = load(secureServer.address());
+  EXPECT_EQ(result.error, std::nullopt);
+  EXPECT_EQ(result.status, 200);
 }
 
-TEST_F(Certificates, OfOtherHostsAreRefused) {
-  const SecureServer secure("DNS:elsewhere.example");
-  trust(secure.certificate());
-  EXPECT_EQ(load(secure.address()).error, UrlError::CertificateUntrusted);
+TEST_F(Certificates, OfOtherHostsAreRejected) {
+  const SecureServer secureServer("DNS:elsewhere.example");
+  trust(secureServer.certificate());
+  EXPECT_EQ(load(secureServer.address()).error, UrlError::CertificateUntrusted);
 }
 
-TEST_F(Certificates, MustBeShown) {
-  const RawServer open("HTTP/1.1 200 OK\r\n\r\n");
-  std::string address = open.address();
+TEST_F(Certificates, AreRequired) {
+  const RawServer plainServer("HTTP/1.1 200 OK\r\n\r\n");
+  std::string address = plainServer.address();
   address.replace(0, 4, "https");
   EXPECT_EQ(load(address).error, UrlError::SecureConnectionFailed);
 }

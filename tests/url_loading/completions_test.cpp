@@ -1,4 +1,4 @@
-// When and where completions run.
+// Completions of requests: on which thread they run, when, and how often.
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -11,7 +11,7 @@
 #include "simulator/base/event_log.hpp"
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/url_loading/request_loader.hpp"
-#include "tests/url_loading/loading.hpp"
+#include "tests/url_loading/url_loading_test.hpp"
 
 namespace test {
 
@@ -19,51 +19,51 @@ namespace {
 
 bool isMainThread() { return getpid() == gettid(); }
 
-using Completions = UrlLoading;
+using Completions = UrlLoadingTest;
 
 NSURLSessionDataTask* makeTask(NSURLRequest* request, const objc::BlockRef<NSURLSession::Completion>& completion) {
   return NSURLSession::sharedSession()->dataTask(request, completion);
 }
 
-TEST_F(Completions, OfASessionRunOffTheMainThread) {
+TEST_F(Completions, OfASessionRunOnAnotherThread) {
   server.answer("/page", {.body = "text"});
-  Event done;
-  Loaded loaded;
+  CompletionSignal done;
+  LoadResult result;
   std::atomic<bool> onMainThread = true;
   makeTask(request(server.address("/page")), objc::block([&](NSData* data, NSURLResponse* response, NSError* error) {
-             loaded = Loaded::of(data, response, error);
+             result = LoadResult::of(data, response, error);
              onMainThread = isMainThread();
-             done.happen();
+             done.raise();
            }))
       ->resume();
-  // The main thread does nothing for it.
+  // This wait blocks the main thread, so the completion can only run on another one.
   ASSERT_TRUE(done.wait());
   EXPECT_FALSE(onMainThread);
-  EXPECT_EQ(loaded.status, 200);
-  EXPECT_EQ(loaded.body, "text");
+  EXPECT_EQ(result.status, 200);
+  EXPECT_EQ(result.body, "text");
 }
 
 TEST_F(Completions, OfASessionRunOneAfterTheOther) {
   constexpr int count = 20;
   server.answer("/", {.body = "x"});
-  Event done;
+  CompletionSignal done;
   std::atomic<int> running = 0;
   std::atomic<int> finished = 0;
-  std::atomic<bool> overlapped = false;
+  std::atomic<bool> hasOverlapped = false;
   for (int index = 0; index < count; ++index) {
     makeTask(request(server.address("/")), objc::block([&](NSData*, NSURLResponse*, NSError*) {
-               if (++running != 1) overlapped = true;
+               if (++running != 1) hasOverlapped = true;
                usleep(1000);
                --running;
-               if (++finished == count) done.happen();
+               if (++finished == count) done.raise();
              }))
         ->resume();
   }
   ASSERT_TRUE(done.wait());
-  EXPECT_FALSE(overlapped);
+  EXPECT_FALSE(hasOverlapped);
 }
 
-TEST_F(Completions, OfATaskComeAfterItIsResumedAndOnce) {
+TEST_F(Completions, OfATaskRunOnceAndOnlyAfterItIsResumed) {
   server.answer("/", {.body = "x"});
   std::atomic<int> calls = 0;
   NSURLSessionDataTask* const task =
@@ -85,40 +85,40 @@ TEST_F(Completions, OfAConnectionRunOnTheMainThread) {
   EXPECT_TRUE(onMainThread);
 }
 
-TEST_F(Completions, OfAConnectionRunOnTheQueueThatIsNamed) {
+TEST_F(Completions, OfAConnectionRunOnTheGivenQueue) {
   const auto queue = objc::make<NSOperationQueue>();
-  Event done;
+  CompletionSignal done;
   std::atomic<bool> onMainThread = true;
   NSURLConnection::sendAsynchronousRequest(request(server.address("/")), queue,
                                            objc::block([&](NSURLResponse*, NSData*, NSError*) {
                                              onMainThread = isMainThread();
-                                             done.happen();
+                                             done.raise();
                                            }));
   ASSERT_TRUE(done.wait());
   EXPECT_FALSE(onMainThread);
 }
 
-TEST_F(Completions, NeedNotBeThere) {
+TEST_F(Completions, CanBeNil) {
   NSURLConnection::sendAsynchronousRequest(request(server.address("/")), NSOperationQueue::mainQueue(), nullptr);
   NSURLSession::sharedSession()->dataTask(request(server.address("/")), nullptr)->resume();
   EXPECT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
 }
 
-TEST_F(Completions, LetGoOfWhatTheyHold) {
-  const auto held = objc::make<NSObject>();
-  objc::Weak<NSObject> observed(held.get());
+TEST_F(Completions, ReleaseTheirCaptures) {
+  const auto captured = objc::make<NSObject>();
+  objc::Weak<NSObject> observed(captured.get());
   {
     const objc::AutoreleasePool pool;
-    makeTask(
-        request(server.address("/")),
-        objc::block([mine = objc::retain(held.get())](NSData*, NSURLResponse*, NSError*) { static_cast<void>(mine); }))
+    makeTask(request(server.address("/")),
+             objc::block(
+                 [mine = objc::retain(captured.get())](NSData*, NSURLResponse*, NSError*) { static_cast<void>(mine); }))
         ->resume();
     ASSERT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
   }
-  EXPECT_TRUE(runUntil([&] { return objc::send<NSUInteger, "retainCount">(held.get()) == 1; }));
+  EXPECT_TRUE(runUntil([&] { return objc::send<NSUInteger, "retainCount">(captured.get()) == 1; }));
 }
 
-TEST_F(Completions, OnASteppedClockComeWhenRealTimeIsLetPass) {
+TEST_F(Completions, OnASteppedClockRunOnlyWhileRealTimePasses) {
   foundation::useClock(foundation::ClockMode::Stepped, 0);
   server.answer("/", {.body = "x"});
   bool called = false;
@@ -132,14 +132,14 @@ TEST_F(Completions, OnASteppedClockComeWhenRealTimeIsLetPass) {
     foundation::drainMainQueue();
     ASSERT_FALSE(called);
   }
-  for (int look = 0; look < 1000 && !called; ++look) {
+  for (int attempt = 0; attempt < 1000 && !called; ++attempt) {
     foundation::pumpFoundation(0.05);
     foundation::drainMainQueue();
   }
   EXPECT_TRUE(called);
 }
 
-TEST_F(Completions, OfManyRequestsAtOnceAllCome) {
+TEST_F(Completions, OfManyConcurrentRequestsAllRun) {
   constexpr std::size_t count = 200;
   server.answer("/", {.body = std::string(10'000, 'x')});
   std::size_t complete = 0;
@@ -164,7 +164,7 @@ TEST_F(Completions, AreLoggedWithAddressAndStatus) {
                  {{"event", "http"}, {"url", "ftp://127.0.0.1/"}, {"status", nullptr}, {"error", -1002}}}));
 }
 
-// How often each of the process's other threads has woken up.
+// Returns for each thread but the main one how often it has woken up.
 std::map<std::string, long> wakeups() {
   std::map<std::string, long> counts;
   for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
@@ -176,38 +176,39 @@ std::map<std::string, long> wakeups() {
   return counts;
 }
 
-TEST_F(Completions, LeaveNothingBehindThatWakesUp) {
+TEST_F(Completions, LeaveAllThreadsIdle) {
   server.answer("/", {.body = "x"});
   load(server.address("/"));
-  // A busy machine may take its time to bring the threads to rest.
-  bool isAtRest = false;
-  for (int look = 0; look < 50 && !isAtRest; ++look) {
+  // On a busy machine the threads can take a while to become idle.
+  bool isIdle = false;
+  for (int attempt = 0; attempt < 50 && !isIdle; ++attempt) {
     const std::map<std::string, long> before = wakeups();
     usleep(200'000);
-    isAtRest = wakeups() == before;
+    isIdle = wakeups() == before;
   }
-  EXPECT_TRUE(isAtRest);
+  EXPECT_TRUE(isIdle);
 }
 
-// A process that ends has requests in every state: waiting for a connection, for an answer, and in a handshake.
-void endWithRequestsUnderWay(const LoopbackServer& server, NSURLRequest* (*request)(const std::string&, double)) {
+// Ends the process with requests in every state: connecting, waiting for a response, and in a TLS handshake.
+void exitWithPendingRequests(const LoopbackServer& server, NSURLRequest* (*request)(const std::string&, double)) {
   std::string secure = server.address("/");
   secure.replace(0, 4, "https");
   for (int index = 0; index < 30; ++index) {
     for (const std::string& address : {server.address("/"), secure, server.address("/at-once")}) {
-      makeTask(request(address, patience), objc::block([](NSData*, NSURLResponse*, NSError*) {}))->resume();
-      NSURLConnection::sendAsynchronousRequest(request(address, patience), NSOperationQueue::mainQueue(), nullptr);
+      makeTask(request(address, maxWaitSeconds), objc::block([](NSData*, NSURLResponse*, NSError*) {}))->resume();
+      NSURLConnection::sendAsynchronousRequest(request(address, maxWaitSeconds), NSOperationQueue::mainQueue(),
+                                               nullptr);
     }
   }
   server.waitForRequests(1);
   std::exit(0);
 }
 
-TEST_F(Completions, OfRequestsUnderWayDoNotDisturbTheEndOfTheProcess) {
+TEST_F(Completions, OfPendingRequestsDoNotPreventTheProcessFromExiting) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   server.answer("/", {.timing = Timing::WhenReleased});
   server.answer("/at-once", {.body = "x"});
-  EXPECT_EXIT(endWithRequestsUnderWay(server, &UrlLoading::request), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(exitWithPendingRequests(server, &UrlLoadingTest::request), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

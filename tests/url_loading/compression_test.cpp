@@ -1,13 +1,13 @@
-// Bodies that come compressed.
+// Compressed bodies of responses.
 #include <zlib.h>
 
-#include "tests/url_loading/loading.hpp"
+#include "tests/url_loading/url_loading_test.hpp"
 
 namespace test {
 
 namespace {
 
-using Compression = UrlLoading;
+using Compression = UrlLoadingTest;
 
 enum class Format { Zlib = 15, Gzip = 15 + 16 };
 
@@ -25,51 +25,51 @@ std::string compressed(const std::string& text, Format format) {
   return out;
 }
 
-Answer encoded(const std::string& body, const std::string& encoding) {
+Response encoded(const std::string& body, const std::string& encoding) {
   return {.body = body, .headers = {{"Content-Encoding", encoding}}};
 }
 
 const std::string text(5000, 'x');
 
-TEST_F(Compression, IsOffered) {
-  loadAnswer({});
+TEST_F(Compression, IsOfferedInRequests) {
+  loadResponse({});
   EXPECT_EQ(server.requests().front().header("Accept-Encoding"), "gzip, deflate, br");
 }
 
-TEST_F(Compression, IsUndone) {
-  EXPECT_EQ(loadAnswer(encoded(compressed(text, Format::Gzip), "gzip")).body, text);
-  EXPECT_EQ(loadAnswer(encoded(compressed(text, Format::Zlib), "deflate")).body, text);
+TEST_F(Compression, IsDecoded) {
+  EXPECT_EQ(loadResponse(encoded(compressed(text, Format::Gzip), "gzip")).body, text);
+  EXPECT_EQ(loadResponse(encoded(compressed(text, Format::Zlib), "deflate")).body, text);
   // The word "brim" as a stream of one uncompressed block.
-  EXPECT_EQ(loadAnswer(encoded("\x8b\x01\x80"
-                               "brim"
-                               "\x03",
-                               "br"))
+  EXPECT_EQ(loadResponse(encoded("\x8b\x01\x80"
+                                 "brim"
+                                 "\x03",
+                                 "br"))
                 .body,
             "brim");
 }
 
-TEST_F(Compression, ThatIsBrokenIsAnError) {
+TEST_F(Compression, ThatIsCorruptIsAnError) {
   std::string broken = compressed(text, Format::Gzip);
   for (std::size_t index = 10; index < broken.size(); ++index) broken[index] = '\x55';
-  EXPECT_EQ(loadAnswer(encoded(broken, "gzip")).error, UrlError::CannotDecodeBody);
-  EXPECT_EQ(loadAnswer(encoded("no gzip", "gzip")).error, UrlError::CannotDecodeBody);
+  EXPECT_EQ(loadResponse(encoded(broken, "gzip")).error, UrlError::CannotDecodeBody);
+  EXPECT_EQ(loadResponse(encoded("no gzip", "gzip")).error, UrlError::CannotDecodeBody);
 }
 
-TEST_F(Compression, OfMoreThanABodyMayHoldIsAnError) {
+TEST_F(Compression, OfABodyAboveTheLimitIsAnError) {
   const std::string bomb = compressed(std::string(url_loading::maxBody + 1, '\0'), Format::Gzip);
   ASSERT_LT(bomb.size(), 50'000u);
-  EXPECT_EQ(loadAnswer(encoded(bomb, "gzip")).error, UrlError::BodyTooLong);
+  EXPECT_EQ(loadResponse(encoded(bomb, "gzip")).error, UrlError::BodyTooLong);
 }
 
-TEST_F(Compression, OfAsMuchAsABodyMayHoldIsUndone) {
-  const std::string most = compressed(std::string(url_loading::maxBody, '\0'), Format::Gzip);
-  EXPECT_EQ(loadAnswer(encoded(most, "gzip")).body.value_or("").size(), url_loading::maxBody);
+TEST_F(Compression, OfABodyAtTheLimitIsDecoded) {
+  const std::string largest = compressed(std::string(url_loading::maxBody, '\0'), Format::Gzip);
+  EXPECT_EQ(loadResponse(encoded(largest, "gzip")).body.value_or("").size(), url_loading::maxBody);
 }
 
-TEST_F(Compression, AppliedAgainAndAgainIsAnError) {
+TEST_F(Compression, AppliedTooManyTimesIsAnError) {
   std::string encodings = "gzip";
   for (int count = 0; count < 100; ++count) encodings += ", gzip";
-  EXPECT_EQ(loadAnswer(encoded(compressed(text, Format::Gzip), encodings)).error, UrlError::CannotDecodeBody);
+  EXPECT_EQ(loadResponse(encoded(compressed(text, Format::Gzip), encodings)).error, UrlError::CannotDecodeBody);
 }
 
 }  // namespace

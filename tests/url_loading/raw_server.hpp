@@ -1,4 +1,4 @@
-// A server that says the same bytes to whoever connects, whatever they are.
+// A TCP server that sends the same bytes to every client, whether or not they are valid HTTP.
 #pragma once
 
 #include <arpa/inet.h>
@@ -13,48 +13,49 @@ namespace test {
 
 class RawServer {
  public:
-  // Whether it says that there is no more to come.
-  enum class Then { Close, Stay };
+  // Whether the server ends its side of the connection after the bytes.
+  enum class AfterBytes { Close, KeepOpen };
 
-  explicit RawServer(std::string bytes, Then next = Then::Close)
-      : said(std::move(bytes)), then(next), listener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+  explicit RawServer(std::string bytes, AfterBytes afterBytes = AfterBytes::Close)
+      : bytes_(std::move(bytes)), afterBytes_(afterBytes), listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
     auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    if (bind(listener, generic, size) == 0 && listen(listener, SOMAXCONN) == 0) getsockname(listener, generic, &size);
-    port = ntohs(address.sin_port);
-    thread = std::thread([this] { serve(); });
+    if (bind(listener_, generic, size) == 0 && listen(listener_, SOMAXCONN) == 0)
+      getsockname(listener_, generic, &size);
+    port_ = ntohs(address.sin_port);
+    thread_ = std::thread([this] { serve(); });
   }
   RawServer(const RawServer&) = delete;
   RawServer& operator=(const RawServer&) = delete;
   ~RawServer() {
-    shutdown(listener, SHUT_RDWR);
-    thread.join();
-    close(listener);
+    shutdown(listener_, SHUT_RDWR);
+    thread_.join();
+    close(listener_);
   }
 
-  std::string address() const { return "http://127.0.0.1:" + std::to_string(port) + "/"; }
+  std::string address() const { return "http://127.0.0.1:" + std::to_string(port_) + "/"; }
 
  private:
   void serve() const {
-    for (int client = accept(listener, nullptr, nullptr); client >= 0; client = accept(listener, nullptr, nullptr)) {
+    for (int client = accept(listener_, nullptr, nullptr); client >= 0; client = accept(listener_, nullptr, nullptr)) {
       char request[4096];
-      if (recv(client, request, sizeof request, 0) > 0) send(client, said.data(), said.size(), MSG_NOSIGNAL);
-      if (then == Then::Close) shutdown(client, SHUT_WR);
-      // Until the client has read it all and goes.
+      if (recv(client, request, sizeof request, 0) > 0) send(client, bytes_.data(), bytes_.size(), MSG_NOSIGNAL);
+      if (afterBytes_ == AfterBytes::Close) shutdown(client, SHUT_WR);
+      // Closing before the client has read everything could discard bytes, so wait until the client disconnects.
       while (recv(client, request, sizeof request, 0) > 0) {
       }
       close(client);
     }
   }
 
-  std::string said;
-  Then then;
-  int listener;
-  int port = 0;
-  std::thread thread;
+  std::string bytes_;
+  AfterBytes afterBytes_;
+  int listener_;
+  int port_ = 0;
+  std::thread thread_;
 };
 
 }  // namespace test

@@ -9,7 +9,7 @@ namespace device {
 
 namespace {
 
-// A block in memory: its class, flags, the code and a descriptor that says how large it is and what copies it.
+// The memory layout of a block: class, flags, code, and a descriptor with its size and its copy and dispose functions.
 constexpr Address flagsOffset = 8;
 constexpr Address invokeOffset = 16;
 constexpr Address descriptorOffset = 24;

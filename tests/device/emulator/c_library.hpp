@@ -1,4 +1,5 @@
-// The phone's C libraries as far as they are called: blocks, queues, digests, random numbers, symbols by name, sounds.
+// The functions of the phone's C libraries that the library calls: blocks, queues, digests, random numbers, symbol
+// lookup and sounds.
 #pragma once
 
 #include <deque>
@@ -10,7 +11,7 @@
 
 namespace device {
 
-// Calls a block, which may take a flag.
+// Calls a block that has no argument or one boolean argument.
 void callBlock(Processor& processor, Address block, bool flag = false);
 
 class CLibrary {
@@ -26,12 +27,12 @@ class CLibrary {
     Address block;
   };
 
-  // Runs what waits in the main queue, and what comes to wait there meanwhile.
+  // Runs the blocks of the main queue until it is empty, including blocks added meanwhile.
   void runMainQueue();
 
-  // What lookups by name find, beside nothing.
+  // The results of symbol lookup. Other names are not found.
   std::map<std::string, Address> symbols;
-  // What the next random numbers are; then zero.
+  // The next random numbers. Zero follows when they are used up.
   std::deque<std::uint32_t> randomNumbers;
 
   std::vector<std::uint32_t> randomBounds;

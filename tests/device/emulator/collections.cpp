@@ -6,7 +6,7 @@ namespace device {
 
 namespace {
 
-// By the keys' texts; every key that the library uses is a string.
+// Dictionaries are maps by the key's text, because every key that the library uses is a string.
 using Entries = std::map<std::string, Address>;
 
 Entries& entriesOf(const Message& message) {
@@ -41,7 +41,7 @@ void deallocateEntries(const Message& message) {
       {message.self, message.selector});
 }
 
-// Values of one byte: the flags that properties are.
+// Creates values from one byte only, because the library boxes only booleans.
 void valueWithBytes(const Message& message) {
   const auto byte = message.processor.load<std::uint8_t>(message.argument(0));
   if (message.processor.text(message.argument(1)) != "B") throw std::runtime_error("a value that is no flag");

@@ -35,7 +35,7 @@ void defineBundle(ObjectiveC& runtime) {
   runtime.addClassMethod("NSBundle", "bundleWithPath:", "@@:@", [](const Message& message) {
     message.answer(makeString(message.runtime, message.text(0), "NSBundle"));
   });
-  // No language: every word is the fallback.
+  // There are no localized texts, so every lookup returns the fallback.
   runtime.addMethod("NSBundle", "localizedStringForKey:value:table:", "@@:@@@",
                     [](const Message& message) { message.answer(message.argument(1)); });
   runtime.addMethod("NSBundle", "pathForResource:ofType:", "@@:@@", [](const Message& message) {

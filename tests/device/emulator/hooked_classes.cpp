@@ -10,7 +10,8 @@ namespace {
 
 constexpr int recordedRegisters = 6;
 
-// Notes that it was called, and answers by the type of its result: itself, or what the platform says of truth values.
+// Records the call. Returns the platform's truthOfOriginals if the result is a boolean, otherwise leaves the receiver
+// in x0.
 void callOriginal(const Message& message, Platform& platform, const std::string& selector, char resultType) {
   OriginalCall call{selector, message.self, {}, {}};
   for (int index = 0; index < recordedRegisters; ++index) {
@@ -43,7 +44,7 @@ void defineBulletins(ObjectiveC& runtime, Platform& platform) {
 void defineHookedClasses(ObjectiveC& runtime, Platform& platform) {
   runtime.define("NCNotificationViewController", "UIResponder");
   runtime.define("NCNotificationShortLookViewController", "NCNotificationViewController");
-  // Below system version 12.0 the first row's class has another name.
+  // Before system version 12.0, the class of the first row has another name.
   for (const char* name : {"_NCNotificationViewControllerView", "NCNotificationViewControllerView"}) {
     runtime.define(name, "UIView");
     runtime.addMethod(name, "didMoveToSuperview", "v@:", [](const Message&) {});

@@ -8,7 +8,7 @@ namespace device {
 
 namespace {
 
-// Anywhere but where the file says, as on a phone.
+// Differs from the address in the file, as on a phone.
 constexpr Address slide = 0x1'0480'0000;
 
 }  // namespace

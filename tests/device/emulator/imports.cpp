@@ -5,7 +5,7 @@
 namespace device {
 
 Imports::Imports(Processor& suppliedTo) : processor(suppliedTo) {
-  // Everything is bound before the library runs, so nothing is left to be bound at a first call.
+  // All imports are bound before the library runs, so the lazy binder must never be called.
   addresses["dyld_stub_binder"] = processor.addHostFunction(
       "dyld_stub_binder", [](HostCall&) { throw std::runtime_error("a function was left unbound"); });
 }

@@ -1,4 +1,4 @@
-// What the library imports: functions of this program under the phone's names, and variables.
+// The library's imports: functions of this program with the phone's names, and variables.
 #pragma once
 
 #include <map>
@@ -13,15 +13,15 @@ class Imports {
  public:
   explicit Imports(Processor& suppliedTo);
 
-  // Under the name in C, without the underscore that symbols have in the file. What the function does with the
-  // registers is the call's result.
+  // `name` is the name in C, without the leading underscore of the symbol. The function reads its arguments from
+  // registers and leaves its result in them.
   void add(const std::string& name, HostFunction function);
   void addVariable(const std::string& name, Address address) { addresses["_" + name] = address; }
 
-  // Throws std::runtime_error with the symbol's name and library where there is no such import.
+  // Throws std::runtime_error with the symbol and its library if the import is missing.
   Address resolve(const std::string& symbol, const std::string& library) const;
 
-  // The functions called until now.
+  // The functions called so far.
   const std::set<std::string>& called() const { return calledNames; }
 
  private:

@@ -1,5 +1,5 @@
-// Anchors of views and the constraints they make. A constraint's value is its relation in words, such as
-// "BrimLabel.top == UIImageView.top"; its constant and whether it is active are properties.
+// Layout anchors of views, and the constraints that they create. A constraint's value is its relation as text, such as
+// "BrimLabel.top == UIImageView.top". Its constant and its active state are properties.
 #include "tests/device/emulator/platform_classes.hpp"
 #include "tests/device/emulator/recorded_methods.hpp"
 

@@ -1,4 +1,5 @@
-// How objects of the emulated runtime live and die: counts, pools, associations, weak references, and the root class.
+// Object lifetime in the emulated runtime: retain counts, autorelease pools, associated objects, weak references, and
+// the root class.
 #include <stdexcept>
 #include <utility>
 

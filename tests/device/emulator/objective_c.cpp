@@ -39,7 +39,7 @@ ClassRecord& ObjectiveC::define(const std::string& name, const std::string& supe
   type.superclass = above;
   type.metaclass = &metaclass;
   type.instanceSize = above == nullptr ? sizeof(Address) : above->instanceSize;
-  // A class is an object of its metaclass, and the root's metaclass inherits from the root.
+  // A class is an instance of its metaclass. The root's metaclass inherits from the root class.
   metaclass.superclass = above == nullptr ? &type : above->metaclass;
   for (ClassRecord* each : {&type, &metaclass}) {
     each->address = processor.allocate(sizeof(Address));

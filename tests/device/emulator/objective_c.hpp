@@ -1,6 +1,6 @@
-// An Objective-C runtime for emulated code: classes, objects and messages. Objects lie in the emulated memory, methods
-// are emulated code or functions of this program. A message that nobody answers, or to an object that is gone, is a
-// std::runtime_error that names both.
+// An Objective-C runtime for emulated code: classes, objects and messages. Objects are in emulated memory. Methods are
+// emulated code or functions of this program. An unrecognized selector and a message to a deallocated object throw
+// std::runtime_error with the class and the selector.
 #pragma once
 
 #include <any>
@@ -16,14 +16,15 @@ namespace device {
 
 class ObjectiveC;
 
-// A message on its way to a method of this program.
+// A message sent to a method that is a function of this program.
 struct Message {
   ObjectiveC& runtime;
   Processor& processor;
   Address self;
   Address selector;
 
-  // Arguments by their position among those of their kind: integers, flags and objects, and floating-point numbers.
+  // Arguments by index within their kind. One kind is integers, booleans and objects, the other is floating-point
+  // numbers.
   std::uint64_t argument(int index) const { return processor.x(2 + index); }
   double number(int index) const { return processor.d(index); }
   std::string text(int index) const;
@@ -63,7 +64,7 @@ struct ObjectRecord {
   ClassRecord* type = nullptr;
   std::uint64_t retainCount = 1;
   bool gone = false;
-  std::any value;  // what a stand-in keeps with its object
+  std::any value;  // data that an emulated class stores with its object
   std::map<std::string, std::vector<std::uint64_t>> properties;
   std::map<Address, Address> associations;
 };
@@ -72,7 +73,7 @@ class ObjectiveC {
  public:
   explicit ObjectiveC(Processor& processor);
 
-  // Classes. A class that is not there is null.
+  // Classes. An unknown class is null.
   ClassRecord& define(const std::string& name, const std::string& superclass = "NSObject");
   ClassRecord* find(const std::string& name);
   ClassRecord& classAt(Address address);
@@ -83,7 +84,6 @@ class ObjectiveC {
   Address selector(const std::string& name);
   std::string selectorName(Address selector) { return processor.text(selector); }
 
-  // Objects.
   Address allocate(ClassRecord& type);
   ObjectRecord& object(Address address);
   bool isObject(Address address) const { return objects.contains(address); }
@@ -91,7 +91,7 @@ class ObjectiveC {
   bool isKindOf(Address object, const std::string& className);
   void retain(Address object);
   void release(Address object);
-  // Released when the innermost pool is drained; without a pool, never.
+  // The object is released when the innermost pool is drained, or never if there is no pool.
   Address autorelease(Address object);
   void openPool() { pools.emplace_back(); }
   void drainPool();
@@ -101,14 +101,14 @@ class ObjectiveC {
   void storeWeak(Address location, Address object);
   Address loadWeakRetained(Address location);
 
-  // The code that a message reaches; throws where there is none.
+  // Returns the code that a message calls. Throws if there is no such method.
   Address implementation(ClassRecord& type, Address selector);
-  // Sends a message and gives what is left in x0.
+  // Sends a message and returns the value of x0.
   std::uint64_t send(Address receiver, const std::string& selector, std::initializer_list<std::uint64_t> integers = {},
                      std::initializer_list<double> numbers = {});
   std::uint64_t sendClass(const std::string& className, const std::string& selector,
                           std::initializer_list<std::uint64_t> integers = {});
-  // +alloc and -init.
+  // Sends +alloc and -init.
   Address make(const std::string& className);
 
  private:

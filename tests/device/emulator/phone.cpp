@@ -6,7 +6,7 @@ namespace device {
 
 namespace {
 
-// The finished library, with the names of its functions from before they were taken out.
+// The stripped library, with function names from the build before stripping.
 const MachFile& libraryFile() {
   static const MachFile file = [] {
     MachFile finished = MachFile::read(builtLibrary());

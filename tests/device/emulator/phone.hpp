@@ -1,4 +1,4 @@
-// A phone's process in the emulator, into which the library is mapped.
+// An emulated process of a phone, with the library loaded.
 #pragma once
 
 #include <optional>
@@ -12,17 +12,17 @@
 
 namespace device {
 
-// Which of the classes that the library changes a process has.
+// The kind of process. It determines which of the classes that the library changes exist.
 enum class Process { HomeScreen, Other };
 
 class Phone {
  public:
-  // Starts the process and maps the library into it.
+  // Creates the process and loads the library, whose initializer runs.
   explicit Phone(Platform platform = {}, Process process = Process::HomeScreen);
   Phone(const Phone&) = delete;
   Phone& operator=(const Phone&) = delete;
 
-  // The rows that the library reports of itself: class, selector, encoding, kind, and whether they took effect.
+  // A hook that the library reports. `effective` means that it is in effect.
   struct ReportedMethod {
     std::string className;
     std::string selector;
@@ -41,7 +41,7 @@ class Phone {
 
   Address string(const std::string& text) { return makeString(runtime, text); }
   std::string text(Address string) { return textOf(runtime, string); }
-  // The object that a variable of the class holds in another object.
+  // Returns the value of an object's instance variable.
   Address variable(Address object, const std::string& name);
 
   Processor processor;

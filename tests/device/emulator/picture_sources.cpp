@@ -9,20 +9,20 @@ namespace device {
 
 namespace {
 
-// What SQLite's functions answer, and the stand-ins' handles.
+// Result codes of SQLite, and the handles of the emulated functions.
 constexpr std::uint64_t success = 0;
 constexpr std::uint64_t rowIsThere = 100;
 constexpr std::uint64_t done = 101;
 constexpr Address database = 0x2000'0001;
 constexpr Address statement = 0x2000'0002;
 
-// What the kernel's functions answer; -1 in 32 bits and in 64.
+// The error results of system calls: -1 as a 32-bit and as a 64-bit number.
 constexpr std::uint64_t fileNumber = 3;
 constexpr std::uint64_t noFile = 0xffff'ffff;
 constexpr std::uint64_t failure = ~std::uint64_t{0};
 constexpr std::uint64_t fromTheEnd = 2;
 
-// The bytes of a data object, in emulated memory.
+// Returns the bytes of a data object as an address in emulated memory.
 struct Bytes {
   Address address;
   std::size_t count;
@@ -107,7 +107,7 @@ void PictureSources::supplyContacts(Imports& imports) {
   }
 }
 
-// Addresses are strings; those with a blank are none.
+// A URL is represented by its string. A string with a space is not a URL.
 void PictureSources::defineWeb() {
   runtime.define("NSError");
   for (const char* name : {"NSURL", "NSURLRequest"}) runtime.define(name, "NSString");
@@ -137,7 +137,7 @@ void PictureSources::defineWeb() {
   runtime.addClassMethod("NSURLConnection", "sendAsynchronousRequest:queue:completionHandler:", "v@:@@@?",
                          [this](const Message& message) {
                            requests.push_back({message.text(0), message.argument(2)});
-                           // Kept for good: the phone's blocks are copied by whoever keeps them.
+                           // Add a reference that is never released, as a connection that stores the block would.
                            constexpr std::uint32_t oneReference = 2;
                            constexpr Address flagsOffset = 8;
                            const Address flags = message.argument(2) + flagsOffset;
@@ -145,7 +145,7 @@ void PictureSources::defineWeb() {
                          });
 }
 
-// Only Slack's container and its database are there.
+// Only Slack's container and its database exist.
 void PictureSources::defineFiles() {
   runtime.define("NSFileManager");
   runtime.define("NSFileHandle");

@@ -1,5 +1,4 @@
-// Where pictures of senders come from, for emulated code: files, databases, the web, and the names of a contact's
-// properties.
+// Sources of sender pictures for emulated code: files, databases, the web, and the keys of a contact's properties.
 #pragma once
 
 #include <optional>
@@ -11,7 +10,7 @@
 
 namespace device {
 
-// Strings and collections are to be defined before.
+// defineStrings() and defineCollections() must be called first.
 class PictureSources {
  public:
   PictureSources(Imports& imports, ObjectiveC& runtime, Processor& processor);
@@ -22,10 +21,10 @@ class PictureSources {
   };
   struct WebRequest {
     std::string address;
-    Address completion;  // a block that is kept
+    Address completion;  // a retained block
   };
 
-  // Answers the last request: with data, or with an error where there is none.
+  // Completes the last request with the data, or with an error if `data` is nullopt.
   void answerRequest(std::optional<Address> data);
 
   struct File {
@@ -33,9 +32,9 @@ class PictureSources {
     std::string text;
   };
 
-  // The one file that can be opened. As a property list it is a dictionary with one entry: its text is KEY=VALUE.
+  // The only file that can be opened. Parsed as a property list, its text KEY=VALUE is a dictionary with one entry.
   std::optional<File> file;
-  // The one row of every query; none where there is nothing.
+  // The only row of every query's result. nullopt means that the result is empty.
   std::optional<std::string> row;
 
   std::vector<Opening> fileOpenings;

@@ -1,4 +1,4 @@
-// Stand-ins for the platform's classes in emulated code: as much of each as the tested parts of the library use.
+// Emulated classes of the platform, limited to what the tested parts of the library use.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace device {
 
-// One setting that the library has bound to a variable of its own.
+// A setting that the library has registered with one of its variables.
 struct Registration {
   std::string domain;
   std::string key;
@@ -17,7 +17,7 @@ struct Registration {
   Address variable;
 };
 
-// What a class of the platform was asked to do before the library took over.
+// A call of a platform method's original implementation.
 struct OriginalCall {
   std::string selector;
   Address self;
@@ -27,20 +27,20 @@ struct OriginalCall {
 
 struct Platform {
   std::string systemVersion = "12.4";
-  // Of the settings' domain. Flags are 0 or 1.
+  // The values in the settings' domain. Booleans are 0 or 1.
   std::map<std::string, std::int64_t> storedSettings;
-  // What the phone says of its haptic engine.
+  // The value of the phone's _feedbackSupportLevel.
   std::int64_t feedbackSupportLevel = 0;
-  // What replaced methods answer that answer a truth value: 0 or 1.
+  // The result of original implementations that return a boolean: 0 or 1.
   std::uint64_t truthOfOriginals = 1;
 
   std::vector<Registration> registrations;
   std::vector<OriginalCall> originalCalls;
-  // "name selector" of each, in order.
+  // Registered notification observers as "name selector", in order.
   std::vector<std::string> observers;
   std::vector<std::pair<Address, std::uint64_t>> published;  // bulletin and destinations
-  std::vector<Address> dictionaries;                         // made with a capacity, in order
-  std::vector<Address> constraints;                          // in the order of their making
+  std::vector<Address> dictionaries;                         // created with a capacity, in order
+  std::vector<Address> constraints;                          // in the order of creation
   Address application = 0;
 };
 
@@ -50,12 +50,12 @@ void defineCollections(ObjectiveC& runtime, Platform& platform);
 void defineFoundation(ObjectiveC& runtime, Platform& platform);
 void defineViews(ObjectiveC& runtime, Platform& platform);
 void defineLayoutAnchors(ObjectiveC& runtime, Platform& platform);
-// Views and anchors included.
+// Also calls defineViews() and defineLayoutAnchors().
 void defineViewToolkit(ObjectiveC& runtime, Platform& platform);
-// The classes whose methods the library replaces, with those methods.
+// Defines the classes whose methods the library replaces, with those methods.
 void defineHookedClasses(ObjectiveC& runtime, Platform& platform);
 
-// A string that lives until the innermost pool is drained.
+// Creates an autoreleased string.
 Address makeString(ObjectiveC& runtime, const std::string& text, const std::string& className = "NSString");
 std::string textOf(ObjectiveC& runtime, Address string);
 

@@ -16,11 +16,11 @@ constexpr Address stackStart = 0x6000'0000;
 constexpr std::size_t stackSize = 1 << 20;
 constexpr Address heapStart = 0x3'0000'0000;
 constexpr std::size_t heapSize = 32 << 20;
-// Reaching an address in here is a call to this program. Far enough apart that none runs into the next.
+// Jumping to an address in this region calls a host function. Each host function has its own trapSize bytes.
 constexpr Address trapsStart = 0x7000'0000;
 constexpr std::size_t trapsSize = 1 << 20;
 constexpr Address trapSize = 16;
-// Code that is called returns to the first.
+// The return address of code that the host calls.
 constexpr Address returnTrap = trapsStart;
 constexpr std::uint32_t nopInstruction = 0xd503201f;
 constexpr Address nowhere = ~Address{0};
@@ -175,7 +175,7 @@ void Processor::run(Address start) {
 Address Processor::callHost(Address trap) {
   const Address returnAddress = x(30);
   HostCall call{*this, {}};
-  // A copy: the function may add others.
+  // Copy the function, because it can add other host functions.
   const HostFunction function = hosts.at((trap - trapsStart) / trapSize).function;
   function(call);
   return call.jump.value_or(returnAddress);

@@ -1,4 +1,4 @@
-// An arm64 processor, emulated, with memory of its own. Code in it may call functions of this program, and be called.
+// An emulated arm64 processor with its own memory. Emulated code and functions of this program can call each other.
 #pragma once
 
 #include <cstdint>
@@ -18,10 +18,10 @@ using Address = std::uint64_t;
 
 class Processor;
 
-// A call that emulated code makes to a function of this program: arguments are in the registers, and so is the result.
+// A call from emulated code to a function of this program. Arguments and the result are in registers.
 struct HostCall {
   Processor& processor;
-  // Where the call goes on instead of returning, with the registers as they are.
+  // If set, execution continues at this address with the same registers instead of returning.
   std::optional<Address> jump;
 };
 
@@ -29,8 +29,8 @@ using HostFunction = std::function<void(HostCall&)>;
 
 enum class Access { ReadAndExecute, ReadAndWrite };
 
-// Whatever goes wrong in emulated code, a host function's exceptions included, leaves `call` as an exception; a fault
-// is a std::runtime_error that names the function and the address.
+// `call` throws every error of emulated code, including exceptions of host functions. A fault is a std::runtime_error
+// that names the function and the address.
 class Processor {
  public:
   Processor();
@@ -38,7 +38,7 @@ class Processor {
   Processor(const Processor&) = delete;
   Processor& operator=(const Processor&) = delete;
 
-  // Start and size in whole pages of 4096 bytes.
+  // Start and size must be multiples of 4096 bytes.
   void map(Address start, std::size_t size, Access access);
   void write(Address address, std::span<const std::uint8_t> bytes);
   std::vector<std::uint8_t> bytes(Address address, std::size_t count);
@@ -54,13 +54,13 @@ class Processor {
   }
   std::string text(Address address);
 
-  // Zero-filled, on a multiple of 16, never given back.
+  // Allocates zero-filled memory at a multiple of 16. The memory is never freed.
   Address allocate(std::size_t size);
   Address allocateText(const std::string& text);
 
-  // The address at which emulated code finds the function.
+  // Returns the address at which emulated code can call the function.
   Address addHostFunction(const std::string& name, HostFunction function);
-  // What faults call the code from that address on.
+  // Sets the name that faults report for code from that address on.
   void nameFunction(Address start, const std::string& name) { names[start] = name; }
 
   std::uint64_t x(int index);
@@ -68,7 +68,7 @@ class Processor {
   double d(int index);
   void setD(int index, double value);
 
-  // Calls emulated code and gives what it left in x0; the other registers may be asked.
+  // Calls emulated code and returns the value of x0. Other registers can be read afterwards.
   std::uint64_t call(Address function, std::initializer_list<std::uint64_t> integers = {},
                      std::initializer_list<double> numbers = {});
 

@@ -10,7 +10,7 @@ namespace {
 
 enum class Kind { Nothing, Integer, Object, Number, FourNumbers };
 
-// The next type of an encoding. Every struct that is recorded is of four numbers.
+// Reads the next type of an encoding. Every struct in a recorded method consists of four floating-point numbers.
 Kind takeType(const std::string& encoding, std::size_t& at) {
   const char code = encoding.at(at++);
   switch (code) {

@@ -1,4 +1,4 @@
-// Methods of stand-ins that only keep what they are given, and give it back: properties, and calls to look at later.
+// Methods of emulated classes that only store their arguments: properties, and calls that a test inspects later.
 #pragma once
 
 #include <string>
@@ -7,19 +7,19 @@
 
 namespace device {
 
-// By the selector's form: "setX:" keeps its argument as the property x, a message without arguments gives the property
-// of its name ("isX" that of x) or a zero, any other keeps its arguments under the whole selector. Objects are held.
-// The encoding says which registers count.
+// The selector determines the behavior. "setX:" stores its argument as the property x. A selector without arguments
+// returns the property of its name ("isX" returns x), or zero if it is not set. Any other selector stores its arguments
+// under the whole selector. Objects are retained. The encoding determines in which registers the arguments are.
 void addRecordedMethod(ObjectiveC& runtime, const std::string& className, const std::string& selector,
                        const std::string& encoding);
 
-// Both methods of a property of that type.
+// Adds the getter and the setter of a property.
 void addProperty(ObjectiveC& runtime, const std::string& className, const std::string& name, const std::string& type);
 
-// A getter of an object that is made at the first call and kept.
+// Adds a getter that creates its object at the first call and then always returns it.
 void addPart(ObjectiveC& runtime, const std::string& className, const std::string& name, const std::string& partClass);
 
-// What is kept; zero where nothing is.
+// Returns a stored value, zero if there is none.
 std::uint64_t kept(ObjectiveC& runtime, Address object, const std::string& property);
 double keptNumber(ObjectiveC& runtime, Address object, const std::string& property, std::size_t index = 0);
 void keep(ObjectiveC& runtime, Address object, const std::string& property, std::vector<std::uint64_t> values);

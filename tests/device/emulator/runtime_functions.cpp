@@ -18,7 +18,7 @@ void sendMessage(HostCall& call, ObjectiveC& runtime) {
   for (int index = 0; index < 4; ++index) call.processor.setD(index, 0);
 }
 
-// Where the class has the method from above it gets one of its own.
+// A class that inherits the method gets its own one, so that its superclass is not changed.
 void hookMessage(HostCall& call, ObjectiveC& runtime, std::vector<ChangedMethod>& changes) {
   Processor& processor = call.processor;
   ClassRecord& type = runtime.classAt(processor.x(0));

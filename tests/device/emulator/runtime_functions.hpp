@@ -1,4 +1,5 @@
-// The C functions of the Objective-C runtime and of the code-injection loader, and what was changed through them.
+// The C functions of the Objective-C runtime and of the code-injection loader, and a record of the methods that they
+// changed.
 #pragma once
 
 #include <string>
@@ -9,16 +10,16 @@
 
 namespace device {
 
-// One method replaced in, or added to, a class.
+// A method that was replaced in a class or added to it.
 struct ChangedMethod {
   std::string className;
   std::string selector;
   std::string kind;      // "hook" or "add"
-  std::string encoding;  // empty for hooks: nobody tells
+  std::string encoding;  // empty for hooks, which do not give an encoding
   bool isClassMethod;
 };
 
-// In the order of the calls. The list must live as long as the imports.
+// Appends to `changes` in the order of the calls. The list must outlive the imports.
 void supplyRuntimeFunctions(Imports& imports, ObjectiveC& runtime, std::vector<ChangedMethod>& changes);
 
 }  // namespace device

@@ -10,7 +10,7 @@ std::string& valueOf(const Message& message) {
   return std::any_cast<std::string&>(message.runtime.object(message.self).value);
 }
 
-// Runs of digits compare by their value.
+// Digit sequences compare by numeric value.
 int compareNumerically(const std::string& first, const std::string& second) {
   const auto isDigit = [](const std::string& text, std::size_t at) {
     return at < text.size() && std::isdigit(static_cast<unsigned char>(text[at])) != 0;

@@ -47,7 +47,7 @@ void defineDevice(ObjectiveC& runtime, Platform& platform) {
   });
 }
 
-// Its value is the path that it was read from.
+// An image's value is the path of its file.
 void defineImages(ObjectiveC& runtime) {
   runtime.define("UIImage");
   runtime.addMethod("UIImage", "initWithData:", "@@:@", [](const Message& message) {

@@ -1,4 +1,4 @@
-// Views, labels, buttons and fields: what they are given is kept, what they hold is a tree.
+// Views, labels, buttons and text fields. They store their properties and form a tree of subviews.
 #include <bit>
 
 #include "tests/device/emulator/c_library.hpp"
@@ -137,7 +137,7 @@ void defineViews(ObjectiveC& runtime, Platform& platform) {
                     [](const Message& message) { message.answer(message.self); });
   runtime.addMethod("UIView", "didMoveToSuperview", "v@:", [](const Message&) {});
   runtime.addMethod("UIView", "addSubview:", "v@:@", addSubview);
-  // Animations are over at once.
+  // Animations finish immediately.
   runtime.addClassMethod("UIView", "animateWithDuration:animations:", "v@:d@?",
                          [](const Message& message) { callBlock(message.processor, message.argument(0)); });
   runtime.addClassMethod("UIView", "animateWithDuration:animations:completion:", "v@:d@?@?",
@@ -152,7 +152,7 @@ void defineViews(ObjectiveC& runtime, Platform& platform) {
   for (const Recorded& each : recorded) addRecordedMethod(runtime, each.className, each.selector, each.encoding);
   addPart(runtime, "UIView", "layer", "CALayer");
   addPart(runtime, "UIButton", "titleLabel", "UILabel");
-  // A label has a font before it is given one.
+  // A label has a default font.
   runtime.addMethod("UILabel", "font", "@@:", [](const Message& message) {
     const Address own = kept(message.runtime, message.self, "font");
     const Address fontClass = message.runtime.find("UIFont")->address;

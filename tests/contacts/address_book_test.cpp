@@ -1,4 +1,4 @@
-// The address book as the platform's classes show it, from files as programs of all ages write them.
+// The address book as the platform's classes return it, read from vCard files of all versions.
 #include <sys/stat.h>
 
 #include <fstream>
@@ -52,7 +52,7 @@ class AddressBook : public RuntimeTest {
  protected:
   static void SetUpTestSuite() { contacts::registerClasses(); }
 
-  static fs::path ownFile() { return testRoot() / "var/mobile/Library/AddressBook/Contacts.vcf"; }
+  static fs::path defaultFile() { return testRoot() / "var/mobile/Library/AddressBook/Contacts.vcf"; }
 
   static void write(const fs::path& file, const std::string& text) {
     fs::create_directories(file.parent_path());
@@ -68,16 +68,16 @@ class AddressBook : public RuntimeTest {
     return all;
   }
 
-  // The one entry of an address book of this card.
+  // Writes an address book with one card of these lines, and returns its entry.
   static Entry entry(const std::string& lines) {
-    write(ownFile(), "BEGIN:VCARD\r\n" + lines + "END:VCARD\r\n");
+    write(defaultFile(), "BEGIN:VCARD\r\n" + lines + "END:VCARD\r\n");
     const std::vector<Entry> all = entries();
     EXPECT_EQ(all.size(), 1u);
     return all.empty() ? Entry() : all.front();
   }
 };
 
-TEST_F(AddressBook, OfANewRootIsEmpty) { EXPECT_TRUE(entries().empty()); }
+TEST_F(AddressBook, IsEmptyInANewRoot) { EXPECT_TRUE(entries().empty()); }
 
 TEST_F(AddressBook, ReadsVersionThree) {
   const Entry anna = entry(
@@ -102,7 +102,7 @@ TEST_F(AddressBook, ReadsVersionTwo) {
 
 TEST_F(AddressBook, ReadsOtherCharacterSets) {
   EXPECT_EQ(entry("VERSION:2.1\r\nN;CHARSET=ISO-8859-1;QUOTED-PRINTABLE:M=FCller;J=F6rg\r\n").givenName, "J\xc3\xb6rg");
-  // What it says is not so: something readable comes of it all the same.
+  // The text is not in the declared character set. Invalid bytes become replacement characters.
   EXPECT_EQ(entry("VERSION:3.0\r\nN:x;J\xf6rg\r\n").givenName, "J\xef\xbf\xbdrg");
 }
 
@@ -119,8 +119,8 @@ TEST_F(AddressBook, ReadsEscapedText) {
   EXPECT_EQ(entry("VERSION:3.0\r\nN:a;Anna\\, Lena\\;\r\n").givenName, "Anna, Lena;");
 }
 
-TEST_F(AddressBook, LabelsValues) {
-  write(ownFile(),
+TEST_F(AddressBook, LabelsPhoneNumbersByType) {
+  write(defaultFile(),
         "BEGIN:VCARD\nVERSION:3.0\nTEL;TYPE=HOME:1\nTEL;TYPE=WORK,VOICE:2\nTEL;TYPE=CELL:3\nTEL:4\nEND:VCARD\n");
   std::vector<std::string> labels;
   objc::make<CNContactStore>()->enumerateContacts(
@@ -132,7 +132,7 @@ TEST_F(AddressBook, LabelsValues) {
   EXPECT_EQ(labels, (std::vector<std::string>{"_$!<Home>!$_", "_$!<Work>!$_", "_$!<Mobile>!$_", ""}));
 }
 
-TEST_F(AddressBook, GivesCardsWithoutIdentifierOneThatStays) {
+TEST_F(AddressBook, DerivesAStableIdentifierForCardsWithoutOne) {
   const std::string first = entry("VERSION:3.0\r\nN:a;Anna\r\n").identifier;
   const std::string other = entry("VERSION:3.0\r\nN:a;Bella\r\n").identifier;
   EXPECT_EQ(entry("VERSION:3.0\r\nN:a;Anna\r\n").identifier, first);
@@ -140,14 +140,16 @@ TEST_F(AddressBook, GivesCardsWithoutIdentifierOneThatStays) {
   EXPECT_EQ(first.size(), 36u);
 }
 
-TEST_F(AddressBook, WithoutNameHasAnEmptyOne) { EXPECT_EQ(entry("VERSION:3.0\r\nORG:Office\r\n").givenName, ""); }
+TEST_F(AddressBook, GivesCardsWithoutNameAnEmptyName) {
+  EXPECT_EQ(entry("VERSION:3.0\r\nORG:Office\r\n").givenName, "");
+}
 
-TEST_F(AddressBook, HasNoPictureThatIsOnlyOnTheWeb) {
+TEST_F(AddressBook, IgnoresPicturesGivenByAddress) {
   EXPECT_EQ(entry("VERSION:3.0\r\nPHOTO;VALUE=uri:https://example.org/a.jpg\r\n").image, std::nullopt);
   EXPECT_EQ(entry("VERSION:4.0\r\nPHOTO:https://example.org/a.jpg\r\n").image, std::nullopt);
 }
 
-TEST_F(AddressBook, SurvivesBrokenPictures) {
+TEST_F(AddressBook, KeepsCardsWithInvalidPictures) {
   for (const char* photo : {"PHOTO;ENCODING=b:%%%%", "PHOTO;ENCODING=b:", "PHOTO:", "PHOTO;ENCODING=unheard-of:x",
                             "PHOTO:data:image/png;base64", "PHOTO:data:;base64,\x01\x02"}) {
     const Entry anna = entry(std::string("VERSION:3.0\r\nN:a;Anna\r\n") + photo + "\r\nEMAIL:a@example.org\r\n");
@@ -156,15 +158,15 @@ TEST_F(AddressBook, SurvivesBrokenPictures) {
   }
 }
 
-TEST_F(AddressBook, SurvivesBrokenCards) {
+TEST_F(AddressBook, ReadsTheCardsAfterInvalidOnes) {
   using namespace std::string_literals;
-  write(ownFile(),
+  write(defaultFile(),
         "BEGIN:VCARD\nN;;=;:;;;\n:::\n;\nEMAIL\nTEL;TYPE:\n\0\nEND:VCARD\nBEGIN:VCARD\nEND:VCARD\n"
         "BEGIN:VCARD\nNOTE:\0\0\nN:a;Anna\nEND:VCARD\n"s);
   EXPECT_EQ(entries().back().givenName, "Anna");
 }
 
-// Under the address sanitizer, where memory costs a hundred times as much, the first of them.
+// The address sanitizer multiplies the cost of memory, so a build with it reads fewer cards.
 #if defined(__has_feature)
 #define HAS_ADDRESS_SANITIZER __has_feature(address_sanitizer)
 #else
@@ -172,31 +174,31 @@ TEST_F(AddressBook, SurvivesBrokenCards) {
 #endif
 constexpr int cardCount = HAS_ADDRESS_SANITIZER ? 1000 : 50'000;
 
-TEST_F(AddressBook, ReadsFiftyThousandCards) {
-  constexpr int broken = 500;
+TEST_F(AddressBook, ReadsManyCards) {
+  constexpr int invalidCard = 500;
   std::string cards;
   for (int index = 0; index < cardCount; ++index) {
     const std::string number = std::to_string(index);
     cards.append("BEGIN:VCARD\nVERSION:3.0\nUID:").append(number).append("\nN:Family;Given").append(number);
     cards.append("\nEMAIL:").append(number).append("@example.org\nTEL:").append(number);
-    cards.append(index == broken ? "\nPHOTO;ENCODING=b:%%%" : "").append("\nEND:VCARD\n");
+    cards.append(index == invalidCard ? "\nPHOTO;ENCODING=b:%%%" : "").append("\nEND:VCARD\n");
   }
-  write(ownFile(), cards);
+  write(defaultFile(), cards);
   const std::vector<Entry> all = entries();
   ASSERT_EQ(all.size(), static_cast<std::size_t>(cardCount));
-  EXPECT_EQ(all[broken].givenName, "Given500");
+  EXPECT_EQ(all[invalidCard].givenName, "Given500");
   EXPECT_EQ(all.back().givenName, "Given" + std::to_string(cardCount - 1));
 }
 
-TEST_F(AddressBook, IsReadAgainWhenItsFileChanges) {
+TEST_F(AddressBook, IsReloadedWhenItsFileChanges) {
   EXPECT_EQ(entry("N:a;Anna\r\n").givenName, "Anna");
   EXPECT_EQ(entry("N:b;Bella\r\n").givenName, "Bella");
-  fs::remove(ownFile());
+  fs::remove(defaultFile());
   EXPECT_TRUE(entries().empty());
 }
 
-TEST_F(AddressBook, StopsWhenItIsTold) {
-  write(ownFile(), "BEGIN:VCARD\nN:a;1\nEND:VCARD\nBEGIN:VCARD\nN:a;2\nEND:VCARD\nBEGIN:VCARD\nN:a;3\nEND:VCARD\n");
+TEST_F(AddressBook, StopsEnumeratingOnRequest) {
+  write(defaultFile(), "BEGIN:VCARD\nN:a;1\nEND:VCARD\nBEGIN:VCARD\nN:a;2\nEND:VCARD\nBEGIN:VCARD\nN:a;3\nEND:VCARD\n");
   int visited = 0;
   EXPECT_TRUE(objc::make<CNContactStore>()->enumerateContacts(
       CNContactFetchRequest::withKeysToFetch(allKeys()),
@@ -204,8 +206,8 @@ TEST_F(AddressBook, StopsWhenItIsTold) {
   EXPECT_EQ(visited, 2);
 }
 
-TEST_F(AddressBook, RaisesForWhatWasNotFetched) {
-  write(ownFile(), "BEGIN:VCARD\nUID:1\nN:a;Anna\nEND:VCARD\n");
+TEST_F(AddressBook, RaisesForPropertiesThatWereNotFetched) {
+  write(defaultFile(), "BEGIN:VCARD\nUID:1\nN:a;Anna\nEND:VCARD\n");
   auto* const keys = NSMutableArray::array();
   keys->addObject(CNContactGivenNameKey);
   objc::Ref<CNContact> contact;
@@ -218,8 +220,8 @@ TEST_F(AddressBook, RaisesForWhatWasNotFetched) {
   EXPECT_ANY_THROW(contact->emailAddresses());
 }
 
-TEST_F(AddressBook, ThatCannotBeReadIsAnError) {
-  fs::create_directories(ownFile());
+TEST_F(AddressBook, ReturnsAnErrorIfItsFileCannotBeRead) {
+  fs::create_directories(defaultFile());
   id error = nullptr;
   int visited = 0;
   EXPECT_FALSE((objc::send<bool, "enumerateContactsWithFetchRequest:error:usingBlock:">(
@@ -241,21 +243,21 @@ TEST_F(AddressBook, HasOneContainer) {
   EXPECT_EQ(count(nullptr), 0u);
 }
 
-TEST_F(AddressBook, CanBeAnotherFile) {
+TEST_F(AddressBook, CanUseAnotherFile) {
   EXPECT_EQ(entry("N:a;Anna\r\n").givenName, "Anna");
   write(testRoot() / "other.vcf", "BEGIN:VCARD\nN:b;Bella\nEND:VCARD\n");
   EXPECT_EQ(contacts::useAddressBook(testRoot() / "other.vcf"), std::nullopt);
   EXPECT_EQ(entries().front().givenName, "Bella");
 }
 
-TEST_F(AddressBook, StaysWhenTheOtherFileIsNone) {
+TEST_F(AddressBook, IsKeptIfTheOtherFileIsInvalid) {
   EXPECT_EQ(entry("N:a;Anna\r\n").givenName, "Anna");
   write(testRoot() / "text", "no card");
   ASSERT_EQ(mkfifo((testRoot() / "pipe").c_str(), 0600), 0);
   for (const char* name : {"missing", "text", "pipe", "."}) {
-    const auto failure = contacts::useAddressBook(testRoot() / name);
-    ASSERT_TRUE(failure) << name;
-    EXPECT_NE(failure->find(name), std::string::npos) << *failure;
+    const auto error = contacts::useAddressBook(testRoot() / name);
+    ASSERT_TRUE(error) << name;
+    EXPECT_NE(error->find(name), std::string::npos) << *error;
     EXPECT_EQ(entries().front().givenName, "Anna") << name;
   }
 }

@@ -1,4 +1,4 @@
-// The notification list: what is in it, and what takes it away.
+// The notification list: its order, and clearing and withdrawing its notifications.
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/services/bulletin_server.hpp"
@@ -20,7 +20,7 @@ std::vector<std::string> messages(PlainPhone& phone) {
 
 using Messages = std::vector<std::string>;
 
-TEST(NotificationList, HoldsWhatWasPresented) {
+TEST(NotificationList, ContainsPresentedNotifications) {
   PlainPhone phone({.time = 1584178860});
   phone.present({{"identifier", "one"}, {"thread", "chat"}, {"title", "Anna"}, {"message", "Lunch?"}});
   EXPECT_EQ(listed(phone), Json::array({{{"section", "com.apple.MobileSMS"},
@@ -32,7 +32,7 @@ TEST(NotificationList, HoldsWhatWasPresented) {
                                          {"date", "2020-03-14T09:41:00.000Z"}}}));
 }
 
-TEST(NotificationList, KeepsWhatWasDismissed) {
+TEST(NotificationList, KeepsDismissedNotifications) {
   PlainPhone phone;
   const int controller = phone.present();
   phone.run("dismiss", {{"controller", controller}});
@@ -41,7 +41,7 @@ TEST(NotificationList, KeepsWhatWasDismissed) {
   EXPECT_EQ(listed(phone).size(), 1U);
 }
 
-TEST(NotificationList, LosesWhatWasOpened) {
+TEST(NotificationList, RemovesOpenedNotifications) {
   PlainPhone phone;
   phone.present({{"message", "stays"}});
   const int controller = phone.present({{"message", "opened"}});
@@ -50,7 +50,7 @@ TEST(NotificationList, LosesWhatWasOpened) {
   EXPECT_EQ(messages(phone), Messages{"stays"});
 }
 
-TEST(NotificationList, HasTheLatestFirst) {
+TEST(NotificationList, IsSortedLatestFirst) {
   PlainPhone phone;
   phone.present({{"message", "noon"}, {"at", "2020-03-14T12:00:00Z"}});
   phone.present({{"message", "night"}, {"at", "2020-03-14T23:00:00Z"}});
@@ -59,7 +59,7 @@ TEST(NotificationList, HasTheLatestFirst) {
   EXPECT_EQ(messages(phone), (Messages{"night", "noon again", "noon", "morning"}));
 }
 
-TEST(NotificationList, SameIdentifierReplacesAndComesToTheTop) {
+TEST(NotificationList, SameIdentifierReplacesAndMovesToTheTop) {
   PlainPhone phone;
   phone.present({{"identifier", "score"}, {"message", "1:0"}});
   phone.wait(1);
@@ -69,21 +69,21 @@ TEST(NotificationList, SameIdentifierReplacesAndComesToTheTop) {
   EXPECT_EQ(messages(phone), (Messages{"2:0", "other"}));
 }
 
-TEST(NotificationList, IdentifiersBelongToTheirSections) {
+TEST(NotificationList, SameIdentifierInAnotherSectionIsANewNotification) {
   PlainPhone phone;
   phone.present({{"section", "a.b"}, {"identifier", "1"}});
   phone.present({{"section", "a.c"}, {"identifier", "1"}});
   EXPECT_EQ(listed(phone).size(), 2U);
 }
 
-TEST(NotificationList, AFollowUpChangesTheTextOfItsRequest) {
+TEST(NotificationList, FollowUpChangesTheTextOfItsRequest) {
   PlainPhone phone;
   const int controller = phone.present({{"message", "One"}});
   phone.run("update", {{"controller", controller}, {"message", "Two"}});
   EXPECT_EQ(messages(phone), Messages{"Two"});
 }
 
-TEST(NotificationList, HoldsHundredsAndTheLatestThousand) {
+TEST(NotificationList, KeepsTheLatestThousandNotifications) {
   PlainPhone phone;
   for (int number = 0; number < 300; ++number) phone.present({{"message", std::to_string(number)}});
   EXPECT_EQ(listed(phone).size(), 300U);
@@ -112,20 +112,20 @@ class Clearing : public testing::Test {
   springboard::NotificationGroup requests;
 };
 
-TEST_F(Clearing, TakesTheRequestAlone) {
+TEST_F(Clearing, RemovesOnlyTheGivenRequest) {
   present("first");
   NCNotificationRequest* cleared = present("second");
   clear(cleared);
   EXPECT_EQ(messages(phone), Messages{"first"});
 }
 
-TEST_F(Clearing, SendsTheBannerAway) {
+TEST_F(Clearing, DismissesTheBanner) {
   clear(present("first"));
   phone.wait(1);
   EXPECT_TRUE(phone.isDismissed(1));
 }
 
-TEST_F(Clearing, TwiceIsClearingOnce) {
+TEST_F(Clearing, TwiceHasNoFurtherEffect) {
   present("first");
   NCNotificationRequest* cleared = present("second");
   clear(cleared);
@@ -140,23 +140,23 @@ TEST_F(Clearing, IsNotUndoneByAFollowUp) {
   EXPECT_EQ(messages(phone), Messages{});
 }
 
-TEST_F(Clearing, WhatIsNotListedChangesNothing) {
+TEST_F(Clearing, UnlistedRequestHasNoEffect) {
   present("first");
   springboard::NotificationDescription description;
   description.section = "com.apple.MobileSMS";
-  const auto stranger = springboard::makeRequest(description, nullptr);
-  clear(stranger);
+  const auto unlisted = springboard::makeRequest(description, nullptr);
+  clear(unlisted);
   EXPECT_EQ(messages(phone), Messages{"first"});
 }
 
-TEST_F(Clearing, SilencingLeavesTheRequest) {
+TEST_F(Clearing, SilencingKeepsTheRequest) {
   phone.present({{"message", "first"}, {"silence", true}});
   NCNotificationRequest* request = dispatcher()->list().all().front();
   dispatcher()->execute(request->silenceAction(), request, NSDictionary::dictionary());
   EXPECT_EQ(messages(phone), Messages{"first"});
 }
 
-TEST_F(Clearing, WithoutAnActionOrARequestNothingHappens) {
+TEST_F(Clearing, IgnoresNilActionsAndRequests) {
   NCNotificationRequest* request = present("first");
   dispatcher()->execute(nullptr, request, NSDictionary::dictionary());
   dispatcher()->execute(request->clearAction(), nullptr, NSDictionary::dictionary());
@@ -165,7 +165,7 @@ TEST_F(Clearing, WithoutAnActionOrARequestNothingHappens) {
   EXPECT_EQ(messages(phone), Messages{"first"});
 }
 
-TEST(Withdrawal, TakesTheSectionsOrTheIdentifiersOrAll) {
+TEST(Withdrawal, RemovesBySectionByIdentifierOrAll) {
   PlainPhone phone;
   for (const char* section : {"a.b", "a.c"})
     for (const char* identifier : {"1", "2", "3"}) phone.present({{"section", section}, {"identifier", identifier}});
@@ -178,7 +178,7 @@ TEST(Withdrawal, TakesTheSectionsOrTheIdentifiersOrAll) {
   EXPECT_EQ(listed(phone), Json::array());
 }
 
-TEST(Withdrawal, SendsTheBannerAway) {
+TEST(Withdrawal, DismissesTheBanner) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", false}});
   phone.run("withdraw");
@@ -186,7 +186,7 @@ TEST(Withdrawal, SendsTheBannerAway) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST(Withdrawal, ByTheBulletinServerTakesItsBulletin) {
+TEST(Withdrawal, ByTheBulletinServerRemovesItsBulletin) {
   PlainPhone phone;
   const objc::AutoreleasePool pool;
   const auto server = objc::adopt(objc::send<BBServer*, "initWithQueue:">(objc::allocate<BBServer>(), __BBServerQueue));

@@ -1,3 +1,4 @@
+// The platform's classes without the library: methods and their encodings, icons, sounds and bulletins.
 #include "objc/autorelease_pool.hpp"
 #include "platform/ui_device.hpp"
 #include "platform/ui_image.hpp"
@@ -19,7 +20,8 @@ struct Method {
   const char* encoding;
 };
 
-// What the platform is known to call or answer; those without an encoding are inherited from Foundation.
+// Methods that the library calls or replaces. A null encoding means that the method is inherited from Foundation and
+// its encoding is not checked.
 constexpr Method methods[] = {
     {"NCNotificationViewControllerView", "didMoveToSuperview", "v@:"},
     {"NCNotificationViewControllerView", "contentView", "@@:"},
@@ -57,20 +59,20 @@ constexpr Method methods[] = {
     {"BBServer", "publishBulletin:destinations:", "v@:@Q"},
 };
 
-TEST(Platform, HasTheMethodsThatAreCalledOrReplaced) {
+TEST(Platform, HasTheMethodsThatTheLibraryCallsOrReplaces) {
   const PlainPhone phone;
-  for (const Method& wanted : methods) {
-    Class owner = reinterpret_cast<Class>(objc_getClass(wanted.className));
-    ASSERT_NE(owner, nullptr) << wanted.className;
-    const auto found = class_getInstanceMethod(owner, sel_registerName(wanted.selector));
-    ASSERT_NE(found, nullptr) << wanted.className << " " << wanted.selector;
-    if (wanted.encoding != nullptr) {
-      EXPECT_STREQ(method_getTypeEncoding(found), wanted.encoding) << wanted.selector;
+  for (const Method& expected : methods) {
+    Class owner = reinterpret_cast<Class>(objc_getClass(expected.className));
+    ASSERT_NE(owner, nullptr) << expected.className;
+    const auto found = class_getInstanceMethod(owner, sel_registerName(expected.selector));
+    ASSERT_NE(found, nullptr) << expected.className << " " << expected.selector;
+    if (expected.encoding != nullptr) {
+      EXPECT_STREQ(method_getTypeEncoding(found), expected.encoding) << expected.selector;
     }
   }
 }
 
-TEST(Platform, BelowTwelveTheNotificationViewHasItsEarlierNameOnly) {
+TEST(Platform, NotificationViewHasOnlyItsOldNameBelowSystemVersionTwelve) {
   const PlainPhone phone({.systemVersion = "11.4"});
   EXPECT_NE(objc_getClass("_NCNotificationViewControllerView"), nullptr);
   EXPECT_EQ(objc_getClass("NCNotificationViewControllerView"), nullptr);
@@ -78,21 +80,21 @@ TEST(Platform, BelowTwelveTheNotificationViewHasItsEarlierNameOnly) {
 
 NSString* digestOf(UIImage* image) { return UIImageJPEGRepresentation(image, 100)->md5(); }
 
-TEST(Platform, PlaceholderIsKnownByItsDigest) {
+TEST(Platform, PlaceholderIconHasTheExpectedDigest) {
   const PlainPhone phone;
   const objc::AutoreleasePool pool;
   for (const int format : {8, 2, 0})
     EXPECT_STREQ(digestOf(UIImage::applicationIcon("no.such.application"_ns, format))->UTF8String(), placeholderDigest);
 }
 
-TEST(Platform, OtherPicturesHaveTheirOwnDigests) {
+TEST(Platform, OtherDataHasOtherDigests) {
   const PlainPhone phone;
   const objc::AutoreleasePool pool;
   EXPECT_STRNE(digestOf(UIImage::applicationIcon("com.apple.MobileSMS"_ns, 2))->UTF8String(), placeholderDigest);
   EXPECT_STREQ(NSData::dataWithBytes("abc", 3)->md5()->UTF8String(), "900150983cd24fb0d6963f7d28e17f72");
 }
 
-TEST(Platform, AnIconOfTheScriptBecomesTheApplications) {
+TEST(Platform, PresentSetsTheApplicationsIcon) {
   PlainPhone phone;
   const objc::AutoreleasePool pool;
   const auto picture = phone.folder() / "icon.png";
@@ -101,7 +103,7 @@ TEST(Platform, AnIconOfTheScriptBecomesTheApplications) {
   EXPECT_STRNE(digestOf(UIImage::applicationIcon("org.example.app"_ns, 8))->UTF8String(), placeholderDigest);
 }
 
-TEST(Platform, SoundsAndHapticsAreRecorded) {
+TEST(Platform, SoundsAndHapticsAreLogged) {
   PlainPhone phone;
   AudioServicesPlaySystemSound(1520);
   AudioServicesPlayAlertSound(4095);
@@ -129,7 +131,7 @@ void publish(const objc::Ref<BBBulletin>& bulletin, NSUInteger destinations) {
   foundation::drainMainQueue();
 }
 
-TEST(Platform, APublishedBulletinIsRecordedAndComesAsABanner) {
+TEST(Platform, PublishedBulletinIsLoggedAndPresentedAsABanner) {
   PlainPhone phone;
   const objc::AutoreleasePool pool;
   publish(makeBulletin(), 15);
@@ -142,7 +144,7 @@ TEST(Platform, APublishedBulletinIsRecordedAndComesAsABanner) {
   EXPECT_FALSE(PlainPhone::find(phone.run("tree", {{"controller", 1}}).at("windows"), "text", "Anna").is_null());
 }
 
-TEST(Platform, ABulletinForOtherPlacesShowsNoBanner) {
+TEST(Platform, BulletinForOtherDestinationsPresentsNoBanner) {
   PlainPhone phone;
   const objc::AutoreleasePool pool;
   publish(makeBulletin(), 1);
@@ -150,7 +152,7 @@ TEST(Platform, ABulletinForOtherPlacesShowsNoBanner) {
   EXPECT_FALSE(answer.at("ok").get<bool>());
 }
 
-TEST(Platform, TheSettingsPanesRequestArrivesAndIsNotRecorded) {
+TEST(Platform, TestBannerRequestIsNotLogged) {
   PlainPhone phone;
   phone.run("testbanner");
   EXPECT_EQ(phone.log(), Json::array());

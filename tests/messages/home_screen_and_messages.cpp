@@ -1,4 +1,4 @@
-#include "tests/messages/two_processes.hpp"
+#include "tests/messages/home_screen_and_messages.hpp"
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -20,14 +20,14 @@ namespace test {
 
 namespace {
 
-constexpr const char* fenceChat = "iMessage;-;fence@example.org";
+constexpr const char* markerChat = "iMessage;-;marker@example.org";
 
 }  // namespace
 
 bool eventually(const std::function<bool()>& condition) {
-  const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(90);
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(90);
   while (!condition()) {
-    if (std::chrono::steady_clock::now() > limit) return false;
+    if (std::chrono::steady_clock::now() > deadline) return false;
     foundation::letNewsIn(0.005);
   }
   return true;
@@ -41,18 +41,18 @@ bool isRunning(pid_t process) {
   return static_cast<bool>(status >> number >> name >> state) && state != "Z";
 }
 
-bool hearsRequests(const std::filesystem::path& root) {
-  const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(1);
-  return springboard::MessagesConnection(messages::messagesFolder(root)).isReady(limit);
+bool isReadyForRequests(const std::filesystem::path& root) {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+  return springboard::MessagesConnection(messages::messagesFolder(root)).isReady(deadline);
 }
 
-TwoProcesses::TwoProcesses(Setup setup) : phone(std::move(setup)) { receive(annasChat, "Lunch?"); }
+HomeScreenAndMessages::HomeScreenAndMessages(Setup setup) : phone(std::move(setup)) { receive(annasChat, "Lunch?"); }
 
-void TwoProcesses::receive(const std::string& guid, const std::string& text) {
+void HomeScreenAndMessages::receive(const std::string& guid, const std::string& text) {
   messages::ChatStore(phone.root()).addTo(guid, "", {messages::Direction::Received, text, 0, 0, false});
 }
 
-int TwoProcesses::presentOpen(const std::string& thread) {
+int HomeScreenAndMessages::presentExpanded(const std::string& thread) {
   const int controller = phone.present({{"title", "Anna"}, {"message", "Lunch?"}, {"thread", thread}});
   phone.wait(1);
   phone.run({{"do", "drag"}, {"by", {0, 200}}});
@@ -60,66 +60,68 @@ int TwoProcesses::presentOpen(const std::string& thread) {
   return controller;
 }
 
-int TwoProcesses::reply(const std::string& text, const std::string& thread) {
-  const int controller = presentOpen(thread);
+int HomeScreenAndMessages::reply(const std::string& text, const std::string& thread) {
+  const int controller = presentExpanded(thread);
   phone.run({{"do", "type"}, {"text", text}});
   phone.run({{"do", "key"}, {"name", "return"}});
   return controller;
 }
 
-bool TwoProcesses::launch() {
+bool HomeScreenAndMessages::launch() {
   return UIApplication::sharedApplication()->launchApplication("com.apple.MobileSMS"_ns, true);
 }
 
-pid_t TwoProcesses::app() const {
+pid_t HomeScreenAndMessages::appProcess() const {
   std::ifstream file(messages::messagesFolder(phone.root()) / "messages.lock");
   pid_t process = 0;
   file >> process;
   return process > 0 && isRunning(process) ? process : 0;
 }
 
-void TwoProcesses::killApp() const {
-  const pid_t process = app();
+void HomeScreenAndMessages::killApp() const {
+  const pid_t process = appProcess();
   ASSERT_GT(process, 0);
   kill(process, SIGKILL);
   EXPECT_TRUE(eventually([process] { return !isRunning(process); }));
 }
 
-void TwoProcesses::post(const char* name, const Json& userInfo) {
+void HomeScreenAndMessages::post(const char* name, const Json& userInfo) {
   const objc::AutoreleasePool pool;
   auto* dictionary = userInfo.is_null() ? nullptr : static_cast<NSDictionary*>(base::objectOf(userInfo));
   NSDistributedNotificationCenter::defaultCenter()->post(base::stringOf(name), dictionary);
 }
 
-bool TwoProcesses::waitFor(const char* event, std::size_t count) {
+bool HomeScreenAndMessages::waitForEvents(const char* event, std::size_t count) {
   return eventually([=] { return base::countOfEvents(event) >= count; });
 }
 
-bool TwoProcesses::fence() {
-  const std::string text = "fence " + std::to_string(++fences);
-  receive(fenceChat, text);
-  postReply({{"identifier", "fence@example.org"}, {"body", text}, {"brimIdentifier", text}});
+bool HomeScreenAndMessages::waitForPostedRequests() {
+  const std::string text = "marker " + std::to_string(++markers_);
+  receive(markerChat, text);
+  postReply({{"identifier", "marker@example.org"}, {"body", text}, {"brimIdentifier", text}});
   return eventually([&] {
-    const std::vector<std::string> texts = sent(fenceChat);
+    const std::vector<std::string> texts = sent(markerChat);
     return !texts.empty() && texts.back() == text;
   });
 }
 
-std::vector<std::string> TwoProcesses::sent(const std::string& guid) const {
+std::vector<std::string> HomeScreenAndMessages::sent(const std::string& guid) const {
   std::vector<std::string> texts;
   for (const messages::Message& message : messagesOf(guid))
     if (message.direction == messages::Direction::Sent) texts.push_back(message.text);
   return texts;
 }
 
-std::vector<messages::Message> TwoProcesses::messagesOf(const std::string& guid) const {
+std::vector<messages::Message> HomeScreenAndMessages::messagesOf(const std::string& guid) const {
   const messages::ChatStore store(phone.root());
   for (const messages::Chat& chat : store.chats())
     if (chat.guid == guid) return store.messagesOf(chat);
   return {};
 }
 
-std::filesystem::path TwoProcesses::storePath() const { return messages::messagesFolder(phone.root()) / "messages.db"; }
+std::filesystem::path HomeScreenAndMessages::storePath() const {
+  return messages::messagesFolder(phone.root()) / "messages.db";
+}
 
 std::vector<Json> eventsNamed(const Json& events, const std::string& name) {
   std::vector<Json> found;

@@ -1,3 +1,4 @@
+// The springboard program as a child process: its exit status, its output and the root that it creates.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -24,18 +25,18 @@ std::string contentsOf(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-class Process : public testing::Test {
+class SpringboardProgram : public testing::Test {
  protected:
-  // The program with these arguments, in a root of its own.
+  // Runs the program with these arguments on a new root. `script` is its standard input and the file "script".
   Outcome run(const std::string& arguments, const std::string& script = "") { return runIn("root", arguments, script); }
 
-  // The root's name goes by the environment: the shell leaves it as it is.
+  // The shell gets the root's name through the environment, because it would interpret special characters in a command.
   Outcome runIn(const std::string& root, const std::string& arguments, const std::string& script) {
     std::ofstream(folder.path() / "script") << script;
     setenv("ROOT", root.c_str(), 1);
-    const std::string inFolder = "cd " + folder.path().string() + " && ";
+    const std::string changeFolder = "cd " + folder.path().string() + " && ";
     const int status =
-        std::system((inFolder + SPRINGBOARD + " --root \"$ROOT\" <script >out 2>err " + arguments).c_str());
+        std::system((changeFolder + SPRINGBOARD + " --root \"$ROOT\" <script >out 2>err " + arguments).c_str());
     return {WEXITSTATUS(status), contentsOf(folder.path() / "out"), contentsOf(folder.path() / "err")};
   }
 
@@ -49,7 +50,7 @@ class Process : public testing::Test {
   test::TemporaryFolder folder;
 };
 
-TEST_F(Process, AnswersEachLineAndNothingElse) {
+TEST_F(SpringboardProgram, WritesOneAnswerPerCommandAndNothingElse) {
   const Outcome outcome = run("--without-brim --script -", R"(
 # comment
    
@@ -61,7 +62,7 @@ TEST_F(Process, AnswersEachLineAndNothingElse) {
   EXPECT_EQ(lines[0], Json({{"ok", true}, {"controller", 1}}));
 }
 
-TEST_F(Process, GoesOnAfterAFailureAndTellsOfItInTheEnd) {
+TEST_F(SpringboardProgram, ContinuesAfterAFailedCommandAndExitsWithOne) {
   const Outcome outcome = run("--without-brim --script script", "nonsense\r\n{\"do\":\"log\"}\r\n\xff\n");
   EXPECT_EQ(outcome.status, 1);
   const std::vector<Json> lines = answers(outcome.output);
@@ -71,25 +72,25 @@ TEST_F(Process, GoesOnAfterAFailureAndTellsOfItInTheEnd) {
   EXPECT_FALSE(lines[2].at("ok").get<bool>());
 }
 
-// What a phone that has asked nobody anything must not have brought along.
-TEST_F(Process, MapsNoLibraryOfThePartsThatItDoesNotUse) {
-  const test::TemporaryFolder home;
+// A phone that has not used contacts or the network must not load the libraries for them.
+TEST_F(SpringboardProgram, DoesNotLoadLibrariesOfUnusedFeatures) {
+  const test::TemporaryFolder temporaryFolder;
   const std::string script = R"({"do":"present","section":"com.apple.mobilemail"})"
                              "\n"
                              R"({"do":"wait","seconds":1})"
                              "\n";
-  std::ofstream(home.path() / "script") << script;
-  const std::string command = "LD_DEBUG=files " SPRINGBOARD " --root " + (home.path() / "root").string() +
-                              " --script " + (home.path() / "script").string() + " >/dev/null 2>" +
-                              (home.path() / "files").string();
+  std::ofstream(temporaryFolder.path() / "script") << script;
+  const std::string command = "LD_DEBUG=files " SPRINGBOARD " --root " + (temporaryFolder.path() / "root").string() +
+                              " --script " + (temporaryFolder.path() / "script").string() + " >/dev/null 2>" +
+                              (temporaryFolder.path() / "files").string();
   ASSERT_EQ(std::system(command.c_str()), 0);
-  const std::string files = contentsOf(home.path() / "files");
+  const std::string files = contentsOf(temporaryFolder.path() / "files");
   ASSERT_NE(files.find("Brim.dylib"), std::string::npos);
   for (const char* library : {"libcurl.so", "libebook-contacts", "libmicrohttpd"})
     EXPECT_EQ(files.find(library), std::string::npos) << library;
 }
 
-TEST_F(Process, MakesItsRootWithDefaults) {
+TEST_F(SpringboardProgram, CreatesItsRootWithDefaults) {
   ASSERT_EQ(run("--without-brim --script -").status, 0);
   const auto libraries = folder.path() / "root/Library/MobileSubstrate/DynamicLibraries";
   EXPECT_NE(contentsOf(libraries / "Brim.plist").find("com.apple.springboard"), std::string::npos);
@@ -97,7 +98,7 @@ TEST_F(Process, MakesItsRootWithDefaults) {
   EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "root/var/mobile/Containers/Shared/AppGroup"));
 }
 
-TEST_F(Process, KeepsWhatItsRootHolds) {
+TEST_F(SpringboardProgram, KeepsExistingFilesOfItsRoot) {
   const auto filter = folder.path() / "root/Library/MobileSubstrate/DynamicLibraries/Brim.plist";
   std::filesystem::create_directories(filter.parent_path());
   std::ofstream(filter) << "{ Filter = { Bundles = (); }; }";
@@ -107,7 +108,7 @@ TEST_F(Process, KeepsWhatItsRootHolds) {
   EXPECT_EQ(answers(outcome.output).front().at("rows"), Json::array());
 }
 
-TEST_F(Process, HasAnAssetBundleOfItsOwnWhoseEndpointsMayBeEdited) {
+TEST_F(SpringboardProgram, CopiesTheAssetBundleButKeepsEditedEndpoints) {
   const auto bundle = folder.path() / "root/Library/Application Support/Brim/Assets.bundle";
   std::filesystem::create_directories(bundle);
   std::ofstream(bundle / "endpoints.plist") << "{}";
@@ -120,7 +121,7 @@ TEST_F(Process, HasAnAssetBundleOfItsOwnWhoseEndpointsMayBeEdited) {
   EXPECT_FALSE(std::filesystem::is_symlink(bundle / "endpoints.plist"));
 }
 
-TEST_F(Process, ALinkedAssetBundleGivesWayToOneOfItsOwn) {
+TEST_F(SpringboardProgram, ReplacesALinkedAssetBundleWithACopy) {
   const auto bundle = folder.path() / "root/Library/Application Support/Brim/Assets.bundle";
   const auto elsewhere = folder.path() / "elsewhere";
   std::filesystem::create_directories(bundle.parent_path());
@@ -132,7 +133,7 @@ TEST_F(Process, ALinkedAssetBundleGivesWayToOneOfItsOwn) {
   EXPECT_TRUE(std::filesystem::is_empty(elsewhere));
 }
 
-TEST_F(Process, ItsRootMayHaveAnyName) {
+TEST_F(SpringboardProgram, AcceptsAnyNameForItsRoot) {
   for (const std::string name :
        {"My Phone", "tab\there", "back\\slash", "a=b", "# one", "x \"y\" 'z'", "\u65e5\u672c \U0001F600", "end "}) {
     const std::string script = R"({"do":"set","key":"timeToDismiss","value":7}
@@ -145,7 +146,7 @@ TEST_F(Process, ItsRootMayHaveAnyName) {
   }
 }
 
-TEST_F(Process, AnswersThatCannotBeWrittenEndItWithOne) {
+TEST_F(SpringboardProgram, ExitsWithOneIfItsOutputCannotBeWritten) {
   const Outcome outcome = run("--without-brim --script - >/dev/full", R"({"do":"log"}
 {"do":"screenshot","path":"picture.png"})");
   EXPECT_EQ(outcome.status, 1);
@@ -153,40 +154,40 @@ TEST_F(Process, AnswersThatCannotBeWrittenEndItWithOne) {
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "picture.png"));
 }
 
-TEST_F(Process, HelpSucceeds) {
+TEST_F(SpringboardProgram, HelpExitsWithZero) {
   const Outcome outcome = run("--help");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_NE(outcome.output.find("--without-brim"), std::string::npos);
   EXPECT_NE(outcome.output.find("screenshot path [scale] [crop]"), std::string::npos);
 }
 
-TEST_F(Process, AWrongOptionEndsItWithTwo) {
+TEST_F(SpringboardProgram, ExitsWithTwoOnAnInvalidOption) {
   const Outcome outcome = run("--device iphone-5");
   EXPECT_EQ(outcome.status, 2);
   EXPECT_TRUE(outcome.output.empty());
   EXPECT_NE(outcome.errors.find("iphone-se"), std::string::npos);
 }
 
-TEST_F(Process, WithoutAScriptItSaysWhatToGive) {
+TEST_F(SpringboardProgram, NamesTheMissingScriptOption) {
   const Outcome outcome = run("--without-brim");
   EXPECT_EQ(outcome.status, 2);
   EXPECT_NE(outcome.errors.find("--script"), std::string::npos);
 }
 
-TEST_F(Process, AScriptThatCannotBeReadEndsItWithTwo) {
+TEST_F(SpringboardProgram, ExitsWithTwoIfTheScriptCannotBeRead) {
   EXPECT_EQ(run("--without-brim --script nowhere").status, 2);
   EXPECT_EQ(run("--without-brim --script .").status, 2);
   EXPECT_EQ(run("--without-brim --script " + std::string(5000, 'x')).status, 2);
 }
 
-TEST_F(Process, ARootThatCannotBeMadeEndsItWithTwo) {
+TEST_F(SpringboardProgram, ExitsWithTwoIfTheRootCannotBeCreated) {
   std::ofstream(folder.path() / "root") << "a file";
   const Outcome outcome = run("--without-brim --script -");
   EXPECT_EQ(outcome.status, 2);
   EXPECT_NE(outcome.errors.find("root"), std::string::npos);
 }
 
-TEST_F(Process, DemonstrationWritesPicturesAndPrintsTheirPaths) {
+TEST_F(SpringboardProgram, DemonstrationWritesPicturesAndPrintsTheirPaths) {
   const Outcome outcome = run("--without-brim --demonstration pictures");
   EXPECT_EQ(outcome.status, 0) << outcome.errors;
   std::istringstream stream(outcome.output);

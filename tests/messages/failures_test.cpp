@@ -1,4 +1,4 @@
-// What can go wrong between a banner and the store: processes that end, a store that cannot be written.
+// Failures between a banner and the store: killed and stopped processes, and a store that cannot be opened or written.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sqlite3.h>
@@ -10,8 +10,8 @@
 
 #include "tests/messages/captured_errors.hpp"
 #include "tests/messages/child_process.hpp"
-#include "tests/messages/disk.hpp"
-#include "tests/messages/two_processes.hpp"
+#include "tests/messages/home_screen_and_messages.hpp"
+#include "tests/messages/mounted_disk.hpp"
 
 namespace {
 
@@ -20,61 +20,61 @@ using test::annasAddress;
 using test::annasChat;
 using test::CapturedErrors;
 using test::ChildProcess;
-using test::Disk;
-using test::TwoProcesses;
+using test::HomeScreenAndMessages;
+using test::MountedDisk;
 
 using Texts = std::vector<std::string>;
 
-void postReply(const TwoProcesses& both, const std::string& text) {
+void postReply(const HomeScreenAndMessages& both, const std::string& text) {
   both.postReply({{"identifier", annasAddress}, {"body", text}, {"brimIdentifier", text}});
 }
 
-bool isSound(const fs::path& store) {
+bool isIntact(const fs::path& store) {
   sqlite3* database = nullptr;
   sqlite3_open(store.c_str(), &database);
-  std::string answer;
+  std::string result;
   sqlite3_exec(
       database, "PRAGMA integrity_check",
       [](void* text, int, char** columns, char**) {
         *static_cast<std::string*>(text) = columns[0];
         return 0;
       },
-      &answer, nullptr);
+      &result, nullptr);
   sqlite3_close(database);
-  return answer == "ok";
+  return result == "ok";
 }
 
-TEST(MessagesKilled, BeforeAReplyIsLaunchedAgain) {
-  TwoProcesses both;
+TEST(MessagesKilled, BeforeAReplyIsRelaunched) {
+  HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   both.killApp();
   both.reply("At one!");
-  ASSERT_TRUE(both.waitFor("message", 1));
+  ASSERT_TRUE(both.waitForEvents("message", 1));
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }
 
-TEST(MessagesKilled, WithARequestUnreadLosesThatAlone) {
-  TwoProcesses both;
+TEST(MessagesKilled, WithAnUnhandledRequestLosesOnlyThatRequest) {
+  HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
-  kill(both.app(), SIGSTOP);
+  kill(both.appProcess(), SIGSTOP);
   postReply(both, "lost");
   both.killApp();
   both.reply("At one!");
-  ASSERT_TRUE(both.waitFor("message", 1));
+  ASSERT_TRUE(both.waitForEvents("message", 1));
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }
 
-TEST(MessagesKilled, AmongManyRequestsLeavesASoundStoreWithTheFirstOfThem) {
-  TwoProcesses both;
+TEST(MessagesKilled, DuringManyRequestsLeavesAnIntactStoreWithTheFirstOfThem) {
+  HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   Texts all;
   for (int number = 0; number < 200; ++number) {
     all.push_back("message " + std::to_string(number));
     postReply(both, all.back());
   }
-  ASSERT_TRUE(both.waitFor("message", 5));
+  ASSERT_TRUE(both.waitForEvents("message", 5));
   both.killApp();
-  EXPECT_TRUE(isSound(both.storePath()));
+  EXPECT_TRUE(isIntact(both.storePath()));
   const Texts stored = both.sent();
   ASSERT_GE(stored.size(), 5U);
   ASSERT_LE(stored.size(), all.size());
@@ -83,53 +83,54 @@ TEST(MessagesKilled, AmongManyRequestsLeavesASoundStoreWithTheFirstOfThem) {
   EXPECT_TRUE(test::eventually([&] { return both.sent().back() == "after"; }));
 }
 
-TEST(MessagesKilled, AfterAReplyHasItInTheStore) {
-  TwoProcesses both;
+TEST(MessagesKilled, AfterAReplyLeavesTheReplyInTheStore) {
+  HomeScreenAndMessages both;
   both.reply("At one!");
-  ASSERT_TRUE(both.waitFor("message", 1));
+  ASSERT_TRUE(both.waitForEvents("message", 1));
   both.killApp();
   EXPECT_EQ(both.sent(), Texts{"At one!"});
   both.phone.wait(2);
   both.reply("Or two?");
-  ASSERT_TRUE(both.waitFor("message", 2));
+  ASSERT_TRUE(both.waitForEvents("message", 2));
   EXPECT_EQ(both.sent(), (Texts{"At one!", "Or two?"}));
 }
 
-// A request that is posted to a stopped process waits for it; the home screen does not.
-TEST(MessagesStopped, HearsWhatWasPostedMeanwhileWhenItGoesOn) {
+// A request posted to a stopped process is delivered when the process continues. The home screen does not wait for it.
+TEST(MessagesStopped, ReceivesPendingRequestsWhenItContinues) {
   const CapturedErrors errors;
-  TwoProcesses both;
+  HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
-  const pid_t app = both.app();
+  const pid_t app = both.appProcess();
   kill(app, SIGSTOP);
   const int controller = both.reply("At one!");
   both.phone.wait(2);
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
   EXPECT_EQ(errors.text(), "");
   kill(app, SIGCONT);
-  ASSERT_TRUE(both.waitFor("message", 1));
+  ASSERT_TRUE(both.waitForEvents("message", 1));
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }
 
-TEST(MessagesStopped, BeforeItHasAnsweredDoesNotStopTheHomeScreen) {
+TEST(MessagesStopped, BeforeItAnswersDoesNotBlockTheHomeScreen) {
   const CapturedErrors errors;
-  TwoProcesses both;
+  HomeScreenAndMessages both;
   ChildProcess app({MESSAGES, "--root", both.phone.root()});
-  ASSERT_TRUE(test::eventually([&] { return test::hearsRequests(both.phone.root()); }));
+  ASSERT_TRUE(test::eventually([&] { return test::isReadyForRequests(both.phone.root()); }));
   kill(app.process(), SIGSTOP);
   const int controller = both.reply("At one!");
   both.phone.wait(2);
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
-  EXPECT_TRUE(errors.contain("not ready")) << errors.text();
+  EXPECT_TRUE(errors.contains("not ready")) << errors.text();
   kill(app.process(), SIGCONT);
-  // It may hear the request before it has met the home screen, which then is not told.
+  // The app can receive the request before the home screen connects to it. It then reports no event, so the test reads
+  // the store instead.
   EXPECT_TRUE(test::eventually([&] { return both.sent() == Texts{"At one!"}; }));
 }
 
-TEST(NotificationDaemonKilled, BetweenRepliesIsReplaced) {
-  TwoProcesses both;
+TEST(NotificationDaemonKilled, BetweenRepliesIsRestarted) {
+  HomeScreenAndMessages both;
   both.reply("One");
-  ASSERT_TRUE(both.waitFor("message", 1));
+  ASSERT_TRUE(both.waitForEvents("message", 1));
   std::ifstream file(fs::path(std::getenv("TEMP")) / "NSMessagePort/names/R0ROQ1NlcnZlcg==");
   std::string port;
   pid_t daemon = 0;
@@ -139,63 +140,63 @@ TEST(NotificationDaemonKilled, BetweenRepliesIsReplaced) {
   ASSERT_TRUE(test::eventually([daemon] { return !test::isRunning(daemon); }));
   both.phone.wait(2);
   both.reply("Two");
-  ASSERT_TRUE(both.waitFor("message", 2));
+  ASSERT_TRUE(both.waitForEvents("message", 2));
   EXPECT_EQ(both.sent(), (Texts{"One", "Two"}));
 }
 
-class Lock {
+class ExclusiveLock {
  public:
-  explicit Lock(const fs::path& store) {
-    sqlite3_open(store.c_str(), &database);
-    EXPECT_EQ(sqlite3_exec(database, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+  explicit ExclusiveLock(const fs::path& store) {
+    sqlite3_open(store.c_str(), &database_);
+    EXPECT_EQ(sqlite3_exec(database_, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
   }
-  ~Lock() { sqlite3_close(database); }
+  ~ExclusiveLock() { sqlite3_close(database_); }
 
  private:
-  sqlite3* database = nullptr;
+  sqlite3* database_ = nullptr;
 };
 
-TEST(MessagesStore, HeldByAnotherProcessForLongDropsTheReplyAndSaysSo) {
+TEST(MessagesStore, LockedForLongByAnotherProcessLogsAnErrorAndDropsTheReply) {
   const CapturedErrors errors;
-  TwoProcesses both;
+  HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   {
-    const Lock lock(both.storePath());
+    const ExclusiveLock lock(both.storePath());
     postReply(both, "lost");
-    EXPECT_TRUE(test::eventually([&] { return errors.contain("another process holds it"); })) << errors.text();
+    EXPECT_TRUE(test::eventually([&] { return errors.contains("another process holds it"); })) << errors.text();
   }
-  ASSERT_TRUE(both.fence());
+  ASSERT_TRUE(both.waitForPostedRequests());
   EXPECT_TRUE(both.sent().empty());
 }
 
-TEST(MessagesStore, ThatIsFullDropsTheReplyAndSaysSo) {
+TEST(MessagesStore, OnAFullDiskLogsAnErrorAndDropsTheReply) {
   const CapturedErrors errors;
-  TwoProcesses both;
-  Disk disk(messages::messagesFolder(both.phone.root()));
-  if (!disk.isMounted()) GTEST_SKIP() << "this machine lets nobody mount a disk";
+  HomeScreenAndMessages both;
+  MountedDisk disk(messages::messagesFolder(both.phone.root()));
+  if (!disk.isMounted()) GTEST_SKIP() << "mounting a disk is not permitted here";
   both.receive(annasChat, "Lunch?");
   ASSERT_TRUE(both.launch());
   disk.fill();
   postReply(both, "lost");
-  EXPECT_TRUE(test::eventually([&] { return errors.contain("the disk is full"); })) << errors.text();
-  disk.makeRoom();
-  ASSERT_TRUE(both.fence());
+  EXPECT_TRUE(test::eventually([&] { return errors.contains("the disk is full"); })) << errors.text();
+  disk.removeFillerFile();
+  ASSERT_TRUE(both.waitForPostedRequests());
   EXPECT_TRUE(both.sent().empty());
-  EXPECT_TRUE(isSound(both.storePath()));
+  EXPECT_TRUE(isIntact(both.storePath()));
 }
 
-TEST(MessagesStore, OnAReadOnlyDiskKeepsTheAppFromStarting) {
+TEST(MessagesStore, OnAReadOnlyDiskPreventsTheAppFromStarting) {
   const CapturedErrors errors;
-  TwoProcesses both;
-  Disk disk(messages::messagesFolder(both.phone.root()));
-  if (!disk.isMounted()) GTEST_SKIP() << "this machine lets nobody mount a disk";
+  HomeScreenAndMessages both;
+  MountedDisk disk(messages::messagesFolder(both.phone.root()));
+  if (!disk.isMounted()) GTEST_SKIP() << "mounting a disk is not permitted here";
   both.receive(annasChat, "Lunch?");
   disk.makeReadOnly();
   const int controller = both.reply("lost");
   both.phone.wait(2);
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
-  EXPECT_TRUE(errors.contain("Read-only")) << errors.text();
-  EXPECT_EQ(both.app(), 0);
+  EXPECT_TRUE(errors.contains("Read-only")) << errors.text();
+  EXPECT_EQ(both.appProcess(), 0);
 }
 
 void damage(const fs::path& file) {
@@ -204,43 +205,44 @@ void damage(const fs::path& file) {
   stream.write(garbage.data(), static_cast<std::streamsize>(garbage.size()));
 }
 
-TEST(MessagesStore, ThatIsDamagedKeepsTheAppFromStartingUntilItIsMovedAway) {
+TEST(MessagesStore, ThatIsDamagedPreventsTheAppFromStartingUntilItIsRemoved) {
   const CapturedErrors errors;
-  TwoProcesses both;
+  HomeScreenAndMessages both;
   damage(both.storePath());
   const int controller = both.reply("lost");
   both.phone.wait(2);
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
-  EXPECT_TRUE(errors.contain("it is damaged: move it away")) << errors.text();
-  EXPECT_EQ(errors.text().find("damaged"), errors.text().rfind("damaged")) << "it is started once: " << errors.text();
+  EXPECT_TRUE(errors.contains("it is damaged: move it away")) << errors.text();
+  EXPECT_EQ(errors.text().find("damaged"), errors.text().rfind("damaged"))
+      << "the app must be started only once: " << errors.text();
   fs::remove(both.storePath());
   both.receive(annasChat, "Lunch?");
   both.reply("At one!");
-  ASSERT_TRUE(both.waitFor("message", 1));
+  ASSERT_TRUE(both.waitForEvents("message", 1));
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }
 
-TEST(MessagesStore, DamagedWhileTheAppRunsIsToldAndLeavesTheAppGoing) {
+TEST(MessagesStore, DamagedWhileTheAppRunsLogsAnErrorAndKeepsTheAppRunning) {
   const CapturedErrors errors;
-  TwoProcesses both;
+  HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
-  const pid_t app = both.app();
+  const pid_t app = both.appProcess();
   damage(both.storePath());
   postReply(both, "lost");
-  EXPECT_TRUE(test::eventually([&] { return errors.contain("messages: "); }));
+  EXPECT_TRUE(test::eventually([&] { return errors.contains("messages: "); }));
   EXPECT_TRUE(both.launch());
-  EXPECT_EQ(both.app(), app);
+  EXPECT_EQ(both.appProcess(), app);
 }
 
-TEST(MessagesStore, OfALaterVersionIsLeftAlone) {
+TEST(MessagesStore, OfALaterVersionIsNotOpened) {
   const CapturedErrors errors;
-  TwoProcesses both;
+  HomeScreenAndMessages both;
   sqlite3* database = nullptr;
   sqlite3_open(both.storePath().c_str(), &database);
   sqlite3_exec(database, "PRAGMA user_version = 99", nullptr, nullptr, nullptr);
   sqlite3_close(database);
   EXPECT_FALSE(both.launch());
-  EXPECT_TRUE(errors.contain("has version 99; this program knows 1")) << errors.text();
+  EXPECT_TRUE(errors.contains("has version 99; this program knows 1")) << errors.text();
 }
 
 }  // namespace

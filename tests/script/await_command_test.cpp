@@ -1,4 +1,4 @@
-// The command "await": what ends a wait, and what does not.
+// The await command: which events end a wait and which do not.
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_url_connection.hpp"
 #include "simulator/base/event_log.hpp"
@@ -12,7 +12,7 @@ namespace {
 using test::Json;
 using test::PlainPhone;
 
-TEST(Await, IsMetByAnEventThatNoAwaitHasAnsweredFor) {
+TEST(Await, EndsAtAnEarlierEventThatNoAwaitHasConsumed) {
   PlainPhone phone;
   base::recordEvent("photo", Json::object());
   phone.run("await", {{"for", "photo"}, {"seconds", 0}});
@@ -20,7 +20,7 @@ TEST(Await, IsMetByAnEventThatNoAwaitHasAnsweredFor) {
   EXPECT_FALSE(again.at("ok").get<bool>());
 }
 
-TEST(Await, IsMetByEachOfTheEventsThatCameTogether) {
+TEST(Await, ConsumesOneEventAtATime) {
   PlainPhone phone;
   for (int count = 0; count < 2; ++count) base::recordEvent("message", Json::object());
   for (int count = 0; count < 2; ++count) phone.run("await", {{"for", "message"}, {"seconds", 0}});
@@ -28,7 +28,7 @@ TEST(Await, IsMetByEachOfTheEventsThatCameTogether) {
   EXPECT_FALSE(third.at("ok").get<bool>());
 }
 
-TEST(Await, ForPhotosStartsAnewWithEachNotification) {
+TEST(Await, ForPhotosIgnoresEventsBeforeTheLatestNotification) {
   PlainPhone phone;
   base::recordEvent("photo", Json::object());
   phone.present();
@@ -36,29 +36,28 @@ TEST(Await, ForPhotosStartsAnewWithEachNotification) {
   EXPECT_FALSE(answer.at("ok").get<bool>());
 }
 
-TEST(Await, LetsOtherThreadsIn) {
+TEST(Await, RunsBlocksFromOtherThreads) {
   PlainPhone phone;
   foundation::onMainThread([] { base::recordEvent("http", Json::object()); });
   phone.run("await", {{"for", "http"}});
 }
 
-TEST(Await, IdleEndsWhenAllIsQuiet) {
+TEST(Await, IdleEndsIfNothingIsPending) {
   PlainPhone phone;
   phone.run("await", {{"for", "idle"}, {"seconds", 5}});
 }
 
-// Asks a server on the phone's behalf.
-void ask(const std::string& address) {
+void sendRequest(const std::string& address) {
   NSURL* const url = NSURL::withString(base::stringOf(address));
   NSURLConnection::sendAsynchronousRequest(NSURLRequest::withURL(url), NSOperationQueue::mainQueue(), nullptr);
 }
 
-TEST(Await, IdleWaitsForServers) {
+TEST(Await, IdleWaitsForPendingRequests) {
   PlainPhone phone;
   const objc::AutoreleasePool pool;
   test::LoopbackServer server;
   server.answer("/slow", {.body = "x", .timing = test::Timing::WhenReleased});
-  ask(server.address("/slow"));
+  sendRequest(server.address("/slow"));
   const Json early = phone.answer({{"do", "await"}, {"for", "idle"}, {"seconds", 0.5}});
   EXPECT_FALSE(early.at("ok").get<bool>());
   server.release();
@@ -66,15 +65,15 @@ TEST(Await, IdleWaitsForServers) {
   EXPECT_EQ(phone.log(), Json::array({{{"event", "http"}, {"url", server.address("/slow")}, {"status", 200}}}));
 }
 
-TEST(Await, HttpIsMetByAnAnswerAndByNone) {
+TEST(Await, HttpEndsAtAResponseAndAtAnError) {
   PlainPhone phone;
   const objc::AutoreleasePool pool;
   test::LoopbackServer server;
   server.answer("/", {.status = 503});
-  ask(server.address("/"));
+  sendRequest(server.address("/"));
   phone.run("await", {{"for", "http"}});
   EXPECT_EQ(phone.log().at(0).at("status"), 503);
-  ask("http://" + std::string(70, 'a') + "/");
+  sendRequest("http://" + std::string(70, 'a') + "/");
   phone.run("await", {{"for", "http"}});
   EXPECT_EQ(phone.log().at(0).at("error"), -1003);
   EXPECT_FALSE(phone.answer({{"do", "await"}, {"for", "http"}, {"seconds", 0}}).at("ok").get<bool>());

@@ -1,4 +1,4 @@
-// A phone whose notifications are opened into their long looks, and what is seen of them.
+// Test fixture with a phone that does not load the library. It opens long looks and inspects their views.
 #pragma once
 
 #include <string>
@@ -13,6 +13,7 @@ class LongLook : public testing::Test {
  protected:
   explicit LongLook(runner::Options options = {}) : phone(std::move(options)) {}
 
+  // Presents a notification and opens its long look. Returns its controller's number.
   int open(const Json& fields = Json::object()) {
     const int controller = phone.present(fields);
     phone.wait(1);
@@ -30,19 +31,22 @@ class LongLook : public testing::Test {
 
   Json windows() { return phone.run("tree").at("windows"); }
   Json view(const char* className) { return PlainPhone::find(windows(), "class", className); }
+  // The view of the long look, null if none is open.
   Json card() { return view("NCNotificationLongLookView"); }
   bool isOpen() { return !card().is_null(); }
-  bool reads(const Json& view, const std::string& text) {
+  bool hasText(const Json& view, const std::string& text) {
     return !PlainPhone::find(Json::array({view}), "text", text).is_null();
   }
-  std::vector<std::string> actions() {
+  // Returns the identifiers of the actions executed since the last call, and clears the log.
+  std::vector<std::string> executedActions() {
     std::vector<std::string> found;
     const Json events = phone.log();
     for (const Json& event : events)
       if (event.at("event") == "action") found.push_back(event.at("identifier"));
     return found;
   }
-  std::size_t listed() { return phone.run("notifications").at("notifications").size(); }
+  // The number of notifications in the list.
+  std::size_t listedCount() { return phone.run("notifications").at("notifications").size(); }
   void tapMiddle(const Json& view) {
     const Json& frame = view.at("frame");
     phone.run(

@@ -1,4 +1,4 @@
-// The finger of "tap" and "drag": where it goes down, and that there is only one.
+// The tap and drag commands: where the touch begins, and how a held touch continues.
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -6,7 +6,7 @@ namespace {
 using test::Json;
 using test::PlainPhone;
 
-TEST(Finger, ADragThatHoldsGoesOnWithTheSameFinger) {
+TEST(TouchCommands, DragContinuesAHeldTouch) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", false}});
   phone.wait(1);
@@ -22,7 +22,7 @@ TEST(Finger, ADragThatHoldsGoesOnWithTheSameFinger) {
   EXPECT_FALSE(phone.isDismissed(controller));
 }
 
-TEST(Finger, ATapWaitsForTheHeldFingerToLetGo) {
+TEST(TouchCommands, TapIsRejectedWhileATouchIsHeld) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", false}});
   phone.wait(1);
@@ -35,22 +35,22 @@ TEST(Finger, ATapWaitsForTheHeldFingerToLetGo) {
   EXPECT_FALSE(phone.isDismissed(controller));
 }
 
-TEST(Finger, AHeldFingersNextDragReadsItsStartAllTheSame) {
+TEST(TouchCommands, DragOfAHeldTouchStillChecksItsStart) {
   PlainPhone phone;
   const int controller = phone.present({{"dismissAutomatically", false}});
   phone.wait(1);
   const Json hold = {{"do", "drag"}, {"by", {0, -1}}, {"end", "hold"}, {"controller", controller}};
   phone.run(hold);
   phone.run(hold);
-  Json wrong = hold;
-  wrong["controller"] = 77;
-  EXPECT_FALSE(phone.answer(wrong).at("ok").get<bool>());
-  wrong.erase("controller");
-  wrong["at"] = {5000, 5};
-  EXPECT_FALSE(phone.answer(wrong).at("ok").get<bool>());
+  Json invalid = hold;
+  invalid["controller"] = 77;
+  EXPECT_FALSE(phone.answer(invalid).at("ok").get<bool>());
+  invalid.erase("controller");
+  invalid["at"] = {5000, 5};
+  EXPECT_FALSE(phone.answer(invalid).at("ok").get<bool>());
 }
 
-TEST(Finger, TapFindsWhatItReads) {
+TEST(TouchCommands, TapFindsAViewByItsText) {
   PlainPhone phone;
   const int controller = phone.present({{"title", "Tap me"}});
   phone.wait(1);

@@ -1,11 +1,10 @@
-// Actions of the long look that take text.
-#include "tests/springboard/long_look.hpp"
+// Actions of the long look with text input.
+#include "tests/springboard/long_look_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-// Of a notification with an action that takes text.
 class TypedAction : public LongLook {
  protected:
   int openReply(const std::string& message = "Hello") {
@@ -20,16 +19,16 @@ class TypedAction : public LongLook {
   bool hasKeyboard() { return !view("UIRemoteKeyboardWindow").is_null(); }
 };
 
-TEST_F(TypedAction, OpensAFieldInPlaceOfTheActions) {
+TEST_F(TypedAction, ReplacesTheActionsWithATextField) {
   openReply();
   EXPECT_TRUE(hasKeyboard());
   EXPECT_TRUE(view("UITextField").at("firstResponder").get<bool>());
   EXPECT_EQ(view("UIInterfaceActionGroupView").at("alpha"), 0);
   EXPECT_EQ(top(view("NCNotificationReplyBar")), bottom(card()) + 8);
-  EXPECT_EQ(actions(), Identifiers{});
+  EXPECT_EQ(executedActions(), Identifiers{});
 }
 
-TEST_F(TypedAction, HandsTheTextToTheAction) {
+TEST_F(TypedAction, ExecutesTheActionWithTheText) {
   const int controller = openReply();
   phone.run("type", {{"text", "At one!"}});
   phone.run("key", {{"name", "return"}});
@@ -40,10 +39,10 @@ TEST_F(TypedAction, HandsTheTextToTheAction) {
   EXPECT_FALSE(isOpen());
   EXPECT_FALSE(hasKeyboard());
   EXPECT_TRUE(phone.isDismissed(controller));
-  EXPECT_EQ(listed(), 0U);
+  EXPECT_EQ(listedCount(), 0U);
 }
 
-TEST_F(TypedAction, WaitsForAText) {
+TEST_F(TypedAction, IsNotExecutedWithoutText) {
   const int controller = openReply();
   phone.run("key", {{"name", "return"}});
   phone.wait(1);
@@ -53,21 +52,21 @@ TEST_F(TypedAction, WaitsForAText) {
   EXPECT_FALSE(phone.isDismissed(controller));
   phone.run("type", {{"text", "Yes"}});
   phone.run("key", {{"name", "return"}});
-  EXPECT_EQ(actions(), Identifiers{"reply"});
+  EXPECT_EQ(executedActions(), Identifiers{"reply"});
 }
 
-TEST_F(TypedAction, AbandonedTakesTheKeyboardAlong) {
+TEST_F(TypedAction, TapOutsideClosesTheKeyboard) {
   openReply();
   phone.run("type", {{"text", "At o"}});
   phone.run("tap", {{"at", {187, 420}}});
   phone.wait(1);
-  EXPECT_EQ(actions(), Identifiers{});
+  EXPECT_EQ(executedActions(), Identifiers{});
   EXPECT_FALSE(isOpen());
   EXPECT_FALSE(hasKeyboard());
   EXPECT_FALSE(phone.answer({{"do", "type"}, {"text", "x"}}).at("ok").get<bool>());
 }
 
-TEST_F(TypedAction, ItsFieldStaysAboveTheKeyboardHoweverLongTheText) {
+TEST_F(TypedAction, KeepsTheFieldAboveTheKeyboardForALongMessage) {
   std::string body;
   for (int line = 0; line < 100; ++line) body += "line\n";
   openReply(body);

@@ -1,7 +1,9 @@
+// Notification requests that the simulator makes from a description.
+#include "simulator/springboard/services/notification_request.hpp"
+
 #include "objc/autorelease_pool.hpp"
 #include "platform/nc_notification_view_controller.hpp"
 #include "simulator/base/foundation_json.hpp"
-#include "simulator/springboard/services/notification_request.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -10,7 +12,7 @@ using springboard::AutomaticDismissal;
 using springboard::NotificationDescription;
 using test::Json;
 
-class Requests : public testing::Test {
+class NotificationRequests : public testing::Test {
  protected:
   static NotificationDescription describe() {
     NotificationDescription description;
@@ -22,23 +24,23 @@ class Requests : public testing::Test {
   objc::AutoreleasePool pool;
 };
 
-TEST_F(Requests, UserInfoIsReachedThroughTheSendersOwnRequest) {
+TEST_F(NotificationRequests, UserInfoIsAccessibleThroughTheUserNotification) {
   NotificationDescription description = describe();
   description.userInfo = {{"chat", {{"id", 7}}}};
   const auto request = springboard::makeRequest(description, nullptr);
   const auto* notification = objc::send<NSObject*, "userNotification">(request.get());
-  const auto* inner = objc::send<NSObject*, "request">(notification);
-  const auto* content = objc::send<NSObject*, "content">(inner);
+  const auto* innerRequest = objc::send<NSObject*, "request">(notification);
+  const auto* content = objc::send<NSObject*, "content">(innerRequest);
   EXPECT_EQ(base::jsonOf(objc::send<NSDictionary*, "userInfo">(content)), description.userInfo);
 }
 
-TEST_F(Requests, ActionsAreThereAsDescribed) {
+TEST_F(NotificationRequests, HaveTheActionsOfTheDescription) {
   NotificationDescription description = describe();
-  const auto usual = springboard::makeRequest(description, nullptr);
-  EXPECT_NE(usual->clearAction(), nullptr);
-  EXPECT_EQ(usual->closeAction(), nullptr);
-  EXPECT_EQ(usual->silenceAction(), nullptr);
-  EXPECT_EQ(usual->supplementaryActions(), nullptr);
+  const auto defaultRequest = springboard::makeRequest(description, nullptr);
+  EXPECT_NE(defaultRequest->clearAction(), nullptr);
+  EXPECT_EQ(defaultRequest->closeAction(), nullptr);
+  EXPECT_EQ(defaultRequest->silenceAction(), nullptr);
+  EXPECT_EQ(defaultRequest->supplementaryActions(), nullptr);
   description.hasClearAction = false;
   description.hasCloseAction = true;
   description.hasSilenceAction = true;
@@ -48,7 +50,7 @@ TEST_F(Requests, ActionsAreThereAsDescribed) {
   EXPECT_NE(other->silenceAction(), nullptr);
 }
 
-TEST_F(Requests, SupplementaryActionsAreGroupedByKeyInOrder) {
+TEST_F(NotificationRequests, SupplementaryActionsAreGroupedByKeyInOrder) {
   NotificationDescription description = describe();
   description.actions = {{"a", "first", std::nullopt}, {"b", "other", std::nullopt}, {"a", std::nullopt, "second"}};
   const auto request = springboard::makeRequest(description, nullptr);
@@ -59,7 +61,7 @@ TEST_F(Requests, SupplementaryActionsAreGroupedByKeyInOrder) {
   EXPECT_EQ(request->supplementaryActions()->count(), 2U);
 }
 
-TEST_F(Requests, OptionsFollowTheAutomaticDismissal) {
+TEST_F(NotificationRequests, OptionsDependOnAutomaticDismissal) {
   NotificationDescription description = describe();
   EXPECT_TRUE(springboard::makeRequest(description, nullptr)->options()->dismissAutomatically());
   description.automaticDismissal = AutomaticDismissal::Forbidden;
@@ -68,14 +70,14 @@ TEST_F(Requests, OptionsFollowTheAutomaticDismissal) {
   EXPECT_EQ(springboard::makeRequest(description, nullptr)->options(), nullptr);
 }
 
-TEST_F(Requests, TextsThatAreNotGivenAreNil) {
+TEST_F(NotificationRequests, MissingTextsAreNil) {
   const auto request = springboard::makeRequest(describe(), nullptr);
   EXPECT_EQ(request->threadIdentifier(), nullptr);
   EXPECT_EQ(objc::state(request.get()).content->title(), nullptr);
   EXPECT_EQ(objc::state(request.get()).content->icons()->count(), 1U);
 }
 
-TEST_F(Requests, AFollowUpChangesOnlyItsTexts) {
+TEST_F(NotificationRequests, FollowUpChangesOnlyTheGivenTexts) {
   NotificationDescription description = describe();
   description.title = "Anna";
   description.message = "One";
@@ -87,18 +89,18 @@ TEST_F(Requests, AFollowUpChangesOnlyItsTexts) {
   EXPECT_EQ(updated->clearAction(), request->clearAction());
 }
 
-TEST_F(Requests, JsonValuesSurviveTheWayThroughFoundation) {
+TEST_F(NotificationRequests, JsonValuesAreUnchangedByConversionToFoundation) {
   const Json value = {{"array", {1, -2, 2.5, "x", true, false, nullptr}},
                       {"big", 18446744073709551615U},
                       {"empty", Json::object()},
                       {"text", std::string("a\0b \U0001F30A", 8)}};
-  Json back = base::jsonOf(base::objectOf(value));
-  // Numbers beyond the signed range read back as their bits.
-  back["big"] = back["big"].get<std::uint64_t>();
-  EXPECT_EQ(back, value);
+  Json converted = base::jsonOf(base::objectOf(value));
+  // Numbers above the signed range are read back as negative numbers with the same bits.
+  converted["big"] = converted["big"].get<std::uint64_t>();
+  EXPECT_EQ(converted, value);
 }
 
-TEST_F(Requests, ContainersNeedARequest) {
+TEST_F(NotificationRequests, ContainersAreNotCreatedWithoutARequest) {
   using Container = NCNotificationContentContainerViewController;
   EXPECT_EQ(Container::withRequest(nullptr), nullptr);
   EXPECT_NE(Container::withRequest(springboard::makeRequest(describe(), nullptr)), nullptr);

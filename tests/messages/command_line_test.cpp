@@ -1,4 +1,4 @@
-// The Messages program's command line: messages that arrive, and what a person reads.
+// The command line of the Messages program: storing and listing messages, and rejecting invalid options.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -8,12 +8,12 @@
 
 #include "simulator/messages/messages_options.hpp"
 #include "tests/messages/captured_errors.hpp"
-#include "tests/messages/two_processes.hpp"
+#include "tests/messages/home_screen_and_messages.hpp"
 
 namespace {
 
+using test::HomeScreenAndMessages;
 using test::Json;
-using test::TwoProcesses;
 
 struct Outcome {
   int status = -1;
@@ -36,22 +36,22 @@ class MessagesProgram : public testing::Test {
   test::TemporaryFolder folder;
 };
 
-TEST_F(MessagesProgram, ListsNothingWhereNothingIs) {
+TEST_F(MessagesProgram, ListsNoConversationsInAMissingRoot) {
   const Outcome outcome = run("--list");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.output, "no conversations\n");
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));
 }
 
-TEST_F(MessagesProgram, LaunchedForAHomeScreenWhoseRootIsGoneMakesNone) {
+TEST_F(MessagesProgram, StartedSuspendedDoesNotCreateAMissingRoot) {
   EXPECT_EQ(run("--suspended </dev/null").status, 2);
-  EXPECT_TRUE(errors.contain("is gone")) << errors.text();
+  EXPECT_TRUE(errors.contains("is gone")) << errors.text();
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));
 }
 
-TEST_F(MessagesProgram, StoresAMessageThatArrivesAndListsIt) {
+TEST_F(MessagesProgram, StoresAndListsAReceivedMessage) {
   EXPECT_EQ(run("--receive +491701234567 'Lunch?' --from 'Anna Weber'").status, 0);
-  EXPECT_TRUE(errors.contain("no home screen runs")) << errors.text();
+  EXPECT_TRUE(errors.contains("no home screen runs")) << errors.text();
   EXPECT_EQ(run("--receive 'iMessage;+;chat42' -- '--list'").status, 0);
   const std::string list = run("--list").output;
   EXPECT_EQ(list.find("chat42 (iMessage;+;chat42)\n  * "), 0U) << list;
@@ -60,13 +60,13 @@ TEST_F(MessagesProgram, StoresAMessageThatArrivesAndListsIt) {
   EXPECT_NE(list.find("Anna Weber: Lunch?\n"), std::string::npos) << list;
 }
 
-TEST_F(MessagesProgram, PrintsAMessageOnOneLineWithoutControls) {
+TEST_F(MessagesProgram, ListsAMessageOnOneLineWithoutControlCharacters) {
   run("--receive a \"$(printf 'one\\ntwo\\033[31m')\"");
   EXPECT_NE(run("--list").output.find("a: one two [31m\n"), std::string::npos);
 }
 
-TEST_F(MessagesProgram, AMessageThatArrivesIsABannerOfTheHomeScreen) {
-  TwoProcesses both;
+TEST_F(MessagesProgram, ReceivedMessageIsPresentedAsABanner) {
+  HomeScreenAndMessages both;
   EXPECT_EQ(run("--receive +491701234567 'Still there?' --from 'Anna Weber'", both.phone.root()).status, 0);
   both.phone.run({{"do", "await"}, {"for", "banner"}, {"seconds", 60}});
   const std::vector<Json> banners = test::eventsNamed(both.phone.log(), "banner");
@@ -77,8 +77,8 @@ TEST_F(MessagesProgram, AMessageThatArrivesIsABannerOfTheHomeScreen) {
   EXPECT_EQ(both.phone.view(1, "bodyLabel").at("text"), "Still there?");
 }
 
-TEST_F(MessagesProgram, AMessageMakesARoundTrip) {
-  TwoProcesses both;
+TEST_F(MessagesProgram, ListsAReceivedMessageAndItsReply) {
+  HomeScreenAndMessages both;
   run("--receive ben@example.org 'Coffee?' --from Ben", both.phone.root());
   both.phone.run({{"do", "await"}, {"for", "banner"}, {"seconds", 60}});
   both.phone.wait(1);
@@ -94,7 +94,7 @@ TEST_F(MessagesProgram, AMessageMakesARoundTrip) {
 }
 
 TEST_F(MessagesProgram, AConversationThatIsReadLeavesTheListOfNotifications) {
-  TwoProcesses both;
+  HomeScreenAndMessages both;
   for (const char* message : {"anna@example.org 'Lunch?' --from Anna", "ben@example.org 'Hello?' --from Ben",
                               "ben@example.org 'Coffee?' --from Ben"}) {
     run(std::string("--receive ") + message, both.phone.root());
@@ -113,31 +113,32 @@ TEST_F(MessagesProgram, AConversationThatIsReadLeavesTheListOfNotifications) {
   EXPECT_EQ(listed[0].at("message"), "Lunch?");
 }
 
-struct Wrong {
+struct InvalidOptions {
   std::vector<const char*> arguments;
-  const char* wanted;
+  const char* expectedError;
 };
 
-void PrintTo(const Wrong& wrong, std::ostream* stream) { *stream << wrong.wanted; }
+void PrintTo(const InvalidOptions& invalid, std::ostream* stream) { *stream << invalid.expectedError; }
 
-class MessagesOptions : public testing::TestWithParam<Wrong> {};
+class MessagesOptions : public testing::TestWithParam<InvalidOptions> {};
 
-TEST_P(MessagesOptions, ThatAreWrongSayWhatWouldBeRight) {
+TEST_P(MessagesOptions, NameTheExpectedInput) {
   const auto parsed = messages::parseMessagesOptions(GetParam().arguments);
   const auto* error = std::get_if<process::OptionError>(&parsed);
   ASSERT_NE(error, nullptr);
-  EXPECT_NE(error->message.find(GetParam().wanted), std::string::npos) << error->message;
+  EXPECT_NE(error->message.find(GetParam().expectedError), std::string::npos) << error->message;
 }
 
-INSTANTIATE_TEST_SUITE_P(Wrong, MessagesOptions,
-                         testing::Values(Wrong{{"--receive", "a"}, "wants the text"}, Wrong{{"--receive"}, "CHAT"},
-                                         Wrong{{"--receive", "", "x"}, "an address"},
-                                         Wrong{{"--receive", "a", "b", "c"}, "unknown option c"},
-                                         Wrong{{"hello"}, "unknown option hello"},
-                                         Wrong{{"--from", "Anna"}, "goes with --receive"},
-                                         Wrong{{"--list", "--receive", "a", "b"}, "without --list"},
-                                         Wrong{{"--receive", "a", "b", "--list"}, "without --receive"},
-                                         Wrong{{"--list=yes"}, "takes no value"},
-                                         Wrong{{"--system", "10"}, "11.0 or later"}));
+INSTANTIATE_TEST_SUITE_P(InvalidOptions, MessagesOptions,
+                         testing::Values(InvalidOptions{{"--receive", "a"}, "wants the text"},
+                                         InvalidOptions{{"--receive"}, "CHAT"},
+                                         InvalidOptions{{"--receive", "", "x"}, "an address"},
+                                         InvalidOptions{{"--receive", "a", "b", "c"}, "unknown option c"},
+                                         InvalidOptions{{"hello"}, "unknown option hello"},
+                                         InvalidOptions{{"--from", "Anna"}, "goes with --receive"},
+                                         InvalidOptions{{"--list", "--receive", "a", "b"}, "without --list"},
+                                         InvalidOptions{{"--receive", "a", "b", "--list"}, "without --receive"},
+                                         InvalidOptions{{"--list=yes"}, "takes no value"},
+                                         InvalidOptions{{"--system", "10"}, "11.0 or later"}));
 
 }  // namespace

@@ -1,0 +1,47 @@
+// How the Messages app answers homeScreen screens that ask whether it is ready.
+#include "simulator/messages/report_service.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+
+#include <string>
+
+#include "tests/messages/home_screen_and_messages.hpp"
+#include "tests/support/temporary_folder.hpp"
+
+namespace {
+
+class MessagesService : public testing::Test {
+ protected:
+  // Sends the request and returns the answer, or an empty text if the service closes the connection.
+  std::string answerTo(const std::string& request) {
+    const std::size_t previousCount = requestCount;
+    const foundation::Descriptor homeScreen = foundation::connectIn(folder.path(), messages::serviceSocket);
+    EXPECT_TRUE(foundation::sendAll(homeScreen, request));
+    EXPECT_TRUE(test::eventually([&] { return requestCount > previousCount; }));
+    char answer[64];
+    const ssize_t size = recv(homeScreen.get(), answer, sizeof answer, MSG_DONTWAIT);
+    return size > 0 ? std::string(answer, static_cast<std::size_t>(size)) : "";
+  }
+
+  test::Phone phone;
+  test::TemporaryFolder folder;
+  std::size_t requestCount = 0;
+  bool canBecomeReady = true;
+  messages::Service service{folder.path(), [this] {
+                              ++requestCount;
+                              return canBecomeReady;
+                            }};
+};
+
+TEST_F(MessagesService, AnswersReadyWhenTheAppIsReady) { EXPECT_EQ(answerTo("\n"), "ready\n"); }
+
+TEST_F(MessagesService, ClosesTheConnectionIfTheAppCannotBecomeReady) {
+  canBecomeReady = false;
+  EXPECT_EQ(answerTo("\n"), "");
+  EXPECT_FALSE(service.isConnected());
+  canBecomeReady = true;
+  EXPECT_EQ(answerTo("\n"), "ready\n");
+}
+
+}  // namespace
