@@ -19,6 +19,8 @@ struct BrimSetting {
 };
 
 extern "C" {
+// Such as "1.0.0". Any thread.
+const char* brim_version();
 // In installation order; a property is its getter and then its setter. The list belongs to the library and does not
 // change once the library is loaded. Main thread.
 const BrimInstalledMethod* brim_installed_methods(std::size_t* count);

@@ -48,5 +48,9 @@ int main(int count, char** arguments) {
     std::cout << host::messagesHelp();
     return 0;
   }
+  if (std::holds_alternative<host::VersionRequest>(parsed)) {
+    std::cout << "messages " BRIM_VERSION "\n";
+    return 0;
+  }
   return obey(std::get<host::MessagesOptions>(parsed));
 }

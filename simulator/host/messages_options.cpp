@@ -64,7 +64,7 @@ const std::vector<Row>& table() {
 
 }  // namespace
 
-std::variant<MessagesOptions, HelpRequest, OptionError> parseMessagesOptions(std::span<const char* const> arguments) {
+CommandLine<MessagesOptions> parseMessagesOptions(std::span<const char* const> arguments) {
   auto parsed = parseCommandLine(table(), arguments, &takeText);
   const auto* options = std::get_if<MessagesOptions>(&parsed);
   if (options == nullptr) return parsed;

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <span>
 #include <string>
-#include <variant>
 
 #include "simulator/foundation/root.hpp"
 #include "simulator/host/command_line.hpp"
@@ -36,7 +35,7 @@ struct MessagesOptions {
 };
 
 // As parseOptions.
-std::variant<MessagesOptions, HelpRequest, OptionError> parseMessagesOptions(std::span<const char* const> arguments);
+CommandLine<MessagesOptions> parseMessagesOptions(std::span<const char* const> arguments);
 
 std::string messagesHelp();
 

@@ -107,7 +107,7 @@ Complaint setSystem(Options& options, const std::string& value) {
   return std::nullopt;
 }
 
-std::variant<Options, HelpRequest, OptionError> parseOptions(std::span<const char* const> arguments) {
+CommandLine<Options> parseOptions(std::span<const char* const> arguments) {
   return parseCommandLine(optionTable(), arguments);
 }
 

@@ -5,7 +5,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <variant>
 
 #include "simulator/host/command_line.hpp"
 
@@ -32,7 +31,7 @@ struct Options {
 };
 
 // The arguments without the program's name. An option may be written "--name value" or "--name=value".
-std::variant<Options, HelpRequest, OptionError> parseOptions(std::span<const char* const> arguments);
+CommandLine<Options> parseOptions(std::span<const char* const> arguments);
 
 // What the values of --root and --system mean to every program of the phone.
 Complaint setRoot(Options& options, const std::string& value);

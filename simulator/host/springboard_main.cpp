@@ -72,5 +72,9 @@ int main(int count, char** arguments) {
     std::cout << host::helpText() << "\n" << host::commandHelp();
     return 0;
   }
+  if (std::holds_alternative<host::VersionRequest>(parsed)) {
+    std::cout << "springboard " BRIM_VERSION "\n";
+    return 0;
+  }
   return start(std::get<host::Options>(parsed));
 }
