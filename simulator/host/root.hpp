@@ -7,7 +7,8 @@
 
 namespace host {
 
-// Where the build put what a phone gets from its packages, beside this library.
+// What a phone gets from its packages: in lib/brim, share/brim and bin of the prefix that this library is in, which is
+// an installation or the build folder.
 struct Installation {
   std::filesystem::path library;        // libBrim.so
   std::filesystem::path assetBundle;    // Assets.bundle
