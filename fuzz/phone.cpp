@@ -13,6 +13,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/session.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_description.hpp"
 #include "tests/photos/application_data.hpp"
 
 namespace fuzz {

@@ -9,6 +9,7 @@
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_description.hpp"
 #include "simulator/springboard/notification_dispatcher.hpp"
 
 namespace host {

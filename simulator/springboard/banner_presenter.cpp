@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "simulator/foundation/main_queue.hpp"

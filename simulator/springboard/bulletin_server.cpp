@@ -1,10 +1,13 @@
 #include "simulator/springboard/bulletin_server.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/property_entry.hpp"
 #include "simulator/foundation/dispatch.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_description.hpp"
 #include "simulator/springboard/notification_dispatcher.hpp"
 
 dispatch_queue_t __BBServerQueue = nullptr;

@@ -16,6 +16,7 @@
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/banner_presenter.hpp"
+#include "simulator/springboard/notification_description.hpp"
 #include "simulator/springboard/notification_dispatcher.hpp"
 
 namespace springboard {

@@ -1,5 +1,7 @@
 #include "simulator/springboard/feedback.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/class_definition.hpp"
 #include "simulator/host/event_log.hpp"
 

@@ -1,5 +1,7 @@
 #include "simulator/springboard/icon_label.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/drawing/text_layout.hpp"
 #include "simulator/springboard/json_objects.hpp"

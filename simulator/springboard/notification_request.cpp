@@ -6,6 +6,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_description.hpp"
 
 namespace springboard {
 

@@ -1,5 +1,7 @@
 #include "simulator/springboard/notification_view_controller.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/host/event_log.hpp"
 #include "simulator/springboard/banner_gestures.hpp"
 #include "simulator/springboard/banner_presenter.hpp"

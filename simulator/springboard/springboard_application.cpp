@@ -1,5 +1,7 @@
 #include "simulator/springboard/springboard_application.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/property_entry.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/host/event_log.hpp"

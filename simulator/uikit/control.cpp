@@ -1,6 +1,7 @@
 #include "simulator/uikit/control.hpp"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "simulator/uikit/classes.hpp"

@@ -1,5 +1,7 @@
 #include "simulator/uikit/describe.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/uikit/holder_name.hpp"
 #include "simulator/uikit/view_categories.hpp"
 #include "simulator/uikit/view_geometry.hpp"

@@ -1,5 +1,7 @@
 #include "simulator/uikit/keyboard_key.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/uikit/classes.hpp"
 #include "simulator/uikit/control.hpp"
 #include "simulator/uikit/describe.hpp"

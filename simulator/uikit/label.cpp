@@ -1,5 +1,7 @@
 #include "simulator/uikit/label.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/uikit/classes.hpp"
 #include "simulator/uikit/color.hpp"
 #include "simulator/uikit/describe.hpp"

@@ -1,6 +1,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/nc_notification_view_controller.hpp"
 #include "simulator/springboard/json_objects.hpp"
+#include "simulator/springboard/notification_description.hpp"
 #include "simulator/springboard/notification_request.hpp"
 #include "tests/support/plain_phone.hpp"
 

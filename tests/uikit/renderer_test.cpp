@@ -1,5 +1,7 @@
 #include "simulator/uikit/renderer.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/class_definition.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/cg_color.hpp"

@@ -1,5 +1,6 @@
 // What servers answer, and what comes of it.
 #include <fstream>
+#include <nlohmann/json.hpp>
 
 #include "tests/url_loading/loading.hpp"
 #include "tests/url_loading/raw_server.hpp"

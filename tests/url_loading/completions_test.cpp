@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <nlohmann/json.hpp>
 
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/host/event_log.hpp"
