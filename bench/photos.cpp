@@ -19,6 +19,7 @@
 #include "platform/ns_property_list_serialization.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/runner/session.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 #include "simulator/springboard/services/notification_request.hpp"
 
 namespace bench {

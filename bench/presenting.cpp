@@ -3,6 +3,7 @@
 #include <stdlib.h>
 
 #include <filesystem>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
 

@@ -1,25 +1,35 @@
-# The Objective-C runtime and Foundation of this machine, as the target `ObjectiveC`.
-execute_process(
-  COMMAND ${CMAKE_C_COMPILER} -print-file-name=include/objc/objc.h
-  OUTPUT_VARIABLE objc_header OUTPUT_STRIP_TRAILING_WHITESPACE)
-file(GLOB objc_candidates /usr/lib/gcc/*/12/include/objc/objc.h)
-list(APPEND objc_candidates ${objc_header})
-foreach(candidate IN LISTS objc_candidates)
-  if(IS_ABSOLUTE ${candidate} AND EXISTS ${candidate})
-    set(objc_header ${candidate})
-    break()
+# The Objective-C runtime and Foundation of the target machine, as the target `ObjectiveC`. GCC's runtime is among the
+# files of one version of GCC: the compiler names them where it uses that version, clang included. Otherwise the newest
+# version that is installed for the target is taken.
+set(gcc_folders /usr/lib/gcc/${CMAKE_LIBRARY_ARCHITECTURE} /usr/lib/gcc-cross/${CMAKE_LIBRARY_ARCHITECTURE})
+function(brim_find_gcc_file variable file)
+  set(target_option "")
+  if(CMAKE_CXX_COMPILER_TARGET)
+    set(target_option --target=${CMAKE_CXX_COMPILER_TARGET})
   endif()
-endforeach()
-if(NOT EXISTS ${objc_header})
-  message(FATAL_ERROR "The Objective-C runtime's headers are missing: install libobjc-12-dev.")
-endif()
-cmake_path(GET objc_header PARENT_PATH objc_folder)
+  execute_process(
+    COMMAND ${CMAKE_CXX_COMPILER} ${target_option} -print-file-name=${file}
+    OUTPUT_VARIABLE named OUTPUT_STRIP_TRAILING_WHITESPACE)
+  list(TRANSFORM gcc_folders APPEND /*/${file} OUTPUT_VARIABLE patterns)
+  file(GLOB installed ${patterns})
+  list(SORT installed COMPARE NATURAL ORDER DESCENDING)
+  foreach(candidate IN LISTS named installed)
+    if(IS_ABSOLUTE "${candidate}" AND EXISTS "${candidate}")
+      cmake_path(NORMAL_PATH candidate)
+      set(${variable} ${candidate} PARENT_SCOPE)
+      return()
+    endif()
+  endforeach()
+  message(FATAL_ERROR "${file} of the Objective-C runtime is missing: install the package gobjc, or libobjc-VERSION-dev.")
+endfunction()
 
 # Only the runtime's own folder: the rest of the compiler's headers must stay the compiler's.
+brim_find_gcc_file(objc_header include/objc/objc.h)
+cmake_path(GET objc_header PARENT_PATH objc_folder)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/objc-headers)
 file(CREATE_LINK ${objc_folder} ${CMAKE_BINARY_DIR}/objc-headers/objc SYMBOLIC)
 
-find_library(OBJC_LIBRARY NAMES objc libobjc.so.4 HINTS /usr/lib/gcc/x86_64-linux-gnu/12 REQUIRED)
+brim_find_gcc_file(objc_library libobjc.so)
 find_library(GNUSTEP_BASE_LIBRARY NAMES gnustep-base REQUIRED)
 
 add_library(ObjectiveC INTERFACE)
@@ -28,7 +38,7 @@ target_include_directories(ObjectiveC SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/objc-
 # A message to nil is a member function called on a null pointer: the compilers must not conclude that it cannot be.
 target_compile_options(ObjectiveC INTERFACE -fno-delete-null-pointer-checks)
 target_link_options(ObjectiveC INTERFACE -Wl,--no-as-needed)
-target_link_libraries(ObjectiveC INTERFACE ${GNUSTEP_BASE_LIBRARY} ${OBJC_LIBRARY})
+target_link_libraries(ObjectiveC INTERFACE ${GNUSTEP_BASE_LIBRARY} ${objc_library})
 
 # What the phone's library is built with: no exceptions, no run-time type information, no guarded statics.
 add_library(FreestandingStyle INTERFACE)

@@ -1,10 +1,12 @@
 # Builds Brim.dylib from the same sources as on Linux, optimized for size. It is linked with text stubs, which list
 # every symbol that it can import.
 set(install_name /Library/MobileSubstrate/DynamicLibraries/Brim.dylib)
-set(exported _brim_installed_methods _brim_settings)
+set(exported _brim_installed_methods _brim_settings _brim_version)
 file(GLOB stubs CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/stubs/*.tbd)
 
 file(GLOB_RECURSE library_sources CONFIGURE_DEPENDS ${repository}/library/*.cpp)
+set_source_files_properties(
+  ${repository}/library/startup/version.cpp PROPERTIES COMPILE_DEFINITIONS BRIM_VERSION="${PROJECT_VERSION}")
 add_library(brim_objects OBJECT ${library_sources})
 target_include_directories(brim_objects PRIVATE ${repository})
 target_compile_options(

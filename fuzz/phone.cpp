@@ -13,6 +13,7 @@
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/runner/session.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 #include "tests/photos/application_data.hpp"
 
 namespace fuzz {

@@ -1,5 +1,7 @@
 // A notification's values, as JSON, through every provider.
 #include "fuzz/phone.hpp"
+
+#include <nlohmann/json.hpp>
 #include "objc/autorelease_pool.hpp"
 
 namespace {

@@ -18,9 +18,11 @@ struct BrimSetting {
   const void* variable;
 };
 
-// Both store the number of entries at `count`. The library owns the entries; they are valid until the process ends and
-// do not change after the library is loaded.
+// The lists store the number of entries at `count`. The library owns the entries; they are valid until the process ends
+// and do not change after the library is loaded.
 extern "C" {
+// The version, such as "1.0.0". Any thread.
+const char* brim_version();
 // In installation order. A property is its getter and then its setter.
 const BrimInstalledMethod* brim_installed_methods(std::size_t* count);
 // In registration order.

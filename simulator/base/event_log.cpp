@@ -2,6 +2,7 @@
 
 #include <map>
 #include <mutex>
+#include <nlohmann/json.hpp>
 #include <string>
 
 namespace base {

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <map>
+#include <nlohmann/json.hpp>
 
 #include "platform/ns_data.hpp"
 #include "platform/ns_date.hpp"

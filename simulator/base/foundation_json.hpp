@@ -1,7 +1,7 @@
 // Foundation's objects from JSON values and back.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 

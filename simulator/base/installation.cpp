@@ -20,10 +20,11 @@ std::string environmentValue(const char* name) {
 Installation installation() {
   Dl_info here = {};
   dladdr(reinterpret_cast<const void*>(&installation), &here);
-  const fs::path binaries = fs::absolute(here.dli_fname).parent_path();
-  const fs::path build = binaries.parent_path();
-  return {binaries / "libBrim.so", build / "root" / assetBundlePath, build / "simulator/assets", binaries / "messages",
-          build / "simulator/demonstration"};
+  const fs::path libraries = fs::absolute(here.dli_fname).lexically_normal().parent_path();
+  const fs::path prefix = libraries.parent_path().parent_path();
+  const fs::path data = prefix / "share/brim";
+  return {libraries / "libBrim.so", data / "Assets.bundle", data / "artwork", prefix / "bin/messages",
+          data / "demonstration"};
 }
 
 fs::path defaultRoot() {

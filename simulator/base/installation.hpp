@@ -8,7 +8,8 @@ namespace base {
 // The asset bundle of the library, relative to a root.
 inline constexpr const char* assetBundlePath = "Library/Application Support/Brim/Assets.bundle";
 
-// Absolute paths, found from the location of this shared library.
+// Absolute paths in lib/brim, share/brim and bin of the prefix that contains this shared library: an installation or
+// the build folder.
 struct Installation {
   std::filesystem::path library;        // libBrim.so
   std::filesystem::path assetBundle;    // Assets.bundle

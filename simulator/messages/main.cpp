@@ -25,7 +25,7 @@ int runApp(const messages::MessagesOptions& options) try {
   return options.launch == messages::Launch::Suspended ? 0 : complain(error.what());
 }
 
-int obey(const messages::MessagesOptions& options) try {
+int execute(const messages::MessagesOptions& options) try {
   switch (options.task) {
     case messages::MessagesTask::List:
       return messages::listConversations(options);
@@ -48,5 +48,9 @@ int main(int count, char** arguments) {
     std::cout << messages::messagesHelp();
     return 0;
   }
-  return obey(std::get<messages::MessagesOptions>(parsed));
+  if (std::holds_alternative<process::VersionRequest>(parsed)) {
+    std::cout << "messages " BRIM_VERSION "\n";
+    return 0;
+  }
+  return execute(std::get<messages::MessagesOptions>(parsed));
 }

@@ -66,8 +66,7 @@ const std::vector<Row>& table() {
 
 }  // namespace
 
-std::variant<MessagesOptions, process::HelpRequest, process::OptionError> parseMessagesOptions(
-    std::span<const char* const> arguments) {
+process::CommandLine<MessagesOptions> parseMessagesOptions(std::span<const char* const> arguments) {
   auto parsed = process::parseCommandLine(table(), arguments, &takeText);
   const auto* options = std::get_if<MessagesOptions>(&parsed);
   if (options == nullptr) return parsed;

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <span>
 #include <string>
-#include <variant>
 
 #include "simulator/foundation/root.hpp"
 #include "simulator/process/common_options.hpp"
@@ -37,8 +36,7 @@ struct MessagesOptions {
 };
 
 // As parseOptions.
-std::variant<MessagesOptions, process::HelpRequest, process::OptionError> parseMessagesOptions(
-    std::span<const char* const> arguments);
+process::CommandLine<MessagesOptions> parseMessagesOptions(std::span<const char* const> arguments);
 
 std::string messagesHelp();
 

@@ -3,6 +3,7 @@
 #include <sys/socket.h>
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "simulator/foundation/run_loop.hpp"

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <list>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "simulator/foundation/descriptor.hpp"

@@ -12,6 +12,7 @@
 namespace process {
 
 struct HelpRequest {};
+struct VersionRequest {};
 // What is wrong and what would be right, for people.
 struct OptionError {
   std::string message;
@@ -19,6 +20,9 @@ struct OptionError {
 
 // Nothing on success, else what would have been right.
 using OptionFailure = std::optional<std::string>;
+
+template <class Options>
+using CommandLine = std::variant<Options, HelpRequest, VersionRequest, OptionError>;
 
 template <class Options>
 struct OptionRow {
@@ -52,16 +56,16 @@ inline Argument split(const std::string& word) {
 // The arguments without the program's name. An option may be written "--name value" or "--name=value". A word that is
 // no option goes to `takeWord`, which answers whether there is a use for it; all words behind "--" do.
 template <class Options>
-std::variant<Options, HelpRequest, OptionError> parseCommandLine(const std::vector<OptionRow<Options>>& table,
-                                                                 std::span<const char* const> arguments,
-                                                                 bool (*takeWord)(Options& options,
-                                                                                  const std::string& word) = nullptr) {
+CommandLine<Options> parseCommandLine(const std::vector<OptionRow<Options>>& table,
+                                      std::span<const char* const> arguments,
+                                      bool (*takeWord)(Options& options, const std::string& word) = nullptr) {
   Options options;
   bool onlyWords = false;
   for (std::size_t index = 0; index < arguments.size(); ++index) {
     const std::string word = arguments[index];
     const bool isOption = !onlyWords && word.starts_with('-');
     if (isOption && (word == "--help" || word == "-h")) return HelpRequest{};
+    if (isOption && word == "--version") return VersionRequest{};
     if (takeWord != nullptr && isOption && word == "--") {
       onlyWords = true;
       continue;
@@ -95,6 +99,7 @@ std::string optionHelp(const std::vector<OptionRow<Options>>& table) {
   };
   for (const OptionRow<Options>& row : table) add("  " + detail::usageWithValue(row), row.meaning);
   add("  --help", "this text");
+  add("  --version", "the program's name and version");
   return text;
 }
 

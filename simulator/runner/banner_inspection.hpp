@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include "platform/nc_notification_view_controller.hpp"
 

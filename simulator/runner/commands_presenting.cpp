@@ -9,6 +9,7 @@
 #include "simulator/runner/controller_lookup.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/services/applications.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
 
 namespace runner {

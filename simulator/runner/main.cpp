@@ -72,5 +72,9 @@ int main(int count, char** arguments) {
     std::cout << runner::helpText() << "\n" << runner::commandHelp();
     return 0;
   }
+  if (std::holds_alternative<process::VersionRequest>(parsed)) {
+    std::cout << "springboard " BRIM_VERSION "\n";
+    return 0;
+  }
   return start(std::get<runner::Options>(parsed));
 }

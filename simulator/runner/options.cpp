@@ -91,7 +91,7 @@ const std::vector<process::OptionRow<Options>>& optionTable() {
 
 }  // namespace
 
-std::variant<Options, process::HelpRequest, process::OptionError> parseOptions(std::span<const char* const> arguments) {
+process::CommandLine<Options> parseOptions(std::span<const char* const> arguments) {
   return process::parseCommandLine(optionTable(), arguments);
 }
 

@@ -5,7 +5,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <variant>
 
 #include "simulator/process/common_options.hpp"
 
@@ -30,7 +29,7 @@ struct Options {
 };
 
 // The arguments without the program's name. An option may be written "--name value" or "--name=value".
-std::variant<Options, process::HelpRequest, process::OptionError> parseOptions(std::span<const char* const> arguments);
+process::CommandLine<Options> parseOptions(std::span<const char* const> arguments);
 
 // The text that --help prints: every option with its meaning and default.
 std::string helpText();

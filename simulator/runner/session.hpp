@@ -1,7 +1,7 @@
 // A home screen that obeys commands: the process of `springboard`, started and driven in-process.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 

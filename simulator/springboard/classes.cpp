@@ -1,5 +1,7 @@
 #include "simulator/springboard/classes.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/autorelease_pool.hpp"
 #include "simulator/base/event_log.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
@@ -21,6 +23,7 @@
 #include "simulator/springboard/services/bulletin_server.hpp"
 #include "simulator/springboard/services/bulletin_socket.hpp"
 #include "simulator/springboard/services/feedback.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
 #include "simulator/springboard/services/notification_request.hpp"
 #include "simulator/springboard/services/placeholder_digest.hpp"

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <filesystem>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "platform/ns_dictionary.hpp"

@@ -22,6 +22,15 @@ std::map<std::string, std::string> imports() {
   return found;
 }
 
+// The program that built the library, by the name of its variable in the build.
+std::string builtWith(const std::string& variable) {
+  std::ifstream cache(device::buildFolder() / "CMakeCache.txt");
+  for (std::string line; std::getline(cache, line);)
+    if (line.starts_with(variable + ":")) return line.substr(line.find('=') + 1);
+  ADD_FAILURE() << "the build has no " << variable;
+  return "false";
+}
+
 TEST(AllowedSymbols, AreExactlyTheImportsOfTheLibrary) {
   std::map<std::string, std::string> allowed;
   for (const device::AllowedSymbol& each : device::allowedSymbols()) allowed[each.symbol] = each.library;
@@ -38,9 +47,9 @@ TEST(AllowedSymbols, LinkingFailsForOtherSymbols) {
   std::ofstream(folder + "/stray.cpp") << "extern \"C\" int system(const char*);\n"
                                           "extern \"C\" int stray() { return system(\"\"); }\n";
   const std::string compile =
-      "clang++-14 -target arm64-apple-ios11.2 -c -o " + folder + "/stray.o " + folder + "/stray.cpp";
-  const std::string link = "ld64.lld-14 -arch arm64 -platform_version ios 11.2 13.0 -dylib -o " + folder +
-                           "/stray.dylib " + folder + "/stray.o " + device::sourceFolder().string() +
+      builtWith("BRIM_CLANG") + " -target arm64-apple-ios11.2 -c -o " + folder + "/stray.o " + folder + "/stray.cpp";
+  const std::string link = builtWith("BRIM_LINKER") + " -arch arm64 -platform_version ios 11.2 13.0 -dylib -o " +
+                           folder + "/stray.dylib " + folder + "/stray.o " + device::sourceFolder().string() +
                            "/device/stubs/*.tbd";
   const device::CommandOutput compiled = device::outputOf(compile);
   EXPECT_EQ(compiled.status, 0) << compiled.text;

@@ -5,12 +5,13 @@
 
 namespace device {
 
-inline std::filesystem::path builtLibrary() { return std::filesystem::path(BRIM_DEVICE_BUILD) / "Brim.dylib"; }
-// The same library before its symbols were stripped.
-inline std::filesystem::path namedLibrary() { return std::filesystem::path(BRIM_DEVICE_BUILD) / "symbols/Brim.dylib"; }
+inline std::filesystem::path buildFolder() { return BRIM_DEVICE_BUILD; }
+inline std::filesystem::path builtLibrary() { return buildFolder() / "Brim.dylib"; }
+// The same library with the names of its functions.
+inline std::filesystem::path namedLibrary() { return buildFolder() / "symbols/Brim.dylib"; }
 inline const char* packageName() { return "brim_" BRIM_VERSION "_iphoneos-arm.deb"; }
-inline std::filesystem::path builtPackage() { return std::filesystem::path(BRIM_DEVICE_BUILD) / packageName(); }
-// The library and the package from the second build, in another folder.
+inline std::filesystem::path builtPackage() { return buildFolder() / packageName(); }
+// The library and the package built a second time, in another folder.
 inline std::filesystem::path secondBuild() { return BRIM_DEVICE_SECOND_BUILD; }
 inline std::filesystem::path sourceFolder() { return BRIM_SOURCE; }
 

@@ -128,7 +128,7 @@ TEST(LibraryFile, ExportsOnlyTheInspectionFunctions) {
     EXPECT_TRUE(library().segmentAt(each.address).allows(Protection::Execute)) << each.symbol;
   }
   std::sort(exported.begin(), exported.end());
-  EXPECT_EQ(exported, (std::vector<std::string>{"_brim_installed_methods", "_brim_settings"}));
+  EXPECT_EQ(exported, (std::vector<std::string>{"_brim_installed_methods", "_brim_settings", "_brim_version"}));
 }
 
 TEST(LibraryFile, IsSignedPageByPage) {

@@ -1,3 +1,4 @@
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include "tests/hook_rows.hpp"
@@ -67,6 +68,16 @@ TEST(StartUp, SwitchingOffLaterKeepsTheBannersUntilTheNextStart) {
   Phone phone;
   phone.set("enabled", false);
   EXPECT_FALSE(phone.banner(phone.present({{"title", "T"}})).is_null());
+}
+
+TEST(StartUp, TheLibraryHasTheVersionOfTheProject) {
+  const Phone phone;
+  const std::filesystem::path file = phone.root() / "Library/MobileSubstrate/DynamicLibraries/Brim.dylib";
+  void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
+  ASSERT_NE(library, nullptr) << dlerror();
+  const auto version = reinterpret_cast<const char* (*)()>(dlsym(library, "brim_version"));
+  ASSERT_NE(version, nullptr) << dlerror();
+  EXPECT_STREQ(version(), BRIM_VERSION);
 }
 
 }  // namespace

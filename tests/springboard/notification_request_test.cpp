@@ -4,6 +4,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/nc_notification_view_controller.hpp"
 #include "simulator/base/foundation_json.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {

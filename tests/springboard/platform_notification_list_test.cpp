@@ -2,6 +2,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/services/bulletin_server.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
 #include "tests/support/plain_phone.hpp"
 

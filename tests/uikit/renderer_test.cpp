@@ -1,5 +1,7 @@
 #include "simulator/uikit/rendering/renderer.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/class_definition.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/description/view_tree.hpp"

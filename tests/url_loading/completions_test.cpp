@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <nlohmann/json.hpp>
 
 #include "simulator/base/event_log.hpp"
 #include "simulator/foundation/run_loop.hpp"

@@ -1,5 +1,6 @@
 // Responses of servers, and the result or the error that each gives to a completion.
 #include <fstream>
+#include <nlohmann/json.hpp>
 
 #include "tests/url_loading/raw_server.hpp"
 #include "tests/url_loading/url_loading_test.hpp"

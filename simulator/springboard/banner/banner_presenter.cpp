@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "simulator/base/event_log.hpp"

@@ -1,5 +1,7 @@
 #include "simulator/springboard/banner/notification_view_controller.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/base/event_log.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/springboard/banner/banner_gestures.hpp"

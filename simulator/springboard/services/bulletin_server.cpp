@@ -1,10 +1,13 @@
 #include "simulator/springboard/services/bulletin_server.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/property_entry.hpp"
 #include "simulator/base/event_log.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/dispatch_queues.hpp"
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
 
 dispatch_queue_t __BBServerQueue = nullptr;

@@ -13,6 +13,7 @@
 #include "simulator/foundation/local_socket.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/run_loop.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 
 namespace springboard {
 

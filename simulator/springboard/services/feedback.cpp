@@ -1,5 +1,7 @@
 #include "simulator/springboard/services/feedback.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/class_definition.hpp"
 #include "simulator/base/event_log.hpp"
 

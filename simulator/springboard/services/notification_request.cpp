@@ -6,6 +6,7 @@
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/services/applications.hpp"
+#include "simulator/springboard/services/notification_description.hpp"
 
 namespace springboard {
 

@@ -1,5 +1,6 @@
 #include "simulator/springboard/services/post_recorder.hpp"
 
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "objc/class_definition.hpp"

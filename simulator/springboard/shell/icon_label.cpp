@@ -1,5 +1,7 @@
 #include "simulator/springboard/shell/icon_label.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/drawing/text_layout.hpp"

@@ -1,5 +1,7 @@
 #include "simulator/springboard/shell/springboard_application.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "objc/property_entry.hpp"
 #include "simulator/base/event_log.hpp"
 #include "simulator/base/foundation_json.hpp"

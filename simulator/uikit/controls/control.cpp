@@ -1,6 +1,7 @@
 #include "simulator/uikit/controls/control.hpp"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "simulator/uikit/description/view_tree.hpp"

@@ -1,5 +1,6 @@
 #include "simulator/uikit/controls/text_field.hpp"
 
+#include <nlohmann/json.hpp>
 #include <type_traits>
 #include <utility>
 

@@ -1,5 +1,7 @@
 #include "simulator/uikit/description/text_description.hpp"
 
+#include <nlohmann/json.hpp>
+
 namespace uikit {
 
 namespace {

@@ -1,7 +1,7 @@
 // How the view tree tells of texts.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <vector>
 
 #include "platform/ui_label.hpp"

@@ -1,5 +1,7 @@
 #include "simulator/uikit/description/view_tree.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/uikit/description/property_name.hpp"
 #include "simulator/uikit/layout/view_layout.hpp"
 #include "simulator/uikit/views/view_categories.hpp"

@@ -1,7 +1,7 @@
 // The view tree as JSON. Each class adds its fields in -_describe:, after sending it to super.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include "platform/ui_view.hpp"
 #include "simulator/drawing/geometry.hpp"

@@ -1,6 +1,7 @@
 // UIImageView: a picture in a rectangle.
 #include "platform/ui_image_view.hpp"
 
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "simulator/uikit/description/view_tree.hpp"

@@ -1,5 +1,7 @@
 #include "simulator/uikit/keyboard/keyboard_key.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/environment/environment.hpp"

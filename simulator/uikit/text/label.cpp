@@ -1,5 +1,7 @@
 #include "simulator/uikit/text/label.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/uikit/description/text_description.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"

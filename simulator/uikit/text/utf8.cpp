@@ -1,56 +1,29 @@
 #include "simulator/uikit/text/utf8.hpp"
 
+#include <unicode/unistr.h>
+
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 
 namespace uikit {
 
 namespace {
 
-constexpr char32_t replacement = 0xFFFD;
-
-bool isLeadingSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool isTrailingSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
-
-// The character that begins at the position, which moves behind it.
-char32_t nextCharacter(const std::u16string& units, std::size_t& position) {
-  const char16_t unit = units[position++];
-  if (isLeadingSurrogate(unit) && position < units.size() && isTrailingSurrogate(units[position]))
-    return 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (char32_t{units[position++]} - 0xDC00);
-  return isLeadingSurrogate(unit) || isTrailingSurrogate(unit) ? replacement : unit;
-}
-
-void append(std::string& text, char32_t character) {
-  const auto byte = [&text](char32_t mark, char32_t bits) { text.push_back(static_cast<char>(mark | bits)); };
-  const auto trail = [&](unsigned shift) { byte(0x80, (character >> shift) & 0x3F); };
-  if (character < 0x80) {
-    byte(0, character);
-  } else if (character < 0x800) {
-    byte(0xC0, character >> 6);
-    trail(0);
-  } else if (character < 0x10000) {
-    byte(0xE0, character >> 12);
-    trail(6);
-    trail(0);
-  } else {
-    byte(0xF0, character >> 18);
-    trail(12);
-    trail(6);
-    trail(0);
-  }
-}
+// ICU counts bytes in 32 bits, and a unit takes three at most.
+constexpr NSUInteger maxUnits = std::numeric_limits<std::int32_t>::max() / 3;
 
 }  // namespace
 
 std::string utf8(const NSString* text, NSRange range) {
   const NSUInteger length = text->length();
   const NSUInteger begin = std::min(range.location, length);
-  std::u16string units(std::min(range.length, length - begin), u'\0');
+  std::u16string units(std::min({range.length, length - begin, maxUnits}), u'\0');
   objc::send<void, "getCharacters:range:">(text, units.data(), NSRange{begin, units.size()});
 
   std::string result;
-  result.reserve(units.size());
-  for (std::size_t position = 0; position < units.size();) append(result, nextCharacter(units, position));
-  return result;
+  return icu::UnicodeString(/*isTerminated=*/false, units.data(), static_cast<std::int32_t>(units.size()))
+      .toUTF8String(result);
 }
 
 NSString* wellFormed(NSString* text) {

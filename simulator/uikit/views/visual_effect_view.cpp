@@ -1,6 +1,8 @@
 // UIBlurEffect and UIVisualEffectView: a pane that blurs what lies behind it.
 #include "platform/ui_visual_effect_view.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "simulator/drawing/backdrop.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"

@@ -1,0 +1,15 @@
+# What `cmake --install` installs. A program finds its libraries and data relative to itself, so the folder can be moved.
+install(TARGETS springboard messages RUNTIME DESTINATION bin)
+set_target_properties(springboard messages PROPERTIES INSTALL_RPATH $ORIGIN/../lib/brim)
+
+set(libraries simulator Brim transfers vcards web_server)
+install(TARGETS ${libraries} LIBRARY DESTINATION lib/brim)
+set_target_properties(${libraries} PROPERTIES INSTALL_RPATH $ORIGIN)
+
+install(
+  DIRECTORY ${BRIM_ASSET_BUNDLE} ${CMAKE_BINARY_DIR}/share/brim/artwork ${CMAKE_BINARY_DIR}/share/brim/demonstration
+  DESTINATION share/brim
+  PATTERN assembled EXCLUDE)
+
+install(FILES README.md CHANGELOG.md DESTINATION share/doc/brim)
+install(DIRECTORY docs DESTINATION share/doc/brim PATTERN draw EXCLUDE)

@@ -1,0 +1,33 @@
+// The package, its library and its asset bundle have the version of the project.
+#include <gtest/gtest.h>
+
+#include "tests/device/built_files.hpp"
+#include "tests/device/command_output.hpp"
+#include "tests/device/emulator/phone.hpp"
+
+namespace {
+
+TEST(Version, OfThePackageIsTheProjects) {
+  const device::CommandOutput output =
+      device::outputOf("dpkg-deb --field " + device::builtPackage().string() + " Version");
+  EXPECT_EQ(output.text, BRIM_VERSION "\n");
+}
+
+TEST(Version, OfThePhonesLibraryIsTheProjects) {
+  device::Phone phone;
+  EXPECT_EQ(phone.processor.text(phone.processor.call(phone.library().exported("_brim_version"))), BRIM_VERSION);
+}
+
+TEST(Version, OfThePackagesAssetBundleIsTheProjects) {
+  const device::CommandOutput output =
+      device::outputOf("dpkg-deb --fsys-tarfile " + device::builtPackage().string() +
+                       " | tar --extract --to-stdout --wildcards '*/Assets.bundle/Info.plist'");
+  const std::string value = "<string>" BRIM_VERSION "</string>";
+  for (const char* key : {"<key>CFBundleShortVersionString</key>", "<key>CFBundleVersion</key>"}) {
+    const std::size_t at = output.text.find(key);
+    ASSERT_NE(at, std::string::npos) << key << output.text;
+    EXPECT_EQ(output.text.find("<string>", at), output.text.find(value, at)) << key;
+  }
+}
+
+}  // namespace

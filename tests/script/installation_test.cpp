@@ -1,0 +1,87 @@
+// An installation, moved after it was made: its programs use its own files and none of the build.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "simulator/base/installation.hpp"
+#include "tests/support/temporary_folder.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contentsOf(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class InstalledPhone : public testing::Test {
+ protected:
+  InstalledPhone() {
+    const fs::path first = folder.path() / "first";
+    const std::string command =
+        INSTALL " --prefix '" + first.string() + "' >'" + (folder.path() / "log").string() + "'";
+    EXPECT_EQ(std::system(command.c_str()), 0) << contentsOf(folder.path() / "log");
+    fs::rename(first, prefix());
+  }
+
+  fs::path prefix() const { return folder.path() / "installed"; }
+
+  // Runs one command that writes a picture, and returns the picture.
+  std::string pictureOf(const std::string& program, const std::string& name) const {
+    const fs::path work = folder.path() / name;
+    fs::create_directories(work);
+    std::ofstream(work / "script") << R"({"do":"present","section":"com.apple.MobileSMS","title":"Anna"})"
+                                      "\n"
+                                      R"({"do":"wait","seconds":1})"
+                                      "\n"
+                                      R"({"do":"screenshot","path":"picture.png"})"
+                                      "\n";
+    const std::string command = "cd '" + work.string() + "' && LD_DEBUG=files '" + program +
+                                "' --root root --time 2020-03-14T09:41 --script script >answers 2>files";
+    EXPECT_EQ(std::system(command.c_str()), 0) << contentsOf(work / "answers");
+    return contentsOf(work / "picture.png");
+  }
+
+  test::TemporaryFolder folder;
+};
+
+TEST_F(InstalledPhone, ShowsTheSameAsTheBuild) {
+  const std::string picture = pictureOf(prefix() / "bin/springboard", "installation");
+  EXPECT_FALSE(picture.empty());
+  EXPECT_EQ(picture, pictureOf(SPRINGBOARD, "build"));
+}
+
+TEST_F(InstalledPhone, UsesNoFileOfTheBuild) {
+  pictureOf(prefix() / "bin/springboard", "work");
+  const fs::path work = folder.path() / "work";
+  const std::string files = contentsOf(work / "files");
+  EXPECT_NE(files.find("lib/brim/libsimulator.so"), std::string::npos);
+  EXPECT_EQ(files.find(BUILD_FOLDER "/"), std::string::npos);
+  int links = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(work / "root")) {
+    if (!entry.is_symlink() || !fs::read_symlink(entry).is_absolute()) continue;
+    const std::string target = fs::read_symlink(entry);
+    EXPECT_FALSE(target.starts_with(BUILD_FOLDER "/")) << entry.path() << " to " << target;
+    if (target.starts_with(prefix().string()) && fs::exists(target)) ++links;
+  }
+  EXPECT_GT(links, 10);
+}
+
+TEST_F(InstalledPhone, HasThePartsOfTheBuild) {
+  const base::Installation built = base::installation();
+  for (const fs::path& part :
+       {built.library, built.assetBundle, built.applications, built.messages, built.demonstration}) {
+    EXPECT_TRUE(fs::exists(part)) << part;
+    EXPECT_TRUE(fs::exists(prefix() / fs::relative(part, BUILD_FOLDER))) << part;
+  }
+  for (const char* plugin : {"transfers.so", "vcards.so", "web_server.so"})
+    EXPECT_TRUE(fs::exists(prefix() / "lib/brim" / plugin)) << plugin;
+  for (const char* document : {"README.md", "CHANGELOG.md", "docs/script.md", "docs/pictures/light.png"})
+    EXPECT_TRUE(fs::exists(prefix() / "share/doc/brim" / document)) << document;
+}
+
+}  // namespace
