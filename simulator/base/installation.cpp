@@ -18,9 +18,9 @@ std::string environmentValue(const char* name) {
 }  // namespace
 
 Installation installation() {
-  Dl_info here = {};
-  dladdr(reinterpret_cast<const void*>(&installation), &here);
-  const fs::path binaries = fs::absolute(here.dli_fname).parent_path();
+  Dl_info library = {};
+  dladdr(reinterpret_cast<const void*>(&installation), &library);
+  const fs::path binaries = fs::absolute(library.dli_fname).parent_path();
   const fs::path build = binaries.parent_path();
   return {binaries / "libBrim.so", build / "root" / assetBundlePath, build / "simulator/assets", binaries / "messages",
           build / "simulator/demonstration"};

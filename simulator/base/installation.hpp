@@ -1,4 +1,5 @@
-// The files that the build or an installation provides, and the default roots. Any thread.
+// Locations of the files that the build or an installation provides, and of the default roots. A root is the folder
+// that represents the phone's file system. Any thread.
 #pragma once
 
 #include <filesystem>
@@ -8,7 +9,7 @@ namespace base {
 // The asset bundle of the library, relative to a root.
 inline constexpr const char* assetBundlePath = "Library/Application Support/Brim/Assets.bundle";
 
-// Absolute paths, found from the location of this shared library.
+// Absolute paths, derived from the location of this shared library.
 struct Installation {
   std::filesystem::path library;        // libBrim.so
   std::filesystem::path assetBundle;    // Assets.bundle
@@ -18,9 +19,9 @@ struct Installation {
 };
 Installation installation();
 
-// The folder brim/root in the user's data folder.
+// brim/root in the user's data folder, which is $XDG_DATA_HOME or ~/.local/share.
 std::filesystem::path defaultRoot();
-// The demonstration uses its own root beside the default one and leaves the user's files unchanged.
+// The demonstration uses its own root next to the default one, because it must not change the user's files.
 std::filesystem::path demonstrationRoot();
 
 }  // namespace base
