@@ -1,5 +1,5 @@
 // vCard files taken apart.
-#include "simulator/contacts/cards.hpp"
+#include "simulator/contacts/vcard_splitting.hpp"
 
 #include <gtest/gtest.h>
 
