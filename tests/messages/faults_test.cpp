@@ -162,7 +162,7 @@ TEST(MessagesStore, HeldByAnotherProcessForLongDropsTheReplyAndSaysSo) {
   {
     const Lock lock(both.storePath());
     postReply(both, "lost");
-    EXPECT_TRUE(test::eventually([&] { return errors.contain("another process holds it"); })) << errors.text();
+    EXPECT_TRUE(test::eventually([&] { return errors.contain("another process has locked it"); })) << errors.text();
   }
   ASSERT_TRUE(both.fence());
   EXPECT_TRUE(both.sent().empty());
@@ -240,7 +240,7 @@ TEST(MessagesStore, OfALaterVersionIsLeftAlone) {
   sqlite3_exec(database, "PRAGMA user_version = 99", nullptr, nullptr, nullptr);
   sqlite3_close(database);
   EXPECT_FALSE(both.launch());
-  EXPECT_TRUE(errors.contain("has version 99; this program knows 1")) << errors.text();
+  EXPECT_TRUE(errors.contain("has version 99; this program supports version 1")) << errors.text();
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ TEST_F(MessagesProgram, ListsNothingWhereNothingIs) {
 
 TEST_F(MessagesProgram, LaunchedForAHomeScreenWhoseRootIsGoneMakesNone) {
   EXPECT_EQ(run("--suspended </dev/null").status, 2);
-  EXPECT_TRUE(errors.contain("is gone")) << errors.text();
+  EXPECT_TRUE(errors.contain("does not exist")) << errors.text();
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));
 }
 
@@ -130,11 +130,11 @@ TEST_P(MessagesOptions, ThatAreWrongSayWhatWouldBeRight) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Wrong, MessagesOptions,
-                         testing::Values(Wrong{{"--receive", "a"}, "wants the text"}, Wrong{{"--receive"}, "CHAT"},
+                         testing::Values(Wrong{{"--receive", "a"}, "requires the text"}, Wrong{{"--receive"}, "CHAT"},
                                          Wrong{{"--receive", "", "x"}, "an address"},
                                          Wrong{{"--receive", "a", "b", "c"}, "unknown option c"},
                                          Wrong{{"hello"}, "unknown option hello"},
-                                         Wrong{{"--from", "Anna"}, "goes with --receive"},
+                                         Wrong{{"--from", "Anna"}, "requires --receive"},
                                          Wrong{{"--list", "--receive", "a", "b"}, "without --list"},
                                          Wrong{{"--receive", "a", "b", "--list"}, "without --receive"},
                                          Wrong{{"--list=yes"}, "takes no value"},

@@ -62,7 +62,7 @@ struct MessagesConnection::Line {
 };
 
 void MessagesConnection::Line::take(std::string_view text) {
-  if (text != messages::readyAnswer) {
+  if (text != messages::readyReply) {
     record(text);
     return;
   }
