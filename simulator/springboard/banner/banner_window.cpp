@@ -2,7 +2,7 @@
 
 #include "objc/class_definition.hpp"
 #include "simulator/springboard/banner/long_look_presentation.hpp"
-#include "simulator/springboard/platter/touch_through.hpp"
+#include "simulator/springboard/platter/touch_pass_through.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
 namespace springboard {

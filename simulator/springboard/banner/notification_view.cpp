@@ -2,7 +2,7 @@
 
 #include "objc/property_entry.hpp"
 #include "platform/ui_device.hpp"
-#include "simulator/springboard/platter/touch_through.hpp"
+#include "simulator/springboard/platter/touch_pass_through.hpp"
 
 namespace springboard {
 

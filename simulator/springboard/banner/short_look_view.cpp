@@ -2,7 +2,7 @@
 
 #include "objc/property_entry.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 #include "simulator/springboard/platter/label_stack.hpp"
 #include "simulator/springboard/platter/platter_colors.hpp"
 

@@ -7,7 +7,7 @@
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/springboard/banner/banner_gestures.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 
 namespace springboard {
 

@@ -1,7 +1,7 @@
 #include "simulator/springboard/long_look/action_group_view.hpp"
 
 #include "simulator/springboard/long_look/action_row.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 
 namespace springboard {
 

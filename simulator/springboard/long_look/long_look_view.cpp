@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "simulator/springboard/long_look/long_look_close_button.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 #include "simulator/springboard/platter/label_stack.hpp"
 #include "simulator/springboard/platter/platter_colors.hpp"
 #include "simulator/uikit/views/view.hpp"

@@ -1,7 +1,7 @@
 #include "simulator/springboard/long_look/reply_bar.hpp"
 
 #include "platform/ui_trait_collection.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 #include "simulator/springboard/platter/platter_colors.hpp"
 
 namespace springboard {

@@ -1,4 +1,4 @@
-// Notification requests: what an application asks the platform to show, and the actions that go with it.
+// Notification requests: the content and the actions of a notification that an application posts. Main thread.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -11,7 +11,7 @@
 #include "platform/ns_date.hpp"
 #include "platform/ui_image.hpp"
 
-// The texts and pictures of a request. Each may be nil.
+// The texts and icons of a request. Each of them can be nil.
 class NCNotificationContent : public objc::Interface<"NCNotificationContent", NSObject> {
  public:
   NSString* title() const { return objc::send<NSString*, "title">(this); }
@@ -105,7 +105,8 @@ struct objc::StateOf<NCNotificationRequest> {
 
 namespace springboard {
 
-// One of the sender's own actions, filed under a key such as "NCNotificationActionEnvironmentDefault".
+// A custom action of the application. `key` is a key of supplementaryActions, such as
+// "NCNotificationActionEnvironmentDefault".
 struct ActionDescription {
   std::string key;
   std::optional<std::string> identifier;
@@ -115,10 +116,10 @@ struct ActionDescription {
 
 enum class AutomaticDismissal { Allowed, Forbidden, Unspecified };
 
-// A notification in plain values.
+// A notification as plain values. Texts are UTF-8.
 struct NotificationDescription {
-  std::string section;
-  // One of its own when nothing is said. A later request with the identifier of an earlier one replaces it.
+  std::string section;  // the application's bundle identifier
+  // A unique identifier if nothing is given. A later request with the identifier of an earlier one replaces it.
   std::optional<std::string> identifier;
   std::optional<std::string> thread;
   std::optional<std::string> title;
@@ -130,22 +131,23 @@ struct NotificationDescription {
   bool hasClearAction = true;
   bool hasCloseAction = false;
   bool hasSilenceAction = false;
-  // Unspecified: a request without options.
+  // For Unspecified, the request has no options.
   AutomaticDismissal automaticDismissal = AutomaticDismissal::Allowed;
-  // Seconds since 1970; now when nothing is said.
+  // Seconds since 1970. The current time if nothing is given.
   std::optional<double> date;
 };
 
-// The picture is the notification's own icon; nil for the application's.
+// `icon` is the icon of this notification. Nil selects the application's icon.
 objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& description, UIImage* icon);
 
-// The same request with other texts, as a sender's follow-up arrives. Nothing keeps the text there was.
+// The changed texts of a follow-up. A text without a value does not change.
 struct FollowUp {
   std::optional<std::string> title;
   std::optional<std::string> subtitle;
   std::optional<std::string> message;
   std::optional<std::string> summary;
 };
+// Returns a copy of the request with the changed texts and the current time.
 objc::Ref<NCNotificationRequest> followUpOf(NCNotificationRequest* request, const FollowUp& texts);
 
 void defineNotificationRequest();

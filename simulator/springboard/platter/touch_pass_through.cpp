@@ -1,4 +1,4 @@
-#include "simulator/springboard/platter/touch_through.hpp"
+#include "simulator/springboard/platter/touch_pass_through.hpp"
 
 #include "objc/class_definition.hpp"
 
