@@ -72,7 +72,7 @@ void addDestinations() {
 void registerClasses() {
   const objc::AutoreleasePool pool;
   defineNotificationRequest();
-  defineTouchThroughView();
+  defineTouchPassThroughView();
   definePlatterHeader();
   defineShortLookView();
   defineNotificationView();

@@ -55,7 +55,7 @@ void release(std::size_t number) {
 void takeAway(std::size_t number) {
   Banner& banner = banners().at(number);
   banner.stage = Stage::Dismissed;
-  if (showsLongLook(banner.controller)) longLookPresentation().dismiss(LongLookChange::AtOnce);
+  if (showsLongLook(banner.controller)) longLookPresentation().dismiss(LongLookChange::Immediate);
   banner.controller->view()->removeFromSuperview();
   bannerHasLeftWindow();
   foundation::onMainThreadAfter(secondsUntilRelease, [number] { release(number); });

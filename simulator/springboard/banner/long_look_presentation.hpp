@@ -6,7 +6,7 @@
 
 namespace springboard {
 
-enum class LongLookChange { Animated, AtOnce };
+enum class LongLookChange { Animated, Immediate };
 
 // See long_look/long_look_presenter.hpp for each function.
 struct LongLookPresentation {

@@ -45,7 +45,7 @@ void openLongLook(Controller* self, bool animated, objc::Block<void(bool)>* comp
     if (completion != nullptr) (*completion)(false);
     return;
   }
-  longLookPresentation().present(shortLook, animated ? LongLookChange::Animated : LongLookChange::AtOnce, completion);
+  longLookPresentation().present(shortLook, animated ? LongLookChange::Animated : LongLookChange::Immediate, completion);
 }
 
 void presentLongLookByTrigger(Controller* self, bool animated, NSInteger, objc::Block<void(bool)>* completion) {

@@ -30,7 +30,7 @@ objc::Ref<UILabel> addLabel(ContentView* view, UIFont* font, NSInteger lines) {
 
 objc::Ref<UIVisualEffectView> addPlatter(ContentView* view) {
   auto platter = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Regular));
-  makeCard(platter);
+  applyCardStyle(platter);
   platter->setUserInteractionEnabled(false);
   view->addSubview(platter);
   return platter;
@@ -69,7 +69,7 @@ std::array<UILabel*, 4> textsOf(const ContentView* view) {
 
 std::vector<CGRect> textFrames(const ContentView* view, CGFloat width) {
   std::vector<CGRect> frames = stackedFrames(textsOf(view), {padding, textTop}, width - 2 * padding);
-  if (!saysNothing(partsOf(view).footnoteLabel)) frames.back().origin.y += footnoteGap;
+  if (!hasNoText(partsOf(view).footnoteLabel)) frames.back().origin.y += footnoteGap;
   return frames;
 }
 

@@ -34,7 +34,7 @@ void layoutSubviews(Bar* self) {
 
 objc::Ref<Bar> makeReplyBar(NCNotificationAction* action, NSObject* target) {
   auto bar = UIView::withFrame<Bar>({});
-  makeCard(bar);
+  applyCardStyle(bar);
   objc::state(bar.get()).action = objc::retain(action);
   auto field = UIView::withFrame<UITextField>({});
   field->setFont(UIFont::systemFontOfSize(fontSize));

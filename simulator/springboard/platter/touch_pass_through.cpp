@@ -14,7 +14,7 @@ bool isInsideSubview(UIView* self, CGPoint point, NSObject* event) {
   return false;
 }
 
-void defineTouchThroughView() {
+void defineTouchPassThroughView() {
   static constexpr objc::MethodEntry methods[] = {objc::method<"pointInside:withEvent:", &isInsideSubview>()};
   objc::defineClass<SBFTouchPassThroughView>(methods);
 }

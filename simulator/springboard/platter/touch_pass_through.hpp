@@ -1,4 +1,4 @@
-// Views that are there for what they hold: a touch that none of their subviews takes goes to what lies beneath.
+// Container views that pass touches through: a touch outside all subviews goes to the view behind the container.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -7,9 +7,10 @@ class SBFTouchPassThroughView : public objc::Interface<"SBFTouchPassThroughView"
 
 namespace springboard {
 
-// The implementation of -pointInside:withEvent: for such a view. It reaches beyond the view's own bounds.
+// The implementation of -pointInside:withEvent: for such a view. It also accepts touches on subviews outside the view's
+// bounds. Main thread.
 bool isInsideSubview(UIView* self, CGPoint point, NSObject* event);
 
-void defineTouchThroughView();
+void defineTouchPassThroughView();
 
 }  // namespace springboard

@@ -72,7 +72,7 @@ void refreshAfterThisTurn() {
 // Banners go when the screen locks.
 void activate(LockScreen* self, bool, NSObject*, bool, bool, bool, bool, Completion* completion) {
   dismissAllBanners();
-  dismissLongLook(LongLookChange::AtOnce);
+  dismissLongLook(LongLookChange::Immediate);
   LockScreenState& state = objc::state(self);
   if (state.window != nullptr) hideAboveHomeScreen(state.window);
   makeWindow(state);
@@ -87,7 +87,7 @@ bool isUILocked(LockScreen* self) { return objc::state(self).window != nullptr; 
 void unlock(LockScreen* self, NSInteger, NSObject*) {
   LockScreenState& state = objc::state(self);
   if (state.window == nullptr) return;
-  dismissLongLook(LongLookChange::AtOnce);
+  dismissLongLook(LongLookChange::Immediate);
   NCNotificationDispatcher::shared()->observeList(nullptr);
   hideAboveHomeScreen(state.window);
   state = {};
@@ -119,8 +119,8 @@ void SBLockScreenManager::lock() {
 void SBLockScreenManager::refresh() {
   const LockScreenState& state = objc::state(this);
   if (state.window == nullptr) return;
-  state.clock->setText(springboard::timeOfDay());
-  state.day->setText(springboard::dayOfYear());
+  state.clock->setText(springboard::currentTime());
+  state.day->setText(springboard::currentDay());
   springboard::showGroups(state.list,
                           NCNotificationDispatcher::shared()->list().groups(springboard::groupingOfSystem()));
 }

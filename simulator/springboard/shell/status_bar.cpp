@@ -59,7 +59,7 @@ UIStatusBarWindow* initWithFrame(UIStatusBarWindow* self, CGRect frame) {
 
 void refreshStatusBar() {
   UILabel* clock = objc::state(statusBar).clock;
-  clock->setText(timeOfDay());
+  clock->setText(currentTime());
 }
 
 void makeStatusBar() {
