@@ -28,14 +28,14 @@ LongLook* longLookOf(const ShortLook* shortLook) {
 }
 
 bool canOpen(const ShortLook* shortLook) {
-  return shortLook->view()->window() != nullptr && !isBannerLeaving(numberOfBanner(shortLook)) &&
+  return shortLook->view()->window() != nullptr && !isBannerBeingDismissed(numberOfBanner(shortLook)) &&
          objc::state<UIViewController>(shortLook).presented == nullptr;
 }
 
 // The dismissal of a banner closes its long look. It does not apply to a banner that is already being dismissed.
 bool isDismissedWithLongLook(const ShortLook* shortLook) {
   const std::size_t number = numberOfBanner(shortLook);
-  return isBannerOnScreen(number) && !isBannerLeaving(number);
+  return isBannerOnScreen(number) && !isBannerBeingDismissed(number);
 }
 
 // Presents the long look with UIViewController's own method, because NCNotificationViewController overrides it.
