@@ -134,13 +134,13 @@ void expandLongLook(const Controller* controller) {
   const CGFloat height = fitLongLookView(parts.card, width, maxCardHeight);
   const CGFloat maxTop = std::max(available.top, available.top + maxCardHeight - height);
   const CGPoint origin = {parts.shortLook.origin.x, std::clamp(parts.shortLook.origin.y, available.top, maxTop)};
-  const CGRect place = {{origin.x, origin.y + height + gap}, {width, heightBelowCard}};
+  const CGRect lowerFrame = {{origin.x, origin.y + height + gap}, {width, heightBelowCard}};
   parts.backdrop->setAlpha(1);
   parts.card->setFrame({origin, {width, height}});
   parts.actions->setAlpha(isTyping ? 0 : 1);
-  if (!isTyping) return parts.actions->setFrame(place);
+  if (!isTyping) return parts.actions->setFrame(lowerFrame);
   parts.replyBar->setAlpha(1);
-  parts.replyBar->setFrame(place);
+  parts.replyBar->setFrame(lowerFrame);
 }
 
 void endTyping(const Controller* controller) {

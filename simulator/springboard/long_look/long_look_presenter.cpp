@@ -59,10 +59,10 @@ void presentLongLook(ShortLook* shortLook, LongLookChange change, objc::Block<vo
   dismissLongLook(LongLookChange::Immediate);
   opened() = objc::retain(shortLook);
   const auto longLook = makeLongLookController(shortLook->notificationRequest());
-  const CGRect place = uikit::frameOnScreen(contentViewOf(shortLook->view()));
+  const CGRect shortLookFrame = uikit::frameOnScreen(contentViewOf(shortLook->view()));
   presentController(shortLook, longLook);
   shortLook->view()->setHidden(true);
-  collapseLongLook(longLook, place);
+  collapseLongLook(longLook, shortLookFrame);
   const double seconds = change == LongLookChange::Animated ? openingSeconds : 0;
   longLook->view()->layoutIfNeeded();
   UIView::animate(seconds, objc::block([longLook] {

@@ -53,7 +53,7 @@ void recordReportedEvent(std::string_view text) {
 // Shared with the thread that reads the socket.
 struct MessagesConnection::Channel {
   foundation::Descriptor socket;
-  std::mutex mutex;  // protects the two members below
+  std::mutex mutex;  // protects replyCount and hasEnded
   std::condition_variable changed;
   std::size_t replyCount = 0;
   bool hasEnded = false;

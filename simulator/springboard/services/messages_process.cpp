@@ -83,7 +83,7 @@ std::optional<Child> spawn() {
   return std::nullopt;
 }
 
-// Also forgets a child that has ended.
+// Also removes the record of a child that has ended.
 ChildState stateOfChild() {
   if (!child()) return ChildState::NotNeeded;
   int status = 0;
