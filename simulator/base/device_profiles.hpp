@@ -1,4 +1,4 @@
-// The devices that can be stood for: screen, safe areas and haptics of each.
+// The phone models that the simulator can run as, with the screen, safe area and haptics of each. Any thread.
 #pragma once
 
 #include <span>
@@ -11,14 +11,14 @@ namespace base {
 
 struct DeviceProfile {
   std::string_view name;
-  CGSize screen;             // points, upright
+  CGSize screen;             // points, portrait orientation
   double scale;              // pixels per point
   UIEdgeInsets safeArea;     // points
-  int feedbackSupportLevel;  // 0 none, 1 Taptic Engine, 2 haptics
+  int feedbackSupportLevel;  // 0: none, 1: Taptic Engine, 2: haptics
 };
 
 std::span<const DeviceProfile> deviceProfiles();
-// Null where there is none of that name.
+// Null if no profile has that name.
 const DeviceProfile* findDeviceProfile(std::string_view name);
 const DeviceProfile& defaultDeviceProfile();
 

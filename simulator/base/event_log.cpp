@@ -16,7 +16,7 @@ struct EventLog {
   std::size_t total = 0;
 };
 
-// Never destroyed: other threads may still record while the process ends.
+// Never destroyed, because other threads can still record events while the process exits.
 EventLog& eventLog() {
   static EventLog& log = *new EventLog;
   return log;

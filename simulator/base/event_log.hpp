@@ -1,4 +1,4 @@
-// What the platform saw, in the order in which it saw it: the list that a script reads and empties.
+// The event log: what happened in the process, in order. A script reads and clears it. Any thread.
 #pragma once
 
 #include <cstddef>
@@ -7,15 +7,15 @@
 
 namespace base {
 
-// Appends {"event": name, …fields}. Fields are an object; what is null in it is kept as null. Any thread.
+// Appends the event {"event": name, …fields}. `fields` must be an object. Null members stay in the event.
 void recordEvent(std::string_view name, const nlohmann::ordered_json& fields);
 
-// The events since the last call, an array; the list is empty afterwards. Any thread.
+// Returns the events since the previous call as an array and clears the log.
 nlohmann::ordered_json takeEvents();
 
-// How many events of that name have been recorded since the process began, taken or not. Any thread.
+// The number of events of that name since the process started, including those already taken.
 std::size_t countOfEvents(std::string_view name);
-// The same for events of any name.
+// The number of all events since the process started.
 std::size_t countOfEvents();
 
 }  // namespace base

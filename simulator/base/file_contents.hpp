@@ -1,4 +1,4 @@
-// Files that anybody may have written.
+// Reads files that are untrusted input.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,8 @@
 
 namespace base {
 
-// Nothing where there is no such file, it cannot be read, it is no regular file or it is larger than `most` bytes. Does
-// not wait where a pipe lies in the file's place. Any thread.
-std::optional<std::string> readRegularFile(const std::filesystem::path& file, std::size_t most);
+// Returns the file's contents. Returns nothing if the file does not exist, cannot be read, is not a regular file or is
+// larger than `maxBytes`. Does not block if the path names a pipe. Any thread.
+std::optional<std::string> readRegularFile(const std::filesystem::path& file, std::size_t maxBytes);
 
 }  // namespace base

@@ -1,4 +1,4 @@
-// Foundation's objects from JSON values and back.
+// Conversions between C++ strings, JSON values and Foundation objects. Any thread.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -10,15 +10,16 @@
 
 namespace base {
 
-// Autoreleased; nil for what is not UTF-8.
+// Converts UTF-8 text. Autoreleased. Nil if the text is not valid UTF-8.
 NSString* stringOf(std::string_view text);
-// In UTF-8; empty for nil.
+// The string as UTF-8. Empty for nil.
 std::string textOf(NSString* string);
 
-// Strings, numbers, booleans, arrays and dictionaries; null becomes NSNull. Autoreleased.
+// Converts strings, numbers, booleans, arrays and objects. Null becomes NSNull. Autoreleased.
 NSObject* objectOf(const nlohmann::ordered_json& value);
-// Null for nil and NSNull; dates in ISO 8601; the description of what has no form in JSON. The members of dictionaries
-// are in their keys' order, so that the same dictionary always reads the same.
+// Converts the object types above. Nil and NSNull become null, and a date becomes ISO 8601 text. An object of any other
+// class becomes its description. The members of a dictionary are sorted by key, because equal dictionaries must produce
+// equal text.
 nlohmann::ordered_json jsonOf(const NSObject* object);
 
 }  // namespace base

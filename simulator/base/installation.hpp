@@ -1,4 +1,5 @@
-// The files that the build or an installation provides, and the default roots. Any thread.
+// Locations of the files that the build or an installation provides, and of the default roots. A root is the folder
+// that represents the phone's file system. Any thread.
 #pragma once
 
 #include <filesystem>
@@ -19,9 +20,9 @@ struct Installation {
 };
 Installation installation();
 
-// The folder brim/root in the user's data folder.
+// brim/root in the user's data folder, which is $XDG_DATA_HOME or ~/.local/share.
 std::filesystem::path defaultRoot();
-// The demonstration uses its own root beside the default one and leaves the user's files unchanged.
+// The demonstration uses its own root next to the default one, because it must not change the user's files.
 std::filesystem::path demonstrationRoot();
 
 }  // namespace base

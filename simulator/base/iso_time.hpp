@@ -1,4 +1,4 @@
-// Points in time, in seconds since 1970 and as ISO 8601 text.
+// Conversions between Unix time, in seconds since 1970, and ISO 8601 text. Any thread.
 #pragma once
 
 #include <optional>
@@ -7,15 +7,15 @@
 
 namespace base {
 
-// "2020-03-14", "2020-03-14T09:41", with seconds, fractions of them, and "Z" or an offset such as "+02:00"; without an
-// offset it is in the phone's time zone: that of the environment's TZ, or UTC. In seconds since 1970; nothing for what
-// is no date.
+// Parses a date such as "2020-03-14" or a date and time such as "2020-03-14T09:41". Seconds, a fraction of a second,
+// and "Z" or an offset such as "+02:00" are optional. A time without an offset is in the phone's time zone, which is
+// the TZ environment variable or else UTC. Returns Unix time, or nothing if the text is not a valid date.
 std::optional<double> parseIsoTime(std::string_view text);
 
-// Now, by the system's clock, whichever the phone goes by.
+// The Unix time of the system clock, also when the phone uses a stepped clock.
 double realTime();
 
-// In universal time, with milliseconds.
+// Formats a Unix time as UTC with milliseconds, such as "2020-03-14T09:41:00.000Z".
 std::string isoTime(double unixTime);
 
 }  // namespace base

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "simulator/base/file_contents.hpp"
-#include "simulator/contacts/cards.hpp"
 #include "simulator/contacts/vcard_plugin.hpp"
+#include "simulator/contacts/vcard_splitting.hpp"
 #include "simulator/foundation/plugin.hpp"
 #include "simulator/foundation/root.hpp"
 
@@ -16,75 +16,76 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* pathOfRootsOwn = "/var/mobile/Library/AddressBook/Contacts.vcf";
-constexpr std::size_t maxFile = 256 << 20;
+constexpr const char* defaultPath = "/var/mobile/Library/AddressBook/Contacts.vcf";
+constexpr std::size_t maxFileBytes = 256 << 20;
 
-// Tells one state of a file from another.
-struct Stamp {
+// Identifies one version of a file, to detect changes.
+struct FileVersion {
   dev_t device = 0;
-  ino_t file = 0;
+  ino_t inode = 0;
   off_t size = 0;
-  timespec changed = {};
+  timespec modified = {};
 
-  bool operator==(const Stamp& other) const {
-    return device == other.device && file == other.file && size == other.size &&
-           changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
+  bool operator==(const FileVersion& other) const {
+    return device == other.device && inode == other.inode && size == other.size &&
+           modified.tv_sec == other.modified.tv_sec && modified.tv_nsec == other.modified.tv_nsec;
   }
 };
 
-// Nothing where there is no such file.
-std::optional<Stamp> stampOf(const fs::path& file) {
+// Nothing if the file does not exist.
+std::optional<FileVersion> versionOf(const fs::path& file) {
   struct stat status = {};
   if (stat(file.c_str(), &status) != 0) return std::nullopt;
-  return Stamp{status.st_dev, status.st_ino, status.st_size, status.st_mtim};
+  return FileVersion{status.st_dev, status.st_ino, status.st_size, status.st_mtim};
 }
 
 struct AddressBook {
   fs::path file;
-  std::optional<Stamp> stamp;
+  std::optional<FileVersion> version;
   std::shared_ptr<const People> people;
 };
 
-AddressBook& current() {
+AddressBook& addressBook() {
   static auto& book = *new AddressBook;
   return book;
 }
 
-std::shared_ptr<const People> read(const fs::path& file) {
-  const std::optional<std::string> text = base::readRegularFile(file, maxFile);
+// Null if the file or the vCard plugin cannot be read.
+std::shared_ptr<const People> readPeople(const fs::path& file) {
+  const std::optional<std::string> text = base::readRegularFile(file, maxFileBytes);
   static const auto readCard =
       reinterpret_cast<decltype(&brim_read_card)>(foundation::pluginFunction("vcards.so", "brim_read_card"));
   if (!text || readCard == nullptr) return nullptr;
-  auto read = std::make_shared<People>();
-  for (const std::string& card : cardsIn(*text)) readCard(card, read->emplace_back());
-  return read;
+  auto people = std::make_shared<People>();
+  for (const std::string& card : cardsIn(*text)) readCard(card, people->emplace_back());
+  return people;
 }
 
-fs::path chosenFile() {
-  const fs::path& file = current().file;
-  return file.empty() ? fs::path(foundation::pathUnderRoot(pathOfRootsOwn)) : file;
+fs::path currentFile() {
+  const fs::path& file = addressBook().file;
+  return file.empty() ? fs::path(foundation::pathUnderRoot(defaultPath)) : file;
 }
 
 }  // namespace
 
 std::shared_ptr<const People> people() {
-  AddressBook& book = current();
-  const fs::path file = chosenFile();
-  const std::optional<Stamp> stamp = stampOf(file);
-  if (book.people != nullptr && book.stamp == stamp) return book.people;
-  book.stamp = stamp;
-  book.people = stamp ? read(file) : std::make_shared<const People>();
+  AddressBook& book = addressBook();
+  const fs::path file = currentFile();
+  const std::optional<FileVersion> version = versionOf(file);
+  if (book.people != nullptr && book.version == version) return book.people;
+  book.version = version;
+  book.people = version ? readPeople(file) : std::make_shared<const People>();
   return book.people;
 }
 
 std::optional<std::string> useAddressBook(const fs::path& file) {
   std::error_code error;
-  if (!fs::exists(file, error)) return "there is no file " + file.string();
-  AddressBook wanted = {fs::absolute(file), stampOf(file), read(file)};
-  if (wanted.people == nullptr) return file.string() + " cannot be read as a file of at most 256 MiB";
-  if (wanted.people->empty())
-    return file.string() + " holds no vCard, which begins with BEGIN:VCARD and ends with END:VCARD";
-  current() = std::move(wanted);
+  if (!fs::exists(file, error)) return file.string() + " does not exist";
+  AddressBook chosen = {fs::absolute(file), versionOf(file), readPeople(file)};
+  if (chosen.people == nullptr) return file.string() + " cannot be read; it must be a file of at most 256 MiB";
+  if (chosen.people->empty())
+    return file.string() + " contains no vCard; a vCard begins with BEGIN:VCARD and ends with END:VCARD";
+  addressBook() = std::move(chosen);
   return std::nullopt;
 }
 

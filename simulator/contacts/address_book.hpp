@@ -1,4 +1,4 @@
-// The address book: the people of one vCard file.
+// The address book, which is read from one vCard file. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -13,12 +13,12 @@ namespace contacts {
 
 using People = std::vector<Person>;
 
-// In the file's order. Read at first use and again when the file has changed. A root without address book has nobody in
-// it; nothing where there is a file that cannot be read. Main thread.
+// Everybody in the address book, in the order of the file. The file is read at first use and again after a change. The
+// list is empty if the file does not exist, and null if it cannot be read.
 std::shared_ptr<const People> people();
 
-// The address book from now on, in place of the root's own. The answer is the reason of a failure, nothing on success;
-// after a failure the address book is the one it was. Main thread.
+// Uses this file instead of the root's own address book. Returns a description of the error, or nothing on success.
+// After an error the address book is unchanged.
 [[nodiscard]] std::optional<std::string> useAddressBook(const std::filesystem::path& file);
 
 }  // namespace contacts

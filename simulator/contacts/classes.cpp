@@ -6,7 +6,7 @@ namespace contacts {
 
 void registerClasses() {
   const objc::AutoreleasePool pool;
-  makeContactKeys();
+  initializeContactKeys();
   defineContact();
   defineContainer();
   defineContactStore();

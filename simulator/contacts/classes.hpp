@@ -1,12 +1,13 @@
-// The address book's classes: CNContactStore, CNContact and what belongs to them.
+// Registers the classes of the address book: CNContactStore, CNContact and the classes that they use.
 #pragma once
 
 namespace contacts {
 
-// After foundation::registerClasses. Once. Main thread.
+// Call it once, after foundation::registerClasses. Main thread.
 void registerClasses();
 
-void makeContactKeys();
+// The steps of registerClasses.
+void initializeContactKeys();
 void defineContact();
 void defineContainer();
 void defineContactStore();

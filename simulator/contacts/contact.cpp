@@ -33,8 +33,8 @@ namespace {
 
 using base::stringOf;
 
-// What was not asked for is not known to have no value.
-const Person& fetched(const CNContact* contact, NSString* key) {
+// Returns the person if the property was requested. Otherwise raises an exception as on the phone.
+const Person& personWith(const CNContact* contact, NSString* key) {
   const ContactState& state = objc::state(contact);
   if (!objc::send<bool, "containsObject:">(state.keys.get(), key))
     objc::send<void, "raise:format:">(objc::lookUpClass<"NSException">(), "CNContactPropertyNotFetchedExceptionName"_ns,
@@ -42,9 +42,9 @@ const Person& fetched(const CNContact* contact, NSString* key) {
   return *state.person;
 }
 
-NSArray* labelledValues(const std::vector<LabelledText>& entries) {
+NSArray* labeledValues(const std::vector<LabeledText>& entries) {
   auto* const values = NSMutableArray::array();
-  for (const LabelledText& entry : entries) {
+  for (const LabeledText& entry : entries) {
     const auto value = objc::make<CNLabeledValue>();
     objc::state(value.get()) = {entry.label.empty() ? nullptr : objc::retain(base::stringOf(entry.label)),
                                 objc::retain(base::stringOf(entry.text))};
@@ -54,13 +54,15 @@ NSArray* labelledValues(const std::vector<LabelledText>& entries) {
 }
 
 NSString* identifier(CNContact* self) { return base::stringOf(objc::state(self).person->identifier); }
-NSString* givenName(CNContact* self) { return base::stringOf(fetched(self, CNContactGivenNameKey).givenName); }
+NSString* givenName(CNContact* self) { return base::stringOf(personWith(self, CNContactGivenNameKey).givenName); }
 NSArray* emailAddresses(CNContact* self) {
-  return labelledValues(fetched(self, CNContactEmailAddressesKey).emailAddresses);
+  return labeledValues(personWith(self, CNContactEmailAddressesKey).emailAddresses);
 }
-NSArray* phoneNumbers(CNContact* self) { return labelledValues(fetched(self, CNContactPhoneNumbersKey).phoneNumbers); }
+NSArray* phoneNumbers(CNContact* self) {
+  return labeledValues(personWith(self, CNContactPhoneNumbersKey).phoneNumbers);
+}
 NSData* imageData(CNContact* self) {
-  const std::optional<std::string>& image = fetched(self, CNContactImageDataKey).image;
+  const std::optional<std::string>& image = personWith(self, CNContactImageDataKey).image;
   return image ? NSData::dataWithBytes(image->data(), image->size()) : nullptr;
 }
 
@@ -73,7 +75,7 @@ objc::Ref<CNContact> makeContact(std::shared_ptr<const Person> person, NSArray* 
 }
 
 void defineContact() {
-  static constexpr objc::PropertyEntry labelledValue[] = {
+  static constexpr objc::PropertyEntry labeledValue[] = {
       objc::readOnly<"label", CNLabeledValue, &LabeledValueState::label>(),
       objc::readOnly<"value", CNLabeledValue, &LabeledValueState::value>(),
   };
@@ -83,7 +85,7 @@ void defineContact() {
       objc::method<"imageData", &imageData>(),
   };
   objc::defineClassWithState<CNLabeledValue>({});
-  objc::addProperties(CNLabeledValue::classObject(), labelledValue);
+  objc::addProperties(CNLabeledValue::classObject(), labeledValue);
   objc::defineClassWithState<CNContact>(contact);
 }
 

@@ -1,4 +1,4 @@
-// Contacts made of people, with the properties that somebody asked for.
+// Creates CNContact objects for people of the address book.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,8 @@
 
 namespace contacts {
 
-// One of the people, who stay as long as the contact. `keys` are names of properties.
+// Creates a contact for the person, whom it retains. `keys` contains the names of the requested properties; reading any
+// other property raises CNContactPropertyNotFetchedExceptionName.
 objc::Ref<CNContact> makeContact(std::shared_ptr<const Person> person, NSArray* keys);
 
 }  // namespace contacts

@@ -1,5 +1,5 @@
-// The names of a contact's properties. To the library they are constants, as on the phone; here they are made when the
-// classes are, so their declarations for the library are not included.
+// The names of a contact's properties. platform/contacts.hpp declares them as constants, as they are on the phone. Here
+// they are variables that are set when the classes are registered, so this file does not include that header.
 #include "platform/ns_string.hpp"
 #include "simulator/contacts/classes.hpp"
 
@@ -12,7 +12,7 @@ NSString* CNContactImageDataKey = nullptr;
 
 namespace contacts {
 
-void makeContactKeys() {
+void initializeContactKeys() {
   CNContactEmailAddressesKey = "emailAddresses"_ns;
   CNContactPhoneNumbersKey = "phoneNumbers"_ns;
   CNContactGivenNameKey = "givenName"_ns;

@@ -1,4 +1,4 @@
-// CNContactStore and the requests that it answers.
+// CNContactStore and its fetch requests.
 #include "objc/autorelease_pool.hpp"
 #include "objc/class_definition.hpp"
 #include "platform/ns_error.hpp"
@@ -23,20 +23,20 @@ namespace contacts {
 
 namespace {
 
-// The platform's number for an address book that cannot be reached.
+// CNErrorCodeCommunicationError: the address book cannot be read.
 constexpr NSInteger communicationError = 1;
 
 CNContactFetchRequest* initWithKeysToFetch(CNContactFetchRequest* self, NSArray* keys) {
-  auto* const made = objc::sendSuper<"CNContactFetchRequest", CNContactFetchRequest*, "init">(self);
-  objc::state(made).keys = objc::adopt(objc::send<NSArray*, "copy">(keys));
-  return made;
+  auto* const initialized = objc::sendSuper<"CNContactFetchRequest", CNContactFetchRequest*, "init">(self);
+  objc::state(initialized).keys = objc::adopt(objc::send<NSArray*, "copy">(keys));
+  return initialized;
 }
 
 NSString* defaultContainerIdentifier(CNContactStore*) { return containerIdentifier(); }
 
 NSArray* findContainers(CNContactStore*, NSPredicate* predicate, id*) { return containersMatching(predicate); }
 
-void tellFailure(id* error) {
+void setError(id* error) {
   if (error == nullptr) return;
   *error = objc::send<id, "errorWithDomain:code:userInfo:">(NSError::classObject(), "CNErrorDomain"_ns,
                                                             communicationError, static_cast<NSObject*>(nullptr));
@@ -44,15 +44,15 @@ void tellFailure(id* error) {
 
 bool enumerate(CNContactStore*, CNContactFetchRequest* request, id* error,
                objc::Block<CNContactStore::Visitor>* visit) {
-  const std::shared_ptr<const People> everybody = people();
-  if (everybody == nullptr) {
-    tellFailure(error);
+  const std::shared_ptr<const People> all = people();
+  if (all == nullptr) {
+    setError(error);
     return false;
   }
   bool stop = false;
-  for (auto person = everybody->begin(); person != everybody->end() && !stop; ++person) {
+  for (auto person = all->begin(); person != all->end() && !stop; ++person) {
     const objc::AutoreleasePool pool;
-    (*visit)(makeContact({everybody, &*person}, objc::state(request).keys), &stop);
+    (*visit)(makeContact({all, &*person}, objc::state(request).keys), &stop);
   }
   return true;
 }

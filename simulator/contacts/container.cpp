@@ -5,7 +5,7 @@
 
 namespace contacts {
 
-// Holds for containers whose identifier is one of several.
+// Matches containers by identifier.
 class ContainerPredicate : public objc::Interface<"BrimContainerPredicate", NSPredicate> {};
 
 struct ContainerPredicateState {

@@ -1,13 +1,14 @@
-// The address book's one container.
+// The only container of the address book.
 #pragma once
 
 #include "platform/contacts.hpp"
 
 namespace contacts {
 
+// A constant.
 NSString* containerIdentifier();
 
-// Those that the predicate holds for; all for nil. Autoreleased.
+// Returns the containers that match the predicate; nil matches all containers. Autoreleased.
 NSArray* containersMatching(NSPredicate* predicate);
 
 }  // namespace contacts

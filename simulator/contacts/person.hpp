@@ -1,4 +1,4 @@
-// A card of the address book, as plain values in UTF-8.
+// A person in the address book. All texts are UTF-8.
 #pragma once
 
 #include <optional>
@@ -7,18 +7,18 @@
 
 namespace contacts {
 
-struct LabelledText {
-  std::string label;  // the platform's, such as "_$!<Home>!$_"; empty for none
+struct LabeledText {
+  std::string label;  // a label of the platform, such as "_$!<Home>!$_"; empty for none
   std::string text;
 };
 
 struct Person {
-  // The card's own, or one that follows from its text where it has none.
+  // The UID of the card. If the card has none, the identifier is a digest of the card's text.
   std::string identifier = {};
   std::string givenName = {};
-  std::vector<LabelledText> emailAddresses = {};
-  std::vector<LabelledText> phoneNumbers = {};
-  // The bytes of a picture file, which nobody has looked at; nothing without a picture inside the card.
+  std::vector<LabeledText> emailAddresses = {};
+  std::vector<LabeledText> phoneNumbers = {};
+  // The contents of an image file in any format, not validated. Nothing if the card contains no image.
   std::optional<std::string> image = {};
 };
 

@@ -1,9 +1,10 @@
-// What the plugin of vCards offers: the only name that the simulator looks up in it.
+// The function that the vCard plugin exports.
 #pragma once
 
 #include <string>
 
 #include "simulator/contacts/person.hpp"
 
-// Reads one card, of version 2.1, 3.0 or 4.0, with its soft line breaks joined. One thread at a time.
+// Parses one card of version 2.1, 3.0 or 4.0 into `person`. The soft line breaks of quoted-printable values must have
+// been removed. Not reentrant.
 extern "C" void brim_read_card(const std::string& card, contacts::Person& person);

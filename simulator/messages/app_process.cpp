@@ -19,8 +19,8 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/run_loop.hpp"
-#include "simulator/messages/classes.hpp"
 #include "simulator/messages/instance_lock.hpp"
+#include "simulator/messages/messages_classes.hpp"
 #include "simulator/messages/report_service.hpp"
 #include "simulator/uikit/classes.hpp"
 #include "simulator/uikit/environment/environment.hpp"
@@ -34,26 +34,26 @@ using foundation::Descriptor;
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
-std::atomic<bool> toldToEnd = false;
+std::atomic<bool> terminationRequested = false;
 
-void end(int) {
-  toldToEnd = true;
+void requestTermination(int) {
+  terminationRequested = true;
   foundation::wakeMainThread();
 }
 
-// The home screen that launches it has prepared the root, in its own way. It may have ended since, and its root be
-// gone.
+// A home screen that launches the app has already prepared the root. If the home screen has ended since, its root can
+// be deleted.
 void enterRoot(const MessagesOptions& options) {
-  if (options.launch == Launch::ByHand) return process::useRoot(options.root);
+  if (options.launch == Launch::ByUser) return process::useRoot(options.root);
   const fs::path& root = options.root;
   if (!fs::is_directory(root))
-    throw process::StartError(root.string() + " is gone; --suspended wants a home screen's root");
-  if (const auto failure = foundation::useRoot(root, options.database)) throw process::StartError(*failure);
+    throw process::StartError(root.string() + " does not exist; --suspended requires the root of a home screen");
+  if (const auto error = foundation::useRoot(root, options.database)) throw process::StartError(*error);
 }
 
 Descriptor lockRoot() try {
-  Descriptor lock = messages::lockInstance(messages::messagesFolder(foundation::root()));
-  if (!lock.isOpen()) throw AlreadyRunning("the Messages app of " + foundation::root().string() + " runs already");
+  Descriptor lock = lockInstance(messagesFolder(foundation::root()));
+  if (!lock.isOpen()) throw AlreadyRunning("a Messages app is already running on " + foundation::root().string());
   return lock;
 } catch (const fs::filesystem_error& error) {
   throw process::StartError(error.path1().string() + ": " + error.code().message());
@@ -76,8 +76,8 @@ void registerClasses(const MessagesOptions& options) {
   messages::registerClasses();
 }
 
-// A closed pipe or a full disk is an error to be told, not the end.
-void ignoreSignalsOfWriting() {
+// A write to a closed pipe or a full disk must fail with an error instead of ending the process.
+void ignoreWriteSignals() {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
 }
@@ -88,21 +88,21 @@ struct MessagesApp::State {
   Descriptor lock;
   std::optional<messages::Service> service;
   objc::Ref<CKConversationListController> list;
-  Descriptor life;
-  bool lifeHasEnded = false;
+  Descriptor standardInput;
+  bool standardInputHasEnded = false;
 };
 
-MessagesApp::MessagesApp(const MessagesOptions& options) : state(std::make_unique<State>()) {
-  ignoreSignalsOfWriting();
+MessagesApp::MessagesApp(const MessagesOptions& options) : state_(std::make_unique<State>()) {
+  ignoreWriteSignals();
   enterRoot(options);
-  state->lock = lockRoot();
+  state_->lock = lockRoot();
   messages::ChatStore store = openStore();
   registerClasses(options);
   if (options.library == process::LibraryUse::Mapped) process::mapLibrary(messagesIdentifier);
 
   const objc::AutoreleasePool pool;
   auto report = [this](const nlohmann::ordered_json& event) {
-    if (state->service) state->service->report(event);
+    if (state_->service) state_->service->report(event);
   };
   messages::useStore(std::move(store),
                      {.sent =
@@ -113,38 +113,40 @@ MessagesApp::MessagesApp(const MessagesOptions& options) : state(std::make_uniqu
                           [report](const std::string& chat) {
                             report({{"event", "read"}, {"chat", chat}});
                           }});
-  state->list = objc::make<CKConversationListController>();
-  // The list is loaded now, and whoever waits for that begins to listen.
-  state->list->view();
+  state_->list = objc::make<CKConversationListController>();
+  // Loads the view of the list. The library starts to receive requests when this happens.
+  state_->list->view();
 
   const fs::path folder = messages::messagesFolder(foundation::root());
-  state->service.emplace(folder, &foundation::joinDistributedNotifications);
-  if (!state->service->isOpen())
-    throw process::StartError(folder.string() + ": home screens cannot be answered: " + std::strerror(errno));
+  state_->service.emplace(folder, &foundation::joinDistributedNotifications);
+  if (!state_->service->isOpen())
+    throw process::StartError(folder.string() + ": cannot listen for home screens: " + std::strerror(errno));
   if (options.launch == Launch::Suspended) {
-    // Descriptor 0 is what Foundation takes for none.
-    state->life = Descriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
-    foundation::watchDescriptor(state->life.get(), [this] {
+    // Foundation cannot watch descriptor 0, so the app watches a duplicate.
+    state_->standardInput = Descriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    foundation::watchDescriptor(state_->standardInput.get(), [this] {
       char ignored[64];
-      if (read(state->life.get(), ignored, sizeof ignored) > 0) return;
-      foundation::unwatchDescriptor(state->life.get());
-      state->lifeHasEnded = true;
+      if (read(state_->standardInput.get(), ignored, sizeof ignored) > 0) return;
+      foundation::unwatchDescriptor(state_->standardInput.get());
+      state_->standardInputHasEnded = true;
     });
   }
 }
 
 MessagesApp::~MessagesApp() {
   const objc::AutoreleasePool pool;
-  if (state->life.isOpen() && !state->lifeHasEnded) foundation::unwatchDescriptor(state->life.get());
-  state->service.reset();
-  state->list = nullptr;
+  if (state_->standardInput.isOpen() && !state_->standardInputHasEnded)
+    foundation::unwatchDescriptor(state_->standardInput.get());
+  state_->service.reset();
+  state_->list = nullptr;
 }
 
 void MessagesApp::run() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, &end);
-  // Another home screen may still be about to ask for something.
-  foundation::runMainQueueUntil(
-      [this] { return toldToEnd.load() || (state->lifeHasEnded && !state->service->isConnected()); });
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, &requestTermination);
+  // Another home screen can still be connected and send requests.
+  foundation::runMainQueueUntil([this] {
+    return terminationRequested.load() || (state_->standardInputHasEnded && !state_->service->isConnected());
+  });
 }
 
 }  // namespace messages

@@ -1,4 +1,4 @@
-// The Messages app's process: suspended, without a window, listening.
+// The process of the Messages app. It has no window; it receives requests from home screens in the background.
 #pragma once
 
 #include <memory>
@@ -8,14 +8,14 @@
 
 namespace messages {
 
-// The root has a Messages app already.
+// Another Messages app already runs on the root.
 class AlreadyRunning : public process::StartError {
  public:
   using process::StartError::StartError;
 };
 
-// An app that has loaded its list of conversations. A process has one, and it ends with the process. Main thread,
-// before any other use of Foundation.
+// The app after it has loaded its list of conversations. A process creates at most one app, before any other use of
+// Foundation. Main thread.
 class MessagesApp {
  public:
   // Throws StartError.
@@ -24,12 +24,13 @@ class MessagesApp {
   MessagesApp& operator=(const MessagesApp&) = delete;
   ~MessagesApp();
 
-  // Until the process is told to end, by a signal or by the end of standard input.
+  // Returns when a signal asks the process to terminate. A suspended app also ends when its standard input has ended
+  // and no home screen is connected.
   void run();
 
  private:
   struct State;
-  std::unique_ptr<State> state;
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace messages

@@ -8,9 +8,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path pathIn(const fs::path& root) { return messagesFolder(root) / "messages.db"; }
+fs::path storePath(const fs::path& root) { return messagesFolder(root) / "messages.db"; }
 
-constexpr int millisecondsForOthers = 2000;
+constexpr int busyTimeoutMilliseconds = 2000;
 constexpr int schemaVersion = 1;
 
 constexpr const char* schema = R"(
@@ -32,69 +32,69 @@ constexpr const char* schema = R"(
   PRAGMA user_version = 1;
 )";
 
-// What a person can do about it.
-const char* adviceFor(int result) {
-  switch (result & 0xff) {
+// What the user can do about the error.
+const char* remedyFor(int errorCode) {
+  switch (errorCode & 0xff) {
     case SQLITE_BUSY:
-      return "another process holds it: end that one";
+      return "another process has locked it: end that process";
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
-      return "it is damaged: move it away, and a new one is made";
+      return "it is damaged: move it away, and a new store is created";
     case SQLITE_FULL:
-      return "the disk is full: make room";
+      return "the disk is full: free some space";
     case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_CANTOPEN:
-      return "make its folder and files writable";
+      return "make its folder and its files writable";
     default:
-      return "see that its folder is there and writable";
+      return "check that its folder exists and is writable";
   }
 }
 
 [[noreturn]] void fail(const fs::path& path, sqlite3* database) {
-  const int result = sqlite3_errcode(database);
-  throw StoreError(path.string() + ": " + sqlite3_errmsg(database) + "; " + adviceFor(result));
+  const int errorCode = sqlite3_errcode(database);
+  throw StoreError(path.string() + ": " + sqlite3_errmsg(database) + "; " + remedyFor(errorCode));
 }
 
 class Transaction {
  public:
-  Transaction(const fs::path& storePath, sqlite3* store) : path(storePath), database(store) {
+  Transaction(const fs::path& path, sqlite3* database) : path_(path), database_(database) {
     execute("BEGIN IMMEDIATE");
   }
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
   ~Transaction() {
-    if (isOpen) sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+    if (isOpen_) sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
   }
   void execute(const char* statements) const {
-    if (sqlite3_exec(database, statements, nullptr, nullptr, nullptr) != SQLITE_OK) fail(path, database);
+    if (sqlite3_exec(database_, statements, nullptr, nullptr, nullptr) != SQLITE_OK) fail(path_, database_);
   }
   void commit() {
     execute("COMMIT");
-    isOpen = false;
+    isOpen_ = false;
   }
 
  private:
-  const fs::path& path;
-  sqlite3* database;
-  bool isOpen = true;
+  const fs::path& path_;
+  sqlite3* database_;
+  bool isOpen_ = true;
 };
 
 int versionOf(const fs::path& path, sqlite3* database, PreparedStatements& statements) {
-  Statement statement(statements.find(database, "PRAGMA user_version"));
+  Statement statement(statements.findOrPrepare(database, "PRAGMA user_version"));
   if (!statement.step()) fail(path, database);
   return static_cast<int>(statement.integer(0));
 }
 
-void makeTables(const fs::path& path, sqlite3* database, PreparedStatements& statements) {
+void createTables(const fs::path& path, sqlite3* database, PreparedStatements& statements) {
   if (versionOf(path, database, statements) == schemaVersion) return;
   Transaction transaction(path, database);
-  // Another process may have been quicker.
+  // Another process can have created them before this transaction began.
   const int version = versionOf(path, database, statements);
   if (version == schemaVersion) return;
   if (version != 0)
-    throw StoreError(path.string() + " has version " + std::to_string(version) + "; this program knows " +
-                     std::to_string(schemaVersion) + ": move it away, and a new one is made");
+    throw StoreError(path.string() + " has version " + std::to_string(version) + "; this program supports version " +
+                     std::to_string(schemaVersion) + ": move it away, and a new store is created");
   transaction.execute(schema);
   transaction.commit();
 }
@@ -103,80 +103,82 @@ void makeTables(const fs::path& path, sqlite3* database, PreparedStatements& sta
 
 fs::path messagesFolder(const fs::path& root) { return root / "var/mobile/Library/SMS"; }
 
-bool ChatStore::existsIn(const fs::path& root) { return fs::exists(pathIn(root)); }
+bool ChatStore::existsIn(const fs::path& root) { return fs::exists(storePath(root)); }
 
-ChatStore::ChatStore(const fs::path& root) : path(pathIn(root)) {
+ChatStore::ChatStore(const fs::path& root) : path_(storePath(root)) {
   std::error_code error;
-  fs::create_directories(path.parent_path(), error);
-  if (error) throw StoreError(path.parent_path().string() + ": " + error.message());
+  fs::create_directories(path_.parent_path(), error);
+  if (error) throw StoreError(path_.parent_path().string() + ": " + error.message());
   sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
-  database.reset(opened);
-  if (result != SQLITE_OK) fail(path, opened);
-  sqlite3_busy_timeout(opened, millisecondsForOthers);
-  // With a log that is written ahead, what is committed outlives the process without waiting for the disk.
-  use("PRAGMA journal_mode = WAL").step();
-  use("PRAGMA synchronous = NORMAL").step();
-  makeTables(path, opened, statements);
+  const int result = sqlite3_open_v2(path_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  database_.reset(opened);
+  if (result != SQLITE_OK) fail(path_, opened);
+  sqlite3_busy_timeout(opened, busyTimeoutMilliseconds);
+  // With write-ahead logging, a commit survives a crash of the process without a wait for the disk.
+  prepare("PRAGMA journal_mode = WAL").step();
+  prepare("PRAGMA synchronous = NORMAL").step();
+  createTables(path_, opened, statements_);
 }
 
-Statement ChatStore::use(const char* text) const { return Statement(statements.find(database.get(), text)); }
+Statement ChatStore::prepare(const char* sql) const {
+  return Statement(statements_.findOrPrepare(database_.get(), sql));
+}
 
 std::vector<Chat> ChatStore::chats() const {
-  Statement statement = use(R"(
+  Statement statement = prepare(R"(
     SELECT number, guid, name FROM chat
     ORDER BY (SELECT max(message.number) FROM message WHERE message.chat = chat.number) DESC, number DESC)");
   std::vector<Chat> found;
   while (statement.step()) found.push_back({statement.integer(0), statement.text(1), statement.text(2)});
-  if (statement.hasFailed()) fail(path, database.get());
+  if (statement.hasFailed()) fail(path_, database_.get());
   return found;
 }
 
 std::vector<Message> ChatStore::messagesOf(const Chat& chat) const {
-  Statement statement = use("SELECT sent, text, flags, time, read FROM message WHERE chat = ? ORDER BY number");
+  Statement statement = prepare("SELECT sent, text, flags, time, read FROM message WHERE chat = ? ORDER BY number");
   statement.bind(chat.number);
   std::vector<Message> found;
   while (statement.step())
     found.push_back({statement.integer(0) != 0 ? Direction::Sent : Direction::Received, statement.text(1),
                      static_cast<std::uint64_t>(statement.integer(2)), statement.real(3), statement.integer(4) != 0});
-  if (statement.hasFailed()) fail(path, database.get());
+  if (statement.hasFailed()) fail(path_, database_.get());
   return found;
 }
 
-Chat ChatStore::makeChat(std::string_view guid, std::string_view name) {
-  Statement statement = use(R"(
+Chat ChatStore::findOrCreateChat(std::string_view guid, std::string_view name) {
+  Statement statement = prepare(R"(
     INSERT INTO chat (guid, name) VALUES (?, ?)
     ON CONFLICT (guid) DO UPDATE SET name = CASE excluded.name WHEN '' THEN name ELSE excluded.name END
     RETURNING number, guid, name)");
   statement.bind(guid, name);
-  if (!statement.step()) fail(path, database.get());
-  Chat made = {statement.integer(0), statement.text(1), statement.text(2)};
+  if (!statement.step()) fail(path_, database_.get());
+  Chat chat = {statement.integer(0), statement.text(1), statement.text(2)};
   statement.step();
-  if (statement.hasFailed()) fail(path, database.get());
-  return made;
+  if (statement.hasFailed()) fail(path_, database_.get());
+  return chat;
 }
 
 void ChatStore::add(const Chat& chat, const Message& message) {
-  Statement statement = use("INSERT INTO message (chat, sent, text, flags, time, read) VALUES (?, ?, ?, ?, ?, ?)");
+  Statement statement = prepare("INSERT INTO message (chat, sent, text, flags, time, read) VALUES (?, ?, ?, ?, ?, ?)");
   statement.bind(chat.number, std::int64_t{message.direction == Direction::Sent}, std::string_view(message.text),
                  static_cast<std::int64_t>(message.flags), message.time, std::int64_t{message.isRead});
   statement.step();
-  if (statement.hasFailed()) fail(path, database.get());
+  if (statement.hasFailed()) fail(path_, database_.get());
 }
 
 Chat ChatStore::addTo(std::string_view guid, std::string_view name, const Message& message) {
-  Transaction transaction(path, database.get());
-  Chat made = makeChat(guid, name);
-  add(made, message);
+  Transaction transaction(path_, database_.get());
+  Chat chat = findOrCreateChat(guid, name);
+  add(chat, message);
   transaction.commit();
-  return made;
+  return chat;
 }
 
 void ChatStore::markRead(const Chat& chat) {
-  Statement statement = use("UPDATE message SET read = 1 WHERE chat = ? AND sent = 0 AND read = 0");
+  Statement statement = prepare("UPDATE message SET read = 1 WHERE chat = ? AND sent = 0 AND read = 0");
   statement.bind(chat.number);
   statement.step();
-  if (statement.hasFailed()) fail(path, database.get());
+  if (statement.hasFailed()) fail(path_, database_.get());
 }
 
 }  // namespace messages

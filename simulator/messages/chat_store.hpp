@@ -1,4 +1,5 @@
-// The conversations and messages of a phone: a SQLite database under its root, shared by the processes of the root.
+// The store of conversations and messages: a SQLite database in the root, which the processes of the root share. An
+// object belongs to one thread.
 #pragma once
 
 #include <sqlite3.h>
@@ -11,20 +12,20 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/messages/statement.hpp"
+#include "simulator/messages/sql_statement.hpp"
 
 namespace messages {
 
-// The store cannot be opened, read or written; `what` says why and what to do, for people.
+// The store cannot be opened, read or written. what() tells the user why and what to do.
 class StoreError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
 struct Chat {
-  std::int64_t number = 0;
-  std::string guid;  // such as iMessage;-;+491701234567
-  std::string name;  // empty where nobody said one
+  std::int64_t number = 0;  // primary key
+  std::string guid;         // such as iMessage;-;+491701234567
+  std::string name;         // empty if unknown
 };
 
 enum class Direction { Received, Sent };
@@ -37,39 +38,40 @@ struct Message {
   bool isRead = false;
 };
 
-// Texts are UTF-8 and may hold zero bytes. What a function has written is there whatever becomes of the process. While
-// another process writes, functions wait a moment. All throw StoreError.
+// Texts are UTF-8 and can contain zero bytes. Written data survives a crash of the process. While another process
+// writes, the functions wait for up to two seconds. All functions throw StoreError.
 class ChatStore {
  public:
   static bool existsIn(const std::filesystem::path& root);
-  // Made where it is missing.
+  // Creates the store if it does not exist.
   explicit ChatStore(const std::filesystem::path& root);
 
-  // The chat with the latest message first.
+  // Sorted by the latest message of each chat, newest first.
   std::vector<Chat> chats() const;
-  // In the order in which they came.
+  // In order of arrival.
   std::vector<Message> messagesOf(const Chat& chat) const;
 
   void add(const Chat& chat, const Message& message);
-  // The same for the chat with that identifier, which is made where it is new. A name that is not empty becomes its.
+  // Adds a message to the chat with this identifier, and creates the chat if necessary. A name that is not empty
+  // replaces the name of the chat.
   Chat addTo(std::string_view guid, std::string_view name, const Message& message);
-  // Marks all that was received in the chat.
+  // Marks all received messages of the chat as read.
   void markRead(const Chat& chat);
 
  private:
-  Statement use(const char* text) const;
-  Chat makeChat(std::string_view guid, std::string_view name);
+  Statement prepare(const char* sql) const;
+  Chat findOrCreateChat(std::string_view guid, std::string_view name);
 
   struct Closer {
     void operator()(sqlite3* opened) const { sqlite3_close_v2(opened); }
   };
 
-  std::filesystem::path path;
-  std::unique_ptr<sqlite3, Closer> database;
-  mutable PreparedStatements statements;
+  std::filesystem::path path_;
+  std::unique_ptr<sqlite3, Closer> database_;
+  mutable PreparedStatements statements_;
 };
 
-// The folder of the store, the lock and the socket of the Messages app.
+// The folder that contains the store, the lock file and the socket of the Messages app.
 std::filesystem::path messagesFolder(const std::filesystem::path& root);
 
 }  // namespace messages

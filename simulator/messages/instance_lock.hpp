@@ -1,4 +1,4 @@
-// At most one Messages app runs on a root.
+// The lock that allows at most one Messages app on a root.
 #pragma once
 
 #include <filesystem>
@@ -7,8 +7,9 @@
 
 namespace messages {
 
-// Holds the root's lock, a file that tells the number of the process that holds it. None open where another process
-// does; throws std::filesystem::filesystem_error where the file cannot be made.
+// Acquires the lock, which is a file in the folder, and returns its descriptor. The lock is released when the
+// descriptor is closed. The file contains the process identifier of the owner. Returns a closed descriptor if another
+// process owns the lock. Throws std::filesystem::filesystem_error if the file cannot be created.
 foundation::Descriptor lockInstance(const std::filesystem::path& folder);
 
 }  // namespace messages

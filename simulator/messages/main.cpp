@@ -1,4 +1,4 @@
-// The Messages app's process.
+// The messages program: runs the Messages app, lists its conversations or receives a message.
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -11,18 +11,18 @@ namespace {
 
 constexpr int cannotStart = 2;
 
-int complain(const std::string& message) {
+int reportError(const std::string& message) {
   std::fprintf(stderr, "messages: %s\n", message.c_str());
   return cannotStart;
 }
 
-// Of two home screens that launch it at once, one finds it running.
+// Two home screens can launch the app at the same time. The second process exits with success.
 int runApp(const messages::MessagesOptions& options) try {
   messages::MessagesApp app(options);
   app.run();
   return 0;
 } catch (const messages::AlreadyRunning& error) {
-  return options.launch == messages::Launch::Suspended ? 0 : complain(error.what());
+  return options.launch == messages::Launch::Suspended ? 0 : reportError(error.what());
 }
 
 int execute(const messages::MessagesOptions& options) try {
@@ -36,14 +36,14 @@ int execute(const messages::MessagesOptions& options) try {
   }
   return cannotStart;
 } catch (const std::exception& error) {
-  return complain(error.what());
+  return reportError(error.what());
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
   const auto parsed = messages::parseMessagesOptions({arguments + 1, static_cast<std::size_t>(count - 1)});
-  if (const auto* error = std::get_if<process::OptionError>(&parsed)) return complain(error->message);
+  if (const auto* error = std::get_if<process::OptionError>(&parsed)) return reportError(error->message);
   if (std::holds_alternative<process::HelpRequest>(parsed)) {
     std::cout << messages::messagesHelp();
     return 0;

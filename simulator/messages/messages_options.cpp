@@ -9,8 +9,8 @@ namespace {
 using Row = process::OptionRow<MessagesOptions>;
 
 process::OptionFailure receive(MessagesOptions& options, const std::string& value) {
-  if (options.task == MessagesTask::List) return "to stand without --list";
-  if (value.empty() || value.back() == ';') return "an address such as +491701234567, or a chat's identifier";
+  if (options.task == MessagesTask::List) return "a command line without --list";
+  if (value.empty() || value.back() == ';') return "an address such as +491701234567 or the identifier of a chat";
   options.task = MessagesTask::Receive;
   options.chat = value;
   return std::nullopt;
@@ -22,19 +22,19 @@ bool takeText(MessagesOptions& options, const std::string& word) {
   return true;
 }
 
-const std::vector<Row>& table() {
+const std::vector<Row>& optionTable() {
   static const std::vector<Row> rows = {
-      {"--root", "DIR", "the folder that stands for the phone's file system, as the home screen's",
+      {"--root", "DIR", "the folder that represents the phone's file system, the same as for the home screen",
        [](MessagesOptions& options, const std::string& value) { return process::parseRoot(options.root, value); }},
       {"--list", nullptr, "print the conversations and their messages",
        [](MessagesOptions& options, const std::string&) {
-         if (options.task == MessagesTask::Receive) return process::OptionFailure("to stand without --receive");
+         if (options.task == MessagesTask::Receive) return process::OptionFailure("a command line without --receive");
          options.task = MessagesTask::List;
          return process::OptionFailure();
        }},
-      {"--receive", "CHAT", "a message arrives in that chat: its TEXT is the next word; the home screen shows a banner",
-       &receive},
-      {"--from", "NAME", "the name of the one who writes (default: the chat's, else its address)",
+      {"--receive", "CHAT",
+       "receive a message in this chat; the next argument is its TEXT; the home screen shows a banner", &receive},
+      {"--from", "NAME", "the sender's name (default: the chat's name, or else its address)",
        [](MessagesOptions& options, const std::string& value) {
          options.sender = value;
          return process::OptionFailure();
@@ -43,19 +43,19 @@ const std::vector<Row>& table() {
        [](MessagesOptions& options, const std::string& value) {
          return process::parseSystem(options.systemVersion, value);
        }},
-      {"--without-brim", nullptr, "leave the library out: nobody hears replies",
+      {"--without-brim", nullptr, "do not map the library: replies are not received",
        [](MessagesOptions& options, const std::string&) {
          options.library = process::LibraryUse::Absent;
          return process::OptionFailure();
        }},
       {"--suspended", nullptr,
-       "end when standard input does and no home screen is there: how the home screen launches it",
+       "end when standard input has ended and no home screen is connected; home screens use this option",
        [](MessagesOptions& options, const std::string&) {
          options.launch = Launch::Suspended;
          return process::OptionFailure();
        }},
       {"--user-defaults", nullptr,
-       "with --suspended: share the preferences and notifications of the user, not the root's",
+       "with --suspended: use the preferences and notifications of the user instead of the root's",
        [](MessagesOptions& options, const std::string&) {
          options.database = foundation::DefaultsDatabase::OfUser;
          return process::OptionFailure();
@@ -67,15 +67,16 @@ const std::vector<Row>& table() {
 }  // namespace
 
 process::CommandLine<MessagesOptions> parseMessagesOptions(std::span<const char* const> arguments) {
-  auto parsed = process::parseCommandLine(table(), arguments, &takeText);
+  auto parsed = process::parseCommandLine(optionTable(), arguments, &takeText);
   const auto* options = std::get_if<MessagesOptions>(&parsed);
   if (options == nullptr) return parsed;
   if (options->task == MessagesTask::Receive && !options->text)
-    return process::OptionError{"--receive " + options->chat + " wants the text of the message behind it"};
+    return process::OptionError{"--receive " + options->chat +
+                                " requires the text of the message as the next argument"};
   if (options->launch == Launch::Suspended && options->root.empty())
-    return process::OptionError{"--suspended goes with --root"};
+    return process::OptionError{"--suspended requires --root"};
   if (options->task != MessagesTask::Receive && !options->sender.empty())
-    return process::OptionError{"--from goes with --receive"};
+    return process::OptionError{"--from requires --receive"};
   return parsed;
 }
 
@@ -84,7 +85,7 @@ std::string messagesHelp() {
          "usage: messages [option …]\n"
          "       messages --receive CHAT TEXT [--from NAME]\n"
          "       messages --list\n\noptions:\n" +
-         process::optionHelp(table());
+         process::optionHelp(optionTable());
 }
 
 }  // namespace messages

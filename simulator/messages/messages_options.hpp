@@ -1,4 +1,4 @@
-// The Messages app's command line.
+// The command line of the messages program.
 #pragma once
 
 #include <filesystem>
@@ -11,33 +11,34 @@
 namespace messages {
 
 enum class MessagesTask {
-  Run,      // be the app, in the background
+  Run,      // run the app in the background
   List,     // print the conversations
-  Receive,  // be a message that arrives
+  Receive,  // receive a message
 };
 enum class Launch {
-  ByHand,
-  Suspended,  // by a home screen, which holds the other end of standard input: the app ends with it
+  ByUser,
+  Suspended,  // by a home screen, which keeps the other end of standard input open while it runs
 };
 
 struct MessagesOptions {
-  // As the options of the same names of the home screen.
+  // The same as for the home screen.
   std::filesystem::path root = {};
   std::string systemVersion = process::defaultSystemVersion;
   process::LibraryUse library = process::LibraryUse::Mapped;
   MessagesTask task = MessagesTask::Run;
-  Launch launch = Launch::ByHand;
-  // Of a launch by a home screen: whose preferences and notifications it shares.
+  Launch launch = Launch::ByUser;
+  // For Launch::Suspended: the preferences and distributed notifications that the app uses.
   foundation::DefaultsDatabase database = foundation::DefaultsDatabase::OfRoot;
-  // Of the message that arrives: the chat's identifier, or the address of the one who writes.
-  std::string chat = {};
-  std::string sender = {};
+  // For MessagesTask::Receive.
+  std::string chat = {};    // the chat's identifier or the sender's address
+  std::string sender = {};  // the sender's name; empty if not given
   std::optional<std::string> text = {};
 };
 
-// As parseOptions.
+// `arguments` does not include the program's name.
 process::CommandLine<MessagesOptions> parseMessagesOptions(std::span<const char* const> arguments);
 
+// The text that --help prints.
 std::string messagesHelp();
 
 }  // namespace messages

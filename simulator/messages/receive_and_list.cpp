@@ -22,13 +22,13 @@ using messages::ChatStore;
 using messages::Direction;
 using messages::Message;
 
-constexpr const char* messagesSection = "com.apple.MobileSMS";
+constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
 fs::path rootOf(const MessagesOptions& options) {
   return options.root.empty() ? base::defaultRoot() : fs::absolute(options.root);
 }
 
-// The address within a chat's identifier, which notifications carry as their thread.
+// The address at the end of a chat's identifier. Notifications use it as their thread identifier.
 std::string addressOf(const std::string& guid) { return guid.substr(guid.rfind(';') + 1); }
 
 std::string guidOf(const std::string& chat) {
@@ -37,8 +37,8 @@ std::string guidOf(const std::string& chat) {
 
 std::string nameOf(const Chat& chat) { return chat.name.empty() ? addressOf(chat.guid) : chat.name; }
 
-// A message is one line of the terminal, whatever it holds.
-std::string printable(const std::string& text) {
+// Replaces control characters, because a message must be one line of terminal output.
+std::string singleLine(const std::string& text) {
   std::string line;
   for (const char character : text) {
     const auto code = static_cast<unsigned char>(character);
@@ -47,7 +47,7 @@ std::string printable(const std::string& text) {
   return line;
 }
 
-std::string timeText(double time) {
+std::string formatTime(double time) {
   const auto seconds = static_cast<std::time_t>(time);
   std::tm parts = {};
   localtime_r(&seconds, &parts);
@@ -59,8 +59,8 @@ std::string timeText(double time) {
 void print(const Chat& chat, const Message& message) {
   const bool isSent = message.direction == Direction::Sent;
   const bool isNew = !isSent && !message.isRead;
-  std::cout << (isNew ? "  * " : "    ") << timeText(message.time) << "  " << (isSent ? "me" : printable(nameOf(chat)))
-            << ": " << printable(message.text) << "\n";
+  std::cout << (isNew ? "  * " : "    ") << formatTime(message.time) << "  "
+            << (isSent ? "me" : singleLine(nameOf(chat))) << ": " << singleLine(message.text) << "\n";
 }
 
 }  // namespace
@@ -75,7 +75,7 @@ int listConversations(const MessagesOptions& options) {
   const std::vector<Chat> chats = store.chats();
   if (chats.empty()) std::cout << "no conversations\n";
   for (const Chat& chat : chats) {
-    std::cout << printable(nameOf(chat)) << " (" << printable(chat.guid) << ")\n";
+    std::cout << singleLine(nameOf(chat)) << " (" << singleLine(chat.guid) << ")\n";
     for (const Message& message : store.messagesOf(chat)) print(chat, message);
   }
   return 0;
@@ -87,8 +87,9 @@ int receiveMessage(const MessagesOptions& options) {
   const Chat chat = store.addTo(guidOf(options.chat), options.sender,
                                 {Direction::Received, *options.text, 0, base::realTime(), false});
   const bool isShown =
-      process::sendBulletin(root, {messagesSection, addressOf(chat.guid), nameOf(chat), *options.text});
-  if (!isShown) std::fprintf(stderr, "messages: no home screen runs on %s; the message is stored\n", root.c_str());
+      process::sendBulletin(root, {messagesIdentifier, addressOf(chat.guid), nameOf(chat), *options.text});
+  if (!isShown)
+    std::fprintf(stderr, "messages: no home screen runs on %s; the message was only stored\n", root.c_str());
   return 0;
 }
 

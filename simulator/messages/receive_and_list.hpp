@@ -1,15 +1,16 @@
-// What the Messages program does beside being the app: it prints the conversations, and stands for messages that
-// arrive.
+// The tasks of the messages program other than to run the app. Each of them returns the exit status of the process and
+// throws messages::StoreError.
 #pragma once
 
 #include "simulator/messages/messages_options.hpp"
 
 namespace messages {
 
-// Prints them for a person on standard output. Both throw messages::StoreError and answer the process's exit status.
+// Prints the conversations to standard output, formatted for people.
 int listConversations(const MessagesOptions& options);
 
-// Stores the message and has the home screen of the root show it.
+// Stores a received message and asks the home screen of the root to show a banner. If no home screen runs, prints a
+// notice to standard error.
 int receiveMessage(const MessagesOptions& options);
 
 }  // namespace messages

@@ -10,26 +10,26 @@
 
 namespace messages {
 
-Service::Service(const std::filesystem::path& folder, std::function<bool()> ready)
-    : becomeReady(std::move(ready)), listening(foundation::listenIn(folder, serviceSocket)) {
-  if (listening.isOpen()) foundation::watchDescriptor(listening.get(), [this] { acceptConnection(); });
+Service::Service(const std::filesystem::path& folder, std::function<bool()> becomeReady)
+    : becomeReady_(std::move(becomeReady)), listening_(foundation::listenIn(folder, serviceSocket)) {
+  if (listening_.isOpen()) foundation::watchDescriptor(listening_.get(), [this] { acceptConnection(); });
 }
 
 Service::~Service() {
-  if (listening.isOpen()) foundation::unwatchDescriptor(listening.get());
-  for (auto connection = connections.begin(); connection != connections.end();) connection = drop(connection);
+  if (listening_.isOpen()) foundation::unwatchDescriptor(listening_.get());
+  for (auto connection = connections_.begin(); connection != connections_.end();) connection = drop(connection);
 }
 
 void Service::report(const nlohmann::ordered_json& event) {
   const std::string line = event.dump(-1, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
-  for (auto connection = connections.begin(); connection != connections.end();)
+  for (auto connection = connections_.begin(); connection != connections_.end();)
     connection = foundation::sendAll(*connection, line) ? std::next(connection) : drop(connection);
 }
 
 void Service::acceptConnection() {
-  foundation::Descriptor accepted = foundation::acceptFrom(listening);
+  foundation::Descriptor accepted = foundation::acceptFrom(listening_);
   if (!accepted.isOpen()) return;
-  const auto connection = connections.insert(connections.end(), std::move(accepted));
+  const auto connection = connections_.insert(connections_.end(), std::move(accepted));
   foundation::watchDescriptor(connection->get(), [this, connection] { readFrom(connection); });
 }
 
@@ -40,9 +40,9 @@ void Service::readFrom(Connections::iterator connection) {
     drop(connection);
     return;
   }
-  const auto questions = std::count(buffer, buffer + size, '\n');
-  for (auto question = questions; question > 0; --question) {
-    if (becomeReady() && foundation::sendAll(*connection, std::string(readyAnswer) + "\n")) continue;
+  const auto queryCount = std::count(buffer, buffer + size, '\n');
+  for (auto remaining = queryCount; remaining > 0; --remaining) {
+    if (becomeReady_() && foundation::sendAll(*connection, std::string(readyReply) + "\n")) continue;
     drop(connection);
     return;
   }
@@ -50,7 +50,7 @@ void Service::readFrom(Connections::iterator connection) {
 
 Service::Connections::iterator Service::drop(Connections::iterator connection) {
   foundation::unwatchDescriptor(connection->get());
-  return connections.erase(connection);
+  return connections_.erase(connection);
 }
 
 }  // namespace messages

@@ -1,5 +1,5 @@
-// What the Messages app says to the home screens that have launched it: that it is ready, and what it has done. Lines
-// of text over a socket beside the store.
+// The service of the Messages app for home screens. It replies when the app is ready for requests and reports what the
+// app has done. The protocol is lines of text over a socket next to the store. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -14,22 +14,24 @@
 namespace messages {
 
 inline constexpr const char* serviceSocket = "messages.socket";
-// A home screen asks with an empty line. The answer; any other line is an event, an object of JSON.
-inline constexpr const char* readyAnswer = "ready";
+// The reply to an empty line, by which a home screen asks whether the app is ready. Every other line from the app is an
+// event, which is a JSON object.
+inline constexpr const char* readyReply = "ready";
 
-// Main thread, of an app that is alone on its root.
+// At most one exists for each root; see instance_lock.hpp.
 class Service {
  public:
-  // A question is answered when `becomeReady` has returned true, and the connection closed when false. It does not
-  // start where the folder takes no socket; errno tells why.
+  // `becomeReady` is called for each query. If it returns false, the service closes the connection instead of replying.
+  // If the socket cannot be created, the service is not open and errno describes the error.
   Service(const std::filesystem::path& folder, std::function<bool()> becomeReady);
   Service(const Service&) = delete;
   Service& operator=(const Service&) = delete;
   ~Service();
 
-  bool isOpen() const { return listening.isOpen(); }
-  // Whether a home screen is there.
-  bool isConnected() const { return !connections.empty(); }
+  bool isOpen() const { return listening_.isOpen(); }
+  // Whether any home screen is connected.
+  bool isConnected() const { return !connections_.empty(); }
+  // Sends the event to all connected home screens.
   void report(const nlohmann::ordered_json& event);
 
  private:
@@ -39,9 +41,9 @@ class Service {
   void readFrom(Connections::iterator connection);
   Connections::iterator drop(Connections::iterator connection);
 
-  std::function<bool()> becomeReady;
-  foundation::Descriptor listening;
-  Connections connections;
+  std::function<bool()> becomeReady_;
+  foundation::Descriptor listening_;
+  Connections connections_;
 };
 
 }  // namespace messages

@@ -11,7 +11,7 @@ namespace {
 namespace fs = std::filesystem;
 using Json = nlohmann::ordered_json;
 
-std::string textIn(const Json& bulletin, const char* key) {
+std::string stringMember(const Json& bulletin, const char* key) {
   return bulletin.contains(key) && bulletin[key].is_string() ? bulletin[key].get<std::string>() : "";
 }
 
@@ -31,8 +31,8 @@ bool sendBulletin(const fs::path& root, const Bulletin& bulletin) {
 std::optional<Bulletin> parseBulletin(const std::string& text) {
   const Json bulletin = Json::parse(text, nullptr, false);
   if (!bulletin.is_object()) return std::nullopt;
-  return Bulletin{textIn(bulletin, "section"), textIn(bulletin, "thread"), textIn(bulletin, "title"),
-                  textIn(bulletin, "message")};
+  return Bulletin{stringMember(bulletin, "section"), stringMember(bulletin, "thread"), stringMember(bulletin, "title"),
+                  stringMember(bulletin, "message")};
 }
 
 }  // namespace process

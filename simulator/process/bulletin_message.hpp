@@ -1,5 +1,5 @@
-// The message by which a process of the phone asks the home screen to show a notification: one JSON object, sent over a
-// socket in the root. The sender closes the connection after the message.
+// The message by which a process of the phone asks the home screen to show a notification. It is one JSON object, which
+// is sent over a socket in the root. The sender closes the connection after the message. Any thread.
 #pragma once
 
 #include <filesystem>
@@ -12,18 +12,19 @@ inline constexpr const char* bulletinSocket = "bulletins.socket";
 // The folder of that socket.
 std::filesystem::path bulletinFolder(const std::filesystem::path& root);
 
-// UTF-8.
+// All texts are UTF-8.
 struct Bulletin {
   std::string section;  // the application's bundle identifier
-  std::string thread;
+  std::string thread;   // identifies the conversation; empty for none
   std::string title;
   std::string message;
 };
 
-// Sends the bulletin to the home screen that runs on the root. Returns false if none runs.
+// Sends the bulletin to the home screen that uses the root. Returns false if no home screen is running.
 bool sendBulletin(const std::filesystem::path& root, const Bulletin& bulletin);
 
-// Missing members and members that are not strings are empty. Returns nothing if the text is not a JSON object.
+// Parses a received message. A member that is missing or not a string becomes empty. Returns nothing if the text is not
+// a JSON object.
 std::optional<Bulletin> parseBulletin(const std::string& text);
 
 }  // namespace process

@@ -1,4 +1,4 @@
-// Command lines as tables: the parser and --help read the same rows.
+// Command-line parsing. A table describes the options of a program; the parser and --help use the same table.
 #pragma once
 
 #include <algorithm>
@@ -13,12 +13,13 @@ namespace process {
 
 struct HelpRequest {};
 struct VersionRequest {};
-// What is wrong and what would be right, for people.
 struct OptionError {
+  // Tells the user what is wrong and what is expected.
   std::string message;
 };
 
-// Nothing on success, else what would have been right.
+// The result of applying an option's value: nothing if the value is valid, otherwise a description of the expected
+// value, such as "a folder".
 using OptionFailure = std::optional<std::string>;
 
 template <class Options>
@@ -28,7 +29,7 @@ template <class Options>
 struct OptionRow {
   const char* name;
   const char* valueName;  // null for an option without a value
-  std::string meaning;
+  std::string description;
   OptionFailure (*apply)(Options& options, const std::string& value);
 };
 
@@ -39,13 +40,13 @@ std::string usageWithValue(const OptionRow<Options>& row) {
   return row.valueName == nullptr ? row.name : std::string(row.name) + " " + row.valueName;
 }
 
-// "--name=value" as two words; the value is missing in any other form.
+// The word "--name=value" split into its two parts. Any other word has no value.
 struct Argument {
   std::string name;
   std::optional<std::string> value;
 };
 
-inline Argument split(const std::string& word) {
+inline Argument splitArgument(const std::string& word) {
   const std::size_t equals = word.find('=');
   if (!word.starts_with("--") || equals == std::string::npos) return {word, std::nullopt};
   return {word.substr(0, equals), word.substr(equals + 1)};
@@ -53,53 +54,55 @@ inline Argument split(const std::string& word) {
 
 }  // namespace detail
 
-// The arguments without the program's name. An option may be written "--name value" or "--name=value". A word that is
-// no option goes to `takeWord`, which answers whether there is a use for it; all words behind "--" do.
+// Parses the arguments, which do not include the program's name. An option is written "--name value" or "--name=value".
+// Every other word, and every word after "--", is passed to `takeWord`, which returns whether it accepts the word. If
+// `takeWord` is null, the program accepts options only.
 template <class Options>
 CommandLine<Options> parseCommandLine(const std::vector<OptionRow<Options>>& table,
                                       std::span<const char* const> arguments,
                                       bool (*takeWord)(Options& options, const std::string& word) = nullptr) {
   Options options;
-  bool onlyWords = false;
+  bool optionsHaveEnded = false;
   for (std::size_t index = 0; index < arguments.size(); ++index) {
     const std::string word = arguments[index];
-    const bool isOption = !onlyWords && word.starts_with('-');
+    const bool isOption = !optionsHaveEnded && word.starts_with('-');
     if (isOption && (word == "--help" || word == "-h")) return HelpRequest{};
     if (isOption && word == "--version") return VersionRequest{};
     if (takeWord != nullptr && isOption && word == "--") {
-      onlyWords = true;
+      optionsHaveEnded = true;
       continue;
     }
     if (takeWord != nullptr && !isOption && takeWord(options, word)) continue;
 
-    auto [name, value] = detail::split(word);
+    auto [name, value] = detail::splitArgument(word);
     const auto row = std::ranges::find(table, name, &OptionRow<Options>::name);
-    if (row == table.end()) return OptionError{"unknown option " + name + "; --help lists the options there are"};
+    if (row == table.end()) return OptionError{"unknown option " + name + "; run with --help to list the options"};
     if (row->valueName == nullptr) {
       if (value) return OptionError{name + " takes no value"};
       value = "";
     } else if (!value) {
-      if (index + 1 == arguments.size()) return OptionError{name + " wants a value: " + detail::usageWithValue(*row)};
+      if (index + 1 == arguments.size())
+        return OptionError{name + " requires a value: " + detail::usageWithValue(*row)};
       value = arguments[++index];
     }
-    if (const OptionFailure wanted = row->apply(options, *value))
-      return OptionError{name + " " + *value + ": this option takes " + *wanted};
+    if (const OptionFailure expected = row->apply(options, *value))
+      return OptionError{name + (value->empty() ? "" : " " + *value) + ": expected " + *expected};
   }
   return options;
 }
 
-// One line an option.
+// The option list for --help, one line for each option.
 template <class Options>
 std::string optionHelp(const std::vector<OptionRow<Options>>& table) {
-  static constexpr std::size_t column = 24;
+  static constexpr std::size_t descriptionColumn = 24;
   std::string text;
-  const auto add = [&text](std::string left, const std::string& meaning) {
-    left.resize(std::max(column, left.size() + 2), ' ');
-    text += left + meaning + "\n";
+  const auto add = [&text](std::string usage, const std::string& description) {
+    usage.resize(std::max(descriptionColumn, usage.size() + 2), ' ');
+    text += usage + description + "\n";
   };
-  for (const OptionRow<Options>& row : table) add("  " + detail::usageWithValue(row), row.meaning);
-  add("  --help", "this text");
-  add("  --version", "the program's name and version");
+  for (const OptionRow<Options>& row : table) add("  " + detail::usageWithValue(row), row.description);
+  add("  --help", "print this help");
+  add("  --version", "print the name and version of the program");
   return text;
 }
 

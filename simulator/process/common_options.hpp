@@ -1,4 +1,4 @@
-// Options that all programs of the simulated phone share.
+// Command-line options that all programs of the simulated phone share.
 #pragma once
 
 #include <filesystem>
@@ -13,8 +13,7 @@ enum class LibraryUse { Mapped, Absent };
 
 inline constexpr const char* defaultSystemVersion = "13.5";
 
-// Parse the values of --root and --system. Each returns a description of the expected value if the given one is
-// invalid, and then leaves its first argument unchanged.
+// Parse the values of --root and --system into their first argument, which stays unchanged if the value is invalid.
 OptionFailure parseRoot(std::filesystem::path& root, const std::string& value);
 OptionFailure parseSystem(std::string& systemVersion, const std::string& value);
 

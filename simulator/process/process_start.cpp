@@ -12,25 +12,25 @@ namespace process {
 
 namespace {
 
-// Null until it is mapped; it stays mapped.
+// Null until the library is mapped. The library is never unmapped.
 void* libraryHandle = nullptr;
 
-void stopOn(const std::optional<std::string>& failure) {
-  if (failure) throw StartError(*failure);
+void throwIfFailed(const std::optional<std::string>& error) {
+  if (error) throw StartError(*error);
 }
 
 }  // namespace
 
 void useRoot(const std::filesystem::path& root, foundation::DefaultsDatabase database) {
-  stopOn(foundation::useRoot(root, database));
-  stopOn(prepareRoot(root));
+  throwIfFailed(foundation::useRoot(root, database));
+  throwIfFailed(prepareRoot(root));
 }
 
-void useRoot(const std::filesystem::path& chosen) {
-  if (chosen.empty()) {
+void useRoot(const std::filesystem::path& root) {
+  if (root.empty()) {
     process::useRoot(base::defaultRoot(), foundation::DefaultsDatabase::OfUser);
   } else {
-    process::useRoot(chosen, foundation::DefaultsDatabase::OfRoot);
+    process::useRoot(root, foundation::DefaultsDatabase::OfRoot);
   }
 }
 

@@ -1,4 +1,4 @@
-// What every process of the phone does when it starts, and what the library mapped into it tells of itself.
+// Start-up steps that all processes of the simulated phone share: use a root, then map the library. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -8,21 +8,23 @@
 
 namespace process {
 
-// The process could not start; `what` says why, for people.
+// The process could not start. what() tells the user why.
 class StartError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// First thing, before any other use of Foundation. Empty: the user's own root, with the user's own preferences. Throws
-// StartError.
-void useRoot(const std::filesystem::path& chosen);
+// Creates the root where necessary and makes it the file system of this process. Call it before any other use of
+// Foundation. An empty path selects the user's default root and the user's preferences; any other root has its own
+// preferences. Throws StartError.
+void useRoot(const std::filesystem::path& root);
 void useRoot(const std::filesystem::path& root, foundation::DefaultsDatabase database);
 
-// Maps in what the loader's filters let into the process of that bundle. Once the classes are there. Throws StartError.
+// Maps the libraries whose loader filters list this bundle identifier. Call it after the classes have been registered.
+// Throws StartError.
 void mapLibrary(const char* bundleIdentifier);
 
-// The handle of libBrim.so for dlsym; null if the library was not mapped.
+// The handle of libBrim.so for dlsym. Null if the library was not mapped.
 void* mappedLibrary();
 
 }  // namespace process

@@ -17,75 +17,76 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* endpointsFile = "endpoints.plist";
-constexpr std::size_t maxEndpoints = 1 << 20;
-constexpr const char* libraryFolder = "Library/MobileSubstrate/DynamicLibraries";
+constexpr std::size_t maxEndpointsBytes = 1 << 20;
+constexpr const char* loaderFolder = "Library/MobileSubstrate/DynamicLibraries";
 constexpr const char* folders[] = {
-    "Library/Application Support/Brim",      libraryFolder,
+    "Library/Application Support/Brim",      loaderFolder,
     "var/mobile/Containers/Shared/AppGroup", "var/mobile/Containers/Data/Application",
     "var/mobile/Library/Preferences",
 };
 
-constexpr const char* libraryFilter = R"({
+constexpr const char* loaderFilter = R"({
   Filter = {
     Bundles = ("com.apple.springboard", "com.apple.MobileSMS");
   };
 }
 )";
 
-// Makes something under another name and puts it in place: another process of the same root may be starting.
-void putInPlace(const fs::path& path, const std::function<void(const fs::path& unfinished)>& make) {
-  const fs::path unfinished = path.native() + "." + std::to_string(getpid());
-  make(unfinished);
-  fs::rename(unfinished, path);
+// Creates a file under a temporary name and renames it, because another process can prepare the same root at the same
+// time.
+void createAtomically(const fs::path& path, const std::function<void(const fs::path& temporary)>& create) {
+  const fs::path temporary = path.native() + "." + std::to_string(getpid());
+  create(temporary);
+  fs::rename(temporary, path);
 }
 
-// A link follows the build in use; what is no link is the user's own and stays.
-void linkTo(const fs::path& target, const fs::path& link) {
+// Creates the link or redirects it to the current build. A file or folder in its place belongs to the user and stays.
+void updateLink(const fs::path& target, const fs::path& link) {
   const bool isLink = fs::is_symlink(link);
   if (!fs::exists(target) || (fs::exists(link) && !isLink) || (isLink && fs::read_symlink(link) == target)) return;
-  putInPlace(link, [&target](const fs::path& unfinished) { fs::create_symlink(target, unfinished); });
+  createAtomically(link, [&target](const fs::path& temporary) { fs::create_symlink(target, temporary); });
 }
 
-void writeWhereMissing(const fs::path& path, const std::string& text) {
+void writeIfMissing(const fs::path& path, const std::string& text) {
   if (fs::exists(path)) return;
-  putInPlace(path, [&](const fs::path& unfinished) {
-    std::ofstream file(unfinished);
+  createAtomically(path, [&](const fs::path& temporary) {
+    std::ofstream file(temporary);
     file << text;
     file.close();
     if (!file) throw fs::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
   });
 }
 
-void prepareAssetBundle(const fs::path& built, const fs::path& bundle) {
+void prepareAssetBundle(const fs::path& builtBundle, const fs::path& bundle) {
   if (fs::is_symlink(bundle)) fs::remove(bundle);
   fs::create_directories(bundle);
-  for (const auto& entry : fs::directory_iterator(built))
-    if (entry.path().filename() != endpointsFile) linkTo(entry.path(), bundle / entry.path().filename());
-  // Only the demonstration's are a link.
+  for (const auto& entry : fs::directory_iterator(builtBundle))
+    if (entry.path().filename() != endpointsFile) updateLink(entry.path(), bundle / entry.path().filename());
+  // Only the demonstration installs a link.
   if (fs::is_symlink(bundle / endpointsFile)) fs::remove(bundle / endpointsFile);
   if (fs::exists(bundle / endpointsFile)) return;
-  putInPlace(bundle / endpointsFile,
-             [&](const fs::path& unfinished) { fs::copy_file(built / endpointsFile, unfinished); });
+  createAtomically(bundle / endpointsFile,
+                   [&](const fs::path& temporary) { fs::copy_file(builtBundle / endpointsFile, temporary); });
 }
 
 }  // namespace
 
 std::optional<std::string> prepareRoot(const fs::path& root) try {
   for (const char* folder : folders) fs::create_directories(root / folder);
-  const base::Installation built = base::installation();
-  prepareAssetBundle(built.assetBundle, root / base::assetBundlePath);
-  linkTo(built.library, root / libraryFolder / "Brim.dylib");
-  writeWhereMissing(root / libraryFolder / "Brim.plist", libraryFilter);
+  const base::Installation installation = base::installation();
+  prepareAssetBundle(installation.assetBundle, root / base::assetBundlePath);
+  updateLink(installation.library, root / loaderFolder / "Brim.dylib");
+  writeIfMissing(root / loaderFolder / "Brim.plist", loaderFilter);
   return std::nullopt;
 } catch (const fs::filesystem_error& error) {
   return error.path1().string() + ": " + error.code().message();
 }
 
 void linkEndpoints(const fs::path& endpoints) {
-  const fs::path present = foundation::root() / base::assetBundlePath / endpointsFile;
-  const auto contentsOf = [](const fs::path& file) { return base::readRegularFile(file, maxEndpoints); };
-  if (contentsOf(present) == contentsOf(base::installation().assetBundle / endpointsFile)) fs::remove(present);
-  linkTo(endpoints, present);
+  const fs::path current = foundation::root() / base::assetBundlePath / endpointsFile;
+  const auto contentsOf = [](const fs::path& file) { return base::readRegularFile(file, maxEndpointsBytes); };
+  if (contentsOf(current) == contentsOf(base::installation().assetBundle / endpointsFile)) fs::remove(current);
+  updateLink(endpoints, current);
 }
 
 }  // namespace process

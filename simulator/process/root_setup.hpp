@@ -1,4 +1,4 @@
-// The folder that stands for the phone's file system: made with its defaults where something is missing.
+// Creates the files of a root, the folder that represents the phone's file system. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -7,13 +7,13 @@
 
 namespace process {
 
-// Makes what is missing: the library as a link, its filter, the asset bundle as a folder of links with endpoints of its
-// own, which may be edited, and the folders of the user's data. The answer is the reason of a failure, nothing on
-// success.
+// Creates what is missing in the root: a link to the library, the library's loader filter, the asset bundle and the
+// folders for user data. The asset bundle contains links to the built assets and a copy of endpoints.plist, which the
+// user can edit. Returns a description of the error, or nothing on success.
 [[nodiscard]] std::optional<std::string> prepareRoot(const std::filesystem::path& root);
 
-// Has the root in use take its endpoints from another file, until it is prepared again. Endpoints that were edited are
-// the user's own and stay.
+// Replaces endpoints.plist of the current root by a link to another file until the root is prepared again. Does nothing
+// if the user has edited endpoints.plist.
 void linkEndpoints(const std::filesystem::path& endpoints);
 
 }  // namespace process

@@ -4,7 +4,7 @@
 #include "platform/ns_distributed_notification_center.hpp"
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/runner/deadline.hpp"
-#include "simulator/springboard/services/post_recorder.hpp"
+#include "simulator/springboard/services/notification_recorder.hpp"
 
 namespace runner {
 

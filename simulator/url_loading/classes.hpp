@@ -1,12 +1,13 @@
-// The platform's classes that load addresses, where Linux's Foundation lacks them: NSURLSession and its data tasks, and
-// NSURLConnection's asynchronous message.
+// Registers the URL loading classes and methods that Foundation on Linux lacks: NSURLSession with its data tasks, and
+// the asynchronous method of NSURLConnection.
 #pragma once
 
 namespace url_loading {
 
-// After foundation::registerClasses. Once. Main thread.
+// Call it once, after foundation::registerClasses. Main thread.
 void registerClasses();
 
+// The steps of registerClasses.
 void defineURLSession();
 void installURLConnection();
 

@@ -19,25 +19,25 @@ namespace url_loading {
 
 namespace {
 
-constexpr double defaultIdleSeconds = 60;
-// Where a phone's root keeps authorities of its own, which replace the machine's.
-constexpr const char* certificatesPath = "/etc/ssl/cert.pem";
+constexpr double defaultIdleTimeoutSeconds = 60;
+// If this file exists in the root, its certificates replace the system's.
+constexpr const char* certificateFilePath = "/etc/ssl/cert.pem";
 
-std::atomic<std::size_t> underWay = 0;
+std::atomic<std::size_t> pendingRequests = 0;
 
-std::string certificates() {
-  const std::string path = foundation::pathUnderRoot(certificatesPath);
-  return path != certificatesPath && std::filesystem::exists(path) ? path : "";
+std::string certificateFile() {
+  const std::string path = foundation::pathUnderRoot(certificateFilePath);
+  return path != certificateFilePath && std::filesystem::exists(path) ? path : "";
 }
 
 HeaderFields headersOf(const NSURLRequest* request) {
   HeaderFields fields;
-  const auto* const given = objc::send<NSDictionary*, "allHTTPHeaderFields">(request);
-  const NSArray* const names = given->allKeys();
+  const auto* const headers = objc::send<NSDictionary*, "allHTTPHeaderFields">(request);
+  const NSArray* const names = headers->allKeys();
   for (NSUInteger index = 0; index < names->count(); ++index) {
     const NSObject* const name = names->objectAtIndex(index);
     fields.emplace_back(base::textOf(objc::as<NSString>(const_cast<NSObject*>(name))),
-                        base::textOf(objc::as<NSString>(given->objectForKey(name))));
+                        base::textOf(objc::as<NSString>(headers->objectForKey(name))));
   }
   return fields;
 }
@@ -46,74 +46,74 @@ Request requestOf(const NSURLRequest* request, const std::string& url) {
   const double seconds = objc::send<double, "timeoutInterval">(request);
   return {.url = url,
           .headers = headersOf(request),
-          .idleSeconds = std::isfinite(seconds) && seconds > 0 ? seconds : defaultIdleSeconds,
-          .certificates = certificates()};
+          .idleTimeoutSeconds = std::isfinite(seconds) && seconds > 0 ? seconds : defaultIdleTimeoutSeconds,
+          .certificateFile = certificateFile()};
 }
 
-const NSURL* addressOf(const NSURLRequest* request) { return objc::send<NSURL*, "URL">(request); }
+const NSURL* urlOf(const NSURLRequest* request) { return objc::send<NSURL*, "URL">(request); }
 
 bool isLoadable(const NSURLRequest* request) {
-  const std::string scheme = base::textOf(addressOf(request)->scheme());
+  const std::string scheme = base::textOf(urlOf(request)->scheme());
   const std::string method = base::textOf(objc::send<NSString*, "HTTPMethod">(request));
   return method == "GET" && (strcasecmp(scheme.c_str(), "http") == 0 || strcasecmp(scheme.c_str(), "https") == 0);
 }
 
-// Fields that come several times are one, as their definition says.
+// Repeated fields are joined with commas, as HTTP defines.
 objc::Ref<NSDictionary> dictionaryOf(const HeaderFields& fields) {
   auto* const dictionary = NSMutableDictionary::dictionaryWithCapacity(fields.size());
   for (const auto& [name, value] : fields) {
     NSString* const key = base::stringOf(name);
-    std::string all = base::textOf(objc::as<NSString>(dictionary->objectForKey(key)));
-    all.append(all.empty() ? "" : ", ").append(value);
-    // Not all that servers say is text.
-    if (key != nullptr && base::stringOf(all) != nullptr) dictionary->setObject(base::stringOf(all), key);
+    std::string joined = base::textOf(objc::as<NSString>(dictionary->objectForKey(key)));
+    joined.append(joined.empty() ? "" : ", ").append(value);
+    // Servers can send headers that are not valid UTF-8.
+    if (key != nullptr && base::stringOf(joined) != nullptr) dictionary->setObject(base::stringOf(joined), key);
   }
   return objc::retain<NSDictionary>(dictionary);
 }
 
-objc::Ref<NSURLResponse> responseOf(const Answer& answer) {
-  if (answer.status == 0) return nullptr;
+objc::Ref<NSURLResponse> responseOf(const TransferResult& transfer) {
+  if (transfer.status == 0) return nullptr;
   auto* const allocated = objc::send<NSHTTPURLResponse*, "alloc">(NSHTTPURLResponse::classObject());
   return objc::adopt<NSURLResponse>(objc::send<NSHTTPURLResponse*, "initWithURL:statusCode:HTTPVersion:headerFields:">(
-      allocated, NSURL::withString(base::stringOf(answer.url)), NSInteger{answer.status}, "HTTP/1.1"_ns,
-      dictionaryOf(answer.headers).get()));
+      allocated, NSURL::withString(base::stringOf(transfer.url)), NSInteger{transfer.status}, "HTTP/1.1"_ns,
+      dictionaryOf(transfer.headers).get()));
 }
 
-objc::Ref<NSError> errorOf(const Answer& answer) {
-  if (!answer.error) return nullptr;
+objc::Ref<NSError> errorOf(const TransferResult& transfer) {
+  if (!transfer.error) return nullptr;
   auto* const details = NSMutableDictionary::dictionaryWithCapacity(1);
-  details->setObject(base::stringOf(answer.url), "NSErrorFailingURLStringKey"_ns);
+  details->setObject(base::stringOf(transfer.url), "NSErrorFailingURLStringKey"_ns);
   return objc::retain(objc::send<NSError*, "errorWithDomain:code:userInfo:">(
-      NSError::classObject(), "NSURLErrorDomain"_ns, static_cast<NSInteger>(*answer.error),
+      NSError::classObject(), "NSURLErrorDomain"_ns, static_cast<NSInteger>(*transfer.error),
       static_cast<NSDictionary*>(details)));
 }
 
-Outcome outcomeOf(const Answer& answer) {
-  Outcome outcome = {nullptr, responseOf(answer), errorOf(answer)};
-  if (!answer.error) outcome.data = objc::retain(NSData::dataWithBytes(answer.body.data(), answer.body.size()));
-  return outcome;
+LoadResult loadResultOf(const TransferResult& transfer) {
+  LoadResult result = {nullptr, responseOf(transfer), errorOf(transfer)};
+  if (!transfer.error) result.data = objc::retain(NSData::dataWithBytes(transfer.body.data(), transfer.body.size()));
+  return result;
 }
 
-void record(const std::string& url, const Answer& answer) {
+void recordHttpEvent(const std::string& url, const TransferResult& transfer) {
   nlohmann::ordered_json event = {{"url", url}, {"status", nullptr}};
-  if (answer.error) {
-    event["error"] = static_cast<std::int64_t>(*answer.error);
+  if (transfer.error) {
+    event["error"] = static_cast<std::int64_t>(*transfer.error);
   } else {
-    event["status"] = answer.status;
+    event["status"] = transfer.status;
   }
   base::recordEvent("http", event);
 }
 
 }  // namespace
 
-void load(NSURLRequest* request, Deliver deliver, std::function<void(const Outcome&)> receive) {
-  const std::string url = base::textOf(objc::send<NSString*, "absoluteString">(addressOf(request)));
-  ++underWay;
-  Completion completion = [url, deliver = std::move(deliver), receive = std::move(receive)](Answer answer) {
-    deliver([url, receive, answer = std::make_shared<const Answer>(std::move(answer))] {
-      record(url, *answer);
-      receive(outcomeOf(*answer));
-      --underWay;
+void load(NSURLRequest* request, Enqueue enqueue, std::function<void(const LoadResult&)> complete) {
+  const std::string url = base::textOf(objc::send<NSString*, "absoluteString">(urlOf(request)));
+  ++pendingRequests;
+  Completion completion = [url, enqueue = std::move(enqueue), complete = std::move(complete)](TransferResult transfer) {
+    enqueue([url, complete, transfer = std::make_shared<const TransferResult>(std::move(transfer))] {
+      recordHttpEvent(url, *transfer);
+      complete(loadResultOf(*transfer));
+      --pendingRequests;
     });
   };
   if (isLoadable(request)) {
@@ -123,6 +123,6 @@ void load(NSURLRequest* request, Deliver deliver, std::function<void(const Outco
   }
 }
 
-std::size_t requestsUnderWay() { return underWay; }
+std::size_t requestsUnderWay() { return pendingRequests; }
 
 }  // namespace url_loading

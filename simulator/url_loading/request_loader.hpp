@@ -1,4 +1,4 @@
-// Requests on their way from the platform's classes to the network and back.
+// Loads NSURLRequest objects. NSURLSession and NSURLConnection share this code. Any thread.
 #pragma once
 
 #include <cstddef>
@@ -11,21 +11,23 @@
 
 namespace url_loading {
 
-// What a completion is told; nil where there is nothing.
-struct Outcome {
+// The arguments of the platform's completion blocks. Data is nil if an error occurred; the response is nil if the
+// server sent none; the error is nil on success.
+struct LoadResult {
   objc::Ref<NSData> data;
   objc::Ref<NSURLResponse> response;
   objc::Ref<NSError> error;
 };
 
-// Brings the work to the queue on which the completion runs. Any thread.
-using Deliver = std::function<void(std::function<void()> work)>;
+// Adds work to the queue on which the completion runs. It is called on any thread.
+using Enqueue = std::function<void(std::function<void()> work)>;
 
-// Loads what the request asks for. `receive` is called once, in work that was given to `deliver`, right after the
-// answer was recorded in the event log. Any thread.
-void load(NSURLRequest* request, Deliver deliver, std::function<void(const Outcome&)> receive);
+// Loads the request, which is retained while it is pending. `complete` is called once, in work that is passed to
+// `enqueue`, after the event "http" has been recorded. A request that is not a GET of an http or https URL fails with
+// UrlError::UnsupportedUrl.
+void load(NSURLRequest* request, Enqueue enqueue, std::function<void(const LoadResult&)> complete);
 
-// How many of these have not been received yet. Any thread.
+// The number of loads whose `complete` has not returned yet.
 std::size_t requestsUnderWay();
 
 }  // namespace url_loading

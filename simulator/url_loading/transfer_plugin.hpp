@@ -1,4 +1,4 @@
-// What the plugin of transfers offers: the only name that the simulator looks up in it.
+// The function that the transfers plugin exports. It implements url_loading::startTransfer.
 #pragma once
 
 #include "simulator/url_loading/transfers.hpp"

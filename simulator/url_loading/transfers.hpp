@@ -1,17 +1,65 @@
-// Transfers over the network, off the main thread.
+// HTTP transfers, independent of the platform's classes. The transfers plugin implements them.
 #pragma once
 
+#include <cstdint>
 #include <functional>
-
-#include "simulator/url_loading/transfer_values.hpp"
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace url_loading {
 
-// Called once, on the transfers' own thread, which it must not keep waiting.
-using Completion = std::function<void(Answer)>;
+// The platform's error codes (NSURLErrorDomain).
+enum class UrlError : std::int64_t {
+  Unknown = -1,
+  BadUrl = -1000,
+  TimedOut = -1001,
+  UnsupportedUrl = -1002,
+  CannotFindHost = -1003,
+  CannotConnectToHost = -1004,
+  ConnectionLost = -1005,
+  TooManyRedirects = -1007,
+  CannotDecodeBody = -1015,
+  CannotParseResponse = -1017,
+  BodyTooLong = -1103,
+  SecureConnectionFailed = -1200,
+  CertificateUntrusted = -1202,
+};
 
-// Any thread. The completion may be called before this returns where the transfer cannot even begin. A process that
-// ends leaves its transfers behind.
+using HeaderFields = std::vector<std::pair<std::string, std::string>>;
+
+// A GET request for an http or https URL.
+struct Request {
+  std::string url;
+  HeaderFields headers = {};
+  // The transfer times out when the server sends nothing for this time.
+  double idleTimeoutSeconds = 60;
+  // A file of trusted certificates in PEM format. If empty, the system's certificates are trusted.
+  std::string certificateFile = {};
+};
+
+struct TransferResult {
+  // The status code of the last response after all redirects. 0 if there was no response.
+  int status = 0;
+  // The URL of the last response.
+  std::string url = {};
+  HeaderFields headers = {};
+  // Decompressed.
+  std::string body = {};
+  // Nothing if the transfer succeeded.
+  std::optional<UrlError> error = {};
+};
+
+// The limit applies to the decompressed body.
+inline constexpr std::size_t maxBody = 32 << 20;
+inline constexpr long maxTransferSeconds = 600;
+
+// Called once for each transfer, usually on the transfer thread. It must not block.
+using Completion = std::function<void(TransferResult)>;
+
+// Starts a transfer. If the plugin is missing, the completion is called with an error before this function returns.
+// Unfinished transfers end with the process, without a call of their completion. Any thread.
 void startTransfer(Request request, Completion completion);
 
 }  // namespace url_loading

@@ -29,8 +29,8 @@ namespace {
 
 void runWork(FunctionOperation* self) { objc::state(self).work(); }
 
-// The main operation queue is the main thread's queue by another name.
-Deliver deliveryTo(NSOperationQueue* queue) {
+// The main operation queue runs on the main thread, which has its own queue in the simulator.
+Enqueue enqueueTo(NSOperationQueue* queue) {
   if (queue == NSOperationQueue::mainQueue()) return &foundation::onMainThreadFromOutside;
   return [queue = objc::retain(queue)](std::function<void()> work) {
     auto operation = objc::make<FunctionOperation>();
@@ -41,11 +41,11 @@ Deliver deliveryTo(NSOperationQueue* queue) {
 
 void sendAsynchronousRequest(Class, NSURLRequest* request, NSOperationQueue* queue,
                              objc::Block<NSURLConnection::Completion>* completion) {
-  load(request, deliveryTo(queue),
-       [kept = objc::BlockRef<NSURLConnection::Completion>(completion)](const Outcome& outcome) {
-         if (kept.get() == nullptr) return;
-         NSURLResponse* const response = outcome.error == nullptr ? outcome.response.get() : nullptr;
-         (*kept.get())(response, outcome.data, outcome.error);
+  load(request, enqueueTo(queue),
+       [retained = objc::BlockRef<NSURLConnection::Completion>(completion)](const LoadResult& result) {
+         if (retained.get() == nullptr) return;
+         NSURLResponse* const response = result.error == nullptr ? result.response.get() : nullptr;
+         (*retained.get())(response, result.data, result.error);
        });
 }
 

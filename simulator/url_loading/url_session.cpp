@@ -1,4 +1,5 @@
-// The shared session: its completions run one after the other on a queue of its own, never on the main thread.
+// NSURLSession. The completions of the shared session run one after another on a serial queue, never on the main
+// thread.
 #include "platform/ns_url_session.hpp"
 
 #include <atomic>
@@ -27,7 +28,7 @@ namespace url_loading {
 
 namespace {
 
-// Lives as long as the process.
+// Never destroyed, because transfers can complete while the process exits.
 foundation::SerialQueue& completionQueue() {
   static auto& queue = *new foundation::SerialQueue;
   return queue;
@@ -52,9 +53,9 @@ void resume(NSURLSessionDataTask* self) {
   if (state.isStarted.exchange(true)) return;
   load(
       state.request, [](std::function<void()> work) { completionQueue().async(std::move(work)); },
-      [task = objc::retain(self)](const Outcome& outcome) {
+      [task = objc::retain(self)](const LoadResult& result) {
         const auto completion = std::move(objc::state(task.get()).completion);
-        if (completion.get() != nullptr) (*completion.get())(outcome.data, outcome.response, outcome.error);
+        if (completion.get() != nullptr) (*completion.get())(result.data, result.response, result.error);
       });
 }
 

@@ -1,5 +1,5 @@
 // Splitting vCard files into cards.
-#include "simulator/contacts/cards.hpp"
+#include "simulator/contacts/vcard_splitting.hpp"
 
 #include <gtest/gtest.h>
 

@@ -45,7 +45,7 @@ TEST_F(MessagesProgram, ListsNoConversationsInAMissingRoot) {
 
 TEST_F(MessagesProgram, StartedSuspendedDoesNotCreateAMissingRoot) {
   EXPECT_EQ(run("--suspended </dev/null").status, 2);
-  EXPECT_TRUE(errors.contains("is gone")) << errors.text();
+  EXPECT_TRUE(errors.contains("does not exist")) << errors.text();
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));
 }
 
@@ -130,12 +130,12 @@ TEST_P(MessagesOptions, NameTheExpectedInput) {
 }
 
 INSTANTIATE_TEST_SUITE_P(InvalidOptions, MessagesOptions,
-                         testing::Values(InvalidOptions{{"--receive", "a"}, "wants the text"},
+                         testing::Values(InvalidOptions{{"--receive", "a"}, "requires the text"},
                                          InvalidOptions{{"--receive"}, "CHAT"},
                                          InvalidOptions{{"--receive", "", "x"}, "an address"},
                                          InvalidOptions{{"--receive", "a", "b", "c"}, "unknown option c"},
                                          InvalidOptions{{"hello"}, "unknown option hello"},
-                                         InvalidOptions{{"--from", "Anna"}, "goes with --receive"},
+                                         InvalidOptions{{"--from", "Anna"}, "requires --receive"},
                                          InvalidOptions{{"--list", "--receive", "a", "b"}, "without --list"},
                                          InvalidOptions{{"--receive", "a", "b", "--list"}, "without --receive"},
                                          InvalidOptions{{"--list=yes"}, "takes no value"},

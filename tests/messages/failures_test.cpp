@@ -163,7 +163,7 @@ TEST(MessagesStore, LockedForLongByAnotherProcessLogsAnErrorAndDropsTheReply) {
   {
     const ExclusiveLock lock(both.storePath());
     postReply(both, "lost");
-    EXPECT_TRUE(test::eventually([&] { return errors.contains("another process holds it"); })) << errors.text();
+    EXPECT_TRUE(test::eventually([&] { return errors.contains("another process has locked it"); })) << errors.text();
   }
   ASSERT_TRUE(both.waitForPostedRequests());
   EXPECT_TRUE(both.sent().empty());
@@ -242,7 +242,7 @@ TEST(MessagesStore, OfALaterVersionIsNotOpened) {
   sqlite3_exec(database, "PRAGMA user_version = 99", nullptr, nullptr, nullptr);
   sqlite3_close(database);
   EXPECT_FALSE(both.launch());
-  EXPECT_TRUE(errors.contains("has version 99; this program knows 1")) << errors.text();
+  EXPECT_TRUE(errors.contains("has version 99; this program supports version 1")) << errors.text();
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "objc/machine.hpp"
-#include "simulator/messages/classes.hpp"
+#include "simulator/messages/messages_classes.hpp"
 #include "tests/library/phone.hpp"
 
 namespace {

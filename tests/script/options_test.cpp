@@ -84,7 +84,7 @@ TEST(Options, ErrorsNameTheExpectedInput) {
   const Refusal refusals[] = {{{"--color", "red"}, "unknown option --color"},
                               {{"script"}, "unknown option script"},
                               {{""}, "unknown option"},
-                              {{"--device"}, "--device wants a value"},
+                              {{"--device"}, "--device requires a value"},
                               {{"--device", "iphone-5"}, "iphone-se, iphone-8, iphone-x, iphone-11-pro-max"},
                               {{"--system", "13.x"}, "such as 11.4"},
                               {{"--system", "9.3"}, "11.0 or later"},

@@ -10,13 +10,13 @@ namespace {
 
 using url_loading::UrlError;
 
-constexpr long maxRedirections = 20;
-constexpr std::size_t maxHeaders = 256 << 10;
-constexpr long firstRedirection = 300;
-constexpr long firstFailure = 400;
+constexpr long maxRedirects = 20;
+constexpr std::size_t maxHeaderBytes = 256 << 10;
+constexpr long minRedirectStatus = 300;
+constexpr long minErrorStatus = 400;
 
 struct KnownError {
-  CURLcode result;
+  CURLcode code;
   UrlError error;
 };
 constexpr KnownError knownErrors[] = {
@@ -37,8 +37,8 @@ constexpr KnownError knownErrors[] = {
     {CURLE_PEER_FAILED_VERIFICATION, UrlError::CertificateUntrusted},
 };
 
-// No line of a request may bring another one along.
-bool isOneLine(std::string_view text) { return text.find_first_of(std::string_view("\r\n\0", 3)) == text.npos; }
+// A line break in a header would let its value add further headers to the request.
+bool isSingleLine(std::string_view text) { return text.find_first_of(std::string_view("\r\n\0", 3)) == text.npos; }
 
 std::string_view trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t\r\n");
@@ -53,38 +53,31 @@ std::string environmentValue(const char* name) {
 
 }  // namespace
 
-Transfer::Transfer(url_loading::Request wanted, url_loading::Completion whenDone)
-    : easy(curl_easy_init(), &curl_easy_cleanup),
-      headerLines(nullptr, &curl_slist_free_all),
-      request(std::move(wanted)),
-      completion(std::move(whenDone)) {
+Transfer::Transfer(url_loading::Request request, url_loading::Completion completion)
+    : easy_(curl_easy_init(), &curl_easy_cleanup),
+      headerLines_(nullptr, &curl_slist_free_all),
+      request_(std::move(request)),
+      completion_(std::move(completion)) {
   configure();
 }
 
 Transfer::~Transfer() = default;
 
-Transfer& Transfer::of(CURL* handle) {
-  Transfer* transfer = nullptr;
-  curl_easy_getinfo(handle, CURLINFO_PRIVATE, &transfer);
-  return *transfer;
-}
-
 void Transfer::configure() {
   CURL* const curl = handle();
-  curl_easy_setopt(curl, CURLOPT_PRIVATE, this);
-  curl_easy_setopt(curl, CURLOPT_URL, request.url.c_str());
+  curl_easy_setopt(curl, CURLOPT_URL, request_.url.c_str());
   curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 1L);
-  curl_easy_setopt(curl, CURLOPT_MAXREDIRS, maxRedirections);
+  curl_easy_setopt(curl, CURLOPT_MAXREDIRS, maxRedirects);
   curl_easy_setopt(curl, CURLOPT_ACCEPT_ENCODING, "gzip, deflate, br");
   curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
-  // A name that is being looked up does not delay the end of a transfer.
+  // Without this option, a pending name lookup would delay the end of the transfer.
   curl_easy_setopt(curl, CURLOPT_QUICK_EXIT, 1L);
   curl_easy_setopt(curl, CURLOPT_TIMEOUT, url_loading::maxTransferSeconds);
   curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, url_loading::maxTransferSeconds);
-  if (!request.certificates.empty()) {
-    curl_easy_setopt(curl, CURLOPT_CAINFO, request.certificates.c_str());
+  if (!request_.certificateFile.empty()) {
+    curl_easy_setopt(curl, CURLOPT_CAINFO, request_.certificateFile.c_str());
     curl_easy_setopt(curl, CURLOPT_CAPATH, nullptr);
   }
   configureProxy();
@@ -93,30 +86,31 @@ void Transfer::configure() {
   curl_easy_setopt(curl, CURLOPT_HEADERDATA, this);
   curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &receiveBody);
   curl_easy_setopt(curl, CURLOPT_WRITEDATA, this);
-  curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, &noticeProgress);
+  curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, &observeProgress);
   curl_easy_setopt(curl, CURLOPT_XFERINFODATA, this);
   curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
 }
 
-// What is on this machine is reached without a proxy.
+// Connections to this machine never use a proxy.
 void Transfer::configureProxy() {
-  std::string direct = "localhost,127.0.0.0/8,::1";
+  std::string excludedHosts = "localhost,127.0.0.0/8,::1";
   for (const char* name : {"no_proxy", "NO_PROXY"})
-    if (const std::string others = environmentValue(name); !others.empty()) direct.append(",").append(others);
-  curl_easy_setopt(handle(), CURLOPT_NOPROXY, direct.c_str());
+    if (const std::string value = environmentValue(name); !value.empty()) excludedHosts.append(",").append(value);
+  curl_easy_setopt(handle(), CURLOPT_NOPROXY, excludedHosts.c_str());
 }
 
 void Transfer::addHeaders() {
-  for (const auto& [name, value] : request.headers) {
-    if (!isOneLine(name) || !isOneLine(value)) continue;
+  for (const auto& [name, value] : request_.headers) {
+    if (!isSingleLine(name) || !isSingleLine(value)) continue;
     const std::string line = name + ": " + value;
-    headerLines.reset(curl_slist_append(headerLines.release(), line.c_str()));
+    headerLines_.reset(curl_slist_append(headerLines_.release(), line.c_str()));
   }
-  curl_easy_setopt(handle(), CURLOPT_HTTPHEADER, headerLines.get());
+  curl_easy_setopt(handle(), CURLOPT_HTTPHEADER, headerLines_.get());
 }
 
 Clock::time_point Transfer::deadline() const {
-  return lastNews + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(request.idleSeconds));
+  return lastActivity_ +
+         std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(request_.idleTimeoutSeconds));
 }
 
 std::size_t Transfer::receiveHeader(char* text, std::size_t size, std::size_t count, void* transfer) {
@@ -129,61 +123,61 @@ std::size_t Transfer::receiveBody(char* text, std::size_t size, std::size_t coun
   return static_cast<Transfer*>(transfer)->addBody({text, length}) ? length : 0;
 }
 
-int Transfer::noticeProgress(void* transfer, curl_off_t, curl_off_t received, curl_off_t, curl_off_t) {
+int Transfer::observeProgress(void* transfer, curl_off_t, curl_off_t received, curl_off_t, curl_off_t) {
   auto& self = *static_cast<Transfer*>(transfer);
-  if (std::exchange(self.bytesSeen, received) != received) self.lastNews = Clock::now();
+  if (std::exchange(self.receivedBytes_, received) != received) self.lastActivity_ = Clock::now();
   return 0;
 }
 
 bool Transfer::addHeaderLine(std::string_view line) {
-  lastNews = Clock::now();
-  headerBytes += line.size();
-  if (headerBytes > maxHeaders) return false;
-  // Each response of a chain of redirections begins with its status.
-  if (line.starts_with("HTTP/")) answer.headers.clear();
+  lastActivity_ = Clock::now();
+  headerBytes_ += line.size();
+  if (headerBytes_ > maxHeaderBytes) return false;
+  // Each response in a chain of redirects begins with a status line.
+  if (line.starts_with("HTTP/")) result_.headers.clear();
   if (const std::size_t colon = line.find(':'); colon != line.npos)
-    answer.headers.emplace_back(trimmed(line.substr(0, colon)), trimmed(line.substr(colon + 1)));
+    result_.headers.emplace_back(trimmed(line.substr(0, colon)), trimmed(line.substr(colon + 1)));
   return true;
 }
 
 bool Transfer::addBody(std::string_view bytes) {
-  bodyIsTooLong = bytes.size() > url_loading::maxBody - answer.body.size();
-  if (!bodyIsTooLong) answer.body.append(bytes);
-  return !bodyIsTooLong;
+  bodyIsTooLong_ = bytes.size() > url_loading::maxBody - result_.body.size();
+  if (!bodyIsTooLong_) result_.body.append(bytes);
+  return !bodyIsTooLong_;
 }
 
-UrlError Transfer::errorOf(CURLcode result) const {
-  if (result == CURLE_WRITE_ERROR) return bodyIsTooLong ? UrlError::BodyTooLong : UrlError::CannotParseResponse;
-  // Either a redirection leads to what is not loaded, or what answers does not speak the protocol.
-  if (result == CURLE_UNSUPPORTED_PROTOCOL) {
-    const bool isRedirection = answer.status >= firstRedirection && answer.status < firstFailure;
-    return isRedirection ? UrlError::UnsupportedUrl : UrlError::CannotParseResponse;
+UrlError Transfer::errorOf(CURLcode code) const {
+  if (code == CURLE_WRITE_ERROR) return bodyIsTooLong_ ? UrlError::BodyTooLong : UrlError::CannotParseResponse;
+  // Either a redirect leads to a URL of another scheme, or the server does not speak HTTP.
+  if (code == CURLE_UNSUPPORTED_PROTOCOL) {
+    const bool isRedirect = result_.status >= minRedirectStatus && result_.status < minErrorStatus;
+    return isRedirect ? UrlError::UnsupportedUrl : UrlError::CannotParseResponse;
   }
-  for (const KnownError& known : knownErrors)
-    if (known.result == result) return known.error;
+  for (const KnownError& knownError : knownErrors)
+    if (knownError.code == code) return knownError.error;
   return UrlError::Unknown;
 }
 
-void Transfer::finish(CURLcode result) {
+void Transfer::finish(CURLcode code) {
   long status = 0;
   const char* lastUrl = nullptr;
   curl_easy_getinfo(handle(), CURLINFO_RESPONSE_CODE, &status);
   curl_easy_getinfo(handle(), CURLINFO_EFFECTIVE_URL, &lastUrl);
-  answer.status = static_cast<int>(status);
-  answer.url = lastUrl == nullptr ? request.url : lastUrl;
-  if (result != CURLE_OK) answer.error = errorOf(result);
+  result_.status = static_cast<int>(status);
+  result_.url = lastUrl == nullptr ? request_.url : lastUrl;
+  if (code != CURLE_OK) result_.error = errorOf(code);
   complete();
 }
 
 void Transfer::timeOut() {
-  answer.url = request.url;
-  answer.error = UrlError::TimedOut;
+  result_.url = request_.url;
+  result_.error = UrlError::TimedOut;
   complete();
 }
 
 void Transfer::complete() {
-  if (answer.error) answer.body.clear();
-  completion(std::move(answer));
+  if (result_.error) result_.body.clear();
+  completion_(std::move(result_));
 }
 
 }  // namespace transfers

@@ -1,5 +1,5 @@
-// One request on its way, as the platform's loading makes it: redirections followed, bodies decompressed, certificates
-// checked, and no server able to hang or fill the process.
+// One HTTP transfer. As on the platform, it follows redirects, decompresses the body and verifies certificates. Limits
+// on time, headers and body protect the process from hostile servers.
 #pragma once
 
 #include <curl/curl.h>
@@ -14,7 +14,7 @@ namespace transfers {
 
 using Clock = std::chrono::steady_clock;
 
-// On the transfers' thread, once it has been made.
+// It can be constructed on any thread. All other functions run on the transfer thread.
 class Transfer {
  public:
   Transfer(url_loading::Request request, url_loading::Completion completion);
@@ -22,14 +22,13 @@ class Transfer {
   Transfer& operator=(const Transfer&) = delete;
   ~Transfer();
 
-  CURL* handle() const { return easy.get(); }
-  static Transfer& of(CURL* handle);
+  CURL* handle() const { return easy_.get(); }
 
-  // When it has failed unless the server says something before.
+  // The time point at which the transfer times out unless the server sends data before.
   Clock::time_point deadline() const;
 
-  // Ends it and calls the completion.
-  void finish(CURLcode result);
+  // Each of the two ends the transfer and calls the completion.
+  void finish(CURLcode code);
   void timeOut();
 
  private:
@@ -37,25 +36,25 @@ class Transfer {
 
   static std::size_t receiveHeader(char* text, std::size_t size, std::size_t count, void* transfer);
   static std::size_t receiveBody(char* text, std::size_t size, std::size_t count, void* transfer);
-  static int noticeProgress(void* transfer, curl_off_t total, curl_off_t received, curl_off_t, curl_off_t);
+  static int observeProgress(void* transfer, curl_off_t total, curl_off_t received, curl_off_t, curl_off_t);
 
   void configure();
   void configureProxy();
   void addHeaders();
   bool addHeaderLine(std::string_view line);
   bool addBody(std::string_view bytes);
-  url_loading::UrlError errorOf(CURLcode result) const;
+  url_loading::UrlError errorOf(CURLcode code) const;
   void complete();
 
-  Handle easy;
-  std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> headerLines;
-  url_loading::Request request;
-  url_loading::Completion completion;
-  url_loading::Answer answer;
-  Clock::time_point lastNews = Clock::now();
-  curl_off_t bytesSeen = 0;
-  std::size_t headerBytes = 0;
-  bool bodyIsTooLong = false;
+  Handle easy_;
+  std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> headerLines_;
+  url_loading::Request request_;
+  url_loading::Completion completion_;
+  url_loading::TransferResult result_;
+  Clock::time_point lastActivity_ = Clock::now();
+  curl_off_t receivedBytes_ = 0;
+  std::size_t headerBytes_ = 0;
+  bool bodyIsTooLong_ = false;
 };
 
 }  // namespace transfers

@@ -15,26 +15,27 @@ namespace transfers {
 
 namespace {
 
-// As many as the platform opens.
+// The same number as on the platform.
 constexpr long maxConnectionsToOneHost = 6;
-// Bounds what bodies of hostile servers can hold together.
+// Limits the total size of the bodies that hostile servers can send at the same time.
 constexpr long maxConnections = 16;
-constexpr int maxSleep = 60'000;
+constexpr int maxSleepMilliseconds = 60'000;
 
-// Signals are for the main thread, and a connection that the other side has closed must not end the process.
+// Blocks all signals in the current thread while the object exists. A thread that is started meanwhile inherits the
+// mask: the main thread handles signals, and SIGPIPE from a closed connection must not end the process.
 class BlockedSignals {
  public:
   BlockedSignals() {
     sigset_t all;
     sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
+    pthread_sigmask(SIG_SETMASK, &all, &previous_);
   }
   BlockedSignals(const BlockedSignals&) = delete;
   BlockedSignals& operator=(const BlockedSignals&) = delete;
-  ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &before, nullptr); }
+  ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &previous_, nullptr); }
 
  private:
-  sigset_t before = {};
+  sigset_t previous_ = {};
 };
 
 }  // namespace
@@ -42,103 +43,103 @@ class BlockedSignals {
 TransferThread& TransferThread::shared() {
   static TransferThread& thread = []() -> TransferThread& {
     curl_global_init(CURL_GLOBAL_DEFAULT);
-    auto* const made = new TransferThread;
-    // After the libraries' own, so before them at the process's end.
+    auto* const created = new TransferThread;
+    // Exit handlers run in reverse order, so this one runs before those that the libraries have registered above.
     std::atexit([] { shared().stop(); });
-    return *made;
+    return *created;
   }();
   return thread;
 }
 
-TransferThread::TransferThread() : multi(curl_multi_init()) {
-  curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, maxConnectionsToOneHost);
-  curl_multi_setopt(multi, CURLMOPT_MAX_TOTAL_CONNECTIONS, maxConnections);
-  const BlockedSignals inherited;
-  thread = std::thread([this] { run(); });
+TransferThread::TransferThread() : multi_(curl_multi_init()) {
+  curl_multi_setopt(multi_, CURLMOPT_MAX_HOST_CONNECTIONS, maxConnectionsToOneHost);
+  curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, maxConnections);
+  const BlockedSignals blockedSignals;
+  thread_ = std::thread([this] { run(); });
 }
 
 void TransferThread::start(std::unique_ptr<Transfer> transfer) {
   {
-    const std::lock_guard lock(mutex);
-    added.push_back(std::move(transfer));
+    const std::lock_guard lock(mutex_);
+    pending_.push_back(std::move(transfer));
   }
-  changed.notify_one();
-  curl_multi_wakeup(multi);
+  changed_.notify_one();
+  curl_multi_wakeup(multi_);
 }
 
 void TransferThread::stop() {
   {
-    const std::lock_guard lock(mutex);
-    stopping = true;
+    const std::lock_guard lock(mutex_);
+    isStopping_ = true;
   }
-  changed.notify_one();
-  curl_multi_wakeup(multi);
-  // A completion may end the process.
-  if (thread.get_id() == std::this_thread::get_id()) {
-    thread.detach();
-  } else if (thread.joinable()) {
-    thread.join();
+  changed_.notify_one();
+  curl_multi_wakeup(multi_);
+  // A completion can end the process, so this function can run on the transfer thread.
+  if (thread_.get_id() == std::this_thread::get_id()) {
+    thread_.detach();
+  } else if (thread_.joinable()) {
+    thread_.join();
   }
 }
 
 void TransferThread::run() {
-  // Completions hold and release objects.
+  // Completions retain and release objects, so Foundation must know this thread.
   GSRegisterCurrentThread();
   while (waitForWork()) {
-    takeNew();
+    startPending();
     int count = 0;
-    curl_multi_perform(multi, &count);
-    finishDone();
-    failSilent();
-    if (!running.empty()) curl_multi_poll(multi, nullptr, 0, millisecondsToNextDeadline(), nullptr);
+    curl_multi_perform(multi_, &count);
+    finishCompleted();
+    endTimedOut();
+    if (!running_.empty()) curl_multi_poll(multi_, nullptr, 0, millisecondsToNextDeadline(), nullptr);
   }
 }
 
-// False when the process ends.
+// Returns false if the thread must end.
 bool TransferThread::waitForWork() {
-  std::unique_lock lock(mutex);
-  if (running.empty()) changed.wait(lock, [this] { return stopping || !added.empty(); });
-  return !stopping;
+  std::unique_lock lock(mutex_);
+  if (running_.empty()) changed_.wait(lock, [this] { return isStopping_ || !pending_.empty(); });
+  return !isStopping_;
 }
 
-void TransferThread::takeNew() {
-  const std::lock_guard lock(mutex);
-  for (std::unique_ptr<Transfer>& transfer : added) {
+void TransferThread::startPending() {
+  const std::lock_guard lock(mutex_);
+  for (std::unique_ptr<Transfer>& transfer : pending_) {
     CURL* const handle = transfer->handle();
-    curl_multi_add_handle(multi, handle);
-    running.emplace(handle, std::move(transfer));
+    curl_multi_add_handle(multi_, handle);
+    running_.emplace(handle, std::move(transfer));
   }
-  added.clear();
+  pending_.clear();
 }
 
 std::unique_ptr<Transfer> TransferThread::remove(CURL* handle) {
-  curl_multi_remove_handle(multi, handle);
-  return std::move(running.extract(handle).mapped());
+  curl_multi_remove_handle(multi_, handle);
+  return std::move(running_.extract(handle).mapped());
 }
 
-void TransferThread::finishDone() {
+void TransferThread::finishCompleted() {
   const objc::AutoreleasePool pool;
   int remaining = 0;
-  while (const CURLMsg* message = curl_multi_info_read(multi, &remaining)) {
+  while (const CURLMsg* message = curl_multi_info_read(multi_, &remaining)) {
     const CURLcode result = message->data.result;
     remove(message->easy_handle)->finish(result);
   }
 }
 
-void TransferThread::failSilent() {
+void TransferThread::endTimedOut() {
   const objc::AutoreleasePool pool;
-  std::vector<CURL*> silent;
+  std::vector<CURL*> timedOut;
   const Clock::time_point now = Clock::now();
-  for (const auto& [handle, transfer] : running)
-    if (transfer->deadline() <= now) silent.push_back(handle);
-  for (CURL* handle : silent) remove(handle)->timeOut();
+  for (const auto& [handle, transfer] : running_)
+    if (transfer->deadline() <= now) timedOut.push_back(handle);
+  for (CURL* handle : timedOut) remove(handle)->timeOut();
 }
 
 int TransferThread::millisecondsToNextDeadline() const {
-  Clock::time_point next = Clock::now() + std::chrono::milliseconds(maxSleep);
-  for (const auto& [handle, transfer] : running) next = std::min(next, transfer->deadline());
+  Clock::time_point next = Clock::now() + std::chrono::milliseconds(maxSleepMilliseconds);
+  for (const auto& [handle, transfer] : running_) next = std::min(next, transfer->deadline());
   const auto remaining = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now()).count();
-  return static_cast<int>(std::clamp<decltype(remaining)>(remaining, 0, maxSleep));
+  return static_cast<int>(std::clamp<decltype(remaining)>(remaining, 0, maxSleepMilliseconds));
 }
 
 }  // namespace transfers

@@ -1,4 +1,4 @@
-// The one thread on which all transfers run. It begins with the first and sleeps while there are none.
+// The thread on which all transfers run. It starts with the first transfer and sleeps while there is none.
 #pragma once
 
 #include <curl/curl.h>
@@ -16,12 +16,12 @@ namespace transfers {
 
 class TransferThread {
  public:
-  // Lives as long as the process, which stops it before anything it uses is taken down.
+  // Never destroyed. An exit handler stops the thread before the libraries that it uses shut down.
   static TransferThread& shared();
 
   // Any thread.
   void start(std::unique_ptr<Transfer> transfer);
-  // Returns when the thread has ended; the transfers under way are never heard of again.
+  // Returns when the thread has ended. The completions of unfinished transfers are not called.
   void stop();
 
  private:
@@ -29,20 +29,20 @@ class TransferThread {
 
   void run();
   bool waitForWork();
-  void takeNew();
-  void finishDone();
-  void failSilent();
+  void startPending();
+  void finishCompleted();
+  void endTimedOut();
   int millisecondsToNextDeadline() const;
   std::unique_ptr<Transfer> remove(CURL* handle);
 
-  CURLM* multi;
-  std::map<CURL*, std::unique_ptr<Transfer>> running;
+  CURLM* multi_;
+  std::map<CURL*, std::unique_ptr<Transfer>> running_;
 
-  std::mutex mutex;
-  std::condition_variable changed;
-  std::vector<std::unique_ptr<Transfer>> added;
-  bool stopping = false;
-  std::thread thread;
+  std::mutex mutex_;  // protects pending_ and isStopping_
+  std::condition_variable changed_;
+  std::vector<std::unique_ptr<Transfer>> pending_;
+  bool isStopping_ = false;
+  std::thread thread_;
 };
 
 }  // namespace transfers

@@ -7,7 +7,7 @@
 
 namespace {
 
-using contacts::LabelledText;
+using contacts::LabeledText;
 using contacts::Person;
 
 template <auto release>
@@ -22,8 +22,8 @@ using Card = std::unique_ptr<EVCard, Release<&g_object_unref>>;
 using Text = std::unique_ptr<char, Release<&g_free>>;
 using Bytes = std::unique_ptr<guchar, Release<&g_free>>;
 
-// The card's character set may be any, and may not be what it says.
-std::string valid(std::string_view bytes) {
+// The card can use any character set, and the declared one can be wrong.
+std::string validUtf8(std::string_view bytes) {
   const Text text(g_utf8_make_valid(bytes.data(), static_cast<gssize>(bytes.size())));
   return text.get();
 }
@@ -33,21 +33,21 @@ std::string firstParameter(EVCardAttribute* attribute, const char* name) {
   return values == nullptr ? "" : static_cast<const char*>(values->data);
 }
 
-// The bytes of a value, or of one component of it.
-std::string decoded(EVCardAttribute* attribute, guint component = 0) {
+// The decoded bytes of the value, or of one component of a structured value.
+std::string decodedValue(EVCardAttribute* attribute, guint component = 0) {
   const auto* const value =
       static_cast<const GString*>(g_list_nth_data(e_vcard_attribute_get_values_decoded(attribute), component));
   return value == nullptr ? "" : std::string(value->str, value->len);
 }
 
 std::string textOf(EVCardAttribute* attribute, guint component = 0) {
-  const std::string bytes = decoded(attribute, component);
+  const std::string bytes = decodedValue(attribute, component);
   const std::string characterSet = firstParameter(attribute, "CHARSET");
-  if (characterSet.empty()) return valid(bytes);
+  if (characterSet.empty()) return validUtf8(bytes);
   gsize size = 0;
   const Text converted(g_convert(bytes.data(), static_cast<gssize>(bytes.size()), "UTF-8", characterSet.c_str(),
                                  nullptr, &size, nullptr));
-  return valid(converted == nullptr ? std::string_view(bytes) : std::string_view(converted.get(), size));
+  return validUtf8(converted == nullptr ? std::string_view(bytes) : std::string_view(converted.get(), size));
 }
 
 struct PlatformLabel {
@@ -58,64 +58,64 @@ constexpr PlatformLabel platformLabels[] = {
     {"CELL", "_$!<Mobile>!$_"}, {"HOME", "_$!<Home>!$_"}, {"WORK", "_$!<Work>!$_"}, {"OTHER", "_$!<Other>!$_"}};
 
 std::string labelOf(EVCardAttribute* attribute) {
-  for (const PlatformLabel& known : platformLabels)
-    if (e_vcard_attribute_has_type(attribute, known.type)) return known.label;
+  for (const PlatformLabel& candidate : platformLabels)
+    if (e_vcard_attribute_has_type(attribute, candidate.type)) return candidate.label;
   return "";
 }
 
-LabelledText labelledTextOf(EVCardAttribute* attribute) { return {labelOf(attribute), textOf(attribute)}; }
+LabeledText labeledTextOf(EVCardAttribute* attribute) { return {labelOf(attribute), textOf(attribute)}; }
 
-std::string bytesOfBase64(const char* text) {
+std::string decodeBase64(const char* text) {
   gsize size = 0;
   const Bytes bytes(g_base64_decode(text, &size));
   return {reinterpret_cast<const char*>(bytes.get()), size};
 }
 
-// "data:image/png;base64,…", which version 4.0 has in place of an encoded value.
-std::optional<std::string> bytesOfAddress(const std::string& address) {
-  constexpr std::string_view mark = ";base64,";
-  const std::size_t begin = address.find(mark);
-  if (g_ascii_strncasecmp(address.c_str(), "data:", 5) != 0 || begin == address.npos) return std::nullopt;
-  return bytesOfBase64(address.c_str() + begin + mark.size());
+// Decodes "data:image/png;base64,…", which version 4.0 uses instead of an encoded value. Nothing for any other URL.
+std::optional<std::string> decodeDataUrl(const std::string& url) {
+  constexpr std::string_view marker = ";base64,";
+  const std::size_t begin = url.find(marker);
+  if (g_ascii_strncasecmp(url.c_str(), "data:", 5) != 0 || begin == url.npos) return std::nullopt;
+  return decodeBase64(url.c_str() + begin + marker.size());
 }
 
-// The address is cut where its reader takes a semicolon or a comma for the end of a component.
-std::string wholeValue(EVCardAttribute* attribute) {
-  std::string whole;
+// The parser splits a URL at semicolons and commas, because they separate components in other values.
+std::string joinedValue(EVCardAttribute* attribute) {
+  std::string joined;
   for (const GList* value = e_vcard_attribute_get_values(attribute); value != nullptr; value = value->next) {
-    if (!whole.empty()) whole += whole.ends_with(";base64") ? ',' : ';';
-    whole += static_cast<const char*>(value->data);
+    if (!joined.empty()) joined += joined.ends_with(";base64") ? ',' : ';';
+    joined += static_cast<const char*>(value->data);
   }
-  return whole;
+  return joined;
 }
 
-// A picture that is only named by its address on the web is not in the card.
+// Nothing if the card only contains the web address of an image.
 std::optional<std::string> imageOf(EVCardAttribute* attribute) {
-  if (firstParameter(attribute, EVC_ENCODING).empty()) return bytesOfAddress(wholeValue(attribute));
-  std::string bytes = decoded(attribute);
+  if (firstParameter(attribute, EVC_ENCODING).empty()) return decodeDataUrl(joinedValue(attribute));
+  std::string bytes = decodedValue(attribute);
   if (bytes.empty()) return std::nullopt;
   return bytes;
 }
 
 void addAttribute(EVCardAttribute* attribute, Person& person) {
   const std::string_view name = e_vcard_attribute_get_name(attribute);
-  const auto is = [name](const char* wanted) { return g_ascii_strcasecmp(name.data(), wanted) == 0; };
+  const auto is = [name](const char* other) { return g_ascii_strcasecmp(name.data(), other) == 0; };
   if (is(EVC_UID)) {
     person.identifier = textOf(attribute);
   } else if (is(EVC_N)) {
     constexpr guint givenName = 1;
     person.givenName = textOf(attribute, givenName);
   } else if (is(EVC_EMAIL)) {
-    person.emailAddresses.push_back(labelledTextOf(attribute));
+    person.emailAddresses.push_back(labeledTextOf(attribute));
   } else if (is(EVC_TEL)) {
-    person.phoneNumbers.push_back(labelledTextOf(attribute));
+    person.phoneNumbers.push_back(labeledTextOf(attribute));
   } else if (is(EVC_PHOTO) && !person.image) {
     person.image = imageOf(attribute);
   }
 }
 
-// In the form of the platform's own identifiers, the same for the same card.
-std::string identifierOf(const std::string& card) {
+// An identifier in the platform's format, derived from the card. Equal cards have equal identifiers.
+std::string derivedIdentifier(const std::string& card) {
   const Text digest(g_compute_checksum_for_string(G_CHECKSUM_MD5, card.data(), static_cast<gssize>(card.size())));
   const Text upper(g_ascii_strup(digest.get(), -1));
   const std::string_view digits = upper.get();
@@ -134,7 +134,7 @@ void brim_read_card(const std::string& card, Person& person) {
   for (const GList* entry = e_vcard_get_attributes(parsed.get()); entry != nullptr; entry = entry->next)
     addAttribute(static_cast<EVCardAttribute*>(entry->data), person);
   EVCardAttribute* const fullName = e_vcard_get_attribute(parsed.get(), EVC_FN);
-  // Version 4.0 does without the parts of the name.
+  // A card of version 4.0 can omit the structured name.
   if (e_vcard_get_attribute(parsed.get(), EVC_N) == nullptr && fullName != nullptr) person.givenName = textOf(fullName);
-  if (person.identifier.empty()) person.identifier = identifierOf(card);
+  if (person.identifier.empty()) person.identifier = derivedIdentifier(card);
 }

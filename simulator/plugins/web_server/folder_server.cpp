@@ -15,12 +15,12 @@ namespace {
 
 using Response = std::unique_ptr<MHD_Response, decltype(&MHD_destroy_response)>;
 
-Response notFound() {
+Response notFoundResponse() {
   return {MHD_create_response_from_buffer(0, nullptr, MHD_RESPMEM_PERSISTENT), &MHD_destroy_response};
 }
 
-// Null where there is no such file.
-Response responseOf(const std::string& file) {
+// Null if the file does not exist.
+Response fileResponse(const std::string& file) {
   const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   struct stat status = {};
   if (descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
@@ -29,13 +29,15 @@ Response responseOf(const std::string& file) {
   return {nullptr, &MHD_destroy_response};
 }
 
-MHD_Result answer(void* folder, MHD_Connection* connection, const char* path, const char* method, const char*,
-                  const char*, std::size_t*, void**) {
-  const bool isPlain = std::string_view(method) == "GET" && std::string_view(path).find("..") == std::string_view::npos;
-  const Response found = isPlain ? responseOf(*static_cast<const std::string*>(folder) + path) : notFound();
-  const bool isFound = isPlain && found != nullptr;
+MHD_Result handleRequest(void* folder, MHD_Connection* connection, const char* path, const char* method, const char*,
+                         const char*, std::size_t*, void**) {
+  const bool isValidRequest =
+      std::string_view(method) == "GET" && std::string_view(path).find("..") == std::string_view::npos;
+  const Response found =
+      isValidRequest ? fileResponse(*static_cast<const std::string*>(folder) + path) : notFoundResponse();
+  const bool isFound = isValidRequest && found != nullptr;
   return MHD_queue_response(connection, isFound ? MHD_HTTP_OK : MHD_HTTP_NOT_FOUND,
-                            isFound ? found.get() : notFound().get());
+                            isFound ? found.get() : notFoundResponse().get());
 }
 
 }  // namespace
@@ -44,10 +46,11 @@ std::uint16_t brim_serve_folder(const char* folder) {
   sockaddr_in address{};
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  // As long as the process, like the daemon.
-  auto* const served = new std::string(folder);
-  MHD_Daemon* const daemon = MHD_start_daemon(MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD, 0, nullptr, nullptr,
-                                              &answer, served, MHD_OPTION_SOCK_ADDR, &address, MHD_OPTION_END);
+  // Never deleted, because the daemon runs until the process exits.
+  auto* const servedFolder = new std::string(folder);
+  MHD_Daemon* const daemon =
+      MHD_start_daemon(MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD, 0, nullptr, nullptr, &handleRequest,
+                       servedFolder, MHD_OPTION_SOCK_ADDR, &address, MHD_OPTION_END);
   if (daemon == nullptr) return 0;
   const MHD_DaemonInfo* const bound = MHD_get_daemon_info(daemon, MHD_DAEMON_INFO_BIND_PORT);
   return bound == nullptr ? 0 : bound->port;

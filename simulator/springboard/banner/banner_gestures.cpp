@@ -11,15 +11,16 @@ namespace {
 
 using Controller = NCNotificationShortLookViewController;
 
-constexpr CGFloat pullToDismiss = -20;
-constexpr CGFloat pullToOpen = 30;
+// Vertical translations at the end of a drag, in points; downward is positive.
+constexpr CGFloat maxDragToDismiss = -20;
+constexpr CGFloat minDragToOpen = 30;
 constexpr double springBackSeconds = 0.2;
 
-// A banner follows the finger upwards; downwards it resists.
-void follow(UIView* view, CGFloat pull) {
+// The banner follows an upward drag exactly and a downward drag with resistance.
+void followDrag(UIView* view, CGFloat translation) {
   constexpr CGFloat resistance = 4;
   CGRect frame = restingBannerFrame();
-  frame.origin.y += pull < 0 ? pull : pull / resistance;
+  frame.origin.y += translation < 0 ? translation : translation / resistance;
   view->setFrame(frame);
 }
 
@@ -28,13 +29,13 @@ void springBack(UIView* view) {
   UIView::animate(springBackSeconds, objc::block([retained] { retained->setFrame(restingBannerFrame()); }));
 }
 
-void letGo(Controller* controller, CGFloat pull) {
-  if (pull < pullToDismiss) {
+void endDrag(Controller* controller, CGFloat translation) {
+  if (translation < maxDragToDismiss) {
     controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
     return;
   }
   springBack(controller->view());
-  if (pull > pullToOpen)
+  if (translation > minDragToOpen)
     objc::send<void, "_presentLongLookForScrollAnimated:completion:">(controller, true,
                                                                       static_cast<objc::Block<void(bool)>*>(nullptr));
 }
@@ -51,15 +52,15 @@ void addBannerGestures(Controller* controller, UIView* view) {
 }
 
 void handlePan(Controller* controller, UIPanGestureRecognizer* recognizer) {
-  // Measured where the banner does not move.
-  const CGFloat pull = recognizer->translationInView(controller->view()->superview()).y;
+  // Measured in the superview, because the banner itself moves.
+  const CGFloat translation = recognizer->translationInView(controller->view()->superview()).y;
   switch (recognizer->state()) {
     case UIGestureRecognizerState::Began:
     case UIGestureRecognizerState::Changed:
-      follow(controller->view(), pull);
+      followDrag(controller->view(), translation);
       break;
     case UIGestureRecognizerState::Ended:
-      letGo(controller, pull);
+      endDrag(controller, translation);
       break;
     case UIGestureRecognizerState::Cancelled:
       springBack(controller->view());

@@ -1,12 +1,14 @@
-// The platform's own gestures on a banner: a tap opens it, a pull moves it, up and away or down to its long look.
+// The platform's gestures on a banner. A tap opens the application, an upward drag dismisses the banner, and a downward
+// drag opens its long look. Main thread.
 #pragma once
 
 #include "platform/nc_notification_view_controller.hpp"
 
 namespace springboard {
 
-// Recognizers that send _handlePanOnView: and, as for every short look, _handleTapOnView: to the controller.
+// Adds recognizers that send _handleTapOnView: and _handlePanOnView: to the controller.
 void addBannerGestures(NCNotificationShortLookViewController* controller, UIView* view);
+// Adds the tap recognizer only, for a short look in the list.
 void addTap(NCNotificationShortLookViewController* controller, UIView* view);
 
 // The implementation of -_handlePanOnView:.

@@ -19,70 +19,70 @@ namespace {
 using Controller = NCNotificationShortLookViewController;
 
 constexpr double slideSeconds = 0.3;
-constexpr double secondsOnScreen = 5;
-// What was dismissed lives a moment longer, as on the phone.
+constexpr double automaticDismissalSeconds = 5;
+// As on the phone, the controller is released some time after the dismissal.
 constexpr double secondsUntilRelease = 1;
 
-enum class Stage { OnScreen, Leaving, Dismissed };
+enum class Stage { Presented, Dismissing, Dismissed };
 
 struct Banner {
   objc::Ref<Controller> controller;
-  Stage stage = Stage::OnScreen;
+  Stage stage = Stage::Presented;
 };
 
-// Those that are still held, by number.
+// The banners whose controllers have not been released, by number.
 std::map<std::size_t, Banner>& banners() {
-  static std::map<std::size_t, Banner>& held = *new std::map<std::size_t, Banner>;
-  return held;
+  static std::map<std::size_t, Banner>& retained = *new std::map<std::size_t, Banner>;
+  return retained;
 }
 
-std::size_t newestNumber = 0;
+std::size_t lastNumber = 0;
 
-std::function<void(std::size_t)>& endObserver() {
+std::function<void(std::size_t)>& releaseObserver() {
   static std::function<void(std::size_t)> observer = [](std::size_t) {};
   return observer;
 }
 
-void move(UIView* view, const CGRect& frame, objc::Block<void(bool)>* completion) {
+void animateTo(UIView* view, const CGRect& frame, objc::Block<void(bool)>* completion) {
   const auto retained = objc::retain(view);
   UIView::animate(slideSeconds, objc::block([retained, frame] { retained->setFrame(frame); }), completion);
 }
 
 void release(std::size_t number) {
-  endObserver()(number);
+  releaseObserver()(number);
   banners().erase(number);
 }
 
-void takeAway(std::size_t number) {
+void removeBanner(std::size_t number) {
   Banner& banner = banners().at(number);
   banner.stage = Stage::Dismissed;
-  if (showsLongLook(banner.controller)) longLookPresentation().dismiss(LongLookChange::AtOnce);
+  if (showsLongLook(banner.controller)) longLookPresentation().dismiss(LongLookChange::Immediate);
   banner.controller->view()->removeFromSuperview();
-  bannerHasLeftWindow();
+  hideBannerWindowIfEmpty();
   foundation::onMainThreadAfter(secondsUntilRelease, [number] { release(number); });
 }
 
-void tellFinished(const objc::BlockRef<void(bool)>& completion) {
+void reportFinished(const objc::BlockRef<void(bool)>& completion) {
   if (completion.get() != nullptr) foundation::onMainThread([completion] { (*completion.get())(true); });
 }
 
 void slideOut(std::size_t number, const objc::BlockRef<void(bool)>& completion) {
   Banner& banner = banners().at(number);
-  banner.stage = Stage::Leaving;
+  banner.stage = Stage::Dismissing;
   if (showsLongLook(banner.controller)) longLookPresentation().dismiss(LongLookChange::Animated);
-  move(banner.controller->view(), hiddenBannerFrame(), objc::block([number, completion](bool) {
-         if (isBannerOnScreen(number)) takeAway(number);
-         tellFinished(completion);
-       }));
+  animateTo(banner.controller->view(), hiddenBannerFrame(), objc::block([number, completion](bool) {
+              if (isBannerOnScreen(number)) removeBanner(number);
+              reportFinished(completion);
+            }));
 }
 
-bool dismissesItself(const Controller* controller) {
+bool dismissesAutomatically(const Controller* controller) {
   const NCNotificationOptions* options = controller->notificationRequest()->options();
   return options == nullptr || options->dismissAutomatically();
 }
 
-void dismissWhenTimeIsUp(std::size_t number) {
-  foundation::onMainThreadAfter(secondsOnScreen, [number] {
+void scheduleDismissal(std::size_t number) {
+  foundation::onMainThreadAfter(automaticDismissalSeconds, [number] {
     if (!isBannerOnScreen(number) || showsLongLook(banners().at(number).controller)) return;
     banners().at(number).controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
   });
@@ -95,18 +95,18 @@ void layOutContent(const Controller* controller) {
 }
 
 template <class Predicate>
-void dismissWhere(const Predicate& isMeant) {
-  std::vector<objc::Ref<Controller>> meant;
+void dismissWhere(const Predicate& matches) {
+  std::vector<objc::Ref<Controller>> matching;
   for (const auto& [number, banner] : banners())
-    if (banner.stage == Stage::OnScreen && isMeant(banner.controller)) meant.push_back(banner.controller);
-  for (const auto& controller : meant) controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
+    if (banner.stage == Stage::Presented && matches(banner.controller)) matching.push_back(banner.controller);
+  for (const auto& controller : matching) controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
 }
 
 }  // namespace
 
 std::size_t presentBanner(Controller* controller) {
   dismissAllBanners();
-  const std::size_t number = ++newestNumber;
+  const std::size_t number = ++lastNumber;
   objc::state<NCNotificationViewController>(controller).bannerNumber = number;
   banners()[number].controller = objc::retain(controller);
 
@@ -115,23 +115,23 @@ std::size_t presentBanner(Controller* controller) {
   view->setFrame(hiddenBannerFrame());
   layOutContent(controller);
   addToBannerWindow(view);
-  move(view, restingBannerFrame(), nullptr);
-  if (dismissesItself(controller)) dismissWhenTimeIsUp(number);
+  animateTo(view, restingBannerFrame(), nullptr);
+  if (dismissesAutomatically(controller)) scheduleDismissal(number);
   return number;
 }
 
 void dismissBanner(Controller* controller, NSInteger transition, objc::Block<void(bool)>* completion) {
   const std::size_t number = numberOfBanner(controller);
   if (!isBannerOnScreen(number)) return;
-  const bool isLeaving = banners().at(number).stage == Stage::Leaving;
-  if (isLeaving && Transition(transition) != Transition::None) return;
+  const bool isBeingDismissed = banners().at(number).stage == Stage::Dismissing;
+  if (isBeingDismissed && Transition(transition) != Transition::None) return;
   base::recordEvent("dismiss", {{"controller", number}, {"transition", transition}});
-  const objc::BlockRef<void(bool)> kept(completion);
+  const objc::BlockRef<void(bool)> retainedCompletion(completion);
   if (Transition(transition) == Transition::None) {
-    takeAway(number);
-    tellFinished(kept);
+    removeBanner(number);
+    reportFinished(retainedCompletion);
   } else {
-    slideOut(number, kept);
+    slideOut(number, retainedCompletion);
   }
 }
 
@@ -147,7 +147,7 @@ std::size_t numberOfBanner(const NCNotificationViewController* controller) {
   return objc::state(controller).bannerNumber;
 }
 
-std::size_t bannerCount() { return newestNumber; }
+std::size_t bannerCount() { return lastNumber; }
 
 objc::Ref<Controller> bannerController(std::size_t number) {
   const auto found = banners().find(number);
@@ -159,15 +159,15 @@ bool isBannerOnScreen(std::size_t number) {
   return found != banners().end() && found->second.stage != Stage::Dismissed;
 }
 
-bool isBannerLeaving(std::size_t number) {
+bool isBannerBeingDismissed(std::size_t number) {
   const auto found = banners().find(number);
-  return found != banners().end() && found->second.stage == Stage::Leaving;
+  return found != banners().end() && found->second.stage == Stage::Dismissing;
 }
 
 bool isAnyBannerOnScreen() {
   return std::ranges::any_of(banners(), [](const auto& entry) { return entry.second.stage != Stage::Dismissed; });
 }
 
-void observeBannerEnds(std::function<void(std::size_t)> observer) { endObserver() = std::move(observer); }
+void observeBannerEnds(std::function<void(std::size_t)> observer) { releaseObserver() = std::move(observer); }
 
 }  // namespace springboard

@@ -1,6 +1,6 @@
-// Shows notifications as banners: slides them in above everything else, and lets go of those that were dismissed.
+// Presents and dismisses banners, and releases the controllers of dismissed banners.
 //
-// Every banner that comes on screen gets a number, from 1 on. Main thread.
+// Banners are numbered from 1 in the order of their presentation. Main thread.
 #pragma once
 
 #include <cstddef>
@@ -12,32 +12,35 @@
 
 namespace springboard {
 
-// Shows the controller's view as the newest banner; the one before it is told to go. Answers its number.
+// Presents the controller's view as a banner and dismisses all other banners. Retains the controller until the banner
+// has been dismissed. Returns the number of the banner.
 std::size_t presentBanner(NCNotificationShortLookViewController* controller);
 
-// The platform's dismissal. The completion runs on the main queue. A controller that is not on screen is left alone,
-// and its completion never runs.
+// The platform's dismissal; `transition` is a value of Transition. The completion runs on the main queue and can be
+// null. Does nothing, and never calls the completion, if the controller's banner is not on the screen, or if it is
+// already being dismissed and `transition` is not Transition::None.
 void dismissBanner(NCNotificationShortLookViewController* controller, NSInteger transition,
                    objc::Block<void(bool)>* completion);
 
-// Tells all banners on screen to go.
+// Asks all banners on the screen to dismiss themselves.
 void dismissAllBanners();
-// Those that show this notification.
+// The same for the banners that show this notification.
 void dismissBannersOf(const NotificationKey& key);
 
-// 0 for a controller that was never on screen.
+// The number of the controller's banner. 0 if the controller has never been presented.
 std::size_t numberOfBanner(const NCNotificationViewController* controller);
 
-// How many there have been.
+// The number of banners that have been presented since the start.
 std::size_t bannerCount();
-// Null for a number not given yet, and for a banner that was dismissed and let go.
+// Null if no banner has this number yet or its controller has been released.
 objc::Ref<NCNotificationShortLookViewController> bannerController(std::size_t number);
 bool isBannerOnScreen(std::size_t number);
-// Still on screen, on its way out.
-bool isBannerLeaving(std::size_t number);
+// Whether the banner is on the screen and its dismissal has begun.
+bool isBannerBeingDismissed(std::size_t number);
 bool isAnyBannerOnScreen();
 
-// Called before the presenter lets go of a dismissed banner.
+// Sets the function that is called before the controller of a dismissed banner is released. It replaces any previous
+// observer.
 void observeBannerEnds(std::function<void(std::size_t number)> observer);
 
 }  // namespace springboard

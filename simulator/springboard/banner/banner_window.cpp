@@ -2,7 +2,7 @@
 
 #include "objc/class_definition.hpp"
 #include "simulator/springboard/banner/long_look_presentation.hpp"
-#include "simulator/springboard/platter/touch_through.hpp"
+#include "simulator/springboard/platter/touch_pass_through.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
 namespace springboard {
@@ -11,22 +11,22 @@ namespace {
 
 constexpr CGFloat sideMargin = 8;
 constexpr CGFloat topMargin = 8;
-// How far above its place a banner waits: far enough for any to be out of sight.
+// The distance between the two frames. It exceeds the height of every banner.
 constexpr CGFloat slideDistance = 220;
 constexpr double levelAboveStatusBar = 1050;
 
-struct BannerWindow {
+struct BannerWindowState {
   objc::Ref<SBNotificationBannerWindow> window;
   objc::Ref<SBFTouchPassThroughView> container;
   objc::Ref<UIWindow> homeWindow;
 };
 
-BannerWindow& bannerWindow() {
-  static BannerWindow& made = *new BannerWindow;
-  return made;
+BannerWindowState& bannerWindow() {
+  static BannerWindowState& state = *new BannerWindowState;
+  return state;
 }
 
-// The keyboard is for what is typed into a long look.
+// The window needs the keyboard only for the reply field of a long look.
 bool canBecomeKeyWindow(SBNotificationBannerWindow* self) {
   const auto* shortLook = longLookPresentation().openedShortLook();
   return shortLook != nullptr && shortLook->view()->window() == self;
@@ -51,15 +51,15 @@ void addToBannerWindow(UIView* notificationView) {
   bannerWindow().container->addSubview(notificationView);
 }
 
-void hideAboveHomeScreen(UIWindow* window) {
-  const bool hadKeyboard = UIApplication::sharedApplication()->keyWindow() == window;
+void hideWindowAboveHomeScreen(UIWindow* window) {
+  const bool wasKeyWindow = UIApplication::sharedApplication()->keyWindow() == window;
   window->setHidden(true);
-  if (hadKeyboard) bannerWindow().homeWindow->makeKeyAndVisible();
+  if (wasKeyWindow) bannerWindow().homeWindow->makeKeyAndVisible();
 }
 
-void bannerHasLeftWindow() {
-  const BannerWindow& made = bannerWindow();
-  if (made.container->subviews()->count() == 0) hideAboveHomeScreen(made.window);
+void hideBannerWindowIfEmpty() {
+  const BannerWindowState& state = bannerWindow();
+  if (state.container->subviews()->count() == 0) hideWindowAboveHomeScreen(state.window);
 }
 
 void defineBannerWindow() {
@@ -72,12 +72,12 @@ void defineBannerWindow() {
 
 void makeBannerWindow(UIWindow* homeWindow) {
   const CGRect screen = {{}, uikit::environment().device.screen};
-  BannerWindow& made = bannerWindow();
-  made.homeWindow = objc::retain(homeWindow);
-  made.window = UIView::withFrame<SBNotificationBannerWindow>(screen);
-  made.container = UIView::withFrame<SBFTouchPassThroughView>(screen);
-  objc::send<void, "setWindowLevel:">(made.window.get(), CGFloat{levelAboveStatusBar});
-  made.window->addSubview(made.container);
+  BannerWindowState& state = bannerWindow();
+  state.homeWindow = objc::retain(homeWindow);
+  state.window = UIView::withFrame<SBNotificationBannerWindow>(screen);
+  state.container = UIView::withFrame<SBFTouchPassThroughView>(screen);
+  objc::send<void, "setWindowLevel:">(state.window.get(), CGFloat{levelAboveStatusBar});
+  state.window->addSubview(state.container);
 }
 
 }  // namespace springboard

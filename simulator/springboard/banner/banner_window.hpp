@@ -1,4 +1,5 @@
-// The window that banners come in: above all others, as large as the screen, touched only where a banner is.
+// The window of the banners. It covers the whole screen above all other windows and accepts touches only on banners.
+// Main thread.
 #pragma once
 
 #include "platform/ui_window.hpp"
@@ -7,20 +8,21 @@ class SBNotificationBannerWindow : public objc::Interface<"SBNotificationBannerW
 
 namespace springboard {
 
-// Where a notification view stands on the screen while it is shown, and before and after. It reaches to the screen's
-// lower edge, so that what a banner puts behind itself has the screen to cover; beside its subviews it takes no touch.
+// The frames of a notification view on the screen: while it is shown, and before and after. The frames reach to the
+// lower edge of the screen, because a banner can add a background that covers the screen. The view accepts touches only
+// on its subviews.
 CGRect restingBannerFrame();
 CGRect hiddenBannerFrame();
 
 void addToBannerWindow(UIView* notificationView);
-// Hides the window when no banner is left.
-void bannerHasLeftWindow();
+// Call it after a banner has been removed.
+void hideBannerWindowIfEmpty();
 
-// A window that had the keyboard gives it back to the home screen's.
-void hideAboveHomeScreen(UIWindow* window);
+// Hides the window. If it was the key window, the window of the home screen becomes the key window.
+void hideWindowAboveHomeScreen(UIWindow* window);
 
 void defineBannerWindow();
-// Once, after the home screen's window, which gets the keyboard back.
+// Creates the window, hidden. Call it once. `homeWindow` is the window of the home screen and is retained.
 void makeBannerWindow(UIWindow* homeWindow);
 
 }  // namespace springboard

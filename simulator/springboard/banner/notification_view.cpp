@@ -2,12 +2,12 @@
 
 #include "objc/property_entry.hpp"
 #include "platform/ui_device.hpp"
-#include "simulator/springboard/platter/touch_through.hpp"
+#include "simulator/springboard/platter/touch_pass_through.hpp"
 
 namespace springboard {
 
-// The class as it is called below system version 12.0.
-class EarlierNotificationView : public objc::Interface<"_NCNotificationViewControllerView", UIView> {};
+// The name of the class before system version 12.0.
+class NotificationViewBefore12 : public objc::Interface<"_NCNotificationViewControllerView", UIView> {};
 
 }  // namespace springboard
 
@@ -19,7 +19,7 @@ struct objc::StateOf<NCNotificationViewControllerView> {
   using Type = NotificationViewState;
 };
 template <>
-struct objc::StateOf<springboard::EarlierNotificationView> {
+struct objc::StateOf<springboard::NotificationViewBefore12> {
   using Type = NotificationViewState;
 };
 
@@ -36,13 +36,13 @@ void define() {
   objc::addProperties(View::classObject(), properties);
 }
 
-bool hasEarlierName() { return systemVersionIsBelow("12.0"_ns); }
+bool systemIsBefore12() { return systemVersionIsBelow("12.0"_ns); }
 
 }  // namespace
 
 objc::Ref<UIView> makeNotificationView(NCNotificationShortLookView* content) {
   Class viewClass =
-      hasEarlierName() ? EarlierNotificationView::classObject() : NCNotificationViewControllerView::classObject();
+      systemIsBefore12() ? NotificationViewBefore12::classObject() : NCNotificationViewControllerView::classObject();
   auto view = objc::adopt(objc::send<UIView*, "initWithFrame:">(objc::send<id, "alloc">(viewClass), CGRect{}));
   objc::send<void, "setContentView:">(view.get(), content);
   view->addSubview(content);
@@ -54,8 +54,8 @@ NCNotificationShortLookView* contentViewOf(const UIView* notificationView) {
 }
 
 void defineNotificationView() {
-  if (hasEarlierName()) {
-    define<EarlierNotificationView>();
+  if (systemIsBefore12()) {
+    define<NotificationViewBefore12>();
   } else {
     define<NCNotificationViewControllerView>();
   }

@@ -1,4 +1,5 @@
-// The platform's own banner: the notification view, and the content view in it that shows what the notification says.
+// The views of the platform's banner: the notification view, and in it the content view that shows the texts. Main
+// thread.
 #pragma once
 
 #include "objc/class_definition.hpp"
@@ -27,16 +28,17 @@ struct objc::StateOf<NCNotificationShortLookView> {
 
 namespace springboard {
 
-// Shows the request's content, in the colors of the appearance.
+// Creates a content view that shows the request.
 objc::Ref<NCNotificationShortLookView> makeShortLookView(NCNotificationRequest* request);
-// A line below the text; nil for none.
+// Sets the line below the texts. Nil removes it.
 void setFootnote(NCNotificationShortLookView* view, NSString* text);
-// After a change of the appearance.
+// Call it after a change between light and dark appearance.
 void recolorShortLookView(NCNotificationShortLookView* view);
+// The height of the content at this width, in points.
 CGFloat heightOfShortLookView(const NCNotificationShortLookView* view, CGFloat width);
 
-// The notification view of the system version in force, with this content. It takes touches wherever one of its
-// subviews does, also outside its own bounds, and nowhere else.
+// Creates a notification view of the class that the current system version uses. It accepts touches only on its
+// subviews, including subviews outside its bounds.
 objc::Ref<UIView> makeNotificationView(NCNotificationShortLookView* content);
 NCNotificationShortLookView* contentViewOf(const UIView* notificationView);
 

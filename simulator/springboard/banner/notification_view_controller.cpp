@@ -18,7 +18,7 @@ using Controller = NCNotificationViewController;
 using ShortLookController = NCNotificationShortLookViewController;
 using ContentContainer = NCNotificationContentContainerViewController;
 
-void record(const char* event, const Controller* controller) {
+void recordControllerEvent(const char* event, const Controller* controller) {
   base::recordEvent(event, {{"controller", numberOfBanner(controller)}});
 }
 
@@ -39,24 +39,25 @@ void executeAction(Controller* self, NCNotificationAction* action, NSDictionary*
   NCNotificationDispatcher::shared()->execute(action, objc::state(self).request, parameters);
 }
 
-// The platform's long look opens from a short look.
+// Only a short look has a long look. For any other controller, the completion receives false.
 void openLongLook(Controller* self, bool animated, objc::Block<void(bool)>* completion) {
-  record("longlook", self);
+  recordControllerEvent("longlook", self);
   auto* shortLook = objc::as<ShortLookController>(self);
   if (shortLook == nullptr) {
     if (completion != nullptr) (*completion)(false);
     return;
   }
-  longLookPresentation().present(shortLook, animated ? LongLookChange::Animated : LongLookChange::AtOnce, completion);
+  longLookPresentation().present(shortLook, animated ? LongLookChange::Animated : LongLookChange::Immediate,
+                                 completion);
 }
 
 void presentLongLookByTrigger(Controller* self, bool animated, NSInteger, objc::Block<void(bool)>* completion) {
   openLongLook(self, animated, completion);
 }
 
-// What is presented for a banner on screen takes its place.
+// A short look that is presented becomes a new banner, which replaces this one.
 void presentController(Controller* self, UIViewController* presented, bool, objc::Block<void()>* completion) {
-  record("present", self);
+  recordControllerEvent("present", self);
   if (auto* banner = objc::as<ShortLookController>(presented)) presentBanner(banner);
   if (completion != nullptr) (*completion)();
 }
@@ -79,8 +80,8 @@ void traitCollectionDidChange(ShortLookController* self, UITraitCollection* prev
 }
 
 void handleTap(ShortLookController* self, NSObject*) {
-  // Where it was listed, nothing else may hold it once it is opened.
-  const auto kept = objc::retain(self);
+  // The action can remove the list cell that owns this controller.
+  const auto retained = objc::retain(self);
   self->askDelegateToExecuteAction(objc::state(objc::state<Controller>(self).request.get()).defaultAction,
                                    NSDictionary::dictionary(), true);
   self->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
@@ -108,7 +109,7 @@ ContentContainer* initContainerWithRequest(ContentContainer* self, NCNotificatio
   return self;
 }
 
-bool containerTakesTouches(ContentContainer*) { return false; }
+bool containerAcceptsTouches(ContentContainer*) { return false; }
 
 bool performAction(ContentContainer*, NCNotificationAction* action, NCNotificationRequest*, NSDictionary*) {
   return action != nullptr;
@@ -141,7 +142,7 @@ void defineNotificationViewControllers() {
   };
   static constexpr objc::MethodEntry container[] = {
       objc::method<"initWithNotificationRequest:", &initContainerWithRequest>(),
-      objc::method<"userInteractionEnabled", &containerTakesTouches>(),
+      objc::method<"userInteractionEnabled", &containerAcceptsTouches>(),
       objc::method<"performAction:forNotification:withUserInfo:", &performAction>(),
   };
   objc::defineClassWithState<Controller>(controller);

@@ -1,5 +1,4 @@
-// The view controllers of notifications: the banner's short look, and the container that can tell whether a request
-// shows.
+// The view controllers of notifications: the short look of banners and the content container. Main thread.
 #pragma once
 
 #include "objc/class_definition.hpp"
@@ -8,7 +7,7 @@
 
 struct NotificationViewControllerState {
   objc::Ref<NCNotificationRequest> request;
-  std::size_t bannerNumber = 0;  // 0: never on screen
+  std::size_t bannerNumber = 0;  // 0: never presented as a banner
 };
 template <>
 struct objc::StateOf<NCNotificationViewController> {
@@ -25,9 +24,10 @@ struct objc::StateOf<NCNotificationContentContainerViewController> {
 
 namespace springboard {
 
-// How the platform's own dismissals end a banner; any other number slides it out as well.
+// The transitions of the platform's dismissal. Any other number also slides the banner out.
 enum class Transition : NSInteger { None = 0, SlideOut = 1 };
 
+// The controller retains the request, which must not be nil.
 objc::Ref<NCNotificationShortLookViewController> makeShortLookController(NCNotificationRequest* request);
 
 void defineNotificationViewControllers();

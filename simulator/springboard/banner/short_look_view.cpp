@@ -2,7 +2,7 @@
 
 #include "objc/property_entry.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 #include "simulator/springboard/platter/label_stack.hpp"
 #include "simulator/springboard/platter/platter_colors.hpp"
 
@@ -16,7 +16,7 @@ constexpr CGFloat padding = 12;
 constexpr CGFloat textTop = 39;
 constexpr CGFloat bottomPadding = 14;
 constexpr CGFloat footnoteGap = 4;
-constexpr NSInteger bodyLines = 4;
+constexpr NSInteger maxBodyLines = 4;
 
 ShortLookViewState& partsOf(const ContentView* view) { return objc::state(view); }
 
@@ -30,7 +30,7 @@ objc::Ref<UILabel> addLabel(ContentView* view, UIFont* font, NSInteger lines) {
 
 objc::Ref<UIVisualEffectView> addPlatter(ContentView* view) {
   auto platter = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Regular));
-  makeCard(platter);
+  applyCardStyle(platter);
   platter->setUserInteractionEnabled(false);
   view->addSubview(platter);
   return platter;
@@ -43,11 +43,11 @@ void addParts(ContentView* view, const NCNotificationRequest* request) {
   view->addSubview(parts.header);
   parts.titleLabel = addLabel(view, UIFont::boldSystemFontOfSize(15), 1);
   parts.subtitleLabel = addLabel(view, UIFont::boldSystemFontOfSize(15), 1);
-  parts.bodyLabel = addLabel(view, UIFont::systemFontOfSize(15), bodyLines);
+  parts.bodyLabel = addLabel(view, UIFont::systemFontOfSize(15), maxBodyLines);
   parts.footnoteLabel = addLabel(view, UIFont::systemFontOfSize(13), 1);
 }
 
-void fillIn(ContentView* view, const NCNotificationRequest* request) {
+void setContent(ContentView* view, const NCNotificationRequest* request) {
   ShortLookViewState& parts = partsOf(view);
   const NotificationContentState& content = objc::state(objc::state(request).content.get());
   parts.primaryText = content.title;
@@ -69,11 +69,11 @@ std::array<UILabel*, 4> textsOf(const ContentView* view) {
 
 std::vector<CGRect> textFrames(const ContentView* view, CGFloat width) {
   std::vector<CGRect> frames = stackedFrames(textsOf(view), {padding, textTop}, width - 2 * padding);
-  if (!saysNothing(partsOf(view).footnoteLabel)) frames.back().origin.y += footnoteGap;
+  if (!hasNoText(partsOf(view).footnoteLabel)) frames.back().origin.y += footnoteGap;
   return frames;
 }
 
-void layoutTexts(const ContentView* view) {
+void layOutTexts(const ContentView* view) {
   const std::vector<CGRect> frames = textFrames(view, view->bounds().size.width);
   const std::array<UILabel*, 4> labels = textsOf(view);
   for (std::size_t index = 0; index < labels.size(); ++index) labels[index]->setFrame(frames[index]);
@@ -84,7 +84,7 @@ void layoutSubviews(ContentView* self) {
   if (partsOf(self).platter == nullptr) return;
   partsOf(self).platter->setFrame(self->bounds());
   partsOf(self).header->setFrame({{}, {self->bounds().size.width, platterHeaderHeight}});
-  layoutTexts(self);
+  layOutTexts(self);
 }
 
 }  // namespace
@@ -92,7 +92,7 @@ void layoutSubviews(ContentView* self) {
 objc::Ref<ContentView> makeShortLookView(NCNotificationRequest* request) {
   auto view = UIView::withFrame<ContentView>({});
   addParts(view, request);
-  fillIn(view, request);
+  setContent(view, request);
   recolorShortLookView(view);
   return view;
 }

@@ -7,7 +7,7 @@
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/springboard/banner/banner_gestures.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 
 namespace springboard {
 
@@ -15,20 +15,20 @@ namespace {
 
 using Cell = NCNotificationListCell;
 
-// What shows of those beneath, and how much narrower each is.
-constexpr std::size_t maxEdges = 2;
+// The cards behind the front card: the visible part of each, and its inset relative to the card in front of it.
+constexpr std::size_t maxVisibleEdges = 2;
 constexpr CGFloat edgeHeight = 8;
 constexpr CGFloat edgeInset = 9;
-constexpr CGFloat fading = 0.25;
+constexpr CGFloat alphaStep = 0.25;
 
-// A card of which only the lower edge shows: the rest is cut off, as the card in front is translucent.
+// Creates a card that is clipped to its lower edge, because the rest would show through the translucent front card.
 objc::Ref<UIView> makeEdge(CGRect frame, CGFloat alpha) {
   auto strip = UIView::withFrame<UIView>(frame);
   strip->setClipsToBounds(true);
   strip->setAlpha(alpha);
   auto card = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Regular));
   card->setFrame({{0, frame.size.height - 3 * cardCornerRadius}, {frame.size.width, 3 * cardCornerRadius}});
-  makeCard(card);
+  applyCardStyle(card);
   strip->addSubview(card);
   return strip;
 }
@@ -38,11 +38,11 @@ void addEdges(Cell* cell, std::size_t count, CGSize front) {
     const auto steps = static_cast<CGFloat>(depth);
     const CGFloat inset = steps * edgeInset;
     cell->addSubview(makeEdge({{inset, front.height + (steps - 1) * edgeHeight}, {front.width - 2 * inset, edgeHeight}},
-                              1 - steps * fading));
+                              1 - steps * alphaStep));
   }
 }
 
-NSString* countOfOthers(std::size_t others) {
+NSString* footnoteFor(std::size_t others) {
   if (others == 0) return nullptr;
   return base::stringOf(std::to_string(others) + (others == 1 ? " more notification" : " more notifications"));
 }
@@ -56,10 +56,10 @@ objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   UIView* view = controller->view();
   NCNotificationShortLookView* content = contentViewOf(view);
   const std::size_t others = group.size() - 1;
-  setFootnote(content, countOfOthers(others));
-  // The next card begins at a whole point.
+  setFootnote(content, footnoteFor(others));
+  // Rounded up, because the next card must start at a whole point.
   const CGSize front = {width, std::ceil(heightOfShortLookView(content, width))};
-  const std::size_t edges = std::min(others, maxEdges);
+  const std::size_t edges = std::min(others, maxVisibleEdges);
   addEdges(cell, edges, front);
   view->setFrame({{}, front});
   content->setFrame({{}, front});
@@ -69,9 +69,9 @@ objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   return cell;
 }
 
-void renewDate(const Cell* cell) {
+void refreshDate(const Cell* cell) {
   const auto& controller = objc::state(cell).controller;
-  renewDate(objc::state(contentViewOf(controller->view())).header, controller->notificationRequest());
+  refreshDate(objc::state(contentViewOf(controller->view())).header, controller->notificationRequest());
 }
 
 void defineListCell() { objc::defineClassWithState<Cell>({}); }

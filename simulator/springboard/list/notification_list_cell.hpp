@@ -1,4 +1,5 @@
-// One place in the notification list: the latest notification of a group, and the edges of those beneath it.
+// A cell of the notification list. It shows the latest notification of a group and, below it, the edges of the cards
+// behind it. Main thread.
 #pragma once
 
 #include "simulator/springboard/banner/notification_view_controller.hpp"
@@ -17,11 +18,11 @@ struct objc::StateOf<NCNotificationListCell> {
 
 namespace springboard {
 
-// As high as the group needs at this width.
+// Creates a cell of this width in points. The height fits the group, which must not be empty.
 objc::Ref<NCNotificationListCell> makeListCell(const NotificationGroup& group, CGFloat width);
 
-// Time has passed since it was made.
-void renewDate(const NCNotificationListCell* cell);
+// Updates the displayed age of the notification to the current time.
+void refreshDate(const NCNotificationListCell* cell);
 
 void defineListCell();
 

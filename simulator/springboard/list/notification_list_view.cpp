@@ -9,7 +9,7 @@ namespace springboard {
 namespace {
 
 constexpr CGFloat sideMargin = 8;
-constexpr CGFloat gap = 8;
+constexpr CGFloat cellGap = 8;
 
 using Cell = NCNotificationListCell;
 using Cells = std::vector<objc::Ref<Cell>>;
@@ -22,11 +22,11 @@ Cells cellsOf(const UIView* view) {
   return cells;
 }
 
-// A finger may rest on the cell that shows the group already, and a long look may have come out of it.
+// Returns the existing cell of the group if there is one, because a touch or an open long look can refer to it.
 objc::Ref<Cell> cellFor(const NotificationGroup& group, const Cells& shown, CGFloat width) {
   for (const objc::Ref<Cell>& cell : shown) {
     if (objc::state(cell.get()).group != group) continue;
-    renewDate(cell);
+    refreshDate(cell);
     return cell;
   }
   return makeListCell(group, width);
@@ -45,7 +45,7 @@ void showGroups(NCNotificationListView* view, const std::vector<NotificationGrou
     CGRect frame = cells.back()->frame();
     frame.origin = {sideMargin, top};
     cells.back()->setFrame(frame);
-    top += frame.size.height + gap;
+    top += frame.size.height + cellGap;
   }
   for (const objc::Ref<Cell>& cell : shown)
     if (std::ranges::find(cells, cell) == cells.end()) cell->removeFromSuperview();

@@ -1,4 +1,4 @@
-// The notification list as it is seen: one cell a group below the other, down to the lower edge of the screen.
+// The view of the notification list. It shows one cell for each group, from top to bottom. Main thread.
 #pragma once
 
 #include <vector>
@@ -10,7 +10,7 @@ class NCNotificationListView : public objc::Interface<"NCNotificationListView", 
 
 namespace springboard {
 
-// The view's size is kept; groups without room have no cell.
+// Shows the groups. Groups that do not fit into the view have no cell. The size of the view does not change.
 void showGroups(NCNotificationListView* view, const std::vector<NotificationGroup>& groups);
 
 void defineListView();

@@ -1,7 +1,7 @@
 #include "simulator/springboard/long_look/action_group_view.hpp"
 
 #include "simulator/springboard/long_look/action_row.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 
 namespace springboard {
 
@@ -14,7 +14,7 @@ UIView* rowAt(const Group* group, NSUInteger index) {
 }
 
 void addRow(Group* group, NCNotificationAction* action, NSObject* target) {
-  const auto row = makeActionRow(action, group->subviews()->count() == 0 ? RowPlace::First : RowPlace::Further);
+  const auto row = makeActionRow(action, group->subviews()->count() == 0 ? RowPosition::First : RowPosition::Following);
   row->addTarget(target, objc::selector<"_actionRowTapped:">(), UIControlEvents::TouchUpInside);
   group->addSubview(row);
 }
@@ -30,13 +30,13 @@ void layoutSubviews(Group* self) {
 
 objc::Ref<Group> makeActionGroup(const NCNotificationRequest* request, NSObject* target) {
   auto group = UIView::withFrame<Group>({});
-  makeCard(group);
+  applyCardStyle(group);
   const NSDictionary* actions = request->supplementaryActions();
   const NSArray* keys = actions->allKeys();
   for (NSUInteger key = 0; key < keys->count(); ++key) {
-    const auto* ofKey = objc::as<NSArray>(actions->objectForKey(keys->objectAtIndex(key)));
-    for (NSUInteger index = 0; index < ofKey->count(); ++index)
-      addRow(group, static_cast<NCNotificationAction*>(ofKey->objectAtIndex(index)), target);
+    const auto* actionsOfKey = objc::as<NSArray>(actions->objectForKey(keys->objectAtIndex(key)));
+    for (NSUInteger index = 0; index < actionsOfKey->count(); ++index)
+      addRow(group, static_cast<NCNotificationAction*>(actionsOfKey->objectAtIndex(index)), target);
   }
   return group;
 }

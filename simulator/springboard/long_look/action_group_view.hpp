@@ -1,4 +1,4 @@
-// The rows beneath a long look's card, one for each of the sender's actions.
+// The rows below the card of a long look, one for each custom action of the application. Main thread.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -8,10 +8,10 @@ class UIInterfaceActionGroupView : public objc::Interface<"UIInterfaceActionGrou
 
 namespace springboard {
 
-// Sends _actionRowTapped: with the row to the target, which is not kept.
+// A tapped row sends _actionRowTapped: with itself to the target, which is not retained.
 objc::Ref<UIInterfaceActionGroupView> makeActionGroup(const NCNotificationRequest* request, NSObject* target);
 
-// Leaves the first rows, as many as stand whole in this height.
+// Removes the last rows that do not fit completely into this height in points.
 void removeRowsBeyond(const UIInterfaceActionGroupView* view, CGFloat height);
 CGFloat heightOfActionGroup(const UIInterfaceActionGroupView* view);
 

@@ -40,7 +40,7 @@ void layoutSubviews(Row* self) {
   parts.separator->setFrame({{}, {size.width, 1 / uikit::environment().device.scale}});
 }
 
-// What a sender has left without a title is known by its identifier.
+// An action without a title shows its identifier.
 NSString* titleOf(const NCNotificationAction* action) {
   const NotificationActionState& state = objc::state(action);
   return state.title->length() != 0 ? state.title : state.identifier;
@@ -48,7 +48,7 @@ NSString* titleOf(const NCNotificationAction* action) {
 
 }  // namespace
 
-objc::Ref<Row> makeActionRow(NCNotificationAction* action, RowPlace place) {
+objc::Ref<Row> makeActionRow(NCNotificationAction* action, RowPosition position) {
   auto row = UIView::withFrame<Row>({});
   ActionRowState& parts = objc::state(row.get());
   parts.action = objc::retain(action);
@@ -58,7 +58,7 @@ objc::Ref<Row> makeActionRow(NCNotificationAction* action, RowPlace place) {
   parts.title->setText(titleOf(action));
   parts.separator = UIView::withFrame<UIView>({});
   parts.separator->setUserInteractionEnabled(false);
-  parts.separator->setHidden(place == RowPlace::First);
+  parts.separator->setHidden(position == RowPosition::First);
   row->addSubview(parts.title);
   row->addSubview(parts.separator);
   recolor(row);

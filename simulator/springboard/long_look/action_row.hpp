@@ -1,4 +1,4 @@
-// A row of a long look that stands for one of the notification's actions.
+// A row of a long look that executes one of the notification's actions. Main thread.
 #pragma once
 
 #include "platform/ui_control.hpp"
@@ -19,12 +19,13 @@ struct objc::StateOf<UIInterfaceActionRow> {
 
 namespace springboard {
 
-inline constexpr CGFloat actionRowHeight = 54;
+inline constexpr CGFloat actionRowHeight = 54;  // points
 
-enum class RowPlace { First, Further };
+// A row that follows another one begins with a separator.
+enum class RowPosition { First, Following };
 
-// The row is the caller's to listen to.
-objc::Ref<UIInterfaceActionRow> makeActionRow(NCNotificationAction* action, RowPlace place);
+// The caller adds a target for UIControlEvents::TouchUpInside.
+objc::Ref<UIInterfaceActionRow> makeActionRow(NCNotificationAction* action, RowPosition position);
 
 void defineActionRow();
 

@@ -13,19 +13,21 @@ namespace springboard {
 namespace {
 
 constexpr double radius = 11;
-constexpr double arm = 4;
+constexpr double crossArmLength = 4;
 constexpr double lineWidth = 1.75;
 
 void draw(NCLongLookCloseButton* self, void* target) {
   drawing::Canvas& canvas = *static_cast<drawing::Canvas*>(target);
   const drawing::Rectangle area = uikit::rectangle(uikit::shownBounds(self));
-  const drawing::Point middle = {area.x + area.width / 2, area.y + area.height / 2};
+  const drawing::Point center = {area.x + area.width / 2, area.y + area.height / 2};
   const bool isPressed = objc::state<UIControl>(self).highlighted;
   const drawing::Color disc = uikit::colorOf(isPressed ? secondaryTextColor(self) : separatorColor(self));
-  canvas.fillRoundedRectangle({middle.x - radius, middle.y - radius, 2 * radius, 2 * radius}, {radius}, disc);
+  canvas.fillRoundedRectangle({center.x - radius, center.y - radius, 2 * radius, 2 * radius}, {radius}, disc);
   const drawing::Color cross = uikit::colorOf(secondaryTextColor(self));
-  canvas.strokeLine({middle.x - arm, middle.y - arm}, {middle.x + arm, middle.y + arm}, lineWidth, cross);
-  canvas.strokeLine({middle.x - arm, middle.y + arm}, {middle.x + arm, middle.y - arm}, lineWidth, cross);
+  canvas.strokeLine({center.x - crossArmLength, center.y - crossArmLength},
+                    {center.x + crossArmLength, center.y + crossArmLength}, lineWidth, cross);
+  canvas.strokeLine({center.x - crossArmLength, center.y + crossArmLength},
+                    {center.x + crossArmLength, center.y - crossArmLength}, lineWidth, cross);
 }
 
 }  // namespace

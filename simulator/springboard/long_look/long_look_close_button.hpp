@@ -1,11 +1,11 @@
-// The button that closes a long look: a cross on a disc.
+// The close button of a long look: a cross on a disc. Main thread.
 #pragma once
 
 #include "platform/ui_control.hpp"
 
 namespace springboard {
 
-// Takes touches wherever it is; the disc is in its middle.
+// The caller sets the frame. The whole frame accepts touches; the disc is at its center.
 objc::Ref<UIControl> makeCloseButton();
 
 void defineCloseButton();

@@ -17,7 +17,7 @@ using Controller = NCNotificationLongLookViewController;
 
 constexpr CGFloat gap = 8;
 constexpr CGFloat screenMargin = 8;
-constexpr double typingSeconds = 0.25;
+constexpr double replyBarAnimationSeconds = 0.25;
 
 LongLookControllerState& partsOf(const Controller* controller) { return objc::state(controller); }
 
@@ -43,16 +43,20 @@ void loadView(Controller* self) {
   objc::send<void, "setView:">(self, view.get());
 }
 
-// Taking its notification away ends the long look; some actions leave it.
-void execute(Controller* self, NCNotificationAction* action) {
-  const auto kept = objc::retain(self);
+// Most actions withdraw the notification, which closes the long look. After any other action this function closes it.
+void executeAndClose(Controller* self, NCNotificationAction* action) {
+  const auto retained = objc::retain(self);
   if (action != nullptr) self->askDelegateToExecuteAction(action, NSDictionary::dictionary(), true);
-  endLongLook(self);
+  dismissLongLook(self);
 }
 
-void backdropTapped(Controller* self, NSObject*) { endLongLook(self); }
-void cardTapped(Controller* self, NSObject*) { execute(self, objc::state(self->notificationRequest()).defaultAction); }
-void closeButtonTapped(Controller* self, NSObject*) { execute(self, self->notificationRequest()->closeAction()); }
+void backdropTapped(Controller* self, NSObject*) { dismissLongLook(self); }
+void cardTapped(Controller* self, NSObject*) {
+  executeAndClose(self, objc::state(self->notificationRequest()).defaultAction);
+}
+void closeButtonTapped(Controller* self, NSObject*) {
+  executeAndClose(self, self->notificationRequest()->closeAction());
+}
 
 NSString* typedTextKey() { return "UIUserNotificationActionResponseTypedTextKey"_ns; }
 
@@ -64,30 +68,31 @@ void beginTyping(Controller* self, NCNotificationAction* action) {
   self->view()->addSubview(parts.replyBar);
   self->view()->window()->makeKeyAndVisible();
   objc::send<bool, "becomeFirstResponder">(objc::state(parts.replyBar.get()).field.get());
-  const auto kept = objc::retain(self);
-  UIView::animate(typingSeconds, objc::block([kept] { expandLongLook(kept); }));
+  const auto retained = objc::retain(self);
+  UIView::animate(replyBarAnimationSeconds, objc::block([retained] { expandLongLook(retained); }));
 }
 
 void actionRowTapped(Controller* self, UIInterfaceActionRow* row) {
   NCNotificationAction* action = objc::state(row).action;
   if (objc::state(action).acceptsText) return beginTyping(self, action);
-  execute(self, action);
+  executeAndClose(self, action);
 }
 
 void replyFieldReturned(Controller* self, UITextField* field) {
-  const auto kept = objc::retain(self);
+  const auto retained = objc::retain(self);
   NSMutableDictionary* parameters = NSMutableDictionary::dictionaryWithCapacity(1);
   parameters->setObject(field->text(), typedTextKey());
   self->askDelegateToExecuteAction(objc::state(partsOf(self).replyBar.get()).action, parameters, true);
-  endLongLook(self);
+  dismissLongLook(self);
 }
 
-struct Room {
+struct VerticalSpan {
   CGFloat top;
   CGFloat bottom;
 };
 
-Room roomOnScreen(const LongLookControllerState& parts) {
+// The part of the screen that neither the safe area nor the keyboard covers.
+VerticalSpan availableSpan(const LongLookControllerState& parts) {
   const base::DeviceProfile& device = uikit::environment().device;
   const CGFloat top = std::max<CGFloat>(device.safeArea.top, screenMargin);
   if (parts.replyBar == nullptr)
@@ -96,10 +101,10 @@ Room roomOnScreen(const LongLookControllerState& parts) {
   return {top, device.screen.height - keyboard.height() - screenMargin};
 }
 
-// Beneath a card with a single line of its body.
-CGFloat roomForActions(const LongLookControllerState& parts) {
-  const Room room = roomOnScreen(parts);
-  return room.bottom - room.top - fitLongLookView(parts.card, parts.shortLook.size.width, 0) - gap;
+// The height that remains below a card with one line of body text.
+CGFloat heightForActions(const LongLookControllerState& parts) {
+  const VerticalSpan available = availableSpan(parts);
+  return available.bottom - available.top - fitLongLookView(parts.card, parts.shortLook.size.width, 0) - gap;
 }
 
 }  // namespace
@@ -111,7 +116,7 @@ objc::Ref<Controller> makeLongLookController(NCNotificationRequest* request) {
 void collapseLongLook(const Controller* controller, const CGRect& shortLook) {
   LongLookControllerState& parts = partsOf(controller);
   parts.shortLook = shortLook;
-  removeRowsBeyond(parts.actions, roomForActions(parts));
+  removeRowsBeyond(parts.actions, heightForActions(parts));
   parts.backdrop->setAlpha(0);
   parts.card->setFrame(shortLook);
   parts.actions->setAlpha(0);
@@ -123,19 +128,19 @@ void expandLongLook(const Controller* controller) {
   const LongLookControllerState& parts = partsOf(controller);
   const bool isTyping = parts.replyBar != nullptr;
   const CGFloat width = parts.shortLook.size.width;
-  const CGFloat beneath = isTyping ? replyBarHeight : heightOfActionGroup(parts.actions);
-  const Room room = roomOnScreen(parts);
-  const CGFloat maxCardBytes = room.bottom - room.top - (beneath > 0 ? beneath + gap : 0);
-  const CGFloat height = fitLongLookView(parts.card, width, maxCardBytes);
-  const CGFloat lowestTop = std::max(room.top, room.top + maxCardBytes - height);
-  const CGPoint origin = {parts.shortLook.origin.x, std::clamp(parts.shortLook.origin.y, room.top, lowestTop)};
-  const CGRect place = {{origin.x, origin.y + height + gap}, {width, beneath}};
+  const CGFloat heightBelowCard = isTyping ? replyBarHeight : heightOfActionGroup(parts.actions);
+  const VerticalSpan available = availableSpan(parts);
+  const CGFloat maxCardHeight = available.bottom - available.top - (heightBelowCard > 0 ? heightBelowCard + gap : 0);
+  const CGFloat height = fitLongLookView(parts.card, width, maxCardHeight);
+  const CGFloat maxTop = std::max(available.top, available.top + maxCardHeight - height);
+  const CGPoint origin = {parts.shortLook.origin.x, std::clamp(parts.shortLook.origin.y, available.top, maxTop)};
+  const CGRect lowerFrame = {{origin.x, origin.y + height + gap}, {width, heightBelowCard}};
   parts.backdrop->setAlpha(1);
   parts.card->setFrame({origin, {width, height}});
   parts.actions->setAlpha(isTyping ? 0 : 1);
-  if (!isTyping) return parts.actions->setFrame(place);
+  if (!isTyping) return parts.actions->setFrame(lowerFrame);
   parts.replyBar->setAlpha(1);
-  parts.replyBar->setFrame(place);
+  parts.replyBar->setFrame(lowerFrame);
 }
 
 void endTyping(const Controller* controller) {

@@ -1,4 +1,5 @@
-// The long look: a notification's card with all it says and its actions, over a blurred screen.
+// The controller of the long look, which shows the complete notification with its actions over a blurred screen. Main
+// thread.
 #pragma once
 
 #include "simulator/springboard/banner/notification_view_controller.hpp"
@@ -10,8 +11,8 @@ struct LongLookControllerState {
   objc::Ref<UIView> backdrop;
   objc::Ref<NCNotificationLongLookView> card;
   objc::Ref<UIInterfaceActionGroupView> actions;
-  objc::Ref<NCNotificationReplyBar> replyBar;  // in place of the actions, while a text is typed
-  CGRect shortLook;                            // where it comes from
+  objc::Ref<NCNotificationReplyBar> replyBar;  // replaces the actions while the user types a text
+  CGRect shortLook;                            // the frame of the short look on the screen
 };
 
 class NCNotificationLongLookViewController
@@ -25,10 +26,11 @@ namespace springboard {
 
 objc::Ref<NCNotificationLongLookViewController> makeLongLookController(NCNotificationRequest* request);
 
-// How it looks where it comes from, a short look at this place of the screen, and when it is open.
+// Arrange the views for the start of the opening animation, with the card in the short look's frame on the screen, and
+// for the open long look.
 void collapseLongLook(const NCNotificationLongLookViewController* controller, const CGRect& shortLook);
 void expandLongLook(const NCNotificationLongLookViewController* controller);
-// Takes the keyboard away.
+// Hides the keyboard.
 void endTyping(const NCNotificationLongLookViewController* controller);
 
 void defineLongLookController();

@@ -19,8 +19,8 @@ constexpr double openingSeconds = 0.35;
 constexpr double closingSeconds = 0.25;
 
 objc::Ref<ShortLook>& opened() {
-  static objc::Ref<ShortLook>& held = *new objc::Ref<ShortLook>;
-  return held;
+  static objc::Ref<ShortLook>& shortLook = *new objc::Ref<ShortLook>;
+  return shortLook;
 }
 
 LongLook* longLookOf(const ShortLook* shortLook) {
@@ -28,23 +28,23 @@ LongLook* longLookOf(const ShortLook* shortLook) {
 }
 
 bool canOpen(const ShortLook* shortLook) {
-  return shortLook->view()->window() != nullptr && !isBannerLeaving(numberOfBanner(shortLook)) &&
+  return shortLook->view()->window() != nullptr && !isBannerBeingDismissed(numberOfBanner(shortLook)) &&
          objc::state<UIViewController>(shortLook).presented == nullptr;
 }
 
-// A banner that goes closes its long look itself, and does not come up once more.
-bool goesWithLongLook(const ShortLook* shortLook) {
+// The dismissal of a banner closes its long look. It does not apply to a banner that is already being dismissed.
+bool isDismissedWithLongLook(const ShortLook* shortLook) {
   const std::size_t number = numberOfBanner(shortLook);
-  return isBannerOnScreen(number) && !isBannerLeaving(number);
+  return isBannerOnScreen(number) && !isBannerBeingDismissed(number);
 }
 
-// The presentation of every view controller, below what notifications make of it.
-void coverWindow(ShortLook* shortLook, LongLook* longLook) {
+// Presents the long look with UIViewController's own method, because NCNotificationViewController overrides it.
+void presentController(ShortLook* shortLook, LongLook* longLook) {
   objc::sendSuper<"NCNotificationViewController", void, "presentViewController:animated:completion:">(
       shortLook, static_cast<UIViewController*>(longLook), false, static_cast<objc::Block<void()>*>(nullptr));
 }
 
-void uncoverWindow(ShortLook* shortLook) {
+void dismissController(ShortLook* shortLook) {
   objc::send<void, "dismissViewControllerAnimated:completion:">(shortLook, false,
                                                                 static_cast<objc::Block<void()>*>(nullptr));
 }
@@ -56,13 +56,13 @@ void presentLongLook(ShortLook* shortLook, LongLookChange change, objc::Block<vo
     if (completion != nullptr) (*completion)(false);
     return;
   }
-  dismissLongLook(LongLookChange::AtOnce);
+  dismissLongLook(LongLookChange::Immediate);
   opened() = objc::retain(shortLook);
   const auto longLook = makeLongLookController(shortLook->notificationRequest());
-  const CGRect place = uikit::frameOnScreen(contentViewOf(shortLook->view()));
-  coverWindow(shortLook, longLook);
+  const CGRect shortLookFrame = uikit::frameOnScreen(contentViewOf(shortLook->view()));
+  presentController(shortLook, longLook);
   shortLook->view()->setHidden(true);
-  collapseLongLook(longLook, place);
+  collapseLongLook(longLook, shortLookFrame);
   const double seconds = change == LongLookChange::Animated ? openingSeconds : 0;
   longLook->view()->layoutIfNeeded();
   UIView::animate(seconds, objc::block([longLook] {
@@ -76,27 +76,27 @@ ShortLook* openedShortLook() { return opened(); }
 
 void dismissLongLook(LongLookChange change) {
   if (opened() == nullptr) return;
-  const bool atOnce = change == LongLookChange::AtOnce;
-  if (goesWithLongLook(opened()))
-    return dismissBanner(opened(), NSInteger(atOnce ? Transition::None : Transition::SlideOut), nullptr);
+  const bool isImmediate = change == LongLookChange::Immediate;
+  if (isDismissedWithLongLook(opened()))
+    return dismissBanner(opened(), NSInteger(isImmediate ? Transition::None : Transition::SlideOut), nullptr);
   const objc::Ref<ShortLook> shortLook = std::exchange(opened(), nullptr);
   if (!isBannerOnScreen(numberOfBanner(shortLook))) shortLook->view()->setHidden(false);
   const LongLook* longLook = longLookOf(shortLook);
-  // Whoever dismissed it has closed it.
+  // The dismissal of the banner has already closed it.
   if (longLook == nullptr) return;
   endTyping(longLook);
-  if (atOnce) return uncoverWindow(shortLook);
+  if (isImmediate) return dismissController(shortLook);
   const auto fading = objc::retain(longLook->view());
   fading->setUserInteractionEnabled(false);
   UIView::animate(closingSeconds, objc::block([fading] { fading->setAlpha(0); }),
-                  objc::block([shortLook](bool) { uncoverWindow(shortLook); }));
+                  objc::block([shortLook](bool) { dismissController(shortLook); }));
 }
 
 void dismissLongLookOf(const NotificationKey& key) {
   if (opened() != nullptr && keyOf(opened()->notificationRequest()) == key) dismissLongLook(LongLookChange::Animated);
 }
 
-void endLongLook(const LongLook* longLook) {
+void dismissLongLook(const LongLook* longLook) {
   if (opened() != nullptr && longLookOf(opened()) == longLook) dismissLongLook(LongLookChange::Animated);
 }
 

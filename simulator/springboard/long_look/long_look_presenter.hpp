@@ -1,4 +1,4 @@
-// Opens a short look into its long look, and closes it again. There is one at a time.
+// Opens the long look of a short look and closes it. At most one long look is open. Main thread.
 #pragma once
 
 #include "simulator/springboard/banner/long_look_presentation.hpp"
@@ -7,20 +7,22 @@
 
 namespace springboard {
 
-// The completion is told when the long look has opened, or at once that it has not: a controller whose view is in no
-// window has nothing to open, a banner on its way out goes on, and one that shows its long look already stays as it is.
+// Opens the long look of `shortLook` and closes any other. The completion receives true after the animation. It
+// receives false at once, and nothing changes, if the short look's view is in no window, its banner is being dismissed,
+// or its long look is already open. The completion can be null.
 void presentLongLook(NCNotificationShortLookViewController* shortLook, LongLookChange change,
                      objc::Block<void(bool)>* completion);
 
-// The short look whose long look is open; nil without.
+// The short look whose long look is open. Nil if none is open.
 NCNotificationShortLookViewController* openedShortLook();
 
-// Closes what is open; nothing happens without. A banner goes with its long look, a short look in the list is there
-// again.
+// Closes the open long look, if any. A banner is dismissed together with its long look. A short look in the list is
+// shown again.
 void dismissLongLook(LongLookChange change);
+// The same, if the open long look shows this notification.
 void dismissLongLookOf(const NotificationKey& key);
 
-// Closes this one, if it is what is open.
-void endLongLook(const NCNotificationLongLookViewController* longLook);
+// The same, if the open long look belongs to this controller.
+void dismissLongLook(const NCNotificationLongLookViewController* longLook);
 
 }  // namespace springboard

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "simulator/springboard/long_look/long_look_close_button.hpp"
-#include "simulator/springboard/platter/card.hpp"
+#include "simulator/springboard/platter/card_style.hpp"
 #include "simulator/springboard/platter/label_stack.hpp"
 #include "simulator/springboard/platter/platter_colors.hpp"
 #include "simulator/uikit/views/view.hpp"
@@ -18,8 +18,8 @@ constexpr CGFloat padding = 12;
 constexpr CGFloat textTop = platterHeaderHeight + 12;
 constexpr CGFloat bottomPadding = 14;
 constexpr CGFloat fontSize = 16;
-constexpr CGFloat closeButtonRoom = 34;
-constexpr NSInteger headlineLines = 3;
+constexpr CGFloat closeButtonSpace = 34;
+constexpr NSInteger maxTitleLines = 3;
 
 std::array<UILabel*, 3> textsOf(const View* view) {
   const auto& texts = objc::state(view).texts;
@@ -38,7 +38,7 @@ objc::Ref<UILabel> addLabel(View* view, UIFont* font, NSInteger lines, NSString*
 void addHeader(View* view, const NCNotificationRequest* request) {
   LongLookViewState& parts = objc::state(view);
   parts.headerStrip = UIView::withFrame<UIView>({});
-  parts.header = makePlatterHeader(request, closeButtonRoom);
+  parts.header = makePlatterHeader(request, closeButtonSpace);
   parts.closeButton = makeCloseButton();
   view->addSubview(parts.headerStrip);
   view->addSubview(parts.header);
@@ -48,8 +48,8 @@ void addHeader(View* view, const NCNotificationRequest* request) {
 void addTexts(View* view, const NotificationContentState& content) {
   const bool hasBody = content.message->length() != 0;
   objc::state(view).texts = {
-      addLabel(view, UIFont::boldSystemFontOfSize(fontSize), headlineLines, content.title),
-      addLabel(view, UIFont::boldSystemFontOfSize(fontSize), headlineLines, content.subtitle),
+      addLabel(view, UIFont::boldSystemFontOfSize(fontSize), maxTitleLines, content.title),
+      addLabel(view, UIFont::boldSystemFontOfSize(fontSize), maxTitleLines, content.subtitle),
       addLabel(view, UIFont::systemFontOfSize(fontSize), 0, hasBody ? content.message : content.summary)};
 }
 
@@ -88,21 +88,21 @@ void traitCollectionDidChange(View* self, UITraitCollection* previous) {
 
 objc::Ref<View> makeLongLookView(const NCNotificationRequest* request) {
   auto view = UIView::withFrame<View>({});
-  makeCard(view);
+  applyCardStyle(view);
   addHeader(view, request);
   addTexts(view, objc::state(objc::state(request).content.get()));
   recolor(view);
   return view;
 }
 
-CGFloat fitLongLookView(const View* view, CGFloat width, CGFloat most) {
+CGFloat fitLongLookView(const View* view, CGFloat width, CGFloat maxHeight) {
   UILabel* body = textsOf(view).back();
   body->setNumberOfLines(0);
-  const CGRect whole = textFrames(view, width).back();
-  const CGFloat wanted = lowerEdge(whole) + bottomPadding;
-  if (wanted <= most) return wanted;
-  const CGFloat room = most - bottomPadding - whole.origin.y;
-  const auto lines = static_cast<NSInteger>(room / objc::send<CGFloat, "lineHeight">(body->font()));
+  const CGRect fullBody = textFrames(view, width).back();
+  const CGFloat fullHeight = lowerEdge(fullBody) + bottomPadding;
+  if (fullHeight <= maxHeight) return fullHeight;
+  const CGFloat bodyHeight = maxHeight - bottomPadding - fullBody.origin.y;
+  const auto lines = static_cast<NSInteger>(bodyHeight / objc::send<CGFloat, "lineHeight">(body->font()));
   body->setNumberOfLines(std::max<NSInteger>(lines, 1));
   return lowerEdge(textFrames(view, width).back()) + bottomPadding;
 }

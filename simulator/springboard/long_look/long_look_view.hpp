@@ -1,4 +1,4 @@
-// A long look's card: the header with a button to close it, and everything that the notification says.
+// The card of a long look: the header with a close button, and all texts of the notification. Main thread.
 #pragma once
 
 #include <array>
@@ -21,12 +21,12 @@ struct objc::StateOf<NCNotificationLongLookView> {
 
 namespace springboard {
 
-// The button is the caller's to listen to.
+// The caller adds a target to the close button.
 objc::Ref<NCNotificationLongLookView> makeLongLookView(const NCNotificationRequest* request);
 
-// How high the card wants to be at this width, at most this high. A body that does not fit loses its last lines;
-// one stays, so that a card can be higher than `most`.
-CGFloat fitLongLookView(const NCNotificationLongLookView* view, CGFloat width, CGFloat most);
+// Limits the lines of the body so that the card fits into `maxHeight` at this width, and returns the card's height. The
+// body keeps at least one line, so the result can exceed `maxHeight`. Points.
+CGFloat fitLongLookView(const NCNotificationLongLookView* view, CGFloat width, CGFloat maxHeight);
 
 void defineLongLookView();
 

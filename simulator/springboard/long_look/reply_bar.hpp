@@ -1,4 +1,4 @@
-// The field of a long look in which an action's text is typed.
+// The text field of a long look for an action that accepts text. Main thread.
 #pragma once
 
 #include "platform/ui_text_field.hpp"
@@ -17,10 +17,10 @@ struct objc::StateOf<NCNotificationReplyBar> {
 
 namespace springboard {
 
-inline constexpr CGFloat replyBarHeight = 54;
+inline constexpr CGFloat replyBarHeight = 54;  // points
 
-// Sends _replyFieldReturned: with the field to the target, which is not kept, when its text is to be sent;
-// no text is not.
+// When the user presses the return key, the bar sends _replyFieldReturned: with the text field to the target, which is
+// not retained. The return key is disabled while the field is empty.
 objc::Ref<NCNotificationReplyBar> makeReplyBar(NCNotificationAction* action, NSObject* target);
 
 void defineReplyBar();

@@ -1,4 +1,4 @@
-// Labels that stand below one another.
+// Vertical layout of labels. Main thread.
 #pragma once
 
 #include <span>
@@ -8,9 +8,10 @@
 
 namespace springboard {
 
-bool saysNothing(const UILabel* label);
+bool hasNoText(const UILabel* label);
 
-// Where each goes from this place down, as high as its text needs at this width; one that says nothing takes no room.
+// Returns the frame of each label, from `top` downward. The height of a label is what its text needs at this width; a
+// label without text has the height 0. Points.
 std::vector<CGRect> stackedFrames(std::span<UILabel* const> labels, CGPoint top, CGFloat width);
 
 }  // namespace springboard

@@ -1,4 +1,4 @@
-// The colors of notifications' cards, in the appearance that a view is shown in. Autoreleased.
+// The colors of notification cards in the light or dark appearance of a view. Autoreleased. Main thread.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -7,10 +7,10 @@ namespace springboard {
 
 UIColor* textColor(const UIView* view);
 UIColor* secondaryTextColor(const UIView* view);
-// Of a card that covers what lies behind it, and of the strip at its top.
+// For an opaque card and for the header at its top.
 UIColor* cardColor(const UIView* view);
 UIColor* cardHeaderColor(const UIView* view);
-// Of a row of such a card while a finger is on it, and between two rows.
+// For a touched row of an opaque card, and for the line between two rows.
 UIColor* pressedRowColor(const UIView* view);
 UIColor* separatorColor(const UIView* view);
 

@@ -48,7 +48,7 @@ void layoutSubviews(Header* self) {
   if (parts.icon == nullptr) return;
   const CGSize date = objc::send<CGSize, "sizeThatFits:">(parts.date.get(), CGSize{100, 100});
   const CGFloat nameLeft = padding + iconSide + 7;
-  const CGFloat dateLeft = self->bounds().size.width - padding - parts.trailingRoom - date.width;
+  const CGFloat dateLeft = self->bounds().size.width - padding - parts.trailingSpace - date.width;
   parts.icon->setFrame(uikit::mirroredIfNeeded(self, {{padding, iconTop}, {iconSide, iconSide}}));
   parts.name->setFrame(uikit::mirroredIfNeeded(self, {{nameLeft, iconTop}, {dateLeft - nameLeft - 8, iconSide}}));
   parts.date->setFrame(uikit::mirroredIfNeeded(self, {{dateLeft, iconTop}, {date.width, iconSide}}));
@@ -63,7 +63,7 @@ NSString* upperCased(const std::string& text) { return objc::send<NSString*, "up
 
 }  // namespace
 
-objc::Ref<Header> makePlatterHeader(const NCNotificationRequest* request, CGFloat trailingRoom) {
+objc::Ref<Header> makePlatterHeader(const NCNotificationRequest* request, CGFloat trailingSpace) {
   const NotificationContentState& content = objc::state(objc::state(request).content.get());
   auto header = UIView::withFrame<Header>({});
   header->setUserInteractionEnabled(false);
@@ -71,12 +71,12 @@ objc::Ref<Header> makePlatterHeader(const NCNotificationRequest* request, CGFloa
   parts.icon = addIcon(header, objc::as<UIImage>(content.icons->firstObject()));
   parts.name = addLabel(header, upperCased(nameOf(base::textOf(request->sectionIdentifier()))));
   parts.date = addLabel(header, timeSince(content.date));
-  parts.trailingRoom = trailingRoom;
+  parts.trailingSpace = trailingSpace;
   recolor(header);
   return header;
 }
 
-void renewDate(Header* header, const NCNotificationRequest* request) {
+void refreshDate(Header* header, const NCNotificationRequest* request) {
   const NotificationContentState& content = objc::state(objc::state(request).content.get());
   objc::state(header).date->setText(timeSince(content.date));
   uikit::setNeedsLayout(header);

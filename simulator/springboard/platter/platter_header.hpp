@@ -1,4 +1,4 @@
-// The first line of a notification's card: the application's icon and name, and how long ago it came.
+// The header of a notification card: the application's icon and name, and the age of the notification. Main thread.
 #pragma once
 
 #include "platform/ui_image_view.hpp"
@@ -9,7 +9,7 @@ struct PlatterHeaderState {
   objc::Ref<UIImageView> icon;
   objc::Ref<UILabel> name;
   objc::Ref<UILabel> date;
-  CGFloat trailingRoom = 0;
+  CGFloat trailingSpace = 0;
 };
 
 class PLPlatterHeaderContentView : public objc::Interface<"PLPlatterHeaderContentView", UIView> {};
@@ -20,13 +20,13 @@ struct objc::StateOf<PLPlatterHeaderContentView> {
 
 namespace springboard {
 
-inline constexpr CGFloat platterHeaderHeight = 40;
+inline constexpr CGFloat platterHeaderHeight = 40;  // points
 
-// What stands at the end leaves so much room for something else.
-objc::Ref<PLPlatterHeaderContentView> makePlatterHeader(const NCNotificationRequest* request, CGFloat trailingRoom);
+// Creates the header, with `trailingSpace` points left empty at its trailing edge.
+objc::Ref<PLPlatterHeaderContentView> makePlatterHeader(const NCNotificationRequest* request, CGFloat trailingSpace);
 
-// Says how long ago it is now.
-void renewDate(PLPlatterHeaderContentView* header, const NCNotificationRequest* request);
+// Updates the displayed age to the current time.
+void refreshDate(PLPlatterHeaderContentView* header, const NCNotificationRequest* request);
 
 void definePlatterHeader();
 

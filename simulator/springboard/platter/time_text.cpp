@@ -13,21 +13,21 @@ constexpr double secondsInMinute = 60;
 constexpr double secondsInHour = 60 * secondsInMinute;
 constexpr double secondsInDay = 24 * secondsInHour;
 
-// The locale's own format for these parts of a date.
-NSString* formatFor(NSString* parts) {
+// The locale's date format with these fields.
+NSString* localizedFormat(NSString* fields) {
   const auto* locale = objc::send<NSObject*, "currentLocale">(objc::lookUpClass<"NSLocale">());
-  return objc::send<NSString*, "dateFormatFromTemplate:options:locale:">(NSDateFormatter::classObject(), parts,
+  return objc::send<NSString*, "dateFormatFromTemplate:options:locale:">(NSDateFormatter::classObject(), fields,
                                                                          NSUInteger{0}, locale);
 }
 
-NSString* write(NSDate* date, NSString* format) {
+NSString* formatDate(NSDate* date, NSString* format) {
   auto formatter = objc::make<NSDateFormatter>();
   formatter->setDateFormat(format);
   return formatter->stringFromDate(date);
 }
 
-// Asked of the locale by the template for hours as it writes them.
-bool countsToTwentyFour() { return formatFor("j"_ns)->contains("H"_ns); }
+// The template "j" selects the hour format of the locale.
+bool uses24HourClock() { return localizedFormat("j"_ns)->contains("H"_ns); }
 
 NSString* ago(double seconds, double unit, const char* name) {
   return base::stringOf(std::to_string(static_cast<long>(seconds / unit)) + name + " ago");
@@ -35,16 +35,16 @@ NSString* ago(double seconds, double unit, const char* name) {
 
 }  // namespace
 
-NSString* timeOfDay() { return write(NSDate::date(), countsToTwentyFour() ? "HH:mm"_ns : "h:mm"_ns); }
+NSString* currentTime() { return formatDate(NSDate::date(), uses24HourClock() ? "HH:mm"_ns : "h:mm"_ns); }
 
-NSString* dayOfYear() { return write(NSDate::date(), formatFor("EEEEMMMMd"_ns)); }
+NSString* currentDay() { return formatDate(NSDate::date(), localizedFormat("EEEEMMMMd"_ns)); }
 
 NSString* timeSince(NSDate* date) {
   const double seconds = foundation::unixTimeNow() - objc::send<double, "timeIntervalSince1970">(date);
   if (date == nullptr || seconds < secondsInMinute) return "now"_ns;
   if (seconds < secondsInHour) return ago(seconds, secondsInMinute, "m");
   if (seconds < secondsInDay) return ago(seconds, secondsInHour, "h");
-  return write(date, formatFor("MMMd"_ns));
+  return formatDate(date, localizedFormat("MMMd"_ns));
 }
 
 }  // namespace springboard

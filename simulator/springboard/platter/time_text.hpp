@@ -1,15 +1,15 @@
-// How the phone writes times, as its locale has it.
+// Times and dates as text in the phone's locale. Autoreleased. Main thread.
 #pragma once
 
 #include "platform/ns_date.hpp"
 
 namespace springboard {
 
-// The time of day, without the marks of morning and afternoon.
-NSString* timeOfDay();
-// The day of the week and of the year, such as "Saturday, March 14".
-NSString* dayOfYear();
-// How long ago it was: "now", "5m ago", "2h ago", and from a day on its date. What lies ahead is now.
+// The current time of day, without an AM or PM symbol.
+NSString* currentTime();
+// The current weekday and date, such as "Saturday, March 14".
+NSString* currentDay();
+// The age of a date: "now", "5m ago" or "2h ago", and the date itself after a day. A future date and nil are "now".
 NSString* timeSince(NSDate* date);
 
 }  // namespace springboard

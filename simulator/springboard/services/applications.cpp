@@ -37,7 +37,7 @@ constexpr ApplicationName knownApplications[] = {
     {"net.whatsapp.WhatsApp", "WhatsApp"},
 };
 
-// The platform's numbers: the icons of notifications, of the home screen and of lists.
+// The platform's icon formats: notification, home screen and list.
 constexpr int iconFormats[] = {8, 2, 0};
 constexpr int homeScreenFormat = 2;
 // The artwork's pixels per point.
@@ -48,12 +48,12 @@ fs::path& artworkFolder() {
   return folder;
 }
 
-std::vector<std::string>& applications() {
-  static auto& installed = *new std::vector<std::string>;
-  return installed;
+std::vector<std::string>& installed() {
+  static auto& identifiers = *new std::vector<std::string>;
+  return identifiers;
 }
 
-void giveIcon(const std::string& application, const std::shared_ptr<const drawing::Image>& icon) {
+void setIconInAllFormats(const std::string& application, const std::shared_ptr<const drawing::Image>& icon) {
   for (const int format : iconFormats) uikit::setApplicationIcon(application, format, icon);
 }
 
@@ -73,12 +73,12 @@ void registerApplications(const fs::path& folder) {
     const std::string identifier(application.identifier);
     const auto icon = loadArtwork(identifier);
     if (icon == nullptr) continue;
-    giveIcon(identifier, icon);
-    applications().push_back(identifier);
+    setIconInAllFormats(identifier, icon);
+    installed().push_back(identifier);
   }
 }
 
-const std::vector<std::string>& installedApplications() { return applications(); }
+const std::vector<std::string>& installedApplications() { return installed(); }
 
 std::string nameOf(std::string_view bundleIdentifier) {
   const auto* known = std::ranges::find(knownApplications, bundleIdentifier, &ApplicationName::identifier);
@@ -91,7 +91,7 @@ UIImage* iconOf(NSString* bundleIdentifier) { return UIImage::applicationIcon(bu
 bool setIcon(const std::string& bundleIdentifier, const fs::path& file) {
   const auto icon = drawing::loadImage(file);
   if (icon == nullptr) return false;
-  giveIcon(bundleIdentifier, icon);
+  setIconInAllFormats(bundleIdentifier, icon);
   return true;
 }
 

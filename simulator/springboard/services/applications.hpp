@@ -1,4 +1,4 @@
-// The applications of the phone: their names and icons by bundle identifier.
+// The installed applications, identified by their bundle identifiers, with names and icons. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -12,21 +12,21 @@
 
 namespace springboard {
 
-// Reads the folder's icons, <bundle identifier>.png, and gives them to the view toolkit. Once, at start.
+// Installs the known applications whose icon, <bundle identifier>.png, is in the folder. Call it once, at start-up.
 void registerApplications(const std::filesystem::path& folder);
 
-// In the order of the home screen; those of the dock last.
+// Bundle identifiers in the order of the home screen. The applications in the dock are last.
 const std::vector<std::string>& installedApplications();
 
-// What stands below its icon. An application nobody knows is named by its identifier's last component.
+// The name that is shown below the icon. For an unknown application, the last component of its identifier.
 std::string nameOf(std::string_view bundleIdentifier);
 
-// The application's icon, the platform's generic placeholder for one without.
+// The application's icon for the home screen, or a generic placeholder if the application has no icon. Autoreleased.
 UIImage* iconOf(NSString* bundleIdentifier);
-// From now on this is the application's icon. False when the file is no picture.
+// Replaces the application's icon. Returns false if the file is not an image.
 bool setIcon(const std::string& bundleIdentifier, const std::filesystem::path& file);
 
-// The picture <name>.png of the artwork folder. Null if it is missing.
+// The image <name>.png of the folder passed to registerApplications. Null if the file is missing.
 std::shared_ptr<const drawing::Image> loadArtwork(const std::string& name);
 
 }  // namespace springboard

@@ -16,8 +16,8 @@ namespace springboard {
 
 namespace {
 
-// The destinations that show banners.
-constexpr NSUInteger bannerDestinations = 2;
+// The bit of the destination mask that requests a banner.
+constexpr NSUInteger bannerDestination = 2;
 
 BBAction* actionWithLaunchBundle(Class, NSString* bundleIdentifier, objc::Block<void()>* callblock) {
   auto action = objc::make<BBAction>();
@@ -62,16 +62,16 @@ void presentBulletin(const BulletinState& bulletin) {
   NCNotificationDispatcher::shared()->post(makeRequest(description, nullptr));
 }
 
-// On the server's queue; banners are shown from the main thread.
+// Runs on the server's queue. Banners are presented on the main thread.
 void publish(BBServer*, BBBulletin* bulletin, NSUInteger destinations) {
   nlohmann::ordered_json fields = {{"destinations", destinations}};
   fields.update(describe(objc::state(bulletin)));
   base::recordEvent("publish", fields);
-  if ((destinations & bannerDestinations) == 0) return;
-  foundation::onMainThread([kept = objc::retain(bulletin)] { presentBulletin(objc::state(kept.get())); });
+  if ((destinations & bannerDestination) == 0) return;
+  foundation::onMainThread([retained = objc::retain(bulletin)] { presentBulletin(objc::state(retained.get())); });
 }
 
-// Whoever showed it takes it away. On the server's queue.
+// Runs on the server's queue. Withdraws every notification with this identifier.
 void withdraw(BBServer*, NSString* bulletinIdentifier) {
   foundation::onMainThread([identifier = base::textOf(bulletinIdentifier)] {
     for (const auto& request : NCNotificationDispatcher::shared()->list().all())
@@ -85,8 +85,8 @@ BBServer* initWithQueue(BBServer* self, dispatch_queue_t queue) {
   return self;
 }
 
-BBServer* initWithParts(BBServer* self, dispatch_queue_t queue, NSObject*, NSObject*, NSObject*, NSObject*, NSObject*,
-                        NSObject*, NSObject*, NSObject*) {
+BBServer* initWithServices(BBServer* self, dispatch_queue_t queue, NSObject*, NSObject*, NSObject*, NSObject*,
+                           NSObject*, NSObject*, NSObject*, NSObject*) {
   return initWithQueue(self, queue);
 }
 
@@ -127,7 +127,7 @@ void defineBulletinServer() {
       objc::method<"initWithQueue:", &initWithQueue>(),
       objc::method<"initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:"
                    "utilitiesListener:conduitListener:systemStateListener:settingsListener:",
-                   &initWithParts>(),
+                   &initWithServices>(),
       objc::method<"publishBulletin:destinations:", &publish>(),
       objc::method<"withdrawBulletinID:", &withdraw>(),
   };
@@ -138,7 +138,7 @@ void defineBulletinServer() {
 void startBulletinServer() {
   __BBServerQueue = dispatch_queue_create("com.apple.bulletinboard.server", nullptr);
   NSObject* const none = nullptr;
-  // Never released: it serves as long as the process lives.
+  // Never released, because the server exists until the process exits.
   objc::send<BBServer*,
              "initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:"
              "utilitiesListener:conduitListener:systemStateListener:settingsListener:">(

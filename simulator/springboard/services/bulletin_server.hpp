@@ -1,4 +1,4 @@
-// The bulletin server: takes bulletins from the parts of the system and has them shown as banners.
+// The bulletin server. Components of the system publish bulletins, which it presents as banners.
 #pragma once
 
 #include "objc/block.hpp"
@@ -49,13 +49,13 @@ struct objc::StateOf<BBServer> {
   using Type = BulletinServerState;
 };
 
-// The queue that the server's state belongs to.
+// The queue of the server. All messages to the server must be sent on it.
 extern "C" dispatch_queue_t __BBServerQueue;
 
 namespace springboard {
 
 void defineBulletinServer();
-// The home screen's one server, on its queue. Once.
+// Creates the server and its queue. Call it once, after the classes have been registered. Main thread.
 void startBulletinServer();
 
 }  // namespace springboard

@@ -21,8 +21,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Who sends more has something else in mind.
-constexpr std::size_t maxBulletin = 16 << 20;
+// The connection of a sender that exceeds this limit is closed.
+constexpr std::size_t maxBulletinBytes = 16 << 20;
 
 struct Sender {
   foundation::Descriptor socket;
@@ -35,8 +35,8 @@ std::list<Sender>& senders() {
 }
 
 std::function<void(const process::Bulletin&)>& receiver() {
-  static auto& chosen = *new std::function<void(const process::Bulletin&)>;
-  return chosen;
+  static auto& function = *new std::function<void(const process::Bulletin&)>;
+  return function;
 }
 
 void deliver(const std::string& text) {
@@ -49,19 +49,19 @@ void drop(std::list<Sender>::iterator sender) {
   senders().erase(sender);
 }
 
-// A bulletin is whole when its sender has nothing more to say.
+// A bulletin is complete when its sender has closed the connection.
 void readFrom(std::list<Sender>::iterator sender) {
   char buffer[65536];
   const ssize_t size = recv(sender->socket.get(), buffer, sizeof buffer, MSG_DONTWAIT);
   if (size > 0) {
     sender->received.append(buffer, static_cast<std::size_t>(size));
-    if (sender->received.size() > maxBulletin) drop(sender);
+    if (sender->received.size() > maxBulletinBytes) drop(sender);
     return;
   }
   if (size < 0 && errno == EAGAIN) return;
-  const std::string whole = std::move(sender->received);
+  const std::string message = std::move(sender->received);
   drop(sender);
-  if (size == 0) deliver(whole);
+  if (size == 0) deliver(message);
 }
 
 void acceptSender(const foundation::Descriptor& listening) {
@@ -82,7 +82,7 @@ void listenForBulletins(std::function<void(const process::Bulletin&)> present) {
   if (listening.isOpen()) {
     foundation::watchDescriptor(listening.get(), [] { acceptSender(listening); });
   } else {
-    std::fprintf(stderr, "%s: no bulletins of other processes will be shown: %s\n", folder.c_str(),
+    std::fprintf(stderr, "%s: cannot listen for notifications of other processes: %s\n", folder.c_str(),
                  std::strerror(errno));
   }
 }

@@ -8,8 +8,8 @@
 namespace springboard {
 
 // Listens on a socket in the root and calls `present` for each bulletin when the main thread processes external events.
-// If the socket cannot be created, an error is printed and nothing is received. Call it once, after the home screen has
-// started. Main thread.
+// A message that is not valid is ignored. If the socket cannot be created, an error is printed and no bulletin is
+// received. Call it once, after the home screen has started. Main thread.
 void listenForBulletins(std::function<void(const process::Bulletin&)> present);
 
 }  // namespace springboard

@@ -9,7 +9,7 @@ namespace springboard {
 
 namespace {
 
-// Nothing has to be warmed up.
+// The simulator has no haptics hardware to prepare.
 void prepare(UIFeedbackGenerator*) {}
 
 void notificationOccurred(UINotificationFeedbackGenerator*, NSInteger type) {

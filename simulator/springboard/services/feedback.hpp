@@ -1,4 +1,4 @@
-// Sounds and haptics: heard and felt as entries of the event log.
+// Sounds and haptics. The simulator records them in the event log instead of playing them.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,13 @@ class UIFeedbackGenerator : public objc::Interface<"UIFeedbackGenerator", NSObje
 class UINotificationFeedbackGenerator : public objc::Interface<"UINotificationFeedbackGenerator", UIFeedbackGenerator> {
 };
 
-// Any thread. What is recorded tells the two apart.
+// Record the event "sound" with the name of the call and the sound's number. Any thread.
 extern "C" void AudioServicesPlaySystemSound(std::uint32_t sound);
 extern "C" void AudioServicesPlayAlertSound(std::uint32_t sound);
 
 namespace springboard {
 
+// Defines the haptics classes, which record the event "haptic".
 void defineFeedback();
 
 }  // namespace springboard

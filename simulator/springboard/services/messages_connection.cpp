@@ -28,7 +28,8 @@ using Json = nlohmann::ordered_json;
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
-// Nobody has to be told of what was read. Its notifications have the address within the chat's identifier for thread.
+// Removes the notifications of a conversation that has been read. Their thread identifier is the address at the end of
+// the chat's identifier.
 void withdrawConversation(const std::string& chat) {
   const objc::AutoreleasePool pool;
   const std::string address = chat.substr(chat.rfind(';') + 1);
@@ -37,7 +38,7 @@ void withdrawConversation(const std::string& chat) {
       NCNotificationDispatcher::shared()->withdraw(request);
 }
 
-void record(std::string_view text) {
+void recordReportedEvent(std::string_view text) {
   Json event = Json::parse(text, nullptr, false);
   if (!event.is_object() || !event.contains("event") || !event["event"].is_string()) return;
   const std::string name = event["event"];
@@ -49,35 +50,36 @@ void record(std::string_view text) {
 
 }  // namespace
 
-struct MessagesConnection::Line {
+// Shared with the thread that reads the socket.
+struct MessagesConnection::Channel {
   foundation::Descriptor socket;
-  std::mutex mutex;
+  std::mutex mutex;  // protects replyCount and hasEnded
   std::condition_variable changed;
-  std::size_t answers = 0;
-  bool ended = false;
+  std::size_t replyCount = 0;
+  bool hasEnded = false;
 
   void read();
-  void take(std::string_view text);
+  void handleLine(std::string_view line);
   void end();
 };
 
-void MessagesConnection::Line::take(std::string_view text) {
-  if (text != messages::readyAnswer) {
-    record(text);
+void MessagesConnection::Channel::handleLine(std::string_view line) {
+  if (line != messages::readyReply) {
+    recordReportedEvent(line);
     return;
   }
   const std::scoped_lock lock(mutex);
-  ++answers;
+  ++replyCount;
   changed.notify_all();
 }
 
-void MessagesConnection::Line::end() {
+void MessagesConnection::Channel::end() {
   const std::scoped_lock lock(mutex);
-  ended = true;
+  hasEnded = true;
   changed.notify_all();
 }
 
-void MessagesConnection::Line::read() {
+void MessagesConnection::Channel::read() {
   std::string pending;
   char buffer[65536];
   for (ssize_t size = recv(socket.get(), buffer, sizeof buffer, 0); size > 0;
@@ -86,7 +88,7 @@ void MessagesConnection::Line::read() {
     pending.append(buffer, static_cast<std::size_t>(size));
     std::size_t begin = 0;
     for (std::size_t end = pending.find('\n', searched); end != std::string::npos; end = pending.find('\n', begin)) {
-      take(std::string_view(pending).substr(begin, end - begin));
+      handleLine(std::string_view(pending).substr(begin, end - begin));
       begin = end + 1;
     }
     pending.erase(0, begin);
@@ -94,39 +96,39 @@ void MessagesConnection::Line::read() {
   end();
 }
 
-MessagesConnection::MessagesConnection(const std::filesystem::path& folder) : line(std::make_shared<Line>()) {
-  line->socket = foundation::connectIn(folder, messages::serviceSocket);
-  if (line->socket.isOpen()) {
-    std::thread([kept = line] { kept->read(); }).detach();
+MessagesConnection::MessagesConnection(const std::filesystem::path& folder) : channel_(std::make_shared<Channel>()) {
+  channel_->socket = foundation::connectIn(folder, messages::serviceSocket);
+  if (channel_->socket.isOpen()) {
+    std::thread([channel = channel_] { channel->read(); }).detach();
   } else {
-    line->end();
+    channel_->end();
   }
 }
 
-MessagesConnection::~MessagesConnection() { shutdown(line->socket.get(), SHUT_RDWR); }
+MessagesConnection::~MessagesConnection() { shutdown(channel_->socket.get(), SHUT_RDWR); }
 
 bool MessagesConnection::isReady(TimePoint deadline) {
   if (hasEnded()) return false;
-  if (foundation::daemonRuns(daemon)) return true;
-  // Before the question: the answer speaks of this daemon if it is there still.
+  if (foundation::daemonRuns(daemon_)) return true;
+  // Taken before the query. If this daemon still runs when the app replies, the reply is valid for it.
   foundation::Descriptor current = foundation::watchDaemon();
-  if (!answers(deadline)) return false;
-  daemon = std::move(current);
+  if (!awaitReply(deadline)) return false;
+  daemon_ = std::move(current);
   return true;
 }
 
-bool MessagesConnection::answers(TimePoint deadline) {
-  std::unique_lock lock(line->mutex);
-  const std::size_t before = line->answers;
-  if (line->ended || !foundation::sendAll(line->socket, "\n")) return false;
-  line->changed.wait_until(lock, deadline, [&] { return line->ended || line->answers != before; });
-  return line->answers != before;
+bool MessagesConnection::awaitReply(TimePoint deadline) {
+  std::unique_lock lock(channel_->mutex);
+  const std::size_t before = channel_->replyCount;
+  if (channel_->hasEnded || !foundation::sendAll(channel_->socket, "\n")) return false;
+  channel_->changed.wait_until(lock, deadline, [&] { return channel_->hasEnded || channel_->replyCount != before; });
+  return channel_->replyCount != before;
 }
 
-// The thread that reads learns of the end a moment later.
+// Polls the socket, because the reading thread detects the end later.
 bool MessagesConnection::hasEnded() const {
-  pollfd end = {line->socket.get(), POLLRDHUP, 0};
-  return !line->socket.isOpen() || poll(&end, 1, 0) != 0;
+  pollfd end = {channel_->socket.get(), POLLRDHUP, 0};
+  return !channel_->socket.isOpen() || poll(&end, 1, 0) != 0;
 }
 
 }  // namespace springboard

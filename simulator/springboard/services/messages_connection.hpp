@@ -1,4 +1,4 @@
-// The home screen's end of the line to the Messages app.
+// The home screen's connection to the service of the Messages app; see messages/report_service.hpp.
 #pragma once
 
 #include <chrono>
@@ -11,29 +11,30 @@ namespace springboard {
 
 using TimePoint = std::chrono::steady_clock::time_point;
 
-// What the app reports goes into the event log as it comes, on a thread of the connection's own. Main thread.
+// A background thread reads the connection and records the events that the app reports. All functions: main thread.
 class MessagesConnection {
  public:
-  // Not open where no app listens in that folder.
+  // `folder` is the folder of the app's socket. If no app listens there, the connection has ended from the start.
   explicit MessagesConnection(const std::filesystem::path& folder);
   MessagesConnection(const MessagesConnection&) = delete;
   MessagesConnection& operator=(const MessagesConnection&) = delete;
   ~MessagesConnection();
 
-  // Whether the app hears requests. It is asked, and waited for, unless it has said so once and neither it nor the
-  // daemon of the notifications has ended since. False where the app has ended, or does not answer in time.
+  // Returns whether the app receives requests. Queries the app and waits for its reply, unless the app has already
+  // replied and the daemon of the distributed notifications still runs. Returns false if the app has ended or does not
+  // reply before the deadline.
   bool isReady(TimePoint deadline);
-  // Whether the app, or the connection with it, has ended.
+  // Whether the app has ended or closed the connection.
   bool hasEnded() const;
 
  private:
-  struct Line;
+  struct Channel;
 
-  bool answers(TimePoint deadline);
+  bool awaitReply(TimePoint deadline);
 
-  std::shared_ptr<Line> line;
-  // With which the app has said that it is ready.
-  foundation::Descriptor daemon;
+  std::shared_ptr<Channel> channel_;
+  // The daemon that ran when the app replied that it was ready.
+  foundation::Descriptor daemon_;
 };
 
 }  // namespace springboard

@@ -28,17 +28,17 @@ namespace {
 
 using foundation::Descriptor;
 
-constexpr std::chrono::seconds maxLaunch(5);
-constexpr std::chrono::seconds maxEnd(2);
-constexpr std::chrono::milliseconds betweenLooks(2);
+constexpr std::chrono::seconds maxLaunchTime(5);
+constexpr std::chrono::seconds maxShutdownTime(2);
+constexpr std::chrono::milliseconds pollInterval(2);
 
 enum class ChildState { Running, NotNeeded, Failed };
 
 // The process that this home screen has started.
 struct Child {
   pid_t process = 0;
-  // Its standard input ends with the home screen, and it with that.
-  Descriptor life;
+  // The write end of its standard input. It is closed when the home screen exits, and the app then ends.
+  Descriptor standardInput;
 };
 
 std::unique_ptr<MessagesConnection>& connection() {
@@ -58,7 +58,8 @@ std::vector<std::string> commandLine() {
   return words;
 }
 
-// What the app prints goes where this process's complaints go: its own standard output belongs to the script.
+// The app's standard output is redirected to this process's standard error, because scripts read this process's
+// standard output.
 std::optional<Child> spawn() {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return std::nullopt;
@@ -75,38 +76,39 @@ std::optional<Child> spawn() {
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, input.get(), STDIN_FILENO);
   posix_spawn_file_actions_adddup2(&actions, STDERR_FILENO, STDOUT_FILENO);
-  const int failure = posix_spawn(&started.process, arguments[0], &actions, nullptr, arguments.data(), environ);
+  const int error = posix_spawn(&started.process, arguments[0], &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
-  if (failure == 0) return started;
-  std::fprintf(stderr, "the Messages app cannot be started: %s: %s\n", arguments[0], std::strerror(failure));
+  if (error == 0) return started;
+  std::fprintf(stderr, "cannot start the Messages app: %s: %s\n", arguments[0], std::strerror(error));
   return std::nullopt;
 }
 
-// Of a child that has ended, nothing is left.
+// Also removes the record of a child that has ended.
 ChildState stateOfChild() {
   if (!child()) return ChildState::NotNeeded;
   int status = 0;
   const pid_t ended = waitpid(child()->process, &status, WNOHANG);
   if (ended == 0) return ChildState::Running;
   child().reset();
-  const bool well = ended > 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-  return well ? ChildState::NotNeeded : ChildState::Failed;
+  const bool succeeded = ended > 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return succeeded ? ChildState::NotNeeded : ChildState::Failed;
 }
 
-bool answers(TimePoint deadline) {
+bool appIsReady(TimePoint deadline) {
   if (connection() == nullptr || connection()->hasEnded())
     connection() = std::make_unique<MessagesConnection>(messages::messagesFolder(foundation::root()));
   return connection()->isReady(deadline);
 }
 
-// Where another home screen starts it too, one of the two processes ends as not needed, and both use the other.
+// If another home screen starts the app at the same time, one of the two processes exits with success. Both home
+// screens then use the other process.
 bool startAndWait(TimePoint deadline) {
   stateOfChild();
-  while (!answers(deadline)) {
+  while (!appIsReady(deadline)) {
     if (std::chrono::steady_clock::now() >= deadline) return false;
     switch (stateOfChild()) {
       case ChildState::Running:
-        std::this_thread::sleep_for(betweenLooks);
+        std::this_thread::sleep_for(pollInterval);
         break;
       case ChildState::NotNeeded:
         child() = spawn();
@@ -122,18 +124,18 @@ bool startAndWait(TimePoint deadline) {
 }  // namespace
 
 bool launchMessages() {
-  const bool isReady = startAndWait(std::chrono::steady_clock::now() + maxLaunch);
-  if (!isReady) std::fprintf(stderr, "the Messages app is not ready for requests\n");
+  const bool isReady = startAndWait(std::chrono::steady_clock::now() + maxLaunchTime);
+  if (!isReady) std::fprintf(stderr, "the Messages app does not accept requests\n");
   return isReady;
 }
 
 void endMessages() {
   connection().reset();
   if (!child()) return;
-  child()->life = Descriptor();
-  const TimePoint deadline = std::chrono::steady_clock::now() + maxEnd;
+  child()->standardInput = Descriptor();
+  const TimePoint deadline = std::chrono::steady_clock::now() + maxShutdownTime;
   while (stateOfChild() == ChildState::Running && std::chrono::steady_clock::now() < deadline)
-    std::this_thread::sleep_for(betweenLooks);
+    std::this_thread::sleep_for(pollInterval);
 }
 
 }  // namespace springboard

@@ -1,14 +1,14 @@
-// The Messages app as a process of its own, which runs in the background once it has been asked for.
+// Launches and ends the process of the Messages app. Main thread.
 #pragma once
 
 namespace springboard {
 
-// Starts the app suspended, unless it runs on this root already, and waits until it hears requests: seconds at most, so
-// that an app that does not work leaves the home screen going. The answer is whether it hears them. The app ends with
-// the home screen that started it, or with the last that uses it. Main thread.
+// Starts the app in the background, unless it already runs on this root, and waits until it receives requests. Returns
+// whether it does. The wait is limited to a few seconds, because a broken app must not block the home screen. The app
+// ends when the home screen that started it has ended and no other home screen is connected.
 bool launchMessages();
 
-// Ends the app that this home screen has started, unless another one uses it, and waits a moment for its end.
+// Ends the app that this home screen has started, unless another home screen is connected, and waits up to two seconds.
 void endMessages();
 
 }  // namespace springboard

@@ -1,4 +1,4 @@
-// A notification in plain values, as a script or another process describes it.
+// A notification as plain values, as a script or another process describes it. Texts are UTF-8.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -8,7 +8,8 @@
 
 namespace springboard {
 
-// One of the sender's own actions, filed under a key such as "NCNotificationActionEnvironmentDefault".
+// A custom action of the application. `key` is a key of supplementaryActions, such as
+// "NCNotificationActionEnvironmentDefault".
 struct ActionDescription {
   std::string key;
   std::optional<std::string> identifier;
@@ -18,10 +19,9 @@ struct ActionDescription {
 
 enum class AutomaticDismissal { Allowed, Forbidden, Unspecified };
 
-// A notification in plain values.
 struct NotificationDescription {
-  std::string section;
-  // One of its own when nothing is said. A later request with the identifier of an earlier one replaces it.
+  std::string section;  // the application's bundle identifier
+  // A unique identifier if nothing is given. A later request with the identifier of an earlier one replaces it.
   std::optional<std::string> identifier;
   std::optional<std::string> thread;
   std::optional<std::string> title;
@@ -33,9 +33,9 @@ struct NotificationDescription {
   bool hasClearAction = true;
   bool hasCloseAction = false;
   bool hasSilenceAction = false;
-  // Unspecified: a request without options.
+  // For Unspecified, the request has no options.
   AutomaticDismissal automaticDismissal = AutomaticDismissal::Allowed;
-  // Seconds since 1970; now when nothing is said.
+  // Seconds since 1970. The current time if nothing is given.
   std::optional<double> date;
 };
 

@@ -16,34 +16,35 @@ std::vector<NotificationDestination>& destinations() {
   return registered;
 }
 
-void tellOfChange(const Dispatcher* dispatcher) {
+void notifyListObserver(const Dispatcher* dispatcher) {
   if (const auto& observer = objc::state(dispatcher).listObserver) observer();
 }
 
-void list(Dispatcher* self, NCNotificationRequest* request) {
+void addToList(Dispatcher* self, NCNotificationRequest* request) {
   objc::state(self).list.insert(request);
-  tellOfChange(self);
+  notifyListObserver(self);
 }
 
-// Whoever opened or cleared it is not shown it again.
+// A notification that the user has opened or cleared is not listed again.
 void modify(Dispatcher* self, NCNotificationRequest* request) {
-  if (request != nullptr && objc::state(self).list.remove(keyOf(request))) list(self, request);
+  if (request != nullptr && objc::state(self).list.remove(keyOf(request))) addToList(self, request);
 }
 
 void post(Dispatcher* self, NCNotificationRequest* request) {
   if (request == nullptr) return;
-  list(self, request);
+  addToList(self, request);
   for (const NotificationDestination& destination : destinations()) destination.post(request);
 }
 
 void withdraw(Dispatcher* self, NCNotificationRequest* request) {
   if (request == nullptr) return;
   const NotificationKey key = keyOf(request);
-  if (objc::state(self).list.remove(key)) tellOfChange(self);
+  if (objc::state(self).list.remove(key)) notifyListObserver(self);
   for (const NotificationDestination& destination : destinations()) destination.withdraw(key);
 }
 
-// The sender's own part is the sender's; opening the application is the home screen's.
+// The home screen launches the application for the default action. The effect of any other action inside the
+// application is not simulated.
 void execute(Dispatcher* self, NSObject*, NCNotificationAction* action, NCNotificationRequest* request, bool,
              NSDictionary*, objc::Block<void()>* completion) {
   if (action == nullptr || request == nullptr) return;

@@ -1,4 +1,5 @@
-// The dispatcher: hands notifications to where they are shown, the banner and the list, and takes them away there.
+// The dispatcher of notifications. It distributes each notification to the destinations, such as banners, and keeps the
+// list of the lock screen. Main thread.
 #pragma once
 
 #include <functional>
@@ -11,23 +12,22 @@ struct NotificationDispatcherState {
   std::function<void()> listObserver;
 };
 
-// Main thread.
 class NCNotificationDispatcher : public objc::Interface<"NCNotificationDispatcher", NSObject> {
  public:
-  // The phone's one.
+  // The only instance.
   static NCNotificationDispatcher* shared();
 
-  // Comes as a banner, and is listed.
+  // Adds the request to the list and presents it at all destinations.
   void post(NCNotificationRequest* request) { objc::send<void, "postNotificationWithRequest:">(this, request); }
-  // Is listed with other texts. Nothing happens where it is not listed.
+  // Replaces the listed request with the same key. Does nothing if there is none.
   void modify(NCNotificationRequest* request) { objc::send<void, "modifyNotificationWithRequest:">(this, request); }
-  // Leaves the list, and its banner the screen. Nothing happens where there is neither.
+  // Removes the request from the list and from all destinations. Does nothing if it is in none of them.
   void withdraw(NCNotificationRequest* request) { objc::send<void, "withdrawNotificationWithRequest:">(this, request); }
-  // Carries the action out. Most take their notification away.
+  // Executes the action. Most actions also withdraw the request.
   void execute(NCNotificationAction* action, NCNotificationRequest* request, NSDictionary* parameters);
 
   const springboard::NotificationList& list() const;
-  // Told of every change; one for all.
+  // The observer is called after each change of the list. It replaces the previous observer; null removes it.
   void observeList(std::function<void()> observer);
 };
 template <>
@@ -37,13 +37,13 @@ struct objc::StateOf<NCNotificationDispatcher> {
 
 namespace springboard {
 
-// A place where notifications appear, such as the banners.
+// A part of the screen that shows notifications, such as the banners.
 struct NotificationDestination {
   std::function<void(NCNotificationRequest* request)> post;
   std::function<void(const NotificationKey& key)> withdraw;
 };
 
-// Destinations receive each request in the order in which they were added. Call it at start-up.
+// Adds a destination. Destinations receive each request in the order in which they were added. Call it at start-up.
 void addNotificationDestination(NotificationDestination destination);
 
 void defineNotificationDispatcher();

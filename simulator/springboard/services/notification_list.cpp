@@ -27,31 +27,31 @@ void NotificationList::insert(NCNotificationRequest* request) {
   const NotificationKey key = keyOf(request);
   const double date = dateOf(request);
   remove(key);
-  const auto place = std::ranges::upper_bound(entries, date, {}, &Entry::date);
-  entries.insert(place, {key, date, objc::retain(request)});
-  if (entries.size() > maxRequests) entries.erase(entries.begin());
+  const auto position = std::ranges::upper_bound(entries_, date, {}, &Entry::date);
+  entries_.insert(position, {key, date, objc::retain(request)});
+  if (entries_.size() > maxRequests) entries_.erase(entries_.begin());
 }
 
 bool NotificationList::remove(const NotificationKey& key) {
-  return std::erase_if(entries, [&key](const Entry& entry) { return entry.key == key; }) != 0;
+  return std::erase_if(entries_, [&key](const Entry& entry) { return entry.key == key; }) != 0;
 }
 
 NotificationGroup NotificationList::all() const {
   NotificationGroup requests;
-  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) requests.push_back(entry->request);
+  for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) requests.push_back(entry->request);
   return requests;
 }
 
 std::vector<NotificationGroup> NotificationList::groups(Grouping grouping) const {
   std::vector<NotificationGroup> groups;
-  std::map<std::pair<std::string, std::string>, std::size_t> places;
-  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+  std::map<std::pair<std::string, std::string>, std::size_t> groupIndices;
+  for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
     const std::pair conversation(entry->key.section, base::textOf(entry->request->threadIdentifier()));
-    const auto [known, isFirst] = places.try_emplace(conversation, groups.size());
+    const auto [group, isFirst] = groupIndices.try_emplace(conversation, groups.size());
     if (isFirst || grouping == Grouping::None) {
       groups.push_back({entry->request});
     } else {
-      groups[known->second].push_back(entry->request);
+      groups[group->second].push_back(entry->request);
     }
   }
   return groups;

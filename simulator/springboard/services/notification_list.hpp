@@ -1,4 +1,4 @@
-// The notifications that came and were neither opened nor cleared, the latest first.
+// The list of received notifications that the user has neither opened nor cleared. Main thread.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace springboard {
 
-// Whose notification a request is, and which of its sender's.
+// Identifies a notification: the application's bundle identifier and the identifier within that application.
 struct NotificationKey {
   std::string section;
   std::string identifier;
@@ -17,21 +17,22 @@ struct NotificationKey {
 
 NotificationKey keyOf(const NCNotificationRequest* request);
 
-// Requests that are shown as one stack, the latest first; never empty.
+// Requests that are shown as one stack, latest first. Never empty.
 using NotificationGroup = std::vector<objc::Ref<NCNotificationRequest>>;
 
 enum class Grouping { None, ByConversation };
 
-// Ordered by the requests' dates; of equal ones what came last is first.
+// Sorted by date, latest first. Of requests with equal dates, the one that was inserted last is first.
 class NotificationList {
  public:
-  // A request takes the place of the one with its key. Beyond a thousand the oldest falls out.
+  // Replaces the request with the same key. A list of more than 1000 requests drops the oldest one.
   void insert(NCNotificationRequest* request);
-  // False where there is none.
+  // Returns false if the list does not contain the key.
   bool remove(const NotificationKey& key);
 
+  // Empty if the list is empty.
   NotificationGroup all() const;
-  // In the order of their latest requests. A conversation is one thread of one section.
+  // Sorted by the latest request of each group. A conversation is one thread of one application.
   std::vector<NotificationGroup> groups(Grouping grouping) const;
 
  private:
@@ -40,7 +41,7 @@ class NotificationList {
     double date;
     objc::Ref<NCNotificationRequest> request;
   };
-  std::vector<Entry> entries;  // the latest last
+  std::vector<Entry> entries_;  // latest last
 };
 
 }  // namespace springboard

@@ -32,11 +32,11 @@ objc::Ref<NCNotificationAction> makeAction(NSString* identifier, NSString* title
   return action;
 }
 
-objc::Ref<NCNotificationAction> makeActionIf(bool wanted, NSString* identifier, NSString* title) {
-  return wanted ? makeAction(identifier, title) : nullptr;
+objc::Ref<NCNotificationAction> makeActionIf(bool isPresent, NSString* identifier, NSString* title) {
+  return isPresent ? makeAction(identifier, title) : nullptr;
 }
 
-// Arrays of actions by key; nil without any.
+// Maps each key to an array of actions. Nil if there are no actions.
 objc::Ref<NSDictionary> makeSupplementaryActions(const std::vector<ActionDescription>& descriptions) {
   if (descriptions.empty()) return nullptr;
   NSMutableDictionary* actions = NSMutableDictionary::dictionaryWithCapacity(descriptions.size());
@@ -110,7 +110,7 @@ objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& desc
       makeOptions(description.automaticDismissal),
       makeUserNotification(description, identifier, date),
   };
-  // What was silenced is there to be read.
+  // A silenced notification stays in the list.
   if (request->silenceAction() != nullptr) objc::state(request->silenceAction()).shouldDismissNotification = false;
   return request;
 }
@@ -118,18 +118,18 @@ objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& desc
 objc::Ref<NCNotificationRequest> followUpOf(NCNotificationRequest* request, const FollowUp& texts) {
   auto content = objc::make<NCNotificationContent>();
   const NotificationRequestState& earlier = objc::state(request);
-  NotificationContentState& words = objc::state(content.get());
-  words = objc::state(earlier.content.get());
-  if (texts.title) words.title = text(texts.title);
-  if (texts.subtitle) words.subtitle = text(texts.subtitle);
-  if (texts.message) words.message = text(texts.message);
-  if (texts.summary) words.summary = text(texts.summary);
-  words.date = dateAt(foundation::unixTimeNow());
+  NotificationContentState& updatedContent = objc::state(content.get());
+  updatedContent = objc::state(earlier.content.get());
+  if (texts.title) updatedContent.title = text(texts.title);
+  if (texts.subtitle) updatedContent.subtitle = text(texts.subtitle);
+  if (texts.message) updatedContent.message = text(texts.message);
+  if (texts.summary) updatedContent.summary = text(texts.summary);
+  updatedContent.date = dateAt(foundation::unixTimeNow());
 
   auto updated = objc::make<NCNotificationRequest>();
   objc::state(updated.get()) = earlier;
   objc::state(updated.get()).content = content;
-  objc::state(updated.get()).timestamp = words.date;
+  objc::state(updated.get()).timestamp = updatedContent.date;
   return updated;
 }
 

@@ -1,4 +1,4 @@
-// Notification requests: what an application asks the platform to show, and the actions that go with it.
+// Notification requests: the content and the actions of a notification that an application posts. Main thread.
 #pragma once
 
 #include <optional>
@@ -9,7 +9,7 @@
 #include "platform/ns_date.hpp"
 #include "platform/ui_image.hpp"
 
-// The texts and pictures of a request. Each may be nil.
+// The texts and icons of a request. Each of them can be nil.
 class NCNotificationContent : public objc::Interface<"NCNotificationContent", NSObject> {
  public:
   NSString* title() const { return objc::send<NSString*, "title">(this); }
@@ -105,16 +105,17 @@ namespace springboard {
 
 struct NotificationDescription;
 
-// The picture is the notification's own icon; nil for the application's.
+// `icon` is the icon of this notification. Nil selects the application's icon.
 objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& description, UIImage* icon);
 
-// The same request with other texts, as a sender's follow-up arrives. Nothing keeps the text there was.
+// The changed texts of a follow-up. A text without a value does not change.
 struct FollowUp {
   std::optional<std::string> title;
   std::optional<std::string> subtitle;
   std::optional<std::string> message;
   std::optional<std::string> summary;
 };
+// Returns a copy of the request with the changed texts and the current time.
 objc::Ref<NCNotificationRequest> followUpOf(NCNotificationRequest* request, const FollowUp& texts);
 
 void defineNotificationRequest();

@@ -12,11 +12,11 @@ namespace {
 
 constexpr CGFloat bestQuality = 100;
 
-// Made when a digest is first asked for; nil without artwork.
+// Created at the first use. Nil if the artwork is missing.
 NSData* placeholderJpeg() {
-  static NSData* const made =
+  static NSData* const jpeg =
       objc::retain(UIImageJPEGRepresentation(iconOf("no.such.application"_ns), bestQuality)).leak();
-  return made;
+  return jpeg;
 }
 
 bool isPlaceholder(const NSData* data) {

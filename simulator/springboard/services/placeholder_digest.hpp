@@ -1,10 +1,10 @@
-// The digest by which the platform's own parts know its generic icon.
+// The digest by which the platform recognizes its generic application icon.
 #pragma once
 
 namespace springboard {
 
-// From now on -[NSData ic_md5] answers the platform's constant for the JPEG of this phone's placeholder, whose pixels
-// are not the platform's. Once, after the placeholder is known.
+// Hooks -[NSData ic_md5] to return the platform's digest for the JPEG data of the simulator's placeholder icon, because
+// its pixels differ from the platform's icon. Call it once, after registerApplications.
 void installPlaceholderDigest();
 
 }  // namespace springboard

@@ -1,10 +1,10 @@
-// The clocks on the screen.
+// The clocks of the status bar and the lock screen. Main thread.
 #pragma once
 
 namespace springboard {
 
-// They show the minute that it is. Writing a time takes longer than most of what a script asks for, so that nothing
-// happens until the minute is another.
+// Updates the clocks if the minute has changed. It is cheap to call after every script command, because it does nothing
+// within the same minute.
 void refreshClocks();
 
 }  // namespace springboard

@@ -1,4 +1,4 @@
-// The grabber at the screen's edge, whose gesture takes away what lies above the home screen.
+// The grabber at the edge of the screen. Its gesture dismisses banners. Main thread.
 #pragma once
 
 #include "platform/ns_object.hpp"
@@ -6,7 +6,7 @@
 class SBGrabberTongue : public objc::Interface<"SBGrabberTongue", NSObject> {
  public:
   static SBGrabberTongue* sharedInstance() { return objc::send<SBGrabberTongue*, "sharedInstance">(classObject()); }
-  // Whether the gesture took something away.
+  // Dismisses all banners. Returns whether there was one.
   bool dismiss(NSInteger style, bool animated) {
     return objc::send<bool, "dismissWithStyle:animated:">(this, style, animated);
   }

@@ -44,7 +44,7 @@ void addIcon(UIView* parent, const std::string& application, CGRect frame) {
   parent->addSubview(icon);
 }
 
-// The place of the icon in a row of four, in the direction of reading.
+// The left edge of the icon in its row. Columns follow the layout direction of the locale.
 CGFloat columnLeft(std::size_t index, CGFloat width, CGFloat margin) {
   std::size_t column = index % columns;
   if (uikit::environment().direction == uikit::LayoutDirection::RightToLeft) column = columns - 1 - column;
@@ -63,7 +63,7 @@ void addGrid(UIView* view, Applications applications, CGFloat top) {
   }
 }
 
-// A rounded tray above the home indicator, or the full width where there is none.
+// The dock is a rounded tray on devices with a home indicator and has the full width on other devices.
 void addDock(UIView* view, Applications applications) {
   const bool rounded = uikit::environment().device.safeArea.bottom > 0;
   const CGFloat margin = rounded ? dockMargin : 0;

@@ -1,4 +1,4 @@
-// The home screen: wallpaper, the applications' icons and the dock.
+// The home screen: wallpaper, application icons and dock. Main thread.
 #pragma once
 
 #include "objc/class_definition.hpp"

@@ -14,29 +14,30 @@ namespace springboard {
 namespace {
 
 constexpr double fontSize = 12;
-// Drawn in rings around the text, each fainter than the one inside it.
-constexpr double shadowRadii[] = {0.5, 1, 1.5};
-constexpr drawing::Color shadow = {0, 0, 0, 0.07};
+// The shadow consists of translucent copies of the text at these offsets. Their overlap is darkest next to the text.
+constexpr double shadowOffsets[] = {0.5, 1, 1.5};
+constexpr drawing::Color shadowColor = {0, 0, 0, 0.07};
 
-std::shared_ptr<const drawing::Image> drawName(const std::string& name, const drawing::Size& size) {
+std::shared_ptr<const drawing::Image> renderText(const std::string& name, const drawing::Size& size) {
   const uikit::Environment& environment = uikit::environment();
   const drawing::TextLayout text({.runs = {{name, {.size = fontSize}, std::nullopt}},
                                   .alignment = drawing::Alignment::Center,
                                   .language = environment.locale},
                                  environment.device.scale);
   drawing::Canvas canvas(size, environment.device.scale);
-  for (const double radius : shadowRadii)
-    for (const double x : {-radius, radius})
-      for (const double y : {-radius, radius}) canvas.drawText(text, {x, y + 0.5, size.width, size.height}, shadow);
+  for (const double offset : shadowOffsets)
+    for (const double x : {-offset, offset})
+      for (const double y : {-offset, offset})
+        canvas.drawText(text, {x, y + 0.5, size.width, size.height}, shadowColor);
   canvas.drawText(text, {0, 0, size.width, size.height}, {1, 1, 1, 1});
   return canvas.snapshot();
 }
 
 void draw(SBIconLabelView* self, void* target) {
   const drawing::Rectangle bounds = uikit::rectangle(self->bounds());
-  std::shared_ptr<const drawing::Image>& picture = objc::state(self).picture;
-  if (picture == nullptr) picture = drawName(objc::state(self).name, {bounds.width, bounds.height});
-  static_cast<drawing::Canvas*>(target)->drawImage(picture, bounds, drawing::ContentMode::ScaleToFill);
+  std::shared_ptr<const drawing::Image>& renderedText = objc::state(self).renderedText;
+  if (renderedText == nullptr) renderedText = renderText(objc::state(self).name, {bounds.width, bounds.height});
+  static_cast<drawing::Canvas*>(target)->drawImage(renderedText, bounds, drawing::ContentMode::ScaleToFill);
 }
 
 NSString* text(SBIconLabelView* self) { return base::stringOf(objc::state(self).name); }

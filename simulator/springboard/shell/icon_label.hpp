@@ -1,4 +1,4 @@
-// The name below an application's icon: white, with a shadow that keeps it readable on bright wallpapers.
+// The label below an application icon: white text with a shadow, because the wallpaper can be bright. Main thread.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@
 
 struct IconLabelState {
   std::string name;
-  std::shared_ptr<const drawing::Image> picture;  // made at the first drawing
+  std::shared_ptr<const drawing::Image> renderedText;  // rendered when the label is drawn for the first time
 };
 
 class SBIconLabelView : public objc::Interface<"SBIconLabelView", UIView> {};

@@ -19,7 +19,7 @@ namespace {
 using LockScreen = SBLockScreenManager;
 using Completion = objc::Block<void()>;
 
-// Above the home screen, below the status bar.
+// Between the levels of the home screen and the status bar.
 constexpr double lockScreenLevel = 900;
 
 constexpr CGFloat clockTop = 40;
@@ -32,7 +32,7 @@ LockScreen* sharedInstance(Class self) {
   return shared;
 }
 
-// In the middle of the screen's width.
+// Adds a centered label of full width.
 objc::Ref<UILabel> addLabel(UIWindow* window, CGFloat fontSize, CGFloat top, CGFloat height) {
   auto label = UIView::withFrame<UILabel>({{0, top}, {window->bounds().size.width, height}});
   label->setFont(UIFont::systemFontOfSize(fontSize));
@@ -59,8 +59,8 @@ void makeWindow(LockScreenState& state) {
 
 Grouping groupingOfSystem() { return systemVersionIsBelow("12.0"_ns) ? Grouping::None : Grouping::ByConversation; }
 
-// Several changes of one turn are shown at once, when nobody holds a cell.
-void refreshAfterThisTurn() {
+// Refreshes once, after all work that is due. This combines several changes, and no caller uses a cell at that time.
+void scheduleRefresh() {
   static bool isPending = false;
   if (std::exchange(isPending, true)) return;
   foundation::onMainThread([] {
@@ -69,14 +69,13 @@ void refreshAfterThisTurn() {
   });
 }
 
-// Banners go when the screen locks.
 void activate(LockScreen* self, bool, NSObject*, bool, bool, bool, bool, Completion* completion) {
   dismissAllBanners();
-  dismissLongLook(LongLookChange::AtOnce);
+  dismissLongLook(LongLookChange::Immediate);
   LockScreenState& state = objc::state(self);
-  if (state.window != nullptr) hideAboveHomeScreen(state.window);
+  if (state.window != nullptr) hideWindowAboveHomeScreen(state.window);
   makeWindow(state);
-  NCNotificationDispatcher::shared()->observeList(&refreshAfterThisTurn);
+  NCNotificationDispatcher::shared()->observeList(&scheduleRefresh);
   self->refresh();
   state.window->setHidden(false);
   if (completion != nullptr) (*completion)();
@@ -87,9 +86,9 @@ bool isUILocked(LockScreen* self) { return objc::state(self).window != nullptr; 
 void unlock(LockScreen* self, NSInteger, NSObject*) {
   LockScreenState& state = objc::state(self);
   if (state.window == nullptr) return;
-  dismissLongLook(LongLookChange::AtOnce);
+  dismissLongLook(LongLookChange::Immediate);
   NCNotificationDispatcher::shared()->observeList(nullptr);
-  hideAboveHomeScreen(state.window);
+  hideWindowAboveHomeScreen(state.window);
   state = {};
 }
 
@@ -119,8 +118,8 @@ void SBLockScreenManager::lock() {
 void SBLockScreenManager::refresh() {
   const LockScreenState& state = objc::state(this);
   if (state.window == nullptr) return;
-  state.clock->setText(springboard::timeOfDay());
-  state.day->setText(springboard::dayOfYear());
+  state.clock->setText(springboard::currentTime());
+  state.day->setText(springboard::currentDay());
   springboard::showGroups(state.list,
                           NCNotificationDispatcher::shared()->list().groups(springboard::groupingOfSystem()));
 }

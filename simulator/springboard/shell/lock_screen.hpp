@@ -1,5 +1,4 @@
-// The lock screen: a window above the home screen with the time and the notification list, and the object that brings
-// it up.
+// The lock screen: a window above the home screen that shows the time and the notification list. Main thread.
 #pragma once
 
 #include "platform/ui_label.hpp"
@@ -19,10 +18,11 @@ class SBLockScreenManager : public objc::Interface<"SBLockScreenManager", NSObje
     return objc::send<SBLockScreenManager*, "sharedInstance">(classObject());
   }
   bool isUILocked() const { return objc::send<bool, "isUILocked">(this); }
-  // Brings the lock screen up.
+  // Dismisses all banners and shows the lock screen.
   void lock();
+  // Hides the lock screen. Does nothing if the phone is unlocked.
   void unlock() { objc::send<void, "unlockUIFromSource:withOptions:">(this, NSInteger{0}, noOptions()); }
-  // Shows the time that it is and the notifications that there are. Nothing happens while the phone is unlocked.
+  // Updates the time and the list. Does nothing if the phone is unlocked.
   void refresh();
 
  private:

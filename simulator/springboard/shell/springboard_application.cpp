@@ -50,7 +50,7 @@ namespace {
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
-// Letting go of the home button leaves the lock screen, and takes banners away.
+// Releasing the home button unlocks the phone and dismisses all banners.
 bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
   const auto* press = objc::as<UIPress>(event->allPresses()->anyObject());
   if (press == nullptr || press->type() != homeButtonPress || press->force() >= 1) return true;
@@ -62,9 +62,9 @@ bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
 bool launchApplication(SpringBoard*, NSString* bundleIdentifier, bool suspended) {
   base::recordEvent("launch", {{"bundle", base::jsonOf(bundleIdentifier)}, {"suspended", suspended}});
   if (bundleIdentifier == nullptr) return false;
-  // Whoever opened it may hold views of the lock screen until the turn is over.
+  // Deferred, because callers can still use views of the lock screen.
   if (!suspended) foundation::onMainThread([] { SBLockScreenManager::sharedInstance()->unlock(); });
-  // The other applications have no process of their own, and Messages has no window to come to the front with.
+  // Only Messages has a process, and only in the background. Every other launch just succeeds.
   return !suspended || base::textOf(bundleIdentifier) != messagesIdentifier || launchMessages();
 }
 

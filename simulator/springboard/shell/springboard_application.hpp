@@ -1,4 +1,4 @@
-// The home screen's application object, and the presses of the phone's buttons that reach it.
+// The application object of the home screen, which handles the hardware buttons and launches applications. Main thread.
 #pragma once
 
 #include <string>
@@ -9,6 +9,7 @@
 class SpringBoard : public objc::Interface<"SpringBoard", UIApplication> {
  public:
   static SpringBoard* shared() { return static_cast<SpringBoard*>(UIApplication::sharedApplication()); }
+  // Returns whether the application was launched. `suspended` launches it in the background.
   bool launchApplication(NSString* bundleIdentifier, bool suspended) {
     return objc::send<bool, "launchApplicationWithIdentifier:suspended:">(this, bundleIdentifier, suspended);
   }
@@ -16,10 +17,10 @@ class SpringBoard : public objc::Interface<"SpringBoard", UIApplication> {
 
 namespace springboard {
 
-// The home button's press type; it is released at a force of 0.
+// The press type of the home button. A press of force 1 pushes the button down; a press of force 0 releases it.
 inline constexpr NSInteger homeButtonPress = 101;
 
-// What the hardware does: one press of that type and force, as an event of its own.
+// Simulates the hardware: sends an event with one press to the application.
 void pressButton(NSInteger type, double force);
 
 void defineApplication();

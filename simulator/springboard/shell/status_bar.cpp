@@ -5,7 +5,7 @@
 #include "simulator/uikit/environment/environment.hpp"
 #include "simulator/uikit/views/view.hpp"
 
-// The battery, full, drawn in white.
+// A white symbol of a full battery.
 class UIStatusBarBatteryView : public objc::Interface<"UIStatusBarBatteryView", UIView> {};
 
 namespace springboard {
@@ -13,7 +13,7 @@ namespace springboard {
 namespace {
 
 constexpr CGSize batterySize = {27, 12};
-constexpr double levelOfStatusBars = 1000;
+constexpr double statusBarLevel = 1000;
 
 UIStatusBarWindow* statusBar = nullptr;
 
@@ -30,7 +30,7 @@ void drawBattery(UIView*, void* target) {
   canvas.fillRoundedRectangle({2, 2, 20, 8}, {2, drawing::CornerCurve::Continuous}, fill);
 }
 
-// In the ears of a notch, or in the middle of the bar.
+// The clock is to the left of the notch. Without a notch, it is in the center of the bar.
 objc::Ref<UILabel> makeClock(CGFloat width) {
   const CGRect frame = hasNotch() ? CGRect{{20, 14}, {54, 20}} : CGRect{{width / 2 - 30, 1}, {60, 18}};
   auto clock = UIView::withFrame<UILabel>(frame);
@@ -59,13 +59,13 @@ UIStatusBarWindow* initWithFrame(UIStatusBarWindow* self, CGRect frame) {
 
 void refreshStatusBar() {
   UILabel* clock = objc::state(statusBar).clock;
-  clock->setText(timeOfDay());
+  clock->setText(currentTime());
 }
 
 void makeStatusBar() {
   const base::DeviceProfile& device = uikit::environment().device;
   statusBar = UIView::withFrame<UIStatusBarWindow>({{}, {device.screen.width, device.safeArea.top}}).leak();
-  objc::send<void, "setWindowLevel:">(statusBar, CGFloat{levelOfStatusBars});
+  objc::send<void, "setWindowLevel:">(statusBar, CGFloat{statusBarLevel});
   statusBar->setHidden(false);
   refreshStatusBar();
 }

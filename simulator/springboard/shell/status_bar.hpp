@@ -1,4 +1,4 @@
-// The status bar: a window of its own above the applications, with the time and the battery.
+// The status bar: a window above the applications that shows the time and the battery. Main thread.
 #pragma once
 
 #include "objc/class_definition.hpp"
@@ -18,9 +18,9 @@ struct objc::StateOf<UIStatusBarWindow> {
 namespace springboard {
 
 void defineStatusBar();
-// Once.
+// Creates the window. Call it once.
 void makeStatusBar();
-// Shows the minute that the clock is in.
+// Updates the displayed time.
 void refreshStatusBar();
 
 }  // namespace springboard

@@ -20,14 +20,14 @@ void traitCollectionDidChange(SBFStaticWallpaperView* self, UITraitCollection* p
 }  // namespace
 
 UIImage* wallpaper() {
-  // The picture is large and shared by the home screen and the lock screen.
+  // Cached, because the image is large and both screens use it.
   static std::optional<UIUserInterfaceStyle> style;
-  static objc::Ref<UIImage>& held = *new objc::Ref<UIImage>;
-  if (style == uikit::environment().style) return held;
+  static objc::Ref<UIImage>& cached = *new objc::Ref<UIImage>;
+  if (style == uikit::environment().style) return cached;
   style = uikit::environment().style;
   const bool dark = style == UIUserInterfaceStyle::Dark;
-  held = uikit::makeImage(loadArtwork(dark ? "wallpaper-dark" : "wallpaper-light"));
-  return held;
+  cached = uikit::makeImage(loadArtwork(dark ? "wallpaper-dark" : "wallpaper-light"));
+  return cached;
 }
 
 objc::Ref<SBFStaticWallpaperView> makeWallpaperView() {

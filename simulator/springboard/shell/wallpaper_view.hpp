@@ -1,4 +1,4 @@
-// The picture behind everything, which follows the appearance.
+// The wallpaper of the home screen and the lock screen. It follows the light or dark appearance. Main thread.
 #pragma once
 
 #include "platform/ui_image_view.hpp"
@@ -7,10 +7,10 @@ class SBFStaticWallpaperView : public objc::Interface<"SBFStaticWallpaperView", 
 
 namespace springboard {
 
-// The wallpaper that goes with the appearance; nil without artwork.
+// The wallpaper for the current appearance. Nil if the artwork is missing. It belongs to a cache; retain it to keep it.
 UIImage* wallpaper();
 
-// As large as the screen.
+// Creates a view that covers the screen.
 objc::Ref<SBFStaticWallpaperView> makeWallpaperView();
 
 void defineWallpaperView();

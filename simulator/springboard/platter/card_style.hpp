@@ -1,4 +1,4 @@
-// The shape of what notifications are shown on.
+// The card style of platters: the rounded shape on which notifications are shown. Lengths are in points.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -7,7 +7,7 @@ namespace springboard {
 
 inline constexpr CGFloat cardCornerRadius = 13;
 
-inline void makeCard(UIView* view) {
+inline void applyCardStyle(UIView* view) {
   view->layer()->setCornerRadius(cardCornerRadius);
   view->layer()->setContinuousCorners(true);
   view->setClipsToBounds(true);

@@ -1,4 +1,4 @@
-#include "simulator/springboard/classes.hpp"
+#include "simulator/springboard/springboard_startup.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -18,7 +18,7 @@
 #include "simulator/springboard/long_look/long_look_view.hpp"
 #include "simulator/springboard/long_look/reply_bar.hpp"
 #include "simulator/springboard/platter/platter_header.hpp"
-#include "simulator/springboard/platter/touch_through.hpp"
+#include "simulator/springboard/platter/touch_pass_through.hpp"
 #include "simulator/springboard/services/applications.hpp"
 #include "simulator/springboard/services/bulletin_server.hpp"
 #include "simulator/springboard/services/bulletin_socket.hpp"
@@ -75,7 +75,7 @@ void addDestinations() {
 void registerClasses() {
   const objc::AutoreleasePool pool;
   defineNotificationRequest();
-  defineTouchThroughView();
+  defineTouchPassThroughView();
   definePlatterHeader();
   defineShortLookView();
   defineNotificationView();

@@ -1,4 +1,4 @@
-#include "simulator/messages/classes.hpp"
+#include "simulator/messages/messages_classes.hpp"
 
 #include <cstdio>
 #include <memory>
@@ -15,7 +15,7 @@ namespace {
 
 struct Application {
   ChatStore store;
-  Observer observer;
+  StoreObserver observer;
 };
 
 std::unique_ptr<Application>& application() {
@@ -23,9 +23,9 @@ std::unique_ptr<Application>& application() {
   return shared;
 }
 
-// False where the store refused.
+// Returns false and prints the error if the store fails.
 template <class Work>
-bool ask(const Work& work) try {
+bool tryWithStore(const Work& work) try {
   work();
   return true;
 } catch (const StoreError& error) {
@@ -47,13 +47,13 @@ objc::Ref<CKConversation> conversationOf(const Chat& stored) {
 
 template <class Type>
 Type* shared(Class) {
-  static Type* const only = objc::make<Type>().leak();
-  return only;
+  static Type* const instance = objc::make<Type>().leak();
+  return instance;
 }
 
 NSArray* conversations(CKConversationList*) {
   NSMutableArray* list = NSMutableArray::array();
-  ask([list] {
+  tryWithStore([list] {
     for (const Chat& chat : application()->store.chats()) list->addObject(conversationOf(chat));
   });
   return list;
@@ -70,7 +70,7 @@ void sendMessage(IMChatRegistry*, IMChat* chat, IMMessage* message) {
   const Chat& stored = objc::state(chat).chat;
   const InstantMessageState& state = objc::state(message);
   const std::string text = base::textOf(state.text->string());
-  const bool isStored = ask([&] {
+  const bool isStored = tryWithStore([&] {
     application()->store.add(stored, {Direction::Sent, text, state.flags, foundation::unixTimeNow(), true});
   });
   if (isStored) application()->observer.sent(stored.guid, text, state.flags);
@@ -79,7 +79,7 @@ void sendMessage(IMChatRegistry*, IMChat* chat, IMMessage* message) {
 void sendReadReceipt(IMChatRegistry*, IMChat* chat) {
   if (chat == nullptr) return;
   const Chat& stored = objc::state(chat).chat;
-  if (ask([&] { application()->store.markRead(stored); })) application()->observer.read(stored.guid);
+  if (tryWithStore([&] { application()->store.markRead(stored); })) application()->observer.read(stored.guid);
 }
 
 void viewDidLoad(CKConversationListController* self) {
@@ -128,7 +128,7 @@ void registerClasses() {
   objc::defineClass<CKConversationListController>(controller);
 }
 
-void useStore(ChatStore store, Observer observer) {
+void useStore(ChatStore store, StoreObserver observer) {
   application() = std::make_unique<Application>(Application{std::move(store), std::move(observer)});
 }
 

@@ -1,4 +1,4 @@
-#include "simulator/springboard/services/post_recorder.hpp"
+#include "simulator/springboard/services/notification_recorder.hpp"
 
 #include <nlohmann/json.hpp>
 #include <string>
@@ -12,7 +12,7 @@ namespace springboard {
 
 namespace {
 
-bool isOfPlatform(const std::string& name) {
+bool isPlatformName(const std::string& name) {
   constexpr const char* prefixes[] = {"NS", "GS", "GD", "UI", "_"};
   for (const char* prefix : prefixes)
     if (name.starts_with(prefix)) return true;
@@ -21,26 +21,27 @@ bool isOfPlatform(const std::string& name) {
 
 void record(const char* event, NSString* name, NSDictionary* userInfo) {
   const std::string text = base::textOf(name);
-  if (!isOfPlatform(text)) base::recordEvent(event, {{"name", text}, {"userInfo", base::jsonOf(userInfo)}});
+  if (!isPlatformName(text)) base::recordEvent(event, {{"name", text}, {"userInfo", base::jsonOf(userInfo)}});
 }
 
 template <auto function, objc::FixedString selector>
-void replace(Class target) {
+void hook(Class target) {
   using Hook = objc::detail::HookOf<function>;
   MSHookMessageEx(target, objc::selector<selector>(), Hook::implementation(), &Hook::replaced);
 }
 
 using Post = objc::Original<void(NSNotificationCenter*, NSString*, NSObject*, NSDictionary*)>;
-using PostToOthers = objc::Original<void(NSDistributedNotificationCenter*, NSString*, NSObject*, NSDictionary*, bool)>;
+using PostDistributed =
+    objc::Original<void(NSDistributedNotificationCenter*, NSString*, NSObject*, NSDictionary*, bool)>;
 
 void post(Post original, NSNotificationCenter* self, NSString* name, NSObject* object, NSDictionary* userInfo) {
-  // The distributed center inherits this method and sends itself on to its own.
+  // The distributed center inherits this method and forwards it to its own method, which records the notification.
   if (objc::as<NSDistributedNotificationCenter>(self) == nullptr) record("post", name, userInfo);
   original(self, name, object, userInfo);
 }
 
-void postToOthers(PostToOthers original, NSDistributedNotificationCenter* self, NSString* name, NSObject* object,
-                  NSDictionary* userInfo, bool immediately) {
+void postDistributed(PostDistributed original, NSDistributedNotificationCenter* self, NSString* name, NSObject* object,
+                     NSDictionary* userInfo, bool immediately) {
   record("distributed", name, userInfo);
   original(self, name, object, userInfo, immediately);
 }
@@ -48,16 +49,16 @@ void postToOthers(PostToOthers original, NSDistributedNotificationCenter* self, 
 }  // namespace
 
 void observePosts() {
-  replace<&post, "postNotificationName:object:userInfo:">(NSNotificationCenter::classObject());
-  replace<&postToOthers, "postNotificationName:object:userInfo:deliverImmediately:">(
+  hook<&post, "postNotificationName:object:userInfo:">(NSNotificationCenter::classObject());
+  hook<&postDistributed, "postNotificationName:object:userInfo:deliverImmediately:">(
       NSDistributedNotificationCenter::classObject());
 }
 
 void postUnobserved(NSString* name) {
-  using Hook = objc::detail::HookOf<&postToOthers>;
-  const PostToOthers unobserved(Hook::replaced,
-                                objc::selector<"postNotificationName:object:userInfo:deliverImmediately:">());
-  unobserved(NSDistributedNotificationCenter::defaultCenter(), name, nullptr, nullptr, true);
+  using Hook = objc::detail::HookOf<&postDistributed>;
+  const PostDistributed original(Hook::replaced,
+                                 objc::selector<"postNotificationName:object:userInfo:deliverImmediately:">());
+  original(NSDistributedNotificationCenter::defaultCenter(), name, nullptr, nullptr, true);
 }
 
 }  // namespace springboard

@@ -1,4 +1,4 @@
-// The Messages app's classes over its store, and what the app does with them.
+// The classes of the Messages app, which read and write the store. Main thread.
 #pragma once
 
 #include <cstdint>
@@ -37,16 +37,17 @@ struct objc::StateOf<IMMessage> {
 
 namespace messages {
 
-// What the app has done, once it is in the store.
-struct Observer {
+// Callbacks that run after the app has written to the store.
+struct StoreObserver {
   std::function<void(const std::string& guid, const std::string& text, std::uint64_t flags)> sent;
   std::function<void(const std::string& guid)> read;
 };
 
-// Defines the classes, once, after the view toolkit's.
+// Registers the classes. Call it once, after uikit::registerClasses.
 void registerClasses();
 
-// Once, before the classes are used. What the store refuses is told on standard error, and the app goes on.
-void useStore(ChatStore store, Observer observer);
+// Sets the store of the classes. Call it once, before the classes are used. An error of the store is printed to
+// standard error, and the failed operation has no effect.
+void useStore(ChatStore store, StoreObserver observer);
 
 }  // namespace messages

@@ -1,4 +1,4 @@
-#include "simulator/contacts/cards.hpp"
+#include "simulator/contacts/vcard_splitting.hpp"
 
 #include <strings.h>
 
@@ -9,7 +9,7 @@ namespace contacts {
 
 namespace {
 
-constexpr std::size_t maxCard = 32 << 20;
+constexpr std::size_t maxCardBytes = 32 << 20;
 
 std::string_view withoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t");
@@ -25,7 +25,7 @@ bool startsIgnoringCase(std::string_view text, std::string_view start) {
   return equalsIgnoringCase(text.substr(0, start.size()), start);
 }
 
-// The next line without its end, which may be any of the three that systems have used.
+// Removes the next line from `rest` and returns it without its line end, which can be LF, CR or CRLF.
 std::string_view takeLine(std::string_view& rest) {
   const std::size_t end = rest.find_first_of("\r\n");
   const std::string_view line = rest.substr(0, end);
@@ -38,7 +38,7 @@ std::string_view takeLine(std::string_view& rest) {
   return line;
 }
 
-bool isQuotedPrintable(std::string_view line) {
+bool usesQuotedPrintable(std::string_view line) {
   constexpr std::string_view encoding = "QUOTED-PRINTABLE";
   const std::string_view name = line.substr(0, line.find(':'));
   for (std::size_t index = 0; index + encoding.size() <= name.size(); ++index)
@@ -46,61 +46,61 @@ bool isQuotedPrintable(std::string_view line) {
   return false;
 }
 
-class Splitter {
+class CardSplitter {
  public:
-  void add(std::string_view line) {
+  void addLine(std::string_view line) {
     const std::string_view words = withoutBlanks(line);
     if (equalsIgnoringCase(words, "BEGIN:VCARD")) {
       begin();
-    } else if (depth == 0) {
+    } else if (depth_ == 0) {
       return;
     } else if (equalsIgnoringCase(words, "END:VCARD")) {
       end();
-    } else if (depth == 1) {
+    } else if (depth_ == 1) {
       append(line);
     }
   }
 
-  std::vector<std::string> take() { return std::move(cards); }
+  std::vector<std::string> takeCards() { return std::move(cards_); }
 
  private:
-  // A card inside a card is announced by the property that it is the value of; any other begins instead of one that
-  // was never finished.
+  // A card inside a card follows the property whose value it is. Any other BEGIN line replaces the current card, which
+  // has no END line.
   void begin() {
-    if (depth > 0 && lastPropertyTakesCard) {
-      ++depth;
+    if (depth_ > 0 && nextCardIsNested_) {
+      ++depth_;
     } else {
-      depth = 1;
-      card = "BEGIN:VCARD\r\n";
+      depth_ = 1;
+      card_ = "BEGIN:VCARD\r\n";
     }
-    isJoining = false;
-    lastPropertyTakesCard = false;
+    continuesOnNextLine_ = false;
+    nextCardIsNested_ = false;
   }
 
   void end() {
-    if (--depth > 0) return;
-    if (card.size() <= maxCard) cards.push_back(std::move(card) + "END:VCARD\r\n");
-    card.clear();
+    if (--depth_ > 0) return;
+    if (card_.size() <= maxCardBytes) cards_.push_back(std::move(card_) + "END:VCARD\r\n");
+    card_.clear();
   }
 
   void append(std::string_view line) {
-    if (card.size() > maxCard) return;
-    if (!isJoining) isSoft = isQuotedPrintable(line);
-    lastPropertyTakesCard = startsIgnoringCase(line, "AGENT") && withoutBlanks(line).ends_with(':');
-    isJoining = isSoft && line.ends_with('=');
-    if (isJoining) line.remove_suffix(1);
-    card.append(line);
-    // To its reader the end of the text.
-    std::replace(card.end() - static_cast<std::ptrdiff_t>(line.size()), card.end(), '\0', ' ');
-    if (!isJoining) card.append("\r\n");
+    if (card_.size() > maxCardBytes) return;
+    if (!continuesOnNextLine_) isQuotedPrintable_ = usesQuotedPrintable(line);
+    nextCardIsNested_ = startsIgnoringCase(line, "AGENT") && withoutBlanks(line).ends_with(':');
+    continuesOnNextLine_ = isQuotedPrintable_ && line.ends_with('=');
+    if (continuesOnNextLine_) line.remove_suffix(1);
+    card_.append(line);
+    // The parser takes a zero byte for the end of the text.
+    std::replace(card_.end() - static_cast<std::ptrdiff_t>(line.size()), card_.end(), '\0', ' ');
+    if (!continuesOnNextLine_) card_.append("\r\n");
   }
 
-  std::vector<std::string> cards;
-  std::string card;
-  int depth = 0;
-  bool isSoft = false;     // the present property is quoted-printable
-  bool isJoining = false;  // and goes on in the next line
-  bool lastPropertyTakesCard = false;
+  std::vector<std::string> cards_;
+  std::string card_;
+  int depth_ = 0;
+  bool isQuotedPrintable_ = false;    // the current property is quoted-printable
+  bool continuesOnNextLine_ = false;  // the current property ends with a soft line break
+  bool nextCardIsNested_ = false;
 };
 
 }  // namespace
@@ -108,9 +108,9 @@ class Splitter {
 std::vector<std::string> cardsIn(std::string_view text) {
   constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
   if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-  Splitter splitter;
-  while (!text.empty()) splitter.add(takeLine(text));
-  return splitter.take();
+  CardSplitter splitter;
+  while (!text.empty()) splitter.addLine(takeLine(text));
+  return splitter.takeCards();
 }
 
 }  // namespace contacts

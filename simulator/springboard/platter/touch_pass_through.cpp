@@ -1,4 +1,4 @@
-#include "simulator/springboard/platter/touch_through.hpp"
+#include "simulator/springboard/platter/touch_pass_through.hpp"
 
 #include "objc/class_definition.hpp"
 
@@ -14,7 +14,7 @@ bool isInsideSubview(UIView* self, CGPoint point, NSObject* event) {
   return false;
 }
 
-void defineTouchThroughView() {
+void defineTouchPassThroughView() {
   static constexpr objc::MethodEntry methods[] = {objc::method<"pointInside:withEvent:", &isInsideSubview>()};
   objc::defineClass<SBFTouchPassThroughView>(methods);
 }
