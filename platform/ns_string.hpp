@@ -84,6 +84,6 @@ class NSMutableString : public objc::Interface<"NSMutableString", NSString> {
 // A constant string of the program, made at first use and kept.
 template <objc::FixedString text>
 NSString* operator""_ns() {
-  static objc::Published<NSString*> made;
-  return made.valueOr([] { return objc::retain(NSString::stringWithUTF8String(objc::TextOf<text>::text)).leak(); });
+  static objc::CachedPointer<NSString*> made;
+  return made.getOrFind([] { return objc::retain(NSString::stringWithUTF8String(objc::TextOf<text>::text)).leak(); });
 }

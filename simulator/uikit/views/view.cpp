@@ -11,7 +11,7 @@ namespace {
 
 // The object whose state this is.
 UIView* ownerOf(ViewState* state) {
-  return reinterpret_cast<UIView*>(reinterpret_cast<char*>(state) - objc::detail::StateSlot<UIView>::offset);
+  return reinterpret_cast<UIView*>(reinterpret_cast<char*>(state) - objc::detail::StateOffset<UIView>::offset);
 }
 
 }  // namespace
