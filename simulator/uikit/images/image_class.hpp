@@ -1,4 +1,4 @@
-// UIImage's pixels, and the icons of applications.
+// UIImage, UIImageView and the icons of applications. Main thread only.
 #pragma once
 
 #include <memory>
@@ -9,13 +9,13 @@
 
 namespace uikit {
 
-// nil for null.
+// Returns a null reference for null.
 objc::Ref<UIImage> makeImage(std::shared_ptr<const drawing::Image> image);
-// Null for nil and for an image without pixels.
+// The pixels of the image; null for nil and for an image without pixels.
 std::shared_ptr<const drawing::Image> imageOf(const UIImage* image);
 
-// What +_applicationIconImageForBundleIdentifier:format: answers from now on. An application with icons has none in the
-// formats it was not given; one without any has the placeholder in all of them. Null takes an icon away. Main thread.
+// Sets what +_applicationIconImageForBundleIdentifier:format: returns. If an application has at least one icon, the
+// result for other formats is nil. If it has none, the result is the placeholder. Null removes an icon.
 void setApplicationIcon(const std::string& bundleIdentifier, int format, std::shared_ptr<const drawing::Image> icon);
 void setPlaceholderIcon(std::shared_ptr<const drawing::Image> icon);
 
@@ -25,5 +25,5 @@ void defineImageView();
 
 }  // namespace uikit
 
-// The picture as a PNG file's bytes; nil for nil.
+// Encodes the image as a PNG file; nil for nil.
 extern "C" NSData* UIImagePNGRepresentation(UIImage* image);

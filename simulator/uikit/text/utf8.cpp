@@ -11,7 +11,7 @@ constexpr char32_t replacement = 0xFFFD;
 bool isLeadingSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 bool isTrailingSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
-// The character that begins at the position, which moves behind it.
+// Returns the character at the position and advances the position past it.
 char32_t nextCharacter(const std::u16string& units, std::size_t& position) {
   const char16_t unit = units[position++];
   if (isLeadingSurrogate(unit) && position < units.size() && isTrailingSurrogate(units[position]))

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The object whose state this is.
+// The view that contains this state.
 UIView* ownerOf(ViewState* state) {
   return reinterpret_cast<UIView*>(reinterpret_cast<char*>(state) - objc::detail::StateOffset<UIView>::offset);
 }
@@ -18,7 +18,7 @@ UIView* ownerOf(ViewState* state) {
 
 ViewState::ViewState() : record(std::make_unique<uikit::ViewRecord>(ownerOf(this))) {}
 
-ViewState::~ViewState() { uikit::forgetView(gestureRecognizers); }
+ViewState::~ViewState() { uikit::detachFromView(gestureRecognizers); }
 
 namespace uikit {
 
