@@ -1,4 +1,5 @@
-// Values kept with an object that is not ours: associated, strong, gone with the object.
+// Associated values: properties stored on an object of a class that this project does not define. The object retains
+// the value and releases it when it is deallocated.
 #pragma once
 
 #include "objc/ownership.hpp"
@@ -17,14 +18,15 @@ inline id associated(id object, SEL key) {
 
 }  // namespace detail
 
-// The accessors of an associated property, keyed by its getter. Never set: nil.
+// The accessors of an associated property. The key is the selector of its getter. The getter returns nil before the
+// first call of the setter.
 template <FixedString name, class Type>
 struct AssociatedProperty {
   static Type get(id self) { return static_cast<Type>(static_cast<void*>(detail::associated(self, selector<name>()))); }
   static void set(id self, Type value) { detail::associate(self, selector<name>(), detail::identifier(value)); }
 };
 
-// A flag is boxed as a value of its own type. Never set: false.
+// A flag is stored in an NSValue. The getter returns false before the first call of the setter.
 template <FixedString name>
 struct AssociatedProperty<name, bool> {
   static bool get(id self) {

@@ -1,4 +1,5 @@
-// What is autoreleased while the pool lives is released when it ends.
+// An autorelease pool for the enclosing scope: the destructor releases the objects that were autoreleased on this
+// thread since the constructor ran.
 #pragma once
 
 #include "objc/send.hpp"
@@ -7,13 +8,13 @@ namespace objc {
 
 class AutoreleasePool {
  public:
-  AutoreleasePool() : pool(send<id, "new">(lookUpClass<"NSAutoreleasePool">())) {}
+  AutoreleasePool() : pool_(send<id, "new">(lookUpClass<"NSAutoreleasePool">())) {}
   AutoreleasePool(const AutoreleasePool&) = delete;
   AutoreleasePool& operator=(const AutoreleasePool&) = delete;
-  ~AutoreleasePool() { send<void, "drain">(pool); }
+  ~AutoreleasePool() { send<void, "drain">(pool_); }
 
  private:
-  id pool;
+  id pool_;
 };
 
 }  // namespace objc

@@ -1,5 +1,6 @@
-// Blocks made from lambdas, and blocks called from C++. On the phone the compiler lays them out, as it alone knows how
-// their pointers are signed on each processor; elsewhere the layout is written down here.
+// Blocks made from lambdas, and blocks called from C++. On the phone the compiler creates the blocks, because only the
+// compiler knows how each processor signs their pointers. On other systems this header defines the memory layout of a
+// block.
 #pragma once
 
 #include <new>
@@ -7,14 +8,15 @@
 #include <utility>
 
 #include "objc/encoding.hpp"
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 
 namespace objc {
 
 template <class Signature>
 class Block;
 
-// A block object as the platform passes it: borrowed, callable. Never made by value.
+// A block as the platform passes it: a borrowed pointer whose target can be called. Objects of this class are never
+// created by value.
 template <class Result, class... Arguments>
 class Block<Result(Arguments...)> {
  public:
@@ -25,43 +27,43 @@ class Block<Result(Arguments...)> {
 #if defined(__APPLE__)
   Result operator()(Arguments... arguments) { return reinterpret_cast<Result (^)(Arguments...)>(this)(arguments...); }
 #else
-  Result operator()(Arguments... arguments) { return invoke(this, arguments...); }
+  Result operator()(Arguments... arguments) { return invoke_(this, arguments...); }
 
  private:
-  [[maybe_unused]] void* isa;
-  [[maybe_unused]] int flags;
-  [[maybe_unused]] int reserved;
-  Result (*invoke)(void*, Arguments...);
+  [[maybe_unused]] void* isa_;
+  [[maybe_unused]] int flags_;
+  [[maybe_unused]] int reserved_;
+  Result (*invoke_)(void*, Arguments...);
 #endif
 };
 
-// Holds a block. Copies share it.
+// A strong reference to a block, or null. Copies of the reference refer to the same block.
 template <class Signature>
 class BlockRef {
  public:
   constexpr BlockRef() = default;
-  // Copies the block off the stack where it is still there; null stays null.
-  explicit BlockRef(Block<Signature>* borrowed) : held(copy(borrowed)) {}
-  BlockRef(const BlockRef& other) : held(copy(other.held)) {}
-  BlockRef(BlockRef&& other) noexcept : held(std::exchange(other.held, nullptr)) {}
+  // Copies the block to the heap if it is on the stack. The reference is null if `borrowed` is null.
+  explicit BlockRef(Block<Signature>* borrowed) : block_(copy(borrowed)) {}
+  BlockRef(const BlockRef& other) : block_(copy(other.block_)) {}
+  BlockRef(BlockRef&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
   BlockRef& operator=(BlockRef other) noexcept {
-    std::swap(held, other.held);
+    std::swap(block_, other.block_);
     return *this;
   }
   ~BlockRef() {
-    if (held != nullptr) _Block_release(held);
+    if (block_ != nullptr) _Block_release(block_);
   }
 
-  // NOLINTNEXTLINE(google-explicit-constructor): lends itself as a borrowed pointer.
-  operator Block<Signature>*() const { return held; }
-  Block<Signature>* get() const { return held; }
+  // NOLINTNEXTLINE(google-explicit-constructor): converts to a borrowed pointer.
+  operator Block<Signature>*() const { return block_; }
+  Block<Signature>* get() const { return block_; }
 
  private:
   static Block<Signature>* copy(Block<Signature>* block) {
     return block == nullptr ? nullptr : static_cast<Block<Signature>*>(_Block_copy(block));
   }
 
-  Block<Signature>* held = nullptr;
+  Block<Signature>* block_ = nullptr;
 };
 
 namespace detail {
@@ -150,7 +152,7 @@ struct BlockOf<Lambda, Result(Arguments...)> {
 
 }  // namespace detail
 
-// A block that calls the lambda. What the lambda captures by value lives and dies with the block.
+// Returns a block that calls a copy of the lambda. The copy is destroyed with the block.
 template <class Lambda, class Signature = typename detail::LambdaSignature<Lambda>::Type>
 BlockRef<Signature> block(const Lambda& lambda) {
   return detail::BlockOf<Lambda, Signature>::make(lambda);

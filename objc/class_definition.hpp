@@ -1,4 +1,5 @@
-// Classes defined from C++: methods are plain functions, the state is one struct that lives and dies with the object.
+// Objective-C classes defined in C++. The methods are plain functions. The state of an object is one C++ struct, which
+// is constructed and destroyed with the object.
 #pragma once
 
 #include <cstddef>
@@ -12,13 +13,13 @@
 
 namespace objc {
 
-// The struct that every object of a class defined here holds; specialized beside the struct.
+// Maps a class to the struct that holds the state of its objects. Specialize it next to the definition of the struct.
 template <class Type>
 struct StateOf;
 template <class Type>
 using State = typename StateOf<Type>::Type;
 
-// One method of a class being defined.
+// One method of a class that is about to be defined.
 struct MethodEntry {
   const char* selector;
   const char* encoding;
@@ -38,8 +39,8 @@ constexpr MethodEntry classMethod() {
   return method<name, function, Level::Class>();
 }
 
-// A member of the state struct that the runtime knows as an instance variable of its own. Members are listed in the
-// struct's order, all of them or none.
+// A member of the state struct that the runtime lists as a separate instance variable. A class lists either no members
+// or all of them, in the order of their declaration.
 struct FieldEntry {
   const char* name;
   const char* encoding;
@@ -66,15 +67,15 @@ constexpr FieldEntry field(const char* name, std::size_t offset) {
 
 namespace detail {
 
-// Where the state of a class's objects begins, in bytes from the object.
+// The offset of the state struct within an object, in bytes.
 template <class Type>
-struct StateSlot {
+struct StateOffset {
   static inline std::ptrdiff_t offset = 0;
 };
 
 template <class Type, class Struct>
 Struct* stateAt(const void* object) {
-  return reinterpret_cast<Struct*>(static_cast<char*>(const_cast<void*>(object)) + StateSlot<Type>::offset);
+  return reinterpret_cast<Struct*>(static_cast<char*>(const_cast<void*>(object)) + StateOffset<Type>::offset);
 }
 
 template <class Type, class Struct>
@@ -105,13 +106,13 @@ inline void addMethods(Class target, std::span<const MethodEntry> methods) {
 
 }  // namespace detail
 
-// The state of an object of class Type, or of a subclass.
+// The state of an object of class Type or of one of its subclasses. The object must not be nil.
 template <class Type>
 State<Type>& state(const Type* object) {
   return *detail::stateAt<Type, State<Type>>(object);
 }
 
-// Defines the class Type::className below Type's superclass, without state of its own.
+// Defines the class Type::className as a subclass of Type's superclass, without additional state.
 template <class Type>
 void defineClass(std::span<const MethodEntry> methods) {
   Class superclass = Type::Superclass::classObject();
@@ -120,7 +121,7 @@ void defineClass(std::span<const MethodEntry> methods) {
   objc_registerClassPair(defined);
 }
 
-// Defines the class with its State in every object: made by +alloc, destroyed by -dealloc.
+// Defines the class and adds State<Type> to each of its objects. +alloc constructs the state, -dealloc destroys it.
 template <class Type>
 void defineClassWithState(std::span<const MethodEntry> methods, std::span<const FieldEntry> fields = {}) {
   using Struct = State<Type>;
@@ -128,7 +129,7 @@ void defineClassWithState(std::span<const MethodEntry> methods, std::span<const 
   Class superclass = Type::Superclass::classObject();
   Class defined = objc_allocateClassPair(superclass, Type::className, 0);
 
-  // Named after the class: a name that a superclass has already would be refused.
+  // The instance variable has the name of the class, because the runtime rejects a name that a superclass already uses.
   static constexpr FieldEntry whole = {Type::className, "?", sizeof(Struct), alignof(Struct), 0};
   if (fields.empty()) fields = std::span<const FieldEntry>(&whole, 1);
   for (const FieldEntry& entry : fields)
@@ -147,12 +148,12 @@ void defineClassWithState(std::span<const MethodEntry> methods, std::span<const 
     return ivar_getOffset(class_getInstanceVariable(defined, entry.name));
   };
   const std::ptrdiff_t base = offsetOf(fields.front()) - static_cast<std::ptrdiff_t>(fields.front().offset);
-  detail::StateSlot<Type>::offset = base;
+  detail::StateOffset<Type>::offset = base;
   for (const FieldEntry& entry : fields)
     if (offsetOf(entry) != base + static_cast<std::ptrdiff_t>(entry.offset)) __builtin_trap();
 }
 
-// Adds methods to a class that is not ours. Where the class is missing nothing happens.
+// Adds methods to an existing class. Does nothing if the class is null.
 inline void addCategory(Class target, std::span<const MethodEntry> methods) {
   if (target != nullptr) detail::addMethods(target, methods);
 }

@@ -1,11 +1,11 @@
-// Type encodings computed from C++ types at compile time: nobody types one.
+// Objective-C type encodings, computed from C++ types at compile time.
 #pragma once
 
 #include <cstdint>
 #include <type_traits>
 
 #include "objc/fixed_string.hpp"
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 
 namespace objc {
 
@@ -34,7 +34,7 @@ template <>
 struct TypeEncoding<short> : EncodingText<"s"> {};
 template <>
 struct TypeEncoding<unsigned short> : EncodingText<"S"> {};
-// A unit of the platform's strings.
+// A UTF-16 code unit of the platform's strings.
 template <>
 struct TypeEncoding<char16_t> : EncodingText<"S"> {};
 template <>
@@ -71,7 +71,8 @@ requires std::is_enum_v<Type>
 struct TypeEncoding<Type> : TypeEncoding<std::underlying_type_t<Type>> {
 };
 
-// A pointer to a class is an object, complete or not: platform classes are only ever handled by pointer.
+// A pointer to a class, complete or incomplete, is an Objective-C object, because platform classes are only used
+// through pointers.
 template <class Type>
 requires std::is_class_v<Type>
 struct TypeEncoding<Type*> : EncodingText<"@"> {
@@ -85,7 +86,7 @@ requires(std::is_pointer_v<Type> || std::is_arithmetic_v<Type>) struct TypeEncod
 template <class Signature>
 struct TypeEncoding<Block<Signature>*> : EncodingText<"@?"> {};
 
-// A method's encoding: the result, the receiver, the selector, then each argument.
+// The encoding of a method: the result, the receiver, the selector and then each argument.
 template <class Result, class... Arguments>
 struct MethodEncoding {
   static constexpr auto value =

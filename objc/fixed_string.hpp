@@ -1,4 +1,4 @@
-// A string that can be a template argument: selectors, class names and encodings are known at compile time.
+// A string that can be a template argument. Selectors, class names and type encodings are such strings.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ struct FixedString {
   char text[length + 1] = {};
 
   constexpr FixedString() = default;
-  // NOLINTNEXTLINE(google-explicit-constructor): a literal is meant to become a template argument by itself.
+  // NOLINTNEXTLINE(google-explicit-constructor): string literals are passed as template arguments.
   constexpr FixedString(const char (&literal)[length + 1]) {
     for (std::size_t index = 0; index < length; ++index) text[index] = literal[index];
   }
@@ -47,13 +47,13 @@ constexpr FixedString<left + right> operator+(const FixedString<left>& first, co
   return joined;
 }
 
-// One copy of the text that lives as long as the program.
+// The null-terminated text of the string, with static storage duration.
 template <FixedString string>
 struct TextOf {
   static constexpr const char* text = string.data();
 };
 
-// "hasDismissed" becomes "setHasDismissed:", the name of its setter.
+// The selector of the setter of a property: "setHasDismissed:" for "hasDismissed".
 template <FixedString name>
 constexpr auto setterName() {
   auto capitalized = name;

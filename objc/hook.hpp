@@ -1,4 +1,5 @@
-// Rows of an installation table: hooks that keep the replaced implementation, added methods, added properties.
+// The rows of a table of changes to platform classes: hooks, which replace a method and can call the original
+// implementation, added methods and added properties.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +12,8 @@
 
 namespace objc {
 
-// The implementation that a hook replaced, callable with the hook's own arguments. Where the class had none, a call
-// does nothing and gives a zero.
+// The implementation that a hook has replaced. Call it with the arguments of the hook. If the class had no
+// implementation, the call does nothing and returns a zero of the result type.
 template <class Signature>
 class Original;
 
@@ -20,23 +21,23 @@ template <class Result, class Self, class... Arguments>
 class Original<Result(Self, Arguments...)> {
  public:
   Original(IMP replacedImplementation, SEL hookedSelector)
-      : implementation(replacedImplementation), selector(hookedSelector) {}
+      : implementation_(replacedImplementation), selector_(hookedSelector) {}
 
   Result operator()(Self self, Arguments... arguments) const {
-    if (implementation == nullptr) {
+    if (implementation_ == nullptr) {
       if constexpr (std::is_void_v<Result>) {
         return;
       } else {
         return Result{};
       }
     } else {
-      return detail::call<Result>(implementation, detail::identifier(self), selector, arguments...);
+      return detail::call<Result>(implementation_, detail::identifier(self), selector_, arguments...);
     }
   }
 
  private:
-  IMP implementation;
-  SEL selector;
+  IMP implementation_;
+  SEL selector_;
 };
 
 namespace detail {
@@ -61,16 +62,16 @@ struct HookOf<function> {
 
 enum class RowKind : std::uint8_t { Hook, Add };
 
-// Which of a class's two sets of methods a row belongs to.
+// Whether a method is an instance method or a class method.
 enum class Level : std::uint8_t { Instance, Class };
 
-// One method of the table. The strings live as long as the library.
+// One method of the table. The strings have static storage duration.
 struct MethodRow {
   const char* className;
   const char* selector;
   const char* encoding;
   IMP implementation;
-  IMP* replaced;  // hooks only
+  IMP* replaced;  // receives the replaced implementation; null for added methods
   RowKind kind;
   Level level;
 };
@@ -101,7 +102,8 @@ Row add(const char* className) {
       1};
 }
 
-// A property kept as an associated value of the object, keyed by its getter and held strongly.
+// A property whose value is associated with the object. The key is the selector of the getter. The object retains the
+// value.
 template <FixedString name, class Type>
 Row property(const char* className) {
   using Accessors = AssociatedProperty<name, Type>;
@@ -115,16 +117,16 @@ Row property(const char* className) {
           2};
 }
 
-// What became of one method of the table.
+// The result of installing one method of the table.
 struct InstalledMethod {
   const char* className;
   const char* selector;
   const char* encoding;
   RowKind kind;
-  bool effective;  // false where the process has no such class, or a hook found no method to replace
+  bool effective;  // false if the process has no such class or the hook found no method to replace
 };
 
-// Installs one method; a class that this process does not have makes it inert.
+// Installs one method. Does nothing if this process does not have the class.
 inline InstalledMethod install(const MethodRow& row) {
   Class target = reinterpret_cast<Class>(row.level == Level::Class ? objc_getMetaClass(row.className)
                                                                    : objc_getClass(row.className));

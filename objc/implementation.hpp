@@ -1,12 +1,13 @@
-// Plain functions as method implementations: the receiver first, then the message's arguments.
+// Adapts plain functions to method implementations. The first argument of the function is the receiver; the arguments
+// of the message follow.
 #pragma once
 
 #include "objc/encoding.hpp"
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 
 namespace objc {
 
-// What a method implementation is called with, beside the selector that plain functions do not want.
+// The method implementation that calls the function. It drops the selector, which the function does not take.
 template <auto function>
 struct MethodOf;
 

@@ -1,5 +1,5 @@
-// Ownership in the type: Ref holds a strong reference, Weak one that becomes null with its object. Raw pointers are
-// borrowed.
+// Ownership of Objective-C objects, expressed by types: Ref is a strong reference, Weak is a reference that becomes
+// null when its object is deallocated, and a raw pointer is borrowed.
 #pragma once
 
 #include <type_traits>
@@ -12,49 +12,50 @@ namespace objc {
 inline void retainObject(const void* object) { send<id, "retain">(object); }
 inline void releaseObject(const void* object) { send<void, "release">(object); }
 
-// A strong reference. `adopt` takes over a reference the caller owns (alloc, copy, new); `retain` takes one more.
+// A strong reference, or null. `adopt` takes over a reference that the caller owns, as from alloc, copy or new.
+// `retain` retains a borrowed object.
 template <class Type>
 class Ref {
  public:
   constexpr Ref() = default;
-  // NOLINTNEXTLINE(google-explicit-constructor): null is a value of every reference.
+  // NOLINTNEXTLINE(google-explicit-constructor): every reference can be null.
   constexpr Ref(std::nullptr_t) {}
-  Ref(const Ref& other) : object(other.object) { retainObject(object); }
-  Ref(Ref&& other) noexcept : object(std::exchange(other.object, nullptr)) {}
+  Ref(const Ref& other) : object_(other.object_) { retainObject(object_); }
+  Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <class Other>
   requires std::is_convertible_v<Other*, Type*>
-  // NOLINTNEXTLINE(google-explicit-constructor): as pointers convert.
-  Ref(const Ref<Other>& other) : object(other.get()) {
-    retainObject(object);
+  // NOLINTNEXTLINE(google-explicit-constructor): converts where the pointers convert.
+  Ref(const Ref<Other>& other) : object_(other.get()) {
+    retainObject(object_);
   }
-  ~Ref() { releaseObject(object); }
+  ~Ref() { releaseObject(object_); }
 
   Ref& operator=(const Ref& other) {  // NOLINT(bugprone-unhandled-self-assignment): swaps with a copy.
     Ref copy(other);
-    std::swap(object, copy.object);
+    std::swap(object_, copy.object_);
     return *this;
   }
   Ref& operator=(Ref&& other) noexcept {
     Ref moved(std::move(other));
-    std::swap(object, moved.object);
+    std::swap(object_, moved.object_);
     return *this;
   }
 
   static Ref adopt(Type* owned) {
     Ref reference;
-    reference.object = owned;
+    reference.object_ = owned;
     return reference;
   }
 
-  Type* get() const { return object; }
-  Type* operator->() const { return object; }
-  // NOLINTNEXTLINE(google-explicit-constructor): a strong reference lends itself as a borrowed pointer.
-  operator Type*() const { return object; }
-  // Gives the reference away; the caller owns it now.
-  Type* leak() { return std::exchange(object, nullptr); }
+  Type* get() const { return object_; }
+  Type* operator->() const { return object_; }
+  // NOLINTNEXTLINE(google-explicit-constructor): converts to a borrowed pointer.
+  operator Type*() const { return object_; }
+  // Returns the object and makes this reference null without releasing the object. The caller owns the object.
+  Type* leak() { return std::exchange(object_, nullptr); }
 
  private:
-  Type* object = nullptr;
+  Type* object_ = nullptr;
 };
 
 template <class Type>
@@ -74,7 +75,7 @@ Ref<Type> make() {
   return adopt(send<Type*, "init">(send<id, "alloc">(Type::classObject())));
 }
 
-// [Type alloc], for the binding of an initializer, which consumes it.
+// [Type alloc]. Pass the result to an initializer, which consumes it.
 template <class Type>
 Type* allocate() {
   return send<Type*, "alloc">(Type::classObject());
@@ -85,27 +86,28 @@ Type* autorelease(Ref<Type> reference) {
   return send<Type*, "autorelease">(reference.leak());
 }
 
-// A reference that does not keep its object. Main thread and others alike: `lock` gives a strong one, or null.
+// A reference that does not retain its object. `lock` returns a strong reference, or null after the object was
+// deallocated. Any thread can call it.
 template <class Type>
 class Weak {
  public:
   constexpr Weak() = default;
-  explicit Weak(Type* object) { objc_storeWeak(&location, detail::identifier(object)); }
-  Weak(const Weak& other) { objc_storeWeak(&location, detail::identifier(other.lock().get())); }
+  explicit Weak(Type* object) { objc_storeWeak(&location_, detail::identifier(object)); }
+  Weak(const Weak& other) { objc_storeWeak(&location_, detail::identifier(other.lock().get())); }
   Weak& operator=(const Weak& other) {
     *this = other.lock().get();
     return *this;
   }
   Weak& operator=(Type* object) {
-    objc_storeWeak(&location, detail::identifier(object));
+    objc_storeWeak(&location_, detail::identifier(object));
     return *this;
   }
-  ~Weak() { objc_destroyWeak(&location); }
+  ~Weak() { objc_destroyWeak(&location_); }
 
-  Ref<Type> lock() const { return adopt(static_cast<Type*>(static_cast<void*>(objc_loadWeakRetained(&location)))); }
+  Ref<Type> lock() const { return adopt(static_cast<Type*>(static_cast<void*>(objc_loadWeakRetained(&location_)))); }
 
  private:
-  mutable id location = nullptr;
+  mutable id location_ = nullptr;
 };
 
 }  // namespace objc

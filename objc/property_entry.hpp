@@ -1,4 +1,4 @@
-// Accessors of properties that a class keeps in its own state.
+// Accessors of properties that are members of the state struct of a class.
 #pragma once
 
 #include <span>
@@ -16,7 +16,8 @@ struct PropertyEntry {
 
 namespace detail {
 
-// How a member is handed out and taken in: values as they are, references as borrowed pointers that are retained.
+// The type that the accessors of a member pass. The accessors of a strong reference pass a borrowed pointer; the setter
+// retains it.
 template <class Member>
 struct Stored {
   using Value = Member;

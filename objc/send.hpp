@@ -1,41 +1,43 @@
-// Messages: the selector is a template argument, the types are the caller's.
+// Sends Objective-C messages from C++. The selector is a template argument. The caller states the type of the result;
+// the types of the arguments are those that the caller passes.
 #pragma once
 
 #include <type_traits>
 
+#include "objc/cached_pointer.hpp"
 #include "objc/encoding.hpp"
 #include "objc/fixed_string.hpp"
-#include "objc/machine.hpp"
-#include "objc/published.hpp"
+#include "objc/runtime.hpp"
 #if defined(BRIM_CHECK_ENCODINGS)
 #include "objc/encoding_check.hpp"
 #endif
 
 namespace objc {
 
-// Registered once for each name.
+// The selector with this name.
 template <FixedString name>
 SEL selector() {
-  static Published<SEL> registered;
-  return registered.valueOr([] { return sel_registerName(TextOf<name>::text); });
+  static CachedPointer<SEL> registered;
+  return registered.getOrFind([] { return sel_registerName(TextOf<name>::text); });
 }
 
-// The class of that name, looked up at first use and kept; null while there is none.
+// The class with this name, or null if the process has no such class. A class is looked up until it is found and then
+// cached.
 template <FixedString name>
 Class lookUpClass() {
-  static Published<Class> found;
-  return found.valueOr([] { return reinterpret_cast<Class>(objc_getClass(TextOf<name>::text)); });
+  static CachedPointer<Class> found;
+  return found.getOrFind([] { return reinterpret_cast<Class>(objc_getClass(TextOf<name>::text)); });
 }
 
 namespace detail {
 
-// GCC's runtime answers a BOOL as any non-zero byte; reading that as a C++ bool would be undefined.
+// With GCC's runtime, any non-zero byte is a true BOOL. Reading such a byte as a C++ bool would be undefined behavior.
 template <class Result>
-using WireResult = std::conditional_t<std::is_same_v<Result, bool>, unsigned char, Result>;
+using AbiResult = std::conditional_t<std::is_same_v<Result, bool>, unsigned char, Result>;
 
 template <class Result, class... Arguments>
 Result call(IMP implementation, id receiver, SEL selector, Arguments... arguments) {
-  const auto function = fromImplementation<WireResult<Result>(id, SEL, Arguments...)>(implementation);
+  const auto function = fromImplementation<AbiResult<Result>(id, SEL, Arguments...)>(implementation);
   if constexpr (std::is_void_v<Result>) {
     function(receiver, selector, arguments...);
   } else if constexpr (std::is_same_v<Result, bool>) {
@@ -49,8 +51,8 @@ inline id identifier(const void* object) { return static_cast<id>(const_cast<voi
 
 }  // namespace detail
 
-// A message to nil does nothing and gives a zero of its type. The result of a method that returns an object is
-// borrowed, as the platform's naming rules have it.
+// Sends a message. A message to nil does nothing and returns a zero of the result type. A returned object is borrowed
+// unless the platform's naming rules (alloc, copy, init, new) say that the caller owns it.
 template <class Result, FixedString name, class... Arguments>
 Result send(const void* receiver, Arguments... arguments) {
   static_assert(name.count(':') == sizeof...(Arguments), "one argument for each colon of the selector");
@@ -70,7 +72,7 @@ Result send(const void* receiver, Arguments... arguments) {
   }
 }
 
-// The same message as the superclass of the class named `className` understands it.
+// Sends the message to super, as a method of the class named `className` would. The receiver must not be nil.
 template <FixedString className, class Result, FixedString name, class... Arguments>
 Result sendSuper(const void* receiver, Arguments... arguments) {
   static_assert(name.count(':') == sizeof...(Arguments), "one argument for each colon of the selector");
@@ -80,7 +82,8 @@ Result sendSuper(const void* receiver, Arguments... arguments) {
                               arguments...);
 }
 
-// The base of every platform class: a pointer to one IS the object. Nothing is ever made or destroyed by value.
+// The base of all platform classes. A pointer to a platform class is the Objective-C object itself. Such objects are
+// never created or destroyed by value.
 class Object {
  public:
   Object() = delete;
@@ -97,12 +100,12 @@ class Interface : public Super {
  public:
   using Superclass = Super;
   static constexpr const char* className = TextOf<name>::text;
-  // Null where this process has no such class.
+  // Null if this process has no such class.
   static Class classObject() { return lookUpClass<name>(); }
 };
 
-// The object as a T when it is one (or of a subclass), else null. For values from outside, whose type nobody vouches
-// for.
+// Casts the object to Type if it is an instance of that class or of a subclass; returns null otherwise and for nil. Use
+// it for untrusted values, whose type is unknown.
 template <class Type>
 Type* as(const void* object) {
   if (object == nullptr || Type::classObject() == nullptr) return nullptr;

@@ -1,4 +1,4 @@
-// Sounds and vibrations of the platform's audio services.
+// System sounds and vibrations. Any thread.
 #pragma once
 
 #include <cstdint>

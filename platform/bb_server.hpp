@@ -1,4 +1,4 @@
-// The bulletin server: what publishes notifications to the home screen.
+// The bulletin server, which publishes notifications to the home screen, and its bulletins.
 #pragma once
 
 #include "objc/block.hpp"
@@ -6,7 +6,7 @@
 
 class BBAction : public objc::Interface<"BBAction", NSObject> {
  public:
-  // The block may be null.
+  // Returns an action that launches the application and then calls the block. The block can be null.
   static BBAction* launching(NSString* bundleIdentifier, objc::Block<void()>* block) {
     return objc::send<BBAction*, "actionWithLaunchBundleID:callblock:">(classObject(), bundleIdentifier, block);
   }
@@ -30,7 +30,7 @@ class BBBulletin : public objc::Interface<"BBBulletin", NSObject> {
 
 class BBServer : public objc::Interface<"BBServer", NSObject> {
  public:
-  // On the server's own queue.
+  // Call this on the server's own queue.
   void publish(BBBulletin* bulletin, NSUInteger destinations) {
     objc::send<void, "publishBulletin:destinations:">(this, bulletin, destinations);
   }

@@ -1,4 +1,5 @@
-// CALayer: what a view draws behind its content.
+// CALayer: the background and the corners that a view draws behind its content. Radii are in points. The color can be
+// null; the caller keeps its ownership.
 #pragma once
 
 #include "platform/ui_color.hpp"

@@ -1,4 +1,4 @@
-// Digests and random numbers of the platform's C libraries.
+// MD5 digests and random numbers from the platform's C libraries. Any thread.
 #pragma once
 
 #include <cstdint>
@@ -6,8 +6,8 @@
 inline constexpr int CC_MD5_DIGEST_LENGTH = 16;
 
 extern "C" {
-// Writes the digest to `digest`, which it returns.
+// Computes the MD5 digest of `length` bytes. `digest` has room for CC_MD5_DIGEST_LENGTH bytes; the function returns it.
 unsigned char* CC_MD5(const void* data, std::uint32_t length, unsigned char* digest);
-// Uniform in 0 to bound - 1.
+// A uniformly distributed random number from 0 to bound - 1.
 std::uint32_t arc4random_uniform(std::uint32_t bound);
 }

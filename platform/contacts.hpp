@@ -1,4 +1,5 @@
-// The address book: its store, its containers and its contacts.
+// The address book: its store, its containers and its contacts. Any thread. The calls that take an error argument pass
+// nil for it; they report a failure by their result.
 #pragma once
 
 #include "objc/block.hpp"
@@ -6,7 +7,7 @@
 #include "platform/ns_data.hpp"
 #include "platform/ns_string.hpp"
 
-// The names of a contact's properties, by which a request says what it wants.
+// The keys of the properties of a contact. A fetch request lists the keys of the properties to fetch.
 extern "C" {
 extern NSString* const CNContactEmailAddressesKey;
 extern NSString* const CNContactPhoneNumbersKey;
@@ -16,21 +17,21 @@ extern NSString* const CNContactImageDataKey;
 
 class NSPredicate : public objc::Interface<"NSPredicate", NSObject> {};
 
-// A value of which a contact may have several, such as an address at home and one at work.
+// One value of a property that can have several values, such as the e-mail addresses at home and at work.
 class CNLabeledValue : public objc::Interface<"CNLabeledValue", NSObject> {
  public:
-  // A string where it is an e-mail address.
+  // An NSString for an e-mail address.
   NSObject* value() const { return objc::send<NSObject*, "value">(this); }
 };
 
-// Reading a property that was not fetched raises an exception; `identifier` is always there.
+// A contact. Reading a property that was not fetched raises an exception. `identifier` is always available.
 class CNContact : public objc::Interface<"CNContact", NSObject> {
  public:
   NSString* identifier() const { return objc::send<NSString*, "identifier">(this); }
   NSString* givenName() const { return objc::send<NSString*, "givenName">(this); }
-  // Of CNLabeledValue, in the contact's order.
+  // CNLabeledValue objects, in the contact's order.
   NSArray* emailAddresses() const { return objc::send<NSArray*, "emailAddresses">(this); }
-  // The bytes of a picture file; nil without a picture.
+  // The bytes of an image file, or nil if the contact has no picture.
   NSData* imageData() const { return objc::send<NSData*, "imageData">(this); }
 };
 
@@ -51,15 +52,17 @@ class CNContactFetchRequest : public objc::Interface<"CNContactFetchRequest", NS
 
 class CNContactStore : public objc::Interface<"CNContactStore", NSObject> {
  public:
-  // Sets `stop` to end the enumeration after this contact.
+  // Called for each contact. Set `*stop` to true to end the enumeration after this contact.
   using Visitor = void(CNContact* contact, bool* stop);
 
-  // nil where the address book cannot be read.
+  // nil if the address book cannot be read.
   NSString* defaultContainerIdentifier() const { return objc::send<NSString*, "defaultContainerIdentifier">(this); }
+  // CNContainer objects; nil if the address book cannot be read.
   NSArray* containersMatching(NSPredicate* predicate) const {
     return objc::send<NSArray*, "containersMatchingPredicate:error:">(this, predicate, error());
   }
-  // Calls the visitor for every contact before it returns. False where the address book cannot be read.
+  // Calls the visitor for each contact and returns after the last call. Returns false if the address book cannot be
+  // read.
   bool enumerateContacts(CNContactFetchRequest* request, objc::Block<Visitor>* visitor) const {
     return objc::send<bool, "enumerateContactsWithFetchRequest:error:usingBlock:">(this, request, error(), visitor);
   }

@@ -1,4 +1,4 @@
-// Geometry as the platform lays it out in memory: points, origin at the top left, 64-bit floating point.
+// Geometric values with the platform's memory layout. Lengths are in points; the origin is at the top left.
 #pragma once
 
 #include <cstdint>

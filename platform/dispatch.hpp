@@ -1,4 +1,5 @@
-// Dispatch queues: work for the main thread, now or later.
+// Dispatch queues. Any thread can submit work to a queue. dispatch_async and dispatch_after copy the block and release
+// the copy after it has run.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +8,7 @@
 
 struct dispatch_queue_s;
 using dispatch_queue_t = dispatch_queue_s*;
-// Nanoseconds of the dispatch clock.
+// A time point of the dispatch clock, in nanoseconds; 0 is the current time.
 using dispatch_time_t = std::uint64_t;
 
 extern "C" {
@@ -16,16 +17,17 @@ dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds);
 void dispatch_async(dispatch_queue_t queue, objc::Block<void()>* work);
 void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, objc::Block<void()>* work);
 void dispatch_retain(dispatch_queue_t queue);
+// Returns after the work has run. Deadlocks if the caller already runs on the queue.
 void dispatch_sync(dispatch_queue_t queue, objc::Block<void()>* work);
 }
 
-// Runs the work in a later turn of the main thread's run loop.
+// Runs the work on the main thread, in a later iteration of its run loop.
 template <class Work>
 void onMainQueue(const Work& work) {
   dispatch_async(&_dispatch_main_q, objc::block(work));
 }
 
-// The same, not before that many nanoseconds have passed.
+// Runs the work on the main thread after at least that many nanoseconds.
 template <class Work>
 void onMainQueueAfter(std::int64_t nanoseconds, const Work& work) {
   dispatch_after(dispatch_time(0, nanoseconds), &_dispatch_main_q, objc::block(work));

@@ -1,10 +1,10 @@
-// Symbols of the running program.
+// Looking up symbols of the running process.
 #pragma once
 
 #include <dlfcn.h>
 
-// Opening the running program itself for looking symbols up. The phone's linker binds lazily unless told otherwise,
-// Linux's refuses to be left without a choice.
+// The mode to pass to dlopen together with a null path, in order to look up symbols of the running process. Linux
+// requires a binding mode; the phone has a default.
 #if defined(__APPLE__)
 inline constexpr int globalSymbols = RTLD_GLOBAL;
 #else

@@ -1,4 +1,5 @@
-// HBPreferences: typed settings of one preferences domain, bound to variables and kept up to date.
+// HBPreferences: binds the settings of a preferences domain to variables and updates the variables when the settings
+// change. Main thread only.
 #pragma once
 
 #include "platform/ns_string.hpp"
@@ -8,8 +9,8 @@ class HBPreferences : public objc::Interface<"HBPreferences", NSObject> {
   static objc::Ref<HBPreferences> withIdentifier(NSString* domain) {
     return objc::adopt(objc::send<HBPreferences*, "initWithIdentifier:">(objc::allocate<HBPreferences>(), domain));
   }
-  // From now on `variable` holds the stored value, or the default while none of a fitting type is stored. The variable
-  // must outlive the preferences object.
+  // Sets `variable` to the stored value now and after each change. If there is no stored value, or one of another type,
+  // sets the default. The variable must outlive the preferences object.
   void registerBool(bool* variable, bool defaultValue, NSString* key) {
     objc::send<void, "registerBool:default:forKey:">(this, variable, defaultValue, key);
   }

@@ -1,4 +1,4 @@
-// The Messages app's conversations and the chats behind them.
+// Classes of the Messages app: conversations, chats and messages. Main thread only.
 #pragma once
 
 #include "platform/ns_array.hpp"
@@ -20,7 +20,7 @@ class CKConversationList : public objc::Interface<"CKConversationList", NSObject
   static CKConversationList* sharedConversationList() {
     return objc::send<CKConversationList*, "sharedConversationList">(classObject());
   }
-  // Of CKConversation, in the order of the list.
+  // CKConversation objects, in the order of the list.
   NSArray* conversations() const { return objc::send<NSArray*, "conversations">(this); }
 };
 

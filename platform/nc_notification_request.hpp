@@ -1,4 +1,4 @@
-// NCNotificationRequest: one notification, with its actions and options.
+// NCNotificationRequest: a notification that the home screen presents, with its actions and options. Main thread only.
 #pragma once
 
 #include "platform/ns_dictionary.hpp"
@@ -15,7 +15,7 @@ class NCNotificationOptions : public objc::Interface<"NCNotificationOptions", NS
   bool dismissAutomatically() const { return objc::send<bool, "dismissAutomatically">(this); }
 };
 
-// Every object may be nil.
+// Each of the returned objects can be nil.
 class NCNotificationRequest : public objc::Interface<"NCNotificationRequest", NSObject> {
  public:
   NSString* sectionIdentifier() const { return objc::send<NSString*, "sectionIdentifier">(this); }
@@ -23,7 +23,7 @@ class NCNotificationRequest : public objc::Interface<"NCNotificationRequest", NS
   NCNotificationAction* clearAction() const { return objc::send<NCNotificationAction*, "clearAction">(this); }
   NCNotificationAction* silenceAction() const { return objc::send<NCNotificationAction*, "silenceAction">(this); }
   NCNotificationAction* closeAction() const { return objc::send<NCNotificationAction*, "closeAction">(this); }
-  // Arrays of NCNotificationAction by key.
+  // The values are arrays of NCNotificationAction objects.
   NSDictionary* supplementaryActions() const { return objc::send<NSDictionary*, "supplementaryActions">(this); }
   NCNotificationOptions* options() const { return objc::send<NCNotificationOptions*, "options">(this); }
   UNNotification* userNotification() const { return objc::send<UNNotification*, "userNotification">(this); }

@@ -1,4 +1,5 @@
-// The view controllers of a notification: the base class, the short look that banners are, and the container.
+// The view controllers of a notification: the base class, the short look, which is the banner, and the container. Main
+// thread only.
 #pragma once
 
 #include "platform/nc_notification_request.hpp"
@@ -6,7 +7,7 @@
 
 class NCNotificationViewController : public objc::Interface<"NCNotificationViewController", UIViewController> {
  public:
-  // nil while the controller shows nothing.
+  // nil while the controller presents no notification.
   NCNotificationRequest* notificationRequest() const {
     return objc::send<NCNotificationRequest*, "notificationRequest">(this);
   }
@@ -26,7 +27,7 @@ class NCNotificationShortLookViewController
 class NCNotificationContentContainerViewController
     : public objc::Interface<"NCNotificationContentContainerViewController", UIViewController> {
  public:
-  // nil where the request cannot be shown.
+  // A null reference if the request cannot be presented.
   static objc::Ref<NCNotificationContentContainerViewController> withRequest(NCNotificationRequest* request) {
     return objc::adopt(objc::send<NCNotificationContentContainerViewController*, "initWithNotificationRequest:">(
         objc::allocate<NCNotificationContentContainerViewController>(), request));

@@ -1,4 +1,4 @@
-// NSArray and NSMutableArray: ordered objects, never nil.
+// NSArray and NSMutableArray: ordered collections of objects, which are never nil. An array retains its elements.
 #pragma once
 
 #include "platform/ns_object.hpp"
@@ -6,9 +6,9 @@
 class NSArray : public objc::Interface<"NSArray", NSObject> {
  public:
   NSUInteger count() const { return objc::send<NSUInteger, "count">(this); }
-  // Raises a range exception past the end.
+  // Raises a range exception if the index is not less than the count.
   NSObject* objectAtIndex(NSUInteger index) const { return objc::send<NSObject*, "objectAtIndex:">(this, index); }
-  // nil when empty.
+  // nil if the array is empty.
   NSObject* firstObject() const { return count() == 0 ? nullptr : objectAtIndex(0); }
   objc::Ref<NSArray> copied() const { return objc::adopt(objc::send<NSArray*, "copy">(this)); }
 };
@@ -16,5 +16,6 @@ class NSArray : public objc::Interface<"NSArray", NSObject> {
 class NSMutableArray : public objc::Interface<"NSMutableArray", NSArray> {
  public:
   static NSMutableArray* array() { return objc::send<NSMutableArray*, "array">(classObject()); }
+  // Raises an exception for nil.
   void addObject(const NSObject* object) { objc::send<void, "addObject:">(this, const_cast<NSObject*>(object)); }
 };

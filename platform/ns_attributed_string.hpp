@@ -1,4 +1,5 @@
-// NSAttributedString: text with fonts and colors by range.
+// NSAttributedString and NSMutableAttributedString: text whose ranges have attributes, such as fonts. Ranges are in
+// UTF-16 code units.
 #pragma once
 
 #include "platform/ns_string.hpp"
@@ -17,10 +18,11 @@ class NSMutableAttributedString : public objc::Interface<"NSMutableAttributedStr
     return objc::adopt(
         objc::send<NSMutableAttributedString*, "initWithString:">(objc::allocate<NSMutableAttributedString>(), text));
   }
+  // Raises a range exception if the range is not inside the text.
   void addAttribute(NSString* name, NSObject* value, NSRange range) {
     objc::send<void, "addAttribute:value:range:">(this, name, value, range);
   }
 };
 
-// The name under which an attributed string carries a UIFont.
+// The name of the attribute whose value is a UIFont.
 inline NSString* fontAttributeName() { return "NSFont"_ns; }

@@ -1,19 +1,20 @@
-// NSBundle: localized strings and resources in a folder.
+// NSBundle: a folder with localized strings and resources.
 #pragma once
 
 #include "platform/ns_string.hpp"
 
 class NSBundle : public objc::Interface<"NSBundle", NSObject> {
  public:
-  // nil where there is no folder at the path.
+  // nil if there is no folder at the path.
   static NSBundle* bundleWithPath(NSString* path) {
     return objc::send<NSBundle*, "bundleWithPath:">(classObject(), path);
   }
+  // Returns `fallback` if the bundle has no string for the key.
   NSString* localizedString(NSString* key, NSString* fallback) const {
     return objc::send<NSString*, "localizedStringForKey:value:table:">(this, key, fallback,
                                                                        static_cast<NSString*>(nullptr));
   }
-  // nil where there is no such resource, or no name.
+  // nil if there is no such resource or the name is nil.
   NSString* pathForResource(NSString* name, NSString* type) const {
     return objc::send<NSString*, "pathForResource:ofType:">(this, name, type);
   }

@@ -1,22 +1,24 @@
-// NSData and NSMutableData: bytes.
+// NSData and NSMutableData: byte buffers.
 #pragma once
 
 #include "platform/ns_string.hpp"
 
 class NSData : public objc::Interface<"NSData", NSObject> {
  public:
+  // Copies the bytes.
   static NSData* dataWithBytes(const void* bytes, NSUInteger length) {
     return objc::send<NSData*, "dataWithBytes:length:">(classObject(), bytes, length);
   }
+  // Valid as long as the object.
   const void* bytes() const { return objc::send<const void*, "bytes">(this); }
   NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
-  // The MD5 digest as 32 lower-case hexadecimal digits.
+  // The MD5 digest, as 32 lower-case hexadecimal digits.
   NSString* md5() const { return objc::send<NSString*, "ic_md5">(this); }
 };
 
 class NSMutableData : public objc::Interface<"NSMutableData", NSData> {
  public:
-  // Of zeroes.
+  // The bytes are zero.
   static NSMutableData* dataWithLength(NSUInteger length) {
     return objc::send<NSMutableData*, "dataWithLength:">(classObject(), length);
   }

@@ -1,4 +1,5 @@
-// NSDictionary and NSMutableDictionary: objects by key.
+// NSDictionary and NSMutableDictionary: maps from keys to objects. A dictionary copies its keys and retains its
+// objects.
 #pragma once
 
 #include "platform/ns_array.hpp"
@@ -7,12 +8,14 @@ class NSDictionary : public objc::Interface<"NSDictionary", NSObject> {
  public:
   static NSDictionary* dictionary() { return objc::send<NSDictionary*, "dictionary">(classObject()); }
   NSUInteger count() const { return objc::send<NSUInteger, "count">(this); }
+  // nil if the dictionary has no such key.
   NSObject* objectForKey(const NSObject* key) const {
     return objc::send<NSObject*, "objectForKey:">(this, const_cast<NSObject*>(key));
   }
-  // In the dictionary's own enumeration order.
+  // In unspecified order.
   NSArray* allKeys() const { return objc::send<NSArray*, "allKeys">(this); }
-  // Where the dictionary holds the attributes of a file: such as "NSFileTypeRegular".
+  // The type of a file, such as "NSFileTypeRegular". Only for dictionaries of file attributes
+  // (NSFileManager::attributes).
   NSString* fileType() const { return objc::send<NSString*, "fileType">(this); }
 };
 
@@ -21,6 +24,7 @@ class NSMutableDictionary : public objc::Interface<"NSMutableDictionary", NSDict
   static NSMutableDictionary* dictionaryWithCapacity(NSUInteger capacity) {
     return objc::send<NSMutableDictionary*, "dictionaryWithCapacity:">(classObject(), capacity);
   }
+  // Raises an exception if the value or the key is nil.
   void setObject(const NSObject* value, const NSObject* key) {
     objc::send<void, "setObject:forKey:">(this, const_cast<NSObject*>(value), const_cast<NSObject*>(key));
   }

@@ -1,4 +1,5 @@
-// NSDistributedNotificationCenter: broadcasts between processes.
+// NSDistributedNotificationCenter: notifications between processes. Observers are called on the main thread of their
+// process. The values of userInfo must be property-list objects.
 #pragma once
 
 #include "platform/ns_notification_center.hpp"

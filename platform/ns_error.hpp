@@ -1,4 +1,4 @@
-// NSError: why something did not succeed. Only its presence matters here.
+// NSError: the reason of a failure. The library only distinguishes between nil and an error.
 #pragma once
 
 #include "platform/ns_object.hpp"

@@ -1,14 +1,15 @@
-// NSFileHandle: parts of a file.
+// NSFileHandle: sequential reading of a file.
 #pragma once
 
 #include "platform/ns_data.hpp"
 
 class NSFileHandle : public objc::Interface<"NSFileHandle", NSObject> {
  public:
-  // nil where the file cannot be opened. A pipe makes the caller wait for its other end.
+  // nil if the file cannot be opened. Opening a pipe blocks until another process opens the other end.
   static NSFileHandle* forReading(NSString* path) {
     return objc::send<NSFileHandle*, "fileHandleForReadingAtPath:">(classObject(), path);
   }
-  // From where the last one ended, shorter at the end of the file. Raises an exception for what is no file.
+  // Reads up to `length` bytes from the current position; returns fewer at the end of the file. Raises an exception if
+  // reading fails, for example because the path is that of a folder.
   NSData* readData(NSUInteger length) { return objc::send<NSData*, "readDataOfLength:">(this, length); }
 };

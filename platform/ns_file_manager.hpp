@@ -1,4 +1,5 @@
-// NSFileManager: folders and what lies in them.
+// NSFileManager: contents of folders and attributes of files. Any thread. The calls that take an error argument pass
+// nil for it; they report a failure by their result.
 #pragma once
 
 #include "platform/ns_dictionary.hpp"
@@ -6,22 +7,22 @@
 
 class NSDirectoryEnumerator : public objc::Interface<"NSDirectoryEnumerator", NSObject> {
  public:
-  // The path of the next entry below the folder, relative to it; nil at the end.
+  // The path of the next entry, relative to the folder; nil after the last entry.
   NSString* nextObject() { return objc::send<NSString*, "nextObject">(this); }
 };
 
 class NSFileManager : public objc::Interface<"NSFileManager", NSObject> {
  public:
   static NSFileManager* defaultManager() { return objc::send<NSFileManager*, "defaultManager">(classObject()); }
-  // Names alone, in the file system's order; nil where the folder cannot be read.
+  // The file names of the entries, in the order of the file system; nil if the folder cannot be read.
   NSArray* contentsOfDirectory(NSString* path) const {
     return objc::send<NSArray*, "contentsOfDirectoryAtPath:error:">(this, path, error());
   }
-  // Everything below the folder, links not followed; nil or empty where it cannot be read.
+  // Enumerates the folder recursively and does not follow symbolic links. nil or empty if the folder cannot be read.
   NSDirectoryEnumerator* enumerator(NSString* path) const {
     return objc::send<NSDirectoryEnumerator*, "enumeratorAtPath:">(this, path);
   }
-  // Of the file itself or of the link; nil where there is none.
+  // The attributes of the file; those of the link itself for a symbolic link. nil if there is no file at the path.
   NSDictionary* attributes(NSString* path) const {
     return objc::send<NSDictionary*, "attributesOfItemAtPath:error:">(this, path, error());
   }

@@ -1,4 +1,4 @@
-// NSURLResponse and NSHTTPURLResponse: what a server said beside the body.
+// NSURLResponse and NSHTTPURLResponse: a server's response without its body.
 #pragma once
 
 #include "platform/ns_object.hpp"

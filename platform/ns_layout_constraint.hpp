@@ -1,4 +1,4 @@
-// NSLayoutConstraint and the anchors that make them.
+// NSLayoutConstraint and the layout anchors that create constraints. Lengths are in points. Main thread only.
 #pragma once
 
 #include "platform/core_graphics.hpp"
@@ -10,14 +10,14 @@ class NSLayoutConstraint : public objc::Interface<"NSLayoutConstraint", NSObject
   void setConstant(CGFloat constant) { objc::send<void, "setConstant:">(this, constant); }
   bool isActive() const { return objc::send<bool, "isActive">(this); }
   void setActive(bool active) { objc::send<void, "setActive:">(this, active); }
-  // The constraint, active from now on.
+  // Activates the constraint and returns it.
   NSLayoutConstraint* activated() {
     setActive(true);
     return this;
   }
 };
 
-// The constraints an anchor makes are not active yet.
+// A layout anchor: an edge, a center or a length of a view. The constraints that it creates are inactive.
 class NSLayoutAnchor : public objc::Interface<"NSLayoutAnchor", NSObject> {
  public:
   NSLayoutConstraint* equalTo(NSLayoutAnchor* other, CGFloat constant = 0) const {

@@ -1,4 +1,5 @@
-// NSNotificationCenter: broadcasts within the process, delivered before the post returns.
+// NSNotificationCenter: notifications within the process. Posting a notification calls its observers on the same thread
+// before it returns.
 #pragma once
 
 #include "platform/ns_dictionary.hpp"
@@ -7,6 +8,7 @@
 class NSNotification : public objc::Interface<"NSNotification", NSObject> {
  public:
   NSString* name() const { return objc::send<NSString*, "name">(this); }
+  // nil if the notification was posted without one.
   NSDictionary* userInfo() const { return objc::send<NSDictionary*, "userInfo">(this); }
 };
 
@@ -15,7 +17,7 @@ class NSNotificationCenter : public objc::Interface<"NSNotificationCenter", NSOb
   static NSNotificationCenter* defaultCenter() {
     return objc::send<NSNotificationCenter*, "defaultCenter">(classObject());
   }
-  // Does not keep the observer.
+  // Does not retain the observer.
   void addObserver(NSObject* observer, SEL selector, NSString* name) {
     objc::send<void, "addObserver:selector:name:object:">(this, observer, selector, name, noObject());
   }

@@ -1,4 +1,4 @@
-// NSNumber: boxed numbers.
+// NSNumber: numbers and Booleans as objects.
 #pragma once
 
 #include "platform/ns_object.hpp"

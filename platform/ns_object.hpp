@@ -1,4 +1,10 @@
-// NSObject: the root class, and the integer types of the platform.
+// NSObject: the root class, and the platform's integer types.
+//
+// Conventions of all headers of this folder: A member function sends one message to its object. Arguments are borrowed.
+// A returned pointer is borrowed and autoreleased, a returned objc::Ref is owned. A call on nil does nothing and
+// returns nil, zero or false. Properties, completion blocks and userInfo dictionaries can be nil; other arguments must
+// not be nil unless a comment permits it. Values can be used on any thread; views, controls, recognizers and
+// controllers on the main thread only. Lengths are in points, durations in seconds.
 #pragma once
 
 #include "objc/ownership.hpp"
@@ -15,10 +21,11 @@ class NSObject : public objc::Interface<"NSObject", objc::Object> {
   bool respondsToSelector(SEL selector) const { return objc::send<bool, "respondsToSelector:">(this, selector); }
   bool isEqual(const NSObject* other) const { return objc::send<bool, "isEqual:">(this, const_cast<NSObject*>(other)); }
   NSString* description() const { return objc::send<NSString*, "description">(this); }
+  // Key-value coding: the value of the property with this name. Raises an exception if there is no such property.
   NSObject* valueForKey(NSString* key) const { return objc::send<NSObject*, "valueForKey:">(this, key); }
 };
 
-// Whether the object, nil included, answers a message of that name.
+// Whether the object responds to the selector with this name. False for nil.
 template <objc::FixedString name>
 bool answers(const NSObject* object) {
   return object != nullptr && object->respondsToSelector(objc::selector<name>());

@@ -1,10 +1,10 @@
-// NSOperationQueue: where completions run.
+// NSOperationQueue: a queue that runs completion blocks.
 #pragma once
 
 #include "platform/ns_object.hpp"
 
 class NSOperationQueue : public objc::Interface<"NSOperationQueue", NSObject> {
  public:
-  // That of the main thread.
+  // The queue that runs its blocks on the main thread.
   static NSOperationQueue* mainQueue() { return objc::send<NSOperationQueue*, "mainQueue">(classObject()); }
 };

@@ -1,4 +1,4 @@
-// NSProcessInfo: the process itself.
+// NSProcessInfo: information about the current process.
 #pragma once
 
 #include "platform/ns_string.hpp"
@@ -6,6 +6,6 @@
 class NSProcessInfo : public objc::Interface<"NSProcessInfo", NSObject> {
  public:
   static NSProcessInfo* processInfo() { return objc::send<NSProcessInfo*, "processInfo">(classObject()); }
-  // Another one at every call, on any machine.
+  // A new identifier for each call, unique across processes and devices.
   NSString* globallyUniqueString() const { return objc::send<NSString*, "globallyUniqueString">(this); }
 };

@@ -1,4 +1,5 @@
-// NSString and NSMutableString: immutable and growing text, UTF-16 inside.
+// NSString and NSMutableString: immutable and mutable text. Lengths, indexes and ranges are in UTF-16 code units; an
+// index or range outside the text raises an exception.
 #pragma once
 
 #include "platform/ns_object.hpp"
@@ -13,7 +14,7 @@ struct NSRange {
 template <>
 struct objc::TypeEncoding<NSRange> : objc::EncodingText<"{_NSRange=QQ}"> {};
 
-// What a search gives where nothing was found.
+// The location of a range that was not found.
 inline constexpr NSUInteger NSNotFound = 0x7fffffffffffffff;
 
 enum class NSStringEncoding : NSUInteger { UTF8 = 4, Latin1 = 5, Unicode = 10 };
@@ -22,21 +23,22 @@ enum class NSComparisonResult : NSInteger { Ascending = -1, Same = 0, Descending
 
 class NSString : public objc::Interface<"NSString", NSObject> {
  public:
-  // nil where the bytes are not UTF-8.
+  // nil if the bytes are not valid UTF-8.
   static NSString* stringWithUTF8String(const char* text) {
     return objc::send<NSString*, "stringWithUTF8String:">(classObject(), text);
   }
   static NSString* string() { return objc::send<NSString*, "string">(classObject()); }
-  // nil where the data does not decode.
+  // A null reference if the data is not valid in the encoding.
   static objc::Ref<NSString> decoded(NSData* data, NSStringEncoding encoding) {
     return objc::adopt(objc::send<NSString*, "initWithData:encoding:">(objc::allocate<NSString>(), data, encoding));
   }
 
   NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
+  // Valid as long as the string or the current autorelease pool, whichever ends first.
   const char* UTF8String() const { return objc::send<const char*, "UTF8String">(this); }
-  // As the system's C functions want a path. Empty where there is no way to write it.
+  // The path as the system's C functions expect it. Empty if the path cannot be represented.
   const char* fileSystemRepresentation() const { return objc::send<const char*, "fileSystemRepresentation">(this); }
-  // The same path without links; unchanged where it leads nowhere.
+  // The path with its symbolic links resolved; unchanged if there is no file at the path.
   NSString* stringByResolvingSymlinksInPath() const {
     return objc::send<NSString*, "stringByResolvingSymlinksInPath">(this);
   }
@@ -54,7 +56,7 @@ class NSString : public objc::Interface<"NSString", NSObject> {
   NSString* stringByReplacingCharactersInRange(NSRange range, NSString* replacement) const {
     return objc::send<NSString*, "stringByReplacingCharactersInRange:withString:">(this, range, replacement);
   }
-  // The pieces between the separators, as many as there are separators and one more; of NSString.
+  // The NSString objects between the separators: one more than there are separators.
   NSArray* componentsSeparatedByString(NSString* separator) const {
     return objc::send<NSArray*, "componentsSeparatedByString:">(this, separator);
   }
@@ -81,9 +83,9 @@ class NSMutableString : public objc::Interface<"NSMutableString", NSString> {
   void appendString(NSString* other) { objc::send<void, "appendString:">(this, other); }
 };
 
-// A constant string of the program, made at first use and kept.
+// A string constant. It is created at first use and never deallocated.
 template <objc::FixedString text>
 NSString* operator""_ns() {
-  static objc::Published<NSString*> made;
-  return made.valueOr([] { return objc::retain(NSString::stringWithUTF8String(objc::TextOf<text>::text)).leak(); });
+  static objc::CachedPointer<NSString*> cached;
+  return cached.getOrFind([] { return objc::retain(NSString::stringWithUTF8String(objc::TextOf<text>::text)).leak(); });
 }

@@ -1,20 +1,20 @@
-// NSURL and NSURLRequest: addresses, and asking for what is there.
+// NSURL and NSURLRequest: URLs and requests to load them.
 #pragma once
 
 #include "platform/ns_string.hpp"
 
 class NSURL : public objc::Interface<"NSURL", NSObject> {
  public:
-  // nil where the text is no address. The text must not be nil.
+  // nil if the text is not a valid URL. The text must not be nil.
   static NSURL* withString(NSString* text) { return objc::send<NSURL*, "URLWithString:">(classObject(), text); }
-  // As written in the address; nil for a relative one.
+  // The scheme as written in the URL; nil for a relative URL.
   NSString* scheme() const { return objc::send<NSString*, "scheme">(this); }
-  // nil where the address names none.
+  // nil if the URL has no host.
   NSString* host() const { return objc::send<NSString*, "host">(this); }
 };
 
 class NSURLRequest : public objc::Interface<"NSURLRequest", NSObject> {
  public:
-  // A GET request with the platform's time-out and caching.
+  // A GET request with the platform's default timeout and cache policy.
   static NSURLRequest* withURL(NSURL* url) { return objc::send<NSURLRequest*, "requestWithURL:">(classObject(), url); }
 };

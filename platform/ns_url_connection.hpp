@@ -1,4 +1,4 @@
-// NSURLConnection: one request, answered on a queue of the caller's choice.
+// NSURLConnection: loads a URL and calls a completion block on a queue that the caller chooses. Any thread.
 #pragma once
 
 #include "objc/block.hpp"
@@ -10,10 +10,11 @@
 
 class NSURLConnection : public objc::Interface<"NSURLConnection", NSObject> {
  public:
-  // Called once. Where there is an error, response and data may be nil; a status such as 404 is no error.
+  // Called once. If there is an error, response and data can be nil. An HTTP status such as 404 is not an error.
   using Completion = void(NSURLResponse* response, NSData* data, NSError* error);
 
-  // Returns at once; redirections are followed. The completion is copied and let go once it has run on the queue.
+  // Starts the request and returns immediately. Follows redirects. Copies the completion block and releases it after it
+  // has run on the queue.
   static void sendAsynchronousRequest(NSURLRequest* request, NSOperationQueue* queue,
                                       objc::Block<Completion>* completion) {
     objc::send<void, "sendAsynchronousRequest:queue:completionHandler:">(classObject(), request, queue, completion);

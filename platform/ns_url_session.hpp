@@ -1,4 +1,4 @@
-// NSURLSession and its data tasks: requests whose whole body is given to a completion.
+// NSURLSession and its data tasks: load a URL and pass the complete body to a completion block. Any thread.
 #pragma once
 
 #include "objc/block.hpp"
@@ -9,18 +9,18 @@
 
 class NSURLSessionDataTask : public objc::Interface<"NSURLSessionDataTask", NSObject> {
  public:
-  // Tasks are made suspended: nothing is sent before this.
+  // Starts the request. A new task is suspended and sends nothing.
   void resume() { objc::send<void, "resume">(this); }
 };
 
 class NSURLSession : public objc::Interface<"NSURLSession", NSObject> {
  public:
-  // Called once, on a background queue of the session. Where there is an error, data and response may be nil; a status
-  // such as 404 is no error.
+  // Called once, on a background queue of the session. If there is an error, data and response can be nil. An HTTP
+  // status such as 404 is not an error.
   using Completion = void(NSData* data, NSURLResponse* response, NSError* error);
 
   static NSURLSession* sharedSession() { return objc::send<NSURLSession*, "sharedSession">(classObject()); }
-  // The session keeps the task, and the task a copy of the completion, until the completion has run.
+  // The session retains the task, and the task retains a copy of the completion block, until the block has run.
   NSURLSessionDataTask* dataTask(NSURLRequest* request, objc::Block<Completion>* completion) {
     return objc::send<NSURLSessionDataTask*, "dataTaskWithRequest:completionHandler:">(this, request, completion);
   }

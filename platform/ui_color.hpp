@@ -1,4 +1,4 @@
-// UIColor: a color, red, green, blue and alpha from 0 to 1.
+// UIColor: an immutable color. Red, green, blue and alpha are from 0 to 1.
 #pragma once
 
 #include "platform/core_graphics.hpp"
@@ -16,9 +16,9 @@ class UIColor : public objc::Interface<"UIColor", NSObject> {
   }
   static UIColor* redColor() { return objc::send<UIColor*, "redColor">(classObject()); }
   static UIColor* clearColor() { return objc::send<UIColor*, "clearColor">(classObject()); }
-  // Lives as long as the color.
+  // Valid as long as the color.
   CGColorRef CGColor() const { return objc::send<CGColorRef, "CGColor">(this); }
-  // Each of the four may be null.
+  // Writes the components to the pointers that are not null.
   bool getRed(CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) const {
     return objc::send<bool, "getRed:green:blue:alpha:">(this, red, green, blue, alpha);
   }

@@ -1,4 +1,4 @@
-// UIControl: a view that tells its targets what is done to it.
+// UIControl: a view that sends action messages to its targets when the user operates it.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -14,7 +14,7 @@ enum class UIControlContentVerticalAlignment : NSInteger { Center = 0 };
 
 class UIControl : public objc::Interface<"UIControl", UIView> {
  public:
-  // The target is not kept.
+  // Does not retain the target. If the target is nil, the control sends the action up the responder chain.
   void addTarget(NSObject* target, SEL action, UIControlEvents events) {
     objc::send<void, "addTarget:action:forControlEvents:">(this, target, action, events);
   }

@@ -1,4 +1,4 @@
-// UIDevice and UIScreen: what the process runs on.
+// UIDevice and UIScreen: the device and its screen. Main thread only.
 #pragma once
 
 #include "platform/ns_string.hpp"
@@ -16,7 +16,7 @@ class UIScreen : public objc::Interface<"UIScreen", NSObject> {
   UITraitCollection* traitCollection() const { return objc::send<UITraitCollection*, "traitCollection">(this); }
 };
 
-// Versions compare by their numbers: 9.3 comes before 12.0.
+// Whether the system is older than the version. The parts of a version are compared as numbers: 9.3 is below 12.0.
 inline bool systemVersionIsBelow(NSString* version) {
   return UIDevice::currentDevice()->systemVersion()->compare(version, NSStringCompareOptions::Numeric) ==
          NSComparisonResult::Ascending;

@@ -1,4 +1,4 @@
-// UIGestureRecognizer and the two kinds that a banner uses.
+// UIGestureRecognizer and its subclasses for taps and drags.
 #pragma once
 
 #include "platform/core_graphics.hpp"
@@ -8,10 +8,11 @@ class UIView;
 
 enum class UIGestureRecognizerState : NSInteger { Possible, Began, Changed, Ended, Cancelled, Failed };
 
-// The target is not kept.
+// The base class. A recognizer sends an action message to its target, which it does not retain.
 class UIGestureRecognizer : public objc::Interface<"UIGestureRecognizer", NSObject> {
  public:
   UIGestureRecognizerState state() const { return objc::send<UIGestureRecognizerState, "state">(this); }
+  // nil if the recognizer is not attached to a view.
   UIView* view() const { return objc::send<UIView*, "view">(this); }
 };
 
@@ -29,6 +30,6 @@ class UIPanGestureRecognizer : public objc::Interface<"UIPanGestureRecognizer", 
     return objc::adopt(objc::send<UIPanGestureRecognizer*, "initWithTarget:action:">(
         objc::allocate<UIPanGestureRecognizer>(), target, action));
   }
-  // How far the finger has come, in points of the view's coordinates.
+  // How far the touch has moved since it began, in points, in the coordinates of the view.
   CGPoint translationInView(UIView* view) const { return objc::send<CGPoint, "translationInView:">(this, view); }
 };

@@ -1,4 +1,4 @@
-// UIImageView: a picture in a rectangle.
+// UIImageView: a view that shows an image, or nothing if the image is nil.
 #pragma once
 
 #include "platform/ui_image.hpp"

@@ -1,4 +1,4 @@
-// UILabel: text that wraps, truncates and measures itself.
+// UILabel: a view that shows text. It wraps and truncates the text and computes its own size. The text can be nil.
 #pragma once
 
 #include "platform/ns_attributed_string.hpp"
@@ -17,8 +17,8 @@ class UILabel : public objc::Interface<"UILabel", UIView> {
   UIColor* textColor() const { return objc::send<UIColor*, "textColor">(this); }
   void setTextColor(UIColor* color) { objc::send<void, "setTextColor:">(this, color); }
   void setTextAlignment(NSTextAlignment alignment) { objc::send<void, "setTextAlignment:">(this, alignment); }
-  // 0 stands for as many as the text needs.
+  // The maximum number of lines; 0 means no limit.
   void setNumberOfLines(NSInteger lines) { objc::send<void, "setNumberOfLines:">(this, lines); }
-  // The lines the text takes at the label's width, within its limit; 0 for no text.
+  // The number of lines of the text at the label's width, at most the maximum number of lines; 0 if there is no text.
   NSUInteger measuredNumberOfLines() const { return objc::send<NSUInteger, "_measuredNumberOfLines">(this); }
 };

@@ -1,4 +1,4 @@
-// UINotificationFeedbackGenerator: the haptic that tells how something ended.
+// UINotificationFeedbackGenerator: haptic feedback that reports the outcome of an action. Main thread only.
 #pragma once
 
 #include "platform/ns_object.hpp"

@@ -1,4 +1,4 @@
-// UIPress and its event: a physical button going down or up.
+// UIPress and UIPressesEvent: a physical button that is pressed or released. Main thread only.
 #pragma once
 
 #include "platform/core_graphics.hpp"

@@ -1,11 +1,13 @@
-// UIResponder: a link of the chain that events travel.
+// UIResponder: an element of the responder chain, which passes on events that its elements do not handle.
 #pragma once
 
 #include "platform/ns_object.hpp"
 
 class UIResponder : public objc::Interface<"UIResponder", NSObject> {
  public:
+  // nil at the end of the chain.
   UIResponder* nextResponder() const { return objc::send<UIResponder*, "nextResponder">(this); }
+  // Both return false if the change was refused.
   bool becomeFirstResponder() { return objc::send<bool, "becomeFirstResponder">(this); }
   bool resignFirstResponder() { return objc::send<bool, "resignFirstResponder">(this); }
   bool isFirstResponder() const { return objc::send<bool, "isFirstResponder">(this); }

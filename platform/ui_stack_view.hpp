@@ -1,4 +1,4 @@
-// UIStackView: arranges views in a row.
+// UIStackView: arranges its subviews in a row or a column.
 #pragma once
 
 #include "platform/ui_view.hpp"

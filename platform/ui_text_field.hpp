@@ -1,4 +1,4 @@
-// UITextField: one line of text that the user types.
+// UITextField: a control for editing one line of text.
 #pragma once
 
 #include "platform/ui_control.hpp"
@@ -10,6 +10,7 @@ enum class UIReturnKeyType : NSInteger { Send = 7 };
 
 class UITextField : public objc::Interface<"UITextField", UIControl> {
  public:
+  // Never nil. Setting nil clears the text.
   NSString* text() const { return objc::send<NSString*, "text">(this); }
   void setText(NSString* text) { objc::send<void, "setText:">(this, text); }
   void setTextColor(UIColor* color) { objc::send<void, "setTextColor:">(this, color); }

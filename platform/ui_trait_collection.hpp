@@ -1,4 +1,4 @@
-// UITraitCollection: the surroundings a view is shown in.
+// UITraitCollection: the environment in which a view is shown, such as the light or the dark appearance.
 #pragma once
 
 #include "platform/ns_object.hpp"

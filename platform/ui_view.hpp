@@ -1,4 +1,5 @@
-// UIView: a rectangle on the screen, with a layer, subviews, constraints and gesture recognizers.
+// UIView: a rectangle on the screen, with a layer, subviews, layout constraints and gesture recognizers. A view retains
+// its subviews and recognizers, but not its superview.
 #pragma once
 
 #include "objc/block.hpp"
@@ -13,7 +14,7 @@ class UIWindow;
 
 enum class UIViewContentMode : NSInteger { ScaleToFill, ScaleAspectFit, ScaleAspectFill, Redraw, Center, Top };
 
-// Flexible width and flexible height.
+// Autoresizing mask: flexible width and flexible height.
 inline constexpr NSUInteger UIViewAutoresizingFlexibleSize = 18;
 
 class UIView : public objc::Interface<"UIView", UIResponder> {
@@ -69,7 +70,8 @@ class UIView : public objc::Interface<"UIView", UIResponder> {
   }
   NSArray* gestureRecognizers() const { return objc::send<NSArray*, "gestureRecognizers">(this); }
 
-  // Durations in seconds. The completion is told whether the animation ran to its end.
+  // Animates the changes that the block `animations` makes. The duration is in seconds. The argument of the completion
+  // block is true if the animation ran to its end.
   static void animate(double duration, objc::Block<void()>* animations, objc::Block<void(bool)>* completion) {
     objc::send<void, "animateWithDuration:animations:completion:">(classObject(), duration, animations, completion);
   }

@@ -1,4 +1,4 @@
-// UIViewController: owns a view and decides what it shows.
+// UIViewController: owns a view and manages its contents.
 #pragma once
 
 #include "platform/ui_trait_collection.hpp"
@@ -6,6 +6,7 @@
 
 class UIViewController : public objc::Interface<"UIViewController", UIResponder> {
  public:
+  // Loads the view at the first call.
   UIView* view() const { return objc::send<UIView*, "view">(this); }
   UITraitCollection* traitCollection() const { return objc::send<UITraitCollection*, "traitCollection">(this); }
   void setOverrideUserInterfaceStyle(UIUserInterfaceStyle style) {

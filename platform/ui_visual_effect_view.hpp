@@ -1,9 +1,9 @@
-// UIVisualEffectView: blurs what lies behind it.
+// UIVisualEffectView: a view that blurs the content behind it.
 #pragma once
 
 #include "platform/ui_view.hpp"
 
-// The platform's style numbers.
+// The values are those of the platform.
 enum class UIBlurEffectStyle : NSInteger { Light = 1, Dark = 2, Regular = 4 };
 
 class UIBlurEffect : public objc::Interface<"UIBlurEffect", NSObject> {

@@ -1,4 +1,5 @@
-// UIWindow and UIApplication: the roots of what is shown.
+// UIWindow and UIApplication: a window is the root of a view hierarchy, the application is the end of the responder
+// chain.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -11,9 +12,10 @@ class UIWindow : public objc::Interface<"UIWindow", UIView> {
 class UIApplication : public objc::Interface<"UIApplication", UIResponder> {
  public:
   static UIApplication* sharedApplication() { return objc::send<UIApplication*, "sharedApplication">(classObject()); }
-  // nil while no window has the keyboard.
+  // The window that receives keyboard input; nil if there is none.
   UIWindow* keyWindow() const { return objc::send<UIWindow*, "keyWindow">(this); }
-  // Starts or wakes the application; suspended, it stays in the background.
+  // Launches or resumes the application. If `suspended` is true, it stays in the background. Returns whether the
+  // application could be launched.
   bool launchApplication(NSString* bundleIdentifier, bool suspended) {
     return objc::send<bool, "launchApplicationWithIdentifier:suspended:">(this, bundleIdentifier, suspended);
   }

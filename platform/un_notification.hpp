@@ -1,11 +1,11 @@
-// UNNotification: a notification as its sender made it.
+// UNNotification: a notification as its sender created it. Its content is untrusted input.
 #pragma once
 
 #include "platform/ns_dictionary.hpp"
 
 class UNNotificationContent : public objc::Interface<"UNNotificationContent", NSObject> {
  public:
-  // What the sender put in for itself: values of any type.
+  // The sender's own data. The values can be of any type.
   NSDictionary* userInfo() const { return objc::send<NSDictionary*, "userInfo">(this); }
 };
 

@@ -1,7 +1,7 @@
-// Values associated with objects, under the platform's names (objc/machine.hpp). Any thread.
+// Values associated with objects, under the platform's names (objc/runtime.hpp). Any thread.
 #pragma once
 
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 
 namespace foundation {
 

@@ -1,7 +1,7 @@
 // The end of objects: where weak references are cleared and associated values let go.
 #pragma once
 
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 
 namespace foundation {
 

@@ -1,6 +1,6 @@
 // The hook function of the phone's code-injection loader. What is kept of an inherited method is the superclass's
 // implementation at the time of the call: hooks on superclasses come first.
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 
 namespace foundation {
 

@@ -1,7 +1,7 @@
-// Weak references, under the platform's names (objc/machine.hpp): null from the moment their object begins to go away.
+// Weak references, under the platform's names (objc/runtime.hpp): null from the moment their object begins to go away.
 #pragma once
 
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 
 namespace foundation {
 

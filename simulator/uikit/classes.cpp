@@ -39,9 +39,9 @@ void registerClasses() {
   defineStackView();
   defineVisualEffectView();
   defineKeyboard();
-  // What a turn has changed is laid out at its end, outside of any animation.
+  // Views that changed during a run-loop iteration are laid out at its end, outside of any animation.
   foundation::observeEndOfTurn([] {
-    followFirstResponder();
+    updateKeyboard();
     layoutWindows();
   });
 }

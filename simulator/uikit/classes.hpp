@@ -1,9 +1,10 @@
-// Registers the view toolkit's classes with the Objective-C runtime.
+// Registers the classes of the view toolkit with the Objective-C runtime.
 #pragma once
 
 namespace uikit {
 
-// Defines all classes, superclasses first. Call it once, at the start of the process, after Foundation's classes.
+// Defines all classes, superclasses first. Call this once per process, on the main thread, after Foundation's classes
+// are registered.
 void registerClasses();
 
 }  // namespace uikit

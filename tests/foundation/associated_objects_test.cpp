@@ -1,7 +1,7 @@
 #include <thread>
 #include <vector>
 
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 #include "platform/ns_array.hpp"
 #include "platform/ns_data.hpp"
 #include "platform/ns_number.hpp"

@@ -2,8 +2,8 @@
 #include <string>
 
 #include "objc/class_definition.hpp"
-#include "objc/machine.hpp"
 #include "objc/ownership.hpp"
+#include "objc/runtime.hpp"
 #include "platform/ns_string.hpp"
 #include "tests/objc/runtime_environment.hpp"
 

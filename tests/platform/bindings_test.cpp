@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "objc/machine.hpp"
+#include "objc/runtime.hpp"
 #include "simulator/messages/messages_classes.hpp"
 #include "tests/library/phone.hpp"
 

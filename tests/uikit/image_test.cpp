@@ -9,6 +9,7 @@
 
 #include "platform/ui_image_view.hpp"
 #include "simulator/drawing/canvas.hpp"
+#include "simulator/uikit/images/application_icons.hpp"
 #include "tests/uikit/content.hpp"
 
 namespace test {

@@ -12,7 +12,7 @@
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/url_loading/classes.hpp"
-#include "simulator/url_loading/transfer_values.hpp"
+#include "simulator/url_loading/transfers.hpp"
 #include "tests/objc/runtime_environment.hpp"
 #include "tests/support/loopback_server.hpp"
 

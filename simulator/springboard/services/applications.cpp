@@ -6,7 +6,7 @@
 #include <span>
 
 #include "simulator/base/foundation_json.hpp"
-#include "simulator/uikit/images/image_class.hpp"
+#include "simulator/uikit/images/application_icons.hpp"
 
 namespace springboard {
 

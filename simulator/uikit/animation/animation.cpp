@@ -10,19 +10,20 @@ namespace uikit {
 
 namespace {
 
-// The timing curve runs from (0,0) to (1,1) with these control points.
+// The timing function is a cubic Bézier curve from (0,0) to (1,1). These are the times of its control points; their
+// progress is 0 and 1.
 constexpr double firstControl = 0.42;
 constexpr double secondControl = 0.58;
 
 double curveTime(double parameter) {
-  const double rest = 1 - parameter;
-  return 3 * rest * rest * parameter * firstControl + 3 * rest * parameter * parameter * secondControl +
-         parameter * parameter * parameter;
+  const double complement = 1 - parameter;
+  return 3 * complement * complement * parameter * firstControl +
+         3 * complement * parameter * parameter * secondControl + parameter * parameter * parameter;
 }
 
 double curveProgress(double parameter) { return parameter * parameter * (3 - 2 * parameter); }
 
-// Halving is exact enough for pixels and the same on every machine.
+// Bisection is exact enough for pixels and gives the same result on all machines.
 double easeInEaseOut(double time) {
   double low = 0;
   double high = 1;
@@ -33,22 +34,23 @@ double easeInEaseOut(double time) {
   return curveProgress((low + high) / 2);
 }
 
-// The blocks running now, innermost last; null where animations are off.
+// The groups of the animation blocks that are currently running, innermost last. Null represents a block that disables
+// animations.
 std::vector<std::shared_ptr<AnimationGroup>>& runningBlocks() {
   static std::vector<std::shared_ptr<AnimationGroup>> blocks;
   return blocks;
 }
 
-// Frames are demanded as long as something moves.
+// The time at which the last running animation ends. Frames are requested until then.
 double& latestEnd() {
   static double time = 0;
   return time;
 }
 
-void demandFramesUntil(double end) {
-  const bool alreadyDemanded = latestEnd() > foundation::now();
+void requestFramesUntil(double end) {
+  const bool alreadyRequested = latestEnd() > foundation::now();
   latestEnd() = std::max(latestEnd(), end);
-  if (alreadyDemanded) return;
+  if (alreadyRequested) return;
   foundation::addFrameObserver([](double now) {
     noteDisplayChange();
     return now < latestEnd() ? foundation::FrameDemand::More : foundation::FrameDemand::Done;
@@ -71,16 +73,16 @@ double AnimationGroup::progress(double now) const {
 }
 
 void AnimationGroup::start() {
-  if (members_ == 0) {
+  if (pendingChanges_ == 0) {
     foundation::onMainThread([self = shared_from_this()] { self->complete(); });
     return;
   }
-  demandFramesUntil(end());
+  requestFramesUntil(end());
   foundation::onMainThreadAfter(end() - foundation::now(), [self = shared_from_this()] { self->complete(); });
 }
 
 void AnimationGroup::leave() {
-  if (completed_ || --members_ > 0) return;
+  if (completed_ || --pendingChanges_ > 0) return;
   finished_ = false;
   foundation::onMainThread([self = shared_from_this()] { self->complete(); });
 }
@@ -93,7 +95,7 @@ void AnimationGroup::complete() {
 }
 
 void runAnimation(AnimationTiming timing, objc::Block<void()>* animations, objc::Block<void(bool)>* completion) {
-  // A block inside another one runs at the outer one's pace.
+  // A nested animation takes the duration of the outer one.
   if (AnimationGroup* outer = currentAnimationGroup(); outer != nullptr) timing.duration = outer->duration();
   const auto group = std::make_shared<AnimationGroup>(timing, completion);
   runningBlocks().push_back(group);
@@ -127,14 +129,14 @@ bool isAnimating() { return latestEnd() > foundation::now(); }
 
 double animationTime() { return foundation::now(); }
 
-double remainingShare(const AnimationGroup& group, double now) { return 1 - group.progress(now); }
+double remainingFraction(const AnimationGroup& group, double now) { return 1 - group.progress(now); }
 
 bool hasEnded(const AnimationGroup& group, double now) { return now >= group.end(); }
 
 CGPoint difference(CGPoint left, CGPoint right) { return {left.x - right.x, left.y - right.y}; }
 
-CGPoint accumulate(CGPoint value, CGPoint offset, double share) {
-  return {value.x + offset.x * share, value.y + offset.y * share};
+CGPoint accumulate(CGPoint value, CGPoint offset, double fraction) {
+  return {value.x + offset.x * fraction, value.y + offset.y * fraction};
 }
 
 CGRect difference(const CGRect& left, const CGRect& right) {
@@ -142,22 +144,22 @@ CGRect difference(const CGRect& left, const CGRect& right) {
           {left.size.width - right.size.width, left.size.height - right.size.height}};
 }
 
-CGRect accumulate(const CGRect& value, const CGRect& offset, double share) {
-  return {accumulate(value.origin, offset.origin, share),
-          {value.size.width + offset.size.width * share, value.size.height + offset.size.height * share}};
+CGRect accumulate(const CGRect& value, const CGRect& offset, double fraction) {
+  return {accumulate(value.origin, offset.origin, fraction),
+          {value.size.width + offset.size.width * fraction, value.size.height + offset.size.height * fraction}};
 }
 
-// Colors mix premultiplied: one that fades in from nothing keeps its hue.
+// Colors are interpolated with premultiplied alpha, so that a color that fades in from transparent keeps its hue.
 drawing::Color difference(const drawing::Color& left, const drawing::Color& right) {
   return {left.red * left.alpha - right.red * right.alpha, left.green * left.alpha - right.green * right.alpha,
           left.blue * left.alpha - right.blue * right.alpha, left.alpha - right.alpha};
 }
 
-drawing::Color accumulate(const drawing::Color& value, const drawing::Color& offset, double share) {
-  const double alpha = std::clamp(value.alpha + offset.alpha * share, 0.0, 1.0);
+drawing::Color accumulate(const drawing::Color& value, const drawing::Color& offset, double fraction) {
+  const double alpha = std::clamp(value.alpha + offset.alpha * fraction, 0.0, 1.0);
   if (alpha <= 0) return {value.red, value.green, value.blue, 0};
   const auto mixed = [&](double component, double change) {
-    return std::clamp((component * value.alpha + change * share) / alpha, 0.0, 1.0);
+    return std::clamp((component * value.alpha + change * fraction) / alpha, 0.0, 1.0);
   };
   return {mixed(value.red, offset.red), mixed(value.green, offset.green), mixed(value.blue, offset.blue), alpha};
 }

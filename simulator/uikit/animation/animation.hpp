@@ -1,4 +1,5 @@
-// Values that animate: the model changes at once, what is shown follows.
+// Animated values. A change sets the model value immediately; the shown value follows along the timing curve. Times are
+// in seconds on the clock of the main queue. Main thread only.
 #pragma once
 
 #include <algorithm>
@@ -10,37 +11,40 @@
 
 namespace uikit {
 
-// One run of +animateWithDuration:…: everything that changed in its block.
+// All changes that one call of +animateWithDuration:… makes.
 class AnimationGroup;
 
-// The group whose block is running; null outside, in one of no duration, and where animations are off.
+// The group whose animation block is running. Null outside of such a block, for a duration of 0, and while animations
+// are disabled.
 AnimationGroup* currentAnimationGroup();
 
-// One change on its way. The shown value is the model plus what is left of each flight's offset, so that a newer flight
-// starts from what is shown and an older one still ends in its time.
+// A change that is being animated. The shown value is the model value plus the remaining part of the offset of each
+// animation. Therefore, a new animation starts from the shown value, and an older one still ends on time.
 template <class Value>
-struct Flight {
+struct AdditiveAnimation {
   Value offset;
   std::shared_ptr<AnimationGroup> group;
 };
 
-// What remains at this time of an offset that began as 1.
-double remainingShare(const AnimationGroup& group, double now);
+// The remaining fraction of the offsets of this group's animations: 1 at its start, 0 at its end.
+double remainingFraction(const AnimationGroup& group, double now);
 bool hasEnded(const AnimationGroup& group, double now);
+// Adds a change to the current group and returns the group; null if there is no current group.
 std::shared_ptr<AnimationGroup> joinCurrentGroup();
 void leaveGroup(const std::shared_ptr<AnimationGroup>& group);
 double animationTime();
 
+// Arithmetic of animated values: left - right, and value + offset * fraction.
 inline double difference(double left, double right) { return left - right; }
-inline double accumulate(double value, double offset, double share) { return value + offset * share; }
+inline double accumulate(double value, double offset, double fraction) { return value + offset * fraction; }
 CGPoint difference(CGPoint left, CGPoint right);
-CGPoint accumulate(CGPoint value, CGPoint offset, double share);
+CGPoint accumulate(CGPoint value, CGPoint offset, double fraction);
 CGRect difference(const CGRect& left, const CGRect& right);
-CGRect accumulate(const CGRect& value, const CGRect& offset, double share);
+CGRect accumulate(const CGRect& value, const CGRect& offset, double fraction);
 drawing::Color difference(const drawing::Color& left, const drawing::Color& right);
-drawing::Color accumulate(const drawing::Color& value, const drawing::Color& offset, double share);
+drawing::Color accumulate(const drawing::Color& value, const drawing::Color& offset, double fraction);
 
-// A value of a view or layer that animates when it is set inside an animation's block.
+// A value of a view or layer. Setting it inside an animation block animates the change.
 template <class Value>
 class Animated {
  public:
@@ -52,36 +56,37 @@ class Animated {
     if (value == model_) return;
     std::shared_ptr<AnimationGroup> group = joinCurrentGroup();
     if (group != nullptr) {
-      dropEndedFlights();
-      flights_.push_back({difference(model_, value), std::move(group)});
+      removeEndedAnimations();
+      animations_.push_back({difference(model_, value), std::move(group)});
     }
     model_ = value;
   }
 
   Value shown() const {
     Value value = model_;
-    if (flights_.empty()) return value;
+    if (animations_.empty()) return value;
     const double now = animationTime();
-    for (const Flight<Value>& flight : flights_)
-      value = accumulate(value, flight.offset, remainingShare(*flight.group, now));
+    for (const AdditiveAnimation<Value>& animation : animations_)
+      value = accumulate(value, animation.offset, remainingFraction(*animation.group, now));
     return value;
   }
 
-  // The shown value jumps to the model; the animations have not finished.
+  // Sets the shown value to the model value. The animations of the value count as not finished.
   void removeAnimations() {
-    std::vector<Flight<Value>> removed;
-    removed.swap(flights_);
-    for (const Flight<Value>& flight : removed) leaveGroup(flight.group);
+    std::vector<AdditiveAnimation<Value>> removed;
+    removed.swap(animations_);
+    for (const AdditiveAnimation<Value>& animation : removed) leaveGroup(animation.group);
   }
 
  private:
-  void dropEndedFlights() {
+  void removeEndedAnimations() {
     const double now = animationTime();
-    std::erase_if(flights_, [now](const Flight<Value>& flight) { return hasEnded(*flight.group, now); });
+    std::erase_if(animations_,
+                  [now](const AdditiveAnimation<Value>& animation) { return hasEnded(*animation.group, now); });
   }
 
   Value model_;
-  std::vector<Flight<Value>> flights_;
+  std::vector<AdditiveAnimation<Value>> animations_;
 };
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// One run of +animateWithDuration:…: its timing, how much of it is under way, and its completion.
+// All changes that one call of +animateWithDuration:… makes: their timing and their completion block. Main thread only.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,7 @@
 
 namespace uikit {
 
-// Seconds.
+// In seconds.
 struct AnimationTiming {
   double duration = 0;
   double delay = 0;
@@ -20,14 +20,18 @@ class AnimationGroup : public std::enable_shared_from_this<AnimationGroup> {
 
   double duration() const { return duration_; }
   double end() const { return begin_ + duration_; }
+  // Whether the group ends immediately, so that its changes are not animated.
   bool isInstant() const;
-  // From 0 to 1 along the default curve.
+  // The progress at this time along the default timing curve, from 0 to 1.
   double progress(double now) const;
 
-  void join() { ++members_; }
-  // A change is taken back before its end. The last of them to go decides whether the animation finishes.
+  // Adds a change to the group.
+  void join() { ++pendingChanges_; }
+  // Removes a change whose animation was canceled. If no change remains, the completion block runs with a finished flag
+  // of false.
   void leave();
-  // After the block: the completion comes at the end, or in the next turn when nothing changed.
+  // Call this after the animation block has run. Schedules the completion block for the end of the animation, or for
+  // the next run-loop iteration if nothing changed.
   void start();
 
  private:
@@ -36,15 +40,15 @@ class AnimationGroup : public std::enable_shared_from_this<AnimationGroup> {
   double begin_;
   double duration_;
   objc::BlockRef<void(bool)> completion_;
-  int members_ = 0;
+  int pendingChanges_ = 0;
   bool finished_ = true;
   bool completed_ = false;
 };
 
-// Runs the block; what it changes animates. Either block may be null.
+// Runs the block and animates its changes. Either block can be null.
 void runAnimation(AnimationTiming timing, objc::Block<void()>* animations, objc::Block<void(bool)>* completion);
 void runWithoutAnimation(objc::Block<void()>* changes);
-// Whether anything on the screen may be on its way.
+// Whether an animation can be running on the screen.
 bool isAnimating();
 
 }  // namespace uikit

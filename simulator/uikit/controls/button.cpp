@@ -10,10 +10,10 @@
 #include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view.hpp"
 
-// The title's label, which tells its button when its size changes.
+// The label that shows the title. It invalidates the layout of its button when its own size changes.
 class UIButtonLabel : public objc::Interface<"UIButtonLabel", UILabel> {};
 
-// The platform's numbers.
+// The values are those of the platform.
 enum class UIButtonType : NSInteger { Custom, System };
 
 struct ButtonState {
@@ -33,14 +33,14 @@ namespace {
 
 constexpr CGFloat customFontSize = 18;
 constexpr CGFloat systemFontSize = 15;
-constexpr CGFloat heightAroundTitle = 12;
-constexpr CGFloat smallestWidth = 30;
-constexpr CGFloat dimmed = 0.3;
-constexpr CGFloat pressed = 0.2;
+constexpr CGFloat verticalPadding = 12;
+constexpr CGFloat minWidth = 30;
+constexpr CGFloat disabledOpacity = 0.3;
+constexpr CGFloat pressedOpacity = 0.2;
 
 UIControlState stateOf(const UIButton* button) { return objc::send<UIControlState, "state">(button); }
 
-// What was set for the state, or else for the normal one; null where there is neither.
+// The value that was set for the state, otherwise that for the normal state; null if neither was set.
 template <class Object>
 Object* valueFor(const std::map<UIControlState, objc::Ref<Object>>& values, UIControlState state) {
   auto found = values.find(state);
@@ -58,11 +58,12 @@ UIColor* titleColor(UIButton* self, UIControlState state) {
   return chosen != nullptr ? chosen : defaultTitleColor(self);
 }
 
-// Buttons of the system's look tell their state by their opacity, custom ones by what was set for it alone.
+// System buttons show their state by the opacity of the title. Custom buttons only use the values that were set for the
+// state.
 CGFloat titleOpacity(const UIButton* button) {
   if (objc::state(button).type == UIButtonType::Custom) return 1;
-  if (contains(stateOf(button), disabledState)) return dimmed;
-  return contains(stateOf(button), highlightedState) ? pressed : 1;
+  if (contains(stateOf(button), disabledState)) return disabledOpacity;
+  return contains(stateOf(button), highlightedState) ? pressedOpacity : 1;
 }
 
 void updateTitle(UIButton* self) {
@@ -95,7 +96,7 @@ UIButton* buttonWithType(Class self, UIButtonType type) {
 UIButtonType buttonType(UIButton* self) { return objc::state(self).type; }
 UILabel* titleLabel(UIButton* self) { return objc::state(self).titleLabel; }
 
-// nil takes the title of the state away.
+// nil removes the title of the state.
 void setTitle(UIButton* self, NSString* title, UIControlState state) {
   auto& titles = objc::state(self).titles;
   if (title == nullptr) {
@@ -108,7 +109,7 @@ void setTitle(UIButton* self, NSString* title, UIControlState state) {
 NSString* titleFor(UIButton* self, UIControlState state) { return valueFor(objc::state(self).titles, state); }
 NSString* currentTitle(UIButton* self) { return titleFor(self, stateOf(self)); }
 
-// nil gives the default color back.
+// nil restores the default color.
 void setTitleColor(UIButton* self, UIColor* color, UIControlState state) {
   auto& colors = objc::state(self).titleColors;
   if (color == nullptr) {
@@ -133,11 +134,11 @@ CGSize titleSize(const UIButton* self) { return objc::send<CGSize, "intrinsicCon
 
 CGSize intrinsicContentSize(UIButton* self) {
   const CGSize title = titleSize(self);
-  return {std::max(title.width, smallestWidth), title.height + heightAroundTitle};
+  return {std::max(title.width, minWidth), title.height + verticalPadding};
 }
 CGSize sizeThatFits(UIButton* self, CGSize) { return intrinsicContentSize(self); }
 
-// In the middle, on whole pixels.
+// Centers the title and aligns it to whole pixels.
 void layoutSubviews(UIButton* self) {
   objc::sendSuper<"UIButton", void, "layoutSubviews">(self);
   const CGRect bounds = self->bounds();
@@ -150,7 +151,7 @@ void layoutSubviews(UIButton* self) {
                                 size});
 }
 
-void labelSizeChanged(UIButtonLabel* self) {
+void invalidateLabelSize(UIButtonLabel* self) {
   objc::sendSuper<"UIButtonLabel", void, "invalidateIntrinsicContentSize">(self);
   UIView* button = self->superview();
   if (button == nullptr) return;
@@ -162,7 +163,7 @@ void labelSizeChanged(UIButtonLabel* self) {
 
 void defineButton() {
   static constexpr objc::MethodEntry labelMethods[] = {
-      objc::method<"invalidateIntrinsicContentSize", &labelSizeChanged>(),
+      objc::method<"invalidateIntrinsicContentSize", &invalidateLabelSize>(),
   };
   static constexpr objc::MethodEntry methods[] = {
       objc::classMethod<"buttonWithType:", &buttonWithType>(),

@@ -27,18 +27,18 @@ UIControlEvents without(UIControlEvents mask, UIControlEvents removed) {
   return static_cast<UIControlEvents>(static_cast<NSUInteger>(mask) & ~static_cast<NSUInteger>(removed));
 }
 
-bool sameAction(const ControlAction& entry, const NSObject* target, SEL action) {
-  const bool sameReceiver =
+bool isSameAction(const ControlAction& entry, const NSObject* target, SEL action) {
+  const bool isSameReceiver =
       target == nullptr ? entry.receiver == Receiver::ResponderChain : entry.target.lock().get() == target;
-  return sameReceiver && sel_isEqual(entry.action, action);
+  return isSameReceiver && sel_isEqual(entry.action, action);
 }
 
-// The same action of the same target is kept once, for the events of both. A nil target is the responder chain's.
+// If the target already has the action, adds the events to the existing entry. A nil target means the responder chain.
 void addTarget(UIControl* self, NSObject* target, SEL action, UIControlEvents events) {
   if (action == nullptr) return;
   std::vector<ControlAction>& actions = objc::state(self).actions;
   for (ControlAction& entry : actions) {
-    if (!sameAction(entry, target, action)) continue;
+    if (!isSameAction(entry, target, action)) continue;
     entry.events = unite(entry.events, events);
     return;
   }
@@ -46,7 +46,7 @@ void addTarget(UIControl* self, NSObject* target, SEL action, UIControlEvents ev
   actions.push_back({receiver, objc::Weak<NSObject>(target), action, events});
 }
 
-// A nil target stands for all of them, a null action for all of the target's.
+// A nil target means all targets, a null action means all actions of the target.
 void removeTarget(UIControl* self, NSObject* target, SEL action, UIControlEvents events) {
   std::vector<ControlAction>& actions = objc::state(self).actions;
   for (ControlAction& entry : actions) {
@@ -57,14 +57,14 @@ void removeTarget(UIControl* self, NSObject* target, SEL action, UIControlEvents
   std::erase_if(actions, [](const ControlAction& entry) { return entry.events == UIControlEvents{}; });
 }
 
-UIResponder* firstThatAnswers(UIResponder* responder, SEL action) {
+UIResponder* findResponderFor(UIResponder* responder, SEL action) {
   while (responder != nullptr && !responder->respondsToSelector(action)) responder = responder->nextResponder();
   return responder;
 }
 
-// With the control and the event, as far as the action asks for them.
+// Passes the control and the event if the selector has that many arguments.
 void sendAction(UIControl* self, SEL action, NSObject* target, NSObject* event) {
-  NSObject* receiver = target != nullptr ? target : firstThatAnswers(self, action);
+  NSObject* receiver = target != nullptr ? target : findResponderFor(self, action);
   if (receiver == nullptr || !receiver->respondsToSelector(action)) return;
   const id object = objc::detail::identifier(receiver);
   const IMP implementation = objc::implementationFor(object, action);
@@ -78,9 +78,10 @@ void sendAction(UIControl* self, SEL action, NSObject* target, NSObject* event) 
   }
 }
 
-// An action may remove the control, or change who listens.
+// An action can remove the control or change its list of actions. Therefore, this retains the control and copies the
+// list.
 void sendActionsFor(UIControl* self, UIControlEvents events) {
-  const objc::Ref<UIControl> kept = objc::retain(self);
+  const objc::Ref<UIControl> retained = objc::retain(self);
   const std::vector<ControlAction> actions = objc::state(self).actions;
   for (const ControlAction& entry : actions) {
     if (!contains(entry.events, events)) continue;
@@ -97,13 +98,13 @@ bool flag(UIControl* self) {
 
 template <bool ControlState::*member>
 void setFlag(UIControl* self, bool value) {
-  bool& held = objc::state(self).*member;
-  if (held == value) return;
-  held = value;
+  bool& current = objc::state(self).*member;
+  if (current == value) return;
+  current = value;
   objc::send<void, "_controlStateChanged">(self);
 }
 
-// For subclasses.
+// Subclasses override it.
 void controlStateChanged(UIControl* self) {
   setNeedsLayout(self);
   setNeedsDisplay(self);

@@ -1,4 +1,4 @@
-// How a control follows a finger.
+// Touch tracking of controls.
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/touch/touch.hpp"
 
@@ -6,19 +6,19 @@ namespace uikit {
 
 namespace {
 
-// A finger may leave the control by so many points and still be on it.
+// A touch counts as inside the control up to this distance from its bounds, in points.
 constexpr CGFloat touchMargin = 70;
 
-enum class Place { Inside, Outside };
+enum class TouchPosition { Inside, Outside };
 
-Place placeOf(UIControl* self, NSObject* touches) {
+TouchPosition positionOf(UIControl* self, NSObject* touches) {
   const CGPoint point = anyTouch(touches)->locationInView(self);
   const CGRect bounds = self->bounds();
   const double right = point.x - bounds.origin.x - bounds.size.width;
   const double bottom = point.y - bounds.origin.y - bounds.size.height;
   const bool inside = bounds.origin.x - point.x <= touchMargin && bounds.origin.y - point.y <= touchMargin &&
                       right <= touchMargin && bottom <= touchMargin;
-  return inside ? Place::Inside : Place::Outside;
+  return inside ? TouchPosition::Inside : TouchPosition::Outside;
 }
 
 void setHighlighted(UIControl* self, bool highlighted) { objc::send<void, "setHighlighted:">(self, highlighted); }
@@ -32,8 +32,8 @@ void touchesBegan(UIControl* self, NSObject*, NSObject*) {
   sendActions(self, touchDown);
 }
 
-void cross(UIControl* self, Place place) {
-  const bool inside = place == Place::Inside;
+void changePosition(UIControl* self, TouchPosition position) {
+  const bool inside = position == TouchPosition::Inside;
   objc::state(self).touchInside = inside;
   setHighlighted(self, inside);
   sendActions(self, inside ? touchDragEnter : touchDragExit);
@@ -42,12 +42,12 @@ void cross(UIControl* self, Place place) {
 void touchesMoved(UIControl* self, NSObject* touches, NSObject*) {
   const ControlState& state = objc::state(self);
   if (!state.tracking) return;
-  const Place place = placeOf(self, touches);
-  if ((place == Place::Inside) != state.touchInside) cross(self, place);
-  sendActions(self, place == Place::Inside ? touchDragInside : touchDragOutside);
+  const TouchPosition position = positionOf(self, touches);
+  if ((position == TouchPosition::Inside) != state.touchInside) changePosition(self, position);
+  sendActions(self, position == TouchPosition::Inside ? touchDragInside : touchDragOutside);
 }
 
-// The control is as before when its actions run: they may change it, or remove it.
+// The state is reset before the actions are sent, because they can change or remove the control.
 void endTracking(UIControl* self, UIControlEvents events) {
   ControlState& state = objc::state(self);
   if (!state.tracking) return;
@@ -58,7 +58,8 @@ void endTracking(UIControl* self, UIControlEvents events) {
 }
 
 void touchesEnded(UIControl* self, NSObject* touches, NSObject*) {
-  endTracking(self, placeOf(self, touches) == Place::Inside ? UIControlEvents::TouchUpInside : touchUpOutside);
+  endTracking(self,
+              positionOf(self, touches) == TouchPosition::Inside ? UIControlEvents::TouchUpInside : touchUpOutside);
 }
 
 void touchesCancelled(UIControl* self, NSObject*, NSObject*) { endTracking(self, touchCancel); }

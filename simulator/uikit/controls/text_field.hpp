@@ -1,4 +1,4 @@
-// UITextField's state, and what its parts share.
+// UITextField's state, and the functions that its source files share. Main thread only.
 #pragma once
 
 #include <optional>
@@ -13,18 +13,18 @@ struct TextFieldState {
   objc::Ref<NSString> text;  // never nil
   objc::Ref<NSString> placeholder;
   objc::Ref<UIFont> font;
-  objc::Ref<UIColor> textColor;  // nil: that of the appearance
+  objc::Ref<UIColor> textColor;  // nil: the label color of the appearance
   NSTextAlignment alignment = NSTextAlignment::Natural;
   UITextBorderStyle borderStyle = UITextBorderStyle::None;
   UIKeyboardType keyboardType = UIKeyboardType::Default;
   UIReturnKeyType returnKeyType{};
   bool enablesReturnKeyAutomatically = false;
 
-  // What is selected, in UTF-16 units; of no length the caret. Always inside the text.
+  // The selection, in UTF-16 code units. An empty selection is the caret. The range is always inside the text.
   NSRange selection;
-  // How far the text has moved to the left to keep the caret in view, in points.
+  // How far the text is scrolled to the left in order to keep the caret visible, in points.
   double scrollOffset = 0;
-  std::optional<drawing::TextLayout> layout;  // made when needed
+  std::optional<drawing::TextLayout> layout;  // created at first use
 };
 template <>
 struct objc::StateOf<UITextField> {
@@ -33,10 +33,10 @@ struct objc::StateOf<UITextField> {
 
 namespace uikit {
 
-// Replaces the text and puts the caret there; tells nobody.
+// Replaces the text and sets the caret to this position. Sends no control events.
 void replaceText(UITextField* field, NSString* text, NSUInteger caret);
 
-// UITextField's methods, one list a concern.
+// UITextField's methods, in one list per source file.
 std::span<const objc::MethodEntry> textFieldEditingMethods();
 std::span<const objc::MethodEntry> textFieldDrawingMethods();
 

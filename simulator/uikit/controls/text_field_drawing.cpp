@@ -1,4 +1,4 @@
-// How a text field shows its text, its caret and what is selected.
+// Draws the text, the caret and the selection of a text field, and computes its sizes.
 #include <algorithm>
 #include <cmath>
 
@@ -21,9 +21,9 @@ constexpr double selectionOpacity = 0.2;
 constexpr CGFloat borderInset = 7;
 
 double scale() { return environment().device.scale; }
-double onPixel(double points) { return std::round(points * scale()) / scale(); }
+double roundToPixel(double points) { return std::round(points * scale()) / scale(); }
 
-// One line of the text, or of its first units.
+// Lays out the first `units` UTF-16 code units of the text as one line.
 drawing::TextLayout lineOf(const UITextField* field, NSString* text, NSUInteger units) {
   const TextFieldState& state = objc::state(field);
   drawing::Run run;
@@ -46,7 +46,7 @@ drawing::TextLayout& textLayout(const UITextField* field) {
 
 double lineHeight(const UITextField* field) { return drawing::lineHeight(fontOf(objc::state(field).font), scale()); }
 
-bool readsFromTheRight(const UITextField* field) {
+bool isRightToLeft(const UITextField* field) {
   const drawing::Paragraph& paragraph = textLayout(field).paragraph();
   const drawing::ContextForText context = drawing::makeTextContext(paragraph.language, paragraph.direction);
   const drawing::LayoutHandle layout(pango_layout_new(context.get()));
@@ -54,14 +54,14 @@ bool readsFromTheRight(const UITextField* field) {
   return pango_layout_get_direction(layout.get(), 0) == PANGO_DIRECTION_RTL;
 }
 
-// From the left edge of the whole text.
-double offsetOf(const UITextField* field, NSUInteger position) {
+// The distance from the left edge of the text to the position, in points.
+double horizontalOffset(const UITextField* field, NSUInteger position) {
   const double before = lineOf(field, objc::state(field).text, position).measure(0).width;
-  return readsFromTheRight(field) ? textLayout(field).measure(0).width - before : before;
+  return isRightToLeft(field) ? textLayout(field).measure(0).width - before : before;
 }
 
-// The share of the room beside the text that is on its left.
-double alignmentShare(const UITextField* field) {
+// The fraction of the unused width that is to the left of the text.
+double alignmentFraction(const UITextField* field) {
   switch (drawingAlignment(objc::state(field).alignment)) {
     case drawing::Alignment::Left:
       return 0;
@@ -75,28 +75,28 @@ double alignmentShare(const UITextField* field) {
   return baseDirection(field) == drawing::BaseDirection::RightToLeft ? 1 : 0;
 }
 
-// The line's place in the area.
-drawing::Rectangle lineIn(const UITextField* field, drawing::Rectangle area) {
-  constexpr double shares[] = {0.5, 0, 1};  // center, top, bottom
+// The rectangle of the line within the area.
+drawing::Rectangle lineRectangle(const UITextField* field, drawing::Rectangle area) {
+  constexpr double fractions[] = {0.5, 0, 1};  // center, top, bottom
   const auto alignment = static_cast<std::size_t>(objc::state<UIControl>(field).verticalAlignment);
   const double height = lineHeight(field);
-  const double share = alignment < std::size(shares) ? shares[alignment] : shares[0];
-  return {area.x, area.y + onPixel((area.height - height) * share), area.width, height};
+  const double fraction = alignment < std::size(fractions) ? fractions[alignment] : fractions[0];
+  return {area.x, area.y + roundToPixel((area.height - height) * fraction), area.width, height};
 }
 
-// Where the left edge of the text is, so that the caret is in view.
-double scrolledLeft(UITextField* self, const drawing::Rectangle& line, double caretOffset) {
+// Scrolls the text so that the caret is visible, and returns the left edge of the text.
+double leftOfScrolledText(UITextField* self, const drawing::Rectangle& line, double caretOffset) {
   double& scroll = objc::state(self).scrollOffset;
   const double width = textLayout(self).measure(0).width;
   const double overflow = width + caretWidth - line.width;
   if (overflow <= 0) {
     scroll = 0;
-    return line.x + onPixel((line.width - width) * alignmentShare(self));
+    return line.x + roundToPixel((line.width - width) * alignmentFraction(self));
   }
   const double visible = std::max(line.width - caretWidth, 0.0);
   scroll = std::clamp(scroll, std::max(caretOffset - visible, 0.0), caretOffset);
   scroll = std::clamp(scroll, 0.0, overflow);
-  return line.x - onPixel(scroll);
+  return line.x - roundToPixel(scroll);
 }
 
 drawing::Color tint(UITextField* self, double opacity) {
@@ -107,21 +107,21 @@ drawing::Color tint(UITextField* self, double opacity) {
 
 void drawSelection(UITextField* self, drawing::Canvas& canvas, const drawing::Rectangle& line, double left) {
   const NSRange selection = objc::state(self).selection;
-  const double begin = offsetOf(self, selection.location);
-  const double end = offsetOf(self, selection.location + selection.length);
+  const double begin = horizontalOffset(self, selection.location);
+  const double end = horizontalOffset(self, selection.location + selection.length);
   canvas.fillRectangle({left + std::min(begin, end), line.y, std::abs(end - begin), line.height},
                        tint(self, selectionOpacity));
 }
 
 void drawEditedText(UITextField* self, drawing::Canvas& canvas, const drawing::Rectangle& line, UIColor* color) {
   const NSRange selection = objc::state(self).selection;
-  const double caretOffset = offsetOf(self, selection.location + selection.length);
-  const double left = scrolledLeft(self, line, caretOffset);
+  const double caretOffset = horizontalOffset(self, selection.location + selection.length);
+  const double left = leftOfScrolledText(self, line, caretOffset);
   canvas.save();
   canvas.clipRectangle(line);
   if (selection.length > 0) drawSelection(self, canvas, line, left);
   const double width = textLayout(self).measure(0).width;
-  // In its own width the text is not truncated, however it is aligned.
+  // A rectangle with the width of the text prevents truncation for every alignment.
   textLayout(self).draw(canvas, {left, line.y, width, line.height}, colorOf(color));
   if (selection.length == 0) {
     const double caret = std::clamp(left + caretOffset, line.x, std::max(line.x + line.width - caretWidth, line.x));
@@ -138,7 +138,7 @@ void drawPlaceholder(UITextField* self, drawing::Canvas& canvas, const drawing::
 drawing::Rectangle lineInBounds(UITextField* self, const CGRect& bounds) {
   const CGRect area = self->isFirstResponder() ? objc::send<CGRect, "editingRectForBounds:">(self, bounds)
                                                : objc::send<CGRect, "textRectForBounds:">(self, bounds);
-  return lineIn(self, rectangle(area));
+  return lineRectangle(self, rectangle(area));
 }
 
 void drawContent(UITextField* self, void* target) {
@@ -153,7 +153,7 @@ void drawContent(UITextField* self, void* target) {
   }
 }
 
-// Glyphs may reach beyond their line.
+// Glyphs can extend beyond their line.
 CGRect contentArea(UITextField* self) { return outset(shownBounds(self), objc::state(self).font->pointSize()); }
 
 CGRect textRectForBounds(UITextField* self, CGRect bounds) {

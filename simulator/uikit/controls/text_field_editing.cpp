@@ -1,4 +1,4 @@
-// Typing into a text field, and the events that tell of it.
+// Editing the text of a text field, and the control events that report it.
 #include <algorithm>
 
 #include "simulator/uikit/controls/control.hpp"
@@ -27,7 +27,7 @@ bool becomeFirstResponder(UITextField* self) {
 }
 
 bool resignFirstResponder(UITextField* self) {
-  const objc::Ref<UITextField> kept = objc::retain(self);
+  const objc::Ref<UITextField> retained = objc::retain(self);
   const bool wasEditing = self->isFirstResponder();
   if (!objc::sendSuper<"UITextField", bool, "resignFirstResponder">(self)) return false;
   if (!wasEditing) return true;
@@ -44,7 +44,7 @@ void controlStateChanged(UITextField* self) {
 
 void touchesEnded(UITextField* self, NSObject* touches, NSObject* event) {
   const bool wasTapped = objc::state<UIControl>(self).touchInside;
-  const objc::Ref<UITextField> kept = objc::retain(self);
+  const objc::Ref<UITextField> retained = objc::retain(self);
   objc::sendSuper<"UITextField", void, "touchesEnded:withEvent:">(self, touches, event);
   if (wasTapped) self->becomeFirstResponder();
 }
@@ -57,30 +57,30 @@ void replaceCharacters(UITextField* self, NSRange range, NSString* replacement) 
 
 bool hasText(UITextField* self) { return objc::state(self).text->length() > 0; }
 
-bool takesReturnKey(UITextField* self) {
+bool acceptsReturnKey(UITextField* self) {
   return isEnabled(self) && (hasText(self) || !objc::state(self).enablesReturnKeyAutomatically);
 }
 
-// The keyboard goes away where somebody acts on the return key.
+// The field resigns, which hides the keyboard, only if the return key has an action.
 void returnKeyPressed(UITextField* self) {
-  if (!takesReturnKey(self)) return;
-  const objc::Ref<UITextField> kept = objc::retain(self);
-  const bool isHeard = hasActions(self, UIControlEvents::EditingDidEndOnExit);
+  if (!acceptsReturnKey(self)) return;
+  const objc::Ref<UITextField> retained = objc::retain(self);
+  const bool hasAction = hasActions(self, UIControlEvents::EditingDidEndOnExit);
   sendActions(self, UIControlEvents::EditingDidEndOnExit);
-  if (isHeard) self->resignFirstResponder();
+  if (hasAction) self->resignFirstResponder();
 }
 
-NSString* onOneLine(NSString* text) {
+NSString* withoutLineBreaks(NSString* text) {
   for (NSString* lineBreak : {"\r\n"_ns, "\n"_ns, "\r"_ns, "\u2028"_ns, "\u2029"_ns})
     text = objc::send<NSString*, "stringByReplacingOccurrencesOfString:withString:">(text, lineBreak, " "_ns);
   return text;
 }
 
-// A line feed by itself is the return key; in a longer text line ends become blanks.
+// A single line feed is the return key. In a longer text, spaces replace the line breaks.
 void insertText(UITextField* self, NSString* text) {
   if (!isEnabled(self) || text->length() == 0) return;
   if (text->isEqualToString("\n"_ns)) return returnKeyPressed(self);
-  replaceCharacters(self, objc::state(self).selection, onOneLine(wellFormed(text)));
+  replaceCharacters(self, objc::state(self).selection, withoutLineBreaks(wellFormed(text)));
 }
 
 void deleteBackward(UITextField* self) {
@@ -95,7 +95,7 @@ void deleteBackward(UITextField* self) {
 
 NSRange selectedRange(UITextField* self) { return objc::state(self).selection; }
 
-// The part of the range that lies in the text.
+// Selects the part of the range that is inside the text.
 void setSelectedRange(UITextField* self, NSRange range) {
   TextFieldState& state = objc::state(self);
   const NSUInteger length = state.text->length();

@@ -11,18 +11,18 @@ namespace uikit {
 
 namespace {
 
-struct Released {
+struct FreeDeleter {
   void operator()(Ivar* list) const { std::free(list); }
 };
 
-// Empty where no variable of this class points to the view.
-std::string_view variableOf(Class definingClass, const UIView* holder, const UIView* held) {
+// The name of the instance variable of this class that points to the view; empty if there is none.
+std::string_view variablePointingTo(Class definingClass, const UIView* holder, const UIView* view) {
   unsigned int count = 0;
-  const std::unique_ptr<Ivar[], Released> list(class_copyIvarList(definingClass, &count));
+  const std::unique_ptr<Ivar[], FreeDeleter> list(class_copyIvarList(definingClass, &count));
   for (const Ivar variable : std::span(list.get(), count)) {
     const char* encoding = ivar_getTypeEncoding(variable);
     if (encoding == nullptr || encoding[0] != '@') continue;
-    if (object_getIvar(objc::detail::identifier(holder), variable) == objc::detail::identifier(held))
+    if (object_getIvar(objc::detail::identifier(holder), variable) == objc::detail::identifier(view))
       return ivar_getName(variable);
   }
   return {};
@@ -34,10 +34,10 @@ std::string publicName(std::string_view variable, const UIView* holder) {
   return holder->respondsToSelector(sel_registerName(property.c_str())) ? property : std::string(variable);
 }
 
-std::string nameIn(const UIView* holder, const UIView* held) {
+std::string nameIn(const UIView* holder, const UIView* view) {
   for (Class each = object_getClass(objc::detail::identifier(holder)); each != UIView::classObject();
        each = class_getSuperclass(each)) {
-    const std::string_view variable = variableOf(each, holder, held);
+    const std::string_view variable = variablePointingTo(each, holder, view);
     if (!variable.empty()) return publicName(variable, holder);
   }
   return {};
@@ -46,11 +46,11 @@ std::string nameIn(const UIView* holder, const UIView* held) {
 }  // namespace
 
 std::string propertyNameOf(const UIView* view) {
-  const UIView* around = record(view).superview;
-  for (const UIView* ancestor = around; ancestor != nullptr; ancestor = record(ancestor).superview)
+  const UIView* superview = record(view).superview;
+  for (const UIView* ancestor = superview; ancestor != nullptr; ancestor = record(ancestor).superview)
     if (std::string name = nameIn(ancestor, view); !name.empty()) return name;
-  if (around == nullptr) return {};
-  for (const objc::Ref<UIView>& sibling : record(around).subviews)
+  if (superview == nullptr) return {};
+  for (const objc::Ref<UIView>& sibling : record(superview).subviews)
     if (std::string name = nameIn(sibling.get(), view); !name.empty()) return name;
   return {};
 }

@@ -1,4 +1,4 @@
-// Under which name another view holds a view in one of its instance variables.
+// Names a view after the instance variable in which another view stores it.
 #pragma once
 
 #include <string>
@@ -7,8 +7,9 @@
 
 namespace uikit {
 
-// The property's name where the holder answers it (headerLabel), else the variable's (_clockLabel); empty where neither
-// a view around it nor a sibling holds it.
+// Searches the ancestors and the siblings of the view for an instance variable that points to it. Returns the name of
+// the property if there is one (headerLabel), otherwise the name of the variable (_clockLabel). Empty if no such
+// variable exists.
 std::string propertyNameOf(const UIView* view);
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// How the view tree tells of texts.
+// The JSON values that describe text in the view tree.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>

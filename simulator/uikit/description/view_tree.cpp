@@ -28,7 +28,7 @@ void describeResponder(UIView* view, Json& node) {
   if (isFirst || objc::send<bool, "canBecomeFirstResponder">(view)) node["firstResponder"] = isFirst;
 }
 
-// What every view tells.
+// The fields of every view.
 void describe(UIView* self, void* pointer) {
   Json& node = descriptionAt(pointer);
   const ViewRecord& state = record(self);

@@ -1,4 +1,5 @@
-// The view tree as JSON. Each class adds its fields in -_describe:, after sending it to super.
+// Describes the view tree as JSON. Each class overrides -_describe: to add its fields and calls super first. Main
+// thread only.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -8,10 +9,11 @@
 
 namespace uikit {
 
-// The view and, in "children", its subviews back to front. Lays out first.
+// Describes the view and, in "children", its subviews from back to front. Lays out the view first. The view must not be
+// nil.
 nlohmann::ordered_json describeTree(UIView* root);
 
-// The argument of -_describe:.
+// The JSON object that -_describe: receives as its argument.
 inline nlohmann::ordered_json& descriptionAt(void* pointer) { return *static_cast<nlohmann::ordered_json*>(pointer); }
 
 // [red, green, blue, alpha]

@@ -1,4 +1,4 @@
-// UIDevice and UIScreen: the environment as the platform's classes tell it.
+// UIDevice and UIScreen, which return the values of the environment.
 #include "platform/ui_device.hpp"
 
 #include "objc/class_definition.hpp"

@@ -12,11 +12,11 @@ namespace uikit {
 namespace {
 
 Environment& current() {
-  static Environment held;
-  return held;
+  static Environment instance;
+  return instance;
 }
 
-// Before 13.0 phones are light.
+// Systems before 13.0 have the light appearance only.
 bool hasDarkAppearance() { return std::atoi(current().systemVersion.c_str()) >= 13; }
 
 }  // namespace
@@ -30,7 +30,7 @@ void setEnvironment(const Environment& chosen) {
 
 void switchAppearance(UIUserInterfaceStyle style) {
   if (!hasDarkAppearance()) return;
-  changeTraitsOfEverything([style] { current().style = style; });
+  changeTraitsOfAllWindows([style] { current().style = style; });
 }
 
 LayoutDirection directionOfLocale(const std::string& locale) {

@@ -1,4 +1,4 @@
-// What the process runs in: device, system version, language and appearance. Main thread.
+// The simulated environment of the process: device, system version, language and appearance. Main thread only.
 #pragma once
 
 #include <string>
@@ -19,11 +19,13 @@ struct Environment {
 };
 
 const Environment& environment();
-// At start, before the first window. A system below 13.0 is light whatever it is told.
+// Call this at startup, before the first window is created. Systems before 13.0 ignore the style; they have the light
+// appearance only.
 void setEnvironment(const Environment& environment);
-// Changes the system appearance and tells every view controller and view whose traits change by it; nothing below 13.0.
+// Changes the system appearance and sends traitCollectionDidChange: to each view controller and view whose traits
+// change. Does nothing on systems before 13.0.
 void switchAppearance(UIUserInterfaceStyle style);
-// The direction that the language of such a locale (ar_EG) is written in.
+// The writing direction of the language of a locale such as ar_EG. Left to right for an unknown language.
 LayoutDirection directionOfLocale(const std::string& locale);
 
 }  // namespace uikit

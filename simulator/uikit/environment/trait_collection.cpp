@@ -18,7 +18,7 @@ UITraitCollection* traitCollection(UIUserInterfaceStyle style) {
 
 namespace {
 
-UIUserInterfaceStyle styleAround(const UIViewController* controller) {
+UIUserInterfaceStyle inheritedStyle(const UIViewController* controller) {
   const ViewControllerState& state = objc::state(controller);
   if (state.view != nullptr && record(state.view.get()).superview != nullptr)
     return styleOf(record(state.view.get()).superview);
@@ -29,7 +29,7 @@ UIUserInterfaceStyle styleAround(const UIViewController* controller) {
 
 UIUserInterfaceStyle styleOf(const UIViewController* controller) {
   const UIUserInterfaceStyle override = objc::state(controller).overrideStyle;
-  return override == UIUserInterfaceStyle::Unspecified ? styleAround(controller) : override;
+  return override == UIUserInterfaceStyle::Unspecified ? inheritedStyle(controller) : override;
 }
 
 UIUserInterfaceStyle styleOf(const UIView* view) {
@@ -40,47 +40,48 @@ UIUserInterfaceStyle styleOf(const UIView* view) {
 
 namespace {
 
-// Someone with traits, and what they were.
-struct Witness {
+// A view or view controller and its style before a change.
+struct TraitSnapshot {
   objc::Ref<UIResponder> object;
   UIUserInterfaceStyle style;
 };
 
-UIUserInterfaceStyle styleOfWitness(UIResponder* object) {
+UIUserInterfaceStyle currentStyle(UIResponder* object) {
   if (const UIViewController* controller = objc::as<UIViewController>(object)) return styleOf(controller);
   return styleOf(static_cast<UIView*>(object));
 }
 
-void addWitnesses(UIView* root, std::vector<Witness>& witnesses) {
+void addSnapshots(UIView* root, std::vector<TraitSnapshot>& snapshots) {
   visitTree(root, [&](UIView* view) {
     if (UIViewController* controller = record(view).viewController)
-      witnesses.push_back({objc::retain<UIResponder>(controller), styleOf(controller)});
-    witnesses.push_back({objc::retain<UIResponder>(view), styleOf(view)});
+      snapshots.push_back({objc::retain<UIResponder>(controller), styleOf(controller)});
+    snapshots.push_back({objc::retain<UIResponder>(view), styleOf(view)});
   });
 }
 
-// Also views that are not told anything look different: default colors and blurs follow the appearance.
-void tellChanges(const std::vector<Witness>& witnesses) {
-  noteNewLook();
-  for (const Witness& witness : witnesses)
-    if (styleOfWitness(witness.object) != witness.style)
-      objc::send<void, "traitCollectionDidChange:">(witness.object.get(), traitCollection(witness.style));
+// The screen is invalidated as a whole, because default colors and blurs depend on the appearance even in views that do
+// not implement traitCollectionDidChange:.
+void sendTraitChanges(const std::vector<TraitSnapshot>& snapshots) {
+  invalidateScreen();
+  for (const TraitSnapshot& snapshot : snapshots)
+    if (currentStyle(snapshot.object) != snapshot.style)
+      objc::send<void, "traitCollectionDidChange:">(snapshot.object.get(), traitCollection(snapshot.style));
 }
 
 }  // namespace
 
 void changeTraitsOf(UIView* view, const std::function<void()>& change) {
-  std::vector<Witness> witnesses;
-  if (view != nullptr) addWitnesses(view, witnesses);
+  std::vector<TraitSnapshot> snapshots;
+  if (view != nullptr) addSnapshots(view, snapshots);
   change();
-  tellChanges(witnesses);
+  sendTraitChanges(snapshots);
 }
 
-void changeTraitsOfEverything(const std::function<void()>& change) {
-  std::vector<Witness> witnesses;
-  for (UIWindow* window : allWindows()) addWitnesses(window, witnesses);
+void changeTraitsOfAllWindows(const std::function<void()>& change) {
+  std::vector<TraitSnapshot> snapshots;
+  for (UIWindow* window : allWindows()) addSnapshots(window, snapshots);
   change();
-  tellChanges(witnesses);
+  sendTraitChanges(snapshots);
 }
 
 namespace {
@@ -97,7 +98,7 @@ NSUInteger hash(UITraitCollection* self) { return static_cast<NSUInteger>(objc::
 
 UITraitCollection* traitsOfView(UIView* self) { return traitCollection(styleOf(self)); }
 
-// For subclasses.
+// Subclasses override it.
 void traitCollectionDidChange(UIView*, UITraitCollection*) {}
 
 }  // namespace

@@ -1,4 +1,5 @@
-// UITraitCollection: made for an appearance, equal when of the same.
+// UITraitCollection and the traits of views. A trait collection consists of the user interface style only. Main thread
+// only.
 #pragma once
 
 #include <functional>
@@ -17,15 +18,17 @@ struct objc::StateOf<UITraitCollection> {
 
 namespace uikit {
 
-// Autoreleased.
+// Returns an autoreleased trait collection with this style.
 UITraitCollection* traitCollection(UIUserInterfaceStyle style);
-// The appearance that a view, or a controller, is shown in.
+// The style of a view or view controller: the override of the nearest controller, or else the style of the system. A
+// nil view has the style of the system; a controller must not be nil.
 UIUserInterfaceStyle styleOf(const UIView* view);
 UIUserInterfaceStyle styleOf(const UIViewController* controller);
 
-// Makes a change that may alter the traits of what is in this view, or in any window, and sends
-// traitCollectionDidChange: to each controller and view whose appearance it altered, outer ones first.
+// Runs a change that can affect the traits of the views inside this view (or inside any window). Then sends
+// traitCollectionDidChange: to each view controller and view whose style has changed, superviews first. The view can be
+// nil.
 void changeTraitsOf(UIView* view, const std::function<void()>& change);
-void changeTraitsOfEverything(const std::function<void()>& change);
+void changeTraitsOfAllWindows(const std::function<void()>& change);
 
 }  // namespace uikit

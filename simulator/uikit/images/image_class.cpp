@@ -28,7 +28,8 @@ std::shared_ptr<const drawing::Image> imageOf(const UIImage* image) {
 
 namespace {
 
-// Foundation knows where a path of the phone really is; it refuses what cannot be written as UTF-8.
+// Foundation maps a path of the phone to a path on this machine. The detour over UTF-8 replaces invalid characters,
+// which Foundation would reject.
 std::string fileSystemPath(const std::string& path) {
   NSString* clean = NSString::stringWithUTF8String(path.c_str());
   return clean->fileSystemRepresentation();

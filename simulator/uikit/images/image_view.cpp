@@ -1,4 +1,4 @@
-// UIImageView: a picture in a rectangle.
+// UIImageView: a view that shows an image.
 #include "platform/ui_image_view.hpp"
 
 #include <nlohmann/json.hpp>
@@ -41,10 +41,10 @@ CGSize intrinsicContentSize(UIImageView* self) {
 }
 
 void setImage(UIImageView* self, UIImage* image) {
-  objc::Ref<UIImage>& held = objc::state(self).image;
-  if (held.get() == image) return;
+  objc::Ref<UIImage>& current = objc::state(self).image;
+  if (current.get() == image) return;
   const CGSize before = intrinsicContentSize(self);
-  held = objc::retain(image);
+  current = objc::retain(image);
   if (intrinsicContentSize(self) != before) invalidateIntrinsicContentSize(self);
   setNeedsDisplay(self);
 }
@@ -68,7 +68,7 @@ CGRect contentArea(UIImageView* self) {
       drawing::placeContent(shown->size(), rectangle(shownBounds(self)), static_cast<drawing::ContentMode>(mode)));
 }
 
-// A picture that came as bytes has no name but its size.
+// An image that was decoded from data has no file name; it is described by its size in pixels.
 std::string nameOf(const drawing::Image& image) {
   if (!image.name().empty()) return image.name();
   return "data " + std::to_string(image.pixelWidth()) + "x" + std::to_string(image.pixelHeight());

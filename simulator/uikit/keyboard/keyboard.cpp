@@ -14,7 +14,7 @@
 
 class UIRemoteKeyboardWindow : public objc::Interface<"UIRemoteKeyboardWindow", UIWindow> {};
 
-// Hears the keys.
+// The target of the actions of the keys.
 class UIKeyboardImpl : public objc::Interface<"UIKeyboardImpl", NSObject> {};
 
 namespace uikit {
@@ -24,58 +24,59 @@ namespace {
 constexpr double slideSeconds = 0.25;
 constexpr double levelAboveEverything = 10000;
 
-// All that decides how the keyboard looks.
-struct Look {
+// Everything that determines the keys of the keyboard and their appearance.
+struct KeyboardAppearance {
   KeyboardPlane plane = KeyboardPlane::Letters;
   Shift shift = Shift::On;
   UIUserInterfaceStyle style = UIUserInterfaceStyle::Light;
   UIReturnKeyType returnKey{};
   bool hasText = false;
-  bool takesReturnKey = true;
-  friend bool operator==(const Look&, const Look&) = default;
+  bool acceptsReturnKey = true;
+  friend bool operator==(const KeyboardAppearance&, const KeyboardAppearance&) = default;
 };
 
 struct Keyboard {
   objc::Ref<UIRemoteKeyboardWindow> window;
   objc::Ref<UIKeyboardImpl> listener;
-  UIResponder* typist = nullptr;  // only compared
+  UIResponder* textInput = nullptr;  // not retained; only compared
   KeyboardPlane plane = KeyboardPlane::Letters;
-  std::optional<Shift> chosenShift;
-  std::optional<Look> look;
-  bool isUp = false;
+  std::optional<Shift> shiftOverride;
+  std::optional<KeyboardAppearance> appearance;
+  bool isShown = false;
 };
 
 Keyboard& keyboard() {
-  static Keyboard& held = *new Keyboard;
-  return held;
+  static Keyboard& instance = *new Keyboard;
+  return instance;
 }
 
 KeyboardSize sizeOfKeyboard() { return {environment().device.screen.width, environment().device.safeArea.bottom}; }
 
-CGRect frameWhen(bool isUp) {
+CGRect frameWhen(bool isShown) {
   const double height = sizeOfKeyboard().height();
   const CGSize screen = environment().device.screen;
-  return {{0, isUp ? screen.height - height : screen.height}, {screen.width, height}};
+  return {{0, isShown ? screen.height - height : screen.height}, {screen.width, height}};
 }
 
-UIResponder* typistNow() {
+UIResponder* currentTextInput() {
   UIResponder* responder = firstResponder();
   return answers<"insertText:">(responder) ? responder : nullptr;
 }
 
-bool hasText(UIResponder* typist) { return answers<"hasText">(typist) && objc::send<bool, "hasText">(typist); }
+bool hasText(UIResponder* textInput) { return answers<"hasText">(textInput) && objc::send<bool, "hasText">(textInput); }
 
-// A sentence begins with a capital.
-Look lookFor(UIResponder* typist) {
-  Look look;
-  look.plane = keyboard().plane;
-  look.hasText = hasText(typist);
-  look.takesReturnKey = look.hasText || !answers<"enablesReturnKeyAutomatically">(typist) ||
-                        !objc::send<bool, "enablesReturnKeyAutomatically">(typist);
-  look.shift = keyboard().chosenShift.value_or(look.hasText ? Shift::Off : Shift::On);
-  if (const auto* view = objc::as<UIView>(typist)) look.style = styleOf(view);
-  if (answers<"returnKeyType">(typist)) look.returnKey = objc::send<UIReturnKeyType, "returnKeyType">(typist);
-  return look;
+// Shift is on for an empty text, because a sentence begins with a capital letter.
+KeyboardAppearance appearanceFor(UIResponder* textInput) {
+  KeyboardAppearance appearance;
+  appearance.plane = keyboard().plane;
+  appearance.hasText = hasText(textInput);
+  appearance.acceptsReturnKey = appearance.hasText || !answers<"enablesReturnKeyAutomatically">(textInput) ||
+                                !objc::send<bool, "enablesReturnKeyAutomatically">(textInput);
+  appearance.shift = keyboard().shiftOverride.value_or(appearance.hasText ? Shift::Off : Shift::On);
+  if (const auto* view = objc::as<UIView>(textInput)) appearance.style = styleOf(view);
+  if (answers<"returnKeyType">(textInput))
+    appearance.returnKey = objc::send<UIReturnKeyType, "returnKeyType">(textInput);
+  return appearance;
 }
 
 UIColor* backgroundOf(UIUserInterfaceStyle style) {
@@ -83,37 +84,38 @@ UIColor* backgroundOf(UIUserInterfaceStyle style) {
                                              : UIColor::withRed(0.82, 0.827, 0.85, 1);
 }
 
-void rebuildKeys(const Look& look) {
+void rebuildKeys(const KeyboardAppearance& appearance) {
   UIRemoteKeyboardWindow* window = keyboard().window;
   const auto old = record(window).subviews;
   for (const objc::Ref<UIView>& key : old) key->removeFromSuperview();
-  window->setBackgroundColor(backgroundOf(look.style));
-  const bool sends = look.returnKey == UIReturnKeyType::Send;
-  const KeyboardFace face = {look.plane, look.shift, lettersOf(environment().locale), sends ? "send" : "return"};
+  window->setBackgroundColor(backgroundOf(appearance.style));
+  const bool sends = appearance.returnKey == UIReturnKeyType::Send;
+  const KeyboardFace face = {appearance.plane, appearance.shift, lettersOf(environment().locale),
+                             sends ? "send" : "return"};
   for (Key& key : keysOf(sizeOfKeyboard(), face)) {
-    const bool isProminent = key.role == KeyRole::Return && sends && look.takesReturnKey;
-    const auto view = makeKeyView({std::move(key), look.shift, look.style, isProminent});
+    const bool isProminent = key.role == KeyRole::Return && sends && appearance.acceptsReturnKey;
+    const auto view = makeKeyView({std::move(key), appearance.shift, appearance.style, isProminent});
     view->addTarget(keyboard().listener, objc::selector<"keyPressed:">(), UIControlEvents::TouchUpInside);
     window->addSubview(view);
   }
 }
 
-void press(const Key& key, UIResponder* typist) {
-  const auto insert = [typist](const std::string& text) {
-    objc::send<void, "insertText:">(typist, NSString::stringWithUTF8String(text.c_str()));
+void press(const Key& key, UIResponder* textInput) {
+  const auto insert = [textInput](const std::string& text) {
+    objc::send<void, "insertText:">(textInput, NSString::stringWithUTF8String(text.c_str()));
   };
   switch (key.role) {
     case KeyRole::Character:
-      keyboard().chosenShift.reset();
+      keyboard().shiftOverride.reset();
       return insert(key.label);
     case KeyRole::Space:
       return insert(" ");
     case KeyRole::Return:
       return insert("\n");
     case KeyRole::Backspace:
-      return objc::send<void, "deleteBackward">(typist);
+      return objc::send<void, "deleteBackward">(textInput);
     case KeyRole::Shift:
-      keyboard().chosenShift = keyboard().look->shift == Shift::On ? Shift::Off : Shift::On;
+      keyboard().shiftOverride = keyboard().appearance->shift == Shift::On ? Shift::Off : Shift::On;
       return;
     case KeyRole::Plane:
       keyboard().plane = key.plane;
@@ -121,15 +123,15 @@ void press(const Key& key, UIResponder* typist) {
     case KeyRole::Emoji:
     case KeyRole::Globe:
     case KeyRole::Microphone:
-      return;  // there is no other keyboard, and nobody listens
+      return;  // other keyboards and dictation are not simulated
   }
 }
 
 void keyPressed(UIKeyboardImpl*, UIKBKeyView* sender) {
-  UIResponder* typist = typistNow();
-  if (typist == nullptr) return;
+  UIResponder* textInput = currentTextInput();
+  if (textInput == nullptr) return;
   const Key key = objc::state(sender).key;
-  press(key, typist);
+  press(key, textInput);
 }
 
 void makeKeyboard() {
@@ -141,36 +143,36 @@ void makeKeyboard() {
 
 void slide(bool up) {
   Keyboard& moved = keyboard();
-  moved.isUp = up;
+  moved.isShown = up;
   const auto window = moved.window;
   if (up) window->setHidden(false);
   UIView::animate(slideSeconds, objc::block([window, up] { window->setFrame(frameWhen(up)); }),
                   objc::block([window](bool) {
-                    if (!keyboard().isUp) window->setHidden(true);
+                    if (!keyboard().isShown) window->setHidden(true);
                   }));
 }
 
 }  // namespace
 
-void followFirstResponder() {
-  UIResponder* typist = typistNow();
+void updateKeyboard() {
+  UIResponder* textInput = currentTextInput();
   Keyboard& shown = keyboard();
-  if (typist == nullptr) {
-    if (shown.isUp) slide(false);
-    shown.typist = nullptr;
+  if (textInput == nullptr) {
+    if (shown.isShown) slide(false);
+    shown.textInput = nullptr;
     return;
   }
   if (shown.window == nullptr) makeKeyboard();
-  if (shown.typist != typist) {
-    shown.typist = typist;
+  if (shown.textInput != textInput) {
+    shown.textInput = textInput;
     shown.plane = KeyboardPlane::Letters;
-    shown.chosenShift.reset();
+    shown.shiftOverride.reset();
   }
-  if (const Look look = lookFor(typist); shown.look != look) {
-    shown.look = look;
-    rebuildKeys(look);
+  if (const KeyboardAppearance appearance = appearanceFor(textInput); shown.appearance != appearance) {
+    shown.appearance = appearance;
+    rebuildKeys(appearance);
   }
-  if (!shown.isUp) slide(true);
+  if (!shown.isShown) slide(true);
 }
 
 void defineKeyboard() {

@@ -1,10 +1,12 @@
-// The on-screen keyboard: there while the first responder takes text. Its keys type into it. Main thread.
+// The on-screen keyboard. It is shown while the first responder accepts text, and its keys insert text into that
+// responder. Main thread only.
 #pragma once
 
 namespace uikit {
 
-// Brings the keyboard up, takes it away or changes its keys, as the first responder has it. At the end of each turn.
-void followFirstResponder();
+// Shows or hides the keyboard or changes its keys, depending on the first responder. Call this at the end of each
+// run-loop iteration.
+void updateKeyboard();
 
 void defineKeyboard();
 

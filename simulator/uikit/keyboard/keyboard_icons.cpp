@@ -28,11 +28,11 @@ void drawBackspace(cairo_t* context) {
   constexpr drawing::Point shape[] = {{-4.5, -7.5}, {11, -7.5}, {11, 7.5}, {-4.5, 7.5}, {-11.5, 0}};
   outline(context, shape);
   constexpr double arm = 3;
-  constexpr double middle = 3;
-  cairo_move_to(context, middle - arm, -arm);
-  cairo_line_to(context, middle + arm, arm);
-  cairo_move_to(context, middle - arm, arm);
-  cairo_line_to(context, middle + arm, -arm);
+  constexpr double center = 3;
+  cairo_move_to(context, center - arm, -arm);
+  cairo_line_to(context, center + arm, arm);
+  cairo_move_to(context, center - arm, arm);
+  cairo_line_to(context, center + arm, -arm);
   cairo_stroke(context);
 }
 
@@ -72,7 +72,7 @@ void drawMicrophone(cairo_t* context) {
   cairo_stroke(context);
 }
 
-void drawFace(cairo_t* context) {
+void drawSmiley(cairo_t* context) {
   drawEllipse(context, 10, 10);
   cairo_stroke(context);
   for (const double eye : {-3.6, 3.6}) {
@@ -85,11 +85,11 @@ void drawFace(cairo_t* context) {
 
 }  // namespace
 
-void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Point& middle,
+void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Point& center,
                  const drawing::Color& color) {
   cairo_t* context = canvas.context();
   cairo_save(context);
-  cairo_translate(context, middle.x, middle.y);
+  cairo_translate(context, center.x, center.y);
   cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
   cairo_set_line_width(context, lineWidth);
   cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
@@ -109,7 +109,7 @@ void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawi
       drawMicrophone(context);
       break;
     case KeyRole::Emoji:
-      drawFace(context);
+      drawSmiley(context);
       break;
     default:
       break;

@@ -1,4 +1,4 @@
-// The pictures on the keys that bear no word, drawn around a middle.
+// The icons of the keys that have no text.
 #pragma once
 
 #include "simulator/drawing/canvas.hpp"
@@ -6,8 +6,8 @@
 
 namespace uikit {
 
-// Nothing for a key that bears a word. A pressed shift is filled.
-void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Point& middle,
+// Draws the icon of a key around a point. Draws nothing for a key with text. The shift icon is filled if shift is on.
+void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Point& center,
                  const drawing::Color& color);
 
 }  // namespace uikit

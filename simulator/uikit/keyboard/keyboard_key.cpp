@@ -20,7 +20,7 @@ constexpr double labelMargin = 2;
 constexpr double shadowHeight = 1;
 constexpr drawing::CornerShape corners = {5, drawing::CornerCurve::Continuous};
 
-// The colors of one appearance.
+// The colors of the keys in one appearance.
 struct KeyPalette {
   drawing::Color character, function, prominent, shadow, text, prominentText, pressedShift;
 };
@@ -36,25 +36,25 @@ constexpr KeyPalette darkPalette = {{0.42, 0.42, 0.425, 1},
                                     {1, 1, 1, 1},
                                     {0, 0, 0, 1}};
 
-bool hasFace(const Key& key) {
+bool hasKeyCap(const Key& key) {
   return key.frame.size.height < 44 || (key.role != KeyRole::Globe && key.role != KeyRole::Microphone);
 }
 
-bool looksLikeACharacter(const KeyViewState& look) {
-  return look.key.role == KeyRole::Character || look.key.role == KeyRole::Space ||
-         (look.key.role == KeyRole::Shift && look.shift == Shift::On);
+bool usesCharacterColor(const KeyViewState& state) {
+  return state.key.role == KeyRole::Character || state.key.role == KeyRole::Space ||
+         (state.key.role == KeyRole::Shift && state.shift == Shift::On);
 }
 
-// A key under a finger changes to the other kind's color.
-const drawing::Color& faceOf(const KeyViewState& look, const KeyPalette& palette, bool isPressed) {
-  if (look.isProminent && !isPressed) return palette.prominent;
-  if (look.key.role == KeyRole::Shift && look.shift == Shift::On) return lightPalette.character;
-  return looksLikeACharacter(look) != isPressed ? palette.character : palette.function;
+// A pressed character key has the color of function keys, and the other way around.
+const drawing::Color& capColor(const KeyViewState& state, const KeyPalette& palette, bool isPressed) {
+  if (state.isProminent && !isPressed) return palette.prominent;
+  if (state.key.role == KeyRole::Shift && state.shift == Shift::On) return lightPalette.character;
+  return usesCharacterColor(state) != isPressed ? palette.character : palette.function;
 }
 
-const drawing::Color& inkOf(const KeyViewState& look, const KeyPalette& palette) {
-  if (look.isProminent) return palette.prominentText;
-  return look.key.role == KeyRole::Shift && look.shift == Shift::On ? palette.pressedShift : palette.text;
+const drawing::Color& symbolColor(const KeyViewState& state, const KeyPalette& palette) {
+  if (state.isProminent) return palette.prominentText;
+  return state.key.role == KeyRole::Shift && state.shift == Shift::On ? palette.pressedShift : palette.text;
 }
 
 drawing::TextLayout labelOf(const Key& key, double fontSize) {
@@ -67,32 +67,32 @@ drawing::TextLayout labelOf(const Key& key, double fontSize) {
   return {std::move(paragraph), environment().device.scale};
 }
 
-// A letter too wide for its key is smaller than the others.
-void drawLabel(drawing::Canvas& canvas, const KeyViewState& look, const drawing::Rectangle& area,
-               const drawing::Color& ink) {
-  const double usualSize = look.key.role == KeyRole::Character ? characterSize : wordSize;
-  const drawing::TextLayout label = labelOf(look.key, usualSize);
+// A label that is too wide for its key is drawn in a smaller size.
+void drawLabel(drawing::Canvas& canvas, const KeyViewState& state, const drawing::Rectangle& area,
+               const drawing::Color& color) {
+  const double standardSize = state.key.role == KeyRole::Character ? characterSize : wordSize;
+  const drawing::TextLayout label = labelOf(state.key, standardSize);
   const double width = label.measure(0).width;
-  const double room = area.width - 2 * labelMargin;
-  if (width <= room) return label.draw(canvas, area, ink);
-  labelOf(look.key, usualSize * room / width).draw(canvas, area, ink);
+  const double availableWidth = area.width - 2 * labelMargin;
+  if (width <= availableWidth) return label.draw(canvas, area, color);
+  labelOf(state.key, standardSize * availableWidth / width).draw(canvas, area, color);
 }
 
 void drawContent(UIKBKeyView* self, void* target) {
   drawing::Canvas& canvas = *static_cast<drawing::Canvas*>(target);
-  const KeyViewState& look = objc::state(self);
-  const KeyPalette& palette = look.style == UIUserInterfaceStyle::Dark ? darkPalette : lightPalette;
+  const KeyViewState& state = objc::state(self);
+  const KeyPalette& palette = state.style == UIUserInterfaceStyle::Dark ? darkPalette : lightPalette;
   const drawing::Rectangle area = rectangle(shownBounds(self));
-  if (hasFace(look.key)) {
+  if (hasKeyCap(state.key)) {
     canvas.fillRoundedRectangle({area.x, area.y + shadowHeight, area.width, area.height}, corners, palette.shadow);
-    canvas.fillRoundedRectangle(area, corners, faceOf(look, palette, objc::state<UIControl>(self).highlighted));
+    canvas.fillRoundedRectangle(area, corners, capColor(state, palette, objc::state<UIControl>(self).highlighted));
   }
-  const drawing::Color& ink = inkOf(look, palette);
-  drawLabel(canvas, look, area, ink);
-  drawKeyIcon(canvas, look.key.role, look.shift, {area.x + area.width / 2, area.y + area.height / 2}, ink);
+  const drawing::Color& color = symbolColor(state, palette);
+  drawLabel(canvas, state, area, color);
+  drawKeyIcon(canvas, state.key.role, state.shift, {area.x + area.width / 2, area.y + area.height / 2}, color);
 }
 
-// With the shadow beneath.
+// Includes the shadow below the key.
 CGRect contentArea(UIKBKeyView* self) {
   const CGRect bounds = shownBounds(self);
   return {bounds.origin, {bounds.size.width, bounds.size.height + shadowHeight}};
@@ -108,9 +108,9 @@ void describe(UIKBKeyView* self, void* description) {
 
 }  // namespace
 
-objc::Ref<UIKBKeyView> makeKeyView(KeyViewState look) {
-  auto view = UIView::withFrame<UIKBKeyView>(look.key.frame);
-  objc::state(view.get()) = std::move(look);
+objc::Ref<UIKBKeyView> makeKeyView(KeyViewState state) {
+  auto view = UIView::withFrame<UIKBKeyView>(state.key.frame);
+  objc::state(view.get()) = std::move(state);
   return view;
 }
 

@@ -1,4 +1,4 @@
-// One key of the on-screen keyboard.
+// The view of one key of the on-screen keyboard. Main thread only.
 #pragma once
 
 #include "objc/class_definition.hpp"
@@ -12,7 +12,7 @@ struct KeyViewState {
   uikit::Key key;
   uikit::Shift shift = uikit::Shift::Off;
   UIUserInterfaceStyle style = UIUserInterfaceStyle::Light;
-  // Of a return key that would send.
+  // True for a return key that sends the text.
   bool isProminent = false;
 };
 template <>
@@ -22,7 +22,8 @@ struct objc::StateOf<UIKBKeyView> {
 
 namespace uikit {
 
-objc::Ref<UIKBKeyView> makeKeyView(KeyViewState look);
+// The frame of the view is that of the key.
+objc::Ref<UIKBKeyView> makeKeyView(KeyViewState state);
 
 void defineKeyboardKey();
 

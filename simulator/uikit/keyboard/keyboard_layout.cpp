@@ -13,11 +13,11 @@ using Row = std::vector<std::string>;
 constexpr double rowPitch = 54;
 constexpr double rows = 4;
 constexpr double keyHeight = 42;
-constexpr double rowTop = 8;
+constexpr double firstRowTop = 8;
 constexpr double margin = 3;
 constexpr double gap = 6;
 constexpr std::size_t keysInRow = 10;
-// Between the last row and the lower edge of a screen without a home button.
+// The height of the bar below the last row, without the safe area, on a device without a home button.
 constexpr double barHeight = 41;
 
 constexpr LetterRows numbers = {"1234567890", "-/:;()$&@\"", ".,?!'"};
@@ -37,7 +37,7 @@ const LetterRows& charactersOf(const KeyboardFace& face) {
 
 std::array<Row, 3> rowsOf(const KeyboardFace& face) {
   const LetterRows& characters = charactersOf(face);
-  return {lettersIn(characters[0]), lettersIn(characters[1]), lettersIn(characters[2])};
+  return {splitLetters(characters[0]), splitLetters(characters[1]), splitLetters(characters[2])};
 }
 
 double keyWidthFor(std::size_t keys, double keyboardWidth) {
@@ -50,53 +50,53 @@ double widthOf(const Row& row, double keyWidth) {
   return count * keyWidth + (count - 1) * gap;
 }
 
-class Builder {
+class KeyLayoutBuilder {
  public:
-  Builder(const KeyboardSize& size, const KeyboardFace& shown)
-      : keyboard(size), face(shown), characters(rowsOf(shown)), usualWidth(keyWidthFor(keysInRow, size.width)) {}
+  KeyLayoutBuilder(const KeyboardSize& size, const KeyboardFace& shown)
+      : keyboard_(size), face_(shown), characters_(rowsOf(shown)), standardWidth_(keyWidthFor(keysInRow, size.width)) {}
 
   std::vector<Key> build() {
     // Languages with more letters have narrower keys.
-    const std::size_t longest = std::max({keysInRow, characters[0].size(), characters[1].size()});
-    const double width = keyWidthFor(longest, keyboard.width);
+    const std::size_t longest = std::max({keysInRow, characters_[0].size(), characters_[1].size()});
+    const double width = keyWidthFor(longest, keyboard_.width);
     addCharacters(0, width);
     addCharacters(1, width);
-    if (face.plane == KeyboardPlane::Letters) {
+    if (face_.plane == KeyboardPlane::Letters) {
       addThirdRowOfLetters(width);
     } else {
-      addThirdRowOfSigns();
+      addThirdRowOfSymbols();
     }
     addLastRow();
-    if (keyboard.bottomInset > 0) addBar();
-    return std::move(keys);
+    if (keyboard_.bottomInset > 0) addBottomBar();
+    return std::move(keys_);
   }
 
  private:
-  static double top(int row) { return rowTop + row * rowPitch; }
+  static double top(int row) { return firstRowTop + row * rowPitch; }
 
   void add(KeyRole role, std::string label, double x, int row, double width,
-           KeyboardPlane leadsTo = KeyboardPlane::Letters) {
-    keys.push_back({role, std::move(label), {{x, top(row)}, {width, keyHeight}}, leadsTo});
+           KeyboardPlane targetPlane = KeyboardPlane::Letters) {
+    keys_.push_back({role, std::move(label), {{x, top(row)}, {width, keyHeight}}, targetPlane});
   }
 
   void addCharacters(int row, double width, double x) {
-    for (const std::string& character : characters[static_cast<std::size_t>(row)]) {
+    for (const std::string& character : characters_[static_cast<std::size_t>(row)]) {
       add(KeyRole::Character, character, x, row, width);
       x += width + gap;
     }
   }
-  // In the middle of the keyboard.
+  // Centers the row.
   void addCharacters(int row, double width) {
-    addCharacters(row, width, (keyboard.width - widthOf(characters[static_cast<std::size_t>(row)], width)) / 2);
+    addCharacters(row, width, (keyboard_.width - widthOf(characters_[static_cast<std::size_t>(row)], width)) / 2);
   }
 
-  void addBackspace(double width) { add(KeyRole::Backspace, "", keyboard.width - margin - width, 2, width); }
+  void addBackspace(double width) { add(KeyRole::Backspace, "", keyboard_.width - margin - width, 2, width); }
 
-  // Without capitals there is no shift, and the letters begin in its place.
+  // A script without capital letters has no shift key, so the letters start at the left margin.
   void addThirdRowOfLetters(double width) {
-    const double letters = widthOf(characters[2], width);
-    const double room = keyboard.width - 2 * margin - letters;
-    if (!face.letters.hasCapitals()) {
+    const double letters = widthOf(characters_[2], width);
+    const double room = keyboard_.width - 2 * margin - letters;
+    if (!face_.letters.hasCapitals()) {
       addCharacters(2, width, margin);
       return addBackspace(std::min(widerWidth(), room - gap));
     }
@@ -106,57 +106,60 @@ class Builder {
     addBackspace(side);
   }
 
-  // Fewer characters are wider, between a key that changes the plane and the one that erases.
-  void addThirdRowOfSigns() {
-    const bool inNumbers = face.plane == KeyboardPlane::Numbers;
-    add(KeyRole::Plane, inNumbers ? "#+=" : "123", margin, 2, widerWidth(),
-        inNumbers ? KeyboardPlane::Symbols : KeyboardPlane::Numbers);
-    addCharacters(2, usualWidth * 1.4 + gap * 0.4);
+  // This row has fewer characters, so their keys are wider. They are between the key that changes the plane and the
+  // backspace key.
+  void addThirdRowOfSymbols() {
+    const bool isNumberPlane = face_.plane == KeyboardPlane::Numbers;
+    add(KeyRole::Plane, isNumberPlane ? "#+=" : "123", margin, 2, widerWidth(),
+        isNumberPlane ? KeyboardPlane::Symbols : KeyboardPlane::Numbers);
+    addCharacters(2, standardWidth_ * 1.4 + gap * 0.4);
     addBackspace(widerWidth());
   }
 
-  double widerWidth() const { return usualWidth * 1.33; }
+  double widerWidth() const { return standardWidth_ * 1.33; }
 
   void addLastRow() {
-    const bool inLetters = face.plane == KeyboardPlane::Letters;
+    const bool isLetterPlane = face_.plane == KeyboardPlane::Letters;
     const double side = widerWidth();
     const double returnWidth = 2 * side + gap;
     double x = margin;
-    const auto next = [&](KeyRole role, std::string label, double width, KeyboardPlane leadsTo) {
-      add(role, std::move(label), x, 3, width, leadsTo);
+    const auto next = [&](KeyRole role, std::string label, double width, KeyboardPlane targetPlane) {
+      add(role, std::move(label), x, 3, width, targetPlane);
       x += width + gap;
     };
-    next(KeyRole::Plane, inLetters ? "123" : std::string(face.letters.name), side,
-         inLetters ? KeyboardPlane::Numbers : KeyboardPlane::Letters);
-    if (keyboard.bottomInset > 0) {
+    next(KeyRole::Plane, isLetterPlane ? "123" : std::string(face_.letters.name), side,
+         isLetterPlane ? KeyboardPlane::Numbers : KeyboardPlane::Letters);
+    if (keyboard_.bottomInset > 0) {
       next(KeyRole::Emoji, "", side, KeyboardPlane::Letters);
     } else {
-      next(KeyRole::Globe, "", usualWidth, KeyboardPlane::Letters);
-      next(KeyRole::Microphone, "", usualWidth, KeyboardPlane::Letters);
+      next(KeyRole::Globe, "", standardWidth_, KeyboardPlane::Letters);
+      next(KeyRole::Microphone, "", standardWidth_, KeyboardPlane::Letters);
     }
-    next(KeyRole::Space, "space", keyboard.width - margin - returnWidth - gap - x, KeyboardPlane::Letters);
-    add(KeyRole::Return, face.returnLabel, x, 3, returnWidth);
+    next(KeyRole::Space, "space", keyboard_.width - margin - returnWidth - gap - x, KeyboardPlane::Letters);
+    add(KeyRole::Return, face_.returnLabel, x, 3, returnWidth);
   }
 
-  void addBar() {
+  void addBottomBar() {
     constexpr double side = 44;
     constexpr double inset = 17;
-    const double y = rowTop + rows * rowPitch - 4;
-    keys.push_back({KeyRole::Globe, "", {{inset, y}, {side, side}}});
-    keys.push_back({KeyRole::Microphone, "", {{keyboard.width - inset - side, y}, {side, side}}});
+    const double y = firstRowTop + rows * rowPitch - 4;
+    keys_.push_back({KeyRole::Globe, "", {{inset, y}, {side, side}}});
+    keys_.push_back({KeyRole::Microphone, "", {{keyboard_.width - inset - side, y}, {side, side}}});
   }
 
-  const KeyboardSize keyboard;
-  const KeyboardFace& face;
-  const std::array<Row, 3> characters;
-  const double usualWidth;
-  std::vector<Key> keys;
+  const KeyboardSize keyboard_;
+  const KeyboardFace& face_;
+  const std::array<Row, 3> characters_;
+  const double standardWidth_;
+  std::vector<Key> keys_;
 };
 
 }  // namespace
 
 double KeyboardSize::height() const { return rows * rowPitch + (bottomInset > 0 ? bottomInset + barHeight : 0); }
 
-std::vector<Key> keysOf(const KeyboardSize& size, const KeyboardFace& face) { return Builder(size, face).build(); }
+std::vector<Key> keysOf(const KeyboardSize& size, const KeyboardFace& face) {
+  return KeyLayoutBuilder(size, face).build();
+}
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// Which keys the on-screen keyboard has, and where.
+// The keys of the on-screen keyboard and their frames. Lengths are in points.
 #pragma once
 
 #include <string>
@@ -11,21 +11,21 @@ namespace uikit {
 
 enum class KeyRole { Character, Shift, Backspace, Plane, Emoji, Globe, Microphone, Space, Return };
 
-// The set of characters that is shown.
+// The set of characters that the keyboard shows.
 enum class KeyboardPlane { Letters, Numbers, Symbols };
 
 enum class Shift { Off, On };
 
 struct Key {
   KeyRole role = KeyRole::Character;
-  // What it types, or what it is called; empty where it bears a picture.
+  // The text on the key, which is also the text that a character key inserts. Empty for a key with an icon.
   std::string label;
-  CGRect frame;                                  // in the keyboard
-  KeyboardPlane plane = KeyboardPlane::Letters;  // where a plane's key leads
+  CGRect frame;                                  // in the coordinates of the keyboard
+  KeyboardPlane plane = KeyboardPlane::Letters;  // the plane that a key with role Plane shows
 };
 
-// Above the home indicator there is room for the globe and the microphone; a device with a home button has them in its
-// last row.
+// The size of the keyboard. A bottom inset greater than 0 means a device without a home button: the globe and
+// microphone keys are below the last row. Otherwise, they are in the last row.
 struct KeyboardSize {
   double width = 0;
   double bottomInset = 0;
@@ -33,7 +33,7 @@ struct KeyboardSize {
   double height() const;
 };
 
-// What a keyboard shows at a time.
+// The state of the keyboard that determines its keys.
 struct KeyboardFace {
   KeyboardPlane plane = KeyboardPlane::Letters;
   Shift shift = Shift::On;
@@ -41,6 +41,7 @@ struct KeyboardFace {
   std::string returnLabel;
 };
 
+// All keys of the keyboard, row by row.
 std::vector<Key> keysOf(const KeyboardSize& size, const KeyboardFace& face);
 
 }  // namespace uikit

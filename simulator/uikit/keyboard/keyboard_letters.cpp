@@ -27,7 +27,7 @@ constexpr LetterSet sets[] = {
     {"he", hebrew, hebrew, "אבג"},
 };
 
-constexpr bool beginsALetter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
+constexpr bool isLeadingByte(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
 
 }  // namespace
 
@@ -37,10 +37,10 @@ const LetterSet& lettersOf(std::string_view locale) {
   return found == std::end(sets) ? english : *found;
 }
 
-std::vector<std::string> lettersIn(std::string_view row) {
+std::vector<std::string> splitLetters(std::string_view row) {
   std::vector<std::string> letters;
   for (const char byte : row) {
-    if (beginsALetter(byte)) letters.emplace_back();
+    if (isLeadingByte(byte)) letters.emplace_back();
     letters.back() += byte;
   }
   return letters;

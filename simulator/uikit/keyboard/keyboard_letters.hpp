@@ -1,4 +1,4 @@
-// The letters of the on-screen keyboard, by language.
+// The letters of the on-screen keyboard for each language. Texts are UTF-8.
 #pragma once
 
 #include <array>
@@ -8,24 +8,24 @@
 
 namespace uikit {
 
-// Each row as one text, its letters in the order in which their keys stand, from the left in every language.
+// The letters of each row, in the order of their keys from left to right in every language.
 using LetterRows = std::array<std::string_view, 3>;
 
 struct LetterSet {
   std::string_view language;
   LetterRows small;
   LetterRows capital;
-  // What is written on the key that leads to them.
+  // The label of the key that shows the letters plane.
   std::string_view name;
 
-  // A script without capitals needs no shift.
+  // False for a script without capital letters, whose keyboard has no shift key.
   bool hasCapitals() const { return small != capital; }
 };
 
-// Those of the locale's language, such as de of de_DE; English letters for a language that is not known.
+// The letters for the language of a locale such as de_DE. English letters if the language is unknown.
 const LetterSet& lettersOf(std::string_view locale);
 
-// The row's letters one by one.
-std::vector<std::string> lettersIn(std::string_view row);
+// Splits a row into its letters.
+std::vector<std::string> splitLetters(std::string_view row);
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// The anchors of views, and the constraints they make.
+// Layout anchors of views, and the constraints that they create.
 #include "simulator/uikit/layout/layout_constraint.hpp"
 #include "simulator/uikit/views/class_definitions.hpp"
 

@@ -13,13 +13,13 @@ namespace uikit {
 
 namespace {
 
-// A constraint that cannot be: the platform raises an exception; here it is named, and stays inactive.
-void refuse(const ConstraintRecord& constraint, const char* reason) {
+// Reports a constraint that cannot be activated. It stays inactive. The platform raises an exception instead.
+void reportInvalidConstraint(const ConstraintRecord& constraint, const char* reason) {
   std::fprintf(stderr, "Unable to activate the constraint %s: %s.\n", describeConstraint(constraint).c_str(), reason);
 }
 
 std::string describeView(const UIView* view) {
-  if (view == nullptr) return "(gone)";
+  if (view == nullptr) return "(deallocated view)";
   std::array<char, 128> text{};
   std::snprintf(text.data(), text.size(), "<%s %p>", class_getName(object_getClass(objc::detail::identifier(view))),
                 static_cast<const void*>(view));
@@ -36,7 +36,7 @@ std::string describeNumber(double number) {
   return text.data();
 }
 
-bool touches(const ConstraintRecord& constraint, const UIView* leaving) {
+bool involves(const ConstraintRecord& constraint, const UIView* leaving) {
   return isDescendant(constraint.firstView, leaving) ||
          (constraint.secondView != nullptr && isDescendant(constraint.secondView, leaving));
 }
@@ -96,32 +96,33 @@ void activate(NSLayoutConstraint* constraint) {
   UIView* first = state.first.view.lock().get();
   UIView* second = state.second.view.lock().get();
   const bool hasSecond = state.second.attribute != NSLayoutAttribute::NotAnAttribute;
-  if (first == nullptr || (hasSecond && second == nullptr)) return refuse(state, "a view of it is gone");
+  if (first == nullptr || (hasSecond && second == nullptr))
+    return reportInvalidConstraint(state, "one of its views was deallocated");
   UIView* holder = hasSecond ? commonAncestor(first, second) : first;
-  if (holder == nullptr) return refuse(state, "its views have no common ancestor");
+  if (holder == nullptr) return reportInvalidConstraint(state, "its views have no common ancestor");
   state.holder = holder;
   state.firstView = first;
   state.secondView = second;
   record(holder).constraints.push_back(objc::retain(constraint));
-  constraintsChanged(holder);
+  invalidateConstraints(holder);
 }
 
 void deactivate(NSLayoutConstraint* constraint) {
   ConstraintRecord& state = objc::state(constraint);
   if (state.holder == nullptr) return;
-  const objc::Ref<NSLayoutConstraint> kept = objc::retain(constraint);
-  constraintsChanged(state.holder);
+  const objc::Ref<NSLayoutConstraint> retained = objc::retain(constraint);
+  invalidateConstraints(state.holder);
   std::erase_if(record(state.holder).constraints,
-                [&](const objc::Ref<NSLayoutConstraint>& held) { return held.get() == constraint; });
+                [&](const objc::Ref<NSLayoutConstraint>& each) { return each.get() == constraint; });
   state.holder = state.firstView = state.secondView = nullptr;
   state.conflictReported = false;
 }
 
 void deactivateConstraintsAcross(const UIView* leaving) {
   for (UIView* ancestor = record(leaving).superview; ancestor != nullptr; ancestor = record(ancestor).superview) {
-    const std::vector<objc::Ref<NSLayoutConstraint>> held = record(ancestor).constraints;
-    for (const objc::Ref<NSLayoutConstraint>& constraint : held)
-      if (touches(objc::state(constraint.get()), leaving)) deactivate(constraint);
+    const std::vector<objc::Ref<NSLayoutConstraint>> constraints = record(ancestor).constraints;
+    for (const objc::Ref<NSLayoutConstraint>& constraint : constraints)
+      if (involves(objc::state(constraint.get()), leaving)) deactivate(constraint);
   }
 }
 
@@ -133,7 +134,7 @@ void setConstant(NSLayoutConstraint* self, CGFloat value) {
   ConstraintRecord& state = objc::state(self);
   if (state.constant == value) return;
   state.constant = value;
-  if (state.holder != nullptr) constraintsChanged(state.holder);
+  if (state.holder != nullptr) invalidateConstraints(state.holder);
 }
 
 bool isActive(NSLayoutConstraint* self) { return objc::state(self).holder != nullptr; }
@@ -144,7 +145,7 @@ float priority(NSLayoutConstraint* self) { return objc::state(self).priority; }
 void setPriority(NSLayoutConstraint* self, float value) {
   ConstraintRecord& state = objc::state(self);
   state.priority = value;
-  if (state.holder != nullptr) constraintsChanged(state.holder);
+  if (state.holder != nullptr) invalidateConstraints(state.holder);
 }
 
 NSLayoutRelation relation(NSLayoutConstraint* self) { return objc::state(self).relation; }

@@ -1,4 +1,5 @@
-// NSLayoutConstraint's state: one attribute of a view against one of another, or against a constant.
+// NSLayoutConstraint's state: a relation between an attribute of a view and an attribute of another view or a constant.
+// Main thread only.
 #pragma once
 
 #include <string>
@@ -6,7 +7,7 @@
 #include "objc/class_definition.hpp"
 #include "platform/ui_view.hpp"
 
-// The platform's numbers.
+// The values are those of the platform.
 enum class NSLayoutAttribute : NSInteger {
   NotAnAttribute,
   Left,
@@ -25,12 +26,13 @@ enum class NSLayoutRelation : NSInteger { LessThanOrEqual = -1, Equal, GreaterTh
 
 namespace uikit {
 
-// first.attribute `relation` multiplier * second.attribute + constant; without a second view the constant alone.
+// One side of a constraint: an attribute of a view. A constraint with a constant only has no second item.
 struct LayoutItem {
   objc::Weak<UIView> view;
   NSLayoutAttribute attribute = NSLayoutAttribute::NotAnAttribute;
 };
 
+// first `relation` multiplier * second + constant. Without a second item: first `relation` constant.
 struct ConstraintRecord {
   LayoutItem first;
   LayoutItem second;
@@ -39,23 +41,26 @@ struct ConstraintRecord {
   double constant = 0;
   float priority = 1000;
 
-  // While active: the common ancestor that holds the constraint, and the views, which are inside it.
+  // Only while the constraint is active: the views, and their nearest common ancestor, which retains the constraint.
+  // Borrowed.
   UIView* holder = nullptr;
   UIView* firstView = nullptr;
   UIView* secondView = nullptr;
   bool conflictReported = false;
 };
 
+// Logs an error and does nothing if a view was deallocated or the views have no common ancestor.
 void activate(NSLayoutConstraint* constraint);
 void deactivate(NSLayoutConstraint* constraint);
-// Deactivates what ties the view or anything inside it to its surroundings, before it leaves them.
+// Deactivates the constraints between views inside `leaving`, including itself, and views outside. Call this before the
+// view is removed from its superview.
 void deactivateConstraintsAcross(const UIView* leaving);
 
-// An anchor of the view, autoreleased.
+// Returns an autoreleased anchor of the view.
 NSLayoutAnchor* makeAnchor(UIView* view, NSLayoutAttribute attribute);
 
 const char* nameOf(NSLayoutAttribute attribute);
-// "<BrimLabel 0x1234>.top >= <UIView 0x5678>.bottom + 8 @750"
+// Describes a constraint for error messages: "<BrimLabel 0x1234>.top >= <UIView 0x5678>.bottom + 8 @750".
 std::string describeConstraint(const ConstraintRecord& constraint);
 
 }  // namespace uikit

@@ -15,7 +15,8 @@ using layout::Solver;
 
 constexpr float huggingPriority = 250;
 constexpr float compressionResistancePriority = 750;
-// Widths decide heights, and heights seldom widths; more rounds than this would be a tree that never settles.
+// Heights depend on widths, but widths rarely depend on heights. A tree that needs more rounds than this does not
+// converge.
 constexpr int maxMeasuringRounds = 4;
 
 Solver::Relation solverRelation(NSLayoutRelation relation) {
@@ -30,15 +31,15 @@ Solver::Relation solverRelation(NSLayoutRelation relation) {
   return Solver::Relation::Equal;
 }
 
-// A constraint as the solver has it.
-struct Row {
+// A constraint in the form that the solver uses.
+struct ConstraintRow {
   LayoutExpression expression;
   Solver::Relation relation;
   float priority;
   NSLayoutConstraint* source = nullptr;  // null for a view's intrinsic size
   Solver::Constraint id = 0;
 
-  bool hasShapeOf(const Row& other) const {
+  bool differsOnlyInConstantFrom(const ConstraintRow& other) const {
     const auto sameTerm = [](const Solver::Term& left, const Solver::Term& right) {
       return left.variable == right.variable && left.coefficient == right.coefficient;
     };
@@ -47,21 +48,23 @@ struct Row {
   }
 };
 
-bool measuresByWidth(const UIView* view) { return view->respondsToSelector(objc::selector<"_setPreferredWidth:">()); }
+bool hasWidthDependentHeight(const UIView* view) {
+  return view->respondsToSelector(objc::selector<"_setPreferredWidth:">());
+}
 
-CGSize askIntrinsicSize(UIView* view, double width) {
+CGSize queryIntrinsicSize(UIView* view, double width) {
   IntrinsicSize& size = record(view).intrinsicSize;
   size.isBeingMeasured = true;
-  if (measuresByWidth(view)) objc::send<void, "_setPreferredWidth:">(view, width);
-  const CGSize answer = objc::send<CGSize, "intrinsicContentSize">(view);
+  if (hasWidthDependentHeight(view)) objc::send<void, "_setPreferredWidth:">(view, width);
+  const CGSize intrinsic = objc::send<CGSize, "intrinsicContentSize">(view);
   size.isBeingMeasured = false;
-  return answer;
+  return intrinsic;
 }
 
 void refreshIntrinsicSize(UIView* view) {
   IntrinsicSize& size = record(view).intrinsicSize;
   if (size.isValid) return;
-  size.natural = askIntrinsicSize(view, 0);
+  size.natural = queryIntrinsicSize(view, 0);
   size.height = size.natural.height;
   size.measuredWidth = -1;
   size.isValid = true;
@@ -69,12 +72,12 @@ void refreshIntrinsicSize(UIView* view) {
 
 enum class Measured : bool { Same, Changed };
 
-// The view's height at the width that was found for it.
+// Updates the view's intrinsic height for the width that the solver has found.
 Measured measureAtWidth(UIView* view, double width) {
   IntrinsicSize& size = record(view).intrinsicSize;
-  if (size.measuredWidth == width || !measuresByWidth(view)) return Measured::Same;
+  if (size.measuredWidth == width || !hasWidthDependentHeight(view)) return Measured::Same;
   size.measuredWidth = width;
-  const double height = askIntrinsicSize(view, width).height;
+  const double height = queryIntrinsicSize(view, width).height;
   if (height == size.height) return Measured::Same;
   size.height = height;
   return Measured::Changed;
@@ -82,40 +85,40 @@ Measured measureAtWidth(UIView* view, double width) {
 
 }  // namespace
 
-struct LayoutEngine::Model final : FrameUnknowns {
+struct LayoutEngine::Model final : FrameVariableSource {
   explicit Model(UIView* treeRoot) : root(treeRoot) {}
 
   UIView* const root;
   Solver solver;
-  std::vector<UIView*> placed;  // parents first
+  std::vector<UIView*> placedViews;  // parents first
   std::unordered_map<const UIView*, FrameVariables> variables;
-  std::vector<Row> rows;
+  std::vector<ConstraintRow> rows;
 
   const FrameVariables* of(const UIView* view) const override {
     const auto found = variables.find(view);
     return found == variables.end() ? nullptr : &found->second;
   }
 
-  void claim();
-  std::vector<UIView*> collectPlaced() const;
-  std::vector<Row> collectRows() const;
-  void addIntrinsicRows(UIView* view, std::vector<Row>& collected) const;
-  void place(std::vector<UIView*> views);
-  void install(std::vector<Row> collected);
-  bool takesConstantsOf(const std::vector<Row>& collected);
+  void removeInnerEngines();
+  std::vector<UIView*> collectPlacedViews() const;
+  std::vector<ConstraintRow> collectRows() const;
+  void addIntrinsicRows(UIView* view, std::vector<ConstraintRow>& collected) const;
+  void rebuildVariables(std::vector<UIView*> views);
+  void install(std::vector<ConstraintRow> collected);
+  bool updateConstants(const std::vector<ConstraintRow>& collected);
   void reportConflicts() const;
 };
 
-// Constraints that once began further inside belong to this engine now.
-void LayoutEngine::Model::claim() {
+// Removes the engines of descendants, because this engine solves their constraints now.
+void LayoutEngine::Model::removeInnerEngines() {
   visitTree(root, [&](UIView* view) {
     if (view != root) record(view).engine.reset();
   });
 }
 
-// A view is placed by constraints when it does not translate its autoresizing mask and a constraint names it. The
-// root's frame is given.
-std::vector<UIView*> LayoutEngine::Model::collectPlaced() const {
+// Constraints determine the frame of a view if it does not translate its autoresizing mask and takes part in a
+// constraint. The frame of the root is given.
+std::vector<UIView*> LayoutEngine::Model::collectPlacedViews() const {
   std::unordered_set<const UIView*> named;
   visitTree(root, [&](UIView* view) {
     for (const objc::Ref<NSLayoutConstraint>& constraint : record(view).constraints) {
@@ -130,20 +133,21 @@ std::vector<UIView*> LayoutEngine::Model::collectPlaced() const {
   return found;
 }
 
-std::vector<Row> LayoutEngine::Model::collectRows() const {
-  std::vector<Row> collected;
+std::vector<ConstraintRow> LayoutEngine::Model::collectRows() const {
+  std::vector<ConstraintRow> collected;
   visitTree(root, [&](UIView* view) {
     for (const objc::Ref<NSLayoutConstraint>& constraint : record(view).constraints) {
       const ConstraintRecord& state = objc::state(constraint.get());
-      Row row = {expressionOf(state, *this), solverRelation(state.relation), state.priority, constraint.get()};
+      ConstraintRow row = {expressionOf(state, *this), solverRelation(state.relation), state.priority,
+                           constraint.get()};
       if (!row.expression.terms.empty()) collected.push_back(std::move(row));
     }
   });
-  for (UIView* view : placed) addIntrinsicRows(view, collected);
+  for (UIView* view : placedViews) addIntrinsicRows(view, collected);
   return collected;
 }
 
-void LayoutEngine::Model::addIntrinsicRows(UIView* view, std::vector<Row>& collected) const {
+void LayoutEngine::Model::addIntrinsicRows(UIView* view, std::vector<ConstraintRow>& collected) const {
   refreshIntrinsicSize(view);
   const IntrinsicSize& size = record(view).intrinsicSize;
   const FrameVariables& frame = variables.at(view);
@@ -156,13 +160,14 @@ void LayoutEngine::Model::addIntrinsicRows(UIView* view, std::vector<Row>& colle
   addAxis(frame.height, size.height);
 }
 
-// The order decides what becomes small where constraints leave a choice: a view's size before its place.
-void LayoutEngine::Model::place(std::vector<UIView*> views) {
-  placed = std::move(views);
+// If the constraints are ambiguous, the solver minimizes the variables in the order in which they are added: the size
+// of a view before its position.
+void LayoutEngine::Model::rebuildVariables(std::vector<UIView*> views) {
+  placedViews = std::move(views);
   solver.clear();
   rows.clear();
   variables.clear();
-  for (const UIView* view : placed) {
+  for (const UIView* view : placedViews) {
     const Solver::Variable width = solver.addVariable();
     const Solver::Variable height = solver.addVariable();
     const Solver::Variable x = solver.addVariable();
@@ -175,9 +180,11 @@ void LayoutEngine::Model::place(std::vector<UIView*> views) {
   }
 }
 
-bool LayoutEngine::Model::takesConstantsOf(const std::vector<Row>& collected) {
-  const auto sameShape = [](const Row& left, const Row& right) { return left.hasShapeOf(right); };
-  if (!std::ranges::equal(rows, collected, sameShape)) return false;
+bool LayoutEngine::Model::updateConstants(const std::vector<ConstraintRow>& collected) {
+  const auto isSameShape = [](const ConstraintRow& left, const ConstraintRow& right) {
+    return left.differsOnlyInConstantFrom(right);
+  };
+  if (!std::ranges::equal(rows, collected, isSameShape)) return false;
   for (std::size_t index = 0; index < rows.size(); ++index) {
     double& constant = rows[index].expression.constant;
     const double changed = collected[index].expression.constant;
@@ -188,21 +195,22 @@ bool LayoutEngine::Model::takesConstantsOf(const std::vector<Row>& collected) {
   return true;
 }
 
-void LayoutEngine::Model::install(std::vector<Row> collected) {
-  if (takesConstantsOf(collected)) return;
-  place(std::move(placed));
+void LayoutEngine::Model::install(std::vector<ConstraintRow> collected) {
+  if (updateConstants(collected)) return;
+  rebuildVariables(std::move(placedViews));
   rows = std::move(collected);
-  for (Row& row : rows) row.id = solver.add(row.expression.terms, row.expression.constant, row.relation, row.priority);
+  for (ConstraintRow& row : rows)
+    row.id = solver.add(row.expression.terms, row.expression.constant, row.relation, row.priority);
 }
 
 void LayoutEngine::Model::reportConflicts() const {
   for (const Solver::Constraint conflict : solver.conflicts()) {
-    const auto row = std::ranges::find(rows, conflict, &Row::id);
+    const auto row = std::ranges::find(rows, conflict, &ConstraintRow::id);
     if (row == rows.end() || row->source == nullptr) continue;
     ConstraintRecord& constraint = objc::state(row->source);
     if (constraint.conflictReported) continue;
     constraint.conflictReported = true;
-    std::fprintf(stderr, "Unable to satisfy all required constraints at once; left out: %s\n",
+    std::fprintf(stderr, "Unable to satisfy all required constraints at the same time; ignoring %s\n",
                  describeConstraint(constraint).c_str());
   }
 }
@@ -212,15 +220,15 @@ LayoutEngine::~LayoutEngine() = default;
 
 void LayoutEngine::update() {
   isStale_ = false;
-  model_->claim();
-  std::vector<UIView*> placed = model_->collectPlaced();
-  if (placed != model_->placed) model_->place(std::move(placed));
+  model_->removeInnerEngines();
+  std::vector<UIView*> placedViews = model_->collectPlacedViews();
+  if (placedViews != model_->placedViews) model_->rebuildVariables(std::move(placedViews));
   for (int round = 0; round < maxMeasuringRounds; ++round) {
     model_->install(model_->collectRows());
     constraintsRead_ += model_->rows.size();
     model_->solver.solve();
     Measured heights = Measured::Same;
-    for (UIView* view : model_->placed)
+    for (UIView* view : model_->placedViews)
       if (measureAtWidth(view, frameOf(view).size.width) == Measured::Changed) heights = Measured::Changed;
     if (heights == Measured::Same) break;
   }
@@ -239,7 +247,7 @@ CGRect LayoutEngine::frameOf(const UIView* view) const {
 
 std::vector<UIView*> LayoutEngine::misplacedViews() const {
   std::vector<UIView*> misplaced;
-  for (UIView* view : model_->placed)
+  for (UIView* view : model_->placedViews)
     if (frameOf(view) != modelFrame(record(view).layer)) misplaced.push_back(view);
   return misplaced;
 }

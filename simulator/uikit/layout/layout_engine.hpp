@@ -1,4 +1,5 @@
-// Solves the constraints inside a view whose frame is given.
+// Solves the layout constraints between the descendants of a view whose frame is given. Lengths are in points. Main
+// thread only.
 #pragma once
 
 #include <cstddef>
@@ -9,11 +10,11 @@
 
 namespace uikit {
 
-// A view's intrinsic sizes as last asked for; asked again after they were invalidated.
+// The cached intrinsic sizes of a view. They are queried again after they were invalidated.
 struct IntrinsicSize {
-  CGSize natural{-1, -1};     // without a limit of width
-  double height = -1;         // at the width of the last layout
-  double measuredWidth = -1;  // that width
+  CGSize natural{-1, -1};     // without a limit for the width
+  double height = -1;         // at measuredWidth
+  double measuredWidth = -1;  // the width of the last layout; -1 before it
   bool isValid = false;
   bool isBeingMeasured = false;
 };
@@ -25,22 +26,22 @@ class LayoutEngine {
   LayoutEngine(const LayoutEngine&) = delete;
   LayoutEngine& operator=(const LayoutEngine&) = delete;
 
-  // To be told when something that the constraints depend on has changed.
+  // Call this when something has changed that the constraints depend on.
   void invalidate() { isStale_ = true; }
   bool isStale() const { return isStale_; }
-  // Brings the solution up to date with the tree.
+  // Solves the current constraints of the tree.
   void update();
-  // Whether constraints place the view.
+  // Whether constraints determine the frame of the view.
   bool places(const UIView* view) const;
-  // As solved, in the superview's coordinates; of a view that it places.
+  // The solved frame in the superview's coordinates. Requires places(view).
   CGRect frameOf(const UIView* view) const;
-  // The views that are not where the solution puts them.
+  // The views whose current frame differs from the solved one.
   std::vector<UIView*> misplacedViews() const;
 
-  // What all updates together have cost.
+  // The total cost of all updates.
   struct Work {
-    std::size_t constraints = 0;  // read from the tree
-    std::size_t pivots = 0;       // of the solver
+    std::size_t constraints = 0;  // number of constraints read from the tree
+    std::size_t pivots = 0;       // number of pivot operations of the solver
   };
   Work work() const;
 

@@ -22,7 +22,7 @@ void LayoutExpression::add(const LayoutExpression& other, double factor) {
 
 namespace {
 
-// Where the two axes differ.
+// The members that differ between the horizontal and the vertical axis.
 struct Axis {
   double CGPoint::*position;
   double CGSize::*length;
@@ -35,21 +35,21 @@ constexpr Axis vertical = {&CGPoint::y, &CGSize::height, &FrameVariables::y, &Fr
 
 class ExpressionBuilder {
  public:
-  ExpressionBuilder(const Axis& axis, const FrameUnknowns& unknowns) : axis_(axis), unknowns_(unknowns) {}
+  ExpressionBuilder(const Axis& axis, const FrameVariableSource& source) : axis_(axis), variables_(source) {}
 
   LayoutExpression length(const UIView* view) const {
     LayoutExpression result;
-    if (const FrameVariables* variables = unknowns_.of(view)) {
+    if (const FrameVariables* variables = variables_.of(view)) {
       result.add(variables->*axis_.lengthVariable, 1);
       return result;
     }
     result.constant = lengthNow(view);
-    result.add(superviewGrowth(view), shares(view).length);
+    result.add(superviewGrowth(view), fractions(view).length);
     return result;
   }
 
-  // The beginning of the view in the coordinates of an ancestor, or its own.
-  LayoutExpression beginning(const UIView* view, const UIView* ancestor) const {
+  // The left or top edge of the view in the coordinates of an ancestor, which can be the view itself.
+  LayoutExpression start(const UIView* view, const UIView* ancestor) const {
     LayoutExpression result;
     result.constant = record(view).layer.bounds.model().origin.*axis_.position;
     for (const UIView* each = view; each != ancestor; each = record(each).superview) {
@@ -64,16 +64,16 @@ class ExpressionBuilder {
 
   LayoutExpression position(const UIView* view) const {
     LayoutExpression result;
-    if (const FrameVariables* variables = unknowns_.of(view)) {
+    if (const FrameVariables* variables = variables_.of(view)) {
       result.add(variables->*axis_.positionVariable, 1);
       return result;
     }
     result.constant = record(view).layer.origin.model().*axis_.position;
-    result.add(superviewGrowth(view), shares(view).position);
+    result.add(superviewGrowth(view), fractions(view).position);
     return result;
   }
 
-  // By how much the superview will be longer than it is now.
+  // The difference between the solved length of the superview and its current length.
   LayoutExpression superviewGrowth(const UIView* view) const {
     const ViewRecord& state = record(view);
     if (state.superview == nullptr || state.autoresizingMask == 0 || !state.translatesAutoresizingMask) return {};
@@ -83,15 +83,15 @@ class ExpressionBuilder {
     return result;
   }
 
-  AutoresizingShares shares(const UIView* view) const {
+  AutoresizingFractions fractions(const UIView* view) const {
     const ViewRecord& state = record(view);
     if (state.superview == nullptr) return {};
-    return autoresizingShares(axis_.mask(state.autoresizingMask), state.layer.origin.model().*axis_.position,
-                              lengthNow(view), lengthNow(state.superview));
+    return autoresizingFractions(axis_.mask(state.autoresizingMask), state.layer.origin.model().*axis_.position,
+                                 lengthNow(view), lengthNow(state.superview));
   }
 
   const Axis& axis_;
-  const FrameUnknowns& unknowns_;
+  const FrameVariableSource& variables_;
 };
 
 bool followsReadingDirection(NSLayoutAttribute attribute) {
@@ -112,15 +112,15 @@ bool isHorizontal(NSLayoutAttribute attribute) {
   }
 }
 
-// From the view's top; the bottom edge where there is no text.
+// The distance from the top of the view to its first baseline; its height if it has no text.
 LayoutExpression firstBaseline(const ExpressionBuilder& builder, const UIView* view) {
   if (!view->respondsToSelector(objc::selector<"_firstBaselineOffset">())) return builder.length(view);
   return {{}, objc::send<CGFloat, "_firstBaselineOffset">(view)};
 }
 
-LayoutExpression plainExpression(const UIView* view, NSLayoutAttribute attribute, const UIView* holder,
-                                 const FrameUnknowns& unknowns) {
-  const ExpressionBuilder builder(isHorizontal(attribute) ? horizontal : vertical, unknowns);
+LayoutExpression unmirroredExpression(const UIView* view, NSLayoutAttribute attribute, const UIView* holder,
+                                      const FrameVariableSource& source) {
+  const ExpressionBuilder builder(isHorizontal(attribute) ? horizontal : vertical, source);
   switch (attribute) {
     case NSLayoutAttribute::NotAnAttribute:
       return {};
@@ -130,7 +130,7 @@ LayoutExpression plainExpression(const UIView* view, NSLayoutAttribute attribute
     default:
       break;
   }
-  LayoutExpression result = builder.beginning(view, holder);
+  LayoutExpression result = builder.start(view, holder);
   switch (attribute) {
     case NSLayoutAttribute::Right:
     case NSLayoutAttribute::Trailing:
@@ -150,29 +150,28 @@ LayoutExpression plainExpression(const UIView* view, NSLayoutAttribute attribute
   return result;
 }
 
-// In a layout that runs from right to left, horizontal places are measured leftwards and the two sides swap.
+// In a right-to-left layout, horizontal positions increase to the left, and leading and trailing are swapped.
 LayoutExpression mirroredExpression(const UIView* view, NSLayoutAttribute attribute, const UIView* holder,
-                                    const FrameUnknowns& unknowns) {
+                                    const FrameVariableSource& source) {
   if (attribute == NSLayoutAttribute::Leading)
     attribute = NSLayoutAttribute::Right;
   else if (attribute == NSLayoutAttribute::Trailing)
     attribute = NSLayoutAttribute::Left;
   LayoutExpression mirrored;
-  mirrored.add(plainExpression(view, attribute, holder, unknowns), -1);
+  mirrored.add(unmirroredExpression(view, attribute, holder, source), -1);
   return mirrored;
 }
 
 }  // namespace
 
-LayoutExpression expressionOf(const ConstraintRecord& constraint, const FrameUnknowns& unknowns) {
+LayoutExpression expressionOf(const ConstraintRecord& constraint, const FrameVariableSource& source) {
   const bool isMirrored =
       (followsReadingDirection(constraint.first.attribute) || followsReadingDirection(constraint.second.attribute)) &&
       effectiveDirection(constraint.firstView) == LayoutDirection::RightToLeft;
-  const auto itemExpression = isMirrored ? &mirroredExpression : &plainExpression;
-  LayoutExpression result =
-      itemExpression(constraint.firstView, constraint.first.attribute, constraint.holder, unknowns);
+  const auto itemExpression = isMirrored ? &mirroredExpression : &unmirroredExpression;
+  LayoutExpression result = itemExpression(constraint.firstView, constraint.first.attribute, constraint.holder, source);
   if (constraint.secondView != nullptr)
-    result.add(itemExpression(constraint.secondView, constraint.second.attribute, constraint.holder, unknowns),
+    result.add(itemExpression(constraint.secondView, constraint.second.attribute, constraint.holder, source),
                -constraint.multiplier);
   result.constant -= constraint.constant;
   std::erase_if(result.terms, [](const layout::Solver::Term& term) { return term.coefficient == 0; });

@@ -1,4 +1,4 @@
-// A place or length in a tree of views, as a linear expression over the unknowns of its layout.
+// Positions and lengths of views as linear expressions in the variables of the layout solver.
 #pragma once
 
 #include <vector>
@@ -8,7 +8,7 @@
 
 namespace uikit {
 
-// The four unknowns of a view that constraints place: its frame in its superview's coordinates.
+// The variables of a view whose frame constraints determine: its frame in its superview's coordinates.
 struct FrameVariables {
   layout::Solver::Variable width;
   layout::Solver::Variable height;
@@ -24,16 +24,17 @@ struct LayoutExpression {
   void add(const LayoutExpression& other, double factor);
 };
 
-// The unknowns of a view, null for one whose frame is fixed in its superview.
-class FrameUnknowns {
+// Maps a view to its variables. The result is null if constraints do not determine the frame of the view.
+class FrameVariableSource {
  public:
   virtual const FrameVariables* of(const UIView* view) const = 0;
 
  protected:
-  ~FrameUnknowns() = default;
+  ~FrameVariableSource() = default;
 };
 
-// "terms + constant `relation` 0" in the coordinates of the constraint's holder.
-LayoutExpression expressionOf(const ConstraintRecord& constraint, const FrameUnknowns& unknowns);
+// The left side of "terms + constant `relation` 0", which is equivalent to the active constraint. Positions are in the
+// coordinates of the constraint's holder.
+LayoutExpression expressionOf(const ConstraintRecord& constraint, const FrameVariableSource& source);
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// UIStackView: views side by side or one above the other.
+// UIStackView: arranges its subviews in a row or a column.
 #include "platform/ui_stack_view.hpp"
 
 #include <algorithm>
@@ -27,7 +27,7 @@ namespace {
 
 using Views = std::vector<UIView*>;
 
-// Sizes along the row and across it.
+// A size along the axis of the stack view and across it.
 struct Extent {
   double along = 0;
   double across = 0;
@@ -42,7 +42,7 @@ CGSize sizeOf(const StackViewState& state, const Extent& extent) {
   return isHorizontal(state) ? CGSize{extent.along, extent.across} : CGSize{extent.across, extent.along};
 }
 
-// Hidden views leave the row, and so do those that have gone to another view.
+// Hidden views are not arranged, and neither are views that have moved to another superview.
 Views visibleViews(const UIStackView* stack) {
   Views views;
   for (const objc::Ref<UIView>& view : objc::state(stack).arranged)
@@ -50,7 +50,7 @@ Views visibleViews(const UIStackView* stack) {
   return views;
 }
 
-// An axis without an intrinsic size has none here.
+// An axis without an intrinsic size counts as length 0.
 Extent intrinsicExtent(const StackViewState& state, const UIView* view) {
   const CGSize size = objc::send<CGSize, "intrinsicContentSize">(view);
   return extentOf(state, {std::max(size.width, 0.0), std::max(size.height, 0.0)});
@@ -60,7 +60,7 @@ double totalSpacing(const StackViewState& state, const Views& views) {
   return views.empty() ? 0 : state.spacing * static_cast<double>(views.size() - 1);
 }
 
-// Room that is left over goes to the last view; where there is too little, the last ones give way.
+// The last view takes the space that remains. If there is not enough space, the last views are shortened.
 std::vector<double> filledLengths(const StackViewState& state, const Views& views, double room) {
   std::vector<double> lengths;
   for (const UIView* view : views) {
@@ -121,21 +121,21 @@ void removeFromRow(UIStackView* self, UIView* view) {
   std::erase_if(objc::state(self).arranged, [view](const objc::Ref<UIView>& each) { return each.get() == view; });
 }
 
-// A view that is in the row already moves to the new place.
+// A view that is already arranged moves to the new index.
 void insertArrangedSubview(UIStackView* self, UIView* view, NSUInteger index) {
   if (view == nullptr) return;
-  const objc::Ref<UIView> kept = objc::retain(view);
+  const objc::Ref<UIView> retained = objc::retain(view);
   removeFromRow(self, view);
   auto& arranged = objc::state(self).arranged;
   const auto position = static_cast<std::ptrdiff_t>(std::min<NSUInteger>(index, arranged.size()));
-  arranged.insert(arranged.begin() + position, kept);
+  arranged.insert(arranged.begin() + position, retained);
   if (view->superview() != self) self->addSubview(view);
   invalidateRow(self);
 }
 
 void addArrangedSubview(UIStackView* self, UIView* view) { insertArrangedSubview(self, view, NSUInteger{SIZE_MAX}); }
 
-// It stays a subview, where it is.
+// The view stays a subview and keeps its frame.
 void removeArrangedSubview(UIStackView* self, UIView* view) {
   removeFromRow(self, view);
   invalidateRow(self);

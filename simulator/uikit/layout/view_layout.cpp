@@ -12,7 +12,7 @@
 
 namespace uikit {
 
-void constraintsChanged(const UIView* view) {
+void invalidateConstraints(const UIView* view) {
   const UIView* root = view;
   for (const UIView* each = view; each != nullptr; each = record(each).superview) {
     root = each;
@@ -22,8 +22,8 @@ void constraintsChanged(const UIView* view) {
   noteDisplayChange();
 }
 
-// Above a view whose tree needs layout there are only such.
-void needLayout(UIView* view) {
+// If treeNeedsLayout is set for a view, it is set for all its ancestors. Therefore, the loop can stop at the first one.
+void markNeedsLayout(UIView* view) {
   record(view).needsLayout = true;
   for (const UIView* each = view; each != nullptr && !record(each).treeNeedsLayout; each = record(each).superview)
     record(each).treeNeedsLayout = true;
@@ -31,27 +31,27 @@ void needLayout(UIView* view) {
 
 namespace {
 
-// A view that asks for another layout in each of its layouts would go on forever.
+// Stops the layout of a view that requests another layout in each of its layouts.
 constexpr int maxLayoutPasses = 8;
 
 enum class LayoutWork : bool { None, Done };
 
-// Whether constraints begin here: its frame is given, and it has constraints between what is inside it, or one of its
-// subviews has its own size alone constrained.
-bool beginsConstraints(const UIView* view) {
-  const auto isPlacedByItself = [](const objc::Ref<UIView>& subview) {
+// Whether this view needs an engine, given that no ancestor has one: it holds constraints between views inside it, or a
+// subview holds constraints, for example for its own size.
+bool isConstraintRoot(const UIView* view) {
+  const auto hasConstrainedSize = [](const objc::Ref<UIView>& subview) {
     const ViewRecord& state = record(subview.get());
     return !state.translatesAutoresizingMask && !state.constraints.empty();
   };
   const ViewRecord& state = record(view);
-  return !state.constraints.empty() || std::ranges::any_of(state.subviews, isPlacedByItself);
+  return !state.constraints.empty() || std::ranges::any_of(state.subviews, hasConstrainedSize);
 }
 
-// What lies in different views whose frames are given has no influence on each other, so each of these has an engine of
-// its own, and a banner more leaves the others alone. Collects those to be updated.
+// Collects the engines to update. Views inside different views with given frames cannot influence each other. Each of
+// these views has an engine of its own, so that a new banner does not cause the others to be solved again.
 void collectStaleEngines(UIView* view, std::vector<LayoutEngine*>& stale) {
   ViewRecord& state = record(view);
-  if (beginsConstraints(view)) {
+  if (isConstraintRoot(view)) {
     if (state.engine == nullptr) state.engine = std::make_unique<LayoutEngine>(view);
     if (state.engine->isStale()) stale.push_back(state.engine.get());
     return;
@@ -68,11 +68,11 @@ void updateConstraints(UIView* root) {
   collectStaleEngines(root, stale);
   for (LayoutEngine* engine : stale) {
     engine->update();
-    for (const UIView* view : engine->misplacedViews()) needLayout(record(view).superview);
+    for (const UIView* view : engine->misplacedViews()) markNeedsLayout(record(view).superview);
   }
 }
 
-// The one that places the view's subviews, null where constraints place none.
+// The engine that solves the constraints of the view's subviews; null if there is none.
 const LayoutEngine* engineOfSubviews(const UIView* view) {
   while (view != nullptr && record(view).engine == nullptr) view = record(view).superview;
   return view == nullptr ? nullptr : record(view).engine.get();
@@ -98,8 +98,8 @@ LayoutWork layoutTree(UIView* view) {
   return work;
 }
 
-// The topmost of the views above that need layout without a gap.
-UIView* startOfLayout(UIView* view) {
+// The highest ancestor such that it and all views between need layout.
+UIView* topmostViewNeedingLayout(UIView* view) {
   while (record(view).superview != nullptr && record(record(view).superview).needsLayout) view = record(view).superview;
   return view;
 }
@@ -107,17 +107,17 @@ UIView* startOfLayout(UIView* view) {
 }  // namespace
 
 void layoutIfNeeded(UIView* view) {
-  const objc::Ref<UIView> kept = objc::retain(view);
+  const objc::Ref<UIView> retained = objc::retain(view);
   for (int pass = 0; pass < maxLayoutPasses; ++pass) {
     updateConstraints(rootOf(view));
-    const objc::Ref<UIView> start = objc::retain(startOfLayout(view));
+    const objc::Ref<UIView> start = objc::retain(topmostViewNeedingLayout(view));
     if (layoutTree(start.get()) == LayoutWork::None && !record(rootOf(view)).constraintsChanged) return;
   }
 }
 
 namespace {
 
-// The places that constraints give to the subviews.
+// Sets the frames of the subviews that constraints determine.
 void layoutSubviews(UIView* self) {
   const LayoutEngine* engine = engineOfSubviews(self);
   if (engine == nullptr) return;
@@ -125,12 +125,12 @@ void layoutSubviews(UIView* self) {
   for (const objc::Ref<UIView>& subview : subviews) {
     if (!engine->places(subview.get())) continue;
     const CGRect frame = engine->frameOf(subview.get());
-    if (frame != modelFrame(record(subview.get()).layer)) placeFrame(subview.get(), frame);
+    if (frame != modelFrame(record(subview.get()).layer)) setFrameFromLayout(subview.get(), frame);
   }
 }
 
 void setNeedsLayoutOf(UIView* self) {
-  needLayout(self);
+  markNeedsLayout(self);
   noteDisplayChange();
 }
 
@@ -140,13 +140,13 @@ void invalidateIntrinsicContentSizeOf(UIView* self) {
   IntrinsicSize& size = record(self).intrinsicSize;
   if (size.isBeingMeasured) return;
   size.isValid = false;
-  constraintsChanged(self);
+  invalidateConstraints(self);
 }
 
 bool translatesAutoresizingMask(UIView* self) { return record(self).translatesAutoresizingMask; }
 void setTranslatesAutoresizingMask(UIView* self, bool translates) {
   record(self).translatesAutoresizingMask = translates;
-  constraintsChanged(self);
+  invalidateConstraints(self);
 }
 
 template <NSLayoutAttribute attribute>
@@ -164,7 +164,7 @@ UISemanticContentAttribute semanticContentAttribute(UIView* self) { return recor
 void setSemanticContentAttribute(UIView* self, UISemanticContentAttribute attribute) {
   record(self).semanticContent = attribute;
   setNeedsDisplay(self);
-  constraintsChanged(self);
+  invalidateConstraints(self);
 }
 
 NSInteger effectiveUserInterfaceLayoutDirection(UIView* self) {

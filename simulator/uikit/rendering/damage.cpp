@@ -9,37 +9,40 @@ namespace {
 using Iterator = ScreenContents::const_iterator;
 
 void addPainted(cairo_region_t* region, Iterator begin, Iterator end) {
-  for (; begin != end; ++begin) drawing::addTo(region, begin->look.painted);
+  for (; begin != end; ++begin) drawing::addTo(region, begin->appearance.painted);
 }
 
 void addDifferences(cairo_region_t* region, Iterator before, Iterator after, std::ptrdiff_t count) {
   for (const Iterator end = before + count; before != end; ++before, ++after) {
-    if (before->look == after->look) continue;
-    drawing::addTo(region, before->look.painted);
-    drawing::addTo(region, after->look.painted);
+    if (before->appearance == after->appearance) continue;
+    drawing::addTo(region, before->appearance.painted);
+    drawing::addTo(region, after->appearance.painted);
   }
 }
 
-bool isSameView(const PaintedView& left, const PaintedView& right) { return left.look.view == right.look.view; }
-
-// A backdrop is blurred as a whole, from what lies beneath and around it. Around it, that is still on the canvas where
-// nothing has been painted over it; inside a transparent layer it is not.
-void addForBackdrop(cairo_region_t* region, const ScreenContents& contents, std::size_t index) {
-  const PaintedView& backdrop = contents[index];
-  if (backdrop.look.opacityOnScreen < 1) return drawing::addTo(region, backdrop.read);
-  drawing::addTo(region, backdrop.look.painted);
-  for (std::size_t later = index + 1; later < contents.size(); ++later)
-    drawing::addTo(region, drawing::common(contents[later].look.painted, backdrop.read));
+bool isSameView(const PaintedView& left, const PaintedView& right) {
+  return left.appearance.view == right.appearance.view;
 }
 
-void addWhatBackdropsNeed(cairo_region_t* region, const ScreenContents& contents) {
+// Adds the pixels that are needed to repaint a backdrop. A backdrop is always blurred as a whole, and the blur reads
+// the pixels behind and around it. The pixels around it are still on the canvas unless later views were painted over
+// them. Inside a transparent layer they are not.
+void addBackdropInputs(cairo_region_t* region, const ScreenContents& contents, std::size_t index) {
+  const PaintedView& backdrop = contents[index];
+  if (backdrop.appearance.opacityOnScreen < 1) return drawing::addTo(region, backdrop.read);
+  drawing::addTo(region, backdrop.appearance.painted);
+  for (std::size_t later = index + 1; later < contents.size(); ++later)
+    drawing::addTo(region, drawing::common(contents[later].appearance.painted, backdrop.read));
+}
+
+void addInputsOfBackdrops(cairo_region_t* region, const ScreenContents& contents) {
   std::vector<bool> isAdded(contents.size());
   for (bool grew = true; grew;) {
     grew = false;
     for (std::size_t index = 0; index < contents.size(); ++index) {
       const drawing::PixelRectangle& read = contents[index].read;
       if (read.isEmpty() || isAdded[index] || drawing::overlap(region, read) == CAIRO_REGION_OVERLAP_OUT) continue;
-      addForBackdrop(region, contents, index);
+      addBackdropInputs(region, contents, index);
       isAdded[index] = grew = true;
     }
   }
@@ -49,7 +52,7 @@ void addWhatBackdropsNeed(cairo_region_t* region, const ScreenContents& contents
 
 drawing::RegionHandle differingPixels(const ScreenContents& before, const ScreenContents& after) {
   drawing::RegionHandle region(cairo_region_create());
-  // Views come and go at one place as a rule; before and behind it they are the same.
+  // Usually, views are added and removed at one place in the order. The views before and after it are unchanged.
   const auto [oldFirst, newFirst] = std::mismatch(before.begin(), before.end(), after.begin(), after.end(), isSameView);
   const auto [oldLast, newLast] = std::mismatch(before.rbegin(), std::make_reverse_iterator(oldFirst), after.rbegin(),
                                                 std::make_reverse_iterator(newFirst), isSameView);
@@ -57,7 +60,7 @@ drawing::RegionHandle differingPixels(const ScreenContents& before, const Screen
   addPainted(region.get(), oldFirst, oldLast.base());
   addPainted(region.get(), newFirst, newLast.base());
   addDifferences(region.get(), oldLast.base(), newLast.base(), before.end() - oldLast.base());
-  addWhatBackdropsNeed(region.get(), after);
+  addInputsOfBackdrops(region.get(), after);
   return region;
 }
 

@@ -1,11 +1,12 @@
-// The pixels of the screen that a picture has to paint anew.
+// Computes the damage: the pixels of the screen that have to be repainted.
 #pragma once
 
 #include "simulator/uikit/rendering/screen_contents.hpp"
 
 namespace uikit {
 
-// Where one moment's screen differs from another's, and with it all that a backdrop there is made of.
+// The pixels in which two states of the screen differ, together with all pixels that backdrops in this region depend
+// on.
 drawing::RegionHandle differingPixels(const ScreenContents& before, const ScreenContents& after);
 
 }  // namespace uikit

@@ -17,13 +17,13 @@ namespace {
 struct Display {
   std::uint64_t generation = 1;
   std::uint64_t changes = 1;
-  double animatedUntil = -1;  // the time of the last generation, while something moves
+  double animatedUntil = -1;  // the time of the last generation if an animation was running then; otherwise -1
   std::function<void()> observer;
 };
 
 Display& display() {
-  static Display held;
-  return held;
+  static Display instance;
+  return instance;
 }
 
 }  // namespace
@@ -38,7 +38,7 @@ std::uint64_t displayChanges() { return display().changes; }
 
 void observeDisplayChanges(std::function<void()> observer) { display().observer = std::move(observer); }
 
-// A running animation changes the screen with the time alone; so does its end.
+// While an animation is running, the screen changes whenever the time does, including the time at which it ends.
 std::uint64_t displayGeneration() {
   Display& state = display();
   const double now = foundation::now();
@@ -52,7 +52,7 @@ std::uint64_t displayGeneration() {
 
 namespace {
 
-// The last picture, as long as it can be gone on with.
+// The last picture, on which the next one is based.
 struct Picture {
   std::uint64_t generation = 0;
   double scale = 0;
@@ -61,8 +61,8 @@ struct Picture {
 };
 
 Picture& lastPicture() {
-  static Picture held;
-  return held;
+  static Picture instance;
+  return instance;
 }
 
 std::shared_ptr<drawing::Canvas> emptyScreen(double scale) {
@@ -76,7 +76,7 @@ drawing::PixelRectangle allPixels(const drawing::Canvas& canvas) {
 
 }  // namespace
 
-void noteNewLook() {
+void invalidateScreen() {
   lastPicture() = {};
   noteDisplayChange();
 }
@@ -92,13 +92,13 @@ std::shared_ptr<drawing::Canvas> renderScreen(double scale) {
   layoutWindows();
   Picture& picture = lastPicture();
   const std::uint64_t generation = displayGeneration();
-  const bool isKnown = picture.canvas != nullptr && picture.scale == scale;
-  if (isKnown && picture.generation == generation) return picture.canvas;
+  const bool canReuse = picture.canvas != nullptr && picture.scale == scale;
+  if (canReuse && picture.generation == generation) return picture.canvas;
 
-  if (!isKnown) picture.canvas = emptyScreen(scale);
+  if (!canReuse) picture.canvas = emptyScreen(scale);
   ScreenContents contents = contentsOfScreen(*picture.canvas);
   const drawing::RegionHandle damage =
-      isKnown ? differingPixels(picture.contents, contents) : drawing::regionOf(allPixels(*picture.canvas));
+      canReuse ? differingPixels(picture.contents, contents) : drawing::regionOf(allPixels(*picture.canvas));
   if (cairo_region_is_empty(damage.get()) == 0) {
     if (picture.canvas.use_count() > 1) picture.canvas = picture.canvas->copyOf(allPixels(*picture.canvas));
     paint(*picture.canvas, contents, damage.get());
@@ -111,7 +111,7 @@ std::shared_ptr<drawing::Canvas> renderScreen(double scale) {
 
 namespace {
 
-// The whole points around what of the rectangle is on the screen.
+// The part of the rectangle that is on the screen, extended to whole points.
 CGRect visiblePoints(const CGRect& rect) {
   const CGSize screen = environment().device.screen;
   const double left = std::clamp(std::floor(rect.origin.x), 0.0, screen.width);

@@ -13,10 +13,10 @@ namespace {
 
 bool isEmpty(const CGRect& rect) { return !(rect.size.width > 0) || !(rect.size.height > 0); }
 
-// Collects what a tree of views paints.
-class Collector {
+// Collects the contents of the trees of visible views.
+class ContentsCollector {
  public:
-  explicit Collector(const drawing::Canvas& canvas)
+  explicit ContentsCollector(const drawing::Canvas& canvas)
       : scale_(canvas.pixelsPerPoint()), screen_{0, 0, canvas.pixelWidth(), canvas.pixelHeight()} {}
 
   ScreenContents collect() {
@@ -25,14 +25,16 @@ class Collector {
   }
 
  private:
-  struct Around {
+  // The combined properties of the ancestors of a view.
+  struct AncestorState {
     CGPoint position;
     double opacity;
     std::size_t depth;
     drawing::PixelRectangle clip;
   };
 
-  // The pixels that any of the rectangle lies in; never fewer than the canvas takes for covered when it is painted.
+  // The pixels that intersect the rectangle. They include all pixels that the canvas covers when it paints the
+  // rectangle.
   drawing::PixelRectangle pixels(const CGPoint& position, const CGRect& rect) const {
     if (isEmpty(rect)) return {};
     const auto clamped = [](double pixel, int length) {
@@ -46,44 +48,44 @@ class Collector {
             clamped(std::ceil(top + rect.size.height * scale_ - drawing::pixelTolerance), screen_.height) - y};
   }
 
-  void add(UIView* view, const Around& around) {
+  void add(UIView* view, const AncestorState& ancestors) {
     const LayerRecord& layer = record(view).layer;
     const double opacity = std::clamp(layer.opacity.shown(), 0.0, 1.0);
     if (layer.hidden || !(opacity > 0)) return;
     const CGPoint origin = layer.origin.shown();
     const CGRect bounds = layer.bounds.shown();
     const CGPoint shift = {origin.x - bounds.origin.x, origin.y - bounds.origin.y};
-    const CGPoint position = {around.position.x + shift.x, around.position.y + shift.y};
+    const CGPoint position = {ancestors.position.x + shift.x, ancestors.position.y + shift.y};
     const CGRect contentArea = objc::send<CGRect, "_contentArea">(view);
     const drawing::Color background = layer.background.shown();
 
-    const drawing::PixelRectangle inside = drawing::common(pixels(position, bounds), around.clip);
-    const drawing::PixelRectangle clip = layer.masksToBounds ? inside : around.clip;
+    const drawing::PixelRectangle inside = drawing::common(pixels(position, bounds), ancestors.clip);
+    const drawing::PixelRectangle clip = layer.masksToBounds ? inside : ancestors.clip;
     const drawing::PixelRectangle content = drawing::common(pixels(position, contentArea), clip);
     const bool fills = background.alpha > 0 || layer.masksToBounds;
     const drawing::PixelRectangle painted = drawing::united(fills ? inside : drawing::PixelRectangle{}, content);
-    const double opacityOnScreen = opacity * around.opacity;
+    const double opacityOnScreen = opacity * ancestors.opacity;
 
     const std::size_t index = contents_.size();
-    contents_.push_back(
-        {.look = {view, record(view).contentVersion, around.depth, position, bounds, layer.bounds.model().size,
-                  shownCorners(view), background, opacity, opacityOnScreen, layer.masksToBounds, around.clip, painted},
-         .shift = shift,
-         .contentArea = contentArea,
-         .read = readBy(view, content),
-         .covered = painted});
+    contents_.push_back({.appearance = {view, record(view).contentVersion, ancestors.depth, position, bounds,
+                                        layer.bounds.model().size, shownCorners(view), background, opacity,
+                                        opacityOnScreen, layer.masksToBounds, ancestors.clip, painted},
+                         .shift = shift,
+                         .contentArea = contentArea,
+                         .read = pixelsReadBy(view, content),
+                         .covered = painted});
     for (const objc::Ref<UIView>& subview : record(view).subviews)
-      add(subview.get(), {position, opacityOnScreen, around.depth + 1, clip});
-    finish(index);
+      add(subview.get(), {position, opacityOnScreen, ancestors.depth + 1, clip});
+    finishSubtree(index);
   }
 
-  void finish(std::size_t index) {
+  void finishSubtree(std::size_t index) {
     contents_[index].end = contents_.size();
     for (std::size_t inside = index + 1; inside < contents_.size(); inside = contents_[inside].end)
       contents_[index].covered = drawing::united(contents_[index].covered, contents_[inside].covered);
   }
 
-  drawing::PixelRectangle readBy(UIView* view, const drawing::PixelRectangle& content) const {
+  drawing::PixelRectangle pixelsReadBy(UIView* view, const drawing::PixelRectangle& content) const {
     const auto reach = static_cast<int>(objc::send<CGFloat, "_contentReach:">(view, scale_));
     return reach == 0 || content.isEmpty() ? drawing::PixelRectangle{}
                                            : drawing::common(content.outset(reach), screen_);
@@ -99,26 +101,27 @@ class Painter {
   Painter(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region)
       : canvas_(canvas), contents_(contents), region_(region) {}
 
-  // The views from one index to another that are not inside each other, and what is inside them.
+  // Paints the views from index `begin` to index `end`. The descendants of a view are painted together with it.
   void paint(std::size_t begin, std::size_t end) {
     for (std::size_t index = begin; index < end; index = contents_[index].end)
-      if (isWanted(contents_[index].covered)) paintView(index);
+      if (intersectsRegion(contents_[index].covered)) paintView(index);
   }
 
  private:
-  bool isWanted(const drawing::PixelRectangle& area) const {
+  bool intersectsRegion(const drawing::PixelRectangle& area) const {
     return drawing::overlap(region_, area) != CAIRO_REGION_OVERLAP_OUT;
   }
 
   void paintView(std::size_t index) {
     const PaintedView& painted = contents_[index];
-    const PaintedLook& look = painted.look;
+    const PaintedAppearance& appearance = painted.appearance;
     canvas_.save();
     canvas_.translate(painted.shift.x, painted.shift.y);
-    canvas_.beginLayer(look.opacity);
-    if (look.background.alpha > 0) canvas_.fillRoundedRectangle(rectangle(look.bounds), look.corners, look.background);
-    if (look.clipsSubviews) canvas_.clipRoundedRectangle(rectangle(look.bounds), look.corners);
-    if (isWanted(look.painted)) paintContent(painted);
+    canvas_.beginLayer(appearance.opacity);
+    if (appearance.background.alpha > 0)
+      canvas_.fillRoundedRectangle(rectangle(appearance.bounds), appearance.corners, appearance.background);
+    if (appearance.clipsSubviews) canvas_.clipRoundedRectangle(rectangle(appearance.bounds), appearance.corners);
+    if (intersectsRegion(appearance.painted)) paintContent(painted);
     paint(index + 1, painted.end);
     canvas_.endLayer();
     canvas_.restore();
@@ -128,7 +131,8 @@ class Painter {
     if (isEmpty(painted.contentArea)) return;
     canvas_.save();
     canvas_.clipPixels(drawing::regionOf(canvas_.coveredPixels(rectangle(painted.contentArea))).get());
-    objc::send<void, "_drawContentInCanvas:">(const_cast<UIView*>(painted.look.view), static_cast<void*>(&canvas_));
+    objc::send<void, "_drawContentInCanvas:">(const_cast<UIView*>(painted.appearance.view),
+                                              static_cast<void*>(&canvas_));
     canvas_.restore();
   }
 
@@ -139,7 +143,7 @@ class Painter {
 
 }  // namespace
 
-ScreenContents contentsOfScreen(const drawing::Canvas& canvas) { return Collector(canvas).collect(); }
+ScreenContents contentsOfScreen(const drawing::Canvas& canvas) { return ContentsCollector(canvas).collect(); }
 
 void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region) {
   canvas.save();

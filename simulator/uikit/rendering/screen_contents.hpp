@@ -1,4 +1,5 @@
-// What each visible view paints at this moment. Two of them tell what a new picture has to paint anew.
+// The display list of the screen: what each visible view currently paints. The difference of two display lists
+// determines the pixels to repaint. Main thread only.
 #pragma once
 
 #include <cstddef>
@@ -10,40 +11,41 @@
 
 namespace uikit {
 
-// All that a view's pixels depend on, but for those beneath it.
-struct PaintedLook {
-  const UIView* view;  // to tell it from others; it may be gone
+// Everything that determines the pixels of a view, except for the pixels behind it.
+struct PaintedAppearance {
+  const UIView* view;  // identifies the view; it can be deallocated already
   std::uint64_t contentVersion;
   std::size_t depth;
-  CGPoint position;  // of its coordinates' origin on the screen, in points
+  CGPoint position;  // of the origin of the view's coordinates on the screen, in points
   CGRect bounds;
-  CGSize modelSize;  // content may be laid out for where an animation ends
+  CGSize modelSize;  // content can depend on the size at the end of an animation
   drawing::CornerShape corners;
   drawing::Color background;
   double opacity;
-  double opacityOnScreen;  // with that of the views around
+  double opacityOnScreen;  // the product with the opacities of its ancestors
   bool clipsSubviews;
-  drawing::PixelRectangle clip;     // of the views around
-  drawing::PixelRectangle painted;  // where it paints itself, or cuts others off
-  friend bool operator==(const PaintedLook&, const PaintedLook&) = default;
+  drawing::PixelRectangle clip;     // of its ancestors
+  drawing::PixelRectangle painted;  // where the view itself paints or clips its subviews
+  friend bool operator==(const PaintedAppearance&, const PaintedAppearance&) = default;
 };
 
 struct PaintedView {
-  PaintedLook look;
-  CGPoint shift;                    // of its coordinates in those of the view around, in points
-  CGRect contentArea;               // in its own coordinates
-  drawing::PixelRectangle read;     // the pixels beneath that its own depend on; empty for most
-  drawing::PixelRectangle covered;  // where it and those inside it paint
-  std::size_t end = 0;              // the index after the last of those inside it
+  PaintedAppearance appearance;
+  CGPoint shift;                    // from the coordinates of the superview to those of the view, in points
+  CGRect contentArea;               // in the coordinates of the view
+  drawing::PixelRectangle read;     // the pixels behind the view that a backdrop blurs; otherwise empty
+  drawing::PixelRectangle covered;  // where the view and its descendants paint
+  std::size_t end = 0;              // the index after its last descendant
 };
 
-// Back to front, each before those inside it. Views that are not to be seen are left out.
+// From back to front; each view precedes its descendants. Invisible views are not included.
 using ScreenContents = std::vector<PaintedView>;
 
-// At the canvas's scale.
+// The contents of the screen at the current time, at the scale of the canvas.
 ScreenContents contentsOfScreen(const drawing::Canvas& canvas);
 
-// Paints these pixels of the canvas, whatever was there. The views must still be as they were.
+// Repaints the pixels of the region, regardless of their previous values. The views must not have changed since
+// `contents` was computed.
 void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region);
 
 }  // namespace uikit

@@ -27,11 +27,11 @@ objc::Ref<UIFont> makeFont(const drawing::Font& font) {
 
 namespace {
 
-// What the platform's text system takes for a size that is none.
-constexpr CGFloat sizeInsteadOfNone = 12;
+// The size in points that replaces an invalid size, as on the platform.
+constexpr CGFloat fallbackFontSize = 12;
 
-UIFont* sized(drawing::Font font, CGFloat size) {
-  font.size = std::isfinite(size) && size > 0 ? size : sizeInsteadOfNone;
+UIFont* withSize(drawing::Font font, CGFloat size) {
+  font.size = std::isfinite(size) && size > 0 ? size : fallbackFontSize;
   return objc::autorelease(makeFont(font));
 }
 
@@ -39,15 +39,15 @@ template <drawing::Weight weight>
 UIFont* systemFont(Class, CGFloat size) {
   drawing::Font font;
   font.weight = weight;
-  return sized(font, size);
+  return withSize(font, size);
 }
 
-UIFont* fontWithSize(UIFont* self, CGFloat size) { return sized(fontOf(self), size); }
+UIFont* fontWithSize(UIFont* self, CGFloat size) { return withSize(fontOf(self), size); }
 
 CGFloat pointSize(UIFont* self) { return fontOf(self).size; }
 CGFloat lineHeight(UIFont* self) { return drawing::lineHeight(fontOf(self), environment().device.scale); }
 CGFloat ascender(UIFont* self) { return drawing::baselineOffset(fontOf(self), environment().device.scale); }
-// Below the baseline, so negative.
+// Negative, because it is below the baseline.
 CGFloat descender(UIFont* self) { return ascender(self) - lineHeight(self); }
 NSString* familyName(UIFont* self) { return NSString::stringWithUTF8String(fontOf(self).family.c_str()); }
 

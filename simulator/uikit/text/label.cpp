@@ -29,15 +29,15 @@ void invalidateText(UILabel* self) {
   invalidateIntrinsicContentSize(self);
 }
 
-void replaceText(UILabel* self, StyledText text) {
-  StyledText& held = objc::state(self).text;
-  if (held == text) return;
-  held = std::move(text);
+void setStyledText(UILabel* self, StyledText text) {
+  StyledText& current = objc::state(self).text;
+  if (current == text) return;
+  current = std::move(text);
   invalidateText(self);
 }
 
 NSString* text(UILabel* self) { return objc::state(self).text.string(); }
-void setText(UILabel* self, NSString* text) { replaceText(self, StyledText(text)); }
+void setText(UILabel* self, NSString* text) { setStyledText(self, StyledText(text)); }
 
 UIFont* font(UILabel* self) {
   const LabelState& state = objc::state(self);
@@ -45,7 +45,7 @@ UIFont* font(UILabel* self) {
   return first != nullptr ? first : state.font.get();
 }
 
-// nil gives the default font back. Parts of the text lose fonts of their own.
+// nil restores the default font. The font replaces the fonts of all ranges of the text.
 void setFont(UILabel* self, UIFont* font) {
   LabelState& state = objc::state(self);
   UIFont* wanted = font != nullptr ? font : UIFont::systemFontOfSize(labelFontSize);
@@ -74,7 +74,7 @@ NSAttributedString* attributedText(UILabel* self) {
   const LabelState& state = objc::state(self);
   return state.text.attributedString(state.font, textColor(self));
 }
-void setAttributedText(UILabel* self, NSAttributedString* text) { replaceText(self, StyledText(text)); }
+void setAttributedText(UILabel* self, NSAttributedString* text) { setStyledText(self, StyledText(text)); }
 
 NSTextAlignment textAlignment(UILabel* self) { return objc::state(self).alignment; }
 void setTextAlignment(UILabel* self, NSTextAlignment alignment) {
@@ -105,7 +105,7 @@ void setPreferredMaxLayoutWidth(UILabel* self, CGFloat width) {
 }
 void setLayoutWidth(UILabel* self, CGFloat width) { objc::state(self).layoutWidth = width; }
 
-// A label of one line is as wide as its text, whatever the room.
+// A label with a single line is as wide as its text, regardless of the available width.
 CGSize measure(UILabel* self, CGFloat width) {
   constexpr CGFloat unlimited = 0;
   const drawing::Size size = textLayout(self).measure(objc::state(self).numberOfLines == 1 ? unlimited : width);
@@ -125,22 +125,22 @@ NSUInteger measuredNumberOfLines(UILabel* self) {
 
 CGFloat firstBaselineOffset(UILabel* self) { return textLayout(self).firstBaseline(); }
 
-// The text is laid out in the label's size. While that is still on its way, it stands in what is shown as the content
-// mode says.
-drawing::Rectangle placeOfText(UILabel* self) {
+// The text is laid out for the label's final size. While the size is animated, the content mode positions the text
+// within the displayed bounds.
+drawing::Rectangle textRectangle(UILabel* self) {
   const CGSize size = self->bounds().size;
   const auto mode = static_cast<drawing::ContentMode>(record(self).contentMode);
   return drawing::placeContent({size.width, size.height}, rectangle(shownBounds(self)), mode);
 }
 
 void drawContent(UILabel* self, void* canvas) {
-  textLayout(self).draw(*static_cast<drawing::Canvas*>(canvas), placeOfText(self), colorOf(textColor(self)));
+  textLayout(self).draw(*static_cast<drawing::Canvas*>(canvas), textRectangle(self), colorOf(textColor(self)));
 }
 
-// Glyphs may reach beyond their line.
+// Glyphs can extend beyond their line.
 CGRect contentArea(UILabel* self) {
   if (objc::state(self).text.string()->length() == 0) return {};
-  return outset(rectangle(placeOfText(self)), font(self)->pointSize());
+  return outset(rectangle(textRectangle(self)), font(self)->pointSize());
 }
 
 void describe(UILabel* self, void* description) {

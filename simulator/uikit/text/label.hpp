@@ -1,4 +1,4 @@
-// UILabel's state, and text as any view lays it out.
+// UILabel's state, and the conversions that all views with text use. Main thread only.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,7 @@
 #include "simulator/drawing/text_layout.hpp"
 #include "simulator/uikit/text/styled_text.hpp"
 
-// The platform's numbers.
+// The values are those of the platform.
 enum class NSLineBreakMode : NSInteger {
   WordWrapping,
   CharWrapping,
@@ -21,13 +21,13 @@ enum class NSLineBreakMode : NSInteger {
 struct LabelState {
   uikit::StyledText text;
   objc::Ref<UIFont> font;
-  objc::Ref<UIColor> textColor;  // nil: that of the appearance
+  objc::Ref<UIColor> textColor;  // nil: the label color of the appearance
   NSTextAlignment alignment = NSTextAlignment::Natural;
   NSLineBreakMode lineBreakMode = NSLineBreakMode::TruncatingTail;
   NSInteger numberOfLines = 1;
-  CGFloat preferredMaxLayoutWidth = 0;  // chosen by the label's owner; 0 for the one that layout finds
-  CGFloat layoutWidth = 0;
-  std::optional<drawing::TextLayout> layout;  // made when needed
+  CGFloat preferredMaxLayoutWidth = 0;        // set by the owner of the label; 0 to use layoutWidth
+  CGFloat layoutWidth = 0;                    // the width that the constraints give to the label
+  std::optional<drawing::TextLayout> layout;  // created at first use
 };
 template <>
 struct objc::StateOf<UILabel> {
@@ -37,10 +37,10 @@ struct objc::StateOf<UILabel> {
 namespace uikit {
 
 drawing::Alignment drawingAlignment(NSTextAlignment alignment);
-// Of text in the view: the direction its user interface is written in.
+// The base direction of text in the view: the direction of its user interface.
 drawing::BaseDirection baseDirection(const UIView* view);
 
-// The label's text, laid out as it is now.
+// The layout of the label's current text.
 drawing::TextLayout& textLayout(const UILabel* label);
 
 void defineLabel();

@@ -1,4 +1,4 @@
-// A label's text as the pixel layer lays it out.
+// Converts a label's text to a text layout of the drawing layer.
 #include <algorithm>
 
 #include "simulator/uikit/text/label.hpp"

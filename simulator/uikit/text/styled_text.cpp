@@ -54,14 +54,14 @@ void StyledText::removeColors() {
   for (StyledRange& range : ranges_) range.color = nullptr;
 }
 
-NSAttributedString* StyledText::attributedString(UIFont* wholeFont, UIColor* wholeColor) const {
+NSAttributedString* StyledText::attributedString(UIFont* defaultFont, UIColor* defaultColor) const {
   if (string_ == nullptr) return nullptr;
   auto result = NSMutableAttributedString::withString(string_);
   NSUInteger position = 0;
   for (const StyledRange& range : ranges_) {
     const NSRange characters = {position, range.length};
-    UIFont* font = range.font != nullptr ? range.font.get() : wholeFont;
-    UIColor* color = range.color != nullptr ? range.color.get() : wholeColor;
+    UIFont* font = range.font != nullptr ? range.font.get() : defaultFont;
+    UIColor* color = range.color != nullptr ? range.color.get() : defaultColor;
     if (font != nullptr) result->addAttribute(fontAttributeName(), font, characters);
     if (color != nullptr) result->addAttribute(colorAttributeName(), color, characters);
     position += range.length;
@@ -69,14 +69,14 @@ NSAttributedString* StyledText::attributedString(UIFont* wholeFont, UIColor* who
   return objc::autorelease(result);
 }
 
-std::vector<drawing::Run> StyledText::runs(const drawing::Font& wholeFont, NSUInteger units) const {
+std::vector<drawing::Run> StyledText::runs(const drawing::Font& defaultFont, NSUInteger maxUnits) const {
   std::vector<drawing::Run> result;
   NSUInteger position = 0;
   for (const StyledRange& range : ranges_) {
-    if (position >= units) break;
+    if (position >= maxUnits) break;
     drawing::Run run;
-    run.text = utf8(string_, {position, std::min(range.length, units - position)});
-    run.font = range.font != nullptr ? fontOf(range.font) : wholeFont;
+    run.text = utf8(string_, {position, std::min(range.length, maxUnits - position)});
+    run.font = range.font != nullptr ? fontOf(range.font) : defaultFont;
     if (range.color != nullptr) run.color = colorOf(range.color);
     result.push_back(std::move(run));
     position += range.length;

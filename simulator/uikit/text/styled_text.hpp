@@ -1,4 +1,4 @@
-// Text with fonts and colors by range, as a label holds it.
+// The text of a label, with fonts and colors for its ranges.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ class UIColor;
 
 namespace uikit {
 
-// Part of a text, as long as that many UTF-16 units. nil stands for the font or color of the whole text.
+// A range of a text. The length is in UTF-16 code units. A nil font or color means the default of the text.
 struct StyledRange {
   NSUInteger length = 0;
   objc::Ref<UIFont> font;
@@ -22,24 +22,24 @@ struct StyledRange {
 class StyledText {
  public:
   StyledText() = default;
-  // A copy of the text, all in the whole's font and color.
+  // Copies the text, without fonts and colors of its own.
   explicit StyledText(NSString* text);
   explicit StyledText(NSAttributedString* text);
 
-  // nil where there is none.
+  // nil if there is no text.
   NSString* string() const { return string_; }
-  // Whether any part has a style of its own.
+  // Whether a range has its own font or color.
   bool isStyled() const;
-  // nil where the text does not begin with a font of its own.
+  // The font of the first range; nil if that range has the default font.
   UIFont* firstFont() const { return ranges_.empty() ? nullptr : ranges_.front().font.get(); }
 
   void removeFonts();
   void removeColors();
 
-  // Autoreleased, nil without a text.
-  NSAttributedString* attributedString(UIFont* wholeFont, UIColor* wholeColor) const;
-  // The first units of the text.
-  std::vector<drawing::Run> runs(const drawing::Font& wholeFont, NSUInteger units) const;
+  // Autoreleased; nil if there is no text.
+  NSAttributedString* attributedString(UIFont* defaultFont, UIColor* defaultColor) const;
+  // The runs of the first `maxUnits` UTF-16 code units of the text.
+  std::vector<drawing::Run> runs(const drawing::Font& defaultFont, NSUInteger maxUnits) const;
 
   friend bool operator==(const StyledText& left, const StyledText& right);
 

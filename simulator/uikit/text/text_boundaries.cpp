@@ -11,8 +11,8 @@ namespace uikit {
 
 namespace {
 
-// Longer than any character that somebody types.
-constexpr NSUInteger unitsLookedAt = 256;
+// An upper limit for the length of one character that a user can type, in UTF-16 code units.
+constexpr NSUInteger maxCharacterUnits = 256;
 
 std::vector<PangoLogAttr> boundariesOf(const std::string& text) {
   const auto characters = static_cast<std::size_t>(g_utf8_strlen(text.data(), static_cast<gssize>(text.size())));
@@ -34,7 +34,7 @@ bool isTrailingSurrogate(const NSString* text, NSUInteger position) {
 NSUInteger startOfCharacterBefore(const NSString* text, NSUInteger position) {
   position = std::min(position, text->length());
   if (position == 0) return 0;
-  NSUInteger begin = position - std::min(position, unitsLookedAt);
+  NSUInteger begin = position - std::min(position, maxCharacterUnits);
   if (begin > 0 && isTrailingSurrogate(text, begin)) ++begin;
   const std::string before = utf8(text, {begin, position - begin});
   const std::vector<PangoLogAttr> boundaries = boundariesOf(before);

@@ -10,7 +10,7 @@ namespace uikit {
 
 namespace {
 
-// ICU counts bytes in 32 bits, and a unit takes three at most.
+// ICU counts bytes in 32 bits, and a UTF-16 unit becomes three bytes at most.
 constexpr NSUInteger maxUnits = std::numeric_limits<std::int32_t>::max() / 3;
 
 }  // namespace

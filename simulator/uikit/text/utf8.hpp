@@ -1,4 +1,4 @@
-// A Foundation string's text as UTF-8, whatever is in it.
+// Converts Foundation strings to UTF-8, including strings that are not valid UTF-16.
 #pragma once
 
 #include <string>
@@ -7,15 +7,15 @@
 
 namespace uikit {
 
-// The range's part that lies in the text; half of a surrogate pair becomes U+FFFD. Empty for nil.
+// The part of the text that is inside the range. U+FFFD replaces each unpaired surrogate. Empty for nil.
 std::string utf8(const NSString* text, NSRange range);
 inline std::string utf8(const NSString* text) { return utf8(text, {0, NSNotFound}); }
 
-// The text itself, or a copy with U+FFFD for halves of surrogate pairs where there are any: Foundation loses a text
-// with such when it changes it. nil for nil.
+// Returns the text, or an autoreleased copy in which U+FFFD replaces each unpaired surrogate, because Foundation loses
+// a text with unpaired surrogates when it edits the text. nil for nil.
 NSString* wellFormed(NSString* text);
 
-// More text than any view shows, in UTF-16 units: what lies beyond need not be looked at.
+// No view shows more text than this, in UTF-16 code units. Text after this limit is not laid out.
 inline constexpr NSUInteger maxVisibleUnits = 40'000;
 
 }  // namespace uikit

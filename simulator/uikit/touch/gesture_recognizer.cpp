@@ -10,7 +10,7 @@
 
 namespace uikit {
 
-void forgetView(NSArray* recognizers) {
+void detachFromView(NSArray* recognizers) {
   for (NSUInteger index = 0; index < recognizers->count(); ++index)
     objc::state(static_cast<UIGestureRecognizer*>(recognizers->objectAtIndex(index))).view = nullptr;
 }
@@ -22,7 +22,7 @@ using State = UIGestureRecognizerState;
 bool takesArgument(SEL selector) { return std::strchr(sel_getName(selector), ':') != nullptr; }
 
 void sendActions(UIGestureRecognizer* self) {
-  const objc::Ref<UIGestureRecognizer> kept = objc::retain(self);
+  const objc::Ref<UIGestureRecognizer> retained = objc::retain(self);
   const std::vector<GestureAction> actions = objc::state(self).actions;
   for (const GestureAction& action : actions) {
     const objc::Ref<NSObject> target = action.target.lock();
@@ -38,20 +38,20 @@ void sendActions(UIGestureRecognizer* self) {
 
 bool begins(State from, State to) { return from == State::Possible && (to == State::Began || to == State::Ended); }
 
-bool mayBegin(UIGestureRecognizer* self) {
+bool claimTouch(UIGestureRecognizer* self) {
   TouchSequence* sequence = TouchSequence::current();
-  return sequence != nullptr && sequence->grant(self);
+  return sequence != nullptr && sequence->claim(self);
 }
 
 double distance(CGPoint from, CGPoint to) { return std::hypot(to.x - from.x, to.y - from.y); }
 
 bool hasDragged(const GestureRecord& gesture) {
-  constexpr double roundingAllowance = 1e-6;  // of a path added up from many steps
+  constexpr double roundingAllowance = 1e-6;  // a path that is the sum of many steps is not exact
   return distance(gesture.down, gesture.location) >= dragDistance - roundingAllowance;
 }
 
-// Where the finger is, for the base class: subclasses read it after super.
-void follow(UIGestureRecognizer* self, NSObject* touches, NSObject*) {
+// The base class stores the location of the finger. Subclasses call super and then read it.
+void trackLocation(UIGestureRecognizer* self, NSObject* touches, NSObject*) {
   UITouch* touch = anyTouch(touches);
   GestureRecord& gesture = objc::state(self);
   gesture.location = touch->locationInView(nullptr);
@@ -61,7 +61,7 @@ void follow(UIGestureRecognizer* self, NSObject* touches, NSObject*) {
 }
 
 void failOrCancel(UIGestureRecognizer* self) {
-  changeState(self, objc::state(self).isUnderWay() ? State::Cancelled : State::Failed);
+  changeState(self, objc::state(self).isRecognizing() ? State::Cancelled : State::Failed);
 }
 void cancelled(UIGestureRecognizer* self, NSObject*, NSObject*) { failOrCancel(self); }
 
@@ -77,14 +77,14 @@ void tapEnded(UIGestureRecognizer* self, NSObject* touches, NSObject* event) {
 void panMoved(UIGestureRecognizer* self, NSObject* touches, NSObject* event) {
   objc::sendSuper<"UIPanGestureRecognizer", void, "touchesMoved:withEvent:">(self, touches, event);
   const GestureRecord& gesture = objc::state(self);
-  if (gesture.isUnderWay())
+  if (gesture.isRecognizing())
     changeState(self, State::Changed);
   else if (hasDragged(gesture))
     changeState(self, State::Began);
 }
 void panEnded(UIGestureRecognizer* self, NSObject* touches, NSObject* event) {
   objc::sendSuper<"UIPanGestureRecognizer", void, "touchesEnded:withEvent:">(self, touches, event);
-  changeState(self, objc::state(self).isUnderWay() ? State::Ended : State::Failed);
+  changeState(self, objc::state(self).isRecognizing() ? State::Ended : State::Failed);
 }
 
 CGPoint translationInView(UIGestureRecognizer* self, UIView*) {
@@ -92,7 +92,7 @@ CGPoint translationInView(UIGestureRecognizer* self, UIView*) {
   return {gesture.location.x - gesture.down.x, gesture.location.y - gesture.down.y};
 }
 
-// From now on the translation counts from here.
+// Makes the current location correspond to this translation.
 void setTranslation(UIGestureRecognizer* self, CGPoint translation, UIView*) {
   GestureRecord& gesture = objc::state(self);
   gesture.down = {gesture.location.x - translation.x, gesture.location.y - translation.y};
@@ -110,7 +110,7 @@ void addTarget(UIGestureRecognizer* self, NSObject* target, SEL action) {
     objc::state(self).actions.push_back({objc::Weak<NSObject>(target), action});
 }
 
-// nil stands for every target, a null action for every action.
+// A nil target means every target, a null action means every action.
 void removeTarget(UIGestureRecognizer* self, NSObject* target, SEL action) {
   std::erase_if(objc::state(self).actions, [&](const GestureAction& each) {
     return (target == nullptr || each.target.lock().get() == target) &&
@@ -124,7 +124,7 @@ UIView* view(UIGestureRecognizer* self) { return objc::state(self).view; }
 bool isEnabled(UIGestureRecognizer* self) { return objc::state(self).isEnabled; }
 void setEnabled(UIGestureRecognizer* self, bool enabled) {
   objc::state(self).isEnabled = enabled;
-  if (!enabled && objc::state(self).isUnderWay()) changeState(self, State::Cancelled);
+  if (!enabled && objc::state(self).isRecognizing()) changeState(self, State::Cancelled);
 }
 
 bool cancelsTouchesInView(UIGestureRecognizer* self) { return objc::state(self).cancelsTouchesInView; }
@@ -132,11 +132,11 @@ void setCancelsTouchesInView(UIGestureRecognizer* self, bool cancels) {
   objc::state(self).cancelsTouchesInView = cancels;
 }
 
-// nil stands for the window.
-CGPoint locationInView(UIGestureRecognizer* self, UIView* asked) {
+// nil means the window's coordinates.
+CGPoint locationInView(UIGestureRecognizer* self, UIView* coordinateView) {
   const GestureRecord& gesture = objc::state(self);
-  if (asked == nullptr && gesture.view != nullptr) asked = rootOf(gesture.view);
-  return convertPoint(gesture.location, nullptr, asked);
+  if (coordinateView == nullptr && gesture.view != nullptr) coordinateView = rootOf(gesture.view);
+  return convertPoint(gesture.location, nullptr, coordinateView);
 }
 
 }  // namespace
@@ -144,7 +144,7 @@ CGPoint locationInView(UIGestureRecognizer* self, UIView* asked) {
 void changeState(UIGestureRecognizer* recognizer, UIGestureRecognizerState state) {
   GestureRecord& gesture = objc::state(recognizer);
   const bool isBeginning = begins(gesture.state, state);
-  if (isBeginning && !mayBegin(recognizer)) state = State::Failed;
+  if (isBeginning && !claimTouch(recognizer)) state = State::Failed;
   gesture.state = state;
   if (state != State::Failed && state != State::Possible) sendActions(recognizer);
 }
@@ -163,9 +163,9 @@ void defineGestureRecognizer() {
       objc::method<"cancelsTouchesInView", &cancelsTouchesInView>(),
       objc::method<"setCancelsTouchesInView:", &setCancelsTouchesInView>(),
       objc::method<"locationInView:", &locationInView>(),
-      objc::method<"touchesBegan:withEvent:", &follow>(),
-      objc::method<"touchesMoved:withEvent:", &follow>(),
-      objc::method<"touchesEnded:withEvent:", &follow>(),
+      objc::method<"touchesBegan:withEvent:", &trackLocation>(),
+      objc::method<"touchesMoved:withEvent:", &trackLocation>(),
+      objc::method<"touchesEnded:withEvent:", &trackLocation>(),
       objc::method<"touchesCancelled:withEvent:", &cancelled>(),
   };
   static constexpr objc::MethodEntry tapMethods[] = {

@@ -1,4 +1,4 @@
-// UIGestureRecognizer's state, and what a recognizer does with the finger's events.
+// UIGestureRecognizer's state and its transitions. Main thread only.
 #pragma once
 
 #include <vector>
@@ -9,7 +9,7 @@
 
 namespace uikit {
 
-// A finger that has moved this far, in points, drags; it taps no more.
+// The distance, in points, at which a touch becomes a drag and can no longer be a tap.
 inline constexpr double dragDistance = 10;
 
 struct GestureAction {
@@ -18,23 +18,23 @@ struct GestureAction {
 };
 
 struct GestureRecord {
-  UIView* view = nullptr;  // borrowed: it holds the recognizer
+  UIView* view = nullptr;  // borrowed; the view retains the recognizer
   std::vector<GestureAction> actions;
   UIGestureRecognizerState state = UIGestureRecognizerState::Possible;
   bool isEnabled = true;
   bool cancelsTouchesInView = true;
-  CGPoint down;      // on the screen
-  CGPoint location;  // on the screen
+  CGPoint down;      // where the touch began, in screen coordinates
+  CGPoint location;  // where the touch is, in screen coordinates
 
-  bool isUnderWay() const {
+  bool isRecognizing() const {
     return state == UIGestureRecognizerState::Began || state == UIGestureRecognizerState::Changed;
   }
 };
 
-// The view these are attached to is going away.
-void forgetView(NSArray* recognizers);
+// Clears the view of the recognizers, because it is about to be deallocated.
+void detachFromView(NSArray* recognizers);
 
-// The recognizer's next state, with its action. A recognizer that may not begin now fails instead.
+// Changes the state of the recognizer and sends its actions. A recognizer that is not allowed to begin fails instead.
 void changeState(UIGestureRecognizer* recognizer, UIGestureRecognizerState state);
 
 }  // namespace uikit

@@ -19,14 +19,16 @@ UIWindow* window(UITouch* self) {
 double timestamp(UITouch* self) { return objc::state(self).timestamp; }
 NSUInteger tapCount(UITouch*) { return 1; }
 
-CGPoint inView(UITouch* self, CGPoint onScreen, UIView* asked) {
+CGPoint inView(UITouch* self, CGPoint onScreen, UIView* coordinateView) {
   UIView* touched = objc::state(self).view;
-  if (asked == nullptr && touched != nullptr) asked = rootOf(touched);
-  return convertPoint(onScreen, nullptr, asked);
+  if (coordinateView == nullptr && touched != nullptr) coordinateView = rootOf(touched);
+  return convertPoint(onScreen, nullptr, coordinateView);
 }
-CGPoint locationInView(UITouch* self, UIView* asked) { return inView(self, objc::state(self).location, asked); }
-CGPoint previousLocationInView(UITouch* self, UIView* asked) {
-  return inView(self, objc::state(self).previousLocation, asked);
+CGPoint locationInView(UITouch* self, UIView* coordinateView) {
+  return inView(self, objc::state(self).location, coordinateView);
+}
+CGPoint previousLocationInView(UITouch* self, UIView* coordinateView) {
+  return inView(self, objc::state(self).previousLocation, coordinateView);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// UITouch and UIEvent: one finger, from going down to leaving the screen; and the way touches enter.
+// UITouch and UIEvent, and the function that delivers touches to views. Points are in screen coordinates unless stated
+// otherwise. Main thread only.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -6,16 +7,16 @@
 
 enum class UITouchPhase : NSInteger { Began, Moved, Stationary, Ended, Cancelled };
 
-// Responders get it as the one member of the set in touchesBegan:withEvent:, touchesMoved:withEvent:,
-// touchesEnded:withEvent: and touchesCancelled:withEvent:.
+// A finger on the screen. Responders receive it as the only element of the set in touchesBegan:withEvent:,
+// touchesMoved:withEvent:, touchesEnded:withEvent: and touchesCancelled:withEvent:.
 class UITouch : public objc::Interface<"UITouch", NSObject> {
  public:
   UITouchPhase phase() const { return objc::send<UITouchPhase, "phase">(this); }
-  // The view the finger went down on; nil once it has left its window.
+  // The view in which the touch began; nil if there was none at its location.
   UIView* view() const { return objc::send<UIView*, "view">(this); }
-  // nil stands for the window.
+  // In the coordinates of the view; nil means the window's coordinates.
   CGPoint locationInView(UIView* view) const { return objc::send<CGPoint, "locationInView:">(this, view); }
-  // Seconds, by the clock in use.
+  // In seconds, on the clock that the simulator uses.
   double timestamp() const { return objc::send<double, "timestamp">(this); }
 };
 
@@ -23,12 +24,12 @@ class UIEvent : public objc::Interface<"UIEvent", NSObject> {};
 
 namespace uikit {
 
-// What a finger does at a point of the screen. There is one finger: Began ends one still down with a cancellation;
-// the other phases without one do nothing. Views are asked from the top window down.
+// Delivers a touch at a point of the screen to the frontmost view there and to its recognizers. There is only one
+// finger: Began cancels a touch in progress, and the other phases do nothing without one. The timestamp is in seconds.
 void deliverTouch(UITouchPhase phase, CGPoint screenPoint, double timestamp);
 bool isFingerDown();
 
-// The touch of such a set.
+// The touch in the set that a responder receives.
 UITouch* anyTouch(NSObject* touches);
 
 }  // namespace uikit

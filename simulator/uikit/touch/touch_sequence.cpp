@@ -13,12 +13,12 @@ namespace uikit {
 
 namespace {
 
-std::unique_ptr<TouchSequence>& heldSequence() {
-  static std::unique_ptr<TouchSequence> held;
-  return held;
+std::unique_ptr<TouchSequence>& currentSequence() {
+  static std::unique_ptr<TouchSequence> instance;
+  return instance;
 }
 
-// The view under the point, of the frontmost window that has one.
+// The view at the point in the frontmost window that has one; null if there is none.
 UIView* hitView(CGPoint point, UIEvent* event) {
   const std::vector<UIWindow*> windows = visibleWindows();
   for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
@@ -28,10 +28,12 @@ UIView* hitView(CGPoint point, UIEvent* event) {
   return nullptr;
 }
 
-NSObject* setOf(UITouch* touch) { return objc::send<NSObject*, "setWithObject:">(objc::lookUpClass<"NSSet">(), touch); }
+NSObject* singletonSet(UITouch* touch) {
+  return objc::send<NSObject*, "setWithObject:">(objc::lookUpClass<"NSSet">(), touch);
+}
 
-void sendPhase(const void* receiver, UITouchPhase phase, UITouch* touch, UIEvent* event) {
-  NSObject* touches = setOf(touch);
+void sendTouches(const void* receiver, UITouchPhase phase, UITouch* touch, UIEvent* event) {
+  NSObject* touches = singletonSet(touch);
   switch (phase) {
     case UITouchPhase::Began:
       return objc::send<void, "touchesBegan:withEvent:">(receiver, touches, event);
@@ -46,7 +48,7 @@ void sendPhase(const void* receiver, UITouchPhase phase, UITouch* touch, UIEvent
   }
 }
 
-bool isOver(UITouchPhase phase) { return phase == UITouchPhase::Ended || phase == UITouchPhase::Cancelled; }
+bool isFinal(UITouchPhase phase) { return phase == UITouchPhase::Ended || phase == UITouchPhase::Cancelled; }
 
 }  // namespace
 
@@ -61,9 +63,9 @@ TouchSequence::~TouchSequence() {
     objc::state(recognizer.get()).state = UIGestureRecognizerState::Possible;
 }
 
-TouchSequence* TouchSequence::current() { return heldSequence().get(); }
+TouchSequence* TouchSequence::current() { return currentSequence().get(); }
 
-// From the touched view outwards: an inner recognizer is asked before an outer one.
+// From the touched view to the root, so an inner recognizer receives touches before an outer one.
 void TouchSequence::collectRecognizers() {
   for (UIView* view = view_; view != nullptr; view = record(view).superview) {
     NSArray* attached = objc::state(view).gestureRecognizers;
@@ -75,8 +77,8 @@ void TouchSequence::collectRecognizers() {
 }
 
 void TouchSequence::begin() {
-  tellRecognizers();
-  tellView(UITouchPhase::Began);
+  sendToRecognizers();
+  sendToView(UITouchPhase::Began);
 }
 
 void TouchSequence::advance(UITouchPhase phase, CGPoint point, double timestamp) {
@@ -85,27 +87,27 @@ void TouchSequence::advance(UITouchPhase phase, CGPoint point, double timestamp)
   touch.previousLocation = touch.location;
   touch.location = point;
   touch.timestamp = timestamp;
-  tellRecognizers();
-  if (viewIsTold_) tellView(phase);
-  if (isOver(phase)) settleRecognizers();
+  sendToRecognizers();
+  if (viewReceivesTouches_) sendToView(phase);
+  if (isFinal(phase)) resetRecognizers();
 }
 
-void TouchSequence::tellRecognizers() {
+void TouchSequence::sendToRecognizers() {
   const UITouchPhase phase = objc::state(touch_.get()).phase;
   const std::vector<objc::Ref<UIGestureRecognizer>> recognizers = recognizers_;
   for (const objc::Ref<UIGestureRecognizer>& recognizer : recognizers) {
     const GestureRecord& gesture = objc::state(recognizer.get());
-    const bool isWatching = gesture.state == UIGestureRecognizerState::Possible || gesture.isUnderWay();
+    const bool isWaitingOrRecognizing = gesture.state == UIGestureRecognizerState::Possible || gesture.isRecognizing();
     const bool isOnScreen = gesture.view != nullptr && windowOf(gesture.view) != nullptr;
-    if (isWatching && isOnScreen && gesture.isEnabled) sendPhase(recognizer.get(), phase, touch_, event_);
+    if (isWaitingOrRecognizing && isOnScreen && gesture.isEnabled) sendTouches(recognizer.get(), phase, touch_, event_);
   }
 }
 
-void TouchSequence::tellView(UITouchPhase phase) {
-  if (view_ != nullptr) sendPhase(view_.get(), phase, touch_, event_);
+void TouchSequence::sendToView(UITouchPhase phase) {
+  if (view_ != nullptr) sendTouches(view_.get(), phase, touch_, event_);
 }
 
-bool TouchSequence::grant(UIGestureRecognizer* recognizer) {
+bool TouchSequence::claim(UIGestureRecognizer* recognizer) {
   if (winner_ != nullptr ||
       std::ranges::find(recognizers_, recognizer, &objc::Ref<UIGestureRecognizer>::get) == recognizers_.end())
     return false;
@@ -114,13 +116,13 @@ bool TouchSequence::grant(UIGestureRecognizer* recognizer) {
   for (const objc::Ref<UIGestureRecognizer>& other : recognizers_)
     if (other.get() != recognizer) objc::state(other.get()).state = UIGestureRecognizerState::Failed;
   if (objc::state(recognizer).cancelsTouchesInView) {
-    viewIsTold_ = false;
-    tellView(UITouchPhase::Cancelled);
+    viewReceivesTouches_ = false;
+    sendToView(UITouchPhase::Cancelled);
   }
   return true;
 }
 
-void TouchSequence::settleRecognizers() {
+void TouchSequence::resetRecognizers() {
   for (const objc::Ref<UIGestureRecognizer>& recognizer : recognizers_)
     objc::state(recognizer.get()).state = UIGestureRecognizerState::Possible;
 }
@@ -128,17 +130,17 @@ void TouchSequence::settleRecognizers() {
 bool isFingerDown() { return TouchSequence::current() != nullptr; }
 
 void deliverTouch(UITouchPhase phase, CGPoint screenPoint, double timestamp) {
-  std::unique_ptr<TouchSequence>& held = heldSequence();
+  std::unique_ptr<TouchSequence>& sequence = currentSequence();
   if (phase == UITouchPhase::Began) {
-    if (held != nullptr) deliverTouch(UITouchPhase::Cancelled, screenPoint, timestamp);
+    if (sequence != nullptr) deliverTouch(UITouchPhase::Cancelled, screenPoint, timestamp);
     layoutWindows();
-    held = std::make_unique<TouchSequence>(screenPoint, timestamp);
-    held->begin();
+    sequence = std::make_unique<TouchSequence>(screenPoint, timestamp);
+    sequence->begin();
     return;
   }
-  if (held == nullptr) return;
-  held->advance(phase, screenPoint, timestamp);
-  if (isOver(phase)) held.reset();
+  if (sequence == nullptr) return;
+  sequence->advance(phase, screenPoint, timestamp);
+  if (isFinal(phase)) sequence.reset();
 }
 
 }  // namespace uikit

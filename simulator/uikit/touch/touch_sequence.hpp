@@ -1,4 +1,5 @@
-// One finger from down to up: the view it is on, the recognizers that watch it, and which of them wins.
+// The touches of one finger from Began to Ended or Cancelled: the touched view, the recognizers that receive the
+// touches, and the recognizer that has claimed them.
 #pragma once
 
 #include <vector>
@@ -9,7 +10,7 @@ namespace uikit {
 
 class TouchSequence {
  public:
-  // Goes down at a point of the screen.
+  // Starts at a point in screen coordinates. The timestamp is in seconds.
   TouchSequence(CGPoint point, double timestamp);
   ~TouchSequence();
   TouchSequence(const TouchSequence&) = delete;
@@ -18,24 +19,25 @@ class TouchSequence {
   void begin();
   void advance(UITouchPhase phase, CGPoint point, double timestamp);
 
-  // Whether the recognizer is part of it and nothing has won yet; it wins then, and the others fail.
-  bool grant(UIGestureRecognizer* recognizer);
+  // Lets the recognizer begin. The other recognizers fail. Returns false if the recognizer does not take part in this
+  // sequence, if another one has begun, or if the view refuses.
+  bool claim(UIGestureRecognizer* recognizer);
 
-  // The one under way; null without.
+  // The sequence in progress, or null.
   static TouchSequence* current();
 
  private:
   void collectRecognizers();
-  void tellRecognizers();
-  void tellView(UITouchPhase phase);
-  void settleRecognizers();
+  void sendToRecognizers();
+  void sendToView(UITouchPhase phase);
+  void resetRecognizers();
 
   objc::Ref<UITouch> touch_;
   objc::Ref<UIEvent> event_;
   objc::Ref<UIView> view_;
   std::vector<objc::Ref<UIGestureRecognizer>> recognizers_;
   UIGestureRecognizer* winner_ = nullptr;
-  bool viewIsTold_ = true;  // until a recognizer takes the touch from it
+  bool viewReceivesTouches_ = true;  // false after a recognizer has canceled the touches in the view
 };
 
 }  // namespace uikit

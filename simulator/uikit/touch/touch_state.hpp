@@ -1,4 +1,4 @@
-// UITouch's state.
+// UITouch's state. Locations are in screen coordinates, the timestamp is in seconds.
 #pragma once
 
 #include "objc/class_definition.hpp"
@@ -6,7 +6,7 @@
 
 struct TouchState {
   UITouchPhase phase = UITouchPhase::Began;
-  CGPoint location;  // on the screen
+  CGPoint location;
   CGPoint previousLocation;
   double timestamp = 0;
   objc::Ref<UIView> view;

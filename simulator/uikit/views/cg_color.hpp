@@ -1,5 +1,5 @@
-// CGColor: the color value behind a CGColorRef. It lives as long as the UIColor it was asked of; keepers copy the
-// value.
+// CGColor: the target of a CGColorRef. It is valid as long as the UIColor or CALayer that returned it. Copy the value
+// in order to store it.
 #pragma once
 
 #include "simulator/drawing/geometry.hpp"

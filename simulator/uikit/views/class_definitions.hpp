@@ -1,4 +1,4 @@
-// Functions that define the platform's view classes, one per class. Call each once, superclasses first.
+// Functions that define the view classes of the platform. Call each of them once per process, superclasses first.
 #pragma once
 
 namespace uikit {

@@ -26,7 +26,7 @@ objc::Ref<UIColor> makeColor(const drawing::Color& color) {
 
 namespace {
 
-// Components outside 0 to 1 are kept, for wider gamuts; what is not a number is none.
+// Values outside 0 to 1 are valid, because wide-gamut colors use them. 0 replaces NaN and infinity.
 double component(double value) { return std::isfinite(value) ? value : 0; }
 double alphaComponent(double value) { return value >= 0 ? std::min(value, 1.0) : 0; }
 
@@ -42,7 +42,8 @@ UIColor* withAlphaComponent(UIColor* self, CGFloat alpha) {
   return objc::autorelease(makeColor(color));
 }
 
-// Thousandths and percent, because a template's argument cannot be a fraction on every compiler.
+// Components are in thousandths and alpha is in percent, because not every compiler accepts floating-point template
+// arguments.
 template <int red, int green, int blue, int alphaPercent = 100>
 UIColor* fixedColor() {
   static UIColor* const made = makeColor({red / 1000.0, green / 1000.0, blue / 1000.0, alphaPercent / 100.0}).leak();
@@ -58,13 +59,13 @@ CGColorRef cgColor(UIColor* self) { return &objc::state(self); }
 
 bool getComponents(UIColor* self, CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) {
   const drawing::Color color = colorOf(self);
-  const auto give = [](CGFloat* destination, double value) {
+  const auto store = [](CGFloat* destination, double value) {
     if (destination != nullptr) *destination = value;
   };
-  give(red, color.red);
-  give(green, color.green);
-  give(blue, color.blue);
-  give(alpha, color.alpha);
+  store(red, color.red);
+  store(green, color.green);
+  store(blue, color.blue);
+  store(alpha, color.alpha);
   return true;
 }
 

@@ -1,4 +1,4 @@
-// UIColor's value, and the colors that follow the appearance.
+// UIColor's value, and the default colors of an appearance. Components are from 0 to 1. Main thread only.
 #pragma once
 
 #include "platform/ui_color.hpp"
@@ -7,11 +7,11 @@
 
 namespace uikit {
 
-// Transparent for nil.
+// The value of the color; transparent black for nil.
 drawing::Color colorOf(const UIColor* color);
 objc::Ref<UIColor> makeColor(const drawing::Color& color);
 
-// Of texts, of the words in an empty field, and of what can be touched.
+// The default colors of text, of the placeholder of an empty text field, and of interactive elements.
 UIColor* labelColor(UIUserInterfaceStyle style);
 UIColor* placeholderTextColor(UIUserInterfaceStyle style);
 UIColor* tintColor(UIUserInterfaceStyle style);

@@ -46,7 +46,7 @@ void setBackgroundColor(CALayer* self, CGColorRef color) {
   setBackground(recordOf(self), color == nullptr ? nullptr : &color->color);
 }
 
-// Lent for as long as the layer keeps this color.
+// The result is valid until the background color of the layer changes or the layer is deallocated.
 CGColorRef backgroundColor(CALayer* self) {
   LayerRecord& layer = recordOf(self);
   if (!layer.hasBackground) return nullptr;

@@ -1,4 +1,5 @@
-// What a layer shows, shared by a view and its CALayer: geometry, color, corners and opacity.
+// The geometry, background, corners and opacity of a layer. A view shares this record with its CALayer. Lengths are in
+// points. Main thread only.
 #pragma once
 
 #include <memory>
@@ -12,13 +13,14 @@
 namespace uikit {
 
 struct LayerRecord {
-  // The frame is kept as origin and size, so that a frame that was set reads back exactly; the center is derived.
+  // The frame is stored as origin and size, because otherwise rounding would change a frame between setting and reading
+  // it. The center is computed.
   Animated<CGPoint> origin{{}};
   Animated<CGRect> bounds{{}};
   Animated<double> opacity{1};
   Animated<double> cornerRadius{0};
   Animated<drawing::Color> background{{0, 0, 0, 0}};
-  CGColor backgroundValue{};  // lent by -backgroundColor
+  CGColor backgroundValue{};  // the storage of the result of -backgroundColor
   bool hasBackground = false;
   bool continuousCorners = false;
   bool masksToBounds = false;
@@ -30,7 +32,7 @@ struct LayerRecord {
 inline CGRect modelFrame(const LayerRecord& layer) { return {layer.origin.model(), layer.bounds.model().size}; }
 inline CGRect shownFrame(const LayerRecord& layer) { return {layer.origin.shown(), layer.bounds.shown().size}; }
 
-// nullptr removes the color.
+// Null removes the color.
 void setBackground(LayerRecord& layer, const drawing::Color* color);
 void setOpacity(LayerRecord& layer, double opacity);
 void setHidden(LayerRecord& layer, bool hidden);

@@ -59,9 +59,9 @@ bool resignFirstResponder(UIResponder* self) {
   return true;
 }
 
-// A responder that does not want its touches hands them on.
+// A responder that does not handle touches forwards them to the next responder.
 template <objc::FixedString selector>
-void handOn(UIResponder* self, NSObject* touches, NSObject* event) {
+void forwardTouches(UIResponder* self, NSObject* touches, NSObject* event) {
   objc::send<void, selector>(self->nextResponder(), touches, event);
 }
 
@@ -75,10 +75,10 @@ void defineResponder() {
       objc::method<"isFirstResponder", &isFirstResponder>(),
       objc::method<"becomeFirstResponder", &becomeFirstResponder>(),
       objc::method<"resignFirstResponder", &resignFirstResponder>(),
-      objc::method<"touchesBegan:withEvent:", &handOn<"touchesBegan:withEvent:">>(),
-      objc::method<"touchesMoved:withEvent:", &handOn<"touchesMoved:withEvent:">>(),
-      objc::method<"touchesEnded:withEvent:", &handOn<"touchesEnded:withEvent:">>(),
-      objc::method<"touchesCancelled:withEvent:", &handOn<"touchesCancelled:withEvent:">>(),
+      objc::method<"touchesBegan:withEvent:", &forwardTouches<"touchesBegan:withEvent:">>(),
+      objc::method<"touchesMoved:withEvent:", &forwardTouches<"touchesMoved:withEvent:">>(),
+      objc::method<"touchesEnded:withEvent:", &forwardTouches<"touchesEnded:withEvent:">>(),
+      objc::method<"touchesCancelled:withEvent:", &forwardTouches<"touchesCancelled:withEvent:">>(),
   };
   objc::defineClass<UIResponder>(methods);
 }

@@ -1,13 +1,13 @@
-// The first responder: which object of a window typed text goes to.
+// The first responder: the object of a window that receives text input. Main thread only.
 #pragma once
 
 #include "platform/ui_view.hpp"
 
 namespace uikit {
 
-// The window at the end of the responder's chain, nil without one.
+// The window of the first view in the responder chain that starts at this responder; nil if there is none.
 UIWindow* windowOfResponder(const UIResponder* responder);
-// Before the view leaves its window.
+// Makes the first responder resign if it is inside this view. Call this before the view is removed from its window.
 void resignFirstResponderInside(UIView* leaving);
 
 }  // namespace uikit

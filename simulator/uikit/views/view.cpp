@@ -9,16 +9,16 @@
 
 namespace {
 
-// The object whose state this is.
+// The view that contains this state.
 UIView* ownerOf(ViewState* state) {
-  return reinterpret_cast<UIView*>(reinterpret_cast<char*>(state) - objc::detail::StateSlot<UIView>::offset);
+  return reinterpret_cast<UIView*>(reinterpret_cast<char*>(state) - objc::detail::StateOffset<UIView>::offset);
 }
 
 }  // namespace
 
 ViewState::ViewState() : record(std::make_unique<uikit::ViewRecord>(ownerOf(this))) {}
 
-ViewState::~ViewState() { uikit::forgetView(gestureRecognizers); }
+ViewState::~ViewState() { uikit::detachFromView(gestureRecognizers); }
 
 namespace uikit {
 

@@ -1,16 +1,19 @@
-// UIView's state, and what view classes share beside their messages.
+// UIView's state, and the functions that view classes share. Lengths are in points. Main thread only.
 //
-// Messages of the toolkit's own, for subclasses to override:
-//   -_drawContentInCanvas:(void*)   draws the view's content on a drawing::Canvas in the coordinates of shownBounds()
-//   -_contentArea                   the rectangle that content is cut to, in the same coordinates: the bounds, unless a
-//                                   class says otherwise; empty where there is none, and nothing is drawn then
-//   -_contentReach:(CGFloat)        how many pixels, so many to a point, around that area what is beneath has a part in
-//                                   the content; 0 for all but backdrops
-//   -_describe:(void*)              adds the class's fields to an nlohmann::ordered_json, after super
-//   -_setPreferredWidth:(CGFloat)   answered by views whose intrinsic height depends on their width: the layout tells
-//                                   the width it found and then reads -intrinsicContentSize again
-//   -_firstBaselineOffset           points from the top to the first baseline; without it the bottom edge counts
-//   -intrinsicContentSize           -1 in an axis stands for none
+// Messages that the toolkit adds to UIView and that subclasses override:
+//   -_drawContentInCanvas:(void*)   draws the content of the view on a drawing::Canvas, in the coordinates of
+//                                   shownBounds()
+//   -_contentArea                   the rectangle that clips the content, in the same coordinates. The default is the
+//                                   bounds. An empty rectangle means that there is no content to draw.
+//   -_contentReach:(CGFloat)        how far outside that area, in pixels, the content depends on the pixels behind the
+//                                   view; the argument is the number of pixels per point. 0 for all views but
+//                                   backdrops.
+//   -_describe:(void*)              adds the fields of the class to an nlohmann::ordered_json, after calling super
+//   -_setPreferredWidth:(CGFloat)   only for views whose intrinsic height depends on their width: the layout passes the
+//                                   width that it has found and then reads -intrinsicContentSize again
+//   -_firstBaselineOffset           the distance from the top of the view to its first baseline; a view without this
+//                                   method has its baseline at the bottom
+//   -intrinsicContentSize           -1 in an axis without an intrinsic size
 #pragma once
 
 #include <memory>
@@ -21,7 +24,7 @@
 #include "simulator/drawing/geometry.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
-// An axis in which a view has no intrinsic size.
+// The intrinsic length in an axis without an intrinsic size.
 inline constexpr CGFloat UIViewNoIntrinsicMetric = -1;
 
 namespace uikit {
@@ -34,7 +37,7 @@ struct ViewState {
   ViewState(const ViewState&) = delete;
   ViewState& operator=(const ViewState&) = delete;
 
-  // The instance variable _gestureRecognizers: nil while there are none.
+  // The instance variable _gestureRecognizers; nil if there are no recognizers.
   objc::Ref<NSMutableArray> gestureRecognizers;
   std::unique_ptr<uikit::ViewRecord> record;
 };
@@ -46,19 +49,19 @@ struct objc::StateOf<UIView> {
 
 namespace uikit {
 
-// The values on screen at this moment, animations in flight included.
+// The values currently on the screen, including the effect of running animations.
 CGRect shownBounds(const UIView* view);
 drawing::CornerShape shownCorners(const UIView* view);
 
-// Where leading is, after the view's semantic content attribute and the language.
+// The layout direction of the view, according to its semantic content attribute and the language.
 LayoutDirection effectiveDirection(const UIView* view);
-// Where a frame inside the view stands, given as for a language from left to right.
+// Mirrors a frame inside the view if the layout direction of the view is right to left.
 CGRect mirroredIfNeeded(const UIView* view, CGRect frame);
 
-// The nearest view controller up the view's responder chain, nil without one.
+// The first view controller in the view's responder chain; nil if there is none.
 NSObject* nearestViewController(const UIView* view);
 
-// Intrinsic sizes changed: the constraints are solved again before the view is next looked at.
+// Call this when the intrinsic size has changed. The constraints are solved again before the next layout.
 inline void invalidateIntrinsicContentSize(UIView* view) { objc::send<void, "invalidateIntrinsicContentSize">(view); }
 inline void setNeedsDisplay(UIView* view) { objc::send<void, "setNeedsDisplay">(view); }
 inline void setNeedsLayout(UIView* view) { objc::send<void, "setNeedsLayout">(view); }
@@ -68,7 +71,7 @@ inline drawing::Rectangle rectangle(const CGRect& rect) {
 }
 inline CGRect rectangle(const drawing::Rectangle& rect) { return {{rect.x, rect.y}, {rect.width, rect.height}}; }
 
-// Larger by so many points on each side.
+// The rectangle, extended by the margin on each side.
 inline CGRect outset(const CGRect& rect, CGFloat margin) {
   return {{rect.origin.x - margin, rect.origin.y - margin},
           {rect.size.width + 2 * margin, rect.size.height + 2 * margin}};

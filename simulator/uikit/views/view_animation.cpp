@@ -1,4 +1,4 @@
-// +animateWithDuration:… and its kin.
+// UIView's animation methods, such as +animateWithDuration:animations:.
 #include "simulator/uikit/animation/animation_group.hpp"
 #include "simulator/uikit/views/view_categories.hpp"
 #include "simulator/uikit/views/view_record.hpp"
@@ -16,7 +16,7 @@ void animateWithCompletion(Class, double duration, Changes animations, Completio
   runAnimation({duration, 0}, animations, completion);
 }
 
-// All options but the default curve are left aside.
+// Ignores the options: every animation has the default timing curve.
 void animateWithOptions(Class, double duration, double delay, NSUInteger, Changes animations, Completion completion) {
   runAnimation({duration, delay}, animations, completion);
 }

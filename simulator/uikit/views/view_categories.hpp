@@ -1,4 +1,4 @@
-// UIView's methods, one list a concern.
+// UIView's methods, in one list per area. Each list is defined in the source file for that area.
 #pragma once
 
 #include <span>

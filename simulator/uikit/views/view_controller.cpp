@@ -17,10 +17,10 @@ namespace uikit {
 namespace {
 
 void setView(UIViewController* self, UIView* view) {
-  objc::Ref<UIView>& held = objc::state(self).view;
-  if (held.get() == view) return;
-  if (held != nullptr) record(held.get()).viewController = nullptr;
-  held = objc::retain(view);
+  objc::Ref<UIView>& current = objc::state(self).view;
+  if (current.get() == view) return;
+  if (current != nullptr) record(current.get()).viewController = nullptr;
+  current = objc::retain(view);
   if (view != nullptr) record(view).viewController = self;
 }
 
@@ -39,8 +39,8 @@ bool isViewLoaded(UIViewController* self) { return objc::state(self).view != nul
 
 UIResponder* nextResponder(UIViewController* self) {
   const ViewControllerState& state = objc::state(self);
-  UIView* around = state.view == nullptr ? nullptr : record(state.view.get()).superview;
-  if (around != nullptr) return around;
+  UIView* superview = state.view == nullptr ? nullptr : record(state.view.get()).superview;
+  if (superview != nullptr) return superview;
   return state.parent;
 }
 
@@ -55,20 +55,20 @@ NSArray* childViewControllers(UIViewController* self) {
 void removeFromParent(UIViewController* self) {
   UIViewController* parent = objc::state(self).parent;
   if (parent == nullptr) return;
-  const objc::Ref<UIViewController> kept = objc::retain(self);
+  const objc::Ref<UIViewController> retained = objc::retain(self);
   std::erase_if(objc::state(parent).children,
                 [self](const objc::Ref<UIViewController>& child) { return child.get() == self; });
   objc::state(self).parent = nullptr;
   objc::send<void, "didMoveToParentViewController:">(self, static_cast<UIViewController*>(nullptr));
 }
 
-// The container says itself when the move is over.
+// The parent sends didMoveToParentViewController: itself when the transition ends.
 void addChild(UIViewController* self, UIViewController* child) {
   if (child == nullptr || child == self || objc::state(child).parent == self) return;
-  const objc::Ref<UIViewController> kept = objc::retain(child);
+  const objc::Ref<UIViewController> retained = objc::retain(child);
   objc::send<void, "removeFromParentViewController">(child);
   objc::send<void, "willMoveToParentViewController:">(child, self);
-  objc::state(self).children.push_back(kept);
+  objc::state(self).children.push_back(retained);
   objc::state(child).parent = self;
 }
 
@@ -82,7 +82,7 @@ void callLater(Completion completion) {
 UIViewController* presentedViewController(UIViewController* self) { return objc::state(self).presented; }
 UIViewController* presentingViewController(UIViewController* self) { return objc::state(self).presenting; }
 
-// The presented view covers the window at once: how it comes in is left aside.
+// The presented view covers the window immediately; there is no transition.
 void present(UIViewController* self, UIViewController* presented, bool, Completion completion) {
   ViewControllerState& state = objc::state(self);
   if (presented == nullptr || state.presented != nullptr) return;
@@ -96,7 +96,7 @@ void present(UIViewController* self, UIViewController* presented, bool, Completi
   callLater(completion);
 }
 
-// Of the controller it presents, or of itself where it presents none.
+// Dismisses the controller that this one presents; if there is none, this controller itself.
 void dismiss(UIViewController* self, bool animated, Completion completion) {
   ViewControllerState& state = objc::state(self);
   if (state.presented == nullptr) {
@@ -115,7 +115,7 @@ void setOverrideStyle(UIViewController* self, UIUserInterfaceStyle style) {
   changeTraitsOf(objc::state(self).view, [&] { objc::state(self).overrideStyle = style; });
 }
 
-// For subclasses.
+// Subclasses override the methods that these functions implement.
 void ignore(UIViewController*) {}
 void ignoreFlag(UIViewController*, bool) {}
 void ignoreController(UIViewController*, UIViewController*) {}

@@ -1,4 +1,4 @@
-// UIViewController's state.
+// UIViewController's state. Main thread only.
 #pragma once
 
 #include <vector>
@@ -12,11 +12,11 @@ struct ViewControllerState {
   ViewControllerState(const ViewControllerState&) = delete;
   ViewControllerState& operator=(const ViewControllerState&) = delete;
 
-  objc::Ref<UIView> view;              // made when first asked for
-  UIViewController* parent = nullptr;  // borrowed: it holds this controller
+  objc::Ref<UIView> view;              // loaded at the first call of -view
+  UIViewController* parent = nullptr;  // borrowed; the parent retains this controller
   std::vector<objc::Ref<UIViewController>> children;
   objc::Ref<UIViewController> presented;
-  UIViewController* presenting = nullptr;  // borrowed: it holds this controller
+  UIViewController* presenting = nullptr;  // borrowed; the presenting controller retains this one
   UIUserInterfaceStyle overrideStyle = UIUserInterfaceStyle::Unspecified;
 };
 template <>

@@ -18,12 +18,13 @@ AxisMask verticalMask(NSUInteger mask) {
   return {(mask & FlexibleTopMargin) != 0, (mask & FlexibleHeight) != 0, (mask & FlexibleBottomMargin) != 0};
 }
 
-AutoresizingShares autoresizingShares(const AxisMask& mask, double position, double length, double superviewLength) {
+AutoresizingFractions autoresizingFractions(const AxisMask& mask, double position, double length,
+                                            double superviewLength) {
   const double before = mask.before ? position : 0;
   const double middle = mask.length ? length : 0;
   const double after = mask.after ? superviewLength - position - length : 0;
   const double total = before + middle + after;
-  // Flexible parts that are all empty grow alike.
+  // If all flexible parts have length 0, they grow by equal amounts.
   if (total == 0) {
     const int parts = mask.before + mask.length + mask.after;
     const double share = parts == 0 ? 0 : 1.0 / parts;
@@ -39,7 +40,7 @@ bool isFinite(const CGRect& rect) {
          std::isfinite(rect.size.height);
 }
 
-// The same rectangle with sides that are not negative.
+// The same rectangle with a width and height that are not negative.
 CGRect standardized(CGRect rect) {
   if (rect.size.width < 0)
     rect = {{rect.origin.x + rect.size.width, rect.origin.y}, {-rect.size.width, rect.size.height}};
@@ -50,20 +51,20 @@ CGRect standardized(CGRect rect) {
 
 void autoresizeSubviews(UIView* view, CGSize before);
 
-void resized(UIView* view, CGSize before) {
-  needLayout(view);
-  if (record(view).engine != nullptr) constraintsChanged(view);
+void boundsSizeChanged(UIView* view, CGSize before) {
+  markNeedsLayout(view);
+  if (record(view).engine != nullptr) invalidateConstraints(view);
   autoresizeSubviews(view, before);
 }
 
 }  // namespace
 
-void placeFrame(UIView* view, const CGRect& frame) {
+void setFrameFromLayout(UIView* view, const CGRect& frame) {
   LayerRecord& layer = record(view).layer;
   const CGRect bounds = layer.bounds.model();
   layer.origin.set(frame.origin);
   layer.bounds.set({bounds.origin, frame.size});
-  if (bounds.size != frame.size) resized(view, bounds.size);
+  if (bounds.size != frame.size) boundsSizeChanged(view, bounds.size);
   noteDisplayChange();
 }
 
@@ -75,15 +76,15 @@ void autoresizeSubviews(UIView* view, CGSize before) {
     const ViewRecord& state = record(subview.get());
     if (state.autoresizingMask == 0 || !state.translatesAutoresizingMask) continue;
     CGRect frame = modelFrame(state.layer);
-    const AutoresizingShares across =
-        autoresizingShares(horizontalMask(state.autoresizingMask), frame.origin.x, frame.size.width, before.width);
-    const AutoresizingShares down =
-        autoresizingShares(verticalMask(state.autoresizingMask), frame.origin.y, frame.size.height, before.height);
+    const AutoresizingFractions across =
+        autoresizingFractions(horizontalMask(state.autoresizingMask), frame.origin.x, frame.size.width, before.width);
+    const AutoresizingFractions down =
+        autoresizingFractions(verticalMask(state.autoresizingMask), frame.origin.y, frame.size.height, before.height);
     frame.origin.x += across.position * (after.width - before.width);
     frame.size.width += across.length * (after.width - before.width);
     frame.origin.y += down.position * (after.height - before.height);
     frame.size.height += down.length * (after.height - before.height);
-    placeFrame(subview.get(), frame);
+    setFrameFromLayout(subview.get(), frame);
   }
 }
 
@@ -93,22 +94,22 @@ void setFrame(UIView* view, const CGRect& frame) {
   if (!isFinite(frame)) return;
   const CGRect wanted = standardized(frame);
   if (wanted == modelFrame(record(view).layer)) return;
-  placeFrame(view, wanted);
-  constraintsChanged(view);
+  setFrameFromLayout(view, wanted);
+  invalidateConstraints(view);
 }
 
 void setBounds(UIView* view, const CGRect& bounds) {
   LayerRecord& layer = record(view).layer;
   const CGRect before = layer.bounds.model();
   if (!isFinite(bounds) || bounds == before) return;
-  // The center stays.
+  // Setting the bounds does not move the center.
   const CGPoint origin = layer.origin.model();
   layer.origin.set({origin.x + (before.size.width - bounds.size.width) / 2,
                     origin.y + (before.size.height - bounds.size.height) / 2});
   layer.bounds.set(bounds);
-  if (before.size != bounds.size) resized(view, before.size);
+  if (before.size != bounds.size) boundsSizeChanged(view, before.size);
   noteDisplayChange();
-  constraintsChanged(view);
+  invalidateConstraints(view);
 }
 
 namespace {
@@ -159,43 +160,43 @@ CGRect bounds(UIView* self) { return record(self).layer.bounds.model(); }
 void setViewBounds(UIView* self, CGRect bounds) { setBounds(self, bounds); }
 
 CGPoint center(UIView* self) {
-  const CGRect now = frame(self);
-  return {now.origin.x + now.size.width / 2, now.origin.y + now.size.height / 2};
+  const CGRect current = frame(self);
+  return {current.origin.x + current.size.width / 2, current.origin.y + current.size.height / 2};
 }
 void setCenter(UIView* self, CGPoint center) {
   const CGSize size = frame(self).size;
   setFrame(self, {{center.x - size.width / 2, center.y - size.height / 2}, size});
 }
 
-// nil stands for the window's coordinates, in a tree without one for its root's.
-const UIView* orRoot(const UIView* self, const UIView* other) { return other == nullptr ? rootOf(self) : other; }
+// nil means the coordinates of the window, or those of the root view if there is no window.
+const UIView* viewOrRoot(const UIView* self, const UIView* other) { return other == nullptr ? rootOf(self) : other; }
 
 CGPoint convertPointToView(UIView* self, CGPoint point, UIView* other) {
-  return convertPoint(point, self, orRoot(self, other));
+  return convertPoint(point, self, viewOrRoot(self, other));
 }
 CGPoint convertPointFromView(UIView* self, CGPoint point, UIView* other) {
-  return convertPoint(point, orRoot(self, other), self);
+  return convertPoint(point, viewOrRoot(self, other), self);
 }
 CGRect convertRectToView(UIView* self, CGRect rect, UIView* other) {
-  return convertRect(rect, self, orRoot(self, other));
+  return convertRect(rect, self, viewOrRoot(self, other));
 }
 CGRect convertRectFromView(UIView* self, CGRect rect, UIView* other) {
-  return convertRect(rect, orRoot(self, other), self);
+  return convertRect(rect, viewOrRoot(self, other), self);
 }
 
 CGSize sizeThatFits(UIView* self, CGSize) { return bounds(self).size; }
 void sizeToFit(UIView* self) {
-  const CGRect now = bounds(self);
-  setBounds(self, {now.origin, objc::send<CGSize, "sizeThatFits:">(self, now.size)});
+  const CGRect current = bounds(self);
+  setBounds(self, {current.origin, objc::send<CGSize, "sizeThatFits:">(self, current.size)});
 }
 
 NSUInteger autoresizingMask(UIView* self) { return record(self).autoresizingMask; }
 void setAutoresizingMask(UIView* self, NSUInteger mask) {
   record(self).autoresizingMask = mask;
-  constraintsChanged(self);
+  invalidateConstraints(self);
 }
 
-// As far as the view reaches into the parts of the screen that the device keeps for itself.
+// How far the view extends into the areas of the screen that the device reserves.
 UIEdgeInsets safeAreaInsets(UIView* self) {
   if (windowOf(self) == nullptr) return {};
   const UIEdgeInsets device = environment().device.safeArea;

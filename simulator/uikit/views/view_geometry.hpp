@@ -1,20 +1,22 @@
-// Where views are: frames, and points from one view's coordinates to another's. By the model, not by what is shown.
+// Frames of views and the conversion between their coordinates. The functions use the model values, not those that
+// running animations show. Lengths are in points. Main thread only.
 #pragma once
 
 #include "simulator/uikit/views/view_record.hpp"
 
 namespace uikit {
 
+// A frame or bounds with a NaN or an infinite value is ignored.
 void setFrame(UIView* view, const CGRect& frame);
 void setBounds(UIView* view, const CGRect& bounds);
-// The frame that the view's own layout gives it: the constraints know of it already.
-void placeFrame(UIView* view, const CGRect& frame);
+// Sets a frame that a layout has computed. Unlike setFrame, it does not invalidate the constraints.
+void setFrameFromLayout(UIView* view, const CGRect& frame);
 
-// Between the coordinates of two views; null stands for the screen.
+// Converts between the coordinates of two views. Null means screen coordinates.
 CGPoint convertPoint(CGPoint point, const UIView* from, const UIView* to);
 CGRect convertRect(const CGRect& rect, const UIView* from, const UIView* to);
 CGRect frameOnScreen(const UIView* view);
-// The one exception: where it is seen at this moment of its animations.
+// The frame that running animations currently show, unlike all other functions here.
 CGRect shownFrameOnScreen(const UIView* view);
 bool contains(const CGRect& rect, CGPoint point);
 
@@ -27,11 +29,12 @@ enum AutoresizingFlag : NSUInteger {
   FlexibleBottomMargin = 32,
 };
 
-// How a change of the superview's length goes into a view's place and length along one axis, as parts of 1.
-struct AutoresizingShares {
+// The fractions of a change of the superview's length that change the position and the length of a view along one axis.
+struct AutoresizingFractions {
   double position = 0;
   double length = 0;
 };
+// The flexible parts of one axis: the margin before the view, its length, and the margin after it.
 struct AxisMask {
   bool before;
   bool length;
@@ -39,6 +42,7 @@ struct AxisMask {
 };
 AxisMask horizontalMask(NSUInteger mask);
 AxisMask verticalMask(NSUInteger mask);
-AutoresizingShares autoresizingShares(const AxisMask& mask, double position, double length, double superviewLength);
+AutoresizingFractions autoresizingFractions(const AxisMask& mask, double position, double length,
+                                            double superviewLength);
 
 }  // namespace uikit

@@ -36,11 +36,11 @@ std::vector<objc::Ref<UIView>> treeOf(UIView* view) {
   return views;
 }
 
-void announceWindow(UIView* view, UIWindow* window) {
+void sendWillMoveToWindow(UIView* view, UIWindow* window) {
   for (const objc::Ref<UIView>& each : treeOf(view)) objc::send<void, "willMoveToWindow:">(each.get(), window);
 }
 
-void confirmWindow(UIView* view) {
+void sendDidMoveToWindow(UIView* view) {
   for (const objc::Ref<UIView>& each : treeOf(view)) objc::send<void, "didMoveToWindow">(each.get());
 }
 
@@ -61,13 +61,13 @@ void detach(UIView* child) {
   objc::send<void, "willRemoveSubview:">(parent, child);
   if (state.superview != parent) return;
   deactivateConstraintsAcross(child);
-  constraintsChanged(parent);
+  invalidateConstraints(parent);
   auto& siblings = record(parent).subviews;
   const auto place = std::ranges::find(siblings, child, &objc::Ref<UIView>::get);
-  const objc::Ref<UIView> kept = std::move(*place);
+  const objc::Ref<UIView> retained = std::move(*place);
   siblings.erase(place);
   state.superview = nullptr;
-  state.constraintsChanged = true;  // it is the root of its own tree now
+  state.constraintsChanged = true;  // the child is now the root of a tree
   noteDisplayChange();
 }
 
@@ -77,8 +77,8 @@ void attach(UIView* parent, UIView* child, std::size_t index) {
                   objc::retain(child));
   record(child).superview = parent;
   record(child).engine.reset();
-  needLayout(parent);
-  constraintsChanged(parent);
+  markNeedsLayout(parent);
+  invalidateConstraints(parent);
   noteDisplayChange();
 }
 
@@ -87,39 +87,39 @@ void attach(UIView* parent, UIView* child, std::size_t index) {
 void insertSubview(UIView* parent, UIView* child, std::size_t index) {
   if (child == nullptr) return;
   if (isDescendant(parent, child)) {
-    std::fprintf(stderr, "A view cannot become a subview of itself or of one inside it.\n");
+    std::fprintf(stderr, "A view cannot become a subview of itself or of one of its descendants.\n");
     return;
   }
   if (record(child).superview == parent) return reorder(parent, child, index);
 
-  const objc::Ref<UIView> kept = objc::retain(child);
+  const objc::Ref<UIView> retained = objc::retain(child);
   UIWindow* before = windowOf(child);
   UIWindow* after = windowOf(parent);
   objc::send<void, "willMoveToSuperview:">(child, parent);
   if (before != after) {
     resignFirstResponderInside(child);
-    announceWindow(child, after);
+    sendWillMoveToWindow(child, after);
   }
   if (record(child).superview != nullptr) detach(child);
   attach(parent, child, index);
-  if (before != after) confirmWindow(child);
+  if (before != after) sendDidMoveToWindow(child);
   objc::send<void, "didMoveToSuperview">(child);
   objc::send<void, "didAddSubview:">(parent, child);
 }
 
 void removeFromSuperview(UIView* view) {
   if (record(view).superview == nullptr) return;
-  const objc::Ref<UIView> kept = objc::retain(view);
+  const objc::Ref<UIView> retained = objc::retain(view);
   const bool leavesWindow = windowOf(view) != nullptr;
   objc::send<void, "willMoveToSuperview:">(view, static_cast<UIView*>(nullptr));
   if (leavesWindow) {
     resignFirstResponderInside(view);
-    announceWindow(view, nullptr);
+    sendWillMoveToWindow(view, nullptr);
   }
   if (record(view).superview == nullptr) return;
   detach(view);
   visitTree(view, [](UIView* each) { record(each).layer.removeAnimations(); });
-  if (leavesWindow) confirmWindow(view);
+  if (leavesWindow) sendDidMoveToWindow(view);
   objc::send<void, "didMoveToSuperview">(view);
 }
 
@@ -145,7 +145,7 @@ void insertSubviewAtIndex(UIView* self, UIView* child, NSInteger index) {
   insertSubview(self, child, static_cast<std::size_t>(std::max<NSInteger>(index, 0)));
 }
 
-// Beside a view that is no subview the child goes to the front.
+// If `sibling` is not a subview, the child becomes the frontmost subview.
 void insertSubviewBelow(UIView* self, UIView* child, UIView* sibling) {
   const std::size_t place = indexOf(self, sibling);
   const bool comesFromBelow = record(child).superview == self && indexOf(self, child) < place;
@@ -176,7 +176,7 @@ UIView* viewWithTag(UIView* self, NSInteger tag) {
   return found;
 }
 
-// For subclasses.
+// Subclasses override the methods that these functions implement.
 void ignoreView(UIView*, UIView*) {}
 void ignoreWindow(UIView*, UIWindow*) {}
 void ignore(UIView*) {}

@@ -1,4 +1,4 @@
-// How views are reached: touches, gesture recognizers and the responder chain.
+// How events reach views: hit testing, gesture recognizers and the responder chain.
 #include "platform/ui_control.hpp"
 #include "simulator/uikit/touch/gesture_recognizer.hpp"
 #include "simulator/uikit/views/view_categories.hpp"
@@ -16,7 +16,7 @@ NSObject* nearestViewController(const UIView* view) {
 
 namespace {
 
-constexpr double leastTouchableAlpha = 0.01;
+constexpr double minTouchableAlpha = 0.01;
 
 bool isUserInteractionEnabled(UIView* self) { return record(self).userInteraction == UserInteraction::Enabled; }
 void setUserInteractionEnabled(UIView* self, bool enabled) {
@@ -28,7 +28,7 @@ bool pointInside(UIView* self, CGPoint point, NSObject*) { return contains(recor
 UIView* hitTest(UIView* self, CGPoint point, NSObject* event) {
   const ViewRecord& state = record(self);
   if (state.layer.hidden || state.userInteraction == UserInteraction::Disabled ||
-      state.layer.opacity.model() < leastTouchableAlpha)
+      state.layer.opacity.model() < minTouchableAlpha)
     return nullptr;
   if (!objc::send<bool, "pointInside:withEvent:">(self, point, event)) return nullptr;
   const std::vector<objc::Ref<UIView>> subviews = state.subviews;
@@ -59,10 +59,10 @@ void removeGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   if (attached->count() == 0) attached = nullptr;
 }
 
-// A recognizer has one view: attached to another it leaves the first.
+// A recognizer has at most one view. Adding it to another view removes it from the first.
 void addGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   if (recognizer == nullptr || objc::state(recognizer).view == self) return;
-  const objc::Ref<UIGestureRecognizer> kept = objc::retain(recognizer);
+  const objc::Ref<UIGestureRecognizer> retained = objc::retain(recognizer);
   if (UIView* previous = objc::state(recognizer).view) previous->removeGestureRecognizer(recognizer);
   objc::Ref<NSMutableArray>& attached = objc::state(self).gestureRecognizers;
   if (attached == nullptr) attached = objc::make<NSMutableArray>();
@@ -70,7 +70,7 @@ void addGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   objc::state(recognizer).view = self;
 }
 
-// An enabled control keeps a tap on it from the recognizers of the views around it.
+// A tap on an enabled control does not trigger the tap recognizers of its superviews.
 bool gestureRecognizerShouldBegin(UIView* self, UIGestureRecognizer* recognizer) {
   if (objc::state(recognizer).view == self || objc::as<UITapGestureRecognizer>(recognizer) == nullptr) return true;
   const UIControl* control = objc::as<UIControl>(self);

@@ -1,4 +1,5 @@
-// What the toolkit keeps about a view, beside the instance variables that the runtime knows.
+// The data that the toolkit stores for a view, except for the instance variables that the runtime lists. Main thread
+// only.
 #pragma once
 
 #include <memory>
@@ -22,6 +23,7 @@ namespace uikit {
 
 enum class UserInteraction : bool { Disabled, Enabled };
 
+// Returns a number that it has not returned before.
 std::uint64_t nextContentVersion();
 
 class ViewRecord {
@@ -36,26 +38,25 @@ class ViewRecord {
   LayerRecord& layer;
   objc::Ref<UIColor> backgroundColor;
 
-  UIView* superview = nullptr;                 // borrowed: it holds this view
+  UIView* superview = nullptr;                 // borrowed; the superview retains this view
   std::vector<objc::Ref<UIView>> subviews;     // back to front
-  UIViewController* viewController = nullptr;  // borrowed: the controller whose view this is
+  UIViewController* viewController = nullptr;  // borrowed; the controller retains this view
 
   NSUInteger autoresizingMask = 0;
   UIViewContentMode contentMode = UIViewContentMode::ScaleToFill;
   NSInteger tag = 0;
-  std::uint64_t contentVersion = nextContentVersion();  // another one for each content that any view has had
+  std::uint64_t contentVersion = nextContentVersion();  // unique among all contents of all views
   UISemanticContentAttribute semanticContent = UISemanticContentAttribute::Unspecified;
   UserInteraction userInteraction = UserInteraction::Enabled;
 
-  // Layout.
   bool translatesAutoresizingMask = true;
   bool needsLayout = true;
-  bool treeNeedsLayout = true;                             // false where neither the view nor anything inside needs it
-  bool hasContentMode = false;                             // it was chosen
-  std::vector<objc::Ref<NSLayoutConstraint>> constraints;  // those whose nearest common ancestor this view is
+  bool treeNeedsLayout = true;                             // false if neither the view nor a descendant needs layout
+  bool hasContentMode = false;                             // whether -setContentMode: was called
+  std::vector<objc::Ref<NSLayoutConstraint>> constraints;  // constraints whose nearest common ancestor is this view
   IntrinsicSize intrinsicSize;
-  std::unique_ptr<LayoutEngine> engine;  // of the constraints inside, where no view above has any
-  bool constraintsChanged = true;        // at the root of a tree
+  std::unique_ptr<LayoutEngine> engine;  // solves the constraints inside this view; null if an ancestor does
+  bool constraintsChanged = true;        // only used for the root of a tree
 };
 
 inline ViewRecord& record(const UIView* view) { return *objc::state(view).record; }

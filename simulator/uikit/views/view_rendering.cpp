@@ -1,4 +1,4 @@
-// How views look: color, opacity, clipping.
+// The appearance of views: color, opacity, clipping and content.
 #include "simulator/uikit/rendering/renderer.hpp"
 #include "simulator/uikit/views/view_categories.hpp"
 #include "simulator/uikit/views/view_record.hpp"
@@ -32,13 +32,13 @@ void setBackgroundColor(UIView* self, UIColor* color) {
   self->layer()->setBackgroundColor(color->CGColor());
 }
 
-// The color that was set, or another one where the layer's has been changed since.
+// Returns the color that was set, or a new one if the color of the layer has changed since then.
 UIColor* backgroundColor(UIView* self) {
   ViewRecord& state = record(self);
   if (!state.layer.hasBackground) return nullptr;
   const drawing::Color& shown = state.layer.background.model();
-  const CGColorRef kept = state.backgroundColor->CGColor();
-  if (kept == nullptr || kept->color != shown)
+  const CGColorRef stored = state.backgroundColor->CGColor();
+  if (stored == nullptr || stored->color != shown)
     state.backgroundColor = objc::retain(UIColor::withRed(shown.red, shown.green, shown.blue, shown.alpha));
   return state.backgroundColor;
 }
@@ -47,11 +47,11 @@ CGFloat alpha(UIView* self) { return record(self).layer.opacity.model(); }
 void setAlpha(UIView* self, CGFloat alpha) { setOpacity(record(self).layer, alpha); }
 
 bool isHidden(UIView* self) { return record(self).layer.hidden; }
-// The view around may be one that leaves hidden ones out of its arrangement.
+// The superview needs layout, because a stack view does not arrange hidden views.
 void setViewHidden(UIView* self, bool hidden) {
   if (record(self).layer.hidden == hidden) return;
   setHidden(record(self).layer, hidden);
-  if (UIView* around = record(self).superview; around != nullptr) setNeedsLayout(around);
+  if (UIView* superview = record(self).superview; superview != nullptr) setNeedsLayout(superview);
 }
 
 bool clipsToBounds(UIView* self) { return record(self).layer.masksToBounds; }
@@ -64,7 +64,7 @@ void setContentMode(UIView* self, UIViewContentMode mode) {
   noteContentChange(self);
 }
 
-// For subclasses.
+// Subclasses override it.
 void drawContent(UIView*, void*) {}
 bool drawsContent(const UIView* view) {
   const SEL draw = objc::selector<"_drawContentInCanvas:">();

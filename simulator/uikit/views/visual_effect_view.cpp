@@ -1,4 +1,4 @@
-// UIBlurEffect and UIVisualEffectView: a pane that blurs what lies behind it.
+// UIBlurEffect and UIVisualEffectView: a view that blurs the content behind it.
 #include "platform/ui_visual_effect_view.hpp"
 
 #include <nlohmann/json.hpp>
@@ -51,7 +51,7 @@ void setEffect(UIVisualEffectView* self, UIBlurEffect* effect) {
   setNeedsDisplay(self);
 }
 
-// Made when first asked for: most panes have nothing on them.
+// Created at first use, because most effect views have no content.
 UIView* contentView(UIVisualEffectView* self) {
   objc::Ref<UIView>& content = objc::state(self).contentView;
   if (content == nullptr) {
@@ -70,7 +70,7 @@ drawing::Appearance appearanceOf(const UIVisualEffectView* view) {
   return styleOf(view) == UIUserInterfaceStyle::Dark ? drawing::Appearance::Dark : drawing::Appearance::Light;
 }
 
-// The renderer draws the view at its opacity.
+// The opacity here is 1, because the renderer applies the opacity of the view.
 void drawContent(UIVisualEffectView* self, void* canvas) {
   drawing::blurBackdrop(*static_cast<drawing::Canvas*>(canvas), rectangle(shownBounds(self)), shownCorners(self),
                         blurOf(objc::state(self).effect), appearanceOf(self), 1);

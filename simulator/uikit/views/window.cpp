@@ -12,20 +12,20 @@ namespace uikit {
 
 namespace {
 
-// In the order in which they were last shown.
+// All windows, in the order in which they were last shown. Borrowed.
 std::vector<UIWindow*>& windows() {
-  static std::vector<UIWindow*> held;
-  return held;
+  static std::vector<UIWindow*> instance;
+  return instance;
 }
 
-UIWindow*& heldKeyWindow() {
-  static UIWindow* held = nullptr;
-  return held;
+UIWindow*& currentKeyWindow() {
+  static UIWindow* instance = nullptr;
+  return instance;
 }
 
-objc::Ref<UIApplication>& heldApplication() {
-  static objc::Ref<UIApplication> held;
-  return held;
+objc::Ref<UIApplication>& currentApplication() {
+  static objc::Ref<UIApplication> instance;
+  return instance;
 }
 
 bool isVisible(const UIWindow* window) { return !record(window).layer.hidden; }
@@ -33,7 +33,7 @@ bool isVisible(const UIWindow* window) { return !record(window).layer.hidden; }
 }  // namespace
 
 const std::vector<UIWindow*>& allWindows() { return windows(); }
-UIWindow* keyWindow() { return heldKeyWindow(); }
+UIWindow* keyWindow() { return currentKeyWindow(); }
 
 std::vector<UIWindow*> visibleWindows() {
   std::vector<UIWindow*> visible;
@@ -44,9 +44,9 @@ std::vector<UIWindow*> visibleWindows() {
 
 UIResponder* firstResponder() { return keyWindow() == nullptr ? nullptr : objc::state(keyWindow()).firstResponder; }
 
-void setSharedApplication(UIApplication* application) { heldApplication() = objc::retain(application); }
+void setSharedApplication(UIApplication* application) { currentApplication() = objc::retain(application); }
 
-// Whatever needs a layout has changed the display.
+// Each change that needs a layout also counts as a display change.
 void layoutWindows() {
   static std::uint64_t laidOut = 0;
   if (laidOut == displayChanges()) return;
@@ -57,8 +57,8 @@ void layoutWindows() {
 namespace {
 
 void resignKey(UIWindow* window) {
-  if (heldKeyWindow() != window) return;
-  heldKeyWindow() = nullptr;
+  if (currentKeyWindow() != window) return;
+  currentKeyWindow() = nullptr;
   objc::send<void, "resignKeyWindow">(window);
 }
 
@@ -97,10 +97,10 @@ void setWindowLevel(UIWindow* self, double level) {
 UIViewController* rootViewController(UIWindow* self) { return objc::state(self).rootViewController; }
 
 void setRootViewController(UIWindow* self, UIViewController* controller) {
-  objc::Ref<UIViewController>& held = objc::state(self).rootViewController;
-  if (held.get() == controller) return;
-  if (held != nullptr) held->view()->removeFromSuperview();
-  held = objc::retain(controller);
+  objc::Ref<UIViewController>& current = objc::state(self).rootViewController;
+  if (current.get() == controller) return;
+  if (current != nullptr) current->view()->removeFromSuperview();
+  current = objc::retain(controller);
   if (controller == nullptr) return;
   UIView* view = controller->view();
   view->setFrame(self->bounds());
@@ -114,7 +114,7 @@ bool canBecomeKeyWindow(UIWindow*) { return true; }
 void makeKeyWindow(UIWindow* self) {
   if (keyWindow() == self || !objc::send<bool, "_canBecomeKeyWindow">(self)) return;
   if (keyWindow() != nullptr) resignKey(keyWindow());
-  heldKeyWindow() = self;
+  currentKeyWindow() = self;
   objc::send<void, "becomeKeyWindow">(self);
 }
 
@@ -123,12 +123,12 @@ void makeKeyAndVisible(UIWindow* self) {
   objc::send<void, "makeKeyWindow">(self);
 }
 
-UIResponder* nextResponder(UIWindow*) { return heldApplication(); }
+UIResponder* nextResponder(UIWindow*) { return currentApplication(); }
 
-// For subclasses.
+// Subclasses override it.
 void ignore(UIWindow*) {}
 
-UIApplication* sharedApplication(Class) { return heldApplication(); }
+UIApplication* sharedApplication(Class) { return currentApplication(); }
 UIWindow* keyWindowOfApplication(UIApplication*) { return keyWindow(); }
 
 NSArray* windowsOfApplication(UIApplication*) {
@@ -173,6 +173,6 @@ void defineApplication() {
 WindowState::~WindowState() {
   if (window == nullptr) return;
   std::erase(uikit::windows(), window);
-  if (uikit::heldKeyWindow() == window) uikit::heldKeyWindow() = nullptr;
+  if (uikit::currentKeyWindow() == window) uikit::currentKeyWindow() = nullptr;
   uikit::noteDisplayChange();
 }

@@ -1,4 +1,4 @@
-// Windows and the application: what is on the screen, in which order, and who has the keyboard. Main thread.
+// Windows and the application: the windows on the screen, their order and the key window. Main thread only.
 #pragma once
 
 #include <vector>
@@ -13,10 +13,10 @@ struct WindowState {
   WindowState(const WindowState&) = delete;
   WindowState& operator=(const WindowState&) = delete;
 
-  UIWindow* window = nullptr;  // whose state this is, once it is initialized
+  UIWindow* window = nullptr;  // the window that contains this state; nil until -initWithFrame:
   double level = 0;
   objc::Ref<UIViewController> rootViewController;
-  // Borrowed: it resigns before it leaves the window.
+  // Borrowed. A first responder resigns before it is removed from the window.
   UIResponder* firstResponder = nullptr;
 };
 template <>
@@ -26,20 +26,21 @@ struct objc::StateOf<UIWindow> {
 
 namespace uikit {
 
-// The windows that are not hidden, back to front: by level, then in the order in which they were shown.
+// The windows that are not hidden, from back to front: ordered by level, then by the time they were last shown.
 std::vector<UIWindow*> visibleWindows();
 
-// The responder that typed text and keys go to: the key window's first responder. nil without one.
+// The responder that receives text input: the first responder of the key window. nil if there is none.
 UIResponder* firstResponder();
 
-// What +[UIApplication sharedApplication] answers from now on. Kept.
+// Sets the result of +[UIApplication sharedApplication]. Retains the application.
 void setSharedApplication(UIApplication* application);
 
-// All that there are, the hidden ones included, in the order in which they were last shown.
+// All windows, including hidden ones, in the order in which they were last shown.
 const std::vector<UIWindow*>& allWindows();
+// nil if there is none.
 UIWindow* keyWindow();
 
-// Lays out all that is on the screen.
+// Lays out all visible windows.
 void layoutWindows();
 
 }  // namespace uikit

@@ -1,4 +1,5 @@
-// The one place that knows which Objective-C runtime this is: GCC's on Linux, the phone's on arm64.
+// The interface of the Objective-C runtime: GCC's on Linux, the phone's on arm64. Only this header distinguishes the
+// two.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +10,7 @@
 #else
 #include <objc/message.h>
 #include <objc/runtime.h>
-// The header's macros would swallow ordinary words of C++ code.
+// The header defines macros with names that C++ code uses as well.
 #undef YES
 #undef NO
 #undef nil
@@ -17,7 +18,7 @@
 #endif
 
 extern "C" {
-// Not in GCC's runtime; the simulator supplies them under the phone's names.
+// GCC's runtime lacks these functions. The simulator defines them with the names they have on the phone.
 void objc_setAssociatedObject(id object, const void* key, id value, std::uintptr_t policy);
 id objc_getAssociatedObject(id object, const void* key);
 void objc_removeAssociatedObjects(id object);
@@ -25,7 +26,8 @@ id objc_storeWeak(id* location, id object);
 id objc_loadWeakRetained(id* location);
 void objc_destroyWeak(id* location);
 
-// Replaces the implementation of a method, found in the class or inherited, and keeps the replaced one at `replaced`.
+// Replaces the implementation of a method that the class defines or inherits, and stores the original implementation at
+// `replaced`. Leaves `replaced` unchanged if there is no such method.
 void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced);
 
 void* _Block_copy(const void* block);
@@ -37,7 +39,8 @@ namespace objc {
 
 enum class AssociationPolicy : std::uintptr_t { Assign = 0, RetainNonatomic = 1, CopyNonatomic = 3 };
 
-// Functions of any signature as method implementations, and back. The two steps say that the change of type is meant.
+// Conversions between functions of any signature and method implementations. The intermediate cast keeps the compiler
+// from warning about incompatible function types.
 template <class Function>
 IMP toImplementation(Function* function) {
   return reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(function));
@@ -47,14 +50,14 @@ Function* fromImplementation(IMP implementation) {
   return reinterpret_cast<Function*>(reinterpret_cast<void (*)()>(implementation));
 }
 
-// Where a message to the receiver goes.
+// The function to call in order to send the message to the receiver.
 #if defined(__APPLE__)
 inline IMP implementationFor(id, SEL) { return toImplementation(&objc_msgSend); }
 #else
 inline IMP implementationFor(id receiver, SEL selector) { return objc_msg_lookup(receiver, selector); }
 #endif
 
-// The method of `superclass` for a message sent from within one of its direct subclasses.
+// The implementation that `superclass` defines or inherits. Subclasses use it to send a message to super.
 inline IMP implementationInClass(Class superclass, SEL selector) {
   return class_getMethodImplementation(superclass, selector);
 }
