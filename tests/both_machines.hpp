@@ -1,6 +1,5 @@
-// What shall be seen alike on Linux and on the phone where the two differ beneath: in how a truth value is written and
-// returned, how structs are returned, where paths begin, and how the running program is opened. Each machine has a
-// test of its own against these values.
+// Values that are the same on the phone as in the simulator, although the two differ in the representation of bool, in
+// the calling convention for structs, in the root of paths and in the loader.
 #pragma once
 
 namespace test {
@@ -9,7 +8,7 @@ namespace test {
 inline constexpr const char* flagGetterEncoding = "B@:";
 inline constexpr const char* flagSetterEncoding = "v@:B";
 
-// Where the status line begins below the banner's top, by the safe area at the bottom of the screen.
+// The distance of the status line from the banner's top, for a bottom safe area. Points.
 struct StatusLine {
   double bottomSafeArea;
   double top;
@@ -17,7 +16,7 @@ struct StatusLine {
 inline constexpr StatusLine statusLineWithHomeButton = {0, 65};
 inline constexpr StatusLine statusLineWithoutHomeButton = {34, 44};
 
-// Below whatever the machine holds for the phone's root folder.
+// Relative to the root folder of the phone.
 inline constexpr const char* assetBundle = "/Library/Application Support/Brim/Assets.bundle";
 
 // The bulletin that a request for a test banner publishes.

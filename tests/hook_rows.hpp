@@ -1,5 +1,6 @@
-// What the library changes in the platform's classes, in order: the same on every machine. A property is its getter and
-// its setter. The first row's class is that of system versions from 12.0 on.
+// The methods that the library hooks or adds, in the order of installation. They are the same on the phone and in the
+// simulator. A property has two rows, its getter and its setter. The class of the first row has this name since system
+// version 12.0. In earlier versions its name begins with an underscore.
 #pragma once
 
 namespace test {

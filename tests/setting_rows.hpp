@@ -1,4 +1,5 @@
-// The settings in registration order, with the values that hold while nothing is stored: the same on every machine.
+// The settings in the order of their registration. A default value is used if no value is stored. It is the same on the
+// phone and in the simulator.
 #pragma once
 
 namespace test {
@@ -8,7 +9,7 @@ enum class SettingType { Bool, Integer };
 struct SettingRow {
   const char* key;
   SettingType type;
-  int standard;
+  int defaultValue;  // Of a Bool: 0 or 1.
 };
 
 inline constexpr SettingRow settingRows[] = {

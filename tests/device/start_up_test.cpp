@@ -41,7 +41,7 @@ TEST(PhoneStartUp, RegistersEverySettingInOrder) {
     EXPECT_EQ(registrations[index].domain, "com.marrowgate.brimprefs");
     EXPECT_EQ(registrations[index].key, row.key);
     EXPECT_EQ(registrations[index].type, row.type == test::SettingType::Bool ? "bool" : "integer") << row.key;
-    EXPECT_EQ(registrations[index].standard, row.standard) << row.key;
+    EXPECT_EQ(registrations[index].standard, row.defaultValue) << row.key;
     EXPECT_TRUE(phone.library().holdsVariable(registrations[index].variable)) << row.key;
   }
 }

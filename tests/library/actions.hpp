@@ -1,4 +1,4 @@
-// Banners with actions, and the actions that the platform gets back.
+// Presents notifications that have actions, and reads from the log which actions the library executed.
 #pragma once
 
 #include <string>
@@ -10,12 +10,15 @@ namespace test {
 
 using Identifiers = std::vector<std::string>;
 
-inline constexpr const char* snooze = "MTAlarmSnoozeAction";
-inline constexpr const char* close = "com.apple.UNNotificationCloseActionIdentifier";
-inline constexpr const char* clear = "com.apple.UNNotificationDismissActionIdentifier";
+inline constexpr const char* snoozeIdentifier = "MTAlarmSnoozeAction";
+inline constexpr const char* closeIdentifier = "com.apple.UNNotificationCloseActionIdentifier";
+inline constexpr const char* clearIdentifier = "com.apple.UNNotificationDismissActionIdentifier";
 
-// Presents a notification that no timer takes away, and passes over what the platform saw until it is at rest.
-inline int presentAtRest(Phone& phone, const Json& fields = Json::object()) {
+enum class CloseAction { Included, Omitted };
+
+// Presents a notification that is not dismissed automatically, waits until its banner has appeared, and empties the
+// log. Returns the controller's number.
+inline int presentAndClearLog(Phone& phone, const Json& fields = Json::object()) {
   Json all = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", false}};
   all.update(fields);
   const int controller = phone.present(all);
@@ -28,17 +31,20 @@ inline Json action(const char* identifier, const char* key = "key") {
   return {{"key", key}, {"identifier", identifier}};
 }
 
-inline int presentAlarm(Phone& phone, const Json& actions, bool hasClose = true) {
-  return presentAtRest(phone, {{"section", "com.apple.mobiletimer"}, {"close", hasClose}, {"actions", actions}});
+inline int presentAlarm(Phone& phone, const Json& actions, CloseAction close = CloseAction::Included) {
+  return presentAndClearLog(
+      phone, {{"section", "com.apple.mobiletimer"}, {"close", close == CloseAction::Included}, {"actions", actions}});
 }
 
-inline Identifiers executed(const Json& events) {
+// The identifiers of the executed actions, in the order of their execution.
+inline Identifiers executedActions(const Json& events) {
   Identifiers found;
   for (const Json& event : eventsOf(events, "action")) found.push_back(event.at("identifier"));
   return found;
 }
 
-inline std::size_t haptics(const Json& events) {
+// The number of haptics and of sounds that make the phone vibrate.
+inline std::size_t hapticCount(const Json& events) {
   return eventsOf(events, "haptic").size() + eventsOf(events, "sound").size();
 }
 

@@ -7,18 +7,18 @@
 namespace {
 
 using test::action;
-using test::clear;
+using test::clearIdentifier;
 using test::containerOf;
 using test::controllerOf;
 using test::eventsOf;
-using test::executed;
-using test::haptics;
+using test::executedActions;
+using test::hapticCount;
 using test::Identifiers;
 using test::Json;
 using test::Phone;
 using test::presentAlarm;
-using test::presentAtRest;
-using test::snooze;
+using test::presentAndClearLog;
+using test::snoozeIdentifier;
 
 void executeOnAlarm(int controller, NSUInteger index) {
   objc::send<void, "executeOnAlarmForView:action:">(controllerOf(controller).get(), containerOf(controller), index);
@@ -39,9 +39,9 @@ std::ostream& operator<<(std::ostream& out, const ReplyCase& each) { return out 
 
 class ReplyAction : public testing::TestWithParam<ReplyCase> {};
 
-TEST_P(ReplyAction, IsKnownByItsIdentifier) {
+TEST_P(ReplyAction, IsRecognizedByItsIdentifier) {
   Phone phone;
-  const int controller = presentAtRest(
+  const int controller = presentAndClearLog(
       phone, {{"section", "org.example.chat"}, {"actions", Json::array({action(GetParam().identifier)})}});
   EXPECT_EQ(controllerOf(controller)->getReplyAction() != nullptr, GetParam().isReply);
   EXPECT_EQ(controllerOf(controller)->canReply(), GetParam().isReply);
@@ -55,27 +55,27 @@ INSTANTIATE_TEST_SUITE_P(Words, ReplyAction,
                                          ReplyCase{"Other", "markRead", false}, ReplyCase{"Empty", "", false}),
                          [](const auto& each) { return each.param.name; });
 
-TEST(ReplyAction, IsTheFirstThatFitsWhereverItStands) {
+TEST(ReplyAction, IsTheFirstMatchAtAnyPosition) {
   Phone phone;
-  const int controller = presentAtRest(
+  const int controller = presentAndClearLog(
       phone, {{"section", "org.example.chat"}, {"actions", {action("like"), action("sendLike"), action("reply")}}});
   EXPECT_STREQ(controllerOf(controller)->getReplyAction()->identifier()->UTF8String(), "sendLike");
 }
 
-TEST(ReplyAction, OfSeveralGroupsIsTheFirstInTheDictionarysOrder) {
+TEST(ReplyAction, IsTakenFromTheFirstGroupInDictionaryOrder) {
   Phone phone;
-  const int controller = presentAtRest(
+  const int controller = presentAndClearLog(
       phone, {{"section", "org.example.chat"}, {"actions", {action("reply.a", "a"), action("reply.b", "b")}}});
-  const auto held = controllerOf(controller);
-  NSDictionary* groups = held->notificationRequest()->supplementaryActions();
+  const auto shortLook = controllerOf(controller);
+  NSDictionary* groups = shortLook->notificationRequest()->supplementaryActions();
   auto* first = static_cast<NSArray*>(groups->objectForKey(groups->allKeys()->objectAtIndex(0)));
-  EXPECT_EQ(held->getReplyAction(), first->objectAtIndex(0));
+  EXPECT_EQ(shortLook->getReplyAction(), first->objectAtIndex(0));
 }
 
-// It takes no touches, so the banner has them.
-TEST(OpenButton, LetsATapThroughToTheBannerWhichOpensItsApplication) {
+// The button is disabled, so the banner receives its touches.
+TEST(OpenButton, PassesItsTapToTheBannerWhichOpensTheApplication) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
-  const int controller = presentAtRest(phone, {{"section", "org.example.chat"}});
+  const int controller = presentAndClearLog(phone, {{"section", "org.example.chat"}});
   phone.run({{"do", "drag"}, {"by", {0, 100}}});
   phone.wait(1);
   phone.run({{"do", "tap"}, {"label", "Open"}});
@@ -83,40 +83,40 @@ TEST(OpenButton, LetsATapThroughToTheBannerWhichOpensItsApplication) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(ReplyAction, IsNotNeededByMessages) {
+TEST(ReplyAction, IsNotRequiredForMessages) {
   Phone phone;
-  const int controller = presentAtRest(phone);
+  const int controller = presentAndClearLog(phone);
   EXPECT_EQ(controllerOf(controller)->getReplyAction(), nullptr);
   EXPECT_TRUE(controllerOf(controller)->canReply());
 }
 
-TEST(Reply, IsHandedToTheActionWithTheTextAndClears) {
+TEST(Reply, ExecutesTheActionWithTheTextAndThenClears) {
   Phone phone;
   const int controller =
-      presentAtRest(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
+      presentAndClearLog(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
   sendReply(controller, "Yes, at noon"_ns);
   const auto actions = eventsOf(phone.log(), "action");
   ASSERT_EQ(actions.size(), 2U);
   EXPECT_EQ(actions[0].at("identifier"), "reply");
   EXPECT_EQ(actions[0].at("parameters"), Json({{"UIUserNotificationActionResponseTypedTextKey", "Yes, at noon"}}));
   EXPECT_EQ(actions[0].at("animated"), false);
-  EXPECT_EQ(actions[1].at("identifier"), clear);
+  EXPECT_EQ(actions[1].at("identifier"), clearIdentifier);
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Reply, WithoutATextDoesNothing) {
+TEST(Reply, WithoutTextDoesNothing) {
   Phone phone;
   const int controller =
-      presentAtRest(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
+      presentAndClearLog(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
   sendReply(controller, nullptr);
   phone.wait(1);
   EXPECT_EQ(phone.log(), Json::array());
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Reply, ToMessagesGoesThroughTheMessagesAppInALaterTurn) {
+TEST(Reply, ToMessagesIsPostedToTheMessagesAppAsynchronously) {
   Phone phone;
-  const int controller = presentAtRest(phone, {{"thread", "+491234567"}});
+  const int controller = presentAndClearLog(phone, {{"thread", "+491234567"}});
   sendReply(controller, "Yes"_ns);
   EXPECT_EQ(phone.log(), Json::array());
   phone.wait(0);
@@ -127,55 +127,55 @@ TEST(Reply, ToMessagesGoesThroughTheMessagesAppInALaterTurn) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Clear, HandsTheClearActionOverAndDismisses) {
+TEST(Clear, ExecutesTheClearActionAndDismisses) {
   Phone phone;
-  const int controller = presentAtRest(phone);
+  const int controller = presentAndClearLog(phone);
   controllerOf(controller)->attemptDelete(containerOf(controller));
   const Json events = phone.log();
-  EXPECT_EQ(executed(events), Identifiers{clear});
-  EXPECT_EQ(haptics(events), 1U);
+  EXPECT_EQ(executedActions(events), Identifiers{clearIdentifier});
+  EXPECT_EQ(hapticCount(events), 1U);
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Clear, WithoutAClearActionStillDismissesQuietly) {
+TEST(Clear, WithoutAClearActionDismissesWithoutHaptic) {
   Phone phone;
-  const int controller = presentAtRest(phone, {{"clear", false}});
+  const int controller = presentAndClearLog(phone, {{"clear", false}});
   controllerOf(controller)->attemptDelete(containerOf(controller));
   EXPECT_EQ(phone.log(), Json::array());
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Silence, HandsItsActionOverAndNeverDismisses) {
+TEST(Silence, ExecutesTheSilenceActionWithoutDismissing) {
   Phone phone;
-  const int controller = presentAtRest(phone, {{"silence", true}});
+  const int controller = presentAndClearLog(phone, {{"silence", true}});
   objc::send<void, "attemptSilence:">(controllerOf(controller).get(), containerOf(controller));
   const Json events = phone.log();
-  EXPECT_EQ(executed(events), Identifiers{"com.apple.UNNotificationSilenceActionIdentifier"});
-  EXPECT_EQ(haptics(events), 1U);
+  EXPECT_EQ(executedActions(events), Identifiers{"com.apple.UNNotificationSilenceActionIdentifier"});
+  EXPECT_EQ(hapticCount(events), 1U);
   phone.wait(2);
   EXPECT_TRUE(phone.state(controller).at("brim"));
 }
 
-TEST(Silence, WithoutItsActionDoesNothing) {
+TEST(Silence, WithoutASilenceActionDoesNothing) {
   Phone phone;
-  const int controller = presentAtRest(phone);
+  const int controller = presentAndClearLog(phone);
   objc::send<void, "attemptSilence:">(controllerOf(controller).get(), containerOf(controller));
   EXPECT_EQ(phone.log(), Json::array());
 }
 
 TEST(Haptic, IsNotPlayedWhenSwitchedOff) {
   Phone phone({.options = {}, .settings = {{"vibrate_on_send", false}}});
-  const int alarm = presentAlarm(phone, Json::array({action(snooze)}));
+  const int alarm = presentAlarm(phone, Json::array({action(snoozeIdentifier)}));
   executeOnAlarm(alarm, 0);
   phone.wait(2);
-  const int silenced = presentAtRest(phone, {{"silence", true}});
+  const int silenced = presentAndClearLog(phone, {{"silence", true}});
   objc::send<void, "attemptSilence:">(controllerOf(silenced).get(), containerOf(silenced));
   controllerOf(silenced)->attemptDelete(containerOf(silenced));
   phone.wait(2);
-  const int answered = presentAtRest(phone);
+  const int answered = presentAndClearLog(phone);
   sendReply(answered, "Yes"_ns);
   phone.wait(2);
-  EXPECT_EQ(haptics(phone.log()), 0U);
+  EXPECT_EQ(hapticCount(phone.log()), 0U);
 }
 
 struct HapticCase {
@@ -188,12 +188,12 @@ std::ostream& operator<<(std::ostream& out, const HapticCase& each) { return out
 
 class HapticKind : public testing::TestWithParam<HapticCase> {};
 
-TEST_P(HapticKind, IsThatOfTheDevice) {
+TEST_P(HapticKind, MatchesTheFeedbackSupportOfTheDevice) {
   Phone phone;
   uikit::Environment environment = uikit::environment();
   environment.device.feedbackSupportLevel = GetParam().level;
   uikit::setEnvironment(environment);
-  const int controller = presentAtRest(phone);
+  const int controller = presentAndClearLog(phone);
   controllerOf(controller)->attemptDelete(containerOf(controller));
   EXPECT_EQ(phone.log()[1], GetParam().event);
 }
@@ -206,8 +206,8 @@ INSTANTIATE_TEST_SUITE_P(Levels, HapticKind,
                                              "Unknown", 7, {{"event", "sound"}, {"call", "alert"}, {"id", 4095}}}),
                          [](const auto& each) { return each.param.name; });
 
-// A controller that shows nothing has no request.
-TEST(ControllerWithoutRequest, AnswersNothingAndDoesNothing) {
+// A controller that shows no notification has no request.
+TEST(ControllerWithoutRequest, ReturnsNothingAndExecutesNothing) {
   Phone phone;
   const auto empty = objc::adopt(objc::send<BannerController*, "initWithNotificationRequest:">(
       objc::allocate<BannerController>(), static_cast<NCNotificationRequest*>(nullptr)));

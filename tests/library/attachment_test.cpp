@@ -15,23 +15,24 @@ namespace {
 using test::Json;
 using test::Phone;
 
-Phone phoneWith(std::map<std::string, Json> settings, const std::function<void(runner::Options&)>& choose = nullptr) {
+Phone phoneWith(std::map<std::string, Json> settings,
+                const std::function<void(runner::Options&)>& configure = nullptr) {
   test::Setup setup;
   setup.settings = std::move(settings);
-  if (choose) choose(setup.options);
+  if (configure) configure(setup.options);
   return Phone(setup);
 }
 
-std::function<void(runner::Options&)> version(const char* system) {
+std::function<void(runner::Options&)> onSystem(const char* system) {
   return [system](runner::Options& options) { options.systemVersion = system; };
 }
 
-std::string shown(Phone& phone, int controller, const char* label) {
+std::string shownText(Phone& phone, int controller, const char* label) {
   const Json view = phone.view(controller, label);
   return view.is_null() ? "(none)" : view.value("text", "");
 }
 
-std::vector<Json> postsNamed(const Json& events, const std::string& command) {
+std::vector<Json> postsOfCommand(const Json& events, const std::string& command) {
   std::vector<Json> found;
   for (const Json& event : test::eventsOf(events, "post")) {
     if (event.at("name") == "BrimNotification" && event.at("userInfo").at("command") == command) found.push_back(event);
@@ -39,16 +40,16 @@ std::vector<Json> postsNamed(const Json& events, const std::string& command) {
   return found;
 }
 
-TEST(Attachment, EmptiedBannerIsNotTheNewestForAFinger) {
+TEST(Attachment, DragWithoutAControllerSkipsANewerControllerWithoutBanner) {
   Phone phone = phoneWith({});
-  const int staying = phone.present({{"dismissAutomatically", false}, {"message", "one\ntwo\nthree"}});
+  const int persistent = phone.present({{"dismissAutomatically", false}, {"message", "one\ntwo\nthree"}});
   phone.wait(6);
   phone.present();
   phone.run({{"do", "drag"}, {"by", {0, -10}}, {"end", "hold"}});
-  EXPECT_EQ(phone.state(staying).at("offset"), -80);
+  EXPECT_EQ(phone.state(persistent).at("offset"), -80);
 }
 
-TEST(Attachment, PlatformContentGivesWayToTheBanner) {
+TEST(Attachment, BannerReplacesThePlatformsContent) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
   EXPECT_FALSE(phone.banner(controller).is_null());
@@ -65,12 +66,12 @@ struct TextCase {
 
 class Texts : public testing::TestWithParam<TextCase> {};
 
-TEST_P(Texts, ComeFromTheFirstFieldThatSaysSomething) {
+TEST_P(Texts, ComeFromTheFirstNonEmptyField) {
   Phone phone = phoneWith({});
   const int controller = phone.present(GetParam().fields);
-  EXPECT_EQ(shown(phone, controller, "headerLabel"), GetParam().header);
-  EXPECT_EQ(shown(phone, controller, "subHeaderLabel"), GetParam().subHeader);
-  EXPECT_EQ(shown(phone, controller, "bodyLabel"), GetParam().body);
+  EXPECT_EQ(shownText(phone, controller, "headerLabel"), GetParam().header);
+  EXPECT_EQ(shownText(phone, controller, "subHeaderLabel"), GetParam().subHeader);
+  EXPECT_EQ(shownText(phone, controller, "bodyLabel"), GetParam().body);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -85,31 +86,31 @@ INSTANTIATE_TEST_SUITE_P(
                     TextCase{{{"title", "T"}, {"message", ""}, {"summary", "Sum"}}, "T", "(none)", "Sum"},
                     TextCase{{{"title", "T"}, {"message", "M"}, {"summary", "Sum"}}, "T", "(none)", "M"}));
 
-TEST(Attachment, SummaryIsNotReadBefore12) {
-  Phone phone = phoneWith({}, version("11.4"));
+TEST(Attachment, SummaryIsIgnoredBeforeSystem12) {
+  Phone phone = phoneWith({}, onSystem("11.4"));
   const int controller = phone.present({{"title", "T"}, {"summary", "Sum"}});
-  EXPECT_EQ(shown(phone, controller, "bodyLabel"), "");
+  EXPECT_EQ(shownText(phone, controller, "bodyLabel"), "");
 }
 
-TEST(Attachment, SummaryIsReadFrom12On) {
-  Phone phone = phoneWith({}, version("12.0"));
+TEST(Attachment, SummaryIsUsedSinceSystem12) {
+  Phone phone = phoneWith({}, onSystem("12.0"));
   const int controller = phone.present({{"title", "T"}, {"summary", "Sum"}});
-  EXPECT_EQ(shown(phone, controller, "bodyLabel"), "Sum");
+  EXPECT_EQ(shownText(phone, controller, "bodyLabel"), "Sum");
 }
 
-TEST(Attachment, GivesTheControllerEightLowerCaseLetters) {
+TEST(Attachment, GivesTheControllerAnIdentifierOfEightLowercaseLetters) {
   Phone phone = phoneWith({});
   const int controller = phone.present();
   const std::string identifier = phone.state(controller).at("identifier");
   EXPECT_TRUE(std::regex_match(identifier, std::regex("[a-z]{8}"))) << identifier;
 }
 
-TEST(Attachment, AnnouncesItselfOnceInALaterTurn) {
+TEST(Attachment, IsAnnouncedOnceAsynchronously) {
   Phone phone = phoneWith({});
   phone.log();
   const int controller = phone.present();
   phone.wait(0.1);
-  const auto posts = postsNamed(phone.log(), "isExternallyDismissed");
+  const auto posts = postsOfCommand(phone.log(), "isExternallyDismissed");
   ASSERT_EQ(posts.size(), 1u);
   EXPECT_EQ(posts.front().at("userInfo").at("brimIdentifier"), phone.state(controller).at("identifier"));
 }
@@ -128,41 +129,41 @@ TEST(Attachment, SecondBannerDismissesTheFirstHalfASecondLater) {
   EXPECT_TRUE(phone.state(second).at("brim"));
 }
 
-TEST(Attachment, BannerThatMustStayIsNotCovered) {
+TEST(Attachment, PersistentBannerIsNotReplaced) {
   Phone phone = phoneWith({});
-  const int staying = phone.present({{"title", "One"}, {"dismissAutomatically", false}});
-  EXPECT_FALSE(phone.state(staying).at("dismissNotification"));
+  const int persistent = phone.present({{"title", "One"}, {"dismissAutomatically", false}});
+  EXPECT_FALSE(phone.state(persistent).at("dismissNotification"));
   const int second = phone.present({{"title", "Two"}});
   EXPECT_FALSE(phone.state(second).at("brim"));
   EXPECT_TRUE(test::firstNode(phone.windows(second), "class", "NCNotificationShortLookView").is_null());
-  EXPECT_TRUE(phone.state(staying).at("brim"));
+  EXPECT_TRUE(phone.state(persistent).at("brim"));
 }
 
-// Takes the controller's view out of its window and puts it back.
-void moveViewAgain(int number) {
+// Removes the controller's view from its superview and adds it again.
+void reattachView(int number) {
   const auto controller = test::controllerOf(number);
   const auto view = objc::retain(controller->view());
-  const auto around = objc::retain(view->superview());
+  const auto superview = objc::retain(view->superview());
   view->removeFromSuperview();
-  around->addSubview(view);
+  superview->addSubview(view);
 }
 
-TEST(Attachment, ControllerWithoutBannerTriesAgainAsTheSame) {
+TEST(Attachment, RetryKeepsTheIdentifierOfTheController) {
   Phone phone = phoneWith({});
   phone.present({{"title", "One"}, {"dismissAutomatically", false}});
   const int waiting = phone.present({{"title", "Two"}});
   phone.wait(0.1);
   phone.log();
   const Json identifier = phone.state(waiting).at("identifier");
-  moveViewAgain(waiting);
+  reattachView(waiting);
   phone.wait(0.1);
   EXPECT_EQ(phone.state(waiting).at("identifier"), identifier);
-  EXPECT_TRUE(postsNamed(phone.log(), "isExternallyDismissed").empty());
+  EXPECT_TRUE(postsOfCommand(phone.log(), "isExternallyDismissed").empty());
 }
 
-TEST(Attachment, TakesThePlatformsRecognizersAway) {
+TEST(Attachment, RemovesThePlatformsGestureRecognizers) {
   Phone phone = phoneWith({});
-  const int staying = phone.present({{"title", "One"}, {"dismissAutomatically", false}});
+  const int persistent = phone.present({{"title", "One"}, {"dismissAutomatically", false}});
   const int waiting = phone.present({{"title", "Two"}});
   auto* view = reinterpret_cast<NCNotificationViewControllerView*>(test::controllerOf(waiting)->view());
   const auto content = objc::retain(view->contentView());
@@ -172,22 +173,22 @@ TEST(Attachment, TakesThePlatformsRecognizersAway) {
     for (int count = 0; count < 2; ++count)
       each->addGestureRecognizer(UITapGestureRecognizer::withTarget(target, action));
 
-  phone.run({{"do", "dismiss"}, {"controller", staying}});
+  phone.run({{"do", "dismiss"}, {"controller", persistent}});
   BrimContainer::setDismissNotification(true);
-  moveViewAgain(waiting);
+  reattachView(waiting);
   ASSERT_TRUE(phone.state(waiting).at("brim"));
   EXPECT_EQ(view->gestureRecognizers()->count(), 0u);
   EXPECT_EQ(content->gestureRecognizers()->count(), 0u);
   EXPECT_EQ(test::containerOf(waiting)->gestureRecognizers()->count(), 2u);
 }
 
-TEST(Attachment, RequestWithoutOptionsDismissesItself) {
+TEST(Attachment, RequestWithoutOptionsIsDismissedAutomatically) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"dismissAutomatically", nullptr}});
   EXPECT_TRUE(phone.state(controller).at("dismissNotification"));
 }
 
-TEST(Attachment, ApplicationWithoutIconShowsTheNotificationsOwn) {
+TEST(Attachment, ApplicationWithoutIconShowsTheIconOfTheNotification) {
   Phone phone = phoneWith({});
   const std::string icon = (phone.root() / "icon.png").string();
   drawing::Canvas canvas({8, 8}, 1);
@@ -197,7 +198,7 @@ TEST(Attachment, ApplicationWithoutIconShowsTheNotificationsOwn) {
   EXPECT_EQ(phone.view(unknown, "_appIV").at("image"), icon);
 }
 
-TEST(Attachment, AlarmHasSnoozeAndStop) {
+TEST(Attachment, AlarmHasSnoozeAndStopButtons) {
   Phone phone = phoneWith({});
   const Json snooze = {{"key", "snooze"}, {"identifier", "MTAlarmSnoozeAction"}, {"title", "Snooze"}};
   const int controller = phone.present(
@@ -208,7 +209,7 @@ TEST(Attachment, AlarmHasSnoozeAndStop) {
   EXPECT_TRUE(phone.view(controller, "reply").is_null());
 }
 
-TEST(Attachment, AlarmCannotBeAnswered) {
+TEST(Attachment, AlarmCannotBeRepliedTo) {
   Phone phone = phoneWith({});
   const Json reply = {{"key", "reply"}, {"identifier", "reply"}, {"title", "Reply"}, {"textInput", true}};
   const int alarm = phone.present({{"section", "com.apple.mobiletimer"}, {"title", "Alarm"}, {"actions", {reply}}});
@@ -216,7 +217,7 @@ TEST(Attachment, AlarmCannotBeAnswered) {
   EXPECT_FALSE(test::containerOf(alarm)->canReply());
 }
 
-TEST(Attachment, BannerThatSaysLittleIsTinyWhereThatIsWanted) {
+TEST(Attachment, BannerWithoutTitleOrMessageIsTinyIfTheSettingIsOn) {
   Phone phone = phoneWith({{"tinyBannerNoText", true}});
   const auto isTiny = [&phone](const Json& notification) {
     return objc::send<bool, "tinyBanner">(test::containerOf(phone.present(notification)));
@@ -227,7 +228,7 @@ TEST(Attachment, BannerThatSaysLittleIsTinyWhereThatIsWanted) {
   EXPECT_FALSE(isTiny({{"title", "T"}, {"message", "M"}}));
 }
 
-TEST(Attachment, WithoutBrimThePlatformsBannerStays) {
+TEST(Attachment, WithoutBrimThePlatformsBannerRemains) {
   Phone phone = phoneWith({}, [](runner::Options& options) { options.library = process::LibraryUse::Absent; });
   const int controller = phone.present({{"title", "Anna"}});
   EXPECT_TRUE(phone.banner(controller).is_null());

@@ -1,4 +1,4 @@
-// How a banner goes by its timer, how long that takes, and what keeps it.
+// The automatic dismissal of a banner: when it starts, how long its animation takes, and what prevents it.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"
@@ -6,13 +6,13 @@
 
 namespace {
 
-using test::commands;
 using test::controllerOf;
+using test::dismissalFlags;
 using test::eventsOf;
-using test::expectGoneAfter;
-using test::flags;
+using test::expectRemovedAfter;
 using test::Json;
 using test::Phone;
+using test::postedCommands;
 using test::presentPersistent;
 
 struct DurationCase {
@@ -26,63 +26,63 @@ std::ostream& operator<<(std::ostream& out, const DurationCase& each) { return o
 
 class DismissalDuration : public testing::TestWithParam<DurationCase> {};
 
-TEST_P(DismissalDuration, GrowsWithTheLinesThatAreShown) {
+TEST_P(DismissalDuration, IncreasesWithTheNumberOfVisibleLines) {
   Phone phone({.options = {}, .settings = GetParam().settings});
   const int controller = phone.present({{"title", "Anna"}, {"message", GetParam().message}});
   phone.wait(1);
-  test::command({{"command", "dismiss"}});
-  expectGoneAfter(phone, controller, GetParam().seconds);
+  test::postCommand({{"command", "dismiss"}});
+  expectRemovedAfter(phone, controller, GetParam().seconds);
 }
 
 INSTANTIATE_TEST_SUITE_P(Banners, DismissalDuration,
                          testing::Values(DurationCase{"NoBody", {}, "", 0.72},
                                          DurationCase{"OneLine", {}, "Hello", 0.72},
                                          DurationCase{"TwoLines", {}, "Hello\nAnna", 0.74},
-                                         DurationCase{"NoMoreThanAllowed", {}, "1\n2\n3\n4\n5", 0.74},
+                                         DurationCase{"AtMostTheMaxLineCount", {}, "1\n2\n3\n4\n5", 0.74},
                                          DurationCase{"FiveLines", {{"maxLineCount", 9}}, "1\n2\n3\n4\n5", 0.8},
                                          DurationCase{"Tiny", {{"tinyBanner", true}}, "Hello\nAnna", 0.72}),
                          [](const auto& each) { return each.param.name; });
 
-TEST(Dismissal, TimerLeavesAReplacedBannerToItsReplacement) {
+TEST(Dismissal, TimerDoesNotDismissAReplacedBanner) {
   Phone phone;
   const int replaced = phone.present({{"title", "Anna"}});
   phone.wait(4.8);
   phone.present({{"title", "Bert"}});
   phone.wait(0.3);
-  EXPECT_EQ(flags(phone, replaced), Json({{"wasExternallyDismissed", true}}));
+  EXPECT_EQ(dismissalFlags(phone, replaced), Json({{"wasExternallyDismissed", true}}));
   phone.wait(0.3);
   EXPECT_TRUE(phone.state(replaced).at("isDismissing"));
 }
 
-TEST(Dismissal, RequestDuringTheWayOutChangesNothing) {
+TEST(Dismissal, UnforcedRequestDuringTheAnimationChangesNothing) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
   phone.wait(5.1);
   ASSERT_TRUE(phone.state(controller).at("isDismissing"));
   controllerOf(controller)->attemptDismissNotification(nullptr, false);
-  expectGoneAfter(phone, controller, 0.62);
+  expectRemovedAfter(phone, controller, 0.62);
 }
 
-TEST(Dismissal, ByTheTimerGoesThroughEveryStageOnce) {
+TEST(Dismissal, ByTheTimerPassesThroughEveryStateOnce) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
   phone.wait(4.999);
-  EXPECT_EQ(flags(phone, controller), Json::object());
+  EXPECT_EQ(dismissalFlags(phone, controller), Json::object());
   phone.log();
   phone.wait(0.002);
-  EXPECT_EQ(flags(phone, controller),
+  EXPECT_EQ(dismissalFlags(phone, controller),
             Json({{"dismissCalled", true}, {"autoDimissTriggered", true}, {"isDismissing", true}}));
   EXPECT_EQ(phone.log(), Json::array());
   phone.wait(0.72);
   EXPECT_TRUE(phone.state(controller).at("hasDismissed"));
   EXPECT_TRUE(phone.state(controller).at("dismissed"));
   const Json events = phone.log();
-  EXPECT_EQ(commands(events), std::vector<std::string>{"dismissnoani"});
+  EXPECT_EQ(postedCommands(events), std::vector<std::string>{"dismissnoani"});
   EXPECT_EQ(eventsOf(events, "dismiss"),
             std::vector<Json>({{{"event", "dismiss"}, {"controller", controller}, {"transition", 0}}}));
 }
 
-TEST(Dismissal, TimerLeavesPersistentBannerAlone) {
+TEST(Dismissal, TimerDoesNotDismissAPersistentBanner) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(600);
@@ -91,7 +91,7 @@ TEST(Dismissal, TimerLeavesPersistentBannerAlone) {
   EXPECT_TRUE(eventsOf(phone.log(), "dismiss").empty());
 }
 
-TEST(Dismissal, TimerLeavesABannerAloneThatWasPulledOpen) {
+TEST(Dismissal, TimerDoesNotDismissAnExpandedBanner) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
   phone.wait(1);
@@ -101,28 +101,28 @@ TEST(Dismissal, TimerLeavesABannerAloneThatWasPulledOpen) {
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Dismissal, TimerThatFiresDuringOneDoesNothing) {
+TEST(Dismissal, TimerDuringADismissalDoesNothing) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
   phone.wait(4.9);
-  test::command({{"command", "dismiss"}});
-  expectGoneAfter(phone, controller, 0.72);
+  test::postCommand({{"command", "dismiss"}});
+  expectRemovedAfter(phone, controller, 0.72);
   phone.wait(10);
   EXPECT_EQ(eventsOf(phone.log(), "dismiss").size(), 1U);
 }
 
-TEST(Dismissal, TimerDoesNothingOnceOneWasAskedFor) {
+TEST(Dismissal, TimerDoesNothingAfterAnEarlierRequest) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
   phone.wait(1);
   controllerOf(controller)->attemptDismissNotification(nullptr, false);
-  EXPECT_EQ(flags(phone, controller), Json({{"dismissCalled", true}}));
+  EXPECT_EQ(dismissalFlags(phone, controller), Json({{"dismissCalled", true}}));
   phone.wait(20);
-  EXPECT_EQ(flags(phone, controller), Json({{"dismissCalled", true}}));
+  EXPECT_EQ(dismissalFlags(phone, controller), Json({{"dismissCalled", true}}));
   EXPECT_TRUE(phone.state(controller).at("brim"));
 }
 
-TEST(Dismissal, UnforcedRequestNeedsTheTimersLeave) {
+TEST(Dismissal, UnforcedRequestSucceedsAfterTheTimerFired) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
   phone.wait(1);
@@ -131,7 +131,7 @@ TEST(Dismissal, UnforcedRequestNeedsTheTimersLeave) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Dismissal, RequestsDecideWhetherTheyMayGo) {
+TEST(Dismissal, AutomaticDismissalFollowsTheOptionsOfTheRequest) {
   Phone phone;
   EXPECT_FALSE(controllerOf(presentPersistent(phone))->shouldAutoDismiss());
   EXPECT_TRUE(controllerOf(phone.present({{"dismissAutomatically", true}}))->shouldAutoDismiss());

@@ -1,4 +1,4 @@
-// Banners as tests of their layout look at them: on a phone in the evening, by the edges of what the tree shows.
+// Support for tests of the banner's layout: a phone at a fixed time, and the edges of the nodes in the view tree.
 #pragma once
 
 #include <functional>
@@ -10,20 +10,21 @@
 
 namespace test {
 
-// 21:41 in a zone without an offset.
-inline constexpr double evening = 1767303660;
+// 2026-01-01T21:41:00Z, in seconds since 1970.
+inline constexpr double eveningTime = 1767303660;
 
 inline Phone phoneWith(std::map<std::string, Json> settings,
-                       const std::function<void(runner::Options&)>& choose = nullptr) {
+                       const std::function<void(runner::Options&)>& configure = nullptr) {
   Setup setup;
-  setup.options.time = evening;
+  setup.options.time = eveningTime;
   setup.settings = std::move(settings);
-  if (choose) choose(setup.options);
+  if (configure) configure(setup.options);
   return Phone(setup);
 }
 
-inline Json message() { return {{"title", "Anna Weber"}, {"message", "Are we still on for lunch?"}}; }
+inline Json sampleMessage() { return {{"title", "Anna Weber"}, {"message", "Are we still on for lunch?"}}; }
 
+// The frame of a node, in points from the top left of the screen.
 inline double left(const Json& view) { return view.at("frame").at(0); }
 inline double top(const Json& view) { return view.at("frame").at(1); }
 inline double width(const Json& view) { return view.at("frame").at(2); }

@@ -1,4 +1,4 @@
-// What the platform does to the window that banners lie in: presses of the home button, long looks, the keyboard.
+// The platform's operations on the banner window: presses of the home button, long looks, keyboard focus.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"
@@ -11,16 +11,16 @@ using test::controllerOf;
 using test::Json;
 using test::Phone;
 
-const Json banner = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", true}};
+const Json withTimer = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", true}};
 const Json persistent = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", false}};
 
-int present(Phone& phone, const Json& fields = banner) {
+int present(Phone& phone, const Json& fields = withTimer) {
   const int controller = phone.present(fields);
   phone.wait(1);
   return controller;
 }
 
-TEST(HomeButton, SendsABannerThatMustStayAwayWithoutAnimation) {
+TEST(HomeButton, DismissesAPersistentBannerWithoutAnimation) {
   Phone phone;
   const int controller = present(phone, persistent);
   phone.run({{"do", "press"}, {"type", 101}, {"force", 0}});
@@ -28,7 +28,7 @@ TEST(HomeButton, SendsABannerThatMustStayAwayWithoutAnimation) {
   EXPECT_TRUE(phone.state(controller).at("dismissed"));
 }
 
-TEST(HomeButton, OtherPressesLeaveTheBannerAlone) {
+TEST(HomeButton, OtherButtonEventsAreIgnored) {
   Phone phone;
   const int controller = present(phone, persistent);
   for (const auto& [type, force] : {std::pair{101, 1}, {101, 2}, {102, 0}, {0, 0}, {-101, 0}})
@@ -38,7 +38,7 @@ TEST(HomeButton, OtherPressesLeaveTheBannerAlone) {
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(HomeButton, LeavesABannerThatMayGoToItsTimer) {
+TEST(HomeButton, DoesNotDismissABannerThatHasATimer) {
   Phone phone;
   const int controller = present(phone);
   phone.run({{"do", "press"}, {"type", 101}, {"force", 0}});
@@ -46,7 +46,7 @@ TEST(HomeButton, LeavesABannerThatMayGoToItsTimer) {
   EXPECT_TRUE(phone.state(controller).at("brim"));
 }
 
-TEST(LongLook, IsKeptFromBanners) {
+TEST(LongLook, IsNotPresentedForABanner) {
   Phone phone;
   const int controller = present(phone);
   phone.log();
@@ -56,34 +56,34 @@ TEST(LongLook, IsKeptFromBanners) {
   EXPECT_TRUE(test::firstNode(phone.windows(), "class", "NCNotificationLongLookView").is_null());
 }
 
-TEST(LongLook, ReachesThePlatformForAControllerOutsideTheBannerWindow) {
+TEST(LongLook, IsPresentedForAControllerOutsideTheBannerWindow) {
   Phone phone;
   const int controller = present(phone);
-  const auto held = controllerOf(controller);
-  test::command({{"command", "dismissnoani"}});
-  ASSERT_FALSE(held->isPartOfBanner());
+  const auto shortLook = controllerOf(controller);
+  test::postCommand({{"command", "dismissnoani"}});
+  ASSERT_FALSE(shortLook->isPartOfBanner());
   phone.log();
   phone.run({{"do", "longlook"}, {"controller", controller}});
   EXPECT_EQ(phone.log(), Json::array({{{"event", "longlook"}, {"controller", controller}}}));
 }
 
-TEST(BannerWindow, ContentTakesTouchesThatThePlatformLetsThrough) {
+TEST(BannerWindow, ContentHasUserInteractionEnabled) {
   Phone phone;
   const int controller = present(phone);
-  const auto held = springboard::bannerController(static_cast<std::size_t>(controller));
+  const auto shortLook = springboard::bannerController(static_cast<std::size_t>(controller));
   const Class container = reinterpret_cast<Class>(objc_getClass("NCNotificationContentContainerViewController"));
   const auto content = objc::adopt(objc::send<NSObject*, "initWithNotificationRequest:">(
-      objc::send<id, "alloc">(container), held->notificationRequest()));
+      objc::send<id, "alloc">(container), shortLook->notificationRequest()));
   EXPECT_TRUE((objc::send<bool, "userInteractionEnabled">(content.get())));
 }
 
-TEST(BannerWindow, CanTakeTheKeyboard) {
+TEST(BannerWindow, CanBecomeKeyWindow) {
   Phone phone;
   const int controller = present(phone);
   EXPECT_TRUE((objc::send<bool, "_canBecomeKeyWindow">(containerOf(controller)->window())));
 }
 
-TEST(BannerWindow, KnowsTheFirstStatusBarWindow) {
+TEST(BannerWindow, SharedStatusBarWindowIsTheFirstOne) {
   Phone phone;
   const Class statusBarWindow = reinterpret_cast<Class>(objc_getClass("UIStatusBarWindow"));
   auto* shared = objc::send<UIWindow*, "brimSharedWindow">(statusBarWindow);

@@ -1,4 +1,4 @@
-// Many notifications at once, before any of their banners leaves.
+// A burst of notifications: all of them are presented before the first banner is dismissed.
 #include <gtest/gtest.h>
 
 #include "simulator/uikit/views/view_hierarchy.hpp"
@@ -14,7 +14,7 @@ void presentMany(Phone& phone, int count) {
   for (int i = 0; i < count; ++i) phone.present({{"title", "Anna"}, {"message", "Are we still on for lunch today?"}});
 }
 
-// All that the layout of what is on screen has cost.
+// The total work that the layout engines of all visible windows have done.
 Work layoutWork() {
   Work sum;
   for (UIWindow* window : uikit::visibleWindows()) {
@@ -28,7 +28,7 @@ Work layoutWork() {
   return sum;
 }
 
-TEST(Burst, LayoutWorkOfABannerIsTheSameHoweverManyAreOnScreen) {
+TEST(Burst, LayoutWorkPerBannerDoesNotDependOnTheNumberOfBanners) {
   Phone phone;
   const Work before = layoutWork();
   presentMany(phone, 20);
@@ -36,9 +36,9 @@ TEST(Burst, LayoutWorkOfABannerIsTheSameHoweverManyAreOnScreen) {
   presentMany(phone, 180);
   const Work many = layoutWork();
   ASSERT_FALSE(phone.state(1)["dismissed"]);
-  constexpr std::size_t leastOfTwenty = 400;
-  ASSERT_GT(few.constraints, before.constraints + leastOfTwenty);
-  ASSERT_GT(few.pivots, before.pivots + leastOfTwenty);
+  constexpr std::size_t minWorkOfTwenty = 400;
+  ASSERT_GT(few.constraints, before.constraints + minWorkOfTwenty);
+  ASSERT_GT(few.pivots, before.pivots + minWorkOfTwenty);
   EXPECT_EQ(many.constraints - before.constraints, 10 * (few.constraints - before.constraints));
   EXPECT_EQ(many.pivots - before.pivots, 10 * (few.pivots - before.pivots));
 }

@@ -1,4 +1,4 @@
-// In which colors a banner comes, and how it follows the phone's appearance.
+// The colors of a banner, and how they follow the phone's appearance.
 #include <gtest/gtest.h>
 
 #include "platform/ui_device.hpp"
@@ -24,7 +24,7 @@ struct ModeCase {
 
 class ColorMode : public testing::TestWithParam<ModeCase> {};
 
-TEST_P(ColorMode, FollowsSettingVersionAndAppearance) {
+TEST_P(ColorMode, DependsOnSettingVersionAndAppearance) {
   runner::Options options;
   options.systemVersion = GetParam().system;
   options.appearance = GetParam().appearance;
@@ -66,7 +66,7 @@ TEST(FixedColorMode, OverridesTheControllersAppearance) {
   EXPECT_EQ(test::controllerOf(light)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Light);
 }
 
-TEST(ColorFollowUp, FadesToTheNewAppearance) {
+TEST(AppearanceChange, FadesToTheNewColors) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"title", "T"}});
   phone.wait(1);
@@ -76,7 +76,7 @@ TEST(ColorFollowUp, FadesToTheNewAppearance) {
   EXPECT_EQ(phone.banner(controller).at("background"), Json({0, 0, 0, 0.3}));
 }
 
-TEST(ColorFollowUp, FadesForFourFifthsOfASecond) {
+TEST(AppearanceChange, FadesFor800Milliseconds) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"title", "T"}});
   phone.wait(1);
@@ -90,7 +90,7 @@ TEST(ColorFollowUp, FadesForFourFifthsOfASecond) {
   EXPECT_EQ(red(), 0);
 }
 
-TEST(ColorFollowUp, SystemsBelowThirteenAreLight) {
+TEST(AppearanceChange, DoesNotAffectSystemsBefore13) {
   runner::Options options;
   options.systemVersion = "12.4";
   options.appearance = runner::StartAppearance::Dark;
@@ -104,7 +104,7 @@ TEST(ColorFollowUp, SystemsBelowThirteenAreLight) {
   EXPECT_EQ(UIScreen::mainScreen()->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Light);
 }
 
-TEST(ColorFollowUp, LeavesAFixedModeAlone) {
+TEST(AppearanceChange, DoesNotAffectAFixedMode) {
   Phone phone = phoneWith({{"containerColor", 2}});
   const int controller = phone.present({{"title", "T"}});
   phone.run({{"do", "appearance"}, {"style", "dark"}});
@@ -112,7 +112,7 @@ TEST(ColorFollowUp, LeavesAFixedModeAlone) {
   EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json(black));
 }
 
-TEST(ColorFollowUp, DoesNotExistBefore13) {
+TEST(AppearanceChange, DoesNotAffectBannersBefore13) {
   runner::Options options;
   options.systemVersion = "12.4";
   Phone phone = phoneWith({}, options);

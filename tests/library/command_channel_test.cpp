@@ -15,7 +15,7 @@ const Json persistent = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutom
 
 std::string body(Phone& phone, int controller) { return phone.view(controller, "bodyLabel").value("text", ""); }
 
-// Two banners on screen at once: the older one has not gone yet.
+// Two banners that are on screen together: the newer one has not dismissed the older one yet.
 std::pair<int, int> presentTwo(Phone& phone) {
   const int older = phone.present({{"title", "One"}, {"message", "1"}});
   phone.wait(1);
@@ -24,7 +24,7 @@ std::pair<int, int> presentTwo(Phone& phone) {
   return {older, newer};
 }
 
-TEST(CommandChannel, LockingRemovesEveryBannerAtOnce) {
+TEST(CommandChannel, LockingRemovesEveryBannerImmediately) {
   Phone phone;
   const auto [older, newer] = presentTwo(phone);
   ASSERT_TRUE(phone.state(older).at("brim"));
@@ -40,14 +40,14 @@ TEST(CommandChannel, LockingRemovesEveryBannerAtOnce) {
   for (const Json& event : seen) EXPECT_EQ(event.at("transition"), 0);
 }
 
-TEST(CommandChannel, LockingLetsTheNextBannerCome) {
+TEST(CommandChannel, LockingAllowsTheNextBanner) {
   Phone phone;
   phone.present(persistent);
   phone.run({{"do", "lock"}});
   EXPECT_TRUE(phone.state(phone.present()).at("brim"));
 }
 
-TEST(CommandChannel, GrabberIsLeftToThePlatformWhileEveryBannerMayGo) {
+TEST(CommandChannel, GrabberIsHandledByThePlatformWithoutAPersistentBanner) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
   phone.wait(1);
@@ -57,7 +57,7 @@ TEST(CommandChannel, GrabberIsLeftToThePlatformWhileEveryBannerMayGo) {
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(CommandChannel, GrabberTakesABannerAwayThatMustStay) {
+TEST(CommandChannel, GrabberDismissesAPersistentBanner) {
   Phone phone;
   const int controller = phone.present(persistent);
   phone.wait(1);
@@ -69,7 +69,7 @@ TEST(CommandChannel, GrabberTakesABannerAwayThatMustStay) {
   EXPECT_TRUE(phone.state(controller).at("hasDismissed"));
 }
 
-TEST(CommandChannel, GrabberTakesABannerAwayThatWasPulledOpen) {
+TEST(CommandChannel, GrabberDismissesAnExpandedBanner) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
   phone.wait(1);
@@ -79,40 +79,40 @@ TEST(CommandChannel, GrabberTakesABannerAwayThatWasPulledOpen) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(CommandChannel, UpdateReachesOnlyTheConversationOfThatHeader) {
+TEST(CommandChannel, UpdateAppliesOnlyToABannerWithTheSameHeader) {
   Phone phone;
   const int controller = phone.present(persistent);
-  test::command({{"command", "updateReply"}, {"header", "Bert"}, {"body", "Not for Anna"}});
+  test::postCommand({{"command", "updateReply"}, {"header", "Bert"}, {"body", "Not for Anna"}});
   EXPECT_EQ(body(phone, controller), "Hello");
-  test::command({{"command", "updateReply"}, {"header", "Anna"}, {"body", "More"}});
+  test::postCommand({{"command", "updateReply"}, {"header", "Anna"}, {"body", "More"}});
   EXPECT_EQ(body(phone, controller), "Hello\nMore");
 }
 
 TEST(CommandChannel, UpdateWithoutHeaderOrBodyChangesNothing) {
   Phone phone;
   const int controller = phone.present(persistent);
-  test::command({{"command", "updateReply"}, {"header", "Anna"}});
-  test::command({{"command", "updateReply"}, {"body", "More"}});
+  test::postCommand({{"command", "updateReply"}, {"header", "Anna"}});
+  test::postCommand({{"command", "updateReply"}, {"body", "More"}});
   EXPECT_EQ(body(phone, controller), "Hello");
 }
 
-TEST(CommandChannel, UpdateLeavesABannerAloneThatCannotBeAnswered) {
+TEST(CommandChannel, UpdateDoesNotApplyToABannerThatCannotReply) {
   Phone phone;
   Json fields = persistent;
   fields["section"] = "com.apple.mobilemail";
   const int controller = phone.present(fields);
-  test::command({{"command", "updateReply"}, {"header", "Anna"}, {"body", "More"}});
+  test::postCommand({{"command", "updateReply"}, {"header", "Anna"}, {"body", "More"}});
   EXPECT_EQ(body(phone, controller), "Hello");
 }
 
-TEST(CommandChannel, UpdateIsComparedWithTheHeaderBeforePrivacyHidIt) {
+TEST(CommandChannel, UpdateIsComparedWithTheOriginalHeader) {
   Phone phone(test::Setup{.options = {}, .settings = {{"hide_unless_expanded", true}}});
   const int controller = phone.present(persistent);
-  test::command({{"command", "updateReply"}, {"header", "Anna"}, {"body", "More"}});
+  test::postCommand({{"command", "updateReply"}, {"header", "Anna"}, {"body", "More"}});
   EXPECT_EQ(body(phone, controller), "\nMore");
 }
 
-TEST(CommandChannel, FollowUpJoinsTheBannerThatMustStayAndIsCleared) {
+TEST(CommandChannel, FollowUpIsAppendedToAPersistentBannerAndCleared) {
   Phone phone;
   const int controller = phone.present(persistent);
   phone.wait(1);
@@ -131,14 +131,14 @@ TEST(CommandChannel, FollowUpJoinsTheBannerThatMustStayAndIsCleared) {
   EXPECT_TRUE(eventsOf(events, "haptic").empty());
 }
 
-TEST(CommandChannel, FollowUpTakesItsHeaderFromTheSubtitleWhereThereIsNoTitle) {
+TEST(CommandChannel, FollowUpWithoutATitleUsesTheSubtitleAsHeader) {
   Phone phone;
   const int controller = phone.present({{"subtitle", "Anna"}, {"message", "Hello"}, {"dismissAutomatically", false}});
   phone.run({{"do", "update"}, {"controller", controller}, {"message", "More"}});
   EXPECT_EQ(body(phone, controller), "Hello\nMore");
 }
 
-TEST(CommandChannel, FollowUpWithoutAHeaderIsDropped) {
+TEST(CommandChannel, FollowUpWithoutAHeaderIsIgnored) {
   Phone phone;
   const int controller = phone.present({{"message", "Hello"}, {"dismissAutomatically", false}});
   phone.wait(1);
@@ -148,7 +148,7 @@ TEST(CommandChannel, FollowUpWithoutAHeaderIsDropped) {
   EXPECT_EQ(body(phone, controller), "Hello");
 }
 
-TEST(CommandChannel, FollowUpOfABannerThatMayGoIsPresented) {
+TEST(CommandChannel, FollowUpOfABannerThatHasATimerIsPresented) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
   phone.wait(1);
@@ -157,7 +157,7 @@ TEST(CommandChannel, FollowUpOfABannerThatMayGoIsPresented) {
   EXPECT_EQ(eventsOf(phone.log(), "present").size(), 1U);
 }
 
-TEST(CommandChannel, ReplacedBannerThatIsGoingAlreadyIsNotAskedAgain) {
+TEST(CommandChannel, ReplacementDoesNotRestartARunningDismissal) {
   Phone phone;
   const int older = phone.present({{"title", "One"}, {"message", "1"}});
   phone.wait(1);
@@ -165,7 +165,7 @@ TEST(CommandChannel, ReplacedBannerThatIsGoingAlreadyIsNotAskedAgain) {
   phone.wait(0.1);
   const int newer = phone.present({{"title", "Two"}, {"message", "2"}});
   phone.wait(0.55);
-  // A second request would have ended the animation at once.
+  // A second request would have ended the animation immediately.
   EXPECT_TRUE(phone.state(older).at("brim"));
   phone.wait(0.08);
   EXPECT_FALSE(phone.state(older).at("brim"));
@@ -173,11 +173,11 @@ TEST(CommandChannel, ReplacedBannerThatIsGoingAlreadyIsNotAskedAgain) {
   EXPECT_FALSE(controllerOf(newer)->wasExternallyDismissed());
 }
 
-TEST(CommandChannel, ReplacementWithoutAnIdentifierMeansEveryBanner) {
+TEST(CommandChannel, ReplacementWithoutAnIdentifierDismissesEveryBanner) {
   Phone phone;
   const int controller = phone.present({{"title", "One"}});
   phone.wait(1);
-  test::command({{"command", "isExternallyDismissed"}});
+  test::postCommand({{"command", "isExternallyDismissed"}});
   EXPECT_TRUE(phone.state(controller).at("wasExternallyDismissed"));
   phone.wait(0.499);
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
@@ -185,20 +185,20 @@ TEST(CommandChannel, ReplacementWithoutAnIdentifierMeansEveryBanner) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(CommandChannel, OtherMessagesAreIgnored) {
+TEST(CommandChannel, UnknownCommandsAreIgnored) {
   Phone phone;
   const int controller = phone.present({{"title", "One"}});
   phone.wait(1);
   const Json before = phone.state(controller);
-  test::command({});
-  test::command({{"command", ""}});
-  test::command({{"command", "DISMISS"}});
-  test::command({{"command", "explode"}});
-  test::broadcast("BrimNotifications", {{"command", "dismissnoani"}});
+  test::postCommand({});
+  test::postCommand({{"command", ""}});
+  test::postCommand({{"command", "DISMISS"}});
+  test::postCommand({{"command", "explode"}});
+  test::postNotification("BrimNotifications", {{"command", "dismissnoani"}});
   EXPECT_EQ(phone.state(controller), before);
 }
 
-TEST(CommandChannel, CommandThatIsNoTextIsIgnored) {
+TEST(CommandChannel, ValuesThatAreNotStringsAreIgnored) {
   Phone phone;
   const int controller = phone.present(persistent);
   const Json before = phone.state(controller);
@@ -211,22 +211,22 @@ TEST(CommandChannel, CommandThatIsNoTextIsIgnored) {
   EXPECT_EQ(body(phone, controller), "Hello");
 }
 
-TEST(CommandChannel, ControllersThatNeverHadABannerStaySilent) {
+TEST(CommandChannel, ControllersThatNeverHadABannerIgnoreCommands) {
   Phone phone(test::Setup{.options = {}, .settings = {}});
   phone.present(persistent);
-  const auto aside = springboard::makeShortLookController(controllerOf(1)->notificationRequest());
-  auto* controller = reinterpret_cast<BannerController*>(aside.get());
+  const auto secondController = springboard::makeShortLookController(controllerOf(1)->notificationRequest());
+  auto* controller = reinterpret_cast<BannerController*>(secondController.get());
   controller->view();
-  test::command({{"command", "isExternallyDismissed"}});
+  test::postCommand({{"command", "isExternallyDismissed"}});
   EXPECT_FALSE(controller->wasExternallyDismissed());
 }
 
-TEST(CommandChannel, ControllersAreForgottenWithTheirLastReference) {
+TEST(CommandChannel, ReleasedControllersReceiveNoCommands) {
   Phone phone;
   const int controller = phone.present({{"title", "One"}});
   phone.wait(20);
   ASSERT_EQ(controllerOf(controller), nullptr);
-  test::command({{"command", "dismiss"}});
+  test::postCommand({{"command", "dismiss"}});
 }
 
 }  // namespace

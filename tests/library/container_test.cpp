@@ -2,82 +2,82 @@
 
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_number.hpp"
+#include "tests/library/laid_out_banner.hpp"
 #include "tests/library/phone.hpp"
-#include "tests/library/shown_banner.hpp"
 
 namespace {
 
-using test::container;
+using test::LaidOutBanner;
+using test::makeBanner;
 using test::Phone;
-using test::Shown;
 using test::text;
 
-TEST(Container, BuildsNothingBeforeItArrivesInASuperview) {
+TEST(Container, CreatesNoSubviewsBeforeItHasASuperview) {
   const Phone phone;
-  const auto banner = container("Anna"_ns, "Sub"_ns, "Hello"_ns);
+  const auto banner = makeBanner("Anna"_ns, "Sub"_ns, "Hello"_ns);
   EXPECT_EQ(banner->subviews()->count(), 0u);
   EXPECT_EQ(banner->headerLabel(), nullptr);
   EXPECT_EQ(banner->reply(), nullptr);
 }
 
-TEST(Container, AcceptsNilForEveryPartOfItsContent) {
+TEST(Container, AcceptsNilForEveryText) {
   const Phone phone;
-  const Shown shown(container(nullptr, nullptr, nullptr));
-  EXPECT_EQ(shown.banner->subHeaderLabel(), nullptr);
-  EXPECT_EQ(shown.banner->originalHeader(), nullptr);
-  EXPECT_EQ(text(shown.banner->headerLabel()), "(nil)");
+  const LaidOutBanner laidOut(makeBanner(nullptr, nullptr, nullptr));
+  EXPECT_EQ(laidOut.banner->subHeaderLabel(), nullptr);
+  EXPECT_EQ(laidOut.banner->originalHeader(), nullptr);
+  EXPECT_EQ(text(laidOut.banner->headerLabel()), "(nil)");
 }
 
-TEST(Container, OriginalHeaderOutlivesPrivacy) {
+TEST(Container, PrivacyDoesNotChangeTheOriginalHeader) {
   const Phone phone;
-  auto banner = container("Anna"_ns, "Sub"_ns, "Hello"_ns);
+  auto banner = makeBanner("Anna"_ns, "Sub"_ns, "Hello"_ns);
   banner->setEnablePrivacy(true);
-  const Shown shown(banner);
-  EXPECT_EQ(text(shown.banner->headerLabel()), "Content hidden");
-  EXPECT_STREQ(shown.banner->originalHeader()->UTF8String(), "Anna");
+  const LaidOutBanner laidOut(banner);
+  EXPECT_EQ(text(laidOut.banner->headerLabel()), "Content hidden");
+  EXPECT_STREQ(laidOut.banner->originalHeader()->UTF8String(), "Anna");
 }
 
-TEST(Container, OriginalHeaderOutlivesTheTinyJoin) {
+TEST(Container, TinyLineDoesNotChangeTheOriginalHeader) {
   const Phone phone;
-  auto banner = container("Anna"_ns, nullptr, "Hello"_ns);
+  auto banner = makeBanner("Anna"_ns, nullptr, "Hello"_ns);
   banner->setTinyBanner(true);
-  const Shown shown(banner);
-  EXPECT_EQ(text(shown.banner->headerLabel()), "Anna: Hello");
-  EXPECT_STREQ(shown.banner->originalHeader()->UTF8String(), "Anna");
+  const LaidOutBanner laidOut(banner);
+  EXPECT_EQ(text(laidOut.banner->headerLabel()), "Anna: Hello");
+  EXPECT_STREQ(laidOut.banner->originalHeader()->UTF8String(), "Anna");
 }
 
 TEST(Container, OriginalHeaderIsACopy) {
   const Phone phone;
   const auto header = objc::retain(NSMutableString::stringWithCapacity(8));
   header->appendString("Anna"_ns);
-  const auto banner = container(header, nullptr, nullptr);
+  const auto banner = makeBanner(header, nullptr, nullptr);
   header->appendString(" changed"_ns);
   EXPECT_STREQ(banner->originalHeader()->UTF8String(), "Anna");
 }
 
-TEST(Container, DismissNotificationIsOneFlagForAllAndOnAtStart) {
+TEST(Container, DismissNotificationIsSharedAndInitiallyTrue) {
   const Phone phone;
   EXPECT_TRUE(BrimContainer::DismissNotification());
-  const auto early = container(nullptr, nullptr, nullptr);
+  const auto early = makeBanner(nullptr, nullptr, nullptr);
   BrimContainer::setDismissNotification(false);
-  const auto late = container(nullptr, nullptr, nullptr);
+  const auto late = makeBanner(nullptr, nullptr, nullptr);
   EXPECT_FALSE(BrimContainer::DismissNotification());
 }
 
-TEST(Container, ColorSetIsCopiedWithItsModeOnly) {
+TEST(Container, ColorSetIsCopiedWithoutCustomColors) {
   const Phone phone;
   const auto colors = BrimColors::withMode(blackMode);
   objc::send<void, "setUseCustomColors:">(colors.get(), true);
-  const auto banner = container(nullptr, nullptr, nullptr);
+  const auto banner = makeBanner(nullptr, nullptr, nullptr);
   banner->setColorSet(colors);
   EXPECT_NE(banner->colorSet(), colors.get());
   EXPECT_EQ(banner->colorSet()->mode(), blackMode);
   EXPECT_FALSE(banner->colorSet()->useCustomColors());
 }
 
-TEST(Container, DelegateIsNotKeptAndGoneOnesAreNil) {
+TEST(Container, DelegateIsAZeroingWeakReference) {
   const Phone phone;
-  const auto banner = container(nullptr, nullptr, nullptr);
+  const auto banner = makeBanner(nullptr, nullptr, nullptr);
   {
     const auto delegate = objc::make<NSObject>();
     banner->setDelegate(delegate);
@@ -88,45 +88,45 @@ TEST(Container, DelegateIsNotKeptAndGoneOnesAreNil) {
   objc::send<void, "clearButtonPressed:">(banner.get(), static_cast<NSObject*>(nullptr));
 }
 
-TEST(Container, IsBuiltAnewAtEveryArrival) {
+TEST(Container, CreatesItsSubviewsAgainWhenItIsAddedAgain) {
   const Phone phone;
-  const Shown shown(container("Anna"_ns, nullptr, "Hello"_ns));
-  const auto first = objc::retain(shown.banner->headerLabel());
-  shown.banner->removeFromSuperview();
-  shown.superview->addSubview(shown.banner);
-  EXPECT_NE(shown.banner->headerLabel(), first.get());
+  const LaidOutBanner laidOut(makeBanner("Anna"_ns, nullptr, "Hello"_ns));
+  const auto first = objc::retain(laidOut.banner->headerLabel());
+  laidOut.banner->removeFromSuperview();
+  laidOut.superview->addSubview(laidOut.banner);
+  EXPECT_NE(laidOut.banner->headerLabel(), first.get());
 }
 
 TEST(Overlay, StaysHiddenWithoutBackgroundBlur) {
   Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
-  shown.banner->setOverlayWithAnimation(1);
+  const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "B"_ns));
+  laidOut.banner->setOverlayWithAnimation(1);
   phone.wait(1);
-  const UIView* const backdrop = static_cast<UIView*>(shown.superview->subviews()->objectAtIndex(0));
+  const UIView* const backdrop = static_cast<UIView*>(laidOut.superview->subviews()->objectAtIndex(0));
   EXPECT_TRUE(backdrop->isHidden());
   EXPECT_DOUBLE_EQ(backdrop->alpha(), 0);
 }
 
-TEST(Buttons, WithoutButtonsTheAlphaIsTheReplyViews) {
+TEST(Buttons, AlphaAppliesToTheReplyFieldIfThereAreNoButtons) {
   const Phone phone;
-  auto banner = container("A"_ns, nullptr, "B"_ns);
+  auto banner = makeBanner("A"_ns, nullptr, "B"_ns);
   banner->setCanReply(true);
-  const Shown shown(banner);
-  shown.banner->setButtonsAlpha(0.5);
-  EXPECT_DOUBLE_EQ(shown.banner->reply()->alpha(), 0.5);
-  EXPECT_FALSE(shown.banner->reply()->isHidden());
+  const LaidOutBanner laidOut(banner);
+  laidOut.banner->setButtonsAlpha(0.5);
+  EXPECT_DOUBLE_EQ(laidOut.banner->reply()->alpha(), 0.5);
+  EXPECT_FALSE(laidOut.banner->reply()->isHidden());
 }
 
-TEST(ColorSet, ThatIsCustomPinsTheBanner) {
+TEST(ColorSet, WithCustomColorsIgnoresColorModeUpdates) {
   Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
-  BrimColors* const pinned = shown.banner->colorSet();
-  objc::send<void, "setUseCustomColors:">(pinned, true);
-  shown.banner->updateColorMode(BrimColors::withMode(darkMode));
+  const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "B"_ns));
+  BrimColors* const customColors = laidOut.banner->colorSet();
+  objc::send<void, "setUseCustomColors:">(customColors, true);
+  laidOut.banner->updateColorMode(BrimColors::withMode(darkMode));
   phone.wait(1);
-  EXPECT_EQ(shown.banner->colorSet(), pinned);
+  EXPECT_EQ(laidOut.banner->colorSet(), customColors);
   CGFloat red = -1;
-  shown.banner->headerLabel()->textColor()->getRed(&red, nullptr, nullptr, nullptr);
+  laidOut.banner->headerLabel()->textColor()->getRed(&red, nullptr, nullptr, nullptr);
   EXPECT_DOUBLE_EQ(red, 0);
 }
 

@@ -1,32 +1,32 @@
 #include <gtest/gtest.h>
 
+#include "tests/library/laid_out_banner.hpp"
 #include "tests/library/phone.hpp"
-#include "tests/library/shown_banner.hpp"
 
 namespace {
 
-using test::container;
+using test::LaidOutBanner;
+using test::makeBanner;
 using test::Phone;
-using test::Shown;
 using test::text;
 
 TEST(ContinuousUpdate, AppendsALine) {
   const Phone phone;
-  const Shown shown(container("Anna"_ns, nullptr, "Hi"_ns));
-  shown.banner->updateForContinuousNotification("How are you?"_ns);
-  EXPECT_EQ(text(shown.banner->bodyLabel()), "Hi\nHow are you?");
+  const LaidOutBanner laidOut(makeBanner("Anna"_ns, nullptr, "Hi"_ns));
+  laidOut.banner->updateForContinuousNotification("How are you?"_ns);
+  EXPECT_EQ(text(laidOut.banner->bodyLabel()), "Hi\nHow are you?");
 }
 
 TEST(ContinuousUpdate, RebuildsTheTinyLine) {
   const Phone phone;
-  auto banner = container("Anna"_ns, nullptr, "Hi"_ns);
+  auto banner = makeBanner("Anna"_ns, nullptr, "Hi"_ns);
   banner->setTinyBanner(true);
-  const Shown shown(banner);
-  shown.banner->updateForContinuousNotification("Later"_ns);
-  EXPECT_EQ(text(shown.banner->headerLabel()), "Anna: Hi\nLater");
+  const LaidOutBanner laidOut(banner);
+  laidOut.banner->updateForContinuousNotification("Later"_ns);
+  EXPECT_EQ(text(laidOut.banner->headerLabel()), "Anna: Hi\nLater");
 }
 
-TEST(ContinuousUpdate, KeepsTheTinyLinesHeaderBold) {
+TEST(ContinuousUpdate, KeepsTheHeaderOfTheTinyLineBold) {
   Phone phone({.options = {}, .settings = {{"tinyBanner", true}}});
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hi"}, {"dismissAutomatically", false}});
   phone.run({{"do", "update"}, {"controller", controller}, {"message", "Later"}});
@@ -38,42 +38,42 @@ TEST(ContinuousUpdate, KeepsTheTinyLinesHeaderBold) {
   EXPECT_EQ(runs[1].at("weight"), "regular");
 }
 
-TEST(ContinuousUpdate, WithoutABodyStartsFromTheWordForNothing) {
+TEST(ContinuousUpdate, WithoutABodyAppendsToTheTextNull) {
   const Phone phone;
-  const Shown shown(container("Anna"_ns, nullptr, nullptr));
-  shown.banner->updateForContinuousNotification("Later"_ns);
-  EXPECT_EQ(text(shown.banner->bodyLabel()), "(null)\nLater");
+  const LaidOutBanner laidOut(makeBanner("Anna"_ns, nullptr, nullptr));
+  laidOut.banner->updateForContinuousNotification("Later"_ns);
+  EXPECT_EQ(text(laidOut.banner->bodyLabel()), "(null)\nLater");
 }
 
-TEST(ContinuousUpdate, BeforeTheLayoutIsShownByIt) {
+TEST(ContinuousUpdate, BeforeTheFirstLayoutIsShown) {
   const Phone phone;
-  auto banner = container("Anna"_ns, nullptr, "Hi"_ns);
+  auto banner = makeBanner("Anna"_ns, nullptr, "Hi"_ns);
   banner->setMaxLineCount(0);
   banner->updateForContinuousNotification("Later"_ns);
-  const Shown shown(banner);
-  EXPECT_EQ(text(shown.banner->bodyLabel()), "Hi\nLater");
+  const LaidOutBanner laidOut(banner);
+  EXPECT_EQ(text(laidOut.banner->bodyLabel()), "Hi\nLater");
 }
 
-TEST(ContinuousUpdate, ShowContentOfATinyBannerAddsItsHeader) {
+TEST(ContinuousUpdate, ShowContentOfATinyBannerAppendsItsHeader) {
   const Phone phone;
-  auto banner = container("Anna"_ns, nullptr, "Hi"_ns);
+  auto banner = makeBanner("Anna"_ns, nullptr, "Hi"_ns);
   banner->setTinyBanner(true);
   banner->setEnablePrivacy(true);
-  const Shown shown(banner);
-  ASSERT_EQ(text(shown.banner->headerLabel()), "Content hidden");
-  shown.banner->showContent();
-  EXPECT_EQ(text(shown.banner->headerLabel()), "Anna: \nAnna");
+  const LaidOutBanner laidOut(banner);
+  ASSERT_EQ(text(laidOut.banner->headerLabel()), "Content hidden");
+  laidOut.banner->showContent();
+  EXPECT_EQ(text(laidOut.banner->headerLabel()), "Anna: \nAnna");
 }
 
-TEST(ContinuousUpdate, ShowContentGivesBackWhatPrivacyHid) {
+TEST(ContinuousUpdate, ShowContentRestoresTheTextsHiddenByPrivacy) {
   const Phone phone;
-  auto banner = container("Anna"_ns, "Sub"_ns, "Hello"_ns);
+  auto banner = makeBanner("Anna"_ns, "Sub"_ns, "Hello"_ns);
   banner->setEnablePrivacy(true);
-  const Shown shown(banner);
-  shown.banner->showContent();
-  EXPECT_EQ(text(shown.banner->headerLabel()), "Anna");
-  EXPECT_EQ(text(shown.banner->bodyLabel()), "Hello");
-  EXPECT_EQ(shown.banner->subHeaderLabel(), nullptr);
+  const LaidOutBanner laidOut(banner);
+  laidOut.banner->showContent();
+  EXPECT_EQ(text(laidOut.banner->headerLabel()), "Anna");
+  EXPECT_EQ(text(laidOut.banner->bodyLabel()), "Hello");
+  EXPECT_EQ(laidOut.banner->subHeaderLabel(), nullptr);
 }
 
 }  // namespace

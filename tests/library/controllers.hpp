@@ -1,4 +1,5 @@
-// The library's side of a banner on the phone: its controller, its view, and the broadcast that reaches all of them.
+// Access to the library's controllers and banners in the simulated phone, and to the notification by which they
+// communicate.
 #pragma once
 
 #include <map>
@@ -12,21 +13,26 @@
 
 namespace test {
 
-// The controller of that number, null once it was let go.
+// The controller with that number in the script interface. nil after it was released.
 inline objc::Ref<BannerController> controllerOf(int number) {
-  const auto held = springboard::bannerController(static_cast<std::size_t>(number));
-  return objc::retain(reinterpret_cast<BannerController*>(held.get()));
+  const auto shortLook = springboard::bannerController(static_cast<std::size_t>(number));
+  return objc::retain(reinterpret_cast<BannerController*>(shortLook.get()));
 }
 
+// The banner of that controller, which must exist. nil if the controller has no banner.
 inline BrimContainer* containerOf(int number) { return controllerOf(number)->brimView(); }
 
-inline void broadcast(const std::string& name, const std::map<std::string, std::string>& userInfo) {
+// Posts a notification within the process.
+inline void postNotification(const std::string& name, const std::map<std::string, std::string>& userInfo) {
   const objc::AutoreleasePool pool;
   NSMutableDictionary* info = NSMutableDictionary::dictionaryWithCapacity(userInfo.size());
   for (const auto& [key, value] : userInfo) info->setObject(base::stringOf(value), base::stringOf(key));
   NSNotificationCenter::defaultCenter()->post(base::stringOf(name), info);
 }
 
-inline void command(const std::map<std::string, std::string>& userInfo) { broadcast("BrimNotification", userInfo); }
+// Posts a command to all controllers.
+inline void postCommand(const std::map<std::string, std::string>& userInfo) {
+  postNotification("BrimNotification", userInfo);
+}
 
 }  // namespace test

@@ -5,59 +5,76 @@
 
 namespace {
 
-using test::commands;
 using test::containerOf;
 using test::controllerOf;
+using test::dismissalFlags;
 using test::eventsOf;
-using test::expectGoneAfter;
-using test::flags;
-using test::instant;
+using test::expectRemovedAfter;
 using test::Json;
+using test::oneMillisecond;
 using test::Phone;
+using test::postedCommands;
 using test::presentPersistent;
 
-TEST(Dismissal, ForcedRequestTakesAPersistentBannerAway) {
+const char* encodingOf(const char* selector) {
+  Method method = class_getInstanceMethod(BannerController::classObject(), sel_registerName(selector));
+  return method_getTypeEncoding(method);
+}
+
+TEST(DismissalFlag, IsABoolWithGetterAndSetter) {
+  const Phone phone;
+  EXPECT_STREQ(encodingOf("hasDismissed"), "B@:");
+  EXPECT_STREQ(encodingOf("setHasDismissed:"), "v@:B");
+  const auto controller = objc::make<BannerController>();
+  EXPECT_FALSE(controller->hasDismissed());
+  controller->setHasDismissed(true);
+  EXPECT_TRUE(controller->hasDismissed());
+  controller->setHasDismissed(false);
+  EXPECT_FALSE(controller->hasDismissed());
+}
+
+TEST(Dismissal, ForcedRequestDismissesAPersistentBanner) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(20);
   phone.run({{"do", "tap"}, {"controller", controller}});
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
   EXPECT_TRUE(phone.state(controller).at("dismissNotification"));
-  expectGoneAfter(phone, controller, 0.72);
+  expectRemovedAfter(phone, controller, 0.72);
   EXPECT_EQ(eventsOf(phone.log(), "dismiss").size(), 1U);
 }
 
-// The banner is where it should be already, so the second animation has nothing to do.
-TEST(Dismissal, SecondForcedRequestStartsAgainAndEndsAtOnce) {
+// The first request has already set the final position, so the second one has nothing to animate.
+TEST(Dismissal, SecondForcedRequestEndsTheAnimationImmediately) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
   phone.run({{"do", "tap"}, {"controller", controller}});
   phone.wait(0.1);
-  test::command({{"command", "dismiss"}});
+  test::postCommand({{"command", "dismiss"}});
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
-  phone.wait(instant);
+  phone.wait(oneMillisecond);
   EXPECT_FALSE(phone.state(controller).at("brim"));
   phone.wait(5);
   EXPECT_EQ(eventsOf(phone.log(), "dismiss").size(), 1U);
 }
 
-TEST(Dismissal, RequestAfterTheEndChangesNothing) {
+TEST(Dismissal, RequestAfterTheDismissalChangesNothing) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
-  const auto held = controllerOf(controller);
-  held->forceDismissNotification(nullptr);
+  const auto shortLook = controllerOf(controller);
+  shortLook->forceDismissNotification(nullptr);
   phone.wait(0.8);
   ASSERT_TRUE(phone.state(controller).at("hasDismissed"));
   phone.log();
-  held->forceDismissNotification(nullptr);
+  shortLook->forceDismissNotification(nullptr);
   phone.wait(5);
-  EXPECT_TRUE(held->hasDismissed());
+  EXPECT_TRUE(shortLook->hasDismissed());
   EXPECT_EQ(phone.log(), Json::array());
 }
 
-TEST(Dismissal, TapComesBeforeThePlatformsOwnHandling) {
+TEST(Dismissal, TapDismissesAndThePlatformOpensTheApplication) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
@@ -72,7 +89,7 @@ TEST(Dismissal, TapComesBeforeThePlatformsOwnHandling) {
   EXPECT_FALSE(phone.state(controller).at("dismissed"));
 }
 
-TEST(Dismissal, PlatformsOwnIsSwallowed) {
+TEST(Dismissal, RequestedByThePlatformIsIgnored) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
   phone.wait(1);
@@ -86,7 +103,7 @@ TEST(Dismissal, PlatformsOwnIsSwallowed) {
   EXPECT_FALSE(ran);
 }
 
-TEST(Dismissal, OwnTransitionReachesThePlatformAsZeroWithoutTheCallersCompletion) {
+TEST(Dismissal, OwnTransitionIsForwardedAsZeroWithoutTheCompletion) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
   phone.wait(1);
@@ -101,7 +118,7 @@ TEST(Dismissal, OwnTransitionReachesThePlatformAsZeroWithoutTheCallersCompletion
   EXPECT_FALSE(ran);
 }
 
-TEST(Dismissal, ThatThePlatformAsksForWithTheOwnTransitionLeavesNothingBehind) {
+TEST(Dismissal, OwnTransitionRequestedByThePlatformRemovesTheBanner) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
@@ -112,7 +129,7 @@ TEST(Dismissal, ThatThePlatformAsksForWithTheOwnTransitionLeavesNothingBehind) {
   EXPECT_TRUE(phone.state(phone.present()).at("brim"));
 }
 
-TEST(Dismissal, ThatThePlatformAsksForAReplacedBannerLetsTheNewerOneStay) {
+TEST(Dismissal, OfAReplacedBannerByThePlatformDoesNotDismissTheNewerOne) {
   Phone phone;
   const int older = phone.present();
   phone.wait(0.1);
@@ -124,7 +141,7 @@ TEST(Dismissal, ThatThePlatformAsksForAReplacedBannerLetsTheNewerOneStay) {
   EXPECT_TRUE(phone.state(newer).at("brim"));
 }
 
-TEST(Dismissal, SecondTapOnABannerThatLeavesFindsNothing) {
+TEST(Dismissal, SecondTapDuringTheAnimationDoesNothing) {
   Phone phone;
   const int controller = phone.present();
   phone.wait(1);
@@ -136,7 +153,7 @@ TEST(Dismissal, SecondTapOnABannerThatLeavesFindsNothing) {
   EXPECT_TRUE(phone.state(controller).at("dismissed"));
 }
 
-TEST(Dismissal, ReplacedBannerGoesWithoutTakingTheNewerOneWithIt) {
+TEST(Dismissal, OfAReplacedBannerDoesNotDismissTheNewerOne) {
   Phone phone;
   const int older = phone.present({{"title", "One"}});
   phone.wait(1);
@@ -144,8 +161,8 @@ TEST(Dismissal, ReplacedBannerGoesWithoutTakingTheNewerOneWithIt) {
   phone.wait(3);
   EXPECT_FALSE(phone.state(older).at("brim"));
   EXPECT_TRUE(phone.state(newer).at("brim"));
-  EXPECT_EQ(flags(phone, newer), Json::object());
-  const auto posted = commands(phone.log());
+  EXPECT_EQ(dismissalFlags(phone, newer), Json::object());
+  const auto posted = postedCommands(phone.log());
   EXPECT_EQ(std::ranges::count(posted, "dismissnoani"), 0);
 }
 
@@ -156,15 +173,15 @@ TEST(Dismissal, ClosesTheKeyboard) {
   phone.run({{"do", "drag"}, {"by", {0, 200}}});
   phone.wait(1);
   ASSERT_TRUE(containerOf(controller)->reply()->isFirstResponder());
-  test::command({{"command", "dismiss"}});
+  test::postCommand({{"command", "dismiss"}});
   EXPECT_FALSE(containerOf(controller)->reply()->isFirstResponder());
 }
 
-TEST(Dismissal, InterruptedAnimationLeavesTheBannerInPlace) {
+TEST(Dismissal, InterruptedAnimationDoesNotRemoveTheBanner) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
-  test::command({{"command", "dismiss"}});
+  test::postCommand({{"command", "dismiss"}});
   phone.wait(0.3);
   const auto container = objc::retain(containerOf(controller));
   const auto superview = objc::retain(container->superview());
@@ -174,21 +191,21 @@ TEST(Dismissal, InterruptedAnimationLeavesTheBannerInPlace) {
   EXPECT_TRUE(eventsOf(phone.log(), "dismiss").empty());
 }
 
-TEST(Dismissal, InterruptedAnimationLeavesAReplacedBannerToo) {
+TEST(Dismissal, InterruptedAnimationDoesNotRemoveAReplacedBanner) {
   Phone phone;
   const int replaced = phone.present({{"title", "Anna"}});
   phone.wait(1);
   phone.present({{"title", "Bert"}});
   phone.wait(0.7);
-  const auto held = controllerOf(replaced);
-  ASSERT_TRUE(held->wasExternallyDismissed() && held->isDismissing());
+  const auto shortLook = controllerOf(replaced);
+  ASSERT_TRUE(shortLook->wasExternallyDismissed() && shortLook->isDismissing());
   const auto container = objc::retain(containerOf(replaced));
   container->removeFromSuperview();
   phone.wait(0.3);
-  EXPECT_EQ(held->brimView(), container.get());
+  EXPECT_EQ(shortLook->brimView(), container.get());
 }
 
-TEST(Dismissal, ControllerWithoutABannerIsLeftToThePlatform) {
+TEST(Dismissal, ControllerWithoutABannerIgnoresAForcedRequest) {
   Phone phone;
   presentPersistent(phone);
   const int empty = phone.present({{"title", "Covered"}});
@@ -199,26 +216,26 @@ TEST(Dismissal, ControllerWithoutABannerIsLeftToThePlatform) {
   EXPECT_FALSE(phone.state(empty).at("dismissed"));
 }
 
-TEST(Dismissal, AnnouncesItsEndOnlyWhenItMay) {
+TEST(Dismissal, PreDismissPostsTheCommandOnlyIfEveryConditionHolds) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
   phone.log();
-  const auto held = controllerOf(controller);
-  held->preDismiss();
-  held->setAutoDimissTriggered(true);
-  held->preDismiss();
-  EXPECT_TRUE(commands(phone.log()).empty());
+  const auto shortLook = controllerOf(controller);
+  shortLook->preDismiss();
+  shortLook->setAutoDimissTriggered(true);
+  shortLook->preDismiss();
+  EXPECT_TRUE(postedCommands(phone.log()).empty());
   BrimContainer::setDismissNotification(true);
-  held->setWasExternallyDismissed(true);
-  held->preDismiss();
-  held->setWasExternallyDismissed(false);
-  held->setHasDismissed(true);
-  held->preDismiss();
-  EXPECT_TRUE(commands(phone.log()).empty());
-  held->setHasDismissed(false);
-  held->preDismiss();
-  EXPECT_EQ(commands(phone.log()), std::vector<std::string>{"dismissnoani"});
+  shortLook->setWasExternallyDismissed(true);
+  shortLook->preDismiss();
+  shortLook->setWasExternallyDismissed(false);
+  shortLook->setHasDismissed(true);
+  shortLook->preDismiss();
+  EXPECT_TRUE(postedCommands(phone.log()).empty());
+  shortLook->setHasDismissed(false);
+  shortLook->preDismiss();
+  EXPECT_EQ(postedCommands(phone.log()), std::vector<std::string>{"dismissnoani"});
 }
 
 }  // namespace

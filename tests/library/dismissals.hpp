@@ -1,4 +1,4 @@
-// What is left of a banner's way off the screen, and what the platform saw of it.
+// The state of a banner during its dismissal, and the commands that were posted.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,16 +10,18 @@
 
 namespace test {
 
-inline constexpr double instant = 0.001;
+// Seconds. Checks are made this long before and after the expected time.
+inline constexpr double oneMillisecond = 0.001;
 
-// A notification that no timer takes away.
+// Presents a notification that is not dismissed automatically. Returns the controller's number.
 inline int presentPersistent(Phone& phone, const Json& fields = {{"title", "Anna"}, {"message", "Hello"}}) {
   Json all = {{"dismissAutomatically", false}};
   all.update(fields);
   return phone.present(all);
 }
 
-inline std::vector<std::string> commands(const Json& events) {
+// The commands that banners posted to each other, in order.
+inline std::vector<std::string> postedCommands(const Json& events) {
   std::vector<std::string> found;
   for (const Json& event : events)
     if (event.at("event") == "post" && event.at("name") == "BrimNotification")
@@ -27,7 +29,8 @@ inline std::vector<std::string> commands(const Json& events) {
   return found;
 }
 
-inline Json flags(Phone& phone, int controller) {
+// The flags of the controller's dismissal that are true.
+inline Json dismissalFlags(Phone& phone, int controller) {
   Json found = Json::object();
   const Json state = phone.state(controller);
   for (const char* flag :
@@ -36,11 +39,12 @@ inline Json flags(Phone& phone, int controller) {
   return found;
 }
 
-inline void expectGoneAfter(Phone& phone, int controller, double seconds) {
-  phone.wait(seconds - instant);
-  EXPECT_TRUE(phone.state(controller).at("brim")) << "too early";
-  phone.wait(2 * instant);
-  EXPECT_FALSE(phone.state(controller).at("brim")) << "too late";
+// Waits, and expects that the banner is removed after that many seconds, neither earlier nor later.
+inline void expectRemovedAfter(Phone& phone, int controller, double seconds) {
+  phone.wait(seconds - oneMillisecond);
+  EXPECT_TRUE(phone.state(controller).at("brim")) << "removed too early";
+  phone.wait(2 * oneMillisecond);
+  EXPECT_FALSE(phone.state(controller).at("brim")) << "removed too late";
 }
 
 }  // namespace test

@@ -13,11 +13,11 @@ using test::Json;
 using test::Phone;
 using test::presentThreeLines;
 
-constexpr double resting = 22;
-constexpr double expanded = 63;
-constexpr double restingOffset = -70;
+constexpr double defaultHeight = 22;
+constexpr double expandedHeight = 63;
+constexpr double defaultOffset = -70;
 
-double number(Phone& phone, int controller, const char* field) {
+double stateValue(Phone& phone, int controller, const char* field) {
   return phone.state(controller).at(field).get<double>();
 }
 
@@ -25,39 +25,39 @@ double alphaOf(Phone& phone, int controller, const char* property) {
   return phone.view(controller, property).at("alpha").get<double>();
 }
 
-// As before the first count of lines was set, which configuring a banner does already.
-void hideLinesAgain(BrimContainer* banner) {
+// Restores the state before the first call of setMaxLineCount:, which the configuration of a banner has already made.
+void resetShowingAllLines(BrimContainer* banner) {
   const Ivar field = class_getInstanceVariable(BrimContainer::classObject(), "_showingAllLines");
   reinterpret_cast<bool*>(banner)[ivar_getOffset(field)] = false;
   ASSERT_FALSE(banner->showingAllLines());
 }
 
-TEST(Drag, UpwardsTakesTheBannerAlongWhileTheFingerMoves) {
+TEST(Drag, UpwardsMovesTheBannerWithTheFinger) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(-10, "hold"));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "offset"), restingOffset - 10);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "offset"), defaultOffset - 10);
   phone.run(drag(-5, "hold"));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "offset"), restingOffset - 15);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "offset"), defaultOffset - 15);
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Drag, ReleasedAboveTheThresholdSpringsBackAndShowsAllLines) {
+TEST(Drag, ReleasedBeforeTheThresholdSpringsBackAndShowsAllLines) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentThreeLines(phone);
   phone.run(drag(-19, "release"));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "offset"), restingOffset);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "offset"), defaultOffset);
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
   EXPECT_TRUE(containerOf(controller)->showingAllLines());
   EXPECT_EQ(phone.view(controller, "bodyLabel").at("lines"), 15);
 }
 
-TEST(Drag, ThatComesToTheThresholdInPiecesDismisses) {
+TEST(Drag, ThatReachesTheThresholdInSeveralStepsDismisses) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   for (const int steps : {1, 2, 3, 5, 7, 10}) {
     const int controller = phone.present({{"message", "a\nb"}});
     phone.wait(1);
-    // Where 54.4 + 100 - 120 is not quite 54.4 - 20.
+    // Because of rounding, 54.4 + 100 - 120 is not equal to 54.4 - 20.
     phone.run({{"do", "drag"}, {"at", {187, 54.4}}, {"by", {0, 100}}, {"steps", steps}, {"end", "hold"}});
     phone.run({{"do", "drag"}, {"by", {0, -120}}, {"steps", 1}});
     EXPECT_TRUE(phone.state(controller).at("isDismissing")) << steps;
@@ -65,17 +65,17 @@ TEST(Drag, ThatComesToTheThresholdInPiecesDismisses) {
   }
 }
 
-TEST(Drag, SpringsBackInThreeTwentiethsOfASecond) {
+TEST(Drag, SpringsBackIn150Milliseconds) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   presentThreeLines(phone);
   phone.run(drag(-19, "release"));
   const std::string start = phone.picture();
   phone.wait(0.149);
-  const std::string nearlyThere = phone.picture();
-  EXPECT_NE(nearlyThere, start);
+  const std::string almostEnd = phone.picture();
+  EXPECT_NE(almostEnd, start);
   phone.wait(0.001);
   const std::string end = phone.picture();
-  EXPECT_NE(end, nearlyThere);
+  EXPECT_NE(end, almostEnd);
   phone.wait(0.1);
   EXPECT_TRUE(phone.picture() == end);
 }
@@ -88,14 +88,14 @@ TEST(Drag, ReleasedAtTheThresholdDismisses) {
   EXPECT_TRUE(phone.state(controller).at("dismissNotification"));
 }
 
-TEST(Drag, CancelledCountsAsReleased) {
+TEST(Drag, CanceledIsTreatedAsReleased) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(-60, "cancel"));
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Drag, ThatDismissesForgetsWhatWasTyped) {
+TEST(Drag, ThatDismissesDiscardsTheTypedText) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(100));
@@ -108,50 +108,50 @@ TEST(Drag, ThatDismissesForgetsWhatWasTyped) {
   EXPECT_TRUE(eventsOf(phone.log(), "action").empty());
 }
 
-TEST(Drag, DownwardsGrowsTheBannerByAQuarterOfTheWayAtEveryMove) {
+TEST(Drag, DownwardsAddsAQuarterOfTheTranslationAtEachMove) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(20, "hold"));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "height"), resting + 5);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), defaultHeight + 5);
   phone.run(drag(20, "hold"));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "height"), resting + 5 + 10);
-  EXPECT_DOUBLE_EQ(number(phone, controller, "offset"), restingOffset);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), defaultHeight + 5 + 10);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "offset"), defaultOffset);
 }
 
-TEST(Drag, ReleasedDownwardsOpensTheBannerWhole) {
+TEST(Drag, ReleasedDownwardsExpandsTheBanner) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(12));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "height"), expanded);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), expandedHeight);
   EXPECT_TRUE(phone.state(controller).at("expanded"));
   EXPECT_FALSE(phone.state(controller).at("dismissNotification"));
   EXPECT_EQ(phone.view(controller, "bodyLabel").at("measuredLines"), 3);
 }
 
-TEST(Drag, StaysBetweenTheRestingAndTheFullHeight) {
+TEST(Drag, DoesNotExceedTheExpandedHeight) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentThreeLines(phone);
   phone.run(drag(700, "hold"));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "height"), expanded);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), expandedHeight);
   EXPECT_DOUBLE_EQ(alphaOf(phone, controller, "_buttonStackView"), 1);
   EXPECT_FALSE(phone.state(controller).at("dismissNotification"));
   phone.run(drag(-650, "hold"));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "height"), expanded);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), expandedHeight);
 }
 
-TEST(Drag, BackToTheRestingHeightHidesTheButtons) {
+TEST(Drag, ToTheDefaultHeightHidesTheButtons) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentThreeLines(phone);
   BrimContainer* banner = containerOf(controller);
   banner->updateHeight(30);
   controllerOf(controller)->expandBanner(-1000, banner, false, nullptr);
-  EXPECT_DOUBLE_EQ(banner->height(), resting);
+  EXPECT_DOUBLE_EQ(banner->height(), defaultHeight);
   EXPECT_DOUBLE_EQ(alphaOf(phone, controller, "_buttonStackView"), 0);
   EXPECT_TRUE(phone.view(controller, "_closeButton").at("hidden"));
   EXPECT_TRUE(BrimContainer::DismissNotification());
 }
 
-TEST(Drag, FadesTheButtonsInWithTheHeightBeforeTheMove) {
+TEST(Drag, FadesTheButtonsInByTheHeightBeforeTheMove) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentThreeLines(phone);
   phone.run(drag(40, "hold"));
@@ -161,19 +161,19 @@ TEST(Drag, FadesTheButtonsInWithTheHeightBeforeTheMove) {
   EXPECT_FALSE(phone.view(controller, "_closeButton").at("hidden"));
 }
 
-TEST(Drag, UpwardsOnAPartlyOpenBannerThatHidesLinesOpensItWhole) {
+TEST(Drag, UpwardsExpandsAPartlyExpandedBannerWithHiddenLines) {
   Phone phone;
   const int controller = presentThreeLines(phone);
-  hideLinesAgain(containerOf(controller));
+  resetShowingAllLines(containerOf(controller));
   phone.run(drag(60, "hold"));
-  ASSERT_GT(number(phone, controller, "height"), resting);
+  ASSERT_GT(stateValue(phone, controller, "height"), defaultHeight);
   ASSERT_FALSE(phone.state(controller).at("expanded"));
   phone.run(drag(-100, "release"));
   EXPECT_TRUE(phone.state(controller).at("expanded"));
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Drag, UpwardsOnAPartlyOpenBannerThatShowsItsLinesDismisses) {
+TEST(Drag, UpwardsDismissesAPartlyExpandedBannerThatShowsAllLines) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(60, "hold"));
@@ -181,7 +181,7 @@ TEST(Drag, UpwardsOnAPartlyOpenBannerThatShowsItsLinesDismisses) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Drag, UpwardsOnAnOpenBannerDismisses) {
+TEST(Drag, UpwardsDismissesAnExpandedBanner) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(100));
@@ -190,11 +190,11 @@ TEST(Drag, UpwardsOnAnOpenBannerDismisses) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Drag, WhileTheBannerLeavesChangesNothing) {
+TEST(Drag, DuringTheDismissalChangesNothing) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(-12, "hold"));
-  test::command({{"command", "dismiss"}});
+  test::postCommand({{"command", "dismiss"}});
   phone.wait(0.1);
   const Json before = phone.state(controller);
   phone.run(drag(200, "hold"));
@@ -202,47 +202,47 @@ TEST(Drag, WhileTheBannerLeavesChangesNothing) {
   EXPECT_EQ(phone.state(controller), before);
 }
 
-TEST(Drag, OfABannerThatHasGoneChangesNothing) {
+TEST(Drag, OfADismissedBannerChangesNothing) {
   Phone phone;
   presentThreeLines(phone);
   phone.run(drag(30, "hold"));
-  test::command({{"command", "dismissnoani"}});
+  test::postCommand({{"command", "dismissnoani"}});
   phone.run(drag(60, "hold"));
   phone.run(drag(1, "release"));
   EXPECT_TRUE(BrimContainer::DismissNotification());
 }
 
-// The recognizer outlives the banner's time on screen, and its last event may come then.
-TEST(Drag, ThatEndsAfterTheBannerHasGoneDoesNotHoldBackLaterOnes) {
+// The recognizer can outlive the banner, so its last event can arrive after the dismissal.
+TEST(Drag, ThatEndsAfterTheDismissalDoesNotBlockLaterBanners) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(200, "hold"));
-  const auto held = controllerOf(controller);
-  const auto banner = objc::retain(held->brimView());
+  const auto shortLook = controllerOf(controller);
+  const auto banner = objc::retain(shortLook->brimView());
   auto* recognizers = objc::send<NSArray*, "gestureRecognizers">(banner.get());
   const auto pan = objc::retain(objc::as<UIPanGestureRecognizer>(recognizers->objectAtIndex(1)));
   ASSERT_NE(pan, nullptr);
-  test::command({{"command", "dismissnoani"}});
-  objc::send<void, "panGestureHandler:">(held.get(), pan.get());
+  test::postCommand({{"command", "dismissnoani"}});
+  objc::send<void, "panGestureHandler:">(shortLook.get(), pan.get());
   EXPECT_TRUE(BrimContainer::DismissNotification());
 }
 
-TEST(Drag, WithoutAnythingToShowWritesOnlyTheFlag) {
+TEST(Drag, OfABannerWithoutHiddenContentChangesOnlyDismissNotification) {
   Phone phone;
   const int controller = presentThreeLines(phone, {{"section", "com.apple.mobilemail"}});
   BrimContainer* banner = containerOf(controller);
   ASSERT_TRUE(banner->showingAllLines());
   controllerOf(controller)->expandBanner(1000, banner, false, nullptr);
-  EXPECT_DOUBLE_EQ(banner->height(), resting);
+  EXPECT_DOUBLE_EQ(banner->height(), defaultHeight);
   EXPECT_FALSE(BrimContainer::DismissNotification());
 }
 
-TEST(Drag, OpensABannerWithoutControlsByElevenPointsWhereItHidesLines) {
+TEST(Drag, AddsElevenPointsToABannerWithHiddenLinesAndNoControls) {
   Phone phone;
   const int controller = presentThreeLines(phone, {{"section", "com.apple.mobilemail"}});
-  hideLinesAgain(containerOf(controller));
+  resetShowingAllLines(containerOf(controller));
   phone.run(drag(12));
-  EXPECT_DOUBLE_EQ(number(phone, controller, "height"), resting + 11);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), defaultHeight + 11);
   EXPECT_FALSE(phone.state(controller).at("expanded"));
 }
 

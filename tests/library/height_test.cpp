@@ -1,17 +1,17 @@
 #include <gtest/gtest.h>
 
+#include "tests/library/laid_out_banner.hpp"
 #include "tests/library/phone.hpp"
-#include "tests/library/shown_banner.hpp"
 
 namespace {
 
-using test::container;
+using test::LaidOutBanner;
+using test::makeBanner;
 using test::Phone;
-using test::Shown;
 
 TEST(Height, DependsOnTheGrabber) {
   const Phone phone;
-  auto banner = container(nullptr, nullptr, nullptr);
+  auto banner = makeBanner(nullptr, nullptr, nullptr);
   EXPECT_DOUBLE_EQ(banner->defaultHeight(), 16.67);
   EXPECT_DOUBLE_EQ(banner->defaultExpandedHeight(), 57.67);
   banner->setEnableGrabber(true);
@@ -23,92 +23,92 @@ TEST(Height, DependsOnTheGrabber) {
 
 TEST(Height, IsFullyExpandedAtTheExpandedHeightOnly) {
   const Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
-  EXPECT_FALSE(shown.banner->isFullyExpanded());
-  EXPECT_DOUBLE_EQ(shown.banner->offset(), -70);
-  shown.banner->updateHeight(shown.banner->defaultExpandedHeight());
-  EXPECT_TRUE(shown.banner->isFullyExpanded());
+  const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "B"_ns));
+  EXPECT_FALSE(laidOut.banner->isFullyExpanded());
+  EXPECT_DOUBLE_EQ(laidOut.banner->offset(), -70);
+  laidOut.banner->updateHeight(laidOut.banner->defaultExpandedHeight());
+  EXPECT_TRUE(laidOut.banner->isFullyExpanded());
 }
 
-TEST(Height, AnimatedWithoutControlsIsReducedAndDirectIsNot) {
+TEST(Height, OfABannerWithoutControlsIsReducedOnlyIfAnimated) {
   const Phone phone;
-  auto banner = container("A"_ns, nullptr, "B"_ns);
+  auto banner = makeBanner("A"_ns, nullptr, "B"_ns);
   banner->setEnableGrabber(true);
-  const Shown shown(banner);
-  shown.banner->updateHeight(63, true, nullptr);
-  EXPECT_DOUBLE_EQ(shown.banner->height(), 33);
-  EXPECT_FALSE(shown.banner->isFullyExpanded());
-  shown.banner->updateHeight(63, false, nullptr);
-  EXPECT_DOUBLE_EQ(shown.banner->height(), 63);
+  const LaidOutBanner laidOut(banner);
+  laidOut.banner->updateHeight(63, true, nullptr);
+  EXPECT_DOUBLE_EQ(laidOut.banner->height(), 33);
+  EXPECT_FALSE(laidOut.banner->isFullyExpanded());
+  laidOut.banner->updateHeight(63, false, nullptr);
+  EXPECT_DOUBLE_EQ(laidOut.banner->height(), 63);
 }
 
-TEST(Height, CompletionOfADirectChangeNeverRuns) {
+TEST(Height, CompletionRunsOnlyAfterAnAnimation) {
   Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
+  const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "B"_ns));
   static int calls = 0;
   const auto count = objc::block([](bool) { ++calls; });
-  shown.banner->updateTop(0, false, count);
-  shown.banner->updateTop(0, false, 1, count);
-  shown.banner->updateHeight(63, false, count);
-  const auto homeless = container("A"_ns, nullptr, "B"_ns);
-  homeless->updateTop(0, true, 1, count);
+  laidOut.banner->updateTop(0, false, count);
+  laidOut.banner->updateTop(0, false, 1, count);
+  laidOut.banner->updateHeight(63, false, count);
+  const auto detached = makeBanner("A"_ns, nullptr, "B"_ns);
+  detached->updateTop(0, true, 1, count);
   phone.wait(3);
   EXPECT_EQ(calls, 0);
-  shown.banner->updateTop(0, true, count);
+  laidOut.banner->updateTop(0, true, count);
   phone.wait(3);
   EXPECT_EQ(calls, 1);
 }
 
-TEST(Height, MaxLineCountOfZeroShowsEverything) {
+TEST(Height, MaxLineCountOfZeroMeansNoLimit) {
   const Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "1\n2\n3\n4\n5\n6"_ns));
-  shown.banner->setMaxLineCount(0);
-  shown.superview->layoutIfNeeded();
-  EXPECT_EQ(shown.banner->bodyLabel()->measuredNumberOfLines(), 6u);
-  EXPECT_TRUE(shown.banner->showingAllLines());
+  const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "1\n2\n3\n4\n5\n6"_ns));
+  laidOut.banner->setMaxLineCount(0);
+  laidOut.superview->layoutIfNeeded();
+  EXPECT_EQ(laidOut.banner->bodyLabel()->measuredNumberOfLines(), 6u);
+  EXPECT_TRUE(laidOut.banner->showingAllLines());
 }
 
-TEST(Height, AnimationsLastThreeTwentiethsOfASecond) {
+TEST(Height, AnimationsLast150Milliseconds) {
   Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
+  const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "B"_ns));
   static int calls = 0;
   const auto count = objc::block([](bool finished) { calls += finished ? 1 : 0; });
-  shown.banner->updateTop(0, true, count);
-  shown.banner->updateHeight(63, true, count);
+  laidOut.banner->updateTop(0, true, count);
+  laidOut.banner->updateHeight(63, true, count);
   phone.wait(0.149);
   EXPECT_EQ(calls, 0);
   phone.wait(0.002);
   EXPECT_EQ(calls, 2);
 }
 
-TEST(Height, AnimatedTopMovesInALaterTurn) {
+TEST(Height, AnimatedTopChangesAsynchronously) {
   Phone phone;
-  const Shown shown(container("A"_ns, nullptr, "B"_ns));
-  shown.banner->updateTop(0, true, nullptr);
-  EXPECT_DOUBLE_EQ(shown.banner->offset(), -70);
+  const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "B"_ns));
+  laidOut.banner->updateTop(0, true, nullptr);
+  EXPECT_DOUBLE_EQ(laidOut.banner->offset(), -70);
   phone.wait(0);
-  EXPECT_DOUBLE_EQ(shown.banner->offset(), 0);
+  EXPECT_DOUBLE_EQ(laidOut.banner->offset(), 0);
 }
 
-TEST(Height, MaxLineCountBelongsToTheHeaderOfATinyBanner) {
+TEST(Height, MaxLineCountAppliesToTheHeaderOfATinyBanner) {
   const Phone phone;
-  auto banner = container("A"_ns, nullptr, "1\n2\n3\n4"_ns);
+  auto banner = makeBanner("A"_ns, nullptr, "1\n2\n3\n4"_ns);
   banner->setTinyBanner(true);
-  const Shown shown(banner);
-  EXPECT_EQ(shown.banner->headerLabel()->measuredNumberOfLines(), 1u);
-  shown.banner->setMaxLineCount(0);
-  shown.superview->layoutIfNeeded();
-  EXPECT_EQ(shown.banner->headerLabel()->measuredNumberOfLines(), 4u);
+  const LaidOutBanner laidOut(banner);
+  EXPECT_EQ(laidOut.banner->headerLabel()->measuredNumberOfLines(), 1u);
+  laidOut.banner->setMaxLineCount(0);
+  laidOut.superview->layoutIfNeeded();
+  EXPECT_EQ(laidOut.banner->headerLabel()->measuredNumberOfLines(), 4u);
 }
 
-TEST(Height, MaxLineCountBeforeTheLayoutIsUsedByIt) {
+TEST(Height, MaxLineCountSetBeforeTheFirstLayoutIsApplied) {
   const Phone phone;
-  auto banner = container("A"_ns, nullptr, "1\n2\n3\n4"_ns);
+  auto banner = makeBanner("A"_ns, nullptr, "1\n2\n3\n4"_ns);
   EXPECT_FALSE(banner->showingAllLines());
   banner->setMaxLineCount(3);
   EXPECT_TRUE(banner->showingAllLines());
-  const Shown shown(banner);
-  EXPECT_EQ(shown.banner->bodyLabel()->measuredNumberOfLines(), 3u);
+  const LaidOutBanner laidOut(banner);
+  EXPECT_EQ(laidOut.banner->bodyLabel()->measuredNumberOfLines(), 3u);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace test {
 
 namespace {
 
-// Where the phone keeps the preferences domain, in its root.
+// The path of the preferences domain below the phone's root.
 constexpr const char* preferencesFile = "var/mobile/Library/GNUstep/Defaults/com.marrowgate.brimprefs.plist";
 
 std::string propertyListValue(const Json& value) {
@@ -34,38 +34,38 @@ void storePreferences(const std::filesystem::path& root, const std::map<std::str
 
 std::filesystem::path makeFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "brim-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder can be made");
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot create a temporary folder");
   return pattern;
 }
 
 }  // namespace
 
-Phone::Phone(Setup setup) : folder(makeFolder()) {
-  if (setup.options.root.empty()) setup.options.root = folder / "root";
+Phone::Phone(Setup setup) : folder_(makeFolder()) {
+  if (setup.options.root.empty()) setup.options.root = folder_ / "root";
   if (!setup.options.time) setup.options.time = startTime;
   storePreferences(setup.options.root, setup.settings);
-  session.emplace(setup.options);
-  pool.emplace();
+  session_.emplace(setup.options);
+  pool_.emplace();
 }
 
 Phone::~Phone() {
-  pool.reset();
-  session.reset();
+  pool_.reset();
+  session_.reset();
   std::error_code ignored;
-  std::filesystem::remove_all(folder, ignored);
+  std::filesystem::remove_all(folder_, ignored);
 }
 
-Json Phone::answer(const Json& command) { return session->run(command); }
+Json Phone::runUnchecked(const Json& command) { return session_->run(command); }
 
 Json Phone::run(const Json& command) {
-  Json answer = session->run(command);
-  EXPECT_TRUE(answer.at("ok").get<bool>()) << command << " was answered with " << answer;
+  Json answer = session_->run(command);
+  EXPECT_TRUE(answer.at("ok").get<bool>()) << command << " failed: " << answer;
   return answer;
 }
 
-std::string Phone::refusal(const Json& command) {
-  const Json answer = session->run(command);
-  EXPECT_FALSE(answer.at("ok").get<bool>()) << command << " was obeyed";
+std::string Phone::runExpectingError(const Json& command) {
+  const Json answer = session_->run(command);
+  EXPECT_FALSE(answer.at("ok").get<bool>()) << command << " succeeded, but an error was expected";
   return answer.value("error", "");
 }
 
@@ -96,21 +96,21 @@ Json Phone::view(int controller, const std::string& property) {
 }
 
 std::string Phone::picture() {
-  const std::filesystem::path path = folder / "picture.png";
+  const std::filesystem::path path = folder_ / "picture.png";
   run({{"do", "screenshot"}, {"path", path.string()}});
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::filesystem::path Phone::root() const { return folder / "root"; }
+std::filesystem::path Phone::root() const { return folder_ / "root"; }
 
-std::vector<Json> nodes(const Json& trees, const std::function<bool(const Json&)>& matches) {
+std::vector<Json> nodes(const Json& trees, const std::function<bool(const Json&)>& predicate) {
   std::vector<Json> found;
   for (const Json& node : trees) {
-    if (matches(node)) found.push_back(node);
+    if (predicate(node)) found.push_back(node);
     if (!node.contains("children")) continue;
-    const std::vector<Json> below = nodes(node.at("children"), matches);
-    found.insert(found.end(), below.begin(), below.end());
+    const std::vector<Json> descendants = nodes(node.at("children"), predicate);
+    found.insert(found.end(), descendants.begin(), descendants.end());
   }
   return found;
 }

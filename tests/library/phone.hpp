@@ -1,5 +1,5 @@
-// A phone of one's own for a test: a temporary root, started with the options and settings that the test names. A
-// process has one.
+// A simulated phone for a test. It has a temporary root and is started with the options and settings of the test. Only
+// one phone can exist in a process.
 #pragma once
 
 #include <filesystem>
@@ -19,7 +19,7 @@ using Json = nlohmann::ordered_json;
 
 struct Setup {
   runner::Options options;
-  // Stored in the preferences domain before the phone starts.
+  // Stored in the preferences domain before the phone starts. The keys are those of the settings.
   std::map<std::string, Json> settings;
 };
 
@@ -28,41 +28,45 @@ class Phone {
   explicit Phone(Setup setup = {});
   ~Phone();
 
-  // Obeys a command that must succeed; a failure fails the test.
+  // Executes a command of the script interface and returns its answer. The test fails if the command fails.
   Json run(const Json& command);
-  // Obeys a command that may be refused, and gives the whole answer.
-  Json answer(const Json& command);
-  // Obeys a command that must be refused, and gives the reason.
-  std::string refusal(const Json& command);
+  // Executes a command that is allowed to fail, and returns its answer.
+  Json runUnchecked(const Json& command);
+  // Executes a command that must fail, and returns the error. The test fails if the command succeeds.
+  std::string runExpectingError(const Json& command);
 
+  // Writes a setting from outside the library; null removes it.
   void set(const std::string& key, const Json& value);
+  // Advances the clock.
   void wait(double seconds);
-  // Presents a notification of the Messages app, or of the section named, and gives its controller's number.
+  // Presents a notification, of the Messages app unless the fields name another section. Returns the controller's
+  // number.
   int present(const Json& fields = Json::object());
   Json state(int controller);
+  // The events since the last call.
   Json log();
 
   // The view trees of all windows, or of one controller.
   Json windows(std::optional<int> controller = std::nullopt);
-  // The controller's banner, null without one.
+  // The node of the controller's banner, null if it has none.
   Json banner(int controller);
-  // The view that the banner holds under that name, null where there is none.
+  // The node of the view that the banner stores in that property, null if there is none.
   Json view(int controller, const std::string& property);
-  // The bytes of a picture of the screen.
+  // A screenshot, as the bytes of a PNG.
   std::string picture();
 
   std::filesystem::path root() const;
 
  private:
-  std::filesystem::path folder;
-  std::optional<runner::Session> session;
-  // What a test's own messages autorelease.
-  std::optional<objc::AutoreleasePool> pool;
+  std::filesystem::path folder_;
+  std::optional<runner::Session> session_;
+  // For the objects that the test's own messages autorelease.
+  std::optional<objc::AutoreleasePool> pool_;
 };
 
-// Every node of the trees for which the predicate holds, outermost first.
-std::vector<Json> nodes(const Json& trees, const std::function<bool(const Json&)>& matches);
-// The first node with that value in that field, null where there is none.
+// Every node that satisfies the predicate; a node precedes its children.
+std::vector<Json> nodes(const Json& trees, const std::function<bool(const Json&)>& predicate);
+// The first node with that value in that field, null if there is none.
 Json firstNode(const Json& trees, const std::string& field, const Json& value);
 // The events of that kind.
 std::vector<Json> eventsOf(const Json& events, const std::string& kind);

@@ -14,29 +14,29 @@ constexpr const char* words[] = {
     "", " ", "Anna", "Bert: ", "Hello", "1\n2\n3\n4\n5", "Are we still on for lunch today?"};
 constexpr const char* identifiers[] = {"reply", "MTAlarmSnoozeAction", "like"};
 constexpr const char* labels[] = {"Close", "Clear", "Reply", "Open", "Snooze", "Stop", "Anna", "Hello"};
-// Around the times at which something happens.
+// Seconds. Many are just before, at or just after the duration of an animation or a timer.
 constexpr double waits[] = {0, 0.001, 1.0 / 60, 0.1, 0.15, 0.3, 0.4, 0.5, 0.7, 0.72, 0.74, 0.8, 1, 4.9, 5, 20};
 constexpr double distances[] = {-200, -60, -25, -20, -19, -12, -3, 0, 3, 12, 41, 100, 164, 300};
-constexpr const char* endings[] = {"release", "release", "cancel", "hold"};
+constexpr const char* dragEnds[] = {"release", "release", "cancel", "hold"};
 constexpr const char* flags[] = {"backgroundBlur", "showButtons",      "vibrate_on_send", "24_h_clock",
                                  "statusbar",      "boldButtons",      "enableGrabber",   "hide_unless_expanded",
                                  "tinyBanner",     "tinyBannerNoText", "enabled"};
-constexpr const char* counts[] = {"maxLineCount",         "containerColor", "textAlignment", "timeToDismiss",
-                                  "messagesAutoReadMode", "appIconPfp",     "topOffset",     "headerFontSize"};
-constexpr const char* kinds[] = {"scroll", "click", "trigger"};
+constexpr const char* integers[] = {"maxLineCount",         "containerColor", "textAlignment", "timeToDismiss",
+                                    "messagesAutoReadMode", "appIconPfp",     "topOffset",     "headerFontSize"};
+constexpr const char* longLookKinds[] = {"scroll", "click", "trigger"};
 
 }  // namespace
 
-RandomCommands::RandomCommands(std::uint64_t seed, std::filesystem::path folder)
-    : generator(seed), pictures(std::move(folder)) {}
+RandomCommands::RandomCommands(std::uint64_t seed, std::filesystem::path screenshotFolder)
+    : generator_(seed), screenshotFolder_(std::move(screenshotFolder)) {}
 
-std::size_t RandomCommands::below(std::size_t count) { return static_cast<std::size_t>(generator() % count); }
+std::size_t RandomCommands::below(std::size_t count) { return static_cast<std::size_t>(generator_() % count); }
 
 double RandomCommands::between(double low, double high) {
   return low + (high - low) * static_cast<double>(below(1001)) / 1000;
 }
 
-// Mostly one of the newest; now and then one that has gone, or never was.
+// Usually one of the three newest controllers. Occasionally any other one, which can be released or not exist.
 std::size_t RandomCommands::controller(std::size_t controllers) {
   if (oneIn(20)) return below(controllers + 2);
   return controllers - std::min(controllers, below(3));
@@ -64,7 +64,7 @@ Json RandomCommands::wait() { return {{"do", "wait"}, {"seconds", oneOf(waits)}}
 
 Json RandomCommands::drag(std::size_t controllers) {
   Json command = {{"do", "drag"}, {"by", {between(-5, 5), oneOf(distances)}}, {"steps", below(4) + 1}};
-  command["end"] = oneOf(endings);
+  command["end"] = oneOf(dragEnds);
   if (oneIn(4))
     command["controller"] = controller(controllers);
   else if (oneIn(6))
@@ -85,13 +85,13 @@ Json RandomCommands::keyboard() {
 
 Json RandomCommands::set() {
   if (oneIn(2)) return {{"do", "set"}, {"key", oneOf(flags)}, {"value", oneIn(4) ? Json(nullptr) : Json(oneIn(2))}};
-  return {{"do", "set"}, {"key", oneOf(counts)}, {"value", oneIn(4) ? Json(nullptr) : Json(below(6))}};
+  return {{"do", "set"}, {"key", oneOf(integers)}, {"value", oneIn(4) ? Json(nullptr) : Json(below(6))}};
 }
 
-Json RandomCommands::platform(std::size_t controllers) {
+Json RandomCommands::platformEvent(std::size_t controllers) {
   switch (below(7)) {
     case 0:
-      // Seldom, as each loads another wallpaper.
+      // Infrequent, because each change of the appearance loads another wallpaper.
       if (oneIn(4)) return {{"do", "appearance"}, {"style", oneIn(2) ? "light" : "dark"}};
       return {{"do", "lock"}};
     case 1:
@@ -99,7 +99,7 @@ Json RandomCommands::platform(std::size_t controllers) {
     case 2:
       return {{"do", "press"}, {"type", oneIn(3) ? 102 : 101}, {"force", below(2)}};
     case 3:
-      return {{"do", "longlook"}, {"controller", controller(controllers)}, {"kind", oneOf(kinds)}};
+      return {{"do", "longlook"}, {"controller", controller(controllers)}, {"kind", oneOf(longLookKinds)}};
     case 4:
       return {{"do", "dismiss"}, {"controller", controller(controllers)}, {"transition", oneIn(4) ? 30 : below(3)}};
     case 5:
@@ -112,10 +112,10 @@ Json RandomCommands::platform(std::size_t controllers) {
   }
 }
 
-Json RandomCommands::look(std::size_t controllers) {
+Json RandomCommands::inspection(std::size_t controllers) {
   switch (below(8)) {
     case 0:
-      return {{"do", "screenshot"}, {"path", (pictures / "picture.png").string()}, {"scale", 0.25}};
+      return {{"do", "screenshot"}, {"path", (screenshotFolder_ / "picture.png").string()}, {"scale", 0.25}};
     case 1:
       return {{"do", "tree"}};
     case 2:
@@ -137,8 +137,8 @@ Json RandomCommands::next(std::size_t controllers) {
   if (choice < 77) return tap(controllers);
   if (choice < 83) return keyboard();
   if (choice < 86) return set();
-  if (choice < 97) return platform(controllers);
-  return look(controllers);
+  if (choice < 97) return platformEvent(controllers);
+  return inspection(controllers);
 }
 
 }  // namespace test

@@ -1,4 +1,5 @@
-// Commands of the script by chance: every command that needs no other process, with every field it takes.
+// Random commands of the script interface, the same ones for the same seed. Every command that needs no second process
+// occurs, with each of its fields.
 #pragma once
 
 #include <cstdint>
@@ -12,16 +13,18 @@ namespace test {
 
 class RandomCommands {
  public:
-  // Pictures are written into the folder.
-  RandomCommands(std::uint64_t seed, std::filesystem::path folder);
+  // Screenshots are written to the folder.
+  RandomCommands(std::uint64_t seed, std::filesystem::path screenshotFolder);
 
-  // Controllers are chosen among those presented so far.
+  // The argument is the number of controllers that were presented so far.
   nlohmann::ordered_json next(std::size_t controllers);
 
  private:
   using Json = nlohmann::ordered_json;
 
+  // A number from 0 to count - 1.
   std::size_t below(std::size_t count);
+  // True with the probability 1 / count.
   bool oneIn(std::size_t count) { return below(count) == 0; }
   double between(double low, double high);
   template <class Value, std::size_t count>
@@ -36,12 +39,12 @@ class RandomCommands {
   Json tap(std::size_t controllers);
   Json keyboard();
   Json set();
-  Json platform(std::size_t controllers);
-  Json look(std::size_t controllers);
+  Json platformEvent(std::size_t controllers);
+  Json inspection(std::size_t controllers);
   Json texts();
 
-  std::mt19937_64 generator;
-  std::filesystem::path pictures;
+  std::mt19937_64 generator_;
+  std::filesystem::path screenshotFolder_;
 };
 
 }  // namespace test

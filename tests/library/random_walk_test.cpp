@@ -1,12 +1,12 @@
-// Walks through the commands by chance. BRIM_WALK_STEPS makes the walks longer, BRIM_WALK_SEED begins them elsewhere;
-// a walk that fails prints its seed and the commands since the screen was last empty.
+// Random walks: long sequences of random commands. BRIM_WALK_STEPS is the number of commands of a walk, BRIM_WALK_SEED
+// the seed of the first walk. A walk that fails prints its seed and the commands since the screen was last empty.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <cstring>
 
 #include "simulator/uikit/rendering/renderer.hpp"
-#include "tests/library/banner_rules.hpp"
+#include "tests/library/banner_invariants.hpp"
 #include "tests/library/live_objects.hpp"
 #include "tests/library/random_commands.hpp"
 
@@ -17,25 +17,28 @@ using test::Phone;
 
 constexpr std::size_t defaultSteps = 5000;
 constexpr std::size_t comparedPictures = 150;
-constexpr std::size_t stepsBetweenRests = 200;
-// Until then pictures, fonts and formatters are loaded for the first time; settings keep a few values of their own.
-constexpr std::size_t restsUntilAllIsLoaded = 5;
-constexpr std::size_t objectsThatMayStay = 40;
-// Foundation keeps a string now and then.
-constexpr std::size_t bannersToAStringThatStays = 40;
+constexpr std::size_t stepsBetweenResets = 200;
+// Objects are counted after this number of resets, because pictures, fonts and formatters are loaded at their first
+// use.
+constexpr std::size_t warmUpResets = 5;
+// The settings retain a few values.
+constexpr std::size_t maxNewObjects = 40;
+// Foundation occasionally retains a string: at most one for this number of banners.
+constexpr std::size_t bannersPerRetainedString = 40;
 
-// What a command that came by chance may be refused for.
-constexpr const char* reasons[] = {"there is no controller", "no longer on screen",         "was dismissed and is gone",
-                                   "no banner is on screen", "nothing on the screen reads", "is outside the screen",
-                                   "banner shows nothing",   "nothing has the keyboard",    "a finger is held"};
+// Parts of the errors that a random command can cause.
+constexpr const char* expectedErrors[] = {
+    "there is no controller", "no longer on screen",         "was dismissed and is gone",
+    "no banner is on screen", "nothing on the screen reads", "is outside the screen",
+    "banner shows nothing",   "nothing has the keyboard",    "a finger is held"};
 
-std::size_t number(const char* variable, std::size_t otherwise) {
+std::size_t environmentNumber(const char* variable, std::size_t defaultNumber) {
   const char* text = getenv(variable);
-  return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);
+  return text == nullptr ? defaultNumber : std::strtoull(text, nullptr, 10);
 }
 
-bool isExpected(const std::string& refusal) {
-  return std::ranges::any_of(reasons, [&](const char* reason) { return refusal.find(reason) != std::string::npos; });
+bool isExpected(const std::string& error) {
+  return std::ranges::any_of(expectedErrors, [&](const char* part) { return error.find(part) != std::string::npos; });
 }
 
 const unsigned char* row(const drawing::Canvas& canvas, int y) {
@@ -43,7 +46,7 @@ const unsigned char* row(const drawing::Canvas& canvas, int y) {
          static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(canvas.surface());
 }
 
-// Where two pictures of one size first differ, and how; empty where they do not.
+// Describes the first different pixel of two pictures that have the same size. Empty if the pictures are equal.
 std::string differenceBetween(const drawing::Canvas& left, const drawing::Canvas& right) {
   const auto bytes = static_cast<std::size_t>(right.pixelWidth()) * 4;
   for (int y = 0; y < right.pixelHeight(); ++y) {
@@ -59,87 +62,88 @@ std::string differenceBetween(const drawing::Canvas& left, const drawing::Canvas
 
 class Walk {
  public:
-  explicit Walk(std::uint64_t start) : seed(start), commands(start, phone.root()) {}
+  explicit Walk(std::uint64_t seed) : seed_(seed), commands_(seed, phone_.root()) {}
 
   void run(std::size_t steps) {
-    openKeyboardOnce();
+    openKeyboard();
     for (std::size_t step = 1; step <= steps && !HasFailure(); ++step) {
-      take(commands.next(rules.count()));
-      if (step % stepsBetweenRests == 0 && !HasFailure()) rest();
+      execute(commands_.next(invariants_.bannerCount()));
+      if (step % stepsBetweenResets == 0 && !HasFailure()) reset();
     }
-    if (!HasFailure()) rest();
+    if (!HasFailure()) reset();
   }
 
  private:
   static bool HasFailure() { return testing::Test::HasFailure(); }
 
-  void take(const Json& command) {
-    taken.push_back(command.dump());
-    if (command.at("do") == "drag") rules.expectDrag();
-    const Json answer = phone.answer(command);
+  void execute(const Json& command) {
+    executed_.push_back(command.dump());
+    if (command.at("do") == "drag") invariants_.expectDrag();
+    const Json answer = phone_.runUnchecked(command);
     if (!answer.at("ok") && !isExpected(answer.at("error"))) return fail(answer.dump());
-    if (const std::string problem = rules.broken(phone.log()); !problem.empty()) fail(problem);
+    if (const std::string problem = invariants_.violation(phone_.log()); !problem.empty()) fail(problem);
   }
 
-  // It stays for the next field, and is no banner's.
-  void openKeyboardOnce() {
-    take({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
-    take({{"do", "wait"}, {"seconds", 1}});
-    take({{"do", "drag"}, {"by", {0, 200}}});
-    take({{"do", "wait"}, {"seconds", 1}});
-    rest();
+  // The keyboard's views remain for later text fields. They must not be counted as objects of a banner.
+  void openKeyboard() {
+    execute({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
+    execute({{"do", "wait"}, {"seconds", 1}});
+    execute({{"do", "drag"}, {"by", {0, 200}}});
+    execute({{"do", "wait"}, {"seconds", 1}});
+    reset();
   }
 
-  // Everything is sent away, and nothing may be left.
-  void rest() {
-    take({{"do", "drag"}, {"at", {5, 800}}, {"by", {0, 0}}, {"end", "cancel"}});
-    take({{"do", "lock"}});
-    take({{"do", "press"}, {"type", 101}, {"force", 0}});
-    take({{"do", "withdraw"}});
-    take({{"do", "set"}, {"key", "timeToDismiss"}, {"value", nullptr}});
-    take({{"do", "wait"}, {"seconds", 60}});
+  // Dismisses every banner and empties the list. Afterwards no object of a banner may exist.
+  void reset() {
+    execute({{"do", "drag"}, {"at", {5, 800}}, {"by", {0, 0}}, {"end", "cancel"}});
+    execute({{"do", "lock"}});
+    execute({{"do", "press"}, {"type", 101}, {"force", 0}});
+    execute({{"do", "withdraw"}});
+    execute({{"do", "set"}, {"key", "timeToDismiss"}, {"value", nullptr}});
+    execute({{"do", "wait"}, {"seconds", 60}});
     if (HasFailure()) return;
-    if (const std::string problem = rules.brokenAtRest(); !problem.empty()) return fail(problem);
+    if (const std::string problem = invariants_.violationOnEmptyScreen(); !problem.empty()) return fail(problem);
     compareLiveObjects();
-    taken.clear();
+    executed_.clear();
   }
 
   void compareLiveObjects() {
-    if (++rests == restsUntilAllIsLoaded) {
-      test::countLiveObjects();
+    if (++resets_ == warmUpResets) {
+      test::startCountingLiveObjects();
       return;
     }
-    const std::ptrdiff_t held = rests < restsUntilAllIsLoaded ? 0 : test::liveObjects();
-    const auto allowed = static_cast<std::ptrdiff_t>(objectsThatMayStay + rules.count() / bannersToAStringThatStays);
-    if (held > allowed) fail(std::to_string(held) + " objects are held that were not before");
+    const std::ptrdiff_t liveObjects = resets_ < warmUpResets ? 0 : test::liveObjectCount();
+    const auto allowed =
+        static_cast<std::ptrdiff_t>(maxNewObjects + invariants_.bannerCount() / bannersPerRetainedString);
+    if (liveObjects > allowed) fail(std::to_string(liveObjects) + " objects are alive that did not exist before");
   }
 
   void fail(const std::string& problem) {
-    std::string report = problem + "\nseed " + std::to_string(seed) + "; the commands since the last rest:\n";
-    for (const std::string& command : taken) report += command + "\n";
+    std::string report = problem + "\nseed " + std::to_string(seed_) + "; the commands since the last reset:\n";
+    for (const std::string& command : executed_) report += command + "\n";
     ADD_FAILURE() << report;
   }
 
-  std::uint64_t seed;
-  Phone phone;
-  test::RandomCommands commands;
-  test::BannerRules rules;
-  std::vector<std::string> taken;
-  std::size_t rests = 0;
+  std::uint64_t seed_;
+  Phone phone_;
+  test::RandomCommands commands_;
+  test::BannerInvariants invariants_;
+  std::vector<std::string> executed_;
+  std::size_t resets_ = 0;
 };
 
 class RandomWalk : public testing::TestWithParam<std::uint64_t> {};
 
-TEST_P(RandomWalk, BreaksNoRuleOfABannersLife) {
-  const std::uint64_t seed = number("BRIM_WALK_SEED", 1) + GetParam();
+TEST_P(RandomWalk, KeepsTheInvariantsOfBanners) {
+  const std::uint64_t seed = environmentNumber("BRIM_WALK_SEED", 1) + GetParam();
   RecordProperty("seed", std::to_string(seed));
   std::printf("seed %llu\n", static_cast<unsigned long long>(seed));
-  Walk(seed).run(number("BRIM_WALK_STEPS", defaultSteps));
+  Walk(seed).run(environmentNumber("BRIM_WALK_STEPS", defaultSteps));
 }
 
-// Pictures paint only what changed since the last one.
-TEST_P(RandomWalk, PaintsWhatAScreenPaintedFromNothingShows) {
-  const std::uint64_t seed = number("BRIM_WALK_SEED", 1) + GetParam();
+// The renderer repaints only what has changed since its last picture.
+TEST_P(RandomWalk, IncrementalRenderingEqualsFullRendering) {
+  const std::uint64_t seed = environmentNumber("BRIM_WALK_SEED", 1) + GetParam();
   test::Setup setup;
   setup.options.library = GetParam() % 2 == 0 ? process::LibraryUse::Mapped : process::LibraryUse::Absent;
   Phone phone(setup);
@@ -147,7 +151,7 @@ TEST_P(RandomWalk, PaintsWhatAScreenPaintedFromNothingShows) {
   const double scale = GetParam() == 0 ? 3 : 1;
   for (std::size_t step = 0; step < comparedPictures; ++step) {
     const Json command = commands.next(springboard::bannerCount());
-    phone.answer(command);
+    phone.runUnchecked(command);
     const std::string difference = differenceBetween(*uikit::renderScreen(scale), *uikit::paintScreen(scale));
     ASSERT_EQ(difference, "") << "after step " << step << ", " << command.dump() << "; seed " << seed;
   }

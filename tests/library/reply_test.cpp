@@ -11,11 +11,11 @@ using test::controllerOf;
 using test::Json;
 using test::Phone;
 
-constexpr double instant = 0.001;
+constexpr double oneMillisecond = 0.001;
 const std::map<std::string, Json> withButtons = {{"showButtons", true}};
 
-// A banner that can be answered through its application's action, pulled open.
-int presentOpen(Phone& phone, const Json& fields = Json::object()) {
+// Presents a notification whose application has a reply action, and expands its banner.
+int presentExpanded(Phone& phone, const Json& fields = Json::object()) {
   Json all = {{"section", "org.example.chat"},
               {"title", "Anna"},
               {"message", "Hello"},
@@ -29,14 +29,14 @@ int presentOpen(Phone& phone, const Json& fields = Json::object()) {
   return controller;
 }
 
-std::vector<std::string> actions(Phone& phone) {
+std::vector<std::string> executedActions(Phone& phone) {
   std::vector<std::string> found;
   for (const Json& event : phone.log())
     if (event.at("event") == "action") found.push_back(event.at("identifier"));
   return found;
 }
 
-void press(Phone& phone, const char* label) { phone.run({{"do", "tap"}, {"label", label}}); }
+void tapLabel(Phone& phone, const char* label) { phone.run({{"do", "tap"}, {"label", label}}); }
 void type(Phone& phone, const char* text) { phone.run({{"do", "type"}, {"text", text}}); }
 void key(Phone& phone, const char* name) { phone.run({{"do", "key"}, {"name", name}}); }
 
@@ -44,27 +44,28 @@ UIView* backdrop(int controller) {
   return static_cast<UIView*>(containerOf(controller)->superview()->subviews()->objectAtIndex(0));
 }
 
-double shownAlpha(const UIView* view) { return uikit::record(view).layer.opacity.shown(); }
+// The opacity on screen, which differs from the alpha during an animation.
+double visibleAlpha(const UIView* view) { return uikit::record(view).layer.opacity.shown(); }
 
-TEST(ReplyField, TakesThePlaceOfTheButtonsInThreeTwentiethsOfASecond) {
+TEST(ReplyField, ReplacesTheButtonsIn150Milliseconds) {
   Phone phone({.options = {}, .settings = withButtons});
-  const int controller = presentOpen(phone);
-  press(phone, "Reply");
+  const int controller = presentExpanded(phone);
+  tapLabel(phone, "Reply");
   EXPECT_FALSE(phone.view(controller, "reply").at("hidden"));
   EXPECT_EQ(phone.view(controller, "_buttonStackView").at("alpha"), 0);
-  phone.wait(0.15 - instant);
+  phone.wait(0.15 - oneMillisecond);
   EXPECT_FALSE(containerOf(controller)->reply()->isFirstResponder());
   EXPECT_FALSE(phone.view(controller, "_clearButton").at("hidden"));
-  phone.wait(2 * instant);
+  phone.wait(2 * oneMillisecond);
   EXPECT_TRUE(containerOf(controller)->reply()->isFirstResponder());
   for (const char* button : {"_closeButton", "_clearButton", "_replyButton"})
     EXPECT_TRUE(phone.view(controller, button).at("hidden")) << button;
 }
 
-TEST(ReplyField, KeepsTheButtonsAwayOnceItIsOpen) {
+TEST(ReplyField, KeepsTheButtonsHiddenWhileItIsOpen) {
   Phone phone({.options = {}, .settings = withButtons});
-  const int controller = presentOpen(phone);
-  press(phone, "Reply");
+  const int controller = presentExpanded(phone);
+  tapLabel(phone, "Reply");
   phone.wait(1);
   containerOf(controller)->setButtonsAlpha(1);
   EXPECT_TRUE(phone.view(controller, "_closeButton").at("hidden"));
@@ -73,26 +74,26 @@ TEST(ReplyField, KeepsTheButtonsAwayOnceItIsOpen) {
 
 TEST(ReplyField, StaysClosedWhenItsAnimationIsInterrupted) {
   Phone phone({.options = {}, .settings = withButtons});
-  const int controller = presentOpen(phone);
-  press(phone, "Reply");
-  const auto held = objc::retain(containerOf(controller));
+  const int controller = presentExpanded(phone);
+  tapLabel(phone, "Reply");
+  const auto banner = objc::retain(containerOf(controller));
   phone.wait(0.05);
   phone.run({{"do", "lock"}});
   phone.wait(1);
-  EXPECT_FALSE(held->reply()->isFirstResponder());
-  held->setButtonsAlpha(0.5);
-  EXPECT_EQ(static_cast<UIView*>(held->reply())->alpha(), 1);
+  EXPECT_FALSE(banner->reply()->isFirstResponder());
+  banner->setButtonsAlpha(0.5);
+  EXPECT_EQ(static_cast<UIView*>(banner->reply())->alpha(), 1);
 }
 
-TEST(ReplyField, MakesTheBannersWindowKey) {
+TEST(ReplyField, MakesTheBannerWindowKey) {
   Phone phone;
-  const int controller = presentOpen(phone);
+  const int controller = presentExpanded(phone);
   EXPECT_EQ(UIApplication::sharedApplication()->keyWindow(), containerOf(controller)->window());
 }
 
-TEST(ReplyField, SendsWhatWasTypedOnReturn) {
+TEST(ReplyField, SendsTheTypedTextOnReturn) {
   Phone phone;
-  const int controller = presentOpen(phone);
+  const int controller = presentExpanded(phone);
   type(phone, "Yesss");
   key(phone, "backspace");
   key(phone, "backspace");
@@ -104,108 +105,108 @@ TEST(ReplyField, SendsWhatWasTypedOnReturn) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(ReplyField, DismissesOnReturnWhenItIsEmptyOrHoldsOneBlank) {
+TEST(ReplyField, DismissesOnReturnIfItIsEmptyOrOneSpace) {
   Phone phone;
   for (const char* text : {"", " "}) {
-    const int controller = presentOpen(phone);
+    const int controller = presentExpanded(phone);
     type(phone, text);
     key(phone, "return");
-    EXPECT_EQ(actions(phone), std::vector<std::string>{}) << "'" << text << "'";
+    EXPECT_EQ(executedActions(phone), std::vector<std::string>{}) << "'" << text << "'";
     EXPECT_TRUE(phone.state(controller).at("isDismissing"));
     phone.wait(2);
   }
 }
 
-TEST(ReplyField, SendsTwoBlanks) {
+TEST(ReplyField, SendsTwoSpaces) {
   Phone phone;
-  presentOpen(phone);
+  presentExpanded(phone);
   type(phone, "  ");
   key(phone, "return");
-  EXPECT_EQ(actions(phone)[0], "reply");
+  EXPECT_EQ(executedActions(phone)[0], "reply");
 }
 
-TEST(ReplyField, TakesTouchesOnlyWhereOneCanAnswer) {
+TEST(ReplyField, IsEnabledOnlyIfAReplyIsPossible) {
   Phone phone;
-  for (const auto& [section, canAnswer] : {std::pair{"com.apple.mobilemail", false}, {"com.apple.MobileSMS", true}}) {
+  for (const auto& [section, canReply] : {std::pair{"com.apple.mobilemail", false}, {"com.apple.MobileSMS", true}}) {
     BrimTextField* field = containerOf(phone.present({{"section", section}}))->reply();
-    EXPECT_EQ((objc::send<bool, "isEnabled">(field)), canAnswer) << section;
-    EXPECT_EQ((objc::send<bool, "isUserInteractionEnabled">(field)), canAnswer) << section;
+    EXPECT_EQ((objc::send<bool, "isEnabled">(field)), canReply) << section;
+    EXPECT_EQ((objc::send<bool, "isUserInteractionEnabled">(field)), canReply) << section;
   }
 }
 
-TEST(ReplyField, IsNotThereForAnAlarm) {
+TEST(ReplyField, DoesNotOpenForAnAlarm) {
   Phone phone;
-  const int controller = presentOpen(phone, {{"section", "com.apple.mobiletimer"}, {"close", true}});
+  const int controller = presentExpanded(phone, {{"section", "com.apple.mobiletimer"}, {"close", true}});
   containerOf(controller)->replyButtonPressed(nullptr);
   phone.wait(1);
   EXPECT_TRUE(static_cast<UIView*>(containerOf(controller)->reply())->isHidden());
   EXPECT_FALSE(containerOf(controller)->reply()->isFirstResponder());
 }
 
-TEST(Backdrop, FadesInWithinThreeTenthsOfASecond) {
+TEST(Backdrop, FadesFor300Milliseconds) {
   Phone phone;
-  const int controller = presentOpen(phone);
+  const int controller = presentExpanded(phone);
   const UIView* blur = backdrop(controller);
   EXPECT_FALSE(blur->isHidden());
-  EXPECT_DOUBLE_EQ(shownAlpha(blur), 1);
+  EXPECT_DOUBLE_EQ(visibleAlpha(blur), 1);
   containerOf(controller)->setOverlayWithAnimation(0);
   EXPECT_DOUBLE_EQ(blur->alpha(), 0);
-  phone.wait(0.3 - instant);
-  EXPECT_GT(shownAlpha(blur), 0);
+  phone.wait(0.3 - oneMillisecond);
+  EXPECT_GT(visibleAlpha(blur), 0);
   EXPECT_FALSE(blur->isHidden());
-  phone.wait(2 * instant);
-  EXPECT_DOUBLE_EQ(shownAlpha(blur), 0);
+  phone.wait(2 * oneMillisecond);
+  EXPECT_DOUBLE_EQ(visibleAlpha(blur), 0);
   EXPECT_TRUE(blur->isHidden());
 }
 
-TEST(Backdrop, ATapForgetsTheTextAndDismisses) {
+TEST(Backdrop, TapDiscardsTheTextAndDismisses) {
   Phone phone;
-  const int controller = presentOpen(phone);
+  const int controller = presentExpanded(phone);
   type(phone, "Not this");
   phone.run({{"do", "tap"}, {"at", {187, 400}}});
   EXPECT_EQ(phone.view(controller, "reply").at("text"), "");
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
   phone.wait(2);
-  EXPECT_EQ(actions(phone), std::vector<std::string>{});
+  EXPECT_EQ(executedActions(phone), std::vector<std::string>{});
   EXPECT_TRUE(phone.state(controller).at("dismissed"));
 }
 
-TEST(Backdrop, GoesWithTheBanner) {
+TEST(Backdrop, FadesOutWithTheBanner) {
   Phone phone;
-  const int controller = presentOpen(phone);
+  const int controller = presentExpanded(phone);
   const auto blur = objc::retain(backdrop(controller));
-  test::command({{"command", "dismiss"}});
+  test::postCommand({{"command", "dismiss"}});
   phone.wait(0.31);
   EXPECT_TRUE(blur->isHidden());
 }
 
-TEST(Backdrop, IsNotShownWithoutBlur) {
+TEST(Backdrop, IsHiddenWithoutBlur) {
   Phone phone({.options = {}, .settings = {{"backgroundBlur", false}}});
-  const int controller = presentOpen(phone);
+  const int controller = presentExpanded(phone);
   ASSERT_TRUE(containerOf(controller)->reply()->isFirstResponder());
   EXPECT_TRUE(backdrop(controller)->isHidden());
   EXPECT_DOUBLE_EQ(backdrop(controller)->alpha(), 0);
 }
 
-TEST(ButtonRow, CloseDismissesAndNothingElse) {
+TEST(ButtonRow, CloseDismissesWithoutAnAction) {
   Phone phone({.options = {}, .settings = withButtons});
-  const int controller = presentOpen(phone);
-  press(phone, "Close");
+  const int controller = presentExpanded(phone);
+  tapLabel(phone, "Close");
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
-  EXPECT_EQ(actions(phone), std::vector<std::string>{});
+  EXPECT_EQ(executedActions(phone), std::vector<std::string>{});
 }
 
-TEST(ButtonRow, ClearHandsTheClearActionOver) {
+TEST(ButtonRow, ClearExecutesTheClearAction) {
   Phone phone({.options = {}, .settings = withButtons});
-  const int controller = presentOpen(phone);
-  press(phone, "Clear");
+  const int controller = presentExpanded(phone);
+  tapLabel(phone, "Clear");
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
-  EXPECT_EQ(actions(phone), std::vector<std::string>{"com.apple.UNNotificationDismissActionIdentifier"});
+  EXPECT_EQ(executedActions(phone), std::vector<std::string>{"com.apple.UNNotificationDismissActionIdentifier"});
 }
 
-TEST(ButtonRow, ReadsCloseClearReplyFromLeftToRight) {
+TEST(ButtonRow, OrderIsCloseClearReply) {
   Phone phone({.options = {}, .settings = withButtons});
-  const int controller = presentOpen(phone);
+  const int controller = presentExpanded(phone);
   const auto left = [&](const char* name) { return phone.view(controller, name).at("frame")[0].get<double>(); };
   EXPECT_LT(left("_closeButton"), left("_clearButton"));
   EXPECT_LT(left("_clearButton"), left("_replyButton"));
@@ -214,9 +215,9 @@ TEST(ButtonRow, ReadsCloseClearReplyFromLeftToRight) {
   EXPECT_EQ(close[3], 36);
 }
 
-TEST(ButtonRow, OpenDoesNotReactWhereNothingCanBeAnswered) {
+TEST(ButtonRow, OpenIsDisabledIfNoReplyIsPossible) {
   Phone phone({.options = {}, .settings = withButtons});
-  const int controller = presentOpen(phone, {{"actions", Json::array()}});
+  const int controller = presentExpanded(phone, {{"actions", Json::array()}});
   const Json open = phone.view(controller, "_replyButton");
   EXPECT_FALSE(open.at("enabled"));
   EXPECT_FALSE(open.at("interactive"));
@@ -229,21 +230,21 @@ TEST(ButtonRow, OpenDoesNotReactWhereNothingCanBeAnswered) {
   EXPECT_FALSE(containerOf(controller)->reply()->isFirstResponder());
 }
 
-TEST(ButtonRow, OfAnAlarmThatCannotSnoozeIsStopAlone) {
+TEST(ButtonRow, OfAnAlarmWithoutSnoozeHasOnlyStop) {
   Phone phone;
   const int controller =
-      presentOpen(phone, {{"section", "com.apple.mobiletimer"}, {"close", true}, {"actions", Json::array()}});
+      presentExpanded(phone, {{"section", "com.apple.mobiletimer"}, {"close", true}, {"actions", Json::array()}});
   EXPECT_TRUE(phone.view(controller, "_snoozeButton").is_null());
   EXPECT_FALSE(phone.view(controller, "_stopAlarmButton").at("hidden"));
   containerOf(controller)->setButtonsAlpha(0);
   EXPECT_TRUE(phone.view(controller, "_stopAlarmButton").at("hidden"));
 }
 
-TEST(Buttons, GoToADelegateThatIsThere) {
+TEST(Buttons, DoNothingWithoutADelegate) {
   Phone phone({.options = {}, .settings = withButtons});
-  const int controller = presentOpen(phone);
+  const int controller = presentExpanded(phone);
   containerOf(controller)->setDelegate(nullptr);
-  press(phone, "Close");
+  tapLabel(phone, "Close");
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 

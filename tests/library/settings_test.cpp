@@ -13,32 +13,31 @@ using test::Phone;
 
 Json settings(Phone& phone) { return phone.run({{"do", "settings"}}).at("settings"); }
 
-// In registration order.
 Json allDefaults() {
   Json values;
   for (const test::SettingRow& row : test::settingRows)
-    values[row.key] = row.type == test::SettingType::Bool ? Json(row.standard != 0) : Json(row.standard);
+    values[row.key] = row.type == test::SettingType::Bool ? Json(row.defaultValue != 0) : Json(row.defaultValue);
   return values;
 }
 const Json defaults = allDefaults();
 
-TEST(Settings, AnEmptyDomainGivesTheDefaultsInOrder) {
+TEST(Settings, AreTheDefaultsInRegistrationOrderIfNothingIsStored) {
   Phone phone;
   EXPECT_EQ(settings(phone).dump(), defaults.dump());
 }
 
-TEST(Settings, AStoredValueReachesItsVariableAndRemovalBringsTheDefaultBack) {
+TEST(Settings, StoredValueIsUsedAndRemovalRestoresTheDefault) {
   Phone phone;
-  for (const auto& [key, standard] : defaults.items()) {
-    const Json other = standard.is_boolean() ? Json(!standard.get<bool>()) : Json(standard.get<int>() + 7);
+  for (const auto& [key, defaultValue] : defaults.items()) {
+    const Json other = defaultValue.is_boolean() ? Json(!defaultValue.get<bool>()) : Json(defaultValue.get<int>() + 7);
     phone.set(key, other);
     EXPECT_EQ(settings(phone).at(key), other) << key;
     phone.set(key, nullptr);
-    EXPECT_EQ(settings(phone).at(key), standard) << key;
+    EXPECT_EQ(settings(phone).at(key), defaultValue) << key;
   }
 }
 
-TEST(Settings, ValuesOfAWrongTypeGiveTheDefault) {
+TEST(Settings, ValueOfAWrongTypeMeansTheDefault) {
   Phone phone;
   for (const Json& wrong : {Json("abc"), Json(""), Json::array({1}), Json({{"a", 1}})}) {
     phone.set("maxLineCount", wrong);
@@ -48,7 +47,7 @@ TEST(Settings, ValuesOfAWrongTypeGiveTheDefault) {
   }
 }
 
-TEST(Settings, StringsOfTheDefaultsToolAreRead) {
+TEST(Settings, StringsWrittenByTheDefaultsToolAreParsed) {
   Phone phone;
   phone.set("maxLineCount", "7");
   phone.set("tinyBanner", "YES");
@@ -56,11 +55,11 @@ TEST(Settings, StringsOfTheDefaultsToolAreRead) {
   EXPECT_EQ(settings(phone).at("tinyBanner"), true);
 }
 
-TEST(Settings, ExtremesDoNotEndTheProcess) {
+TEST(Settings, ExtremeValuesDoNotEndTheProcess) {
   Phone phone;
   for (const std::int64_t extreme : {INT64_MAX, INT64_MIN, std::int64_t{-1}, std::int64_t{0}, std::int64_t{100'000}}) {
-    for (const auto& [key, standard] : defaults.items())
-      if (standard.is_number()) phone.set(key, extreme);
+    for (const auto& [key, defaultValue] : defaults.items())
+      if (defaultValue.is_number()) phone.set(key, extreme);
     phone.present({{"title", "Title"}, {"message", "Message"}});
     phone.wait(2);
     phone.windows();
@@ -68,15 +67,15 @@ TEST(Settings, ExtremesDoNotEndTheProcess) {
   }
 }
 
-struct Badge {
+struct BadgeCase {
   int setting;
   bool shown;
   bool icon;
 };
 
-class BadgeSetting : public testing::TestWithParam<Badge> {};
+class BadgeSetting : public testing::TestWithParam<BadgeCase> {};
 
-TEST_P(BadgeSetting, ChoosesGlyphOrIcon) {
+TEST_P(BadgeSetting, SelectsGlyphOrIcon) {
   test::Setup setup;
   setup.settings = {{"appIconPfp", GetParam().setting}};
   Phone phone(setup);
@@ -91,10 +90,11 @@ TEST_P(BadgeSetting, ChoosesGlyphOrIcon) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, BadgeSetting,
-                         testing::Values(Badge{-1, false, false}, Badge{0, false, false}, Badge{1, true, false},
-                                         Badge{2, true, true}, Badge{3, true, false}));
+                         testing::Values(BadgeCase{-1, false, false}, BadgeCase{0, false, false},
+                                         BadgeCase{1, true, false}, BadgeCase{2, true, true},
+                                         BadgeCase{3, true, false}));
 
-TEST(Settings, NoTimeToDismissMeansAtOnce) {
+TEST(Settings, TimeToDismissOfZeroMeansImmediately) {
   test::Setup setup;
   setup.settings = {{"timeToDismiss", 0}};
   Phone phone(setup);
@@ -103,12 +103,12 @@ TEST(Settings, NoTimeToDismissMeansAtOnce) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-// Each setting that changes what is seen, with a value that shows it.
+// A visible setting, a value other than its default, and a notification whose banner looks different with that value.
 struct Effect {
   const char* key;
   Json value;
   Json notification;
-  std::map<std::string, Json> background = {};
+  std::map<std::string, Json> otherSettings = {};
 };
 
 void PrintTo(const Effect& effect, std::ostream* stream) { *stream << effect.key; }
@@ -121,10 +121,10 @@ std::string pictureWith(Phone& phone, const Json& notification) {
   return phone.picture();
 }
 
-TEST_P(SettingEffect, IsSeenInThePicture) {
+TEST_P(SettingEffect, ChangesThePicture) {
   test::Setup setup;
   setup.options.time = 1767303660;
-  setup.settings = GetParam().background;
+  setup.settings = GetParam().otherSettings;
   Phone phone(setup);
   const std::string before = pictureWith(phone, GetParam().notification);
   phone.run({{"do", "lock"}});
@@ -133,22 +133,23 @@ TEST_P(SettingEffect, IsSeenInThePicture) {
   EXPECT_NE(before, pictureWith(phone, GetParam().notification));
 }
 
-const Json anna = {{"title", "Anna Weber"}, {"message", "One\nTwo\nThree\nFour"}};
+const Json longMessage = {{"title", "Anna Weber"}, {"message", "One\nTwo\nThree\nFour"}};
 const Json alarmWithoutText = {{"title", "Alarm"}};
 
-INSTANTIATE_TEST_SUITE_P(Visible, SettingEffect,
-                         testing::Values(Effect{"backgroundBlur", false, anna}, Effect{"24_h_clock", false, anna},
-                                         Effect{"statusbar", false, anna}, Effect{"enableGrabber", false, anna},
-                                         Effect{"hide_unless_expanded", true, anna}, Effect{"tinyBanner", true, anna},
-                                         Effect{"tinyBannerNoText", true, alarmWithoutText},
-                                         Effect{"maxLineCount", 3, anna}, Effect{"containerCornerRadius", 5, anna},
-                                         Effect{"appCornerRadius", 4, anna}, Effect{"appSize", 60, anna},
-                                         Effect{"containerColor", 3, anna}, Effect{"textAlignment", 3, anna},
-                                         Effect{"topOffset", 40, anna}, Effect{"headerFontSize", 22, anna},
-                                         Effect{"textFontSize", 20, anna}, Effect{"statusbarFontSize", 11, anna},
-                                         Effect{"tinyBannerFontSize", 20, anna, {{"tinyBanner", true}}}));
+INSTANTIATE_TEST_SUITE_P(
+    Visible, SettingEffect,
+    testing::Values(Effect{"backgroundBlur", false, longMessage}, Effect{"24_h_clock", false, longMessage},
+                    Effect{"statusbar", false, longMessage}, Effect{"enableGrabber", false, longMessage},
+                    Effect{"hide_unless_expanded", true, longMessage}, Effect{"tinyBanner", true, longMessage},
+                    Effect{"tinyBannerNoText", true, alarmWithoutText}, Effect{"maxLineCount", 3, longMessage},
+                    Effect{"containerCornerRadius", 5, longMessage}, Effect{"appCornerRadius", 4, longMessage},
+                    Effect{"appSize", 60, longMessage}, Effect{"containerColor", 3, longMessage},
+                    Effect{"textAlignment", 3, longMessage}, Effect{"topOffset", 40, longMessage},
+                    Effect{"headerFontSize", 22, longMessage}, Effect{"textFontSize", 20, longMessage},
+                    Effect{"statusbarFontSize", 11, longMessage},
+                    Effect{"tinyBannerFontSize", 20, longMessage, {{"tinyBanner", true}}}));
 
-TEST(SettingEffect, ButtonsAreInTheTreeOnlyWhenSwitchedOn) {
+TEST(SettingEffect, ButtonsExistOnlyIfTheSettingIsOn) {
   Phone phone;
   EXPECT_TRUE(phone.view(phone.present({{"title", "T"}}), "_buttonStackView").is_null());
   phone.run({{"do", "lock"}});
@@ -170,7 +171,7 @@ TEST(SettingEffect, BoldButtonsHaveBoldTitles) {
   EXPECT_EQ(titleWeight(), "bold");
 }
 
-TEST(SettingEffect, TimeToDismissIsWhenTheBannerGoes) {
+TEST(SettingEffect, TimeToDismissDelaysTheAutomaticDismissal) {
   test::Setup setup;
   setup.settings = {{"timeToDismiss", 2}};
   Phone phone(setup);

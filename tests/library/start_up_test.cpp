@@ -9,17 +9,17 @@ namespace {
 using test::Json;
 using test::Phone;
 
-Phone onVersion(const std::string& version) {
+Phone phoneWithSystem(const std::string& version) {
   test::Setup setup;
   setup.options.systemVersion = version;
   return Phone(setup);
 }
 
-Json rows(Phone& phone) { return phone.run({{"do", "hooks"}}).at("rows"); }
+Json installedRows(Phone& phone) { return phone.run({{"do", "hooks"}}).at("rows"); }
 
-TEST(StartUp, InstallsTheWholeTableInOrder) {
+TEST(StartUp, InstallsTheHookTableInOrder) {
   Phone phone;
-  const Json installed = rows(phone);
+  const Json installed = installedRows(phone);
   ASSERT_EQ(installed.size(), std::size(test::hookRows));
   for (std::size_t index = 0; index < std::size(test::hookRows); ++index) {
     SCOPED_TRACE(index);
@@ -30,17 +30,17 @@ TEST(StartUp, InstallsTheWholeTableInOrder) {
   }
 }
 
-TEST(StartUp, OnlyTheMessagesRowsAreInertInTheHomeScreen) {
+TEST(StartUp, OnlyTheHooksOfMessagesHaveNoEffectInTheHomeScreen) {
   Phone phone;
-  for (const Json& row : rows(phone))
+  for (const Json& row : installedRows(phone))
     EXPECT_EQ(row.at("effective"), row.at("class") != "CKConversationListController") << row;
 }
 
 class NotificationViewClass : public testing::TestWithParam<std::pair<const char*, const char*>> {};
 
-TEST_P(NotificationViewClass, IsThatOfTheSystemVersion) {
-  Phone phone = onVersion(GetParam().first);
-  const Json first = rows(phone).at(0);
+TEST_P(NotificationViewClass, DependsOnTheSystemVersion) {
+  Phone phone = phoneWithSystem(GetParam().first);
+  const Json first = installedRows(phone).at(0);
   EXPECT_EQ(first.at("class"), GetParam().second);
   EXPECT_TRUE(first.at("effective"));
   EXPECT_FALSE(phone.banner(phone.present({{"title", "T"}})).is_null());
@@ -53,18 +53,18 @@ INSTANTIATE_TEST_SUITE_P(Versions, NotificationViewClass,
                                          std::pair("12.4", "NCNotificationViewControllerView"),
                                          std::pair("13.5", "NCNotificationViewControllerView")));
 
-TEST(StartUp, SwitchedOffNothingIsInstalledAndThePlatformsBannerStays) {
+TEST(StartUp, DisabledLibraryInstallsNothing) {
   test::Setup setup;
   setup.settings = {{"enabled", false}};
   Phone phone(setup);
-  EXPECT_TRUE(rows(phone).empty());
+  EXPECT_TRUE(installedRows(phone).empty());
   const int controller = phone.present({{"title", "T"}});
   EXPECT_TRUE(phone.banner(controller).is_null());
   phone.set("enabled", true);
   EXPECT_TRUE(phone.banner(phone.present({{"title", "T"}})).is_null());
 }
 
-TEST(StartUp, SwitchingOffLaterKeepsTheBannersUntilTheNextStart) {
+TEST(StartUp, DisablingTakesEffectAtTheNextStart) {
   Phone phone;
   phone.set("enabled", false);
   EXPECT_FALSE(phone.banner(phone.present({{"title", "T"}})).is_null());

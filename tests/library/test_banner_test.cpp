@@ -13,7 +13,7 @@ using test::eventsOf;
 using test::Json;
 using test::Phone;
 
-Json askForTestBanner(Phone& phone) {
+Json requestTestBanner(Phone& phone) {
   phone.log();
   phone.run({{"do", "testbanner"}});
   return phone.log();
@@ -23,7 +23,7 @@ TEST(TestBanner, IsPublishedAsANotificationOfMessages) {
   test::Setup setup;
   setup.options.time = 1584178860.0;
   Phone phone(setup);
-  const auto published = eventsOf(askForTestBanner(phone), "publish");
+  const auto published = eventsOf(requestTestBanner(phone), "publish");
   ASSERT_EQ(published.size(), 1U);
   const Json& bulletin = published[0];
   EXPECT_EQ(bulletin.at("title"), "Brim");
@@ -37,7 +37,7 @@ TEST(TestBanner, IsPublishedAsANotificationOfMessages) {
     EXPECT_EQ(bulletin.at(date), "2020-03-14T09:41:00.000Z") << date;
 }
 
-TEST(TestBanner, IsABannerThatCanBeAnswered) {
+TEST(TestBanner, HasAReplyField) {
   Phone phone;
   const int controller = phone.run({{"do", "testbanner"}}).at("controller");
   EXPECT_EQ(phone.view(controller, "headerLabel").at("text"), "Brim");
@@ -45,8 +45,8 @@ TEST(TestBanner, IsABannerThatCanBeAnswered) {
   EXPECT_FALSE(phone.view(controller, "reply").is_null());
 }
 
-// Some requests come back while this process is still speaking to the daemon.
-TEST(TestBanner, OfManyRequestsEachIsDelivered) {
+// Some of the notifications return from the daemon while this process is still sending to it.
+TEST(TestBanner, EachOfManyRequestsIsDelivered) {
   Phone phone;
   for (int request = 1; request <= 20; ++request) {
     EXPECT_EQ(phone.run({{"do", "testbanner"}}).at("controller"), request);
@@ -54,18 +54,18 @@ TEST(TestBanner, OfManyRequestsEachIsDelivered) {
   }
 }
 
-TEST(TestBanner, HasIdentifiersOfItsOwnEachTime) {
+TEST(TestBanner, HasUniqueIdentifiers) {
   Phone phone;
   std::set<std::string> identifiers;
   for (int request = 0; request < 2; ++request) {
-    for (const Json& bulletin : eventsOf(askForTestBanner(phone), "publish"))
+    for (const Json& bulletin : eventsOf(requestTestBanner(phone), "publish"))
       for (const char* field : {"bulletinID", "recordID", "publisherBulletinID"})
         identifiers.insert(bulletin.at(field).get<std::string>());
   }
   EXPECT_EQ(identifiers.size(), 6U);
 }
 
-TEST(TestBanner, VibratesWhateverTheSettingAndNeverUsesTheEngine) {
+TEST(TestBanner, VibratesRegardlessOfTheSettingWithoutTheHapticEngine) {
   Phone phone({.options = {}, .settings = {{"vibrate_on_send", false}}});
   for (const auto& [level, sound] : std::map<int, Json>{{0, {{"event", "sound"}, {"call", "alert"}, {"id", 4095}}},
                                                         {1, {{"event", "sound"}, {"call", "system"}, {"id", 1520}}},
@@ -73,13 +73,13 @@ TEST(TestBanner, VibratesWhateverTheSettingAndNeverUsesTheEngine) {
     uikit::Environment environment = uikit::environment();
     environment.device.feedbackSupportLevel = level;
     uikit::setEnvironment(environment);
-    const Json events = askForTestBanner(phone);
+    const Json events = requestTestBanner(phone);
     EXPECT_EQ(events[0], sound) << level;
     EXPECT_TRUE(eventsOf(events, "haptic").empty());
   }
 }
 
-// As it is before the platform has made its server, or when it could not make one.
+// Restores the state before the platform has created its server. It is also the state after it failed to create one.
 void forgetServer() {
   const SEL selector = sel_registerName("initWithQueue:");
   const IMP initializer = class_getMethodImplementation(BBServer::classObject(), selector);
@@ -89,17 +89,17 @@ void forgetServer() {
 TEST(TestBanner, OnlyVibratesWithoutAServer) {
   Phone phone;
   forgetServer();
-  const Json events = askForTestBanner(phone);
+  const Json events = requestTestBanner(phone);
   EXPECT_EQ(eventsOf(events, "sound").size(), 1U);
   EXPECT_TRUE(eventsOf(events, "publish").empty());
 }
 
-TEST(TestBanner, IsPublishedByTheServerThatWasMadeLast) {
+TEST(TestBanner, IsPublishedByTheLatestServer) {
   Phone phone;
   forgetServer();
   const auto server =
       objc::adopt(objc::send<BBServer*, "initWithQueue:">(objc::allocate<BBServer>(), static_cast<NSObject*>(nullptr)));
-  EXPECT_EQ(eventsOf(askForTestBanner(phone), "publish").size(), 1U);
+  EXPECT_EQ(eventsOf(requestTestBanner(phone), "publish").size(), 1U);
 }
 
 }  // namespace

@@ -5,14 +5,14 @@
 namespace {
 
 using test::Json;
-using test::message;
 using test::Phone;
 using test::phoneWith;
+using test::sampleMessage;
 using test::top;
 using test::width;
 
-// What stands in a label's runs, bold text between asterisks.
-std::string marked(const Json& label) {
+// The text of a label, with asterisks around each bold run.
+std::string withBoldMarks(const Json& label) {
   std::string text;
   for (const Json& run : label.at("runs")) {
     const std::string piece = run.at("text");
@@ -36,7 +36,7 @@ TEST_P(TinyLine, JoinsHeaderAndBody) {
   if (GetParam().body != nullptr) fields["message"] = GetParam().body;
   const int controller = phone.present(fields);
   phone.wait(1);
-  EXPECT_EQ(marked(phone.view(controller, "headerLabel")), GetParam().shown);
+  EXPECT_EQ(withBoldMarks(phone.view(controller, "headerLabel")), GetParam().shown);
   EXPECT_TRUE(phone.view(controller, "subHeaderLabel").is_null());
   EXPECT_EQ(phone.view(controller, "bodyLabel").value("text", ""), "");
   EXPECT_DOUBLE_EQ(width(phone.view(controller, "_appIV")), 20);
@@ -54,16 +54,16 @@ INSTANTIATE_TEST_SUITE_P(
                     TinyCase{nullptr, "Hi there", "Hi there"}, TinyCase{"John", nullptr, "*John*"},
                     TinyCase{"😀", "👍🏽", "*😀: *👍🏽"}));
 
-TEST(TinyBanner, WithNothingToSayIsEmpty) {
+TEST(TinyBanner, WithoutTextsIsEmpty) {
   Phone phone = phoneWith({{"tinyBanner", true}});
   const int controller = phone.present();
   phone.wait(1);
   EXPECT_EQ(phone.view(controller, "headerLabel").value("text", ""), "");
 }
 
-TEST(TinyBanner, LineStandsOnePointBelowTheIconsTop) {
+TEST(TinyBanner, LineIsOnePointBelowTheTopOfTheIcon) {
   Phone phone = phoneWith({{"tinyBanner", true}});
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   EXPECT_DOUBLE_EQ(top(phone.view(controller, "headerLabel")), top(phone.view(controller, "_appIV")) + 1);
   EXPECT_TRUE(phone.view(controller, "_appDetailImage").is_null());
@@ -78,16 +78,16 @@ TEST_P(Privacy, HidesEveryText) {
   EXPECT_EQ(phone.view(controller, "headerLabel").at("text"), "Content hidden");
   EXPECT_EQ(phone.view(controller, "bodyLabel").value("text", ""), "");
   EXPECT_TRUE(phone.view(controller, "subHeaderLabel").is_null());
-  const Json everything = phone.windows(controller);
-  EXPECT_EQ(everything.dump().find("Anna"), std::string::npos);
-  EXPECT_EQ(everything.dump().find("Hush"), std::string::npos);
+  const Json tree = phone.windows(controller);
+  EXPECT_EQ(tree.dump().find("Anna"), std::string::npos);
+  EXPECT_EQ(tree.dump().find("Hush"), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(NormalAndTiny, Privacy, testing::Bool());
 
-TEST(Privacy, SaysSoInTheUsersLanguage) {
+TEST(Privacy, PlaceholderIsLocalized) {
   Phone phone = phoneWith({{"hide_unless_expanded", true}}, [](runner::Options& options) { options.locale = "de_DE"; });
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   EXPECT_NE(phone.view(controller, "headerLabel").at("text"), "Content hidden");
 }
 

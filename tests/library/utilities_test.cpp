@@ -22,7 +22,7 @@ std::string digest(const char* text) {
 
 std::string typeOf(NSObject* object) { return TypeCheckHelper::getTypeOf(object)->UTF8String(); }
 
-TEST(Digest, IsUpperCaseHexadecimal) {
+TEST(Digest, IsUppercaseHexadecimal) {
   const Phone phone;
   EXPECT_EQ(digest(""), "D41D8CD98F00B204E9800998ECF8427E");
   EXPECT_EQ(digest("abc"), "900150983CD24FB0D6963F7D28E17F72");
@@ -31,7 +31,7 @@ TEST(Digest, IsUpperCaseHexadecimal) {
             "57EDF4A22BE3C955AC49DA2E2107B67A");
 }
 
-TEST(Digest, EndsAtTheFirstZeroByte) {
+TEST(Digest, CoversTheBytesBeforeTheFirstZero) {
   const Phone phone;
   const char bytes[] = {'a', 'b', 'c', 0, 'd'};
   const auto text = NSString::decoded(NSData::dataWithBytes(bytes, sizeof bytes), NSStringEncoding::UTF8);
@@ -44,27 +44,27 @@ TEST(Digest, OfNilIsNil) {
   EXPECT_EQ((objc::send<NSString*, "MD5String">(nullptr)), nullptr);
 }
 
-TEST(RandomString, HasTheLengthAndOnlyLowerCaseLetters) {
+TEST(RandomString, HasTheGivenLengthAndOnlyLowercaseLetters) {
   const Phone phone;
   const std::string text = generateRandomString(8)->UTF8String();
   ASSERT_EQ(text.size(), 8u);
   for (const char letter : text) EXPECT_TRUE(letter >= 'a' && letter <= 'z') << text;
 }
 
-TEST(RandomString, IsEmptyForNoLengthOrLess) {
+TEST(RandomString, IsEmptyForZeroOrNegativeLength) {
   const Phone phone;
   EXPECT_EQ(generateRandomString(0)->length(), 0u);
   EXPECT_EQ(generateRandomString(-5)->length(), 0u);
 }
 
-TEST(RandomString, DrawsEveryLetterAboutEquallyOften) {
+TEST(RandomString, ContainsEveryLetterAboutEquallyOften) {
   const Phone phone;
   constexpr int count = 26'000;
-  std::array<int, 26> drawn{};
+  std::array<int, 26> counts{};
   const std::string text = generateRandomString(count)->UTF8String();
-  for (const char letter : text) ++drawn.at(static_cast<std::size_t>(letter - 'a'));
-  // Ten standard deviations around a thousand of each.
-  for (const int times : drawn) EXPECT_NEAR(times, 1000, 310);
+  for (const char letter : text) ++counts.at(static_cast<std::size_t>(letter - 'a'));
+  // The expected count is 1000, and 310 are ten standard deviations.
+  for (const int occurrences : counts) EXPECT_NEAR(occurrences, 1000, 310);
 }
 
 TEST(RandomString, DiffersFromCallToCall) {
@@ -74,7 +74,7 @@ TEST(RandomString, DiffersFromCallToCall) {
   EXPECT_EQ(seen.size(), 1000u);
 }
 
-TEST(ParentViewController, IsNilForAViewWithoutAnythingAbove) {
+TEST(ParentViewController, IsNilForAViewWithoutAController) {
   const Phone phone;
   const auto outer = UIView::withFrame<UIView>({});
   const auto inner = UIView::withFrame<UIView>({});
@@ -82,7 +82,7 @@ TEST(ParentViewController, IsNilForAViewWithoutAnythingAbove) {
   EXPECT_EQ(parentViewController(inner), nullptr);
 }
 
-TEST(ParentViewController, IsTheControllerOfTheNearestControlledView) {
+TEST(ParentViewController, IsTheControllerOfTheNearestViewThatHasOne) {
   const Phone phone;
   const auto controller = objc::make<UIViewController>();
   const auto between = UIView::withFrame<UIView>({});
@@ -93,7 +93,7 @@ TEST(ParentViewController, IsTheControllerOfTheNearestControlledView) {
   EXPECT_EQ(parentViewController(controller->view()), controller.get());
 }
 
-TEST(TypeName, IsThatOfTheFirstKnownClassThatFits) {
+TEST(TypeName, IsTheFirstMatchingKnownClass) {
   const Phone phone;
   EXPECT_EQ(typeOf("text"_ns), "NSString");
   EXPECT_EQ(typeOf(NSMutableString::stringWithCapacity(1)), "NSString");
@@ -104,7 +104,7 @@ TEST(TypeName, IsThatOfTheFirstKnownClassThatFits) {
   EXPECT_EQ(typeOf(objc::send<NSObject*, "UUID">(objc::lookUpClass<"NSUUID">())), "NSUUID");
 }
 
-TEST(TypeName, OfAnythingElseIsItsClassMarkedAsUndefined) {
+TEST(TypeName, OfAnUnknownClassIsMarkedAsUndefined) {
   const Phone phone;
   const auto view = UIView::withFrame<UIView>({});
   EXPECT_EQ(typeOf(view), "Undefined(UIView)");

@@ -1,4 +1,5 @@
-// What other applications keep on the phone, made for a test under the phone's root.
+// Creates the files of other applications below the root of a simulated phone, and pictures that tests can distinguish
+// by their color.
 #pragma once
 
 #include <filesystem>
@@ -6,26 +7,27 @@
 
 namespace test {
 
-// Colors of pictures, by which tests tell them apart.
 enum class Color { Red, Green, Blue };
 
-// The bytes of a small PNG.
+// The bytes of a small PNG in one color.
 std::string pictureBytes(Color color);
 void writePicture(const std::filesystem::path& path, Color color);
 
+// Creates the folders of the path if they are missing. Throws if the file cannot be written.
 void writeFile(const std::filesystem::path& path, const std::string& bytes);
+// Empty if the file cannot be read.
 std::string readFile(const std::filesystem::path& path);
 
-// The folders of containers.
+// The folders in which the platform creates the containers of applications.
 std::filesystem::path sharedContainers(const std::filesystem::path& root);
 std::filesystem::path dataContainers(const std::filesystem::path& root);
 
 inline constexpr const char* metadataName = ".com.apple.mobile_container_manager.metadata.plist";
 
-// A property list that names a container's identifier.
+// The property list with a container's identifier, which the platform stores in the container as metadataName.
 std::string metadata(const std::string& identifier);
 
-// A container of that name and identifier in one of the folders; gives its path.
+// Creates a container with a metadata file. Returns its path.
 std::filesystem::path makeContainer(const std::filesystem::path& containers, const std::string& name,
                                     const std::string& identifier);
 

@@ -1,4 +1,4 @@
-// Discord, Instagram and Messenger: pictures by an address that the notification tells or implies.
+// Discord, Instagram and Messenger: the address of the picture is in the user info, or is built from it.
 #include <gtest/gtest.h>
 
 #include <set>
@@ -12,8 +12,8 @@ using test::Colors;
 using test::Delivery;
 using test::Json;
 using test::PhotoPhone;
+using test::Targets;
 using test::Timing;
-using Targets = std::vector<std::string>;
 
 constexpr const char* discord = "com.hammerandchisel.discord";
 constexpr const char* instagram = "com.burbn.instagram";
@@ -21,50 +21,50 @@ constexpr const char* messenger = "com.facebook.Messenger";
 
 Json discordAuthor(const Json& author) { return {{"message", {{"author", author}}}}; }
 
-TEST(DiscordPhoto, IsTheAuthorsAvatarOfEightyPixels) {
+TEST(DiscordPhoto, IsTheAvatarOfTheAuthorWith80Pixels) {
   PhotoPhone phone;
   phone.serve("/avatars/123/abc.png?size=80", Color::Red);
-  EXPECT_EQ(phone.shownAfter(discord, discordAuthor({{"id", "123"}, {"avatar", "abc"}})), Colors{Color::Red});
-  EXPECT_EQ(phone.asked(), Targets{"/avatars/123/abc.png?size=80"});
+  EXPECT_EQ(phone.picturesAfter(discord, discordAuthor({{"id", "123"}, {"avatar", "abc"}})), Colors{Color::Red});
+  EXPECT_EQ(phone.requestedTargets(), Targets{"/avatars/123/abc.png?size=80"});
   EXPECT_EQ(phone.server.requests().front().method, "GET");
 }
 
-TEST(DiscordPhoto, AuthorWithoutAvatarIsNotAskedFor) {
+TEST(DiscordPhoto, AuthorWithoutAvatarCausesNoRequest) {
   PhotoPhone phone;
   for (const Json& author : {Json{{"id", "123"}}, Json{{"id", "123"}, {"avatar", nullptr}}, Json{{"avatar", "abc"}}})
-    EXPECT_TRUE(phone.shownAfter(discord, discordAuthor(author)).empty());
-  EXPECT_EQ(phone.asked(), Targets{});
+    EXPECT_TRUE(phone.picturesAfter(discord, discordAuthor(author)).empty());
+  EXPECT_EQ(phone.requestedTargets(), Targets{});
 }
 
-TEST(InstagramPhoto, IsAtTheAddressThatIsSentAlong) {
+TEST(InstagramPhoto, IsLoadedFromTheAddressInTheUserInfo) {
   PhotoPhone phone;
   phone.serve("/photo.jpg?s=1", Color::Green);
-  EXPECT_EQ(phone.shownAfter(instagram, {{"a", phone.server.address("/photo.jpg?s=1")}}), Colors{Color::Green});
+  EXPECT_EQ(phone.picturesAfter(instagram, {{"a", phone.server.address("/photo.jpg?s=1")}}), Colors{Color::Green});
 }
 
 TEST(MessengerPhoto, IsTheSquarePictureOfTheSender) {
   PhotoPhone phone;
   phone.serve("/1000/picture?type=square", Color::Blue);
-  EXPECT_EQ(phone.shownAfter(messenger, {{"p", {{"a", "1000"}}}}), Colors{Color::Blue});
+  EXPECT_EQ(phone.picturesAfter(messenger, {{"p", {{"a", "1000"}}}}), Colors{Color::Blue});
 }
 
-TEST(MessengerPhoto, InnerDictionaryAloneCountsWhereItIsThere) {
+TEST(MessengerPhoto, OnlyTheInnerDictionaryIsUsedIfItExists) {
   PhotoPhone phone;
   phone.present(messenger, {{"rp", {{"p", {{"a", "1"}}}}}, {"p", {{"a", "2"}}}});
   phone.present(messenger, {{"rp", {{"q", 1}}}, {"p", {{"a", "3"}}}});
   phone.present(messenger, {{"rp", {{"p", Json::object()}}}, {"p", {{"a", "4"}}}});
-  phone.settle();
-  EXPECT_EQ(phone.asked(), Targets{"/1/picture?type=square"});
+  phone.waitUntilIdle();
+  EXPECT_EQ(phone.requestedTargets(), Targets{"/1/picture?type=square"});
 }
 
-TEST(MessengerPhoto, WithoutSenderNothingIsAskedFor) {
+TEST(MessengerPhoto, MissingSenderCausesNoRequest) {
   PhotoPhone phone;
   for (const Json& values : {Json::object(), Json{{"p", Json::object()}}, Json{{"a", "1"}}})
-    phone.shownAfter(messenger, values);
-  EXPECT_EQ(phone.asked(), Targets{});
+    phone.picturesAfter(messenger, values);
+  EXPECT_EQ(phone.requestedTargets(), Targets{});
 }
 
-TEST(Download, BannerShowsThePictureWithTheGlyphBesideIt) {
+TEST(Download, BannerShowsThePictureAndTheGlyph) {
   PhotoPhone phone;
   phone.serve("/photo.png", Color::Green);
   const int controller = phone.present(instagram, {{"a", phone.server.address("/photo.png")}});
@@ -82,11 +82,11 @@ TEST(Download, PresentingDoesNotWaitForTheServer) {
   EXPECT_FALSE(phone.phone.banner(controller).is_null());
   EXPECT_TRUE(phone.pictures.all().empty());
   phone.server.release();
-  phone.settle();
+  phone.waitUntilIdle();
   EXPECT_EQ(phone.pictures.all(), Colors{Color::Red});
 }
 
-TEST(Download, BannerThatHasGoneNeedsNoPicture) {
+TEST(Download, DismissedBannerIsGivenNoPicture) {
   PhotoPhone phone;
   phone.server.answer("/photo.png", {.body = pictureBytes(Color::Red), .timing = Timing::WhenReleased});
   const int controller = phone.present(instagram, {{"a", phone.server.address("/photo.png")}});
@@ -94,17 +94,17 @@ TEST(Download, BannerThatHasGoneNeedsNoPicture) {
   phone.phone.wait(10);
   ASSERT_TRUE(phone.phone.state(controller).at("dismissed"));
   phone.server.release();
-  phone.settle();
+  phone.waitUntilIdle();
   EXPECT_TRUE(phone.pictures.all().empty());
 }
 
-TEST(Download, StatusOfThePictureDoesNotMatter) {
+TEST(Download, StatusOfTheResponseIsIgnored) {
   PhotoPhone phone;
   phone.server.answer("/photo.png", {.status = 404, .body = pictureBytes(Color::Red)});
-  EXPECT_EQ(phone.shownAfter(instagram, {{"a", phone.server.address("/photo.png")}}), Colors{Color::Red});
+  EXPECT_EQ(phone.picturesAfter(instagram, {{"a", phone.server.address("/photo.png")}}), Colors{Color::Red});
 }
 
-TEST(Download, WhatCannotBeShownChangesNothing) {
+TEST(Download, ResponseWithoutADecodablePictureChangesNothing) {
   PhotoPhone phone;
   const std::string picture = pictureBytes(Color::Red);
   phone.server.answer("/text", {.body = "<html>no picture</html>"});
@@ -113,28 +113,28 @@ TEST(Download, WhatCannotBeShownChangesNothing) {
   phone.server.answer("/cut", {.body = picture, .delivery = Delivery::CutShort});
   phone.server.answer("/closed", {.delivery = Delivery::Nothing});
   for (const char* target : {"/text", "/empty", "/truncated", "/cut", "/closed", "/missing"})
-    EXPECT_TRUE(phone.shownAfter(instagram, {{"a", phone.server.address(target)}}).empty()) << target;
-  const Targets all = phone.asked();
+    EXPECT_TRUE(phone.picturesAfter(instagram, {{"a", phone.server.address(target)}}).empty()) << target;
+  const Targets all = phone.requestedTargets();
   EXPECT_EQ(std::set<std::string>(all.begin(), all.end()).size(), 6U);
 }
 
-TEST(Download, EndlessAnswerIsGivenUp) {
+TEST(Download, EndlessResponseIsAborted) {
   PhotoPhone phone;
   phone.server.answer("/endless", {.body = std::string(1 << 20, 'x'), .delivery = Delivery::Endless});
-  EXPECT_TRUE(phone.shownAfter(instagram, {{"a", phone.server.address("/endless")}}).empty());
+  EXPECT_TRUE(phone.picturesAfter(instagram, {{"a", phone.server.address("/endless")}}).empty());
 }
 
-TEST(Download, ServerThatIsNotThereChangesNothing) {
+TEST(Download, UnreachableServerChangesNothing) {
   PhotoPhone phone;
-  std::string nobody;
+  std::string unreachable;
   {
-    const test::LoopbackServer gone;
-    nobody = gone.address("/photo.png");
+    const test::LoopbackServer closed;
+    unreachable = closed.address("/photo.png");
   }
-  EXPECT_TRUE(phone.shownAfter(instagram, {{"a", nobody}}).empty());
+  EXPECT_TRUE(phone.picturesAfter(instagram, {{"a", unreachable}}).empty());
 }
 
-TEST(Download, OnlyAddressesOfWebServersAreAskedFor) {
+TEST(Download, OnlyValidHttpAddressesAreRequested) {
   PhotoPhone phone;
   writePicture(phone.root() / "photo.png", Color::Red);
   const std::string server = phone.server.address();
@@ -161,31 +161,31 @@ TEST(Download, OnlyAddressesOfWebServersAreAskedFor) {
                                               "http://[::1",
                                               "https"};
   for (const std::string& address : addresses)
-    EXPECT_TRUE(phone.shownAfter(instagram, {{"a", address}}).empty()) << address;
-  EXPECT_EQ(phone.asked(), Targets{});
+    EXPECT_TRUE(phone.picturesAfter(instagram, {{"a", address}}).empty()) << address;
+  EXPECT_EQ(phone.requestedTargets(), Targets{});
   for (const Json& event : phone.phone.log()) EXPECT_NE(event.at("event"), "http") << event;
 }
 
-TEST(Download, SchemeMayBeInUpperCase) {
+TEST(Download, SchemeIsCaseInsensitive) {
   PhotoPhone phone;
   phone.serve("/photo.png", Color::Red);
   const std::string address = "HTTP" + phone.server.address("/photo.png").substr(4);
-  EXPECT_EQ(phone.shownAfter(instagram, {{"a", address}}), Colors{Color::Red});
+  EXPECT_EQ(phone.picturesAfter(instagram, {{"a", address}}), Colors{Color::Red});
 }
 
-TEST(Download, IdentifiersThatMakeNoAddressAreNotAskedFor) {
+TEST(Download, IdentifiersThatMakeAnInvalidAddressCauseNoRequest) {
   PhotoPhone phone;
   for (const std::string& identifier : {std::string("a b"), std::string("<>\"{}"), std::string("%zz"), std::string("ü"),
                                         std::string("🙂"), std::string("a\nHost: evil"), std::string("\\")}) {
-    phone.shownAfter(messenger, {{"p", {{"a", identifier}}}});
-    phone.shownAfter(discord, discordAuthor({{"id", identifier}, {"avatar", "abc"}}));
+    phone.picturesAfter(messenger, {{"p", {{"a", identifier}}}});
+    phone.picturesAfter(discord, discordAuthor({{"id", identifier}, {"avatar", "abc"}}));
   }
-  EXPECT_EQ(phone.asked(), Targets{});
+  EXPECT_EQ(phone.requestedTargets(), Targets{});
 }
 
-TEST(Download, HugeIdentifierDoesNoHarm) {
+TEST(Download, HugeIdentifierIsHarmless) {
   PhotoPhone phone;
-  EXPECT_TRUE(phone.shownAfter(messenger, {{"p", {{"a", std::string(1 << 20, 'x')}}}}).empty());
+  EXPECT_TRUE(phone.picturesAfter(messenger, {{"p", {{"a", std::string(1 << 20, 'x')}}}}).empty());
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ void recordRequest(Class, SEL, NSURLRequest* request, NSOperationQueue*, objc::B
   requested().emplace_back(objc::send<NSString*, "absoluteString">(url)->UTF8String());
 }
 
-// A phone on which nothing is sent: the network need not be there.
+// A phone that records requests instead of sending them, so that a test can use the addresses of public hosts.
 struct EndpointsPhone : PhotoPhone {
   EndpointsPhone() {
     const auto known = objc::send<Class, "class">(NSURLConnection::classObject());
@@ -31,7 +31,7 @@ struct EndpointsPhone : PhotoPhone {
   }
   fs::path file() const { return root() / "Library/Application Support/Brim/Assets.bundle/endpoints.plist"; }
 
-  Addresses askedOfMessengerAndDiscord() {
+  Addresses requestsOfMessengerAndDiscord() {
     requested().clear();
     present("com.facebook.Messenger", {{"p", {{"a", "1000"}}}});
     present("com.hammerandchisel.discord", {{"message", {{"author", {{"id", "1"}, {"avatar", "a"}}}}}});
@@ -39,65 +39,66 @@ struct EndpointsPhone : PhotoPhone {
   }
 };
 
-Addresses askedOf(const std::string& messenger, const std::string& discord) {
+Addresses expectedRequests(const std::string& messenger, const std::string& discord) {
   return {messenger + "/1000/picture?type=square", discord + "/avatars/1/a.png?size=80"};
 }
 
-const Addresses publicHosts = askedOf("https://graph.facebook.com", "https://cdn.discordapp.com");
+const Addresses requestsToPublicHosts = expectedRequests("https://graph.facebook.com", "https://cdn.discordapp.com");
 
-TEST(Endpoints, StandInTheAssetBundle) {
+TEST(Endpoints, AreReadFromTheAssetBundle) {
   EndpointsPhone phone;
   phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; discordAvatars = "http://two.example:81"; })");
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), askedOf("https://one.example", "http://two.example:81"));
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), expectedRequests("https://one.example", "http://two.example:81"));
 }
 
 TEST(Endpoints, OfTheBuildAreThePublicHosts) {
   EndpointsPhone phone;
   fs::remove(phone.file());
   fs::copy_file(fs::path(BUILT_ENDPOINTS), phone.file());
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts);
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts);
 }
 
-TEST(Endpoints, AreReadAnewForEachBanner) {
+TEST(Endpoints, AreReadAgainForEachBanner) {
   EndpointsPhone phone;
   phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; discordAvatars = "https://two.example"; })");
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), askedOf("https://one.example", "https://two.example"));
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), expectedRequests("https://one.example", "https://two.example"));
   phone.writeEndpoints(R"({ facebookGraph = "https://three.example"; discordAvatars = "https://four.example"; })");
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), askedOf("https://three.example", "https://four.example"));
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), expectedRequests("https://three.example", "https://four.example"));
 }
 
-TEST(Endpoints, ThatAreMissingAreThePublicHost) {
+TEST(Endpoints, DefaultToThePublicHostIfMissing) {
   EndpointsPhone phone;
   phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; })");
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), askedOf("https://one.example", "https://cdn.discordapp.com"));
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(),
+            expectedRequests("https://one.example", "https://cdn.discordapp.com"));
 }
 
-TEST(Endpoints, ThatAreNoWebServersAreThePublicHost) {
+TEST(Endpoints, DefaultToThePublicHostIfInvalid) {
   EndpointsPhone phone;
   for (const char* value : {"(\"https://one.example\")", "{ a = b; }", "<0102>", "\"\"", "nothing",
                             "\"ftp://one.example\"", "\"file:///etc\"", "\"https://\"", "\"https://a b\""}) {
     phone.writeEndpoints(std::string("{ facebookGraph = ") + value + "; discordAvatars = " + value + "; }");
-    EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << value;
+    EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << value;
   }
 }
 
-TEST(Endpoints, FileThatCannotBeReadLeavesThePublicHosts) {
+TEST(Endpoints, DefaultToThePublicHostsIfTheFileIsUnreadable) {
   EndpointsPhone phone;
   fs::remove(phone.file());
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << "no file";
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "no file";
   fs::create_directories(phone.file() / "inside");
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << "a folder";
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "a folder";
   fs::remove_all(phone.file());
   mkfifo(phone.file().c_str(), 0600);
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << "a pipe";
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "a pipe";
   fs::remove(phone.file());
   for (const char* content : {"", "(a, b)", "{ facebookGraph = \"https://one.example\"", "\xff\xfe\x00"}) {
     phone.writeEndpoints(content);
-    EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << content;
+    EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << content;
   }
   phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; })");
   fs::resize_file(phone.file(), 2'000'000);
-  EXPECT_EQ(phone.askedOfMessengerAndDiscord(), publicHosts) << "two megabytes";
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "two megabytes";
 }
 
 }  // namespace

@@ -26,7 +26,6 @@ NSString* text(const std::string& value) { return NSString::stringWithUTF8String
 
 std::string found(const std::string& identifier) { return textOf(FolderFinder::findSharedFolder(text(identifier))); }
 
-// A phone with a folder of shared containers.
 struct FolderFinderTest : testing::Test {
   Phone phone;
   fs::path containers = test::sharedContainers(phone.root());
@@ -59,24 +58,24 @@ TEST_F(FolderFinderTest, ComparesWholeIdentifiers) {
   EXPECT_EQ(found(group), "(nil)");
 }
 
-TEST_F(FolderFinderTest, FirstOfTwoWithTheSameIdentifierIsTheFirstListed) {
+TEST_F(FolderFinderTest, ReturnsTheFirstListedContainerOfEqualIdentifiers) {
   for (const char* name : {"A1", "B2", "C3", "D4"}) makeContainer(containers, name, group);
   const std::string first = fs::directory_iterator(containers)->path().filename();
   EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/" + first);
 }
 
-TEST_F(FolderFinderTest, FolderThatIsNotThereHoldsNothing) {
+TEST_F(FolderFinderTest, FindsNothingInAMissingFolder) {
   EXPECT_EQ(textOf(FolderFinder::findFolder(text(group), "/nowhere/at/all/"_ns)), "(nil)");
   fs::remove_all(containers);
   EXPECT_EQ(found(group), "(nil)");
 }
 
-TEST_F(FolderFinderTest, NameOfTheMetadataMayHaveTextAroundIt) {
+TEST_F(FolderFinderTest, MetadataFileNameCanContainMoreText) {
   writeFile(containers / "A1" / (std::string("before") + metadataName + "after"), metadata(group));
   EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
 }
 
-TEST_F(FolderFinderTest, SecondMetadataFileOfAContainerCountsToo) {
+TEST_F(FolderFinderTest, ReadsEveryMetadataFileOfAContainer) {
   writeFile(containers / "A1" / metadataName, metadata("another"));
   writeFile(containers / "A1" / (std::string(metadataName) + ".old"), metadata(group));
   EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
@@ -88,7 +87,7 @@ TEST_F(FolderFinderTest, NilMatchesNothing) {
   EXPECT_EQ(FolderFinder::findFolder(text(group), nullptr), nullptr);
 }
 
-TEST_F(FolderFinderTest, EveryCallLooksAnew) {
+TEST_F(FolderFinderTest, EveryCallSearchesAgain) {
   EXPECT_EQ(found(group), "(nil)");
   makeContainer(containers, "A1", group);
   EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
@@ -96,25 +95,25 @@ TEST_F(FolderFinderTest, EveryCallLooksAnew) {
   EXPECT_EQ(found(group), "(nil)");
 }
 
-// Kilobytes that the process has held at its largest.
-long maxMemory() {
+// The maximum resident memory of the process, in kilobytes.
+long peakMemory() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
   return usage.ru_maxrss;
 }
 
-// A container that must not be found, and must not keep the next one from being found.
-struct BadContainer {
+// A container with invalid metadata. It must not be found, and it must not end the search for a valid one.
+struct InvalidContainer {
   const char* name;
   void (*make)(const fs::path& metadataFile);
 };
 
 constexpr std::uintmax_t hundredMegabytes = 100'000'000;
 
-const BadContainer badContainers[] = {
+const InvalidContainer invalidContainers[] = {
     {"folder", [](const fs::path& file) { fs::create_directories(file / "inside"); }},
-    {"loop of links", [](const fs::path& file) { fs::create_symlink(file, file); }},
-    {"link that leads nowhere", [](const fs::path& file) { fs::create_symlink("/nowhere", file); }},
+    {"symbolic link to itself", [](const fs::path& file) { fs::create_symlink(file, file); }},
+    {"dangling symbolic link", [](const fs::path& file) { fs::create_symlink("/nowhere", file); }},
     {"pipe", [](const fs::path& file) { mkfifo(file.c_str(), 0600); }},
     {"link to a pipe",
      [](const fs::path& file) {
@@ -122,7 +121,7 @@ const BadContainer badContainers[] = {
        fs::create_symlink("pipe", file);
      }},
     {"link to a folder", [](const fs::path& file) { fs::create_symlink("/", file); }},
-    {"link to a device without end", [](const fs::path& file) { fs::create_symlink("/dev/zero", file); }},
+    {"link to an endless device", [](const fs::path& file) { fs::create_symlink("/dev/zero", file); }},
     {"socket", [](const fs::path& file) { mknod(file.c_str(), S_IFSOCK | 0600, 0); }},
     {"empty", [](const fs::path& file) { writeFile(file, ""); }},
     {"truncated",
@@ -130,8 +129,9 @@ const BadContainer badContainers[] = {
        const std::string whole = metadata(group);
        writeFile(file, whole.substr(0, whole.size() - 20));
      }},
-    {"no property list", [](const fs::path& file) { writeFile(file, std::string("\x00\x01\xff\xfe", 4)); }},
-    {"damaged binary list", [](const fs::path& file) { writeFile(file, "bplist00" + std::string(64, '\xff')); }},
+    {"not a property list", [](const fs::path& file) { writeFile(file, std::string("\x00\x01\xff\xfe", 4)); }},
+    {"damaged binary property list",
+     [](const fs::path& file) { writeFile(file, "bplist00" + std::string(64, '\xff')); }},
     {"array", [](const fs::path& file) { writeFile(file, "(group.org.example.shared)"); }},
     {"without identifier", [](const fs::path& file) { writeFile(file, "{ a = b; }"); }},
     {"identifier of another type", [](const fs::path& file) { writeFile(file, "{ MCMMetadataIdentifier = (a); }"); }},
@@ -142,31 +142,31 @@ const BadContainer badContainers[] = {
      }},
 };
 
-TEST_F(FolderFinderTest, BadMetadataDoesNotMatchAndDoesNotEndTheSearch) {
-  for (const BadContainer& bad : badContainers) {
-    SCOPED_TRACE(bad.name);
-    fs::create_directories(containers / "bad");
-    bad.make(containers / "bad" / metadataName);
+TEST_F(FolderFinderTest, InvalidMetadataDoesNotMatchAndDoesNotEndTheSearch) {
+  for (const InvalidContainer& invalid : invalidContainers) {
+    SCOPED_TRACE(invalid.name);
+    fs::create_directories(containers / "invalid");
+    invalid.make(containers / "invalid" / metadataName);
     EXPECT_EQ(found(group), "(nil)");
-    makeContainer(containers, "good", group);
-    EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/good");
-    fs::remove_all(containers / "bad");
-    fs::remove_all(containers / "good");
+    makeContainer(containers, "valid", group);
+    EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/valid");
+    fs::remove_all(containers / "invalid");
+    fs::remove_all(containers / "valid");
   }
 }
 
 TEST_F(FolderFinderTest, MetadataOfAHundredMegabytesIsNotRead) {
-  fs::create_directories(containers / "bad");
-  badContainers[std::size(badContainers) - 1].make(containers / "bad" / metadataName);
-  const long before = maxMemory();
+  fs::create_directories(containers / "invalid");
+  invalidContainers[std::size(invalidContainers) - 1].make(containers / "invalid" / metadataName);
+  const long before = peakMemory();
   EXPECT_EQ(found(group), "(nil)");
-  EXPECT_LT(maxMemory() - before, 10'000) << "kilobytes";
+  EXPECT_LT(peakMemory() - before, 10'000) << "kilobytes";
 }
 
-TEST_F(FolderFinderTest, MetadataOfAMebibyteIsTheLargest) {
-  constexpr std::size_t largest = 1 << 20;
+TEST_F(FolderFinderTest, MaxMetadataSizeIsOneMebibyte) {
+  constexpr std::size_t maxSize = 1 << 20;
   std::string text = metadata(group);
-  text.resize(largest, ' ');
+  text.resize(maxSize, ' ');
   writeFile(containers / "A1" / metadataName, text);
   EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
   writeFile(containers / "A1" / metadataName, text + " ");
@@ -176,38 +176,38 @@ TEST_F(FolderFinderTest, MetadataOfAMebibyteIsTheLargest) {
 std::ptrdiff_t openFiles() { return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()); }
 
 TEST_F(FolderFinderTest, LeavesNoFileOpen) {
-  makeContainer(containers, "good", group);
-  for (const BadContainer& bad : badContainers) {
-    fs::create_directories(containers / bad.name);
-    bad.make(containers / bad.name / metadataName);
+  makeContainer(containers, "valid", group);
+  for (const InvalidContainer& invalid : invalidContainers) {
+    fs::create_directories(containers / invalid.name);
+    invalid.make(containers / invalid.name / metadataName);
   }
   const std::ptrdiff_t before = openFiles();
-  EXPECT_EQ(found("nobody"), "(nil)");
-  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/good");
+  EXPECT_EQ(found("unknown"), "(nil)");
+  EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/valid");
   EXPECT_EQ(openFiles(), before);
 }
 
 TEST_F(FolderFinderTest, UnreadableMetadataDoesNotMatch) {
   makeContainer(containers, "A1", group);
   fs::permissions(containers / "A1" / metadataName, fs::perms::none);
-  // Those who may do everything can read it all the same.
+  // A privileged user can read the file regardless of its permissions.
   const bool isReadable = access((containers / "A1" / metadataName).c_str(), R_OK) == 0;
   EXPECT_EQ(found(group), isReadable ? "/var/mobile/Containers/Shared/AppGroup/A1" : "(nil)");
 }
 
 TEST_F(FolderFinderTest, LinkToMetadataIsFollowed) {
-  writeFile(phone.root() / "kept.plist", metadata(group));
+  writeFile(phone.root() / "target.plist", metadata(group));
   fs::create_directories(containers / "A1");
-  fs::create_symlink(phone.root() / "kept.plist", containers / "A1" / metadataName);
+  fs::create_symlink(phone.root() / "target.plist", containers / "A1" / metadataName);
   EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
 }
 
-TEST_F(FolderFinderTest, FileAmongTheContainersIsNone) {
+TEST_F(FolderFinderTest, FileAmongTheContainersIsIgnored) {
   writeFile(containers / "file", metadata(group));
   EXPECT_EQ(found(group), "(nil)");
 }
 
-TEST_F(FolderFinderTest, NamesOfEveryKindAreFound) {
+TEST_F(FolderFinderTest, ContainerNameCanHaveAnyCharacters) {
   makeContainer(containers, "a b 🙂 %@ \\ '\"", group);
   EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/a b 🙂 %@ \\ '\"");
 }

@@ -27,7 +27,7 @@ struct Card {
   std::optional<std::string> picture = {};
 };
 
-std::string textOf(const Card& card) {
+std::string vCard(const Card& card) {
   std::string text =
       "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:" + card.identifier + "\r\nN:Family;" + card.givenName + ";;;\r\n";
   for (const std::string& address : card.addresses) text += "EMAIL:" + address + "\r\n";
@@ -38,13 +38,13 @@ std::string textOf(const Card& card) {
 struct MessagesPhone : PhotoPhone {
   explicit MessagesPhone(const std::vector<Card>& cards = {}) {
     std::string book;
-    for (const Card& card : cards) book += textOf(card);
+    for (const Card& card : cards) book += vCard(card);
     if (!book.empty()) test::writeFile(root() / "var/mobile/Library/AddressBook/Contacts.vcf", book);
   }
-  // What a banner with these values is given.
-  Colors shownFor(const Json& userInfo) {
+  // The pictures that a banner with this user info is given.
+  Colors picturesFor(const Json& userInfo) {
     const std::size_t before = pictures.all().size();
-    const Colors& all = shownAfter(messages, userInfo);
+    const Colors& all = picturesAfter(messages, userInfo);
     return {all.begin() + static_cast<std::ptrdiff_t>(before), all.end()};
   }
 };
@@ -52,16 +52,16 @@ struct MessagesPhone : PhotoPhone {
 Json byIdentifier(const Json& identifier) { return {{"CKBBContextKeySenderPersonCentricID", identifier}}; }
 Json byDisplayText(const Json& text) { return {{"AssistantContext", {{"msgSender", {{"displayText", text}}}}}}; }
 
-TEST(MessagesPhoto, IsThatOfTheContactWithTheIdentifier) {
+TEST(MessagesPhoto, IsThePictureOfTheContactWithTheIdentifier) {
   MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}, {"B-2", "Ben", {}, pictureBytes(Color::Blue)}});
-  EXPECT_EQ(phone.shownFor(byIdentifier("B-2")), Colors{Color::Blue});
+  EXPECT_EQ(phone.picturesFor(byIdentifier("B-2")), Colors{Color::Blue});
 }
 
 TEST(MessagesPhoto, IsShownAfterTheBannerHasAppeared) {
   MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
   phone.phone.log();
   const int controller = phone.present(messages, byIdentifier("A-1"));
-  phone.settle();
+  phone.waitUntilIdle();
   EXPECT_EQ(phone.pictures.all(), Colors{Color::Red});
   for (const Json& event : phone.phone.log())
     EXPECT_TRUE(event.at("event") != "photo" || event.at("controller") == controller) << event;
@@ -70,80 +70,80 @@ TEST(MessagesPhoto, IsShownAfterTheBannerHasAppeared) {
 TEST(MessagesPhoto, IdentifiersAreComparedExactly) {
   MessagesPhone phone({{"A-1", "Anna", {"a-1"}, pictureBytes(Color::Red)}});
   for (const char* identifier : {"a-1", "A-1 ", "A-", "Anna", ""})
-    EXPECT_EQ(phone.shownFor(byIdentifier(identifier)), Colors{}) << identifier;
+    EXPECT_EQ(phone.picturesFor(byIdentifier(identifier)), Colors{}) << identifier;
 }
 
-TEST(MessagesPhoto, ContactWithoutPictureHasNone) {
+TEST(MessagesPhoto, ContactWithoutPictureShowsNone) {
   MessagesPhone phone({{"A-1", "Anna"}, {"B-2", "Ben", {}, pictureBytes(Color::Blue)}});
-  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colors{});
+  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{});
 }
 
-TEST(MessagesPhoto, SendersNameIsTakenForAnIdentifier) {
+TEST(MessagesPhoto, SenderNameIsUsedAsAnIdentifier) {
   MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
-  EXPECT_EQ(phone.shownFor({{"CKBBContextKeySenderName", "Anna"}}), Colors{});
-  EXPECT_EQ(phone.shownFor({{"CKBBContextKeySenderName", "A-1"}}), Colors{Color::Red});
-  Json both = byIdentifier("nobody");
+  EXPECT_EQ(phone.picturesFor({{"CKBBContextKeySenderName", "Anna"}}), Colors{});
+  EXPECT_EQ(phone.picturesFor({{"CKBBContextKeySenderName", "A-1"}}), Colors{Color::Red});
+  Json both = byIdentifier("unknown");
   both["CKBBContextKeySenderName"] = "A-1";
-  EXPECT_EQ(phone.shownFor(both), Colors{});
+  EXPECT_EQ(phone.picturesFor(both), Colors{});
 }
 
-TEST(MessagesPhoto, DisplayTextMayBeAGivenName) {
+TEST(MessagesPhoto, DisplayTextCanBeAGivenName) {
   MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colors{Color::Red});
+  EXPECT_EQ(phone.picturesFor(byDisplayText("Anna")), Colors{Color::Red});
   for (const char* text : {"anna", "Family", "A-1", "+491511", "Anna "})
-    EXPECT_EQ(phone.shownFor(byDisplayText(text)), Colors{}) << text;
+    EXPECT_EQ(phone.picturesFor(byDisplayText(text)), Colors{}) << text;
 }
 
-TEST(MessagesPhoto, DisplayTextMayBeOneOfTheAddresses) {
+TEST(MessagesPhoto, DisplayTextCanBeAnEmailAddress) {
   MessagesPhone phone({{"A-1", "Anna", {"anna@home.example", "anna@work.example"}, pictureBytes(Color::Green)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("anna@work.example")), Colors{Color::Green});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Anna@Work.example")), Colors{});
+  EXPECT_EQ(phone.picturesFor(byDisplayText("anna@work.example")), Colors{Color::Green});
+  EXPECT_EQ(phone.picturesFor(byDisplayText("Anna@Work.example")), Colors{});
 }
 
-TEST(MessagesPhoto, FirstMatchWithAPictureIsShownAndNoOther) {
+TEST(MessagesPhoto, OnlyTheFirstMatchWithAPictureIsShown) {
   MessagesPhone phone(
       {{"A-1", "Anna"}, {"A-2", "Anna", {}, pictureBytes(Color::Blue)}, {"A-3", "Anna", {}, pictureBytes(Color::Red)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colors{Color::Blue});
+  EXPECT_EQ(phone.picturesFor(byDisplayText("Anna")), Colors{Color::Blue});
 }
 
-TEST(MessagesPhoto, PictureThatCannotBeDecodedIsNotReplacedByALaterOne) {
+TEST(MessagesPhoto, UndecodablePictureEndsTheSearch) {
   MessagesPhone phone({{"A-1", "Anna", {}, "no picture"}, {"A-2", "Anna", {}, pictureBytes(Color::Blue)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Anna")), Colors{});
+  EXPECT_EQ(phone.picturesFor(byDisplayText("Anna")), Colors{});
 }
 
-TEST(MessagesPhoto, DisplayTextCountsOnlyWithoutIdentifierAndName) {
+TEST(MessagesPhoto, DisplayTextIsUsedOnlyWithoutIdentifierAndName) {
   MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
   for (const char* key : {"CKBBContextKeySenderPersonCentricID", "CKBBContextKeySenderName"}) {
     Json values = byDisplayText("Anna");
-    values[key] = "nobody";
-    EXPECT_EQ(phone.shownFor(values), Colors{}) << key;
+    values[key] = "unknown";
+    EXPECT_EQ(phone.picturesFor(values), Colors{}) << key;
   }
 }
 
-TEST(MessagesPhoto, MissingLevelsEndTheSearch) {
+TEST(MessagesPhoto, MissingDictionariesMeanNoPicture) {
   MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)}});
   for (const Json& values : {Json::object(), Json{{"AssistantContext", Json::object()}},
                              Json{{"AssistantContext", {{"msgSender", Json::object()}}}}})
-    EXPECT_EQ(phone.shownFor(values), Colors{}) << values;
+    EXPECT_EQ(phone.picturesFor(values), Colors{}) << values;
 }
 
-TEST(MessagesPhoto, AddressBookThatCannotBeReadHoldsNobody) {
+TEST(MessagesPhoto, UnreadableAddressBookHasNoContacts) {
   MessagesPhone phone;
-  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colors{}) << "missing";
+  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "missing";
   const fs::path book = phone.root() / "var/mobile/Library/AddressBook/Contacts.vcf";
   fs::create_directories(book);
-  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colors{}) << "a folder";
+  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "a folder";
   fs::remove(book);
   test::writeFile(book, "no cards");
-  EXPECT_EQ(phone.shownFor(byIdentifier("A-1")), Colors{}) << "no cards";
+  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "no cards";
 }
 
-TEST(MessagesPhoto, NamesOfEveryKindAreCompared) {
+TEST(MessagesPhoto, NamesWithAnyCharactersAreCompared) {
   MessagesPhone phone({{"A-1", "Zoë 🙂", {}, pictureBytes(Color::Red)}});
-  EXPECT_EQ(phone.shownFor(byDisplayText("Zoë 🙂")), Colors{Color::Red});
+  EXPECT_EQ(phone.picturesFor(byDisplayText("Zoë 🙂")), Colors{Color::Red});
   for (const std::string& text :
        {std::string("Zoe\u0308 🙂'"), std::string("%"), std::string("\\"), std::string(), std::string(1 << 20, 'a')})
-    EXPECT_EQ(phone.shownFor(byDisplayText(text)), Colors{});
+    EXPECT_EQ(phone.picturesFor(byDisplayText(text)), Colors{});
 }
 
 }  // namespace

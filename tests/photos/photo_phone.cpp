@@ -9,7 +9,7 @@ namespace test {
 namespace {
 
 constexpr const char* assetBundle = "Library/Application Support/Brim/Assets.bundle";
-constexpr double secondsOfOneLook = 0.005;
+constexpr double pollingInterval = 0.005;
 
 Setup setupWith(const std::map<std::string, Json>& settings) {
   Setup setup;
@@ -18,10 +18,10 @@ Setup setupWith(const std::map<std::string, Json>& settings) {
 }
 
 std::string endpointsAt(const std::string& address) {
-  std::string list = "{\n";
+  std::string propertyList = "{\n";
   for (const char* name : {"twitterPages", "twitterImages", "slackAvatars", "discordAvatars", "facebookGraph"})
-    list.append(name).append(" = \"").append(address).append("\";\n");
-  return list + "}\n";
+    propertyList.append(name).append(" = \"").append(address).append("\";\n");
+  return propertyList + "}\n";
 }
 
 }  // namespace
@@ -40,23 +40,23 @@ int PhotoPhone::present(const std::string& application, const Json& userInfo, co
   return phone.present(all);
 }
 
-void PhotoPhone::settle() {
-  // What a request brought about may have started another.
-  for (bool isQuiet = false; !isQuiet; isQuiet = url_loading::requestsUnderWay() == 0) {
+void PhotoPhone::waitUntilIdle() {
+  // The completion of a request can start another request.
+  for (bool isIdle = false; !isIdle; isIdle = url_loading::requestsUnderWay() == 0) {
     const objc::AutoreleasePool pool;
-    if (url_loading::requestsUnderWay() > 0) foundation::pumpFoundation(secondsOfOneLook);
+    if (url_loading::requestsUnderWay() > 0) foundation::pumpFoundation(pollingInterval);
     foundation::drainMainQueue();
   }
 }
 
-const Colors& PhotoPhone::shownAfter(const std::string& application, const Json& userInfo, const Json& fields) {
+const Colors& PhotoPhone::picturesAfter(const std::string& application, const Json& userInfo, const Json& fields) {
   present(application, userInfo, fields);
-  settle();
+  waitUntilIdle();
   return pictures.all();
 }
 
-std::vector<std::string> PhotoPhone::asked() const {
-  std::vector<std::string> targets;
+Targets PhotoPhone::requestedTargets() const {
+  Targets targets;
   for (const Request& request : server.requests()) targets.push_back(request.target);
   return targets;
 }

@@ -1,4 +1,4 @@
-// The database in every state that the application may leave it in or hold it in.
+// The Slack database in every state in which the application can leave it or have it open.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -9,25 +9,26 @@
 namespace {
 
 namespace fs = std::filesystem;
-using test::direct;
+using test::avatarTarget;
+using test::directMessage;
 using test::SlackConnection;
 using test::SlackPhone;
-using test::target;
 using test::Targets;
 
-// Runs work of the Slack application in a process of its own, which goes on until it is told to end.
+// Runs a function of the Slack application in a second process. The function receives another function that waits until
+// this object is destroyed. The constructor returns when the second process waits.
 class SlackProcess {
  public:
-  template <class Work>
-  explicit SlackProcess(const Work& work) {
+  template <class Function>
+  explicit SlackProcess(const Function& function) {
     int ready[2];
     int end[2];
     EXPECT_EQ(pipe(ready), 0);
     EXPECT_EQ(pipe(end), 0);
-    process = fork();
-    if (process == 0) {
+    process_ = fork();
+    if (process_ == 0) {
       close(end[1]);
-      work([&] {
+      function([&] {
         char byte = 0;
         if (write(ready[1], &byte, 1) == 1) (void)!read(end[0], &byte, 1);
       });
@@ -38,29 +39,29 @@ class SlackProcess {
     char byte = 0;
     EXPECT_EQ(read(ready[0], &byte, 1), 1);
     close(ready[0]);
-    ending = end[1];
+    end_ = end[1];
   }
   ~SlackProcess() {
-    close(ending);
-    waitpid(process, nullptr, 0);
+    close(end_);
+    waitpid(process_, nullptr, 0);
   }
   SlackProcess(const SlackProcess&) = delete;
   SlackProcess& operator=(const SlackProcess&) = delete;
 
  private:
-  pid_t process;
-  int ending;
+  pid_t process_;
+  int end_;
 };
 
-TEST(SlackPhoto, MissingOrDamagedDatabaseFindsNobodyAndStaysAsItIs) {
+TEST(SlackPhoto, MissingOrDamagedDatabaseMatchesNoUserAndIsNotModified) {
   SlackPhone phone;
-  EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{}) << "missing";
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "missing";
   EXPECT_FALSE(fs::exists(phone.database));
   fs::create_directories(phone.database);
-  EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{}) << "a folder";
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "a folder";
   fs::remove(phone.database);
   ASSERT_EQ(mkfifo(phone.database.c_str(), 0600), 0);
-  EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{}) << "a pipe";
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "a pipe";
   fs::remove(phone.database);
   phone.makeDatabase();
   const std::string whole = test::readFile(phone.database);
@@ -70,100 +71,100 @@ TEST(SlackPhoto, MissingOrDamagedDatabaseFindsNobodyAndStaysAsItIs) {
                                    whole.substr(0, 50), whole.substr(0, 5000), damaged}) {
     test::writeFile(phone.database, bytes);
     const auto before = phone.files();
-    EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{}) << bytes.size();
+    EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << bytes.size();
     EXPECT_EQ(phone.files(), before);
   }
   fs::remove(phone.database);
   SlackConnection(phone.database).execute("CREATE TABLE OTHER (A);");
-  EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{}) << "without the table";
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "without the table";
 }
 
-class SlackJournal : public testing::TestWithParam<const char*> {};
+class SlackJournalMode : public testing::TestWithParam<const char*> {};
 
-TEST_P(SlackJournal, DatabaseIsReadWithoutMakingOrChangingAFile) {
+TEST_P(SlackJournalMode, ReadingDoesNotCreateOrModifyFiles) {
   SlackPhone phone;
   phone.makeDatabase(GetParam());
   const auto before = phone.files();
-  ASSERT_EQ(before.size(), 1U) << "the application has ended";
-  EXPECT_EQ(phone.askedFor(direct("Bob: hi")), Targets{target("Bob")});
-  EXPECT_EQ(phone.askedFor(direct("Nobody: hi")), Targets{});
+  ASSERT_EQ(before.size(), 1U) << "the closed connection left further files";
+  EXPECT_EQ(phone.requestsFor(directMessage("Bob: hi")), Targets{avatarTarget("Bob")});
+  EXPECT_EQ(phone.requestsFor(directMessage("Nobody: hi")), Targets{});
   EXPECT_EQ(phone.files(), before);
 }
 
-TEST_P(SlackJournal, DatabaseThatTheApplicationHasOpenIsReadWithoutMakingOrChangingAFile) {
+TEST_P(SlackJournalMode, ReadingAnOpenDatabaseDoesNotCreateOrModifyFiles) {
   SlackPhone phone;
   phone.makeDatabase(GetParam());
-  const SlackProcess application([&](const auto& waitForTheEnd) {
+  const SlackProcess application([&](const auto& waitForEnd) {
     SlackConnection connection(phone.database);
     connection.addUser("Newcomer", "New");
-    waitForTheEnd();
+    waitForEnd();
   });
   const auto before = phone.files();
-  EXPECT_EQ(phone.askedFor(direct("Newcomer: hi")), Targets{target("New")});
+  EXPECT_EQ(phone.requestsFor(directMessage("Newcomer: hi")), Targets{avatarTarget("New")});
   EXPECT_EQ(phone.files(), before);
 }
 
-TEST_P(SlackJournal, DatabaseInTheMiddleOfAChangeIsReadAsItWasOrNotAtAll) {
+TEST_P(SlackJournalMode, UncommittedTransactionIsNotVisible) {
   SlackPhone phone;
   phone.makeDatabase(GetParam());
-  const SlackProcess application([&](const auto& waitForTheEnd) {
+  const SlackProcess application([&](const auto& waitForEnd) {
     SlackConnection connection(phone.database);
     connection.execute("BEGIN IMMEDIATE;");
-    connection.addUser("Unsaid", "Unsaid");
-    waitForTheEnd();
+    connection.addUser("Uncommitted", "Uncommitted");
+    waitForEnd();
   });
   const auto before = phone.files();
-  EXPECT_EQ(phone.askedFor(direct("Unsaid: hi")), Targets{});
-  EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{target("Alice")});
+  EXPECT_EQ(phone.requestsFor(directMessage("Uncommitted: hi")), Targets{});
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{avatarTarget("Alice")});
   EXPECT_EQ(phone.files(), before);
 }
 
-TEST_P(SlackJournal, ApplicationThatWasKilledLeavesItsFilesAsTheyAre) {
+TEST_P(SlackJournalMode, FilesOfAKilledApplicationAreNotModified) {
   SlackPhone phone;
   phone.makeDatabase(GetParam());
   {
-    const SlackProcess application([&](const auto& waitForTheEnd) {
+    const SlackProcess application([&](const auto& waitForEnd) {
       auto* const connection = new SlackConnection(phone.database);
       connection->addUser("Newcomer", "New");
       connection->execute("BEGIN IMMEDIATE;");
-      connection->addUser("Unsaid", "Unsaid");
-      waitForTheEnd();
+      connection->addUser("Uncommitted", "Uncommitted");
+      waitForEnd();
     });
   }
   const auto before = phone.files();
-  EXPECT_EQ(phone.askedFor(direct("Unsaid: hi")), Targets{});
+  EXPECT_EQ(phone.requestsFor(directMessage("Uncommitted: hi")), Targets{});
   EXPECT_EQ(phone.files(), before);
 }
 
-TEST(SlackPhoto, LogWithoutItsIndexIsLeftAsideAndTheDatabaseReadAsItWasBefore) {
+TEST(SlackPhoto, WriteAheadLogWithoutItsIndexIsIgnored) {
   SlackPhone phone;
   phone.makeDatabase("WAL");
   {
-    const SlackProcess application([&](const auto& waitForTheEnd) {
+    const SlackProcess application([&](const auto& waitForEnd) {
       auto* const connection = new SlackConnection(phone.database);
       connection->addUser("Newcomer", "New");
-      waitForTheEnd();
+      waitForEnd();
     });
   }
   ASSERT_TRUE(fs::remove(phone.database.string() + "-shm"));
   const auto before = phone.files();
   ASSERT_EQ(before.size(), 2U);
-  EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{target("Alice")});
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{avatarTarget("Alice")});
   EXPECT_EQ(phone.files(), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Ways, SlackJournal, testing::Values("DELETE", "WAL"));
+INSTANTIATE_TEST_SUITE_P(Modes, SlackJournalMode, testing::Values("DELETE", "WAL"));
 
-TEST(SlackPhoto, LockedDatabaseIsNotWaitedFor) {
+TEST(SlackPhoto, LockedDatabaseIsSkippedWithoutWaiting) {
   SlackPhone phone;
   phone.makeDatabase();
-  const SlackProcess application([&](const auto& waitForTheEnd) {
+  const SlackProcess application([&](const auto& waitForEnd) {
     SlackConnection connection(phone.database);
     connection.execute("BEGIN EXCLUSIVE;");
-    waitForTheEnd();
+    waitForEnd();
   });
   const auto before = phone.files();
-  EXPECT_EQ(phone.askedFor(direct("Alice: hi")), Targets{});
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{});
   EXPECT_EQ(phone.files(), before);
 }
 

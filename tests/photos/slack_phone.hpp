@@ -1,4 +1,4 @@
-// A phone with Slack on it, and the database that the application keeps.
+// A simulated phone with the database of the Slack application.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,24 +13,22 @@
 
 namespace test {
 
-using Targets = std::vector<std::string>;
-
 inline constexpr const char* slack = "com.tinyspeck.chatlyio";
 
-// A connection of the Slack application's own.
+// A database connection of the Slack application.
 class SlackConnection {
  public:
   explicit SlackConnection(const std::filesystem::path& path) {
-    EXPECT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+    EXPECT_EQ(sqlite3_open(path.c_str(), &handle_), SQLITE_OK);
   }
   SlackConnection(const SlackConnection&) = delete;
   SlackConnection& operator=(const SlackConnection&) = delete;
-  ~SlackConnection() { sqlite3_close(handle); }
+  ~SlackConnection() { sqlite3_close(handle_); }
 
   void execute(const std::string& statements) {
-    char* reason = nullptr;
-    EXPECT_EQ(sqlite3_exec(handle, statements.c_str(), nullptr, nullptr, &reason), SQLITE_OK) << reason;
-    sqlite3_free(reason);
+    char* error = nullptr;
+    EXPECT_EQ(sqlite3_exec(handle_, statements.c_str(), nullptr, nullptr, &error), SQLITE_OK) << error;
+    sqlite3_free(error);
   }
   void addUser(const std::string& name, const std::string& identifier, const std::string& avatar = "'h'") {
     execute("INSERT INTO ZSLKDEPRECATEDCOREDATAUSER VALUES ('T1', '" + identifier + "', " + avatar + ", '" + name +
@@ -38,20 +36,22 @@ class SlackConnection {
   }
 
  private:
-  sqlite3* handle = nullptr;
+  sqlite3* handle_ = nullptr;
 };
 
 inline constexpr const char* usersTable =
     "CREATE TABLE ZSLKDEPRECATEDCOREDATAUSER (ZTEAMID VARCHAR, ZTSID VARCHAR, ZAVATARHASH VARCHAR, ZNAME VARCHAR);";
 
-inline Json direct(const std::string& body) {
+// The user info of a direct message and of a message in a channel.
+inline Json directMessage(const std::string& body) {
   return {{"aps", {{"alert", {{"body", body}}}, {"thread-id", "D12345"}}}, {"team_id", "T1"}};
 }
-inline Json channel(const std::string& body) {
+inline Json channelMessage(const std::string& body) {
   return {{"aps", {{"alert", {{"body", body}}}, {"thread-id", "C0123"}}}, {"team_id", "T1"}};
 }
 
-inline std::string target(const std::string& user) { return "/T1-" + user + "-h-512"; }
+// The target of the request for a user's avatar.
+inline std::string avatarTarget(const std::string& user) { return "/T1-" + user + "-h-512"; }
 
 struct SlackPhone : PhotoPhone {
   std::filesystem::path folder =
@@ -60,24 +60,24 @@ struct SlackPhone : PhotoPhone {
 
   SlackPhone() { std::filesystem::create_directories(folder); }
 
-  // A database of Alice, Bob, Carol and Dan, in a way of journalling.
-  void makeDatabase(const std::string& journal = "DELETE") {
+  // Creates a database with the users Alice, Bob, carol and Dan. The argument is the journal mode.
+  void makeDatabase(const std::string& journalMode = "DELETE") {
     SlackConnection connection(database);
-    connection.execute("PRAGMA journal_mode=" + journal + ";");
+    connection.execute("PRAGMA journal_mode=" + journalMode + ";");
     connection.execute(usersTable);
     for (const char* user : {"Alice", "Bob", "carol", "Dan"}) connection.addUser(user, user);
   }
 
-  // What is asked of the server for a notification.
-  Targets askedFor(const Json& userInfo) {
-    const std::size_t before = asked().size();
-    shownAfter(slack, userInfo);
-    Targets all = asked();
+  // The targets that are requested for a notification.
+  Targets requestsFor(const Json& userInfo) {
+    const std::size_t before = requestedTargets().size();
+    picturesAfter(slack, userInfo);
+    Targets all = requestedTargets();
     all.erase(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(before));
     return all;
   }
 
-  // The bytes of all files beside the database and of itself.
+  // The contents of all files in the folder of the database, by name.
   std::map<std::string, std::string> files() const {
     std::map<std::string, std::string> found;
     for (const auto& entry : std::filesystem::directory_iterator(folder))

@@ -8,14 +8,14 @@ using test::Color;
 using test::Colors;
 using test::Json;
 using test::PhotoPhone;
-using Targets = std::vector<std::string>;
+using test::Targets;
 
 constexpr const char* twitter = "com.atebits.Tweetie2";
 
 Json tweetWith(const Json& author) { return {{"tweet", {{"author", author}}}}; }
 
 struct TwitterPhone : PhotoPhone {
-  std::string image(const std::string& name) const { return server.address("/profile_images/" + name); }
+  std::string imageAddress(const std::string& name) const { return server.address("/profile_images/" + name); }
   std::string pageWith(const std::vector<std::string>& images) const {
     std::string page = "<html><head><title>Anna</title></head><body>";
     for (const std::string& each : images) page += "<img src=\"" + each + "\" alt=\"\">";
@@ -23,107 +23,109 @@ struct TwitterPhone : PhotoPhone {
   }
 };
 
-TEST(TwitterPhoto, IsAtTheAddressInTheTweetAndNoPageIsAskedFor) {
+TEST(TwitterPhoto, IsLoadedFromTheAddressInTheTweetWithoutTheProfilePage) {
   TwitterPhone phone;
   phone.serve("/profile_images/1/a_normal.jpg", Color::Red);
-  Json values = tweetWith({{"profile_image_url", phone.image("1/a_normal.jpg")}});
+  Json values = tweetWith({{"profile_image_url", phone.imageAddress("1/a_normal.jpg")}});
   values["D"] = "anna";
-  EXPECT_EQ(phone.shownAfter(twitter, values), Colors{Color::Red});
-  EXPECT_EQ(phone.asked(), Targets{"/profile_images/1/a_normal.jpg"});
+  EXPECT_EQ(phone.picturesAfter(twitter, values), Colors{Color::Red});
+  EXPECT_EQ(phone.requestedTargets(), Targets{"/profile_images/1/a_normal.jpg"});
 }
 
-TEST(TwitterPhoto, TweetWithoutAddressDoesNotLeadToThePage) {
+TEST(TwitterPhoto, TweetWithoutAddressDoesNotRequestTheProfilePage) {
   TwitterPhone phone;
   for (Json values : {tweetWith({{"name", "Anna"}}), Json{{"tweet", Json::object()}}, Json{{"tweet", nullptr}},
                       Json{{"tweet", "text"}}}) {
     values["D"] = "anna";
-    EXPECT_TRUE(phone.shownAfter(twitter, values).empty());
+    EXPECT_TRUE(phone.picturesAfter(twitter, values).empty());
   }
-  EXPECT_EQ(phone.asked(), Targets{});
+  EXPECT_EQ(phone.requestedTargets(), Targets{});
 }
 
-TEST(TwitterPhoto, WithoutTweetAndAccountNothingIsAskedFor) {
+TEST(TwitterPhoto, MissingTweetAndAccountCauseNoRequest) {
   TwitterPhone phone;
-  EXPECT_TRUE(phone.shownAfter(twitter, {{"other", 1}}).empty());
-  EXPECT_EQ(phone.asked(), Targets{});
+  EXPECT_TRUE(phone.picturesAfter(twitter, {{"other", 1}}).empty());
+  EXPECT_EQ(phone.requestedTargets(), Targets{});
 }
 
-TEST(TwitterPhoto, IsTheFirstPictureOfTheAccountsPage) {
+TEST(TwitterPhoto, IsTheFirstPictureOfTheProfilePage) {
   TwitterPhone phone;
-  phone.server.answer("/anna", {.body = phone.pageWith({"https://other.example/profile_images/0/x.jpg",
-                                                        phone.image("1/a.jpg"), phone.image("2/b.jpg")})});
+  phone.server.answer(
+      "/anna", {.body = phone.pageWith({"https://other.example/profile_images/0/x.jpg", phone.imageAddress("1/a.jpg"),
+                                        phone.imageAddress("2/b.jpg")})});
   phone.serve("/profile_images/1/a.jpg", Color::Green);
   phone.serve("/profile_images/2/b.jpg", Color::Blue);
-  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
-  EXPECT_EQ(phone.asked(), (Targets{"/anna", "/profile_images/1/a.jpg"}));
+  EXPECT_EQ(phone.picturesAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
+  EXPECT_EQ(phone.requestedTargets(), (Targets{"/anna", "/profile_images/1/a.jpg"}));
 }
 
-TEST(TwitterPhoto, AddressInUpperCaseMatches) {
+TEST(TwitterPhoto, AddressInThePageIsMatchedCaseInsensitively) {
   TwitterPhone phone;
   const std::string address = "HTTP" + phone.server.address("/PROFILE_IMAGES/1/A.JPG").substr(4);
   phone.server.answer("/anna", {.body = phone.pageWith({address})});
   phone.serve("/PROFILE_IMAGES/1/A.JPG", Color::Green);
-  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
+  EXPECT_EQ(phone.picturesAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
 }
 
-TEST(TwitterPhoto, PageOfAnyOtherStatusIsNotSearched) {
+TEST(TwitterPhoto, PageIsSearchedOnlyIfItsStatusIs200) {
   TwitterPhone phone;
-  const std::string page = phone.pageWith({phone.image("1/a.jpg")});
+  const std::string page = phone.pageWith({phone.imageAddress("1/a.jpg")});
   phone.serve("/profile_images/1/a.jpg", Color::Green);
   for (const int status : {201, 204, 301, 403, 404, 500}) {
     phone.server.answer("/anna", {.status = status, .body = page});
-    EXPECT_TRUE(phone.shownAfter(twitter, {{"D", "anna"}}).empty()) << status;
+    EXPECT_TRUE(phone.picturesAfter(twitter, {{"D", "anna"}}).empty()) << status;
   }
-  EXPECT_EQ(phone.asked(), Targets(6, "/anna"));
+  EXPECT_EQ(phone.requestedTargets(), Targets(6, "/anna"));
 }
 
-TEST(TwitterPhoto, PageWithoutPictureOrTextIsNoHelp) {
+TEST(TwitterPhoto, PageWithoutAValidPictureAddressShowsNothing) {
   TwitterPhone phone;
-  const std::string image = phone.image("1/a.jpg");
+  const std::string image = phone.imageAddress("1/a.jpg");
   for (const std::string& body :
        {std::string(), phone.pageWith({}), phone.pageWith({"https://other.example/profile_images/1/a.jpg"}),
         phone.server.address("/profile_images/\""), phone.pageWith({image}) + "\xff\xfe", std::string(1000, '\0')}) {
     phone.server.answer("/anna", {.body = body});
-    EXPECT_TRUE(phone.shownAfter(twitter, {{"D", "anna"}}).empty());
+    EXPECT_TRUE(phone.picturesAfter(twitter, {{"D", "anna"}}).empty());
   }
   phone.server.answer("/anna", {.body = phone.pageWith({image}), .delivery = test::Delivery::CutShort});
-  EXPECT_TRUE(phone.shownAfter(twitter, {{"D", "anna"}}).empty());
-  EXPECT_EQ(phone.asked(), Targets(7, "/anna"));
+  EXPECT_TRUE(phone.picturesAfter(twitter, {{"D", "anna"}}).empty());
+  EXPECT_EQ(phone.requestedTargets(), Targets(7, "/anna"));
 }
 
-TEST(TwitterPhoto, DotsOfTheImageHostStandForThemselves) {
+TEST(TwitterPhoto, DotsOfTheImageHostMatchLiterally) {
   TwitterPhone phone;
   const std::string other = "http://127x0x0x1" + phone.server.address().substr(phone.server.address().rfind(':'));
-  phone.server.answer("/anna", {.body = phone.pageWith({other + "/profile_images/1/a.jpg", phone.image("2/b.jpg")})});
+  phone.server.answer("/anna",
+                      {.body = phone.pageWith({other + "/profile_images/1/a.jpg", phone.imageAddress("2/b.jpg")})});
   phone.serve("/profile_images/2/b.jpg", Color::Blue);
-  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colors{Color::Blue});
+  EXPECT_EQ(phone.picturesAfter(twitter, {{"D", "anna"}}), Colors{Color::Blue});
 }
 
-TEST(TwitterPhoto, LongPageIsSearchedToItsEnd) {
+TEST(TwitterPhoto, LongPageIsSearchedCompletely) {
   TwitterPhone phone;
-  phone.server.answer("/anna", {.body = std::string(4 << 20, ' ') + phone.pageWith({phone.image("1/a.jpg")})});
+  phone.server.answer("/anna", {.body = std::string(4 << 20, ' ') + phone.pageWith({phone.imageAddress("1/a.jpg")})});
   phone.serve("/profile_images/1/a.jpg", Color::Green);
-  EXPECT_EQ(phone.shownAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
+  EXPECT_EQ(phone.picturesAfter(twitter, {{"D", "anna"}}), Colors{Color::Green});
 }
 
-TEST(TwitterPhoto, AccountThatMakesNoAddressIsNotAskedFor) {
+TEST(TwitterPhoto, AccountThatMakesAnInvalidAddressCausesNoRequest) {
   TwitterPhone phone;
   for (const char* account : {"an na", "ü", "🙂", "a\"b", "\n"})
-    EXPECT_TRUE(phone.shownAfter(twitter, {{"D", account}}).empty()) << account;
-  EXPECT_EQ(phone.asked(), Targets{});
+    EXPECT_TRUE(phone.picturesAfter(twitter, {{"D", account}}).empty()) << account;
+  EXPECT_EQ(phone.requestedTargets(), Targets{});
 }
 
-TEST(TwitterPhoto, BannerThatGoesBeforeItsPageComesIsLeftAlone) {
+TEST(TwitterPhoto, DismissedBannerDoesNotRequestThePicture) {
   TwitterPhone phone;
   phone.server.answer("/anna",
-                      {.body = phone.pageWith({phone.image("1/a.jpg")}), .timing = test::Timing::WhenReleased});
+                      {.body = phone.pageWith({phone.imageAddress("1/a.jpg")}), .timing = test::Timing::WhenReleased});
   const int controller = phone.present(twitter, {{"D", "anna"}});
   ASSERT_TRUE(phone.server.waitForRequests(1));
   phone.phone.wait(10);
   ASSERT_TRUE(phone.phone.state(controller).at("dismissed"));
   phone.server.release();
-  phone.settle();
-  EXPECT_EQ(phone.asked(), Targets{"/anna"});
+  phone.waitUntilIdle();
+  EXPECT_EQ(phone.requestedTargets(), Targets{"/anna"});
   EXPECT_TRUE(phone.pictures.all().empty());
 }
 

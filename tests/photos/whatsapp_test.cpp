@@ -17,12 +17,12 @@ struct WhatsAppPhone : PhotoPhone {
   fs::path pictures = makePictureFolder("W1", "group.net.whatsapp.WhatsApp.shared");
   fs::path businessPictures = makePictureFolder("W2", "group.net.whatsapp.WhatsAppSMB.shared");
 
-  const Colors& shownFor(const std::string& thread, const char* application = whatsApp) {
-    return shownAfter(application, Json::object(), {{"thread", thread}});
+  const Colors& picturesFor(const std::string& thread, const char* application = whatsApp) {
+    return picturesAfter(application, Json::object(), {{"thread", thread}});
   }
-  bool finds(const std::string& thread) {
+  bool findsPicture(const std::string& thread) {
     const std::size_t before = PhotoPhone::pictures.all().size();
-    return shownFor(thread).size() > before;
+    return picturesFor(thread).size() > before;
   }
 
  private:
@@ -33,16 +33,16 @@ struct WhatsAppPhone : PhotoPhone {
   }
 };
 
-TEST(WhatsAppPhoto, IsThePersonsFile) {
+TEST(WhatsAppPhoto, IsTheFileOfThePerson) {
   WhatsAppPhone phone;
   writePicture(phone.pictures / "4915112345678-1612345678.jpg", Color::Red);
-  EXPECT_EQ(phone.shownFor("4915112345678@s.whatsapp.net"), Colors{Color::Red});
+  EXPECT_EQ(phone.picturesFor("4915112345678@s.whatsapp.net"), Colors{Color::Red});
 }
 
-TEST(WhatsAppPhoto, IsTheGroupsFile) {
+TEST(WhatsAppPhoto, IsTheFileOfTheGroup) {
   WhatsAppPhone phone;
   writePicture(phone.pictures / "4915112345678-1612345678-99.jpg", Color::Green);
-  EXPECT_EQ(phone.shownFor("4915112345678-1612345678@g.us"), Colors{Color::Green});
+  EXPECT_EQ(phone.picturesFor("4915112345678-1612345678@g.us"), Colors{Color::Green});
 }
 
 TEST(WhatsAppPhoto, IsShownInTheBannerWithTheGlyph) {
@@ -55,38 +55,38 @@ TEST(WhatsAppPhoto, IsShownInTheBannerWithTheGlyph) {
   EXPECT_NE(badge.find("whatsapp"), std::string::npos) << badge;
 }
 
-TEST(WhatsAppPhoto, ThreadWithoutAtSignIsTheKeyWhole) {
+TEST(WhatsAppPhoto, ThreadWithoutAtSignIsUsedAsAWhole) {
   WhatsAppPhone phone;
   writePicture(phone.pictures / "4915112345678-1.jpg", Color::Red);
-  EXPECT_TRUE(phone.finds(person));
-  EXPECT_FALSE(phone.finds("491511234567@s.whatsapp.net"));
+  EXPECT_TRUE(phone.findsPicture(person));
+  EXPECT_FALSE(phone.findsPicture("491511234567@s.whatsapp.net"));
 }
 
-TEST(WhatsAppPhoto, OnlyTwoOrThreePiecesMatch) {
+TEST(WhatsAppPhoto, FileNameMustHaveTwoOrThreeParts) {
   WhatsAppPhone phone;
   for (const char* name : {"4915112345678", "4915112345678-1-2-3.jpg", "4915112345678-1-2.jpg", "x4915112345678-1.jpg"})
     writePicture(phone.pictures / name, Color::Red);
-  EXPECT_FALSE(phone.finds("4915112345678@s.whatsapp.net"));
-  EXPECT_TRUE(phone.finds("4915112345678-1@g.us"));
+  EXPECT_FALSE(phone.findsPicture("4915112345678@s.whatsapp.net"));
+  EXPECT_TRUE(phone.findsPicture("4915112345678-1@g.us"));
 }
 
-TEST(WhatsAppPhoto, BothApplicationsFoldersAreSearchedAndTheBusinessOneCountsLast) {
+TEST(WhatsAppPhoto, BothFoldersAreSearchedAndTheBusinessFolderIsLast) {
   WhatsAppPhone phone;
   writePicture(phone.pictures / "4915112345678-1.jpg", Color::Red);
   writePicture(phone.businessPictures / "4915112345678-1.jpg", Color::Blue);
-  EXPECT_EQ(phone.shownFor(person), (Colors{Color::Red, Color::Blue}));
-  EXPECT_EQ(phone.shownFor(person, "net.whatsapp.WhatsAppSMB"),
+  EXPECT_EQ(phone.picturesFor(person), (Colors{Color::Red, Color::Blue}));
+  EXPECT_EQ(phone.picturesFor(person, "net.whatsapp.WhatsAppSMB"),
             (Colors{Color::Red, Color::Blue, Color::Red, Color::Blue}));
 }
 
-TEST(WhatsAppPhoto, BusinessFolderAloneServesBothApplications) {
+TEST(WhatsAppPhoto, BusinessFolderIsUsedForBothApplications) {
   WhatsAppPhone phone;
   writePicture(phone.businessPictures / "4915112345678-1.jpg", Color::Blue);
-  EXPECT_TRUE(phone.finds(person));
+  EXPECT_TRUE(phone.findsPicture(person));
 }
 
-// Where each match is followed by every later entry, the number of updates tells where the first match stood.
-TEST(WhatsAppPhoto, IsShownAgainForEveryEntryAfterIt) {
+// Every entry after the match sets the picture again, so the number of updates depends on the position of the match.
+TEST(WhatsAppPhoto, IsSetAgainForEveryEntryAfterTheMatch) {
   WhatsAppPhone phone;
   for (const char* name : {"1-1.jpg", "2-1.jpg", "3-1.jpg", "4-1.jpg"})
     writePicture(phone.pictures / name, Color::Blue);
@@ -96,10 +96,10 @@ TEST(WhatsAppPhoto, IsShownAgainForEveryEntryAfterIt) {
     if (entry.path().filename() == "4915112345678-1.jpg") break;
     ++position;
   }
-  EXPECT_EQ(phone.shownFor(person), Colors(5 - position, Color::Red));
+  EXPECT_EQ(phone.picturesFor(person), Colors(5 - position, Color::Red));
 }
 
-TEST(WhatsAppPhoto, LastOfSeveralMatchesStays) {
+TEST(WhatsAppPhoto, LastOfSeveralMatchesRemains) {
   WhatsAppPhone phone;
   const Color colors[] = {Color::Red, Color::Green, Color::Blue};
   for (int index = 0; index < 3; ++index)
@@ -107,39 +107,40 @@ TEST(WhatsAppPhoto, LastOfSeveralMatchesStays) {
   Colors expected;
   for (const auto& entry : fs::directory_iterator(phone.pictures))
     expected.push_back(colors[entry.path().stem().string().back() - '0']);
-  EXPECT_EQ(phone.shownFor(person), expected);
+  EXPECT_EQ(phone.picturesFor(person), expected);
 }
 
-TEST(WhatsAppPhoto, FilesInFoldersBelowAreWalkedButTheirFoldersNamesCount) {
+TEST(WhatsAppPhoto, FilesInSubfoldersAreMatchedByTheirRelativePath) {
   WhatsAppPhone phone;
   writePicture(phone.pictures / "old/4915112345678-1.jpg", Color::Red);
-  EXPECT_FALSE(phone.finds(person));
-  EXPECT_TRUE(phone.finds("old/4915112345678"));
+  EXPECT_FALSE(phone.findsPicture(person));
+  EXPECT_TRUE(phone.findsPicture("old/4915112345678"));
 }
 
-TEST(WhatsAppPhoto, FileThatIsNoPictureClearsThePicture) {
+TEST(WhatsAppPhoto, UndecodableFileClearsThePicture) {
   WhatsAppPhone phone;
   test::writeFile(phone.pictures / "4915112345678-1.jpg", "no picture");
-  EXPECT_EQ(phone.shownFor(person), Colors{std::nullopt});
+  EXPECT_EQ(phone.picturesFor(person), Colors{std::nullopt});
 }
 
-TEST(WhatsAppPhoto, NothingIsFoundWithoutThreadContainerOrFolder) {
+TEST(WhatsAppPhoto, MissingThreadContainerOrFolderShowsNothing) {
   WhatsAppPhone phone;
   writePicture(phone.pictures / "4915112345678-1.jpg", Color::Red);
-  EXPECT_TRUE(
-      phone.shownAfter(whatsApp, {{"jid", "4915112345678@s.whatsapp.net"}, {"retry-notification-key", "4915112345678"}})
-          .empty());
+  EXPECT_TRUE(phone
+                  .picturesAfter(whatsApp,
+                                 {{"jid", "4915112345678@s.whatsapp.net"}, {"retry-notification-key", "4915112345678"}})
+                  .empty());
   fs::remove_all(phone.pictures);
-  EXPECT_FALSE(phone.finds(person));
+  EXPECT_FALSE(phone.findsPicture(person));
   fs::remove_all(test::sharedContainers(phone.root()));
-  EXPECT_FALSE(phone.finds(person));
+  EXPECT_FALSE(phone.findsPicture(person));
 }
 
-TEST(WhatsAppPhoto, LoopOfLinksInTheFolderEnds) {
+TEST(WhatsAppPhoto, SymbolicLinkLoopTerminates) {
   WhatsAppPhone phone;
   fs::create_directory_symlink(phone.pictures, phone.pictures / "4915112345678-1");
   writePicture(phone.pictures / "4915112345678-2.jpg", Color::Red);
-  const Colors& shown = phone.shownFor(person);
+  const Colors& shown = phone.picturesFor(person);
   EXPECT_LE(shown.size(), 2U);
   EXPECT_NE(std::find(shown.begin(), shown.end(), std::optional(Color::Red)), shown.end());
 }

@@ -1,4 +1,4 @@
-// User info in which a value is of another type than its application makes it: no picture, and no harm.
+// User info in which a value has an unexpected type. The banner is shown without a picture of the sender.
 #include <gtest/gtest.h>
 
 #include "tests/photos/photo_phone.hpp"
@@ -10,7 +10,7 @@ using test::Colors;
 using test::Json;
 using test::PhotoPhone;
 
-// What a notification of the application carries where all is right.
+// Valid user info of an application.
 struct Sample {
   const char* application;
   Json userInfo;
@@ -35,7 +35,7 @@ std::vector<Sample> samples(const PhotoPhone& phone) {
   };
 }
 
-// The paths of all values, outermost first.
+// Collects the JSON pointers of all values. A dictionary precedes its values.
 void collectPaths(const Json& value, const std::string& path, std::vector<std::string>& found) {
   if (!value.is_object()) return;
   for (const auto& [key, member] : value.items()) {
@@ -45,10 +45,10 @@ void collectPaths(const Json& value, const std::string& path, std::vector<std::s
   }
 }
 
-const std::vector<Json> strangers = {
+const std::vector<Json> unexpectedValues = {
     -1.5, true, nullptr, "", Json::array({"a", Json::object()}), Json{{"author", 1}, {"p", 1}, {"a", Json::array()}}};
 
-constexpr double untilItHasGone = 7;
+constexpr double secondsUntilDismissal = 7;
 
 class WrongTypes : public testing::Test {
  protected:
@@ -59,37 +59,37 @@ class WrongTypes : public testing::Test {
                        Color::Red);
   }
 
-  // Whether a banner with these values is built, and keeps its icon.
+  // Expects a banner that is given no picture.
   void expectNoPicture(const char* application, const Json& userInfo) {
     const int controller = phone.present(application, userInfo);
-    phone.settle();
+    phone.waitUntilIdle();
     EXPECT_TRUE(phone.phone.state(controller).at("brim")) << application << userInfo;
     EXPECT_EQ(phone.pictures.all(), Colors{}) << application << userInfo;
-    phone.phone.wait(untilItHasGone);
+    phone.phone.wait(secondsUntilDismissal);
   }
 
   PhotoPhone phone;
 };
 
-TEST_F(WrongTypes, OfOneValueAreNoPicture) {
+TEST_F(WrongTypes, OfOneValueMeanNoPicture) {
   for (const Sample& sample : samples(phone)) {
     std::vector<std::string> paths;
     collectPaths(sample.userInfo, "", paths);
     for (const std::string& path : paths) {
-      for (const Json& stranger : strangers) {
+      for (const Json& unexpectedValue : unexpectedValues) {
         Json changed = sample.userInfo;
-        changed[Json::json_pointer(path)] = stranger;
+        changed[Json::json_pointer(path)] = unexpectedValue;
         expectNoPicture(sample.application, changed);
       }
     }
   }
 }
 
-TEST_F(WrongTypes, OfTheWholeAreNoPicture) {
+TEST_F(WrongTypes, EmptyUserInfoMeansNoPicture) {
   for (const Sample& sample : samples(phone)) expectNoPicture(sample.application, Json::object());
 }
 
-TEST_F(WrongTypes, MissingValuesAreNoPicture) {
+TEST_F(WrongTypes, MissingValueMeansNoPicture) {
   for (const Sample& sample : samples(phone)) {
     std::vector<std::string> paths;
     collectPaths(sample.userInfo, "", paths);
@@ -102,9 +102,9 @@ TEST_F(WrongTypes, MissingValuesAreNoPicture) {
   }
 }
 
-TEST_F(WrongTypes, OnlyIdentifiersMayBeNumbers) {
+TEST_F(WrongTypes, IdentifierCanBeANumber) {
   phone.serve("/7/picture?type=square", Color::Green);
-  EXPECT_EQ(phone.shownAfter("com.facebook.Messenger", {{"p", {{"a", 7}}}}), Colors{Color::Green});
+  EXPECT_EQ(phone.picturesAfter("com.facebook.Messenger", {{"p", {{"a", 7}}}}), Colors{Color::Green});
 }
 
 }  // namespace

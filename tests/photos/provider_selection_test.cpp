@@ -30,7 +30,7 @@ constexpr Application applications[] = {
     {"ph.telegra.Telegraph", "enableTelegram", "BrimTelegramContactPhotoProvider"},
 };
 
-// What a provider was asked, in place of what it does.
+// The arguments of a call of a provider.
 struct Call {
   objc::Ref<ContactPhotoProvider> provider;
   objc::Ref<NCNotificationRequest> request;
@@ -42,8 +42,8 @@ struct Call {
 };
 
 std::vector<Call>& calls() {
-  static std::vector<Call> made;
-  return made;
+  static std::vector<Call> recorded;
+  return recorded;
 }
 
 void recordCall(ContactPhotoProvider* self, SEL, NCNotificationRequest* request, NSString* header, NSString* body,
@@ -52,7 +52,7 @@ void recordCall(ContactPhotoProvider* self, SEL, NCNotificationRequest* request,
                      body == nullptr ? "(nil)" : body->UTF8String(), objc::retain(view)});
 }
 
-// A phone whose providers only remember that they were asked.
+// A phone whose providers only record their calls.
 struct SelectionPhone : PhotoPhone {
   explicit SelectionPhone(const std::map<std::string, Json>& settings = {}) : PhotoPhone(settings) {
     for (const Application& application : applications) {
@@ -63,7 +63,7 @@ struct SelectionPhone : PhotoPhone {
   }
   ~SelectionPhone() { calls().clear(); }
 
-  // The classes that were asked for a picture, for a banner of the application.
+  // The classes of the providers that are called for a banner of the application.
   std::vector<std::string> providersOf(const char* application) {
     calls().clear();
     present(application, Json::object());
@@ -73,37 +73,37 @@ struct SelectionPhone : PhotoPhone {
   }
 };
 
-TEST(Selection, EachApplicationHasItsProvider) {
+TEST(ProviderSelection, EachApplicationHasItsProvider) {
   SelectionPhone phone;
   for (const Application& application : applications)
     EXPECT_EQ(phone.providersOf(application.identifier), std::vector<std::string>{application.provider});
 }
 
-TEST(Selection, MasterSwitchTurnsAllOff) {
+TEST(ProviderSelection, MasterSwitchDisablesEveryProvider) {
   SelectionPhone phone({{"enablePfps", false}});
   for (const Application& application : applications)
     EXPECT_TRUE(phone.providersOf(application.identifier).empty()) << application.identifier;
 }
 
-TEST(Selection, ApplicationThatIsSwitchedOffHasNoProviderAndNoOther) {
+TEST(ProviderSelection, SettingDisablesOnlyTheProviderOfItsApplication) {
   SelectionPhone phone;
-  for (const Application& off : applications) {
-    phone.phone.set(off.setting, false);
+  for (const Application& disabled : applications) {
+    phone.phone.set(disabled.setting, false);
     for (const Application& application : applications)
-      EXPECT_EQ(phone.providersOf(application.identifier).empty(), std::string(application.setting) == off.setting)
-          << application.identifier << " without " << off.setting;
-    phone.phone.set(off.setting, nullptr);
+      EXPECT_EQ(phone.providersOf(application.identifier).empty(), std::string(application.setting) == disabled.setting)
+          << application.identifier << " without " << disabled.setting;
+    phone.phone.set(disabled.setting, nullptr);
   }
 }
 
-TEST(Selection, IdentifiersAreComparedExactly) {
+TEST(ProviderSelection, IdentifiersAreComparedExactly) {
   SelectionPhone phone;
   for (const char* application : {"com.apple.mobilesms", "COM.APPLE.MOBILESMS", "com.apple.MobileSMS ",
                                   "com.apple.MobileSMS.more", "org.example.other", "net.whatsapp.whatsapp"})
     EXPECT_TRUE(phone.providersOf(application).empty()) << application;
 }
 
-TEST(Selection, ProviderIsToldOfRequestTextsAndView) {
+TEST(ProviderSelection, ProviderReceivesRequestTextsAndView) {
   SelectionPhone phone;
   const int controller = phone.present("ph.telegra.Telegraph", {{"from_id", "42"}},
                                        {{"title", "Anna"}, {"message", "Hello"}, {"thread", "T"}});
@@ -116,7 +116,7 @@ TEST(Selection, ProviderIsToldOfRequestTextsAndView) {
   EXPECT_STREQ(class_getName(object_getClass(objc::detail::identifier(call.view.get()))), "BrimContainer");
 }
 
-TEST(Selection, EachBannerHasAProviderOfItsOwn) {
+TEST(ProviderSelection, EachBannerHasItsOwnProvider) {
   SelectionPhone phone;
   for (int count = 0; count < 3; ++count) phone.present("com.burbn.instagram", Json::object());
   std::set<ContactPhotoProvider*> providers;
@@ -124,7 +124,7 @@ TEST(Selection, EachBannerHasAProviderOfItsOwn) {
   EXPECT_EQ(providers.size(), 3U);
 }
 
-TEST(Selection, ProviderIsLetGoAfterItsCall) {
+TEST(ProviderSelection, ProviderIsReleasedAfterTheCall) {
   SelectionPhone phone;
   phone.present("com.burbn.instagram", Json::object());
   ASSERT_EQ(calls().size(), 1U);
@@ -132,11 +132,11 @@ TEST(Selection, ProviderIsLetGoAfterItsCall) {
   EXPECT_EQ(references, 1U);
 }
 
-TEST(Selection, WithoutAPictureTheApplicationsIconStays) {
+TEST(ProviderSelection, WithoutAPictureTheApplicationsIconStays) {
   PhotoPhone phone;
   const int controller = phone.present("org.example.other", Json::object());
   const Json icon = phone.phone.view(controller, "_appIV").at("image");
-  phone.settle();
+  phone.waitUntilIdle();
   EXPECT_TRUE(phone.pictures.all().empty());
   EXPECT_EQ(phone.phone.view(controller, "_appIV").at("image"), icon);
 }

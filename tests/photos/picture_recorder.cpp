@@ -1,4 +1,4 @@
-#include "tests/photos/pictures_shown.hpp"
+#include "tests/photos/picture_recorder.hpp"
 
 #include <stdexcept>
 
@@ -8,8 +8,8 @@
 
 namespace test {
 
-struct Recording {
-  static inline PicturesShown* current = nullptr;
+struct UpdateImageHook {
+  static inline PictureRecorder* current = nullptr;
 
   static std::optional<Color> colorOf(UIImage* image) {
     const auto pixels = uikit::imageOf(image);
@@ -22,25 +22,25 @@ struct Recording {
       case 0xff0000ff:
         return Color::Blue;
       default:
-        throw std::runtime_error("a picture that no test made");
+        throw std::runtime_error("unknown picture: expected one that application_data.hpp creates");
     }
   }
 
   static void updateImage(objc::Original<void(BrimContainer*, UIImage*)> original, BrimContainer* self,
                           UIImage* image) {
     original(self, image);
-    if (current != nullptr) current->shown.push_back(colorOf(image));
+    if (current != nullptr) current->recorded_.push_back(colorOf(image));
   }
 };
 
-PicturesShown::PicturesShown() {
-  using Hook = objc::detail::HookOf<&Recording::updateImage>;
+PictureRecorder::PictureRecorder() {
+  using Hook = objc::detail::HookOf<&UpdateImageHook::updateImage>;
   if (Hook::replaced == nullptr)
     MSHookMessageEx(BrimContainer::classObject(), objc::selector<"updateImage:">(), Hook::implementation(),
                     &Hook::replaced);
-  Recording::current = this;
+  UpdateImageHook::current = this;
 }
 
-PicturesShown::~PicturesShown() { Recording::current = nullptr; }
+PictureRecorder::~PictureRecorder() { UpdateImageHook::current = nullptr; }
 
 }  // namespace test

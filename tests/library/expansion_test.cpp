@@ -1,4 +1,4 @@
-// What a banner shows, and tells Messages, once it was pulled open.
+// What a banner shows after it was expanded, and when it reports its conversation as read.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"
@@ -12,8 +12,8 @@ using test::eventsOf;
 using test::Phone;
 using test::presentThreeLines;
 
-// The field has been faded in by the drag itself, so that nothing is left to animate.
-TEST(Drag, OpensTheReplyFieldAtOnceWhereThereAreNoButtons) {
+// The drag itself has already faded the field in, so no animation delays it.
+TEST(Expansion, OpensTheReplyFieldImmediatelyIfThereAreNoButtons) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(100));
@@ -21,7 +21,7 @@ TEST(Drag, OpensTheReplyFieldAtOnceWhereThereAreNoButtons) {
   EXPECT_TRUE(containerOf(controller)->reply()->isFirstResponder());
 }
 
-TEST(Drag, LeavesTheReplyToItsButtonWhereThereIsOne) {
+TEST(Expansion, DoesNotOpenTheReplyFieldIfThereAreButtons) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentThreeLines(phone);
   phone.run(drag(100));
@@ -29,7 +29,7 @@ TEST(Drag, LeavesTheReplyToItsButtonWhereThereIsOne) {
   EXPECT_FALSE(containerOf(controller)->reply()->isFirstResponder());
 }
 
-TEST(Drag, ShowsWhatPrivacyHid) {
+TEST(Expansion, ShowsTheTextsHiddenByPrivacy) {
   Phone phone({.options = {}, .settings = {{"hide_unless_expanded", true}}});
   const int controller = presentThreeLines(phone);
   ASSERT_EQ(phone.view(controller, "headerLabel").at("text"), "Content hidden");
@@ -38,7 +38,7 @@ TEST(Drag, ShowsWhatPrivacyHid) {
   EXPECT_EQ(phone.view(controller, "bodyLabel").at("text"), "Hello\nAnna\nhere");
 }
 
-TEST(Drag, ThatSpringsBackKeepsContentHidden) {
+TEST(Expansion, UpwardDragDoesNotShowTheHiddenTexts) {
   Phone phone({.options = {}, .settings = {{"hide_unless_expanded", true}}});
   const int controller = presentThreeLines(phone);
   phone.run(drag(-12));
@@ -54,9 +54,9 @@ struct ReadCase {
 
 std::ostream& operator<<(std::ostream& out, const ReadCase& each) { return out << each.name; }
 
-class ReadWhenOpened : public testing::TestWithParam<ReadCase> {};
+class ReadOnExpansion : public testing::TestWithParam<ReadCase> {};
 
-TEST_P(ReadWhenOpened, IsForMessagesInThatModeOnly) {
+TEST_P(ReadOnExpansion, DependsOnApplicationAndMode) {
   Phone phone({.options = {}, .settings = {{"messagesAutoReadMode", GetParam().mode}}});
   presentThreeLines(phone, {{"section", GetParam().section}, {"thread", "+491234567"}});
   phone.log();
@@ -64,9 +64,9 @@ TEST_P(ReadWhenOpened, IsForMessagesInThatModeOnly) {
   EXPECT_EQ(eventsOf(phone.log(), "distributed").size(), GetParam().posts);
 }
 
-INSTANTIATE_TEST_SUITE_P(Modes, ReadWhenOpened,
-                         testing::Values(ReadCase{"MessagesWhenOpened", "com.apple.MobileSMS", 1, 1},
-                                         ReadCase{"MessagesWhenAnswered", "com.apple.MobileSMS", 2, 0},
+INSTANTIATE_TEST_SUITE_P(Modes, ReadOnExpansion,
+                         testing::Values(ReadCase{"MessagesOnExpansion", "com.apple.MobileSMS", 1, 1},
+                                         ReadCase{"MessagesOnReply", "com.apple.MobileSMS", 2, 0},
                                          ReadCase{"MessagesNever", "com.apple.MobileSMS", 0, 0},
                                          ReadCase{"Mail", "com.apple.mobilemail", 1, 0}),
                          [](const auto& each) { return each.param.name; });

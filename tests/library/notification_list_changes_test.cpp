@@ -1,4 +1,4 @@
-// What the library does to the notification list, and what it leaves alone there.
+// How the library changes the notification list, and what it does not change.
 #include <gtest/gtest.h>
 
 #include "simulator/springboard/list/notification_list_cell.hpp"
@@ -19,40 +19,40 @@ int present(Phone& phone, const Json& fields = Json::object()) {
   return controller;
 }
 
-std::vector<std::string> listed(Phone& phone) {
+std::vector<std::string> listedMessages(Phone& phone) {
   const Json all = phone.run({{"do", "notifications"}}).at("notifications");
   std::vector<std::string> messages;
   for (const Json& notification : all) messages.push_back(notification.at("message"));
   return messages;
 }
 
-void pullOpen(Phone& phone) {
+void expand(Phone& phone) {
   phone.run({{"do", "drag"}, {"by", {0, 200}}});
   phone.wait(1);
 }
 
 using Messages = std::vector<std::string>;
 
-TEST(List, ClearTakesTheNotificationFromIt) {
+TEST(NotificationList, ClearRemovesTheNotification) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   present(phone, {{"message", "stays"}});
   present(phone, {{"message", "cleared"}});
-  pullOpen(phone);
+  expand(phone);
   phone.run({{"do", "tap"}, {"label", "Clear"}});
-  EXPECT_EQ(listed(phone), Messages{"stays"});
+  EXPECT_EQ(listedMessages(phone), Messages{"stays"});
 }
 
-TEST(List, CloseLeavesTheNotificationInIt) {
+TEST(NotificationList, CloseKeepsTheNotification) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = present(phone);
-  pullOpen(phone);
+  expand(phone);
   phone.run({{"do", "tap"}, {"label", "Close"}});
   phone.wait(3);
   EXPECT_TRUE(phone.state(controller).at("dismissed"));
-  EXPECT_EQ(listed(phone), Messages{"Hello"});
+  EXPECT_EQ(listedMessages(phone), Messages{"Hello"});
 }
 
-TEST(List, TimerAndDragAndReplacementLeaveTheNotificationInIt) {
+TEST(NotificationList, TimerDragAndReplacementKeepTheNotification) {
   Phone phone;
   present(phone, {{"message", "timer"}});
   phone.wait(10);
@@ -62,50 +62,50 @@ TEST(List, TimerAndDragAndReplacementLeaveTheNotificationInIt) {
   present(phone, {{"message", "replaced"}});
   present(phone, {{"message", "replacing"}});
   phone.wait(10);
-  EXPECT_EQ(listed(phone), (Messages{"replacing", "replaced", "drag", "timer"}));
+  EXPECT_EQ(listedMessages(phone), (Messages{"replacing", "replaced", "drag", "timer"}));
 }
 
-TEST(List, AnAnsweredNotificationLeavesIt) {
+TEST(NotificationList, ReplyRemovesTheNotification) {
   Phone phone;
   present(phone, {{"actions", {{{"key", "key"}, {"identifier", "reply"}, {"title", "Reply"}, {"textInput", true}}}}});
-  pullOpen(phone);
+  expand(phone);
   phone.run({{"do", "type"}, {"text", "Yes"}});
   phone.run({{"do", "key"}, {"name", "return"}});
-  EXPECT_EQ(listed(phone), Messages{});
+  EXPECT_EQ(listedMessages(phone), Messages{});
 }
 
-TEST(List, ASnoozedOrStoppedAlarmLeavesIt) {
+TEST(NotificationList, SnoozeAndStopRemoveTheAlarm) {
   Phone phone;
   for (const char* button : {"Snooze", "Stop"}) {
     present(phone, {{"section", "com.apple.mobiletimer"},
                     {"close", true},
                     {"actions", {{{"key", "key"}, {"identifier", "MTAlarmSnoozeAction"}, {"title", "Snooze"}}}}});
-    pullOpen(phone);
+    expand(phone);
     phone.run({{"do", "tap"}, {"label", button}});
-    EXPECT_EQ(listed(phone), Messages{}) << button;
+    EXPECT_EQ(listedMessages(phone), Messages{}) << button;
     phone.wait(5);
   }
 }
 
-TEST(List, AFollowUpThatTheBannerTakesUpIsCleared) {
+TEST(NotificationList, FollowUpThatIsAppendedToTheBannerIsRemoved) {
   Phone phone;
   const int controller = present(phone, {{"section", "com.apple.MobileSMS"}});
-  pullOpen(phone);
+  expand(phone);
   phone.run({{"do", "update"}, {"controller", controller}, {"message", "And another thing"}});
-  EXPECT_EQ(listed(phone), Messages{});
+  EXPECT_EQ(listedMessages(phone), Messages{});
   EXPECT_TRUE(phone.state(controller).at("brim"));
 }
 
-TEST(List, AWithdrawalDoesNotTakeTheBannerAway) {
+TEST(NotificationList, WithdrawalDoesNotDismissTheBanner) {
   Phone phone;
   const int controller = present(phone);
   phone.run({{"do", "withdraw"}});
   phone.wait(1);
   EXPECT_TRUE(phone.state(controller).at("brim"));
-  EXPECT_EQ(listed(phone), Messages{});
+  EXPECT_EQ(listedMessages(phone), Messages{});
 }
 
-TEST(List, OnTheLockScreenIsThePlatformsOwn) {
+TEST(NotificationList, OnTheLockScreenShowsThePlatformsContent) {
   Phone phone;
   present(phone);
   phone.run({{"do", "lock"}});
@@ -116,7 +116,7 @@ TEST(List, OnTheLockScreenIsThePlatformsOwn) {
   EXPECT_FALSE(test::firstNode(windows, "text", "Hello").is_null());
 }
 
-TEST(List, OpensTheLongLookWhichIsThePlatformsOwnToo) {
+TEST(NotificationList, PresentsThePlatformsLongLook) {
   Phone phone;
   present(phone);
   phone.run({{"do", "lock"}});
@@ -131,14 +131,14 @@ TEST(List, OpensTheLongLookWhichIsThePlatformsOwnToo) {
   EXPECT_TRUE(test::firstNode(windows, "class", "BrimContainer").is_null());
 }
 
-TEST(List, ATapOnItsCellOpensTheApplication) {
+TEST(NotificationList, TapOnACellOpensTheApplication) {
   Phone phone;
   present(phone);
   phone.run({{"do", "lock"}});
   phone.wait(2);
   phone.log();
   phone.run({{"do", "tap"}, {"label", "Hello"}});
-  EXPECT_EQ(listed(phone), Messages{});
+  EXPECT_EQ(listedMessages(phone), Messages{});
   EXPECT_EQ(phone.log().at(1).at("event"), "launch");
 }
 

@@ -8,16 +8,16 @@ using test::bottom;
 using test::height;
 using test::Json;
 using test::left;
-using test::message;
 using test::Phone;
 using test::phoneWith;
 using test::right;
+using test::sampleMessage;
 using test::top;
 using test::width;
 
-TEST(Layout, BannerRestsAboveItsPlaceAndSpansTheNotificationView) {
+TEST(Layout, BannerSpansTheNotificationViewAtItsDefaultOffset) {
   Phone phone = phoneWith({});
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   const Json banner = phone.banner(controller);
   EXPECT_DOUBLE_EQ(top(banner), 44 - 70);
@@ -27,9 +27,9 @@ TEST(Layout, BannerRestsAboveItsPlaceAndSpansTheNotificationView) {
   EXPECT_TRUE(banner.at("continuousCorners"));
 }
 
-TEST(Layout, IconHangsBelowTheClock) {
+TEST(Layout, IconIsBelowTheClock) {
   Phone phone = phoneWith({});
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   const Json banner = phone.banner(controller);
   const Json clock = phone.view(controller, "_clockLabel");
@@ -42,7 +42,7 @@ TEST(Layout, IconHangsBelowTheClock) {
   EXPECT_DOUBLE_EQ(height(icon), 40);
 }
 
-TEST(Layout, TextsStandBesideTheIconOneBelowTheOther) {
+TEST(Layout, TextsAreStackedBesideTheIcon) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"title", "Mail"}, {"subtitle", "Subject"}, {"message", "Text"}});
   phone.wait(1);
@@ -65,14 +65,14 @@ TEST(Layout, TextsStandBesideTheIconOneBelowTheOther) {
   EXPECT_EQ(body.at("font").at("weight"), "regular");
 }
 
-TEST(Layout, BannerEndsAPaddingBelowItsLowestContent) {
+TEST(Layout, BottomPaddingIsBelowTheLowestContent) {
   Phone phone = phoneWith({{"appSize", 40}});
   const int shortText = phone.present({{"title", "A"}, {"message", "B"}});
   phone.wait(1);
   EXPECT_DOUBLE_EQ(bottom(phone.banner(shortText)), bottom(phone.view(shortText, "_appIV")) + 22);
 }
 
-TEST(Layout, LongBodyPushesTheBottomDownToItsLastAllowedLine) {
+TEST(Layout, BottomIsBelowTheLastAllowedLineOfALongBody) {
   Phone phone = phoneWith({{"maxLineCount", 4}});
   std::string text;
   for (int word = 0; word < 200; ++word) text += "lorem ";
@@ -85,7 +85,7 @@ TEST(Layout, LongBodyPushesTheBottomDownToItsLastAllowedLine) {
 
 TEST(Layout, WithoutGrabberThePaddingIsSmaller) {
   Phone phone = phoneWith({{"enableGrabber", false}});
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   EXPECT_TRUE(phone.view(controller, "_grabberView").is_null());
   EXPECT_DOUBLE_EQ(bottom(phone.banner(controller)), bottom(phone.view(controller, "_appIV")) + 16.67);
@@ -93,7 +93,7 @@ TEST(Layout, WithoutGrabberThePaddingIsSmaller) {
 
 TEST(Layout, GrabberIsCenteredAtTheBottomEdge) {
   Phone phone = phoneWith({});
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   const Json banner = phone.banner(controller);
   const Json grabber = phone.view(controller, "_grabberView");
@@ -123,11 +123,11 @@ struct RadiusCase {
 
 class IconRadius : public testing::TestWithParam<RadiusCase> {};
 
-TEST_P(IconRadius, IsClampedToTheIcon) {
+TEST_P(IconRadius, IsAtMostHalfTheIconSize) {
   const RadiusCase& given = GetParam();
   Phone phone =
       phoneWith({{"tinyBanner", given.tiny}, {"appSize", given.appSize}, {"appCornerRadius", given.requested}});
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   EXPECT_DOUBLE_EQ(phone.view(controller, "_appIV").at("cornerRadius"), given.expected);
 }
@@ -151,10 +151,10 @@ struct BlurCase {
 
 class BlurStyle : public testing::TestWithParam<BlurCase> {};
 
-TEST_P(BlurStyle, FollowsVersionAndMode) {
+TEST_P(BlurStyle, DependsOnSystemVersionAndColorMode) {
   Phone phone = phoneWith({{"containerColor", GetParam().mode}},
                           [](runner::Options& options) { options.systemVersion = GetParam().system; });
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   EXPECT_EQ(phone.view(controller, "_keyboardBackdrop").at("blur"), GetParam().backdrop);
   const std::vector<Json> inside = blurs(Json::array({phone.banner(controller)}));
@@ -172,7 +172,7 @@ INSTANTIATE_TEST_SUITE_P(Table, BlurStyle,
 
 TEST(Layout, KeyboardBackdropIsHiddenAndCoversTheNotificationView) {
   Phone phone = phoneWith({});
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   const Json backdrop = phone.view(controller, "_keyboardBackdrop");
   EXPECT_TRUE(backdrop.at("hidden"));
@@ -180,20 +180,20 @@ TEST(Layout, KeyboardBackdropIsHiddenAndCoversTheNotificationView) {
   EXPECT_DOUBLE_EQ(width(backdrop), 375 - 16);
 }
 
-TEST(Layout, BannerThatCannotBeAnsweredHasNoReplyField) {
+TEST(Layout, BannerThatCannotReplyHasNoReplyField) {
   Phone phone = phoneWith({{"showButtons", true}});
   const int controller = phone.present({{"section", "com.apple.mobilecal"}, {"title", "Meeting"}, {"message", "Now"}});
   phone.wait(1);
   EXPECT_TRUE(phone.view(controller, "replyBg").is_null());
   EXPECT_TRUE(phone.view(controller, "reply").is_null());
-  const Json third = phone.view(controller, "_replyButton");
-  EXPECT_FALSE(third.at("enabled"));
-  EXPECT_FALSE(test::firstNode(Json::array({third}), "text", "Open").is_null());
+  const Json openButton = phone.view(controller, "_replyButton");
+  EXPECT_FALSE(openButton.at("enabled"));
+  EXPECT_FALSE(test::firstNode(Json::array({openButton}), "text", "Open").is_null());
 }
 
-TEST(Layout, ReplyFieldLiesInTheButtonsPlace) {
+TEST(Layout, ReplyFieldOccupiesTheButtonRow) {
   Phone phone = phoneWith({{"showButtons", true}});
-  const int controller = phone.present(message());
+  const int controller = phone.present(sampleMessage());
   phone.wait(1);
   const Json row = phone.view(controller, "_buttonStackView");
   const Json background = phone.view(controller, "replyBg");

@@ -1,5 +1,5 @@
-// Two things that happen to a banner at once. Whatever they are, it leaves the screen, is dismissed once, and nothing
-// of it stays.
+// Two events that affect a banner at the same time. Regardless of the combination, the banner leaves the screen, the
+// platform dismisses it exactly once, and its controller and view are released.
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -9,20 +9,20 @@
 
 namespace {
 
-using test::command;
 using test::containerOf;
 using test::Json;
 using test::Phone;
+using test::postCommand;
 
-class Overlap : public testing::Test {
+class OverlappingEvents : public testing::Test {
  protected:
   int present(const Json& fields = Json::object()) {
     Json all = {{"title", "Anna"}, {"message", "Hello"}};
     all.update(fields);
     const objc::AutoreleasePool pool;
     const int controller = phone.present(all);
-    held.push_back({objc::Weak<BannerController>(test::controllerOf(controller).get()),
-                    objc::Weak<BrimContainer>(containerOf(controller))});
+    presented_.push_back({objc::Weak<BannerController>(test::controllerOf(controller).get()),
+                          objc::Weak<BrimContainer>(containerOf(controller))});
     return controller;
   }
 
@@ -35,21 +35,21 @@ class Overlap : public testing::Test {
     return containerOf(controller)->reply()->isFirstResponder();
   }
 
-  // Lets the banners go; what has a reason to stay is sent away by the lock screen.
+  // Waits until the banners are dismissed. The lock screen dismisses the persistent ones.
   void TearDown() override {
     phone.wait(20);
     phone.run({{"do", "lock"}});
     phone.wait(20);
-    std::vector<int> dismissals(held.size(), 0);
+    std::vector<int> dismissals(presented_.size(), 0);
     for (const Json& event : phone.log())
       if (event.at("event") == "dismiss") ++dismissals.at(event.at("controller").get<std::size_t>() - 1);
-    for (std::size_t index = 0; index < held.size(); ++index) {
+    for (std::size_t index = 0; index < presented_.size(); ++index) {
       const int controller = static_cast<int>(index) + 1;
       EXPECT_EQ(dismissals[index], 1) << "controller " << controller;
       EXPECT_FALSE(state(controller).at("brim"));
       EXPECT_TRUE(state(controller).at("dismissed"));
-      EXPECT_EQ(held[index].controller.lock(), nullptr) << "controller " << controller;
-      EXPECT_EQ(held[index].banner.lock(), nullptr) << "banner of controller " << controller;
+      EXPECT_EQ(presented_[index].controller.lock(), nullptr) << "controller " << controller;
+      EXPECT_EQ(presented_[index].banner.lock(), nullptr) << "banner of controller " << controller;
     }
     EXPECT_TRUE(BrimContainer::DismissNotification());
   }
@@ -57,14 +57,14 @@ class Overlap : public testing::Test {
   Phone phone{test::Setup{}};
 
  private:
-  struct Held {
+  struct Presented {
     objc::Weak<BannerController> controller;
     objc::Weak<BrimContainer> banner;
   };
-  std::vector<Held> held;
+  std::vector<Presented> presented_;
 };
 
-TEST_F(Overlap, TimerDuringADrag) {
+TEST_F(OverlappingEvents, TimerDuringADrag) {
   const int controller = present();
   phone.wait(4.9);
   drag(-12, "hold");
@@ -76,7 +76,7 @@ TEST_F(Overlap, TimerDuringADrag) {
   EXPECT_TRUE(state(controller).at("dismissed"));
 }
 
-TEST_F(Overlap, TimerDuringADragThatHasOpenedTheBanner) {
+TEST_F(OverlappingEvents, TimerDuringADragThatExpandedTheBanner) {
   const int controller = present();
   phone.wait(4.9);
   drag(300, "hold");
@@ -86,7 +86,7 @@ TEST_F(Overlap, TimerDuringADragThatHasOpenedTheBanner) {
   EXPECT_TRUE(state(controller).at("expanded"));
 }
 
-TEST_F(Overlap, ReplacementDuringTheExpansion) {
+TEST_F(OverlappingEvents, ReplacementDuringTheExpansion) {
   const int older = present();
   phone.wait(1);
   drag(30);
@@ -98,21 +98,21 @@ TEST_F(Overlap, ReplacementDuringTheExpansion) {
   EXPECT_TRUE(state(older).at("isDismissing"));
   phone.wait(1);
   EXPECT_FALSE(state(older).at("brim"));
-  // The newer one came while the older had to stay, and is empty.
+  // The newer controller has no banner, because the older banner was persistent when it was attached.
   EXPECT_FALSE(state(newer).at("brim"));
 }
 
-TEST_F(Overlap, LockDuringTheDismissal) {
+TEST_F(OverlappingEvents, LockDuringTheDismissal) {
   const int controller = present();
   phone.wait(1);
-  command({{"command", "dismiss"}});
+  postCommand({{"command", "dismiss"}});
   phone.wait(0.3);
   phone.run({{"do", "lock"}});
   EXPECT_FALSE(state(controller).at("brim"));
   EXPECT_TRUE(state(controller).at("dismissed"));
 }
 
-TEST_F(Overlap, TapDuringTheReply) {
+TEST_F(OverlappingEvents, TapDuringTheReply) {
   const int controller = present();
   phone.wait(1);
   drag(200);
@@ -124,7 +124,7 @@ TEST_F(Overlap, TapDuringTheReply) {
   EXPECT_FALSE(isEditing(controller));
 }
 
-TEST_F(Overlap, SecondBannerWhileTheFirstWaitsToGo) {
+TEST_F(OverlappingEvents, ThirdBannerBeforeTheFirstIsDismissed) {
   const int first = present({{"title", "One"}});
   phone.wait(1);
   present({{"title", "Two"}});
@@ -135,7 +135,7 @@ TEST_F(Overlap, SecondBannerWhileTheFirstWaitsToGo) {
   EXPECT_TRUE(state(third).at("brim"));
 }
 
-TEST_F(Overlap, ThreeBannersInOneTurn) {
+TEST_F(OverlappingEvents, ThreeBannersInOneRunLoopIteration) {
   const int first = present({{"title", "One"}, {"message", "1\n2\n3"}});
   const int second = present({{"title", "Two"}});
   const int third = present({{"title", "Three"}});
@@ -145,37 +145,37 @@ TEST_F(Overlap, ThreeBannersInOneTurn) {
   EXPECT_TRUE(state(third).at("brim"));
 }
 
-TEST_F(Overlap, UpdateAfterTheDismissal) {
+TEST_F(OverlappingEvents, UpdateAfterTheDismissal) {
   const int controller = present({{"dismissAutomatically", false}});
   phone.wait(1);
-  command({{"command", "dismiss"}});
+  postCommand({{"command", "dismiss"}});
   phone.wait(0.72);
-  command({{"command", "updateReply"}, {"header", "Anna"}, {"body", "Too late"}});
+  postCommand({{"command", "updateReply"}, {"header", "Anna"}, {"body", "Too late"}});
   EXPECT_FALSE(state(controller).at("brim"));
 }
 
-TEST_F(Overlap, UpdateDuringTheDismissal) {
+TEST_F(OverlappingEvents, UpdateDuringTheDismissal) {
   const int controller = present({{"dismissAutomatically", false}});
   phone.wait(1);
-  command({{"command", "dismiss"}});
+  postCommand({{"command", "dismiss"}});
   phone.wait(0.3);
-  command({{"command", "updateReply"}, {"header", "Anna"}, {"body", "Just in time"}});
+  postCommand({{"command", "updateReply"}, {"header", "Anna"}, {"body", "Just in time"}});
   EXPECT_EQ(phone.view(controller, "bodyLabel").at("text"), "Hello\nJust in time");
   phone.wait(0.5);
   EXPECT_FALSE(state(controller).at("brim"));
 }
 
-TEST_F(Overlap, AppearanceChangeDuringTheDismissal) {
+TEST_F(OverlappingEvents, AppearanceChangeDuringTheDismissal) {
   const int controller = present();
   phone.wait(1);
-  command({{"command", "dismiss"}});
+  postCommand({{"command", "dismiss"}});
   phone.wait(0.3);
   phone.run({{"do", "appearance"}, {"style", "dark"}});
   phone.wait(0.45);
   EXPECT_FALSE(state(controller).at("brim"));
 }
 
-TEST_F(Overlap, AppearanceChangeDuringTheExpansion) {
+TEST_F(OverlappingEvents, AppearanceChangeDuringTheExpansion) {
   const int controller = present();
   phone.wait(1);
   drag(30);
@@ -186,8 +186,8 @@ TEST_F(Overlap, AppearanceChangeDuringTheExpansion) {
   EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json({1.0, 1.0, 1.0, 1.0}));
 }
 
-// The preferences may change in the middle of an attachment: the banner has some of each, and lives on.
-TEST_F(Overlap, SettingsRewrittenWhileAttaching) {
+// The settings can change during the attachment. The banner then uses some old and some new values.
+TEST_F(OverlappingEvents, SettingsChangedDuringTheAttachment) {
   const std::vector<std::pair<const char*, Json>> settings = {
       {"tinyBanner", true}, {"maxLineCount", -1}, {"appSize", 0}, {"showButtons", true}, {"timeToDismiss", 0}};
   for (const auto& [key, value] : settings) {
@@ -199,10 +199,10 @@ TEST_F(Overlap, SettingsRewrittenWhileAttaching) {
   drag(30);
 }
 
-TEST_F(Overlap, SettingThatMakesTheBannerTinyDuringTheDismissal) {
+TEST_F(OverlappingEvents, SettingThatMakesTheBannerTinyDuringTheDismissal) {
   const int controller = present({{"message", "1\n2"}});
   phone.wait(1);
-  command({{"command", "dismiss"}});
+  postCommand({{"command", "dismiss"}});
   phone.wait(0.1);
   phone.set("tinyBanner", true);
   phone.wait(0.63);
@@ -211,7 +211,7 @@ TEST_F(Overlap, SettingThatMakesTheBannerTinyDuringTheDismissal) {
   EXPECT_FALSE(state(controller).at("brim"));
 }
 
-TEST_F(Overlap, ReplyWhileTheNewerBannerWaits) {
+TEST_F(OverlappingEvents, ReplyAfterANewerNotification) {
   const int older = present();
   phone.wait(1);
   drag(200);
@@ -224,7 +224,7 @@ TEST_F(Overlap, ReplyWhileTheNewerBannerWaits) {
   EXPECT_FALSE(state(older).at("brim"));
 }
 
-TEST_F(Overlap, HomeButtonDuringTheReply) {
+TEST_F(OverlappingEvents, HomeButtonDuringTheReply) {
   const int controller = present();
   phone.wait(1);
   drag(200);
@@ -232,10 +232,11 @@ TEST_F(Overlap, HomeButtonDuringTheReply) {
   phone.run({{"do", "type"}, {"text", "Unsent"}});
   phone.run({{"do", "press"}, {"type", 101}, {"force", 0}});
   EXPECT_FALSE(state(controller).at("brim"));
-  EXPECT_NE(phone.refusal({{"do", "type"}, {"text", "more"}}).find("nothing has the keyboard"), std::string::npos);
+  EXPECT_NE(phone.runExpectingError({{"do", "type"}, {"text", "more"}}).find("nothing has the keyboard"),
+            std::string::npos);
 }
 
-TEST_F(Overlap, GrabberTwice) {
+TEST_F(OverlappingEvents, GrabberTwice) {
   const int controller = present({{"dismissAutomatically", false}});
   phone.wait(1);
   phone.run({{"do", "grabber"}});
@@ -245,7 +246,7 @@ TEST_F(Overlap, GrabberTwice) {
   EXPECT_TRUE(state(controller).at("dismissed"));
 }
 
-TEST_F(Overlap, SendAndDragInOneTurn) {
+TEST_F(OverlappingEvents, SendAndDragInOneRunLoopIteration) {
   const int controller = present();
   phone.wait(1);
   drag(200);
@@ -258,8 +259,8 @@ TEST_F(Overlap, SendAndDragInOneTurn) {
   EXPECT_TRUE(state(controller).at("dismissed"));
 }
 
-// The older one leaves in the middle of the newer one's way out, and takes what it had in common with it along.
-TEST_F(Overlap, ReplacementThatGoesAtOnce) {
+// The removal of the older banner interrupts the newer banner's dismissal animation.
+TEST_F(OverlappingEvents, ReplacementThatIsDismissedImmediately) {
   phone.set("timeToDismiss", 0);
   const int older = present({{"dismissAutomatically", false}});
   drag(164);

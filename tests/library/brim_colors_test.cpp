@@ -26,7 +26,7 @@ void setCustom(BrimColors* colors, UIColor* text) {
   objc::send<void, "setUseCustomColors:">(colors, true);
 }
 
-Phone onVersion(const std::string& version) {
+Phone phoneWithSystem(const std::string& version) {
   test::Setup setup;
   setup.options.systemVersion = version;
   return Phone(setup);
@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(EveryOtherMode, BlackMode, testing::Values(3, 0, -1, 4,
 class DarkBackground : public testing::TestWithParam<std::pair<const char*, double>> {};
 
 TEST_P(DarkBackground, HasTheAlphaOfTheSystemVersion) {
-  const Phone phone = onVersion(GetParam().first);
+  const Phone phone = phoneWithSystem(GetParam().first);
   EXPECT_EQ(components(BrimColors::withMode(darkMode)->containerBackgroundColor()),
             (Components{0, 0, 0, GetParam().second}));
 }
@@ -91,7 +91,7 @@ TEST(Colors, CustomColorReplacesItsPaletteEntryOnlyWhenSet) {
   EXPECT_EQ(components(colors->containerButtonColor()), (Components{1, 1, 1, 0.1}));
 }
 
-TEST(Colors, CustomColorsAreIgnoredWhileNotInUse) {
+TEST(Colors, CustomColorsAreIgnoredWhileDisabled) {
   const Phone phone;
   const auto colors = BrimColors::withMode(darkMode);
   setCustom(colors, UIColor::withRed(0.25, 0.5, 0.75, 1));

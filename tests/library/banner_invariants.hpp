@@ -1,0 +1,50 @@
+// The invariants of banners. They hold after every command of the script, regardless of the commands before it.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "tests/library/controllers.hpp"
+#include "tests/library/phone.hpp"
+
+namespace test {
+
+class BannerInvariants {
+ public:
+  // Call before each drag. A drag can expand every banner on screen, and an expanded banner stays on screen.
+  void expectDrag();
+  // Checks every banner, and the events since the previous call. Returns a description of the first violation, empty if
+  // there is none.
+  std::string violation(const Json& events);
+  // The same for a screen without banners: each banner was dismissed exactly once, and no controller or view of a
+  // banner still exists. Later checks ignore these banners.
+  std::string violationOnEmptyScreen();
+
+  std::size_t bannerCount() const { return springboard::bannerCount(); }
+
+ private:
+  // What earlier checks observed about a banner.
+  struct History {
+    objc::Weak<BannerController> controller;
+    objc::Weak<BrimContainer> banner;
+    int platformDismissals = 0;
+    bool usedOwnTransition = false;
+    // The time at which the first check found the banner dismissing.
+    std::optional<double> dismissingSince;
+    bool hadBanner = false;
+    // The timer does not have to dismiss the banner: its request excludes that, or a drag can have expanded it.
+    bool canStay = false;
+  };
+
+  std::string violationBy(std::size_t number, BannerController* controller);
+  std::string flagViolation(BannerController* controller, bool isOnScreen) const;
+  void addNewBanners();
+  void countDismissals(const Json& events);
+
+  // By the controller's number.
+  std::map<std::size_t, History> histories_;
+  std::size_t knownBanners_ = 0;
+};
+
+}  // namespace test

@@ -1,0 +1,40 @@
+// A banner without a notification and without a controller.
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "library/view/brim_container.hpp"
+
+namespace test {
+
+// A light banner that is not in a superview yet. Every text can be nil.
+inline objc::Ref<BrimContainer> makeBanner(NSString* header, NSString* subHeader, NSString* body) {
+  auto banner = BrimContainer::make(nullptr, header, subHeader, body);
+  banner->setColorSet(BrimColors::withMode(lightMode));
+  banner->setHeaderFontSize(15);
+  banner->setTextFontSize(13);
+  banner->setTinyBannerFontSize(15);
+  banner->setStatusbarFontSize(15);
+  banner->setAppSize(40);
+  return banner;
+}
+
+// Adds a banner to a superview that is as wide as a phone's notification view, and lays it out.
+struct LaidOutBanner {
+  objc::Ref<UIView> superview = UIView::withFrame<UIView>({{0, 0}, {359, 100}});
+  objc::Ref<BrimContainer> banner;
+
+  explicit LaidOutBanner(objc::Ref<BrimContainer> unattached) : banner(std::move(unattached)) {
+    superview->addSubview(banner);
+    superview->layoutIfNeeded();
+  }
+};
+
+// The label's text, "(nil)" if it has none.
+inline std::string text(UILabel* label) {
+  NSString* const labelText = label->text();
+  return labelText == nullptr ? "(nil)" : labelText->UTF8String();
+}
+
+}  // namespace test
