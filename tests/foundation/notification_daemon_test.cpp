@@ -50,7 +50,7 @@ const char* nameOf(Ending ending) {
   return "";
 }
 
-// Runs a process that uses this root, posts a notification and ends in this way.
+// Runs use_root with this root and this ending, and returns what it prints.
 Daemon runProcessOfRoot(const fs::path& root, Ending ending) {
   const fs::path output = testRoot() / "daemon.txt";
   const std::string command = "env -u GNUSTEP_CONFIG_FILE -u TEMP -u TMP " USE_ROOT " '" + root.string() + "' " +
