@@ -77,7 +77,7 @@ TEST_F(Buttons, HaveAWhiteTitleByDefault) {
   EXPECT_EQ(uikit::colorOf(makeButton()->titleLabel()->textColor()), (drawing::Color{1, 1, 1, 1}));
 }
 
-TEST_F(Buttons, OfSystemTypeFadeWhenDisabledOrHighlighted) {
+TEST_F(Buttons, SystemButtonsFadeWhenDisabledOrHighlighted) {
   UIButton* button = makeSystemButton();
   EXPECT_EQ(uikit::colorOf(button->titleLabel()->textColor()), (drawing::Color{0, 0.478, 1, 1}));
   EXPECT_EQ(button->titleLabel()->font()->pointSize(), 15);

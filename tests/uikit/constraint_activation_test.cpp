@@ -38,7 +38,7 @@ TEST_F(Constraints, ConflictIsReportedOnceAndTheOthersAreSatisfied) {
   EXPECT_EQ(secondError, "");
 }
 
-TEST_F(Constraints, WithoutACommonAncestorStayInactive) {
+TEST_F(Constraints, ConstraintWithoutACommonAncestorStaysInactive) {
   const auto unrelated = UIView::withFrame<UIView>({});
   NSLayoutConstraint* constraint = root->leadingAnchor()->equalTo(unrelated->leadingAnchor());
   const std::string error = standardErrorOf([&] { constraint->setActive(true); });
@@ -46,7 +46,7 @@ TEST_F(Constraints, WithoutACommonAncestorStayInactive) {
   EXPECT_FALSE(constraint->isActive());
 }
 
-TEST_F(Constraints, OfADeallocatedViewStayInactive) {
+TEST_F(Constraints, ConstraintOfADeallocatedViewStaysInactive) {
   NSLayoutConstraint* constraint = nullptr;
   {
     const objc::AutoreleasePool pool;

@@ -31,7 +31,7 @@ std::size_t constraintsReadIn(UIView* root) {
 
 }  // namespace
 
-TEST_F(Constraints, AreReadAgainOnlyInTheViewWhereOneChanged) {
+TEST_F(Constraints, ConstraintsAreReadAgainOnlyInTheChangedView) {
   const Card first(root);
   const Card second(root);
   root->layoutIfNeeded();
@@ -46,7 +46,7 @@ TEST_F(Constraints, AreReadAgainOnlyInTheViewWhereOneChanged) {
   EXPECT_EQ(second.content->frame(), (CGRect{{10, 10}, {80, 30}}));
 }
 
-TEST_F(Constraints, OfAnAddedViewDoNotAffectItsSiblings) {
+TEST_F(Constraints, AddedViewDoesNotAffectItsSiblings) {
   const Card first(root);
   root->layoutIfNeeded();
   const std::size_t before = constraintsReadIn(first.view);
@@ -91,14 +91,14 @@ TEST_F(Constraints, PlaceAViewAndItsContentUntilTheyAreDeactivated) {
   EXPECT_EQ(card.content->frame(), (CGRect{{10, 10}, {180, 80}}));
 }
 
-TEST_F(Constraints, OnSizeAloneDetermineTheFrame) {
+TEST_F(Constraints, SizeConstraintsAloneDetermineTheFrame) {
   const auto view = addConstrainedView(addView(root, {{}, {100, 50}}));
   fixSize(view, 30, 20);
   root->layoutIfNeeded();
   EXPECT_EQ(view->frame(), (CGRect{{}, {30, 20}}));
 }
 
-TEST_F(Constraints, BetweenContentsOfTwoViewsAreSolvedTogether) {
+TEST_F(Constraints, ConstraintsBetweenTwoContentsAreSolvedTogether) {
   const Card first(root, {{0, 0}, {100, 50}});
   const Card second(root, {{0, 60}, {200, 50}});
   root->layoutIfNeeded();
@@ -112,7 +112,7 @@ TEST_F(Constraints, BetweenContentsOfTwoViewsAreSolvedTogether) {
   EXPECT_EQ(first.content->frame(), (CGRect{{35, 10}, {55, 30}}));
 }
 
-TEST_F(Constraints, ChangedInsideATreeApplyAfterRemovalFromTheTree) {
+TEST_F(Constraints, ConstraintChangedInsideATreeAppliesAfterRemovalFromTheTree) {
   const Card card(root);
   card.view->removeFromSuperview();
   card.view->layoutIfNeeded();

@@ -12,7 +12,7 @@ class ControlTarget : public objc::Interface<"ControlTarget", NSObject> {
   static objc::Ref<ControlTarget> make();
 };
 
-// Adds the actions for all editing events of `field`.
+// Makes `target` log all editing events of `field`.
 void logEditingEvents(ControlTarget* target, UIControl* field);
 
 }  // namespace test

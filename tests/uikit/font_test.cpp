@@ -45,7 +45,7 @@ TEST_F(Fonts, UseTheDefaultSizeForInvalidSizes) {
   }
 }
 
-TEST_F(Fonts, OfEnormousSizeCanBeMeasured) {
+TEST_F(Fonts, EnormousFontsCanBeMeasured) {
   const auto label = UIView::withFrame<UILabel>({});
   label->setText("Wide"_ns);
   label->setFont(UIFont::systemFontOfSize(1e300));

@@ -57,7 +57,7 @@ TEST_F(Images, AreNamedAfterTheRequestedPath) {
   EXPECT_EQ(uikit::imageOf(load("glyph.png"))->name(), (folder / "glyph.png").string());
 }
 
-TEST_F(Images, OfInvalidFilesAreNil) {
+TEST_F(Images, InvalidFilesGiveNil) {
   std::ofstream(folder / "text.png") << "not an image";
   EXPECT_EQ(UIImage::imageWithContentsOfFile(nullptr), nullptr);
   EXPECT_EQ(UIImage::imageWithContentsOfFile(""_ns), nullptr);
@@ -66,7 +66,7 @@ TEST_F(Images, OfInvalidFilesAreNil) {
   EXPECT_EQ(load(""), nullptr);
 }
 
-TEST_F(Images, OfPathsThatCannotBeEncodedAreNil) {
+TEST_F(Images, PathsThatCannotBeEncodedGiveNil) {
   EXPECT_EQ(stringWithUnpairedSurrogate()->length(), 2u);
   EXPECT_EQ(UIImage::imageWithContentsOfFile(stringWithUnpairedSurrogate()), nullptr);
 }
@@ -80,7 +80,7 @@ TEST_F(Images, AreReadFromData) {
             nullptr);
 }
 
-TEST_F(Images, OfInvalidDataAreNil) {
+TEST_F(Images, InvalidDataGivesNil) {
   EXPECT_EQ(UIImage::withData(nullptr).get(), nullptr);
   EXPECT_EQ(UIImage::withData(NSData::dataWithBytes("not an image", 12)).get(), nullptr);
   EXPECT_EQ(UIImage::withData(NSData::dataWithBytes("", 0)).get(), nullptr);
@@ -116,7 +116,7 @@ TEST_F(Images, ClampTheJpegQuality) {
   EXPECT_NE(bytes(0), bytes(1));
 }
 
-TEST_F(Images, OfApplicationsAreTheRegisteredOnes) {
+TEST_F(Images, ApplicationIconsAreTheRegisteredOnes) {
   uikit::setApplicationIcon("org.example.mail", 2, solidImage(60, 60));
   const UIImage* icon = UIImage::applicationIcon("org.example.mail"_ns, 2);
   ASSERT_NE(icon, nullptr);
@@ -127,7 +127,7 @@ TEST_F(Images, OfApplicationsAreTheRegisteredOnes) {
   EXPECT_EQ(UIImage::applicationIcon("org.example.mail"_ns, 2), nullptr);
 }
 
-TEST_F(Images, OfApplicationsWithoutAnIconAreThePlaceholder) {
+TEST_F(Images, ApplicationsWithoutAnIconHaveThePlaceholder) {
   EXPECT_EQ(UIImage::applicationIcon("org.example.unknown"_ns, 8), nullptr);
   uikit::setPlaceholderIcon(solidImage(20, 20));
   EXPECT_EQ(UIImage::applicationIcon("org.example.unknown"_ns, 8)->size(), (CGSize{20, 20}));

@@ -21,7 +21,7 @@ void countInvalidation(CountingLabel* self) {
 }
 
 constexpr const char* pangram = "The quick brown fox jumps over the lazy dog";
-// Of the system font of 15 points.
+// Line height of the system font at 15 points.
 constexpr double lineHeight = 18;
 
 class Labels : public UIKitTest {
@@ -74,7 +74,7 @@ TEST_F(Labels, CopyTheirText) {
   EXPECT_EQ(test::text(label->text()), "before");
 }
 
-TEST_F(Labels, OfOneLineAreAsWideAsTheirText) {
+TEST_F(Labels, SingleLineLabelIsAsWideAsItsText) {
   const auto label = makeLabel(pangram);
   const CGSize size = intrinsicSize(label);
   EXPECT_GT(size.width, 280);
@@ -83,7 +83,7 @@ TEST_F(Labels, OfOneLineAreAsWideAsTheirText) {
   EXPECT_EQ(sizeThatFits(label, {100, 1000}), size);
 }
 
-TEST_F(Labels, OfSeveralLinesFitTheGivenWidth) {
+TEST_F(Labels, MultilineLabelFitsTheGivenWidth) {
   const auto label = makeLabel(pangram);
   label->setNumberOfLines(0);
   const CGSize size = sizeThatFits(label, {100, 1000});

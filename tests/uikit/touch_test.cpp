@@ -81,7 +81,7 @@ TEST_F(Touches, GoToTheViewTheyBeganOn) {
   EXPECT_EQ(takeLog(), (Log{"probe began", "probe moved", "probe ended"}));
 }
 
-TEST_F(Touches, WithoutABeginAreIgnored) {
+TEST_F(Touches, MoveAndEndWithoutABeginAreIgnored) {
   uikit::deliverTouch(UITouchPhase::Moved, inside, 0);
   uikit::deliverTouch(UITouchPhase::Ended, inside, 0);
   EXPECT_EQ(takeLog(), Log{});

@@ -23,7 +23,7 @@ NSString* stringWithUnpairedSurrogate();
 // The description of the view and its subviews in the view tree.
 Json describe(UIView* view);
 
-// An image of one color, which is premultiplied 0xAARRGGBB. The size is in pixels.
+// An image of one color. The size is in pixels; `pixel` is premultiplied 0xAARRGGBB.
 std::shared_ptr<const drawing::Image> solidImage(int width, int height, std::uint32_t pixel = 0xffff0000,
                                                  double scale = 1);
 
