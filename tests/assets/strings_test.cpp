@@ -1,4 +1,4 @@
-// The localized strings in the asset bundle, read as Foundation reads them.
+// Tests of the localized strings in the asset bundle, as Foundation reads them.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -18,25 +18,25 @@ constexpr std::array keys = {"CONTENT_HIDDEN", "NOW", "SNOOZE", "STOP", "CLOSE",
 
 NSString* text(const std::string& characters) { return NSString::stringWithUTF8String(characters.c_str()); }
 
-// nil where the file is not a table of strings.
-NSDictionary* tableOf(const std::string& language) {
+// nil if the file is not a valid strings table.
+NSDictionary* stringsTable(const std::string& language) {
   const std::string path = std::string(ASSET_BUNDLE "/") + language + ".lproj/Localizable.strings";
   return objc::send<NSDictionary*, "dictionaryWithContentsOfFile:">(NSDictionary::classObject(), text(path));
 }
 
-std::string wordIn(NSDictionary* table, const char* key) {
-  const auto* word = static_cast<NSString*>(table->objectForKey(text(key)));
-  return word == nullptr ? std::string() : std::string(word->UTF8String());
+std::string localizedString(NSDictionary* table, const char* key) {
+  const auto* string = static_cast<NSString*>(table->objectForKey(text(key)));
+  return string == nullptr ? std::string() : std::string(string->UTF8String());
 }
 
-TEST(Strings, EveryLanguageHasAWordForEveryKeyAndNoOther) {
+TEST(Strings, EveryLanguageTranslatesExactlyTheKnownKeys) {
   const objc::AutoreleasePool pool;
   for (const char* language : languages) {
     SCOPED_TRACE(language);
-    NSDictionary* const table = tableOf(language);
+    NSDictionary* const table = stringsTable(language);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->count(), keys.size());
-    for (const char* key : keys) EXPECT_FALSE(wordIn(table, key).empty()) << key;
+    for (const char* key : keys) EXPECT_FALSE(localizedString(table, key).empty()) << key;
   }
 }
 
@@ -45,28 +45,28 @@ TEST(Strings, ButtonTitlesAreShort) {
   const objc::AutoreleasePool pool;
   for (const char* language : languages) {
     for (const char* key : {"SNOOZE", "STOP", "CLOSE", "CLEAR", "REPLY", "OPEN"}) {
-      EXPECT_LE(text(wordIn(tableOf(language), key))->length(), 11U) << language << " " << key;
+      EXPECT_LE(text(localizedString(stringsTable(language), key))->length(), 11U) << language << " " << key;
     }
   }
 }
 
 TEST(Strings, NoTranslationIsLeftInEnglish) {
   const objc::AutoreleasePool pool;
-  const std::string english = wordIn(tableOf("en"), "CONTENT_HIDDEN");
+  const std::string english = localizedString(stringsTable("en"), "CONTENT_HIDDEN");
   EXPECT_EQ(english, "Content hidden");
   for (const char* language : languages) {
     if (std::string(language) != "en") {
-      EXPECT_NE(wordIn(tableOf(language), "CONTENT_HIDDEN"), english) << language;
+      EXPECT_NE(localizedString(stringsTable(language), "CONTENT_HIDDEN"), english) << language;
     }
   }
 }
 
-TEST(Strings, HebrewIsThereUnderItsOlderCodeToo) {
+TEST(Strings, HebrewIsAlsoAvailableUnderItsOldLanguageCode) {
   const objc::AutoreleasePool pool;
-  EXPECT_TRUE((objc::send<bool, "isEqualToDictionary:">(tableOf("iw"), tableOf("he"))));
+  EXPECT_TRUE((objc::send<bool, "isEqualToDictionary:">(stringsTable("iw"), stringsTable("he"))));
 }
 
-TEST(Strings, TheBundleHasNoFurtherLanguages) {
+TEST(Strings, BundleContainsNoOtherLanguages) {
   std::size_t folders = 0;
   for (const auto& entry : std::filesystem::directory_iterator(ASSET_BUNDLE)) {
     if (entry.path().extension() == ".lproj") ++folders;
@@ -74,7 +74,7 @@ TEST(Strings, TheBundleHasNoFurtherLanguages) {
   EXPECT_EQ(folders, languages.size() + 1);
 }
 
-TEST(Strings, TheBundleAnswersAKnownKeyAndFallsBackForAnUnknownOne) {
+TEST(Strings, BundleReturnsTheFallbackOnlyForAnUnknownKey) {
   const objc::AutoreleasePool pool;
   NSBundle* const bundle = NSBundle::bundleWithPath(text(ASSET_BUNDLE));
   ASSERT_NE(bundle, nullptr);

@@ -3,15 +3,15 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/drawing/pictures.hpp"
+#include "tests/drawing/test_images.hpp"
 
 namespace drawing {
 namespace {
 
-constexpr CornerShape square{};
+constexpr CornerShape squareCorners{};
 
-// Left half black, right half white.
-Canvas halves(double width, double height, double scale) {
+// The left half is black, the right half white.
+Canvas blackAndWhite(double width, double height, double scale) {
   Canvas canvas({width, height}, scale);
   canvas.clear(black);
   canvas.fillRectangle({width / 2, 0, width / 2, height}, white);
@@ -25,10 +25,10 @@ Canvas filledWith(const Color& color) {
 }
 
 void blurAll(Canvas& canvas, BlurStyle style, Appearance appearance = Appearance::Light, double alpha = 1) {
-  blurBackdrop(canvas, {0, 0, 1000, 1000}, square, style, appearance, alpha);
+  blurBackdrop(canvas, {0, 0, 1000, 1000}, squareCorners, style, appearance, alpha);
 }
 
-TEST(Backdrop, OfOneGrayIsOneGray) {
+TEST(Backdrop, UniformGrayStaysUniform) {
   Canvas canvas = filledWith({0.5, 0.5, 0.5, 1});
   blurAll(canvas, BlurStyle::Light);
   const std::uint32_t first = canvas.pixel(0, 0);
@@ -52,7 +52,7 @@ TEST(Backdrop, StylesDifferInBrightness) {
   EXPECT_EQ(brightness(BlurStyle::Dark, Appearance::Light), brightness(BlurStyle::Dark, Appearance::Dark));
 }
 
-TEST(Backdrop, KnowsThePlatformsNumbers) {
+TEST(Backdrop, ConvertsThePlatformsStyleNumbers) {
   EXPECT_EQ(blurStyle(0), BlurStyle::ExtraLight);
   EXPECT_EQ(blurStyle(1), BlurStyle::Light);
   EXPECT_EQ(blurStyle(2), BlurStyle::Dark);
@@ -60,17 +60,17 @@ TEST(Backdrop, KnowsThePlatformsNumbers) {
   EXPECT_EQ(blurStyle(77), BlurStyle::Regular);
 }
 
-TEST(Backdrop, MakesColorsMoreVivid) {
+TEST(Backdrop, IncreasesSaturation) {
   Canvas canvas = filledWith({0.6, 0.4, 0.4, 1});
   blurAll(canvas, BlurStyle::Light);
   const std::uint32_t pixel = canvas.pixel(30, 30);
-  // The tint alone leaves 70 per cent of the difference of 51 levels.
+  // Without higher saturation, the tint would reduce the difference of 51 levels to 70 percent.
   EXPECT_GT(redOf(pixel) - greenOf(pixel), 55);
 }
 
-TEST(Backdrop, FollowsTheBellCurveAcrossAnEdge) {
+TEST(Backdrop, BlursAnEdgeWithAGaussian) {
   constexpr double scale = 2, width = 300;
-  Canvas canvas = halves(width, 40, scale);
+  Canvas canvas = blackAndWhite(width, 40, scale);
   blurAll(canvas, BlurStyle::Light);
   const int center = static_cast<int>(width * scale) / 2;
   for (int x = center - 150; x < center + 150; ++x) {
@@ -80,8 +80,8 @@ TEST(Backdrop, FollowsTheBellCurveAcrossAnEdge) {
   }
 }
 
-TEST(Backdrop, HasNoSteps) {
-  Canvas canvas = halves(300, 100, 2);
+TEST(Backdrop, BlurIsSmooth) {
+  Canvas canvas = blackAndWhite(300, 100, 2);
   canvas.fillRectangle({0, 50, 300, 50}, {0.2, 0.7, 0.4, 1});
   blurAll(canvas, BlurStyle::Light);
   for (int y = 1; y < canvas.pixelHeight(); ++y) {
@@ -92,11 +92,11 @@ TEST(Backdrop, HasNoSteps) {
   }
 }
 
-TEST(Backdrop, OfAPartIsThatPartOfTheWhole) {
-  Canvas whole = halves(120, 120, 2);
-  Canvas part = halves(120, 120, 2);
+TEST(Backdrop, BlurOfAnAreaEqualsThatAreaOfAFullBlur) {
+  Canvas whole = blackAndWhite(120, 120, 2);
+  Canvas part = blackAndWhite(120, 120, 2);
   blurAll(whole, BlurStyle::Dark);
-  blurBackdrop(part, {33.5, 21, 51, 40.5}, square, BlurStyle::Dark, Appearance::Light, 1);
+  blurBackdrop(part, {33.5, 21, 51, 40.5}, squareCorners, BlurStyle::Dark, Appearance::Light, 1);
   for (int y = 42; y < 123; ++y) {
     for (int x = 67; x < 169; ++x) ASSERT_EQ(part.pixel(x, y), whole.pixel(x, y)) << x << " " << y;
   }
@@ -106,14 +106,14 @@ TEST(Backdrop, OfAPartIsThatPartOfTheWhole) {
   EXPECT_EQ(part.pixel(100, 123), 0xFF000000);
 }
 
-TEST(Backdrop, StaysInsideItsCorners) {
+TEST(Backdrop, IsClippedToItsRoundedCorners) {
   Canvas canvas = filledWith(white);
   blurBackdrop(canvas, {10, 10, 40, 40}, {15, CornerCurve::Continuous}, BlurStyle::Dark, Appearance::Light, 1);
   EXPECT_EQ(canvas.pixel(21, 21), 0xFFFFFFFF);
   EXPECT_LT(redOf(canvas.pixel(60, 60)), 160);
 }
 
-TEST(Backdrop, IsAsOpaqueAsAsked) {
+TEST(Backdrop, AppliesItsOpacity) {
   Canvas opaque = filledWith(black), half = filledWith(black), none = filledWith(black);
   blurAll(opaque, BlurStyle::ExtraLight);
   blurAll(half, BlurStyle::ExtraLight, Appearance::Light, 0.5);
@@ -123,33 +123,33 @@ TEST(Backdrop, IsAsOpaqueAsAsked) {
   EXPECT_EQ(none.pixel(5, 5), 0xFF000000);
 }
 
-TEST(Backdrop, InALayerBlursWhatLiesBeneathTheLayer) {
-  Canvas plain = halves(120, 60, 2), layered = halves(120, 60, 2);
-  blurBackdrop(plain, {20, 10, 80, 40}, square, BlurStyle::Light, Appearance::Light, 1);
+TEST(Backdrop, InsideALayerBlursTheContentBeneathTheLayer) {
+  Canvas plain = blackAndWhite(120, 60, 2), layered = blackAndWhite(120, 60, 2);
+  blurBackdrop(plain, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   layered.clipRectangle({10, 0, 100, 60});
   layered.beginLayer(0.5);
-  blurBackdrop(layered, {20, 10, 80, 40}, square, BlurStyle::Light, Appearance::Light, 1);
+  blurBackdrop(layered, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   layered.endLayer();
-  const Canvas sharp = halves(120, 60, 2);
+  const Canvas sharp = blackAndWhite(120, 60, 2);
   for (int x = 0; x < 240; ++x) {
     const int blended = (redOf(plain.pixel(x, 60)) + redOf(sharp.pixel(x, 60))) / 2;
     EXPECT_NEAR(redOf(layered.pixel(x, 60)), blended, 2) << x;
   }
 }
 
-TEST(Backdrop, MovesWithItsTransform) {
-  Canvas direct = halves(120, 60, 2), moved = halves(120, 60, 2);
-  blurBackdrop(direct, {20, 10, 80, 40}, square, BlurStyle::Light, Appearance::Light, 1);
+TEST(Backdrop, FollowsTheTransform) {
+  Canvas direct = blackAndWhite(120, 60, 2), moved = blackAndWhite(120, 60, 2);
+  blurBackdrop(direct, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   moved.translate(15, 5);
-  blurBackdrop(moved, {5, 5, 80, 40}, square, BlurStyle::Light, Appearance::Light, 1);
+  blurBackdrop(moved, {5, 5, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   EXPECT_EQ(direct.pixelsAsPng(), moved.pixelsAsPng());
 }
 
-TEST(Backdrop, OfNothingDrawsNothing) {
+TEST(Backdrop, EmptyOrInvalidAreaDrawsNothing) {
   Canvas canvas = filledWith(white);
   for (const Rectangle& area : {Rectangle{0, 0, 0, 10}, Rectangle{-50, 0, 20, 20}, Rectangle{500, 500, 20, 20},
                                 Rectangle{0, std::numeric_limits<double>::quiet_NaN(), 10, 10}}) {
-    blurBackdrop(canvas, area, square, BlurStyle::Dark, Appearance::Light, 1);
+    blurBackdrop(canvas, area, squareCorners, BlurStyle::Dark, Appearance::Light, 1);
   }
   for (int y = 0; y < 120; ++y) {
     for (int x = 0; x < 120; ++x) ASSERT_EQ(canvas.pixel(x, y), 0xFFFFFFFF);
@@ -167,7 +167,7 @@ TEST(Backdrop, WorksOnCanvasesOfAnySize) {
   }
 }
 
-TEST(Backdrop, OfTransparencyStaysTransparent) {
+TEST(Backdrop, TransparentCanvasStaysTransparent) {
   Canvas canvas({40, 40}, 1);
   blurAll(canvas, BlurStyle::Light);
   EXPECT_EQ(canvas.pixel(20, 20), 0U);

@@ -2,28 +2,28 @@
 
 #include <limits>
 
-#include "tests/drawing/pictures.hpp"
+#include "tests/drawing/test_images.hpp"
 
 namespace drawing {
 namespace {
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinite = std::numeric_limits<double>::infinity();
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
-TEST(Canvas, HasTheScalesPixels) {
+TEST(Canvas, PixelSizeIsPointSizeTimesScale) {
   const Canvas canvas({10, 5.1}, 2);
   EXPECT_EQ(canvas.pixelWidth(), 20);
   EXPECT_EQ(canvas.pixelHeight(), 11);
   EXPECT_EQ(canvas.pixel(3, 3), 0U);
 }
 
-TEST(Canvas, ImpossibleSizesBecomePossible) {
+TEST(Canvas, InvalidSizesAreClamped) {
   EXPECT_EQ(Canvas({0, -4}, 2).pixelWidth(), 1);
   EXPECT_EQ(Canvas({notANumber, 4}, notANumber).pixelWidth(), 1);
   EXPECT_EQ(Canvas({1e9, 1}, 1).pixelWidth(), 16'384);
 }
 
-TEST(Canvas, FillsInPoints) {
+TEST(Canvas, CoordinatesAreInPoints) {
   Canvas canvas({10, 10}, 2);
   canvas.fillRectangle({2, 2, 3, 3}, red);
   EXPECT_EQ(canvas.pixel(3, 4), 0U);
@@ -32,14 +32,14 @@ TEST(Canvas, FillsInPoints) {
   EXPECT_EQ(canvas.pixel(10, 9), 0U);
 }
 
-TEST(Canvas, KeepsDrawingAfterImpossibleNumbers) {
+TEST(Canvas, KeepsDrawingAfterInvalidArguments) {
   Canvas canvas({4, 4}, 1);
   canvas.save();
   canvas.scale(0, 1);
   canvas.fillRectangle({0, 0, 4, 4}, red);
   canvas.restore();
   canvas.save();
-  canvas.translate(infinite, 0);
+  canvas.translate(infinity, 0);
   canvas.fillRectangle({0, 0, 4, 4}, red);
   canvas.restore();
   canvas.fillRectangle({notANumber, 0, 4, 4}, red);
@@ -65,7 +65,7 @@ TEST(Canvas, RestoresTransformAndClip) {
   EXPECT_EQ(canvas.pixel(0, 0), 0xFF00FF00);
 }
 
-TEST(Canvas, IgnoresAnEndWithoutItsBeginning) {
+TEST(Canvas, IgnoresUnmatchedRestoreAndEndLayer) {
   Canvas canvas({4, 4}, 1);
   canvas.restore();
   canvas.endLayer();
@@ -78,7 +78,7 @@ TEST(Canvas, IgnoresAnEndWithoutItsBeginning) {
   EXPECT_NEAR(alphaOf(canvas.pixel(1, 1)), 128, 1);
 }
 
-TEST(Canvas, ClearReplacesEvenByTransparency) {
+TEST(Canvas, ClearCanMakePixelsTransparent) {
   Canvas canvas({4, 4}, 1);
   canvas.fillRectangle({0, 0, 4, 4}, red);
   canvas.clipRectangle({0, 0, 2, 4});
@@ -87,7 +87,7 @@ TEST(Canvas, ClearReplacesEvenByTransparency) {
   EXPECT_EQ(canvas.pixel(3, 0), 0xFFFF0000);
 }
 
-TEST(Layer, ShowsItsContentTogether) {
+TEST(Layer, OpacityAppliesToTheLayerAsAWhole) {
   Canvas canvas({4, 4}, 1);
   canvas.clear(white);
   canvas.beginLayer(0.5);
@@ -98,7 +98,7 @@ TEST(Layer, ShowsItsContentTogether) {
   EXPECT_EQ(redOf(canvas.pixel(1, 1)), greenOf(canvas.pixel(1, 1)));
 }
 
-TEST(Layer, EndRestoresWhatWasSavedInside) {
+TEST(Layer, EndLayerRestoresStatesSavedInside) {
   Canvas canvas({4, 4}, 1);
   for (const double alpha : {1.0, 0.5}) {
     canvas.beginLayer(alpha);
@@ -110,7 +110,7 @@ TEST(Layer, EndRestoresWhatWasSavedInside) {
   EXPECT_EQ(canvas.pixel(0, 0), 0xFFFF0000);
 }
 
-TEST(Layer, InvisibleDrawsNothing) {
+TEST(Layer, WithoutOpacityDrawsNothing) {
   Canvas canvas({4, 4}, 1);
   for (const double alpha : {0.0, -1.0, notANumber}) {
     canvas.beginLayer(alpha);
@@ -130,7 +130,7 @@ TEST(Layer, NestedOpacitiesMultiply) {
   EXPECT_NEAR(alphaOf(canvas.pixel(1, 1)), 64, 1);
 }
 
-TEST(Layer, KeepsSoftClipEdgesAsTheyAre) {
+TEST(Layer, DoesNotChangeAntialiasedClipEdges) {
   const auto edge = [](double alpha) {
     Canvas canvas({4, 4}, 1);
     canvas.clipRectangle({0.5, 0, 3, 4});
@@ -143,7 +143,7 @@ TEST(Layer, KeepsSoftClipEdgesAsTheyAre) {
   EXPECT_NEAR(edge(0.999), 128, 2);
 }
 
-TEST(CaptureBeneath, SeesThroughOpenLayers) {
+TEST(CaptureBeneath, IncludesOpenLayers) {
   Canvas canvas({8, 8}, 1);
   canvas.clear(black);
   canvas.clipRectangle({2, 2, 4, 4});
@@ -158,7 +158,7 @@ TEST(CaptureBeneath, SeesThroughOpenLayers) {
   EXPECT_EQ(canvas.pixel(3, 3), capture->pixel(2, 2));
 }
 
-TEST(CaptureBeneath, IsTransparentBeyondTheCanvas) {
+TEST(CaptureBeneath, IsTransparentOutsideTheCanvas) {
   Canvas canvas({4, 4}, 1);
   canvas.clear(red);
   const auto capture = Image::fromSurface(canvas.captureBeneath({-2, 0, 4, 4}), 1);
@@ -177,14 +177,14 @@ TEST(CoveredPixels, FollowTransformAndClip) {
   EXPECT_TRUE(canvas.coveredPixels({0, 0, 0, 10}).isEmpty());
 }
 
-TEST(CoveredPixels, AreTheCanvassInsideALayer) {
+TEST(CoveredPixels, InsideALayerAreInCanvasPixels) {
   Canvas canvas({100, 100}, 2);
   canvas.clipRectangle({10, 10, 50, 50});
   canvas.beginLayer(0.5);
   EXPECT_EQ(canvas.coveredPixels({20, 20, 100, 10}), (PixelRectangle{40, 40, 80, 20}));
 }
 
-TEST(PlaceContent, FollowsTheMode) {
+TEST(PlaceContent, FollowsTheContentMode) {
   const Size content{20, 10};
   const Rectangle bounds{100, 100, 40, 40};
   EXPECT_EQ(placeContent(content, bounds, ContentMode::ScaleToFill), bounds);
@@ -197,8 +197,8 @@ TEST(PlaceContent, FollowsTheMode) {
   EXPECT_EQ(placeContent(content, bounds, static_cast<ContentMode>(99)), bounds);
 }
 
-TEST(DrawImage, ReducesWithAllItsPixels) {
-  // A pattern of single lines becomes an even gray, whatever row it is reduced to.
+TEST(DrawImage, DownscalingAveragesAllPixels) {
+  // Alternating lines of one pixel become a uniform gray in every row.
   Canvas stripes({64, 64}, 1);
   for (int line = 0; line < 64; line += 2) stripes.fillRectangle({0, 1.0 * line, 64, 1}, white);
   for (int line = 1; line < 64; line += 2) stripes.fillRectangle({0, 1.0 * line, 64, 1}, black);
@@ -207,7 +207,7 @@ TEST(DrawImage, ReducesWithAllItsPixels) {
   for (int y = 0; y < 16; ++y) EXPECT_NEAR(redOf(canvas.pixel(8, y)), 128, 3) << y;
 }
 
-TEST(DrawImage, IsOpaqueUpToItsEdges) {
+TEST(DrawImage, ScaledImageIsOpaqueUpToItsEdges) {
   Canvas source({50, 50}, 1);
   source.clear(red);
   for (const double side : {20.0, 50.0, 90.0}) {
@@ -219,15 +219,15 @@ TEST(DrawImage, IsOpaqueUpToItsEdges) {
   }
 }
 
-TEST(DrawImage, OfNothingDrawsNothing) {
+TEST(DrawImage, NullImageOrEmptyRectangleDrawsNothing) {
   Canvas canvas({4, 4}, 1);
   canvas.drawImage(nullptr, {0, 0, 4, 4}, ContentMode::AspectFit);
   canvas.drawImage(quarteredImage(4), {0, 0, 0, 4}, ContentMode::AspectFit);
   EXPECT_EQ(canvas.pixel(1, 1), 0U);
 }
 
-// Filled into a square, a strip is enlarged to many times the square's width.
-TEST(DrawImage, OfALongStripIsDrawnAndLeavesTheCanvasInOrder) {
+// Aspect fill enlarges a strip to many times the width of the square.
+TEST(DrawImage, LongStripIsDrawnAndTheCanvasStaysUsable) {
   for (const int length : {600, 1000, 2200, 16000}) {
     for (const Size size : {Size{1.0 * length, 1}, Size{1, 1.0 * length}}) {
       Canvas strip(size, 1);
@@ -241,7 +241,7 @@ TEST(DrawImage, OfALongStripIsDrawnAndLeavesTheCanvasInOrder) {
   }
 }
 
-TEST(DrawImage, AtItsOwnSizeKeepsEveryPixel) {
+TEST(DrawImage, UnscaledImageKeepsEveryPixel) {
   const auto image = quarteredImage(8, 2);
   Canvas canvas({10, 10}, 2);
   canvas.drawImage(image, {1, 1, 4, 4}, ContentMode::TopLeft);
@@ -250,7 +250,7 @@ TEST(DrawImage, AtItsOwnSizeKeepsEveryPixel) {
   }
 }
 
-TEST(Canvas, WritesItsPixelsAsPng) {
+TEST(Canvas, EncodesItsPixelsAsPng) {
   Canvas canvas({4, 4}, 2);
   canvas.clear(blue);
   const auto image = decodeImage(canvas.pixelsAsPng());
@@ -259,7 +259,7 @@ TEST(Canvas, WritesItsPixelsAsPng) {
   EXPECT_EQ(image->pixel(5, 5), 0xFF0000FF);
 }
 
-TEST(Canvas, SnapshotDoesNotChangeWithIt) {
+TEST(Canvas, SnapshotIsIndependentOfLaterDrawing) {
   Canvas canvas({4, 4}, 2);
   canvas.clear(blue);
   const auto before = canvas.snapshot();

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "simulator/drawing/canvas.hpp"
-#include "tests/drawing/pictures.hpp"
+#include "tests/drawing/test_images.hpp"
 
 namespace drawing {
 namespace {
@@ -19,14 +19,15 @@ void append(Bytes& bytes, std::uint32_t value, std::size_t size, ByteOrder order
   }
 }
 
-// A segment with two entries, the second of which is the orientation.
-Bytes segment(std::uint32_t orientation, ByteOrder order, std::uint32_t type = 3, std::uint32_t directory = 8) {
+// An EXIF segment with two entries. The second one is the orientation.
+Bytes exifSegment(std::uint32_t orientation, ByteOrder order, std::uint32_t type = 3,
+                  std::uint32_t directoryOffset = 8) {
   Bytes bytes = bytesOf("Exif");
   bytes.resize(6);
   for (const char letter : std::string_view(order == ByteOrder::Little ? "II" : "MM"))
     bytes.push_back(static_cast<std::byte>(letter));
   append(bytes, 42, 2, order);
-  append(bytes, directory, 4, order);
+  append(bytes, directoryOffset, 4, order);
   append(bytes, 2, 2, order);
   for (const auto& [tag, value] : {std::pair{0x0100U, 640U}, {0x0112U, orientation}}) {
     append(bytes, tag, 2, order);
@@ -39,8 +40,9 @@ Bytes segment(std::uint32_t orientation, ByteOrder order, std::uint32_t type = 3
   return bytes;
 }
 
-// A photograph 48 pixels wide and 32 high: its left half red, its right half blue, its upper half bright.
-Bytes photograph(const Bytes& metadata) {
+// A JPEG of 48 by 32 pixels with this EXIF segment. The left half is red, the right half blue; the upper half is
+// brighter than the lower one.
+Bytes jpegWithMetadata(const Bytes& metadata) {
   Canvas canvas({48, 32}, 1);
   canvas.fillRectangle({0, 0, 24, 16}, {1, 0, 0, 1});
   canvas.fillRectangle({24, 0, 24, 16}, {0, 0, 1, 1});
@@ -54,60 +56,64 @@ Bytes photograph(const Bytes& metadata) {
   return file;
 }
 
-char nameOf(std::uint32_t pixel) {
+char colorLetter(std::uint32_t pixel) {
   const std::uint32_t red = pixel >> 16 & 0xFF;
   const std::uint32_t blue = pixel & 0xFF;
   if (red > blue) return red > 180 ? 'R' : 'r';
   return blue > 180 ? 'B' : 'b';
 }
 
-// The quarters of a picture, row by row: capitals are bright.
+// The colors of the quarters of an image, row by row. A capital letter is a bright color.
 std::string quartersOf(const Image& image) {
   const int x = image.pixelWidth() / 4;
   const int y = image.pixelHeight() / 4;
-  return {nameOf(image.pixel(x, y)), nameOf(image.pixel(3 * x, y)), nameOf(image.pixel(x, 3 * y)),
-          nameOf(image.pixel(3 * x, 3 * y))};
+  return {colorLetter(image.pixel(x, y)), colorLetter(image.pixel(3 * x, y)), colorLetter(image.pixel(x, 3 * y)),
+          colorLetter(image.pixel(3 * x, 3 * y))};
 }
 
-struct Held {
+struct OrientationCase {
   std::uint32_t orientation;
   const char* quarters;
 };
 
-class Photograph : public testing::TestWithParam<Held> {};
+class ExifOrientation : public testing::TestWithParam<OrientationCase> {};
 
-TEST_P(Photograph, IsTurnedUpright) {
-  const Held& held = GetParam();
+TEST_P(ExifOrientation, DecodedImageIsUpright) {
+  const OrientationCase& orientationCase = GetParam();
   for (const ByteOrder order : {ByteOrder::Little, ByteOrder::Big}) {
-    const auto image = decodeImage(photograph(segment(held.orientation, order)));
+    const auto image = decodeImage(jpegWithMetadata(exifSegment(orientationCase.orientation, order)));
     ASSERT_NE(image, nullptr);
-    EXPECT_EQ(quartersOf(*image), held.quarters);
-    EXPECT_EQ(image->pixelWidth() < image->pixelHeight(), held.orientation >= 5);
+    EXPECT_EQ(quartersOf(*image), orientationCase.quarters);
+    EXPECT_EQ(image->pixelWidth() < image->pixelHeight(), orientationCase.orientation >= 5);
   }
 }
 
-// How the four quarters, written in their rows, come to lie.
-INSTANTIATE_TEST_SUITE_P(Orientations, Photograph,
-                         testing::Values(Held{1, "RBrb"}, Held{2, "BRbr"}, Held{3, "brBR"}, Held{4, "rbRB"},
-                                         Held{5, "RrBb"}, Held{6, "rRbB"}, Held{7, "bBrR"}, Held{8, "BbRr"}),
-                         [](const auto& held) { return "Number" + std::to_string(held.param.orientation); });
+// The quarters of the decoded image for each orientation.
+INSTANTIATE_TEST_SUITE_P(Orientations, ExifOrientation,
+                         testing::Values(OrientationCase{1, "RBrb"}, OrientationCase{2, "BRbr"},
+                                         OrientationCase{3, "brBR"}, OrientationCase{4, "rbRB"},
+                                         OrientationCase{5, "RrBb"}, OrientationCase{6, "rRbB"},
+                                         OrientationCase{7, "bBrR"}, OrientationCase{8, "BbRr"}),
+                         [](const auto& orientationCase) {
+                           return "Number" + std::to_string(orientationCase.param.orientation);
+                         });
 
-TEST(Photograph, StaysAsItIsWithMetadataThatCannotBeRead) {
-  const Bytes whole = segment(6, ByteOrder::Big);
-  std::vector<Bytes> broken = {{},
-                               bytesOf("Exif"),
-                               bytesOf("http://ns.example.org/"),
-                               segment(0, ByteOrder::Big),
-                               segment(9, ByteOrder::Little),
-                               segment(6, ByteOrder::Big, 4),
-                               segment(6, ByteOrder::Little, 3, 0xFFFFFFFF),
-                               segment(6, ByteOrder::Big, 3, 9)};
-  // Cut anywhere before the value.
-  for (std::size_t size = 0; size < whole.size() - 7; ++size)
-    broken.emplace_back(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
-  for (const Bytes& metadata : broken) {
+TEST(ExifOrientation, InvalidMetadataIsIgnored) {
+  const Bytes valid = exifSegment(6, ByteOrder::Big);
+  std::vector<Bytes> invalid = {{},
+                                bytesOf("Exif"),
+                                bytesOf("http://ns.example.org/"),
+                                exifSegment(0, ByteOrder::Big),
+                                exifSegment(9, ByteOrder::Little),
+                                exifSegment(6, ByteOrder::Big, 4),
+                                exifSegment(6, ByteOrder::Little, 3, 0xFFFFFFFF),
+                                exifSegment(6, ByteOrder::Big, 3, 9)};
+  // Segments cut off anywhere before the orientation value.
+  for (std::size_t size = 0; size < valid.size() - 7; ++size)
+    invalid.emplace_back(valid.begin(), valid.begin() + static_cast<std::ptrdiff_t>(size));
+  for (const Bytes& metadata : invalid) {
     EXPECT_EQ(orientationIn(metadata), Orientation::Upright) << metadata.size();
-    const auto image = decodeImage(photograph(metadata));
+    const auto image = decodeImage(jpegWithMetadata(metadata));
     ASSERT_NE(image, nullptr);
     EXPECT_EQ(quartersOf(*image), "RBrb");
   }

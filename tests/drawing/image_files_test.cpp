@@ -3,18 +3,18 @@
 
 #include <csignal>
 
-#include "tests/drawing/pictures.hpp"
+#include "tests/drawing/test_images.hpp"
 
 namespace drawing {
 namespace {
 
-std::vector<std::byte> picture(int side) { return encodePng(*quarteredImage(side)); }
+std::vector<std::byte> encodedImage(int side) { return encodePng(*quarteredImage(side)); }
 
-TEST(LoadImage, TakesTheScaleFromTheName) {
-  const ScratchFolder folder;
+TEST(LoadImage, ReadsTheScaleFromTheFileName) {
+  const ImageFolder folder;
   for (const auto& [name, scale] :
        {std::pair{"a.png", 1.0}, {"a@2x.png", 2.0}, {"a@3x.png", 3.0}, {"a@2xb.png", 1.0}}) {
-    folder.write(name, picture(6));
+    folder.write(name, encodedImage(6));
     const auto image = loadImage(folder / name);
     ASSERT_NE(image, nullptr) << name;
     EXPECT_EQ(image->scale(), scale) << name;
@@ -22,18 +22,18 @@ TEST(LoadImage, TakesTheScaleFromTheName) {
   }
 }
 
-TEST(LoadImage, RecognizesTheFormatWhateverTheExtension) {
-  const ScratchFolder folder;
+TEST(LoadImage, RecognizesTheFormatRegardlessOfTheExtension) {
+  const ImageFolder folder;
   folder.write("photo.png", encodeJpeg(*quarteredImage(8), 0.9));
-  folder.write("photo", picture(8));
+  folder.write("photo", encodedImage(8));
   EXPECT_NE(loadImage(folder / "photo.png"), nullptr);
   EXPECT_NE(loadImage(folder / "photo"), nullptr);
 }
 
-TEST(LoadImage, RefusesWhatIsNoFileWithAPicture) {
-  const ScratchFolder folder;
+TEST(LoadImage, ReturnsNullForAnythingButAnImageFile) {
+  const ImageFolder folder;
   folder.write("empty.png", {});
-  folder.write("text.png", bytesOf("no picture"));
+  folder.write("text.png", bytesOf("not an image"));
   ASSERT_EQ(mkfifo((folder / "pipe.png").c_str(), 0600), 0);
   EXPECT_EQ(loadImage(folder / "missing.png"), nullptr);
   EXPECT_EQ(loadImage(folder.path()), nullptr);
@@ -44,11 +44,11 @@ TEST(LoadImage, RefusesWhatIsNoFileWithAPicture) {
   EXPECT_EQ(loadImage(""), nullptr);
 }
 
-TEST(LoadImageNamed, PrefersTheScreensScale) {
-  const ScratchFolder folder;
-  folder.write("mail.png", picture(2));
-  folder.write("mail@2x.png", picture(4));
-  folder.write("mail@3x.png", picture(6));
+TEST(LoadImageNamed, PrefersTheVariantOfTheScreensScale) {
+  const ImageFolder folder;
+  folder.write("mail.png", encodedImage(2));
+  folder.write("mail@2x.png", encodedImage(4));
+  folder.write("mail@3x.png", encodedImage(6));
   for (const double scale : {1.0, 2.0, 3.0}) {
     const auto image = loadImageNamed(folder / "mail.png", scale);
     ASSERT_NE(image, nullptr);
@@ -58,34 +58,34 @@ TEST(LoadImageNamed, PrefersTheScreensScale) {
   }
 }
 
-TEST(LoadImageNamed, FallsBackToTheDensestThereIs) {
-  const ScratchFolder folder;
-  folder.write("mail.png", picture(2));
+TEST(LoadImageNamed, FallsBackToTheHighestAvailableScale) {
+  const ImageFolder folder;
+  folder.write("mail.png", encodedImage(2));
   EXPECT_EQ(loadImageNamed(folder / "mail.png", 3)->scale(), 1);
-  folder.write("mail@2x.png", picture(4));
+  folder.write("mail@2x.png", encodedImage(4));
   EXPECT_EQ(loadImageNamed(folder / "mail.png", 3)->scale(), 2);
 }
 
 TEST(LoadImageNamed, SkipsADamagedVariant) {
-  const ScratchFolder folder;
+  const ImageFolder folder;
   folder.write("mail@3x.png", bytesOf("damaged"));
-  folder.write("mail@2x.png", picture(4));
+  folder.write("mail@2x.png", encodedImage(4));
   EXPECT_EQ(loadImageNamed(folder / "mail.png", 3)->scale(), 2);
 }
 
-TEST(LoadImageNamed, AddsTheUsualExtensionWhereTheNameHasNone) {
-  const ScratchFolder folder;
-  folder.write("mail@2x.png", picture(4));
+TEST(LoadImageNamed, AddsThePngExtensionIfTheNameHasNone) {
+  const ImageFolder folder;
+  folder.write("mail@2x.png", encodedImage(4));
   EXPECT_NE(loadImageNamed(folder / "mail", 2), nullptr);
   EXPECT_EQ(loadImageNamed(folder / "none", 2), nullptr);
-  folder.write("bare", picture(6));
+  folder.write("bare", encodedImage(6));
   ASSERT_NE(loadImageNamed(folder / "bare", 2), nullptr);
   EXPECT_EQ(loadImageNamed(folder / "bare", 2)->pixelWidth(), 6);
   EXPECT_EQ(loadImageNamed("", 2), nullptr);
 }
 
-TEST(WritePng, CanBeReadBackAndLeavesNothingElse) {
-  const ScratchFolder folder;
+TEST(WritePng, FileCanBeReadBackAndNoOtherFileIsLeft) {
+  const ImageFolder folder;
   EXPECT_EQ(writePng(*quarteredImage(4), folder / "a.png"), std::nullopt);
   EXPECT_EQ(writePng(*quarteredImage(6), folder / "a.png"), std::nullopt);
   EXPECT_EQ(loadImage(folder / "a.png")->pixelWidth(), 6);
@@ -93,15 +93,15 @@ TEST(WritePng, CanBeReadBackAndLeavesNothingElse) {
   EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
 }
 
-TEST(WritePng, NamesTheMissingFolder) {
-  const ScratchFolder folder;
-  const auto reason = writePng(*quarteredImage(4), folder / "missing/a.png");
-  ASSERT_TRUE(reason);
-  EXPECT_NE(reason->find("missing/a.png"), std::string::npos) << *reason;
+TEST(WritePng, ErrorNamesTheFileInAMissingFolder) {
+  const ImageFolder folder;
+  const auto error = writePng(*quarteredImage(4), folder / "missing/a.png");
+  ASSERT_TRUE(error);
+  EXPECT_NE(error->find("missing/a.png"), std::string::npos) << *error;
 }
 
-TEST(WritePng, KeepsWhatAFailedWriteWouldReplace) {
-  const ScratchFolder folder;
+TEST(WritePng, FailedWriteKeepsTheExistingEntry) {
+  const ImageFolder folder;
   std::filesystem::create_directory(folder / "taken.png");
   EXPECT_TRUE(writePng(*quarteredImage(4), folder / "taken.png"));
   EXPECT_TRUE(std::filesystem::is_directory(folder / "taken.png"));
@@ -109,35 +109,35 @@ TEST(WritePng, KeepsWhatAFailedWriteWouldReplace) {
   EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
 }
 
-// While it lives, files end after this many bytes, as on a disk that is full.
+// While this object exists, a file cannot grow beyond this number of bytes, as on a full disk.
 class FullDisk {
  public:
-  explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
+  explicit FullDisk(rlim_t bytes) : previousHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &previousLimit_);
+    const rlimit limit{bytes, previousLimit_.rlim_max};
     setrlimit(RLIMIT_FSIZE, &limit);
   }
   ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
+    setrlimit(RLIMIT_FSIZE, &previousLimit_);
+    std::signal(SIGXFSZ, previousHandler_);
   }
   FullDisk(const FullDisk&) = delete;
   FullDisk& operator=(const FullDisk&) = delete;
 
  private:
-  void (*handler_)(int);
-  rlimit before_{};
+  void (*previousHandler_)(int);
+  rlimit previousLimit_{};
 };
 
-TEST(WritePng, OnAFullDiskKeepsTheOldPicture) {
-  const ScratchFolder folder;
+TEST(WritePng, FullDiskKeepsTheOldFile) {
+  const ImageFolder folder;
   ASSERT_EQ(writePng(*quarteredImage(4), folder / "a.png"), std::nullopt);
-  std::optional<std::string> reason;
+  std::optional<std::string> error;
   {
     const FullDisk disk(50);
-    reason = writePng(*quarteredImage(64), folder / "a.png");
+    error = writePng(*quarteredImage(64), folder / "a.png");
   }
-  EXPECT_TRUE(reason);
+  EXPECT_TRUE(error);
   EXPECT_EQ(loadImage(folder / "a.png")->pixelWidth(), 4);
   const std::filesystem::directory_iterator entries(folder.path());
   EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);

@@ -7,10 +7,10 @@
 #include <limits>
 
 #include <cstdio>
-// Needs the declarations of cstdio.
+// Requires the declarations of <cstdio>.
 #include <jpeglib.h>
 
-#include "tests/drawing/pictures.hpp"
+#include "tests/drawing/test_images.hpp"
 
 namespace drawing {
 namespace {
@@ -23,7 +23,7 @@ std::string bigEndianText(std::uint32_t number) {
   return text;
 }
 
-// A PNG's header that announces this size, and nothing after it.
+// The header of a PNG of this size, without image data.
 std::vector<std::byte> pngHeader(std::uint32_t width, std::uint32_t height) {
   std::string header("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16);
   header += bigEndianText(width) + bigEndianText(height);
@@ -31,8 +31,8 @@ std::vector<std::byte> pngHeader(std::uint32_t width, std::uint32_t height) {
   return bytesOf(header);
 }
 
-// An encoded picture whose frame header announces another size.
-std::vector<std::byte> jpegAnnouncing(std::uint16_t width, std::uint16_t height) {
+// A JPEG whose frame header declares this size instead of its real one.
+std::vector<std::byte> jpegDeclaring(std::uint16_t width, std::uint16_t height) {
   std::vector<std::byte> jpeg = encodeJpeg(*quarteredImage(16), 0.9);
   for (std::size_t index = 0; index + 9 < jpeg.size(); ++index) {
     if (jpeg[index] != std::byte{0xFF} || jpeg[index + 1] != std::byte{0xC0}) continue;
@@ -45,8 +45,8 @@ std::vector<std::byte> jpegAnnouncing(std::uint16_t width, std::uint16_t height)
   return jpeg;
 }
 
-// A picture of one color given in ink, inverted as in files for print.
-std::vector<std::byte> printJpeg(const unsigned char (&ink)[4]) {
+// A JPEG of one CMYK color. The components are inverted, as is usual in files for print.
+std::vector<std::byte> cmykJpeg(const unsigned char (&components)[4]) {
   jpeg_compress_struct codec{};
   jpeg_error_mgr errors{};
   codec.err = jpeg_std_error(&errors);
@@ -61,7 +61,7 @@ std::vector<std::byte> printJpeg(const unsigned char (&ink)[4]) {
   jpeg_set_quality(&codec, 100, TRUE);
   jpeg_start_compress(&codec, TRUE);
   unsigned char row[8 * 4];
-  for (int index = 0; index < 8 * 4; ++index) row[index] = ink[index % 4];
+  for (int index = 0; index < 8 * 4; ++index) row[index] = components[index % 4];
   for (JSAMPROW rows = row; codec.next_scanline < 8;) jpeg_write_scanlines(&codec, &rows, 1);
   jpeg_finish_compress(&codec);
   jpeg_destroy_compress(&codec);
@@ -71,8 +71,8 @@ std::vector<std::byte> printJpeg(const unsigned char (&ink)[4]) {
   return result;
 }
 
-// A gray picture that is sent in 127 scans.
-std::vector<std::byte> jpegOfManyScans(unsigned side) {
+// A progressive gray JPEG with 127 scans.
+std::vector<std::byte> jpegWithManyScans(unsigned side) {
   std::vector<jpeg_scan_info> scans = {{1, {0}, 0, 0, 0, 0}};
   for (const auto& [high, low] : {std::pair{0, 1}, {1, 0}})
     for (int band = 1; band < 64; ++band) scans.push_back({1, {0}, band, band, high, low});
@@ -100,16 +100,17 @@ std::vector<std::byte> jpegOfManyScans(unsigned side) {
   return result;
 }
 
-// A chunk of compressed text that unfolds to seven megabytes.
-std::vector<std::byte> unfoldingChunk() {
+// A PNG chunk of compressed text that expands to seven megabytes.
+std::vector<std::byte> compressedTextChunk() {
   const std::string text(7'000'000, ' ');
-  std::string packed(compressBound(text.size()), '\0');
-  uLongf size = packed.size();
-  compress(reinterpret_cast<Bytef*>(packed.data()), &size, reinterpret_cast<const Bytef*>(text.data()), text.size());
-  const std::string content = std::string("zTXtword\0\0", 10) + packed.substr(0, size);
-  const auto sum = crc32(0, reinterpret_cast<const Bytef*>(content.data()), static_cast<uInt>(content.size()));
+  std::string compressed(compressBound(text.size()), '\0');
+  uLongf size = compressed.size();
+  compress(reinterpret_cast<Bytef*>(compressed.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
+           text.size());
+  const std::string content = std::string("zTXtword\0\0", 10) + compressed.substr(0, size);
+  const auto checksum = crc32(0, reinterpret_cast<const Bytef*>(content.data()), static_cast<uInt>(content.size()));
   return bytesOf(bigEndianText(static_cast<std::uint32_t>(content.size() - 4)) + content +
-                 bigEndianText(static_cast<std::uint32_t>(sum)));
+                 bigEndianText(static_cast<std::uint32_t>(checksum)));
 }
 
 long peakMemoryInKilobytes() {
@@ -118,23 +119,23 @@ long peakMemoryInKilobytes() {
   return usage.ru_maxrss;
 }
 
-TEST(Image, SizeIsInPointsOfItsScale) {
+TEST(Image, SizeIsInPoints) {
   const auto image = quarteredImage(30, 3);
   EXPECT_EQ(image->pixelWidth(), 30);
   EXPECT_EQ(image->size(), (Size{10, 10}));
 }
 
-TEST(Image, CountsAnImpossibleScaleAsOne) {
+TEST(Image, InvalidScaleIsOne) {
   for (const double scale : {0.0, -2.0, notANumber}) EXPECT_EQ(quarteredImage(4, scale)->scale(), 1);
 }
 
-TEST(Image, IsNotMadeOfNothing) {
+TEST(Image, InvalidSurfaceGivesNoImage) {
   EXPECT_EQ(Image::fromSurface(nullptr, 1), nullptr);
   SurfaceHandle failed(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, -1, 5));
   EXPECT_EQ(Image::fromSurface(std::move(failed), 1), nullptr);
 }
 
-TEST(Image, NamedSharesThePixels) {
+TEST(Image, NamedCopySharesThePixels) {
   const auto image = quarteredImage(4);
   const auto named = image->named("mail");
   EXPECT_EQ(named->name(), "mail");
@@ -142,14 +143,14 @@ TEST(Image, NamedSharesThePixels) {
   EXPECT_EQ(image->name(), "");
 }
 
-TEST(Image, PixelOutsideIsTransparent) {
+TEST(Image, PixelOutsideTheImageIsTransparent) {
   const auto image = quarteredImage(4);
   EXPECT_EQ(image->pixel(0, 0), 0xFFFF0000);
   EXPECT_EQ(image->pixel(-1, 0), 0U);
   EXPECT_EQ(image->pixel(0, 4), 0U);
 }
 
-TEST(Png, ComesBackAsItWas) {
+TEST(Png, RoundTripIsLossless) {
   const auto image = quarteredImage(8);
   const auto decoded = decodeImage(encodePng(*image), 2, "icon");
   ASSERT_NE(decoded, nullptr);
@@ -160,21 +161,21 @@ TEST(Png, ComesBackAsItWas) {
   }
 }
 
-TEST(Png, WithoutTransparencyIsOpaque) {
+TEST(Png, WithoutAlphaChannelIsOpaque) {
   SurfaceHandle opaque(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 2, 2));
   const auto decoded = decodeImage(encodePng(*Image::fromSurface(std::move(opaque), 1)));
   ASSERT_NE(decoded, nullptr);
   EXPECT_EQ(decoded->pixel(1, 1), 0xFF000000);
 }
 
-TEST(Png, CutAnywhereIsRefused) {
+TEST(Png, TruncatedDataIsRejected) {
   const std::vector<std::byte> whole = encodePng(*quarteredImage(8));
   for (std::size_t length = 0; length < whole.size(); ++length) {
     EXPECT_EQ(decodeImage(std::span(whole).first(length)), nullptr) << length;
   }
 }
 
-TEST(Png, DamagedDataIsRefusedOrDecodedButNeverCrashes) {
+TEST(Png, DamagedDataNeverCrashes) {
   const std::vector<std::byte> whole = encodePng(*quarteredImage(8));
   for (std::size_t index = 0; index < whole.size(); ++index) {
     std::vector<std::byte> damaged = whole;
@@ -184,25 +185,25 @@ TEST(Png, DamagedDataIsRefusedOrDecodedButNeverCrashes) {
   }
 }
 
-TEST(Png, AnnouncingTooManyPixelsIsRefused) {
+TEST(Png, TooManyPixelsAreRejected) {
   EXPECT_EQ(decodeImage(pngHeader(30'000, 30'000)), nullptr);
   EXPECT_EQ(decodeImage(pngHeader(0xFFFFFFFF, 0xFFFFFFFF)), nullptr);
   EXPECT_EQ(decodeImage(pngHeader(40'000, 1)), nullptr);
   EXPECT_EQ(decodeImage(pngHeader(0, 10)), nullptr);
 }
 
-TEST(Png, WithTextThatUnfoldsDoesNotTakeItsMemory) {
+TEST(Png, CompressedTextIsNotExpandedInMemory) {
   constexpr int count = 60;
   constexpr std::ptrdiff_t endOfHeader = 33;
-  std::vector<std::byte> bomb = encodePng(*quarteredImage(8));
-  const std::vector<std::byte> chunk = unfoldingChunk();
-  for (int index = 0; index < count; ++index) bomb.insert(bomb.begin() + endOfHeader, chunk.begin(), chunk.end());
+  std::vector<std::byte> png = encodePng(*quarteredImage(8));
+  const std::vector<std::byte> chunk = compressedTextChunk();
+  for (int index = 0; index < count; ++index) png.insert(png.begin() + endOfHeader, chunk.begin(), chunk.end());
   const long before = peakMemoryInKilobytes();
-  EXPECT_NE(decodeImage(bomb), nullptr);
+  EXPECT_NE(decodeImage(png), nullptr);
   EXPECT_LT(peakMemoryInKilobytes() - before, 100'000);
 }
 
-TEST(Jpeg, ComesBackNearlyAsItWas) {
+TEST(Jpeg, RoundTripIsNearlyLossless) {
   const auto image = quarteredImage(32);
   const auto decoded = decodeImage(encodeJpeg(*image, 1), 3);
   ASSERT_NE(decoded, nullptr);
@@ -228,7 +229,7 @@ TEST(Jpeg, QualityIsClamped) {
   EXPECT_LT(encodeJpeg(*image, 0).size(), encodeJpeg(*image, 1).size());
 }
 
-TEST(Jpeg, CutAnywhereIsRefused) {
+TEST(Jpeg, TruncatedDataIsRejected) {
   const std::vector<std::byte> whole = encodeJpeg(*quarteredImage(32), 0.8);
   for (std::size_t length = 0; length < whole.size(); ++length) {
     EXPECT_EQ(decodeImage(std::span(whole).first(length)), nullptr) << length;
@@ -245,24 +246,24 @@ TEST(Jpeg, DamagedDataNeverCrashes) {
   }
 }
 
-TEST(Jpeg, AnnouncingTooManyPixelsIsRefused) { EXPECT_EQ(decodeImage(jpegAnnouncing(30'000, 30'000)), nullptr); }
+TEST(Jpeg, TooManyPixelsAreRejected) { EXPECT_EQ(decodeImage(jpegDeclaring(30'000, 30'000)), nullptr); }
 
-TEST(Jpeg, AnnouncingMoreRowsThanItHasIsRefused) { EXPECT_EQ(decodeImage(jpegAnnouncing(16, 4000)), nullptr); }
+TEST(Jpeg, MissingRowsAreRejected) { EXPECT_EQ(decodeImage(jpegDeclaring(16, 4000)), nullptr); }
 
-TEST(Jpeg, OfManyScansIsRefusedWhereItIsLarge) {
-  EXPECT_NE(decodeImage(jpegOfManyScans(512)), nullptr);
-  EXPECT_EQ(decodeImage(jpegOfManyScans(4096)), nullptr);
+TEST(Jpeg, LargeImageWithManyScansIsRejected) {
+  EXPECT_NE(decodeImage(jpegWithManyScans(512)), nullptr);
+  EXPECT_EQ(decodeImage(jpegWithManyScans(4096)), nullptr);
 }
 
-TEST(Jpeg, ColorsForPrintBecomeScreenColors) {
-  const auto decoded = decodeImage(printJpeg({255, 0, 0, 255}));
+TEST(Jpeg, CmykIsConvertedToRgb) {
+  const auto decoded = decodeImage(cmykJpeg({255, 0, 0, 255}));
   ASSERT_NE(decoded, nullptr);
   EXPECT_NEAR(redOf(decoded->pixel(3, 3)), 255, 2);
   EXPECT_NEAR(greenOf(decoded->pixel(3, 3)), 0, 2);
   EXPECT_EQ(alphaOf(decoded->pixel(3, 3)), 255);
 }
 
-TEST(DecodeImage, RefusesWhatIsNoPicture) {
+TEST(DecodeImage, RejectsDataThatIsNotAnImage) {
   EXPECT_EQ(decodeImage({}), nullptr);
   EXPECT_EQ(decodeImage(bytesOf("<html>not found</html>")), nullptr);
   EXPECT_EQ(decodeImage(bytesOf("\x89PNG")), nullptr);

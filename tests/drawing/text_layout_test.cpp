@@ -4,12 +4,12 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/drawing/pictures.hpp"
+#include "tests/drawing/test_images.hpp"
 
 namespace drawing {
 namespace {
 
-constexpr double infinite = std::numeric_limits<double>::infinity();
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 Paragraph paragraphOf(const std::string& text, double size = 13, int lines = 0) {
   Paragraph paragraph;
@@ -30,7 +30,7 @@ std::string repeated(const std::string& part, int times) {
 
 const std::string sentence = "The quick brown fox jumps over the lazy dog while the band plays on and on.";
 
-TEST(LineHeight, IsAboutTheSizeOnWholePixels) {
+TEST(LineHeight, IsRoundedToWholePixels) {
   EXPECT_EQ(lineHeight({systemFontFamily, 13}, 1), 16);
   EXPECT_EQ(lineHeight({systemFontFamily, 13}, 2), 16);
   EXPECT_NEAR(lineHeight({systemFontFamily, 13}, 3), 47 / 3.0, 1e-9);
@@ -39,7 +39,7 @@ TEST(LineHeight, IsAboutTheSizeOnWholePixels) {
   EXPECT_EQ(lineHeight({systemFontFamily, 0}, 2), 0);
   EXPECT_EQ(lineHeight({systemFontFamily, -3}, 2), 0);
   EXPECT_EQ(lineHeight({systemFontFamily, std::numeric_limits<double>::quiet_NaN()}, 2), 0);
-  EXPECT_EQ(lineHeight({systemFontFamily, infinite}, 1), 1200);
+  EXPECT_EQ(lineHeight({systemFontFamily, infinity}, 1), 1200);
 }
 
 TEST(Measure, EmptyTextHasNoSize) {
@@ -52,13 +52,13 @@ TEST(Measure, EmptyTextHasNoSize) {
   EXPECT_EQ(layoutOf("a", 0).measure(100), (Size{0, 0}));
 }
 
-TEST(Measure, SpacesTakeRoom) {
+TEST(Measure, SpacesHaveWidth) {
   const Size size = layoutOf("   ").measure(0);
   EXPECT_GT(size.width, 5);
   EXPECT_EQ(size.height, 16);
 }
 
-TEST(Measure, IsOnThePixelGrid) {
+TEST(Measure, SizeIsOnThePixelGrid) {
   for (const double scale : {1.0, 2.0, 3.0}) {
     const Size size = layoutOf(sentence, 13, 0, scale).measure(120);
     EXPECT_NEAR(size.width * scale, std::round(size.width * scale), 1e-9);
@@ -67,13 +67,13 @@ TEST(Measure, IsOnThePixelGrid) {
   }
 }
 
-TEST(Measure, WithoutAWidthIsOneLine) {
-  for (const double width : {0.0, -5.0, infinite, std::numeric_limits<double>::quiet_NaN()}) {
+TEST(Measure, TextWithoutAWidthHasOneLine) {
+  for (const double width : {0.0, -5.0, infinity, std::numeric_limits<double>::quiet_NaN()}) {
     EXPECT_EQ(layoutOf(sentence).lineCount(width), 1) << width;
   }
 }
 
-TEST(Measure, AtItsOwnResultHasTheSameLines) {
+TEST(Measure, MeasuredWidthGivesTheSameLines) {
   for (const double scale : {1.0, 2.0, 3.0}) {
     for (int step = 0; step < 66; ++step) {
       const double width = 20 + 7.3 * step;
@@ -92,14 +92,14 @@ TEST(Measure, BoldIsWiderThanRegular) {
   EXPECT_GT(TextLayout(bold, 2).measure(0).width, layoutOf(sentence).measure(0).width);
 }
 
-TEST(Measure, LinesHaveOneHeightInEveryScript) {
+TEST(Measure, LineHeightIsTheSameInEveryScript) {
   for (const char* text : {"Hello", "😀👨‍👩‍👧‍👦", "日本語", "مرحبا", "ไทย", "हिन्दी", "Z̸̢̛͔̖͑̿̚a̷͝l"}) {
     EXPECT_EQ(layoutOf(text).measure(0).height, 16) << text;
   }
   EXPECT_EQ(layoutOf("a\n😀\nب").measure(0).height, 48);
 }
 
-TEST(Measure, AnotherFamilyThanThoseInstalledIsTheSystems) {
+TEST(Measure, UnknownFamilyFallsBackToTheSystemFont) {
   Paragraph paragraph = paragraphOf(sentence);
   paragraph.runs[0].font.family = "No Such Family";
   EXPECT_EQ(TextLayout(paragraph, 2).measure(0), layoutOf(sentence).measure(0));
@@ -107,14 +107,14 @@ TEST(Measure, AnotherFamilyThanThoseInstalledIsTheSystems) {
   EXPECT_EQ(TextLayout(paragraph, 2).measure(0), layoutOf(sentence).measure(0));
 }
 
-TEST(Measure, LettersAreNotReplacedByOthers) {
-  // Written apart or together, they are the same letters.
+TEST(Measure, FontDoesNotSubstituteCharacterSequences) {
+  // A zero-width space prevents substitution, so equal widths show that no glyph was substituted.
   const auto width = [](const char* text) { return layoutOf(text, 100).measure(0).width; };
   EXPECT_NEAR(width("->"), width("-\u200B>"), 0.5);
   EXPECT_NEAR(width("2x3"), width("2\u200Bx\u200B3"), 0.5);
 }
 
-TEST(Measure, RemembersTheTextNotTheObject) {
+TEST(Measure, CacheDependsOnTheTextNotOnTheObject) {
   EXPECT_EQ(layoutOf("Hello").measure(100), layoutOf("Hello").measure(100));
   EXPECT_NE(layoutOf("Hello").measure(100).width, layoutOf("Hello, you").measure(100).width);
   EXPECT_NE(layoutOf("Hello", 13).measure(100).width, layoutOf("Hello", 14).measure(100).width);
@@ -137,7 +137,7 @@ TEST(Lines, BreakAWordThatIsTooLong) {
   EXPECT_EQ(layoutOf("mm").lineCount(0.5), 2);
 }
 
-TEST(Lines, AreAtMostTheAllowed) {
+TEST(Lines, DoNotExceedTheLimit) {
   EXPECT_EQ(layoutOf(sentence, 13, 2).lineCount(100), 2);
   EXPECT_EQ(layoutOf(sentence, 13, 2).measure(100).height, 32);
   EXPECT_EQ(layoutOf("short", 13, 2).lineCount(100), 1);
@@ -145,7 +145,7 @@ TEST(Lines, AreAtMostTheAllowed) {
   EXPECT_GT(layoutOf(sentence, 13, -1).lineCount(100), 2);
 }
 
-TEST(Lines, AreThoseOfTheTextHoweverManyLineFeedsFollow) {
+TEST(Lines, LimitedCountIsTheUnlimitedCountUpToTheLimit) {
   for (const char* end : {"", "\n", "\n\n", "\n\n\n", "\nb", "\n\nb", "\n\n\nb\n"}) {
     const std::string text = std::string("one two") + end;
     const TextLayout unlimited = layoutOf(text);
@@ -155,12 +155,12 @@ TEST(Lines, AreThoseOfTheTextHoweverManyLineFeedsFollow) {
   }
 }
 
-TEST(Lines, AFinalLineFeedAddsNone) {
+TEST(Lines, FinalLineFeedAddsNoLine) {
   EXPECT_EQ(layoutOf("a\n").lineCount(100), 1);
   EXPECT_EQ(layoutOf("a\n\n").lineCount(100), 2);
 }
 
-TEST(Baseline, LiesOnAPixelInTheLowerThirdOfTheLine) {
+TEST(Baseline, IsOnAPixelInTheLowerThirdOfTheLine) {
   for (const double scale : {1.0, 2.0, 3.0}) {
     const double baseline = layoutOf("a", 13, 0, scale).firstBaseline();
     EXPECT_NEAR(baseline * scale, std::round(baseline * scale), 1e-9);
@@ -169,7 +169,7 @@ TEST(Baseline, LiesOnAPixelInTheLowerThirdOfTheLine) {
   EXPECT_EQ(layoutOf("").firstBaseline(), 0);
 }
 
-TEST(LongText, OfTenMegabytesIsCutToItsLines) {
+TEST(LongText, TenMegabytesAreCutToTheAllowedLines) {
   const TextLayout layout = layoutOf(repeated(sentence + " ", 10 * 1024 * 1024 / 76), 13, 2);
   EXPECT_EQ(layout.lineCount(300), 2);
   Canvas canvas({300, 40}, 2);
@@ -177,8 +177,8 @@ TEST(LongText, OfTenMegabytesIsCutToItsLines) {
   EXPECT_NE(canvas.pixelsAsPng(), Canvas({300, 40}, 2).pixelsAsPng());
 }
 
-// Whatever its characters are, in a time that the runner's limit allows.
-TEST(LongText, WithoutALimitOfLinesIsBounded) {
+// The test times out if the layout of one of these texts takes too long.
+TEST(LongText, LineCountIsBoundedWithoutALimit) {
   for (const std::string& text : {repeated(sentence, 100'000), repeated("m", 10'000'000), repeated("\n", 10'000'000),
                                   repeated("😀", 2'000'000), repeated("\u0301", 3'000'000), repeated("ب", 3'000'000)}) {
     const TextLayout layout = layoutOf(text);
@@ -186,7 +186,7 @@ TEST(LongText, WithoutALimitOfLinesIsBounded) {
   }
 }
 
-TEST(LongText, OfManyRunsHasItsLines) {
+TEST(LongText, ManyRunsAreCutToTheAllowedLines) {
   Paragraph paragraph = paragraphOf("", 13, 2);
   for (int count = 0; count < 100'000; ++count) paragraph.runs.push_back({"a ", {systemFontFamily, 13}, red});
   EXPECT_EQ(TextLayout(std::move(paragraph), 2).lineCount(300), 2);

@@ -35,7 +35,7 @@ TEST_F(AssociatedObjects, AreNilUntilSet) {
   EXPECT_EQ(associated(object, &secondKey), nullptr);
 }
 
-TEST_F(AssociatedObjects, RetainedValuesDieWithTheirObject) {
+TEST_F(AssociatedObjects, RetainedValuesAreReleasedWithTheirObject) {
   auto object = objc::make<Counted>();
   associate(object, &firstKey, objc::make<Counted>(), retainNonatomic);
   EXPECT_EQ(livingObjects(), 2);
@@ -43,7 +43,7 @@ TEST_F(AssociatedObjects, RetainedValuesDieWithTheirObject) {
   EXPECT_EQ(livingObjects(), 0);
 }
 
-TEST_F(AssociatedObjects, AssignedValuesAreNotKept) {
+TEST_F(AssociatedObjects, AssignedValuesAreNotRetained) {
   const auto object = objc::make<Counted>();
   auto value = objc::make<Counted>();
   associate(object, &firstKey, value, assign);
@@ -51,7 +51,7 @@ TEST_F(AssociatedObjects, AssignedValuesAreNotKept) {
   EXPECT_EQ(associated(object, &firstKey), value.get());
 }
 
-TEST_F(AssociatedObjects, CopyPoliciesKeepACopy) {
+TEST_F(AssociatedObjects, CopyPoliciesStoreACopy) {
   for (const std::uintptr_t policy : {copyNonatomic, copyAtomic}) {
     const auto object = objc::make<Counted>();
     const auto value = objc::make<Counted>();
@@ -60,7 +60,7 @@ TEST_F(AssociatedObjects, CopyPoliciesKeepACopy) {
     EXPECT_NE(associated(object, &firstKey), value.get());
     EXPECT_EQ(retainCount(value), 1U);
   }
-  EXPECT_EQ(livingObjects(), 1) << "the pool of the test still holds the copy that was read under the atomic policy";
+  EXPECT_EQ(livingObjects(), 1) << "the autorelease pool still retains the copy that was read under the atomic policy";
 }
 
 TEST_F(AssociatedObjects, AtomicallyReadValuesOutliveTheirReplacement) {
@@ -104,7 +104,7 @@ TEST_F(AssociatedObjects, RemovingAllReleasesEveryValue) {
   EXPECT_EQ(associated(object, &firstKey), nullptr);
 }
 
-TEST_F(AssociatedObjects, OfNilDoNothing) {
+TEST_F(AssociatedObjects, NilObjectIsIgnored) {
   associate(nullptr, &firstKey, "value"_ns, retainNonatomic);
   EXPECT_EQ(associated(nullptr, &firstKey), nullptr);
   objc_removeAssociatedObjects(nullptr);
@@ -115,7 +115,7 @@ objc::Ref<NSObject> newNumber() {
   return objc::retain<NSObject>(NSNumber::numberWithDouble(3.25));
 }
 
-// Foundation's own value classes end their objects each in a way of its own.
+// Objects of Foundation's value classes: each class deallocates its objects in a different way.
 std::vector<objc::Ref<NSObject>> foundationObjects() {
   std::vector<objc::Ref<NSObject>> objects;
   objects.push_back(
@@ -135,7 +135,7 @@ std::vector<objc::Ref<NSObject>> foundationObjects() {
   return objects;
 }
 
-TEST_F(AssociatedObjects, ValuesOfFoundationsObjectsDieWithThem) {
+TEST_F(AssociatedObjects, ValuesOfFoundationObjectsAreReleasedWithThem) {
   for (objc::Ref<NSObject>& object : foundationObjects()) {
     const std::string name = class_getName(object_getClass(asId(object.get())));
     ASSERT_EQ(retainCount(object), 1U) << name;
@@ -147,7 +147,7 @@ TEST_F(AssociatedObjects, ValuesOfFoundationsObjectsDieWithThem) {
   }
 }
 
-TEST_F(AssociatedObjects, ManyObjectsEachKeepTheirOwn) {
+TEST_F(AssociatedObjects, ManyObjectsHaveSeparateValues) {
   std::vector<objc::Ref<Counted>> objects;
   for (int index = 0; index < 20000; ++index) {
     objects.push_back(objc::make<Counted>());
@@ -159,7 +159,7 @@ TEST_F(AssociatedObjects, ManyObjectsEachKeepTheirOwn) {
   EXPECT_NE(associated(objects.front(), &firstKey), associated(objects.back(), &firstKey));
 }
 
-TEST_F(AssociatedObjects, ThreadsMayAssociateAtOnce) {
+TEST_F(AssociatedObjects, ThreadsCanAssociateConcurrently) {
   const auto shared = objc::make<Counted>();
   const auto work = [&shared](const char* key) {
     for (int round = 0; round < 5000; ++round) {

@@ -18,12 +18,12 @@ std::string hexadecimal(const unsigned char* digest) {
   return text;
 }
 
-TEST_F(Digest, OfDataIsLowerCaseHexadecimal) {
+TEST_F(Digest, Md5OfDataIsLowercaseHexadecimal) {
   EXPECT_STREQ(NSData::dataWithBytes("abc", 3)->md5()->UTF8String(), "900150983cd24fb0d6963f7d28e17f72");
   EXPECT_STREQ(NSData::dataWithBytes(nullptr, 0)->md5()->UTF8String(), "d41d8cd98f00b204e9800998ecf8427e");
 }
 
-TEST_F(Digest, OfBytesIsWrittenAndReturned) {
+TEST_F(Digest, Md5OfBytesIsWrittenAndReturned) {
   unsigned char digest[CC_MD5_DIGEST_LENGTH] = {};
   EXPECT_EQ(CC_MD5("abc", 3, digest), digest);
   EXPECT_EQ(hexadecimal(digest), "900150983cd24fb0d6963f7d28e17f72");

@@ -20,7 +20,7 @@ class Dispatch : public RuntimeTest {
   Dispatch() { foundation::useClock(foundation::ClockMode::Stepped, 0); }
 };
 
-TEST_F(Dispatch, MainQueueRunsWorkInALaterTurn) {
+TEST_F(Dispatch, MainQueueRunsWorkInALaterRunLoopIteration) {
   std::vector<int> order;
   onMainQueue([&order] { order.push_back(2); });
   order.push_back(1);
@@ -37,7 +37,7 @@ TEST_F(Dispatch, MainQueueRunsDelayedWorkAtItsTime) {
   EXPECT_EQ(ran, 5);
 }
 
-TEST_F(Dispatch, KeepsTheBlockUntilItHasRunAndNoLonger) {
+TEST_F(Dispatch, BlockIsReleasedAfterItHasRun) {
   onMainQueueAfter(nanosecondsPerSecond, [object = objc::make<Counted>()] { EXPECT_NE(object.get(), nullptr); });
   EXPECT_EQ(livingObjects(), 1);
   foundation::stepClock(1);
@@ -53,7 +53,7 @@ TEST_F(Dispatch, TimesSaturate) {
   EXPECT_EQ(dispatch_time(base, -5), base - 5);
 }
 
-TEST_F(Dispatch, NegativeDelaysAreDueAtOnceAndForeverNever) {
+TEST_F(Dispatch, NegativeDelayIsDueAtOnceAndForeverIsNeverDue) {
   std::vector<int> order;
   onMainQueueAfter(-nanosecondsPerSecond, [&order] { order.push_back(1); });
   dispatch_after(0, &_dispatch_main_q, objc::block([&order] { order.push_back(2); }));
@@ -66,39 +66,39 @@ TEST_F(Dispatch, NegativeDelaysAreDueAtOnceAndForeverNever) {
 TEST_F(Dispatch, SerialQueueRunsInOrderOnAnotherThread) {
   const dispatch_queue_t queue = dispatch_queue_create("test", nullptr);
   std::vector<int> order;
-  std::thread::id runner;
+  std::thread::id executingThread;
   for (int number = 0; number < 100; ++number) {
     dispatch_async(queue, objc::block([&, number] {
                      order.push_back(number);
-                     runner = std::this_thread::get_id();
+                     executingThread = std::this_thread::get_id();
                    }));
   }
   dispatch_sync(queue, objc::block([] {}));
   ASSERT_EQ(order.size(), 100U);
   for (int number = 0; number < 100; ++number) EXPECT_EQ(order[static_cast<std::size_t>(number)], number);
-  EXPECT_NE(runner, std::this_thread::get_id());
+  EXPECT_NE(executingThread, std::this_thread::get_id());
 }
 
 TEST_F(Dispatch, SyncRunsOnTheCallersThread) {
   const dispatch_queue_t queue = dispatch_queue_create(nullptr, nullptr);
-  std::thread::id runner;
-  dispatch_sync(queue, objc::block([&runner] { runner = std::this_thread::get_id(); }));
-  EXPECT_EQ(runner, std::this_thread::get_id());
+  std::thread::id executingThread;
+  dispatch_sync(queue, objc::block([&executingThread] { executingThread = std::this_thread::get_id(); }));
+  EXPECT_EQ(executingThread, std::this_thread::get_id());
 }
 
-TEST_F(Dispatch, SyncCallersExcludeEachOther) {
+TEST_F(Dispatch, SerialQueueRunsOneBlockAtATime) {
   const dispatch_queue_t queue = dispatch_queue_create("test", nullptr);
-  int unguarded = 0;
+  int counter = 0;
   const auto work = [&] {
-    for (int round = 0; round < 5000; ++round) dispatch_sync(queue, objc::block([&unguarded] { ++unguarded; }));
+    for (int round = 0; round < 5000; ++round) dispatch_sync(queue, objc::block([&counter] { ++counter; }));
   };
   std::thread first(work);
   std::thread second(work);
-  for (int round = 0; round < 5000; ++round) dispatch_async(queue, objc::block([&unguarded] { ++unguarded; }));
+  for (int round = 0; round < 5000; ++round) dispatch_async(queue, objc::block([&counter] { ++counter; }));
   first.join();
   second.join();
   dispatch_sync(queue, objc::block([] {}));
-  EXPECT_EQ(unguarded, 15000);
+  EXPECT_EQ(counter, 15000);
 }
 
 TEST_F(Dispatch, DelayedWorkOfASerialQueueFollowsTheClock) {
@@ -112,48 +112,48 @@ TEST_F(Dispatch, DelayedWorkOfASerialQueueFollowsTheClock) {
   EXPECT_TRUE(ran);
 }
 
-TEST_F(Dispatch, OtherThreadsMayWaitForTheMainQueue) {
+TEST_F(Dispatch, OtherThreadsCanWaitForTheMainQueue) {
   foundation::useClock(foundation::ClockMode::Real, 0);
-  std::thread::id runner;
+  std::thread::id executingThread;
   bool done = false;
   std::thread waiting([&] {
-    dispatch_sync(&_dispatch_main_q, objc::block([&runner] { runner = std::this_thread::get_id(); }));
+    dispatch_sync(&_dispatch_main_q, objc::block([&executingThread] { executingThread = std::this_thread::get_id(); }));
     foundation::onMainThread([&done] { done = true; });
   });
   foundation::runMainQueueUntil([&done] { return done; });
   waiting.join();
-  EXPECT_EQ(runner, std::this_thread::get_id());
+  EXPECT_EQ(executingThread, std::this_thread::get_id());
 }
 
-TEST_F(Dispatch, WaitingForItselfEndsTheProcess) {
+TEST_F(Dispatch, SyncOnTheCurrentQueueEndsTheProcess) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   EXPECT_DEATH(dispatch_sync(&_dispatch_main_q, objc::block([] {})), "already running the caller");
 }
 
-std::atomic<bool> isTakenDown = false;
+std::atomic<bool> destructorRan = false;
 
-struct TakenDownAtExit {
-  ~TakenDownAtExit() {
-    isTakenDown = true;
+struct SlowStaticDestructor {
+  ~SlowStaticDestructor() {
+    destructorRan = true;
     usleep(50'000);
   }
 };
 
-void useWithoutEnd(dispatch_queue_t queue) {
-  if (isTakenDown) _exit(3);
-  dispatch_async(queue, objc::block([queue] { useWithoutEnd(queue); }));
+void enqueueForever(dispatch_queue_t queue) {
+  if (destructorRan) _exit(3);
+  dispatch_async(queue, objc::block([queue] { enqueueForever(queue); }));
 }
 
-void endWithWorkInAQueue() {
-  static const TakenDownAtExit used;
-  useWithoutEnd(dispatch_queue_create("test", nullptr));
+void exitWithWorkInAQueue() {
+  static const SlowStaticDestructor object;
+  enqueueForever(dispatch_queue_create("test", nullptr));
   usleep(20'000);
   std::exit(0);
 }
 
-TEST_F(Dispatch, QueuesRestWhenTheProcessEnds) {
+TEST_F(Dispatch, QueuesStopBeforeStaticDestructorsRun) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  EXPECT_EXIT(endWithWorkInAQueue(), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(exitWithWorkInAQueue(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -20,16 +20,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class Listener : public objc::Interface<"BrimTestDistributedListener", NSObject> {};
+class Observer : public objc::Interface<"BrimTestDistributedObserver", NSObject> {};
 
-std::vector<std::string>& heard() {
+std::vector<std::string>& receivedTexts() {
   static std::vector<std::string> texts;
   return texts;
 }
 
-void receive(Listener*, NSNotification* notification) {
+void receive(Observer*, NSNotification* notification) {
   const auto* const text = objc::as<NSString>(notification->userInfo()->objectForKey("text"_ns));
-  heard().emplace_back(text == nullptr ? "nothing" : text->UTF8String());
+  receivedTexts().emplace_back(text == nullptr ? "nothing" : text->UTF8String());
 }
 
 NSDistributedNotificationCenter* center() { return NSDistributedNotificationCenter::defaultCenter(); }
@@ -65,103 +65,104 @@ class DistributedNotifications : public RuntimeTest {
  protected:
   void SetUp() override {
     static constexpr objc::MethodEntry methods[] = {objc::method<"receive:", &receive>()};
-    objc::defineClass<Listener>(methods);
-    listener = listen();
+    objc::defineClass<Observer>(methods);
+    observer_ = addObserver();
   }
 
-  static objc::Ref<Listener> listen() {
-    auto added = objc::make<Listener>();
-    center()->addObserver(added, objc::selector<"receive:">(), name());
-    return added;
+  static objc::Ref<Observer> addObserver() {
+    auto observer = objc::make<Observer>();
+    center()->addObserver(observer, objc::selector<"receive:">(), name());
+    return observer;
   }
 
-  static void waitFor(std::size_t count) {
-    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (heard().size() < count && std::chrono::steady_clock::now() < limit) foundation::letNewsIn(0.1);
+  static void waitForNotifications(std::size_t count) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (receivedTexts().size() < count && std::chrono::steady_clock::now() < deadline) foundation::letNewsIn(0.1);
   }
 
-  objc::Ref<Listener> listener;
+  objc::Ref<Observer> observer_;
 };
 
-TEST_F(DistributedNotifications, AnObserverThatEndedIsLeftOut) {
-  auto ended = listen();
+TEST_F(DistributedNotifications, DeallocatedObserverIsSkipped) {
+  auto shortLived = addObserver();
   postFromAnotherProcess("both");
-  waitFor(2);
-  ended = nullptr;
+  waitForNotifications(2);
+  shortLived = nullptr;
   postFromAnotherProcess("one");
   postFromAnotherProcess("last");
-  waitFor(4);
-  EXPECT_EQ(heard(), (std::vector<std::string>{"both", "both", "one", "last"}));
+  waitForNotifications(4);
+  EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"both", "both", "one", "last"}));
 }
 
-TEST_F(DistributedNotifications, NobodyIsToldOfAnythingInTheMiddleOfAPost) {
+TEST_F(DistributedNotifications, NothingIsDeliveredDuringAPost) {
   constexpr std::size_t posts = 40;
   for (std::size_t count = 0; count < posts; ++count) {
-    const std::size_t before = heard().size();
+    const std::size_t before = receivedTexts().size();
     post("one");
-    EXPECT_EQ(heard().size(), before);
+    EXPECT_EQ(receivedTexts().size(), before);
   }
-  waitFor(posts);
-  EXPECT_EQ(heard().size(), posts);
+  waitForNotifications(posts);
+  EXPECT_EQ(receivedTexts().size(), posts);
 }
 
-// Some come while this process speaks to the daemon, and wait; the last comes in the run loop.
-TEST_F(DistributedNotifications, AreToldOfInTheOrderOfTheirPosts) {
+// Some notifications arrive while this process communicates with the daemon, and are queued; the last one arrives in
+// the run loop.
+TEST_F(DistributedNotifications, AreDeliveredInPostingOrder) {
   std::vector<std::string> posts;
   for (int number = 1; number <= 9; ++number) {
     posts.push_back(std::to_string(number));
     post(posts.back().c_str());
   }
-  for (int looks = 0; looks < 5; ++looks) foundation::pumpFoundation(0.1);
-  waitFor(posts.size());
-  EXPECT_EQ(heard(), posts);
+  for (int round = 0; round < 5; ++round) foundation::pumpFoundation(0.1);
+  waitForNotifications(posts.size());
+  EXPECT_EQ(receivedTexts(), posts);
 }
 
-TEST_F(DistributedNotifications, ARemovedObserverHearsNothing) {
-  const auto removed = listen();
+TEST_F(DistributedNotifications, RemovedObserverReceivesNothing) {
+  const auto removed = addObserver();
   center()->removeObserver(removed, name());
   postFromAnotherProcess("one");
   postFromAnotherProcess("last");
-  waitFor(2);
-  EXPECT_EQ(heard(), (std::vector<std::string>{"one", "last"}));
+  waitForNotifications(2);
+  EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"one", "last"}));
 }
 
-TEST_F(DistributedNotifications, AnotherDaemonKnowsTheObserversAgain) {
+TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemon) {
   killDaemon();
   ASSERT_TRUE(foundation::joinDistributedNotifications());
   postFromAnotherProcess("again");
-  waitFor(1);
-  EXPECT_EQ(heard(), (std::vector<std::string>{"again"}));
+  waitForNotifications(1);
+  EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"again"}));
 }
 
-TEST_F(DistributedNotifications, AnotherDaemonKnowsTheObserversOfOneThatWasJoined) {
+TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemonAfterAJoin) {
   ASSERT_TRUE(foundation::joinDistributedNotifications());
   ASSERT_TRUE(foundation::joinDistributedNotifications());
   killDaemon();
   ASSERT_TRUE(foundation::joinDistributedNotifications());
   postFromAnotherProcess("again");
-  waitFor(1);
-  EXPECT_EQ(heard(), (std::vector<std::string>{"again"}));
+  waitForNotifications(1);
+  EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"again"}));
 }
 
-TEST_F(DistributedNotifications, ADaemonThatEndedIsReplacedUnasked) {
+TEST_F(DistributedNotifications, EndedDaemonIsReplacedAutomatically) {
   const pid_t before = daemonProcess();
   killDaemon();
   for (int tries = 0; tries < 600 && (daemonProcess() == before || daemonProcess() == 0); ++tries)
     foundation::letNewsIn(0.1);
   postFromAnotherProcess("again");
-  waitFor(1);
-  EXPECT_EQ(heard(), (std::vector<std::string>{"again"}));
+  waitForNotifications(1);
+  EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"again"}));
 }
 
-TEST_F(DistributedNotifications, APostFindsAnotherDaemonWhereTheFirstEnded) {
+TEST_F(DistributedNotifications, PostStartsANewDaemonIfTheFirstOneEnded) {
   killDaemon();
-  post("heard by nobody");
+  post("lost");
   EXPECT_GT(daemonProcess(), 0);
   ASSERT_TRUE(foundation::joinDistributedNotifications());
-  post("heard");
-  waitFor(1);
-  EXPECT_EQ(heard().back(), "heard");
+  post("received");
+  waitForNotifications(1);
+  EXPECT_EQ(receivedTexts().back(), "received");
 }
 
 }  // namespace

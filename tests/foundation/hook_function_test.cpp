@@ -14,19 +14,19 @@ int two(NSObject*) { return 2; }
 int nine(NSObject*) { return 9; }
 int three(Class) { return 3; }
 
-IMP replaced = nullptr;
+IMP originalImplementation = nullptr;
 int allocations = 0;
 int deallocations = 0;
 
-int plusTen(id self, SEL selector) { return 10 + objc::detail::call<int>(replaced, self, selector); }
+int plusTen(id self, SEL selector) { return 10 + objc::detail::call<int>(originalImplementation, self, selector); }
 int hundred(id, SEL) { return 100; }
 void countedDealloc(id self, SEL selector) {
   ++deallocations;
-  objc::detail::call<void>(replaced, self, selector);
+  objc::detail::call<void>(originalImplementation, self, selector);
 }
 id countedAlloc(id self, SEL selector) {
   ++allocations;
-  return objc::detail::call<id>(replaced, self, selector);
+  return objc::detail::call<id>(originalImplementation, self, selector);
 }
 
 Class metaclassOf(Class target) { return reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(target))); }
@@ -38,27 +38,27 @@ int other(const NSObject* object) { return objc::send<int, "other">(object); }
 
 Class makeClass(Class superclass, std::span<const objc::MethodEntry> methods) {
   static int count = 0;
-  Class made = objc_allocateClassPair(superclass, ("BrimTestFamily" + std::to_string(++count)).c_str(), 0);
-  objc::addCategory(made, methods);
-  objc_registerClassPair(made);
-  return made;
+  Class created = objc_allocateClassPair(superclass, ("BrimTestFamily" + std::to_string(++count)).c_str(), 0);
+  objc::addCategory(created, methods);
+  objc_registerClassPair(created);
+  return created;
 }
 
 constexpr objc::MethodEntry parentMethods[] = {objc::method<"number", &one>(), objc::method<"other", &two>(),
                                                objc::classMethod<"shared", &three>()};
 constexpr objc::MethodEntry grandchildMethods[] = {objc::method<"other", &nine>()};
 
-// A family of classes that no other test has hooked.
+// Each test hooks new classes: a parent, its subclasses `child` and `sibling`, and a subclass of `child`.
 class HookFunction : public RuntimeTest {
  protected:
   HookFunction() {
-    replaced = nullptr;
+    originalImplementation = nullptr;
     allocations = 0;
     deallocations = 0;
   }
 
   static void hook(Class target, const char* selector, IMP replacement) {
-    MSHookMessageEx(target, sel_registerName(selector), replacement, &replaced);
+    MSHookMessageEx(target, sel_registerName(selector), replacement, &originalImplementation);
   }
 
   Class parent = makeClass(NSObject::classObject(), parentMethods);
@@ -67,14 +67,14 @@ class HookFunction : public RuntimeTest {
   Class sibling = makeClass(parent, {});
 };
 
-TEST_F(HookFunction, ReplacesAMethodOfTheClassAndKeepsTheOriginal) {
+TEST_F(HookFunction, ReplacesAMethodAndReturnsTheOriginal) {
   const auto object = instanceOf(parent);
   EXPECT_EQ(number(object), 1);
   hook(parent, "number", objc::toImplementation(&plusTen));
   EXPECT_EQ(number(object), 11);
 }
 
-TEST_F(HookFunction, TakesEffectInSubclassesThatHaveBeenCalled) {
+TEST_F(HookFunction, TakesEffectInSubclassesCalledBefore) {
   const auto object = instanceOf(grandchild);
   EXPECT_EQ(number(object), 1);
   hook(parent, "number", objc::toImplementation(&plusTen));
@@ -86,12 +86,12 @@ TEST_F(HookFunction, TakesEffectInEverySubclassOfTheRootClass) {
   const auto before = objc::send<id, "self">(text.get());
   hook(NSObject::classObject(), "self", objc::toImplementation(+[](id, SEL) -> id { return nullptr; }));
   const auto during = objc::send<id, "self">(text.get());
-  hook(NSObject::classObject(), "self", replaced);
+  hook(NSObject::classObject(), "self", originalImplementation);
   EXPECT_NE(before, nullptr);
   EXPECT_EQ(during, nullptr);
 }
 
-TEST_F(HookFunction, AnInheritedMethodIsReplacedInTheClassAlone) {
+TEST_F(HookFunction, InheritedMethodIsReplacedInTheClassAlone) {
   EXPECT_EQ(number(instanceOf(parent)) + number(instanceOf(sibling)) + number(instanceOf(grandchild)), 3);
   hook(child, "number", objc::toImplementation(&plusTen));
   EXPECT_EQ(number(instanceOf(parent)), 1);
@@ -100,13 +100,13 @@ TEST_F(HookFunction, AnInheritedMethodIsReplacedInTheClassAlone) {
   EXPECT_EQ(number(instanceOf(grandchild)), 11);
 }
 
-TEST_F(HookFunction, LeavesOverridesOfSubclassesAlone) {
+TEST_F(HookFunction, DoesNotChangeOverridesOfSubclasses) {
   hook(parent, "other", objc::toImplementation(&hundred));
   EXPECT_EQ(other(instanceOf(grandchild)), 9);
   EXPECT_EQ(other(instanceOf(child)), 100);
 }
 
-TEST_F(HookFunction, KeepsTheTypesOfTheMethod) {
+TEST_F(HookFunction, KeepsTheTypeEncodingOfTheMethod) {
   hook(child, "number", objc::toImplementation(&plusTen));
   EXPECT_STREQ(method_getTypeEncoding(class_getInstanceMethod(child, sel_registerName("number"))), "i@:");
 }
@@ -119,24 +119,24 @@ TEST_F(HookFunction, HooksClassMethodsThroughTheMetaclass) {
   EXPECT_EQ((objc::send<int, "shared">(parent)), 3);
 }
 
-TEST_F(HookFunction, AMissingMethodIsLeftMissing) {
+TEST_F(HookFunction, DoesNotAddAMissingMethod) {
   hook(parent, "noSuchMethod", objc::toImplementation(&plusTen));
-  EXPECT_EQ(replaced, nullptr);
+  EXPECT_EQ(originalImplementation, nullptr);
   EXPECT_FALSE(answers<"noSuchMethod">(instanceOf(parent)));
 }
 
-TEST_F(HookFunction, ANullClassOrSelectorDoesNothing) {
-  MSHookMessageEx(nullptr, sel_registerName("number"), objc::toImplementation(&plusTen), &replaced);
-  MSHookMessageEx(parent, nullptr, objc::toImplementation(&plusTen), &replaced);
-  EXPECT_EQ(replaced, nullptr);
+TEST_F(HookFunction, IgnoresANullClassOrSelector) {
+  MSHookMessageEx(nullptr, sel_registerName("number"), objc::toImplementation(&plusTen), &originalImplementation);
+  MSHookMessageEx(parent, nullptr, objc::toImplementation(&plusTen), &originalImplementation);
+  EXPECT_EQ(originalImplementation, nullptr);
 }
 
-TEST_F(HookFunction, TheOriginalNeedNotBeKept) {
+TEST_F(HookFunction, OriginalIsOptional) {
   MSHookMessageEx(parent, sel_registerName("number"), objc::toImplementation(&hundred), nullptr);
   EXPECT_EQ(number(instanceOf(parent)), 100);
 }
 
-TEST_F(HookFunction, SeesDeallocation) {
+TEST_F(HookFunction, CanHookDeallocation) {
   hook(child, "dealloc", objc::toImplementation(&countedDealloc));
   instanceOf(child);
   instanceOf(grandchild);
@@ -144,7 +144,7 @@ TEST_F(HookFunction, SeesDeallocation) {
   EXPECT_EQ(deallocations, 2);
 }
 
-TEST_F(HookFunction, SeesAllocation) {
+TEST_F(HookFunction, CanHookAllocation) {
   hook(metaclassOf(child), "alloc", objc::toImplementation(&countedAlloc));
   instanceOf(child);
   instanceOf(grandchild);

@@ -1,8 +1,9 @@
-// Tells that it has been mapped, as the phone's libraries do: from its constructor.
+// A library for the tests of the injection loader. Its constructor sets an environment variable, which shows that the
+// library was loaded.
 #include <cstdlib>
 
 namespace {
 
-[[gnu::constructor]] void tellOfArrival() { setenv("BRIM_TEST_INJECTED", "arrived", 1); }
+[[gnu::constructor]] void reportLoading() { setenv("BRIM_TEST_INJECTED", "loaded", 1); }
 
 }  // namespace

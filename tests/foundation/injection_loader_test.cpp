@@ -28,7 +28,7 @@ class InjectionLoader : public RuntimeTest {
     fs::copy_file(INJECTED_LIBRARY, folder / (name + ".dylib"));
     return folder / (name + ".dylib");
   }
-  static bool arrived() { return std::getenv("BRIM_TEST_INJECTED") != nullptr; }
+  static bool isLoaded() { return std::getenv("BRIM_TEST_INJECTED") != nullptr; }
 
   fs::path folder = fs::canonical(testRoot()) / "Library/MobileSubstrate/DynamicLibraries";
   static constexpr const char* homeScreenFilter =
@@ -36,63 +36,63 @@ class InjectionLoader : public RuntimeTest {
 };
 using Paths = std::vector<fs::path>;
 
-TEST_F(InjectionLoader, MapsTheLibraryIntoTheProcessesOfItsFilter) {
+TEST_F(InjectionLoader, LoadsTheLibraryIntoProcessesOfItsFilter) {
   addFilter("Wanted", homeScreenFilter);
   const fs::path library = addLibrary("Wanted");
   const auto outcome = foundation::injectLibraries("com.apple.MobileSMS");
   EXPECT_EQ(outcome.loaded, (Paths{library}));
   EXPECT_TRUE(outcome.failures.empty());
-  EXPECT_TRUE(arrived());
+  EXPECT_TRUE(isLoaded());
 }
 
-TEST_F(InjectionLoader, LeavesOtherProcessesAlone) {
+TEST_F(InjectionLoader, DoesNotLoadTheLibraryIntoOtherProcesses) {
   addFilter("Unwanted", homeScreenFilter);
   addLibrary("Unwanted");
   const auto outcome = foundation::injectLibraries("com.apple.mobilesafari");
   EXPECT_TRUE(outcome.loaded.empty());
   EXPECT_TRUE(outcome.failures.empty());
-  EXPECT_FALSE(arrived());
+  EXPECT_FALSE(isLoaded());
 }
 
-TEST_F(InjectionLoader, AMissingFolderHoldsNothing) {
+TEST_F(InjectionLoader, LoadsNothingIfTheFolderIsMissing) {
   fs::remove_all(folder);
   const auto outcome = foundation::injectLibraries("com.apple.springboard");
   EXPECT_TRUE(outcome.loaded.empty());
   EXPECT_TRUE(outcome.failures.empty());
 }
 
-TEST_F(InjectionLoader, BrokenFiltersAreToldAndTheOthersStillLoad) {
+TEST_F(InjectionLoader, ReportsInvalidFiltersAndLoadsTheOtherLibraries) {
   addFilter("Broken", "{ Filter = ");
-  addFilter("Formless", "{ Filter = { Bundles = \"com.apple.springboard\"; }; }");
+  addFilter("WrongType", "{ Filter = { Bundles = \"com.apple.springboard\"; }; }");
   addFilter("List", "( 1, 2 )");
-  addFilter("Sound", homeScreenFilter);
+  addFilter("Valid", homeScreenFilter);
   fs::create_directory(folder / "Folder.plist");
-  const fs::path library = addLibrary("Sound");
+  const fs::path library = addLibrary("Valid");
   testing::internal::CaptureStderr();
   const auto outcome = foundation::injectLibraries("com.apple.springboard");
-  const std::string told = testing::internal::GetCapturedStderr();
+  const std::string log = testing::internal::GetCapturedStderr();
   EXPECT_EQ(outcome.loaded, (Paths{library}));
   EXPECT_EQ(outcome.failures.size(), 4U);
-  for (const char* name : {"Broken.plist", "Formless.plist", "List.plist", "Folder.plist"})
-    EXPECT_NE(told.find((folder / name).string() + ": no filter"), std::string::npos) << told;
+  for (const char* name : {"Broken.plist", "WrongType.plist", "List.plist", "Folder.plist"})
+    EXPECT_NE(log.find((folder / name).string() + ": no filter"), std::string::npos) << log;
 }
 
-TEST_F(InjectionLoader, BrokenLibrariesAreToldAndTheOthersStillLoad) {
+TEST_F(InjectionLoader, ReportsInvalidLibrariesAndLoadsTheOthers) {
   addFilter("Absent", homeScreenFilter);
   addFilter("Damaged", homeScreenFilter);
-  addFilter("Sound", homeScreenFilter);
+  addFilter("Valid", homeScreenFilter);
   std::ofstream(folder / "Damaged.dylib") << "not a library";
-  const fs::path library = addLibrary("Sound");
+  const fs::path library = addLibrary("Valid");
   testing::internal::CaptureStderr();
   const auto outcome = foundation::injectLibraries("com.apple.springboard");
-  const std::string told = testing::internal::GetCapturedStderr();
+  const std::string log = testing::internal::GetCapturedStderr();
   EXPECT_EQ(outcome.loaded, (Paths{library}));
   ASSERT_EQ(outcome.failures.size(), 2U);
-  EXPECT_NE(told.find("Absent.dylib"), std::string::npos);
-  EXPECT_NE(told.find("Damaged.dylib"), std::string::npos);
+  EXPECT_NE(log.find("Absent.dylib"), std::string::npos);
+  EXPECT_NE(log.find("Damaged.dylib"), std::string::npos);
 }
 
-TEST_F(InjectionLoader, FollowsLinksToTheBuiltLibrary) {
+TEST_F(InjectionLoader, FollowsSymbolicLinks) {
   addFilter("Linked", homeScreenFilter);
   fs::create_symlink(INJECTED_LIBRARY, folder / "Linked.dylib");
   EXPECT_EQ(foundation::injectLibraries("com.apple.springboard").loaded.size(), 1U);

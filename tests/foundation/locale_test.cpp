@@ -22,8 +22,8 @@ class Locale : public RuntimeTest {
 };
 using Names = std::vector<std::string>;
 
-// A quarter to three in the afternoon, UTC.
-std::string timeText(NSString* format) {
+// Formats the time 14:45 UTC.
+std::string formattedTime(NSString* format) {
   const auto formatter = objc::make<NSDateFormatter>();
   formatter->setDateFormat(format);
   auto* const date = objc::send<NSDate*, "dateWithTimeIntervalSince1970:">(NSDate::classObject(),
@@ -31,18 +31,18 @@ std::string timeText(NSString* format) {
   return formatter->stringFromDate(date)->UTF8String();
 }
 
-TEST_F(Locale, TimesAreUtcInDigitsOfTheLanguage) {
-  EXPECT_EQ(timeText("HH:mm"_ns), "14:45");
-  EXPECT_EQ(timeText("h:mm"_ns), "2:45");
+TEST_F(Locale, TimesAreUtcInTheDigitsOfTheLocale) {
+  EXPECT_EQ(formattedTime("HH:mm"_ns), "14:45");
+  EXPECT_EQ(formattedTime("h:mm"_ns), "2:45");
   foundation::useLocale("ar_EG");
-  EXPECT_EQ(timeText("HH:mm"_ns), "١٤:٤٥");
+  EXPECT_EQ(formattedTime("HH:mm"_ns), "١٤:٤٥");
   foundation::useLocale("fa_IR");
-  EXPECT_EQ(timeText("h:mm"_ns), "۲:۴۵");
+  EXPECT_EQ(formattedTime("h:mm"_ns), "۲:۴۵");
   foundation::useLocale("de_DE");
-  EXPECT_EQ(timeText("HH:mm"_ns), "14:45");
+  EXPECT_EQ(formattedTime("HH:mm"_ns), "14:45");
 }
 
-TEST_F(Locale, IdentifiersTakeAnyForm) {
+TEST_F(Locale, IdentifiersAreNormalized) {
   foundation::useLocale("pt-BR");
   EXPECT_EQ(foundation::localeIdentifier(), "pt_BR");
   foundation::useLocale("de_DE.UTF-8");
@@ -51,12 +51,12 @@ TEST_F(Locale, IdentifiersTakeAnyForm) {
   EXPECT_EQ(foundation::localeIdentifier(), "en_US");
 }
 
-TEST_F(Locale, NonsenseStillWritesTimes) {
+TEST_F(Locale, InvalidIdentifierStillFormatsTimes) {
   foundation::useLocale("_-_-;\xff");
-  EXPECT_EQ(timeText("HH:mm"_ns), "14:45");
+  EXPECT_EQ(formattedTime("HH:mm"_ns), "14:45");
 }
 
-TEST_F(Locale, NamesLocalizationsBestFirst) {
+TEST_F(Locale, ListsLocalizationsInOrderOfPreference) {
   EXPECT_EQ(foundation::localizationsOf("en_US"), (Names{"en-US", "en"}));
   EXPECT_EQ(foundation::localizationsOf("de"), (Names{"de"}));
   EXPECT_EQ(foundation::localizationsOf("pt_BR"), (Names{"pt-BR", "pt"}));
@@ -67,7 +67,7 @@ TEST_F(Locale, NamesLocalizationsBestFirst) {
   EXPECT_EQ(foundation::localizationsOf(""), (Names{}));
 }
 
-TEST_F(Locale, IsWhatFoundationTells) {
+TEST_F(Locale, IsFoundationsCurrentLocale) {
   foundation::useLocale("sv_SE");
   auto* const locale = objc::send<NSObject*, "currentLocale">(objc::lookUpClass<"NSLocale">());
   EXPECT_STREQ((objc::send<NSString*, "localeIdentifier">(locale)->UTF8String()), "sv_SE");
@@ -81,9 +81,9 @@ class LocalizedStrings : public Locale {
 
   void addTable(const std::string& language, const std::string& contents,
                 const std::string& table = "Localizable") const {
-    const fs::path place = language.empty() ? folder : folder / (language + ".lproj");
-    fs::create_directories(place);
-    std::ofstream(place / (table + ".strings")) << contents;
+    const fs::path tableFolder = language.empty() ? folder : folder / (language + ".lproj");
+    fs::create_directories(tableFolder);
+    std::ofstream(tableFolder / (table + ".strings")) << contents;
   }
   static std::string reply(const NSBundle* bundle) {
     return bundle->localizedString("REPLY"_ns, "fallback"_ns)->UTF8String();
@@ -100,7 +100,7 @@ class LocalizedStrings : public Locale {
   fs::path folder = testRoot() / testing::UnitTest::GetInstance()->current_test_info()->name();
 };
 
-TEST_F(LocalizedStrings, FollowTheLanguage) {
+TEST_F(LocalizedStrings, FollowTheLocale) {
   addTable("en", "\"REPLY\" = \"Reply\";");
   addTable("de", "/* An answer. */\n\"REPLY\" = \"Antworten\";\n");
   addTable("pt-BR", "\"REPLY\" = \"Responder\";");
@@ -113,7 +113,7 @@ TEST_F(LocalizedStrings, FollowTheLanguage) {
   EXPECT_EQ(replyIn("zh_TW"), "回覆");
 }
 
-TEST_F(LocalizedStrings, OfAnotherRegionAreBetterThanForeignOnes) {
+TEST_F(LocalizedStrings, AnotherRegionOfTheLanguageIsPreferredToEnglish) {
   addTable("en", "\"REPLY\" = \"Reply\";");
   addTable("pt-BR", "\"REPLY\" = \"Responder\";");
   addTable("zh-Hans", "\"REPLY\" = \"回复\";");
@@ -126,7 +126,7 @@ TEST_F(LocalizedStrings, FallBackToEnglish) {
   EXPECT_EQ(replyIn("fi_FI"), "Reply");
 }
 
-TEST_F(LocalizedStrings, GiveTheValueForAMissingKeyOrTable) {
+TEST_F(LocalizedStrings, FallbackIsUsedForAMissingKeyOrTable) {
   addTable("en", "\"OTHER\" = \"Other\";");
   EXPECT_EQ(replyIn("en_US"), "fallback");
   EXPECT_STREQ(bundle()->localizedString("OTHER"_ns, "x"_ns)->UTF8String(), "Other");
@@ -135,13 +135,13 @@ TEST_F(LocalizedStrings, GiveTheValueForAMissingKeyOrTable) {
                "x");
 }
 
-TEST_F(LocalizedStrings, GiveTheKeyWhereThereIsNoValueEither) {
+TEST_F(LocalizedStrings, KeyIsReturnedWithoutAFallback) {
   EXPECT_STREQ(bundle()->localizedString("REPLY"_ns, nullptr)->UTF8String(), "REPLY");
   EXPECT_STREQ(bundle()->localizedString("REPLY"_ns, ""_ns)->UTF8String(), "REPLY");
   EXPECT_STREQ(bundle()->localizedString(nullptr, nullptr)->UTF8String(), "");
 }
 
-TEST_F(LocalizedStrings, BrokenTablesGiveTheValue) {
+TEST_F(LocalizedStrings, InvalidTablesGiveTheFallback) {
   for (const std::string& contents :
        {std::string("\"REPLY\" = "), std::string("\xff\xfe\x00", 3), std::string("( a"), std::string(200000, '(')}) {
     addTable("en", contents);
@@ -149,18 +149,18 @@ TEST_F(LocalizedStrings, BrokenTablesGiveTheValue) {
   }
 }
 
-TEST_F(LocalizedStrings, ReadUtf16WithAByteOrderMark) {
+TEST_F(LocalizedStrings, Utf16WithAByteOrderMarkIsRead) {
   const std::u16string text = u"\xfeff\"REPLY\" = \"Ответить\";";
   addTable("ru", std::string(reinterpret_cast<const char*>(text.data()), text.size() * 2));
   EXPECT_EQ(replyIn("ru_RU"), "Ответить");
 }
 
-TEST_F(LocalizedStrings, TablesWithoutALanguageServeAll) {
+TEST_F(LocalizedStrings, TablesOutsideLanguageFoldersServeAllLanguages) {
   addTable("", "\"REPLY\" = \"Any\";");
   EXPECT_EQ(replyIn("ja_JP"), "Any");
 }
 
-TEST_F(LocalizedStrings, BundlesDoNotMixTheirTables) {
+TEST_F(LocalizedStrings, EachBundleHasItsOwnTables) {
   addTable("en", "\"REPLY\" = \"Reply\";");
   const fs::path second = testRoot() / "Second.bundle";
   fs::create_directories(second / "en.lproj");

@@ -23,10 +23,10 @@ using foundation::FrameDemand;
 class SteppedClock : public RuntimeTest {
  protected:
   SteppedClock() { foundation::useClock(ClockMode::Stepped, 1'000'000'000); }
-  // What a test leaves behind must not run in the next.
+  // Work that a test leaves in the queue must not run in the next test.
   void TearDown() override { foundation::stepClock(1000); }
 
-  void at(double seconds, const std::string& name) {
+  void schedule(double seconds, const std::string& name) {
     foundation::onMainThreadAfter(seconds,
                                   [this, name] { log.push_back(name + "@" + std::to_string(foundation::now())); });
   }
@@ -45,23 +45,23 @@ TEST_F(SteppedClock, StandsStillUntilStepped) {
 }
 
 TEST_F(SteppedClock, RunsTimersInOrderAtTheirExactTimes) {
-  at(3, "c");
-  at(1, "a");
-  at(2, "b");
+  schedule(3, "c");
+  schedule(1, "a");
+  schedule(2, "b");
   foundation::stepClock(2);
   EXPECT_EQ(log, (Log{"a@1.000000", "b@2.000000"}));
   foundation::stepClock(1);
   EXPECT_EQ(log.size(), 3U);
 }
 
-TEST_F(SteppedClock, RunsEqualTimesInOrderOfArrival) {
-  for (const char* name : {"first", "second", "third"}) at(1, name);
+TEST_F(SteppedClock, RunsTimersOfEqualTimeInOrderOfArrival) {
+  for (const char* name : {"first", "second", "third"}) schedule(1, name);
   foundation::stepClock(1);
   EXPECT_EQ(log, (Log{"first@1.000000", "second@1.000000", "third@1.000000"}));
 }
 
-TEST_F(SteppedClock, AddsUpWithoutError) {
-  at(5, "due");
+TEST_F(SteppedClock, StepsAddUpWithoutRoundingErrors) {
+  schedule(5, "due");
   for (int step = 0; step < 49; ++step) foundation::stepClock(0.1);
   EXPECT_TRUE(log.empty());
   foundation::stepClock(0.1);
@@ -69,48 +69,48 @@ TEST_F(SteppedClock, AddsUpWithoutError) {
   EXPECT_EQ(foundation::now(), 5);
 }
 
-TEST_F(SteppedClock, RunsWorkThatWorkAdded) {
+TEST_F(SteppedClock, RunsWorkAddedByOtherWork) {
   foundation::onMainThreadAfter(1, [this] {
-    at(0.5, "nested");
-    foundation::onMainThread([this] { log.push_back("next turn"); });
+    schedule(0.5, "nested");
+    foundation::onMainThread([this] { log.push_back("next iteration"); });
   });
   foundation::stepClock(2);
-  EXPECT_EQ(log, (Log{"next turn", "nested@1.500000"}));
+  EXPECT_EQ(log, (Log{"next iteration", "nested@1.500000"}));
 }
 
-TEST_F(SteppedClock, DrainRunsWhatIsDueWithoutMovingTime) {
+TEST_F(SteppedClock, DrainRunsDueWorkWithoutMovingTheClock) {
   foundation::onMainThread([this] { log.push_back("now"); });
-  at(0, "zero");
-  at(0.000001, "soon");
+  schedule(0, "zero");
+  schedule(0.000001, "soon");
   foundation::drainMainQueue();
   EXPECT_EQ(log, (Log{"now", "zero@0.000000"}));
 }
 
-TEST_F(SteppedClock, EndOfTheTurnComesWhenNoWorkIsDueAndMayAddSome) {
-  int turns = 0;
-  foundation::observeEndOfTurn([this, &turns] {
+TEST_F(SteppedClock, EndOfIterationObserverRunsAfterDueWorkAndCanAddWork) {
+  int iterations = 0;
+  foundation::observeEndOfTurn([this, &iterations] {
     log.push_back("end");
-    if (++turns == 1) foundation::onMainThread([this] { log.push_back("added"); });
+    if (++iterations == 1) foundation::onMainThread([this] { log.push_back("added"); });
   });
   foundation::onMainThread([this] { log.push_back("now"); });
-  at(0, "zero");
+  schedule(0, "zero");
   foundation::drainMainQueue();
   foundation::observeEndOfTurn([] {});
   EXPECT_EQ(log, (Log{"now", "zero@0.000000", "end", "added", "end"}));
 }
 
-TEST_F(SteppedClock, SenselessStepsAndDelaysAreHarmless) {
+TEST_F(SteppedClock, InvalidStepsAndDelaysAreHarmless) {
   const double infinity = std::numeric_limits<double>::infinity();
-  at(-5, "past");
-  at(std::nan(""), "not a number");
-  at(infinity, "never");
+  schedule(-5, "past");
+  schedule(std::nan(""), "not a number");
+  schedule(infinity, "never");
   for (const double step : {-1.0, std::nan(""), infinity}) foundation::stepClock(step);
   EXPECT_EQ(foundation::now(), 0);
   EXPECT_EQ(log, (Log{"past@0.000000", "not a number@0.000000"}));
   EXPECT_TRUE(foundation::mainQueueIsIdle());
 }
 
-TEST_F(SteppedClock, FramesComeSixtyTimesASecondWhileDemanded) {
+TEST_F(SteppedClock, SixtyFramesPerSecondWhileRequested) {
   std::vector<double> times;
   foundation::addFrameObserver([&](double now) {
     times.push_back(now);
@@ -124,20 +124,20 @@ TEST_F(SteppedClock, FramesComeSixtyTimesASecondWhileDemanded) {
   EXPECT_EQ(foundation::now(), 10);
 }
 
-TEST_F(SteppedClock, AFrameObserverIsAskedAtTheNextFrame) {
+TEST_F(SteppedClock, FrameObserverIsCalledAtTheNextFrame) {
   foundation::stepClock(0.01);
-  double asked = 0;
+  double calledAt = 0;
   foundation::addFrameObserver([&](double now) {
-    asked = now;
+    calledAt = now;
     return FrameDemand::Done;
   });
   foundation::stepClock(0.001);
-  EXPECT_EQ(asked, 0);
+  EXPECT_EQ(calledAt, 0);
   foundation::stepClock(1);
-  EXPECT_NEAR(asked, 1.0 / 60, 1e-9);
+  EXPECT_NEAR(calledAt, 1.0 / 60, 1e-9);
 }
 
-TEST_F(SteppedClock, ObserversAddedDuringAFrameWaitForTheNext) {
+TEST_F(SteppedClock, ObserversAddedDuringAFrameWaitForTheNextFrame) {
   double inner = 0;
   foundation::addFrameObserver([&](double) {
     foundation::addFrameObserver([&](double now) {
@@ -150,21 +150,21 @@ TEST_F(SteppedClock, ObserversAddedDuringAFrameWaitForTheNext) {
   EXPECT_NEAR(inner, 2.0 / 60, 1e-9);
 }
 
-TEST_F(SteppedClock, TimersComeBeforeAFrameOfTheSameTime) {
+TEST_F(SteppedClock, TimersRunBeforeAFrameOfTheSameTime) {
   foundation::addFrameObserver([this](double now) {
     log.push_back("frame");
     return now < 1 ? FrameDemand::More : FrameDemand::Done;
   });
-  at(1, "timer");
+  schedule(1, "timer");
   foundation::stepClock(1);
   ASSERT_EQ(log.size(), 61U);
   EXPECT_EQ(log[59], "timer@1.000000");
   EXPECT_EQ(log[60], "frame");
 }
 
-TEST_F(SteppedClock, KnowsWhenNothingIsLeft) {
+TEST_F(SteppedClock, ReportsIdleWhenNoWorkIsLeft) {
   EXPECT_TRUE(foundation::mainQueueIsIdle());
-  at(1, "work");
+  schedule(1, "work");
   EXPECT_FALSE(foundation::mainQueueIsIdle());
   foundation::stepClock(1);
   EXPECT_TRUE(foundation::mainQueueIsIdle());
@@ -177,7 +177,7 @@ TEST_F(SteppedClock, ManyStepsEndExactlyAtTheirSum) {
   EXPECT_EQ(foundation::now(), 50000);
 }
 
-TEST_F(SteppedClock, DatesShowItsTime) {
+TEST_F(SteppedClock, DatesUseTheSteppedTime) {
   foundation::stepClock(1.5);
   EXPECT_EQ(foundation::unixTimeNow(), 1'000'000'001.5);
   EXPECT_NEAR((objc::send<double, "timeIntervalSince1970">(NSDate::date())), 1'000'000'001.5, 1e-6);
@@ -185,14 +185,14 @@ TEST_F(SteppedClock, DatesShowItsTime) {
               1'000'000'001.5 - 978307200, 1e-6);
 }
 
-TEST_F(SteppedClock, EveryPieceOfWorkHasItsPool) {
+TEST_F(SteppedClock, EachWorkItemHasItsOwnAutoreleasePool) {
   foundation::onMainThread([] { objc::autorelease(objc::make<Counted>()); });
   foundation::onMainThread([this] { log.push_back(std::to_string(livingObjects())); });
   foundation::drainMainQueue();
   EXPECT_EQ(log, (Log{"0"}));
 }
 
-TEST_F(SteppedClock, TakesWorkFromOtherThreads) {
+TEST_F(SteppedClock, AcceptsWorkFromOtherThreads) {
   std::thread([this] { foundation::onMainThread([this] { log.push_back("posted"); }); }).join();
   EXPECT_TRUE(log.empty());
   foundation::drainMainQueue();
@@ -201,7 +201,7 @@ TEST_F(SteppedClock, TakesWorkFromOtherThreads) {
 
 TEST_F(SteppedClock, ChangingTheClockKeepsTheRemainingDelays) {
   foundation::stepClock(100);
-  at(2, "kept");
+  schedule(2, "kept");
   foundation::useClock(ClockMode::Stepped, 5);
   EXPECT_EQ(foundation::unixTimeNow(), 5);
   foundation::stepClock(2);
@@ -253,7 +253,7 @@ TEST_F(RealClock, IsWokenByOtherThreads) {
   EXPECT_GE(foundation::now() - start, 0.02);
 }
 
-TEST_F(RealClock, FramesComeAtTheScreensRate) {
+TEST_F(RealClock, FramesFollowTheScreensRefreshRate) {
   int frames = 0;
   foundation::addFrameObserver([&](double) { return ++frames < 12 ? FrameDemand::More : FrameDemand::Done; });
   const double start = foundation::now();
@@ -261,7 +261,7 @@ TEST_F(RealClock, FramesComeAtTheScreensRate) {
   EXPECT_GE(foundation::now() - start, 11.0 / 60);
 }
 
-TEST_F(RealClock, DatesShowTheRealTime) {
+TEST_F(RealClock, DatesUseTheRealTime) {
   const auto real = std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
   EXPECT_NEAR((objc::send<double, "timeIntervalSince1970">(NSDate::date())), real, 5);
 }

@@ -15,11 +15,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The place of the daemon as the process tells it, the daemon's number, and what the root is in the place.
+// What the child process prints: the folder of the daemon's sockets, the process ID of the daemon, and whether the
+// entry "root" of the folder is a link or a folder.
 struct Daemon {
-  fs::path place;
+  fs::path folder;
   pid_t process = 0;
-  std::string root;
+  std::string rootKind;
 };
 
 bool isRunning(pid_t process) {
@@ -30,7 +31,7 @@ bool isRunning(pid_t process) {
   return static_cast<bool>(status >> number >> name >> state) && state != "Z";
 }
 
-void waitUntilGone(const Daemon& daemon) {
+void waitForEnd(const Daemon& daemon) {
   for (int tries = 0; isRunning(daemon.process) && tries < 1000; ++tries)
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
@@ -49,14 +50,14 @@ const char* nameOf(Ending ending) {
   return "";
 }
 
-// Runs a process of a root of its own that posts a notification and ends as told.
+// Runs use_root with this root and this ending, and returns what it prints.
 Daemon runProcessOfRoot(const fs::path& root, Ending ending) {
-  const fs::path told = testRoot() / "daemon.txt";
+  const fs::path output = testRoot() / "daemon.txt";
   const std::string command = "env -u GNUSTEP_CONFIG_FILE -u TEMP -u TMP " USE_ROOT " '" + root.string() + "' " +
-                              nameOf(ending) + " > '" + told.string() + "'";
+                              nameOf(ending) + " > '" + output.string() + "'";
   static_cast<void>(std::system(command.c_str()));
   Daemon daemon;
-  std::ifstream(told) >> daemon.place >> daemon.process >> daemon.root;
+  std::ifstream(output) >> daemon.folder >> daemon.process >> daemon.rootKind;
   return daemon;
 }
 
@@ -65,47 +66,48 @@ using NotificationDaemon = RuntimeTest;
 TEST_F(NotificationDaemon, EndsWithTheLastProcessOfItsRoot) {
   const Daemon daemon = runProcessOfRoot(testRoot() / "a", Ending::Exit);
   ASSERT_GT(daemon.process, 0);
-  waitUntilGone(daemon);
+  waitForEnd(daemon);
   EXPECT_FALSE(isRunning(daemon.process));
-  EXPECT_FALSE(fs::exists(daemon.place));
+  EXPECT_FALSE(fs::exists(daemon.folder));
 }
 
-TEST_F(NotificationDaemon, EndsAlthoughTheRootIsGone) {
+TEST_F(NotificationDaemon, EndsEvenIfTheRootWasRemoved) {
   const Daemon daemon = runProcessOfRoot(testRoot() / "b", Ending::RemovedRoot);
   ASSERT_GT(daemon.process, 0);
-  waitUntilGone(daemon);
+  waitForEnd(daemon);
   EXPECT_FALSE(isRunning(daemon.process));
-  EXPECT_FALSE(fs::exists(daemon.place));
+  EXPECT_FALSE(fs::exists(daemon.folder));
 }
 
-TEST_F(NotificationDaemon, OfAKilledProcessEndsWhenAnotherRootIsUsed) {
-  const Daemon left = runProcessOfRoot(testRoot() / "c", Ending::Killed);
-  ASSERT_GT(left.process, 0);
+TEST_F(NotificationDaemon, DaemonOfAKilledProcessEndsWhenAnotherRootIsUsed) {
+  const Daemon stale = runProcessOfRoot(testRoot() / "c", Ending::Killed);
+  ASSERT_GT(stale.process, 0);
   const Daemon next = runProcessOfRoot(testRoot() / "d", Ending::Exit);
-  EXPECT_NE(left.place, next.place);
-  waitUntilGone(left);
-  EXPECT_FALSE(isRunning(left.process));
-  EXPECT_FALSE(fs::exists(left.place));
+  EXPECT_NE(stale.folder, next.folder);
+  waitForEnd(stale);
+  EXPECT_FALSE(isRunning(stale.process));
+  EXPECT_FALSE(fs::exists(stale.folder));
 }
 
-// As a daemon makes a place again that was cleared while it started. Any test that runs beside this one may clear it.
-TEST_F(NotificationDaemon, PlaceWithoutALockIsClearedWhenAnotherRootIsUsed) {
-  const fs::path left = "/tmp/brim-" + std::to_string(getuid()) + "-left" + std::to_string(getpid());
-  std::error_code cleared;
-  fs::create_directories(left / "NSMessagePort/names", cleared);
+// A daemon creates its folder again if the folder was removed while the daemon started. Tests that run at the same time
+// can remove the folder too.
+TEST_F(NotificationDaemon, FolderWithoutALockIsRemovedWhenAnotherRootIsUsed) {
+  const fs::path stale = "/tmp/brim-" + std::to_string(getuid()) + "-left" + std::to_string(getpid());
+  std::error_code ignored;
+  fs::create_directories(stale / "NSMessagePort/names", ignored);
   runProcessOfRoot(testRoot() / "e", Ending::Exit);
-  EXPECT_FALSE(fs::exists(left));
+  EXPECT_FALSE(fs::exists(stale));
 }
 
-TEST_F(NotificationDaemon, LinkToTheRootTakesThePlaceOfAFolder) {
-  const fs::path place = runProcessOfRoot(testRoot() / "g", Ending::Exit).place;
-  ASSERT_FALSE(place.empty());
-  std::error_code cleared;
-  fs::create_directories(place / "root/Library", cleared);
-  EXPECT_EQ(runProcessOfRoot(testRoot() / "g", Ending::Exit).root, "link");
+TEST_F(NotificationDaemon, LinkToTheRootReplacesAFolder) {
+  const fs::path folder = runProcessOfRoot(testRoot() / "g", Ending::Exit).folder;
+  ASSERT_FALSE(folder.empty());
+  std::error_code ignored;
+  fs::create_directories(folder / "root/Library", ignored);
+  EXPECT_EQ(runProcessOfRoot(testRoot() / "g", Ending::Exit).rootKind, "link");
 }
 
-TEST_F(NotificationDaemon, LinkInThePlaceOfAPlaceIsLeftAlone) {
+TEST_F(NotificationDaemon, LinkInsteadOfADaemonFolderIsNotFollowed) {
   const fs::path link = "/tmp/brim-" + std::to_string(getuid()) + "-link" + std::to_string(getpid());
   fs::create_directories(testRoot() / "elsewhere");
   fs::create_directory_symlink(testRoot() / "elsewhere", link);

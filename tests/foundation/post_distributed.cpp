@@ -1,4 +1,5 @@
-// Posts one distributed notification: post_distributed NAME TEXT. The other process of a test, in whose root it works.
+// Usage: post_distributed NAME TEXT. Posts one distributed notification with TEXT under the key "text". Tests start
+// this program as the other process; it uses their root.
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_notification_center.hpp"
 

@@ -19,21 +19,21 @@ using PreferenceValue = RuntimeTest;
 
 NSString* text(const char* utf8) { return NSString::stringWithUTF8String(utf8); }
 NSNumber* number(double value) { return NSNumber::numberWithDouble(value); }
-NSNumber* whole(NSInteger value) {
+NSNumber* integer(NSInteger value) {
   return objc::send<NSNumber*, "numberWithLongLong:">(NSNumber::classObject(), value);
 }
 
-TEST_F(PreferenceValue, BooleansComeFromBooleansNumbersAndWords) {
+TEST_F(PreferenceValue, BooleansAreReadFromBooleansNumbersAndWords) {
   for (const char* word : {"YES", "yes", "Yes", "true", "TRUE", "True", "1"})
     EXPECT_EQ(booleanPreference(text(word)), true) << word;
   for (const char* word : {"NO", "no", "false", "FALSE", "0"}) EXPECT_EQ(booleanPreference(text(word)), false) << word;
   EXPECT_EQ(booleanPreference(NSNumber::numberWithBool(true)), true);
   EXPECT_EQ(booleanPreference(NSNumber::numberWithBool(false)), false);
-  EXPECT_EQ(booleanPreference(whole(1)), true);
+  EXPECT_EQ(booleanPreference(integer(1)), true);
   EXPECT_EQ(booleanPreference(number(0)), false);
 }
 
-TEST_F(PreferenceValue, OtherThingsAreNoBooleans) {
+TEST_F(PreferenceValue, OtherValuesAreNotBooleans) {
   for (const char* word : {"", " ", "YES ", "2", "-1", "abc", "yesterday", "-bool"})
     EXPECT_EQ(booleanPreference(text(word)), std::nullopt) << word;
   for (const double value : {2.0, -1.0, 0.5, std::nan("")})
@@ -44,23 +44,23 @@ TEST_F(PreferenceValue, OtherThingsAreNoBooleans) {
   EXPECT_EQ(booleanPreference(NSData::dataWithBytes("1", 1)), std::nullopt);
 }
 
-TEST_F(PreferenceValue, IntegersComeFromNumbersAndDecimalTexts) {
+TEST_F(PreferenceValue, IntegersAreReadFromNumbersAndDecimalStrings) {
   EXPECT_EQ(integerPreference(text("3")), 3);
   EXPECT_EQ(integerPreference(text("-12")), -12);
   EXPECT_EQ(integerPreference(text("007")), 7);
   EXPECT_EQ(integerPreference(text("9223372036854775807")), std::numeric_limits<NSInteger>::max());
   EXPECT_EQ(integerPreference(text("-9223372036854775808")), std::numeric_limits<NSInteger>::min());
-  EXPECT_EQ(integerPreference(whole(std::numeric_limits<NSInteger>::min())), std::numeric_limits<NSInteger>::min());
-  EXPECT_EQ(integerPreference(whole(std::numeric_limits<NSInteger>::max())), std::numeric_limits<NSInteger>::max());
+  EXPECT_EQ(integerPreference(integer(std::numeric_limits<NSInteger>::min())), std::numeric_limits<NSInteger>::min());
+  EXPECT_EQ(integerPreference(integer(std::numeric_limits<NSInteger>::max())), std::numeric_limits<NSInteger>::max());
   EXPECT_EQ(integerPreference(NSNumber::numberWithBool(true)), 1);
 }
 
-TEST_F(PreferenceValue, FractionsAreCut) {
+TEST_F(PreferenceValue, FractionsAreTruncated) {
   EXPECT_EQ(integerPreference(number(2.9)), 2);
   EXPECT_EQ(integerPreference(number(-2.9)), -2);
 }
 
-TEST_F(PreferenceValue, OtherThingsAreNoIntegers) {
+TEST_F(PreferenceValue, OtherValuesAreNotIntegers) {
   for (const char* word :
        {"", " ", "3 ", " 3", "3.5", "0x10", "+3", "abc", "3abc", "YES", "1e3", "--1", "9223372036854775808"})
     EXPECT_EQ(integerPreference(text(word)), std::nullopt) << word;

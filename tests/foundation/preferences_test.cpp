@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A domain of the test's own with one bound flag and one bound number.
+// Each test has its own domain, with one registered Boolean and one registered integer.
 class Preferences : public RuntimeTest {
  protected:
   Preferences() {
@@ -35,7 +35,7 @@ class Preferences : public RuntimeTest {
   }
   static fs::path file() { return testRoot() / "var/mobile/Library/GNUstep/Defaults" / (domain() + ".plist"); }
 
-  // As a person does, in another process.
+  // Changes or reads preferences in another process.
   static void runDefaults(const std::string& arguments) {
     EXPECT_EQ(std::system(("defaults " + arguments).c_str()), 0);
     foundation::pumpFoundation();
@@ -52,8 +52,8 @@ class Preferences : public RuntimeTest {
     EXPECT_EQ(number, 5);
   }
 
-  static constexpr const char* goodFile = "{ flag = NO; number = 8; }";
-  void expectGoodFile() const {
+  static constexpr const char* validFile = "{ flag = NO; number = 8; }";
+  void expectValuesOfValidFile() const {
     EXPECT_FALSE(flag);
     EXPECT_EQ(number, 8);
   }
@@ -64,9 +64,9 @@ class Preferences : public RuntimeTest {
       HBPreferences::withIdentifier(NSString::stringWithUTF8String(domain().c_str()));
 };
 
-TEST_F(Preferences, AnEmptyDomainGivesTheDefaults) { expectDefaults(); }
+TEST_F(Preferences, EmptyDomainGivesTheDefaults) { expectDefaults(); }
 
-TEST_F(Preferences, FollowWhatAnotherProcessWrites) {
+TEST_F(Preferences, FollowChangesByAnotherProcess) {
   store("number", "3");
   EXPECT_EQ(number, 3);
   store("flag", "NO");
@@ -81,20 +81,20 @@ TEST_F(Preferences, ReturnToTheDefaultWhenAnotherProcessDeletesTheValue) {
   EXPECT_EQ(number, 5);
 }
 
-TEST_F(Preferences, ReadWhatWasStoredBefore) {
+TEST_F(Preferences, ReadValuesStoredBefore) {
   store("number", "3");
-  const auto second = HBPreferences::withIdentifier(NSString::stringWithUTF8String(domain().c_str()));
+  const auto otherPreferences = HBPreferences::withIdentifier(NSString::stringWithUTF8String(domain().c_str()));
   NSInteger other = 0;
-  second->registerInteger(&other, 5, "number"_ns);
+  otherPreferences->registerInteger(&other, 5, "number"_ns);
   EXPECT_EQ(other, 3);
 }
 
-TEST_F(Preferences, FollowUnderTheRealClockToo) {
+TEST_F(Preferences, FollowChangesUnderTheRealClock) {
   foundation::useClock(foundation::ClockMode::Real, 0);
   const std::string command = "defaults write " + domain() + " number 44 &";
   EXPECT_EQ(std::system(command.c_str()), 0);
-  const double limit = foundation::now() + 30;
-  foundation::runMainQueueUntil([&] { return number == 44 || foundation::now() > limit; });
+  const double deadline = foundation::now() + 30;
+  foundation::runMainQueueUntil([&] { return number == 44 || foundation::now() > deadline; });
   EXPECT_EQ(number, 44);
 }
 
@@ -105,88 +105,88 @@ TEST_F(Preferences, WrongTypesGiveTheDefaults) {
   expectDefaults();
   storeFile("{ flag = \"\"; number = \"\"; }");
   expectDefaults();
-  storeFile(goodFile);
-  expectGoodFile();
+  storeFile(validFile);
+  expectValuesOfValidFile();
 }
 
-TEST_F(Preferences, ValuesOfPropertyListsCount) {
+TEST_F(Preferences, TypedValuesOfAnXmlPropertyListAreRead) {
   storeFile(
       "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>flag</key><false/><key>number</key>"
       "<integer>8</integer></dict></plist>");
-  expectGoodFile();
+  expectValuesOfValidFile();
 }
 
-TEST_F(Preferences, AFileThatIsNoPropertyListGivesTheDefaultsUntilItIsGood) {
+TEST_F(Preferences, InvalidFileGivesTheDefaultsUntilItIsReplaced) {
   for (const std::string& contents :
-       {std::string("no property list {"), std::string("<?xml version=\"1.0\"?><plist><dict><key>flag</key>"),
+       {std::string("not a property list {"), std::string("<?xml version=\"1.0\"?><plist><dict><key>flag</key>"),
         std::string(), std::string("bplist00\xff\xff\xff"), std::string(3000, '\0'), std::string(300000, '('),
         std::string("( 1, 2 )")}) {
     storeFile(contents);
     expectDefaults();
-    storeFile(goodFile);
-    expectGoodFile();
+    storeFile(validFile);
+    expectValuesOfValidFile();
   }
 }
 
-TEST_F(Preferences, AFileOfSenselessSizeGivesTheDefaultsUntilItIsGood) {
-  storeFile(goodFile);
+TEST_F(Preferences, OversizedFileGivesTheDefaultsUntilItIsReplaced) {
+  storeFile(validFile);
   fs::resize_file(file(), 100'000'000);
   std::ofstream(file(), std::ios::app) << "{";
   foundation::pumpFoundation();
   expectDefaults();
-  storeFile(goodFile);
-  expectGoodFile();
+  storeFile(validFile);
+  expectValuesOfValidFile();
 }
 
-TEST_F(Preferences, AFolderInTheFilesPlaceGivesTheDefaultsUntilItIsGone) {
-  storeFile(goodFile);
+TEST_F(Preferences, FolderInsteadOfTheFileGivesTheDefaultsUntilItIsRemoved) {
+  storeFile(validFile);
   fs::remove(file());
   fs::create_directory(file());
   foundation::pumpFoundation();
   expectDefaults();
   fs::remove(file());
-  storeFile(goodFile);
-  expectGoodFile();
+  storeFile(validFile);
+  expectValuesOfValidFile();
 }
 
-TEST_F(Preferences, APipeInTheFilesPlaceIsNotWaitedFor) {
+TEST_F(Preferences, PipeInsteadOfTheFileDoesNotBlock) {
   ASSERT_EQ(mkfifo(file().c_str(), S_IRUSR | S_IWUSR), 0);
   foundation::pumpFoundation();
   expectDefaults();
 }
 
-TEST_F(Preferences, ARemovedFileGivesTheDefaults) {
-  storeFile(goodFile);
+TEST_F(Preferences, RemovedFileGivesTheDefaults) {
+  storeFile(validFile);
   fs::remove(file());
   foundation::pumpFoundation();
   expectDefaults();
 }
 
-TEST_F(Preferences, SurviveTheLossOfTheWholeFolder) {
-  storeFile(goodFile);
+TEST_F(Preferences, RecoverAfterTheFolderWasRemoved) {
+  storeFile(validFile);
   fs::remove_all(file().parent_path());
   foundation::pumpFoundation();
   expectDefaults();
-  storeFile(goodFile);
-  expectGoodFile();
+  storeFile(validFile);
+  expectValuesOfValidFile();
 }
 
-TEST_F(Preferences, FollowAFileThatIsMovedIntoPlace) {
+TEST_F(Preferences, FollowAFileMovedIntoPlace) {
   const fs::path prepared = testRoot() / "prepared.plist";
-  std::ofstream(prepared) << goodFile;
+  std::ofstream(prepared) << validFile;
   fs::rename(prepared, file());
   foundation::pumpFoundation();
-  expectGoodFile();
+  expectValuesOfValidFile();
 }
 
-TEST_F(Preferences, ForgetVariablesWithTheirObject) {
+TEST_F(Preferences, DoNotWriteVariablesAfterDeallocation) {
   preferences = nullptr;
   number = -7;
-  storeFile(goodFile);
+  storeFile(validFile);
   EXPECT_EQ(number, -7);
 }
 
-TEST_F(Preferences, ADomainWithoutANameIsAlwaysEmpty) {
+TEST_F(Preferences, DomainWithAnInvalidNameIsEmpty) {
   for (NSString* name : {static_cast<NSString*>(nullptr), ""_ns, "../escape"_ns}) {
     const auto nameless = HBPreferences::withIdentifier(name);
     NSInteger value = 0;
@@ -205,33 +205,33 @@ TEST_F(Preferences, WritingTakesEffectAtOnce) {
   EXPECT_EQ(number, 5);
 }
 
-TEST_F(Preferences, WhatIsWrittenIsSeenByOtherProcesses) {
+TEST_F(Preferences, WrittenValuesAreVisibleToOtherProcesses) {
   ASSERT_EQ(foundation::writePreference(domain(), "number", NSNumber::numberWithDouble(21)), std::nullopt);
   runDefaults("read " + domain() + " number | grep -qw 21");
 }
 
-TEST_F(Preferences, WritingKeepsWhatOthersWrote) {
+TEST_F(Preferences, WritingKeepsValuesOfOtherProcesses) {
   store("number", "3");
   ASSERT_EQ(foundation::writePreference(domain(), "flag", "NO"_ns), std::nullopt);
   EXPECT_EQ(number, 3);
   EXPECT_FALSE(flag);
 }
 
-TEST_F(Preferences, WritingReplacesABrokenFile) {
-  storeFile("no property list {");
+TEST_F(Preferences, WritingReplacesAnInvalidFile) {
+  storeFile("not a property list {");
   ASSERT_EQ(foundation::writePreference(domain(), "number", "3"_ns), std::nullopt);
   EXPECT_EQ(number, 3);
 }
 
-TEST_F(Preferences, WritingSaysWhatIsWrong) {
+TEST_F(Preferences, FailedWriteReturnsAnError) {
   EXPECT_NE(foundation::writePreference("", "number", "3"_ns), std::nullopt);
   EXPECT_NE(foundation::writePreference(domain(), "number", objc::make<NSObject>()), std::nullopt);
   EXPECT_NE(foundation::writePreference(domain(), "\xff", "3"_ns), std::nullopt);
   fs::create_directory(file());
   std::ofstream(file() / "occupied") << "x";
-  const auto reason = foundation::writePreference(domain(), "number", "3"_ns);
-  ASSERT_NE(reason, std::nullopt);
-  EXPECT_NE(reason->find(file().string()), std::string::npos);
+  const auto error = foundation::writePreference(domain(), "number", "3"_ns);
+  ASSERT_NE(error, std::nullopt);
+  EXPECT_NE(error->find(file().string()), std::string::npos);
   expectDefaults();
 }
 

@@ -1,4 +1,4 @@
-// Property lists that nobody vouches for.
+// Parsing of property lists from untrusted input: damaged, truncated, cyclic and oversized data.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -15,7 +15,7 @@ NSObject* parsed(const std::string& bytes) {
   return NSPropertyListSerialization::propertyList(NSData::dataWithBytes(bytes.data(), bytes.size()));
 }
 
-// A binary list of these objects, the first being the outermost. References and offsets take a byte.
+// A binary property list of these objects. The first object is the root; references and offsets have one byte.
 std::string binary(const std::vector<std::string>& objects) {
   std::string list = "bplist00";
   std::string offsets;
@@ -49,7 +49,7 @@ TEST_F(PropertyListParsing, ReadsEveryFormat) {
   }
 }
 
-TEST_F(PropertyListParsing, EveryBeginningOfAListIsReadOrRefused) {
+TEST_F(PropertyListParsing, TruncatedListNeverCrashes) {
   for (const std::string& list :
        {std::string("{ a = (b, \"c\"); }"), binary({dictionaryOfKeyAndValue, key, std::string("\xa1\x01", 2)}),
         std::string(
@@ -58,7 +58,7 @@ TEST_F(PropertyListParsing, EveryBeginningOfAListIsReadOrRefused) {
     for (std::size_t length = 0; length < list.size(); ++length) parsed(list.substr(0, length));
 }
 
-TEST_F(PropertyListParsing, EveryByteOfABinaryListMayBeWrong) {
+TEST_F(PropertyListParsing, DamagedBinaryListNeverCrashes) {
   const std::string list = binary({dictionaryOfKeyAndValue, key, std::string("\xa1\x01", 2)});
   ASSERT_NE(parsed(list), nullptr);
   for (std::size_t index = 0; index < list.size(); ++index) {
@@ -70,21 +70,23 @@ TEST_F(PropertyListParsing, EveryByteOfABinaryListMayBeWrong) {
   }
 }
 
-TEST_F(PropertyListParsing, RefusesAListThatHoldsItself) {
+TEST_F(PropertyListParsing, RejectsACyclicList) {
   EXPECT_EQ(parsed(binary({std::string("\xa1\x00", 2)})), nullptr);
   EXPECT_EQ(parsed(binary({dictionaryOfKeyAndValue, key, std::string("\xa1\x00", 2)})), nullptr);
 }
 
-TEST_F(PropertyListParsing, RefusesAListThatUnfoldsWithoutEnd) {
+TEST_F(PropertyListParsing, RejectsAListThatExpandsExponentially) {
   std::vector<std::string> objects;
   for (char next = 1; next < 60; ++next) objects.push_back(std::string("\xa2") + next + next);
   objects.push_back(key);
   EXPECT_EQ(parsed(binary(objects)), nullptr);
 }
 
-TEST_F(PropertyListParsing, RefusesWhatWouldUseUpTheStack) { EXPECT_EQ(parsed(std::string(100'000, '(')), nullptr); }
+TEST_F(PropertyListParsing, RejectsNestingThatWouldOverflowTheStack) {
+  EXPECT_EQ(parsed(std::string(100'000, '(')), nullptr);
+}
 
-TEST_F(PropertyListParsing, RefusesTheFormatThatOnlyGNUstepKnows) {
+TEST_F(PropertyListParsing, RejectsTheFormatThatOnlyGNUstepReads) {
   EXPECT_EQ(parsed(std::string("\x00\x04lbpyl", 7)), nullptr);
   EXPECT_EQ(parsed(std::string("\x01\x04lbpyl", 7)), nullptr);
   NSObject* const written = objc::send<NSObject*, "dataFromPropertyList:format:errorDescription:">(
@@ -94,7 +96,7 @@ TEST_F(PropertyListParsing, RefusesTheFormatThatOnlyGNUstepKnows) {
   EXPECT_EQ(NSPropertyListSerialization::propertyList(objc::as<NSData>(written)), nullptr);
 }
 
-TEST_F(PropertyListParsing, RefusesNothingAndNoData) {
+TEST_F(PropertyListParsing, RejectsEmptyAndNilData) {
   EXPECT_EQ(parsed(""), nullptr);
   EXPECT_EQ(NSPropertyListSerialization::propertyList(nullptr), nullptr);
 }

@@ -27,35 +27,35 @@ void writeFile(const fs::path& path, const std::string& text) {
 
 NSObject* fileManager() { return objc::send<NSObject*, "defaultManager">(objc::lookUpClass<"NSFileManager">()); }
 bool fileExists(NSString* path) { return objc::send<bool, "fileExistsAtPath:">(fileManager(), path); }
-std::string representation(NSString* path) { return objc::send<const char*, "fileSystemRepresentation">(path); }
+std::string fileSystemPath(NSString* path) { return objc::send<const char*, "fileSystemRepresentation">(path); }
 
-TEST_F(Root, HoldsThePathsOfThePhone) {
+TEST_F(Root, MapsAbsolutePlatformPaths) {
   EXPECT_EQ(foundation::root(), fs::canonical(testRoot()));
   EXPECT_EQ(foundation::pathUnderRoot("/var/mobile/Library"), inRoot("/var/mobile/Library"));
   EXPECT_EQ(foundation::pathUnderRoot("/Library/Anything"), inRoot("/Library/Anything"));
   EXPECT_EQ(foundation::pathUnderRoot("/private/var/mobile/x"), inRoot("/private/var/mobile/x"));
 }
 
-TEST_F(Root, LeavesOtherPathsAlone) {
+TEST_F(Root, DoesNotMapOtherPaths) {
   EXPECT_EQ(foundation::pathUnderRoot(inRoot("/var/mobile")), inRoot("/var/mobile"));
   EXPECT_EQ(foundation::pathUnderRoot("relative/path"), "relative/path");
   EXPECT_EQ(foundation::pathUnderRoot(""), "");
 }
 
-TEST_F(Root, MapsThePhonesFoldersForFoundation) {
-  EXPECT_EQ(representation("/var/mobile/a"_ns), inRoot("/var/mobile/a"));
-  EXPECT_EQ(representation("/private/var/mobile/a"_ns), inRoot("/private/var/mobile/a"));
-  EXPECT_EQ(representation("/Library/Application Support/Brim/a"_ns), inRoot("/Library/Application Support/Brim/a"));
-  EXPECT_EQ(representation("/var/mobile"_ns), inRoot("/var/mobile"));
+TEST_F(Root, FoundationMapsPlatformFolders) {
+  EXPECT_EQ(fileSystemPath("/var/mobile/a"_ns), inRoot("/var/mobile/a"));
+  EXPECT_EQ(fileSystemPath("/private/var/mobile/a"_ns), inRoot("/private/var/mobile/a"));
+  EXPECT_EQ(fileSystemPath("/Library/Application Support/Brim/a"_ns), inRoot("/Library/Application Support/Brim/a"));
+  EXPECT_EQ(fileSystemPath("/var/mobile"_ns), inRoot("/var/mobile"));
 }
 
-TEST_F(Root, LeavesTheMachinesFoldersToFoundation) {
+TEST_F(Root, FoundationDoesNotMapOtherFolders) {
   for (NSString* path :
        {"/usr/lib"_ns, "/var/mobility"_ns, "/Library/Application Support/Brimful"_ns, "/tmp"_ns, "var/mobile"_ns})
-    EXPECT_EQ(representation(path), path->UTF8String());
+    EXPECT_EQ(fileSystemPath(path), path->UTF8String());
 }
 
-TEST_F(Root, FoundationReadsFilesOfThePhone) {
+TEST_F(Root, FoundationReadsFilesUnderTheRoot) {
   writeFile(inRoot("/var/mobile/Containers/list.plist"), "{ key = value; }");
   EXPECT_TRUE(fileExists("/var/mobile/Containers/list.plist"_ns));
   EXPECT_TRUE(fileExists("/private/var/mobile/Containers/list.plist"_ns));
@@ -65,12 +65,12 @@ TEST_F(Root, FoundationReadsFilesOfThePhone) {
   EXPECT_EQ(list->count(), 1U);
 }
 
-TEST_F(Root, HasItsVariableFilesUnderPrivateToo) {
+TEST_F(Root, PrivateVarIsALinkToVar) {
   writeFile(inRoot("/var/mobile/one"), "x");
   EXPECT_TRUE(fs::equivalent(inRoot("/private/var/mobile/one"), inRoot("/var/mobile/one")));
 }
 
-TEST_F(Root, LeavesAPrivateFolderThatSomebodyMade) {
+TEST_F(Root, DoesNotReplaceAnExistingPrivateFolder) {
   const fs::path other = testRoot() / "other-root";
   writeFile(other / "private/var/mobile/one", "x");
   EXPECT_EQ(foundation::useRoot(other, foundation::DefaultsDatabase::OfUser), std::nullopt);
@@ -79,7 +79,7 @@ TEST_F(Root, LeavesAPrivateFolderThatSomebodyMade) {
   EXPECT_EQ(foundation::useRoot(testRoot(), foundation::DefaultsDatabase::OfUser), std::nullopt);
 }
 
-TEST_F(Root, FoundationListsFoldersOfThePhone) {
+TEST_F(Root, FoundationListsFoldersUnderTheRoot) {
   writeFile(inRoot("/var/mobile/Containers/Shared/one/file"), "x");
   void* const noError = nullptr;
   const auto* const names = objc::send<NSArray*, "contentsOfDirectoryAtPath:error:">(
@@ -90,33 +90,33 @@ TEST_F(Root, FoundationListsFoldersOfThePhone) {
             nullptr);
 }
 
-TEST_F(Root, BundlesLieUnderTheRoot) {
+TEST_F(Root, BundlesAreLoadedFromTheRoot) {
   EXPECT_EQ(NSBundle::bundleWithPath("/Library/Application Support/Brim/None.bundle"_ns), nullptr);
   writeFile(inRoot("/Library/Application Support/Brim/Some.bundle/picture.png"), "x");
   const NSBundle* const bundle = NSBundle::bundleWithPath("/Library/Application Support/Brim/Some.bundle"_ns);
   ASSERT_NE(bundle, nullptr);
   NSString* const picture = bundle->pathForResource("picture"_ns, "png"_ns);
   ASSERT_NE(picture, nullptr);
-  EXPECT_TRUE(fs::exists(representation(picture)));
+  EXPECT_TRUE(fs::exists(fileSystemPath(picture)));
   EXPECT_EQ(bundle->pathForResource("missing"_ns, "png"_ns), nullptr);
 }
 
-TEST_F(Root, HasADefaultsDatabaseOfItsOwn) {
+TEST_F(Root, HasItsOwnDefaultsDatabase) {
   EXPECT_EQ(std::system("defaults write org.example.isolation key value"), 0);
   EXPECT_TRUE(fs::exists(testRoot() / "var/mobile/Library/GNUstep/Defaults/org.example.isolation.plist"));
 }
 
-TEST_F(Root, IsNotLedAwayByTheUsersOwnConfiguration) {
+TEST_F(Root, IgnoresTheUsersGNUstepConfiguration) {
   const fs::path home = testRoot() / "home";
   writeFile(home / ".GNUstep.conf", "GNUSTEP_USER_DEFAULTS_DIR=" + (testRoot() / "elsewhere").string() + "\n");
   fs::permissions(home / ".GNUstep.conf", fs::perms::owner_read | fs::perms::owner_write);
-  const std::string command = "HOME='" + home.string() + "' defaults write org.example.led-away key value";
+  const std::string command = "HOME='" + home.string() + "' defaults write org.example.configuration key value";
   EXPECT_EQ(std::system(command.c_str()), 0);
   EXPECT_FALSE(fs::exists(testRoot() / "elsewhere"));
-  EXPECT_TRUE(fs::exists(testRoot() / "var/mobile/Library/GNUstep/Defaults/org.example.led-away.plist"));
+  EXPECT_TRUE(fs::exists(testRoot() / "var/mobile/Library/GNUstep/Defaults/org.example.configuration.plist"));
 }
 
-TEST_F(Root, WithTheUsersDatabaseLeavesTheEnvironmentAlone) {
+TEST_F(Root, UsersDefaultsDatabaseKeepsTheEnvironment) {
   const char* const configuration = std::getenv("GNUSTEP_CONFIG_FILE");
   ASSERT_NE(configuration, nullptr);
   const std::string before = configuration;
@@ -127,10 +127,10 @@ TEST_F(Root, WithTheUsersDatabaseLeavesTheEnvironmentAlone) {
   EXPECT_EQ(foundation::useRoot(testRoot(), foundation::DefaultsDatabase::OfUser), std::nullopt);
 }
 
-TEST_F(Root, ThatCannotBeMadeIsAnError) {
-  const auto reason = foundation::useRoot("/proc/no/such/root", foundation::DefaultsDatabase::OfRoot);
-  ASSERT_NE(reason, std::nullopt);
-  EXPECT_NE(reason->find("/proc/no/such/root"), std::string::npos);
+TEST_F(Root, FolderThatCannotBeCreatedIsAnError) {
+  const auto error = foundation::useRoot("/proc/no/such/root", foundation::DefaultsDatabase::OfRoot);
+  ASSERT_NE(error, std::nullopt);
+  EXPECT_NE(error->find("/proc/no/such/root"), std::string::npos);
   EXPECT_EQ(foundation::root(), fs::canonical(testRoot()));
 }
 

@@ -14,7 +14,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "tests/objc/runtime_environment.hpp"
 
-class TestListener : public objc::Interface<"BrimTestListener", NSObject> {};
+class TestObserver : public objc::Interface<"BrimTestObserver", NSObject> {};
 
 namespace {
 
@@ -22,67 +22,67 @@ class RunLoop : public RuntimeTest {
  protected:
   RunLoop() {
     foundation::useClock(foundation::ClockMode::Stepped, 0);
-    if (pipe(ends.data()) != 0) ADD_FAILURE() << "no pipe";
+    if (pipe(pipeEnds.data()) != 0) ADD_FAILURE() << "cannot create a pipe";
   }
   ~RunLoop() override {
-    foundation::unwatchDescriptor(ends[0]);
-    for (const int end : ends) close(end);
+    foundation::unwatchDescriptor(pipeEnds[0]);
+    for (const int descriptor : pipeEnds) close(descriptor);
   }
 
-  void sendLetter() const { EXPECT_EQ(write(ends[1], "x", 1), 1); }
-  void watchLetters() {
-    foundation::watchDescriptor(ends[0], [this] {
-      char letter = 0;
-      EXPECT_EQ(read(ends[0], &letter, 1), 1);
+  void sendByte() const { EXPECT_EQ(write(pipeEnds[1], "x", 1), 1); }
+  void watchBytes() {
+    foundation::watchDescriptor(pipeEnds[0], [this] {
+      char byte = 0;
+      EXPECT_EQ(read(pipeEnds[0], &byte, 1), 1);
       ++received;
     });
   }
 
-  std::array<int, 2> ends = {-1, -1};
+  std::array<int, 2> pipeEnds = {-1, -1};
   int received = 0;
 };
 
-TEST_F(RunLoop, TellsOfReadableDescriptors) {
-  watchLetters();
+TEST_F(RunLoop, CallsTheWatcherOfAReadableDescriptor) {
+  watchBytes();
   foundation::pumpFoundation();
   EXPECT_EQ(received, 0);
-  sendLetter();
+  sendByte();
   foundation::pumpFoundation();
   EXPECT_EQ(received, 1);
 }
 
-TEST_F(RunLoop, ForgetsUnwatchedDescriptors) {
-  watchLetters();
-  foundation::unwatchDescriptor(ends[0]);
-  sendLetter();
+TEST_F(RunLoop, DoesNotCallTheWatcherOfAnUnwatchedDescriptor) {
+  watchBytes();
+  foundation::unwatchDescriptor(pipeEnds[0]);
+  sendByte();
   foundation::pumpFoundation();
   EXPECT_EQ(received, 0);
 }
 
-TEST_F(RunLoop, ADescriptorMayBeUnwatchedFromItsOwnCallback) {
-  foundation::watchDescriptor(ends[0], [this] {
-    foundation::unwatchDescriptor(ends[0]);
+TEST_F(RunLoop, DescriptorCanBeUnwatchedInItsCallback) {
+  foundation::watchDescriptor(pipeEnds[0], [this] {
+    foundation::unwatchDescriptor(pipeEnds[0]);
     ++received;
   });
-  sendLetter();
+  sendByte();
   foundation::pumpFoundation();
   foundation::pumpFoundation();
   EXPECT_EQ(received, 1);
 }
 
-TEST_F(RunLoop, WaitsForAtMostTheGivenTime) {
+TEST_F(RunLoop, WaitsForTheGivenTimeIfNothingArrives) {
   foundation::pumpFoundation();
   const auto start = std::chrono::steady_clock::now();
   foundation::pumpFoundation(0.05);
   EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(50));
 }
 
-TEST_F(RunLoop, AWaitEndsWhenSomethingComes) {
+TEST_F(RunLoop, WaitEndsWhenADescriptorIsReadable) {
   foundation::pumpFoundation();
-  watchLetters();
+  watchBytes();
   std::thread sender([this] {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    sendLetter();
+    sendByte();
   });
   const auto start = std::chrono::steady_clock::now();
   foundation::pumpFoundation(30);
@@ -91,39 +91,39 @@ TEST_F(RunLoop, AWaitEndsWhenSomethingComes) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
-TEST_F(RunLoop, TheRealClockWatchesDescriptorsToo) {
+TEST_F(RunLoop, DescriptorsAreWatchedUnderTheRealClock) {
   foundation::useClock(foundation::ClockMode::Real, 0);
-  watchLetters();
+  watchBytes();
   std::thread sender([this] {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    sendLetter();
+    sendByte();
   });
   foundation::runMainQueueUntil([this] { return received == 1; });
   sender.join();
   EXPECT_EQ(received, 1);
 }
 
-std::string heard;
+std::string receivedText;
 
-void receive(TestListener*, NSNotification* notification) {
+void receive(TestObserver*, NSNotification* notification) {
   const auto* const text = objc::as<NSString>(notification->userInfo()->objectForKey("text"_ns));
-  heard = text == nullptr ? "nothing" : text->UTF8String();
+  receivedText = text == nullptr ? "nothing" : text->UTF8String();
 }
 
 NSNotificationCenter* distributedCenter() {
   return objc::send<NSNotificationCenter*, "defaultCenter">(objc::lookUpClass<"NSDistributedNotificationCenter">());
 }
 
-TEST_F(RunLoop, LetsInDistributedNotificationsOfOtherProcesses) {
+TEST_F(RunLoop, DeliversDistributedNotificationsOfOtherProcesses) {
   static constexpr objc::MethodEntry methods[] = {objc::method<"receive:", &receive>()};
-  objc::defineClass<TestListener>(methods);
-  const auto listener = objc::make<TestListener>();
-  distributedCenter()->addObserver(listener, objc::selector<"receive:">(), "BrimTestDistributed"_ns);
+  objc::defineClass<TestObserver>(methods);
+  const auto observer = objc::make<TestObserver>();
+  distributedCenter()->addObserver(observer, objc::selector<"receive:">(), "BrimTestDistributed"_ns);
   EXPECT_EQ(std::system(POST_DISTRIBUTED " BrimTestDistributed hello"), 0);
-  const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-  while (heard.empty() && std::chrono::steady_clock::now() < limit) foundation::pumpFoundation(0.1);
-  distributedCenter()->removeObserver(listener, "BrimTestDistributed"_ns);
-  EXPECT_EQ(heard, "hello");
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  while (receivedText.empty() && std::chrono::steady_clock::now() < deadline) foundation::pumpFoundation(0.1);
+  distributedCenter()->removeObserver(observer, "BrimTestDistributed"_ns);
+  EXPECT_EQ(receivedText, "hello");
   EXPECT_EQ(foundation::now(), 0) << "a stepped clock does not move by real time";
 }
 

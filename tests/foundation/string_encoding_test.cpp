@@ -7,7 +7,7 @@ namespace {
 
 using StringEncoding = RuntimeTest;
 
-TEST_F(StringEncoding, UnicodeDataHoldsTheWholeText) {
+TEST_F(StringEncoding, UnicodeDataContainsTheWholeString) {
   for (const char* text : {"", "abc", "\U0001F30A", "by the river \U0001F30A", "a\U0001F30Ab"}) {
     NSData* data = NSString::stringWithUTF8String(text)->dataUsingEncoding(NSStringEncoding::Unicode);
     EXPECT_STREQ(NSString::decoded(data, NSStringEncoding::Unicode)->UTF8String(), text);
@@ -21,7 +21,7 @@ TEST_F(StringEncoding, UnicodeDataBeginsWithTheByteOrderMark) {
                                                                                               4));
 }
 
-TEST_F(StringEncoding, OtherEncodingsAreFoundationsOwn) {
+TEST_F(StringEncoding, OtherEncodingsAreHandledByFoundation) {
   NSData* data = NSString::stringWithUTF8String("ä")->dataUsingEncoding(NSStringEncoding::UTF8);
   EXPECT_EQ(data->length(), 2U);
 }

@@ -1,5 +1,6 @@
-// A process of a root: use_root ROOT ENDING. Posts a notification, tells its daemon's place and number and
-// what the root is in that place, and ends.
+// Usage: use_root ROOT ENDING. Uses ROOT, posts a distributed notification and prints one line: the folder of the
+// daemon's sockets, the process ID of the daemon, and whether the entry "root" of the folder is a link or a folder.
+// ENDING is "exit", "removed-root" (the program removes ROOT and exits) or "killed" (the program kills itself).
 #include <signal.h>
 
 #include <cstdlib>
@@ -25,14 +26,15 @@ void post() {
   foundation::pumpFoundation();
 }
 
-void tellDaemon() {
-  const fs::path place = std::getenv("TEMP");
-  for (const auto& name : fs::directory_iterator(place / "NSMessagePort/names")) {
+void printDaemon() {
+  const fs::path folder = std::getenv("TEMP");
+  for (const auto& name : fs::directory_iterator(folder / "NSMessagePort/names")) {
     std::ifstream file(name.path());
     std::string port;
     long process = 0;
     if (std::getline(file, port) && file >> process)
-      std::cout << place << " " << process << " " << (fs::is_symlink(place / "root") ? "link" : "folder") << std::endl;
+      std::cout << folder << " " << process << " " << (fs::is_symlink(folder / "root") ? "link" : "folder")
+                << std::endl;
   }
 }
 
@@ -40,13 +42,13 @@ void tellDaemon() {
 
 int main(int, char** arguments) {
   const std::string ending = arguments[2];
-  if (const auto reason = foundation::useRoot(arguments[1], foundation::DefaultsDatabase::OfRoot)) {
-    std::cerr << *reason << "\n";
+  if (const auto error = foundation::useRoot(arguments[1], foundation::DefaultsDatabase::OfRoot)) {
+    std::cerr << *error << "\n";
     return 1;
   }
   foundation::registerClasses();
   post();
-  tellDaemon();
+  printDaemon();
   if (ending == "removed-root") fs::remove_all(arguments[1]);
   if (ending == "killed") raise(SIGKILL);
 }

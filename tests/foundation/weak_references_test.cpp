@@ -12,11 +12,11 @@ class TestObserved : public objc::Interface<"BrimTestObserved", NSObject> {};
 
 namespace {
 
-// What an object sees of weak references to itself while it goes away.
+// Reports whether weak references to an object can be loaded during the deallocation of the object.
 struct ObservedState {
-  objc::Weak<TestObserved>* outside = nullptr;
-  bool* seenOutside = nullptr;
-  bool* seenOwn = nullptr;
+  objc::Weak<TestObserved>* existing = nullptr;
+  bool* existingIsLoaded = nullptr;
+  bool* newIsLoaded = nullptr;
 };
 
 }  // namespace
@@ -28,16 +28,16 @@ struct objc::StateOf<TestObserved> {
 
 namespace {
 
-void cleanUp(TestObserved* self) {
+void loadWeakReferences(TestObserved* self) {
   ObservedState& state = objc::state(self);
-  if (state.outside != nullptr) *state.seenOutside = state.outside->lock() != nullptr;
-  if (state.seenOwn != nullptr) *state.seenOwn = objc::Weak<TestObserved>(self).lock() != nullptr;
+  if (state.existing != nullptr) *state.existingIsLoaded = state.existing->lock() != nullptr;
+  if (state.newIsLoaded != nullptr) *state.newIsLoaded = objc::Weak<TestObserved>(self).lock() != nullptr;
 }
 
 class TestObservedChild : public objc::Interface<"BrimTestObservedChild", TestObserved> {};
 
 void deallocChild(TestObservedChild* self) {
-  cleanUp(self);
+  loadWeakReferences(self);
   objc::sendSuper<"BrimTestObservedChild", void, "dealloc">(self);
 }
 
@@ -51,24 +51,24 @@ class WeakReferences : public RuntimeTest {
   }
 };
 
-TEST_F(WeakReferences, LoadAsNilWhileTheirObjectGoesAway) {
-  bool seen = true;
+TEST_F(WeakReferences, AreNilDuringDeallocation) {
+  bool loaded = true;
   auto object = objc::make<TestObservedChild>();
   objc::Weak<TestObserved> weak(object);
-  objc::state<TestObserved>(object) = {&weak, &seen, nullptr};
+  objc::state<TestObserved>(object) = {&weak, &loaded, nullptr};
   object = nullptr;
-  EXPECT_FALSE(seen);
+  EXPECT_FALSE(loaded);
 }
 
-TEST_F(WeakReferences, ToAnObjectThatIsGoingAwayAreNil) {
-  bool seen = true;
+TEST_F(WeakReferences, CreatedDuringDeallocationAreNil) {
+  bool loaded = true;
   auto object = objc::make<TestObservedChild>();
-  objc::state<TestObserved>(object).seenOwn = &seen;
+  objc::state<TestObserved>(object).newIsLoaded = &loaded;
   object = nullptr;
-  EXPECT_FALSE(seen);
+  EXPECT_FALSE(loaded);
 }
 
-TEST_F(WeakReferences, AreAllClearedTogether) {
+TEST_F(WeakReferences, AllReferencesToAnObjectAreCleared) {
   std::vector<objc::Weak<Counted>> references;
   {
     const auto object = objc::make<Counted>();
@@ -77,7 +77,7 @@ TEST_F(WeakReferences, AreAllClearedTogether) {
   for (const auto& weak : references) EXPECT_EQ(weak.lock().get(), nullptr);
 }
 
-TEST_F(WeakReferences, MayDieBeforeTheirObject) {
+TEST_F(WeakReferences, CanBeDestroyedBeforeTheirObject) {
   const auto object = objc::make<Counted>();
   auto first = std::make_unique<objc::Weak<Counted>>(object);
   const objc::Weak<Counted> second(object);
@@ -85,7 +85,7 @@ TEST_F(WeakReferences, MayDieBeforeTheirObject) {
   EXPECT_EQ(second.lock().get(), object.get());
 }
 
-TEST_F(WeakReferences, StoringAnswersWhatIsStored) {
+TEST_F(WeakReferences, StoreReturnsTheStoredObject) {
   id location = nullptr;
   const auto object = objc::make<Counted>();
   const id raw = objc::detail::identifier(object.get());
@@ -95,7 +95,7 @@ TEST_F(WeakReferences, StoringAnswersWhatIsStored) {
   objc_destroyWeak(&location);
 }
 
-TEST_F(WeakReferences, MovingOnToAnotherObjectForgetsTheFirst) {
+TEST_F(WeakReferences, ReassignedReferenceIsNotClearedWithTheOldObject) {
   auto first = objc::make<Counted>();
   const auto second = objc::make<Counted>();
   objc::Weak<Counted> weak(first);
@@ -104,14 +104,15 @@ TEST_F(WeakReferences, MovingOnToAnotherObjectForgetsTheFirst) {
   EXPECT_EQ(weak.lock().get(), second.get());
 }
 
-// One thread lets go of the last reference while another tries to get one.
-TEST_F(WeakReferences, NeverGiveADyingObjectToAnotherThread) {
+// One thread releases the last strong reference while another loads the weak reference.
+TEST_F(WeakReferences, NeverReturnADeallocatingObjectToAnotherThread) {
   std::atomic<bool> done = false;
-  std::atomic<int> wrong = 0;
+  std::atomic<int> failures = 0;
   objc::Weak<Counted> weak;
   std::thread reader([&] {
     while (!done)
-      if (const auto locked = weak.lock(); locked != nullptr && objc::send<int, "number">(locked.get()) != 7) ++wrong;
+      if (const auto locked = weak.lock(); locked != nullptr && objc::send<int, "number">(locked.get()) != 7)
+        ++failures;
   });
   for (int round = 0; round < 20000; ++round) {
     const auto object = objc::make<Counted>();
@@ -119,7 +120,7 @@ TEST_F(WeakReferences, NeverGiveADyingObjectToAnotherThread) {
   }
   done = true;
   reader.join();
-  EXPECT_EQ(wrong, 0);
+  EXPECT_EQ(failures, 0);
   EXPECT_EQ(livingObjects(), 0);
 }
 

@@ -1,4 +1,4 @@
-// Seeded random constraint models for tests.
+// Seeded random constraint models, and the values that a solver finds for them.
 #pragma once
 
 #include <cmath>
@@ -38,32 +38,33 @@ struct RandomModel {
       layout::Solver::Relation::Equal, layout::Solver::Relation::Equal, layout::Solver::Relation::LessOrEqual,
       layout::Solver::Relation::GreaterOrEqual};
 
-  // What a seed gives must not depend on the standard library, so its distributions are not used.
-  static std::uint32_t below(std::mt19937& random, std::uint32_t limit) {
+  // Returns a number in [0, limit). The distributions of the standard library are not used because their results differ
+  // between implementations.
+  static std::uint32_t randomBelow(std::mt19937& random, std::uint32_t limit) {
     return static_cast<std::uint32_t>(random() % limit);
   }
 
   template <class Value>
   static void shuffle(std::vector<Value>& values, std::mt19937& random) {
     for (auto count = static_cast<std::uint32_t>(values.size()); count > 1; --count)
-      std::swap(values[count - 1], values[below(random, count)]);
+      std::swap(values[count - 1], values[randomBelow(random, count)]);
   }
 
   static RandomModel make(std::uint32_t seed, std::uint32_t maxVariables = 14) {
     std::mt19937 random(seed);
-    RandomModel model{1 + below(random, maxVariables), {}};
-    const std::uint32_t count = below(random, 2 * model.variables + 4);
+    RandomModel model{1 + randomBelow(random, maxVariables), {}};
+    const std::uint32_t count = randomBelow(random, 2 * model.variables + 4);
     for (std::uint32_t i = 0; i < count; ++i) model.constraints.push_back(randomConstraint(random, model.variables));
     return model;
   }
 
-  // Several models that share nothing, their variables and constraints mixed.
-  static RandomModel makeOfParts(std::uint32_t seed) {
+  // Combines several models without common variables, and shuffles the variables and the constraints.
+  static RandomModel makeDisjoint(std::uint32_t seed) {
     constexpr std::uint32_t maxSubproblemVariables = 5;
     std::mt19937 random(seed);
     RandomModel whole{0, {}};
-    const std::uint32_t parts = 2 + below(random, 4);
-    for (std::uint32_t part = 0; part < parts; ++part) {
+    const std::uint32_t subproblems = 2 + randomBelow(random, 4);
+    for (std::uint32_t subproblem = 0; subproblem < subproblems; ++subproblem) {
       RandomModel model = make(static_cast<std::uint32_t>(random()), maxSubproblemVariables);
       for (RandomConstraint& constraint : model.constraints) {
         for (auto& term : constraint.terms) term.variable += whole.variables;
@@ -71,34 +72,36 @@ struct RandomModel {
       }
       whole.variables += model.variables;
     }
-    std::vector<std::uint32_t> numbers(whole.variables);
-    std::iota(numbers.begin(), numbers.end(), 0U);
-    shuffle(numbers, random);
+    std::vector<std::uint32_t> shuffledVariables(whole.variables);
+    std::iota(shuffledVariables.begin(), shuffledVariables.end(), 0U);
+    shuffle(shuffledVariables, random);
     for (RandomConstraint& constraint : whole.constraints)
-      for (auto& term : constraint.terms) term.variable = numbers[term.variable];
+      for (auto& term : constraint.terms) term.variable = shuffledVariables[term.variable];
     shuffle(whole.constraints, random);
     return whole;
   }
 
   static RandomConstraint randomConstraint(std::mt19937& random, std::uint32_t variables) {
     RandomConstraint constraint;
-    const std::uint32_t terms = 1 + below(random, 4);
+    const std::uint32_t terms = 1 + randomBelow(random, 4);
     for (std::uint32_t j = 0; j < terms; ++j)
-      constraint.terms.push_back({below(random, variables), coefficients[below(random, std::size(coefficients))]});
+      constraint.terms.push_back(
+          {randomBelow(random, variables), coefficients[randomBelow(random, std::size(coefficients))]});
     constraint.constant = randomConstant(random);
-    constraint.relation = relations[below(random, std::size(relations))];
-    constraint.priority = priorities[below(random, std::size(priorities))];
+    constraint.relation = relations[randomBelow(random, std::size(relations))];
+    constraint.priority = priorities[randomBelow(random, std::size(priorities))];
     return constraint;
   }
 
-  // Few different ones: ties and degenerate corners are what a solver stumbles over.
+  // Returns one of few different values, because ties and degenerate vertices are the hard cases for a solver.
   static double randomConstant(std::mt19937& random) {
-    return below(random, 3) == 0 ? 0 : (static_cast<double>(below(random, 41)) - 20) / 2;
+    return randomBelow(random, 3) == 0 ? 0 : (static_cast<double>(randomBelow(random, 41)) - 20) / 2;
   }
 
   void addTo(layout::Solver& solver) const {
     for (std::uint32_t i = 0; i < variables; ++i) solver.addVariable();
-    for (const auto& each : constraints) solver.add(each.terms, each.constant, each.relation, each.priority);
+    for (const auto& constraint : constraints)
+      solver.add(constraint.terms, constraint.constant, constraint.relation, constraint.priority);
   }
 };
 

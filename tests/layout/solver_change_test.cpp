@@ -1,4 +1,4 @@
-// Changed constants: going on from the last result gives what a new start would.
+// Changed constants: the solver continues from its last result, and must find the same values as a new solver.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,7 +14,7 @@ namespace {
 using layout::Solver;
 using layout_test::RandomModel;
 
-void expectSameAsNewStart(const Solver& changed, const RandomModel& model) {
+void expectSameAsNewSolver(const Solver& changed, const RandomModel& model) {
   Solver fresh;
   model.addTo(fresh);
   fresh.solve();
@@ -26,7 +26,7 @@ void expectSameAsNewStart(const Solver& changed, const RandomModel& model) {
   }
 }
 
-TEST(SolverChange, EqualsANewStart) {
+TEST(SolverChange, GivesTheSameResultAsANewSolver) {
   for (std::uint32_t seed = 0; seed < 600; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     RandomModel model = RandomModel::make(seed);
@@ -36,31 +36,32 @@ TEST(SolverChange, EqualsANewStart) {
     solver.solve();
     std::mt19937 random(seed);
     for (int step = 0; step < 20; ++step) {
-      const std::uint32_t changes = 1 + RandomModel::below(random, 3);
+      const std::uint32_t changes = 1 + RandomModel::randomBelow(random, 3);
       for (std::uint32_t i = 0; i < changes; ++i) {
-        const auto index = RandomModel::below(random, static_cast<std::uint32_t>(model.constraints.size()));
+        const auto index = RandomModel::randomBelow(random, static_cast<std::uint32_t>(model.constraints.size()));
         model.constraints[index].constant = RandomModel::randomConstant(random);
         solver.setConstant(index, model.constraints[index].constant);
       }
       solver.solve();
-      expectSameAsNewStart(solver, model);
+      expectSameAsNewSolver(solver, model);
       if (HasFatalFailure()) return;
     }
   }
 }
 
-// The lower end of several contents, each of which is moved about; every other one depends on the end itself.
+// Computes the bottom edge of a container from several contents that the test moves. Every second content depends on
+// the bottom edge itself.
 struct ContentsModel {
   static constexpr std::uint32_t count = 6;
   Solver solver;
   std::vector<Solver::Constraint> edges;
 
-  explicit ContentsModel(const std::vector<double>& places) {
+  explicit ContentsModel(const std::vector<double>& positions) {
     const auto bottom = solver.addVariable();
     for (std::uint32_t i = 0; i < count; ++i) {
       const auto content = solver.addVariable();
       const Solver::Term edge[] = {{content, 3}, {bottom, i % 2 == 0 ? 0 : 0.1}};
-      edges.push_back(solver.add(edge, -3 * places[i], Solver::Relation::Equal, Solver::required));
+      edges.push_back(solver.add(edge, -3 * positions[i], Solver::Relation::Equal, Solver::required));
       const Solver::Term padding[] = {{bottom, 1}, {content, -0.7}};
       solver.add(padding, -0.1, Solver::Relation::GreaterOrEqual, Solver::required);
     }
@@ -71,16 +72,16 @@ struct ContentsModel {
 };
 
 TEST(SolverChange, StaysExactOverAHundredThousandChanges) {
-  std::vector<double> places(ContentsModel::count, 0);
-  ContentsModel changed(places);
+  std::vector<double> positions(ContentsModel::count, 0);
+  ContentsModel changed(positions);
   std::mt19937 random(1);
   for (int step = 0; step < 100000; ++step) {
-    const std::uint32_t index = RandomModel::below(random, ContentsModel::count);
-    places[index] = RandomModel::below(random, 1000) / 7.0;
-    changed.solver.setConstant(changed.edges[index], -3 * places[index]);
+    const std::uint32_t index = RandomModel::randomBelow(random, ContentsModel::count);
+    positions[index] = RandomModel::randomBelow(random, 1000) / 7.0;
+    changed.solver.setConstant(changed.edges[index], -3 * positions[index]);
     changed.solver.solve();
   }
-  const ContentsModel fresh(places);
+  const ContentsModel fresh(positions);
   for (std::uint32_t i = 0; i <= ContentsModel::count; ++i) {
     EXPECT_NEAR(changed.solver.value(i), fresh.solver.value(i), 1e-12) << i;
   }

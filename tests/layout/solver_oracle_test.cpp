@@ -1,4 +1,4 @@
-// The solver against an independent linear programming library.
+// Compares the solver with an independent linear programming library.
 #include <gtest/gtest.h>
 
 #include <ClpSimplex.hpp>
@@ -20,11 +20,12 @@ using layout::Solver;
 using layout_test::RandomConstraint;
 using layout_test::RandomModel;
 
-// The oracle adds up its slack.
-double precision(double expected) { return 1e-4 * std::fmax(1, std::fabs(expected)); }
+// The tolerance of a comparison. It is large because the slack of the oracle accumulates over its programs.
+double tolerance(double expected) { return 1e-4 * std::fmax(1, std::fabs(expected)); }
 
-// One linear program after another, each of which keeps the optimum of the one before by an added row. All columns are
-// zero or more: a variable is the difference of two, a violation the sum of two.
+// Computes the expected result with a sequence of linear programs. Each program keeps the optimum of the previous one
+// as an additional row. All columns are non-negative: a variable is the difference of a pair of columns, and the
+// violation of a constraint is the sum of a pair.
 class Oracle {
  public:
   explicit Oracle(const RandomModel& model) : model_(model) {
@@ -34,9 +35,9 @@ class Oracle {
     program_.setDualTolerance(1e-9);
     for (std::uint32_t i = 0; i < model.variables; ++i) addPair();
     for (const auto& constraint : model.constraints) addConstraint(constraint);
-    imposeRequired();
-    for (const auto& [priority, constraints] : levels()) costs_[priority] = minimizeLevel(constraints);
-    for (std::uint32_t i = 0; i < model.variables; ++i) bringToZero(i);
+    applyRequiredConstraints();
+    for (const auto& [priority, constraints] : priorityLevels()) costs_[priority] = minimizeLevel(constraints);
+    for (std::uint32_t i = 0; i < model.variables; ++i) minimizeMagnitude(i);
   }
 
   const std::vector<Solver::Constraint>& conflicts() const { return conflicts_; }
@@ -45,11 +46,11 @@ class Oracle {
 
  private:
   using Levels = std::map<float, std::vector<int>, std::greater<>>;
-  static constexpr double slack = 1e-7;  // above the tolerance, or rounding makes a later program infeasible
+  static constexpr double slack = 1e-7;  // above the tolerances; otherwise rounding makes a later program infeasible
 
-  int above(int pair) const { return 2 * pair; }
-  int below(int pair) const { return 2 * pair + 1; }
-  int violations(std::size_t constraint) const { return static_cast<int>(model_.variables + constraint); }
+  int positiveColumn(int pair) const { return 2 * pair; }
+  int negativeColumn(int pair) const { return 2 * pair + 1; }
+  int violationPair(std::size_t constraint) const { return static_cast<int>(model_.variables + constraint); }
 
   void addPair() {
     for (int i = 0; i < 2; ++i) program_.addColumn(0, nullptr, nullptr, 0, COIN_DBL_MAX, 0);
@@ -60,50 +61,50 @@ class Oracle {
     addPair();
     std::map<int, double> row;
     for (const auto& term : constraint.terms) {
-      row[above(static_cast<int>(term.variable))] += term.coefficient;
-      row[below(static_cast<int>(term.variable))] -= term.coefficient;
+      row[positiveColumn(static_cast<int>(term.variable))] += term.coefficient;
+      row[negativeColumn(static_cast<int>(term.variable))] -= term.coefficient;
     }
-    row[above(pair)] = -1;
-    row[below(pair)] = 1;
+    row[positiveColumn(pair)] = -1;
+    row[negativeColumn(pair)] = 1;
     addRow(row, -constraint.constant, -constraint.constant);
   }
 
-  void addRow(const std::map<int, double>& row, double least, double most) {
+  void addRow(const std::map<int, double>& row, double lower, double upper) {
     std::vector<int> columns;
     std::vector<double> coefficients;
     for (const auto& [column, coefficient] : row) {
       columns.push_back(column);
       coefficients.push_back(coefficient);
     }
-    program_.addRow(static_cast<int>(columns.size()), columns.data(), coefficients.data(), least, most);
+    program_.addRow(static_cast<int>(columns.size()), columns.data(), coefficients.data(), lower, upper);
   }
 
-  // The columns that count as violation.
-  std::vector<int> violating(std::size_t constraint) const {
-    const int pair = violations(constraint);
+  // The columns whose sum is the violation of the constraint.
+  std::vector<int> violationColumns(std::size_t constraint) const {
+    const int pair = violationPair(constraint);
     switch (model_.constraints[constraint].relation) {
       case Solver::Relation::LessOrEqual:
-        return {above(pair)};
+        return {positiveColumn(pair)};
       case Solver::Relation::GreaterOrEqual:
-        return {below(pair)};
+        return {negativeColumn(pair)};
       case Solver::Relation::Equal:
         break;
     }
-    return {above(pair), below(pair)};
+    return {positiveColumn(pair), negativeColumn(pair)};
   }
 
   double minimize(const std::vector<int>& columns) {
     for (int i = 0; i < program_.numberColumns(); ++i) program_.setObjectiveCoefficient(i, 0);
     for (const int column : columns) program_.setObjectiveCoefficient(column, 1);
     program_.primal();
-    if (program_.status() != 0) ADD_FAILURE() << "the oracle fails with status " << program_.status();
+    if (program_.status() != 0) ADD_FAILURE() << "the linear program failed with status " << program_.status();
     return program_.objectiveValue();
   }
 
-  void imposeRequired() {
+  void applyRequiredConstraints() {
     for (std::size_t i = 0; i < model_.constraints.size(); ++i) {
       if (model_.constraints[i].priority < Solver::required) continue;
-      const auto columns = violating(i);
+      const auto columns = violationColumns(i);
       if (minimize(columns) > 1e-6) {
         conflicts_.push_back(static_cast<Solver::Constraint>(i));
       } else {
@@ -112,12 +113,12 @@ class Oracle {
     }
   }
 
-  Levels levels() const {
+  Levels priorityLevels() const {
     Levels result;
     for (std::size_t i = 0; i < model_.constraints.size(); ++i) {
       const float priority = model_.constraints[i].priority;
       if (priority >= Solver::required) continue;
-      for (const int column : violating(i)) result[priority].push_back(column);
+      for (const int column : violationColumns(i)) result[priority].push_back(column);
     }
     return result;
   }
@@ -130,13 +131,13 @@ class Oracle {
     return optimum;
   }
 
-  void bringToZero(std::uint32_t variable) {
+  void minimizeMagnitude(std::uint32_t variable) {
     const int pair = static_cast<int>(variable);
-    minimize({above(pair), below(pair)});
+    minimize({positiveColumn(pair), negativeColumn(pair)});
     const double* solution = program_.primalColumnSolution();
-    const double value = solution[above(pair)] - solution[below(pair)];
+    const double value = solution[positiveColumn(pair)] - solution[negativeColumn(pair)];
     values_.push_back(value);
-    addRow({{above(pair), 1}, {below(pair), -1}}, value - slack, value + slack);
+    addRow({{positiveColumn(pair), 1}, {negativeColumn(pair), -1}}, value - slack, value + slack);
   }
 
   const RandomModel& model_;
@@ -146,7 +147,7 @@ class Oracle {
   std::vector<double> values_;
 };
 
-// The solver's constraints have these ids, in the model's order.
+// `ids` are the solver's constraint numbers, in the order of the model's constraints.
 void expectAgreement(const Solver& solver, const RandomModel& model, const std::vector<Solver::Constraint>& ids) {
   const Oracle oracle(model);
   std::vector<Solver::Constraint> conflicts;
@@ -155,18 +156,18 @@ void expectAgreement(const Solver& solver, const RandomModel& model, const std::
   const auto values = layout_test::values(solver, model.variables);
   std::map<float, double> costs;
   for (const auto& constraint : model.constraints) costs[constraint.priority] += constraint.violation(values);
-  for (const auto& [priority, cost] : oracle.costs()) EXPECT_NEAR(costs[priority], cost, precision(cost)) << priority;
+  for (const auto& [priority, cost] : oracle.costs()) EXPECT_NEAR(costs[priority], cost, tolerance(cost)) << priority;
   for (std::uint32_t i = 0; i < model.variables; ++i)
-    EXPECT_NEAR(values[i], oracle.values()[i], precision(values[i])) << i;
+    EXPECT_NEAR(values[i], oracle.values()[i], tolerance(values[i])) << i;
 }
 
-// A solver and what it was told.
-struct Twin {
+// A model and a solver of it, which are changed together.
+struct SolvedModel {
   RandomModel model;
   Solver solver;
   std::vector<Solver::Constraint> ids;
 
-  explicit Twin(RandomModel made) : model(std::move(made)) {
+  explicit SolvedModel(RandomModel initial) : model(std::move(initial)) {
     model.addTo(solver);
     ids.resize(model.constraints.size());
     std::iota(ids.begin(), ids.end(), 0U);
@@ -192,45 +193,45 @@ class SolverOracle : public testing::TestWithParam<std::uint32_t> {};
 TEST_P(SolverOracle, AgreesOnConflictsCostsAndValues) {
   for (std::uint32_t seed = GetParam(); seed < GetParam() + 50; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
-    const Twin twin(RandomModel::make(seed));
-    expectAgreement(twin.solver, twin.model, twin.ids);
+    const SolvedModel solved(RandomModel::make(seed));
+    expectAgreement(solved.solver, solved.model, solved.ids);
     if (HasFatalFailure()) return;
   }
 }
 
-TEST_P(SolverOracle, AgreesOnModelsOfSeveralParts) {
+TEST_P(SolverOracle, AgreesOnModelsWithSeveralSubproblems) {
   for (std::uint32_t seed = GetParam(); seed < GetParam() + 10; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
-    const Twin twin(RandomModel::makeOfParts(seed));
-    expectAgreement(twin.solver, twin.model, twin.ids);
+    const SolvedModel solved(RandomModel::makeDisjoint(seed));
+    expectAgreement(solved.solver, solved.model, solved.ids);
     if (HasFatalFailure()) return;
   }
 }
 
-// A constraint between any variables joins their parts, one that goes parts them.
-void changeByChance(Twin& twin, std::mt19937& random) {
-  const std::uint32_t change = RandomModel::below(random, 3);
-  const auto index = RandomModel::below(random, 1 + static_cast<std::uint32_t>(twin.ids.size()));
-  if (change == 0 || index == twin.ids.size()) {
-    twin.add(RandomModel::randomConstraint(random, twin.model.variables));
+// An added constraint can join subproblems; a removed one can split them.
+void changeRandomly(SolvedModel& solved, std::mt19937& random) {
+  const std::uint32_t change = RandomModel::randomBelow(random, 3);
+  const auto index = RandomModel::randomBelow(random, 1 + static_cast<std::uint32_t>(solved.ids.size()));
+  if (change == 0 || index == solved.ids.size()) {
+    solved.add(RandomModel::randomConstraint(random, solved.model.variables));
   } else if (change == 1) {
-    twin.remove(index);
+    solved.remove(index);
   } else {
-    twin.setConstant(index, RandomModel::randomConstant(random));
+    solved.setConstant(index, RandomModel::randomConstant(random));
   }
 }
 
-TEST_P(SolverOracle, AgreesWhilePartsAreJoinedAndParted) {
+TEST_P(SolverOracle, AgreesWhileSubproblemsAreJoinedAndSplit) {
   constexpr int steps = 12;
   for (std::uint32_t seed = GetParam(); seed < GetParam() + 2; ++seed) {
-    Twin twin(RandomModel::makeOfParts(seed));
+    SolvedModel solved(RandomModel::makeDisjoint(seed));
     std::mt19937 random(seed);
     for (int step = 0; step < steps; ++step) {
       SCOPED_TRACE("seed " + std::to_string(seed) + " step " + std::to_string(step));
-      const std::uint32_t changes = 1 + RandomModel::below(random, 3);
-      for (std::uint32_t i = 0; i < changes; ++i) changeByChance(twin, random);
-      twin.solver.solve();
-      expectAgreement(twin.solver, twin.model, twin.ids);
+      const std::uint32_t changes = 1 + RandomModel::randomBelow(random, 3);
+      for (std::uint32_t i = 0; i < changes; ++i) changeRandomly(solved, random);
+      solved.solver.solve();
+      expectAgreement(solved.solver, solved.model, solved.ids);
       if (HasFatalFailure()) return;
     }
   }

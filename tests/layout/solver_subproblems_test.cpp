@@ -1,155 +1,155 @@
-// What no constraint ties together is solved apart, and again only when it changes.
+// Variables without common constraints form separate subproblems. A subproblem is solved again only when it changes.
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <vector>
 
-#include "tests/layout/model.hpp"
+#include "tests/layout/test_solver.hpp"
 
 namespace {
 
 using layout::Solver;
-using layout_test::Model;
+using layout_test::TestSolver;
 using Relation = Solver::Relation;
 using Constraints = std::vector<Solver::Constraint>;
 
 constexpr double precision = 1e-9;
 
-// A column of boxes, each as high as it would like to be or as its share of the room.
+// A column of boxes with preferred and minimum heights, and a limited total height.
 struct Column {
   static constexpr Solver::Variable boxes = 10;
   Solver::Variable end;
-  Solver::Constraint room;
+  Solver::Constraint heightLimit;
 
-  Column(Model& model, double height) {
+  Column(TestSolver& solver, double height) {
     std::vector<Solver::Variable> ends;
-    for (Solver::Variable box = 0; box < boxes; ++box) ends.push_back(model.addVariable());
-    model.atLeast(ends[0], 5);
+    for (Solver::Variable box = 0; box < boxes; ++box) ends.push_back(solver.addVariable());
+    solver.atLeast(ends[0], 5);
     for (Solver::Variable box = 1; box < boxes; ++box) {
-      model.constrain({{ends[box], 1}, {ends[box - 1], -1}}, -5, Relation::GreaterOrEqual);
-      model.follow(ends[box], ends[box - 1], 10.0 + box, 500);
+      solver.constrain({{ends[box], 1}, {ends[box - 1], -1}}, -5, Relation::GreaterOrEqual);
+      solver.follow(ends[box], ends[box - 1], 10.0 + box, 500);
     }
     end = ends.back();
-    room = model.atMost(end, height);
+    heightLimit = solver.atMost(end, height);
   }
 };
 
 struct Columns {
-  Model model;
+  TestSolver solver;
   std::vector<Column> columns;
 
   explicit Columns(std::size_t count) {
     add(count);
-    model.solve();
+    solver.solve();
   }
   void add(std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) columns.emplace_back(model, 90.0);
+    for (std::size_t i = 0; i < count; ++i) columns.emplace_back(solver, 90.0);
   }
-  // The pivots of a solve.
-  std::size_t pivots() {
-    const std::size_t before = model.pivotCount();
-    model.solve();
-    return model.pivotCount() - before;
+  // Solves and returns the number of pivots.
+  std::size_t solveAndCountPivots() {
+    const std::size_t before = solver.pivotCount();
+    solver.solve();
+    return solver.pivotCount() - before;
   }
 };
 
-TEST(SolverParts, WorkAndMemoryGrowWithTheirNumberOnly) {
+TEST(SolverSubproblems, WorkAndMemoryAreProportionalToTheirNumber) {
   const Columns one(1);
   const Columns few(20);
   const Columns many(200);
-  ASSERT_GT(one.model.pivotCount(), 0U);
-  EXPECT_EQ(few.model.pivotCount(), 20 * one.model.pivotCount());
-  EXPECT_EQ(many.model.pivotCount(), 200 * one.model.pivotCount());
-  EXPECT_EQ(few.model.cellCount(), 20 * one.model.cellCount());
-  EXPECT_EQ(many.model.cellCount(), 200 * one.model.cellCount());
+  ASSERT_GT(one.solver.pivotCount(), 0U);
+  EXPECT_EQ(few.solver.pivotCount(), 20 * one.solver.pivotCount());
+  EXPECT_EQ(many.solver.pivotCount(), 200 * one.solver.pivotCount());
+  EXPECT_EQ(few.solver.cellCount(), 20 * one.solver.cellCount());
+  EXPECT_EQ(many.solver.cellCount(), 200 * one.solver.cellCount());
 }
 
-TEST(SolverParts, AnAddedPartIsSolvedAlone) {
-  const std::size_t ofOne = Columns(1).model.pivotCount();
+TEST(SolverSubproblems, AddedSubproblemIsSolvedAlone) {
+  const std::size_t pivotsOfOneColumn = Columns(1).solver.pivotCount();
   Columns many(200);
   many.add(1);
-  EXPECT_EQ(many.pivots(), ofOne);
-  EXPECT_NEAR(many.model.value(many.columns.back().end), 90, precision);
+  EXPECT_EQ(many.solveAndCountPivots(), pivotsOfOneColumn);
+  EXPECT_NEAR(many.solver.value(many.columns.back().end), 90, precision);
 }
 
-TEST(SolverParts, AChangedConstantConcernsItsPartAlone) {
+TEST(SolverSubproblems, ChangedConstantAffectsOnlyItsSubproblem) {
   Columns one(1);
   Columns many(200);
-  one.model.setConstant(one.columns[0].room, -60);
-  many.model.setConstant(many.columns[77].room, -60);
-  const std::size_t ofOne = one.pivots();
-  ASSERT_GT(ofOne, 0U);
-  EXPECT_EQ(many.pivots(), ofOne);
-  EXPECT_NEAR(many.model.value(many.columns[77].end), 60, precision);
-  EXPECT_NEAR(many.model.value(many.columns[78].end), 90, precision);
+  one.solver.setConstant(one.columns[0].heightLimit, -60);
+  many.solver.setConstant(many.columns[77].heightLimit, -60);
+  const std::size_t pivotsOfOneColumn = one.solveAndCountPivots();
+  ASSERT_GT(pivotsOfOneColumn, 0U);
+  EXPECT_EQ(many.solveAndCountPivots(), pivotsOfOneColumn);
+  EXPECT_NEAR(many.solver.value(many.columns[77].end), 60, precision);
+  EXPECT_NEAR(many.solver.value(many.columns[78].end), 90, precision);
 }
 
-TEST(SolverParts, AModelToldAnewIsNotSolvedAnewWhereItIsTheSame) {
-  const std::size_t ofOne = Columns(1).model.pivotCount();
+TEST(SolverSubproblems, UnchangedSubproblemsAreNotSolvedAgainAfterClear) {
+  const std::size_t pivotsOfOneColumn = Columns(1).solver.pivotCount();
   Columns many(20);
-  many.model.clear();
-  // Another one before them, so that all numbers are different.
-  const Column added(many.model, 70);
+  many.solver.clear();
+  // A column that is added first changes the numbers of all variables.
+  const Column added(many.solver, 70);
   many.columns.clear();
   many.add(20);
-  EXPECT_LE(many.pivots(), 2 * ofOne);
-  EXPECT_NEAR(many.model.value(added.end), 70, precision);
-  for (const Column& column : many.columns) EXPECT_NEAR(many.model.value(column.end), 90, precision);
+  EXPECT_LE(many.solveAndCountPivots(), 2 * pivotsOfOneColumn);
+  EXPECT_NEAR(many.solver.value(added.end), 70, precision);
+  for (const Column& column : many.columns) EXPECT_NEAR(many.solver.value(column.end), 90, precision);
 }
 
-TEST(SolverParts, AClearedModelHoldsNoMemoryAfterTheNextSolve) {
+TEST(SolverSubproblems, ClearedSolverUsesNoMemoryAfterTheNextSolve) {
   Columns many(20);
-  many.model.clear();
-  many.model.solve();
-  EXPECT_EQ(many.model.cellCount(), 0U);
+  many.solver.clear();
+  many.solver.solve();
+  EXPECT_EQ(many.solver.cellCount(), 0U);
 }
 
-TEST(SolverParts, AConstraintJoinsPartsUntilItIsRemoved) {
+TEST(SolverSubproblems, ConstraintJoinsSubproblemsUntilItIsRemoved) {
   Columns two(2);
-  const std::size_t apart = two.model.cellCount();
-  const auto join = two.model.follow(two.columns[0].end, two.columns[1].end, -20);
-  two.model.solve();
-  EXPECT_NEAR(two.model.value(two.columns[0].end), 70, precision);
-  EXPECT_GT(two.model.cellCount(), apart + Column::boxes + Column::boxes + 1);
-  two.model.remove(join);
-  two.model.solve();
-  EXPECT_NEAR(two.model.value(two.columns[0].end), 90, precision);
-  EXPECT_EQ(two.model.cellCount(), apart);
+  const std::size_t cellsOfSeparateColumns = two.solver.cellCount();
+  const auto join = two.solver.follow(two.columns[0].end, two.columns[1].end, -20);
+  two.solver.solve();
+  EXPECT_NEAR(two.solver.value(two.columns[0].end), 70, precision);
+  EXPECT_GT(two.solver.cellCount(), cellsOfSeparateColumns + Column::boxes + Column::boxes + 1);
+  two.solver.remove(join);
+  two.solver.solve();
+  EXPECT_NEAR(two.solver.value(two.columns[0].end), 90, precision);
+  EXPECT_EQ(two.solver.cellCount(), cellsOfSeparateColumns);
 }
 
-TEST(SolverParts, ATermThatCancelsOutTiesNothing) {
+TEST(SolverSubproblems, TermsThatCancelOutDoNotJoinSubproblems) {
   Columns two(2);
-  const std::size_t apart = two.model.cellCount();
+  const std::size_t cellsOfSeparateColumns = two.solver.cellCount();
   const auto first = two.columns[0].end;
   const auto second = two.columns[1].end;
-  two.model.constrain({{first, 1}, {second, 2}, {second, -2}}, -80, Relation::LessOrEqual);
-  two.model.solve();
-  EXPECT_NEAR(two.model.value(first), 80, precision);
-  EXPECT_EQ(two.model.cellCount(), apart + Column::boxes + 1);
+  two.solver.constrain({{first, 1}, {second, 2}, {second, -2}}, -80, Relation::LessOrEqual);
+  two.solver.solve();
+  EXPECT_NEAR(two.solver.value(first), 80, precision);
+  EXPECT_EQ(two.solver.cellCount(), cellsOfSeparateColumns + Column::boxes + 1);
 }
 
-TEST(SolverParts, ConflictsOfAllPartsAreNamedInOrderOfAddition) {
+TEST(SolverSubproblems, ConflictsAreReportedInOrderOfAddition) {
   Columns three(3);
-  const auto last = three.model.atLeast(three.columns[2].end, 91);
-  const auto empty = three.model.constrain({}, 1, Relation::Equal);
-  const auto first = three.model.atLeast(three.columns[0].end, 92);
-  three.model.solve();
-  EXPECT_EQ(three.model.namedConflicts(), (Constraints{last, empty, first}));
-  three.model.setConstant(last, -80);
-  three.model.solve();
-  EXPECT_EQ(three.model.namedConflicts(), (Constraints{empty, first}));
+  const auto last = three.solver.atLeast(three.columns[2].end, 91);
+  const auto empty = three.solver.constrain({}, 1, Relation::Equal);
+  const auto first = three.solver.atLeast(three.columns[0].end, 92);
+  three.solver.solve();
+  EXPECT_EQ(three.solver.conflictList(), (Constraints{last, empty, first}));
+  three.solver.setConstant(last, -80);
+  three.solver.solve();
+  EXPECT_EQ(three.solver.conflictList(), (Constraints{empty, first}));
 }
 
-TEST(SolverParts, AConflictOfOnePartLeavesTheOthersTheirBasis) {
+TEST(SolverSubproblems, ConflictInOneSubproblemKeepsTheBasesOfTheOthers) {
   Columns one(1);
   Columns many(20);
-  many.model.atLeast(many.columns[3].end, 91);
-  many.model.solve();
-  ASSERT_EQ(many.model.conflicts().size(), 1U);
-  one.model.setConstant(one.columns[0].room, -60);
-  many.model.setConstant(many.columns[7].room, -60);
-  EXPECT_EQ(many.pivots(), one.pivots());
-  EXPECT_EQ(many.model.conflicts().size(), 1U);
+  many.solver.atLeast(many.columns[3].end, 91);
+  many.solver.solve();
+  ASSERT_EQ(many.solver.conflicts().size(), 1U);
+  one.solver.setConstant(one.columns[0].heightLimit, -60);
+  many.solver.setConstant(many.columns[7].heightLimit, -60);
+  EXPECT_EQ(many.solveAndCountPivots(), one.solveAndCountPivots());
+  EXPECT_EQ(many.solver.conflicts().size(), 1U);
 }
 
 }  // namespace

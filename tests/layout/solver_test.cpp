@@ -5,210 +5,211 @@
 #include <cmath>
 #include <vector>
 
-#include "tests/layout/model.hpp"
+#include "tests/layout/test_solver.hpp"
 
 namespace {
 
 using layout::Solver;
-using layout_test::Model;
+using layout_test::TestSolver;
 using Relation = Solver::Relation;
 using Constraints = std::vector<Solver::Constraint>;
 
 constexpr double precision = 1e-9;
 
 TEST(Solver, SolvesTheEmptyModel) {
-  Model model;
-  model.solve();
-  EXPECT_TRUE(model.conflicts().empty());
-  EXPECT_EQ(model.value(0), 0);
+  TestSolver solver;
+  solver.solve();
+  EXPECT_TRUE(solver.conflicts().empty());
+  EXPECT_EQ(solver.value(0), 0);
 }
 
-TEST(Solver, GivesZeroToAVariableThatNothingDetermines) {
-  Model model;
-  const auto free = model.addVariable();
-  const auto first = model.addVariable();
-  const auto second = model.addVariable();
-  model.follow(second, first, 10);
-  model.solve();
-  EXPECT_EQ(model.value(free), 0);
-  EXPECT_EQ(model.value(first), 0);
-  EXPECT_EQ(model.value(second), 10);
+TEST(Solver, UndeterminedVariableIsZero) {
+  TestSolver solver;
+  const auto free = solver.addVariable();
+  const auto first = solver.addVariable();
+  const auto second = solver.addVariable();
+  solver.follow(second, first, 10);
+  solver.solve();
+  EXPECT_EQ(solver.value(free), 0);
+  EXPECT_EQ(solver.value(first), 0);
+  EXPECT_EQ(solver.value(second), 10);
 }
 
-TEST(Solver, BringsTheVariablesAddedFirstNearestToZeroWhereThereIsAChoice) {
-  Model model;
-  const auto first = model.addVariable();
-  const auto second = model.addVariable();
-  model.constrain({{first, 1}, {second, 1}}, -10, Relation::GreaterOrEqual);
-  model.atMost(second, 7);
-  model.solve();
-  EXPECT_NEAR(model.value(first), 3, precision);
-  EXPECT_NEAR(model.value(second), 7, precision);
+TEST(Solver, PrefersValuesNearZeroForTheVariablesAddedFirst) {
+  TestSolver solver;
+  const auto first = solver.addVariable();
+  const auto second = solver.addVariable();
+  solver.constrain({{first, 1}, {second, 1}}, -10, Relation::GreaterOrEqual);
+  solver.atMost(second, 7);
+  solver.solve();
+  EXPECT_NEAR(solver.value(first), 3, precision);
+  EXPECT_NEAR(solver.value(second), 7, precision);
 }
 
-TEST(Solver, NeverGivesANegativeZero) {
-  Model model;
-  const auto x = model.addVariable();
-  model.set(x, 0);
-  model.solve();
-  EXPECT_EQ(model.value(x), 0);
-  EXPECT_FALSE(std::signbit(model.value(x)));
+TEST(Solver, NeverReturnsNegativeZero) {
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  solver.set(x, 0);
+  solver.solve();
+  EXPECT_EQ(solver.value(x), 0);
+  EXPECT_FALSE(std::signbit(solver.value(x)));
 }
 
-TEST(Solver, ValuesAreThoseOfTheLastSolve) {
-  Model model;
-  const auto x = model.addVariable();
-  const auto constraint = model.set(x, 5);
-  EXPECT_EQ(model.value(x), 0);
-  model.solve();
-  EXPECT_EQ(model.value(x), 5);
-  model.setConstant(constraint, -8);
-  model.set(x, 9);
-  EXPECT_EQ(model.value(x), 5);
-  model.solve();
-  EXPECT_EQ(model.value(x), 8);
+TEST(Solver, ValuesDoNotChangeUntilTheNextSolve) {
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  const auto constraint = solver.set(x, 5);
+  EXPECT_EQ(solver.value(x), 0);
+  solver.solve();
+  EXPECT_EQ(solver.value(x), 5);
+  solver.setConstant(constraint, -8);
+  solver.set(x, 9);
+  EXPECT_EQ(solver.value(x), 5);
+  solver.solve();
+  EXPECT_EQ(solver.value(x), 8);
 }
 
 TEST(Solver, AddsUpTermsOfTheSameVariable) {
-  Model model;
-  const auto x = model.addVariable();
-  const auto y = model.addVariable();
-  model.constrain({{x, 1}, {y, 1}, {x, 3}, {y, -1}}, -20, Relation::Equal);
-  model.solve();
-  EXPECT_NEAR(model.value(x), 5, precision);
-  EXPECT_EQ(model.value(y), 0);
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  const auto y = solver.addVariable();
+  solver.constrain({{x, 1}, {y, 1}, {x, 3}, {y, -1}}, -20, Relation::Equal);
+  solver.solve();
+  EXPECT_NEAR(solver.value(x), 5, precision);
+  EXPECT_EQ(solver.value(y), 0);
 }
 
-TEST(Solver, HoldsEachRelation) {
-  Model model;
-  const auto low = model.addVariable();
-  const auto high = model.addVariable();
-  model.atMost(low, -4);
-  model.atLeast(high, 6);
-  model.solve();
-  EXPECT_NEAR(model.value(low), -4, precision);
-  EXPECT_NEAR(model.value(high), 6, precision);
+TEST(Solver, SatisfiesEachRelation) {
+  TestSolver solver;
+  const auto low = solver.addVariable();
+  const auto high = solver.addVariable();
+  solver.atMost(low, -4);
+  solver.atLeast(high, 6);
+  solver.solve();
+  EXPECT_NEAR(solver.value(low), -4, precision);
+  EXPECT_NEAR(solver.value(high), 6, precision);
 }
 
-TEST(Solver, AThousandLowPrioritiesNeverBeatOneHigher) {
-  Model model;
-  const auto x = model.addVariable();
-  for (int i = 0; i < 1000; ++i) model.set(x, 100, 250);
-  model.set(x, 3, 250.5F);
-  model.solve();
-  EXPECT_NEAR(model.value(x), 3, precision);
+TEST(Solver, HigherPriorityOutranksAThousandLowerOnes) {
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  for (int i = 0; i < 1000; ++i) solver.set(x, 100, 250);
+  solver.set(x, 3, 250.5F);
+  solver.solve();
+  EXPECT_NEAR(solver.value(x), 3, precision);
 }
 
-TEST(Solver, AHugeViolationBelowNeverBeatsATinyOneAbove) {
-  Model model;
-  const auto x = model.addVariable();
-  const auto y = model.addVariable();
-  model.constrain({{y, 1}, {x, -1e6}}, 0, Relation::Equal);
-  model.set(x, 0.001, 999);
-  model.set(y, 0, 998);
-  model.solve();
-  EXPECT_NEAR(model.value(x), 0.001, precision);
-  EXPECT_NEAR(model.value(y), 1000, 1e-6);
+TEST(Solver, TinyViolationOutranksAHugeOneOfLowerPriority) {
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  const auto y = solver.addVariable();
+  solver.constrain({{y, 1}, {x, -1e6}}, 0, Relation::Equal);
+  solver.set(x, 0.001, 999);
+  solver.set(y, 0, 998);
+  solver.solve();
+  EXPECT_NEAR(solver.value(x), 0.001, precision);
+  EXPECT_NEAR(solver.value(y), 1000, 1e-6);
 }
 
-TEST(Solver, OnePriorityMinimizesTheSumOfItsViolations) {
-  Model model;
-  const auto x = model.addVariable();
-  model.set(x, 10, 500);
-  model.set(x, 30, 500);
-  model.set(x, 90, 500);
-  model.solve();
-  EXPECT_NEAR(model.value(x), 30, precision);
+TEST(Solver, MinimizesTheSumOfViolationsWithinAPriority) {
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  solver.set(x, 10, 500);
+  solver.set(x, 30, 500);
+  solver.set(x, 90, 500);
+  solver.solve();
+  EXPECT_NEAR(solver.value(x), 30, precision);
 }
 
 TEST(Solver, MeasuresViolationsInTheUnitsOfTheConstraint) {
-  Model model;
-  const auto x = model.addVariable();
-  model.constrain({{x, 5}}, -50, Relation::Equal, 500);
-  model.set(x, 30, 500);
-  model.set(x, 90, 500);
-  model.solve();
-  EXPECT_NEAR(model.value(x), 10, precision);
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  solver.constrain({{x, 5}}, -50, Relation::Equal, 500);
+  solver.set(x, 30, 500);
+  solver.set(x, 90, 500);
+  solver.solve();
+  EXPECT_NEAR(solver.value(x), 10, precision);
 }
 
-TEST(Solver, PrioritiesBelowOneStillCountLast) {
-  Model model;
-  const auto x = model.addVariable();
-  model.set(x, 20, -5);
-  model.atMost(x, 8, 1);
-  model.solve();
-  EXPECT_NEAR(model.value(x), 8, precision);
+TEST(Solver, PrioritiesBelowOneRankBelowPriorityOne) {
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  solver.set(x, 20, -5);
+  solver.atMost(x, 8, 1);
+  solver.solve();
+  EXPECT_NEAR(solver.value(x), 8, precision);
 }
 
 struct Banner {
-  Model model;
-  Solver::Variable bottom = model.addVariable();
-  Solver::Variable icon = model.addVariable();
-  Solver::Variable header = model.addVariable();
-  Solver::Variable body = model.addVariable();
+  TestSolver solver;
+  Solver::Variable bottom = solver.addVariable();
+  Solver::Variable icon = solver.addVariable();
+  Solver::Variable header = solver.addVariable();
+  Solver::Variable body = solver.addVariable();
   Solver::Constraint bodyBottom;
   Constraints paddings;
 
   Banner() {
-    model.set(icon, 60);
-    model.set(header, 30);
-    bodyBottom = model.set(body, 80);
+    solver.set(icon, 60);
+    solver.set(header, 30);
+    bodyBottom = solver.set(body, 80);
     for (const auto content : {body, icon, header}) {
-      paddings.push_back(model.constrain({{bottom, 1}, {content, -1}}, -22, Relation::GreaterOrEqual));
+      paddings.push_back(solver.constrain({{bottom, 1}, {content, -1}}, -22, Relation::GreaterOrEqual));
     }
-    model.set(bottom, 0, 50);
-    model.solve();
+    solver.set(bottom, 0, 50);
+    solver.solve();
   }
 };
 
-TEST(Solver, BannerEndsAPaddingBelowItsLowestContent) {
+TEST(Solver, BannerBottomIsOnePaddingBelowTheLowestContent) {
   Banner banner;
-  EXPECT_TRUE(banner.model.conflicts().empty());
-  EXPECT_NEAR(banner.model.value(banner.bottom), 102, precision);
+  EXPECT_TRUE(banner.solver.conflicts().empty());
+  EXPECT_NEAR(banner.solver.value(banner.bottom), 102, precision);
 }
 
 TEST(Solver, BannerFollowsAChangedPadding) {
   Banner banner;
-  for (const auto padding : banner.paddings) banner.model.setConstant(padding, -63);
-  banner.model.solve();
-  EXPECT_NEAR(banner.model.value(banner.bottom), 143, precision);
+  for (const auto padding : banner.paddings) banner.solver.setConstant(padding, -63);
+  banner.solver.solve();
+  EXPECT_NEAR(banner.solver.value(banner.bottom), 143, precision);
 }
 
-TEST(Solver, BannerFollowsAnotherContentThatBecomesTheLowest) {
+TEST(Solver, BannerFollowsTheNewLowestContent) {
   Banner banner;
-  banner.model.setConstant(banner.bodyBottom, -20);
-  banner.model.solve();
-  EXPECT_NEAR(banner.model.value(banner.body), 20, precision);
-  EXPECT_NEAR(banner.model.value(banner.bottom), 82, precision);
+  banner.solver.setConstant(banner.bodyBottom, -20);
+  banner.solver.solve();
+  EXPECT_NEAR(banner.solver.value(banner.body), 20, precision);
+  EXPECT_NEAR(banner.solver.value(banner.bottom), 82, precision);
 }
 
 TEST(Solver, ClearStartsANewModel) {
-  Model model;
-  const auto x = model.addVariable();
-  model.set(x, 1);
-  model.set(x, 2);
-  model.solve();
-  model.clear();
-  EXPECT_TRUE(model.conflicts().empty());
-  EXPECT_EQ(model.value(x), 0);
-  const auto y = model.addVariable();
+  TestSolver solver;
+  const auto x = solver.addVariable();
+  solver.set(x, 1);
+  solver.set(x, 2);
+  solver.solve();
+  solver.clear();
+  EXPECT_TRUE(solver.conflicts().empty());
+  EXPECT_EQ(solver.value(x), 0);
+  const auto y = solver.addVariable();
   EXPECT_EQ(y, 0U);
-  EXPECT_EQ(model.set(y, 3), 0U);
-  model.solve();
-  EXPECT_NEAR(model.value(y), 3, precision);
+  EXPECT_EQ(solver.set(y, 3), 0U);
+  solver.solve();
+  EXPECT_NEAR(solver.value(y), 3, precision);
 }
 
-TEST(Solver, SameModelGivesSameBits) {
+TEST(Solver, SameModelGivesBitwiseEqualValues) {
   const auto solve = [] {
     std::vector<double> values;
-    Model model;
-    for (int i = 0; i < 20; ++i) model.addVariable();
-    for (Solver::Variable v = 1; v < 20; ++v) {
-      model.constrain({{v, 0.3}, {v - 1, -0.7}, {v / 2, 0.1}}, 1.0 / v, Relation::GreaterOrEqual, v % 3 ? 1000 : 250);
-      model.set(v, 100.0 / v, static_cast<float>(10 + v % 4));
+    TestSolver solver;
+    for (int i = 0; i < 20; ++i) solver.addVariable();
+    for (Solver::Variable variable = 1; variable < 20; ++variable) {
+      solver.constrain({{variable, 0.3}, {variable - 1, -0.7}, {variable / 2, 0.1}}, 1.0 / variable,
+                       Relation::GreaterOrEqual, variable % 3 ? 1000 : 250);
+      solver.set(variable, 100.0 / variable, static_cast<float>(10 + variable % 4));
     }
-    model.solve();
-    for (Solver::Variable v = 0; v < 20; ++v) values.push_back(model.value(v));
+    solver.solve();
+    for (Solver::Variable variable = 0; variable < 20; ++variable) values.push_back(solver.value(variable));
     return values;
   };
   EXPECT_EQ(solve(), solve());

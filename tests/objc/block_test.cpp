@@ -11,7 +11,7 @@ namespace {
 
 using BlockTest = RuntimeTest;
 
-// Counts how often a captured value was copied and destroyed.
+// Counts its copies and its living instances.
 struct Tracked {
   explicit Tracked(int* copyCount, int* livingCount) : copies(copyCount), living(livingCount) { ++*living; }
   Tracked(const Tracked& other) : copies(other.copies), living(other.living) {
@@ -32,42 +32,42 @@ TEST_F(BlockTest, CallsItsLambda) {
   EXPECT_EQ(callWith(addition, 2), 42);
 }
 
-TEST_F(BlockTest, PassesStructuresAndDoubles) {
+TEST_F(BlockTest, PassesStructsAndDoubles) {
   const auto ratio =
       objc::block([](NSRange range, double factor) { return factor * static_cast<double>(range.length); });
   EXPECT_DOUBLE_EQ((*ratio.get())(NSRange{3, 4}, 0.5), 2);
 }
 
-TEST_F(BlockTest, DestroysWhatItCaptured) {
+TEST_F(BlockTest, DestroysItsCaptures) {
   int copies = 0;
   int living = 0;
   {
     const Tracked tracked(&copies, &living);
-    const auto made = objc::block([tracked] { static_cast<void>(tracked); });
+    const auto block = objc::block([tracked] { static_cast<void>(tracked); });
     EXPECT_GT(living, 1);
   }
   EXPECT_EQ(living, 0);
 }
 
-TEST_F(BlockTest, CopiesShareWhatWasCaptured) {
+TEST_F(BlockTest, CopiesShareTheirCaptures) {
   int copies = 0;
   int living = 0;
   const Tracked tracked(&copies, &living);
-  const auto made = objc::block([tracked] { static_cast<void>(tracked); });
-  const int copiesOfMaking = copies;
-  const int livingWithBlock = living;
+  const auto block = objc::block([tracked] { static_cast<void>(tracked); });
+  const int copiesAfterCreation = copies;
+  const int livingAfterCreation = living;
   {
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it is the copy that is looked at.
-    const objc::BlockRef<void()> shared = made;
-    const objc::BlockRef<void()> borrowed(made.get());
-    EXPECT_EQ(shared.get(), made.get());
-    EXPECT_EQ(borrowed.get(), made.get());
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is under test.
+    const objc::BlockRef<void()> shared = block;
+    const objc::BlockRef<void()> borrowed(block.get());
+    EXPECT_EQ(shared.get(), block.get());
+    EXPECT_EQ(borrowed.get(), block.get());
   }
-  EXPECT_EQ(copies, copiesOfMaking);
-  EXPECT_EQ(living, livingWithBlock);
+  EXPECT_EQ(copies, copiesAfterCreation);
+  EXPECT_EQ(living, livingAfterCreation);
 }
 
-TEST_F(BlockTest, KeepsCapturedObjectsAlive) {
+TEST_F(BlockTest, RetainsCapturedObjects) {
   objc::BlockRef<int()> number;
   {
     const auto object = objc::make<Counted>();
@@ -79,7 +79,7 @@ TEST_F(BlockTest, KeepsCapturedObjectsAlive) {
   EXPECT_EQ(livingObjects(), 0);
 }
 
-TEST_F(BlockTest, CapturesObjectsThatOwnMemory) {
+TEST_F(BlockTest, CopyOutlivesTheOriginalBlock) {
   const std::string text(100, 'x');
   auto length = objc::block([text] { return text.size(); });
   const auto second = length;
@@ -87,13 +87,13 @@ TEST_F(BlockTest, CapturesObjectsThatOwnMemory) {
   EXPECT_EQ((*second.get())(), 100U);
 }
 
-TEST_F(BlockTest, NullStaysNull) {
-  const objc::BlockRef<void()> nothing(nullptr);
-  const objc::BlockRef<void()> copy = nothing;  // NOLINT(performance-unnecessary-copy-initialization)
+TEST_F(BlockTest, CopyOfANullBlockIsNull) {
+  const objc::BlockRef<void()> null(nullptr);
+  const objc::BlockRef<void()> copy = null;  // NOLINT(performance-unnecessary-copy-initialization)
   EXPECT_EQ(copy.get(), nullptr);
 }
 
-TEST_F(BlockTest, CarriesItsSignature) {
+TEST_F(BlockTest, DescriptorContainsTheSignature) {
   struct Layout {
     void* isa;
     int flags;
@@ -101,8 +101,8 @@ TEST_F(BlockTest, CarriesItsSignature) {
     void* invoke;
     const objc::detail::BlockDescriptor* descriptor;
   };
-  const auto made = objc::block([](NSString*, bool) { return 1.5; });
-  EXPECT_STREQ(reinterpret_cast<const Layout*>(made.get())->descriptor->signature, "d@?@B");
+  const auto block = objc::block([](NSString*, bool) { return 1.5; });
+  EXPECT_STREQ(reinterpret_cast<const Layout*>(block.get())->descriptor->signature, "d@?@B");
 }
 
 }  // namespace

@@ -102,9 +102,9 @@ TEST_F(ClassDefinition, ConstructsAndDestroysTheState) {
 
 TEST_F(ClassDefinition, StatesOfClassAndSuperclassDoNotOverlap) {
   const auto dog = objc::make<TestDog>();
-  auto& animal = objc::state(static_cast<TestAnimal*>(dog.get()));
-  auto& own = objc::state(dog.get());
-  EXPECT_GE(reinterpret_cast<char*>(&own), reinterpret_cast<char*>(&animal + 1));
+  auto& animalState = objc::state(static_cast<TestAnimal*>(dog.get()));
+  auto& dogState = objc::state(dog.get());
+  EXPECT_GE(reinterpret_cast<char*>(&dogState), reinterpret_cast<char*>(&animalState + 1));
 }
 
 TEST_F(ClassDefinition, SubclassOverridesAndCallsSuper) {
@@ -133,16 +133,16 @@ TEST_F(ClassDefinition, PropertiesReadAndWriteTheState) {
   EXPECT_FALSE(answers<"setFlag:">(reinterpret_cast<const NSObject*>(record.get())));
 }
 
-TEST_F(ClassDefinition, ObjectPropertiesHoldTheirValue) {
+TEST_F(ClassDefinition, ObjectPropertiesRetainTheirValue) {
   const auto record = objc::make<TestRecord>();
   {
-    const auto text = objc::adopt(objc::send<NSString*, "mutableCopy">("held"_ns));
+    const auto text = objc::adopt(objc::send<NSString*, "mutableCopy">("retained"_ns));
     objc::send<void, "setText:">(record.get(), text.get());
   }
-  EXPECT_STREQ((objc::send<NSString*, "text">(record.get())->UTF8String()), "held");
+  EXPECT_STREQ((objc::send<NSString*, "text">(record.get())->UTF8String()), "retained");
 }
 
-TEST_F(ClassDefinition, StateKeepsItsAlignment) {
+TEST_F(ClassDefinition, StateIsAligned) {
   const auto first = objc::make<TestAligned>();
   const auto second = objc::make<TestAligned>();
   for (const auto* object : {first.get(), second.get()})
@@ -150,7 +150,7 @@ TEST_F(ClassDefinition, StateKeepsItsAlignment) {
   EXPECT_EQ(objc::state(second.get()).numbers[1], 2);
 }
 
-TEST_F(ClassDefinition, CategoriesAddMethodsAndDoNotReplaceAny) {
+TEST_F(ClassDefinition, CategoriesAddMethodsWithoutReplacingExistingOnes) {
   static constexpr objc::MethodEntry added[] = {objc::method<"sound", &sound>(), objc::classMethod<"legs", &legs>()};
   objc::addCategory(Counted::classObject(), added);
   EXPECT_EQ((objc::send<int, "legs">(Counted::classObject())), 4);

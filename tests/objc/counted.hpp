@@ -1,4 +1,4 @@
-// A class whose living objects are counted.
+// An Objective-C class that counts its living instances.
 #pragma once
 
 #include <atomic>
@@ -26,4 +26,5 @@ struct objc::StateOf<Counted> {
 
 inline int livingObjects() { return CountedState::living; }
 inline NSUInteger retainCount(const NSObject* object) { return objc::send<NSUInteger, "retainCount">(object); }
+// Registers the class with the runtime.
 void defineCounted();

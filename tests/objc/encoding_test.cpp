@@ -1,5 +1,5 @@
-// Encodings are the runtime's notation, computed from C++ signatures. What is asserted here is asserted by the
-// compiler; how encodings are compared is tested.
+// Type encodings, which objc/encoding.hpp computes from C++ signatures at compile time. Static assertions check the
+// encodings; the tests check how two encodings are compared.
 #include "objc/encoding.hpp"
 
 #include <gtest/gtest.h>
@@ -66,7 +66,7 @@ static_assert(!(FixedString("ab") == FixedString("abc")));
 
 using objc::detail::sameCallingConvention;
 
-TEST(EncodingCheck, LooksAtWhatTheRegistersHold) {
+TEST(EncodingCheck, ComparesArgumentRegistersAndIgnoresOffsets) {
   EXPECT_TRUE(sameCallingConvention("v@:@B", "v32@0:8@16c24"));
   EXPECT_TRUE(sameCallingConvention("@@:^@", "@24@0:8r^{_NSZone=^qQ}16"));
   EXPECT_FALSE(sameCallingConvention("v@:d", "v@:q"));
@@ -74,7 +74,7 @@ TEST(EncodingCheck, LooksAtWhatTheRegistersHold) {
   EXPECT_FALSE(sameCallingConvention("v@:{CGSize=dd}", "v@:d"));
 }
 
-TEST(EncodingCheck, AllowsAMethodToReadHalfOfAnArgumentOnly) {
+TEST(EncodingCheck, AcceptsANarrowerIntegerForAnArgumentOnly) {
   EXPECT_TRUE(sameCallingConvention("@@:@Q", "@@:@I"));
   EXPECT_FALSE(sameCallingConvention("@@:@I", "@@:@Q"));
   EXPECT_FALSE(sameCallingConvention("Q@:", "I@:"));

@@ -50,19 +50,19 @@ TEST_F(HookRows, RowsOfAMissingClassHaveNoEffect) {
   EXPECT_FALSE(objc::install(objc::add<"isAdded", &isAdded>("NoSuchClassAnywhere").methods[0]).effective);
 }
 
-TEST_F(HookRows, AddedMethodsAnswerOnce) {
+TEST_F(HookRows, MethodIsAddedOnlyOnce) {
   const objc::Row row = objc::add<"isAdded", &isAdded>("BrimTestHooked");
   EXPECT_TRUE(objc::install(row.methods[0]).effective);
   EXPECT_TRUE((objc::send<bool, "isAdded">(objc::make<TestHooked>().get())));
-  EXPECT_FALSE(objc::install(row.methods[0]).effective) << "the class has the method already";
+  EXPECT_FALSE(objc::install(row.methods[0]).effective) << "the class already has the method";
 }
 
-TEST_F(HookRows, AddedClassMethodsBelongToTheClass) {
+TEST_F(HookRows, AddedClassMethodsCanBeSentToTheClass) {
   installRow(objc::add<"sharedNumber", &sharedNumber, objc::Level::Class>("BrimTestHooked"));
   EXPECT_EQ((objc::send<int, "sharedNumber">(TestHooked::classObject())), 5);
 }
 
-TEST_F(HookRows, FlagPropertiesAreFalseUntilSet) {
+TEST_F(HookRows, BooleanPropertiesAreFalseUntilSet) {
   installRow(objc::property<"isMarked", bool>("BrimTestHooked"));
   const auto object = objc::make<TestHooked>();
   EXPECT_FALSE((objc::send<bool, "isMarked">(object.get())));
@@ -72,7 +72,7 @@ TEST_F(HookRows, FlagPropertiesAreFalseUntilSet) {
   EXPECT_FALSE((objc::send<bool, "isMarked">(object.get())));
 }
 
-TEST_F(HookRows, ObjectPropertiesRetainUntilTheirObjectDies) {
+TEST_F(HookRows, ObjectPropertiesRetainTheirValueUntilTheOwnerIsDeallocated) {
   installRow(objc::property<"companion", NSObject*>("BrimTestHooked"));
   {
     const auto object = objc::make<TestHooked>();

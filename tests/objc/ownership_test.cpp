@@ -10,7 +10,7 @@ namespace {
 
 using Ownership = RuntimeTest;
 
-TEST_F(Ownership, MakingAdoptsTheOnlyReference) {
+TEST_F(Ownership, MakeReturnsTheOnlyReference) {
   const auto object = objc::make<Counted>();
   EXPECT_EQ(retainCount(object), 1U);
   EXPECT_EQ(livingObjects(), 1);
@@ -28,20 +28,20 @@ TEST_F(Ownership, CopiesRetainAndMovesDoNot) {
   EXPECT_EQ(retainCount(third), 1U);
 }
 
-TEST_F(Ownership, AssigningToItselfKeepsTheObject) {
+TEST_F(Ownership, SelfAssignmentKeepsTheReference) {
   auto object = objc::make<Counted>();
   const auto& same = object;
   object = same;
   EXPECT_EQ(retainCount(object), 1U);
 }
 
-TEST_F(Ownership, ReplacingReleasesTheOldObject) {
+TEST_F(Ownership, AssignmentReleasesTheOldObject) {
   auto object = objc::make<Counted>();
   object = objc::make<Counted>();
   EXPECT_EQ(livingObjects(), 1);
 }
 
-TEST_F(Ownership, LeakingGivesTheReferenceAway) {
+TEST_F(Ownership, LeakTransfersTheReferenceToTheCaller) {
   auto object = objc::make<Counted>();
   Counted* const raw = object.leak();
   EXPECT_EQ(object.get(), nullptr);
@@ -50,7 +50,7 @@ TEST_F(Ownership, LeakingGivesTheReferenceAway) {
   EXPECT_EQ(livingObjects(), 0);
 }
 
-TEST_F(Ownership, AutoreleasedObjectsLiveUntilThePoolEnds) {
+TEST_F(Ownership, AutoreleasedObjectsLiveUntilThePoolIsDrained) {
   {
     const objc::AutoreleasePool pool;
     objc::autorelease(objc::make<Counted>());
@@ -59,14 +59,14 @@ TEST_F(Ownership, AutoreleasedObjectsLiveUntilThePoolEnds) {
   EXPECT_EQ(livingObjects(), 0);
 }
 
-TEST_F(Ownership, ReferencesConvertAsPointersDo) {
+TEST_F(Ownership, ReferenceConvertsToASuperclassReference) {
   const auto object = objc::make<Counted>();
-  const objc::Ref<NSObject> general = object;
-  EXPECT_EQ(general.get(), object.get());
+  const objc::Ref<NSObject> superclassReference = object;
+  EXPECT_EQ(superclassReference.get(), object.get());
   EXPECT_EQ(retainCount(object), 2U);
 }
 
-TEST_F(Ownership, WeakBecomesNullWithItsObject) {
+TEST_F(Ownership, WeakReferenceIsNullAfterDeallocation) {
   auto object = objc::make<Counted>();
   const objc::Weak<Counted> weak(object);
   EXPECT_EQ(weak.lock().get(), object.get());
@@ -76,7 +76,7 @@ TEST_F(Ownership, WeakBecomesNullWithItsObject) {
   EXPECT_EQ(livingObjects(), 0);
 }
 
-TEST_F(Ownership, LockedWeakKeepsTheObject) {
+TEST_F(Ownership, LockedWeakReferenceRetainsTheObject) {
   auto object = objc::make<Counted>();
   const objc::Weak<Counted> weak(object);
   const auto locked = weak.lock();
@@ -85,7 +85,7 @@ TEST_F(Ownership, LockedWeakKeepsTheObject) {
   EXPECT_EQ(weak.lock().get(), locked.get());
 }
 
-TEST_F(Ownership, CopiesOfAWeakReferenceAreReferencesOfTheirOwn) {
+TEST_F(Ownership, CopyOfAWeakReferenceIsIndependent) {
   auto object = objc::make<Counted>();
   objc::Weak<Counted> second;
   {
@@ -97,7 +97,7 @@ TEST_F(Ownership, CopiesOfAWeakReferenceAreReferencesOfTheirOwn) {
   EXPECT_EQ(second.lock().get(), nullptr);
 }
 
-TEST_F(Ownership, CountsAreExactBetweenThreads) {
+TEST_F(Ownership, RetainCountIsExactAcrossThreads) {
   const auto object = objc::make<Counted>();
   const objc::Weak<Counted> weak(object);
   const auto churn = [&weak] {

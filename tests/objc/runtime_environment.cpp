@@ -19,28 +19,28 @@ constexpr objc::MethodEntry methods[] = {
     objc::method<"copyWithZone:", &copyWithZone>(),
 };
 
-// Processes that a test starts work in the root of the test.
+// Environment variable that passes the root of a test to its child processes.
 constexpr const char* rootVariable = "BRIM_TEST_ROOT";
 
 std::filesystem::path makeFolder() {
   char name[] = "/tmp/brim-test-XXXXXX";
-  if (mkdtemp(name) == nullptr) throw std::runtime_error("no temporary folder");
+  if (mkdtemp(name) == nullptr) throw std::runtime_error("cannot create a temporary folder in /tmp");
   return name;
 }
 
 class RuntimeEnvironment : public testing::Environment {
  public:
   void SetUp() override {
-    if (const char* const ofParent = std::getenv(rootVariable)) {
-      folder = ofParent;
+    if (const char* const inheritedRoot = std::getenv(rootVariable)) {
+      folder = inheritedRoot;
     } else {
       folder = makeFolder();
       setenv(rootVariable, folder.c_str(), 1);
-      // After what the root's own processes do at their end.
+      // Exit handlers run in reverse order, so this one runs after those that useRoot() registers.
       std::atexit([] { std::filesystem::remove_all(testRoot()); });
     }
-    if (const auto reason = foundation::useRoot(folder, foundation::DefaultsDatabase::OfRoot))
-      throw std::runtime_error(*reason);
+    if (const auto error = foundation::useRoot(folder, foundation::DefaultsDatabase::OfRoot))
+      throw std::runtime_error(*error);
     foundation::registerClasses();
     defineCounted();
   }

@@ -1,4 +1,5 @@
-// A test process: a root of its own, Foundation's classes, and a pool around every test.
+// Test environment for code that needs the Objective-C runtime. Each test process has a temporary root and Foundation's
+// classes; each test that derives from RuntimeTest has an autorelease pool.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,10 +10,10 @@
 
 #include "objc/autorelease_pool.hpp"
 
-// The process's root, a temporary folder that is removed at the end.
+// The root of the test process: a temporary folder that is removed when the process exits.
 const std::filesystem::path& testRoot();
 
 class RuntimeTest : public testing::Test {
  private:
-  objc::AutoreleasePool poolOfTest;
+  objc::AutoreleasePool pool_;
 };

@@ -1,5 +1,5 @@
-// Walks every message of platform/ and asks the simulator's class whether it answers: a binding that the phone has and
-// the simulator lacks would make a test of the library end the process, or worse, pass.
+// Checks that the simulator's classes implement every message that the headers in platform/ send. If one were
+// missing, a test of the library would end with an unknown selector, or would pass without testing anything.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -24,25 +24,25 @@ struct Binding {
   Receiver receiver;
 };
 
-std::string contents(const std::filesystem::path& path) {
+std::string readFile(const std::filesystem::path& path) {
   std::ifstream file(path);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::vector<std::string> headers() {
+std::vector<std::string> readHeaders() {
   std::vector<std::string> texts;
   for (const auto& entry : std::filesystem::directory_iterator(PLATFORM_HEADERS))
-    if (entry.path().extension() == ".hpp") texts.push_back(contents(entry.path()));
+    if (entry.path().extension() == ".hpp") texts.push_back(readFile(entry.path()));
   return texts;
 }
 
-// A class declaration, or a message sent to this, to a new object or to the class.
+// Matches a class declaration, or a message sent to `this`, to a newly allocated object or to the class.
 const std::regex declarationOrMessage(
     R"re(objc::Interface<"(\w+)",|objc::send<[^"]*?"([^"]+)">\s*\(\s*(this|objc::allocate|classObject))re");
 
 std::vector<Binding> bindings() {
   std::vector<Binding> found;
-  for (const std::string& text : headers()) {
+  for (const std::string& text : readHeaders()) {
     std::string className;
     for (auto match = std::sregex_iterator(text.begin(), text.end(), declarationOrMessage);
          match != std::sregex_iterator(); ++match) {
@@ -60,7 +60,7 @@ std::vector<std::string> cFunctions() {
   const std::regex block(R"re(extern "C" \{([^}]*)\})re");
   const std::regex name(R"re([\s*](\w+)\()re");
   std::vector<std::string> found;
-  for (const std::string& text : headers()) {
+  for (const std::string& text : readHeaders()) {
     for (auto match = std::sregex_iterator(text.begin(), text.end(), block); match != std::sregex_iterator(); ++match) {
       const std::string inside = std::regex_replace((*match)[1].str(), std::regex("//[^\n]*"), "");
       for (auto each = std::sregex_iterator(inside.begin(), inside.end(), name); each != std::sregex_iterator(); ++each)
@@ -70,9 +70,9 @@ std::vector<std::string> cFunctions() {
   return found;
 }
 
-TEST(Bindings, EveryMessageIsAnsweredByTheSimulatorsClass) {
+TEST(Bindings, SimulatorClassesImplementEveryMessage) {
   const test::Phone phone;
-  // Those of the other process that the library is mapped into.
+  // Classes of the Messages app, the other process that loads the library.
   messages::registerClasses();
   const std::vector<Binding> all = bindings();
   ASSERT_GT(all.size(), 150u);
@@ -80,7 +80,7 @@ TEST(Bindings, EveryMessageIsAnsweredByTheSimulatorsClass) {
     const auto target =
         reinterpret_cast<Class>(binding.receiver == Receiver::Class ? objc_getMetaClass(binding.className.c_str())
                                                                     : objc_getClass(binding.className.c_str()));
-    ASSERT_NE(target, nullptr) << "there is no class " << binding.className;
+    ASSERT_NE(target, nullptr) << "the simulator does not define the class " << binding.className;
     EXPECT_TRUE(class_respondsToSelector(target, sel_registerName(binding.selector.c_str())))
         << (binding.receiver == Receiver::Class ? "+" : "-") << "[" << binding.className << " " << binding.selector
         << "]";

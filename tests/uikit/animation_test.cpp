@@ -2,13 +2,13 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/views/cg_color.hpp"
 #include "simulator/uikit/views/view_geometry.hpp"
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/uikit_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-class Animation : public Stage {
+class Animation : public UIKitTest {
  public:
   Animation() { window->addSubview(view); }
 
@@ -19,13 +19,13 @@ class Animation : public Stage {
 double shownAlpha(UIView* view) { return uikit::record(view).layer.opacity.shown(); }
 CGRect shownFrame(UIView* view) { return uikit::shownFrame(uikit::record(view).layer); }
 
-objc::BlockRef<void(bool)> writesFinished(const std::string& name) {
-  return objc::block([name](bool finished) { Stage::write(name + (finished ? " finished" : " interrupted")); });
+objc::BlockRef<void(bool)> logsCompletion(const std::string& name) {
+  return objc::block([name](bool finished) { UIKitTest::log(name + (finished ? " finished" : " interrupted")); });
 }
 
 }  // namespace
 
-TEST_F(Animation, ModelChangesAtOnceAndTheShownValueFollows) {
+TEST_F(Animation, ModelValueChangesAtOnceAndTheShownValueFollows) {
   UIView::animate(1, objc::block([this] { view->setAlpha(0); }));
   EXPECT_EQ(view->alpha(), 0);
   EXPECT_EQ(shownAlpha(view), 1);
@@ -35,16 +35,16 @@ TEST_F(Animation, ModelChangesAtOnceAndTheShownValueFollows) {
   EXPECT_EQ(shownAlpha(view), 0);
 }
 
-TEST_F(Animation, FollowsTheDefaultCurve) {
+TEST_F(Animation, FollowsTheEaseInEaseOutCurve) {
   UIView::animate(1, objc::block([this] { view->setFrame({{100, 0}, {100, 100}}); }));
   foundation::stepClock(0.25);
-  // Of the cubic Bézier curve (0.42, 0, 0.58, 1) at a quarter of its time.
+  // The value of the cubic Bézier curve (0.42, 0, 0.58, 1) at a quarter of its duration.
   EXPECT_NEAR(shownFrame(view).origin.x, 12.9162, 1e-3);
   foundation::stepClock(0.5);
   EXPECT_NEAR(shownFrame(view).origin.x, 87.0838, 1e-3);
 }
 
-TEST_F(Animation, AnimatesColorsWithoutDarkeningFromNothing) {
+TEST_F(Animation, ColorFadesInFromTransparentWithoutDarkening) {
   UIView::animate(1, objc::block([this] { view->layer()->setBackgroundColor(nullptr); }));
   CGColor red = {{1, 0, 0, 1}};
   UIView::animate(1, objc::block([this, &red] { view->layer()->setBackgroundColor(&red); }));
@@ -55,77 +55,77 @@ TEST_F(Animation, AnimatesColorsWithoutDarkeningFromNothing) {
   EXPECT_NEAR(shown.alpha, 0.5, 1e-9);
 }
 
-TEST_F(Animation, CompletionComesOnTheMainQueueAtTheEnd) {
-  UIView::animate(0.15, objc::block([this] { view->setAlpha(0.5); }), writesFinished("fade"));
+TEST_F(Animation, CompletionRunsOnTheMainQueueAtTheEnd) {
+  UIView::animate(0.15, objc::block([this] { view->setAlpha(0.5); }), logsCompletion("fade"));
   foundation::stepClock(0.149);
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
   foundation::stepClock(0.002);
-  EXPECT_EQ(takeJournal(), Journal{"fade finished"});
+  EXPECT_EQ(takeLog(), Log{"fade finished"});
   foundation::stepClock(1);
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
 }
 
-TEST_F(Animation, WithoutDurationCompletesInTheNextTurn) {
-  UIView::animate(0, objc::block([this] { view->setAlpha(0.5); }), writesFinished("jump"));
+TEST_F(Animation, ZeroDurationCompletesInTheNextRunLoopIteration) {
+  UIView::animate(0, objc::block([this] { view->setAlpha(0.5); }), logsCompletion("jump"));
   EXPECT_EQ(shownAlpha(view), 0.5);
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
   foundation::drainMainQueue();
-  EXPECT_EQ(takeJournal(), Journal{"jump finished"});
+  EXPECT_EQ(takeLog(), Log{"jump finished"});
 }
 
-TEST_F(Animation, ThatChangesNothingCompletesInTheNextTurn) {
-  UIView::animate(5, objc::block([this] { view->setAlpha(1); }), writesFinished("nothing"));
-  EXPECT_EQ(takeJournal(), Journal{});
+TEST_F(Animation, UnchangedPropertiesCompleteInTheNextRunLoopIteration) {
+  UIView::animate(5, objc::block([this] { view->setAlpha(1); }), logsCompletion("nothing"));
+  EXPECT_EQ(takeLog(), Log{});
   foundation::drainMainQueue();
-  EXPECT_EQ(takeJournal(), Journal{"nothing finished"});
+  EXPECT_EQ(takeLog(), Log{"nothing finished"});
 }
 
-TEST_F(Animation, NewerOneStartsFromWhatIsShownAndTheOlderStillFinishes) {
-  UIView::animate(1, objc::block([this] { view->setFrame({{100, 0}, {100, 100}}); }), writesFinished("first"));
+TEST_F(Animation, NewAnimationStartsFromTheShownValueAndTheOldOneStillFinishes) {
+  UIView::animate(1, objc::block([this] { view->setFrame({{100, 0}, {100, 100}}); }), logsCompletion("first"));
   foundation::stepClock(0.5);
-  UIView::animate(1, objc::block([this] { view->setFrame({{0, 0}, {100, 100}}); }), writesFinished("second"));
+  UIView::animate(1, objc::block([this] { view->setFrame({{0, 0}, {100, 100}}); }), logsCompletion("second"));
   EXPECT_NEAR(shownFrame(view).origin.x, 50, 1e-9);
   foundation::stepClock(0.6);
-  EXPECT_EQ(takeJournal(), Journal{"first finished"});
+  EXPECT_EQ(takeLog(), Log{"first finished"});
   foundation::stepClock(0.5);
-  EXPECT_EQ(takeJournal(), Journal{"second finished"});
+  EXPECT_EQ(takeLog(), Log{"second finished"});
   EXPECT_EQ(shownFrame(view).origin.x, 0);
 }
 
-TEST_F(Animation, RemovalFromTheSuperviewInterrupts) {
+TEST_F(Animation, RemovalFromTheSuperviewInterruptsTheAnimation) {
   const auto inner = addView(view, {{}, {10, 10}});
-  UIView::animate(1, objc::block([inner] { inner->setAlpha(0); }), writesFinished("fade"));
+  UIView::animate(1, objc::block([inner] { inner->setAlpha(0); }), logsCompletion("fade"));
   foundation::stepClock(0.5);
   view->removeFromSuperview();
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
   EXPECT_EQ(shownAlpha(inner), 0);
   foundation::drainMainQueue();
-  EXPECT_EQ(takeJournal(), Journal{"fade interrupted"});
+  EXPECT_EQ(takeLog(), Log{"fade interrupted"});
   foundation::stepClock(1);
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
 }
 
-TEST_F(Animation, InterruptedInPartFinishesWithTheRest) {
+TEST_F(Animation, FinishesWithTheRemainingViewsIfOneIsRemoved) {
   const auto other = addView(window, {{}, {10, 10}});
   UIView::animate(1, objc::block([this, other] {
                     view->setAlpha(0);
                     other->setAlpha(0);
                   }),
-                  writesFinished("both"));
+                  logsCompletion("both"));
   other->removeFromSuperview();
   foundation::stepClock(0.9);
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
   foundation::stepClock(0.2);
-  EXPECT_EQ(takeJournal(), Journal{"both finished"});
+  EXPECT_EQ(takeLog(), Log{"both finished"});
 }
 
-TEST_F(Animation, InnerBlockRunsAtTheOuterPace) {
+TEST_F(Animation, NestedAnimationUsesTheOuterDuration) {
   UIView::animate(1, objc::block([this] { UIView::animate(0.1, objc::block([this] { view->setAlpha(0); })); }));
   foundation::stepClock(0.5);
   EXPECT_NEAR(shownAlpha(view), 0.5, 1e-9);
 }
 
-TEST_F(Animation, CanBeTurnedOffInsideABlock) {
+TEST_F(Animation, CanBeDisabledInsideABlock) {
   UIView::animate(1, objc::block([this] {
                     objc::send<void, "performWithoutAnimation:">(UIView::classObject(),
                                                                  objc::block([this] { view->setAlpha(0); }).get());
@@ -136,16 +136,16 @@ TEST_F(Animation, CanBeTurnedOffInsideABlock) {
 TEST_F(Animation, WaitsForItsDelay) {
   objc::send<void, "animateWithDuration:delay:options:animations:completion:">(
       UIView::classObject(), 1.0, 2.0, NSUInteger{0}, objc::block([this] { view->setAlpha(0); }).get(),
-      writesFinished("late").get());
+      logsCompletion("late").get());
   foundation::stepClock(2);
   EXPECT_EQ(shownAlpha(view), 1);
   foundation::stepClock(0.5);
   EXPECT_NEAR(shownAlpha(view), 0.5, 1e-9);
   foundation::stepClock(0.6);
-  EXPECT_EQ(takeJournal(), Journal{"late finished"});
+  EXPECT_EQ(takeLog(), Log{"late finished"});
 }
 
-TEST_F(Animation, OfAConstraintMovesTheViewWhenLaidOutInside) {
+TEST_F(Animation, LayoutInsideTheBlockAnimatesConstraintChanges) {
   const auto banner = addConstrainedView(window);
   NSLayoutConstraint* top = banner->topAnchor()->equalTo(window->topAnchor(), -70)->activated();
   banner->leadingAnchor()->equalTo(window->leadingAnchor())->setActive(true);
@@ -167,8 +167,8 @@ TEST_F(Animation, OfAConstraintMovesTheViewWhenLaidOutInside) {
   EXPECT_EQ(shownFrame(banner).origin.y, 10);
 }
 
-// Another view's animation would take it along otherwise, and be interrupted with it.
-TEST_F(Animation, DoesNotTakeAlongWhatAnEarlierTurnHasChanged) {
+// Otherwise, the animation of another view would include this view, and would be interrupted by its removal.
+TEST_F(Animation, DoesNotAnimateChangesOfAnEarlierRunLoopIteration) {
   const auto added = addConstrainedView(window);
   added->topAnchor()->equalTo(window->topAnchor(), 40)->setActive(true);
   added->leadingAnchor()->equalTo(window->leadingAnchor())->setActive(true);
@@ -178,14 +178,14 @@ TEST_F(Animation, DoesNotTakeAlongWhatAnEarlierTurnHasChanged) {
                     view->setFrame({{100, 0}, {100, 100}});
                     window->layoutIfNeeded();
                   }),
-                  writesFinished("view"));
+                  logsCompletion("view"));
   EXPECT_EQ(shownFrame(added).origin.y, 40);
   added->removeFromSuperview();
   foundation::stepClock(1);
-  EXPECT_EQ(takeJournal(), Journal{"view finished"});
+  EXPECT_EQ(takeLog(), Log{"view finished"});
 }
 
-TEST_F(Animation, UnanimatedChangeKeepsWhatIsOnItsWay) {
+TEST_F(Animation, UnanimatedChangeKeepsTheRunningAnimation) {
   UIView::animate(1, objc::block([this] { view->setFrame({{100, 0}, {100, 100}}); }));
   foundation::stepClock(0.5);
   view->setFrame({{200, 0}, {100, 100}});
@@ -194,14 +194,14 @@ TEST_F(Animation, UnanimatedChangeKeepsWhatIsOnItsWay) {
   EXPECT_EQ(shownFrame(view).origin.x, 200);
 }
 
-TEST_F(Animation, BlocksMayBeNull) {
-  UIView::animate(1, nullptr, writesFinished("none"));
+TEST_F(Animation, NullBlocksAreAllowed) {
+  UIView::animate(1, nullptr, logsCompletion("none"));
   UIView::animate(1, nullptr);
   foundation::drainMainQueue();
-  EXPECT_EQ(takeJournal(), Journal{"none finished"});
+  EXPECT_EQ(takeLog(), Log{"none finished"});
 }
 
-TEST_F(Animation, FramesAreDemandedOnlyWhileSomethingMoves) {
+TEST_F(Animation, FramesAreRequestedOnlyDuringAnAnimation) {
   EXPECT_TRUE(foundation::mainQueueIsIdle());
   UIView::animate(0.2, objc::block([this] { view->setAlpha(0); }));
   EXPECT_FALSE(foundation::mainQueueIsIdle());

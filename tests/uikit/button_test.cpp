@@ -1,16 +1,16 @@
-// UIButton.
+// Tests of UIButton.
 #include "platform/ui_button.hpp"
 
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/views/color.hpp"
-#include "tests/uikit/content.hpp"
-#include "tests/uikit/listener.hpp"
+#include "tests/uikit/control_target.hpp"
+#include "tests/uikit/view_content.hpp"
 
 namespace test {
 
 namespace {
 
-class Buttons : public Stage {};
+class Buttons : public UIKitTest {};
 
 objc::Ref<UIButton> makeButton(CGRect frame = {{0, 0}, {200, 36}}) {
   auto button = UIView::withFrame<UIButton>(frame);
@@ -27,7 +27,7 @@ UIButton* makeSystemButton() {
 
 double alphaOf(const UIView* view) { return objc::send<CGFloat, "alpha">(view); }
 
-TEST_F(Buttons, ShowTheirTitleInTheMiddle) {
+TEST_F(Buttons, CenterTheirTitle) {
   const auto button = makeButton();
   button->layoutIfNeeded();
   const CGRect title = button->titleLabel()->frame();
@@ -37,17 +37,17 @@ TEST_F(Buttons, ShowTheirTitleInTheMiddle) {
   EXPECT_NEAR(title.origin.y + title.size.height / 2, 18, 0.5);
 }
 
-TEST_F(Buttons, HonourTheFontOfTheirTitle) {
+TEST_F(Buttons, UseTheFontOfTheirTitleLabel) {
   const auto button = makeButton();
   button->layoutIfNeeded();
   const double before = button->titleLabel()->frame().size.width;
   button->titleLabel()->setFont(UIFont::boldSystemFontOfSize(20));
   button->layoutIfNeeded();
   EXPECT_GT(button->titleLabel()->frame().size.width, before);
-  EXPECT_EQ(described(button->titleLabel()).at("font").at("weight"), "bold");
+  EXPECT_EQ(describe(button->titleLabel()).at("font").at("weight"), "bold");
 }
 
-TEST_F(Buttons, KeepTheTitleInsideThem) {
+TEST_F(Buttons, LimitTheTitleToTheirBounds) {
   const auto button = makeButton({{0, 0}, {20, 10}});
   button->layoutIfNeeded();
   EXPECT_EQ(button->titleLabel()->frame(), (CGRect{{0, 0}, {20, 10}}));
@@ -64,7 +64,7 @@ TEST_F(Buttons, HaveATitleForEachState) {
   EXPECT_EQ(text(objc::send<NSString*, "titleForState:">(button.get(), uikit::disabledState)), "Close");
 }
 
-TEST_F(Buttons, ColorTheTitleByState) {
+TEST_F(Buttons, UseTheNormalTitleColorForStatesWithoutAColor) {
   const auto button = makeButton();
   button->setTitleColor(UIColor::redColor(), UIControlState::Normal);
   EXPECT_EQ(button->titleLabel()->textColor(), UIColor::redColor());
@@ -73,11 +73,11 @@ TEST_F(Buttons, ColorTheTitleByState) {
   EXPECT_EQ(alphaOf(button->titleLabel()), 1);
 }
 
-TEST_F(Buttons, AreWhiteUnlessColored) {
+TEST_F(Buttons, HaveAWhiteTitleByDefault) {
   EXPECT_EQ(uikit::colorOf(makeButton()->titleLabel()->textColor()), (drawing::Color{1, 1, 1, 1}));
 }
 
-TEST_F(Buttons, OfTheSystemFadeWhenDisabledOrPressed) {
+TEST_F(Buttons, SystemButtonsFadeWhenDisabledOrHighlighted) {
   UIButton* button = makeSystemButton();
   EXPECT_EQ(uikit::colorOf(button->titleLabel()->textColor()), (drawing::Color{0, 0.478, 1, 1}));
   EXPECT_EQ(button->titleLabel()->font()->pointSize(), 15);
@@ -89,7 +89,7 @@ TEST_F(Buttons, OfTheSystemFadeWhenDisabledOrPressed) {
   EXPECT_LT(alphaOf(button->titleLabel()), 0.5);
 }
 
-TEST_F(Buttons, AreAsLargeAsTheirTitleNeeds) {
+TEST_F(Buttons, HaveTheTitlesSizePlusPaddingAsIntrinsicSize) {
   const auto button = makeButton();
   const auto title = objc::send<CGSize, "intrinsicContentSize">(button->titleLabel());
   EXPECT_EQ((objc::send<CGSize, "intrinsicContentSize">(button.get())), (CGSize{title.width, title.height + 12}));
@@ -109,14 +109,14 @@ TEST_F(Buttons, GrowWithTheirTitleUnderConstraints) {
   EXPECT_GT(button->frame().size.width, before + 20);
 }
 
-TEST_F(Buttons, ArePressedThroughTheirTitle) {
+TEST_F(Buttons, ReceiveTapsOnTheirTitle) {
   const auto window = makeWindow();
   const auto button = makeButton();
-  const auto listener = Listener::make();
+  const auto target = ControlTarget::make();
   window->addSubview(button);
-  button->addTarget(listener, objc::selector<"withSender:">(), UIControlEvents::TouchUpInside);
+  button->addTarget(target, objc::selector<"withSender:">(), UIControlEvents::TouchUpInside);
   tap({100, 18});
-  EXPECT_EQ(takeJournal(), Journal{"sender UIButton"});
+  EXPECT_EQ(takeLog(), Log{"sender UIButton"});
 }
 
 }  // namespace

@@ -1,23 +1,23 @@
-// UIColor.
+// Tests of UIColor.
 #include <cmath>
 
 #include "simulator/uikit/views/cg_color.hpp"
 #include "simulator/uikit/views/color.hpp"
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/uikit_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-class Colors : public Stage {};
+class Colors : public UIKitTest {};
 
-UIColor* named(const char* selector) {
+UIColor* namedColor(const char* selector) {
   const id target = reinterpret_cast<id>(UIColor::classObject());
   const SEL message = sel_registerName(selector);
   return objc::detail::call<UIColor*>(objc::implementationFor(target, message), target, message);
 }
 
-TEST_F(Colors, KeepTheirComponents) {
+TEST_F(Colors, ReturnTheirComponents) {
   CGFloat red = 0, green = 0, blue = 0, alpha = 0;
   EXPECT_TRUE(UIColor::withRed(0.1, 0.2, 0.3, 0.4)->getRed(&red, &green, &blue, &alpha));
   EXPECT_EQ(red, 0.1);
@@ -26,18 +26,18 @@ TEST_F(Colors, KeepTheirComponents) {
   EXPECT_EQ(alpha, 0.4);
 }
 
-TEST_F(Colors, TellOnlyTheComponentsAskedFor) {
+TEST_F(Colors, AcceptNullForUnneededComponents) {
   CGFloat blue = 0;
   EXPECT_TRUE(UIColor::withRed(0.1, 0.2, 0.3, 0.4)->getRed(nullptr, nullptr, &blue, nullptr));
   EXPECT_EQ(blue, 0.3);
 }
 
-TEST_F(Colors, HaveTheirNames) {
+TEST_F(Colors, NamedColorsHaveThePlatformsValues) {
   EXPECT_TRUE(UIColor::redColor()->isEqual(UIColor::withRed(1, 0, 0, 1)));
   EXPECT_TRUE(UIColor::clearColor()->isEqual(UIColor::withRed(0, 0, 0, 0)));
-  EXPECT_TRUE(named("whiteColor")->isEqual(UIColor::withRed(1, 1, 1, 1)));
-  EXPECT_TRUE(named("grayColor")->isEqual(UIColor::withRed(0.5, 0.5, 0.5, 1)));
-  EXPECT_TRUE(named("blackColor")->isEqual(UIColor::withRed(0, 0, 0, 1)));
+  EXPECT_TRUE(namedColor("whiteColor")->isEqual(UIColor::withRed(1, 1, 1, 1)));
+  EXPECT_TRUE(namedColor("grayColor")->isEqual(UIColor::withRed(0.5, 0.5, 0.5, 1)));
+  EXPECT_TRUE(namedColor("blackColor")->isEqual(UIColor::withRed(0, 0, 0, 1)));
 }
 
 TEST_F(Colors, AreEqualByValue) {
@@ -50,7 +50,7 @@ TEST_F(Colors, AreEqualByValue) {
   EXPECT_FALSE(color->isEqual(nullptr));
 }
 
-TEST_F(Colors, LendTheirCoreGraphicsColor) {
+TEST_F(Colors, ReturnTheSameCoreGraphicsColorEveryTime) {
   UIColor* color = UIColor::withRed(0.1, 0.2, 0.3, 0.4);
   EXPECT_EQ(color->CGColor()->color, (drawing::Color{0.1, 0.2, 0.3, 0.4}));
   EXPECT_EQ(color->CGColor(), color->CGColor());
@@ -63,12 +63,12 @@ TEST_F(Colors, ChangeTheirAlphaInACopy) {
   EXPECT_TRUE(color->isEqual(UIColor::withRed(1, 0, 0, 1)));
 }
 
-TEST_F(Colors, CopyAsThemselves) {
+TEST_F(Colors, CopyReturnsTheSameObject) {
   const objc::Ref<UIColor> color = objc::retain(UIColor::withRed(0.1, 0.2, 0.3, 1));
   EXPECT_EQ(objc::adopt(objc::send<UIColor*, "copy">(color.get())).get(), color.get());
 }
 
-TEST_F(Colors, TakeWhatIsNotANumberForNone) {
+TEST_F(Colors, ClampInvalidComponents) {
   EXPECT_TRUE(UIColor::withRed(NAN, INFINITY, 0.5, NAN)->isEqual(UIColor::withRed(0, 0, 0.5, 0)));
   EXPECT_TRUE(UIColor::withRed(1, 1, 1, 7)->isEqual(UIColor::withRed(1, 1, 1, 1)));
 }

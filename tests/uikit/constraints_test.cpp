@@ -1,10 +1,10 @@
-#include "tests/uikit/constraints.hpp"
+#include "tests/uikit/constraints_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-NSLayoutConstraint* dimension(NSLayoutDimension* self, NSLayoutDimension* other, double multiplier) {
+NSLayoutConstraint* equalDimension(NSLayoutDimension* self, NSLayoutDimension* other, double multiplier) {
   return objc::send<NSLayoutConstraint*, "constraintEqualToAnchor:multiplier:">(self, other, multiplier);
 }
 
@@ -12,7 +12,7 @@ NSLayoutConstraint* atMost(NSLayoutAnchor* self, NSLayoutAnchor* other) {
   return objc::send<NSLayoutConstraint*, "constraintLessThanOrEqualToAnchor:">(self, other);
 }
 
-void speakRightToLeft() {
+void useRightToLeftLayout() {
   uikit::Environment environment;
   environment.direction = uikit::LayoutDirection::RightToLeft;
   uikit::setEnvironment(environment);
@@ -34,8 +34,8 @@ TEST_F(Constraints, PlaceAViewByItsCenterAndDimensions) {
   const auto view = addConstrainedView(root);
   view->centerXAnchor()->equalTo(root->centerXAnchor())->setActive(true);
   view->centerYAnchor()->equalTo(root->centerYAnchor(), 5)->setActive(true);
-  dimension(view->widthAnchor(), root->widthAnchor(), 0.25)->setActive(true);
-  dimension(view->heightAnchor(), view->widthAnchor(), 0.5)->setActive(true);
+  equalDimension(view->widthAnchor(), root->widthAnchor(), 0.25)->setActive(true);
+  equalDimension(view->heightAnchor(), view->widthAnchor(), 0.5)->setActive(true);
   root->layoutIfNeeded();
   EXPECT_EQ(view->frame(), (CGRect{{150, 130}, {100, 50}}));
 }
@@ -51,7 +51,7 @@ TEST_F(Constraints, FollowTheSuperviewsSize) {
   EXPECT_EQ(view->frame(), (CGRect{{}, {500, 10}}));
 }
 
-TEST_F(Constraints, ReachAcrossLevelsOfTheTree) {
+TEST_F(Constraints, ConnectViewsAtDifferentLevelsOfTheTree) {
   const auto panel = addView(root, {{100, 50}, {200, 200}});
   const auto inner = addConstrainedView(panel);
   const auto outer = addConstrainedView(root);
@@ -67,23 +67,23 @@ TEST_F(Constraints, ReachAcrossLevelsOfTheTree) {
   EXPECT_EQ(outer->frame(), (CGRect{{35, 35}, {1, 1}}));
 }
 
-TEST_F(Constraints, ChangedConstantMovesAtTheNextLayout) {
+TEST_F(Constraints, ChangedConstantTakesEffectAtTheNextLayout) {
   const auto view = addConstrainedView(root);
   pinTopLeft(view, root, 0, 0);
   fixSize(view, 10, 10);
   const auto top = objc::retain(view->topAnchor()->equalTo(root->topAnchor(), 0));
   root->layoutIfNeeded();
-  NSLayoutConstraint* held =
+  NSLayoutConstraint* constraint =
       static_cast<NSLayoutConstraint*>(objc::send<NSArray*, "constraints">(root.get())->objectAtIndex(1));
-  held->setConstant(33.5);
-  EXPECT_EQ(held->constant(), 33.5);
+  constraint->setConstant(33.5);
+  EXPECT_EQ(constraint->constant(), 33.5);
   EXPECT_EQ(view->frame().origin.y, 0);
   root->layoutIfNeeded();
   EXPECT_EQ(view->frame().origin.y, 33.5);
 }
 
-TEST_F(Constraints, LeadingIsRightWhereReadingGoesLeft) {
-  speakRightToLeft();
+TEST_F(Constraints, LeadingIsRightInRightToLeftLayout) {
+  useRightToLeftLayout();
   const auto view = addConstrainedView(root);
   pinTopLeft(view, root, 10, 0);
   view->trailingAnchor()->equalTo(root->trailingAnchor(), -50)->setActive(true);
@@ -94,12 +94,12 @@ TEST_F(Constraints, LeadingIsRightWhereReadingGoesLeft) {
   fixSize(badge, 8, 8);
   root->layoutIfNeeded();
   EXPECT_EQ(view->frame(), (CGRect{{50, 0}, {340, 1}}));
-  // The middle of the view is at 220; the badge leads from 5 points to its left.
+  // The center of the view is at x = 220. The leading (right) edge of the badge is 5 points to the left of it.
   EXPECT_EQ(badge->frame().origin.x, 207);
 }
 
-TEST_F(Constraints, AtLeastPushesTheOtherWayWhereReadingGoesLeft) {
-  speakRightToLeft();
+TEST_F(Constraints, AtLeastIsMirroredInRightToLeftLayout) {
+  useRightToLeftLayout();
   const auto view = addConstrainedView(root);
   view->leadingAnchor()->atLeast(root->leadingAnchor(), 30)->setActive(true);
   withPriority(view->leadingAnchor()->equalTo(root->leadingAnchor()), 500)->setActive(true);
@@ -109,8 +109,8 @@ TEST_F(Constraints, AtLeastPushesTheOtherWayWhereReadingGoesLeft) {
   EXPECT_EQ(view->frame().origin.x, 350);
 }
 
-TEST_F(Constraints, LeftAndForcedDirectionsIgnoreTheLanguage) {
-  speakRightToLeft();
+TEST_F(Constraints, LeftAnchorsAndForcedDirectionsIgnoreTheLanguage) {
+  useRightToLeftLayout();
   const auto left = addConstrainedView(root);
   const auto anchor = [](UIView* view) { return objc::send<NSLayoutAnchor*, "leftAnchor">(view); };
   anchor(left)->equalTo(anchor(root), 10)->setActive(true);
@@ -134,7 +134,7 @@ TEST_F(Constraints, HigherPriorityWins) {
   EXPECT_EQ(view->frame().size.width, 70);
 }
 
-TEST_F(Constraints, IntrinsicSizeHoldsAgainstWeakAndYieldsToStrong) {
+TEST_F(Constraints, IntrinsicSizeOutranksLowPrioritiesAndYieldsToHighOnes) {
   const auto weak = ParagraphView::withLength(10);
   const auto strong = ParagraphView::withLength(10);
   for (const auto& view : {weak, strong}) {
@@ -148,7 +148,7 @@ TEST_F(Constraints, IntrinsicSizeHoldsAgainstWeakAndYieldsToStrong) {
   EXPECT_EQ(strong->frame().size, (CGSize{60, 20}));
 }
 
-TEST_F(Constraints, ParagraphIsAsHighAsItsWidthMakesIt) {
+TEST_F(Constraints, ParagraphHeightFollowsItsWidth) {
   const auto text = ParagraphView::withLength(30);
   root->addSubview(text);
   pinTopLeft(text, root, 16, 0);
@@ -163,7 +163,7 @@ TEST_F(Constraints, ParagraphIsAsHighAsItsWidthMakesIt) {
   EXPECT_EQ(text->frame().size.height, 10);
 }
 
-TEST_F(Constraints, HeightThatOnlyHasLeastsIsTheSmallestOfThem) {
+TEST_F(Constraints, HeightWithOnlyMinimumsIsTheSmallestPossible) {
   const auto banner = addConstrainedView(root);
   const auto icon = addConstrainedView(banner);
   const auto text = ParagraphView::withLength(60);
@@ -179,8 +179,8 @@ TEST_F(Constraints, HeightThatOnlyHasLeastsIsTheSmallestOfThem) {
   banner->bottomAnchor()->atLeast(text->bottomAnchor(), 16.67)->setActive(true);
   banner->bottomAnchor()->atLeast(icon->bottomAnchor(), 16.67)->setActive(true);
   pinTopLeft(buttons, banner, 15, 0);
-  NSArray* held = objc::send<NSArray*, "constraints">(banner.get());
-  static_cast<NSLayoutConstraint*>(held->objectAtIndex(held->count() - 1))->setActive(false);
+  NSArray* constraints = objc::send<NSArray*, "constraints">(banner.get());
+  static_cast<NSLayoutConstraint*>(constraints->objectAtIndex(constraints->count() - 1))->setActive(false);
   buttons->topAnchor()->atLeast(text->bottomAnchor(), 8)->setActive(true);
   buttons->topAnchor()->atLeast(icon->bottomAnchor(), 8)->setActive(true);
   fixSize(buttons, 100, 36);
@@ -190,7 +190,7 @@ TEST_F(Constraints, HeightThatOnlyHasLeastsIsTheSmallestOfThem) {
   EXPECT_EQ(buttons->frame().origin.y, 97);
 }
 
-TEST_F(Constraints, AutoresizedViewInsideAPlacedOneGrowsWithIt) {
+TEST_F(Constraints, AutoresizedViewInsideAConstrainedViewGrowsWithIt) {
   const auto panel = addConstrainedView(root);
   pinTopLeft(panel, root, 0, 0);
   const auto backdrop = addView(panel, {});
@@ -205,7 +205,7 @@ TEST_F(Constraints, AutoresizedViewInsideAPlacedOneGrowsWithIt) {
   EXPECT_EQ(mark->frame().origin.x, 119);
 }
 
-TEST_F(Constraints, AtMostLimits) {
+TEST_F(Constraints, AtMostLimitsTheWidth) {
   const auto text = ParagraphView::withLength(100);
   root->addSubview(text);
   pinTopLeft(text, root, 0, 0);

@@ -7,13 +7,13 @@
 #include "simulator/uikit/views/cg_color.hpp"
 #include "simulator/uikit/views/view_record.hpp"
 #include "simulator/uikit/views/window.hpp"
-#include "tests/uikit/content.hpp"
+#include "tests/uikit/view_content.hpp"
 
 namespace test {
 
 namespace {
 
-class Damage : public Stage {
+class Damage : public UIKitTest {
  public:
   static UIView* addRed(UIView* parent, CGRect frame) {
     const auto view = addView(parent, frame);
@@ -28,11 +28,11 @@ class Damage : public Stage {
     window->addSubview(backdrop);
   }
 
-  // "x,y widthxheight" of each rectangle that differs from the last time, at one pixel a point.
+  // Returns "X,Y WIDTHxHEIGHT" for each rectangle that changed since the last call, at scale 1.
   std::string takeDamage() {
     uikit::ScreenContents after = contents();
-    const drawing::RegionHandle region = uikit::differingPixels(before, after);
-    before = std::move(after);
+    const drawing::RegionHandle region = uikit::differingPixels(previous_, after);
+    previous_ = std::move(after);
     std::string text;
     for (int index = 0; index < cairo_region_num_rectangles(region.get()); ++index) {
       cairo_rectangle_int_t part;
@@ -52,37 +52,37 @@ class Damage : public Stage {
     return uikit::contentsOfScreen(drawing::Canvas({screen.width, screen.height}, 1));
   }
 
-  uikit::ScreenContents before;
+  uikit::ScreenContents previous_;
 };
 
 }  // namespace
 
-TEST_F(Damage, IsNothingWhereNothingChanged) {
+TEST_F(Damage, IsEmptyWithoutAChange) {
   addRed(window, {{10, 10}, {20, 20}});
   takeDamage();
   uikit::setNeedsLayout(window);
   EXPECT_EQ(takeDamage(), "");
 }
 
-TEST_F(Damage, IsTheOldAndTheNewPlaceOfAViewThatMoved) {
+TEST_F(Damage, CoversTheOldAndNewFrameOfAMovedView) {
   UIView* view = addRed(window, {{10, 10}, {20, 20}});
   takeDamage();
   view->setFrame({{100, 10.5}, {20, 20}});
   EXPECT_EQ(takeDamage(), "10,10 20x20 100,10 20x20 100,30 20x1");
 }
 
-TEST_F(Damage, IsTheViewThatCameOrWentAndNoOther) {
+TEST_F(Damage, CoversOnlyTheAddedOrRemovedView) {
   addRed(window, {{10, 10}, {20, 20}});
-  UIView* coming = addRed(window, {{50, 10}, {20, 20}});
+  UIView* view = addRed(window, {{50, 10}, {20, 20}});
   addRed(window, {{90, 10}, {20, 20}});
   takeDamage();
-  coming->removeFromSuperview();
+  view->removeFromSuperview();
   EXPECT_EQ(takeDamage(), "50,10 20x20");
   addRed(window, {{50, 50}, {20, 20}});
   EXPECT_EQ(takeDamage(), "50,50 20x20");
 }
 
-TEST_F(Damage, IsWhatSwappedItsOrder) {
+TEST_F(Damage, CoversViewsWhoseOrderChanged) {
   UIView* lower = addRed(window, {{10, 10}, {20, 20}});
   addRed(window, {{20, 20}, {20, 20}});
   takeDamage();
@@ -90,7 +90,7 @@ TEST_F(Damage, IsWhatSwappedItsOrder) {
   EXPECT_EQ(takeDamage(), "10,10 20x10 10,20 30x10 20,30 20x10");
 }
 
-TEST_F(Damage, IsAllInsideAViewWhoseOpacityChanged) {
+TEST_F(Damage, CoversTheSubviewsOfAViewWhoseOpacityChanged) {
   const auto container = addView(window, {{10, 10}, {20, 20}});
   addRed(container, {{100, 0}, {5, 5}});
   takeDamage();
@@ -98,7 +98,7 @@ TEST_F(Damage, IsAllInsideAViewWhoseOpacityChanged) {
   EXPECT_EQ(takeDamage(), "110,10 5x5");
 }
 
-TEST_F(Damage, IsWhatIsCutOffFromNowOn) {
+TEST_F(Damage, CoversContentThatClippingRemoves) {
   const auto container = addView(window, {{10, 10}, {20, 20}});
   addRed(container, {{10, 0}, {50, 5}});
   takeDamage();
@@ -106,7 +106,7 @@ TEST_F(Damage, IsWhatIsCutOffFromNowOn) {
   EXPECT_EQ(takeDamage(), "10,10 60x5 10,15 20x15");
 }
 
-TEST_F(Damage, IsNothingForAViewThatIsNotToBeSeen) {
+TEST_F(Damage, IsEmptyForAnInvisibleView) {
   UIView* view = addRed(window, {{10, 10}, {20, 20}});
   view->setHidden(true);
   takeDamage();
@@ -118,17 +118,17 @@ TEST_F(Damage, IsNothingForAViewThatIsNotToBeSeen) {
   EXPECT_EQ(takeDamage(), "");
 }
 
-TEST_F(Damage, IsWhereTextChanged) {
+TEST_F(Damage, CoversALabelWhoseTextChanged) {
   auto label = UIView::withFrame<UILabel>({{100, 100}, {100, 20}});
   label->setText(string("one"));
   window->addSubview(label);
   takeDamage();
   label->setText(string("two"));
-  const std::string margin = "83,83 134x54";  // of the font's size, for glyphs that reach beyond their line
-  EXPECT_EQ(takeDamage(), margin);
+  // The margin is the font size, for glyphs that extend beyond their line.
+  EXPECT_EQ(takeDamage(), "83,83 134x54");
 }
 
-TEST_F(Damage, IsWhereTextTurnsToTheOtherSide) {
+TEST_F(Damage, CoversALabelWhoseDirectionChanged) {
   auto label = UIView::withFrame<UILabel>({{100, 100}, {100, 20}});
   label->setText(string("123"));
   window->addSubview(label);
@@ -137,7 +137,7 @@ TEST_F(Damage, IsWhereTextTurnsToTheOtherSide) {
   EXPECT_NE(takeDamage(), "");
 }
 
-TEST_F(Damage, IsAllOfABackdropWithSomethingMovingBeneathAnEdge) {
+TEST_F(Damage, CoversABackdropIfContentNearItsEdgeMoves) {
   UIView* beneath = addRed(window, {{0, 190}, {10, 10}});
   addBackdrop({{0, 200}, {50, 50}});
   takeDamage();
@@ -145,7 +145,7 @@ TEST_F(Damage, IsAllOfABackdropWithSomethingMovingBeneathAnEdge) {
   EXPECT_EQ(takeDamage(), "0,189 10x11 0,200 50x50");
 }
 
-TEST_F(Damage, IsAlsoWhatLiesOverWhatABackdropIsMadeOf) {
+TEST_F(Damage, CoversViewsInTheAreaThatABackdropSamples) {
   UIView* beneath = addRed(window, {{0, 190}, {10, 10}});
   addBackdrop({{0, 200}, {50, 50}});
   addRed(window, {{60, 200}, {10, 10}});
@@ -155,12 +155,12 @@ TEST_F(Damage, IsAlsoWhatLiesOverWhatABackdropIsMadeOf) {
   EXPECT_EQ(takeDamage(), "0,190 10x10 0,200 50x10 60,200 10x10 0,210 50x40");
 }
 
-TEST_F(Damage, DoesNotTouchAPictureThatSomebodyKeeps) {
+TEST_F(Damage, DoesNotChangeARetainedScreenImage) {
   UIView* view = addRed(window, {{10, 10}, {20, 20}});
-  const auto kept = uikit::renderScreen(1);
+  const auto retained = uikit::renderScreen(1);
   view->setFrame({{100, 100}, {20, 20}});
   EXPECT_EQ(uikit::renderScreen(1)->pixel(15, 15), 0xff000000);
-  EXPECT_EQ(kept->pixel(15, 15), 0xffff0000);
+  EXPECT_EQ(retained->pixel(15, 15), 0xffff0000);
 }
 
 TEST_F(Damage, FollowsAnAnimation) {

@@ -2,19 +2,19 @@
 
 #include <limits>
 
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/uikit_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-class Geometry : public Stage {};
+class Geometry : public UIKitTest {};
 
 CGPoint centerOf(UIView* view) { return objc::send<CGPoint, "center">(view); }
 
 CGRect resizedFrame(NSUInteger mask, CGRect frame, CGSize from, CGSize to) {
   const auto parent = UIView::withFrame<UIView>({{}, from});
-  const auto child = Stage::addView(parent, frame);
+  const auto child = UIKitTest::addView(parent, frame);
   child->setAutoresizingMask(mask);
   parent->setFrame({{}, to});
   return child->frame();
@@ -41,7 +41,7 @@ TEST_F(Geometry, BoundsGrowAroundTheCenter) {
   EXPECT_EQ(view->frame(), (CGRect{{0, 15}, {40, 10}}));
 }
 
-TEST_F(Geometry, NegativeSizesAreTurnedAroundAndWhatIsNoNumberIsLeftOut) {
+TEST_F(Geometry, NegativeSizesAreNormalizedAndNonNumbersIgnored) {
   const auto view = UIView::withFrame<UIView>({{10, 10}, {-4, 6}});
   EXPECT_EQ(view->frame(), (CGRect{{6, 10}, {4, 6}}));
   view->setFrame({{std::numeric_limits<double>::quiet_NaN(), 0}, {1, 1}});
@@ -56,11 +56,11 @@ TEST_F(Geometry, ConvertsBetweenViewsAndScrolledBounds) {
   objc::send<void, "setBounds:">(right.get(), CGRect{{0, 20}, {100, 100}});
   const auto converted = objc::send<CGPoint, "convertPoint:toView:">(inner.get(), CGPoint{1, 1}, left.get());
   EXPECT_EQ(converted, (CGPoint{146, 26}));
-  const auto back = objc::send<CGPoint, "convertPoint:fromView:">(inner.get(), converted, left.get());
-  EXPECT_EQ(back, (CGPoint{1, 1}));
+  const auto convertedBack = objc::send<CGPoint, "convertPoint:fromView:">(inner.get(), converted, left.get());
+  EXPECT_EQ(convertedBack, (CGPoint{1, 1}));
 }
 
-TEST_F(Geometry, ConvertsToTheWindowWithoutAView) {
+TEST_F(Geometry, ConvertsToTheWindowIfTheOtherViewIsNil) {
   const auto window = makeWindow();
   window->setFrame({{7, 9}, {100, 100}});
   const auto view = addView(window, {{10, 20}, {30, 40}});
@@ -86,7 +86,7 @@ TEST_F(Geometry, FlexibleMarginKeepsTheOtherSide) {
             (CGRect{{60, 0}, {30, 10}}));
 }
 
-TEST_F(Geometry, FlexiblePartsShareInProportion) {
+TEST_F(Geometry, FlexibleMarginsShareTheChangeInProportion) {
   EXPECT_EQ(
       resizedFrame(uikit::FlexibleLeftMargin | uikit::FlexibleRightMargin, {{30, 0}, {60, 10}}, {100, 10}, {140, 10}),
       (CGRect{{60, 0}, {60, 10}}));
@@ -101,7 +101,7 @@ TEST_F(Geometry, ViewsPlacedByConstraintsAreNotAutoresized) {
   EXPECT_EQ(child->frame(), (CGRect{{}, {100, 100}}));
 }
 
-TEST_F(Geometry, SafeAreaIsTheDevicesLessWhatLiesOutside) {
+TEST_F(Geometry, SafeAreaIsTheOverlapWithTheInsetsOfTheDevice) {
   const auto window = makeWindow();
   EXPECT_EQ(window->safeAreaInsets(), (UIEdgeInsets{44, 0, 34, 0}));
   EXPECT_EQ(addView(window, {{0, 10}, {375, 792}})->safeAreaInsets(), (UIEdgeInsets{34, 0, 24, 0}));
@@ -116,7 +116,7 @@ TEST_F(Geometry, SafeAreaWithoutRoundedCornersIsTheStatusBar) {
   EXPECT_EQ(makeWindow()->safeAreaInsets(), (UIEdgeInsets{20, 0, 0, 0}));
 }
 
-TEST(DeviceProfiles, UnknownNameHasNone) {
+TEST(DeviceProfiles, UnknownNameHasNoProfile) {
   EXPECT_EQ(base::findDeviceProfile("toaster"), nullptr);
   EXPECT_EQ(base::deviceProfiles().size(), 4U);
   EXPECT_EQ(base::defaultDeviceProfile().name, "iphone-x");

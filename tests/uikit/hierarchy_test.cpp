@@ -1,17 +1,17 @@
 #include "simulator/uikit/views/window.hpp"
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/uikit_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-class Hierarchy : public Stage {};
+class Hierarchy : public UIKitTest {};
 
-Journal classesOf(NSArray* views) {
-  Journal names;
+Log tagsOf(NSArray* views) {
+  Log tags;
   for (NSUInteger index = 0; index < views->count(); ++index)
-    names.push_back(std::to_string(objc::send<NSInteger, "tag">(views->objectAtIndex(index))));
-  return names;
+    tags.push_back(std::to_string(objc::send<NSInteger, "tag">(views->objectAtIndex(index))));
+  return tags;
 }
 
 void setTag(UIView* view, NSInteger tag) { objc::send<void, "setTag:">(view, tag); }
@@ -20,15 +20,15 @@ void insertAt(UIView* parent, UIView* child, NSInteger index) {
   objc::send<void, "insertSubview:atIndex:">(parent, child, index);
 }
 
-class Three : public Hierarchy {
+class SubviewOrder : public Hierarchy {
  public:
-  Three() {
+  SubviewOrder() {
     for (NSInteger tag = 1; tag <= 3; ++tag) {
       children.push_back(addView(parent, {}));
       setTag(children.back(), tag);
     }
   }
-  Journal order() const { return classesOf(parent->subviews()); }
+  Log order() const { return tagsOf(parent->subviews()); }
 
   objc::Ref<UIView> parent = UIView::withFrame<UIView>({});
   std::vector<objc::Ref<UIView>> children;
@@ -36,72 +36,72 @@ class Three : public Hierarchy {
 
 }  // namespace
 
-TEST_F(Three, AreInTheOrderOfTheirAddition) { EXPECT_EQ(order(), (Journal{"1", "2", "3"})); }
+TEST_F(SubviewOrder, IsTheOrderOfAddition) { EXPECT_EQ(order(), (Log{"1", "2", "3"})); }
 
-TEST_F(Three, CanBeBroughtToTheFrontAndSentToTheBack) {
+TEST_F(SubviewOrder, ChangesWithBringToFrontAndSendToBack) {
   parent->bringSubviewToFront(children[0]);
-  EXPECT_EQ(order(), (Journal{"2", "3", "1"}));
+  EXPECT_EQ(order(), (Log{"2", "3", "1"}));
   parent->sendSubviewToBack(children[2]);
-  EXPECT_EQ(order(), (Journal{"3", "2", "1"}));
+  EXPECT_EQ(order(), (Log{"3", "2", "1"}));
 }
 
-TEST_F(Three, TakeAnotherAtAnIndexAndBeyondTheEndAtTheFront) {
+TEST_F(SubviewOrder, InsertionIndexBeyondTheEndAddsAtTheFront) {
   const auto fourth = UIView::withFrame<UIView>({});
   const auto fifth = UIView::withFrame<UIView>({});
   setTag(fourth, 4);
   setTag(fifth, 5);
   insertAt(parent, fourth, 1);
   insertAt(parent, fifth, 99);
-  EXPECT_EQ(order(), (Journal{"1", "4", "2", "3", "5"}));
+  EXPECT_EQ(order(), (Log{"1", "4", "2", "3", "5"}));
 }
 
-TEST_F(Three, TakeAnotherBesideOne) {
+TEST_F(SubviewOrder, ChangesWithInsertionBesideASubview) {
   objc::send<void, "insertSubview:belowSubview:">(parent.get(), children[2].get(), children[1].get());
-  EXPECT_EQ(order(), (Journal{"1", "3", "2"}));
+  EXPECT_EQ(order(), (Log{"1", "3", "2"}));
   objc::send<void, "insertSubview:aboveSubview:">(parent.get(), children[0].get(), children[1].get());
-  EXPECT_EQ(order(), (Journal{"3", "2", "1"}));
+  EXPECT_EQ(order(), (Log{"3", "2", "1"}));
 }
 
-TEST_F(Three, AreASnapshotThatLaterChangesLeaveAlone) {
+TEST_F(SubviewOrder, SubviewsArrayIsASnapshot) {
   NSArray* before = parent->subviews();
   children[0]->removeFromSuperview();
   EXPECT_EQ(before->count(), 3U);
   EXPECT_EQ(parent->subviews()->count(), 2U);
 }
 
-TEST_F(Hierarchy, TellsOfArrivalInAWindowInOrder) {
+TEST_F(Hierarchy, MovingToAWindowSendsMessagesInOrder) {
   const auto window = makeWindow();
   const auto parent = ProbeView::named("parent");
   window->addSubview(parent);
-  takeJournal();
+  takeLog();
   const auto child = ProbeView::named("child");
   parent->addSubview(child);
-  EXPECT_EQ(takeJournal(), (Journal{"child willMoveToSuperview parent", "child willMoveToWindow UIWindow",
-                                    "child didMoveToWindow UIWindow", "child didMoveToSuperview parent",
-                                    "parent didAddSubview child"}));
+  EXPECT_EQ(takeLog(),
+            (Log{"child willMoveToSuperview parent", "child willMoveToWindow UIWindow",
+                 "child didMoveToWindow UIWindow", "child didMoveToSuperview parent", "parent didAddSubview child"}));
 }
 
-TEST_F(Hierarchy, TellsOfRemovalWithoutASuperview) {
+TEST_F(Hierarchy, RemovalSendsMessagesWithANilSuperview) {
   const auto parent = ProbeView::named("parent");
   const auto child = ProbeView::named("child");
   parent->addSubview(child);
-  takeJournal();
+  takeLog();
   child->removeFromSuperview();
-  EXPECT_EQ(takeJournal(), (Journal{"child willMoveToSuperview nil", "parent willRemoveSubview child",
-                                    "child didMoveToSuperview nil"}));
+  EXPECT_EQ(takeLog(),
+            (Log{"child willMoveToSuperview nil", "parent willRemoveSubview child", "child didMoveToSuperview nil"}));
   child->removeFromSuperview();
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
 }
 
-TEST_F(Hierarchy, TellsOnceOfAMoveFromOneSuperviewToAnother) {
+TEST_F(Hierarchy, MoveBetweenSuperviewsSendsEachMessageOnce) {
   const auto first = ProbeView::named("first");
   const auto second = ProbeView::named("second");
   const auto child = ProbeView::named("child");
   first->addSubview(child);
-  takeJournal();
+  takeLog();
   second->addSubview(child);
-  EXPECT_EQ(takeJournal(), (Journal{"child willMoveToSuperview second", "first willRemoveSubview child",
-                                    "child didMoveToSuperview second", "second didAddSubview child"}));
+  EXPECT_EQ(takeLog(), (Log{"child willMoveToSuperview second", "first willRemoveSubview child",
+                            "child didMoveToSuperview second", "second didAddSubview child"}));
   EXPECT_EQ(first->subviews()->count(), 0U);
 }
 
@@ -110,26 +110,26 @@ TEST_F(Hierarchy, AddingAgainOnlyBringsToTheFront) {
   const auto child = ProbeView::named("child");
   parent->addSubview(child);
   addView(parent, {});
-  takeJournal();
+  takeLog();
   parent->addSubview(child);
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
   EXPECT_EQ(parent->subviews()->objectAtIndex(1), child.get());
 }
 
-TEST_F(Hierarchy, TellsEveryViewInsideOfTheWindow) {
+TEST_F(Hierarchy, NestedViewsAreNotifiedOfTheWindow) {
   const auto window = makeWindow();
   const auto outer = ProbeView::named("outer");
   const auto inner = ProbeView::named("inner");
   outer->addSubview(inner);
-  takeJournal();
+  takeLog();
   window->addSubview(outer);
-  EXPECT_EQ(takeJournal(), (Journal{"outer willMoveToSuperview UIWindow", "outer willMoveToWindow UIWindow",
-                                    "inner willMoveToWindow UIWindow", "outer didMoveToWindow UIWindow",
-                                    "inner didMoveToWindow UIWindow", "outer didMoveToSuperview UIWindow"}));
+  EXPECT_EQ(takeLog(), (Log{"outer willMoveToSuperview UIWindow", "outer willMoveToWindow UIWindow",
+                            "inner willMoveToWindow UIWindow", "outer didMoveToWindow UIWindow",
+                            "inner didMoveToWindow UIWindow", "outer didMoveToSuperview UIWindow"}));
   EXPECT_EQ(inner->window(), window.get());
 }
 
-TEST_F(Hierarchy, RefusesAViewInsideItself) {
+TEST_F(Hierarchy, RejectsAViewInsideItself) {
   const auto outer = UIView::withFrame<UIView>({});
   const auto inner = addView(outer, {});
   inner->addSubview(outer);
@@ -139,13 +139,13 @@ TEST_F(Hierarchy, RefusesAViewInsideItself) {
   EXPECT_EQ(outer->subviews()->count(), 1U);
 }
 
-TEST_F(Hierarchy, ReleasedTreeFreesAllOfIt) {
+TEST_F(Hierarchy, ReleasedTreeIsDeallocatedCompletely) {
   const int before = livingObjects();
   {
     const auto window = makeWindow();
     auto outer = ProbeView::named("outer");
     const auto inner = ProbeView::named("inner");
-    const auto target = objc::make<ActionTarget>();
+    const auto target = objc::make<RecognizerTarget>();
     window->addSubview(outer);
     outer->addSubview(inner);
     inner->setTranslatesAutoresizingMaskIntoConstraints(false);
@@ -161,7 +161,7 @@ TEST_F(Hierarchy, ReleasedTreeFreesAllOfIt) {
   EXPECT_EQ(livingObjects(), before);
 }
 
-TEST_F(Hierarchy, OutlivingSubviewHasNoSuperview) {
+TEST_F(Hierarchy, SubviewThatOutlivesItsSuperviewHasNone) {
   const auto child = UIView::withFrame<UIView>({});
   {
     const auto parent = UIView::withFrame<UIView>({});
@@ -170,7 +170,7 @@ TEST_F(Hierarchy, OutlivingSubviewHasNoSuperview) {
   EXPECT_EQ(child->superview(), nullptr);
 }
 
-TEST_F(Hierarchy, RemovedViewResignsFirst) {
+TEST_F(Hierarchy, RemovedViewResignsFirstResponder) {
   const auto window = makeWindow();
   const auto outer = ProbeView::named("outer");
   const auto inner = ProbeView::named("inner");
@@ -180,23 +180,23 @@ TEST_F(Hierarchy, RemovedViewResignsFirst) {
   window->makeKeyAndVisible();
   EXPECT_TRUE(inner->becomeFirstResponder());
   EXPECT_EQ(uikit::firstResponder(), inner.get());
-  takeJournal();
+  takeLog();
   outer->removeFromSuperview();
-  EXPECT_EQ(takeJournal()[1], "inner resigns");
+  EXPECT_EQ(takeLog()[1], "inner resigns");
   EXPECT_EQ(uikit::firstResponder(), nullptr);
   EXPECT_FALSE(inner->isFirstResponder());
 }
 
-TEST_F(Hierarchy, NewFirstResponderTakesOverFromTheOld) {
+TEST_F(Hierarchy, NewFirstResponderReplacesTheOldOne) {
   const auto window = makeWindow();
   const auto first = ProbeView::named("first");
   const auto second = ProbeView::named("second");
   window->addSubview(first);
   window->addSubview(second);
   first->becomeFirstResponder();
-  takeJournal();
+  takeLog();
   EXPECT_TRUE(second->becomeFirstResponder());
-  EXPECT_EQ(takeJournal(), Journal{"first resigns"});
+  EXPECT_EQ(takeLog(), Log{"first resigns"});
   EXPECT_TRUE(second->isFirstResponder());
   EXPECT_FALSE(first->isFirstResponder());
 }
@@ -215,7 +215,7 @@ TEST_F(Hierarchy, ResponderChainGoesThroughControllersToTheApplication) {
   uikit::setSharedApplication(nullptr);
 }
 
-TEST_F(Hierarchy, GestureRecognizersAreAnInstanceVariableThatIsNilWithoutAny) {
+TEST_F(Hierarchy, GestureRecognizersVariableIsNilWithoutRecognizers) {
   const auto view = UIView::withFrame<UIView>({});
   const Ivar variable = class_getInstanceVariable(UIView::classObject(), "_gestureRecognizers");
   ASSERT_NE(variable, nullptr);

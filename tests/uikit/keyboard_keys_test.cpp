@@ -1,9 +1,9 @@
-// The keys of the on-screen keyboard: where they lie, and which letters each language has.
+// Tests of the keys of the on-screen keyboard: their frames, and the letters of each language.
 #include <algorithm>
 #include <set>
 
 #include "simulator/uikit/keyboard/keyboard_key.hpp"
-#include "tests/uikit/content.hpp"
+#include "tests/uikit/view_content.hpp"
 
 namespace test {
 
@@ -11,21 +11,21 @@ namespace {
 
 using uikit::KeyRole;
 
-using KeyboardKeys = Stage;
+using KeyboardKeys = UIKitTest;
 
-bool areApart(const CGRect& a, const CGRect& b) {
+bool doNotOverlap(const CGRect& a, const CGRect& b) {
   return a.origin.x + a.size.width <= b.origin.x || b.origin.x + b.size.width <= a.origin.x ||
          a.origin.y + a.size.height <= b.origin.y || b.origin.y + b.size.height <= a.origin.y;
 }
 
-void expectInsideAndApart(const std::vector<uikit::Key>& keys, const uikit::KeyboardSize& size) {
+void expectInsideWithoutOverlap(const std::vector<uikit::Key>& keys, const uikit::KeyboardSize& size) {
   for (std::size_t first = 0; first < keys.size(); ++first) {
     const CGRect& frame = keys[first].frame;
     EXPECT_GE(frame.origin.x, 0);
     EXPECT_LE(frame.origin.x + frame.size.width, size.width);
     EXPECT_LE(frame.origin.y + frame.size.height, size.height());
     for (std::size_t second = first + 1; second < keys.size(); ++second)
-      EXPECT_TRUE(areApart(frame, keys[second].frame)) << keys[first].label << " and " << keys[second].label;
+      EXPECT_TRUE(doNotOverlap(frame, keys[second].frame)) << keys[first].label << " and " << keys[second].label;
   }
 }
 
@@ -42,7 +42,7 @@ std::size_t count(const std::vector<uikit::Key>& keys, KeyRole role) {
   return static_cast<std::size_t>(std::ranges::count(keys, role, &uikit::Key::role));
 }
 
-// The letters row by row.
+// The labels of the character keys. Rows are separated by spaces.
 std::string lettersOn(const std::vector<uikit::Key>& keys) {
   std::string letters;
   double row = 0;
@@ -55,14 +55,14 @@ std::string lettersOn(const std::vector<uikit::Key>& keys) {
   return letters;
 }
 
-constexpr uikit::KeyboardSize usualSize = {375, 34};
+constexpr uikit::KeyboardSize defaultSize = {375, 34};
 
-TEST_F(KeyboardKeys, LieInsideAndApart) {
+TEST_F(KeyboardKeys, AreInsideTheKeyboardAndDoNotOverlap) {
   using enum uikit::KeyboardPlane;
   for (const char* locale : locales) {
-    for (const uikit::KeyboardSize size : {uikit::KeyboardSize{320, 0}, usualSize, {414, 34}})
+    for (const uikit::KeyboardSize size : {uikit::KeyboardSize{320, 0}, defaultSize, {414, 34}})
       for (const auto plane : {Letters, Numbers, Symbols})
-        expectInsideAndApart(keysFor(locale, size, uikit::Shift::On, plane), size);
+        expectInsideWithoutOverlap(keysFor(locale, size, uikit::Shift::On, plane), size);
   }
 }
 
@@ -71,15 +71,15 @@ TEST_F(KeyboardKeys, AreWideEnoughForAFinger) {
     for (const uikit::Key& key : keysFor(locale, {320, 0})) EXPECT_GT(key.frame.size.width, 15) << locale;
 }
 
-struct Letters {
+struct ExpectedLetters {
   const char* locale;
-  const char* small;
-  const char* capital;
+  const char* lowercase;
+  const char* uppercase;
 };
 
-TEST_F(KeyboardKeys, LettersAreThoseOfTheLanguage) {
-  for (const Letters& wanted : {
-           Letters{"en_US", "qwertyuiop asdfghjkl zxcvbnm", "QWERTYUIOP ASDFGHJKL ZXCVBNM"},
+TEST_F(KeyboardKeys, LettersMatchTheLanguage) {
+  for (const ExpectedLetters& expected : {
+           ExpectedLetters{"en_US", "qwertyuiop asdfghjkl zxcvbnm", "QWERTYUIOP ASDFGHJKL ZXCVBNM"},
            {"de_AT", "qwertzuiopü asdfghjklöä yxcvbnm", "QWERTZUIOPÜ ASDFGHJKLÖÄ YXCVBNM"},
            {"fr_FR", "azertyuiop qsdfghjklm wxcvbn", "AZERTYUIOP QSDFGHJKLM WXCVBN"},
            {"es_MX", "qwertyuiop asdfghjklñ zxcvbnm", "QWERTYUIOP ASDFGHJKLÑ ZXCVBNM"},
@@ -90,38 +90,40 @@ TEST_F(KeyboardKeys, LettersAreThoseOfTheLanguage) {
            {"de", "qwertzuiopü asdfghjklöä yxcvbnm", "QWERTZUIOPÜ ASDFGHJKLÖÄ YXCVBNM"},
            {"", "qwertyuiop asdfghjkl zxcvbnm", "QWERTYUIOP ASDFGHJKL ZXCVBNM"},
        }) {
-    EXPECT_EQ(lettersOn(keysFor(wanted.locale, usualSize, uikit::Shift::Off)), wanted.small) << wanted.locale;
-    EXPECT_EQ(lettersOn(keysFor(wanted.locale, usualSize, uikit::Shift::On)), wanted.capital) << wanted.locale;
+    EXPECT_EQ(lettersOn(keysFor(expected.locale, defaultSize, uikit::Shift::Off)), expected.lowercase)
+        << expected.locale;
+    EXPECT_EQ(lettersOn(keysFor(expected.locale, defaultSize, uikit::Shift::On)), expected.uppercase)
+        << expected.locale;
   }
 }
 
-// The letter itself where its script has no capitals.
-std::string capitalOf(const std::string& letter, const char* locale) {
+// Returns the letter itself if its script has no uppercase.
+std::string uppercaseOf(const std::string& letter, const char* locale) {
   if (letter == "i" && std::string(locale).starts_with("tr")) return "İ";
   return text(objc::send<NSString*, "uppercaseString">(NSString::stringWithUTF8String(letter.c_str())));
 }
 
-TEST_F(KeyboardKeys, NoLanguageHasALetterTwiceOrALetterWithoutItsCapital) {
+TEST_F(KeyboardKeys, EachLanguageHasDistinctLettersWithTheirUppercase) {
   for (const char* locale : locales) {
-    const auto small = keysFor(locale, usualSize, uikit::Shift::Off);
-    const auto capital = keysFor(locale, usualSize, uikit::Shift::On);
-    ASSERT_EQ(small.size(), capital.size()) << locale;
+    const auto lowercase = keysFor(locale, defaultSize, uikit::Shift::Off);
+    const auto uppercase = keysFor(locale, defaultSize, uikit::Shift::On);
+    ASSERT_EQ(lowercase.size(), uppercase.size()) << locale;
     std::set<std::string> letters;
-    for (std::size_t index = 0; index < small.size(); ++index) {
-      if (small[index].role != KeyRole::Character) continue;
-      letters.insert(small[index].label);
-      EXPECT_EQ(capital[index].label, capitalOf(small[index].label, locale)) << locale;
+    for (std::size_t index = 0; index < lowercase.size(); ++index) {
+      if (lowercase[index].role != KeyRole::Character) continue;
+      letters.insert(lowercase[index].label);
+      EXPECT_EQ(uppercase[index].label, uppercaseOf(lowercase[index].label, locale)) << locale;
     }
-    EXPECT_EQ(letters.size(), count(small, KeyRole::Character)) << locale;
+    EXPECT_EQ(letters.size(), count(lowercase, KeyRole::Character)) << locale;
   }
 }
 
-TEST_F(KeyboardKeys, ScriptsWithoutCapitalsHaveNoShift) {
+TEST_F(KeyboardKeys, ScriptsWithoutUppercaseHaveNoShiftKey) {
   for (const char* locale : {"ar_EG", "he_IL"}) {
-    EXPECT_EQ(count(keysFor(locale, usualSize), KeyRole::Shift), 0U) << locale;
-    EXPECT_EQ(count(keysFor(locale, usualSize), KeyRole::Backspace), 1U) << locale;
+    EXPECT_EQ(count(keysFor(locale, defaultSize), KeyRole::Shift), 0U) << locale;
+    EXPECT_EQ(count(keysFor(locale, defaultSize), KeyRole::Backspace), 1U) << locale;
   }
-  EXPECT_EQ(count(keysFor("uk_UA", usualSize), KeyRole::Shift), 1U);
+  EXPECT_EQ(count(keysFor("uk_UA", defaultSize), KeyRole::Shift), 1U);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The on-screen keyboard: when it is there, and what its keys do.
+// Tests of the on-screen keyboard: when it appears, and what its keys do.
 #include <algorithm>
 
 #include "platform/ui_text_field.hpp"
@@ -7,7 +7,7 @@
 #include "simulator/uikit/keyboard/keyboard_key.hpp"
 #include "simulator/uikit/views/view_record.hpp"
 #include "simulator/uikit/views/window.hpp"
-#include "tests/uikit/content.hpp"
+#include "tests/uikit/view_content.hpp"
 
 namespace test {
 
@@ -15,7 +15,7 @@ namespace {
 
 using uikit::KeyRole;
 
-class Keyboard : public Stage {
+class Keyboard : public UIKitTest {
  public:
   Keyboard() {
     window->addSubview(field);
@@ -28,7 +28,7 @@ class Keyboard : public Stage {
   }
   std::string shown() const { return text(field->text()); }
 
-  // Nil while there is no keyboard on the screen.
+  // The window of the keyboard; null while the keyboard is not on the screen.
   static UIWindow* keyboard() {
     const auto windows = uikit::visibleWindows();
     const auto found = std::ranges::find_if(windows, [](const UIWindow* each) {
@@ -51,18 +51,18 @@ class Keyboard : public Stage {
     foundation::drainMainQueue();
   }
   static void press(const std::string& label) {
-    press(keyThat([&](const auto& key) { return key.label == label; }));
+    press(findKey([&](const auto& key) { return key.label == label; }));
   }
   static void press(KeyRole role) {
-    press(keyThat([&](const auto& key) { return key.role == role; }));
+    press(findKey([&](const auto& key) { return key.role == role; }));
   }
 
   template <class Predicate>
-  static uikit::Key keyThat(const Predicate& predicate) {
+  static uikit::Key findKey(const Predicate& predicate) {
     const auto all = keys();
     const auto found = std::ranges::find_if(all, predicate);
     if (found != all.end()) return *found;
-    ADD_FAILURE() << "there is no such key";
+    ADD_FAILURE() << "the keyboard has no such key";
     return {};
   }
 
@@ -70,7 +70,7 @@ class Keyboard : public Stage {
   objc::Ref<UITextField> field = UIView::withFrame<UITextField>({{100, 100}, {200, 36}});
 };
 
-TEST_F(Keyboard, IsThereWhileAFieldIsEdited) {
+TEST_F(Keyboard, IsShownWhileAFieldIsEdited) {
   foundation::drainMainQueue();
   EXPECT_EQ(keyboard(), nullptr);
   edit();
@@ -82,7 +82,7 @@ TEST_F(Keyboard, IsThereWhileAFieldIsEdited) {
   EXPECT_EQ(keyboard(), nullptr);
 }
 
-TEST_F(Keyboard, SlidesInAQuarterOfASecond) {
+TEST_F(Keyboard, SlidesInWithinAQuarterOfASecond) {
   field->becomeFirstResponder();
   foundation::drainMainQueue();
   const auto top = [] { return uikit::shownFrame(uikit::record(keyboard()).layer).origin.y; };
@@ -94,7 +94,7 @@ TEST_F(Keyboard, SlidesInAQuarterOfASecond) {
   EXPECT_EQ(top(), keyboard()->frame().origin.y);
 }
 
-TEST_F(Keyboard, StaysWhereAnotherFieldTakesOver) {
+TEST_F(Keyboard, StaysWhenAnotherFieldBecomesFirstResponder) {
   const auto other = UIView::withFrame<UITextField>({{100, 200}, {200, 36}});
   window->addSubview(other);
   edit();
@@ -103,7 +103,7 @@ TEST_F(Keyboard, StaysWhereAnotherFieldTakesOver) {
   EXPECT_EQ(uikit::shownFrame(uikit::record(keyboard()).layer).origin.y, keyboard()->frame().origin.y);
 }
 
-TEST_F(Keyboard, BeginsWithACapitalAndGoesOnWithSmallLetters) {
+TEST_F(Keyboard, TypesACapitalFirstAndThenLowercase) {
   edit();
   press("H");
   press("i");
@@ -112,7 +112,7 @@ TEST_F(Keyboard, BeginsWithACapitalAndGoesOnWithSmallLetters) {
   EXPECT_EQ(shown(), "Hi a");
 }
 
-TEST_F(Keyboard, ShiftHoldsForOneLetter) {
+TEST_F(Keyboard, ShiftAppliesToOneLetter) {
   edit();
   press(KeyRole::Shift);
   press("a");
@@ -122,7 +122,7 @@ TEST_F(Keyboard, ShiftHoldsForOneLetter) {
   EXPECT_EQ(shown(), "aBc");
 }
 
-TEST_F(Keyboard, SendKeyIsPaleOnlyWhileItHasNothingToSendAndTheFieldMinds) {
+TEST_F(Keyboard, SendKeyIsDimmedOnlyIfTheFieldRequiresText) {
   const auto isProminent = [] {
     for (const auto& view : uikit::record(keyboard()).subviews) {
       const KeyViewState& key = objc::state(static_cast<UIKBKeyView*>(view.get()));
@@ -141,7 +141,7 @@ TEST_F(Keyboard, SendKeyIsPaleOnlyWhileItHasNothingToSendAndTheFieldMinds) {
   EXPECT_FALSE(isProminent());
 }
 
-TEST_F(Keyboard, KeysCanBeReadInTheTree) {
+TEST_F(Keyboard, KeysAppearInTheViewTree) {
   edit();
   std::set<std::string> texts;
   const auto tree = uikit::describeTree(keyboard());
@@ -150,7 +150,7 @@ TEST_F(Keyboard, KeysCanBeReadInTheTree) {
   EXPECT_TRUE(texts.contains("return"));
 }
 
-TEST_F(Keyboard, BackspaceErases) {
+TEST_F(Keyboard, BackspaceDeletesACharacter) {
   edit();
   press("H");
   press("o");
@@ -171,15 +171,15 @@ TEST_F(Keyboard, HasDigitsAndSymbols) {
   EXPECT_EQ(shown(), "1€?z");
 }
 
-TEST_F(Keyboard, NamesItsReturnKeyAsTheFieldWants) {
+TEST_F(Keyboard, ReturnKeyShowsTheTypeThatTheFieldRequests) {
   edit();
-  EXPECT_EQ(keyThat([](const auto& key) { return key.role == KeyRole::Return; }).label, "return");
+  EXPECT_EQ(findKey([](const auto& key) { return key.role == KeyRole::Return; }).label, "return");
   field->setReturnKeyType(UIReturnKeyType::Send);
   foundation::drainMainQueue();
-  EXPECT_EQ(keyThat([](const auto& key) { return key.role == KeyRole::Return; }).label, "send");
+  EXPECT_EQ(findKey([](const auto& key) { return key.role == KeyRole::Return; }).label, "send");
 }
 
-TEST_F(Keyboard, FollowsThePhonesLanguage) {
+TEST_F(Keyboard, FollowsTheLocale) {
   uikit::Environment german = uikit::environment();
   german.locale = "de_DE";
   uikit::setEnvironment(german);
@@ -190,7 +190,7 @@ TEST_F(Keyboard, FollowsThePhonesLanguage) {
   EXPECT_EQ(shown(), "Üzö");
 }
 
-TEST_F(Keyboard, GoesBackToTheLanguagesLetters) {
+TEST_F(Keyboard, ReturnsToTheLettersOfTheLocale) {
   uikit::Environment russian = uikit::environment();
   russian.locale = "ru_RU";
   uikit::setEnvironment(russian);

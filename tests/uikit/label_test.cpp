@@ -1,14 +1,14 @@
-// UILabel: text, styles and measures.
+// Tests of UILabel: text, styles and sizes.
 #include "platform/ui_label.hpp"
 
 #include "objc/class_definition.hpp"
 #include "simulator/uikit/text/font_class.hpp"
 #include "simulator/uikit/views/color.hpp"
-#include "tests/uikit/content.hpp"
+#include "tests/uikit/view_content.hpp"
 
 namespace test {
 
-// Counts how often its size was invalidated.
+// A label that counts the invalidations of its intrinsic content size.
 class CountingLabel : public objc::Interface<"CountingLabel", UILabel> {};
 
 namespace {
@@ -21,9 +21,10 @@ void countInvalidation(CountingLabel* self) {
 }
 
 constexpr const char* pangram = "The quick brown fox jumps over the lazy dog";
-constexpr double line15 = 18;
+// Line height of the system font at 15 points.
+constexpr double lineHeight = 18;
 
-class Labels : public Stage {
+class Labels : public UIKitTest {
  public:
   Labels() {
     static constexpr objc::MethodEntry methods[] = {
@@ -44,14 +45,14 @@ objc::Ref<Type> makeLabel(const std::string& text, CGRect frame = {}) {
 CGSize intrinsicSize(const UIView* view) { return objc::send<CGSize, "intrinsicContentSize">(view); }
 CGSize sizeThatFits(const UIView* view, CGSize size) { return objc::send<CGSize, "sizeThatFits:">(view, size); }
 
-objc::Ref<NSMutableAttributedString> twoWeights() {
+objc::Ref<NSMutableAttributedString> boldAndRegularText() {
   auto text = NSMutableAttributedString::withString("John: Hello"_ns);
   text->addAttribute(fontAttributeName(), UIFont::boldSystemFontOfSize(20), {0, 6});
   text->addAttribute(fontAttributeName(), UIFont::systemFontOfSize(20), {6, 5});
   return text;
 }
 
-TEST_F(Labels, BeginEmptyInTheSystemFont) {
+TEST_F(Labels, AreInitiallyEmptyInTheSystemFont) {
   const auto label = UIView::withFrame<UILabel>({});
   EXPECT_EQ(label->text(), nullptr);
   EXPECT_TRUE(label->font()->isEqual(UIFont::systemFontOfSize(17)));
@@ -60,11 +61,11 @@ TEST_F(Labels, BeginEmptyInTheSystemFont) {
   EXPECT_FALSE((objc::send<bool, "isUserInteractionEnabled">(label.get())));
 }
 
-TEST_F(Labels, AreMadeByInitAsWell) {
+TEST_F(Labels, InitSetsTheDefaultFont) {
   EXPECT_TRUE(objc::make<UILabel>()->font()->isEqual(UIFont::systemFontOfSize(17)));
 }
 
-TEST_F(Labels, KeepACopyOfTheirText) {
+TEST_F(Labels, CopyTheirText) {
   auto* text = NSMutableString::stringWithCapacity(10);
   text->appendString("before"_ns);
   const auto label = UIView::withFrame<UILabel>({});
@@ -73,26 +74,26 @@ TEST_F(Labels, KeepACopyOfTheirText) {
   EXPECT_EQ(test::text(label->text()), "before");
 }
 
-TEST_F(Labels, OfOneLineAreAsWideAsTheirText) {
+TEST_F(Labels, SingleLineLabelIsAsWideAsItsText) {
   const auto label = makeLabel(pangram);
   const CGSize size = intrinsicSize(label);
   EXPECT_GT(size.width, 280);
   EXPECT_LT(size.width, 360);
-  EXPECT_EQ(size.height, line15);
+  EXPECT_EQ(size.height, lineHeight);
   EXPECT_EQ(sizeThatFits(label, {100, 1000}), size);
 }
 
-TEST_F(Labels, OfSeveralLinesFitTheirWidth) {
+TEST_F(Labels, MultilineLabelFitsTheGivenWidth) {
   const auto label = makeLabel(pangram);
   label->setNumberOfLines(0);
   const CGSize size = sizeThatFits(label, {100, 1000});
   EXPECT_LE(size.width, 100);
-  EXPECT_EQ(size.height, 4 * line15);
+  EXPECT_EQ(size.height, 4 * lineHeight);
   label->setNumberOfLines(2);
-  EXPECT_EQ(sizeThatFits(label, {100, 1000}).height, 2 * line15);
+  EXPECT_EQ(sizeThatFits(label, {100, 1000}).height, 2 * lineHeight);
 }
 
-TEST_F(Labels, WrapToTheWidthThatLayoutFinds) {
+TEST_F(Labels, WrapToTheWidthFoundByLayout) {
   const auto window = makeWindow();
   const auto label = makeLabel(pangram);
   label->setNumberOfLines(0);
@@ -102,19 +103,19 @@ TEST_F(Labels, WrapToTheWidthThatLayoutFinds) {
   label->leadingAnchor()->equalTo(window->leadingAnchor(), 20)->activated();
   label->widthAnchor()->equalToConstant(100)->activated();
   window->layoutIfNeeded();
-  EXPECT_EQ(label->frame(), (CGRect{{20, 0}, {100, 4 * line15}}));
+  EXPECT_EQ(label->frame(), (CGRect{{20, 0}, {100, 4 * lineHeight}}));
   EXPECT_EQ(label->measuredNumberOfLines(), 4u);
 }
 
-TEST_F(Labels, WrapToTheWidthThatTheirOwnerPrefers) {
+TEST_F(Labels, WrapToThePreferredMaxLayoutWidth) {
   const auto label = makeLabel(pangram);
   label->setNumberOfLines(0);
   objc::send<void, "setPreferredMaxLayoutWidth:">(label.get(), CGFloat{100});
-  EXPECT_EQ(intrinsicSize(label).height, 4 * line15);
+  EXPECT_EQ(intrinsicSize(label).height, 4 * lineHeight);
   EXPECT_LE(intrinsicSize(label).width, 100);
 }
 
-TEST_F(Labels, CountTheLinesAtTheirWidthWithinTheLimit) {
+TEST_F(Labels, CountTheLinesAtTheirWidthUpToTheLimit) {
   const auto label = makeLabel(pangram, {{0, 0}, {100, 200}});
   EXPECT_EQ(label->measuredNumberOfLines(), 1u);
   label->setNumberOfLines(3);
@@ -132,13 +133,13 @@ TEST_F(Labels, CountNoLinesWithoutText) {
   EXPECT_EQ(label->measuredNumberOfLines(), 0u);
 }
 
-TEST_F(Labels, TakeNegativeLimitsForNone) {
+TEST_F(Labels, TreatANegativeLineLimitAsNoLimit) {
   const auto label = makeLabel("a\nb\nc", {{0, 0}, {100, 100}});
   label->setNumberOfLines(-4);
   EXPECT_EQ(label->measuredNumberOfLines(), 3u);
 }
 
-TEST_F(Labels, AreNotMeasuredAgainForWhatTheyHave) {
+TEST_F(Labels, KeepTheirIntrinsicSizeIfAValueIsSetAgain) {
   const auto label = makeLabel<CountingLabel>("text");
   invalidations = 0;
   label->setText("text"_ns);
@@ -155,60 +156,60 @@ TEST_F(Labels, AreNotMeasuredAgainForWhatTheyHave) {
   EXPECT_EQ(invalidations, 3);
 }
 
-TEST_F(Labels, ShowStyledText) {
+TEST_F(Labels, ShowAttributedText) {
   const auto label = makeLabel("plain");
-  label->setAttributedText(twoWeights());
+  label->setAttributedText(boldAndRegularText());
   EXPECT_EQ(text(label->text()), "John: Hello");
   EXPECT_TRUE(label->font()->isEqual(UIFont::boldSystemFontOfSize(20)));
   EXPECT_EQ(intrinsicSize(label).height, 24);
-  EXPECT_EQ(described(label).at("runs"),
+  EXPECT_EQ(describe(label).at("runs"),
             (Json{{{"text", "John: "}, {"font", "Inter"}, {"size", 20.0}, {"weight", "bold"}},
                   {{"text", "Hello"}, {"font", "Inter"}, {"size", 20.0}, {"weight", "regular"}}}));
 }
 
-TEST_F(Labels, GiveBackTheirStyledText) {
+TEST_F(Labels, ReturnTheirAttributedText) {
   const auto label = makeLabel("plain");
-  label->setAttributedText(twoWeights());
+  label->setAttributedText(boldAndRegularText());
   const auto other = makeLabel("");
   other->setAttributedText(objc::send<NSAttributedString*, "attributedText">(label.get()));
-  EXPECT_EQ(described(other).at("runs"), described(label).at("runs"));
+  EXPECT_EQ(describe(other).at("runs"), describe(label).at("runs"));
 }
 
-TEST_F(Labels, KeepACopyOfTheirStyledText) {
-  const auto styled = twoWeights();
+TEST_F(Labels, CopyTheirAttributedText) {
+  const auto styled = boldAndRegularText();
   const auto label = makeLabel("");
   label->setAttributedText(styled);
   styled->addAttribute(fontAttributeName(), UIFont::systemFontOfSize(5), {0, 11});
-  EXPECT_EQ(described(label).at("runs").at(0).at("weight"), "bold");
+  EXPECT_EQ(describe(label).at("runs").at(0).at("weight"), "bold");
 }
 
-TEST_F(Labels, LoseTheStylesWithThePlainText) {
+TEST_F(Labels, LoseTheirStylesWhenPlainTextIsSet) {
   const auto label = makeLabel("plain");
-  label->setAttributedText(twoWeights());
+  label->setAttributedText(boldAndRegularText());
   label->setText("John: Hello"_ns);
-  EXPECT_EQ(described(label).at("runs").size(), 1u);
+  EXPECT_EQ(describe(label).at("runs").size(), 1u);
   EXPECT_TRUE(label->font()->isEqual(UIFont::systemFontOfSize(15)));
 }
 
 TEST_F(Labels, ApplyAFontToTheWholeText) {
   const auto label = makeLabel("plain");
-  label->setAttributedText(twoWeights());
+  label->setAttributedText(boldAndRegularText());
   label->setFont(UIFont::systemFontOfSize(9));
-  const Json node = described(label);
+  const Json node = describe(label);
   for (const Json& run : node.at("runs")) {
     EXPECT_EQ(run.at("size"), 9);
     EXPECT_EQ(run.at("weight"), "regular");
   }
 }
 
-TEST_F(Labels, LoseTheTextWithNilStyledText) {
+TEST_F(Labels, LoseTheirTextWhenNilAttributedTextIsSet) {
   const auto label = makeLabel("plain");
   label->setAttributedText(nullptr);
   EXPECT_EQ(label->text(), nullptr);
   EXPECT_EQ((objc::send<NSAttributedString*, "attributedText">(label.get())), nullptr);
 }
 
-TEST_F(Labels, AreWrittenInTheColorOfTheAppearanceUnlessTheyHaveTheirOwn) {
+TEST_F(Labels, DefaultTextColorFollowsTheAppearance) {
   const auto label = makeLabel("text");
   EXPECT_EQ(uikit::colorOf(label->textColor()), (drawing::Color{0, 0, 0, 1}));
   uikit::Environment dark;
@@ -219,12 +220,12 @@ TEST_F(Labels, AreWrittenInTheColorOfTheAppearanceUnlessTheyHaveTheirOwn) {
   EXPECT_EQ(label->textColor(), UIColor::redColor());
 }
 
-TEST_F(Labels, TellWhatTheyShow) {
+TEST_F(Labels, DescriptionContainsTheirContent) {
   const auto label = makeLabel("Body", {{0, 0}, {200, 40}});
   label->setNumberOfLines(2);
   label->setTextAlignment(NSTextAlignment::Center);
   label->setTextColor(UIColor::withRed(1, 0, 0, 0.5));
-  const Json node = described(label);
+  const Json node = describe(label);
   EXPECT_EQ(node.at("text"), "Body");
   EXPECT_EQ(node.at("font"), (Json{{"family", "Inter"}, {"size", 15.0}, {"weight", "regular"}}));
   EXPECT_EQ(node.at("lines"), 2);
@@ -233,14 +234,14 @@ TEST_F(Labels, TellWhatTheyShow) {
   EXPECT_EQ(node.at("color"), (Json{1.0, 0.0, 0.0, 0.5}));
 }
 
-TEST_F(Labels, TellOfTextThatIsNone) {
+TEST_F(Labels, DescriptionReplacesAnUnpairedSurrogate) {
   const auto label = makeLabel("");
-  label->setText(brokenString());
-  EXPECT_EQ(described(label).at("text"), "a\uFFFD");
+  label->setText(stringWithUnpairedSurrogate());
+  EXPECT_EQ(describe(label).at("text"), "a\uFFFD");
   EXPECT_GT(intrinsicSize(label).width, 0);
 }
 
-TEST_F(Labels, OfEnormousTextsShowTheirLines) {
+TEST_F(Labels, CountTheLinesOfEnormousTextUpToTheLimit) {
   const auto label = UIView::withFrame<UILabel>({{0, 0}, {300, 60}});
   NSString* enormous = string(std::string(10'000'000, 'x'));
   label->setText(enormous);

@@ -6,14 +6,14 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/views/cg_color.hpp"
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/uikit_fixture.hpp"
 
 namespace test {
 
-// A view that holds two others in variables of its own, one of them behind a property.
+// A view with two instance variables that refer to views. One of them is also a property.
 class HolderView : public objc::Interface<"HolderView", UIView> {};
 
-struct Held {
+struct HolderState {
   objc::Ref<UIView> title;
   objc::Ref<UIView> mark;
 };
@@ -22,7 +22,7 @@ struct Held {
 
 template <>
 struct objc::StateOf<test::HolderView> {
-  using Type = test::Held;
+  using Type = test::HolderState;
 };
 
 namespace test {
@@ -32,15 +32,15 @@ namespace {
 constexpr std::uint32_t red = 0xffff0000;
 constexpr std::uint32_t black = 0xff000000;
 
-class Renderer : public Stage {
+class Renderer : public UIKitTest {
  public:
-  static void paint(UIView* view, drawing::Color color) {
+  static void setBackgroundColor(UIView* view, drawing::Color color) {
     CGColor value = {color};
     view->layer()->setBackgroundColor(&value);
   }
   objc::Ref<UIView> addRed(CGRect frame) const {
     auto view = addView(window, frame);
-    paint(view, {1, 0, 0, 1});
+    setBackgroundColor(view, {1, 0, 0, 1});
     return view;
   }
   static std::uint32_t pixel(int x, int y) { return uikit::renderScreen(1)->pixel(x, y); }
@@ -53,15 +53,15 @@ UIView* title(HolderView* self) { return objc::state(self).title; }
 void defineHolder() {
   static constexpr objc::MethodEntry methods[] = {objc::method<"title", &title>()};
   static constexpr objc::FieldEntry fields[] = {
-      objc::field<objc::Ref<UIView>>("_title", offsetof(Held, title)),
-      objc::field<objc::Ref<UIView>>("_mark", offsetof(Held, mark)),
+      objc::field<objc::Ref<UIView>>("_title", offsetof(HolderState, title)),
+      objc::field<objc::Ref<UIView>>("_mark", offsetof(HolderState, mark)),
   };
   if (HolderView::classObject() == nullptr) objc::defineClassWithState<HolderView>(methods, fields);
 }
 
 }  // namespace
 
-TEST_F(Renderer, DrawsBackgroundsWhereTheyAre) {
+TEST_F(Renderer, DrawsBackgroundsAtTheirFrames) {
   addRed({{10, 10}, {20, 20}});
   EXPECT_EQ(pixel(9, 15), black);
   EXPECT_EQ(pixel(10, 15), red);
@@ -69,7 +69,7 @@ TEST_F(Renderer, DrawsBackgroundsWhereTheyAre) {
   EXPECT_EQ(pixel(30, 30), black);
 }
 
-TEST_F(Renderer, LeavesOutHiddenAndBlendsTransparentViews) {
+TEST_F(Renderer, SkipsHiddenViewsAndBlendsTransparentOnes) {
   const auto view = addRed({{10, 10}, {20, 20}});
   view->setAlpha(0.5);
   EXPECT_NEAR((pixel(15, 15) >> 16) & 0xff, 128, 1);
@@ -77,10 +77,10 @@ TEST_F(Renderer, LeavesOutHiddenAndBlendsTransparentViews) {
   EXPECT_EQ(pixel(15, 15), black);
 }
 
-TEST_F(Renderer, ClipsSubviewsOnlyWhereAsked) {
+TEST_F(Renderer, ClipsSubviewsOnlyIfRequested) {
   const auto view = addView(window, {{10, 10}, {20, 20}});
   const auto inner = addView(view, {{10, 10}, {100, 100}});
-  paint(inner, {1, 0, 0, 1});
+  setBackgroundColor(inner, {1, 0, 0, 1});
   EXPECT_EQ(pixel(50, 50), red);
   view->setClipsToBounds(true);
   EXPECT_EQ(pixel(50, 50), black);
@@ -94,7 +94,7 @@ TEST_F(Renderer, RoundsCorners) {
   EXPECT_EQ(pixel(30, 30), red);
 }
 
-TEST_F(Renderer, ShowsAnimationsOnTheirWay) {
+TEST_F(Renderer, DrawsIntermediateStatesOfAnimations) {
   const auto view = addRed({{0, 0}, {10, 10}});
   UIView::animate(1, objc::block([view] { view->setFrame({{100, 0}, {10, 10}}); }));
   EXPECT_EQ(pixel(5, 5), red);
@@ -105,7 +105,7 @@ TEST_F(Renderer, ShowsAnimationsOnTheirWay) {
   EXPECT_EQ(pixel(105, 5), red);
 }
 
-TEST_F(Renderer, PaintsAnewOnlyWhatChanged) {
+TEST_F(Renderer, ReturnsTheSameImageWithoutAChange) {
   const auto view = addRed({{0, 0}, {10, 10}});
   const auto first = uikit::renderScreen(1);
   EXPECT_EQ(uikit::renderScreen(1), first);
@@ -113,7 +113,7 @@ TEST_F(Renderer, PaintsAnewOnlyWhatChanged) {
   EXPECT_NE(uikit::renderScreen(1), first);
 }
 
-TEST_F(Renderer, GivesTheSameBytesEveryTime) {
+TEST_F(Renderer, IsDeterministic) {
   const auto view = addRed({{3.3, 4.7}, {40, 40}});
   view->layer()->setCornerRadius(9);
   view->layer()->setContinuousCorners(true);
@@ -131,14 +131,14 @@ TEST_F(Renderer, CropsToAViewAtWholePoints) {
   EXPECT_EQ(picture->pixel(1, 1), red);
 }
 
-TEST_F(Renderer, DescribesTheTreeAsLaidOut) {
+TEST_F(Renderer, TreeDescriptionContainsLaidOutFrames) {
   window->setFrame({{0, 5}, {100, 100}});
   const auto view = addConstrainedView(window);
   view->leadingAnchor()->equalTo(window->leadingAnchor(), 7)->setActive(true);
   view->topAnchor()->equalTo(window->topAnchor(), 8)->setActive(true);
   view->widthAnchor()->equalToConstant(9)->setActive(true);
   view->heightAnchor()->equalToConstant(10)->setActive(true);
-  paint(view, {1, 0, 0, 1});
+  setBackgroundColor(view, {1, 0, 0, 1});
   view->layer()->setCornerRadius(4);
   view->layer()->setContinuousCorners(true);
   view->setContentMode(UIViewContentMode::Top);
@@ -151,7 +151,7 @@ TEST_F(Renderer, DescribesTheTreeAsLaidOut) {
       "interactive":true,"children":[]})"));
 }
 
-TEST_F(Renderer, NamesViewsByTheVariablesThatHoldThem) {
+TEST_F(Renderer, TreeDescriptionNamesViewsAfterTheirVariables) {
   defineHolder();
   const auto holder = UIView::withFrame<HolderView>({});
   window->addSubview(holder);
@@ -159,9 +159,9 @@ TEST_F(Renderer, NamesViewsByTheVariablesThatHoldThem) {
   objc::state(holder.get()).mark = addView(window, {});
   addView(holder, {});
   const auto tree = uikit::describeTree(window);
-  const auto& held = tree.at("children").at(0).at("children");
-  EXPECT_EQ(held.at(0).at("property"), "title");
-  EXPECT_FALSE(held.at(1).contains("property"));
+  const auto& nodes = tree.at("children").at(0).at("children");
+  EXPECT_EQ(nodes.at(0).at("property"), "title");
+  EXPECT_FALSE(nodes.at(1).contains("property"));
   EXPECT_EQ(tree.at("children").at(1).at("property"), "_mark");
 }
 

@@ -1,14 +1,14 @@
-// UIStackView.
+// Tests of UIStackView.
 #include "platform/ui_stack_view.hpp"
 
 #include "platform/ui_label.hpp"
-#include "tests/uikit/content.hpp"
+#include "tests/uikit/view_content.hpp"
 
 namespace test {
 
 namespace {
 
-class StackView : public Stage {
+class StackView : public UIKitTest {
  public:
   StackView() {
     stack->setDistribution(UIStackViewDistribution::FillEqually);
@@ -42,7 +42,7 @@ TEST_F(StackView, GivesItsViewsEqualWidths) {
   EXPECT_EQ(frame(2), (CGRect{{230, 0}, {100, 36}}));
 }
 
-TEST_F(StackView, LeavesHiddenViewsOut) {
+TEST_F(StackView, SkipsHiddenViews) {
   frame(0);
   views[1]->setHidden(true);
   EXPECT_EQ(frame(0), (CGRect{{0, 0}, {157.5, 36}}));
@@ -51,14 +51,14 @@ TEST_F(StackView, LeavesHiddenViewsOut) {
   EXPECT_EQ(frame(1), (CGRect{{115, 0}, {100, 36}}));
 }
 
-TEST_F(StackView, ShowsAgainWhatWasHiddenAltogether) {
+TEST_F(StackView, ShowsViewsAgainAfterAllWereHidden) {
   for (const auto& view : views) view->setHidden(true);
   frame(0);
   for (const auto& view : views) view->setHidden(false);
   EXPECT_EQ(frame(2), (CGRect{{230, 0}, {100, 36}}));
 }
 
-TEST_F(StackView, BeginsOnTheRightInRightToLeftLanguages) {
+TEST_F(StackView, StartsOnTheRightInRightToLeftLanguages) {
   uikit::Environment environment;
   environment.direction = uikit::LayoutDirection::RightToLeft;
   uikit::setEnvironment(environment);
@@ -72,7 +72,7 @@ TEST_F(StackView, FollowsItsOwnSize) {
   EXPECT_EQ(frame(1), (CGRect{{65, 0}, {50, 50}}));
 }
 
-TEST_F(StackView, ClosesTheGapOfAViewThatLeaves) {
+TEST_F(StackView, ClosesTheGapOfARemovedView) {
   views[0]->removeFromSuperview();
   EXPECT_EQ(frame(1), (CGRect{{0, 0}, {157.5, 36}}));
   objc::send<void, "removeArrangedSubview:">(stack.get(), views[1].get());
@@ -91,7 +91,7 @@ TEST_F(StackView, IgnoresNil) {
   EXPECT_EQ((objc::send<NSArray*, "arrangedSubviews">(stack.get()))->count(), 3u);
 }
 
-TEST_F(StackView, IsAsLargeAsItsViewsNeed) {
+TEST_F(StackView, IntrinsicSizeFitsAllViews) {
   const auto row = UIView::withFrame<UIStackView>({});
   const auto narrow = makeLabel("i"_ns);
   const auto wide = makeLabel("Wide text"_ns);
@@ -105,7 +105,7 @@ TEST_F(StackView, IsAsLargeAsItsViewsNeed) {
   EXPECT_EQ(intrinsicSize(row), (CGSize{2 * large.width + 10, large.height}));
 }
 
-TEST_F(StackView, GivesTheRoomLeftToTheLastView) {
+TEST_F(StackView, GivesTheRemainingWidthToTheLastView) {
   const auto row = UIView::withFrame<UIStackView>({{0, 100}, {300, 20}});
   const auto first = makeLabel("First"_ns);
   const auto last = makeLabel("Last"_ns);
@@ -118,14 +118,14 @@ TEST_F(StackView, GivesTheRoomLeftToTheLastView) {
   EXPECT_EQ(last->frame(), (CGRect{{width, 0}, {300 - width, 20}}));
 }
 
-TEST_F(StackView, StacksDownwards) {
+TEST_F(StackView, VerticalAxisStacksDownward) {
   constexpr auto vertical = static_cast<UILayoutConstraintAxis>(1);
   stack->setAxis(vertical);
   stack->setFrame({{0, 0}, {100, 330}});
   EXPECT_EQ(frame(1), (CGRect{{0, 115}, {100, 100}}));
 }
 
-TEST_F(StackView, IsPlacedByConstraints) {
+TEST_F(StackView, CanBePlacedByConstraints) {
   stack->setTranslatesAutoresizingMaskIntoConstraints(false);
   stack->leadingAnchor()->equalTo(window->leadingAnchor(), 15)->activated();
   stack->trailingAnchor()->equalTo(window->trailingAnchor(), -15)->activated();

@@ -1,10 +1,10 @@
-// UITextField: typing, its events and what it shows.
+// Tests of UITextField: typing, editing events and drawing.
 #include "platform/ui_text_field.hpp"
 
 #include "simulator/uikit/text/text_boundaries.hpp"
 #include "simulator/uikit/views/window.hpp"
-#include "tests/uikit/content.hpp"
-#include "tests/uikit/listener.hpp"
+#include "tests/uikit/control_target.hpp"
+#include "tests/uikit/view_content.hpp"
 
 namespace test {
 
@@ -12,18 +12,18 @@ namespace {
 
 constexpr std::uint32_t black = 0xff000000;
 
-class TextFields : public Stage {
+class TextFields : public UIKitTest {
  public:
   TextFields() {
     field->setFont(UIFont::systemFontOfSize(15));
     field->setTextColor(UIColor::withRed(1, 1, 1, 1));
     window->addSubview(field);
     window->makeKeyAndVisible();
-    listenToEditing(listener, field);
+    logEditingEvents(target, field);
   }
 
   void type(const std::string& characters) const { objc::send<void, "insertText:">(field.get(), string(characters)); }
-  void erase() const { objc::send<void, "deleteBackward">(field.get()); }
+  void deleteBackward() const { objc::send<void, "deleteBackward">(field.get()); }
   void select(NSUInteger location, NSUInteger length) const {
     objc::send<void, "_setSelectedRange:">(field.get(), NSRange{location, length});
   }
@@ -31,50 +31,50 @@ class TextFields : public Stage {
 
   objc::Ref<UIWindow> window = makeWindow();
   objc::Ref<UITextField> field = UIView::withFrame<UITextField>({{100, 100}, {200, 36}});
-  objc::Ref<Listener> listener = Listener::make();
+  objc::Ref<ControlTarget> target = ControlTarget::make();
 };
 
-TEST_F(TextFields, BeginEmpty) {
+TEST_F(TextFields, AreInitiallyEmpty) {
   EXPECT_EQ(shown(), "");
   field->setText("text"_ns);
   field->setText(nullptr);
   EXPECT_EQ(shown(), "");
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
 }
 
-TEST_F(TextFields, TellOfEditingInOrder) {
+TEST_F(TextFields, SendEditingEventsInOrder) {
   EXPECT_TRUE(field->becomeFirstResponder());
   type("Hi");
   objc::send<void, "_returnKeyPressed">(field.get());
-  EXPECT_EQ(takeJournal(), (Journal{"began", "changed", "ended on exit", "ended"}));
+  EXPECT_EQ(takeLog(), (Log{"began", "changed", "ended on exit", "ended"}));
   EXPECT_FALSE(field->isFirstResponder());
 }
 
-TEST_F(TextFields, TellOnceThatEditingBegan) {
+TEST_F(TextFields, SendEditingDidBeginOnce) {
   field->becomeFirstResponder();
   EXPECT_TRUE(field->becomeFirstResponder());
-  EXPECT_EQ(takeJournal(), Journal{"began"});
+  EXPECT_EQ(takeLog(), Log{"began"});
 }
 
-TEST_F(TextFields, TellOnlyThatEditingEndedWhenAnotherTakesTheKeyboard) {
+TEST_F(TextFields, SendOnlyEditingDidEndWhenAnotherFieldBecomesFirstResponder) {
   const auto other = UIView::withFrame<UITextField>({{100, 200}, {200, 36}});
   window->addSubview(other);
   field->becomeFirstResponder();
-  takeJournal();
+  takeLog();
   EXPECT_TRUE(other->becomeFirstResponder());
-  EXPECT_EQ(takeJournal(), Journal{"ended"});
+  EXPECT_EQ(takeLog(), Log{"ended"});
   EXPECT_EQ(uikit::firstResponder(), other.get());
 }
 
-TEST_F(TextFields, TellThatEditingEndedWhenTheyLeaveTheScreen) {
+TEST_F(TextFields, SendEditingDidEndWhenRemovedFromTheWindow) {
   field->becomeFirstResponder();
-  takeJournal();
+  takeLog();
   field->removeFromSuperview();
-  EXPECT_EQ(takeJournal(), Journal{"ended"});
+  EXPECT_EQ(takeLog(), Log{"ended"});
   EXPECT_EQ(uikit::firstResponder(), nullptr);
 }
 
-TEST_F(TextFields, KeepTheKeyboardWhereNobodyHearsTheReturnKey) {
+TEST_F(TextFields, StayFirstResponderIfTheReturnKeyHasNoAction) {
   const auto other = UIView::withFrame<UITextField>({{100, 200}, {200, 36}});
   window->addSubview(other);
   other->becomeFirstResponder();
@@ -82,7 +82,7 @@ TEST_F(TextFields, KeepTheKeyboardWhereNobodyHearsTheReturnKey) {
   EXPECT_TRUE(other->isFirstResponder());
 }
 
-TEST_F(TextFields, WithoutATextCanBeDeafToTheReturnKey) {
+TEST_F(TextFields, IgnoreTheReturnKeyWhileEmptyIfRequested) {
   objc::send<void, "setEnablesReturnKeyAutomatically:">(field.get(), true);
   field->becomeFirstResponder();
   objc::send<void, "_returnKeyPressed">(field.get());
@@ -92,7 +92,7 @@ TEST_F(TextFields, WithoutATextCanBeDeafToTheReturnKey) {
   EXPECT_FALSE(field->isFirstResponder());
 }
 
-TEST_F(TextFields, TakeALineFeedForTheReturnKey) {
+TEST_F(TextFields, TreatALineFeedAsTheReturnKey) {
   field->becomeFirstResponder();
   type("Hi");
   type("\n");
@@ -100,7 +100,7 @@ TEST_F(TextFields, TakeALineFeedForTheReturnKey) {
   EXPECT_FALSE(field->isFirstResponder());
 }
 
-TEST_F(TextFields, PutLongerTextOnOneLine) {
+TEST_F(TextFields, ReplaceLineBreaksWithSpaces) {
   type("one\ntwo\r\nthree");
   EXPECT_EQ(shown(), "one two three");
 }
@@ -108,10 +108,10 @@ TEST_F(TextFields, PutLongerTextOnOneLine) {
 TEST_F(TextFields, BeginEditingWhenTapped) {
   tap({150, 118});
   EXPECT_TRUE(field->isFirstResponder());
-  EXPECT_EQ(takeJournal(), Journal{"began"});
+  EXPECT_EQ(takeLog(), Log{"began"});
 }
 
-TEST_F(TextFields, DoNotBeginEditingByADragThatEndsElsewhere) {
+TEST_F(TextFields, DoNotBeginEditingOnADragThatEndsElsewhere) {
   drag({150, 118}, {0, 300});
   EXPECT_FALSE(field->isFirstResponder());
 }
@@ -121,14 +121,14 @@ TEST_F(TextFields, DoNotBeginEditingOutsideOfAWindow) {
   EXPECT_FALSE(loose->becomeFirstResponder());
 }
 
-TEST_F(TextFields, RefuseEverythingWhenDisabled) {
+TEST_F(TextFields, IgnoreInputWhenDisabled) {
   field->becomeFirstResponder();
-  takeJournal();
+  takeLog();
   field->setEnabled(false);
-  EXPECT_EQ(takeJournal(), Journal{"ended"});
+  EXPECT_EQ(takeLog(), Log{"ended"});
   EXPECT_FALSE(field->becomeFirstResponder());
   type("Hi");
-  erase();
+  deleteBackward();
   EXPECT_EQ(shown(), "");
 }
 
@@ -141,17 +141,17 @@ TEST_F(TextFields, InsertAtTheCaret) {
   EXPECT_EQ(shown(), "Hellpo");
 }
 
-TEST_F(TextFields, ReplaceWhatIsSelected) {
+TEST_F(TextFields, ReplaceTheSelection) {
   type("Hello world");
   select(6, 5);
   type("there");
   EXPECT_EQ(shown(), "Hello there");
   objc::send<void, "selectAll:">(field.get(), static_cast<NSObject*>(nullptr));
-  erase();
+  deleteBackward();
   EXPECT_EQ(shown(), "");
 }
 
-TEST_F(TextFields, KeepTheSelectionInsideTheText) {
+TEST_F(TextFields, ClampTheSelectionToTheText) {
   type("Hi");
   select(1, NSNotFound);
   type("ello");
@@ -161,87 +161,87 @@ TEST_F(TextFields, KeepTheSelectionInsideTheText) {
   EXPECT_EQ(shown(), "Hello!");
 }
 
-TEST_F(TextFields, EraseWholeCharacters) {
+TEST_F(TextFields, DeleteWholeCharacters) {
   for (const char* character : {"é", "e\u0301", "👍🏽", "👩‍👩‍👧‍👦", "🇩🇪", "한"}) {
     field->setText("a"_ns);
     type(character);
-    erase();
+    deleteBackward();
     EXPECT_EQ(shown(), "a") << character;
   }
 }
 
-TEST_F(TextFields, EraseNothingAtTheStart) {
+TEST_F(TextFields, DeleteNothingAtTheStart) {
   type("Hi");
   select(0, 0);
-  takeJournal();
-  erase();
+  takeLog();
+  deleteBackward();
   EXPECT_EQ(shown(), "Hi");
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
 }
 
-TEST_F(TextFields, EraseFromEnormousTextsQuickly) {
+TEST_F(TextFields, DeleteFromEnormousTextQuickly) {
   field->setText(string(std::string(1'000'000, 'x') + "🇩🇪"));
-  erase();
+  deleteBackward();
   EXPECT_EQ(field->text()->length(), 1'000'000u);
-  for (int count = 0; count < 20; ++count) erase();
+  for (int count = 0; count < 20; ++count) deleteBackward();
   EXPECT_EQ(field->text()->length(), 999'980u);
 }
 
-TEST_F(TextFields, SurviveHalfASurrogatePair) {
-  field->setText(brokenString());
-  EXPECT_EQ(described(field).at("text"), "a\uFFFD");
+TEST_F(TextFields, HandleAnUnpairedSurrogate) {
+  field->setText(stringWithUnpairedSurrogate());
+  EXPECT_EQ(describe(field).at("text"), "a\uFFFD");
   type("b");
-  erase();
-  erase();
+  deleteBackward();
+  deleteBackward();
   EXPECT_EQ(shown(), "a");
 }
 
-TEST_F(TextFields, ShowTheirTextInTheMiddleOfTheHeight) {
+TEST_F(TextFields, CenterTheirTextVertically) {
   field->setText("HH"_ns);
-  const CGRect ink = inkOnScreen(black);
+  const CGRect ink = inkBounds(black);
   EXPECT_NEAR(ink.origin.y + ink.size.height / 2, 118, 1.5);
   EXPECT_NEAR(ink.origin.x, 100, 3);
 }
 
-TEST_F(TextFields, ShowTheirTextAtTheTopOrBottomWhenTold) {
+TEST_F(TextFields, AlignTheirTextAtTheTopOrBottomIfRequested) {
   field->setText("HH"_ns);
   field->setContentVerticalAlignment(static_cast<UIControlContentVerticalAlignment>(1));
-  EXPECT_LT(inkOnScreen(black).origin.y, 105);
+  EXPECT_LT(inkBounds(black).origin.y, 105);
   field->setContentVerticalAlignment(static_cast<UIControlContentVerticalAlignment>(2));
-  EXPECT_GT(inkOnScreen(black).origin.y, 118);
+  EXPECT_GT(inkBounds(black).origin.y, 118);
 }
 
 TEST_F(TextFields, ShowACaretWhileEditing) {
-  EXPECT_EQ(inkOnScreen(black), CGRect{});
+  EXPECT_EQ(inkBounds(black), CGRect{});
   field->becomeFirstResponder();
-  EXPECT_EQ(inkOnScreen(black), (CGRect{{100, 109}, {2, 18}}));
+  EXPECT_EQ(inkBounds(black), (CGRect{{100, 109}, {2, 18}}));
   type("HH");
-  EXPECT_GT(inkOnScreen(black).size.width, 20);
+  EXPECT_GT(inkBounds(black).size.width, 20);
 }
 
-TEST_F(TextFields, KeepTheCaretInViewWhenTheTextIsTooLong) {
+TEST_F(TextFields, ScrollToTheCaretIfTheTextIsTooLong) {
   field->becomeFirstResponder();
   type(std::string(100, 'H'));
-  const CGRect atEnd = inkOnScreen(black);
+  const CGRect atEnd = inkBounds(black);
   EXPECT_GE(atEnd.origin.x, 100);
   EXPECT_NEAR(atEnd.origin.x + atEnd.size.width, 300, 1);
   select(0, 0);
-  EXPECT_NEAR(inkOnScreen(black).origin.x, 100, 1);
+  EXPECT_NEAR(inkBounds(black).origin.x, 100, 1);
 }
 
 TEST_F(TextFields, TruncateTheirTextWhenNotEditing) {
   field->setText(string(std::string(100, 'H')));
-  const CGRect ink = inkOnScreen(black);
+  const CGRect ink = inkBounds(black);
   EXPECT_GE(ink.origin.x, 100);
   EXPECT_LE(ink.origin.x + ink.size.width, 300);
 }
 
-TEST_F(TextFields, BeginOnTheRightInRightToLeftLanguages) {
+TEST_F(TextFields, StartOnTheRightInRightToLeftLanguages) {
   uikit::Environment environment;
   environment.direction = uikit::LayoutDirection::RightToLeft;
   uikit::setEnvironment(environment);
   field->becomeFirstResponder();
-  EXPECT_EQ(inkOnScreen(black), (CGRect{{298, 109}, {2, 18}}));
+  EXPECT_EQ(inkBounds(black), (CGRect{{298, 109}, {2, 18}}));
 }
 
 TEST_F(TextFields, ShowTheirPlaceholderWhileEmpty) {
@@ -249,30 +249,30 @@ TEST_F(TextFields, ShowTheirPlaceholderWhileEmpty) {
   uikit::Environment dark;
   dark.style = UIUserInterfaceStyle::Dark;
   uikit::setEnvironment(dark);
-  EXPECT_GT(inkOnScreen(black).size.width, 30);
+  EXPECT_GT(inkBounds(black).size.width, 30);
   field->setText("H"_ns);
-  EXPECT_LT(inkOnScreen(black).size.width, 20);
+  EXPECT_LT(inkBounds(black).size.width, 20);
 }
 
-TEST_F(TextFields, KeepTextOffTheirBorder) {
+TEST_F(TextFields, KeepTextInsideTheirBorder) {
   EXPECT_EQ((objc::send<CGRect, "textRectForBounds:">(field.get(), field->bounds())), field->bounds());
   field->setBorderStyle(static_cast<UITextBorderStyle>(3));
   EXPECT_EQ((objc::send<CGRect, "textRectForBounds:">(field.get(), field->bounds())), (CGRect{{7, 0}, {186, 36}}));
 }
 
-TEST_F(TextFields, TellWhatTheyHold) {
+TEST_F(TextFields, DescriptionContainsTheirContent) {
   field->setText("Hi"_ns);
-  const Json node = described(field);
+  const Json node = describe(field);
   EXPECT_EQ(node.at("text"), "Hi");
   EXPECT_EQ(node.at("font"), (Json{{"family", "Inter"}, {"size", 15.0}, {"weight", "regular"}}));
   EXPECT_EQ(node.at("color"), (Json{1.0, 1.0, 1.0, 1.0}));
   EXPECT_EQ(node.at("firstResponder"), false);
   EXPECT_EQ(node.at("enabled"), true);
   field->becomeFirstResponder();
-  EXPECT_EQ(described(field).at("firstResponder"), true);
+  EXPECT_EQ(describe(field).at("firstResponder"), true);
 }
 
-TEST_F(TextFields, KeepTheirTraits) {
+TEST_F(TextFields, StoreTheirReturnKeyType) {
   EXPECT_EQ((objc::send<UIReturnKeyType, "returnKeyType">(field.get())), UIReturnKeyType{});
   field->setReturnKeyType(UIReturnKeyType::Send);
   EXPECT_EQ((objc::send<UIReturnKeyType, "returnKeyType">(field.get())), UIReturnKeyType::Send);

@@ -3,28 +3,28 @@
 #include "platform/ui_device.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/uikit_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-class Windows : public Stage {};
-class Traits : public Stage {};
-class Devices : public Stage {};
+class Windows : public UIKitTest {};
+class Traits : public UIKitTest {};
+class Devices : public UIKitTest {};
 
 void setLevel(UIWindow* window, double level) { objc::send<void, "setWindowLevel:">(window, level); }
 bool isKey(UIWindow* window) { return objc::send<bool, "isKeyWindow">(window); }
 
 }  // namespace
 
-TEST_F(Windows, AreHiddenAtFirst) {
+TEST_F(Windows, AreInitiallyHidden) {
   const auto window = UIView::withFrame<UIWindow>({{}, {10, 10}});
   EXPECT_TRUE(window->isHidden());
   EXPECT_TRUE(uikit::visibleWindows().empty());
 }
 
-TEST_F(Windows, AreOrderedByLevelThenByTheirShowing) {
+TEST_F(Windows, AreOrderedByLevelThenByWhenTheyWereShown) {
   const auto first = makeWindow();
   const auto second = makeWindow();
   const auto alert = makeWindow();
@@ -34,7 +34,7 @@ TEST_F(Windows, AreOrderedByLevelThenByTheirShowing) {
   EXPECT_EQ(uikit::visibleWindows(), (std::vector<UIWindow*>{second, third, first, alert}));
 }
 
-TEST_F(Windows, LeaveTheScreenWithTheirLastReference) {
+TEST_F(Windows, AreRemovedFromTheScreenWhenDeallocated) {
   {
     const auto window = makeWindow();
     window->makeKeyAndVisible();
@@ -46,7 +46,7 @@ TEST_F(Windows, LeaveTheScreenWithTheirLastReference) {
   EXPECT_EQ(uikit::keyWindow(), nullptr);
 }
 
-TEST_F(Windows, OneIsKeyAtATime) {
+TEST_F(Windows, OnlyOneIsKey) {
   const auto application = objc::make<UIApplication>();
   const auto first = makeWindow();
   const auto second = makeWindow();
@@ -60,7 +60,7 @@ TEST_F(Windows, OneIsKeyAtATime) {
   EXPECT_EQ(application->keyWindow(), nullptr);
 }
 
-TEST_F(Windows, FillThemselvesWithTheRootControllersView) {
+TEST_F(Windows, AreFilledByTheViewOfTheRootController) {
   const auto window = makeWindow();
   const auto controller = objc::make<UIViewController>();
   objc::send<void, "setRootViewController:">(window.get(), controller.get());
@@ -69,23 +69,23 @@ TEST_F(Windows, FillThemselvesWithTheRootControllersView) {
   EXPECT_EQ(controller->view()->frame(), (CGRect{{}, {500, 500}}));
 }
 
-TEST_F(Windows, PresentedControllerCoversTheWindowAndGoesAgain) {
+TEST_F(Windows, PresentedControllerIsAddedAndRemoved) {
   const auto window = makeWindow();
   const auto controller = objc::make<UIViewController>();
   const auto presented = objc::make<UIViewController>();
   objc::send<void, "setRootViewController:">(window.get(), controller.get());
   objc::send<void, "presentViewController:animated:completion:">(controller.get(), presented.get(), true,
-                                                                 objc::block([] { write("presented"); }).get());
+                                                                 objc::block([] { log("presented"); }).get());
   EXPECT_EQ(presented->view()->superview(), window.get());
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
   foundation::drainMainQueue();
-  EXPECT_EQ(takeJournal(), Journal{"presented"});
+  EXPECT_EQ(takeLog(), Log{"presented"});
   objc::send<void, "dismissViewControllerAnimated:completion:">(presented.get(), false,
                                                                 static_cast<objc::Block<void()>*>(nullptr));
   EXPECT_EQ(presented->view()->superview(), nullptr);
 }
 
-TEST_F(Windows, ControllersKnowTheirParents) {
+TEST_F(Windows, ChildControllerHasAParent) {
   const auto parent = objc::make<UIViewController>();
   const auto child = objc::make<UIViewController>();
   const auto parentOf = [](UIViewController* each) {
@@ -97,43 +97,43 @@ TEST_F(Windows, ControllersKnowTheirParents) {
   EXPECT_EQ(parentOf(child), nullptr);
 }
 
-TEST_F(Traits, ChangeWithTheAppearanceFromTheOutsideIn) {
+TEST_F(Traits, AppearanceChangeReachesOuterViewsFirst) {
   const auto window = makeWindow();
   const auto outer = ProbeView::named("outer");
   const auto inner = ProbeView::named("inner");
   outer->addSubview(inner);
   window->addSubview(outer);
-  takeJournal();
+  takeLog();
   uikit::switchAppearance(UIUserInterfaceStyle::Dark);
-  EXPECT_EQ(takeJournal(), (Journal{"outer was light", "inner was light"}));
+  EXPECT_EQ(takeLog(), (Log{"outer was light", "inner was light"}));
   EXPECT_EQ(UIScreen::mainScreen()->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Dark);
   uikit::switchAppearance(UIUserInterfaceStyle::Dark);
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
 }
 
-TEST_F(Traits, OverrideHoldsForAllInsideTheController) {
+TEST_F(Traits, OverrideAppliesToAllViewsOfTheController) {
   const auto window = makeWindow();
   const auto controller = objc::make<UIViewController>();
   objc::send<void, "setRootViewController:">(window.get(), controller.get());
   const auto probe = ProbeView::named("probe");
   controller->view()->addSubview(probe);
-  takeJournal();
+  takeLog();
   controller->setOverrideUserInterfaceStyle(UIUserInterfaceStyle::Dark);
-  EXPECT_EQ(takeJournal(), Journal{"probe was light"});
+  EXPECT_EQ(takeLog(), Log{"probe was light"});
   EXPECT_EQ(controller->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Dark);
   EXPECT_EQ(uikit::styleOf(probe), UIUserInterfaceStyle::Dark);
   EXPECT_EQ(uikit::styleOf(window), UIUserInterfaceStyle::Light);
   uikit::switchAppearance(UIUserInterfaceStyle::Dark);
-  EXPECT_EQ(takeJournal(), Journal{});
+  EXPECT_EQ(takeLog(), Log{});
 }
 
-TEST_F(Traits, EqualWhenOfTheSameAppearance) {
+TEST_F(Traits, AreEqualForTheSameAppearance) {
   const auto light = objc::retain(uikit::traitCollection(UIUserInterfaceStyle::Light));
   EXPECT_TRUE(light->isEqual(uikit::traitCollection(UIUserInterfaceStyle::Light)));
   EXPECT_FALSE(light->isEqual(uikit::traitCollection(UIUserInterfaceStyle::Dark)));
 }
 
-TEST_F(Devices, TellSystemVersionAndHapticsByKey) {
+TEST_F(Devices, ReportSystemVersionAndHapticSupport) {
   uikit::Environment environment;
   environment.systemVersion = "11.4";
   environment.device = *base::findDeviceProfile("iphone-8");
@@ -143,7 +143,7 @@ TEST_F(Devices, TellSystemVersionAndHapticsByKey) {
   EXPECT_EQ((objc::send<NSInteger, "integerValue">(level)), 2);
 }
 
-TEST_F(Devices, LanguagesKnowTheirDirection) {
+TEST_F(Devices, LocaleDeterminesTheLayoutDirection) {
   EXPECT_EQ(uikit::directionOfLocale("ar_EG"), uikit::LayoutDirection::RightToLeft);
   EXPECT_EQ(uikit::directionOfLocale("he"), uikit::LayoutDirection::RightToLeft);
   EXPECT_EQ(uikit::directionOfLocale("arn_CL"), uikit::LayoutDirection::LeftToRight);

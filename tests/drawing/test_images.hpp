@@ -1,12 +1,9 @@
-// What several tests of the pixel layer need: colors of pixels and a scratch folder.
+// Colors, pixel components and images that several tests of drawing use, and a temporary folder for image files.
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <span>
@@ -15,6 +12,7 @@
 
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/drawing/image.hpp"
+#include "tests/support/temporary_folder.hpp"
 
 namespace drawing {
 
@@ -29,7 +27,8 @@ inline int redOf(std::uint32_t pixel) { return static_cast<int>(pixel >> 16 & 0x
 inline int greenOf(std::uint32_t pixel) { return static_cast<int>(pixel >> 8 & 0xFF); }
 inline int blueOf(std::uint32_t pixel) { return static_cast<int>(pixel & 0xFF); }
 
-// A picture with a different color in each quarter: red, green, blue and half transparent white.
+// A square image with a different color in each quarter: red, green, blue and half-transparent white. `side` is in
+// pixels.
 inline std::shared_ptr<const Image> quarteredImage(int side, double scale = 1) {
   Canvas canvas({static_cast<double>(side), static_cast<double>(side)}, 1);
   const double half = side / 2.0;
@@ -46,27 +45,19 @@ inline std::vector<std::byte> bytesOf(const std::string& text) {
   return {bytes, bytes + text.size()};
 }
 
-// Removed with all that is in it.
-class ScratchFolder {
- public:
-  ScratchFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "drawing-XXXXXX").string();
-    path_ = mkdtemp(name.data());
-  }
-  ~ScratchFolder() { std::filesystem::remove_all(path_); }
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
+inline bool samePixels(const Canvas& first, const Canvas& second) {
+  return first.pixelsAsPng() == second.pixelsAsPng();
+}
 
-  std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
-  const std::filesystem::path& path() const { return path_; }
+// A temporary folder for image files. Paths are relative to it.
+class ImageFolder : public test::TemporaryFolder {
+ public:
+  std::filesystem::path operator/(const std::string& name) const { return path() / name; }
 
   void write(const std::string& name, std::span<const std::byte> content) const {
-    std::ofstream file(path_ / name, std::ios::binary);
+    std::ofstream file(path() / name, std::ios::binary);
     file.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
   }
-
- private:
-  std::filesystem::path path_;
 };
 
 }  // namespace drawing

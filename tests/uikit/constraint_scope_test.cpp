@@ -1,19 +1,19 @@
-// How far the work for constraints reaches: what lies in different views whose frames are given is solved apart.
+// Scope of constraint solving: the contents of views with given frames are solved separately.
 #include "simulator/uikit/views/view_hierarchy.hpp"
-#include "tests/uikit/constraints.hpp"
+#include "tests/uikit/constraints_fixture.hpp"
 
 namespace test {
 
 namespace {
 
-// A view with a given frame, and one inside that constraints hold at a distance from all its edges.
+// A view with a given frame, and a content view that is constrained to a distance of 10 points from each of its edges.
 struct Card {
   objc::Ref<UIView> view;
   objc::Ref<UIView> content;
   NSLayoutConstraint* leading;
 
   explicit Card(UIView* parent, CGRect frame = {{}, {100, 50}})
-      : view(Stage::addView(parent, frame)), content(Stage::addConstrainedView(view)) {
+      : view(UIKitTest::addView(parent, frame)), content(UIKitTest::addConstrainedView(view)) {
     leading = content->leadingAnchor()->equalTo(view->leadingAnchor(), 10)->activated();
     content->topAnchor()->equalTo(view->topAnchor(), 10)->setActive(true);
     content->trailingAnchor()->equalTo(view->trailingAnchor(), -10)->setActive(true);
@@ -21,7 +21,7 @@ struct Card {
   }
 };
 
-std::size_t constraintsRead(UIView* root) {
+std::size_t constraintsReadIn(UIView* root) {
   std::size_t count = 0;
   uikit::visitTree(root, [&](UIView* view) {
     if (const auto* engine = uikit::record(view).engine.get()) count += engine->work().constraints;
@@ -31,33 +31,33 @@ std::size_t constraintsRead(UIView* root) {
 
 }  // namespace
 
-TEST_F(Constraints, AreReadAgainOnlyInsideTheViewWhereOneChanged) {
+TEST_F(Constraints, ConstraintsAreReadAgainOnlyInTheChangedView) {
   const Card first(root);
   const Card second(root);
   root->layoutIfNeeded();
-  const std::size_t before = constraintsRead(root);
-  const std::size_t beforeInFirst = constraintsRead(first.view);
+  const std::size_t before = constraintsReadIn(root);
+  const std::size_t beforeInFirst = constraintsReadIn(first.view);
   ASSERT_EQ(before, 2 * beforeInFirst);
   first.leading->setConstant(20);
   root->layoutIfNeeded();
-  EXPECT_EQ(constraintsRead(second.view), beforeInFirst);
-  EXPECT_GT(constraintsRead(first.view), beforeInFirst);
+  EXPECT_EQ(constraintsReadIn(second.view), beforeInFirst);
+  EXPECT_GT(constraintsReadIn(first.view), beforeInFirst);
   EXPECT_EQ(first.content->frame(), (CGRect{{20, 10}, {70, 30}}));
   EXPECT_EQ(second.content->frame(), (CGRect{{10, 10}, {80, 30}}));
 }
 
-TEST_F(Constraints, OfAnAddedViewLeaveThoseOfItsSiblingsAlone) {
+TEST_F(Constraints, AddedViewDoesNotAffectItsSiblings) {
   const Card first(root);
   root->layoutIfNeeded();
-  const std::size_t before = constraintsRead(first.view);
+  const std::size_t before = constraintsReadIn(first.view);
   ASSERT_GT(before, 0U);
   const Card second(root);
   root->layoutIfNeeded();
-  EXPECT_EQ(constraintsRead(first.view), before);
+  EXPECT_EQ(constraintsReadIn(first.view), before);
   EXPECT_EQ(second.content->frame(), (CGRect{{10, 10}, {80, 30}}));
 }
 
-TEST_F(Constraints, FollowAViewThatItsSuperviewResizes) {
+TEST_F(Constraints, FollowAViewResizedByItsSuperview) {
   const auto middle = addView(root, {{}, {200, 100}});
   const Card card(middle);
   middle->setAutoresizingMask(UIViewAutoresizingFlexibleSize);
@@ -71,7 +71,7 @@ TEST_F(Constraints, FollowAViewThatItsSuperviewResizes) {
   EXPECT_EQ(card.content->frame(), (CGRect{{10, 10}, {size.width - 20, size.height - 20}}));
 }
 
-TEST_F(Constraints, PlaceAViewFromAboveAndWhatIsInItUntilTheyAreGone) {
+TEST_F(Constraints, PlaceAViewAndItsContentUntilTheyAreDeactivated) {
   const Card card(root);
   root->layoutIfNeeded();
   NSLayoutConstraint* const placement[] = {
@@ -91,14 +91,14 @@ TEST_F(Constraints, PlaceAViewFromAboveAndWhatIsInItUntilTheyAreGone) {
   EXPECT_EQ(card.content->frame(), (CGRect{{10, 10}, {180, 80}}));
 }
 
-TEST_F(Constraints, OfItsOwnSizeAlonePlaceAView) {
+TEST_F(Constraints, SizeConstraintsAloneDetermineTheFrame) {
   const auto view = addConstrainedView(addView(root, {{}, {100, 50}}));
   fixSize(view, 30, 20);
   root->layoutIfNeeded();
   EXPECT_EQ(view->frame(), (CGRect{{}, {30, 20}}));
 }
 
-TEST_F(Constraints, ThatTieTwoViewsFromAboveMoveWhatIsInThem) {
+TEST_F(Constraints, ConstraintsBetweenTwoContentsAreSolvedTogether) {
   const Card first(root, {{0, 0}, {100, 50}});
   const Card second(root, {{0, 60}, {200, 50}});
   root->layoutIfNeeded();
@@ -112,7 +112,7 @@ TEST_F(Constraints, ThatTieTwoViewsFromAboveMoveWhatIsInThem) {
   EXPECT_EQ(first.content->frame(), (CGRect{{35, 10}, {55, 30}}));
 }
 
-TEST_F(Constraints, ChangedInsideAnotherTreeHoldWhenTheViewIsARootAgain) {
+TEST_F(Constraints, ConstraintChangedInsideATreeAppliesAfterRemovalFromTheTree) {
   const Card card(root);
   card.view->removeFromSuperview();
   card.view->layoutIfNeeded();

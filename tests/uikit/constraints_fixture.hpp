@@ -1,12 +1,12 @@
-// Views placed by constraints in one of 400 by 300 points.
+// Fixture for tests of constraints: a root view of 400 by 300 points, and functions for common constraints.
 #pragma once
 
 #include "simulator/uikit/layout/layout_constraint.hpp"
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/uikit_fixture.hpp"
 
 namespace test {
 
-class Constraints : public Stage {
+class Constraints : public UIKitTest {
  public:
   objc::Ref<UIView> root = UIView::withFrame<UIView>({{}, {400, 300}});
 };

@@ -1,4 +1,4 @@
-#include "tests/uikit/content.hpp"
+#include "tests/uikit/view_content.hpp"
 
 #include <algorithm>
 
@@ -6,18 +6,18 @@
 
 namespace test {
 
-NSString* brokenString() { return objc::send<NSString*, "substringWithRange:">("a👍"_ns, NSRange{0, 2}); }
+NSString* stringWithUnpairedSurrogate() { return objc::send<NSString*, "substringWithRange:">("a👍"_ns, NSRange{0, 2}); }
 
-Json described(UIView* view) { return uikit::describeTree(view); }
+Json describe(UIView* view) { return uikit::describeTree(view); }
 
-std::shared_ptr<const drawing::Image> plainPicture(int width, int height, std::uint32_t pixel, double scale) {
+std::shared_ptr<const drawing::Image> solidImage(int width, int height, std::uint32_t pixel, double scale) {
   drawing::Canvas canvas({static_cast<double>(width), static_cast<double>(height)}, 1);
   const auto channel = [pixel](int shift) { return ((pixel >> shift) & 0xff) / 255.0; };
   canvas.clear({channel(16), channel(8), channel(0), channel(24)});
   return drawing::Image::fromSurface(drawing::SurfaceHandle(cairo_surface_reference(canvas.surface())), scale);
 }
 
-CGRect inkOnScreen(std::uint32_t background) {
+CGRect inkBounds(std::uint32_t background) {
   const auto screen = uikit::renderScreen(1);
   int left = screen->pixelWidth();
   int top = screen->pixelHeight();

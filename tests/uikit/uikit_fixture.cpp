@@ -1,4 +1,4 @@
-#include "tests/uikit/stage.hpp"
+#include "tests/uikit/uikit_fixture.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -14,27 +14,27 @@ namespace test {
 
 namespace {
 
-Journal& journal() {
-  static Journal entries;
+Log& logEntries() {
+  static Log entries;
   return entries;
 }
 
-int& living() {
+int& livingCount() {
   static int count = 0;
   return count;
 }
 
-struct Counted {
-  Counted() { ++living(); }
-  ~Counted() { --living(); }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
+struct ProbeState {
+  ProbeState() { ++livingCount(); }
+  ~ProbeState() { --livingCount(); }
+  ProbeState(const ProbeState&) = delete;
+  ProbeState& operator=(const ProbeState&) = delete;
   std::string name;
 };
 
-struct Length {
+struct ParagraphState {
   int characters = 0;
-  double width = 0;
+  double preferredWidth = 0;
 };
 
 }  // namespace
@@ -43,15 +43,15 @@ struct Length {
 
 template <>
 struct objc::StateOf<test::ProbeView> {
-  using Type = test::Counted;
+  using Type = test::ProbeState;
 };
 template <>
 struct objc::StateOf<test::ParagraphView> {
-  using Type = test::Length;
+  using Type = test::ParagraphState;
 };
 template <>
-struct objc::StateOf<test::ActionTarget> {
-  using Type = test::Counted;
+struct objc::StateOf<test::RecognizerTarget> {
+  using Type = test::ProbeState;
 };
 
 namespace test {
@@ -64,39 +64,41 @@ std::string nameOf(const NSObject* object) {
   return probe == nullptr ? class_getName(object_getClass(objc::detail::identifier(object))) : objc::state(probe).name;
 }
 
-void note(const ProbeView* probe, const std::string& what) { Stage::write(objc::state(probe).name + " " + what); }
+void logCall(const ProbeView* probe, const std::string& message) {
+  UIKitTest::log(objc::state(probe).name + " " + message);
+}
 
-void willMoveToSuperview(ProbeView* self, UIView* view) { note(self, "willMoveToSuperview " + nameOf(view)); }
-void didMoveToSuperview(ProbeView* self) { note(self, "didMoveToSuperview " + nameOf(self->superview())); }
-void willMoveToWindow(ProbeView* self, UIWindow* window) { note(self, "willMoveToWindow " + nameOf(window)); }
-void didMoveToWindow(ProbeView* self) { note(self, "didMoveToWindow " + nameOf(self->window())); }
-void didAddSubview(ProbeView* self, UIView* view) { note(self, "didAddSubview " + nameOf(view)); }
-void willRemoveSubview(ProbeView* self, UIView* view) { note(self, "willRemoveSubview " + nameOf(view)); }
+void willMoveToSuperview(ProbeView* self, UIView* view) { logCall(self, "willMoveToSuperview " + nameOf(view)); }
+void didMoveToSuperview(ProbeView* self) { logCall(self, "didMoveToSuperview " + nameOf(self->superview())); }
+void willMoveToWindow(ProbeView* self, UIWindow* window) { logCall(self, "willMoveToWindow " + nameOf(window)); }
+void didMoveToWindow(ProbeView* self) { logCall(self, "didMoveToWindow " + nameOf(self->window())); }
+void didAddSubview(ProbeView* self, UIView* view) { logCall(self, "didAddSubview " + nameOf(view)); }
+void willRemoveSubview(ProbeView* self, UIView* view) { logCall(self, "willRemoveSubview " + nameOf(view)); }
 void layoutSubviews(ProbeView* self) {
   objc::sendSuper<"ProbeView", void, "layoutSubviews">(self);
-  note(self, "layoutSubviews");
+  logCall(self, "layoutSubviews");
 }
-void touchesBegan(ProbeView* self, NSObject*, NSObject*) { note(self, "began"); }
-void touchesMoved(ProbeView* self, NSObject*, NSObject*) { note(self, "moved"); }
-void touchesEnded(ProbeView* self, NSObject*, NSObject*) { note(self, "ended"); }
-void touchesCancelled(ProbeView* self, NSObject*, NSObject*) { note(self, "cancelled"); }
+void touchesBegan(ProbeView* self, NSObject*, NSObject*) { logCall(self, "began"); }
+void touchesMoved(ProbeView* self, NSObject*, NSObject*) { logCall(self, "moved"); }
+void touchesEnded(ProbeView* self, NSObject*, NSObject*) { logCall(self, "ended"); }
+void touchesCancelled(ProbeView* self, NSObject*, NSObject*) { logCall(self, "cancelled"); }
 void traitsChanged(ProbeView* self, UITraitCollection* previous) {
-  note(self, previous->userInterfaceStyle() == UIUserInterfaceStyle::Light ? "was light" : "was dark");
+  logCall(self, previous->userInterfaceStyle() == UIUserInterfaceStyle::Light ? "was light" : "was dark");
 }
 bool canBecomeFirstResponder(ProbeView*) { return true; }
 bool resignFirstResponder(ProbeView* self) {
-  note(self, "resigns");
+  logCall(self, "resigns");
   return objc::sendSuper<"ProbeView", bool, "resignFirstResponder">(self);
 }
 
-void setPreferredWidth(ParagraphView* self, CGFloat width) { objc::state(self).width = width; }
+void setPreferredWidth(ParagraphView* self, CGFloat width) { objc::state(self).preferredWidth = width; }
 CGSize paragraphSize(ParagraphView* self) {
-  const Length& length = objc::state(self);
-  const double natural = 10.0 * length.characters;
-  if (length.width <= 0 || length.width >= natural) return {natural, 10};
-  const int inLine = std::max(1, static_cast<int>(length.width / 10));
-  const int lines = (length.characters + inLine - 1) / inLine;
-  return {10.0 * inLine, 10.0 * lines};
+  const ParagraphState& state = objc::state(self);
+  const double natural = 10.0 * state.characters;
+  if (state.preferredWidth <= 0 || state.preferredWidth >= natural) return {natural, 10};
+  const int charactersPerLine = std::max(1, static_cast<int>(state.preferredWidth / 10));
+  const int lines = (state.characters + charactersPerLine - 1) / charactersPerLine;
+  return {10.0 * charactersPerLine, 10.0 * lines};
 }
 
 std::string number(double value) {
@@ -106,17 +108,17 @@ std::string number(double value) {
   return text;
 }
 
-void pan(ActionTarget*, UIPanGestureRecognizer* recognizer) {
+void pan(RecognizerTarget*, UIPanGestureRecognizer* recognizer) {
   const CGPoint translation = recognizer->translationInView(recognizer->view());
-  Stage::write("pan " + std::to_string(static_cast<NSInteger>(recognizer->state())) + " " + number(translation.x) +
-               "," + number(translation.y));
+  UIKitTest::log("pan " + std::to_string(static_cast<NSInteger>(recognizer->state())) + " " + number(translation.x) +
+                 "," + number(translation.y));
 }
-void tapped(ActionTarget*, UITapGestureRecognizer* recognizer) {
-  Stage::write("tap " + std::to_string(static_cast<NSInteger>(recognizer->state())));
+void tap(RecognizerTarget*, UITapGestureRecognizer* recognizer) {
+  UIKitTest::log("tap " + std::to_string(static_cast<NSInteger>(recognizer->state())));
 }
-void plainAction(ActionTarget*) { Stage::write("plain"); }
+void plainAction(RecognizerTarget*) { UIKitTest::log("plain"); }
 
-void defineProbes() {
+void defineTestClasses() {
   static constexpr objc::MethodEntry probeMethods[] = {
       objc::method<"willMoveToSuperview:", &willMoveToSuperview>(),
       objc::method<"didMoveToSuperview", &didMoveToSuperview>(),
@@ -139,72 +141,73 @@ void defineProbes() {
   };
   static constexpr objc::MethodEntry targetMethods[] = {
       objc::method<"pan:", &pan>(),
-      objc::method<"tap:", &tapped>(),
+      objc::method<"tap:", &tap>(),
       objc::method<"plain", &plainAction>(),
   };
   objc::defineClassWithState<ProbeView>(probeMethods);
   objc::defineClassWithState<ParagraphView>(paragraphMethods);
-  objc::defineClassWithState<ActionTarget>(targetMethods);
+  objc::defineClassWithState<RecognizerTarget>(targetMethods);
 }
 
-void startProcess() {
-  static const bool started = [] {
+void initializeProcess() {
+  static const bool initialized = [] {
     foundation::registerClasses();
     foundation::useClock(foundation::ClockMode::Stepped, 0);
     uikit::registerClasses();
-    defineProbes();
+    defineTestClasses();
     return true;
   }();
-  (void)started;
+  (void)initialized;
 }
 
 }  // namespace
 
-Stage::Stage() {
-  startProcess();
+UIKitTest::UIKitTest() {
+  initializeProcess();
   pool_.emplace();
   uikit::setEnvironment({});
-  journal().clear();
+  logEntries().clear();
 }
 
-Stage::~Stage() {
+UIKitTest::~UIKitTest() {
   foundation::stepClock(10);
   foundation::drainMainQueue();
 }
 
-objc::Ref<UIWindow> Stage::makeWindow() {
+objc::Ref<UIWindow> UIKitTest::makeWindow() {
   auto window = UIView::withFrame<UIWindow>({{}, uikit::environment().device.screen});
   window->setHidden(false);
   return window;
 }
 
-objc::Ref<UIView> Stage::addView(UIView* parent, CGRect frame) {
+objc::Ref<UIView> UIKitTest::addView(UIView* parent, CGRect frame) {
   auto view = UIView::withFrame<UIView>(frame);
   parent->addSubview(view);
   return view;
 }
 
-objc::Ref<UIView> Stage::addConstrainedView(UIView* parent) {
+objc::Ref<UIView> UIKitTest::addConstrainedView(UIView* parent) {
   auto view = addView(parent, {});
   view->setTranslatesAutoresizingMaskIntoConstraints(false);
   return view;
 }
 
-void Stage::drag(CGPoint from, CGPoint by, int steps) {
+void UIKitTest::drag(CGPoint from, CGPoint translation, int steps) {
   uikit::deliverTouch(UITouchPhase::Began, from, foundation::now());
   for (int step = 1; step <= steps; ++step)
-    uikit::deliverTouch(UITouchPhase::Moved, {from.x + by.x * step / steps, from.y + by.y * step / steps},
+    uikit::deliverTouch(UITouchPhase::Moved,
+                        {from.x + translation.x * step / steps, from.y + translation.y * step / steps},
                         foundation::now());
-  uikit::deliverTouch(UITouchPhase::Ended, {from.x + by.x, from.y + by.y}, foundation::now());
+  uikit::deliverTouch(UITouchPhase::Ended, {from.x + translation.x, from.y + translation.y}, foundation::now());
 }
 
-void Stage::tap(CGPoint point) {
+void UIKitTest::tap(CGPoint point) {
   uikit::deliverTouch(UITouchPhase::Began, point, foundation::now());
   uikit::deliverTouch(UITouchPhase::Ended, point, foundation::now());
 }
 
-Journal Stage::takeJournal() { return std::exchange(journal(), {}); }
-void Stage::write(const std::string& entry) { journal().push_back(entry); }
+Log UIKitTest::takeLog() { return std::exchange(logEntries(), {}); }
+void UIKitTest::log(const std::string& entry) { logEntries().push_back(entry); }
 
 objc::Ref<ProbeView> ProbeView::named(const std::string& name) {
   auto probe = UIView::withFrame<ProbeView>({{}, {100, 100}});
@@ -219,6 +222,6 @@ objc::Ref<ParagraphView> ParagraphView::withLength(int characters) {
   return view;
 }
 
-int livingObjects() { return living(); }
+int livingObjects() { return livingCount(); }
 
 }  // namespace test

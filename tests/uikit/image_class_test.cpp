@@ -1,7 +1,5 @@
-// UIImage: files, data and the icons of applications.
+// Tests of UIImage: files, data and application icons.
 #include "simulator/uikit/images/image_class.hpp"
-
-#include <stdlib.h>
 
 #include <cmath>
 #include <filesystem>
@@ -10,7 +8,8 @@
 #include "platform/ui_image_view.hpp"
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/uikit/images/application_icons.hpp"
-#include "tests/uikit/content.hpp"
+#include "tests/support/temporary_folder.hpp"
+#include "tests/uikit/view_content.hpp"
 
 namespace test {
 
@@ -18,22 +17,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class Images : public Stage {
+class Images : public UIKitTest {
  public:
-  Images() {
-    std::string pattern = (fs::temp_directory_path() / "images-XXXXXX").string();
-    folder = mkdtemp(pattern.data());
-  }
-  ~Images() override { fs::remove_all(folder); }
-
   void write(const std::string& name, int width, int height) const {
-    EXPECT_EQ(drawing::writePng(*plainPicture(width, height), folder / name), std::nullopt);
+    EXPECT_EQ(drawing::writePng(*solidImage(width, height), folder / name), std::nullopt);
   }
   UIImage* load(const std::string& name) const {
     return UIImage::imageWithContentsOfFile(string((folder / name).string()));
   }
 
-  fs::path folder;
+  const TemporaryFolder temporaryFolder;
+  const fs::path& folder = temporaryFolder.path();
 };
 
 NSData* dataOf(const std::vector<std::byte>& bytes) { return NSData::dataWithBytes(bytes.data(), bytes.size()); }
@@ -59,13 +53,13 @@ TEST_F(Images, PreferTheVariantOfTheScreensScale) {
   EXPECT_EQ(image->size(), (CGSize{10, 10}));
 }
 
-TEST_F(Images, AreNamedByThePathAskedFor) {
+TEST_F(Images, AreNamedAfterTheRequestedPath) {
   write("glyph@2x.png", 20, 20);
   EXPECT_EQ(uikit::imageOf(load("glyph.png"))->name(), (folder / "glyph.png").string());
 }
 
-TEST_F(Images, OfNoFileAreNil) {
-  std::ofstream(folder / "text.png") << "no picture";
+TEST_F(Images, InvalidFilesGiveNil) {
+  std::ofstream(folder / "text.png") << "not an image";
   EXPECT_EQ(UIImage::imageWithContentsOfFile(nullptr), nullptr);
   EXPECT_EQ(UIImage::imageWithContentsOfFile(""_ns), nullptr);
   EXPECT_EQ(load("missing.png"), nullptr);
@@ -73,23 +67,23 @@ TEST_F(Images, OfNoFileAreNil) {
   EXPECT_EQ(load(""), nullptr);
 }
 
-TEST_F(Images, OfAPathThatIsNoTextAreNil) {
-  EXPECT_EQ(brokenString()->length(), 2u);
-  EXPECT_EQ(UIImage::imageWithContentsOfFile(brokenString()), nullptr);
+TEST_F(Images, PathsThatCannotBeEncodedGiveNil) {
+  EXPECT_EQ(stringWithUnpairedSurrogate()->length(), 2u);
+  EXPECT_EQ(UIImage::imageWithContentsOfFile(stringWithUnpairedSurrogate()), nullptr);
 }
 
 TEST_F(Images, AreReadFromData) {
-  const auto image = UIImage::withData(dataOf(drawing::encodePng(*plainPicture(12, 7))));
+  const auto image = UIImage::withData(dataOf(drawing::encodePng(*solidImage(12, 7))));
   ASSERT_NE(image.get(), nullptr);
   EXPECT_EQ(image->size(), (CGSize{12, 7}));
   EXPECT_NE((objc::send<UIImage*, "imageWithData:">(UIImage::classObject(),
-                                                    dataOf(drawing::encodeJpeg(*plainPicture(12, 7), 0.5)))),
+                                                    dataOf(drawing::encodeJpeg(*solidImage(12, 7), 0.5)))),
             nullptr);
 }
 
-TEST_F(Images, OfDataThatIsNoPictureAreNil) {
+TEST_F(Images, InvalidDataGivesNil) {
   EXPECT_EQ(UIImage::withData(nullptr).get(), nullptr);
-  EXPECT_EQ(UIImage::withData(NSData::dataWithBytes("no picture", 10)).get(), nullptr);
+  EXPECT_EQ(UIImage::withData(NSData::dataWithBytes("not an image", 12)).get(), nullptr);
   EXPECT_EQ(UIImage::withData(NSData::dataWithBytes("", 0)).get(), nullptr);
 }
 
@@ -99,8 +93,8 @@ TEST_F(Images, WithoutPixelsAreEmpty) {
   EXPECT_EQ(UIImageJPEGRepresentation(image, 1), nullptr);
 }
 
-TEST_F(Images, BecomeFilesAgain) {
-  const auto image = uikit::makeImage(plainPicture(8, 8));
+TEST_F(Images, CanBeEncoded) {
+  const auto image = uikit::makeImage(solidImage(8, 8));
   NSData* jpeg = UIImageJPEGRepresentation(image, 1);
   EXPECT_EQ(decoded(jpeg)->pixelWidth(), 8);
   EXPECT_EQ(decoded(UIImagePNGRepresentation(image))->pixel(4, 4), 0xffff0000);
@@ -108,7 +102,7 @@ TEST_F(Images, BecomeFilesAgain) {
   EXPECT_EQ(UIImagePNGRepresentation(nullptr), nullptr);
 }
 
-TEST_F(Images, CountAJpegQualityOutsideTheRangeAsItsEnd) {
+TEST_F(Images, ClampTheJpegQuality) {
   drawing::Canvas canvas({16, 16}, 1);
   canvas.clear({1, 1, 1, 1});
   canvas.strokeLine({0, 0}, {16, 16}, 1, {1, 0, 0, 1});
@@ -123,8 +117,8 @@ TEST_F(Images, CountAJpegQualityOutsideTheRangeAsItsEnd) {
   EXPECT_NE(bytes(0), bytes(1));
 }
 
-TEST_F(Images, OfApplicationsAreThoseThatWereGiven) {
-  uikit::setApplicationIcon("org.example.mail", 2, plainPicture(60, 60));
+TEST_F(Images, ApplicationIconsAreTheRegisteredOnes) {
+  uikit::setApplicationIcon("org.example.mail", 2, solidImage(60, 60));
   const UIImage* icon = UIImage::applicationIcon("org.example.mail"_ns, 2);
   ASSERT_NE(icon, nullptr);
   EXPECT_EQ(icon->size(), (CGSize{60, 60}));
@@ -134,9 +128,9 @@ TEST_F(Images, OfApplicationsAreThoseThatWereGiven) {
   EXPECT_EQ(UIImage::applicationIcon("org.example.mail"_ns, 2), nullptr);
 }
 
-TEST_F(Images, OfApplicationsWithoutAnyArePlaceholders) {
+TEST_F(Images, ApplicationsWithoutAnIconHaveThePlaceholder) {
   EXPECT_EQ(UIImage::applicationIcon("org.example.unknown"_ns, 8), nullptr);
-  uikit::setPlaceholderIcon(plainPicture(20, 20));
+  uikit::setPlaceholderIcon(solidImage(20, 20));
   EXPECT_EQ(UIImage::applicationIcon("org.example.unknown"_ns, 8)->size(), (CGSize{20, 20}));
   EXPECT_EQ(UIImage::applicationIcon(nullptr, 0)->size(), (CGSize{20, 20}));
   uikit::setPlaceholderIcon(nullptr);

@@ -1,4 +1,4 @@
-// Shorthand for the constraints that tests are made of.
+// A solver with short functions for the constraints that the tests use.
 #pragma once
 
 #include <initializer_list>
@@ -8,7 +8,7 @@
 
 namespace layout_test {
 
-class Model : public layout::Solver {
+class TestSolver : public layout::Solver {
  public:
   Constraint constrain(std::initializer_list<Term> terms, double constant, Relation relation,
                        float priority = required) {
@@ -28,7 +28,7 @@ class Model : public layout::Solver {
   Constraint atMost(Variable variable, double value, float priority = required) {
     return constrain({{variable, 1}}, -value, Relation::LessOrEqual, priority);
   }
-  std::vector<Constraint> namedConflicts() const { return {conflicts().begin(), conflicts().end()}; }
+  std::vector<Constraint> conflictList() const { return {conflicts().begin(), conflicts().end()}; }
 };
 
 }  // namespace layout_test
