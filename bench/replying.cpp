@@ -121,10 +121,10 @@ void presentAndType(runner::Session& session, std::size_t round) {
 // From the return key until the home screen is told that the message is in the store.
 double timeOfReply(runner::Session& session, std::size_t round) {
   presentAndType(session, round);
-  const std::size_t before = base::countOfEvents("message");
+  const std::size_t before = base::eventCount("message");
   const auto start = Clock::now();
   session.run({{"do", "key"}, {"name", "return"}});
-  while (base::countOfEvents("message") == before) {
+  while (base::eventCount("message") == before) {
     if (Clock::now() - start > longest) std::abort();
     std::this_thread::sleep_for(betweenLooks);
   }

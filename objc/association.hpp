@@ -23,7 +23,7 @@ inline id associated(id object, SEL key) {
 template <FixedString name, class Type>
 struct AssociatedProperty {
   static Type get(id self) { return static_cast<Type>(static_cast<void*>(detail::associated(self, selector<name>()))); }
-  static void set(id self, Type value) { detail::associate(self, selector<name>(), detail::identifier(value)); }
+  static void set(id self, Type value) { detail::associate(self, selector<name>(), detail::toId(value)); }
 };
 
 // A flag is stored in an NSValue. The getter returns false before the first call of the setter.

@@ -84,8 +84,8 @@ struct Lifecycle {
   static inline Class superMetaclass = nullptr;
 
   static id allocate(Class self, SEL selector, void* zone) {
-    const id object = call<id>(implementationInClass(superMetaclass, selector),
-                               identifier(reinterpret_cast<void*>(self)), selector, zone);
+    const id object =
+        call<id>(implementationInClass(superMetaclass, selector), toId(reinterpret_cast<void*>(self)), selector, zone);
     if (object != nullptr) new (stateAt<Type, Struct>(object)) Struct();
     return object;
   }

@@ -31,7 +31,7 @@ class Original<Result(Self, Arguments...)> {
         return Result{};
       }
     } else {
-      return detail::call<Result>(implementation_, detail::identifier(self), selector_, arguments...);
+      return detail::call<Result>(implementation_, detail::toId(self), selector_, arguments...);
     }
   }
 

@@ -92,14 +92,14 @@ template <class Type>
 class Weak {
  public:
   constexpr Weak() = default;
-  explicit Weak(Type* object) { objc_storeWeak(&location_, detail::identifier(object)); }
-  Weak(const Weak& other) { objc_storeWeak(&location_, detail::identifier(other.lock().get())); }
+  explicit Weak(Type* object) { objc_storeWeak(&location_, detail::toId(object)); }
+  Weak(const Weak& other) { objc_storeWeak(&location_, detail::toId(other.lock().get())); }
   Weak& operator=(const Weak& other) {
     *this = other.lock().get();
     return *this;
   }
   Weak& operator=(Type* object) {
-    objc_storeWeak(&location_, detail::identifier(object));
+    objc_storeWeak(&location_, detail::toId(object));
     return *this;
   }
   ~Weak() { objc_destroyWeak(&location_); }

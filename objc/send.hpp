@@ -47,7 +47,7 @@ Result call(IMP implementation, id receiver, SEL selector, Arguments... argument
   }
 }
 
-inline id identifier(const void* object) { return static_cast<id>(const_cast<void*>(object)); }
+inline id toId(const void* object) { return static_cast<id>(const_cast<void*>(object)); }
 
 }  // namespace detail
 
@@ -63,7 +63,7 @@ Result send(const void* receiver, Arguments... arguments) {
       return Result{};
     }
   } else {
-    const id object = detail::identifier(receiver);
+    const id object = detail::toId(receiver);
     const SEL registered = selector<name>();
 #if defined(BRIM_CHECK_ENCODINGS)
     detail::checkEncoding(object, registered, MethodEncoding<Result, Arguments...>::value.data());
@@ -78,7 +78,7 @@ Result sendSuper(const void* receiver, Arguments... arguments) {
   static_assert(name.count(':') == sizeof...(Arguments), "one argument for each colon of the selector");
   static const Class superclass = class_getSuperclass(lookUpClass<className>());
   const SEL registered = selector<name>();
-  return detail::call<Result>(implementationInClass(superclass, registered), detail::identifier(receiver), registered,
+  return detail::call<Result>(implementationInClass(superclass, registered), detail::toId(receiver), registered,
                               arguments...);
 }
 

@@ -6,7 +6,7 @@
 // The mode to pass to dlopen together with a null path, in order to look up symbols of the running process. Linux
 // requires a binding mode; the phone has a default.
 #if defined(__APPLE__)
-inline constexpr int globalSymbols = RTLD_GLOBAL;
+inline constexpr int globalSymbolsMode = RTLD_GLOBAL;
 #else
-inline constexpr int globalSymbols = RTLD_GLOBAL | RTLD_LAZY;
+inline constexpr int globalSymbolsMode = RTLD_GLOBAL | RTLD_LAZY;
 #endif

@@ -27,6 +27,6 @@ class NSObject : public objc::Interface<"NSObject", objc::Object> {
 
 // Whether the object responds to the selector with this name. False for nil.
 template <objc::FixedString name>
-bool answers(const NSObject* object) {
+bool respondsTo(const NSObject* object) {
   return object != nullptr && object->respondsToSelector(objc::selector<name>());
 }

@@ -28,7 +28,7 @@ NSDictionary* applicationActions(BannerController* self) {
 
 // nil if the action has no identifier.
 NSString* identifierOf(NSObject* action) {
-  if (!answers<"identifier">(action)) return nullptr;
+  if (!respondsTo<"identifier">(action)) return nullptr;
   return static_cast<NCNotificationAction*>(action)->identifier();
 }
 

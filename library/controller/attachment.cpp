@@ -32,7 +32,7 @@ void removeRecognizers(UIView* view, NSArray* recognizers) {
 
 // The recognizers that the view stores in its instance variable.
 NSArray* recognizersInside(UIView* view) {
-  const id object = objc::detail::identifier(view);
+  const id object = objc::detail::toId(view);
   const Ivar variable = class_getInstanceVariable(object_getClass(object), "_gestureRecognizers");
   return variable == nullptr ? nullptr : objc::as<NSArray>(object_getIvar(object, variable));
 }

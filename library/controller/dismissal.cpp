@@ -38,7 +38,7 @@ void scheduleAutomaticDismissal(BannerController* self) {
   onMainQueueAfter(nanoseconds(settings::timeToDismiss), [controller] {
     if (controller->isDismissing() || controller->dismissCalled() || controller->wasExternallyDismissed()) return;
     controller->setAutoDimissTriggered(true);
-    if (answers<"attemptDismissNotificationForView:forced:">(controller))
+    if (respondsTo<"attemptDismissNotificationForView:forced:">(controller))
       controller->attemptDismissNotification(nullptr, false);
   });
 }
@@ -63,7 +63,7 @@ objc::BlockRef<void(bool)> removalOfBanner(BannerController* self) {
   return objc::block([weakController](bool finished) {
     const objc::Ref<BannerController> controller = weakController.lock();
     if (!finished || controller == nullptr) return;
-    if (!controller->hasDismissed() && answers<"preDismiss">(controller)) controller->preDismiss();
+    if (!controller->hasDismissed() && respondsTo<"preDismiss">(controller)) controller->preDismiss();
     if (controller->brimView() != nullptr) removeBanner(controller);
   });
 }
@@ -117,7 +117,7 @@ void dismissReplacedBanner(BannerController* self) {
   const objc::Ref<BannerController> controller = objc::retain(self);
   onMainQueueAfter(replacementDelay, [controller] {
     if (controller->isDismissing() || controller->dismissCalled()) return;
-    if (answers<"forceDismissNotificationForView:">(controller))
+    if (respondsTo<"forceDismissNotificationForView:">(controller))
       controller->forceDismissNotification(controller->brimView());
   });
 }
@@ -125,7 +125,7 @@ void dismissReplacedBanner(BannerController* self) {
 void dismissWithoutAnimation(BannerController* controller) {
   BrimContainer::setDismissNotification(true);
   if (controller->brimView() != nullptr) removeBanner(controller);
-  if (answers<"dismissViewControllerWithTransition:completion:">(controller))
+  if (respondsTo<"dismissViewControllerWithTransition:completion:">(controller))
     controller->dismissViewController(ownTransition, nullptr);
 }
 

@@ -5,8 +5,7 @@
 
 bool isPartOfBanner(NotificationController* self) {
   for (UIView* view = self->view(); view != nullptr; view = view->superview())
-    if (__builtin_strcmp(object_getClassName(objc::detail::identifier(view)), "SBNotificationBannerWindow") == 0)
-      return true;
+    if (__builtin_strcmp(object_getClassName(objc::detail::toId(view)), "SBNotificationBannerWindow") == 0) return true;
   return false;
 }
 

@@ -37,7 +37,7 @@ objc::Ref<BBBulletin> testBulletin() {
 
 // A process with a bulletin server exports its queue under this symbol.
 dispatch_queue_t lookUpServerQueue() {
-  void* program = dlopen(nullptr, globalSymbols);
+  void* program = dlopen(nullptr, globalSymbolsMode);
   auto* symbol = static_cast<dispatch_queue_t*>(dlsym(program, "__BBServerQueue"));
   const dispatch_queue_t queue = symbol == nullptr ? nullptr : *symbol;
   if (queue != nullptr) dispatch_retain(queue);
@@ -51,7 +51,7 @@ dispatch_queue_t serverQueue() {
 }
 
 void publish(BBBulletin* bulletin) {
-  if (!answers<"publishBulletin:destinations:">(sharedServer)) return;
+  if (!respondsTo<"publishBulletin:destinations:">(sharedServer)) return;
   const objc::Ref<BBServer> server = objc::retain(sharedServer);
   const objc::Ref<BBBulletin> published = objc::retain(bulletin);
   // The server must be used on its own queue only.

@@ -18,7 +18,7 @@ NSString* typeName(Class, NSObject* object) {
   if (object == nullptr) return "Undefined((null))"_ns;
   for (const char* known : knownTypes)
     if (isInstance(object, known)) return NSString::stringWithUTF8String(known);
-  const char* name = class_getName(object_getClass(objc::detail::identifier(object)));
+  const char* name = class_getName(object_getClass(objc::detail::toId(object)));
   return "Undefined("_ns->stringByAppendingString(NSString::stringWithUTF8String(name))
       ->stringByAppendingString(")"_ns);
 }

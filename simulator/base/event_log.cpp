@@ -40,14 +40,14 @@ nlohmann::ordered_json takeEvents() {
   return std::exchange(log.events, nlohmann::ordered_json::array());
 }
 
-std::size_t countOfEvents(std::string_view name) {
+std::size_t eventCount(std::string_view name) {
   EventLog& log = eventLog();
   const std::scoped_lock lock(log.mutex);
   const auto found = log.counts.find(name);
   return found == log.counts.end() ? 0 : found->second;
 }
 
-std::size_t countOfEvents() {
+std::size_t eventCount() {
   EventLog& log = eventLog();
   const std::scoped_lock lock(log.mutex);
   return log.total;

@@ -14,8 +14,8 @@ void recordEvent(std::string_view name, const nlohmann::ordered_json& fields);
 nlohmann::ordered_json takeEvents();
 
 // The number of events of that name since the process started, including those already taken.
-std::size_t countOfEvents(std::string_view name);
+std::size_t eventCount(std::string_view name);
 // The number of all events since the process started.
-std::size_t countOfEvents();
+std::size_t eventCount();
 
 }  // namespace base

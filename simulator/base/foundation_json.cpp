@@ -95,7 +95,8 @@ Json jsonOf(const NSObject* object) {
   if (const NSNumber* number = objc::as<NSNumber>(object)) return jsonOfNumber(number);
   if (const NSDictionary* dictionary = objc::as<NSDictionary>(object)) return jsonOfDictionary(dictionary);
   if (const NSArray* array = objc::as<NSArray>(object)) return jsonOfArray(array);
-  if (const NSDate* date = objc::as<NSDate>(object)) return isoTime(objc::send<double, "timeIntervalSince1970">(date));
+  if (const NSDate* date = objc::as<NSDate>(object))
+    return formatIsoTime(objc::send<double, "timeIntervalSince1970">(date));
   return textOf(object->description());
 }
 

@@ -57,9 +57,11 @@ std::optional<double> parseIsoTime(std::string_view text) {
   return static_cast<double>(std::getenv("TZ") == nullptr ? timegm(&local) : std::mktime(&local)) + fraction;
 }
 
-double realTime() { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); }
+double systemUnixTime() {
+  return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
 
-std::string isoTime(double unixTime) {
+std::string formatIsoTime(double unixTime) {
   const double wholeSeconds = std::floor(unixTime);
   const auto seconds = static_cast<std::time_t>(wholeSeconds);
   std::tm parts = {};

@@ -13,9 +13,9 @@ namespace base {
 std::optional<double> parseIsoTime(std::string_view text);
 
 // The Unix time of the system clock, also when the phone uses a stepped clock.
-double realTime();
+double systemUnixTime();
 
 // Formats a Unix time as UTC with milliseconds, such as "2020-03-14T09:41:00.000Z".
-std::string isoTime(double unixTime);
+std::string formatIsoTime(double unixTime);
 
 }  // namespace base

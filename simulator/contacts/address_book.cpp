@@ -57,7 +57,7 @@ std::shared_ptr<const People> readPeople(const fs::path& file) {
       reinterpret_cast<decltype(&brim_read_card)>(foundation::pluginFunction("vcards.so", "brim_read_card"));
   if (!text || readCard == nullptr) return nullptr;
   auto people = std::make_shared<People>();
-  for (const std::string& card : cardsIn(*text)) readCard(card, people->emplace_back());
+  for (const std::string& card : splitCards(*text)) readCard(card, people->emplace_back());
   return people;
 }
 

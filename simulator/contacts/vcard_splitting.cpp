@@ -105,7 +105,7 @@ class CardSplitter {
 
 }  // namespace
 
-std::vector<std::string> cardsIn(std::string_view text) {
+std::vector<std::string> splitCards(std::string_view text) {
   constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
   if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
   CardSplitter splitter;

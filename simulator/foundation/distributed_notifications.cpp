@@ -57,7 +57,7 @@ void tell(DistributedObserver* self, NSNotification* notification) {
   const DistributedObserverState& state = objc::state(self);
   const objc::Ref<NSObject> observer = state.observer.lock();
   if (observer == nullptr) return;
-  const id target = objc::detail::identifier(observer.get());
+  const id target = objc::detail::toId(observer.get());
   objc::detail::call<void>(objc::implementationFor(target, state.selector), target, state.selector, notification);
 }
 
@@ -90,7 +90,7 @@ Descriptor& knownDaemon() {
 // What Foundation has not noticed yet: it forgets the daemon when the connection becomes invalid.
 void forgetDaemon(Center* center) {
   void* remote = nullptr;
-  object_getInstanceVariable(objc::detail::identifier(center), "_remote", &remote);
+  object_getInstanceVariable(objc::detail::toId(center), "_remote", &remote);
   if (remote == nullptr) return;
   succeeds([remote] { objc::send<void, "invalidate">(objc::send<NSObject*, "connectionForProxy">(remote)); });
 }

@@ -86,7 +86,7 @@ void ignoreWriteSignals() {
 
 struct MessagesApp::State {
   Descriptor lock;
-  std::optional<messages::Service> service;
+  std::optional<messages::ReportService> service;
   objc::Ref<CKConversationListController> list;
   Descriptor standardInput;
   bool standardInputHasEnded = false;

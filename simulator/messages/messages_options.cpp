@@ -8,7 +8,7 @@ namespace {
 
 using Row = process::OptionRow<MessagesOptions>;
 
-process::OptionFailure receive(MessagesOptions& options, const std::string& value) {
+process::ExpectedValue receive(MessagesOptions& options, const std::string& value) {
   if (options.task == MessagesTask::List) return "a command line without --list";
   if (value.empty() || value.back() == ';') return "an address such as +491701234567 or the identifier of a chat";
   options.task = MessagesTask::Receive;
@@ -28,16 +28,16 @@ const std::vector<Row>& optionTable() {
        [](MessagesOptions& options, const std::string& value) { return process::parseRoot(options.root, value); }},
       {"--list", nullptr, "print the conversations and their messages",
        [](MessagesOptions& options, const std::string&) {
-         if (options.task == MessagesTask::Receive) return process::OptionFailure("a command line without --receive");
+         if (options.task == MessagesTask::Receive) return process::ExpectedValue("a command line without --receive");
          options.task = MessagesTask::List;
-         return process::OptionFailure();
+         return process::ExpectedValue();
        }},
       {"--receive", "CHAT",
        "receive a message in this chat; the next argument is its TEXT; the home screen shows a banner", &receive},
       {"--from", "NAME", "the sender's name (default: the chat's name, or else its address)",
        [](MessagesOptions& options, const std::string& value) {
          options.sender = value;
-         return process::OptionFailure();
+         return process::ExpectedValue();
        }},
       {"--system", "VERSION", "the system's version (default: " + std::string(process::defaultSystemVersion) + ")",
        [](MessagesOptions& options, const std::string& value) {
@@ -46,19 +46,19 @@ const std::vector<Row>& optionTable() {
       {"--without-brim", nullptr, "do not map the library: replies are not received",
        [](MessagesOptions& options, const std::string&) {
          options.library = process::LibraryUse::Absent;
-         return process::OptionFailure();
+         return process::ExpectedValue();
        }},
       {"--suspended", nullptr,
        "end when standard input has ended and no home screen is connected; home screens use this option",
        [](MessagesOptions& options, const std::string&) {
          options.launch = Launch::Suspended;
-         return process::OptionFailure();
+         return process::ExpectedValue();
        }},
       {"--user-defaults", nullptr,
        "with --suspended: use the preferences and notifications of the user instead of the root's",
        [](MessagesOptions& options, const std::string&) {
          options.database = foundation::DefaultsDatabase::OfUser;
-         return process::OptionFailure();
+         return process::ExpectedValue();
        }},
   };
   return rows;

@@ -85,7 +85,7 @@ int receiveMessage(const MessagesOptions& options) {
   const fs::path root = rootOf(options);
   ChatStore store(root);
   const Chat chat = store.addTo(guidOf(options.chat), options.sender,
-                                {Direction::Received, *options.text, 0, base::realTime(), false});
+                                {Direction::Received, *options.text, 0, base::systemUnixTime(), false});
   const bool isShown =
       process::sendBulletin(root, {messagesIdentifier, addressOf(chat.guid), nameOf(chat), *options.text});
   if (!isShown)

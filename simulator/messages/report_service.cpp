@@ -10,30 +10,30 @@
 
 namespace messages {
 
-Service::Service(const std::filesystem::path& folder, std::function<bool()> becomeReady)
+ReportService::ReportService(const std::filesystem::path& folder, std::function<bool()> becomeReady)
     : becomeReady_(std::move(becomeReady)), listening_(foundation::listenIn(folder, serviceSocket)) {
   if (listening_.isOpen()) foundation::watchDescriptor(listening_.get(), [this] { acceptConnection(); });
 }
 
-Service::~Service() {
+ReportService::~ReportService() {
   if (listening_.isOpen()) foundation::unwatchDescriptor(listening_.get());
   for (auto connection = connections_.begin(); connection != connections_.end();) connection = drop(connection);
 }
 
-void Service::report(const nlohmann::ordered_json& event) {
+void ReportService::report(const nlohmann::ordered_json& event) {
   const std::string line = event.dump(-1, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
   for (auto connection = connections_.begin(); connection != connections_.end();)
     connection = foundation::sendAll(*connection, line) ? std::next(connection) : drop(connection);
 }
 
-void Service::acceptConnection() {
+void ReportService::acceptConnection() {
   foundation::Descriptor accepted = foundation::acceptFrom(listening_);
   if (!accepted.isOpen()) return;
   const auto connection = connections_.insert(connections_.end(), std::move(accepted));
   foundation::watchDescriptor(connection->get(), [this, connection] { readFrom(connection); });
 }
 
-void Service::readFrom(Connections::iterator connection) {
+void ReportService::readFrom(Connections::iterator connection) {
   char buffer[256];
   const ssize_t size = recv(connection->get(), buffer, sizeof buffer, 0);
   if (size <= 0) {
@@ -48,7 +48,7 @@ void Service::readFrom(Connections::iterator connection) {
   }
 }
 
-Service::Connections::iterator Service::drop(Connections::iterator connection) {
+ReportService::Connections::iterator ReportService::drop(Connections::iterator connection) {
   foundation::unwatchDescriptor(connection->get());
   return connections_.erase(connection);
 }

@@ -19,14 +19,14 @@ inline constexpr const char* serviceSocket = "messages.socket";
 inline constexpr const char* readyReply = "ready";
 
 // At most one exists for each root; see instance_lock.hpp.
-class Service {
+class ReportService {
  public:
   // `becomeReady` is called for each query. If it returns false, the service closes the connection instead of replying.
   // If the socket cannot be created, the service is not open and errno describes the error.
-  Service(const std::filesystem::path& folder, std::function<bool()> becomeReady);
-  Service(const Service&) = delete;
-  Service& operator=(const Service&) = delete;
-  ~Service();
+  ReportService(const std::filesystem::path& folder, std::function<bool()> becomeReady);
+  ReportService(const ReportService&) = delete;
+  ReportService& operator=(const ReportService&) = delete;
+  ~ReportService();
 
   bool isOpen() const { return listening_.isOpen(); }
   // Whether any home screen is connected.

@@ -20,7 +20,7 @@ struct OptionError {
 
 // The result of applying an option's value: nothing if the value is valid, otherwise a description of the expected
 // value, such as "a folder".
-using OptionFailure = std::optional<std::string>;
+using ExpectedValue = std::optional<std::string>;
 
 template <class Options>
 using CommandLine = std::variant<Options, HelpRequest, VersionRequest, OptionError>;
@@ -30,7 +30,7 @@ struct OptionRow {
   const char* name;
   const char* valueName;  // null for an option without a value
   std::string description;
-  OptionFailure (*apply)(Options& options, const std::string& value);
+  ExpectedValue (*apply)(Options& options, const std::string& value);
 };
 
 namespace detail {
@@ -85,7 +85,7 @@ CommandLine<Options> parseCommandLine(const std::vector<OptionRow<Options>>& tab
         return OptionError{name + " requires a value: " + detail::usageWithValue(*row)};
       value = arguments[++index];
     }
-    if (const OptionFailure expected = row->apply(options, *value))
+    if (const ExpectedValue expected = row->apply(options, *value))
       return OptionError{name + (value->empty() ? "" : " " + *value) + ": expected " + *expected};
   }
   return options;

@@ -5,13 +5,13 @@
 
 namespace process {
 
-OptionFailure parseRoot(std::filesystem::path& root, const std::string& value) {
+ExpectedValue parseRoot(std::filesystem::path& root, const std::string& value) {
   if (value.empty()) return "a folder";
   root = value;
   return std::nullopt;
 }
 
-OptionFailure parseSystem(std::string& systemVersion, const std::string& value) {
+ExpectedValue parseSystem(std::string& systemVersion, const std::string& value) {
   static const std::regex pattern(R"((\d{1,2})(\.\d{1,2}){0,2})");
   if (!std::regex_match(value, pattern) || std::atoi(value.c_str()) < 11)
     return "a system version of 11.0 or later, such as 11.4, 12.4 or 13.5";

@@ -14,7 +14,7 @@ enum class LibraryUse { Mapped, Absent };
 inline constexpr const char* defaultSystemVersion = "13.5";
 
 // Parse the values of --root and --system into their first argument, which stays unchanged if the value is invalid.
-OptionFailure parseRoot(std::filesystem::path& root, const std::string& value);
-OptionFailure parseSystem(std::string& systemVersion, const std::string& value);
+ExpectedValue parseRoot(std::filesystem::path& root, const std::string& value);
+ExpectedValue parseSystem(std::string& systemVersion, const std::string& value);
 
 }  // namespace process

@@ -17,11 +17,11 @@ std::size_t& answeredEvents(const std::string& kind) {
 
 bool answerNextEvent(const std::string& kind) {
   std::size_t& answered = answeredEvents(kind);
-  if (answered == base::countOfEvents(kind)) return false;
+  if (answered == base::eventCount(kind)) return false;
   ++answered;
   return true;
 }
 
-void answerAllEvents(const std::string& kind) { answeredEvents(kind) = base::countOfEvents(kind); }
+void answerAllEvents(const std::string& kind) { answeredEvents(kind) = base::eventCount(kind); }
 
 }  // namespace runner

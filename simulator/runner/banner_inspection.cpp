@@ -72,7 +72,7 @@ BannerState lastState(std::size_t number) {
 // Zero where the object does not answer, as without the library.
 template <class Value, objc::FixedString name>
 Value ask(const NSObject* object) {
-  return answers<name>(object) ? objc::send<Value, name>(object) : Value{};
+  return respondsTo<name>(object) ? objc::send<Value, name>(object) : Value{};
 }
 
 UIView* brimView(const Controller* controller) { return ask<UIView*, "brimView">(controller); }
@@ -128,7 +128,7 @@ void observePictures() {
 
 void observeBanners() {
   observePictures();
-  springboard::observeBannerEnds(
+  springboard::observeBannerReleases(
       [](std::size_t number) { keepLastState(number, read(springboard::bannerController(number))); });
 }
 

@@ -96,7 +96,7 @@ Json present(const Json& command) {
 
 Json update(const Json& command) {
   const auto shown = controllerOnScreen(command["controller"]);
-  const auto request = springboard::followUpOf(
+  const auto request = springboard::makeFollowUp(
       shown->notificationRequest(),
       {text(command, "title"), text(command, "subtitle"), text(command, "message"), text(command, "summary")});
   NCNotificationDispatcher::shared()->modify(request);

@@ -52,11 +52,11 @@ void awaitEvent(const std::string& kind, const Deadline& deadline) {
 
 void awaitQuiet(const Deadline& deadline) {
   Deadline quiet(quietSeconds);
-  for (std::size_t seen = base::countOfEvents(); !quiet.hasPassed();) {
+  for (std::size_t seen = base::eventCount(); !quiet.hasPassed();) {
     if (deadline.hasPassed()) throw CommandError("the phone was not idle within the limit");
     foundation::letNewsIn(secondsOfOneLook);
-    if (base::countOfEvents() == seen && url_loading::requestsUnderWay() == 0) continue;
-    seen = base::countOfEvents();
+    if (base::eventCount() == seen && url_loading::pendingRequestCount() == 0) continue;
+    seen = base::eventCount();
     quiet = Deadline(quietSeconds);
   }
 }

@@ -98,7 +98,7 @@ Json dragFinger(const Json& command) {
 
 UIResponder* typingResponder() {
   UIResponder* responder = uikit::firstResponder();
-  if (!answers<"insertText:">(responder)) throw CommandError("nothing has the keyboard; tap a text field first");
+  if (!respondsTo<"insertText:">(responder)) throw CommandError("nothing has the keyboard; tap a text field first");
   return responder;
 }
 

@@ -32,7 +32,7 @@ class Demonstration {
     present.update(sample.notification);
     execute({present});
     // The sender's picture may come from the web.
-    if (url_loading::requestsUnderWay() > 0) execute({{{"do", "await"}, {"for", "photo"}}});
+    if (url_loading::pendingRequestCount() > 0) execute({{{"do", "await"}, {"for", "photo"}}});
     execute({let(0.6)});
     execute(sample.steps);
     if (sample.reply != nullptr) execute({{{"do", "type"}, {"text", sample.reply}}, let(0.4)});
@@ -69,7 +69,7 @@ class Demonstration {
     const std::string thread = notification["thread"];
     messages::ChatStore(foundation::root())
         .addTo("iMessage;-;" + thread, title,
-               {messages::Direction::Received, notification["message"], 0, base::realTime(), false});
+               {messages::Direction::Received, notification["message"], 0, base::systemUnixTime(), false});
   }
 
   // Tells what the Messages app says that it has sent.

@@ -17,7 +17,7 @@ std::string deviceNames() {
   return names;
 }
 
-process::OptionFailure setDevice(Options& options, const std::string& value) {
+process::ExpectedValue setDevice(Options& options, const std::string& value) {
   for (const base::DeviceProfile& profile : base::deviceProfiles()) {
     if (profile.name != value) continue;
     options.device = value;
@@ -26,13 +26,13 @@ process::OptionFailure setDevice(Options& options, const std::string& value) {
   return "one of " + deviceNames();
 }
 
-process::OptionFailure setAppearance(Options& options, const std::string& value) {
+process::ExpectedValue setAppearance(Options& options, const std::string& value) {
   if (value != "light" && value != "dark") return "light or dark";
   options.appearance = value == "light" ? StartAppearance::Light : StartAppearance::Dark;
   return std::nullopt;
 }
 
-process::OptionFailure setLocale(Options& options, const std::string& value) {
+process::ExpectedValue setLocale(Options& options, const std::string& value) {
   static const std::regex pattern(R"([a-z]{2,3}([_-][A-Z][a-z]{3})?([_-]([A-Z]{2}|\d{3}))?)");
   if (!std::regex_match(value, pattern)) return "a language and a region, such as en_US, de_DE or ar_EG";
   options.locale = value;
@@ -41,24 +41,24 @@ process::OptionFailure setLocale(Options& options, const std::string& value) {
   return std::nullopt;
 }
 
-process::OptionFailure setTime(Options& options, const std::string& value) {
+process::ExpectedValue setTime(Options& options, const std::string& value) {
   options.time = base::parseIsoTime(value);
   if (!options.time) return "a date and time, such as 2020-03-14T09:41 or 2020-03-14T09:41:00Z";
   return std::nullopt;
 }
 
-process::OptionFailure leaveLibraryOut(Options& options, const std::string&) {
+process::ExpectedValue leaveLibraryOut(Options& options, const std::string&) {
   options.library = process::LibraryUse::Absent;
   return std::nullopt;
 }
 
-process::OptionFailure setScript(Options& options, const std::string& value) {
+process::ExpectedValue setScript(Options& options, const std::string& value) {
   if (value.empty()) return "a file, or - for standard input";
   options.script = value;
   return std::nullopt;
 }
 
-process::OptionFailure setDemonstration(Options& options, const std::string& value) {
+process::ExpectedValue setDemonstration(Options& options, const std::string& value) {
   if (value.empty()) return "a folder";
   options.demonstration = value;
   return std::nullopt;

@@ -59,11 +59,11 @@ void startPhone(const Options& options, foundation::ClockMode clock) {
   contacts::registerClasses();
   const objc::AutoreleasePool pool;
   foundation::useLocale(options.locale);
-  foundation::useClock(clock, options.time.value_or(base::realTime()));
+  foundation::useClock(clock, options.time.value_or(base::systemUnixTime()));
   uikit::setEnvironment(environmentOf(options));
   uikit::registerClasses();
   springboard::registerClasses();
-  springboard::observePosts();
+  springboard::recordPostedNotifications();
   if (options.library == process::LibraryUse::Mapped) process::mapLibrary(homeScreenIdentifier);
   observeBanners();
   springboard::start(base::installation().applications);

@@ -18,7 +18,7 @@ constexpr CGFloat invisibleAlpha = 0.01;
 bool isVisible(const UIView* view) { return !view->isHidden() && view->alpha() >= invisibleAlpha; }
 
 std::string textShownBy(const UIView* view) {
-  if (!answers<"text">(view)) return "";
+  if (!respondsTo<"text">(view)) return "";
   return base::textOf(objc::as<NSString>(objc::send<NSObject*, "text">(view)));
 }
 

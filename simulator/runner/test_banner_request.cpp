@@ -36,7 +36,7 @@ bool listen() {
 bool postTestBannerRequest() {
   [[maybe_unused]] static const bool isListening = listen();
   hasArrived = false;
-  springboard::postUnobserved(requestName());
+  springboard::postUnrecorded(requestName());
   const Deadline deadline(secondsToWait);
   while (!hasArrived && !deadline.hasPassed()) foundation::letNewsIn(secondsOfOneLook);
   return hasArrived;

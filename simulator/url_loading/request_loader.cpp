@@ -123,6 +123,6 @@ void load(NSURLRequest* request, Enqueue enqueue, std::function<void(const LoadR
   }
 }
 
-std::size_t requestsUnderWay() { return pendingRequests; }
+std::size_t pendingRequestCount() { return pendingRequests; }
 
 }  // namespace url_loading

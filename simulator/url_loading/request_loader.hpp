@@ -28,6 +28,6 @@ using Enqueue = std::function<void(std::function<void()> work)>;
 void load(NSURLRequest* request, Enqueue enqueue, std::function<void(const LoadResult&)> complete);
 
 // The number of loads whose `complete` has not returned yet.
-std::size_t requestsUnderWay();
+std::size_t pendingRequestCount();
 
 }  // namespace url_loading

@@ -52,7 +52,7 @@ struct TransferResult {
 };
 
 // The limit applies to the decompressed body.
-inline constexpr std::size_t maxBody = 32 << 20;
+inline constexpr std::size_t maxBodyBytes = 32 << 20;
 inline constexpr long maxTransferSeconds = 600;
 
 // Called once for each transfer, usually on the transfer thread. It must not block.

@@ -12,47 +12,48 @@ using Texts = std::vector<std::string>;
 std::string card(const std::string& lines) { return "BEGIN:VCARD\r\n" + lines + "END:VCARD\r\n"; }
 
 TEST(VcardFiles, AreSplitIntoCards) {
-  EXPECT_EQ(cardsIn(card("N:A\r\n") + "\r\n" + card("N:B\r\n")), (Texts{card("N:A\r\n"), card("N:B\r\n")}));
+  EXPECT_EQ(splitCards(card("N:A\r\n") + "\r\n" + card("N:B\r\n")), (Texts{card("N:A\r\n"), card("N:B\r\n")}));
 }
 
 TEST(VcardFiles, AcceptAnyLineEndingAndCase) {
   const Texts expected = {card("N:A\r\n")};
-  EXPECT_EQ(cardsIn("begin:vcard\nN:A\nend:vcard\n"), expected);
-  EXPECT_EQ(cardsIn("Begin:VCard\rN:A\rEnd:VCard"), expected);
-  EXPECT_EQ(cardsIn("\xef\xbb\xbf  BEGIN:VCARD \r\nN:A\r\nEND:VCARD \r\n"), expected);
+  EXPECT_EQ(splitCards("begin:vcard\nN:A\nend:vcard\n"), expected);
+  EXPECT_EQ(splitCards("Begin:VCard\rN:A\rEnd:VCard"), expected);
+  EXPECT_EQ(splitCards("\xef\xbb\xbf  BEGIN:VCARD \r\nN:A\r\nEND:VCARD \r\n"), expected);
 }
 
 TEST(VcardFiles, HaveNoCardsInOtherFormats) {
-  EXPECT_EQ(cardsIn(""), Texts());
-  EXPECT_EQ(cardsIn("name,address\nAnna,anna@example.org\n"), Texts());
-  EXPECT_EQ(cardsIn(std::string("\x89PNG\0\0\n\r", 8)), Texts());
-  EXPECT_EQ(cardsIn("END:VCARD\nEND:VCARD\n"), Texts());
+  EXPECT_EQ(splitCards(""), Texts());
+  EXPECT_EQ(splitCards("name,address\nAnna,anna@example.org\n"), Texts());
+  EXPECT_EQ(splitCards(std::string("\x89PNG\0\0\n\r", 8)), Texts());
+  EXPECT_EQ(splitCards("END:VCARD\nEND:VCARD\n"), Texts());
 }
 
 TEST(VcardFiles, HaveTheirSoftLineBreaksJoined) {
-  EXPECT_EQ(cardsIn(card("NOTE;ENCODING=QUOTED-PRINTABLE:one=\r\ntwo=\r\nthree\r\nN:A\r\n")),
+  EXPECT_EQ(splitCards(card("NOTE;ENCODING=QUOTED-PRINTABLE:one=\r\ntwo=\r\nthree\r\nN:A\r\n")),
             (Texts{card("NOTE;ENCODING=QUOTED-PRINTABLE:onetwothree\r\nN:A\r\n")}));
-  EXPECT_EQ(cardsIn(card("NOTE;quoted-printable:one=\r\ntwo\r\n")), (Texts{card("NOTE;quoted-printable:onetwo\r\n")}));
+  EXPECT_EQ(splitCards(card("NOTE;quoted-printable:one=\r\ntwo\r\n")),
+            (Texts{card("NOTE;quoted-printable:onetwo\r\n")}));
 }
 
 TEST(VcardFiles, KeepEqualsSignsOfOtherEncodings) {
   const std::string picture = card("PHOTO;ENCODING=b:AAAA\r\n AA==\r\nNOTE:QUOTED-PRINTABLE=\r\nN:A\r\n");
-  EXPECT_EQ(cardsIn(picture), Texts{picture});
+  EXPECT_EQ(splitCards(picture), Texts{picture});
 }
 
 TEST(VcardFiles, OmitCardsWithoutAnEnd) {
-  EXPECT_EQ(cardsIn("BEGIN:VCARD\r\nN:Lost\r\n" + card("N:A\r\n") + "BEGIN:VCARD\r\nN:Cut"), Texts{card("N:A\r\n")});
+  EXPECT_EQ(splitCards("BEGIN:VCARD\r\nN:Lost\r\n" + card("N:A\r\n") + "BEGIN:VCARD\r\nN:Cut"), Texts{card("N:A\r\n")});
 }
 
 TEST(VcardFiles, OmitCardsInsideOtherCards) {
-  EXPECT_EQ(cardsIn(card("AGENT:\r\n" + card("N:B\r\n") + "N:A\r\n")), Texts{card("AGENT:\r\nN:A\r\n")});
+  EXPECT_EQ(splitCards(card("AGENT:\r\n" + card("N:B\r\n") + "N:A\r\n")), Texts{card("AGENT:\r\nN:A\r\n")});
 }
 
 TEST(VcardFiles, OmitCardsThatAreTooLarge) {
   const std::string line = "NOTE:" + std::string(1 << 20, 'x') + "\r\n";
   std::string lines;
   for (int count = 0; count < 40; ++count) lines += line;
-  EXPECT_EQ(cardsIn(card(lines) + card("N:A\r\n")), Texts{card("N:A\r\n")});
+  EXPECT_EQ(splitCards(card(lines) + card("N:A\r\n")), Texts{card("N:A\r\n")});
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ constexpr std::uintptr_t copyAtomic = 0x303;
 const char firstKey = 0;
 const char secondKey = 0;
 
-id asId(const void* object) { return objc::detail::identifier(object); }
+id asId(const void* object) { return objc::detail::toId(object); }
 void associate(const NSObject* object, const void* key, const NSObject* value, std::uintptr_t policy) {
   objc_setAssociatedObject(asId(object), key, asId(value), policy);
 }

@@ -122,7 +122,7 @@ TEST_F(HookFunction, HooksClassMethodsThroughTheMetaclass) {
 TEST_F(HookFunction, DoesNotAddAMissingMethod) {
   hook(parent, "noSuchMethod", objc::toImplementation(&plusTen));
   EXPECT_EQ(originalImplementation, nullptr);
-  EXPECT_FALSE(answers<"noSuchMethod">(instanceOf(parent)));
+  EXPECT_FALSE(respondsTo<"noSuchMethod">(instanceOf(parent)));
 }
 
 TEST_F(HookFunction, IgnoresANullClassOrSelector) {

@@ -88,7 +88,7 @@ TEST_F(WeakReferences, CanBeDestroyedBeforeTheirObject) {
 TEST_F(WeakReferences, StoreReturnsTheStoredObject) {
   id location = nullptr;
   const auto object = objc::make<Counted>();
-  const id raw = objc::detail::identifier(object.get());
+  const id raw = objc::detail::toId(object.get());
   EXPECT_EQ(objc_storeWeak(&location, raw), raw);
   EXPECT_EQ(objc_storeWeak(&location, nullptr), nullptr);
   EXPECT_EQ(objc_loadWeakRetained(&location), nullptr);

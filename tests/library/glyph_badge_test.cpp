@@ -12,7 +12,7 @@ namespace {
 using test::Phone;
 
 UIView* instanceVariable(BrimContainer* banner, const char* name) {
-  const id object = objc::detail::identifier(banner);
+  const id object = objc::detail::toId(banner);
   return static_cast<UIView*>(
       static_cast<void*>(object_getIvar(object, class_getInstanceVariable(object_getClass(object), name))));
 }
@@ -167,7 +167,7 @@ TEST(UpdateColorMode, DoesNotChangeTheGlyph) {
 TEST(AssetBundle, IsBelowTheRootOfThePhone) {
   const Phone phone;
   const auto banner = BrimContainer::make(nullptr, nullptr, nullptr, nullptr);
-  const id object = objc::detail::identifier(banner.get());
+  const id object = objc::detail::toId(banner.get());
   const id bundle = object_getIvar(object, class_getInstanceVariable(object_getClass(object), "_lBundle"));
   ASSERT_NE(bundle, nullptr);
   const std::string path = objc::send<NSString*, "bundlePath">(bundle)->UTF8String();

@@ -93,7 +93,7 @@ TEST_F(MessagesProgram, ListsAReceivedMessageAndItsReply) {
   EXPECT_NE(list.find("me: Gladly\n"), std::string::npos) << list;
 }
 
-TEST_F(MessagesProgram, AConversationThatIsReadLeavesTheListOfNotifications) {
+TEST_F(MessagesProgram, ReadingAConversationRemovesItsNotifications) {
   HomeScreenAndMessages both;
   for (const char* message : {"anna@example.org 'Lunch?' --from Anna", "ben@example.org 'Hello?' --from Ben",
                               "ben@example.org 'Coffee?' --from Ben"}) {

@@ -92,7 +92,7 @@ void HomeScreenAndMessages::post(const char* name, const Json& userInfo) {
 }
 
 bool HomeScreenAndMessages::waitForEvents(const char* event, std::size_t count) {
-  return eventually([=] { return base::countOfEvents(event) >= count; });
+  return eventually([=] { return base::eventCount(event) >= count; });
 }
 
 bool HomeScreenAndMessages::waitForPostedRequests() {

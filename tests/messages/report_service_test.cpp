@@ -28,10 +28,10 @@ class MessagesService : public testing::Test {
   test::TemporaryFolder folder;
   std::size_t requestCount = 0;
   bool canBecomeReady = true;
-  messages::Service service{folder.path(), [this] {
-                              ++requestCount;
-                              return canBecomeReady;
-                            }};
+  messages::ReportService service{folder.path(), [this] {
+                                    ++requestCount;
+                                    return canBecomeReady;
+                                  }};
 };
 
 TEST_F(MessagesService, AnswersReadyWhenTheAppIsReady) { EXPECT_EQ(answerTo("\n"), "ready\n"); }

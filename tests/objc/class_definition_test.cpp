@@ -130,7 +130,7 @@ TEST_F(ClassDefinition, PropertiesReadAndWriteTheState) {
   objc::send<void, "setNumber:">(record.get(), NSInteger{77});
   EXPECT_EQ((objc::send<NSInteger, "number">(record.get())), 77);
   EXPECT_TRUE((objc::send<bool, "flag">(record.get())));
-  EXPECT_FALSE(answers<"setFlag:">(reinterpret_cast<const NSObject*>(record.get())));
+  EXPECT_FALSE(respondsTo<"setFlag:">(reinterpret_cast<const NSObject*>(record.get())));
 }
 
 TEST_F(ClassDefinition, ObjectPropertiesRetainTheirValue) {

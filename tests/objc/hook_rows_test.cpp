@@ -42,7 +42,7 @@ TEST_F(HookRows, HookCallsTheReplacedImplementation) {
 TEST_F(HookRows, HookOfAMissingMethodHasNoEffect) {
   const objc::Row row = objc::hook<"missing", &neverReached>("BrimTestHooked");
   EXPECT_FALSE(objc::install(row.methods[0]).effective);
-  EXPECT_FALSE(answers<"missing">(objc::make<TestHooked>()));
+  EXPECT_FALSE(respondsTo<"missing">(objc::make<TestHooked>()));
 }
 
 TEST_F(HookRows, RowsOfAMissingClassHaveNoEffect) {

@@ -70,9 +70,9 @@ TEST_F(Message, LookUpOfAnUnknownClassReturnsNull) {
 }
 
 TEST_F(Message, AnswersReportsWhetherAnObjectRespondsToASelector) {
-  EXPECT_TRUE(answers<"length">("text"_ns));
-  EXPECT_FALSE(answers<"subviews">("text"_ns));
-  EXPECT_FALSE(answers<"length">(nullptr));
+  EXPECT_TRUE(respondsTo<"length">("text"_ns));
+  EXPECT_FALSE(respondsTo<"subviews">("text"_ns));
+  EXPECT_FALSE(respondsTo<"length">(nullptr));
 }
 
 }  // namespace

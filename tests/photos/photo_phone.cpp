@@ -42,9 +42,9 @@ int PhotoPhone::present(const std::string& application, const Json& userInfo, co
 
 void PhotoPhone::waitUntilIdle() {
   // The completion of a request can start another request.
-  for (bool isIdle = false; !isIdle; isIdle = url_loading::requestsUnderWay() == 0) {
+  for (bool isIdle = false; !isIdle; isIdle = url_loading::pendingRequestCount() == 0) {
     const objc::AutoreleasePool pool;
-    if (url_loading::requestsUnderWay() > 0) foundation::pumpFoundation(pollingInterval);
+    if (url_loading::pendingRequestCount() > 0) foundation::pumpFoundation(pollingInterval);
     foundation::drainMainQueue();
   }
 }

@@ -38,7 +38,7 @@ struct Call {
   std::string body;
   objc::Ref<BrimContainer> view;
 
-  std::string providerClass() const { return class_getName(object_getClass(objc::detail::identifier(provider.get()))); }
+  std::string providerClass() const { return class_getName(object_getClass(objc::detail::toId(provider.get()))); }
 };
 
 std::vector<Call>& calls() {
@@ -113,7 +113,7 @@ TEST(ProviderSelection, ProviderReceivesRequestTextsAndView) {
   EXPECT_EQ(call.header, "Anna");
   EXPECT_EQ(call.body, "Hello");
   EXPECT_FALSE(phone.phone.banner(controller).is_null());
-  EXPECT_STREQ(class_getName(object_getClass(objc::detail::identifier(call.view.get()))), "BrimContainer");
+  EXPECT_STREQ(class_getName(object_getClass(objc::detail::toId(call.view.get()))), "BrimContainer");
 }
 
 TEST(ProviderSelection, EachBannerHasItsOwnProvider) {

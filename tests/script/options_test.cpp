@@ -127,8 +127,8 @@ TEST(IsoTime, RejectsInvalidDates) {
 }
 
 TEST(IsoTime, IsWrittenInUtc) {
-  EXPECT_EQ(base::isoTime(0.25), "1970-01-01T00:00:00.250Z");
-  EXPECT_EQ(base::isoTime(-0.5), "1969-12-31T23:59:59.500Z");
+  EXPECT_EQ(base::formatIsoTime(0.25), "1970-01-01T00:00:00.250Z");
+  EXPECT_EQ(base::formatIsoTime(-0.5), "1969-12-31T23:59:59.500Z");
 }
 
 }  // namespace

@@ -92,7 +92,7 @@ TEST(LockScreen, ShowsCellsDownToTheLowerEdgeOfTheScreen) {
   EXPECT_GE(last[1].get<double>() + last[3].get<double>(), 812 - 8);
 }
 
-TEST(LockScreen, ATapOnACellOpensItsApplicationAndUnlocks) {
+TEST(LockScreen, TapOnACellOpensItsApplicationAndUnlocks) {
   PlainPhone phone;
   phone.present({{"message", "Lunch?"}});
   phone.wait(8);

@@ -83,7 +83,8 @@ TEST_F(NotificationRequests, FollowUpChangesOnlyTheGivenTexts) {
   description.title = "Anna";
   description.message = "One";
   const auto request = springboard::makeRequest(description, nullptr);
-  const auto updated = springboard::followUpOf(request, {.title = {}, .subtitle = {}, .message = "Two", .summary = {}});
+  const auto updated =
+      springboard::makeFollowUp(request, {.title = {}, .subtitle = {}, .message = "Two", .summary = {}});
   EXPECT_STREQ(objc::state(updated.get()).content->title()->UTF8String(), "Anna");
   EXPECT_STREQ(objc::state(updated.get()).content->message()->UTF8String(), "Two");
   EXPECT_STREQ(objc::state(request.get()).content->message()->UTF8String(), "One");

@@ -5,7 +5,7 @@ namespace test {
 
 namespace {
 
-class TypedAction : public LongLook {
+class TextInputAction : public LongLook {
  protected:
   int openReply(const std::string& message = "Hello") {
     const int controller = open({{"message", message},
@@ -19,7 +19,7 @@ class TypedAction : public LongLook {
   bool hasKeyboard() { return !view("UIRemoteKeyboardWindow").is_null(); }
 };
 
-TEST_F(TypedAction, ReplacesTheActionsWithATextField) {
+TEST_F(TextInputAction, ReplacesTheActionsWithATextField) {
   openReply();
   EXPECT_TRUE(hasKeyboard());
   EXPECT_TRUE(view("UITextField").at("firstResponder").get<bool>());
@@ -28,7 +28,7 @@ TEST_F(TypedAction, ReplacesTheActionsWithATextField) {
   EXPECT_EQ(executedActions(), Identifiers{});
 }
 
-TEST_F(TypedAction, ExecutesTheActionWithTheText) {
+TEST_F(TextInputAction, ExecutesTheActionWithTheText) {
   const int controller = openReply();
   phone.run("type", {{"text", "At one!"}});
   phone.run("key", {{"name", "return"}});
@@ -42,7 +42,7 @@ TEST_F(TypedAction, ExecutesTheActionWithTheText) {
   EXPECT_EQ(listedCount(), 0U);
 }
 
-TEST_F(TypedAction, IsNotExecutedWithoutText) {
+TEST_F(TextInputAction, IsNotExecutedWithoutText) {
   const int controller = openReply();
   phone.run("key", {{"name", "return"}});
   phone.wait(1);
@@ -55,7 +55,7 @@ TEST_F(TypedAction, IsNotExecutedWithoutText) {
   EXPECT_EQ(executedActions(), Identifiers{"reply"});
 }
 
-TEST_F(TypedAction, TapOutsideClosesTheKeyboard) {
+TEST_F(TextInputAction, TapOutsideClosesTheKeyboard) {
   openReply();
   phone.run("type", {{"text", "At o"}});
   phone.run("tap", {{"at", {187, 420}}});
@@ -66,7 +66,7 @@ TEST_F(TypedAction, TapOutsideClosesTheKeyboard) {
   EXPECT_FALSE(phone.answer({{"do", "type"}, {"text", "x"}}).at("ok").get<bool>());
 }
 
-TEST_F(TypedAction, KeepsTheFieldAboveTheKeyboardForALongMessage) {
+TEST_F(TextInputAction, KeepsTheFieldAboveTheKeyboardForALongMessage) {
   std::string body;
   for (int line = 0; line < 100; ++line) body += "line\n";
   openReply(body);

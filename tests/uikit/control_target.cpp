@@ -9,7 +9,7 @@ namespace {
 
 void plain(ControlTarget*) { UIKitTest::log("plain"); }
 void withSender(ControlTarget*, UIControl* sender) {
-  UIKitTest::log(std::string("sender ") + class_getName(object_getClass(objc::detail::identifier(sender))));
+  UIKitTest::log(std::string("sender ") + class_getName(object_getClass(objc::detail::toId(sender))));
 }
 void withSenderAndEvent(ControlTarget*, UIControl*, NSObject*) { UIKitTest::log("sender and event"); }
 void began(ControlTarget*) { UIKitTest::log("began"); }

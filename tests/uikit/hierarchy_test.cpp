@@ -221,8 +221,7 @@ TEST_F(Hierarchy, GestureRecognizersVariableIsNilWithoutRecognizers) {
   ASSERT_NE(variable, nullptr);
   EXPECT_STREQ(ivar_getTypeEncoding(variable), "@");
   const auto value = [&] {
-    return static_cast<NSMutableArray*>(
-        static_cast<void*>(object_getIvar(objc::detail::identifier(view.get()), variable)));
+    return static_cast<NSMutableArray*>(static_cast<void*>(object_getIvar(objc::detail::toId(view.get()), variable)));
   };
   EXPECT_EQ(value(), nullptr);
   EXPECT_EQ(view->gestureRecognizers(), nullptr);

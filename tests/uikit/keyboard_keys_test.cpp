@@ -35,7 +35,7 @@ constexpr const char* locales[] = {"en_US", "de_DE", "fr_FR", "es_ES", "pt_BR", 
 std::vector<uikit::Key> keysFor(const char* locale, const uikit::KeyboardSize& size,
                                 uikit::Shift shift = uikit::Shift::Off,
                                 uikit::KeyboardPlane plane = uikit::KeyboardPlane::Letters) {
-  return uikit::keysOf(size, {plane, shift, uikit::lettersOf(locale), "send"});
+  return uikit::keyboardKeys(size, {plane, shift, uikit::lettersForLocale(locale), "send"});
 }
 
 std::size_t count(const std::vector<uikit::Key>& keys, KeyRole role) {

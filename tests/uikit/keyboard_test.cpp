@@ -32,7 +32,7 @@ class Keyboard : public UIKitTest {
   static UIWindow* keyboard() {
     const auto windows = uikit::visibleWindows();
     const auto found = std::ranges::find_if(windows, [](const UIWindow* each) {
-      return std::string(object_getClassName(objc::detail::identifier(each))) == "UIRemoteKeyboardWindow";
+      return std::string(object_getClassName(objc::detail::toId(each))) == "UIRemoteKeyboardWindow";
     });
     return found == windows.end() ? nullptr : *found;
   }

@@ -61,7 +61,7 @@ namespace {
 std::string nameOf(const NSObject* object) {
   if (object == nullptr) return "nil";
   const ProbeView* probe = objc::as<ProbeView>(object);
-  return probe == nullptr ? class_getName(object_getClass(objc::detail::identifier(object))) : objc::state(probe).name;
+  return probe == nullptr ? class_getName(object_getClass(objc::detail::toId(object))) : objc::state(probe).name;
 }
 
 void logCall(const ProbeView* probe, const std::string& message) {

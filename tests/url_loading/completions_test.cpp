@@ -69,10 +69,10 @@ TEST_F(Completions, OfATaskRunOnceAndOnlyAfterItIsResumed) {
   std::atomic<int> calls = 0;
   NSURLSessionDataTask* const task =
       makeTask(request(server.address("/")), objc::block([&](NSData*, NSURLResponse*, NSError*) { ++calls; }));
-  EXPECT_EQ(url_loading::requestsUnderWay(), 0u);
+  EXPECT_EQ(url_loading::pendingRequestCount(), 0u);
   task->resume();
   task->resume();
-  ASSERT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
+  ASSERT_TRUE(runUntil([] { return url_loading::pendingRequestCount() == 0; }));
   EXPECT_EQ(calls, 1);
   EXPECT_EQ(server.requests().size(), 1u);
 }
@@ -82,7 +82,7 @@ TEST_F(Completions, OfAConnectionRunOnTheMainThread) {
   NSURLConnection::sendAsynchronousRequest(
       request(server.address("/")), NSOperationQueue::mainQueue(),
       objc::block([&](NSURLResponse*, NSData*, NSError*) { onMainThread = isMainThread(); }));
-  ASSERT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
+  ASSERT_TRUE(runUntil([] { return url_loading::pendingRequestCount() == 0; }));
   EXPECT_TRUE(onMainThread);
 }
 
@@ -102,7 +102,7 @@ TEST_F(Completions, OfAConnectionRunOnTheGivenQueue) {
 TEST_F(Completions, CanBeNil) {
   NSURLConnection::sendAsynchronousRequest(request(server.address("/")), NSOperationQueue::mainQueue(), nullptr);
   NSURLSession::sharedSession()->dataTask(request(server.address("/")), nullptr)->resume();
-  EXPECT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
+  EXPECT_TRUE(runUntil([] { return url_loading::pendingRequestCount() == 0; }));
 }
 
 TEST_F(Completions, ReleaseTheirCaptures) {
@@ -114,7 +114,7 @@ TEST_F(Completions, ReleaseTheirCaptures) {
              objc::block(
                  [mine = objc::retain(captured.get())](NSData*, NSURLResponse*, NSError*) { static_cast<void>(mine); }))
         ->resume();
-    ASSERT_TRUE(runUntil([] { return url_loading::requestsUnderWay() == 0; }));
+    ASSERT_TRUE(runUntil([] { return url_loading::pendingRequestCount() == 0; }));
   }
   EXPECT_TRUE(runUntil([&] { return objc::send<NSUInteger, "retainCount">(captured.get()) == 1; }));
 }

@@ -56,14 +56,14 @@ TEST_F(Compression, ThatIsCorruptIsAnError) {
 }
 
 TEST_F(Compression, OfABodyAboveTheLimitIsAnError) {
-  const std::string bomb = compressed(std::string(url_loading::maxBody + 1, '\0'), Format::Gzip);
+  const std::string bomb = compressed(std::string(url_loading::maxBodyBytes + 1, '\0'), Format::Gzip);
   ASSERT_LT(bomb.size(), 50'000u);
   EXPECT_EQ(loadResponse(encoded(bomb, "gzip")).error, UrlError::BodyTooLong);
 }
 
 TEST_F(Compression, OfABodyAtTheLimitIsDecoded) {
-  const std::string largest = compressed(std::string(url_loading::maxBody, '\0'), Format::Gzip);
-  EXPECT_EQ(loadResponse(encoded(largest, "gzip")).body.value_or("").size(), url_loading::maxBody);
+  const std::string largest = compressed(std::string(url_loading::maxBodyBytes, '\0'), Format::Gzip);
+  EXPECT_EQ(loadResponse(encoded(largest, "gzip")).body.value_or("").size(), url_loading::maxBodyBytes);
 }
 
 TEST_F(Compression, AppliedTooManyTimesIsAnError) {

@@ -141,7 +141,7 @@ bool Transfer::addHeaderLine(std::string_view line) {
 }
 
 bool Transfer::addBody(std::string_view bytes) {
-  bodyIsTooLong_ = bytes.size() > url_loading::maxBody - result_.body.size();
+  bodyIsTooLong_ = bytes.size() > url_loading::maxBodyBytes - result_.body.size();
   if (!bodyIsTooLong_) result_.body.append(bytes);
   return !bodyIsTooLong_;
 }

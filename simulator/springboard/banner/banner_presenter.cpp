@@ -168,6 +168,6 @@ bool isAnyBannerOnScreen() {
   return std::ranges::any_of(banners(), [](const auto& entry) { return entry.second.stage != Stage::Dismissed; });
 }
 
-void observeBannerEnds(std::function<void(std::size_t)> observer) { releaseObserver() = std::move(observer); }
+void observeBannerReleases(std::function<void(std::size_t)> observer) { releaseObserver() = std::move(observer); }
 
 }  // namespace springboard

@@ -41,6 +41,6 @@ bool isAnyBannerOnScreen();
 
 // Sets the function that is called before the controller of a dismissed banner is released. It replaces any previous
 // observer.
-void observeBannerEnds(std::function<void(std::size_t number)> observer);
+void observeBannerReleases(std::function<void(std::size_t number)> observer);
 
 }  // namespace springboard

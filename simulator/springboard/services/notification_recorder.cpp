@@ -48,13 +48,13 @@ void postDistributed(PostDistributed original, NSDistributedNotificationCenter* 
 
 }  // namespace
 
-void observePosts() {
+void recordPostedNotifications() {
   hook<&post, "postNotificationName:object:userInfo:">(NSNotificationCenter::classObject());
   hook<&postDistributed, "postNotificationName:object:userInfo:deliverImmediately:">(
       NSDistributedNotificationCenter::classObject());
 }
 
-void postUnobserved(NSString* name) {
+void postUnrecorded(NSString* name) {
   using Hook = objc::detail::HookOf<&postDistributed>;
   const PostDistributed original(Hook::replaced,
                                  objc::selector<"postNotificationName:object:userInfo:deliverImmediately:">());

@@ -8,10 +8,10 @@ namespace springboard {
 
 // Starts recording. Notifications of the platform itself are not recorded. Call it once, after the classes have been
 // registered.
-void observePosts();
+void recordPostedNotifications();
 
 // Posts a distributed notification without recording it, as if another process had posted it. Call it only while
 // notifications are recorded.
-void postUnobserved(NSString* name);
+void postUnrecorded(NSString* name);
 
 }  // namespace springboard

@@ -115,7 +115,7 @@ objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& desc
   return request;
 }
 
-objc::Ref<NCNotificationRequest> followUpOf(NCNotificationRequest* request, const FollowUp& texts) {
+objc::Ref<NCNotificationRequest> makeFollowUp(NCNotificationRequest* request, const FollowUp& texts) {
   auto content = objc::make<NCNotificationContent>();
   const NotificationRequestState& earlier = objc::state(request);
   NotificationContentState& updatedContent = objc::state(content.get());

@@ -116,7 +116,7 @@ struct FollowUp {
   std::optional<std::string> summary;
 };
 // Returns a copy of the request with the changed texts and the current time.
-objc::Ref<NCNotificationRequest> followUpOf(NCNotificationRequest* request, const FollowUp& texts);
+objc::Ref<NCNotificationRequest> makeFollowUp(NCNotificationRequest* request, const FollowUp& texts);
 
 void defineNotificationRequest();
 

@@ -66,7 +66,7 @@ UIResponder* findResponderFor(UIResponder* responder, SEL action) {
 void sendAction(UIControl* self, SEL action, NSObject* target, NSObject* event) {
   NSObject* receiver = target != nullptr ? target : findResponderFor(self, action);
   if (receiver == nullptr || !receiver->respondsToSelector(action)) return;
-  const id object = objc::detail::identifier(receiver);
+  const id object = objc::detail::toId(receiver);
   const IMP implementation = objc::implementationFor(object, action);
   switch (std::ranges::count(std::string_view(sel_getName(action)), ':')) {
     case 0:

@@ -22,8 +22,7 @@ std::string_view variablePointingTo(Class definingClass, const UIView* holder, c
   for (const Ivar variable : std::span(list.get(), count)) {
     const char* encoding = ivar_getTypeEncoding(variable);
     if (encoding == nullptr || encoding[0] != '@') continue;
-    if (object_getIvar(objc::detail::identifier(holder), variable) == objc::detail::identifier(view))
-      return ivar_getName(variable);
+    if (object_getIvar(objc::detail::toId(holder), variable) == objc::detail::toId(view)) return ivar_getName(variable);
   }
   return {};
 }
@@ -35,7 +34,7 @@ std::string publicName(std::string_view variable, const UIView* holder) {
 }
 
 std::string nameIn(const UIView* holder, const UIView* view) {
-  for (Class each = object_getClass(objc::detail::identifier(holder)); each != UIView::classObject();
+  for (Class each = object_getClass(objc::detail::toId(holder)); each != UIView::classObject();
        each = class_getSuperclass(each)) {
     const std::string_view variable = variablePointingTo(each, holder, view);
     if (!variable.empty()) return publicName(variable, holder);

@@ -32,7 +32,7 @@ void describeResponder(UIView* view, Json& node) {
 void describe(UIView* self, void* pointer) {
   Json& node = descriptionAt(pointer);
   const ViewRecord& state = record(self);
-  node["class"] = class_getName(object_getClass(objc::detail::identifier(self)));
+  node["class"] = class_getName(object_getClass(objc::detail::toId(self)));
   node["frame"] = describeRect(frameOnScreen(self));
   node["hidden"] = state.layer.hidden;
   node["alpha"] = state.layer.opacity.model();

@@ -60,21 +60,23 @@ CGRect frameWhen(bool isShown) {
 
 UIResponder* currentTextInput() {
   UIResponder* responder = firstResponder();
-  return answers<"insertText:">(responder) ? responder : nullptr;
+  return respondsTo<"insertText:">(responder) ? responder : nullptr;
 }
 
-bool hasText(UIResponder* textInput) { return answers<"hasText">(textInput) && objc::send<bool, "hasText">(textInput); }
+bool hasText(UIResponder* textInput) {
+  return respondsTo<"hasText">(textInput) && objc::send<bool, "hasText">(textInput);
+}
 
 // Shift is on for an empty text, because a sentence begins with a capital letter.
 KeyboardAppearance appearanceFor(UIResponder* textInput) {
   KeyboardAppearance appearance;
   appearance.plane = keyboard().plane;
   appearance.hasText = hasText(textInput);
-  appearance.acceptsReturnKey = appearance.hasText || !answers<"enablesReturnKeyAutomatically">(textInput) ||
+  appearance.acceptsReturnKey = appearance.hasText || !respondsTo<"enablesReturnKeyAutomatically">(textInput) ||
                                 !objc::send<bool, "enablesReturnKeyAutomatically">(textInput);
   appearance.shift = keyboard().shiftOverride.value_or(appearance.hasText ? Shift::Off : Shift::On);
   if (const auto* view = objc::as<UIView>(textInput)) appearance.style = styleOf(view);
-  if (answers<"returnKeyType">(textInput))
+  if (respondsTo<"returnKeyType">(textInput))
     appearance.returnKey = objc::send<UIReturnKeyType, "returnKeyType">(textInput);
   return appearance;
 }
@@ -90,9 +92,9 @@ void rebuildKeys(const KeyboardAppearance& appearance) {
   for (const objc::Ref<UIView>& key : old) key->removeFromSuperview();
   window->setBackgroundColor(backgroundOf(appearance.style));
   const bool sends = appearance.returnKey == UIReturnKeyType::Send;
-  const KeyboardFace face = {appearance.plane, appearance.shift, lettersOf(environment().locale),
+  const KeyboardFace face = {appearance.plane, appearance.shift, lettersForLocale(environment().locale),
                              sends ? "send" : "return"};
-  for (Key& key : keysOf(sizeOfKeyboard(), face)) {
+  for (Key& key : keyboardKeys(sizeOfKeyboard(), face)) {
     const bool isProminent = key.role == KeyRole::Return && sends && appearance.acceptsReturnKey;
     const auto view = makeKeyView({std::move(key), appearance.shift, appearance.style, isProminent});
     view->addTarget(keyboard().listener, objc::selector<"keyPressed:">(), UIControlEvents::TouchUpInside);

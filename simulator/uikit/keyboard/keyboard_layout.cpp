@@ -158,7 +158,7 @@ class KeyLayoutBuilder {
 
 double KeyboardSize::height() const { return rows * rowPitch + (bottomInset > 0 ? bottomInset + barHeight : 0); }
 
-std::vector<Key> keysOf(const KeyboardSize& size, const KeyboardFace& face) {
+std::vector<Key> keyboardKeys(const KeyboardSize& size, const KeyboardFace& face) {
   return KeyLayoutBuilder(size, face).build();
 }
 

@@ -42,6 +42,6 @@ struct KeyboardFace {
 };
 
 // All keys of the keyboard, row by row.
-std::vector<Key> keysOf(const KeyboardSize& size, const KeyboardFace& face);
+std::vector<Key> keyboardKeys(const KeyboardSize& size, const KeyboardFace& face);
 
 }  // namespace uikit

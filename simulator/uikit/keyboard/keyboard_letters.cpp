@@ -31,7 +31,7 @@ constexpr bool isLeadingByte(char byte) { return (static_cast<unsigned char>(byt
 
 }  // namespace
 
-const LetterSet& lettersOf(std::string_view locale) {
+const LetterSet& lettersForLocale(std::string_view locale) {
   const std::string_view language = locale.substr(0, locale.find_first_of("_-"));
   const auto* found = std::ranges::find(sets, language, &LetterSet::language);
   return found == std::end(sets) ? english : *found;

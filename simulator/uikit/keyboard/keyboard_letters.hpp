@@ -23,7 +23,7 @@ struct LetterSet {
 };
 
 // The letters for the language of a locale such as de_DE. English letters if the language is unknown.
-const LetterSet& lettersOf(std::string_view locale);
+const LetterSet& lettersForLocale(std::string_view locale);
 
 // Splits a row into its letters.
 std::vector<std::string> splitLetters(std::string_view row);

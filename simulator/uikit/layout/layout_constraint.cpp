@@ -21,7 +21,7 @@ void reportInvalidConstraint(const ConstraintRecord& constraint, const char* rea
 std::string describeView(const UIView* view) {
   if (view == nullptr) return "(deallocated view)";
   std::array<char, 128> text{};
-  std::snprintf(text.data(), text.size(), "<%s %p>", class_getName(object_getClass(objc::detail::identifier(view))),
+  std::snprintf(text.data(), text.size(), "<%s %p>", class_getName(object_getClass(objc::detail::toId(view))),
                 static_cast<const void*>(view));
   return text.data();
 }

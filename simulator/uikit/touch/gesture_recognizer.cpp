@@ -27,7 +27,7 @@ void sendActions(UIGestureRecognizer* self) {
   for (const GestureAction& action : actions) {
     const objc::Ref<NSObject> target = action.target.lock();
     if (target == nullptr) continue;
-    const id receiver = objc::detail::identifier(target.get());
+    const id receiver = objc::detail::toId(target.get());
     const IMP implementation = objc::implementationFor(receiver, action.selector);
     if (takesArgument(action.selector))
       objc::detail::call<void>(implementation, receiver, action.selector, self);

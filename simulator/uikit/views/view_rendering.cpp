@@ -68,7 +68,7 @@ void setContentMode(UIView* self, UIViewContentMode mode) {
 void drawContent(UIView*, void*) {}
 bool drawsContent(const UIView* view) {
   const SEL draw = objc::selector<"_drawContentInCanvas:">();
-  const Class drawing = object_getClass(objc::detail::identifier(view));
+  const Class drawing = object_getClass(objc::detail::toId(view));
   return class_getMethodImplementation(drawing, draw) != class_getMethodImplementation(UIView::classObject(), draw);
 }
 
