@@ -13,10 +13,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int waitingConnections = 8;
-constexpr timeval maxWrite = {1, 0};
+constexpr int maxPendingConnections = 8;
+constexpr timeval writeTimeout = {1, 0};
 
-// Names the folder by its descriptor, which is short.
+// Refers to the folder by its descriptor, because the path of a socket address is limited to about 100 bytes.
 sockaddr_un addressIn(const Descriptor& folder, const char* name) {
   sockaddr_un address = {};
   address.sun_family = AF_UNIX;
@@ -30,7 +30,7 @@ Descriptor openFolder(const fs::path& folder) {
 
 Descriptor makeSocket() { return Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)); }
 
-const sockaddr* plain(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
+const sockaddr* genericAddress(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
 
 bool isOfThisUser(const Descriptor& connection) {
   ucred peer = {};
@@ -38,8 +38,8 @@ bool isOfThisUser(const Descriptor& connection) {
   return getsockopt(connection.get(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == getuid();
 }
 
-void limitWrites(const Descriptor& connection) {
-  setsockopt(connection.get(), SOL_SOCKET, SO_SNDTIMEO, &maxWrite, sizeof maxWrite);
+void setWriteTimeout(const Descriptor& connection) {
+  setsockopt(connection.get(), SOL_SOCKET, SO_SNDTIMEO, &writeTimeout, sizeof writeTimeout);
 }
 
 }  // namespace
@@ -49,8 +49,8 @@ Descriptor listenIn(const fs::path& folder, const char* name) {
   Descriptor listening = makeSocket();
   const sockaddr_un address = addressIn(opened, name);
   unlinkat(opened.get(), name, 0);
-  if (bind(listening.get(), plain(address), sizeof address) != 0 || listen(listening.get(), waitingConnections) != 0)
-    return {};
+  if (bind(listening.get(), genericAddress(address), sizeof address) != 0) return {};
+  if (listen(listening.get(), maxPendingConnections) != 0) return {};
   return listening;
 }
 
@@ -58,15 +58,15 @@ Descriptor connectIn(const fs::path& folder, const char* name) {
   const Descriptor opened = openFolder(folder);
   Descriptor connection = makeSocket();
   const sockaddr_un address = addressIn(opened, name);
-  if (connect(connection.get(), plain(address), sizeof address) != 0 || !isOfThisUser(connection)) return {};
-  limitWrites(connection);
+  if (connect(connection.get(), genericAddress(address), sizeof address) != 0 || !isOfThisUser(connection)) return {};
+  setWriteTimeout(connection);
   return connection;
 }
 
 Descriptor acceptFrom(const Descriptor& listening) {
   Descriptor connection(accept4(listening.get(), nullptr, nullptr, SOCK_CLOEXEC));
   if (!connection.isOpen() || !isOfThisUser(connection)) return {};
-  limitWrites(connection);
+  setWriteTimeout(connection);
   return connection;
 }
 
