@@ -1,4 +1,4 @@
-#include "simulator/drawing/backdrop.hpp"
+#include "simulator/drawing/material.hpp"
 
 #include <cmath>
 #include <limits>

@@ -1,7 +1,7 @@
 // UIBlurEffect and UIVisualEffectView: a pane that blurs what lies behind it.
 #include "platform/ui_visual_effect_view.hpp"
 
-#include "simulator/drawing/backdrop.hpp"
+#include "simulator/drawing/material.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
 #include "simulator/uikit/views/class_definitions.hpp"
