@@ -232,7 +232,8 @@ TEST_F(Overlap, HomeButtonDuringTheReply) {
   phone.run({{"do", "type"}, {"text", "Unsent"}});
   phone.run({{"do", "press"}, {"type", 101}, {"force", 0}});
   EXPECT_FALSE(state(controller).at("brim"));
-  EXPECT_NE(phone.refusal({{"do", "type"}, {"text", "more"}}).find("nothing has the keyboard"), std::string::npos);
+  EXPECT_NE(phone.refusal({{"do", "type"}, {"text", "more"}}).find("no view has the keyboard focus"),
+            std::string::npos);
 }
 
 TEST_F(Overlap, GrabberTwice) {

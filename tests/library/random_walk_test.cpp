@@ -25,9 +25,15 @@ constexpr std::size_t objectsThatMayStay = 40;
 constexpr std::size_t bannersToAStringThatStays = 40;
 
 // What a command that came by chance may be refused for.
-constexpr const char* reasons[] = {"there is no controller", "no longer on screen",         "was dismissed and is gone",
-                                   "no banner is on screen", "nothing on the screen reads", "is outside the screen",
-                                   "banner shows nothing",   "nothing has the keyboard",    "a finger is held"};
+constexpr const char* reasons[] = {"there is no controller",
+                                   "no longer on screen",
+                                   "was dismissed and is gone",
+                                   "no banner is on screen",
+                                   "no view has the text",
+                                   "is outside the screen",
+                                   "banner has no content",
+                                   "no view has the keyboard focus",
+                                   "finger of the last drag is still on the screen"};
 
 std::size_t number(const char* variable, std::size_t otherwise) {
   const char* text = getenv(variable);
