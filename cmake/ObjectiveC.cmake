@@ -1,4 +1,4 @@
-# The Objective-C runtime and Foundation of this machine, as the target `ObjectiveC`.
+# Defines the target `ObjectiveC`: the Objective-C runtime and GNUstep Foundation of the build machine.
 execute_process(
   COMMAND ${CMAKE_C_COMPILER} -print-file-name=include/objc/objc.h
   OUTPUT_VARIABLE objc_header OUTPUT_STRIP_TRAILING_WHITESPACE)
@@ -11,11 +11,12 @@ foreach(candidate IN LISTS objc_candidates)
   endif()
 endforeach()
 if(NOT EXISTS ${objc_header})
-  message(FATAL_ERROR "The Objective-C runtime's headers are missing: install libobjc-12-dev.")
+  message(FATAL_ERROR "The headers of the Objective-C runtime are missing. Install the package libobjc-12-dev.")
 endif()
 cmake_path(GET objc_header PARENT_PATH objc_folder)
 
-# Only the runtime's own folder: the rest of the compiler's headers must stay the compiler's.
+# Adds only the runtime's folder to the include path. The folder around it contains g++'s internal headers, which clang
+# must not use.
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/objc-headers)
 file(CREATE_LINK ${objc_folder} ${CMAKE_BINARY_DIR}/objc-headers/objc SYMBOLIC)
 
@@ -25,11 +26,11 @@ find_library(GNUSTEP_BASE_LIBRARY NAMES gnustep-base REQUIRED)
 add_library(ObjectiveC INTERFACE)
 target_include_directories(ObjectiveC INTERFACE ${CMAKE_SOURCE_DIR})
 target_include_directories(ObjectiveC SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/objc-headers)
-# A message to nil is a member function called on a null pointer: the compilers must not conclude that it cannot be.
+# A message to nil is a call of a member function on a null pointer. The compiler must not assume that `this` is not null.
 target_compile_options(ObjectiveC INTERFACE -fno-delete-null-pointer-checks)
 target_link_options(ObjectiveC INTERFACE -Wl,--no-as-needed)
 target_link_libraries(ObjectiveC INTERFACE ${GNUSTEP_BASE_LIBRARY} ${OBJC_LIBRARY})
 
-# What the phone's library is built with: no exceptions, no run-time type information, no guarded statics.
+# The options of the phone's library: no exceptions, no run-time type information, no guards of static variables.
 add_library(FreestandingStyle INTERFACE)
 target_compile_options(FreestandingStyle INTERFACE -fno-exceptions -fno-rtti -fno-threadsafe-statics)
