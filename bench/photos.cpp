@@ -130,13 +130,13 @@ Figures searchContainers(std::size_t count) {
   const fs::path folder = phone.root() / "var/mobile/Containers/Shared/AppGroup";
   makeContainers(folder, count);
   const auto each = static_cast<double>(count);
-  const double found = medianTime(roundsFor(count), [] {
+  const double searchTime = medianTime(roundsFor(count), [] {
     const objc::AutoreleasePool inner;
     FolderFinder::findSharedFolder("group.org.example.nobody"_ns);
   });
   volatile std::size_t total = 0;
-  const double read = medianTime(roundsFor(count), [&] { total = total + readAllMetadata(folder.string()); });
-  return {found / each, read / each};
+  const double readTime = medianTime(roundsFor(count), [&] { total = total + readAllMetadata(folder.string()); });
+  return {searchTime / each, readTime / each};
 }
 
 void writeAddressBook(const fs::path& path, std::size_t count) {

@@ -96,10 +96,10 @@ const FieldType preference = {"a string, number, boolean, array or object that c
 Json executeCommand(const Json& given) try {
   const Command& command = findCommand(given);
   checkFields(command, given);
-  Json answer = {{"ok", true}};
+  Json reply = {{"ok", true}};
   const Json result = command.execute(given);
-  if (!result.is_null()) answer.update(result);
-  return answer;
+  if (!result.is_null()) reply.update(result);
+  return reply;
 } catch (const CommandError& error) {
   return failure(error.what());
 } catch (const std::exception& error) {

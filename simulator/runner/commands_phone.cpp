@@ -73,7 +73,7 @@ std::span<const Command> phoneCommands() {
       {"grabber",
        {},
        &pullGrabber,
-       "make the grabber's dismissal gesture; \"dismissed\" tells whether the system recognized a dismissal"},
+       "make the grabber's dismissal gesture; \"dismissed\" reports whether the system recognized a dismissal"},
       {"set", setFields, &setPreference, "store a preference as the settings pane does; null removes it"},
       {"appearance", appearanceFields, &switchAppearance, "switch the system appearance to light or dark"},
       {"testbanner", {}, &requestTestBanner, "request a test banner as the settings pane does; returns its controller"},

@@ -31,7 +31,7 @@ class Demonstration {
     Json present = {{"do", "present"}};
     present.update(sample.notification);
     execute({present});
-    // The sender's picture may come from the web.
+    // The sender's picture can be a download.
     if (url_loading::requestsUnderWay() > 0) execute({{{"do", "await"}, {"for", "photo"}}});
     execute({waitStep(0.6)});
     execute(sample.steps);
