@@ -1,4 +1,4 @@
-#include "bench/banner_lifetime.hpp"
+#include "bench/benchmarks.hpp"
 
 #include <malloc.h>
 #include <stdlib.h>
@@ -21,8 +21,8 @@ constexpr std::size_t moves = 200;
 constexpr std::size_t rounds = 10000;
 constexpr std::size_t thousand = 1000;
 
-// Runs with a phone of its own.
-Figures onAPhone(const std::function<Figures(runner::Session&)>& measurement) {
+// Runs a measurement with a new phone, whose root is a temporary folder.
+Figures withPhone(const std::function<Figures(runner::Session&)>& measurement) {
   std::string pattern = (std::filesystem::temp_directory_path() / "brim-bench-XXXXXX").string();
   const std::filesystem::path folder = mkdtemp(pattern.data());
   Figures figures;
@@ -48,7 +48,7 @@ double timeOf(const std::function<void()>& work) {
   return processorTime() - start;
 }
 
-// The median of a move with what it repaints, of the move alone, and of a whole screen.
+// The median times of a move including repainting, of a move without repainting, and of painting the whole screen.
 Figures dragMoves(runner::Session& session) {
   present(session, "Are we still on for lunch today?");
   session.run({{"do", "wait"}, {"seconds", 1}});
@@ -69,8 +69,9 @@ Figures dragMoves(runner::Session& session) {
   return {median(repainted), median(alone), median(whole)};
 }
 
-// Time of the first and of the last thousand rounds, and the memory that is held after each.
-Figures manyLives(runner::Session& session) {
+// For the first thousand rounds, the rounds in between, and the last thousand rounds: their time, and the allocated
+// memory after them.
+Figures presentMany(runner::Session& session) {
   Figures figures;
   double start = processorTime();
   for (std::size_t round = 1; round <= rounds; ++round) {
@@ -88,15 +89,15 @@ Figures manyLives(runner::Session& session) {
 }  // namespace
 
 void measureDragging() {
-  const Figures drag = inProcessOfItsOwn([] { return onAPhone(&dragMoves); });
-  report("a drag's move, repainted / painting the whole screen", drag[0] / drag[2], 0.25);
-  report("a drag's move without painting / painting the screen", drag[1] / drag[2], 0.05);
+  const Figures drag = inChildProcess([] { return withPhone(&dragMoves); });
+  report("move of a drag with repainting / painting the screen", drag[0] / drag[2], 0.25);
+  report("move of a drag without repainting / painting the screen", drag[1] / drag[2], 0.05);
 }
 
 void measureBannerLifetime() {
-  const Figures lives = inProcessOfItsOwn([] { return onAPhone(&manyLives); });
-  report("the last thousand of 10,000 banners / the first", lives[4] / lives[0], 1.0);
-  report("memory held after 10,000 banners / after 1,000", lives[5] / lives[1], 1.0);
+  const Figures figures = inChildProcess([] { return withPhone(&presentMany); });
+  report("time of the last 1,000 of 10,000 banners / the first", figures[4] / figures[0], 1.0);
+  report("memory after 10,000 banners / after 1,000", figures[5] / figures[1], 1.0);
 }
 
 }  // namespace bench

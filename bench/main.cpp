@@ -1,32 +1,30 @@
-// Measures. Every figure is a ratio of two things measured in this run, so that it means the same on any machine.
-// Without arguments all of it; with names of parts, those.
+// Runs the benchmarks whose names are given as arguments, or all. Each printed figure is a ratio of two measurements of
+// the same run, so figures from different machines can be compared.
 #include <algorithm>
 #include <cstdio>
 #include <string_view>
 #include <vector>
 
-#include "bench/banner_lifetime.hpp"
-#include "bench/photos.hpp"
-#include "bench/presenting.hpp"
-#include "bench/replying.hpp"
-#include "bench/text.hpp"
+#include "bench/benchmarks.hpp"
 
 namespace {
 
-struct Part {
+struct Benchmark {
   std::string_view name;
-  void (*measure)();
+  void (*run)();
 };
 
-constexpr Part parts[] = {
+constexpr Benchmark benchmarks[] = {
     {"presenting", &bench::measurePresenting},   {"dragging", &bench::measureDragging},
     {"lifetime", &bench::measureBannerLifetime}, {"text", &bench::measureText},
     {"photos", &bench::measurePhotos},           {"replying", &bench::measureReplying},
 };
 
-int refuse(std::string_view name) {
-  std::fprintf(stderr, "bench: there is no part '%.*s'; there are", static_cast<int>(name.size()), name.data());
-  for (const Part& part : parts) std::fprintf(stderr, " %.*s", static_cast<int>(part.name.size()), part.name.data());
+int reportUnknownName(std::string_view name) {
+  std::fprintf(stderr, "bench: there is no benchmark '%.*s'; the benchmarks are", static_cast<int>(name.size()),
+               name.data());
+  for (const Benchmark& benchmark : benchmarks)
+    std::fprintf(stderr, " %.*s", static_cast<int>(benchmark.name.size()), benchmark.name.data());
   std::fprintf(stderr, "\n");
   return 2;
 }
@@ -34,12 +32,12 @@ int refuse(std::string_view name) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  const std::vector<std::string_view> wanted(arguments + 1, arguments + count);
-  for (const std::string_view name : wanted) {
-    if (std::ranges::find(parts, name, &Part::name) == std::end(parts)) return refuse(name);
+  const std::vector<std::string_view> selected(arguments + 1, arguments + count);
+  for (const std::string_view name : selected) {
+    if (std::ranges::find(benchmarks, name, &Benchmark::name) == std::end(benchmarks)) return reportUnknownName(name);
   }
-  for (const Part& part : parts) {
-    if (wanted.empty() || std::ranges::find(wanted, part.name) != wanted.end()) part.measure();
+  for (const Benchmark& benchmark : benchmarks) {
+    if (selected.empty() || std::ranges::find(selected, benchmark.name) != selected.end()) benchmark.run();
   }
   return 0;
 }

@@ -20,12 +20,12 @@ namespace {
 
 void writeAll(int descriptor, const Figures& figures) {
   const char* bytes = reinterpret_cast<const char*>(figures.data());
-  std::size_t left = figures.size() * sizeof(double);
-  while (left > 0) {
-    const ssize_t written = write(descriptor, bytes, left);
+  std::size_t remaining = figures.size() * sizeof(double);
+  while (remaining > 0) {
+    const ssize_t written = write(descriptor, bytes, remaining);
     if (written <= 0) _exit(1);
     bytes += written;
-    left -= static_cast<std::size_t>(written);
+    remaining -= static_cast<std::size_t>(written);
   }
 }
 
@@ -38,11 +38,11 @@ Figures readAll(int descriptor) {
 
 }  // namespace
 
-Figures inProcessOfItsOwn(const std::function<Figures()>& measurement) {
+Figures inChildProcess(const std::function<Figures()>& measurement) {
   int ends[2];
-  if (pipe(ends) != 0) fail("no pipe can be made");
+  if (pipe(ends) != 0) fail("cannot create a pipe");
   const pid_t child = fork();
-  if (child < 0) fail("no process can be made");
+  if (child < 0) fail("cannot create a process");
   if (child == 0) {
     close(ends[0]);
     writeAll(ends[1], measurement());
@@ -53,7 +53,7 @@ Figures inProcessOfItsOwn(const std::function<Figures()>& measurement) {
   close(ends[0]);
   int status = 0;
   waitpid(child, &status, 0);
-  if (status != 0 || figures.empty()) fail("a measurement ended early");
+  if (status != 0 || figures.empty()) fail("a measurement failed in its child process");
   return figures;
 }
 
@@ -77,8 +77,9 @@ double residentMemory() {
   return resident * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
-void report(const char* what, double ratio, double aim) {
-  std::printf("%-58s %6.2f   aim at most %.2f%s\n", what, ratio, aim, ratio <= aim ? "" : "   MISSED");
+void report(const char* description, double ratio, double maxRatio) {
+  std::printf("%-58s %6.2f   target: at most %.2f%s\n", description, ratio, maxRatio,
+              ratio <= maxRatio ? "" : "   MISSED");
 }
 
 }  // namespace bench

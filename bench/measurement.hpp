@@ -1,4 +1,4 @@
-// What a measurement gives back, and running one in a process of its own: a phone belongs to its process.
+// Runs measurements in child processes and reports their results.
 #pragma once
 
 #include <functional>
@@ -6,20 +6,20 @@
 
 namespace bench {
 
-// Figures of one measurement, in the order in which it took them.
+// The results of one measurement, in order.
 using Figures = std::vector<double>;
 
-// Runs the measurement in a child process and waits for its figures. Ends the program with a message where it fails.
-Figures inProcessOfItsOwn(const std::function<Figures()>& measurement);
+// Runs the measurement in a child process and returns its figures. On failure, exits the program with a message.
+Figures inChildProcess(const std::function<Figures()>& measurement);
 
 double median(Figures figures);
 
-// Seconds of processor time that this process has used.
+// The processor time that this process has used, in seconds.
 double processorTime();
-// Bytes of memory that this process holds.
+// The resident memory of this process, in bytes.
 double residentMemory();
 
-// One line of the report: a ratio, and what it aims at.
-void report(const char* what, double ratio, double aim);
+// Prints a ratio, its target, and whether the target was missed.
+void report(const char* description, double ratio, double maxRatio);
 
 }  // namespace bench

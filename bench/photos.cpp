@@ -1,4 +1,4 @@
-#include "bench/photos.hpp"
+#include "bench/benchmarks.hpp"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -31,22 +31,24 @@ namespace fs = std::filesystem;
 constexpr const char* metadataName = ".com.apple.mobile_container_manager.metadata.plist";
 constexpr std::size_t containerCounts[] = {10, 100, 1000, 10'000};
 constexpr std::size_t contactCounts[] = {100, 1000, 10'000};
-// As many of a measurement as make some 20,000 steps, at least five.
-constexpr std::size_t steps = 20'000;
+// A measurement is repeated until it has processed about this many items, but at least five times.
+constexpr std::size_t processedItems = 20'000;
+constexpr std::size_t minRounds = 5;
 constexpr NSUInteger binaryFormat = 200;
 constexpr std::size_t bannerRounds = 200;
 
-std::size_t roundsFor(std::size_t count) { return std::max<std::size_t>(steps / count, 5); }
+std::size_t roundsFor(std::size_t count) { return std::max(processedItems / count, minRounds); }
 
-// A phone in a folder of its own.
+// A phone whose root is in a temporary folder.
 class Phone {
  public:
-  Phone() : session(options()) {}
-  ~Phone() { fs::remove_all(folder); }
+  Phone() : session_(options()) {}
+  ~Phone() { fs::remove_all(folder_); }
   Phone(const Phone&) = delete;
   Phone& operator=(const Phone&) = delete;
 
-  fs::path root() const { return folder / "root"; }
+  fs::path root() const { return folder_ / "root"; }
+  runner::Session& session() { return session_; }
 
  private:
   runner::Options options() const {
@@ -55,16 +57,14 @@ class Phone {
     return chosen;
   }
 
-  fs::path folder = [] {
+  fs::path folder_ = [] {
     std::string pattern = (fs::temp_directory_path() / "brim-bench-XXXXXX").string();
     return fs::path(mkdtemp(pattern.data()));
   }();
-
- public:
-  runner::Session session;
+  runner::Session session_;
 };
 
-// Seconds of processor time that the main thread has used.
+// The processor time that the main thread has used, in seconds.
 double mainThreadTime() {
   timespec time{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
@@ -82,7 +82,7 @@ double medianTime(std::size_t rounds, const Work& work) {
   return median(times);
 }
 
-// In the binary format, in which phones write it.
+// Uses the binary format, as phones do.
 NSData* metadataOf(std::size_t index) {
   const std::string identifier = "group.org.example." + std::to_string(index);
   auto* const list = NSMutableDictionary::dictionaryWithCapacity(1);
@@ -103,8 +103,8 @@ void makeContainers(const fs::path& folder, std::size_t count) {
   }
 }
 
-// What has to be done at the least: every folder is listed, every metadata file read.
-std::size_t readBarely(const std::string& folder) {
+// The minimum of work for a search: lists each folder and reads each metadata file. Returns the number of bytes.
+std::size_t readAllMetadata(const std::string& folder) {
   std::size_t total = 0;
   DIR* const containers = opendir(folder.c_str());
   while (const dirent* container = readdir(containers)) {
@@ -124,20 +124,20 @@ std::size_t readBarely(const std::string& folder) {
   return total;
 }
 
-// Seconds for each container: found by the library, and read barely.
+// The seconds per container for the library's search, and for reading the metadata only.
 Figures searchContainers(std::size_t count) {
   const Phone phone;
   const objc::AutoreleasePool pool;
   const fs::path folder = phone.root() / "var/mobile/Containers/Shared/AppGroup";
   makeContainers(folder, count);
   const auto each = static_cast<double>(count);
-  const double found = medianTime(roundsFor(count), [] {
+  const double searchTime = medianTime(roundsFor(count), [] {
     const objc::AutoreleasePool inner;
     FolderFinder::findSharedFolder("group.org.example.nobody"_ns);
   });
   volatile std::size_t total = 0;
-  const double barely = medianTime(roundsFor(count), [&] { total = total + readBarely(folder.string()); });
-  return {found / each, barely / each};
+  const double readTime = medianTime(roundsFor(count), [&] { total = total + readAllMetadata(folder.string()); });
+  return {searchTime / each, readTime / each};
 }
 
 void writeAddressBook(const fs::path& path, std::size_t count) {
@@ -148,7 +148,7 @@ void writeAddressBook(const fs::path& path, std::size_t count) {
          << index << "@example.org\r\nTEL:+49" << index << "\r\nEND:VCARD\r\n";
 }
 
-// Seconds for each contact of a search that finds nobody.
+// The seconds per contact of a search without a result.
 Figures searchContacts(std::size_t count) {
   const Phone phone;
   const objc::AutoreleasePool pool;
@@ -163,26 +163,26 @@ Figures searchContacts(std::size_t count) {
         objc::adopt(objc::send<ContactPhotoProvider*, "new">(BrimMessagesContactPhotoProvider::classObject()));
     provider->contactPhoto(request, nullptr, nullptr, nullptr);
   };
-  search();  // Reads the book, which then stays in memory.
+  search();  // The first search reads the file; later ones use the contacts in memory.
   return {medianTime(roundsFor(count), search) / static_cast<double>(count)};
 }
 
-// Seconds that the platform's calls keep the main thread busy, with an address to load or without.
+// The median time in seconds that presenting a banner takes on the main thread. An empty address causes no download.
 Figures present(const char* address) {
   Phone phone;
   Figures times;
   for (std::size_t round = 0; round < bannerRounds; ++round) {
     const double start = mainThreadTime();
-    phone.session.run({{"do", "present"},
-                       {"section", "com.burbn.instagram"},
-                       {"title", "Anna Weber"},
-                       {"message", "Lunch?"},
-                       {"userInfo", {{"a", address}}}});
+    phone.session().run({{"do", "present"},
+                         {"section", "com.burbn.instagram"},
+                         {"title", "Anna Weber"},
+                         {"message", "Lunch?"},
+                         {"userInfo", {{"a", address}}}});
     times.push_back(mainThreadTime() - start);
-    phone.session.run({{"do", "wait"}, {"seconds", 7}});
-    // Without an address none comes, which is no matter.
-    phone.session.run({{"do", "await"}, {"for", "http"}, {"seconds", *address == 0 ? 0.01 : 5}});
-    phone.session.run({{"do", "log"}});
+    phone.session().run({{"do", "wait"}, {"seconds", 7}});
+    // Without an address, this command fails, because no request is sent. The failure is ignored.
+    phone.session().run({{"do", "await"}, {"for", "http"}, {"seconds", *address == 0 ? 0.01 : 5}});
+    phone.session().run({{"do", "log"}});
   }
   return {median(times)};
 }
@@ -190,25 +190,27 @@ Figures present(const char* address) {
 }  // namespace
 
 void measurePhotos() {
-  double smallest = 0;
+  double firstTime = 0;
   for (const std::size_t count : containerCounts) {
-    const Figures each = inProcessOfItsOwn([count] { return searchContainers(count); });
+    const Figures each = inChildProcess([count] { return searchContainers(count); });
     const std::string containers = std::to_string(count) + " containers: ";
-    report((containers + "searched / read barely").c_str(), each[0] / each[1], 2);
-    if (smallest == 0) smallest = each[0];
-    if (count != containerCounts[0]) report((containers + "each / each of ten").c_str(), each[0] / smallest, 1.2);
+    report((containers + "search / reading the metadata only").c_str(), each[0] / each[1], 2);
+    if (count == containerCounts[0])
+      firstTime = each[0];
+    else
+      report((containers + "time per container / with 10").c_str(), each[0] / firstTime, 1.2);
   }
-  smallest = 0;
   for (const std::size_t count : contactCounts) {
-    const Figures each = inProcessOfItsOwn([count] { return searchContacts(count); });
-    if (smallest == 0) smallest = each[0];
-    if (count != contactCounts[0])
-      report((std::to_string(count) + " contacts: each / each of a hundred").c_str(), each[0] / smallest, 1.2);
+    const Figures each = inChildProcess([count] { return searchContacts(count); });
+    if (count == contactCounts[0])
+      firstTime = each[0];
+    else
+      report((std::to_string(count) + " contacts: time per contact / with 100").c_str(), each[0] / firstTime, 1.2);
   }
-  // Port 1 answers nobody.
-  const Figures downloading = inProcessOfItsOwn([] { return present("http://127.0.0.1:1/photo.jpg"); });
-  const Figures resting = inProcessOfItsOwn([] { return present(""); });
-  report("attaching with a download / without", downloading[0] / resting[0], 1.1);
+  // No server listens on port 1.
+  const Figures withDownload = inChildProcess([] { return present("http://127.0.0.1:1/photo.jpg"); });
+  const Figures withoutDownload = inChildProcess([] { return present(""); });
+  report("presenting with a download / without", withDownload[0] / withoutDownload[0], 1.1);
 }
 
 }  // namespace bench

@@ -1,4 +1,4 @@
-#include "bench/presenting.hpp"
+#include "bench/benchmarks.hpp"
 
 #include <stdlib.h>
 
@@ -31,20 +31,20 @@ void present(runner::Session& session, std::size_t round) {
                {"message", "Message number " + std::to_string(round) + ": are we still on for lunch today?"}});
 }
 
-// The picture in which a banner has arrived, with nothing known of the screen or with the one before.
-enum class Picture { Whole, Changes };
+// Whether the screen is painted completely, or only where it has changed since the last picture.
+enum class Painting { Complete, Changes };
 
-// A banner from the platform's call to its picture.
-double presentToPicture(runner::Session& session, std::size_t round, Picture picture) {
+// The time from the platform's call until a picture with the banner is painted.
+double timeToPicture(runner::Session& session, std::size_t round, Painting painting) {
   const double start = processorTime();
   present(session, round);
   session.run({{"do", "wait"}, {"seconds", 1}});
-  (picture == Picture::Whole ? uikit::paintScreen : uikit::renderScreen)(uikit::environment().device.scale);
+  (painting == Painting::Complete ? uikit::paintScreen : uikit::renderScreen)(uikit::environment().device.scale);
   return processorTime() - start;
 }
 
-// The time of every round, then the memory after the early rounds and after all.
-Figures presentMany(process::LibraryUse library, Picture picture) {
+// The time of each round, then the memory after the early rounds and after all rounds.
+Figures presentMany(process::LibraryUse library, Painting painting) {
   const std::filesystem::path folder = makeFolder();
   Figures figures;
   {
@@ -52,14 +52,14 @@ Figures presentMany(process::LibraryUse library, Picture picture) {
     options.root = folder / "root";
     options.library = library;
     runner::Session session(options);
-    double early = 0;
+    double earlyMemory = 0;
     for (std::size_t round = 0; round < rounds; ++round) {
-      figures.push_back(presentToPicture(session, round, picture));
+      figures.push_back(timeToPicture(session, round, painting));
       session.run({{"do", "wait"}, {"seconds", 6}});
       session.run({{"do", "log"}});
-      if (round + 1 == earlyRounds) early = residentMemory();
+      if (round + 1 == earlyRounds) earlyMemory = residentMemory();
     }
-    figures.push_back(early);
+    figures.push_back(earlyMemory);
     figures.push_back(residentMemory());
   }
   std::filesystem::remove_all(folder);
@@ -71,10 +71,10 @@ Figures slice(const Figures& figures, std::size_t from, std::size_t count) {
   return {begin, begin + static_cast<std::ptrdiff_t>(count)};
 }
 
-// With the library and without.
-std::pair<Figures, Figures> presentBoth(Picture picture) {
-  return {inProcessOfItsOwn([picture] { return presentMany(process::LibraryUse::Mapped, picture); }),
-          inProcessOfItsOwn([picture] { return presentMany(process::LibraryUse::Absent, picture); })};
+// The figures with the library and without it.
+std::pair<Figures, Figures> presentBoth(Painting painting) {
+  return {inChildProcess([painting] { return presentMany(process::LibraryUse::Mapped, painting); }),
+          inChildProcess([painting] { return presentMany(process::LibraryUse::Absent, painting); })};
 }
 
 double ratio(const std::pair<Figures, Figures>& both) {
@@ -84,12 +84,12 @@ double ratio(const std::pair<Figures, Figures>& both) {
 }  // namespace
 
 void measurePresenting() {
-  report("presenting with Brim / without, painting the screen", ratio(presentBoth(Picture::Whole)), 1.5);
-  const std::pair<Figures, Figures> both = presentBoth(Picture::Changes);
+  report("presenting with Brim / without, painting the screen", ratio(presentBoth(Painting::Complete)), 1.5);
+  const std::pair<Figures, Figures> both = presentBoth(Painting::Changes);
   const Figures& with = both.first;
-  report("presenting with Brim / without, painting what changed", ratio(both), 1.5);
-  // The very first round of a process also loads fonts and pictures, so the early ones are taken together.
-  report("the last ten banners / the first ten",
+  report("presenting with Brim / without, painting changes", ratio(both), 1.5);
+  // The first round also loads fonts and pictures, so the median of several early rounds is used.
+  report("time of the last 10 banners / the first 10",
          median(slice(with, rounds - earlyRounds, earlyRounds)) / median(slice(with, 0, earlyRounds)), 1.0);
   report("memory after 1,000 banners / after 10", with[rounds + 1] / with[rounds], 1.05);
 }

@@ -1,4 +1,4 @@
-#include "bench/replying.hpp"
+#include "bench/benchmarks.hpp"
 
 #include <signal.h>
 #include <stdlib.h>
@@ -36,21 +36,21 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t rounds = 200;
 constexpr const char* address = "+491701234567";
-constexpr std::chrono::microseconds betweenLooks(20);
-constexpr std::chrono::seconds longest(30);
+constexpr std::chrono::microseconds pollInterval(20);
+constexpr std::chrono::seconds maxReplyTime(30);
 
 class Listener : public objc::Interface<"BrimBenchListener", NSObject> {};
 
-// Where the listening process tells that it listens, and that a notification has come.
-int tellingEnd = -1;
+// The pipe through which the listening process signals that it is ready, and that it has received a notification.
+int signalDescriptor = -1;
 
-void tell() {
+void signalParent() {
   const char byte = 1;
-  if (write(tellingEnd, &byte, 1) != 1) _exit(1);
+  if (write(signalDescriptor, &byte, 1) != 1) _exit(1);
 }
 
 void receive(Listener*, NSNotification* notification) {
-  if (notification->userInfo()->count() == 3) tell();
+  if (notification->userInfo()->count() == 3) signalParent();
 }
 
 [[noreturn]] void listen(const fs::path& root) {
@@ -62,51 +62,51 @@ void receive(Listener*, NSNotification* notification) {
   const auto listener = objc::make<Listener>();
   NSDistributedNotificationCenter::defaultCenter()->addObserver(listener, objc::selector<"receive:">(),
                                                                 "BrimBenchNotification"_ns);
-  tell();
-  for (;;) foundation::pumpFoundation(1);
+  signalParent();
+  for (;;) foundation::pumpRunLoop(1);
 }
 
-// A process that does nothing but hear notifications.
+// A process that only receives notifications.
 class ListeningProcess {
  public:
   explicit ListeningProcess(const fs::path& root) {
     int ends[2];
     if (pipe(ends) != 0) std::abort();
-    process = fork();
-    if (process == 0) {
-      tellingEnd = ends[1];
+    process_ = fork();
+    if (process_ == 0) {
+      signalDescriptor = ends[1];
       listen(root);
     }
     close(ends[1]);
-    told = ends[0];
+    descriptor_ = ends[0];
   }
   ListeningProcess(const ListeningProcess&) = delete;
   ListeningProcess& operator=(const ListeningProcess&) = delete;
   ~ListeningProcess() {
-    kill(process, SIGKILL);
-    waitpid(process, nullptr, 0);
-    close(told);
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+    close(descriptor_);
   }
 
-  void awaitWord() const {
+  void waitForSignal() const {
     char byte = 0;
-    if (read(told, &byte, 1) != 1) std::abort();
+    if (read(descriptor_, &byte, 1) != 1) std::abort();
   }
 
  private:
-  pid_t process = 0;
-  int told = -1;
+  pid_t process_ = 0;
+  int descriptor_ = -1;
 };
 
 double secondsSince(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
 
-double timeOfBarePost(const ListeningProcess& listening, std::size_t round) {
+double timeOfNotification(const ListeningProcess& listener, std::size_t round) {
   const objc::AutoreleasePool pool;
   auto* userInfo = static_cast<NSDictionary*>(base::objectOf(
       {{"identifier", address}, {"body", "Reply number " + std::to_string(round)}, {"brimIdentifier", "abcdefgh"}}));
   const auto start = Clock::now();
   NSDistributedNotificationCenter::defaultCenter()->post("BrimBenchNotification"_ns, userInfo);
-  listening.awaitWord();
+  listener.waitForSignal();
   return secondsSince(start);
 }
 
@@ -118,15 +118,15 @@ void presentAndType(runner::Session& session, std::size_t round) {
   session.run({{"do", "type"}, {"text", "Reply number " + std::to_string(round)}});
 }
 
-// From the return key until the home screen is told that the message is in the store.
+// The time from the return key until the home screen is notified that the message is in the store.
 double timeOfReply(runner::Session& session, std::size_t round) {
   presentAndType(session, round);
   const std::size_t before = base::eventCount("message");
   const auto start = Clock::now();
   session.run({{"do", "key"}, {"name", "return"}});
   while (base::eventCount("message") == before) {
-    if (Clock::now() - start > longest) std::abort();
-    std::this_thread::sleep_for(betweenLooks);
+    if (Clock::now() - start > maxReplyTime) std::abort();
+    std::this_thread::sleep_for(pollInterval);
   }
   const double time = secondsSince(start);
   session.run({{"do", "wait"}, {"seconds", 7}});
@@ -134,24 +134,24 @@ double timeOfReply(runner::Session& session, std::size_t round) {
   return time;
 }
 
-// The first reply, which launches the app; then of each round the bare post and the reply.
+// The time of the first reply, which launches the app; then, for each round, of a notification and of a reply.
 Figures replyMany() {
   std::string pattern = (fs::temp_directory_path() / "brim-bench-XXXXXX").string();
   const fs::path folder = mkdtemp(pattern.data());
   const fs::path root = folder / "root";
   Figures figures;
-  // So that looks are as frequent as they are meant to be.
+  // The default timer slack of 50 microseconds would be longer than the poll interval.
   prctl(PR_SET_TIMERSLACK, 1000);
   {
     messages::ChatStore(root).addTo("iMessage;-;" + std::string(address), "Anna", {});
-    const ListeningProcess listening(root);
+    const ListeningProcess listener(root);
     runner::Options options;
     options.root = root;
     runner::Session session(options);
-    listening.awaitWord();
+    listener.waitForSignal();
     figures.push_back(timeOfReply(session, 0));
     for (std::size_t round = 1; round <= rounds; ++round) {
-      figures.push_back(timeOfBarePost(listening, round));
+      figures.push_back(timeOfNotification(listener, round));
       figures.push_back(timeOfReply(session, round));
     }
   }
@@ -159,8 +159,8 @@ Figures replyMany() {
   return figures;
 }
 
-// One of the fastest, which other work of the machine has not disturbed: several processes take turns here.
-double undisturbed(Figures figures) {
+// The 10th percentile. Several processes are involved, so other work on the machine makes many rounds slower.
+double tenthPercentile(Figures figures) {
   const auto tenth = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 10);
   std::nth_element(figures.begin(), tenth, figures.end());
   return *tenth;
@@ -169,16 +169,16 @@ double undisturbed(Figures figures) {
 }  // namespace
 
 void measureReplying() {
-  const Figures figures = inProcessOfItsOwn(&replyMany);
-  Figures bare;
+  const Figures figures = inChildProcess(&replyMany);
+  Figures notifications;
   Figures replies;
-  for (std::size_t round = 1; round < figures.size(); round += 2) {
-    bare.push_back(figures[round]);
-    replies.push_back(figures[round + 1]);
+  for (std::size_t index = 1; index < figures.size(); index += 2) {
+    notifications.push_back(figures[index]);
+    replies.push_back(figures[index + 1]);
   }
-  const double reply = undisturbed(replies);
-  const double notification = undisturbed(bare);
-  report("from the return key to the store / a bare notification", reply / notification, 2.0);
+  const double reply = tenthPercentile(replies);
+  const double notification = tenthPercentile(notifications);
+  report("from the return key to the store / one notification", reply / notification, 2.0);
   std::printf("  %.2f ms / %.2f ms; the first reply, which launches the Messages app, %.0f ms\n", reply * 1e3,
               notification * 1e3, figures.front() * 1e3);
 }

@@ -1,4 +1,4 @@
-#include "bench/text.hpp"
+#include "bench/benchmarks.hpp"
 
 #include <string>
 
@@ -31,14 +31,15 @@ std::string body(std::size_t round, std::size_t bytes) {
   return text;
 }
 
-// The median of measuring bodies that were never seen before, each of which differs in its first line.
-double newBodies(std::size_t count, std::size_t bytes) {
+// The median time to measure new texts. Their first lines differ, so no measure is cached.
+double timeOfNewTexts(std::size_t count, std::size_t bytes) {
   Figures times;
   for (std::size_t round = 0; round < count; ++round) times.push_back(timeOf(layoutOf(body(round, bytes))));
   return median(times);
 }
 
-double knownBody() {
+// The median time to measure a text that was measured before.
+double timeOfKnownText() {
   Figures times;
   for (std::size_t round = 0; round < rounds; ++round) times.push_back(timeOf(layoutOf(body(0, 200))));
   return median(times);
@@ -47,11 +48,12 @@ double knownBody() {
 }  // namespace
 
 void measureText() {
-  const double unknown = newBodies(rounds, 200);
-  report("measuring a known text / a new one", knownBody() / unknown, 0.1);
-  constexpr std::size_t kilobytes = 10'000;
-  constexpr std::size_t megabytes = 10'000'000;
-  report("two lines of a 10 MB text / of a 10 kB text", newBodies(21, megabytes) / newBodies(21, kilobytes), 2.0);
+  const double timeOfNewText = timeOfNewTexts(rounds, 200);
+  report("measuring a known text / a new text", timeOfKnownText() / timeOfNewText, 0.1);
+  constexpr std::size_t shortText = 10'000;
+  constexpr std::size_t longText = 10'000'000;
+  report("measuring two lines of a 10 MB text / a 10 kB text",
+         timeOfNewTexts(21, longText) / timeOfNewTexts(21, shortText), 2.0);
 }
 
 }  // namespace bench

@@ -1,8 +1,9 @@
-# Layers: groups of folders whose files include only their own headers and those of the layers below. CMake refuses a
-# cycle between the targets; tests/structure checks each #include against these declarations.
+# A layer is a group of folders whose files include only headers of the same layer and of the layers below it. CMake
+# rejects dependency cycles between the targets; tests/structure checks each #include against these declarations.
 
-# brim_layer(LAYER [FOLDERS folder...] [DEPENDS layer...]): declares a layer without building it. A layer has the name
-# of its folder unless FOLDERS lists several. Paths are relative to the root of the repository.
+# brim_layer(LAYER [FOLDERS folder...] [DEPENDS layer...])
+# Declares a layer without building it. LAYER is the name of its folder unless FOLDERS lists other folders. Paths are
+# relative to the root of the repository.
 function(brim_layer layer)
   cmake_parse_arguments(PARSE_ARGV 1 declared "" "" "FOLDERS;DEPENDS")
   if(NOT declared_FOLDERS)
@@ -13,8 +14,9 @@ function(brim_layer layer)
   set_property(GLOBAL APPEND_STRING PROPERTY BRIM_LAYERS "${layer}|${folders}|${depends}\n")
 endfunction()
 
-# brim_simulator_layer(NAME [FOLDERS folder...] [DEPENDS layer...] [LIBRARIES target...]): a layer of the simulator,
-# below simulator/, as an object library. `simulator` links all of them. Its programs' main.cpp files are left out.
+# brim_simulator_layer(NAME [FOLDERS folder...] [DEPENDS layer...] [LIBRARIES target...])
+# Declares a layer of the simulator and builds it as an object library, without main.cpp files. NAME and FOLDERS are
+# relative to simulator/. The library `simulator` contains the objects of all these layers.
 function(brim_simulator_layer name)
   cmake_parse_arguments(PARSE_ARGV 1 declared "" "" "FOLDERS;DEPENDS;LIBRARIES")
   if(NOT declared_FOLDERS)
@@ -29,7 +31,7 @@ function(brim_simulator_layer name)
   string(REPLACE "/" "_" target simulator_${name})
   add_library(${target} OBJECT ${sources})
   target_link_libraries(${target} PUBLIC platform ${declared_LIBRARIES})
-  # Of the library, the simulator includes headers only.
+  # The simulator includes headers of Brim's library, but does not link to it.
   list(FILTER declared_LINKED EXCLUDE REGEX "^library")
   foreach(dependency IN LISTS declared_LINKED)
     string(REGEX REPLACE "^simulator/(layout|drawing)$" "\\1" dependency ${dependency})
@@ -42,7 +44,7 @@ function(brim_simulator_layer name)
   brim_layer(simulator/${name} FOLDERS ${declared_FOLDERS} DEPENDS platform ${declared_DEPENDS})
 endfunction()
 
-# Writes the declarations to <build>/layers.txt, a line per layer: name|folders|layers below.
+# Writes the declarations to layers.txt in the build folder, one line per layer: name|folders|dependencies.
 function(brim_write_layers)
   get_property(layers GLOBAL PROPERTY BRIM_LAYERS)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/layers.txt CONTENT "${layers}")

@@ -35,11 +35,11 @@ find_library(GNUSTEP_BASE_LIBRARY NAMES gnustep-base REQUIRED)
 add_library(ObjectiveC INTERFACE)
 target_include_directories(ObjectiveC INTERFACE ${CMAKE_SOURCE_DIR})
 target_include_directories(ObjectiveC SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/objc-headers)
-# A message to nil is a member function called on a null pointer: the compilers must not conclude that it cannot be.
+# A message to nil is a call of a member function on a null pointer. The compiler must not assume that `this` is not null.
 target_compile_options(ObjectiveC INTERFACE -fno-delete-null-pointer-checks)
 target_link_options(ObjectiveC INTERFACE -Wl,--no-as-needed)
 target_link_libraries(ObjectiveC INTERFACE ${GNUSTEP_BASE_LIBRARY} ${objc_library})
 
-# What the phone's library is built with: no exceptions, no run-time type information, no guarded statics.
+# The options of the phone's library: no exceptions, no run-time type information, no guards of static variables.
 add_library(FreestandingStyle INTERFACE)
 target_compile_options(FreestandingStyle INTERFACE -fno-exceptions -fno-rtti -fno-threadsafe-statics)

@@ -1,6 +1,7 @@
-# Renders a drawing to a PNG of a given size in pixels whenever the drawing or its style sheet changes.
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 
+# brim_render_picture(DRAWING file OUTPUT file WIDTH pixels HEIGHT pixels [STYLE file])
+# Adds a command that renders an SVG drawing to a PNG file. STYLE is a style sheet for the drawing.
 function(brim_render_picture)
   cmake_parse_arguments(picture "" "DRAWING;OUTPUT;WIDTH;HEIGHT;STYLE" "" ${ARGN})
   set(style "")
@@ -15,6 +16,6 @@ function(brim_render_picture)
     COMMAND ${RSVG_CONVERT} --width=${picture_WIDTH} --height=${picture_HEIGHT} ${style} --output=${picture_OUTPUT}
             ${picture_DRAWING}
     DEPENDS ${picture_DRAWING} ${picture_STYLE}
-    COMMENT "Drawing ${name}"
+    COMMENT "Rendering ${name}"
     VERBATIM)
 endfunction()

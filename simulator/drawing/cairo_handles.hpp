@@ -1,4 +1,4 @@
-// Owning pointers to cairo's objects.
+// Owning pointers to cairo objects. A null pointer means no object.
 #pragma once
 
 #include <cairo.h>

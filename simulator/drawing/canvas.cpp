@@ -13,7 +13,7 @@ namespace drawing {
 namespace {
 
 constexpr double maxSide = 16'384;
-// A few screens. A picture that is enlarged further is filtered while it is drawn, each time.
+// The size of a few screens. An image that is enlarged further is not resized once but filtered each time it is drawn.
 constexpr double maxEnlargedPixels = 8'000'000;
 
 int pixelCount(double points, double scale) {
@@ -60,8 +60,8 @@ void Canvas::restore() {
   if (!saved_.empty() && saved_.back() == Saved::State) pop();
 }
 
-// cairo stops drawing for good at a transform that cannot be inverted. What is moved or scaled to nowhere is not to be
-// seen.
+// A transform that is not invertible puts a cairo context permanently into an error state. Such a transform makes
+// content invisible, so an empty clip has the same effect.
 void Canvas::translate(double x, double y) {
   if (std::isfinite(x) && std::isfinite(y)) {
     cairo_translate(context_.get(), x, y);
@@ -98,9 +98,9 @@ void Canvas::clipPixels(const cairo_region_t* region) {
   cairo_identity_matrix(context_.get());
   cairo_new_path(context_.get());
   for (int index = 0; index < cairo_region_num_rectangles(region); ++index) {
-    cairo_rectangle_int_t part;
-    cairo_region_get_rectangle(region, index, &part);
-    cairo_rectangle(context_.get(), part.x, part.y, part.width, part.height);
+    cairo_rectangle_int_t rectangle;
+    cairo_region_get_rectangle(region, index, &rectangle);
+    cairo_rectangle(context_.get(), rectangle.x, rectangle.y, rectangle.width, rectangle.height);
   }
   cairo_clip(context_.get());
   cairo_set_matrix(context_.get(), &transform);
@@ -113,7 +113,7 @@ void Canvas::beginLayer(double alpha) {
     return;
   }
   cairo_push_group(context_.get());
-  // The clip takes effect when the layer is put onto what lies beneath; twice, it would thin soft edges.
+  // The clip is applied when the layer is composited. Applied twice, it would make antialiased edges too transparent.
   cairo_reset_clip(context_.get());
   SurfaceHandle surface(cairo_surface_reference(cairo_get_group_target(context_.get())));
   layers_.push_back({std::move(surface), alpha > 0 ? alpha : 0});
@@ -174,38 +174,38 @@ void Canvas::strokeLine(const Point& from, const Point& to, double width, const 
 
 void Canvas::drawImage(const Image* image, const Rectangle& rectangle, ContentMode mode) {
   if (!image || !isDrawable(rectangle)) return;
-  const Rectangle place = placeContent(image->size(), rectangle, mode);
-  if (!isDrawable(place)) return;
+  const Rectangle target = placeContent(image->size(), rectangle, mode);
+  if (!isDrawable(target)) return;
 
   cairo_save(context_.get());
   cairo_new_path(context_.get());
-  cairo_rectangle(context_.get(), place.x, place.y, place.width, place.height);
-  setSource(*image, place);
-  // Beyond its edge the picture goes on; transparency would bleed in.
+  cairo_rectangle(context_.get(), target.x, target.y, target.width, target.height);
+  setSource(*image, target);
+  // Repeats the edge pixels outside the image. Otherwise the filter would mix transparent pixels into the edge.
   cairo_pattern_set_extend(cairo_get_source(context_.get()), CAIRO_EXTEND_PAD);
   cairo_fill(context_.get());
   cairo_restore(context_.get());
 }
 
-// In the very pixels it covers a picture needs no filter while it is drawn, and each of its pixels is the same whatever
-// part of it is drawn.
-void Canvas::setSource(const Image& image, const Rectangle& place) {
-  double left = place.x, top = place.y, across = place.width, down = place.height;
+// Uses the image resized to the pixels that it covers. Drawing then needs no filter, and the result does not depend on
+// the clip.
+void Canvas::setSource(const Image& image, const Rectangle& target) {
+  double left = target.x, top = target.y, deviceWidth = target.width, deviceHeight = target.height;
   cairo_user_to_device(context_.get(), &left, &top);
-  cairo_user_to_device_distance(context_.get(), &across, &down);
-  const double width = std::max(std::round(across), 1.0);
-  const double height = std::max(std::round(down), 1.0);
+  cairo_user_to_device_distance(context_.get(), &deviceWidth, &deviceHeight);
+  const double width = std::max(std::round(deviceWidth), 1.0);
+  const double height = std::max(std::round(deviceHeight), 1.0);
   const bool isReduced = width < image.pixelWidth() && height < image.pixelHeight();
   const bool canBeEnlarged = std::max(width, height) <= maxSide && width * height <= maxEnlargedPixels;
-  if (across > 0 && down > 0 && (isReduced || canBeEnlarged)) {
+  if (deviceWidth > 0 && deviceHeight > 0 && (isReduced || canBeEnlarged)) {
     cairo_identity_matrix(context_.get());
-    cairo_set_source_surface(context_.get(), image.surfaceResized(static_cast<int>(width), static_cast<int>(height)),
+    cairo_set_source_surface(context_.get(), image.resizedSurface(static_cast<int>(width), static_cast<int>(height)),
                              std::round(left), std::round(top));
     cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_NEAREST);
     return;
   }
-  cairo_translate(context_.get(), place.x, place.y);
-  cairo_scale(context_.get(), place.width / image.pixelWidth(), place.height / image.pixelHeight());
+  cairo_translate(context_.get(), target.x, target.y);
+  cairo_scale(context_.get(), target.width / image.pixelWidth(), target.height / image.pixelHeight());
   cairo_set_source_surface(context_.get(), image.surface(), 0, 0);
   cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_GOOD);
 }
@@ -235,7 +235,7 @@ std::shared_ptr<Canvas> Canvas::copyOf(const PixelRectangle& part) const {
   return copy;
 }
 
-SurfaceHandle Canvas::lend(const PixelRectangle& area) const {
+SurfaceHandle Canvas::surfaceOfPixels(const PixelRectangle& area) const {
   cairo_surface_flush(base_.get());
   const int stride = cairo_image_surface_get_stride(base_.get());
   unsigned char* first = cairo_image_surface_get_data(base_.get()) + static_cast<std::ptrdiff_t>(area.y) * stride +
@@ -246,14 +246,14 @@ SurfaceHandle Canvas::lend(const PixelRectangle& area) const {
 
 SurfaceHandle Canvas::captureBeneath(const PixelRectangle& area) const {
   if (area.isEmpty()) return nullptr;
-  if (layers_.empty() && common(area, {0, 0, pixelWidth(), pixelHeight()}) == area) return lend(area);
+  if (layers_.empty() && common(area, {0, 0, pixelWidth(), pixelHeight()}) == area) return surfaceOfPixels(area);
   SurfaceHandle capture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
   ContextHandle context(cairo_create(capture.get()));
   cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
   cairo_set_source_surface(context.get(), base_.get(), -area.x, -area.y);
   cairo_paint(context.get());
   cairo_set_operator(context.get(), CAIRO_OPERATOR_OVER);
-  // A layer knows where it lies by its device offset.
+  // cairo positions a layer by its device offset.
   for (const OpenLayer& layer : layers_) {
     cairo_set_source_surface(context.get(), layer.surface.get(), -area.x, -area.y);
     cairo_paint_with_alpha(context.get(), layer.alpha);

@@ -1,8 +1,9 @@
-// A surface of pixels that is drawn on in points. Used on one thread at a time.
+// A pixel surface with drawing functions. Coordinates are in points unless a name says pixels. A rectangle that is
+// empty or contains a number that is not finite draws nothing. Used by one thread at a time.
 //
-// Layers: what is drawn between beginLayer and endLayer is shown together at the layer's opacity. Only a layer that is
-// partly transparent gets pixels of its own; an opaque one draws straight onto what lies beneath. captureBeneath sees
-// through all of them, so that a backdrop blurs the same content inside a layer as outside.
+// Layers: everything drawn between beginLayer and endLayer is composited with the layer's opacity. Only a layer that is
+// not opaque has separate pixels. captureBeneath composites all open layers, so a material has the same backdrop inside
+// and outside of a layer.
 #pragma once
 
 #include <cstddef>
@@ -21,15 +22,16 @@ class TextLayout;
 
 enum class CornerCurve { Circular, Continuous };
 
-// Radius in points; larger than half the shorter side it becomes that half.
+// The radius in points. It is limited to half of the shorter side.
 struct CornerShape {
   double radius = 0;
   CornerCurve curve = CornerCurve::Circular;
   friend bool operator==(const CornerShape&, const CornerShape&) = default;
 };
 
-// How a picture fills its rectangle, with the platform's numbers. The modes from Center on keep its size, and
-// AspectFill and they may draw outside the rectangle: clip where that is unwanted. Redraw is ScaleToFill.
+// How an image fills a rectangle, with the platform's numbers. Center and the modes after it do not scale the image.
+// These modes and AspectFill can draw outside the rectangle; the caller must clip if necessary. Redraw is the same as
+// ScaleToFill.
 enum class ContentMode {
   ScaleToFill = 0,
   AspectFit = 1,
@@ -46,63 +48,64 @@ enum class ContentMode {
   BottomRight = 12,
 };
 
-// Where a picture of this size in points goes.
+// The rectangle that an image of this size in points fills.
 Rectangle placeContent(const Size& content, const Rectangle& bounds, ContentMode mode);
 
 class Canvas {
  public:
-  // Transparent at first. Each side has at least one pixel and at most 16,384; a scale that is not a positive number
-  // counts as 1.
+  // Creates a transparent canvas. Each side has from 1 to 16,384 pixels. The scale is in pixels per point; a scale that
+  // is not a positive number is replaced by 1.
   Canvas(const Size& size, double scale);
 
   double pixelsPerPoint() const { return scale_; }
   int pixelWidth() const;
   int pixelHeight() const;
 
-  // State: transform and clip. A restore or endLayer without its beginning does nothing.
+  // Save and restore the transform and the clip. A restore or endLayer without a matching begin does nothing.
   void save();
   void restore();
   void translate(double x, double y);
   void scale(double x, double y);
   void clipRectangle(const Rectangle& rectangle);
   void clipRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners);
-  // In pixels of the canvas, whatever the transform.
+  // The region is in pixels of the canvas, regardless of the transform.
   void clipPixels(const cairo_region_t* region);
-  // Opacity from 0 to 1. Ends also what was saved inside and not restored.
+  // Opacity from 0 to 1.
   void beginLayer(double alpha);
+  // Also restores states that were saved inside the layer and not restored.
   void endLayer();
 
-  // Every pixel inside the clip becomes this color, whatever was there.
+  // Sets all pixels inside the clip to this color, without blending.
   void clear(const Color& color);
   void fillRectangle(const Rectangle& rectangle, const Color& color);
   void fillRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners, const Color& color);
-  // With flat ends.
+  // The line ends exactly at the points, with straight edges.
   void strokeLine(const Point& from, const Point& to, double width, const Color& color);
-  // Draws nothing where there is no image.
+  // A null image draws nothing.
   void drawImage(const Image* image, const Rectangle& rectangle, ContentMode mode);
   void drawImage(const std::shared_ptr<const Image>& image, const Rectangle& rectangle, ContentMode mode) {
     drawImage(image.get(), rectangle, mode);
   }
-  // As TextLayout::draw.
+  // Calls TextLayout::draw.
   void drawText(const TextLayout& text, const Rectangle& rectangle, const Color& color);
 
-  // The pixels, borrowed. Open layers are not in it yet.
+  // The pixels, without open layers. Borrowed.
   cairo_surface_t* surface() const { return base_.get(); }
-  // Premultiplied 0xAARRGGBB; 0 outside.
+  // Premultiplied 0xAARRGGBB; 0 outside the canvas.
   std::uint32_t pixel(int x, int y) const;
   std::vector<std::byte> pixelsAsPng() const;
   // A copy of the pixels.
   std::shared_ptr<const Image> snapshot() const;
-  // The same for a part, on a canvas of its own; transparent where it reaches beyond this one.
+  // A copy of some of the pixels as a separate canvas. Pixels outside this canvas are transparent.
   std::shared_ptr<Canvas> copyOf(const PixelRectangle& part) const;
 
-  // Borrowed, for those that draw with cairo themselves; its units are points.
+  // The cairo context, for other drawing operations. Its units are points. Borrowed.
   cairo_t* context() const { return context_.get(); }
-  // What is to be seen so far, open layers at their opacity included, in pixels of the canvas; outside the canvas it is
-  // transparent. To be read before anything else is drawn: it may be the canvas's own pixels. Null for an empty
-  // rectangle.
+  // The visible content of an area, including open layers at their opacity. Pixels outside the canvas are transparent.
+  // The surface may share the canvas's pixels, so it must be read before anything else is drawn. Null for an empty
+  // area.
   SurfaceHandle captureBeneath(const PixelRectangle& area) const;
-  // The pixels that this rectangle of points covers under the present transform, and the clip leaves.
+  // The pixels inside the clip that this rectangle covers at least partly, under the current transform.
   PixelRectangle coveredPixels(const Rectangle& rectangle) const;
 
  private:
@@ -113,9 +116,9 @@ class Canvas {
   };
 
   void pop();
-  void setSource(const Image& image, const Rectangle& place);
-  // The canvas's own pixels of an area that lies in it.
-  SurfaceHandle lend(const PixelRectangle& area) const;
+  void setSource(const Image& image, const Rectangle& target);
+  // A surface that shares the canvas's pixels. The area must lie inside the canvas.
+  SurfaceHandle surfaceOfPixels(const PixelRectangle& area) const;
 
   SurfaceHandle base_;
   ContextHandle context_;

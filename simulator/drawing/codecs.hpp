@@ -1,4 +1,4 @@
-// The picture formats, one function a direction.
+// Decoders and encoders of the image formats. Any thread.
 #pragma once
 
 #include <cstddef>
@@ -10,14 +10,14 @@
 
 namespace drawing {
 
-// Whether a picture of this size may be decoded, asked before memory is taken for it.
+// Whether an image of this size in pixels is within the limits. Decoders check it before they allocate memory.
 bool isAcceptableSize(std::int64_t width, std::int64_t height);
 
-// Null for what is not a whole picture of the format.
+// Return null for data that is not a complete image of the format, or is too large.
 SurfaceHandle decodePng(std::span<const std::byte> data);
 SurfaceHandle decodeJpeg(std::span<const std::byte> data);
 
-// Empty when it cannot be written.
+// Return an empty vector on failure.
 std::vector<std::byte> encodePng(cairo_surface_t* surface);
 // Quality from 0 to 100.
 std::vector<std::byte> encodeJpeg(cairo_surface_t* surface, int quality);

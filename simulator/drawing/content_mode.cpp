@@ -9,7 +9,7 @@ enum class Scaling { Stretch, Fit, Fill, None };
 
 struct Placement {
   Scaling scaling;
-  // The share of the free space that is left of and above the content.
+  // The fraction of the free space that is to the left of and above the content.
   double horizontal;
   double vertical;
 };
@@ -34,9 +34,9 @@ constexpr Placement placements[] = {
 Size scaledSize(const Size& content, const Rectangle& bounds, Scaling scaling) {
   if (scaling == Scaling::Stretch) return {bounds.width, bounds.height};
   if (scaling == Scaling::None || content.width <= 0 || content.height <= 0) return content;
-  const double across = bounds.width / content.width;
-  const double down = bounds.height / content.height;
-  const double factor = scaling == Scaling::Fit ? std::min(across, down) : std::max(across, down);
+  const double horizontal = bounds.width / content.width;
+  const double vertical = bounds.height / content.height;
+  const double factor = scaling == Scaling::Fit ? std::min(horizontal, vertical) : std::max(horizontal, vertical);
   return {content.width * factor, content.height * factor};
 }
 

@@ -8,54 +8,55 @@
 namespace drawing {
 namespace {
 
-// A continuous corner leaves the straight edge this many radii before the rectangle's corner; a circular one leaves it
-// at one radius, and the eye sees where its curvature starts.
-constexpr double continuousReach = 1.528665;
+// The distance from the rectangle's corner at which a continuous corner begins, in radii. A circular corner begins at
+// one radius, with a visible jump of the curvature.
+constexpr double continuousExtent = 1.528665;
 
-// The curvature in the middle of a continuous corner of radius 1. With this much it rises steadily from the edge on;
-// with less it would rise too far and fall again.
+// The curvature in the middle of a continuous corner of radius 1. With this value, the curvature increases
+// monotonically from the edge to the middle. With a smaller value it would have its maximum before the middle.
 constexpr double middleCurvature = 1.3;
 
-// One half of a corner of radius 1 as a Bezier curve from the edge to the corner's middle. The rectangle's corner is
-// the origin, the edge the x axis. Both kinds of corner go through the same middle at 45 degrees; so the third control
-// point lies as far from the middle to the right as upwards, and its x tells its y.
+// One half of a corner of radius 1, as a cubic Bezier curve from the edge to the middle of the corner. The origin is
+// the corner of the rectangle, and the x axis is the edge. Both kinds of corner have the same middle and the same
+// tangent of 45 degrees there. The y coordinate of the third control point therefore follows from its x coordinate.
 struct HalfCorner {
-  double edge;  // where it leaves the edge
-  double edgeControl;
-  double middleControl;
+  double edge;           // x of the first point
+  double edgeControl;    // x of the second point
+  double middleControl;  // x of the third point
 };
 
-// The middle's x and y.
+// The x and y coordinates of the middle.
 constexpr double middle = 1 - std::numbers::sqrt2 / 2;
 
-// The usual approximation of an eighth of a circle.
+// The standard approximation of an eighth of a circle.
 HalfCorner circularHalf() {
   const double handle = 4.0 / 3.0 * std::tan(std::numbers::pi / 16);
   return {1, 1 - handle, middle + handle * std::numbers::sqrt2 / 2};
 }
 
-// Three control points lie on the edge, so that there is no curvature where the curve leaves it. The middle's tangent
-// meets the edge after t = middle * sqrt(2); there the curvature is (2/3) d sin(45 degrees) / t^2 when the next control
-// point follows d further on.
+// Three points lie on the edge, so the curvature is zero at the edge. The tangent at the middle intersects the edge at
+// the distance t = middle * sqrt(2) from the middle. If the next control point lies d farther along the edge, the
+// curvature in the middle is (2/3) d sin(45 degrees) / t^2.
 HalfCorner continuousHalf() {
   const double tangent = middle * std::numbers::sqrt2;
   const double distance = 1.5 * middleCurvature * tangent * tangent * std::numbers::sqrt2;
-  return {continuousReach, 2 * middle + distance, 2 * middle};
+  return {continuousExtent, 2 * middle + distance, 2 * middle};
 }
 
-// Reach: how many radii from the corner the curve may begin. Where the rectangle is too small for continuous corners,
-// they come closer to circular ones; the ends of a pill are half circles.
-HalfCorner halfCorner(CornerCurve curve, double reach) {
+// `maxExtent` is the available distance from the corner, in radii. If the rectangle is too small for continuous
+// corners, they are interpolated toward circular ones, so the ends of a pill are semicircles.
+HalfCorner halfCorner(CornerCurve curve, double maxExtent) {
   const HalfCorner circular = circularHalf();
   if (curve == CornerCurve::Circular) return circular;
   const HalfCorner continuous = continuousHalf();
-  const double share = (std::clamp(reach, 1.0, continuousReach) - 1) / (continuousReach - 1);
-  return {std::lerp(circular.edge, continuous.edge, share),
-          std::lerp(circular.edgeControl, continuous.edgeControl, share),
-          std::lerp(circular.middleControl, continuous.middleControl, share)};
+  const double fraction = (std::clamp(maxExtent, 1.0, continuousExtent) - 1) / (continuousExtent - 1);
+  return {std::lerp(circular.edge, continuous.edge, fraction),
+          std::lerp(circular.edgeControl, continuous.edgeControl, fraction),
+          std::lerp(circular.middleControl, continuous.middleControl, fraction)};
 }
 
-// Draws in a frame whose x axis runs back along the edge just walked and whose y axis along the next one.
+// Adds a corner in a coordinate system whose origin is the corner, whose x axis points back along the previous edge,
+// and whose y axis points along the next edge.
 void addCorner(cairo_t* context, double radius, const HalfCorner& half) {
   const double edge = half.edge * radius, edgeControl = half.edgeControl * radius, center = middle * radius;
   const double far = half.middleControl * radius, near = 2 * center - far;
@@ -76,8 +77,7 @@ void addRoundedRectangle(cairo_t* context, const Rectangle& rectangle, const Cor
   }
   const HalfCorner shape = halfCorner(corners.curve, half / radius);
 
-  // Counter-clockwise from the top edge. Each corner's frame has the directions back along the edge just walked and
-  // along the next one, and its origin in the corner.
+  // The coordinate systems of the corners, counterclockwise from the top left one.
   const double left = rectangle.x, right = left + rectangle.width;
   const double top = rectangle.y, bottom = top + rectangle.height;
   const std::array<cairo_matrix_t, 4> frames{

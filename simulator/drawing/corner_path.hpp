@@ -7,7 +7,8 @@
 
 namespace drawing {
 
-// Adds a closed outline to the context's path. An empty rectangle adds nothing.
+// Adds a closed outline to the context's path. Coordinates are in the units of the context. An empty rectangle adds
+// nothing.
 void addRoundedRectangle(cairo_t* context, const Rectangle& rectangle, const CornerShape& corners);
 
 }  // namespace drawing

@@ -10,19 +10,20 @@ namespace {
 
 constexpr double maxSize = 1000;
 
-// In shares of the size. The system font's own ascent and descent fill 1.21; its letters stay clear of the edges.
-constexpr double lineShare = 1.2;
-constexpr double ascent = 0.969;
-constexpr double descent = 0.242;
+// Multiples of the font size. The sum of the system font's ascent and descent is slightly larger than the line height,
+// but its glyphs do not fill it.
+constexpr double lineHeightFactor = 1.2;
+constexpr double ascentFactor = 0.969;
+constexpr double descentFactor = 0.242;
 
 }  // namespace
 
 double effectiveSize(const Font& font) { return font.size > 0 ? std::min(font.size, maxSize) : 0; }
 
-double lineHeight(const Font& font, double scale) { return ceilToPixel(lineShare * effectiveSize(font), scale); }
+double lineHeight(const Font& font, double scale) { return ceilToPixel(lineHeightFactor * effectiveSize(font), scale); }
 
 double baselineOffset(const Font& font, double scale) {
-  return roundToPixel((lineHeight(font, scale) + (ascent - descent) * effectiveSize(font)) / 2, scale);
+  return roundToPixel((lineHeight(font, scale) + (ascentFactor - descentFactor) * effectiveSize(font)) / 2, scale);
 }
 
 }  // namespace drawing

@@ -1,16 +1,17 @@
-// A font as views ask for it, and its line metrics.
+// The description of a font, and its line metrics. Sizes are in points, scales in pixels per point. Any thread.
 #pragma once
 
 #include <string>
 
 namespace drawing {
 
-// The family of the system font. Characters it lacks come from Noto fonts; so does a family that is not installed.
+// The family of the system font. Noto fonts are used for characters that a font does not have. The system font replaces
+// a family that is not installed.
 inline constexpr const char* systemFontFamily = "Inter";
 
 enum class Weight { Regular, Bold };
 
-// Size in points. Sizes that are not positive numbers draw nothing and have no height; they are limited to 1000 points.
+// A size that is not a positive number draws nothing and has no height. Sizes are limited to 1000 points.
 struct Font {
   std::string family = systemFontFamily;
   double size = 17;
@@ -18,14 +19,15 @@ struct Font {
   friend bool operator==(const Font&, const Font&) = default;
 };
 
-// The size that is really used: 0 for one that is not a positive number, at most 1000.
+// The size that is used for drawing: 0 for a size that is not a positive number, and at most 1000.
 double effectiveSize(const Font& font);
 
-// A line's height in points, rounded up to whole pixels at this many pixels per point. It depends on the size alone, so
-// that emoji and other scripts do not move the lines around them: 13 points have 16 at scale 1 and 2, 15 have 18.
+// The height of a line in points, rounded up to whole pixels. It depends only on the size, because emoji and other
+// scripts must not change the distance between lines. For example, 13 points have a line height of 16, and 15 points
+// of 18.
 double lineHeight(const Font& font, double scale);
 
-// From a line's top to its baseline, on a whole pixel.
+// The distance in points from the top of a line to its baseline, rounded to a whole pixel.
 double baselineOffset(const Font& font, double scale);
 
 }  // namespace drawing

@@ -12,8 +12,8 @@
 namespace drawing {
 namespace {
 
-// The rule for bitmap fonts scales the emoji's one size to any other. Other fonts than those named are left out,
-// because one that happens to be installed would change pictures.
+// The included rule scales the emoji font, which has glyphs of one size only. Only the listed fonts are accepted,
+// because other installed fonts would change the rendering.
 constexpr const char* configuration = R"(<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "urn:fontconfig:fonts.dtd">
 <fontconfig>
@@ -43,14 +43,14 @@ constexpr const char* configuration = R"(<?xml version="1.0"?>
 )";
 
 constexpr double pointsPerInch = 72;
-constexpr std::size_t maxLanguage = 35;
+constexpr std::size_t maxLanguageLength = 35;
 
-// Made once and kept until the process ends.
+// Called once. The font map is never destroyed.
 PangoFontMap* makeFontMap() {
   FcConfig* fonts = FcConfigCreate();
   FcConfigParseAndLoadFromMemory(fonts, reinterpret_cast<const FcChar8*>(configuration), FcTrue);
   FcConfigBuildFonts(fonts);
-  // Otherwise pango reads the user's settings too, only to have them at hand.
+  // Without a current configuration, pango would also load the user's font settings.
   FcConfigSetCurrent(fonts);
   PangoFontMap* map = pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT);
   pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map), fonts);
@@ -75,9 +75,9 @@ const cairo_font_options_t* fontOptions() {
   return options;
 }
 
-// A locale as a language tag: lower case, with hyphens.
+// Converts a locale to a language tag in lower case, with hyphens.
 std::string languageTag(const std::string& locale) {
-  std::string tag = locale.substr(0, std::min(locale.find_first_of("@."), maxLanguage));
+  std::string tag = locale.substr(0, std::min(locale.find_first_of("@."), maxLanguageLength));
   std::transform(tag.begin(), tag.end(), tag.begin(), [](unsigned char character) {
     return character == '_' ? '-' : static_cast<char>(std::tolower(character));
   });
@@ -89,7 +89,7 @@ struct IdeographFamily {
   const char* subtag;
   const char* family;
 };
-// The first row that fits is taken; the last fits every language.
+// The first row that matches is used. The last row matches every language.
 constexpr std::array<IdeographFamily, 7> ideographFamilies{{
     {"ja", "", "Noto Sans CJK JP"},
     {"ko", "", "Noto Sans CJK KR"},
@@ -102,16 +102,16 @@ constexpr std::array<IdeographFamily, 7> ideographFamilies{{
 
 const char* ideographFamily(const std::string& tag) {
   const std::string language = tag.substr(0, tag.find('-'));
-  const auto fits = [&](const IdeographFamily& row) {
+  const auto matches = [&](const IdeographFamily& row) {
     return (*row.language == 0 || language == row.language) && tag.find(row.subtag) != std::string::npos;
   };
-  return std::find_if(ideographFamilies.begin(), ideographFamilies.end(), fits)->family;
+  return std::find_if(ideographFamilies.begin(), ideographFamilies.end(), matches)->family;
 }
 
 }  // namespace
 
-ContextForText makeTextContext(const std::string& language, BaseDirection direction) {
-  ContextForText context(pango_font_map_create_context(fontMap()));
+TextContextHandle makeTextContext(const std::string& language, BaseDirection direction) {
+  TextContextHandle context(pango_font_map_create_context(fontMap()));
   pango_cairo_context_set_font_options(context.get(), fontOptions());
   pango_context_set_round_glyph_positions(context.get(), FALSE);
   pango_context_set_language(context.get(), pango_language_from_string(languageTag(language).c_str()));

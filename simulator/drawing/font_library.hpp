@@ -1,5 +1,5 @@
-// The fonts text is drawn with: a private selection, the same on every machine that has the font packages, whatever the
-// user's own font settings say.
+// The fonts for drawing text, as pango objects. The selection of fonts is fixed and does not depend on the user's font
+// settings or on other installed fonts. One thread at a time.
 #pragma once
 
 #include <pango/pango.h>
@@ -18,15 +18,17 @@ struct PangoDeleter {
   void operator()(PangoFontDescription* description) const { pango_font_description_free(description); }
   void operator()(PangoAttrList* attributes) const { pango_attr_list_unref(attributes); }
 };
-using ContextForText = std::unique_ptr<PangoContext, PangoDeleter>;
+using TextContextHandle = std::unique_ptr<PangoContext, PangoDeleter>;
 using LayoutHandle = std::unique_ptr<PangoLayout, PangoDeleter>;
 using DescriptionHandle = std::unique_ptr<PangoFontDescription, PangoDeleter>;
 using AttributesHandle = std::unique_ptr<PangoAttrList, PangoDeleter>;
 
-// One point is one unit, glyphs are neither hinted nor moved to whole pixels.
-ContextForText makeTextContext(const std::string& language, BaseDirection direction);
+// Creates a context whose unit is a point. Glyphs are not hinted and not aligned to whole pixels. `language` is a
+// locale such as "ja_JP".
+TextContextHandle makeTextContext(const std::string& language, BaseDirection direction);
 
-// The font followed by those that stand in for characters it lacks, the language's own first where scripts are shared.
+// The font and the fallback fonts for characters that it does not have. If languages share a script, the fallback font
+// of this language comes first.
 DescriptionHandle describeFont(const Font& font, const std::string& language);
 
 }  // namespace drawing

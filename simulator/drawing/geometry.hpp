@@ -1,4 +1,5 @@
-// Plain geometry for drawing and layout: points unless a name says pixels, origin at the top left.
+// Geometry types for drawing and layout. Units are points unless a name says pixels. The origin is at the top left, and
+// y increases downward.
 #pragma once
 
 namespace drawing {

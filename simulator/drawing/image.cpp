@@ -9,7 +9,7 @@
 namespace drawing {
 namespace {
 
-// cairo's own limit for a side.
+// The limit of cairo.
 constexpr std::int64_t maxSide = 32'767;
 
 constexpr std::byte jpegStart[] = {std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}};
@@ -19,14 +19,14 @@ bool startsWith(std::span<const std::byte> data, std::span<const std::byte> star
   return data.size() >= start.size() && std::equal(start.begin(), start.end(), data.begin());
 }
 
-bool holdsPixels(cairo_surface_t* surface) {
+bool hasPixels(cairo_surface_t* surface) {
   return surface && cairo_surface_status(surface) == CAIRO_STATUS_SUCCESS &&
          cairo_surface_get_type(surface) == CAIRO_SURFACE_TYPE_IMAGE && cairo_image_surface_get_width(surface) > 0 &&
          cairo_image_surface_get_height(surface) > 0;
 }
 
-// Paints the whole source over the whole of a new surface.
-SurfaceHandle copyAt(cairo_surface_t* source, int width, int height) {
+// A copy of the surface, converted to ARGB32 and scaled to this size.
+SurfaceHandle resizedCopy(cairo_surface_t* source, int width, int height) {
   SurfaceHandle copy(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
   ContextHandle context(cairo_create(copy.get()));
   cairo_scale(context.get(), static_cast<double>(width) / cairo_image_surface_get_width(source),
@@ -54,11 +54,11 @@ Image::Image(SurfaceHandle surface, double scale, std::string name)
       name_(std::move(name)) {}
 
 std::shared_ptr<const Image> Image::fromSurface(SurfaceHandle surface, double scale, std::string name) {
-  if (!holdsPixels(surface.get())) return nullptr;
+  if (!hasPixels(surface.get())) return nullptr;
   if (cairo_image_surface_get_format(surface.get()) != CAIRO_FORMAT_ARGB32) {
-    surface = copyAt(surface.get(), cairo_image_surface_get_width(surface.get()),
-                     cairo_image_surface_get_height(surface.get()));
-    if (!holdsPixels(surface.get())) return nullptr;
+    surface = resizedCopy(surface.get(), cairo_image_surface_get_width(surface.get()),
+                          cairo_image_surface_get_height(surface.get()));
+    if (!hasPixels(surface.get())) return nullptr;
   }
   cairo_surface_flush(surface.get());
   return std::shared_ptr<const Image>(new Image(std::move(surface), scale, std::move(name)));
@@ -76,11 +76,11 @@ std::uint32_t Image::pixel(int x, int y) const {
   return reinterpret_cast<const std::uint32_t*>(row)[x];
 }
 
-cairo_surface_t* Image::surfaceResized(int width, int height) const {
+cairo_surface_t* Image::resizedSurface(int width, int height) const {
   if (width == pixelWidth_ && height == pixelHeight_) return surface_.get();
-  const bool kept = resized_ && cairo_image_surface_get_width(resized_.get()) == width &&
-                    cairo_image_surface_get_height(resized_.get()) == height;
-  if (!kept) resized_ = copyAt(surface_.get(), width, height);
+  const bool isCached = resized_ && cairo_image_surface_get_width(resized_.get()) == width &&
+                        cairo_image_surface_get_height(resized_.get()) == height;
+  if (!isCached) resized_ = resizedCopy(surface_.get(), width, height);
   return resized_.get();
 }
 
@@ -93,8 +93,8 @@ std::shared_ptr<const Image> decodeImage(std::span<const std::byte> data, double
 std::vector<std::byte> encodePng(const Image& image) { return encodePng(image.surface()); }
 
 std::vector<std::byte> encodeJpeg(const Image& image, double quality) {
-  const double known = std::isnan(quality) ? 1 : std::clamp(quality, 0.0, 1.0);
-  return encodeJpeg(image.surface(), static_cast<int>(std::lround(known * 100)));
+  const double clamped = std::isnan(quality) ? 1 : std::clamp(quality, 0.0, 1.0);
+  return encodeJpeg(image.surface(), static_cast<int>(std::lround(clamped * 100)));
 }
 
 }  // namespace drawing

@@ -33,7 +33,7 @@ class File {
 };
 
 std::vector<std::byte> readRegularFile(const std::filesystem::path& path) {
-  // Without O_NONBLOCK opening a pipe would wait for its writer.
+  // Without O_NONBLOCK, opening a named pipe would block until a process writes to it.
   const File file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat status {};
   if (!file.isOpen() || fstat(file.descriptor(), &status) != 0) return {};
@@ -86,8 +86,8 @@ std::string describe(const char* step, const std::filesystem::path& path, int er
 std::optional<std::string> writeAtomically(std::span<const std::byte> content, const std::filesystem::path& path) {
   std::string temporary = path.string() + ".XXXXXX";
   File file(mkostemp(temporary.data(), O_CLOEXEC));
-  if (!file.isOpen()) return describe("cannot create a file beside", path, errno);
-  // A temporary file starts private.
+  if (!file.isOpen()) return describe("cannot create a temporary file next to", path, errno);
+  // Temporary files are created without permissions for other users.
   const bool written = writeAll(file, content) && fchmod(file.descriptor(), 0644) == 0 && file.close() &&
                        std::rename(temporary.c_str(), path.c_str()) == 0;
   if (written) return std::nullopt;
@@ -115,13 +115,13 @@ std::shared_ptr<const Image> loadImageNamed(const std::filesystem::path& path, d
   for (const ScaledName& candidate : scaledNames) {
     if (auto image = load(candidate)) return image;
   }
-  // The usual extension was tried; what a file holds does not depend on its name.
+  // The path has no extension. The file itself can still be an image.
   return path.has_extension() ? nullptr : loadImage(path);
 }
 
 std::optional<std::string> writePng(cairo_surface_t* surface, const std::filesystem::path& path) {
   const std::vector<std::byte> content = encodePng(surface);
-  if (content.empty()) return "cannot encode a picture for " + path.string();
+  if (content.empty()) return "cannot encode the image for " + path.string();
   return writeAtomically(content, path);
 }
 

@@ -17,42 +17,42 @@
 namespace drawing {
 namespace {
 
-// A progressive picture refines itself in scans, each over all of its pixels. Real ones have about ten; thousands, or
-// hundreds of a huge picture, are an attack on time.
+// A progressive image consists of scans, and each scan can refine all pixels. Normal images have about ten scans. The
+// limits prevent images that take extremely long to decode.
 constexpr int maxScans = 200;
 constexpr std::int64_t maxScannedPixels = 2'000'000'000;
 
 constexpr int metadataMarker = JPEG_APP0 + 1;
-constexpr unsigned wholeMarker = 0xFFFF;
+constexpr unsigned maxMarkerLength = 0xFFFF;
 
-// How the library leaves on an error: it calls back and must not be returned to, so the way out is a jump. Between the
-// jump's ends no object with a destructor may live; all of them are members of Decoder and Encoder, which outlive it.
+// On an error, the library calls a function that must not return, so the function jumps. The jump does not run
+// destructors. All objects that have one are therefore members of Decoder and Encoder, which the jump does not leave.
 struct ErrorHandler {
   jpeg_error_mgr base{};
-  std::jmp_buf leave;
+  std::jmp_buf jumpTarget;
 
   static ErrorHandler& of(j_common_ptr codec) { return *reinterpret_cast<ErrorHandler*>(codec->err); }
 };
 
-[[noreturn]] void leaveOnError(j_common_ptr codec) { std::longjmp(ErrorHandler::of(codec).leave, 1); }
+[[noreturn]] void fail(j_common_ptr codec) { std::longjmp(ErrorHandler::of(codec).jumpTarget, 1); }
 
-// Data that ends too early is only a warning to the library, which would go on with gray.
-void leaveOnTruncation(j_common_ptr codec, int level) {
+// For truncated data, the library only issues a warning and fills the missing pixels with gray.
+void failOnTruncation(j_common_ptr codec, int level) {
   const int message = codec->err->msg_code;
-  if (level < 0 && (message == JWRN_JPEG_EOF || message == JWRN_HIT_MARKER)) leaveOnError(codec);
+  if (level < 0 && (message == JWRN_JPEG_EOF || message == JWRN_HIT_MARKER)) fail(codec);
 }
 
-void leaveOnTooManyScans(j_common_ptr codec) {
+void failOnTooManyScans(j_common_ptr codec) {
   const auto* const decoder = reinterpret_cast<j_decompress_ptr>(codec);
   const std::int64_t scans = decoder->input_scan_number;
   const std::int64_t pixels = std::int64_t{decoder->image_width} * decoder->image_height;
-  if (scans > maxScans || scans * pixels > maxScannedPixels) leaveOnError(codec);
+  if (scans > maxScans || scans * pixels > maxScannedPixels) fail(codec);
 }
 
 void prepare(ErrorHandler& errors) {
   jpeg_std_error(&errors.base);
-  errors.base.error_exit = &leaveOnError;
-  errors.base.emit_message = &leaveOnTruncation;
+  errors.base.error_exit = &fail;
+  errors.base.emit_message = &failOnTruncation;
   errors.base.output_message = [](j_common_ptr) {};
 }
 
@@ -66,14 +66,14 @@ struct Decoder {
   Decoder() {
     prepare(errors);
     codec.err = &errors.base;
-    progress.progress_monitor = &leaveOnTooManyScans;
+    progress.progress_monitor = &failOnTooManyScans;
   }
   ~Decoder() { jpeg_destroy_decompress(&codec); }
   Decoder(const Decoder&) = delete;
   Decoder& operator=(const Decoder&) = delete;
 };
 
-// Collects what the library writes, a block at a time.
+// Collects the output of the library, one block at a time.
 struct Encoder {
   jpeg_compress_struct codec{};
   ErrorHandler errors;
@@ -116,10 +116,10 @@ unsigned char* rowOf(cairo_surface_t* surface, unsigned row) {
          static_cast<std::ptrdiff_t>(row) * cairo_image_surface_get_stride(surface);
 }
 
-bool isPrintColor(J_COLOR_SPACE space) { return space == JCS_CMYK || space == JCS_YCCK; }
+bool isCmyk(J_COLOR_SPACE space) { return space == JCS_CMYK || space == JCS_YCCK; }
 
-// Printing colors, inverted as every known writer of such files stores them, in place to opaque ARGB.
-void convertPrintRow(unsigned char* row, unsigned width) {
+// Converts CMYK in place to opaque ARGB. The CMYK values are inverted, because JPEG files store them so in practice.
+void convertCmykRow(unsigned char* row, unsigned width) {
   for (std::size_t x = 0; x < width; ++x) {
     unsigned char* cell = row + 4 * x;
     const std::uint32_t key = cell[3];
@@ -132,11 +132,11 @@ void readRows(jpeg_decompress_struct& decoder, cairo_surface_t* surface) {
   while (decoder.output_scanline < decoder.output_height) {
     unsigned char* row = rowOf(surface, decoder.output_scanline);
     jpeg_read_scanlines(&decoder, &row, 1);
-    if (decoder.out_color_space == JCS_CMYK) convertPrintRow(row, decoder.output_width);
+    if (decoder.out_color_space == JCS_CMYK) convertCmykRow(row, decoder.output_width);
   }
 }
 
-// As the first segment of metadata has it.
+// Reads the orientation from the first metadata segment.
 Orientation orientationOf(const jpeg_decompress_struct& decoder) {
   const jpeg_saved_marker_ptr marker = decoder.marker_list;
   if (marker == nullptr) return Orientation::Upright;
@@ -144,12 +144,12 @@ Orientation orientationOf(const jpeg_decompress_struct& decoder) {
 }
 
 bool decode(Decoder& decoder, std::span<const std::byte> data) {
-  if (setjmp(decoder.errors.leave)) return false;
+  if (setjmp(decoder.errors.jumpTarget)) return false;
   jpeg_decompress_struct& codec = decoder.codec;
   jpeg_create_decompress(&codec);
   codec.progress = &decoder.progress;
   jpeg_mem_src(&codec, reinterpret_cast<const unsigned char*>(data.data()), data.size());
-  jpeg_save_markers(&codec, metadataMarker, wholeMarker);
+  jpeg_save_markers(&codec, metadataMarker, maxMarkerLength);
   jpeg_read_header(&codec, TRUE);
   decoder.orientation = orientationOf(codec);
   if (!isAcceptableSize(codec.image_width, codec.image_height)) return false;
@@ -157,8 +157,8 @@ bool decode(Decoder& decoder, std::span<const std::byte> data) {
                                                    static_cast<int>(codec.image_height)));
   if (cairo_surface_status(decoder.surface.get()) != CAIRO_STATUS_SUCCESS) return false;
 
-  // libjpeg-turbo writes the fourth byte as 255.
-  codec.out_color_space = isPrintColor(codec.jpeg_color_space) ? JCS_CMYK : JCS_EXT_BGRA;
+  // libjpeg-turbo sets the fourth byte of each pixel to 255, so the pixels are opaque.
+  codec.out_color_space = isCmyk(codec.jpeg_color_space) ? JCS_CMYK : JCS_EXT_BGRA;
   codec.dct_method = JDCT_ISLOW;
   jpeg_start_decompress(&codec);
   readRows(codec, decoder.surface.get());
@@ -167,7 +167,7 @@ bool decode(Decoder& decoder, std::span<const std::byte> data) {
   return true;
 }
 
-// Premultiplied pixels over white, as bytes of red, green and blue.
+// Blends premultiplied pixels with white. The result has three bytes per pixel: red, green and blue.
 void flattenRow(const std::uint32_t* pixels, int width, unsigned char* row) {
   for (int x = 0; x < width; ++x) {
     const std::uint32_t white = 255 - (pixels[x] >> 24);
@@ -179,9 +179,9 @@ void flattenRow(const std::uint32_t* pixels, int width, unsigned char* row) {
 }
 
 bool encode(Encoder& encoder, cairo_surface_t* surface, int quality) {
-  if (setjmp(encoder.errors.leave)) return false;
+  if (setjmp(encoder.errors.jumpTarget)) return false;
   jpeg_compress_struct& codec = encoder.codec;
-  // Creating clears the structure but for the error handler and the client data.
+  // This clears the structure except for the error handler and the client data.
   jpeg_create_compress(&codec);
   codec.dest = &encoder.destination;
   codec.image_width = static_cast<JDIMENSION>(cairo_image_surface_get_width(surface));

@@ -8,12 +8,12 @@ namespace {
 
 constexpr const char* ellipsis = "\u2026";
 
-// Wider than any screen and within pango's range.
-constexpr double widest = 1'000'000;
+// The maximum line width in points. A larger width is treated as unlimited, because it is outside pango's range.
+constexpr double maxWidth = 1'000'000;
 
 guint16 channel(double value) { return static_cast<guint16>(std::lround(std::clamp(value, 0.0, 1.0) * 0xFFFF)); }
 
-// Takes the attribute.
+// Takes ownership of the attribute.
 void add(PangoAttrList* attributes, PangoAttribute* attribute, const Span& span) {
   attribute->start_index = static_cast<guint>(span.begin);
   attribute->end_index = static_cast<guint>(span.end);
@@ -22,18 +22,19 @@ void add(PangoAttrList* attributes, PangoAttribute* attribute, const Span& span)
 
 void addColor(PangoAttrList* attributes, const Color& color, const Span& span) {
   add(attributes, pango_attr_foreground_new(channel(color.red), channel(color.green), channel(color.blue)), span);
-  // 0 would mean opaque.
+  // pango treats 0 as opaque.
   add(attributes, pango_attr_foreground_alpha_new(std::max<guint16>(channel(color.alpha), 1)), span);
 }
 
-// Scripts from Hebrew on to the symbols, and the Arabic presentation forms: their letters change with their neighbours.
+// Whether the character belongs to a script whose letters change with their neighbors: the blocks from Hebrew up to the
+// symbols, and up to the Arabic presentation forms.
 bool isShapedByContext(gunichar value) {
   return (value >= 0x0590 && value < 0x2000) || (value >= 0xA800 && value < 0xFE00);
 }
 
 bool hasShapedScript(const std::string& text) {
-  for (const char* at = text.data(); at < text.data() + text.size(); at = g_utf8_next_char(at)) {
-    if (isShapedByContext(g_utf8_get_char(at))) return true;
+  for (const char* next = text.data(); next < text.data() + text.size(); next = g_utf8_next_char(next)) {
+    if (isShapedByContext(g_utf8_get_char(next))) return true;
   }
   return false;
 }
@@ -48,7 +49,8 @@ AttributesHandle attributesOf(const PlainText& text, const Paragraph& paragraph)
   }
   const Span all{0, text.text.size(), 0};
   add(attributes.get(), pango_attr_insert_hyphens_new(FALSE), all);
-  // The system font would turn "->" into an arrow and the x of "2x3" into a cross, which nobody wrote.
+  // Disables contextual alternates. With them, the system font shows "->" as an arrow and the x in "2x3" as a
+  // multiplication sign.
   if (!hasShapedScript(text.text)) {
     add(attributes.get(), pango_attr_font_features_new("calt=0"), all);
   }
@@ -56,12 +58,12 @@ AttributesHandle attributesOf(const PlainText& text, const Paragraph& paragraph)
 }
 
 void setWidth(PangoLayout* layout, double width) {
-  if (width <= widest)
+  if (width <= maxWidth)
     pango_layout_set_width(layout, static_cast<int>(std::lround(std::max(width, 1.0) * PANGO_SCALE)));
 }
 
 LayoutHandle layoutAll(const PlainText& text, const Paragraph& paragraph, double width) {
-  const ContextForText context = makeTextContext(paragraph.language, paragraph.direction);
+  const TextContextHandle context = makeTextContext(paragraph.language, paragraph.direction);
   LayoutHandle layout(pango_layout_new(context.get()));
   pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
   setWidth(layout.get(), width);
@@ -75,7 +77,7 @@ PlainText withEllipsis(const PlainText& text, std::size_t begin, std::size_t end
   for (const Span& span : text.spans) {
     const std::size_t first = std::max(span.begin, begin), last = std::min(span.end, end);
     if (first < last) shown.spans.push_back({first - begin, last - begin, span.run});
-    // An empty line takes the font of the line feed that ends it.
+    // An empty line has the font of the line feed that ends it.
     if (begin == end && span.begin <= begin && begin < span.end) shown.spans.push_back({0, 0, span.run});
   }
   shown.text = text.text.substr(begin, end - begin) + ellipsis;
@@ -83,15 +85,15 @@ PlainText withEllipsis(const PlainText& text, std::size_t begin, std::size_t end
   return shown;
 }
 
-// The last line again, from where it starts to the end of its paragraph and followed by an ellipsis, which tells of
-// later paragraphs; where all that is too long, it is cut with an ellipsis earlier.
+// Lays out the last visible line again: the text from its start to the end of its paragraph, with an ellipsis added for
+// the omitted text after it. If that is too long for a line, pango truncates it with an ellipsis.
 LayoutHandle layoutLast(const PlainText& text, const Paragraph& paragraph, double width, const PangoLayoutLine* line) {
   const auto begin = static_cast<std::size_t>(line->start_index);
   const std::size_t lineFeed = std::min(text.text.find('\n', begin), text.text.size());
   const PlainText shown = withEllipsis(text, begin, lineFeed);
   const BaseDirection direction =
       line->resolved_dir == PANGO_DIRECTION_RTL ? BaseDirection::RightToLeft : BaseDirection::LeftToRight;
-  const ContextForText context = makeTextContext(paragraph.language, direction);
+  const TextContextHandle context = makeTextContext(paragraph.language, direction);
   LayoutHandle layout(pango_layout_new(context.get()));
   pango_layout_set_auto_dir(layout.get(), FALSE);
   pango_layout_set_single_paragraph_mode(layout.get(), TRUE);

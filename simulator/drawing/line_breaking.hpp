@@ -1,4 +1,4 @@
-// Text broken into lines of a width, the last one shortened where there is more.
+// Breaks text into lines of a maximum width, and truncates the last line if necessary. One thread at a time.
 #pragma once
 
 #include <pango/pango.h>
@@ -12,9 +12,8 @@
 namespace drawing {
 
 struct BrokenLine {
-  // Owned by one of the layouts.
-  PangoLayoutLine* line;
-  double width;
+  PangoLayoutLine* line;  // owned by one of the layouts
+  double width;           // points
 };
 
 struct BrokenText {
@@ -22,7 +21,7 @@ struct BrokenText {
   std::vector<BrokenLine> lines;
 };
 
-// An infinite width and 0 lines are no limit.
+// Breaks the text into at most `lines` lines of at most `width` points. An infinite width or 0 lines mean no limit.
 BrokenText breakLines(const PlainText& text, const Paragraph& paragraph, double width, int lines);
 
 }  // namespace drawing

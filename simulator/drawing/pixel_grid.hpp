@@ -1,11 +1,11 @@
-// Points rounded to whole pixels.
+// Rounds lengths in points to whole pixels. Scales are in pixels per point.
 #pragma once
 
 #include <cmath>
 
 namespace drawing {
 
-// What is this little beyond a pixel's edge is an error of calculation.
+// A length that exceeds a whole number of pixels by no more than this is treated as a rounding error.
 inline constexpr double pixelTolerance = 1e-6;
 
 inline double ceilToPixel(double points, double scale) { return std::ceil(points * scale - pixelTolerance) / scale; }

@@ -12,22 +12,23 @@ namespace {
 
 constexpr std::size_t maxCharacters = 20'000;
 
-// No script needs more characters for a stretch as long as its font's size, nor more extra ones that have no width.
-constexpr double charactersPerSize = 8;
-constexpr double extraCharactersPerLine = 64;
+// Upper bounds for every script: the number of characters in a length equal to the font size, and the number of
+// characters without width in a line.
+constexpr double maxCharactersPerFontSize = 8;
+constexpr double maxZeroWidthCharactersPerLine = 64;
 
 constexpr gunichar replacement = 0xFFFD;
-constexpr gunichar leaveOut = 0;
+constexpr gunichar omitted = 0;
 
 struct Character {
   gunichar value;
   std::size_t length;
 };
 
-// At least one byte must be left.
+// Decodes the character at a position before the end of the text.
 Character characterAt(const std::string& text, std::size_t position) {
   const char* start = text.data() + position;
-  if (*start == 0) return {leaveOut, 1};
+  if (*start == 0) return {omitted, 1};
   const auto rest = static_cast<gssize>(std::min<std::size_t>(text.size() - position, 6));
   const gunichar value = g_utf8_get_char_validated(start, rest);
   const bool isInvalid = value == static_cast<gunichar>(-1) || value == static_cast<gunichar>(-2);
@@ -37,13 +38,13 @@ Character characterAt(const std::string& text, std::size_t position) {
 
 bool isControl(gunichar value) { return value < 0x20 || (value >= 0x7F && value < 0xA0); }
 
-// Every kind of line end becomes a line feed; of a carriage return with a line feed only the latter remains.
+// Converts each kind of line ending to one line feed, and omits other control characters.
 gunichar normalized(gunichar value, bool precedesLineFeed) {
   constexpr gunichar lineSeparator = 0x2028;
   constexpr gunichar paragraphSeparator = 0x2029;
-  if (value == '\r') return precedesLineFeed ? leaveOut : gunichar{'\n'};
+  if (value == '\r') return precedesLineFeed ? omitted : gunichar{'\n'};
   if (value == lineSeparator || value == paragraphSeparator) return '\n';
-  return isControl(value) && value != '\n' && value != '\t' ? leaveOut : value;
+  return isControl(value) && value != '\n' && value != '\t' ? omitted : value;
 }
 
 void append(std::string& text, gunichar value) {
@@ -54,18 +55,18 @@ void append(std::string& text, gunichar value) {
 // Collects the characters of all runs, up to a limit.
 class Collector {
  public:
-  explicit Collector(TextLimit limit) : left_(limit) {}
+  explicit Collector(TextLimit limit) : remaining_(limit) {}
 
   void appendRun(const std::string& run) {
-    for (std::size_t position = 0; position < run.size() && left_.characters > 0;) {
+    for (std::size_t position = 0; position < run.size() && remaining_.characters > 0;) {
       const Character character = characterAt(run, position);
       position += character.length;
       const gunichar value = normalized(character.value, position < run.size() && run[position] == '\n');
-      // What is left out counts as well: a text of nothing else must come to an end.
-      --left_.characters;
+      // Omitted characters count too, because a text can consist of nothing else.
+      --remaining_.characters;
       if (value == '\n')
         appendLineFeed();
-      else if (value != leaveOut)
+      else if (value != omitted)
         appendCharacter(value);
     }
   }
@@ -75,17 +76,17 @@ class Collector {
 
  private:
   void appendLineFeed() {
-    appendCharacter(left_.lineFeeds > 0 ? '\n' : ' ');
-    if (left_.lineFeeds > 0) --left_.lineFeeds;
+    appendCharacter(remaining_.lineFeeds > 0 ? '\n' : ' ');
+    if (remaining_.lineFeeds > 0) --remaining_.lineFeeds;
   }
 
-  // The time to break a word into lines grows with the square of its length, so that one beyond all measure gets places
-  // to break at. They have no width.
+  // The time to break a word into lines grows with the square of its length. Zero-width spaces split extremely long
+  // words.
   void appendCharacter(gunichar value) {
     constexpr gunichar zeroWidthSpace = 0x200B;
-    constexpr std::size_t maxWord = 200;
+    constexpr std::size_t maxWordLength = 200;
     wordLength_ = g_unichar_isspace(value) ? 0 : wordLength_ + 1;
-    if (wordLength_ > maxWord && g_unichar_isalnum(value)) {
+    if (wordLength_ > maxWordLength && g_unichar_isalnum(value)) {
       append(text_, zeroWidthSpace);
       wordLength_ = 1;
     }
@@ -93,7 +94,7 @@ class Collector {
   }
 
   std::string text_;
-  TextLimit left_;
+  TextLimit remaining_;
   std::size_t wordLength_ = 0;
 };
 
@@ -108,16 +109,17 @@ void removeFinalLineFeed(PlainText& text) {
 
 TextLimit textLimit(const Paragraph& paragraph, double width, int lines) {
   if (lines <= 0) return {maxCharacters};
-  // Each ends at least one line.
+  // Each line feed ends a line, so later ones are not visible.
   const auto lineFeeds = static_cast<std::size_t>(lines);
   double smallest = std::numeric_limits<double>::infinity();
   for (const Run& run : paragraph.runs) {
     if (const double size = effectiveSize(run.font); size > 0) smallest = std::min(smallest, size);
   }
   if (!std::isfinite(width) || !std::isfinite(smallest)) return {maxCharacters, lineFeeds};
-  // The line after the last tells that there is more.
-  const double enough = (lines + 1.0) * (charactersPerSize * width / smallest + extraCharactersPerLine);
-  return {static_cast<std::size_t>(std::min(enough, static_cast<double>(maxCharacters))), lineFeeds};
+  // One more line is necessary to detect that the text must be truncated.
+  const double sufficient =
+      (lines + 1.0) * (maxCharactersPerFontSize * width / smallest + maxZeroWidthCharactersPerLine);
+  return {static_cast<std::size_t>(std::min(sufficient, static_cast<double>(maxCharacters))), lineFeeds};
 }
 
 PlainText plainText(const Paragraph& paragraph, TextLimit limit) {

@@ -1,4 +1,5 @@
-// Text made safe for shaping: valid, of bounded length, with one kind of line end.
+// Prepares text for layout: makes it valid UTF-8 of limited length, with line feeds as the only line endings. Any
+// thread.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +11,7 @@
 
 namespace drawing {
 
-// The bytes from begin up to end belong to one run.
+// The bytes from `begin` up to, but not including, `end`. They belong to one run of the paragraph.
 struct Span {
   std::size_t begin;
   std::size_t end;
@@ -22,18 +23,20 @@ struct PlainText {
   std::vector<Span> spans;
 };
 
-// How much of a text is looked at, and how many of its line feeds end a paragraph.
+// The maximum number of characters that are read, and of line feeds that end a line.
 struct TextLimit {
   std::size_t characters;
   std::size_t lineFeeds = std::numeric_limits<std::size_t>::max();
 };
 
-// As much as fills this many lines of this width and tells that there is more (unlimited: 0 lines, infinite width).
+// A limit that is sufficient to fill this many lines of this width, and to detect that more text follows. 0 lines or an
+// infinite width mean no limit.
 TextLimit textLimit(const Paragraph& paragraph, double width, int lines);
 
-// The runs' text up to that many characters, with places to break in words beyond all measure. Control characters and
-// runs whose font has no size are left out, and so is a line feed at the very end. Line feeds beyond the limit are
-// blanks: a paragraph takes far longer to lay out than a word, and what is hidden still tells scripts and direction.
+// The text of all runs, up to the limit. Extremely long words contain additional places for line breaks. Control
+// characters, runs whose font has no size, and a line feed at the end of the text are omitted. Line feeds beyond the
+// limit become spaces, because the layout of a paragraph takes much longer than that of a word. The text after them
+// remains, because it can affect script and direction.
 PlainText plainText(const Paragraph& paragraph, TextLimit limit);
 
 }  // namespace drawing

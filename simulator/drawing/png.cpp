@@ -8,7 +8,7 @@ namespace drawing {
 namespace {
 
 constexpr unsigned char signature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-// The header chunk follows the signature: its length, its type, then width and height, big-endian.
+// The header chunk follows the signature. It consists of length, type, width and height, all big-endian.
 constexpr std::size_t headerType = sizeof signature + 4;
 constexpr std::size_t headerWidth = headerType + 4;
 constexpr std::size_t headerHeight = headerWidth + 4;
@@ -26,27 +26,28 @@ bool hasAcceptableHeader(std::span<const std::byte> data) {
          isAcceptableSize(bigEndian(data, headerWidth), bigEndian(data, headerHeight));
 }
 
-// The chunks that pixels are made of. Others may unfold, each of them, to a thousand times their size in memory.
-bool makesPixels(std::span<const std::byte> type) {
+// Whether the chunk is necessary to decode the pixels. Other chunks are ignored, because compressed ones can take a
+// thousand times their size in memory.
+bool isPixelChunk(std::span<const std::byte> type) {
   constexpr const char* types[] = {"IHDR", "PLTE", "tRNS", "IDAT", "IEND"};
   return std::any_of(std::begin(types), std::end(types),
                      [type](const char* each) { return std::memcmp(type.data(), each, 4) == 0; });
 }
 
-// The file without its other chunks.
-std::vector<std::byte> pixelChunks(std::span<const std::byte> data) {
-  constexpr std::size_t lengthAndType = 8;
-  constexpr std::size_t checksum = 4;
-  std::vector<std::byte> kept(data.begin(), data.begin() + sizeof signature);
-  kept.reserve(data.size());
+// The signature and the pixel chunks of the file.
+std::vector<std::byte> withoutOtherChunks(std::span<const std::byte> data) {
+  constexpr std::size_t lengthAndTypeSize = 8;
+  constexpr std::size_t checksumSize = 4;
+  std::vector<std::byte> result(data.begin(), data.begin() + sizeof signature);
+  result.reserve(data.size());
   data = data.subspan(sizeof signature);
-  while (data.size() >= lengthAndType) {
-    const std::size_t announced = lengthAndType + static_cast<std::size_t>(bigEndian(data, 0)) + checksum;
-    const std::span<const std::byte> chunk = data.first(std::min(announced, data.size()));
-    if (makesPixels(chunk.subspan(4))) kept.insert(kept.end(), chunk.begin(), chunk.end());
+  while (data.size() >= lengthAndTypeSize) {
+    const std::size_t declaredSize = lengthAndTypeSize + static_cast<std::size_t>(bigEndian(data, 0)) + checksumSize;
+    const std::span<const std::byte> chunk = data.first(std::min(declaredSize, data.size()));
+    if (isPixelChunk(chunk.subspan(4))) result.insert(result.end(), chunk.begin(), chunk.end());
     data = data.subspan(chunk.size());
   }
-  return kept;
+  return result;
 }
 
 cairo_status_t readBytes(void* rest, unsigned char* target, unsigned length) {
@@ -68,7 +69,7 @@ cairo_status_t appendBytes(void* target, const unsigned char* data, unsigned len
 
 SurfaceHandle decodePng(std::span<const std::byte> data) {
   if (!hasAcceptableHeader(data)) return nullptr;
-  const std::vector<std::byte> chunks = pixelChunks(data);
+  const std::vector<std::byte> chunks = withoutOtherChunks(data);
   std::span<const std::byte> rest = chunks;
   SurfaceHandle surface(cairo_image_surface_create_from_png_stream(&readBytes, &rest));
   return cairo_surface_status(surface.get()) == CAIRO_STATUS_SUCCESS ? std::move(surface) : nullptr;

@@ -17,8 +17,9 @@ namespace {
 
 constexpr double unlimited = std::numeric_limits<double>::infinity();
 
-// On the pixel grid as the result is, so that rounding up makes no room for another word.
-double limitOf(double width, double scale) {
+// The maximum width of a line, rounded down to whole pixels. Measured widths are rounded up to whole pixels, so a
+// layout with a measured width has the same lines.
+double maxLineWidth(double width, double scale) {
   if (width > 0 && std::isfinite(width)) return std::max(floorToPixel(width, scale), 1 / scale);
   return unlimited;
 }
@@ -28,7 +29,7 @@ struct Measure {
   int lines = 0;
 };
 
-// Measures of recent texts, because the same text is measured over and over by layouts made anew.
+// Caches the measures of recent texts, because new layouts often measure the same text again.
 class MeasureCache {
  public:
   const Measure* find(const std::string& key) const {
@@ -36,13 +37,13 @@ class MeasureCache {
     return entry == measures_.end() ? nullptr : &entry->second;
   }
   void insert(const std::string& key, const Measure& measure) {
-    if (key.size() > maxKey) return;
+    if (key.size() > maxKeyLength) return;
     if (measures_.size() >= maxEntries) measures_.clear();
     measures_.emplace(key, measure);
   }
 
  private:
-  static constexpr std::size_t maxKey = 4096;
+  static constexpr std::size_t maxKeyLength = 4096;
   static constexpr std::size_t maxEntries = 256;
   std::unordered_map<std::string, Measure> measures_;
 };
@@ -61,7 +62,7 @@ void appendText(std::string& key, const std::string& text) {
   key += text;
 }
 
-// All that the measure depends on.
+// A key that contains everything that the measure depends on.
 std::string keyOf(const PlainText& text, const Paragraph& paragraph, double width, double scale) {
   std::string key;
   for (const Span& span : text.spans) {
@@ -79,7 +80,7 @@ std::string keyOf(const PlainText& text, const Paragraph& paragraph, double widt
   return key + text.text;
 }
 
-const Font* maxFont(const Paragraph& paragraph) {
+const Font* largestFont(const Paragraph& paragraph) {
   const Font* largest = nullptr;
   for (const Run& run : paragraph.runs) {
     if (run.text.empty() || effectiveSize(run.font) == 0) continue;
@@ -88,7 +89,8 @@ const Font* maxFont(const Paragraph& paragraph) {
   return largest;
 }
 
-double shareOnTheLeft(Alignment alignment, BaseDirection direction) {
+// The fraction of the free width that is to the left of a line.
+double leftFraction(Alignment alignment, BaseDirection direction) {
   switch (alignment) {
     case Alignment::Left:
       return 0;
@@ -107,17 +109,17 @@ double shareOnTheLeft(Alignment alignment, BaseDirection direction) {
 struct TextLayout::State {
   Paragraph paragraph;
   double scale;
-  // Of the largest font.
+  // Metrics of the largest font.
   double lineHeight = 0;
   double baseline = 0;
 
-  // What was asked for last, kept for the next frame.
-  struct Broken {
+  // The results of the last calls, which are needed again in the next frame.
+  struct LastBreak {
     double width;
     int lines;
     BrokenText text;
   };
-  std::optional<Broken> broken;
+  std::optional<LastBreak> lastBreak;
   std::optional<std::pair<double, Measure>> lastMeasure;
 
   PlainText plainTextFor(double width, int lines) const {
@@ -125,13 +127,13 @@ struct TextLayout::State {
   }
 
   const BrokenText& linesFor(double width, int lines) {
-    if (!broken || broken->width != width || broken->lines != lines) {
-      broken = {width, lines, breakLines(plainTextFor(width, lines), paragraph, width, lines)};
+    if (!lastBreak || lastBreak->width != width || lastBreak->lines != lines) {
+      lastBreak = {width, lines, breakLines(plainTextFor(width, lines), paragraph, width, lines)};
     }
-    return broken->text;
+    return lastBreak->text;
   }
 
-  Measure measureAnew(double width) {
+  Measure computeMeasure(double width) {
     const BrokenText& text = linesFor(width, paragraph.maxLines);
     double widest = 0;
     for (const BrokenLine& line : text.lines) widest = std::max(widest, line.width);
@@ -140,16 +142,16 @@ struct TextLayout::State {
   }
 
   const Measure& measure(double widthLimit) {
-    const double width = limitOf(widthLimit, scale);
+    const double width = maxLineWidth(widthLimit, scale);
     if (lastMeasure && lastMeasure->first == width) return lastMeasure->second;
     const std::string key = keyOf(plainTextFor(width, paragraph.maxLines), paragraph, width, scale);
-    const Measure* known = measureCache().find(key);
-    lastMeasure = {width, known ? *known : measureAnew(width)};
-    if (!known) measureCache().insert(key, lastMeasure->second);
+    const Measure* cached = measureCache().find(key);
+    lastMeasure = {width, cached ? *cached : computeMeasure(width)};
+    if (!cached) measureCache().insert(key, lastMeasure->second);
     return lastMeasure->second;
   }
 
-  // The lines allowed that also fit the height.
+  // The number of allowed lines that fit into the height, but at least one.
   int linesFitting(double height) const {
     const int fitting = std::max(1, static_cast<int>(std::min(height / lineHeight + pixelTolerance, 100'000.0)));
     return paragraph.maxLines > 0 ? std::min(fitting, paragraph.maxLines) : fitting;
@@ -159,7 +161,7 @@ struct TextLayout::State {
 TextLayout::TextLayout(Paragraph paragraph, double scale) : state_(std::make_unique<State>()) {
   state_->paragraph = std::move(paragraph);
   state_->scale = std::isfinite(scale) && scale > 0 ? scale : 1;
-  if (const Font* font = maxFont(state_->paragraph)) {
+  if (const Font* font = largestFont(state_->paragraph)) {
     state_->lineHeight = drawing::lineHeight(*font, state_->scale);
     state_->baseline = baselineOffset(*font, state_->scale);
   }
@@ -180,15 +182,16 @@ double TextLayout::firstBaseline() const { return state_->baseline; }
 void TextLayout::draw(Canvas& canvas, const Rectangle& rectangle, const Color& color) const {
   State& state = *state_;
   if (state.lineHeight == 0 || !(rectangle.width > 0) || !(rectangle.height > 0)) return;
-  const BrokenText& text = state.linesFor(limitOf(rectangle.width, state.scale), state.linesFitting(rectangle.height));
+  const BrokenText& text =
+      state.linesFor(maxLineWidth(rectangle.width, state.scale), state.linesFitting(rectangle.height));
   const double height = static_cast<double>(text.lines.size()) * state.lineHeight;
-  const double share = shareOnTheLeft(state.paragraph.alignment, state.paragraph.direction);
+  const double fraction = leftFraction(state.paragraph.alignment, state.paragraph.direction);
   double top = rectangle.y + roundToPixel((rectangle.height - height) / 2, state.scale);
 
   cairo_t* context = canvas.context();
   cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
   for (const BrokenLine& line : text.lines) {
-    const double left = rectangle.x + roundToPixel((rectangle.width - line.width) * share, state.scale);
+    const double left = rectangle.x + roundToPixel((rectangle.width - line.width) * fraction, state.scale);
     cairo_move_to(context, left, top + state.baseline);
     pango_cairo_show_layout_line(context, line.line);
     top += state.lineHeight;

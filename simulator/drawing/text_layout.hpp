@@ -1,4 +1,4 @@
-// Text laid out in lines: measured, and drawn. Used on one thread at a time.
+// Lays out text in lines, measures it and draws it. Lengths are in points. Used by one thread at a time.
 #pragma once
 
 #include <memory>
@@ -13,17 +13,18 @@ namespace drawing {
 
 class Canvas;
 
-// Natural is the leading side of the user interface's direction.
+// Natural is left for a user interface from left to right, and right for one from right to left.
 enum class Alignment { Natural, Left, Center, Right };
 
-// The user interface's direction. A text's own direction is decided by its first strong character, and by this where
-// it has none.
+// The direction of the user interface. The direction of a text depends on its first strong character; a text without
+// one has the direction of the user interface.
 enum class BaseDirection { LeftToRight, RightToLeft };
 
-// What happens to text beyond the last line that is allowed: it is left out at a word, or an ellipsis tells of it.
+// How text that exceeds the maximum number of lines is truncated: after a word, or with an ellipsis.
 enum class LineBreak { WordWrap, TruncateTail };
 
-// Text in UTF-8 in one font; bytes that are none become U+FFFD. Without a color it takes the one given when drawing.
+// Text in UTF-8 with one font. Invalid bytes become U+FFFD. A run without a color is drawn in the color that is passed
+// to TextLayout::draw.
 struct Run {
   std::string text;
   Font font;
@@ -35,20 +36,20 @@ struct Paragraph {
   std::vector<Run> runs;
   Alignment alignment = Alignment::Natural;
   BaseDirection direction = BaseDirection::LeftToRight;
-  // 0 or less is unlimited.
+  // Zero or less means no limit.
   int maxLines = 1;
   LineBreak lineBreak = LineBreak::TruncateTail;
-  // A locale such as "ja_JP": it chooses among the shapes of Chinese, Japanese and Korean characters.
+  // A locale such as "ja_JP". It selects the shapes of ideographs, which differ between Chinese, Japanese and Korean.
   std::string language = "en_US";
   friend bool operator==(const Paragraph&, const Paragraph&) = default;
 };
 
-// Lines break at line feeds, at words, and inside a word only where it is longer than a line. One line feed at the very
-// end adds no line. However long the text, only what can be visible is looked at; without a limit of lines or of width
-// that is the first 20,000 characters. A word of more than 200 characters may also break after each 200.
+// Lines end at line feeds and between words. A word is broken only if it is longer than a line. One line feed at the
+// end of the text adds no line. Only as many characters as can be visible are read, and at most 20,000. A word of more
+// than 200 characters can also be broken after every 200 characters.
 class TextLayout {
  public:
-  // Scale is the screen's pixels per point, the grid to which sizes are rounded up.
+  // Scale is the screen's number of pixels per point. Sizes are rounded up to whole pixels.
   TextLayout(Paragraph paragraph, double scale);
   ~TextLayout();
   TextLayout(TextLayout&&) noexcept;
@@ -56,18 +57,18 @@ class TextLayout {
 
   const Paragraph& paragraph() const;
 
-  // The size in points that the text takes at this width; laid out again at the measured width it has the same lines.
-  // A width that is not a positive finite number is no limit. Empty text measures 0 by 0.
+  // The size of the text if lines have at most this width. A layout with the measured width has the same lines. A width
+  // that is not a positive finite number means no limit. The size of empty text is zero.
   Size measure(double widthLimit) const;
 
-  // The lines that are shown at this width, at most the allowed number; 0 for empty text.
+  // The number of visible lines if lines have at most this width. Zero for empty text.
   int lineCount(double widthLimit) const;
 
-  // From the top of the first line to its baseline, in points; 0 for empty text.
+  // The distance from the top of the first line to its baseline. Zero for empty text.
   double firstBaseline() const;
 
-  // Draws inside the rectangle, in the middle of its height as a label does, aligned in its width. Lines that the
-  // height has no room for are left out as those beyond the allowed number, but never the first.
+  // Draws the text, centered vertically and aligned horizontally in the rectangle. Lines that do not fit into the
+  // height are truncated, but the first line is always drawn. An empty rectangle draws nothing.
   void draw(Canvas& canvas, const Rectangle& rectangle, const Color& color) const;
 
  private:

@@ -13,8 +13,9 @@ namespace foundation {
 
 namespace {
 
-// The policy's bits: how the value is held, and whether a getter hands out a reference that outlives the association.
-constexpr std::uintptr_t holdsValue = 1;
+// The bits of an association policy. The getter of an atomic association returns a reference that remains valid when
+// the association is removed.
+constexpr std::uintptr_t retainsValue = 1;
 constexpr std::uintptr_t copiesValue = 2;
 constexpr std::uintptr_t isAtomic = 0x300;
 
@@ -31,20 +32,20 @@ struct Table {
   ObjectFilter objects;
 };
 
-// Never destroyed: objects may go away while the process ends.
+// Never destroyed, because objects may be deallocated while the process exits.
 Table& table() {
   static Table& shared = *new Table;
   return shared;
 }
 
-id take(id value, std::uintptr_t policy) {
+id copyOrRetain(id value, std::uintptr_t policy) {
   if ((policy & copiesValue) != 0) return objc::send<id, "copy">(value);
-  if ((policy & holdsValue) != 0) return objc::send<id, "retain">(value);
+  if ((policy & retainsValue) != 0) return objc::send<id, "retain">(value);
   return value;
 }
 
 void release(const Association& association) {
-  if ((association.policy & holdsValue) != 0) objc::send<void, "release">(association.value);
+  if ((association.policy & retainsValue) != 0) objc::send<void, "release">(association.value);
 }
 
 Associations::iterator find(Associations& associations, const void* key) {
@@ -52,8 +53,8 @@ Associations::iterator find(Associations& associations, const void* key) {
                       [key](const Association& association) { return association.key == key; });
 }
 
-// Stores a value and answers what was there before.
-Association put(id object, const Association& added) {
+// Returns the replaced association, or an empty one.
+Association store(id object, const Association& added) {
   const std::lock_guard lock(table().mutex);
   const auto [entry, isNew] = table().entries.try_emplace(object);
   if (isNew) table().objects.add(object);
@@ -84,8 +85,8 @@ Associations removeAll(id object) {
 
 }  // namespace
 
-void forgetAssociations(id object) {
-  // A value that goes away may associate anew.
+void removeAssociations(id object) {
+  // Releasing a value can run code that adds another association to the object.
   while (table().objects.mayContain(object)) {
     const Associations removed = removeAll(object);
     if (removed.empty()) return;
@@ -100,8 +101,8 @@ extern "C" {
 void objc_setAssociatedObject(id object, const void* key, id value, std::uintptr_t policy) {
   using namespace foundation;
   if (object == nullptr) return;
-  // The old value is let go of outside the lock: its end may run any code.
-  release(value == nullptr ? remove(object, key) : put(object, {key, take(value, policy), policy}));
+  // The old value is released outside the lock, because its deallocation can run any code.
+  release(value == nullptr ? remove(object, key) : store(object, {key, copyOrRetain(value, policy), policy}));
 }
 
 id objc_getAssociatedObject(id object, const void* key) {
@@ -120,7 +121,7 @@ id objc_getAssociatedObject(id object, const void* key) {
 }
 
 void objc_removeAssociatedObjects(id object) {
-  if (object != nullptr) foundation::forgetAssociations(object);
+  if (object != nullptr) foundation::removeAssociations(object);
 }
 
 }  // extern "C"

@@ -1,11 +1,11 @@
-// Values associated with objects, under the platform's names (objc/runtime.hpp). Any thread.
+// Associated objects. The platform's functions for them are declared in objc/runtime.hpp. Any thread.
 #pragma once
 
 #include "objc/runtime.hpp"
 
 namespace foundation {
 
-// Lets go of what is associated with an object that is going away.
-void forgetAssociations(id object);
+// Removes and releases all values associated with an object that is being deallocated.
+void removeAssociations(id object);
 
 }  // namespace foundation

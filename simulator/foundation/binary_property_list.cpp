@@ -11,9 +11,9 @@ namespace {
 constexpr std::string_view magic = "bplist00";
 constexpr std::size_t trailerSize = 32;
 constexpr int maxNesting = 100;
-constexpr int maxVisits = 200'000;
+constexpr int maxVisitedObjects = 200'000;
 
-// The upper half of an object's first byte.
+// The upper four bits of an object's first byte.
 enum Kind : unsigned {
   Singleton = 0x0,
   Integer = 0x1,
@@ -28,98 +28,103 @@ enum Kind : unsigned {
   Dictionary = 0xd,
 };
 
-class Reader {
+class Validator {
  public:
-  explicit Reader(std::span<const unsigned char> list) : bytes(list) {}
+  explicit Validator(std::span<const unsigned char> list) : bytes_(list) {}
 
-  bool isSound() {
-    if (bytes.size() < magic.size() + trailerSize || !isBinaryPropertyList(bytes)) return false;
-    const std::size_t trailer = bytes.size() - trailerSize;
-    offsetSize = bytes[trailer + 6];
-    referenceSize = bytes[trailer + 7];
-    objectCount = number(trailer + 8, 8);
-    const std::uint64_t top = number(trailer + 16, 8);
-    table = number(trailer + 24, 8);
-    if (!isSize(offsetSize) || !isSize(referenceSize) || table < magic.size() || table > trailer) return false;
-    if (objectCount == 0 || objectCount > (trailer - table) / offsetSize) return false;
-    return isValidObject(top, 0);
+  bool isValid() {
+    if (bytes_.size() < magic.size() + trailerSize || !isBinaryPropertyList(bytes_)) return false;
+    const std::size_t trailer = bytes_.size() - trailerSize;
+    offsetSize_ = bytes_[trailer + 6];
+    referenceSize_ = bytes_[trailer + 7];
+    objectCount_ = readInteger(trailer + 8, 8);
+    const std::uint64_t rootObject = readInteger(trailer + 16, 8);
+    offsetTable_ = readInteger(trailer + 24, 8);
+    if (!isIntegerSize(offsetSize_) || !isIntegerSize(referenceSize_)) return false;
+    if (offsetTable_ < magic.size() || offsetTable_ > trailer) return false;
+    if (objectCount_ == 0 || objectCount_ > (trailer - offsetTable_) / offsetSize_) return false;
+    return isValidObject(rootObject, 0);
   }
 
  private:
-  static bool isSize(std::size_t size) { return size == 1 || size == 2 || size == 4 || size == 8; }
+  static bool isIntegerSize(std::size_t size) { return size == 1 || size == 2 || size == 4 || size == 8; }
 
-  std::uint64_t number(std::size_t at, std::size_t size) const {
+  std::uint64_t readInteger(std::size_t offset, std::size_t size) const {
     std::uint64_t value = 0;
-    for (std::size_t index = 0; index < size; ++index) value = value << 8 | bytes[at + index];
+    for (std::size_t index = 0; index < size; ++index) value = value << 8 | bytes_[offset + index];
     return value;
   }
 
-  bool fits(std::uint64_t at, std::uint64_t count, std::uint64_t size) const {
-    return at <= table && count <= (table - at) / size;
+  // Whether so many elements lie before the offset table, where the objects end.
+  bool fits(std::uint64_t offset, std::uint64_t count, std::uint64_t elementSize) const {
+    return offset <= offsetTable_ && count <= (offsetTable_ - offset) / elementSize;
   }
 
-  // The number of what follows, and where it begins.
-  struct Extent {
+  // The elements of an object: their number, and the offset of the first.
+  struct Elements {
     std::uint64_t count;
     std::uint64_t begin;
   };
-  std::optional<Extent> extent(std::uint64_t at, unsigned low) const {
-    if (low != 0xf) return Extent{low, at + 1};
-    if (!fits(at + 1, 2, 1) || bytes[at + 1] >> 4 != Integer) return std::nullopt;
-    const unsigned power = bytes[at + 1] & 0xf;
-    if (power > 3 || !fits(at + 2, std::uint64_t{1} << power, 1)) return std::nullopt;
-    return Extent{number(at + 2, std::size_t{1} << power), at + 2 + (std::uint64_t{1} << power)};
+  // `size` is the lower half of the object's first byte: the number of elements, or 15 if an integer with the number
+  // follows.
+  std::optional<Elements> elementsOf(std::uint64_t object, unsigned size) const {
+    if (size != 0xf) return Elements{size, object + 1};
+    if (!fits(object + 1, 2, 1) || bytes_[object + 1] >> 4 != Integer) return std::nullopt;
+    const unsigned power = bytes_[object + 1] & 0xf;
+    if (power > 3 || !fits(object + 2, std::uint64_t{1} << power, 1)) return std::nullopt;
+    return Elements{readInteger(object + 2, std::size_t{1} << power), object + 2 + (std::uint64_t{1} << power)};
   }
 
-  bool isValidObject(std::uint64_t object, int depth) {
-    if (object >= objectCount || depth > maxNesting || ++visits > maxVisits) return false;
-    const std::uint64_t at = number(table + object * offsetSize, offsetSize);
-    if (at < magic.size() || at >= table) return false;
-    const unsigned low = bytes[at] & 0xf;
-    switch (bytes[at] >> 4) {
+  bool isValidObject(std::uint64_t reference, int depth) {
+    if (reference >= objectCount_ || depth > maxNesting || ++visitedObjects_ > maxVisitedObjects) return false;
+    const std::uint64_t object = readInteger(offsetTable_ + reference * offsetSize_, offsetSize_);
+    if (object < magic.size() || object >= offsetTable_) return false;
+    const unsigned size = bytes_[object] & 0xf;
+    switch (bytes_[object] >> 4) {
       case Singleton:
         return true;
       case Integer:
       case Real:
-        return low <= 4 && fits(at + 1, std::uint64_t{1} << low, 1);
+        return size <= 4 && fits(object + 1, std::uint64_t{1} << size, 1);
       case Date:
-        return fits(at + 1, 8, 1);
+        return fits(object + 1, 8, 1);
       case Identifier:
-        return fits(at + 1, low + 1, 1);
+        return fits(object + 1, size + 1, 1);
       case Data:
       case Ascii:
-        return hasRoom(at, low, 1);
+        return hasElements(object, size, 1);
       case Utf16:
-        return hasRoom(at, low, 2);
+        return hasElements(object, size, 2);
       case Array:
       case Set:
-        return areSoundMembers(at, low, 1, depth);
+        return hasValidMembers(object, size, 1, depth);
       case Dictionary:
-        return areSoundMembers(at, low, 2, depth);
+        return hasValidMembers(object, size, 2, depth);
       default:
         return false;
     }
   }
 
-  bool hasRoom(std::uint64_t at, unsigned low, std::uint64_t size) const {
-    const std::optional<Extent> found = extent(at, low);
-    return found && fits(found->begin, found->count, size);
+  bool hasElements(std::uint64_t object, unsigned size, std::uint64_t elementSize) const {
+    const std::optional<Elements> elements = elementsOf(object, size);
+    return elements && fits(elements->begin, elements->count, elementSize);
   }
 
-  bool areSoundMembers(std::uint64_t at, unsigned low, std::uint64_t referencesEach, int depth) {
-    const std::optional<Extent> found = extent(at, low);
-    if (!found || !fits(found->begin, found->count, referenceSize * referencesEach)) return false;
-    for (std::uint64_t index = 0; index < found->count * referencesEach; ++index)
-      if (!isValidObject(number(found->begin + index * referenceSize, referenceSize), depth + 1)) return false;
+  bool hasValidMembers(std::uint64_t object, unsigned size, std::uint64_t referencesEach, int depth) {
+    const std::optional<Elements> elements = elementsOf(object, size);
+    if (!elements || !fits(elements->begin, elements->count, referenceSize_ * referencesEach)) return false;
+    for (std::uint64_t index = 0; index < elements->count * referencesEach; ++index)
+      if (!isValidObject(readInteger(elements->begin + index * referenceSize_, referenceSize_), depth + 1))
+        return false;
     return true;
   }
 
-  std::span<const unsigned char> bytes;
-  std::size_t offsetSize = 0;
-  std::size_t referenceSize = 0;
-  std::uint64_t objectCount = 0;
-  std::uint64_t table = 0;
-  int visits = 0;
+  std::span<const unsigned char> bytes_;
+  std::size_t offsetSize_ = 0;
+  std::size_t referenceSize_ = 0;
+  std::uint64_t objectCount_ = 0;
+  std::uint64_t offsetTable_ = 0;
+  int visitedObjects_ = 0;
 };
 
 }  // namespace
@@ -128,6 +133,6 @@ bool isBinaryPropertyList(std::span<const unsigned char> bytes) {
   return std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()).starts_with("bplist");
 }
 
-bool isValidBinaryPropertyList(std::span<const unsigned char> bytes) { return Reader(bytes).isSound(); }
+bool isValidBinaryPropertyList(std::span<const unsigned char> bytes) { return Validator(bytes).isValid(); }
 
 }  // namespace foundation

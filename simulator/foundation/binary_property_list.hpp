@@ -1,4 +1,5 @@
-// The binary format of property lists, as far as needed to tell whether one can be read safely.
+// Validation of property lists in the binary format. It protects GNUstep's reader, which trusts every offset, count and
+// reference in the data. Any thread.
 #pragma once
 
 #include <cstddef>
@@ -6,11 +7,11 @@
 
 namespace foundation {
 
-// By its first bytes.
+// Whether the data begins with the signature of the binary format.
 bool isBinaryPropertyList(std::span<const unsigned char> bytes);
 
-// Whether all that the list refers to lies inside it, and it nests neither in itself nor deeper or wider than any list
-// that was written in earnest: GNUstep follows whatever a list says.
+// Whether GNUstep can read the list safely: all offsets and references lie inside the data, no object contains itself,
+// and nesting depth and object count are below fixed limits.
 bool isValidBinaryPropertyList(std::span<const unsigned char> bytes);
 
 }  // namespace foundation

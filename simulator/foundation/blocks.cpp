@@ -1,5 +1,6 @@
-// The blocks runtime, after the published block ABI. GNUstep's own copies the heap block back over the stack block,
-// which breaks captured C++ objects, and counts without atomicity, which breaks blocks shared between threads.
+// The blocks runtime, according to the published block ABI. GNUstep's own is not usable: it copies the heap block back
+// over the stack block, which breaks captured C++ objects, and its reference counts are not atomic, which breaks blocks
+// that threads share.
 #include <atomic>
 #include <cstdlib>
 #include <cstring>

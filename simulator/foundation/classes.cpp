@@ -17,7 +17,7 @@ namespace foundation {
 
 void registerClasses() {
   const objc::AutoreleasePool pool;
-  installDeallocation();
+  installDeallocationHooks();
   installDates();
   installPlatformPaths();
   installLocale();

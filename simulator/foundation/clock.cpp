@@ -16,8 +16,8 @@ Nanoseconds read(clockid_t source) {
   return time.tv_sec * nanosecondsInSecond + time.tv_nsec;
 }
 
-std::atomic<ClockMode> chosen = ClockMode::Real;
-std::atomic<Nanoseconds> stepped = 0;
+std::atomic<ClockMode> currentMode = ClockMode::Real;
+std::atomic<Nanoseconds> steppedTime = 0;
 std::atomic<double> unixTimeAtZero = 0;
 
 Nanoseconds processStart() {
@@ -25,24 +25,24 @@ Nanoseconds processStart() {
   return start;
 }
 
-// Taken when the library is mapped, so that no later first use moves it.
-[[maybe_unused]] const Nanoseconds startTaken = processStart();
+// Reads the start time when the library is mapped. The first use of the clock would be too late.
+[[maybe_unused]] const Nanoseconds startReadAtLoad = processStart();
 
 }  // namespace
 
-ClockMode mode() { return chosen; }
+ClockMode mode() { return currentMode; }
 
 Nanoseconds realNow() { return read(CLOCK_MONOTONIC) - processStart(); }
 
-Nanoseconds now() { return mode() == ClockMode::Stepped ? stepped.load() : realNow(); }
+Nanoseconds now() { return mode() == ClockMode::Stepped ? steppedTime.load() : realNow(); }
 
-void choose(ClockMode mode, double unixTime) {
-  stepped = 0;
+void setMode(ClockMode mode, double unixTime) {
+  steppedTime = 0;
   unixTimeAtZero = unixTime;
-  chosen = mode;
+  currentMode = mode;
 }
 
-void moveTo(Nanoseconds when) { stepped = when; }
+void setSteppedTime(Nanoseconds time) { steppedTime = time; }
 
 Nanoseconds systemTime(Nanoseconds when) { return later(processStart(), when); }
 

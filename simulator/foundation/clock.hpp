@@ -1,4 +1,4 @@
-// The process's one clock in whole nanoseconds: real, or moved by hand.
+// The clock of the process, in whole nanoseconds. It is either the system's clock or a clock that a script steps.
 #pragma once
 
 #include "simulator/foundation/main_queue.hpp"
@@ -7,15 +7,15 @@
 namespace foundation::clock {
 
 ClockMode mode();
-// Since the process began, by the clock in use. Any thread.
+// The time since the process started, on the current clock. Any thread.
 Nanoseconds now();
-// By the real clock, whichever is in use. Any thread.
+// The time since the process started, on the real clock in either mode. Any thread.
 Nanoseconds realNow();
-// Changes the clock; a stepped one starts at zero. Main thread.
-void choose(ClockMode mode, double unixTime);
-// Sets a stepped clock; has no effect on a real one.
-void moveTo(Nanoseconds when);
-// The monotonic system time at which the real clock shows `when`.
+// Selects the clock. A stepped clock starts at zero, and dates show `unixTime` at that time point. Main thread.
+void setMode(ClockMode mode, double unixTime);
+// Sets the time of a stepped clock. Has no effect on the real clock.
+void setSteppedTime(Nanoseconds time);
+// The CLOCK_MONOTONIC time at which the real clock shows `when`.
 Nanoseconds systemTime(Nanoseconds when);
 
 }  // namespace foundation::clock

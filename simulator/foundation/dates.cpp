@@ -7,7 +7,7 @@ namespace foundation {
 
 namespace {
 
-// The first moment of 2001, from which the platform counts, in seconds since 1970.
+// The platform's reference date, the start of 2001, in seconds since 1970.
 constexpr double referenceDate = 978307200;
 
 double timeIntervalSinceReferenceDate(Class, SEL) { return unixTimeNow() - referenceDate; }

@@ -15,29 +15,29 @@ using Method = void (*)(id, SEL);
 Method originalRelease = nullptr;
 Method originalDealloc = nullptr;
 
-// The objects whose last reference this thread is releasing, innermost first.
-struct Dying;
-thread_local const Dying* innermost = nullptr;
+// A list of the objects whose last reference this thread is releasing, innermost first.
+struct Deallocation;
+thread_local const Deallocation* innermost = nullptr;
 
-struct Dying {
-  explicit Dying(id dyingObject) : object(dyingObject), outer(innermost) { innermost = this; }
-  Dying(const Dying&) = delete;
-  Dying& operator=(const Dying&) = delete;
-  ~Dying() { innermost = outer; }
+struct Deallocation {
+  explicit Deallocation(id deallocated) : object(deallocated), outer(innermost) { innermost = this; }
+  Deallocation(const Deallocation&) = delete;
+  Deallocation& operator=(const Deallocation&) = delete;
+  ~Deallocation() { innermost = outer; }
 
   id object;
-  const Dying* outer;
+  const Deallocation* outer;
 };
 
 void release(id self, SEL selector) {
   if (releaseUnlessLast(self, selector, originalRelease) == ReleaseOutcome::Released) return;
-  const Dying dying(self);
+  const Deallocation deallocation(self);
   originalRelease(self, selector);
 }
 
 void dealloc(id self, SEL selector) {
   clearWeakReferences(self);
-  forgetAssociations(self);
+  removeAssociations(self);
   originalDealloc(self, selector);
 }
 
@@ -50,22 +50,22 @@ Method replace(SEL selector, Method replacement) {
 }  // namespace
 
 bool isDeallocating(id object) {
-  for (const Dying* dying = innermost; dying != nullptr; dying = dying->outer)
-    if (dying->object == object) return true;
+  for (const Deallocation* each = innermost; each != nullptr; each = each->outer)
+    if (each->object == object) return true;
   return false;
 }
 
-void installDeallocation() {
+void installDeallocationHooks() {
   originalRelease = replace(objc::selector<"release">(), &release);
   originalDealloc = replace(objc::selector<"dealloc">(), &dealloc);
 }
 
 }  // namespace foundation
 
-// Foundation's strings, numbers, data, arrays and dictionaries end here without NSObject's -dealloc.
+// Foundation's strings, numbers, data, arrays and dictionaries call this function and not NSObject's -dealloc.
 extern "C" void NSDeallocateObject(id object) {
   static const auto original = reinterpret_cast<void (*)(id)>(dlsym(RTLD_NEXT, "NSDeallocateObject"));
   foundation::clearWeakReferences(object);
-  foundation::forgetAssociations(object);
+  foundation::removeAssociations(object);
   original(object);
 }

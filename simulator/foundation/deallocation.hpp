@@ -1,14 +1,15 @@
-// The end of objects: where weak references are cleared and associated values let go.
+// Hooks into the deallocation of objects. They clear weak references and release associated objects.
 #pragma once
 
 #include "objc/runtime.hpp"
 
 namespace foundation {
 
-// Watches every object's last release and deallocation. Once, before objects are associated or referred to weakly.
-void installDeallocation();
+// Hooks the last release and the deallocation of every object. Call it once, before the first association or weak
+// reference. Main thread.
+void installDeallocationHooks();
 
-// Whether this thread is releasing the object's last reference.
+// Whether the current thread is releasing the object's last reference.
 bool isDeallocating(id object);
 
 }  // namespace foundation

@@ -33,8 +33,8 @@ bool isReplaced(const std::string& line) {
   return false;
 }
 
-// The system's configuration with the user's folders inside the root, and without the user's own file, which could
-// name others.
+// The system's configuration, with the user's folders inside the root. The user's own configuration file is replaced,
+// because it could select other folders.
 std::string configurationText(const fs::path& folder) {
   std::string text;
   std::ifstream system(systemConfiguration);
@@ -50,7 +50,7 @@ std::string contentsOf(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// Whole or not at all: another process of the same root may be starting.
+// Replaces the file atomically, because another process of the same root may be starting.
 void writeFile(const fs::path& path, const std::string& text) {
   if (contentsOf(path) == text) return;
   const fs::path unfinished = path.native() + "." + std::to_string(getpid());
@@ -58,13 +58,13 @@ void writeFile(const fs::path& path, const std::string& text) {
   file << text;
   file.close();
   if (!file) throw fs::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
-  // Foundation does not believe a configuration that others may write.
+  // Foundation ignores a configuration file that other users can write.
   fs::permissions(unfinished, fs::perms::owner_read | fs::perms::owner_write);
   fs::rename(unfinished, path);
 }
 
-// Foundation keeps the environment that the process began with; this makes it look again.
-void renewFoundationEnvironment() {
+// Foundation copies the environment when the process starts. This makes it read the environment again.
+void reloadFoundationEnvironment() {
   std::ifstream commandLine("/proc/self/cmdline");
   std::vector<std::string> words;
   for (std::string word; std::getline(commandLine, word, '\0');) words.push_back(word);
@@ -80,7 +80,7 @@ std::optional<std::string> checkDatabase(const fs::path& folder) {
   const objc::AutoreleasePool pool;
   const fs::path used = GSDefaultsRootForUser(NSUserName())->UTF8String();
   if (used == folder / "Defaults") return std::nullopt;
-  return "Foundation was in use before its root was chosen: its database is at " + used.string();
+  return "Foundation was used before the root was set; its database is at " + used.string() + " and not in the root";
 }
 
 }  // namespace
@@ -89,8 +89,8 @@ std::optional<std::string> isolateDefaults(const fs::path& root) {
   fs::path folder;
   fs::path configuration;
   try {
-    useDaemonOf(root);
-    folder = plainPathOfRoot() / folderInRoot;
+    useDaemonOfRoot(root);
+    folder = aliasOfRoot() / folderInRoot;
     configuration = folder / "GNUstep.conf";
     fs::create_directories(folder / "Defaults");
     writeFile(configuration, configurationText(folder));
@@ -98,7 +98,7 @@ std::optional<std::string> isolateDefaults(const fs::path& root) {
     return error.path1().string() + ": " + error.code().message();
   }
   setenv("GNUSTEP_CONFIG_FILE", configuration.c_str(), 1);
-  renewFoundationEnvironment();
+  reloadFoundationEnvironment();
   return checkDatabase(folder);
 }
 

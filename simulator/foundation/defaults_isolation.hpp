@@ -1,4 +1,4 @@
-// A defaults database and a notification daemon of a root's own.
+// A separate user-defaults database and notification daemon for each root.
 #pragma once
 
 #include <filesystem>
@@ -7,8 +7,9 @@
 
 namespace foundation {
 
-// Before any other use of Foundation. The answer is the reason of a failure, nothing on success. Child processes
-// inherit it.
+// Configures Foundation, through the environment, to use the database and the daemon of this root. Child processes
+// inherit the configuration. Call it before any other use of Foundation. Returns the reason of a failure, or nothing on
+// success.
 [[nodiscard]] std::optional<std::string> isolateDefaults(const std::filesystem::path& root);
 
 }  // namespace foundation

@@ -1,4 +1,4 @@
-// A file descriptor that is closed with its owner.
+// Owns a file descriptor and closes it when destroyed.
 #pragma once
 
 #include <unistd.h>
@@ -7,25 +7,26 @@
 
 namespace foundation {
 
-class Descriptor {
+class FileDescriptor {
  public:
-  Descriptor() = default;
-  // Takes over what open and its like have answered; negative is none.
-  explicit Descriptor(int opened) : number(opened) {}
-  Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
-  Descriptor& operator=(Descriptor&& other) noexcept {
-    std::swap(number, other.number);
+  FileDescriptor() = default;
+  // Takes ownership of an open descriptor. A negative value, such as a failed open returns, means none.
+  explicit FileDescriptor(int opened) : descriptor_(opened) {}
+  FileDescriptor(FileDescriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    std::swap(descriptor_, other.descriptor_);
     return *this;
   }
-  ~Descriptor() {
-    if (isOpen()) close(number);
+  ~FileDescriptor() {
+    if (isOpen()) close(descriptor_);
   }
 
-  bool isOpen() const { return number >= 0; }
-  int get() const { return number; }
+  bool isOpen() const { return descriptor_ >= 0; }
+  // Remains owned by this object. Negative if none is open.
+  int get() const { return descriptor_; }
 
  private:
-  int number = -1;
+  int descriptor_ = -1;
 };
 
 }  // namespace foundation

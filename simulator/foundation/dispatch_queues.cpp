@@ -1,4 +1,4 @@
-// Dispatch queues over the main queue and serial queues. Deadlines of every queue follow the process's clock.
+// Dispatch queues, implemented by the main queue and serial queues. All deadlines follow the process's clock.
 #include "simulator/foundation/dispatch_queues.hpp"
 
 #include <pthread.h>
@@ -15,11 +15,10 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/serial_queue.hpp"
 
-// The main queue has no serial queue behind it.
 struct dispatch_queue_s {
   explicit constexpr dispatch_queue_s(foundation::SerialQueue* queue) : serial(queue) {}
 
-  foundation::SerialQueue* serial;
+  foundation::SerialQueue* serial;  // null for the main queue
 };
 
 namespace {
@@ -28,8 +27,8 @@ using Work = objc::Block<void()>;
 
 bool isMainThread() { return getpid() == gettid(); }
 
-[[noreturn]] void dieOfWaitingForItself() {
-  std::fputs("dispatch_sync called on a queue that is already running the caller\n", stderr);
+[[noreturn]] void abortOnDeadlock() {
+  std::fputs("dispatch_sync was called from work of the same queue, which is a deadlock\n", stderr);
   std::abort();
 }
 
@@ -47,8 +46,9 @@ void runOnMainThreadAndWait(const std::function<void()>& work) {
   changed.wait(lock, [&] { return done; });
 }
 
-std::function<void()> keep(Work* work) {
-  return [kept = objc::BlockRef<void()>(work)] { (*kept.get())(); };
+// A function that retains the block and calls it.
+std::function<void()> functionOf(Work* work) {
+  return [retained = objc::BlockRef<void()>(work)] { (*retained.get())(); };
 }
 
 }  // namespace
@@ -64,12 +64,12 @@ dispatch_queue_t dispatch_queue_create(const char*, void*) {
   return &queues.emplace_back(new foundation::SerialQueue);
 }
 
-// Queues live as long as the process.
+// Queues are never destroyed.
 void dispatch_retain(dispatch_queue_t) {}
 
 dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds) {
   if (when == DISPATCH_TIME_FOREVER) return when;
-  // Zero is "now" to every caller, so the clock's times are one more than what it shows.
+  // Callers use zero for the current time, so a dispatch time is the clock's time plus one.
   const dispatch_time_t base = when == 0 ? static_cast<dispatch_time_t>(foundation::clock::now()) + 1 : when;
   if (nanoseconds < 0) {
     const dispatch_time_t back = dispatch_time_t{0} - static_cast<dispatch_time_t>(nanoseconds);
@@ -81,9 +81,9 @@ dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds) {
 
 void dispatch_async(dispatch_queue_t queue, Work* work) {
   if (queue->serial != nullptr) {
-    queue->serial->async(keep(work));
+    queue->serial->async(functionOf(work));
   } else {
-    foundation::onMainThread(keep(work));
+    foundation::onMainThread(functionOf(work));
   }
 }
 
@@ -92,19 +92,19 @@ void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, Work* work) {
   const foundation::Nanoseconds deadline =
       when == 0 ? foundation::clock::now() : static_cast<foundation::Nanoseconds>(when - 1);
   if (queue->serial == nullptr) {
-    foundation::onMainThreadAt(deadline, keep(work));
+    foundation::onMainThreadAt(deadline, functionOf(work));
   } else {
-    foundation::onMainThreadAt(deadline, [serial = queue->serial, kept = keep(work)] { serial->async(kept); });
+    foundation::onMainThreadAt(deadline, [serial = queue->serial, run = functionOf(work)] { serial->async(run); });
   }
 }
 
 void dispatch_sync(dispatch_queue_t queue, Work* work) {
   const auto run = [work] { (*work)(); };
   if (queue->serial == nullptr) {
-    if (isMainThread()) dieOfWaitingForItself();
+    if (isMainThread()) abortOnDeadlock();
     runOnMainThreadAndWait(run);
   } else {
-    if (queue->serial->isRunningCaller()) dieOfWaitingForItself();
+    if (queue->serial->isRunningCaller()) abortOnDeadlock();
     queue->serial->sync(run);
   }
 }

@@ -1,12 +1,11 @@
-// What dispatch offers beside platform/dispatch.hpp: queues of the caller's own.
+// The dispatch functions that the library does not use and platform/dispatch.hpp therefore does not declare.
 #pragma once
 
 #include "platform/dispatch.hpp"
 
 extern "C" {
-// A serial queue, which lives as long as the process. The label is for the reader; attributes are not looked at. Any
-// thread.
+// Creates a serial queue, which is never destroyed. The label and the attributes are ignored. Any thread.
 dispatch_queue_t dispatch_queue_create(const char* label, void* attributes);
-// The moment that never comes, for dispatch_after.
+// A deadline that is never reached, for dispatch_after.
 inline constexpr dispatch_time_t DISPATCH_TIME_FOREVER = ~dispatch_time_t{0};
 }

@@ -11,21 +11,21 @@
 
 namespace foundation {
 
-// The daemon holds a bare address and sends to it whatever has become of the object; so it is given one of these, which
-// stay.
+// The observer that is registered with the daemon in place of the caller's. The connection to the daemon stores an
+// unretained pointer and uses it even after the object is deallocated, so this object is never deallocated.
 class DistributedObserver : public objc::Interface<"BrimDistributedObserver", NSObject> {};
 
 }  // namespace foundation
 
 struct DistributedObserverState {
   objc::Weak<NSObject> observer;
-  // Also that of an observer which is just ending.
+  // Identifies the observer in removeObserver, which is often called during its deallocation, when `observer` is null.
   const NSObject* address = nullptr;
   SEL selector = nullptr;
   objc::Ref<NSString> name;
   objc::Ref<NSString> object;
   NSUInteger suspensionBehavior = 0;
-  bool isKnownToDaemon = false;
+  bool isRegistered = false;
 };
 template <>
 struct objc::StateOf<foundation::DistributedObserver> {
@@ -39,21 +39,22 @@ namespace {
 using Center = NSDistributedNotificationCenter;
 using Observers = std::vector<objc::Ref<DistributedObserver>>;
 
-// The daemon takes in a post while it hands on the one before, one inside the other, and ends when its stack does.
-constexpr int postsAhead = 8;
+// The daemon accepts a post while it still delivers the previous one, recursively. Too many posts without a pause
+// exhaust its stack.
+constexpr int maxUnansweredPosts = 8;
 
 Observers& observers() {
   static Observers& all = *new Observers;
   return all;
 }
 
-// Whether somebody speaks to the daemon, which may hand something on meanwhile.
-bool isSpeaking = false;
+// Whether this process is calling the daemon. The daemon can deliver notifications during the call.
+bool isCallingDaemon = false;
 
-// How many notifications wait on the main queue.
-int waiting = 0;
+// The number of notifications that wait on the main queue.
+int pendingNotifications = 0;
 
-void tell(DistributedObserver* self, NSNotification* notification) {
+void notify(DistributedObserver* self, NSNotification* notification) {
   const DistributedObserverState& state = objc::state(self);
   const objc::Ref<NSObject> observer = state.observer.lock();
   if (observer == nullptr) return;
@@ -61,18 +62,18 @@ void tell(DistributedObserver* self, NSNotification* notification) {
   objc::detail::call<void>(objc::implementationFor(target, state.selector), target, state.selector, notification);
 }
 
-// Whoever speaks to the daemon does not expect to be told of anything before that is done, and what came first is told
-// first.
+// A notification that arrives during a call to the daemon is delivered later, because the caller does not expect
+// observers to run inside its call. Notifications behind it wait too, which preserves their order.
 void deliver(DistributedObserver* self, NSNotification* notification) {
-  if (!isSpeaking && waiting == 0) return tell(self, notification);
-  ++waiting;
-  onMainThread([observer = objc::retain(self), later = objc::retain(notification)] {
-    --waiting;
-    tell(observer.get(), later.get());
+  if (!isCallingDaemon && pendingNotifications == 0) return notify(self, notification);
+  ++pendingNotifications;
+  onMainThread([observer = objc::retain(self), pending = objc::retain(notification)] {
+    --pendingNotifications;
+    notify(observer.get(), pending.get());
   });
 }
 
-// Foundation raises where the daemon is gone, or cannot be started.
+// Foundation raises an exception if the daemon has ended or cannot be started.
 template <class Work>
 bool succeeds(const Work& work) try {
   work();
@@ -81,33 +82,33 @@ bool succeeds(const Work& work) try {
   return false;
 }
 
-// The daemon that knows the observers, where it can be watched.
-Descriptor& knownDaemon() {
-  static auto& daemon = *new Descriptor;
+// Watches the daemon with which the observers are registered. Not open if there is none.
+FileDescriptor& watchedDaemon() {
+  static auto& daemon = *new FileDescriptor;
   return daemon;
 }
 
-// What Foundation has not noticed yet: it forgets the daemon when the connection becomes invalid.
-void forgetDaemon(Center* center) {
+// Makes Foundation drop the connection to a daemon that has ended. Foundation may not have noticed the end yet.
+void disconnect(Center* center) {
   void* remote = nullptr;
   object_getInstanceVariable(objc::detail::toId(center), "_remote", &remote);
   if (remote == nullptr) return;
   succeeds([remote] { objc::send<void, "invalidate">(objc::send<NSObject*, "connectionForProxy">(remote)); });
 }
 
-// A daemon that has ended since is met with once.
+// Tries again with a new daemon if the daemon has ended.
 template <class Work>
-bool succeedsWithSomeDaemon(Center* center, const Work& work) {
+bool succeedsWithRetry(Center* center, const Work& work) {
   if (succeeds(work)) return true;
-  forgetDaemon(center);
+  disconnect(center);
   return succeeds(work);
 }
 
-struct Speaking {
-  Speaking() { isSpeaking = true; }
-  Speaking(const Speaking&) = delete;
-  Speaking& operator=(const Speaking&) = delete;
-  ~Speaking() { isSpeaking = false; }
+struct DaemonCall {
+  DaemonCall() { isCallingDaemon = true; }
+  DaemonCall(const DaemonCall&) = delete;
+  DaemonCall& operator=(const DaemonCall&) = delete;
+  ~DaemonCall() { isCallingDaemon = false; }
 };
 
 using Add = objc::Original<void(Center*, NSObject*, SEL, NSString*, NSString*, NSUInteger)>;
@@ -118,22 +119,22 @@ using Invalidated = objc::Original<void(Center*, NSNotification*)>;
 void addObserver(Add original, Center* self, NSObject* observer, SEL selector, NSString* name, NSString* object,
                  NSUInteger suspensionBehavior);
 
-void introduce(Center* center, const objc::Ref<DistributedObserver>& observer) {
+void registerObserver(Center* center, const objc::Ref<DistributedObserver>& observer) {
   using Hook = objc::detail::HookOf<&addObserver>;
   const Add original(Hook::replaced, objc::selector<"addObserver:selector:name:object:suspensionBehavior:">());
   DistributedObserverState& state = objc::state(observer.get());
-  if (state.isKnownToDaemon) return;
-  state.isKnownToDaemon = succeeds([&] {
+  if (state.isRegistered) return;
+  state.isRegistered = succeeds([&] {
     original(center, observer, objc::selector<"deliver:">(), state.name, state.object, state.suspensionBehavior);
   });
 }
 
-bool introduceAll(Center* center) {
-  // A daemon that ends meanwhile is forgotten, and with it who was introduced.
+bool registerAllObservers(Center* center) {
+  // If the daemon ends during the first loop, connectionInvalidated resets isRegistered of all observers.
   const Observers all = observers();
-  for (const auto& observer : all) introduce(center, observer);
+  for (const auto& observer : all) registerObserver(center, observer);
   for (const auto& observer : all)
-    if (!objc::state(observer.get()).isKnownToDaemon) return false;
+    if (!objc::state(observer.get()).isRegistered) return false;
   return true;
 }
 
@@ -148,45 +149,47 @@ void addObserver(Add, Center* self, NSObject* observer, SEL selector, NSString* 
   state.object = objc::retain(object);
   state.suspensionBehavior = suspensionBehavior;
   observers().push_back(added);
-  introduce(self, added);
-  if (!state.isKnownToDaemon) knownDaemon() = {};
+  registerObserver(self, added);
+  if (!state.isRegistered) watchedDaemon() = {};
 }
 
-bool covers(NSString* wanted, NSString* present) {
+// Nil as the wanted string matches everything.
+bool matches(NSString* wanted, NSString* present) {
   return wanted == nullptr || (present != nullptr && wanted->isEqualToString(present));
 }
 
 void removeObserver(Remove original, Center* self, NSObject* observer, NSString* name, NSString* object) {
   std::erase_if(observers(), [&](const objc::Ref<DistributedObserver>& candidate) {
     const DistributedObserverState& state = objc::state(candidate.get());
-    if (state.address != observer || !covers(name, state.name) || !covers(object, state.object)) return false;
-    // The daemon may still be sending to it.
+    if (state.address != observer || !matches(name, state.name) || !matches(object, state.object)) return false;
+    // Never released, because the daemon may still send a notification to it.
     objc::retainObject(candidate.get());
     succeeds([&] { original(self, candidate, state.name, state.object); });
     return true;
   });
 }
 
-// Unlike a post, this waits for the daemon's answer.
-void awaitAnswer(Center* center) { objc::send<void, "setSuspended:">(center, false); }
+// Unlike a post, this call waits for the daemon's reply.
+void waitForDaemon(Center* center) { objc::send<void, "setSuspended:">(center, false); }
 
 void post(Post original, Center* self, NSString* name, NSString* object, NSDictionary* userInfo, bool immediately) {
-  const Speaking speaking;
-  if (!succeedsWithSomeDaemon(self, [&] { original(self, name, object, userInfo, immediately); })) {
-    std::fprintf(stderr, "the notification %s was not posted: there is no notification daemon, and none starts\n",
+  const DaemonCall call;
+  if (!succeedsWithRetry(self, [&] { original(self, name, object, userInfo, immediately); })) {
+    std::fprintf(stderr,
+                 "the notification %s was not posted: the notification daemon does not run and cannot be started\n",
                  name->UTF8String());
     return;
   }
   static int unanswered = 0;
-  unanswered = (unanswered + 1) % postsAhead;
-  if (unanswered == 0) succeeds([self] { awaitAnswer(self); });
+  unanswered = (unanswered + 1) % maxUnansweredPosts;
+  if (unanswered == 0) succeeds([self] { waitForDaemon(self); });
 }
 
 void connectionInvalidated(Invalidated original, Center* self, NSNotification* notification) {
   original(self, notification);
-  for (const auto& observer : observers()) objc::state(observer.get()).isKnownToDaemon = false;
-  knownDaemon() = {};
-  if (!observers().empty()) onMainThread([self] { introduceAll(self); });
+  for (const auto& observer : observers()) objc::state(observer.get()).isRegistered = false;
+  watchedDaemon() = {};
+  if (!observers().empty()) onMainThread([self] { registerAllObservers(self); });
 }
 
 template <auto function, objc::FixedString selector>
@@ -206,14 +209,14 @@ void installDistributedNotifications() {
   replace<&connectionInvalidated, "_invalidated:">();
 }
 
-bool joinDistributedNotifications() {
-  if (daemonRuns(knownDaemon())) return true;
-  const Speaking speaking;
+bool connectToNotificationDaemon() {
+  if (isDaemonRunning(watchedDaemon())) return true;
+  const DaemonCall call;
   const objc::AutoreleasePool pool;
   Center* center = Center::defaultCenter();
-  const bool answered = succeedsWithSomeDaemon(center, [center] { awaitAnswer(center); });
-  if (!answered || !introduceAll(center)) return false;
-  knownDaemon() = watchDaemon();
+  const bool isConnected = succeedsWithRetry(center, [center] { waitForDaemon(center); });
+  if (!isConnected || !registerAllObservers(center)) return false;
+  watchedDaemon() = watchDaemon();
   return true;
 }
 

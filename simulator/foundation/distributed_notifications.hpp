@@ -1,14 +1,16 @@
-// Distributed notifications as the phone has them where GNUstep's differ: an observer that has ended is left out, a
-// daemon that was replaced knows the observers again, and a post that nobody can carry is dropped without a word.
+// Adapts GNUstep's distributed notification center to the platform's behavior: a deallocated observer is skipped,
+// observers are registered again with a daemon that was restarted, and a post without a daemon fails with a message on
+// standard error instead of an exception.
 #pragma once
 
 namespace foundation {
 
-// Once, before the process's first observer. Connects to nothing by itself.
+// Installs the replaced methods. Call it once, before the process adds its first observer. Does not connect to the
+// daemon. Main thread.
 void installDistributedNotifications();
 
-// Asks the daemon, which is started where there is none. When the answer is true, what other processes post from now on
-// reaches the observers of this one. Main thread.
-bool joinDistributedNotifications();
+// Connects to the notification daemon and starts it if none runs. Returns true if notifications that other processes
+// post from now on reach the observers of this process. Main thread.
+bool connectToNotificationDaemon();
 
 }  // namespace foundation

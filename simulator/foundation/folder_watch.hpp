@@ -1,4 +1,4 @@
-// Tells which files of one folder have changed, as the system reports it.
+// Reports which files of a folder change. Uses inotify.
 #pragma once
 
 #include <filesystem>
@@ -7,21 +7,22 @@
 
 namespace foundation {
 
-// Watches for as long as the process lives; the folder is made where it is missing, now and when somebody removes it.
+// Watches a folder until the process ends, so it must never be destroyed. Creates the folder if it is missing, and
+// again if it is removed. Main thread.
 class FolderWatch {
  public:
-  // `changed` gets a file's name, or nothing when any file may have changed; it is called in the run loop's turns.
+  // The run loop calls `changed` with the name of a changed file, or with an empty string if any file may have changed.
   FolderWatch(std::filesystem::path folder, std::function<void(const std::string& name)> changed);
   FolderWatch(const FolderWatch&) = delete;
   FolderWatch& operator=(const FolderWatch&) = delete;
 
  private:
-  void begin();
+  void addWatch();
   void readEvents();
 
-  std::filesystem::path folder;
-  std::function<void(const std::string&)> changed;
-  int descriptor;
+  std::filesystem::path folder_;
+  std::function<void(const std::string&)> changed_;
+  int descriptor_;
 };
 
 }  // namespace foundation

@@ -16,7 +16,7 @@ struct HBPreferencesState {
   HBPreferencesState(const HBPreferencesState&) = delete;
   HBPreferencesState& operator=(const HBPreferencesState&) = delete;
   ~HBPreferencesState() {
-    if (domain != nullptr) domain->forget(this);
+    if (domain != nullptr) domain->stopObserving(this);
   }
 };
 
@@ -41,11 +41,11 @@ HBPreferences* initWithIdentifier(HBPreferences* self, NSString* identifier) {
   return initialized;
 }
 
-template <class Value, std::optional<Value> (*meaning)(const NSObject*)>
-void bind(HBPreferences* self, Value* variable, Value standard, NSString* key) {
+template <class Value, std::optional<Value> (*convert)(const NSObject*)>
+void bind(HBPreferences* self, Value* variable, Value defaultValue, NSString* key) {
   HBPreferencesState& state = objc::state(self);
-  state.updates.push_back([domain = state.domain, variable, standard, kept = objc::retain(key)] {
-    *variable = meaning(domain->value(kept)).value_or(standard);
+  state.updates.push_back([domain = state.domain, variable, defaultValue, retainedKey = objc::retain(key)] {
+    *variable = convert(domain->value(retainedKey)).value_or(defaultValue);
   });
   state.updates.back()();
 }

@@ -1,5 +1,5 @@
-// The hook function of the phone's code-injection loader. What is kept of an inherited method is the superclass's
-// implementation at the time of the call: hooks on superclasses come first.
+// The hook function of the phone's code-injection loader. For an inherited method it returns the superclass's current
+// implementation as the original, so hooks on superclasses must be installed first.
 #include "objc/runtime.hpp"
 
 namespace {
@@ -26,7 +26,7 @@ void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced)
   } else {
     method_setImplementation(method, replacement);
   }
-  // The runtime itself renews the table of the one class, and subclasses may have copies.
+  // The runtime updates the dispatch table of this class only, but subclasses can have copies.
   __objc_update_dispatch_table_for_class(target);
 }
 

@@ -9,7 +9,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_dictionary.hpp"
 #include "platform/ns_string.hpp"
-#include "simulator/foundation/property_list.hpp"
+#include "simulator/foundation/property_list_files.hpp"
 #include "simulator/foundation/root.hpp"
 
 namespace foundation {
@@ -29,12 +29,12 @@ std::vector<fs::path> filtersIn(const fs::path& folder) {
   return filters;
 }
 
-void fail(LoadOutcome& outcome, const fs::path& file, const std::string& reason) {
+void reportFailure(LoadOutcome& outcome, const fs::path& file, const std::string& reason) {
   outcome.failures.push_back(file.string() + ": " + reason);
   std::fprintf(stderr, "%s\n", outcome.failures.back().c_str());
 }
 
-// The identifiers that the filter lets in; nil for what is no filter.
+// The bundle identifiers that the filter lists. Nil if the dictionary is not a filter.
 NSArray* bundlesOf(NSDictionary* filter) {
   const auto* const conditions = objc::as<NSDictionary>(filter->objectForKey("Filter"_ns));
   return objc::as<NSArray>(conditions->objectForKey("Bundles"_ns));
@@ -45,16 +45,17 @@ void load(LoadOutcome& outcome, const fs::path& library) {
     outcome.loaded.push_back(library);
   } else {
     const char* const reason = dlerror();
-    fail(outcome, library, reason == nullptr ? "cannot be mapped" : reason);
+    reportFailure(outcome, library, reason == nullptr ? "cannot be mapped" : reason);
   }
 }
 
-void apply(LoadOutcome& outcome, const fs::path& file, NSString* identifier) {
+void applyFilter(LoadOutcome& outcome, const fs::path& file, NSString* identifier) {
   const objc::AutoreleasePool pool;
   const objc::Ref<NSDictionary> filter = readPropertyList(file);
   const NSArray* const bundles = bundlesOf(filter);
   if (bundles == nullptr) {
-    fail(outcome, file, "no filter: a property list { Filter = { Bundles = (\"identifier\"); }; } is wanted");
+    reportFailure(outcome, file,
+                  "not a filter; a filter is a property list { Filter = { Bundles = (\"identifier\"); }; }");
   } else if (objc::send<bool, "containsObject:">(bundles, identifier)) {
     load(outcome, fs::path(file).replace_extension(".dylib"));
   }
@@ -66,7 +67,7 @@ LoadOutcome injectLibraries(const std::string& bundleIdentifier) {
   const objc::AutoreleasePool pool;
   LoadOutcome outcome;
   NSString* const identifier = NSString::stringWithUTF8String(bundleIdentifier.c_str());
-  for (const fs::path& filter : filtersIn(pathUnderRoot(librariesFolder))) apply(outcome, filter, identifier);
+  for (const fs::path& filter : filtersIn(pathUnderRoot(librariesFolder))) applyFilter(outcome, filter, identifier);
   return outcome;
 }
 

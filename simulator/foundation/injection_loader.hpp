@@ -1,4 +1,4 @@
-// The code-injection loader: maps into a process the dynamic libraries whose filters name it.
+// The code-injection loader. It maps dynamic libraries into a process whose bundle identifier their filters list.
 #pragma once
 
 #include <filesystem>
@@ -9,12 +9,13 @@ namespace foundation {
 
 struct LoadOutcome {
   std::vector<std::filesystem::path> loaded;
-  // One line each: a filter that cannot be read, a library that cannot be mapped. They are on standard error too.
+  // One line for each filter that cannot be read and each library that cannot be mapped. Also printed to standard
+  // error.
   std::vector<std::string> failures;
 };
 
-// Looks at every NAME.plist in the root's Library/MobileSubstrate/DynamicLibraries, in order of their names, and maps
-// NAME.dylib where the filter's bundles have the identifier. Main thread, once the platform's classes are registered.
+// Reads each NAME.plist in the root's Library/MobileSubstrate/DynamicLibraries, sorted by name, and maps NAME.dylib if
+// the filter's bundles contain the identifier. Call it after the platform's classes are registered. Main thread.
 LoadOutcome injectLibraries(const std::string& bundleIdentifier);
 
 }  // namespace foundation

@@ -13,64 +13,64 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int waitingConnections = 8;
-constexpr timeval maxWrite = {1, 0};
+constexpr int maxPendingConnections = 8;
+constexpr timeval writeTimeout = {1, 0};
 
-// Names the folder by its descriptor, which is short.
-sockaddr_un addressIn(const Descriptor& folder, const char* name) {
+// Refers to the folder by its descriptor, because the path of a socket address is limited to about 100 bytes.
+sockaddr_un addressIn(const FileDescriptor& folder, const char* name) {
   sockaddr_un address = {};
   address.sun_family = AF_UNIX;
   std::snprintf(address.sun_path, sizeof address.sun_path, "/proc/self/fd/%d/%s", folder.get(), name);
   return address;
 }
 
-Descriptor openFolder(const fs::path& folder) {
-  return Descriptor(open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+FileDescriptor openFolder(const fs::path& folder) {
+  return FileDescriptor(open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
-Descriptor makeSocket() { return Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)); }
+FileDescriptor makeSocket() { return FileDescriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)); }
 
-const sockaddr* plain(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
+const sockaddr* genericAddress(const sockaddr_un& address) { return reinterpret_cast<const sockaddr*>(&address); }
 
-bool isOfThisUser(const Descriptor& connection) {
+bool isOfThisUser(const FileDescriptor& connection) {
   ucred peer = {};
   socklen_t size = sizeof peer;
   return getsockopt(connection.get(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == getuid();
 }
 
-void limitWrites(const Descriptor& connection) {
-  setsockopt(connection.get(), SOL_SOCKET, SO_SNDTIMEO, &maxWrite, sizeof maxWrite);
+void setWriteTimeout(const FileDescriptor& connection) {
+  setsockopt(connection.get(), SOL_SOCKET, SO_SNDTIMEO, &writeTimeout, sizeof writeTimeout);
 }
 
 }  // namespace
 
-Descriptor listenIn(const fs::path& folder, const char* name) {
-  const Descriptor opened = openFolder(folder);
-  Descriptor listening = makeSocket();
+FileDescriptor listenIn(const fs::path& folder, const char* name) {
+  const FileDescriptor opened = openFolder(folder);
+  FileDescriptor listening = makeSocket();
   const sockaddr_un address = addressIn(opened, name);
   unlinkat(opened.get(), name, 0);
-  if (bind(listening.get(), plain(address), sizeof address) != 0 || listen(listening.get(), waitingConnections) != 0)
-    return {};
+  if (bind(listening.get(), genericAddress(address), sizeof address) != 0) return {};
+  if (listen(listening.get(), maxPendingConnections) != 0) return {};
   return listening;
 }
 
-Descriptor connectIn(const fs::path& folder, const char* name) {
-  const Descriptor opened = openFolder(folder);
-  Descriptor connection = makeSocket();
+FileDescriptor connectIn(const fs::path& folder, const char* name) {
+  const FileDescriptor opened = openFolder(folder);
+  FileDescriptor connection = makeSocket();
   const sockaddr_un address = addressIn(opened, name);
-  if (connect(connection.get(), plain(address), sizeof address) != 0 || !isOfThisUser(connection)) return {};
-  limitWrites(connection);
+  if (connect(connection.get(), genericAddress(address), sizeof address) != 0 || !isOfThisUser(connection)) return {};
+  setWriteTimeout(connection);
   return connection;
 }
 
-Descriptor acceptFrom(const Descriptor& listening) {
-  Descriptor connection(accept4(listening.get(), nullptr, nullptr, SOCK_CLOEXEC));
+FileDescriptor acceptFrom(const FileDescriptor& listening) {
+  FileDescriptor connection(accept4(listening.get(), nullptr, nullptr, SOCK_CLOEXEC));
   if (!connection.isOpen() || !isOfThisUser(connection)) return {};
-  limitWrites(connection);
+  setWriteTimeout(connection);
   return connection;
 }
 
-bool sendAll(const Descriptor& socket, std::string_view bytes) {
+bool sendAll(const FileDescriptor& socket, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t sent = send(socket.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (sent <= 0) return false;

@@ -1,4 +1,5 @@
-// Sockets between a root's processes, by name in a folder whose path may be longer than a socket's name can be.
+// Local sockets between the processes of a root. A socket is addressed by folder and name, because the path of the
+// folder can be longer than the address of a socket allows. Only processes of the same user are accepted.
 #pragma once
 
 #include <filesystem>
@@ -8,15 +9,16 @@
 
 namespace foundation {
 
-// Waits for connections under that name; one that a process has left there gives way, so the caller sees to it that it
-// is alone. None open on failure; errno tells why.
-Descriptor listenIn(const std::filesystem::path& folder, const char* name);
-// None open where nobody of this user listens.
-Descriptor connectIn(const std::filesystem::path& folder, const char* name);
-// The next connection of a listening socket, of this user alone.
-Descriptor acceptFrom(const Descriptor& listening);
+// Listens under this name. Replaces a socket file of the same name, so the caller must be the only process that listens
+// there. Returns a closed descriptor on failure and sets errno.
+FileDescriptor listenIn(const std::filesystem::path& folder, const char* name);
+// Connects to the listener. Returns a closed descriptor if no process of this user listens there.
+FileDescriptor connectIn(const std::filesystem::path& folder, const char* name);
+// Accepts the next connection. Returns a closed descriptor if there is none or its process belongs to another user.
+FileDescriptor acceptFrom(const FileDescriptor& listening);
 
-// Whether all was written. A reader that has gone, or that does not read for a second, does no harm.
-bool sendAll(const Descriptor& socket, std::string_view bytes);
+// Writes all bytes and returns whether that succeeded. Fails, without a signal, if the reader has closed the connection
+// or reads nothing for a second.
+bool sendAll(const FileDescriptor& socket, std::string_view bytes);
 
 }  // namespace foundation

@@ -16,7 +16,7 @@ namespace {
 class NSLocale : public objc::Interface<"NSLocale", NSObject> {};
 class NSTimeZone : public objc::Interface<"NSTimeZone", NSObject> {};
 
-constexpr const char* standardLocale = "en_US";
+constexpr const char* defaultLocale = "en_US";
 
 struct Language {
   std::string language;
@@ -24,7 +24,7 @@ struct Language {
   std::string region;
 };
 
-// Codes that were replaced, and still come in identifiers.
+// Obsolete language codes that identifiers still contain.
 struct ReplacedCode {
   const char* replaced;
   const char* current;
@@ -58,7 +58,7 @@ Language parse(const std::string& identifier) {
 }
 
 struct Current {
-  std::string identifier = standardLocale;
+  std::string identifier = defaultLocale;
   objc::Ref<NSLocale> locale;
 };
 
@@ -101,9 +101,9 @@ void replaceClassMethod(SEL selector, IMP replacement) {
 
 void useLocale(const std::string& identifier) {
   const std::string wanted = withUnderscores(identifier);
-  current().identifier = wanted.empty() ? standardLocale : wanted;
+  current().identifier = wanted.empty() ? defaultLocale : wanted;
   current().locale = nullptr;
-  forgetLocalizedStrings();
+  clearLocalizedStringTables();
 }
 
 const std::string& localeIdentifier() { return current().identifier; }

@@ -1,4 +1,4 @@
-// The phone's language, region and time zone, which are not the machine's.
+// The language, region and time zone of the simulated phone. They are independent of the machine's settings.
 #pragma once
 
 #include <string>
@@ -6,19 +6,19 @@
 
 namespace foundation {
 
-// An identifier such as "de_DE", "zh_Hant_TW" or "pt-BR"; English of the United States before the first call. Texts,
-// dates and
-// +[NSLocale currentLocale] follow it. At start, after useRoot and before anything is read by language. Main thread.
+// Selects a locale such as "de_DE", "zh_Hant_TW" or "pt-BR"; an empty identifier selects the default, "en_US".
+// Localized strings, dates and +[NSLocale currentLocale] follow it. Call it at start, after useRoot and before the
+// first localized string is read. Main thread.
 void useLocale(const std::string& identifier);
 
 // The identifier in use, with underscores.
 const std::string& localeIdentifier();
 
-// The names of the language's localizations, best first: for "zh_TW" "zh-Hant-TW", "zh-Hant", "zh-TW" and "zh".
+// The names of the localizations to look for, best match first. For "zh_TW": "zh-Hant-TW", "zh-Hant", "zh-TW" and "zh".
 std::vector<std::string> localizationsOf(const std::string& identifier);
 
-// Makes NSLocale's current locale and language list those in use, and the time zone that of the environment's TZ, or
-// UTC.
+// Replaces NSLocale's current locale and preferred languages with those of the phone. Sets the default time zone to the
+// environment variable TZ, or to UTC if TZ is unset or unknown. Main thread.
 void installLocale();
 
 }  // namespace foundation

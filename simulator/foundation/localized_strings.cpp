@@ -10,7 +10,7 @@
 
 #include "platform/ns_bundle.hpp"
 #include "simulator/foundation/locale.hpp"
-#include "simulator/foundation/property_list.hpp"
+#include "simulator/foundation/property_list_files.hpp"
 
 namespace foundation {
 
@@ -25,12 +25,12 @@ using TableName = std::pair<std::string, std::string>;
 using Tables = std::map<TableName, objc::Ref<NSDictionary>>;
 
 Tables& tables() {
-  static Tables& known = *new Tables;
-  return known;
+  static Tables& cache = *new Tables;
+  return cache;
 }
 
-// Localizations of other regions of the language, for which any is better than a foreign one. Chinese scripts are
-// foreign to each other.
+// The localizations for other regions of the same language, which are better than another language. There are none for
+// Chinese, because a reader of one script may not read the other.
 std::vector<std::string> otherRegions(const fs::path& folder, const std::string& language) {
   std::vector<std::string> names;
   if (language == "zh") return names;
@@ -54,7 +54,7 @@ std::vector<std::string> localizationNames(const fs::path& folder) {
   return names;
 }
 
-// The best table in a folder of resources; null where there is none in any language.
+// The best table in a resource folder. Null if the folder has no such table in any language.
 objc::Ref<NSDictionary> readTable(const fs::path& folder, const std::string& table) {
   for (const std::string& name : localizationNames(folder))
     if (objc::Ref<NSDictionary> found = readStringsFile(folder / (name + localizationSuffix) / (table + ".strings")))
@@ -93,6 +93,6 @@ void installLocalizedStrings() {
                   objc::toImplementation(&localizedString), nullptr);
 }
 
-void forgetLocalizedStrings() { tables().clear(); }
+void clearLocalizedStringTables() { tables().clear(); }
 
 }  // namespace foundation

@@ -1,13 +1,13 @@
-// -[NSBundle localizedStringForKey:value:table:] in the language in use.
+// -[NSBundle localizedStringForKey:value:table:] in the language of the simulated phone.
 #pragma once
 
 namespace foundation {
 
-// Replaces the method: the table of the best localization the bundle has for the language, else the English one. A key
-// that is not in it gives the value, or the key itself where the value is nil or empty.
+// Replaces the method. It reads the table of the best localization that the bundle has for the language, or else the
+// English table. For an unknown key it returns the value, or the key if the value is nil or empty. Main thread.
 void installLocalizedStrings();
 
-// Tables are kept once read; this forgets them, for another language.
-void forgetLocalizedStrings();
+// Clears the cache of tables. Call it when the language changes.
+void clearLocalizedStringTables();
 
 }  // namespace foundation

@@ -17,14 +17,14 @@ using FrameObserver = std::function<FrameDemand(double now)>;
 
 constexpr std::int64_t framesInSecond = 60;
 
-// Never destroyed: other threads may still post while the process ends.
+// Never destroyed, because other threads may still add work while the process exits.
 WorkList& workList() {
   static WorkList& list = *new WorkList;
   return list;
 }
 
-// What waits until real time is let pass.
-WorkList& outsideWork() {
+// Work of external events that waits until real time passes.
+WorkList& externalWork() {
   static WorkList& list = *new WorkList;
   return list;
 }
@@ -34,13 +34,13 @@ std::list<FrameObserver>& frameObservers() {
   return observers;
 }
 
-std::function<void()>& endOfTurnObserver() {
+std::function<void()>& endOfIterationObserver() {
   static std::function<void()>& observer = *new std::function<void()>([] {});
   return observer;
 }
 
-// Frames lie on one grid, that of the screen: frame n is shown n sixtieths after the clock's zero, rounded to
-// nanoseconds.
+// Frame n is shown n sixtieths of a second after the clock's zero, rounded to nanoseconds. All animations share these
+// time points, as on a screen with a fixed refresh rate.
 Nanoseconds timeOfFrame(std::int64_t frame) {
   return frame / framesInSecond * nanosecondsInSecond +
          (frame % framesInSecond * nanosecondsInSecond + framesInSecond / 2) / framesInSecond;
@@ -53,15 +53,15 @@ std::int64_t frameAfter(Nanoseconds time) {
   return frame;
 }
 
-// The next frame that observers wait for; meaningful while there are observers.
+// The number of the next frame. Only valid while there are observers.
 std::int64_t nextFrame = 0;
 
 Nanoseconds nextFrameTime() { return frameObservers().empty() ? never : timeOfFrame(nextFrame); }
 
-void askObservers(Nanoseconds time) {
+void callFrameObservers(Nanoseconds time) {
   const objc::AutoreleasePool pool;
   std::list<FrameObserver>& observers = frameObservers();
-  // Those that are added meanwhile come behind the present ones and wait for the next frame.
+  // An observer that is added during the loop is appended and is first called at the next frame.
   std::size_t remaining = observers.size();
   for (auto observer = observers.begin(); remaining > 0; --remaining) {
     const FrameDemand demand = (*observer)(secondsOf(time));
@@ -71,22 +71,22 @@ void askObservers(Nanoseconds time) {
 
 void runFrame(Nanoseconds time) {
   nextFrame = frameAfter(time);
-  askObservers(time);
+  callFrameObservers(time);
 }
 
 Nanoseconds nextEvent() { return std::min(workList().nextTime(), nextFrameTime()); }
 
 void stepTo(Nanoseconds target) {
   for (Nanoseconds event = nextEvent(); event <= target; event = nextEvent()) {
-    clock::moveTo(std::max(event, clock::now()));
+    clock::setSteppedTime(std::max(event, clock::now()));
     drainMainQueue();
     if (nextFrameTime() <= clock::now()) runFrame(clock::now());
     drainMainQueue();
   }
-  clock::moveTo(target);
+  clock::setSteppedTime(target);
 }
 
-void turn() {
+void runIteration() {
   drainMainQueue();
   const Nanoseconds time = clock::now();
   if (nextFrameTime() <= time) runFrame(time);
@@ -96,7 +96,7 @@ void turn() {
 
 void useClock(ClockMode mode, double unixTime) {
   const Nanoseconds before = clock::now();
-  clock::choose(mode, unixTime);
+  clock::setMode(mode, unixTime);
   workList().shift(before, clock::now());
   nextFrame = frameAfter(clock::now());
 }
@@ -115,13 +115,13 @@ void onMainThreadAt(Nanoseconds when, std::function<void()> work) {
   wakeMainThread();
 }
 
-void onMainThreadFromOutside(std::function<void()> work) {
-  (clock::mode() == ClockMode::Stepped ? outsideWork() : workList()).add(std::move(work));
+void onMainThreadForExternalEvent(std::function<void()> work) {
+  (clock::mode() == ClockMode::Stepped ? externalWork() : workList()).add(std::move(work));
   wakeMainThread();
 }
 
-void runExternalWork() {
-  while (std::function<void()> work = outsideWork().takeDue(0)) workList().add(std::move(work));
+void scheduleExternalWork() {
+  while (std::function<void()> work = externalWork().takeDue(0)) workList().add(std::move(work));
 }
 
 void addFrameObserver(FrameObserver observer) {
@@ -129,7 +129,7 @@ void addFrameObserver(FrameObserver observer) {
   frameObservers().push_back(std::move(observer));
 }
 
-void observeEndOfTurn(std::function<void()> observer) { endOfTurnObserver() = std::move(observer); }
+void observeEndOfIteration(std::function<void()> observer) { endOfIterationObserver() = std::move(observer); }
 
 void drainMainQueue() {
   do {
@@ -138,7 +138,7 @@ void drainMainQueue() {
       work();
     }
     const objc::AutoreleasePool pool;
-    endOfTurnObserver()();
+    endOfIterationObserver()();
   } while (workList().nextTime() <= clock::now());
 }
 
@@ -146,7 +146,7 @@ void stepClock(double seconds) {
   const Nanoseconds duration = nanosecondsOf(seconds);
   const Nanoseconds target = duration == never ? clock::now() : later(clock::now(), duration);
   if (clock::mode() == ClockMode::Real) {
-    // Nothing else may be there to wake it.
+    // Empty work at the target time wakes the main thread, because there may be no other event by then.
     onMainThreadAt(target, [] {});
     runMainQueueUntil([target] { return clock::now() >= target; });
   } else {
@@ -158,7 +158,7 @@ void stepClock(double seconds) {
 bool mainQueueIsIdle() { return nextEvent() == never; }
 
 void runMainQueueUntil(const std::function<bool()>& stop) {
-  for (turn(); !stop(); turn()) sleepUntil(clock::systemTime(nextEvent()));
+  for (runIteration(); !stop(); runIteration()) sleepUntil(clock::systemTime(nextEvent()));
 }
 
 }  // namespace foundation

@@ -1,4 +1,4 @@
-// Whole nanoseconds: sums of delays stay exact, so a deadline and a step of the same length meet.
+// Time in whole nanoseconds. Sums of delays are exact, so a timer fires in the step that ends at its deadline.
 #pragma once
 
 #include <cmath>
@@ -12,7 +12,7 @@ using Nanoseconds = std::int64_t;
 inline constexpr Nanoseconds never = std::numeric_limits<Nanoseconds>::max();
 inline constexpr Nanoseconds nanosecondsInSecond = 1'000'000'000;
 
-// Negative and not-a-number give 0, more than the type holds gives `never`.
+// Returns 0 for a negative value or NaN, and `never` for a value beyond the range of the type.
 inline Nanoseconds nanosecondsOf(double seconds) {
   if (!(seconds > 0)) return 0;
   const double exact = seconds * static_cast<double>(nanosecondsInSecond);
@@ -23,7 +23,7 @@ inline double secondsOf(Nanoseconds nanoseconds) {
   return static_cast<double>(nanoseconds) / static_cast<double>(nanosecondsInSecond);
 }
 
-// The sum, or `never` where it would not fit. Both are zero or more.
+// The sum, or `never` if it overflows. Neither argument may be negative.
 inline Nanoseconds later(Nanoseconds when, Nanoseconds delay) { return when > never - delay ? never : when + delay; }
 
 }  // namespace foundation

@@ -22,27 +22,28 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The file in which the daemon registers, as Foundation names it: its port's path, and the process's number on the
-// second line.
-constexpr const char* registration = "NSMessagePort/names/R0ROQ1NlcnZlcg==";
-// Every process of the place holds a shared lock on this file; who gets it alone is the last one.
+// The file in which the daemon registers. The name is Foundation's. The first line is the path of the daemon's port,
+// the second its process identifier.
+constexpr const char* registrationFile = "NSMessagePort/names/R0ROQ1NlcnZlcg==";
+// Each process of a root has a shared lock on this file. A process that gets an exclusive lock is the last one.
 constexpr const char* lockFile = "processes";
-constexpr const char* placesFolder = "/tmp";
+constexpr const char* temporaryFolder = "/tmp";
 constexpr const char* linkToRoot = "root";
 
-struct Place {
-  fs::path folder;
+// The folder that contains the daemon's registration and sockets.
+struct DaemonFolder {
+  fs::path path;
   int lock = -1;
 };
 
-Place& ownPlace() {
-  static Place& place = *new Place;
-  return place;
+DaemonFolder& ownFolder() {
+  static DaemonFolder& folder = *new DaemonFolder;
+  return folder;
 }
 
 std::string namePrefix() { return "brim-" + std::to_string(getuid()) + "-"; }
 
-// The same in every process of the root, whichever compiler built it.
+// The FNV-1a hash. It is the same in all processes of a root; std::hash could differ between builds.
 std::string hashOf(const std::string& text) {
   std::uint64_t hash = 0xcbf29ce484222325;
   for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
@@ -57,9 +58,9 @@ bool isDaemon(pid_t process) {
   return std::getline(file, name) && name == "gdnc";
 }
 
-// 0 where none is registered.
+// The process identifier of the registered daemon, or 0 if none runs.
 pid_t daemonIn(const fs::path& folder) {
-  std::ifstream file(folder / registration);
+  std::ifstream file(folder / registrationFile);
   std::string port;
   pid_t process = 0;
   return std::getline(file, port) && file >> process && isDaemon(process) ? process : 0;
@@ -69,71 +70,73 @@ void endDaemonIn(const fs::path& folder) {
   if (const pid_t process = daemonIn(folder); process > 0) kill(process, SIGKILL);
 }
 
-// Where no other process holds the place.
-void clearIfUnused(const Place& place) {
-  if (flock(place.lock, LOCK_EX | LOCK_NB) != 0) return;
-  endDaemonIn(place.folder);
+// Ends the daemon and removes the folder unless another process has a lock.
+void removeIfUnused(const DaemonFolder& folder) {
+  if (flock(folder.lock, LOCK_EX | LOCK_NB) != 0) return;
+  endDaemonIn(folder.path);
   std::error_code error;
-  fs::remove_all(place.folder, error);
+  fs::remove_all(folder.path, error);
 }
 
-void leaveOwnPlace() { clearIfUnused(ownPlace()); }
+void removeOwnFolderIfUnused() { removeIfUnused(ownFolder()); }
 
-// Anybody may make a folder of such a name, or a link; only one's own folder will do.
-bool isOwnFolder(const struct stat& made) { return S_ISDIR(made.st_mode) && made.st_uid == getuid(); }
+// Other users can create a folder or a link of this name in the temporary folder. It must be a folder of this user.
+bool isFolderOfThisUser(const struct stat& status) { return S_ISDIR(status.st_mode) && status.st_uid == getuid(); }
 
 int openLock(const fs::path& folder) {
   return open((folder / lockFile).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
 }
 
-// One without a lock was made again by a daemon that was still starting when the place was cleared.
-void clearIfUnused(const fs::path& folder) {
-  struct stat made = {};
-  if (lstat(folder.c_str(), &made) != 0 || !isOwnFolder(made)) return;
-  const Place place = {folder, openLock(folder)};
-  if (place.lock < 0) return;
-  clearIfUnused(place);
-  close(place.lock);
+// The lock file may be missing: a daemon that was still starting when the folder was removed creates the folder again,
+// without the file. openLock then creates it.
+void removeIfUnused(const fs::path& path) {
+  struct stat status = {};
+  if (lstat(path.c_str(), &status) != 0 || !isFolderOfThisUser(status)) return;
+  const DaemonFolder folder = {path, openLock(path)};
+  if (folder.lock < 0) return;
+  removeIfUnused(folder);
+  close(folder.lock);
 }
 
-// Processes that were killed cannot clear up themselves.
-void clearUnusedPlaces() {
+// Removes the folders that killed processes have left.
+void removeUnusedFolders() {
   const std::string prefix = namePrefix();
   std::error_code error;
-  for (fs::directory_iterator entry(placesFolder, error), end; !error && entry != end; entry.increment(error))
-    if (entry->path().filename().native().starts_with(prefix)) clearIfUnused(entry->path());
+  for (fs::directory_iterator entry(temporaryFolder, error), end; !error && entry != end; entry.increment(error))
+    if (entry->path().filename().native().starts_with(prefix)) removeIfUnused(entry->path());
 }
 
-// False where another process cleared it at this moment.
-bool makePrivateFolder(const fs::path& folder) {
-  struct stat made = {};
-  if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
-    throw fs::filesystem_error("cannot make", folder, std::error_code(errno, std::generic_category()));
-  if (lstat(folder.c_str(), &made) != 0) return false;
-  if (!isOwnFolder(made))
-    throw fs::filesystem_error("not a folder of this user", folder, std::make_error_code(std::errc::permission_denied));
-  return chmod(folder.c_str(), S_IRWXU) == 0 || errno != ENOENT;
+// Returns false if another process removes the folder concurrently.
+bool createPrivateFolder(const fs::path& path) {
+  struct stat status = {};
+  if (mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST)
+    throw fs::filesystem_error("cannot create", path, std::error_code(errno, std::generic_category()));
+  if (lstat(path.c_str(), &status) != 0) return false;
+  if (!isFolderOfThisUser(status))
+    throw fs::filesystem_error("not a folder of this user", path, std::make_error_code(std::errc::permission_denied));
+  return chmod(path.c_str(), S_IRWXU) == 0 || errno != ENOENT;
 }
 
-// A process that is leaving may be removing the folder at this moment: then the lock is on a file that is gone.
-bool lockIsIn(const Place& place) {
-  struct stat held = {};
+// False if an exiting process has removed the folder after this process opened the lock file.
+bool isLockFileInFolder(const DaemonFolder& folder) {
+  struct stat locked = {};
   struct stat present = {};
-  return fstat(place.lock, &held) == 0 && stat((place.folder / lockFile).c_str(), &present) == 0 &&
-         held.st_ino == present.st_ino;
+  return fstat(folder.lock, &locked) == 0 && stat((folder.path / lockFile).c_str(), &present) == 0 &&
+         locked.st_ino == present.st_ino;
 }
 
-bool tryToEnter(Place& place) {
-  if (!makePrivateFolder(place.folder)) return false;
-  place.lock = openLock(place.folder);
-  if (place.lock < 0 && errno != ENOENT)
-    throw fs::filesystem_error("cannot open", place.folder / lockFile, std::error_code(errno, std::generic_category()));
-  if (place.lock >= 0 && flock(place.lock, LOCK_SH) == 0 && lockIsIn(place)) return true;
-  if (place.lock >= 0) close(place.lock);
+bool tryToLock(DaemonFolder& folder) {
+  if (!createPrivateFolder(folder.path)) return false;
+  folder.lock = openLock(folder.path);
+  if (folder.lock < 0 && errno != ENOENT)
+    throw fs::filesystem_error("cannot open", folder.path / lockFile, std::error_code(errno, std::generic_category()));
+  if (folder.lock >= 0 && flock(folder.lock, LOCK_SH) == 0 && isLockFileInFolder(folder)) return true;
+  if (folder.lock >= 0) close(folder.lock);
   return false;
 }
 
-// Another process of the root may be making it, too. What is no link was made by a daemon that outlived the last one.
+// Another process of the root may create the link concurrently. A file of another type was created by a daemon that
+// survived the last process of the root.
 void linkRoot(const fs::path& link, const fs::path& root) {
   std::error_code error;
   fs::create_directory_symlink(root, link, error);
@@ -141,31 +144,31 @@ void linkRoot(const fs::path& link, const fs::path& root) {
     fs::remove_all(link);
     fs::create_directory_symlink(root, link, error);
   }
-  if (error && error != std::errc::file_exists) throw fs::filesystem_error("cannot make", link, error);
+  if (error && error != std::errc::file_exists) throw fs::filesystem_error("cannot create", link, error);
 }
 
 }  // namespace
 
-void useDaemonOf(const fs::path& root) {
-  clearUnusedPlaces();
-  Place& place = ownPlace();
-  place.folder = fs::path(placesFolder) / (namePrefix() + hashOf(root.native()));
-  while (!tryToEnter(place)) {
+void useDaemonOfRoot(const fs::path& root) {
+  removeUnusedFolders();
+  DaemonFolder& folder = ownFolder();
+  folder.path = fs::path(temporaryFolder) / (namePrefix() + hashOf(root.native()));
+  while (!tryToLock(folder)) {
   }
-  linkRoot(plainPathOfRoot(), root);
-  setenv("TEMP", place.folder.c_str(), 1);
-  setenv("TMP", place.folder.c_str(), 1);
-  std::atexit(&leaveOwnPlace);
+  linkRoot(aliasOfRoot(), root);
+  setenv("TEMP", folder.path.c_str(), 1);
+  setenv("TMP", folder.path.c_str(), 1);
+  std::atexit(&removeOwnFolderIfUnused);
 }
 
-fs::path plainPathOfRoot() { return ownPlace().folder / linkToRoot; }
+fs::path aliasOfRoot() { return ownFolder().path / linkToRoot; }
 
-Descriptor watchDaemon() {
-  const pid_t process = ownPlace().lock < 0 ? 0 : daemonIn(ownPlace().folder);
-  return Descriptor(process > 0 ? static_cast<int>(syscall(SYS_pidfd_open, process, 0)) : -1);
+FileDescriptor watchDaemon() {
+  const pid_t process = ownFolder().lock < 0 ? 0 : daemonIn(ownFolder().path);
+  return FileDescriptor(process > 0 ? static_cast<int>(syscall(SYS_pidfd_open, process, 0)) : -1);
 }
 
-bool daemonRuns(const Descriptor& watched) {
+bool isDaemonRunning(const FileDescriptor& watched) {
   pollfd daemon = {watched.get(), POLLIN, 0};
   return watched.isOpen() && poll(&daemon, 1, 0) == 0;
 }

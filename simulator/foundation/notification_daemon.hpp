@@ -1,5 +1,5 @@
-// The daemon that carries distributed notifications between a root's processes. Foundation starts it; it ends with the
-// last of them.
+// The daemon that transfers distributed notifications between the processes of a root. Foundation starts it; it ends
+// with the last process of the root.
 #pragma once
 
 #include <filesystem>
@@ -8,19 +8,20 @@
 
 namespace foundation {
 
-// Gives this process the daemon of the root, by environment, at a place of its own outside the root: the names of its
-// sockets must be short, and the root may be removed before its processes end. When the last process of the root exits,
-// the daemon is ended and its place removed; what processes that were killed have left goes when another root is used.
-// Before any use of Foundation, once. Throws std::filesystem::filesystem_error.
-void useDaemonOf(const std::filesystem::path& root);
+// Connects this process to the root's daemon, through the environment. The daemon's folder lies outside the root,
+// because the path of a socket must be short and because the root may be removed before its processes end. When the
+// last process of a root exits, it ends the daemon and removes the folder. If that process was killed, the next process
+// that uses any root does so. Call it once, before any use of Foundation. Throws std::filesystem::filesystem_error.
+void useDaemonOfRoot(const std::filesystem::path& root);
 
-// Another path of the root, of letters and digits whatever those of the root are: Foundation's configuration takes no
-// other. It ends with the last process of the root. After useDaemonOf.
-std::filesystem::path plainPathOfRoot();
+// A symbolic link to the root that has a short path of letters, digits and hyphens, because Foundation's configuration
+// file does not support other characters. The last process of the root removes it. Call it after useDaemonOfRoot.
+std::filesystem::path aliasOfRoot();
 
-// Becomes readable when the daemon of this process's root ends. Not open where none runs, or the daemon is the user's.
-Descriptor watchDaemon();
-// Whether that daemon is there still. False where the descriptor is not open.
-bool daemonRuns(const Descriptor& watched);
+// A descriptor that becomes readable when the daemon of this process's root ends. It is not open if no daemon runs, or
+// if the process uses the daemon of the user's session.
+FileDescriptor watchDaemon();
+// Whether the watched daemon still runs. False if the descriptor is not open.
+bool isDaemonRunning(const FileDescriptor& watched);
 
 }  // namespace foundation

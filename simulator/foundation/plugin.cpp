@@ -20,7 +20,7 @@ std::filesystem::path besideThisLibrary(const char* file) {
 void* pluginFunction(const char* plugin, const char* function) {
   void* const handle = dlopen(besideThisLibrary(plugin).c_str(), RTLD_NOW | RTLD_LOCAL);
   void* const found = handle == nullptr ? nullptr : dlsym(handle, function);
-  if (found == nullptr) std::fprintf(stderr, "a part of the simulator is missing: %s\n", dlerror());
+  if (found == nullptr) std::fprintf(stderr, "cannot load a plugin of the simulator: %s\n", dlerror());
   return found;
 }
 

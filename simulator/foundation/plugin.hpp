@@ -1,11 +1,12 @@
-// Parts of the simulator that bring large libraries along, mapped at first use: a phone that does not need them does
-// not pay for them.
+// Plugins are shared libraries that connect the simulator to large external libraries. They are mapped at first use,
+// because most processes need none of them.
 #pragma once
 
 namespace foundation {
 
-// The function of that name in the plugin, which lies beside this library and stays mapped. Null, said on standard
-// error, where the plugin or its libraries are missing. Any thread.
+// Returns a function of a plugin, and maps the plugin at the first call. The plugin's file is in the folder of this
+// library; it is never unmapped. Returns null, with a message on standard error, if the plugin, one of its libraries or
+// the function is missing. Any thread.
 void* pluginFunction(const char* plugin, const char* function);
 
 }  // namespace foundation

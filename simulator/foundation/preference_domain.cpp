@@ -7,7 +7,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_string.hpp"
 #include "simulator/foundation/folder_watch.hpp"
-#include "simulator/foundation/property_list.hpp"
+#include "simulator/foundation/property_list_files.hpp"
 
 extern "C" {
 NSString* GSDefaultsRootForUser(NSString* user);
@@ -18,15 +18,15 @@ namespace foundation {
 
 namespace {
 
-// As people know it: Foundation may be at the other end of a link.
+// Without symbolic links, because messages show the path and Foundation's may contain the root's alias.
 std::filesystem::path defaultsFolder() {
   const objc::AutoreleasePool pool;
   return std::filesystem::weakly_canonical(GSDefaultsRootForUser(NSUserName())->UTF8String());
 }
 
 std::map<std::string, std::unique_ptr<PreferenceDomain>>& domains() {
-  static auto& known = *new std::map<std::string, std::unique_ptr<PreferenceDomain>>;
-  return known;
+  static auto& all = *new std::map<std::string, std::unique_ptr<PreferenceDomain>>;
+  return all;
 }
 
 void reloadChanged(const std::string& fileName) {
@@ -50,23 +50,23 @@ PreferenceDomain& PreferenceDomain::named(const std::string& name) {
 PreferenceDomain::PreferenceDomain(const std::string& name) {
   if (name.empty() || name.find('/') != std::string::npos) return;
   watchDefaultsFolder();
-  path = defaultsFolder() / (name + ".plist");
+  path_ = defaultsFolder() / (name + ".plist");
   reload();
 }
 
-NSObject* PreferenceDomain::value(NSString* key) const { return key == nullptr ? nullptr : values->objectForKey(key); }
+NSObject* PreferenceDomain::value(NSString* key) const { return key == nullptr ? nullptr : values_->objectForKey(key); }
 
 void PreferenceDomain::reload() {
-  values = path.empty() ? nullptr : readPropertyList(path);
-  for (const Observer& observer : observers) observer.changed();
+  values_ = path_.empty() ? nullptr : readPropertyList(path_);
+  for (const Observer& observer : observers_) observer.changed();
 }
 
 void PreferenceDomain::observe(const void* owner, std::function<void()> changed) {
-  observers.push_back({owner, std::move(changed)});
+  observers_.push_back({owner, std::move(changed)});
 }
 
-void PreferenceDomain::forget(const void* owner) {
-  std::erase_if(observers, [owner](const Observer& observer) { return observer.owner == owner; });
+void PreferenceDomain::stopObserving(const void* owner) {
+  std::erase_if(observers_, [owner](const Observer& observer) { return observer.owner == owner; });
 }
 
 }  // namespace foundation

@@ -1,4 +1,4 @@
-// One domain of the defaults database as it is stored now, kept up to date while other processes write it.
+// One domain of the user-defaults database. It is reloaded when another process changes its file.
 #pragma once
 
 #include <filesystem>
@@ -10,22 +10,22 @@
 
 namespace foundation {
 
-// Main thread. Domains live as long as the process.
+// Main thread. Domains are never destroyed.
 class PreferenceDomain {
  public:
-  // The domain of that name; one without a name, or with a name that is no file's, is always empty.
+  // The domain with this name. It is always empty if the name is empty or contains a slash.
   static PreferenceDomain& named(const std::string& name);
 
-  // The stored value of the key, or nil. Good until the domain changes.
+  // The stored value of the key, or nil. Borrowed; valid until the domain is reloaded.
   NSObject* value(NSString* key) const;
-  // The file the domain is stored in; empty for a domain that is none.
-  const std::filesystem::path& file() const { return path; }
-  // Reads the file again and tells the observers.
+  // The file that stores the domain. Empty if the name of the domain is invalid.
+  const std::filesystem::path& file() const { return path_; }
+  // Reads the file again and notifies the observers.
   void reload();
 
-  // `changed` is called after every reload, until `forget` with the same owner.
+  // Calls `changed` after every reload, until stopObserving is called with the same owner.
   void observe(const void* owner, std::function<void()> changed);
-  void forget(const void* owner);
+  void stopObserving(const void* owner);
 
  private:
   struct Observer {
@@ -35,9 +35,9 @@ class PreferenceDomain {
 
   explicit PreferenceDomain(const std::string& name);
 
-  std::filesystem::path path;
-  objc::Ref<NSDictionary> values;
-  std::vector<Observer> observers;
+  std::filesystem::path path_;
+  objc::Ref<NSDictionary> values_;
+  std::vector<Observer> observers_;
 };
 
 }  // namespace foundation

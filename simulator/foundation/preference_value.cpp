@@ -39,7 +39,7 @@ bool isFloatingPoint(const NSNumber* number) {
   return type == "d" || type == "f";
 }
 
-// Floating-point numbers are exact to 2^53, so the limits of the integers are tested as such.
+// A double cannot represent every integer beyond 2^53, so an integer number is read as an integer.
 std::optional<NSInteger> integerOfNumber(const NSNumber* number) {
   constexpr double limit = 9223372036854775808.0;
   const double value = number->doubleValue();
@@ -48,7 +48,7 @@ std::optional<NSInteger> integerOfNumber(const NSNumber* number) {
     return static_cast<NSInteger>(value);
   }
   const NSInteger whole = number->integerValue();
-  // An unsigned number beyond the range has wrapped around.
+  // An unsigned number beyond the range became negative.
   if (value > 0 && whole < 0) return std::nullopt;
   return whole;
 }

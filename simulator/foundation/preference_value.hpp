@@ -1,4 +1,5 @@
-// What a stored preference means as a value of a wanted type; nothing where it is of no fitting one.
+// Conversion of stored preferences to the types of settings. A value that cannot be converted gives nothing. Nil is
+// such a value.
 #pragma once
 
 #include <optional>
@@ -7,9 +8,9 @@
 
 namespace foundation {
 
-// Booleans, the numbers 0 and 1, and the texts YES, NO, true, false, 1 and 0 in any case.
+// Accepts booleans, the numbers 0 and 1, and the strings YES, NO, true, false, 1 and 0 in any case.
 std::optional<bool> booleanPreference(const NSObject* stored);
-// Numbers, cut to whole ones, and decimal texts, within the range of the type.
+// Accepts numbers, whose fraction is dropped, and decimal strings, both within the range of NSInteger.
 std::optional<NSInteger> integerPreference(const NSObject* stored);
 
 }  // namespace foundation

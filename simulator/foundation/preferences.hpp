@@ -1,4 +1,4 @@
-// HBPreferences, and writing preferences the way the settings pane does.
+// The class HBPreferences, and writing preferences as the settings pane does.
 #pragma once
 
 #include <optional>
@@ -8,11 +8,12 @@
 
 namespace foundation {
 
+// Defines the class. Main thread, once.
 void defineHBPreferences();
 
-// Stores a value of a property list's types, nil to remove it, in the defaults database, where every process sees it;
-// variables of this one are up to date on return. The answer is the reason of a failure, nothing on success. Main
-// thread.
+// Stores a value in the user-defaults database, where all processes see it. The value must be of a type that property
+// lists support; nil removes the key. On return, the variables registered in this process have the new value. Returns
+// the reason of a failure, or nothing on success. Main thread.
 [[nodiscard]] std::optional<std::string> writePreference(const std::string& domain, const std::string& key,
                                                          const NSObject* value);
 

@@ -10,18 +10,19 @@ namespace foundation {
 
 namespace {
 
-// Foundation reads nested collections of the oldest format recursively and without a limit.
+// GNUstep parses nested collections of the oldest format recursively and without a limit.
 constexpr std::ptrdiff_t maxCollections = 1000;
 
-// GNUstep has a format of its own, which the phone does not know and which takes whatever memory the data asks for.
-constexpr unsigned char lastSignOfGNUstepsOwn = 1;
+// GNUstep's own binary format begins with a byte up to this value. The phone does not support the format, and GNUstep
+// allocates any amount of memory that the data specifies.
+constexpr unsigned char maxFirstByteOfGNUstepFormat = 1;
 
 bool isSafe(const NSData* data) {
   const auto* const bytes = static_cast<const unsigned char*>(data->bytes());
   if (isBinaryPropertyList({bytes, data->length()})) return isValidBinaryPropertyList({bytes, data->length()});
-  if (bytes[0] <= lastSignOfGNUstepsOwn) return false;
+  if (bytes[0] <= maxFirstByteOfGNUstepFormat) return false;
   const std::string_view text(reinterpret_cast<const char*>(bytes), data->length());
-  return text.starts_with("<?xml") || nestsSensibly(text);
+  return text.starts_with("<?xml") || hasAcceptableNesting(text);
 }
 
 using Original = objc::Original<NSObject*(Class, NSData*, NSUInteger, void*, void*)>;
@@ -38,14 +39,14 @@ NSObject* propertyListWithData(Original original, Class self, NSData* data, NSUI
 
 }  // namespace
 
-bool nestsSensibly(std::string_view text) {
+bool hasAcceptableNesting(std::string_view text) {
   return std::count_if(text.begin(), text.end(), [](char letter) { return letter == '(' || letter == '{'; }) <=
          maxCollections;
 }
 
 void installPropertyListParsing() {
   using Hook = objc::detail::HookOf<&propertyListWithData>;
-  // A class that is hooked before its first message would never be initialized.
+  // Sends a message first, because a class whose method is replaced before its first message is never initialized.
   const Class self = objc::send<Class, "class">(NSPropertyListSerialization::classObject());
   const auto metaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(self)));
   MSHookMessageEx(metaclass, objc::selector<"propertyListWithData:options:format:error:">(), Hook::implementation(),

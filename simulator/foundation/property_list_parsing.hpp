@@ -1,16 +1,16 @@
-// +[NSPropertyListSerialization propertyListWithData:options:format:error:], safe from whatever the data holds.
+// Makes +[NSPropertyListSerialization propertyListWithData:options:format:error:] safe for untrusted data.
 #pragma once
 
 #include <string_view>
 
 namespace foundation {
 
-// The phone answers nil for what is no property list. GNUstep raises an exception, or goes on until memory or the stack
-// are used up.
+// Replaces the method. It returns nil for invalid data, as on the phone; GNUstep's own raises an exception or exhausts
+// memory or the stack. Main thread, once.
 void installPropertyListParsing();
 
-// Whether what is written with brackets, as the oldest format and tables of strings are, can be read without the stack
-// being used up.
-bool nestsSensibly(std::string_view text);
+// Whether text in the bracket notation, which the oldest format and tables of strings use, has few enough brackets to
+// be parsed without exhausting the stack.
+bool hasAcceptableNesting(std::string_view text);
 
 }  // namespace foundation

@@ -1,9 +1,10 @@
-// -[NSBundle pathForResource:ofType:] for names that lead into folders.
+// -[NSBundle pathForResource:ofType:] for names that contain a folder.
 #pragma once
 
 namespace foundation {
 
-// The phone finds "glyphs/black/mail" in the bundle's folders; GNUstep only looks for a file of that whole name.
+// Replaces the method, so that it finds "glyphs/black/mail" in the bundle's subfolders as on the phone. GNUstep's own
+// searches for a file whose whole name is "glyphs/black/mail". Main thread, once.
 void installResourcePaths();
 
 }  // namespace foundation

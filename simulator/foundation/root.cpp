@@ -39,7 +39,8 @@ const char* fileSystemRepresentation(NSFileManager*, SEL, NSString* path) {
   return static_cast<const char*>(NSData::dataWithBytes(mapped.c_str(), mapped.size() + 1)->bytes());
 }
 
-// On the phone it is the other way round, which leads to the same files. A folder that somebody made stays.
+// On the phone, "var" links to "private/var"; both directions lead to the same files. An existing folder "private/var"
+// is not replaced.
 void linkPrivateFolder(const fs::path& root) {
   const fs::path link = root / "private/var";
   std::error_code ignored;
@@ -47,7 +48,7 @@ void linkPrivateFolder(const fs::path& root) {
   fs::create_directory_symlink("../var", link, ignored);
 }
 
-// A name that is not UTF-8, which the phone's file system would not take, is read as if each byte were a letter.
+// The phone's file system rejects names that are not UTF-8. Here such a name is decoded as Latin-1.
 NSString* stringWithRepresentation(NSFileManager*, SEL, const char* name, NSUInteger length) {
   NSData* const bytes = NSData::dataWithBytes(name, length);
   const objc::Ref<NSString> decoded = NSString::decoded(bytes, NSStringEncoding::UTF8);
@@ -79,7 +80,7 @@ std::string pathUnderRoot(std::string_view platformPath) {
 }
 
 void installPlatformPaths() {
-  // A backslash is a letter like any other.
+  // By default, Foundation treats a backslash as a separator.
   GSPathHandling("unix");
   MSHookMessageEx(NSFileManager::classObject(), objc::selector<"fileSystemRepresentationWithPath:">(),
                   objc::toImplementation(&fileSystemRepresentation), nullptr);

@@ -1,4 +1,4 @@
-// The folder that stands for the phone's file system, and the platform's paths in it.
+// The root: the folder that represents the phone's file system. Translates the platform's paths into it.
 #pragma once
 
 #include <filesystem>
@@ -10,29 +10,30 @@
 
 namespace foundation {
 
-// Whose preferences and distributed notifications a process shares.
+// Selects with which processes this one shares preferences and distributed notifications.
 enum class DefaultsDatabase {
-  OfUser,  // those of every other program of the user
-  OfRoot,  // those of the processes of the same root alone
+  OfUser,  // with all processes of the user
+  OfRoot,  // with the processes of the same root only
 };
 
-// Chooses the root, which is made where it is missing, with a link "private/var" to "var". First thing in a process,
-// before any other use of Foundation: Foundation reads where its database is at most once. The answer is the reason of
-// a failure, nothing on success. Main thread.
+// Selects the root. Creates it if it is missing, with a link from "private/var" to "var". Call it first in a process,
+// before any other use of Foundation, because Foundation reads the location of its database only once. Returns the
+// reason of a failure, or nothing on success. Main thread.
 [[nodiscard]] std::optional<std::string> useRoot(const std::filesystem::path& root, DefaultsDatabase database);
 
-// As it was chosen.
+// The database that useRoot selected.
 DefaultsDatabase defaultsDatabase();
-// Empty while none was chosen.
+// The absolute path of the root. Empty until useRoot is called.
 const std::filesystem::path& root();
 
-// Where a path of the phone, such as "/var/mobile/Library", really is. A path that is under the root already, or not
-// absolute, and any path while there is no root, is answered unchanged.
+// Translates a path of the phone, such as "/var/mobile/Library", to the path under the root. Returns a path unchanged
+// if it is already under the root or is relative, and any path if there is no root.
 std::string pathUnderRoot(std::string_view platformPath);
 
-// Makes Foundation's files the phone's: a path in "/Library/Application Support/Brim", "/var/mobile" or
-// "/private/var/mobile" means the one under the root, for every class that reads and writes files and for
-// -fileSystemRepresentation; other paths mean what they always did. Names are UTF-8, whatever the user's locale says.
+// Makes Foundation translate paths: a path in "/Library/Application Support/Brim", "/var/mobile" or
+// "/private/var/mobile" refers to the file under the root, for all classes that access files and for
+// -fileSystemRepresentation. Other paths are unchanged. File names are UTF-8, regardless of the user's locale. Main
+// thread, once.
 void installPlatformPaths();
 
 }  // namespace foundation

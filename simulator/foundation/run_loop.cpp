@@ -18,7 +18,7 @@
 
 namespace foundation {
 
-// GNUstep's run loop tells a watcher object about its descriptors.
+// GNUstep's run loop sends events of descriptors to a watcher object.
 class DescriptorWatcher : public objc::Interface<"BrimDescriptorWatcher", NSObject> {};
 
 namespace {
@@ -54,8 +54,8 @@ DescriptorWatcher* watcher() {
   return shared;
 }
 
-// Whether the wake descriptor is readable: one write serves any number of posts until it is read.
-std::atomic<bool> awake = false;
+// Whether the wake descriptor is already readable. Until it is read, no further write is necessary.
+std::atomic<bool> isWakePending = false;
 
 void consume(int descriptor) {
   std::uint64_t count = 0;
@@ -67,13 +67,13 @@ int wakeDescriptor() {
   return descriptor;
 }
 
-// The run loop's own deadlines are whole milliseconds and late; frames want better.
-int alarmDescriptor() {
+// The run loop's own timeouts are rounded to milliseconds and late, which is not precise enough for frames.
+int timerDescriptor() {
   static const int descriptor = timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC);
   return descriptor;
 }
 
-void setAlarm(Nanoseconds deadline) {
+void setTimer(Nanoseconds deadline) {
   static Nanoseconds current = never;
   if (current == deadline) return;
   current = deadline;
@@ -82,23 +82,23 @@ void setAlarm(Nanoseconds deadline) {
     setting.it_value.tv_sec = deadline / nanosecondsInSecond;
     setting.it_value.tv_nsec = deadline % nanosecondsInSecond;
   }
-  timerfd_settime(alarmDescriptor(), TFD_TIMER_ABSTIME, &setting, nullptr);
+  timerfd_settime(timerDescriptor(), TFD_TIMER_ABSTIME, &setting, nullptr);
 }
 
 void watchOwnDescriptors() {
   static const bool watched = [] {
     watchDescriptor(wakeDescriptor(), [] {
       consume(wakeDescriptor());
-      awake = false;
+      isWakePending = false;
     });
-    watchDescriptor(alarmDescriptor(), [] { consume(alarmDescriptor()); });
+    watchDescriptor(timerDescriptor(), [] { consume(timerDescriptor()); });
     return true;
   }();
   static_cast<void>(watched);
 }
 
-NSDate* longAgo() { return objc::send<NSDate*, "distantPast">(NSDate::classObject()); }
-NSDate* far() { return objc::send<NSDate*, "distantFuture">(NSDate::classObject()); }
+NSDate* distantPast() { return objc::send<NSDate*, "distantPast">(NSDate::classObject()); }
+NSDate* distantFuture() { return objc::send<NSDate*, "distantFuture">(NSDate::classObject()); }
 
 }  // namespace
 
@@ -114,31 +114,31 @@ void unwatchDescriptor(int descriptor) {
                                                     defaultMode(), true);
 }
 
-void pumpFoundation(double waitAtMost) {
+void pumpRunLoop(double waitAtMost) {
   const objc::AutoreleasePool pool;
   watchOwnDescriptors();
   if (waitAtMost > 0) {
     sleepUntil(clock::systemTime(later(clock::realNow(), nanosecondsOf(waitAtMost))));
-    runExternalWork();
+    scheduleExternalWork();
   }
-  objc::send<void, "acceptInputForMode:beforeDate:">(currentRunLoop(), defaultMode(), longAgo());
+  objc::send<void, "acceptInputForMode:beforeDate:">(currentRunLoop(), defaultMode(), distantPast());
 }
 
-void letNewsIn(double waitAtMost) {
+void pumpRunLoopAndMainQueue(double waitAtMost) {
   const objc::AutoreleasePool pool;
-  pumpFoundation(waitAtMost);
+  pumpRunLoop(waitAtMost);
   drainMainQueue();
 }
 
 void sleepUntil(Nanoseconds deadline) {
   const objc::AutoreleasePool pool;
   watchOwnDescriptors();
-  setAlarm(deadline);
-  objc::send<bool, "runMode:beforeDate:">(currentRunLoop(), defaultMode(), far());
+  setTimer(deadline);
+  objc::send<bool, "runMode:beforeDate:">(currentRunLoop(), defaultMode(), distantFuture());
 }
 
 void wakeMainThread() {
-  if (awake.exchange(true)) return;
+  if (isWakePending.exchange(true)) return;
   const std::uint64_t one = 1;
   [[maybe_unused]] const ssize_t size = write(wakeDescriptor(), &one, sizeof one);
 }

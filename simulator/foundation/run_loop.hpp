@@ -1,4 +1,4 @@
-// The main thread's sleep: GNUstep's run loop, with this system's own descriptors beside Foundation's.
+// The run loop of the main thread. It is GNUstep's run loop, extended by file descriptors of the simulator.
 #pragma once
 
 #include <functional>
@@ -7,20 +7,21 @@
 
 namespace foundation {
 
-// From now on `whenReadable` is called in the run loop's turns in which the descriptor has something to read. It must
-// read, or stop watching. A descriptor has one watcher; it is the caller's, and is unwatched before it is closed. Main
-// thread.
+// Calls `whenReadable` in each run-loop iteration in which the descriptor is readable. The function must read from the
+// descriptor or unwatch it. A descriptor has one watcher. The descriptor remains the caller's, who must unwatch it
+// before closing it. Main thread.
 void watchDescriptor(int descriptor, std::function<void()> whenReadable);
 void unwatchDescriptor(int descriptor);
 
-// Lets in what other processes have sent: distributed notifications, changed preferences, watched descriptors. Waits
-// for real seconds, at most so many, until something comes, and takes the servers' answers; 0 only looks. Main thread.
-void pumpFoundation(double waitAtMost = 0);
-// The same, and what is due on the main queue by then: a notification that came while this process spoke to the daemon
-// waits there.
-void letNewsIn(double waitAtMost);
+// Processes what other processes have sent: distributed notifications, changed preferences and watched descriptors.
+// With a positive argument, first waits up to that many real seconds for an event, and adds the responses of servers to
+// the main queue. Main thread.
+void pumpRunLoop(double waitAtMost = 0);
+// Calls pumpRunLoop and then runs the due work of the main queue. A notification that arrived during a call to the
+// notification daemon is such work. Main thread.
+void pumpRunLoopAndMainQueue(double waitAtMost);
 
-// Sleeps until the system's monotonic time `deadline`, a descriptor or another thread's wakeMainThread. Main thread.
+// Sleeps until the CLOCK_MONOTONIC time `deadline`, an event on a descriptor, or a call of wakeMainThread. Main thread.
 void sleepUntil(Nanoseconds deadline);
 // Any thread.
 void wakeMainThread();

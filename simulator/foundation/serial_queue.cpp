@@ -13,7 +13,7 @@ namespace foundation {
 
 namespace {
 
-// Work that itself waits for the main thread must not keep the process.
+// Limited, because the main thread would otherwise wait forever for work that waits for the main thread.
 constexpr std::chrono::seconds maxWaitAtExit(1);
 
 struct Threads {
@@ -34,36 +34,36 @@ void stopThreads() {
 }  // namespace
 
 void SerialQueue::async(std::function<void()> work) {
-  const std::lock_guard lock(mutex);
-  waiting.push_back(std::make_shared<Entry>(Entry{std::move(work)}));
-  if (!std::exchange(hasThread, true)) startThread();
-  changed.notify_all();
+  const std::lock_guard lock(mutex_);
+  waiting_.push_back(std::make_shared<Entry>(Entry{std::move(work)}));
+  if (!std::exchange(hasThread_, true)) startThread();
+  changed_.notify_all();
 }
 
 void SerialQueue::sync(const std::function<void()>& work) {
-  Lock lock(mutex);
-  const auto turn = std::make_shared<Entry>();
-  waiting.push_back(turn);
-  changed.wait(lock, [&] { return runner == std::thread::id() && waiting.front() == turn; });
+  Lock lock(mutex_);
+  const auto entry = std::make_shared<Entry>();
+  waiting_.push_back(entry);
+  changed_.wait(lock, [&] { return runner_ == std::thread::id() && waiting_.front() == entry; });
   run(lock, work);
 }
 
 bool SerialQueue::isRunningCaller() const {
-  const std::lock_guard lock(mutex);
-  return runner == std::this_thread::get_id();
+  const std::lock_guard lock(mutex_);
+  return runner_ == std::this_thread::get_id();
 }
 
 void SerialQueue::run(Lock& lock, const std::function<void()>& work) {
-  waiting.pop_front();
-  runner = std::this_thread::get_id();
+  waiting_.pop_front();
+  runner_ = std::this_thread::get_id();
   lock.unlock();
   {
     const objc::AutoreleasePool pool;
     work();
   }
   lock.lock();
-  runner = {};
-  changed.notify_all();
+  runner_ = {};
+  changed_.notify_all();
 }
 
 void SerialQueue::startThread() {
@@ -74,20 +74,20 @@ void SerialQueue::startThread() {
 }
 
 void SerialQueue::stop() {
-  Lock lock(mutex);
-  isStopping = true;
-  changed.wait_for(lock, maxWaitAtExit,
-                   [this] { return runner == std::thread::id() || runner == std::this_thread::get_id(); });
+  Lock lock(mutex_);
+  isStopping_ = true;
+  changed_.wait_for(lock, maxWaitAtExit,
+                    [this] { return runner_ == std::thread::id() || runner_ == std::this_thread::get_id(); });
 }
 
 void SerialQueue::runThread() {
   GSRegisterCurrentThread();
-  Lock lock(mutex);
+  Lock lock(mutex_);
   while (true) {
-    changed.wait(lock, [&] {
-      return !isStopping && runner == std::thread::id() && !waiting.empty() && waiting.front()->work != nullptr;
+    changed_.wait(lock, [&] {
+      return !isStopping_ && runner_ == std::thread::id() && !waiting_.empty() && waiting_.front()->work != nullptr;
     });
-    const std::shared_ptr<Entry> next = waiting.front();
+    const std::shared_ptr<Entry> next = waiting_.front();
     run(lock, next->work);
   }
 }

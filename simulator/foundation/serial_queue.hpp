@@ -1,4 +1,5 @@
-// A serial queue: one piece of work at a time, in order of arrival, on a thread of its own or on a waiting caller's.
+// A serial queue. It runs one piece of work at a time, in the order in which it was added, on its own thread or on the
+// thread of a caller that waits.
 #pragma once
 
 #include <condition_variable>
@@ -10,20 +11,20 @@
 
 namespace foundation {
 
-// Lives as long as the process; has no thread before the first `async`. A process that ends lets the work that its
-// threads are running come to its end, and begins no more of it: what they use is being taken down. Any thread.
+// A queue is never destroyed. Its thread starts with the first `async`. When the process exits, running work may finish
+// and no further work starts, because static objects that work may use are being destroyed. Any thread.
 class SerialQueue {
  public:
   void async(std::function<void()> work);
-  // Runs the work on the caller's thread, after what came before.
+  // Runs the work on the caller's thread, after all work that was added before.
   void sync(const std::function<void()>& work);
-  // Whether the caller is work of this queue, and a `sync` would wait for itself.
+  // Whether the caller is work of this queue. A `sync` would then be a deadlock.
   bool isRunningCaller() const;
 
  private:
   using Lock = std::unique_lock<std::mutex>;
 
-  // A caller's turn in `sync` is an entry without work.
+  // An entry without work represents a caller that waits in `sync`.
   struct Entry {
     std::function<void()> work;
   };
@@ -33,12 +34,12 @@ class SerialQueue {
   void runThread();
   void stop();
 
-  mutable std::mutex mutex;
-  std::condition_variable changed;
-  std::deque<std::shared_ptr<Entry>> waiting;
-  std::thread::id runner;
-  bool hasThread = false;
-  bool isStopping = false;
+  mutable std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<std::shared_ptr<Entry>> waiting_;
+  std::thread::id runner_;
+  bool hasThread_ = false;
+  bool isStopping_ = false;
 };
 
 }  // namespace foundation

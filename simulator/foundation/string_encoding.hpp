@@ -1,10 +1,10 @@
-// Text as UTF-16 data.
+// Conversion of strings to UTF-16 data.
 #pragma once
 
 namespace foundation {
 
-// Makes -[NSString dataUsingEncoding:] write the whole text in NSUnicodeStringEncoding: Foundation's own leaves out the
-// second half of a character beyond the first plane, such as an emoji, where the text ends with one.
+// Replaces -[NSString dataUsingEncoding:] for NSUnicodeStringEncoding. GNUstep's own omits the second surrogate of the
+// last character if that character is outside the Basic Multilingual Plane, such as an emoji. Main thread, once.
 void installStringEncoding();
 
 }  // namespace foundation

@@ -23,13 +23,13 @@ struct Table {
   ObjectFilter objects;
 };
 
-// Never destroyed: objects may go away while the process ends.
+// Never destroyed, because objects may be deallocated while the process exits.
 Table& table() {
   static Table& shared = *new Table;
   return shared;
 }
 
-// The functions below are called with the table locked.
+// The caller of the functions below has locked the table.
 
 void registerLocation(id object, id* location) {
   const auto [entry, isNew] = table().entries.try_emplace(object);
@@ -67,7 +67,7 @@ void clearWeakReferences(id object) {
 
 ReleaseOutcome releaseUnlessLast(id object, SEL selector, void (*release)(id, SEL)) {
   std::unique_lock<std::mutex> lock;
-  // A weak reference that is being loaded meanwhile waits for the lock, and then finds null or one reference more.
+  // The lock makes a concurrent load of a weak reference wait. The load then returns null or adds a reference.
   if (table().objects.mayContain(object)) lock = std::unique_lock(table().mutex);
   if (NSExtraRefCount(object) == 0) {
     if (lock) clear(object);

@@ -1,16 +1,17 @@
-// Weak references, under the platform's names (objc/runtime.hpp): null from the moment their object begins to go away.
+// Weak references. The platform's functions for them are declared in objc/runtime.hpp. A weak reference becomes null
+// when the deallocation of its object begins.
 #pragma once
 
 #include "objc/runtime.hpp"
 
 namespace foundation {
 
-// Makes every weak reference to an object that is going away null. Any thread.
+// Sets all weak references to an object that is being deallocated to null. Any thread.
 void clearWeakReferences(id object);
 
 enum class ReleaseOutcome { Released, LastReference };
-// Releases one reference by the method `release`, unless it is the last one: then weak references to the object are
-// null from here on and the reference is still the caller's to release. Any thread.
+// Releases one reference with the function `release`, unless it is the last one. In that case it sets the weak
+// references to the object to null and leaves the release to the caller. Any thread.
 ReleaseOutcome releaseUnlessLast(id object, SEL selector, void (*release)(id, SEL));
 
 }  // namespace foundation

@@ -6,38 +6,38 @@
 namespace foundation {
 
 void WorkList::add(std::function<void()> work) {
-  const std::lock_guard lock(mutex);
-  ready.push_back(std::move(work));
+  const std::lock_guard lock(mutex_);
+  ready_.push_back(std::move(work));
 }
 
 void WorkList::addAt(Nanoseconds when, std::function<void()> work) {
   if (when == never) return;
-  const std::lock_guard lock(mutex);
-  timed.emplace(when, std::move(work));
+  const std::lock_guard lock(mutex_);
+  timed_.emplace(when, std::move(work));
 }
 
 std::function<void()> WorkList::takeDue(Nanoseconds now) {
-  const std::lock_guard lock(mutex);
-  const auto due = timed.upper_bound(now);
-  for (auto entry = timed.begin(); entry != due; ++entry) ready.push_back(std::move(entry->second));
-  timed.erase(timed.begin(), due);
-  if (ready.empty()) return {};
-  std::function<void()> next = std::move(ready.front());
-  ready.pop_front();
+  const std::lock_guard lock(mutex_);
+  const auto due = timed_.upper_bound(now);
+  for (auto entry = timed_.begin(); entry != due; ++entry) ready_.push_back(std::move(entry->second));
+  timed_.erase(timed_.begin(), due);
+  if (ready_.empty()) return {};
+  std::function<void()> next = std::move(ready_.front());
+  ready_.pop_front();
   return next;
 }
 
 Nanoseconds WorkList::nextTime() const {
-  const std::lock_guard lock(mutex);
-  if (!ready.empty()) return 0;
-  return timed.empty() ? never : timed.begin()->first;
+  const std::lock_guard lock(mutex_);
+  if (!ready_.empty()) return 0;
+  return timed_.empty() ? never : timed_.begin()->first;
 }
 
 void WorkList::shift(Nanoseconds from, Nanoseconds to) {
-  const std::lock_guard lock(mutex);
+  const std::lock_guard lock(mutex_);
   std::multimap<Nanoseconds, std::function<void()>> moved;
-  for (auto& [when, work] : timed) moved.emplace(later(to, std::max<Nanoseconds>(when - from, 0)), std::move(work));
-  timed = std::move(moved);
+  for (auto& [when, work] : timed_) moved.emplace(later(to, std::max<Nanoseconds>(when - from, 0)), std::move(work));
+  timed_ = std::move(moved);
 }
 
 }  // namespace foundation

@@ -1,4 +1,5 @@
-// Work waiting for the main thread: now in order of arrival, or at a time, equal times in order of arrival.
+// Pending work of the main thread. Work without a time runs in the order in which it was added. Work with a time runs
+// when it is due; equal times run in the order in which they were added.
 #pragma once
 
 #include <deque>
@@ -10,23 +11,24 @@
 
 namespace foundation {
 
-// Any thread may add; the main thread takes.
+// Any thread can add work; only the main thread removes it.
 class WorkList {
  public:
   void add(std::function<void()> work);
+  // Work for the time `never` is dropped.
   void addAt(Nanoseconds when, std::function<void()> work);
 
-  // The next work that is due, empty when there is none.
+  // Removes and returns the next work that is due; empty if there is none.
   std::function<void()> takeDue(Nanoseconds now);
-  // When the next work is due: zero for work without a time, `never` when nothing waits.
+  // The time of the next work: zero for work without a time, `never` if the list is empty.
   Nanoseconds nextTime() const;
-  // Moves every deadline, when the clock that they were made by is changed for another.
+  // Converts all deadlines from a clock that shows `from` to a clock that shows `to`.
   void shift(Nanoseconds from, Nanoseconds to);
 
  private:
-  mutable std::mutex mutex;
-  std::deque<std::function<void()>> ready;
-  std::multimap<Nanoseconds, std::function<void()>> timed;
+  mutable std::mutex mutex_;
+  std::deque<std::function<void()>> ready_;
+  std::multimap<Nanoseconds, std::function<void()>> timed_;
 };
 
 }  // namespace foundation

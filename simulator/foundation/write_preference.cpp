@@ -9,7 +9,7 @@
 #include "platform/ns_dictionary.hpp"
 #include "simulator/foundation/preference_domain.hpp"
 #include "simulator/foundation/preferences.hpp"
-#include "simulator/foundation/property_list.hpp"
+#include "simulator/foundation/property_list_files.hpp"
 
 namespace foundation {
 
@@ -24,7 +24,7 @@ NSMutableDictionary* storedValues(const std::filesystem::path& file) {
   return values;
 }
 
-// Foundation itself stores the description of anything else.
+// For a value of any other type, Foundation would store its description.
 bool isPropertyListValue(const NSObject* value) {
   for (const char* name : {"NSString", "NSNumber", "NSData", "NSDate", "NSArray", "NSDictionary"})
     if (value->isKindOfClass(reinterpret_cast<Class>(objc_getClass(name)))) return true;
@@ -44,7 +44,7 @@ bool writeBytes(const std::string& file, const NSData* data) {
   return close(descriptor) == 0 && written == static_cast<ssize_t>(data->length());
 }
 
-// Whole or not at all: other processes read at any moment.
+// Replaces the file atomically, because other processes may read it at any time.
 bool replaceFile(const std::string& file, const NSData* data) {
   const std::string unfinished = file + "." + std::to_string(getpid());
   if (writeBytes(unfinished, data) && rename(unfinished.c_str(), file.c_str()) == 0) return true;
@@ -59,11 +59,13 @@ bool replaceFile(const std::string& file, const NSData* data) {
 std::optional<std::string> writePreference(const std::string& domain, const std::string& key, const NSObject* value) {
   const objc::AutoreleasePool pool;
   PreferenceDomain& target = PreferenceDomain::named(domain);
-  if (target.file().empty()) return "no preferences domain has the name \"" + domain + "\"";
+  if (target.file().empty())
+    return "\"" + domain + "\" is not the name of a preferences domain; a name is not empty and contains no slash";
   NSMutableDictionary* values = storedValues(target.file());
   NSString* const name = NSString::stringWithUTF8String(key.c_str());
   if (name == nullptr) return "the key is not UTF-8";
-  if (value != nullptr && !isPropertyListValue(value)) return "the value of \"" + key + "\" cannot be stored";
+  if (value != nullptr && !isPropertyListValue(value))
+    return "the value of \"" + key + "\" cannot be stored in a property list";
   if (value == nullptr) {
     objc::send<void, "removeObjectForKey:">(values, name);
   } else {

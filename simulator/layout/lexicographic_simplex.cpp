@@ -7,12 +7,12 @@
 namespace layout {
 namespace {
 
-constexpr double smallestPivot = 1e-9;
-constexpr double smallestSlope = 1e-9;
-constexpr double zeroWidth = 1e-9;
-constexpr double tieWidth = 1e-12;
-// So many pivots without movement, and Bland's rule takes over, which cannot cycle.
-constexpr int patience = 16;
+constexpr double minPivot = 1e-9;
+constexpr double minSlope = 1e-9;
+constexpr double zeroTolerance = 1e-9;
+constexpr double tieTolerance = 1e-12;
+// After more consecutive degenerate pivots than this, the search uses Bland's rule, which cannot cycle.
+constexpr int maxDegeneratePivots = 16;
 
 }  // namespace
 
@@ -34,14 +34,14 @@ bool LexicographicSimplex::absorb(Quantity quantity) {
   const std::size_t row = tableau_.position(quantity);
   const double* coefficients = tableau_.row(row);
   std::size_t best = 0;
-  double largest = smallestPivot;
+  double largest = minPivot;
   for (std::size_t column = 0; column < tableau_.columns(); ++column) {
     const double size = std::abs(coefficients[column]);
     if (size <= largest || !tableau_.isVariable(tableau_.nonbasic(column))) continue;
     best = column;
     largest = size;
   }
-  if (largest == smallestPivot) return false;
+  if (largest == minPivot) return false;
   tableau_.pivot(row, best);
   ++pivotCount_;
   return true;
@@ -49,17 +49,18 @@ bool LexicographicSimplex::absorb(Quantity quantity) {
 
 double LexicographicSimplex::minimize(std::span<const Quantity> goal) {
   beginGoal(goal);
-  // Far more than any model needs; it ends the search should rounding ever defeat Bland's rule.
-  const std::size_t limit = pivotCount_ + 50 * (tableau_.rows() + tableau_.columns()) + 1000;
-  int standstill = 0;
-  while (pivotCount_ < limit) {
-    const Rule rule = standstill > patience ? Rule::Bland : Rule::SteepestDescent;
+  // Far more pivots than any model needs. Ends the search if rounding errors make even Bland's rule cycle.
+  const std::size_t maxPivotCount = pivotCount_ + 50 * (tableau_.rows() + tableau_.columns()) + 1000;
+  int degeneratePivots = 0;
+  while (pivotCount_ < maxPivotCount) {
+    const Rule rule = degeneratePivots > maxDegeneratePivots ? Rule::Bland : Rule::SteepestDescent;
     computeGradient(goal);
     const Entering entering = chooseEntering(rule);
     if (entering.direction == noSign) break;
     const Leaving leaving = chooseLeaving(entering, rule);
-    if (leaving.row == tableau_.rows()) break;  // a cost cannot fall for ever: the slope was a rounding error
-    standstill = leaving.distance > tieWidth ? 0 : standstill + 1;
+    // No row limits the entering quantity. A cost has a lower bound, so the slope was a rounding error.
+    if (leaving.row == tableau_.rows()) break;
+    degeneratePivots = leaving.distance > tieTolerance ? 0 : degeneratePivots + 1;
     pivot(leaving, entering);
   }
   return cost(goal);
@@ -71,31 +72,31 @@ void LexicographicSimplex::beginGoal(std::span<const Quantity> goal) {
     goalOf_[quantity] = goalNumber_;
     if (!tableau_.isBasic(quantity)) continue;
     const double value = tableau_.value(quantity);
-    const bool isNegative = std::abs(value) > zeroWidth ? value < 0 : costs_[quantity].below == 0;
+    const bool isNegative = std::abs(value) > zeroTolerance ? value < 0 : costs_[quantity].below == 0;
     allowed_[quantity] = isNegative ? negative : positive;
   }
-  openColumns_.clear();
+  candidateColumns_.clear();
   for (std::uint32_t column = 0; column < tableau_.columns(); ++column) {
-    if (allowed_[tableau_.nonbasic(column)] != noSign) openColumns_.push_back(column);
+    if (allowed_[tableau_.nonbasic(column)] != noSign) candidateColumns_.push_back(column);
   }
 }
 
 void LexicographicSimplex::computeGradient(std::span<const Quantity> goal) {
-  for (const std::uint32_t column : openColumns_) gradient_[column] = 0;
+  for (const std::uint32_t column : candidateColumns_) gradient_[column] = 0;
   for (const Quantity quantity : goal) {
     if (!tableau_.isBasic(quantity)) continue;
     const double slope = allowed_[quantity] == negative ? -costs_[quantity].below : costs_[quantity].above;
     if (slope == 0) continue;
     const double* coefficients = tableau_.row(tableau_.position(quantity));
-    for (const std::uint32_t column : openColumns_) gradient_[column] += slope * coefficients[column];
+    for (const std::uint32_t column : candidateColumns_) gradient_[column] += slope * coefficients[column];
   }
 }
 
 LexicographicSimplex::Entering LexicographicSimplex::chooseEntering(Rule rule) const {
   Entering best{0, noSign};
-  double steepest = -smallestSlope;
+  double steepest = -minSlope;
   const auto consider = [&](std::uint32_t column, Signs direction, double slope) {
-    if (!(slope < -smallestSlope)) return;  // nor when it is no number
+    if (!(slope < -minSlope)) return;  // also if the slope is NaN
     const bool better = rule == Rule::SteepestDescent
                             ? slope < steepest
                             : best.direction == noSign || tableau_.nonbasic(column) < tableau_.nonbasic(best.column);
@@ -103,7 +104,7 @@ LexicographicSimplex::Entering LexicographicSimplex::chooseEntering(Rule rule) c
     best = {column, direction};
     steepest = slope;
   };
-  for (const std::uint32_t column : openColumns_) {
+  for (const std::uint32_t column : candidateColumns_) {
     const Quantity quantity = tableau_.nonbasic(column);
     const Cost own = goalCost(quantity);
     if ((allowed_[quantity] & positive) != 0) consider(column, positive, own.above + gradient_[column]);
@@ -118,13 +119,13 @@ LexicographicSimplex::Leaving LexicographicSimplex::chooseLeaving(Entering enter
   for (std::size_t row = 0; row < tableau_.rows(); ++row) {
     const double coefficient = tableau_.row(row)[entering.column];
     const double size = std::abs(coefficient);
-    if (size <= smallestPivot) continue;
-    const Signs heading = (coefficient < 0) == (entering.direction == negative) ? positive : negative;
-    if ((allowed_[tableau_.basic(row)] & heading) != 0) continue;
-    const double room = heading == negative ? tableau_.constant(row) : -tableau_.constant(row);
-    const double distance = std::max(room, 0.0) / size;
-    if (distance > best.distance + tieWidth) continue;
-    if (distance >= best.distance - tieWidth) {
+    if (size <= minPivot) continue;
+    const Signs direction = (coefficient < 0) == (entering.direction == negative) ? positive : negative;
+    if ((allowed_[tableau_.basic(row)] & direction) != 0) continue;
+    const double slack = direction == negative ? tableau_.constant(row) : -tableau_.constant(row);
+    const double distance = std::max(slack, 0.0) / size;
+    if (distance > best.distance + tieTolerance) continue;
+    if (distance >= best.distance - tieTolerance) {
       const bool preferred = rule == Rule::Bland ? tableau_.basic(row) < tableau_.basic(best.row) : size > pivotSize;
       if (!preferred) continue;
     }
@@ -155,14 +156,14 @@ double LexicographicSimplex::cost(std::span<const Quantity> goal) const {
 }
 
 void LexicographicSimplex::keepOptimum(std::span<const Quantity> goal) {
-  // A basic quantity of the goal already is confined to the side it is on. A nonbasic one stays where it is if moving
-  // it has its price.
+  // A basic quantity of the goal is already restricted to its sign. A nonbasic quantity is fixed in each direction in
+  // which it would increase the cost.
   computeGradient(goal);
-  for (const std::uint32_t column : openColumns_) {
+  for (const std::uint32_t column : candidateColumns_) {
     const Quantity quantity = tableau_.nonbasic(column);
     const Cost own = goalCost(quantity);
-    if (own.above + gradient_[column] > smallestSlope) allowed_[quantity] &= negative;
-    if (own.below - gradient_[column] > smallestSlope) allowed_[quantity] &= positive;
+    if (own.above + gradient_[column] > minSlope) allowed_[quantity] &= negative;
+    if (own.below - gradient_[column] > minSlope) allowed_[quantity] &= positive;
   }
 }
 
@@ -185,8 +186,8 @@ bool LexicographicSimplex::isFeasible() const {
   for (std::size_t row = 0; row < tableau_.rows(); ++row) {
     const Signs allowed = allowed_[tableau_.basic(row)];
     const double value = tableau_.constant(row);
-    if (value < -zeroWidth && (allowed & negative) == 0) return false;
-    if (value > zeroWidth && (allowed & positive) == 0) return false;
+    if (value < -zeroTolerance && (allowed & negative) == 0) return false;
+    if (value > zeroTolerance && (allowed & positive) == 0) return false;
   }
   return true;
 }

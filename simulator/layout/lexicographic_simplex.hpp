@@ -1,4 +1,5 @@
-// A primal simplex that serves one goal after another, each within the optimum of those before it.
+// A primal simplex method for lexicographic optimization: it minimizes several goals in order, and each goal only
+// within the optimum of the previous ones.
 #pragma once
 
 #include <cstddef>
@@ -10,8 +11,9 @@
 
 namespace layout {
 
-/// A goal is a set of quantities, each with a cost for every unit it is below and above zero. A goal is first minimized
-/// and then kept; what has not been a goal yet moves freely.
+// A goal is a set of quantities. Each has a cost for every unit that it is below or above zero. Each goal is first
+// minimized and then fixed at its optimum. A quantity that no goal has contained yet can have any value. Used by one
+// thread at a time.
 class LexicographicSimplex {
  public:
   using Quantity = Tableau::Quantity;
@@ -20,36 +22,37 @@ class LexicographicSimplex {
     double above = 0;
   };
 
-  /// Starts over with all quantities free and without cost, and a tableau to be filled.
+  // Starts again with all quantities free and without cost. The caller then fills the tableau.
   void reset(std::size_t variables, std::size_t constraints);
-  /// Makes all quantities free again and stays at the present basis.
+  // Makes all quantities free again, at the current basis.
   void release();
 
   Tableau& tableau() { return tableau_; }
   const Tableau& tableau() const { return tableau_; }
   void setCost(Quantity quantity, Cost cost) { costs_[quantity] = cost; }
 
-  /// Brings a quantity to zero by means of a variable that nothing determines yet; false if there is none. Valid while
-  /// every goal kept so far was absorbed, or had no such variable in its expression.
+  // Makes a basic quantity zero by exchanging it with a nonbasic variable; false if its expression contains none. Only
+  // allowed while each fixed goal was absorbed or had no such variable in its expression.
   bool absorb(Quantity quantity);
-  /// Finds the least total cost of the quantities. To be followed by `keepOptimum`, `keepZero` or `abandon`.
+  // Minimizes and returns the total cost of the quantities. Call `keepOptimum`, `keepZero` or `abandon` next.
   double minimize(std::span<const Quantity> goal);
   double cost(std::span<const Quantity> goal) const;
-  /// Confines everything to where the goal just minimized stays at its optimum.
+  // Restricts all quantities so that the goal minimized last remains at its optimum.
   void keepOptimum(std::span<const Quantity> goal);
-  /// The same for a goal whose cost is zero but for rounding.
+  // The same for a goal whose optimum is zero; removes rounding errors.
   void keepZero(std::span<const Quantity> goal);
+  // Makes the quantity free again.
   void abandon(Quantity quantity) { allowed_[quantity] = eitherSign; }
 
-  /// True when no quantity can move any more without giving up a goal that is kept.
+  // Whether no quantity can change without increasing the cost of a fixed goal.
   bool isDetermined() const;
-  /// True when all quantities are still where the goals allow them; then the basis is still optimal for all goals.
+  // Whether all quantities still have a sign that the fixed goals allow. The basis is then optimal for all goals.
   bool isFeasible() const;
-  /// All there were, before the last reset too.
+  // The number of pivots since construction. A reset does not clear it.
   std::size_t pivotCount() const { return pivotCount_; }
 
  private:
-  // The signs a quantity may have, as a set of two bits.
+  // The set of signs that a quantity can have, as two bits.
   using Signs = std::uint8_t;
   static constexpr Signs noSign = 0;
   static constexpr Signs negative = 1;
@@ -58,11 +61,11 @@ class LexicographicSimplex {
 
   struct Entering {
     std::size_t column;
-    Signs direction;  // negative or positive, or noSign when the optimum is reached
+    Signs direction;  // negative or positive, or noSign if the optimum is reached
   };
   struct Leaving {
     std::size_t row;
-    double distance;  // how far the entering quantity moves
+    double distance;  // the change of the entering quantity
   };
   enum class Rule { SteepestDescent, Bland };
 
@@ -77,10 +80,10 @@ class LexicographicSimplex {
   Tableau tableau_;
   std::vector<Cost> costs_;
   std::vector<Signs> allowed_;
-  std::vector<std::uint32_t> goalOf_;  // the number of the goal a quantity was in last
+  std::vector<std::uint32_t> goalOf_;  // the number of the last goal that contained a quantity
   std::uint32_t goalNumber_ = 0;
-  std::vector<std::uint32_t> openColumns_;
-  std::vector<double> gradient_;  // of the goal's basic quantities, by column
+  std::vector<std::uint32_t> candidateColumns_;  // of the nonbasic quantities that are not fixed at zero
+  std::vector<double> gradient_;                 // the cost of the goal's basic quantities, differentiated by column
   std::size_t pivotCount_ = 0;
 };
 

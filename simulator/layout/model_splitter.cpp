@@ -4,14 +4,14 @@
 
 namespace layout {
 
-ModelSplitter::ModelSplitter(const DisjointSets& partition) : sets_(partition), slices_(partition.setCount() + 1) {}
+ModelSplitter::ModelSplitter(const DisjointSets& sets) : sets_(sets), slices_(sets.setCount() + 1) {}
 
-std::uint32_t ModelSplitter::setOf(std::span<const Term> terms) const {
-  return terms.empty() ? sets_.setCount() : sets_.place(terms.front().variable).part;
+std::uint32_t ModelSplitter::modelOf(std::span<const Term> terms) const {
+  return terms.empty() ? sets_.setCount() : sets_.location(terms.front().variable).set;
 }
 
 void ModelSplitter::count(std::span<const Term> terms) {
-  Slice& slice = slices_[setOf(terms)];
+  Slice& slice = slices_[modelOf(terms)];
   ++slice.rowCount;
   slice.termCount += static_cast<std::uint32_t>(terms.size());
 }
@@ -27,21 +27,21 @@ void ModelSplitter::allocate() {
   terms_.resize(terms);
 }
 
-DisjointSets::Place ModelSplitter::append(const Row& row, std::span<const Term> terms) {
-  const std::uint32_t part = setOf(terms);
-  Slice& slice = slices_[part];
+ModelSplitter::RowLocation ModelSplitter::append(const Row& row, std::span<const Term> terms) {
+  const std::uint32_t model = modelOf(terms);
+  Slice& slice = slices_[model];
   for (const Term& term : terms)
-    terms_[slice.firstTerm + slice.termCount++] = {sets_.place(term.variable).index, term.coefficient};
+    terms_[slice.firstTerm + slice.termCount++] = {sets_.location(term.variable).index, term.coefficient};
   rows_[slice.firstRow + slice.rowCount] = row;
-  return {part, slice.rowCount++};
+  return {model, slice.rowCount++};
 }
 
 std::vector<Model> ModelSplitter::models() const {
   std::vector<Model> models;
   models.reserve(slices_.size());
-  for (std::uint32_t part = 0; part < slices_.size(); ++part) {
-    const Slice& slice = slices_[part];
-    const std::uint32_t variables = part < sets_.setCount() ? sets_.variableCount(part) : 0;
+  for (std::uint32_t index = 0; index < slices_.size(); ++index) {
+    const Slice& slice = slices_[index];
+    const std::uint32_t variables = index < sets_.setCount() ? sets_.variableCount(index) : 0;
     models.push_back({variables, std::span(rows_).subspan(slice.firstRow, slice.rowCount),
                       std::span(terms_).subspan(slice.firstTerm, slice.termCount)});
   }

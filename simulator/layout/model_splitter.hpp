@@ -1,4 +1,4 @@
-// Sorts the constraints of a model into the models of its parts.
+// Splits a linear model into independent models, one for each disjoint set of variables.
 #pragma once
 
 #include <cstdint>
@@ -6,22 +6,30 @@
 #include <vector>
 
 #include "simulator/layout/disjoint_sets.hpp"
-#include "simulator/layout/model.hpp"
+#include "simulator/layout/linear_model.hpp"
 
 namespace layout {
 
-/// All constraints are counted first, which gives each part its room, and then put into it in the same order. Those
-/// without variables make up one more part, the last.
+// Works in two passes over the same constraints in the same order: the first counts them, the second stores them. The
+// models have the numbers of the sets. Constraints without variables form an additional model, the last one.
 class ModelSplitter {
  public:
-  /// Borrows the partition.
-  explicit ModelSplitter(const DisjointSets& partition);
+  // Borrows the sets.
+  explicit ModelSplitter(const DisjointSets& sets);
 
+  // First pass, once for each constraint.
   void count(std::span<const Term> terms);
+  // Between the passes.
   void allocate();
-  /// Gives the part and the number of the row in it.
-  DisjointSets::Place append(const Row& row, std::span<const Term> terms);
-  /// Valid as long as this is.
+
+  struct RowLocation {
+    std::uint32_t model;
+    std::uint32_t row;
+  };
+  // Second pass, once for each constraint. Returns where the row was stored.
+  RowLocation append(const Row& row, std::span<const Term> terms);
+
+  // The models refer to the memory of the splitter.
   std::vector<Model> models() const;
 
  private:
@@ -32,7 +40,7 @@ class ModelSplitter {
     std::uint32_t termCount = 0;
   };
 
-  std::uint32_t setOf(std::span<const Term> terms) const;
+  std::uint32_t modelOf(std::span<const Term> terms) const;
 
   const DisjointSets& sets_;
   std::vector<Slice> slices_;

@@ -5,8 +5,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "simulator/layout/model_splitter.hpp"
-
 namespace layout {
 namespace {
 
@@ -26,7 +24,7 @@ void mergeTermsOfSameVariable(std::vector<Solver::Term>& terms) {
   terms.resize(count);
 }
 
-// Divides by the power of two that brings the largest coefficient into [1, 2) and returns its exponent.
+// Divides the coefficients by a power of two, so that the largest one is in [1, 2). Returns the exponent.
 int scaleTerms(std::vector<Solver::Term>& terms) {
   double largest = 0;
   for (const Solver::Term& term : terms) largest = std::max(largest, std::abs(term.coefficient));
@@ -46,7 +44,7 @@ double scaleConstant(double constant, int exponent) {
 }  // namespace
 
 Solver::Variable Solver::addVariable() {
-  need(Start::DisjointSets);
+  require(Update::SplitModel);
   return variableCount_++;
 }
 
@@ -54,10 +52,10 @@ Solver::Constraint Solver::add(std::span<const Term> terms, double constant, Rel
   Record record{};
   record.row.priority = priority;
   record.row.relation = relation;
-  record.malformed = !storeTerms(terms, record) || std::isnan(priority);
+  record.isMalformed = !storeTerms(terms, record) || std::isnan(priority);
   record.row.constant = scaleConstant(constant, record.row.exponent);
   records_.push_back(record);
-  need(Start::DisjointSets);
+  require(Update::SplitModel);
   return static_cast<Constraint>(records_.size() - 1);
 }
 
@@ -76,37 +74,37 @@ bool Solver::storeTerms(std::span<const Term> terms, Record& record) {
 
 void Solver::remove(Constraint constraint) {
   if (constraint >= records_.size()) return;
-  records_[constraint].removed = true;
-  need(Start::DisjointSets);
+  records_[constraint].isRemoved = true;
+  require(Update::SplitModel);
 }
 
 void Solver::setConstant(Constraint constraint, double constant) {
   if (constraint >= records_.size()) return;
   Record& record = records_[constraint];
-  if (record.removed || record.malformed) return;
-  const bool tookPart = record.takesPart();
+  if (record.isRemoved || record.isMalformed) return;
+  const bool wasActive = record.isActive();
   record.row.constant = scaleConstant(constant, record.row.exponent);
-  if (record.takesPart() != tookPart) return need(Start::DisjointSets);
+  if (record.isActive() != wasActive) return require(Update::SplitModel);
   changed_.push_back(constraint);
-  need(Start::LastBasis);
+  require(Update::Constants);
 }
 
 void Solver::solve() {
-  if (start_ == Start::Nothing) return;
-  if (start_ == Start::LastBasis) {
+  if (update_ == Update::None) return;
+  if (update_ == Update::Constants) {
     solveChanged();
   } else {
-    solveAnew();
+    splitAndSolve();
   }
   changed_.clear();
-  start_ = Start::Nothing;
+  update_ = Update::None;
 }
 
 double Solver::value(Variable variable) const {
   if (!sets_.contains(variable)) return 0;
-  const Place place = sets_.place(variable);
-  const double value = parts_[place.part].value(place.index);
-  return std::isfinite(value) ? value + 0.0 : 0;  // never a negative zero
+  const DisjointSets::Location location = sets_.location(variable);
+  const double value = subproblems_[location.set].value(location.index);
+  return std::isfinite(value) ? value + 0.0 : 0;  // the addition turns a negative zero into zero
 }
 
 void Solver::clear() {
@@ -117,78 +115,79 @@ void Solver::clear() {
   conflicts_.clear();
   sets_.reset(0);
   sets_.number();
-  start_ = Start::DisjointSets;  // which lets go of the parts
+  update_ = Update::SplitModel;
 }
 
 void Solver::solveChanged() {
-  bool namesConflicts = !conflicts_.empty();
+  bool conflictsMayChange = !conflicts_.empty();
   for (const Constraint constraint : changed_) {
     const Record& record = records_[constraint];
-    parts_[record.place.part].setConstant(record.place.index, record.row.constant);
+    subproblems_[record.location.model].setConstant(record.location.row, record.row.constant);
   }
   for (const Constraint constraint : changed_) {
-    Subproblem& part = parts_[records_[constraint].place.part];
-    solve(part);
-    namesConflicts = namesConflicts || !part.conflicts().empty();
+    Subproblem& subproblem = subproblems_[records_[constraint].location.model];
+    solve(subproblem);
+    conflictsMayChange = conflictsMayChange || !subproblem.conflicts().empty();
   }
-  if (namesConflicts) collectConflicts();
+  if (conflictsMayChange) collectConflicts();
 }
 
-void Solver::solveAnew() {
-  tieVariables();
-  ModelSplitter division(sets_);
+void Solver::splitAndSolve() {
+  connectVariables();
+  ModelSplitter splitter(sets_);
   for (const Record& record : records_)
-    if (record.takesPart()) division.count(termsOf(record));
-  division.allocate();
+    if (record.isActive()) splitter.count(termsOf(record));
+  splitter.allocate();
   for (Record& record : records_)
-    if (record.takesPart()) record.place = division.append(record.row, termsOf(record));
-  takeOver(std::exchange(parts_, {}), division.models());
+    if (record.isActive()) record.location = splitter.append(record.row, termsOf(record));
+  solveNewModels(std::exchange(subproblems_, {}), splitter.models());
   collectConflicts();
 }
 
-void Solver::tieVariables() {
+void Solver::connectVariables() {
   sets_.reset(variableCount_);
   for (const Record& record : records_)
-    if (record.takesPart()) sets_.unite(termsOf(record));
+    if (record.isActive()) sets_.unite(termsOf(record));
   sets_.number();
 }
 
-// Of the parts that were solved, those of the same model are used again.
-void Solver::takeOver(std::vector<Subproblem> solved, std::span<const Model> models) {
-  std::unordered_multimap<std::size_t, Subproblem*> usable;
-  usable.reserve(solved.size());
-  for (Subproblem& part : solved) usable.emplace(part.model().hash(), &part);
-  parts_.reserve(models.size());
+// Reuses a solved subproblem that has the same model.
+void Solver::solveNewModels(std::vector<Subproblem> solved, std::span<const Model> models) {
+  std::unordered_multimap<std::size_t, Subproblem*> reusable;
+  reusable.reserve(solved.size());
+  for (Subproblem& subproblem : solved) reusable.emplace(subproblem.model().hash(), &subproblem);
+  subproblems_.reserve(models.size());
   for (const Model& model : models) {
-    const auto found = usable.find(model.hash());
-    if (found != usable.end() && found->second->model() == model) {
-      parts_.push_back(std::move(*found->second));
-      usable.erase(found);
+    const auto found = reusable.find(model.hash());
+    if (found != reusable.end() && found->second->model() == model) {
+      subproblems_.push_back(std::move(*found->second));
+      reusable.erase(found);
     } else {
-      solve(parts_.emplace_back(model));
+      solve(subproblems_.emplace_back(model));
     }
   }
 }
 
-void Solver::solve(Subproblem& part) {
-  const std::size_t before = part.pivotCount();
-  part.solve();
-  pivotCount_ += part.pivotCount() - before;
+void Solver::solve(Subproblem& subproblem) {
+  const std::size_t before = subproblem.pivotCount();
+  subproblem.solve();
+  pivotCount_ += subproblem.pivotCount() - before;
 }
 
 void Solver::collectConflicts() {
   conflicts_.clear();
   for (Constraint constraint = 0; constraint < records_.size(); ++constraint) {
     const Record& record = records_[constraint];
-    if (record.removed) continue;
-    if (!record.takesPart() || std::ranges::binary_search(parts_[record.place.part].conflicts(), record.place.index))
+    if (record.isRemoved) continue;
+    if (!record.isActive() ||
+        std::ranges::binary_search(subproblems_[record.location.model].conflicts(), record.location.row))
       conflicts_.push_back(constraint);
   }
 }
 
 std::size_t Solver::cellCount() const {
   std::size_t count = 0;
-  for (const Subproblem& part : parts_) count += part.cellCount();
+  for (const Subproblem& subproblem : subproblems_) count += subproblem.cellCount();
   return count;
 }
 
@@ -196,6 +195,6 @@ std::span<const Term> Solver::termsOf(const Record& record) const {
   return std::span(terms_).subspan(record.firstTerm, record.row.termCount);
 }
 
-bool Solver::Record::takesPart() const { return !removed && !malformed && std::isfinite(row.constant); }
+bool Solver::Record::isActive() const { return !isRemoved && !isMalformed && std::isfinite(row.constant); }
 
 }  // namespace layout

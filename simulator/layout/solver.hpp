@@ -1,4 +1,4 @@
-// Solves linear constraints with priorities.
+// Solves systems of linear constraints with priorities. This is the solver of the view layout.
 #pragma once
 
 #include <cstddef>
@@ -7,91 +7,95 @@
 #include <vector>
 
 #include "simulator/layout/disjoint_sets.hpp"
-#include "simulator/layout/model.hpp"
+#include "simulator/layout/linear_model.hpp"
+#include "simulator/layout/model_splitter.hpp"
 #include "simulator/layout/subproblem.hpp"
 
 namespace layout {
 
-/// Variables are real numbers of any sign. Required constraints hold exactly; then, from the highest priority to the
-/// lowest, the sum of the absolute violations of each priority's constraints is made as small as the higher ones leave
-/// it. Where that leaves a choice, the variables added first are brought as near to zero as possible, one after
-/// another. So the result depends on the model alone, and a variable that nothing determines is zero.
-///
-/// Meant for layouts: what no constraint ties together is solved apart, and again only when it changes. The time and
-/// memory of a solve grow with variables times constraints of each such part, whatever is empty in between. A solver is
-/// a value without any shared state; it is used by one thread at a time.
+// Variables are real numbers of any sign. Required constraints hold exactly. Then, from the highest priority to the
+// lowest, the sum of the absolute violations of all constraints of a priority is minimized, as far as the constraints
+// of higher priorities allow. If several solutions remain, the absolute value of each variable is minimized, in order
+// of addition. The result therefore depends on the model only, and a variable without constraints is zero.
+//
+// The solver is optimized for layouts. It splits the model into independent subproblems, which are the connected
+// components of variables and constraints, and solves a subproblem again only if it changes. The time and memory of a
+// subproblem grow with the product of its variables and constraints. A solver has no shared state. It is used by one
+// thread at a time.
 class Solver {
  public:
-  using Variable = std::uint32_t;    ///< numbered from 0 in order of addition
-  using Constraint = std::uint32_t;  ///< numbered from 0 in order of addition; not used again after removal
+  using Variable = std::uint32_t;    // numbered from 0 in order of addition
+  using Constraint = std::uint32_t;  // numbered from 0 in order of addition; the number of a removed one is not reused
   using Term = layout::Term;
   using Relation = layout::Relation;
   static constexpr float required = requiredPriority;
 
   Variable addVariable();
 
-  /// The constraint "sum of the terms + constant `relation` 0". Terms of the same variable are added up. Priorities
-  /// from `required` on are required. A constraint with a number that is not finite, an unknown variable or a priority
-  /// that is no number has no effect and is listed among the conflicts. A constant is limited to
-  /// about ten million times the largest coefficient, so that a sentinel does not cost the others their precision.
+  // Adds the constraint "sum of the terms + constant `relation` 0". Terms of the same variable are added up. A
+  // constraint with a priority of `required` or higher must hold. A constraint has no effect and is listed as a
+  // conflict if it contains a number that is not finite or an unknown variable, or if its priority is NaN. The absolute
+  // value of a constant is limited to about ten million times the largest coefficient, because larger values, such as
+  // sentinels, would reduce the precision of other constraints.
   Constraint add(std::span<const Term> terms, double constant, Relation relation, float priority);
 
-  /// Ids that are unknown or removed are ignored, here and in `setConstant`.
+  // Ignores an unknown or removed constraint, as setConstant does.
   void remove(Constraint constraint);
 
-  /// The next solve goes on from the last result, which is far cheaper than a new start.
+  // Changes the constant of a constraint. Solving after such changes is much faster than after an addition or removal,
+  // because it starts from the last result.
   void setConstant(Constraint constraint, double constant);
 
-  /// Values and conflicts are those of the last solve until the next.
+  // Computes the values and conflicts. They do not change until the next call.
   void solve();
 
-  /// Zero for an unknown variable.
+  // The value of the variable after the last solve; zero for an unknown variable.
   double value(Variable variable) const;
 
-  /// The constraints left out of the last solve, in order of addition: the malformed ones, and each required one that
-  /// contradicts the required ones before it. Valid until the next solve.
+  // The constraints that the last solve ignored, in order of addition: malformed ones, and each required one that
+  // contradicts required ones before it. Valid until the next solve.
   std::span<const Constraint> conflicts() const { return conflicts_; }
 
-  /// Back to a new solver's state. A part of the next model that was in this one too is not solved again.
+  // Removes all variables and constraints. Solved subproblems that occur again in the next model are not solved again.
   void clear();
 
-  /// The pivots of all solves so far, and the cells of all tableaus as they are: the measures of time and memory.
+  // Measures of time and memory: the number of pivots of all solves, and the current number of cells of all tableaus.
   std::size_t pivotCount() const { return pivotCount_; }
   std::size_t cellCount() const;
 
  private:
-  using Place = DisjointSets::Place;
-  enum class Start { Nothing, LastBasis, DisjointSets };  // what the next solve needs, in rising order
+  // What the next solve must do, in ascending order of cost.
+  enum class Update { None, Constants, SplitModel };
   struct Record {
     Row row;
     std::uint32_t firstTerm;
-    bool removed;
-    bool malformed;
-    Place place;  // its part, and its row there
+    bool isRemoved;
+    bool isMalformed;
+    ModelSplitter::RowLocation location;  // its subproblem, and its row there
 
-    bool takesPart() const;
+    bool isActive() const;
   };
   bool storeTerms(std::span<const Term> terms, Record& record);
   std::span<const Term> termsOf(const Record& record) const;
-  void need(Start start) { start_ = start_ < start ? start : start_; }
+  void require(Update update) { update_ = update_ < update ? update : update_; }
 
   void solveChanged();
-  void solveAnew();
-  void tieVariables();
-  void takeOver(std::vector<Subproblem> solved, std::span<const Model> models);
-  void solve(Subproblem& part);
+  void splitAndSolve();
+  void connectVariables();
+  void solveNewModels(std::vector<Subproblem> solved, std::span<const Model> models);
+  void solve(Subproblem& subproblem);
   void collectConflicts();
 
   std::uint32_t variableCount_ = 0;
   std::vector<Record> records_;
   std::vector<Term> terms_;
-  std::vector<Term> expression_;  // the one being added
+  std::vector<Term> expression_;  // of the constraint that is being added
   std::vector<Constraint> changed_;
   std::vector<Constraint> conflicts_;
-  Start start_ = Start::Nothing;
+  Update update_ = Update::None;
 
   DisjointSets sets_;
-  std::vector<Subproblem> parts_;
+  std::vector<Subproblem> subproblems_;
   std::size_t pivotCount_ = 0;
 };
 

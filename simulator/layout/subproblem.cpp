@@ -6,13 +6,14 @@
 namespace layout {
 namespace {
 
-// A required constraint that is off by no more than this holds: far less than can be seen on a screen, and more than
-// rounding makes of the largest constants.
+// A required constraint holds if its violation is not larger than this. The value is far below what is visible on a
+// screen and above the rounding errors of the largest constants.
 constexpr double tolerance = 1e-6;
-// Each pivot rounds; after so many of them in changes the basis is computed anew.
-constexpr std::size_t pivotsBeforeNewStart = 1000;
+// Rounding errors grow with each pivot. After this many pivots the problem is solved from scratch.
+constexpr std::size_t maxPivotsOnLastBasis = 1000;
 
-// Violations count in the constraint's own units, relative to the largest unit of its level.
+// Rows are scaled, so a violation is converted back to the units of the constraint. All costs of a priority level are
+// divided by its largest unit.
 LexicographicSimplex::Cost costOf(const Row& row, int maxExponent) {
   const double unit = row.exponent == maxExponent ? 1 : std::scalbn(1.0, row.exponent - maxExponent);
   return {row.relation == Relation::LessOrEqual ? 0 : unit, row.relation == Relation::GreaterOrEqual ? 0 : unit};
@@ -36,10 +37,10 @@ void Subproblem::setConstant(std::uint32_t row, double constant) {
 
 void Subproblem::solve() {
   if (isSolved_ && changes_.empty()) return;
-  const bool isExact = simplex_.pivotCount() - pivotsOfNewStart_ < pivotsBeforeNewStart;
-  // Any change may let a constraint back in that was in conflict.
-  const bool canGoOn = isSolved_ && conflicts_.empty() && isExact;
-  if (!canGoOn || !solveFromLastBasis()) solveFromScratch();
+  const bool isPrecise = simplex_.pivotCount() - pivotCountFromScratch_ < maxPivotsOnLastBasis;
+  // After a conflict, any change can make the ignored constraint satisfiable, so the last basis cannot be used.
+  const bool canUseLastBasis = isSolved_ && conflicts_.empty() && isPrecise;
+  if (!canUseLastBasis || !solveFromLastBasis()) solveFromScratch();
   changes_.clear();
   isSolved_ = true;
 }
@@ -48,8 +49,8 @@ void Subproblem::solveFromScratch() {
   loadTableau();
   imposeRequired();
   optimizeLevels();
-  settleVariables();
-  pivotsOfNewStart_ = simplex_.pivotCount();
+  minimizeVariables();
+  pivotCountFromScratch_ = simplex_.pivotCount();
 }
 
 void Subproblem::loadTableau() {
@@ -87,13 +88,13 @@ bool Subproblem::solveFromLastBasis() {
   for (const Change& change : changes_) simplex_.tableau().shift(quantity(change.row), change.difference);
   if (simplex_.isFeasible()) return true;
   simplex_.release();
-  if (!imposeRequiredAtOnce()) return false;
+  if (!imposeRequiredTogether()) return false;
   optimizeLevels();
-  settleVariables();
+  minimizeVariables();
   return true;
 }
 
-bool Subproblem::imposeRequiredAtOnce() {
+bool Subproblem::imposeRequiredTogether() {
   goal_.clear();
   for (std::uint32_t row = 0; row < rows_.size(); ++row)
     if (rows_[row].isRequired()) goal_.push_back(quantity(row));
@@ -133,7 +134,7 @@ void Subproblem::optimizeLevel(std::span<const std::uint32_t> level) {
   simplex_.keepOptimum(goal_);
 }
 
-void Subproblem::settleVariables() {
+void Subproblem::minimizeVariables() {
   for (Quantity variable = 0; variable < variableCount_ && !simplex_.isDetermined(); ++variable) {
     const std::span goal(&variable, 1);
     simplex_.setCost(variable, {1, 1});

@@ -1,4 +1,4 @@
-// Solves a part of a model: variables that constraints tie together, and these constraints.
+// Solves a subproblem of a model: a connected component of variables and the constraints between them.
 #pragma once
 
 #include <cstddef>
@@ -7,27 +7,28 @@
 #include <vector>
 
 #include "simulator/layout/lexicographic_simplex.hpp"
-#include "simulator/layout/model.hpp"
+#include "simulator/layout/linear_model.hpp"
 
 namespace layout {
 
-/// Variables and rows have the numbers of the part's own model. All rows have finite numbers and known variables.
+// Variables and rows are numbered as in the subproblem's model. All numbers in the model must be finite and all
+// variables must exist. Used by one thread at a time.
 class Subproblem {
  public:
-  /// Copies the model. To be solved before anything is asked.
+  // Copies the model. Call `solve` before reading values or conflicts.
   explicit Subproblem(const Model& model);
 
-  /// With the constants as they are now. Valid until the next change.
+  // The model with the current constants. Valid until the next change.
   Model model() const { return {variableCount_, rows_, terms_}; }
   void setConstant(std::uint32_t row, double constant);
-  /// Goes on from the last result where it can.
+  // Starts from the last result if possible.
   void solve();
 
   double value(std::uint32_t variable) const { return simplex_.tableau().value(variable); }
-  /// The required rows that contradict those before them, in rising order.
+  // The required rows that contradict required rows before them, in ascending order.
   std::span<const std::uint32_t> conflicts() const { return conflicts_; }
 
-  /// All pivots so far, and the tableau's size.
+  // The number of pivots of all solves, and the size of the tableau.
   std::size_t pivotCount() const { return simplex_.pivotCount(); }
   std::size_t cellCount() const { return rows_.size() * (variableCount_ + 1); }
 
@@ -40,11 +41,11 @@ class Subproblem {
   void imposeRequired();
   bool impose(std::uint32_t row);
   bool solveFromLastBasis();
-  bool imposeRequiredAtOnce();
+  bool imposeRequiredTogether();
   void collectLevels();
   void optimizeLevels();
   void optimizeLevel(std::span<const std::uint32_t> level);
-  void settleVariables();
+  void minimizeVariables();
 
   struct Change {
     std::uint32_t row;
@@ -59,8 +60,8 @@ class Subproblem {
   bool isSolved_ = false;
 
   LexicographicSimplex simplex_;
-  std::size_t pivotsOfNewStart_ = 0;
-  std::vector<std::uint32_t> levels_;  // the optional rows, highest priority first
+  std::size_t pivotCountFromScratch_ = 0;  // the pivot count when the problem was last solved from scratch
+  std::vector<std::uint32_t> levels_;      // the rows that are not required, highest priority first
   std::vector<Quantity> goal_;
 };
 

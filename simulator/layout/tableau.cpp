@@ -6,22 +6,22 @@
 namespace layout {
 namespace {
 
-// A sum this much smaller than its operands is the rounding error of an exact zero.
-constexpr double cancellation = 1e-12;
+// A sum that is smaller than its operands by this factor is treated as zero, because it is a rounding error.
+constexpr double cancellationTolerance = 1e-12;
 
 }  // namespace
 
 void Tableau::reset(std::size_t variables, std::size_t constraints) {
   basic_.resize(constraints);
   nonbasic_.resize(variables);
-  places_.resize(variables + constraints);
+  positions_.resize(variables + constraints);
   for (std::uint32_t column = 0; column < variables; ++column) {
     nonbasic_[column] = column;
-    places_[column] = {column, false};
+    positions_[column] = {column, false};
   }
   for (std::uint32_t row = 0; row < constraints; ++row) {
     basic_[row] = static_cast<Quantity>(variables) + row;
-    places_[basic_[row]] = {row, true};
+    positions_[basic_[row]] = {row, true};
   }
   cells_.assign(constraints * stride(), 0);
 }
@@ -30,11 +30,11 @@ void Tableau::pivot(std::size_t row, std::size_t column) {
   double* source = this->row(row);
   const double reciprocal = 1 / source[column];
   source[column] = 0;
-  pattern_.clear();
+  nonzeroColumns_.clear();
   for (std::uint32_t index = 0; index < stride(); ++index) {
     if (source[index] == 0) continue;
     source[index] *= -reciprocal;
-    pattern_.push_back(index);
+    nonzeroColumns_.push_back(index);
   }
   for (std::size_t other = 0; other < rows(); ++other) {
     double* target = this->row(other);
@@ -46,25 +46,25 @@ void Tableau::pivot(std::size_t row, std::size_t column) {
   source[column] = reciprocal;
 
   std::swap(basic_[row], nonbasic_[column]);
-  places_[basic_[row]] = {static_cast<std::uint32_t>(row), true};
-  places_[nonbasic_[column]] = {static_cast<std::uint32_t>(column), false};
+  positions_[basic_[row]] = {static_cast<std::uint32_t>(row), true};
+  positions_[nonbasic_[column]] = {static_cast<std::uint32_t>(column), false};
 }
 
 void Tableau::addMultiple(double* target, double factor, const double* source) const {
-  for (const std::uint32_t index : pattern_) {
+  for (const std::uint32_t index : nonzeroColumns_) {
     const double addend = factor * source[index];
     const double sum = target[index] + addend;
-    target[index] = std::abs(sum) <= cancellation * std::abs(addend) ? 0 : sum;
+    target[index] = std::abs(sum) <= cancellationTolerance * std::abs(addend) ? 0 : sum;
   }
 }
 
 void Tableau::shift(Quantity constraint, double difference) {
-  const std::size_t place = position(constraint);
   if (isBasic(constraint)) {
-    constant(place) += difference;
+    constant(position(constraint)) += difference;
     return;
   }
-  for (std::size_t row = 0; row < rows(); ++row) constant(row) -= difference * this->row(row)[place];
+  const std::size_t column = position(constraint);
+  for (std::size_t row = 0; row < rows(); ++row) constant(row) -= difference * this->row(row)[column];
 }
 
 }  // namespace layout

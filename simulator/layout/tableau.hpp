@@ -1,4 +1,5 @@
-// The simplex dictionary: every basic quantity as a linear function of the nonbasic ones, which are all zero.
+// The simplex dictionary. It expresses each basic quantity as a linear function of the nonbasic quantities, which are
+// all zero.
 #pragma once
 
 #include <cstddef>
@@ -7,13 +8,13 @@
 
 namespace layout {
 
-/// Quantities are numbered: first the variables, then one for each constraint (the value of its expression).
-/// There are always as many nonbasic quantities as there are variables.
+// The quantities are the variables and, numbered after them, the value of each constraint's expression. The number of
+// nonbasic quantities is always the number of variables. Used by one thread at a time.
 class Tableau {
  public:
   using Quantity = std::uint32_t;
 
-  /// Starts over: all variables nonbasic, all constraints basic with empty expressions.
+  // Starts again with all variables nonbasic, and all constraints basic with empty expressions.
   void reset(std::size_t variables, std::size_t constraints);
 
   std::size_t rows() const { return basic_.size(); }
@@ -22,9 +23,9 @@ class Tableau {
 
   Quantity basic(std::size_t row) const { return basic_[row]; }
   Quantity nonbasic(std::size_t column) const { return nonbasic_[column]; }
-  bool isBasic(Quantity quantity) const { return places_[quantity].basic; }
-  /// The quantity's row if it is basic, else its column.
-  std::size_t position(Quantity quantity) const { return places_[quantity].position; }
+  bool isBasic(Quantity quantity) const { return positions_[quantity].basic; }
+  // The row of a basic quantity, or the column of a nonbasic one.
+  std::size_t position(Quantity quantity) const { return positions_[quantity].position; }
 
   double* row(std::size_t row) { return cells_.data() + row * stride(); }
   const double* row(std::size_t row) const { return cells_.data() + row * stride(); }
@@ -32,27 +33,27 @@ class Tableau {
   double constant(std::size_t row) const { return cells_[row * stride() + columns()]; }
   double value(Quantity quantity) const { return isBasic(quantity) ? constant(position(quantity)) : 0; }
 
-  /// Exchanges the basic quantity of the row with the nonbasic one of the column; their coefficient is not zero.
+  // Exchanges the basic quantity of the row with the nonbasic one of the column. Their coefficient must not be zero.
   void pivot(std::size_t row, std::size_t column);
 
-  /// Adds to the constant of a constraint's expression. All nonbasic quantities stay zero.
+  // Adds to the constant of a constraint's expression. All nonbasic quantities remain zero.
   void shift(Quantity constraint, double difference);
 
  private:
-  struct Place {
+  struct Position {
     std::uint32_t position;
     bool basic;
   };
 
-  // The last cell of a row is its constant, so that a pivot treats it like any coefficient.
+  // The last cell of a row is its constant, because a pivot then treats it like a coefficient.
   std::size_t stride() const { return columns() + 1; }
   void addMultiple(double* target, double factor, const double* source) const;
 
   std::vector<double> cells_;
   std::vector<Quantity> basic_;
   std::vector<Quantity> nonbasic_;
-  std::vector<Place> places_;
-  std::vector<std::uint32_t> pattern_;  // columns with a value in the row of the pivot in progress
+  std::vector<Position> positions_;
+  std::vector<std::uint32_t> nonzeroColumns_;  // of the row that is being pivoted
 };
 
 }  // namespace layout

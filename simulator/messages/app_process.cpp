@@ -30,7 +30,7 @@ namespace messages {
 namespace {
 
 namespace fs = std::filesystem;
-using foundation::Descriptor;
+using foundation::FileDescriptor;
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
@@ -51,8 +51,8 @@ void enterRoot(const MessagesOptions& options) {
   if (const auto error = foundation::useRoot(root, options.database)) throw process::StartError(*error);
 }
 
-Descriptor lockRoot() try {
-  Descriptor lock = lockInstance(messagesFolder(foundation::root()));
+FileDescriptor lockRoot() try {
+  FileDescriptor lock = lockInstance(messagesFolder(foundation::root()));
   if (!lock.isOpen()) throw AlreadyRunning("a Messages app is already running on " + foundation::root().string());
   return lock;
 } catch (const fs::filesystem_error& error) {
@@ -85,10 +85,10 @@ void ignoreWriteSignals() {
 }  // namespace
 
 struct MessagesApp::State {
-  Descriptor lock;
+  FileDescriptor lock;
   std::optional<messages::ReportService> service;
   objc::Ref<CKConversationListController> list;
-  Descriptor standardInput;
+  FileDescriptor standardInput;
   bool standardInputHasEnded = false;
 };
 
@@ -118,12 +118,12 @@ MessagesApp::MessagesApp(const MessagesOptions& options) : state_(std::make_uniq
   state_->list->view();
 
   const fs::path folder = messages::messagesFolder(foundation::root());
-  state_->service.emplace(folder, &foundation::joinDistributedNotifications);
+  state_->service.emplace(folder, &foundation::connectToNotificationDaemon);
   if (!state_->service->isOpen())
     throw process::StartError(folder.string() + ": cannot listen for home screens: " + std::strerror(errno));
   if (options.launch == Launch::Suspended) {
     // Foundation cannot watch descriptor 0, so the app watches a duplicate.
-    state_->standardInput = Descriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    state_->standardInput = FileDescriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
     foundation::watchDescriptor(state_->standardInput.get(), [this] {
       char ignored[64];
       if (read(state_->standardInput.get(), ignored, sizeof ignored) > 0) return;

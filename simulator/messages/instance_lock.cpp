@@ -14,14 +14,14 @@ namespace messages {
 namespace {
 
 namespace fs = std::filesystem;
-using foundation::Descriptor;
+using foundation::FileDescriptor;
 
 }  // namespace
 
-Descriptor lockInstance(const fs::path& folder) {
+FileDescriptor lockInstance(const fs::path& folder) {
   fs::create_directories(folder);
   const fs::path path = folder / "messages.lock";
-  Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
   if (!file.isOpen()) throw fs::filesystem_error("cannot open", path, std::error_code(errno, std::generic_category()));
   if (flock(file.get(), LOCK_EX | LOCK_NB) != 0) return {};
   const std::string process = std::to_string(getpid()) + "\n";

@@ -10,6 +10,6 @@ namespace messages {
 // Acquires the lock, which is a file in the folder, and returns its descriptor. The lock is released when the
 // descriptor is closed. The file contains the process identifier of the owner. Returns a closed descriptor if another
 // process owns the lock. Throws std::filesystem::filesystem_error if the file cannot be created.
-foundation::Descriptor lockInstance(const std::filesystem::path& folder);
+foundation::FileDescriptor lockInstance(const std::filesystem::path& folder);
 
 }  // namespace messages

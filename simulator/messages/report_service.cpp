@@ -27,7 +27,7 @@ void ReportService::report(const nlohmann::ordered_json& event) {
 }
 
 void ReportService::acceptConnection() {
-  foundation::Descriptor accepted = foundation::acceptFrom(listening_);
+  foundation::FileDescriptor accepted = foundation::acceptFrom(listening_);
   if (!accepted.isOpen()) return;
   const auto connection = connections_.insert(connections_.end(), std::move(accepted));
   foundation::watchDescriptor(connection->get(), [this, connection] { readFrom(connection); });

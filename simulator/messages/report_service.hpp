@@ -35,14 +35,14 @@ class ReportService {
   void report(const nlohmann::ordered_json& event);
 
  private:
-  using Connections = std::list<foundation::Descriptor>;
+  using Connections = std::list<foundation::FileDescriptor>;
 
   void acceptConnection();
   void readFrom(Connections::iterator connection);
   Connections::iterator drop(Connections::iterator connection);
 
   std::function<bool()> becomeReady_;
-  foundation::Descriptor listening_;
+  foundation::FileDescriptor listening_;
   Connections connections_;
 };
 

@@ -20,7 +20,7 @@ std::string stringMember(const Json& bulletin, const char* key) {
 fs::path bulletinFolder(const fs::path& root) { return root / "var/mobile/Library/SpringBoard"; }
 
 bool sendBulletin(const fs::path& root, const Bulletin& bulletin) {
-  const foundation::Descriptor socket = foundation::connectIn(bulletinFolder(root), bulletinSocket);
+  const foundation::FileDescriptor socket = foundation::connectIn(bulletinFolder(root), bulletinSocket);
   const Json line = {{"section", bulletin.section},
                      {"thread", bulletin.thread},
                      {"title", bulletin.title},

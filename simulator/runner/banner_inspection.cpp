@@ -21,7 +21,7 @@ namespace {
 
 using Controller = NCNotificationShortLookViewController;
 
-// The library's banner, as far as a script looks at it.
+// The library's banner class. The runner uses it by name only and does not link to the library.
 class BrimContainer : public objc::Interface<"BrimContainer", UIView> {};
 
 struct DismissalFlags {
@@ -42,9 +42,10 @@ struct BannerState {
   double offset = 0;
 };
 
-// What can still be asked of a banner that was let go. A script may present very many.
+// The state that a script can read after a controller was deallocated. It is small, because a script can present very
+// many banners.
 struct LastState {
-  std::array<char, 8> identifier{};  // as long as the library makes it, or none
+  std::array<char, 8> identifier{};  // the library's identifiers have this length; zero if there is none
   DismissalFlags flags;
 };
 
@@ -53,7 +54,7 @@ std::deque<LastState>& lastStates() {
   return states;
 }
 
-void keepLastState(std::size_t number, const BannerState& state) {
+void storeLastState(std::size_t number, const BannerState& state) {
   if (lastStates().size() < number) lastStates().resize(number);
   LastState& last = lastStates()[number - 1];
   state.identifier.copy(last.identifier.data(), last.identifier.size());
@@ -69,37 +70,37 @@ BannerState lastState(std::size_t number) {
   return state;
 }
 
-// Zero where the object does not answer, as without the library.
+// The value of a property. Zero if the object does not have the property, for example without the library.
 template <class Value, objc::FixedString name>
-Value ask(const NSObject* object) {
+Value valueOf(const NSObject* object) {
   return respondsTo<name>(object) ? objc::send<Value, name>(object) : Value{};
 }
 
-UIView* brimView(const Controller* controller) { return ask<UIView*, "brimView">(controller); }
+UIView* brimView(const Controller* controller) { return valueOf<UIView*, "brimView">(controller); }
 
 BannerState read(const Controller* controller) {
   const UIView* brim = brimView(controller);
-  NSString* identifier = ask<NSString*, "brimIdentifier">(controller);
+  NSString* identifier = valueOf<NSString*, "brimIdentifier">(controller);
   return {
       .identifier = base::textOf(identifier),
       .hasBrim = brim != nullptr,
       .hasIdentifier = identifier != nullptr,
-      .flags = {ask<bool, "hasDismissed">(controller), ask<bool, "autoDimissTriggered">(controller),
-                ask<bool, "isDismissing">(controller), ask<bool, "wasExternallyDismissed">(controller),
-                ask<bool, "dismissCalled">(controller)},
-      .isExpanded = ask<bool, "isFullyExpanded">(brim),
-      .height = ask<CGFloat, "height">(brim),
-      .offset = ask<CGFloat, "offset">(brim),
+      .flags = {valueOf<bool, "hasDismissed">(controller), valueOf<bool, "autoDimissTriggered">(controller),
+                valueOf<bool, "isDismissing">(controller), valueOf<bool, "wasExternallyDismissed">(controller),
+                valueOf<bool, "dismissCalled">(controller)},
+      .isExpanded = valueOf<bool, "isFullyExpanded">(brim),
+      .height = valueOf<CGFloat, "height">(brim),
+      .offset = valueOf<CGFloat, "offset">(brim),
   };
 }
 
-// Without the library no banner has to stay.
+// Whether a new banner may replace the visible one. Always true without the library.
 bool dismissNotification() {
   Class container = BrimContainer::classObject();
   return container == nullptr || objc::send<bool, "DismissNotification">(container);
 }
 
-// Where the picture came from, else its size.
+// The name of the image, or its size if it has no name.
 Json nameOf(const UIImage* image) {
   const auto pixels = uikit::imageOf(image);
   if (pixels == nullptr) return nullptr;
@@ -111,13 +112,13 @@ using UpdateImage = objc::Original<void(UIView*, UIImage*)>;
 
 void updateImage(UpdateImage original, UIView* self, UIImage* image) {
   auto* controller = objc::as<Controller>(uikit::nearestViewController(self));
-  // A picture may come when its banner has gone.
+  // A picture can arrive after its banner was removed.
   const Json number = controller == nullptr ? Json() : Json(springboard::numberOfBanner(controller));
   base::recordEvent("photo", {{"controller", number}, {"image", nameOf(image)}});
   original(self, image);
 }
 
-void observePictures() {
+void observePhotos() {
   Class container = BrimContainer::classObject();
   if (container == nullptr) return;
   using Hook = objc::detail::HookOf<&updateImage>;
@@ -127,9 +128,9 @@ void observePictures() {
 }  // namespace
 
 void observeBanners() {
-  observePictures();
+  observePhotos();
   springboard::observeBannerReleases(
-      [](std::size_t number) { keepLastState(number, read(springboard::bannerController(number))); });
+      [](std::size_t number) { storeLastState(number, read(springboard::bannerController(number))); });
 }
 
 Json stateOfBanner(std::size_t number) {

@@ -1,4 +1,5 @@
-// What a banner's controller and its library banner say of themselves, by messages: nothing here knows the library.
+// Reads the state of a banner from its controller and from the library's view, by Objective-C messages only. Main
+// thread.
 #pragma once
 
 #include <cstddef>
@@ -8,15 +9,15 @@
 
 namespace runner {
 
-// After libraries have been mapped in: keeps the last state of banners that are let go, and records the pictures that
-// banners are given. Once.
+// Starts to store the last state of banners whose controllers are deallocated, and to record an event for each photo
+// that a banner receives. Call it once, after the library was mapped.
 void observeBanners();
 
-// The controller's state as a script reads it, that of the moment it was let go where it is gone.
+// The state of a banner for the script's `state` command. If its controller was deallocated, the last state.
 nlohmann::ordered_json stateOfBanner(std::size_t number);
 
-// The view that the user takes for the banner: the library's where there is one, else the platform's content; nil where
-// neither is in the notification view.
+// The view that the user sees as the banner: the library's view, or the platform's content view if there is none. Nil
+// if neither is in the notification view.
 UIView* visibleBanner(const NCNotificationShortLookViewController* controller);
 
 }  // namespace runner

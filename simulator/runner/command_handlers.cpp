@@ -31,31 +31,31 @@ template <class Entries>
 std::string namesOf(const Entries& entries) {
   std::string names;
   for (const auto& entry : entries) names += (names.empty() ? "" : ", ") + std::string(entry.name);
-  return names.empty() ? "none" : names;
+  return names;
 }
 
 const Command& findCommand(const Json& command) {
   if (!command.is_object() || !command.contains("do") || !command["do"].is_string())
-    throw CommandError(R"(a command is an object with a string "do", such as {"do":"wait","seconds":1})");
+    throw CommandError(R"(a command must be an object with a string "do", such as {"do":"wait","seconds":1})");
   const std::string& name = command["do"].get_ref<const std::string&>();
   for (const Command& candidate : commandTable())
     if (candidate.name == name) return candidate;
-  throw CommandError("unknown command \"" + name + "\"; there are " + namesOf(commandTable()));
+  throw CommandError("unknown command \"" + name + "\"; the commands are " + namesOf(commandTable()));
 }
 
-// A value for people: long ones are cut.
-std::string shown(const Json& value) {
-  constexpr std::size_t longest = 60;
+// The value as text for a message, truncated if it is long.
+std::string shortText(const Json& value) {
+  constexpr std::size_t maxLength = 60;
   std::string text = value.dump(-1, ' ', true, Json::error_handler_t::replace);
-  if (text.size() > longest) text = text.substr(0, longest) + "…";
+  if (text.size() > maxLength) text = text.substr(0, maxLength) + "…";
   return text;
 }
 
 const Field& findField(const Command& command, const std::string& name) {
   for (const Field& candidate : command.fields)
     if (candidate.name == name) return candidate;
-  throw CommandError(std::string(command.name) + " has no field \"" + name + "\"; its fields are " +
-                     namesOf(command.fields));
+  const std::string known = command.fields.empty() ? "it takes no fields" : "its fields are " + namesOf(command.fields);
+  throw CommandError(std::string(command.name) + " has no field \"" + name + "\"; " + known);
 }
 
 void checkFields(const Command& command, const Json& given) {
@@ -63,12 +63,12 @@ void checkFields(const Command& command, const Json& given) {
   for (const auto& [key, value] : given.items()) {
     if (key == "do") continue;
     const FieldType& type = findField(command, key).type;
-    if (!type.fits(value))
-      throw CommandError("\"" + key + "\" of " + name + " takes " + type.wanted + ", not " + shown(value));
+    if (!type.accepts(value))
+      throw CommandError("\"" + key + "\" of " + name + " must be " + type.description + ", not " + shortText(value));
   }
-  for (const Field& wanted : command.fields)
-    if (wanted.need == Need::Required && !given.contains(wanted.name))
-      throw CommandError(name + " wants \"" + wanted.name + "\", " + wanted.type.wanted);
+  for (const Field& candidate : command.fields)
+    if (candidate.presence == Presence::Required && !given.contains(candidate.name))
+      throw CommandError(name + " requires \"" + candidate.name + "\", " + candidate.type.description);
 }
 
 Json failure(const std::string& reason) { return {{"ok", false}, {"error", reason}}; }
@@ -88,7 +88,7 @@ const FieldType number = {"a number", [](const Json& value) { return value.is_nu
 const FieldType integer = {"an integer", [](const Json& value) { return value.is_number_integer(); }};
 const FieldType object = {"an object", [](const Json& value) { return value.is_object(); }};
 const FieldType point = {"[x,y], two numbers", &isPoint};
-const FieldType preference = {"a string, number, boolean, array or object without null inside, or null to remove it",
+const FieldType preference = {"a string, number, boolean, array or object that contains no null, or null to remove it",
                               &isPreference};
 
 }  // namespace field
@@ -96,23 +96,24 @@ const FieldType preference = {"a string, number, boolean, array or object withou
 Json executeCommand(const Json& given) try {
   const Command& command = findCommand(given);
   checkFields(command, given);
-  Json answer = {{"ok", true}};
+  Json reply = {{"ok", true}};
   const Json result = command.execute(given);
-  if (!result.is_null()) answer.update(result);
-  return answer;
+  if (!result.is_null()) reply.update(result);
+  return reply;
 } catch (const CommandError& error) {
   return failure(error.what());
 } catch (const std::exception& error) {
-  return failure(std::string("the simulator failed: ") + error.what());
+  return failure(std::string("internal error of the simulator: ") + error.what());
 }
 
 std::string commandHelp() {
-  std::string text = "commands of a script, {\"do\":NAME, …} a line:\n";
+  std::string text = "script commands, one JSON object {\"do\":NAME, …} per line:\n";
   for (const Command& command : commandTable()) {
     std::string line = "  " + std::string(command.name);
     for (const Field& entry : command.fields)
-      line += entry.need == Need::Required ? std::string(" ") + entry.name : std::string(" [") + entry.name + "]";
-    text += line + "\n      " + command.meaning + "\n";
+      line +=
+          entry.presence == Presence::Required ? std::string(" ") + entry.name : std::string(" [") + entry.name + "]";
+    text += line + "\n      " + command.description + "\n";
   }
   return text;
 }

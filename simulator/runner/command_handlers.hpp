@@ -1,4 +1,4 @@
-// Commands of the script: what each is called, which fields it takes, and the function that obeys it.
+// The script's commands: for each command its name, its fields and the function that executes it. Main thread.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -10,33 +10,33 @@ namespace runner {
 
 using Json = nlohmann::ordered_json;
 
-// A command cannot be obeyed; `what` says what is wrong and what would be right.
+// A command cannot be executed. `what` describes what is wrong and what would be right.
 class CommandError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// What a field may hold.
+// The values that a field accepts.
 struct FieldType {
-  const char* wanted;  // completes "… takes "
-  bool (*fits)(const Json& value);
+  const char* description;  // completes the phrase "must be …"
+  bool (*accepts)(const Json& value);
 };
 
-enum class Need { Optional, Required };
+enum class Presence { Optional, Required };
 
 struct Field {
   const char* name;
   const FieldType& type;
-  Need need = Need::Optional;
+  Presence presence = Presence::Optional;
 };
 
 struct Command {
   const char* name;
   std::span<const Field> fields;
-  // Called with fields that are known and of their types. Answers an object that joins {"ok":true}, or null. Throws
-  // CommandError.
+  // Called only with known fields whose values have been checked. Returns an object whose members are added to
+  // {"ok":true}, or null. Throws CommandError.
   Json (*execute)(const Json& command);
-  const char* meaning;
+  const char* description;
 };
 
 namespace field {
@@ -49,7 +49,7 @@ extern const FieldType integer;
 extern const FieldType object;
 // [x,y]
 extern const FieldType point;
-// What a preference may hold, null included.
+// The value of a preference, including null.
 extern const FieldType preference;
 extern const FieldType booleanOrNull;
 
@@ -63,17 +63,17 @@ bool isOneOf(const Json& value, const char* const (&choices)[count]) {
   return false;
 }
 
-// The tables of commands, one an area.
+// The tables of commands. Each is defined in the file of the same name.
 std::span<const Command> presentingCommands();
 std::span<const Command> touchCommands();
 std::span<const Command> phoneCommands();
 std::span<const Command> timeCommands();
 std::span<const Command> inspectionCommands();
 
-// Checks the fields and obeys. Answers {"ok":true, …} or {"ok":false,"error": …}; never throws.
+// Checks the fields and executes the command. Returns {"ok":true, …} or {"ok":false,"error": …}. Never throws.
 Json executeCommand(const Json& command);
 
-// One line a command: its fields, the optional ones in brackets, and its meaning.
+// The text that --help prints: each command with its fields, the optional ones in brackets, and its description.
 std::string commandHelp();
 
 }  // namespace runner

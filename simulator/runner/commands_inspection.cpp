@@ -1,4 +1,4 @@
-// Commands that look: at controllers, settings, hooks, view trees, events and the screen.
+// Commands that read the state of controllers, settings, hooks, view trees, events and the screen.
 #include <string>
 
 #include "simulator/base/event_log.hpp"
@@ -56,7 +56,7 @@ Json hooks(const Json&) {
 Json tree(const Json& command) {
   Json windows = Json::array();
   if (command.contains("controller")) {
-    windows.push_back(uikit::describeTree(controllerHeld(command["controller"])->view()));
+    windows.push_back(uikit::describeTree(liveController(command["controller"])->view()));
   } else {
     for (UIWindow* window : uikit::visibleWindows()) windows.push_back(uikit::describeTree(window));
   }
@@ -85,28 +85,30 @@ Json notifications(const Json&) {
 
 Json log(const Json&) { return {{"events", base::takeEvents()}}; }
 
-std::shared_ptr<drawing::Canvas> picture(const Json& command) {
+std::shared_ptr<drawing::Canvas> render(const Json& command) {
   const double pixelsPerPoint = command.value("scale", uikit::environment().device.scale);
   if (!command.contains("crop")) return uikit::renderScreen(pixelsPerPoint);
   UIView* banner = visibleBanner(controllerOnScreen(command["crop"]));
-  if (banner == nullptr) throw CommandError("the controller's banner shows nothing to crop to");
+  if (banner == nullptr)
+    throw CommandError("the picture cannot be cropped to the controller's banner, because the banner has no content");
   return uikit::renderView(banner, pixelsPerPoint);
 }
 
 Json screenshot(const Json& command) {
   const std::string path = command["path"];
-  const auto canvas = picture(command);
+  const auto canvas = render(command);
   if (canvas == nullptr) throw CommandError("the controller's banner is outside the screen");
   if (const auto failure = drawing::writePng(canvas->surface(), path))
     throw CommandError("the picture " + path + " could not be written: " + *failure);
   return nullptr;
 }
 
-// As many as fit into a picture at full size.
+// Limited by the maximum width of a canvas.
 constexpr std::size_t maxFrames = 40;
 
 Json frame(const Json& command) {
-  if (frameCount() >= maxFrames) throw CommandError("a filmstrip has at most 40 frames; write it with filmstrip");
+  if (frameCount() >= maxFrames)
+    throw CommandError("the filmstrip already has 40 frames, the maximum; write it with the command filmstrip");
   const uikit::Environment& environment = uikit::environment();
   addFrame(*uikit::renderScreen(command.value("scale", 1.0)),
            command.value("height", environment.device.screen.height));
@@ -116,7 +118,7 @@ Json frame(const Json& command) {
 Json filmstrip(const Json& command) {
   const std::string path = command["path"];
   const auto strip = takeFilmstrip();
-  if (strip == nullptr) throw CommandError("there are no frames; take some with frame");
+  if (strip == nullptr) throw CommandError("the filmstrip has no frames; add some with the command frame");
   if (const auto failure = drawing::writePng(strip->surface(), path))
     throw CommandError("the picture " + path + " could not be written: " + *failure);
   return nullptr;
@@ -125,22 +127,23 @@ Json filmstrip(const Json& command) {
 }  // namespace
 
 std::span<const Command> inspectionCommands() {
-  static constexpr Field controllerField[] = {{"controller", field::integer, Need::Required}};
+  static constexpr Field controllerField[] = {{"controller", field::integer, Presence::Required}};
   static constexpr Field treeFields[] = {{"controller", field::integer}};
   static constexpr Field screenshotFields[] = {
-      {"path", field::nonEmptyText, Need::Required}, {"scale", scale}, {"crop", field::integer}};
+      {"path", field::nonEmptyText, Presence::Required}, {"scale", scale}, {"crop", field::integer}};
   static constexpr Field frameFields[] = {{"height", height}, {"scale", scale}};
-  static constexpr Field filmstripFields[] = {{"path", field::nonEmptyText, Need::Required}};
+  static constexpr Field filmstripFields[] = {{"path", field::nonEmptyText, Presence::Required}};
   static constexpr Command commands[] = {
-      {"state", controllerField, &state, "what the controller says of its banner and dismissal"},
-      {"settings", {}, &settings, "every settings variable with its value as the library holds it"},
-      {"hooks", {}, &hooks, "what was installed, in order"},
-      {"tree", treeFields, &tree, "the view trees of all windows, or of one controller"},
-      {"notifications", {}, &notifications, "the notifications in the list, the latest first"},
-      {"log", {}, &log, "the events since the last log"},
-      {"frame", frameFields, &frame, "the screen, or its upper part, is the next frame of a filmstrip"},
-      {"filmstrip", filmstripFields, &filmstrip, "the frames since the last filmstrip side by side, as a PNG"},
-      {"screenshot", screenshotFields, &screenshot, "a picture of the screen, or of a controller's banner, as a PNG"},
+      {"state", controllerField, &state, "return the state of a controller, its banner and its dismissal"},
+      {"settings", {}, &settings, "return the current values of the library's settings"},
+      {"hooks", {}, &hooks, "return the methods that the library has hooked or added, in order"},
+      {"tree", treeFields, &tree, "return the view trees of all windows, or of one controller"},
+      {"notifications", {}, &notifications, "return the notifications in the list, latest first"},
+      {"log", {}, &log, "return the events since the last log"},
+      {"frame", frameFields, &frame, "add the screen, or its upper part, to the filmstrip"},
+      {"filmstrip", filmstripFields, &filmstrip,
+       "write the frames since the last filmstrip side by side to a PNG file"},
+      {"screenshot", screenshotFields, &screenshot, "write the screen, or a controller's banner, to a PNG file"},
   };
   return commands;
 }

@@ -1,4 +1,4 @@
-// Commands that reach the phone beside its screen: buttons, lock, preferences, appearance, and the settings pane.
+// Commands for the phone itself: buttons, lock, preferences, appearance, the settings pane and the address book.
 #include "platform/ns_distributed_notification_center.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/contacts/address_book.hpp"
@@ -47,36 +47,37 @@ Json switchAppearance(const Json& command) {
 
 Json requestTestBanner(const Json&) {
   const std::size_t before = springboard::bannerCount();
-  if (!postTestBannerRequest()) throw CommandError("the request was posted, but no notification daemon delivered it");
+  if (!postTestBannerRequest())
+    throw CommandError("the request was posted, but the notification daemon did not deliver it within 5 seconds");
   return springboard::bannerCount() == before ? Json() : Json{{"controller", springboard::bannerCount()}};
 }
 
 Json useContacts(const Json& command) {
   if (const auto failure = contacts::useAddressBook(command["path"].get<std::string>()))
-    throw CommandError("the address book stays as it was: " + *failure);
+    throw CommandError("the address book was not changed: " + *failure);
   return nullptr;
 }
 
 }  // namespace
 
 std::span<const Command> phoneCommands() {
-  static constexpr Field pressFields[] = {{"type", field::integer, Need::Required},
-                                          {"force", field::integer, Need::Required}};
-  static constexpr Field setFields[] = {{"key", field::nonEmptyText, Need::Required},
-                                        {"value", field::preference, Need::Required}};
-  static constexpr Field appearanceFields[] = {{"style", style, Need::Required}};
-  static constexpr Field contactsFields[] = {{"path", field::nonEmptyText, Need::Required}};
+  static constexpr Field pressFields[] = {{"type", field::integer, Presence::Required},
+                                          {"force", field::integer, Presence::Required}};
+  static constexpr Field setFields[] = {{"key", field::nonEmptyText, Presence::Required},
+                                        {"value", field::preference, Presence::Required}};
+  static constexpr Field appearanceFields[] = {{"style", style, Presence::Required}};
+  static constexpr Field contactsFields[] = {{"path", field::nonEmptyText, Presence::Required}};
   static constexpr Command commands[] = {
-      {"press", pressFields, &press, "a physical button event; 101 with a force of 0 lets the home button go"},
-      {"lock", {}, &lock, "the lock screen comes up"},
+      {"press", pressFields, &press, "send a button event; type 101 with a force of 0 releases the home button"},
+      {"lock", {}, &lock, "show the lock screen"},
       {"grabber",
        {},
        &pullGrabber,
-       "the grabber's gesture; answers in \"dismissed\" whether the system took it for a dismissal"},
-      {"set", setFields, &setPreference, "the preferences domain is written from outside; null removes the key"},
-      {"appearance", appearanceFields, &switchAppearance, "the system appearance becomes light or dark"},
-      {"testbanner", {}, &requestTestBanner, "the settings pane asks for a test banner; answers its controller"},
-      {"contacts", contactsFields, &useContacts, "the address book is this vCard file from now on"},
+       "make the grabber's dismissal gesture; \"dismissed\" reports whether the system recognized a dismissal"},
+      {"set", setFields, &setPreference, "store a preference as the settings pane does; null removes it"},
+      {"appearance", appearanceFields, &switchAppearance, "switch the system appearance to light or dark"},
+      {"testbanner", {}, &requestTestBanner, "request a test banner as the settings pane does; returns its controller"},
+      {"contacts", contactsFields, &useContacts, "use this vCard file as the address book"},
   };
   return commands;
 }

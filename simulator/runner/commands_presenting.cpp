@@ -1,11 +1,11 @@
-// Commands by which the platform presents notifications and takes them away.
+// Commands that make the platform present, update, withdraw and dismiss notifications.
 #include <filesystem>
 
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/base/iso_time.hpp"
 #include "simulator/drawing/image.hpp"
-#include "simulator/runner/await_events.hpp"
 #include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/consumed_events.hpp"
 #include "simulator/runner/controller_lookup.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/services/applications.hpp"
@@ -78,17 +78,17 @@ NotificationDescription describe(const Json& command) {
   return description;
 }
 
-void takeIcon(const Json& command) {
+void setIcon(const Json& command) {
   if (!command.contains("icon")) return;
   const std::string path = command["icon"];
   if (!springboard::setIcon(command["section"], path))
-    throw CommandError("\"icon\" " + path + " is no picture that can be read; it takes the path of a PNG or JPEG");
+    throw CommandError("\"icon\" must be the path of a PNG or JPEG file; " + path + " is not a readable picture");
 }
 
 Json present(const Json& command) {
-  takeIcon(command);
-  answerAllEvents("photo");
-  answerAllEvents("http");
+  setIcon(command);
+  consumeAllEvents("photo");
+  consumeAllEvents("http");
   const auto request = springboard::makeRequest(describe(command), nullptr);
   NCNotificationDispatcher::shared()->post(request);
   return {{"controller", springboard::bannerCount()}};
@@ -108,13 +108,13 @@ Json update(const Json& command) {
 }
 
 Json withdraw(const Json& command) {
-  const auto isMeant = [&command](const springboard::NotificationKey& key) {
+  const auto isSelected = [&command](const springboard::NotificationKey& key) {
     return command.value("section", key.section) == key.section &&
            command.value("identifier", key.identifier) == key.identifier;
   };
   std::size_t count = 0;
   for (const auto& request : NCNotificationDispatcher::shared()->list().all()) {
-    if (!isMeant(springboard::keyOf(request))) continue;
+    if (!isSelected(springboard::keyOf(request))) continue;
     NCNotificationDispatcher::shared()->withdraw(request);
     ++count;
   }
@@ -122,21 +122,21 @@ Json withdraw(const Json& command) {
 }
 
 Json dismiss(const Json& command) {
-  controllerHeld(command["controller"])->dismissViewController(command.value("transition", NSInteger{1}), nullptr);
+  liveController(command["controller"])->dismissViewController(command.value("transition", NSInteger{1}), nullptr);
   return nullptr;
 }
 
 Json longLook(const Json& command) {
-  const auto controller = controllerHeld(command["controller"]);
+  const auto controller = liveController(command["controller"]);
   const std::string kind = command.value("kind", "scroll");
-  objc::Block<void(bool)>* const nothing = nullptr;
+  objc::Block<void(bool)>* const noCompletion = nullptr;
   if (kind == "scroll") {
-    objc::send<void, "_presentLongLookForScrollAnimated:completion:">(controller.get(), true, nothing);
+    objc::send<void, "_presentLongLookForScrollAnimated:completion:">(controller.get(), true, noCompletion);
   } else if (kind == "click") {
     objc::send<void, "_presentLongLookViaClickPresentationInteraction:">(controller.get(),
                                                                          static_cast<NSObject*>(nullptr));
   } else {
-    objc::send<void, "presentLongLookAnimated:trigger:completion:">(controller.get(), true, NSInteger{0}, nothing);
+    objc::send<void, "presentLongLookAnimated:trigger:completion:">(controller.get(), true, NSInteger{0}, noCompletion);
   }
   return nullptr;
 }
@@ -145,7 +145,7 @@ Json longLook(const Json& command) {
 
 std::span<const Command> presentingCommands() {
   static constexpr Field presentFields[] = {
-      {"section", field::nonEmptyText, Need::Required},
+      {"section", field::nonEmptyText, Presence::Required},
       {"identifier", field::nonEmptyText},
       {"title", field::text},
       {"subtitle", field::text},
@@ -162,23 +162,24 @@ std::span<const Command> presentingCommands() {
       {"at", date},
   };
   static constexpr Field updateFields[] = {
-      {"controller", field::integer, Need::Required},
+      {"controller", field::integer, Presence::Required},
       {"title", field::text},
       {"subtitle", field::text},
       {"message", field::text},
       {"summary", field::text},
   };
-  static constexpr Field dismissFields[] = {{"controller", field::integer, Need::Required},
+  static constexpr Field dismissFields[] = {{"controller", field::integer, Presence::Required},
                                             {"transition", field::integer}};
-  static constexpr Field longLookFields[] = {{"controller", field::integer, Need::Required}, {"kind", longLookKind}};
+  static constexpr Field longLookFields[] = {{"controller", field::integer, Presence::Required},
+                                             {"kind", longLookKind}};
   static constexpr Field withdrawFields[] = {{"section", field::nonEmptyText}, {"identifier", field::nonEmptyText}};
   static constexpr Command commands[] = {
-      {"present", presentFields, &present, "a notification comes as a banner; answers its controller"},
-      {"update", updateFields, &update, "a follow-up of the same request is presented over its banner"},
+      {"present", presentFields, &present, "present a notification as a banner; returns the number of its controller"},
+      {"update", updateFields, &update, "present an updated version of the controller's notification over its banner"},
       {"withdraw", withdrawFields, &withdraw,
-       "notifications are taken back: those of the section, of the identifier, or all"},
-      {"dismiss", dismissFields, &dismiss, "the platform dismisses the controller by itself"},
-      {"longlook", longLookFields, &longLook, "the platform asks for its long look: by scroll, click or trigger"},
+       "withdraw the notifications of a section, with an identifier, or all notifications"},
+      {"dismiss", dismissFields, &dismiss, "dismiss the controller as the platform does"},
+      {"longlook", longLookFields, &longLook, "request the platform's long look by scroll, click or trigger"},
   };
   return commands;
 }

@@ -1,11 +1,11 @@
-// Commands that let time pass: the stepped clock's, or real time for what other threads and processes do.
+// Commands that let time pass: time of the stepped clock, or real time for events of other threads and processes.
 #include <cmath>
 
 #include "simulator/base/event_log.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
-#include "simulator/runner/await_events.hpp"
 #include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/consumed_events.hpp"
 #include "simulator/runner/deadline.hpp"
 #include "simulator/springboard/shell/clocks.hpp"
 #include "simulator/url_loading/request_loader.hpp"
@@ -17,13 +17,12 @@ namespace {
 constexpr double maxWait = 31'536'000;
 constexpr double maxRealWait = 600;
 constexpr double defaultRealWait = 10;
-// How long one look for news from outside may take.
-constexpr double secondsOfOneLook = 0.01;
-// The phone is idle when no server is waited for and nothing has come from outside for this long.
-constexpr double quietSeconds = 0.2;
+constexpr double pollInterval = 0.01;
+// The phone is idle if no request is in progress and no event has occurred for this long.
+constexpr double idleSeconds = 0.2;
 
-bool isNumberUpTo(const Json& value, double most) {
-  return value.is_number() && value.get<double>() >= 0 && value.get<double>() <= most;
+bool isNumberUpTo(const Json& value, double max) {
+  return value.is_number() && value.get<double>() >= 0 && value.get<double>() <= max;
 }
 
 const FieldType steppedSeconds = {"a number of seconds from 0 to a year (31536000)",
@@ -35,29 +34,29 @@ const FieldType awaitable = {"photo, message, read, banner, http or idle",
                              [](const Json& value) { return isOneOf(value, awaitables); }};
 
 Json wait(const Json& command) {
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   foundation::stepClock(command["seconds"].get<double>());
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   springboard::refreshClocks();
   return nullptr;
 }
 
 void awaitEvent(const std::string& kind, const Deadline& deadline) {
-  foundation::letNewsIn(secondsOfOneLook);
-  while (!answerNextEvent(kind)) {
-    if (deadline.hasPassed()) throw CommandError("no " + kind + " came within the limit");
-    foundation::letNewsIn(secondsOfOneLook);
+  foundation::pumpRunLoopAndMainQueue(pollInterval);
+  while (!consumeEvent(kind)) {
+    if (deadline.hasPassed()) throw CommandError("no " + kind + " event occurred within the time limit");
+    foundation::pumpRunLoopAndMainQueue(pollInterval);
   }
 }
 
-void awaitQuiet(const Deadline& deadline) {
-  Deadline quiet(quietSeconds);
-  for (std::size_t seen = base::eventCount(); !quiet.hasPassed();) {
-    if (deadline.hasPassed()) throw CommandError("the phone was not idle within the limit");
-    foundation::letNewsIn(secondsOfOneLook);
-    if (base::eventCount() == seen && url_loading::pendingRequestCount() == 0) continue;
-    seen = base::eventCount();
-    quiet = Deadline(quietSeconds);
+void awaitIdle(const Deadline& deadline) {
+  Deadline idle(idleSeconds);
+  for (std::size_t count = base::eventCount(); !idle.hasPassed();) {
+    if (deadline.hasPassed()) throw CommandError("the phone was not idle within the time limit");
+    foundation::pumpRunLoopAndMainQueue(pollInterval);
+    if (base::eventCount() == count && url_loading::pendingRequestCount() == 0) continue;
+    count = base::eventCount();
+    idle = Deadline(idleSeconds);
   }
 }
 
@@ -65,7 +64,7 @@ Json await(const Json& command) {
   const std::string kind = command["for"];
   const Deadline deadline(command.value("seconds", defaultRealWait));
   if (kind == "idle") {
-    awaitQuiet(deadline);
+    awaitIdle(deadline);
   } else {
     awaitEvent(kind, deadline);
   }
@@ -75,11 +74,12 @@ Json await(const Json& command) {
 }  // namespace
 
 std::span<const Command> timeCommands() {
-  static constexpr Field waitFields[] = {{"seconds", steppedSeconds, Need::Required}};
-  static constexpr Field awaitFields[] = {{"for", awaitable, Need::Required}, {"seconds", realSeconds}};
+  static constexpr Field waitFields[] = {{"seconds", steppedSeconds, Presence::Required}};
+  static constexpr Field awaitFields[] = {{"for", awaitable, Presence::Required}, {"seconds", realSeconds}};
   static constexpr Command commands[] = {
-      {"wait", waitFields, &wait, "the clock is stepped: timers, the main queue, animations at 60 frames a second"},
-      {"await", awaitFields, &await, "real time passes until such an event has come, or all is quiet"},
+      {"wait", waitFields, &wait,
+       "advance the clock; runs timers, the main queue, and animations at 60 frames a second"},
+      {"await", awaitFields, &await, "let real time pass until such an event occurs, or until the phone is idle"},
   };
   return commands;
 }

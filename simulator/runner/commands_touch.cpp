@@ -1,4 +1,4 @@
-// Commands by which the user touches the screen and types.
+// Commands that simulate the user's touches and typing.
 #include <cmath>
 
 #include "platform/ns_string.hpp"
@@ -32,35 +32,37 @@ CGPoint onScreen(const Json& value) {
   return point;
 }
 
-// What is on its way out is still to be seen, though no touch finds it any more.
+// The middle of the view's final frame, or of its presented frame if the final frame is outside the screen. A view that
+// is being animated off the screen is still visible.
 CGPoint middleOf(const UIView* view, const std::string& name) {
-  for (const CGRect& frame : {frameOnScreen(view), shownFrameOnScreen(view)})
+  for (const CGRect& frame : {frameOnScreen(view), presentedFrameOnScreen(view)})
     if (const auto middle = middleOnScreen(frame)) return *middle;
   throw CommandError(name + " is outside the screen");
 }
 
 CGPoint middleOfBanner(const NCNotificationShortLookViewController* controller) {
   const UIView* banner = visibleBanner(controller);
-  if (banner == nullptr) throw CommandError("the controller's banner shows nothing: another had to stay when it came");
+  if (banner == nullptr)
+    throw CommandError("the controller's banner has no content, because another banner could not be replaced");
   return middleOf(banner, "the controller's banner");
 }
 
-std::string textsToChooseFrom() {
+std::string listOfReadableTexts() {
   std::string list;
   for (const std::string& text : readableTexts()) list += (list.empty() ? "\"" : ", \"") + text + "\"";
-  return list.empty() ? "nothing" : list;
+  return list.empty() ? "the screen shows no text" : "the texts on the screen are " + list;
 }
 
 CGPoint middleOfLabel(const std::string& text) {
-  const UIView* view = viewThatReads(text);
-  if (view == nullptr)
-    throw CommandError("nothing on the screen reads \"" + text + "\"; it reads " + textsToChooseFrom());
+  const UIView* view = viewWithText(text);
+  if (view == nullptr) throw CommandError("no view has the text \"" + text + "\"; " + listOfReadableTexts());
   return middleOf(view, "\"" + text + "\"");
 }
 
 Json tap(const Json& command) {
   if (command.size() != 2) throw CommandError(R"(tap takes exactly one of "at", "label" and "controller")");
-  if (isFingerHeld()) throw CommandError(R"(a finger is held; a drag without "end":"hold" lets it go)");
+  if (isFingerHeld())
+    throw CommandError(R"(the finger of the last drag is still on the screen; a drag without "end":"hold" lifts it)");
   if (command.contains("at")) {
     tapAt(onScreen(command["at"]));
   } else if (command.contains("label")) {
@@ -79,8 +81,8 @@ CGPoint startOf(const Json& command) {
                                                        : newestControllerOnScreen());
 }
 
-// A finger that is held goes on from where it is. A start is read all the same: it may be a mistake.
-CGPoint startWithHeldFinger(const Json& command) {
+// The start is ignored, because the finger is already on the screen. It is checked nevertheless, to report mistakes.
+CGPoint checkIgnoredStart(const Json& command) {
   if (command.contains("at")) onScreen(command["at"]);
   if (command.contains("controller")) bannerNumber(command["controller"]);
   return {};
@@ -88,7 +90,7 @@ CGPoint startWithHeldFinger(const Json& command) {
 
 Json dragFinger(const Json& command) {
   const std::string end = command.value("end", "release");
-  const CGPoint start = isFingerHeld() ? startWithHeldFinger(command) : startOf(command);
+  const CGPoint start = isFingerHeld() ? checkIgnoredStart(command) : startOf(command);
   drag(start, pointOf(command["by"]), command.value("steps", 10),
        end == "hold"     ? DragEnd::Hold
        : end == "cancel" ? DragEnd::Cancel
@@ -98,7 +100,7 @@ Json dragFinger(const Json& command) {
 
 UIResponder* typingResponder() {
   UIResponder* responder = uikit::firstResponder();
-  if (!respondsTo<"insertText:">(responder)) throw CommandError("nothing has the keyboard; tap a text field first");
+  if (!respondsTo<"insertText:">(responder)) throw CommandError("no view has the keyboard focus; tap a text field first");
   return responder;
 }
 
@@ -124,16 +126,16 @@ std::span<const Command> touchCommands() {
       {"at", field::point}, {"label", field::nonEmptyText}, {"controller", field::integer}};
   static constexpr Field dragFields[] = {{"controller", field::integer},
                                          {"at", field::point},
-                                         {"by", field::point, Need::Required},
+                                         {"by", field::point, Presence::Required},
                                          {"steps", stepCount},
                                          {"end", ending}};
-  static constexpr Field typeFields[] = {{"text", field::text, Need::Required}};
-  static constexpr Field keyFields[] = {{"name", key, Need::Required}};
+  static constexpr Field typeFields[] = {{"text", field::text, Presence::Required}};
+  static constexpr Field keyFields[] = {{"name", key, Presence::Required}};
   static constexpr Command commands[] = {
-      {"tap", tapFields, &tap, "a finger taps a point, the label or control that reads so, or a banner's middle"},
-      {"drag", dragFields, &dragFinger, "a finger drags, from the newest banner's middle unless told otherwise"},
-      {"type", typeFields, &type, "text for the first responder"},
-      {"key", keyFields, &pressKey, "a key for the first responder: return or backspace"},
+      {"tap", tapFields, &tap, "tap a point, the label or control with this text, or the middle of a banner"},
+      {"drag", dragFields, &dragFinger, "drag a finger, by default from the middle of the newest banner"},
+      {"type", typeFields, &type, "type text into the first responder"},
+      {"key", keyFields, &pressKey, "press return or backspace in the first responder"},
   };
   return commands;
 }

@@ -6,21 +6,21 @@ namespace runner {
 
 namespace {
 
-std::string numbersThereAre() {
+std::string validNumbers() {
   const std::size_t count = springboard::bannerCount();
   if (count == 0) return "none has been presented yet";
-  return count == 1 ? "there is 1" : "there are 1 to " + std::to_string(count);
+  return count == 1 ? "the only controller is 1" : "the controllers are 1 to " + std::to_string(count);
 }
 
 }  // namespace
 
 std::size_t bannerNumber(const Json& value) {
   if (value < 1 || value > springboard::bannerCount())
-    throw CommandError("there is no controller " + value.dump() + "; " + numbersThereAre());
+    throw CommandError("there is no controller " + value.dump() + "; " + validNumbers());
   return value.get<std::size_t>();
 }
 
-objc::Ref<NCNotificationShortLookViewController> controllerHeld(const Json& value) {
+objc::Ref<NCNotificationShortLookViewController> liveController(const Json& value) {
   const std::size_t number = bannerNumber(value);
   auto controller = springboard::bannerController(number);
   if (controller == nullptr) throw CommandError("controller " + std::to_string(number) + " was dismissed and is gone");

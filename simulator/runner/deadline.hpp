@@ -1,4 +1,4 @@
-// A moment of real time that is not waited for any longer.
+// A deadline in real time.
 #pragma once
 
 #include <chrono>
@@ -8,14 +8,14 @@ namespace runner {
 class Deadline {
  public:
   explicit Deadline(double secondsFromNow)
-      : moment(Clock::now() +
-               std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(secondsFromNow))) {}
+      : timePoint_(Clock::now() +
+                   std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(secondsFromNow))) {}
 
-  bool hasPassed() const { return Clock::now() >= moment; }
+  bool hasPassed() const { return Clock::now() >= timePoint_; }
 
  private:
   using Clock = std::chrono::steady_clock;
-  Clock::time_point moment;
+  Clock::time_point timePoint_;
 };
 
 }  // namespace runner

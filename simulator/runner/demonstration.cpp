@@ -19,11 +19,11 @@ namespace runner {
 
 namespace {
 
-const Json pushAway = {{"do", "drag"}, {"by", {0, -120}}};
+const Json dismissByDrag = {{"do", "drag"}, {"by", {0, -120}}};
 
 class Demonstration {
  public:
-  Demonstration(Session& phone, std::filesystem::path pictures) : session(phone), folder(std::move(pictures)) {}
+  Demonstration(Session& session, std::filesystem::path folder) : session_(session), folder_(std::move(folder)) {}
 
   void show(const Sample& sample, const std::string& style) {
     execute(sample.preparation);
@@ -31,39 +31,40 @@ class Demonstration {
     Json present = {{"do", "present"}};
     present.update(sample.notification);
     execute({present});
-    // The sender's picture may come from the web.
+    // The sender's picture can be a download.
     if (url_loading::pendingRequestCount() > 0) execute({{{"do", "await"}, {"for", "photo"}}});
-    execute({let(0.6)});
+    execute({waitStep(0.6)});
     execute(sample.steps);
-    if (sample.reply != nullptr) execute({{{"do", "type"}, {"text", sample.reply}}, let(0.4)});
+    if (sample.reply != nullptr) execute({{{"do", "type"}, {"text", sample.reply}}, waitStep(0.4)});
     takePicture(sample.name + ("-" + style));
-    // A banner that was answered goes by itself.
+    // Sending a reply dismisses the banner.
     if (sample.reply != nullptr) {
       sendReply();
     } else {
-      execute({pushAway});
+      execute({dismissByDrag});
     }
-    execute({let(8)});
+    execute({waitStep(8)});
     execute(sample.restoration);
   }
 
   void execute(const std::vector<Json>& commands) {
     for (const Json& command : commands) {
-      const Json answer = session.run(command);
-      if (!answer["ok"].get<bool>()) fail(answer["error"]);
+      const Json result = session_.run(command);
+      if (!result["ok"].get<bool>()) fail(result["error"]);
     }
   }
 
-  bool hasFailed() const { return failed; }
+  bool hasFailed() const { return hasFailed_; }
 
  private:
   void takePicture(const std::string& name) {
-    const std::string path = (folder / (name + ".png")).string();
+    const std::string path = (folder_ / (name + ".png")).string();
     execute({{{"do", "screenshot"}, {"path", path}}});
     std::printf("%s\n", path.c_str());
   }
 
-  // What a message is an answer to is in the Messages app's store.
+  // Stores the received message in the Messages app's store, because the app sends a reply only to a stored
+  // conversation.
   void storeMessage(const Json& notification) {
     const std::string title = notification["title"];
     const std::string thread = notification["thread"];
@@ -72,11 +73,11 @@ class Demonstration {
                {messages::Direction::Received, notification["message"], 0, base::systemUnixTime(), false});
   }
 
-  // Tells what the Messages app says that it has sent.
+  // Sends the reply and prints the message that the Messages app reports as sent.
   void sendReply() {
     execute({{{"do", "log"}}, {{"do", "key"}, {"name", "return"}}, {{"do", "await"}, {"for", "message"}}});
-    const Json answer = session.run({{"do", "log"}});
-    for (const Json& event : answer["events"]) {
+    const Json result = session_.run({{"do", "log"}});
+    for (const Json& event : result["events"]) {
       if (event["event"] != "message") continue;
       std::printf("sent to %s: %s\n", event["chat"].get<std::string>().c_str(),
                   event["text"].get<std::string>().c_str());
@@ -85,15 +86,15 @@ class Demonstration {
 
   void fail(const std::string& reason) {
     std::fprintf(stderr, "springboard: %s\n", reason.c_str());
-    failed = true;
+    hasFailed_ = true;
   }
 
-  Session& session;
-  std::filesystem::path folder;
-  bool failed = false;
+  Session& session_;
+  std::filesystem::path folder_;
+  bool hasFailed_ = false;
 };
 
-int complain(const std::string& reason) {
+int reportError(const std::string& reason) {
   std::fprintf(stderr, "springboard: %s\n", reason.c_str());
   return 1;
 }
@@ -103,7 +104,7 @@ int showAll(Session& session, const std::filesystem::path& folder, const std::st
   for (const char* style : {"light", "dark"}) {
     demonstration.execute({{{"do", "appearance"}, {"style", style}}});
     for (const Sample& sample : samples(address))
-      // The platform's own banners have no field to type into.
+      // The platform's own banners have no reply field.
       if (sample.reply == nullptr || !librarySettings().empty()) demonstration.show(sample, style);
   }
   return demonstration.hasFailed() ? 1 : 0;
@@ -115,11 +116,11 @@ int demonstrate(Session& session, const std::filesystem::path& folder) try {
   std::filesystem::create_directories(folder);
   return showAll(session, folder, installDemonstrationData());
 } catch (const std::filesystem::filesystem_error& error) {
-  return complain(error.path1().string() + ": " + error.code().message());
+  return reportError(error.path1().string() + ": " + error.code().message());
 } catch (const CommandError& error) {
-  return complain(error.what());
+  return reportError(error.what());
 } catch (const messages::StoreError& error) {
-  return complain(error.what());
+  return reportError(error.what());
 }
 
 }  // namespace runner

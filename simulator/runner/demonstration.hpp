@@ -1,4 +1,4 @@
-// Pictures of notifications as they come in everyday life, in both appearances.
+// The demonstration: presents sample notifications in both appearances and takes pictures of them. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -7,8 +7,9 @@
 
 namespace runner {
 
-// Presents them one after the other and writes a picture of each into the folder, which is made where it is missing.
-// Prints the pictures' paths on standard output, what goes wrong on standard error; answers the process's exit status.
+// Presents the samples one after another and writes a picture of each into the folder, which is created if it is
+// missing. Prints the paths of the pictures to standard output and errors to standard error. Returns the exit status of
+// the process.
 int demonstrate(Session& session, const std::filesystem::path& folder);
 
 }  // namespace runner

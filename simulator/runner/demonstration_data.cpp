@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* profilePage = "ada_maps";
 constexpr const char* endpointsFile = "endpoints.plist";
-// Whose pictures come from the web, as the asset bundle names them.
+// The web services whose addresses are replaced. The names are those in the asset bundle.
 constexpr const char* services[] = {"twitterPages", "twitterImages", "slackAvatars", "discordAvatars", "facebookGraph"};
 
 std::string serve(const fs::path& folder) {
@@ -37,13 +37,13 @@ void write(const fs::path& file, const std::string& text) {
   if (!stream) throw fs::filesystem_error("cannot write", file, std::make_error_code(std::errc::io_error));
 }
 
-// The page names the picture by the whole address.
-void completePage(const fs::path& page, const std::string& address) {
-  constexpr std::string_view mark = "@ADDRESS@";
+// Inserts the server's address into the page, because the page must refer to the picture by an absolute address.
+void insertAddress(const fs::path& page, const std::string& address) {
+  constexpr std::string_view placeholder = "@ADDRESS@";
   std::ifstream stream(page);
   std::string text(std::istreambuf_iterator<char>(stream), {});
-  for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark))
-    text.replace(at, mark.size(), address);
+  for (std::size_t found = text.find(placeholder); found != std::string::npos; found = text.find(placeholder))
+    text.replace(found, placeholder.size(), address);
   write(page, text);
 }
 
@@ -57,17 +57,17 @@ std::string endpoints(const std::string& address) {
 }  // namespace
 
 std::string installDemonstrationData() try {
-  const base::Installation built = base::installation();
-  const fs::path own = foundation::root() / "demonstration";
-  std::string address = serve(own / "web");
-  fs::remove_all(own);
-  fs::create_directories(own);
+  const fs::path source = base::installation().demonstration;
+  const fs::path folder = foundation::root() / "demonstration";
+  std::string address = serve(folder / "web");
+  fs::remove_all(folder);
+  fs::create_directories(folder);
   constexpr auto replacing = fs::copy_options::recursive | fs::copy_options::overwrite_existing;
-  fs::copy(built.demonstration / "root", foundation::root(), replacing);
-  fs::copy(built.demonstration / "web", own / "web", replacing);
-  completePage(own / "web" / profilePage, address);
-  write(own / endpointsFile, endpoints(address));
-  process::linkEndpoints(own / endpointsFile);
+  fs::copy(source / "root", foundation::root(), replacing);
+  fs::copy(source / "web", folder / "web", replacing);
+  insertAddress(folder / "web" / profilePage, address);
+  write(folder / endpointsFile, endpoints(address));
+  process::linkEndpoints(folder / endpointsFile);
   return address;
 } catch (const fs::filesystem_error& error) {
   throw CommandError(error.path1().string() + ": " + error.code().message());

@@ -1,13 +1,14 @@
-// What the demonstration's applications have on the phone and on the web: pictures of the people who write.
+// The data of the demonstration's applications: files on the phone and pages on the web with the pictures of the
+// senders.
 #pragma once
 
 #include <string>
 
 namespace runner {
 
-// Puts their files into the phone's root, serves their web pages on this machine's loopback interface until the process
-// ends, and has the library look for them there. Answers the address of the web server, such as
-// "http://127.0.0.1:8080". Throws CommandError. Once, when the phone has started.
+// Copies the files into the phone's root, starts a web server for the pages on the loopback interface, and configures
+// the library to use it. The server runs until the process ends. Returns the address of the server, such as
+// "http://127.0.0.1:8080". Call it once, after the phone has started. Throws CommandError. Main thread.
 std::string installDemonstrationData();
 
 }  // namespace runner

@@ -9,7 +9,7 @@ const Json annasCard = {{"CKBBContextKeySenderPersonCentricID", "C0FFEE00-0001-4
 
 Json preference(const char* key, const Json& value) { return {{"do", "set"}, {"key", key}, {"value", value}}; }
 
-std::vector<Sample> everydaySamples() {
+std::vector<Sample> samplesWithoutPictures() {
   return {
       {.name = "mail",
        .notification = {{"section", "com.apple.mobilemail"},
@@ -24,7 +24,7 @@ std::vector<Sample> everydaySamples() {
                         {"close", true},
                         {"dismissAutomatically", false},
                         {"actions", {{{"key", "snooze"}, {"identifier", "MTAlarmSnoozeAction"}, {"title", "Snooze"}}}}},
-       .steps = {pullOpen, let(0.4)}},
+       .steps = {pullOpen, waitStep(0.4)}},
       {.name = "calendar",
        .notification = {{"section", "com.apple.mobilecal"},
                         {"title", "Design review"},
@@ -36,11 +36,11 @@ std::vector<Sample> everydaySamples() {
                          "The build is green again. What changed since yesterday: the importer no longer stops at "
                          "empty rows, the preview draws twice as fast, and the French texts are complete. If nobody "
                          "objects by four, it goes out tonight, and the notes go to everybody tomorrow morning."}},
-       .steps = {pullOpen, let(0.4)}},
+       .steps = {pullOpen, waitStep(0.4)}},
   };
 }
 
-// One of each application whose senders have pictures, by where the picture is: in the phone's files and address book.
+// One sample for each application whose pictures of senders are in the phone's files or address book.
 std::vector<Sample> samplesWithFiles() {
   return {
       {.name = "messages",
@@ -53,7 +53,7 @@ std::vector<Sample> samplesWithFiles() {
                         {"title", "Anna Weber"},
                         {"message", "The table is booked for one o'clock."},
                         {"userInfo", annasCard}},
-       .steps = {pullOpen, let(0.4)},
+       .steps = {pullOpen, waitStep(0.4)},
        .preparation = {preference("showButtons", true)},
        .restoration = {preference("showButtons", nullptr)}},
       {.name = "messages-reply",
@@ -62,7 +62,7 @@ std::vector<Sample> samplesWithFiles() {
                         {"message", "The table is booked for one o'clock. Will you be there?"},
                         {"thread", "+491701234567"},
                         {"userInfo", annasCard}},
-       .steps = {pullOpen, let(0.4)},
+       .steps = {pullOpen, waitStep(0.4)},
        .reply = "On my way 🚲"},
       {.name = "whatsapp",
        .notification = {{"section", "net.whatsapp.WhatsApp"},
@@ -77,8 +77,8 @@ std::vector<Sample> samplesWithFiles() {
   };
 }
 
-// And on the web.
-std::vector<Sample> samplesWithAddresses(const std::string& address) {
+// One sample for each application whose pictures of senders are on the web.
+std::vector<Sample> samplesWithWebPictures(const std::string& address) {
   return {
       {.name = "slack",
        .notification = {{"section", "com.tinyspeck.chatlyio"},
@@ -124,11 +124,12 @@ std::vector<Sample> samplesWithAddresses(const std::string& address) {
 
 }  // namespace
 
-Json let(double seconds) { return {{"do", "wait"}, {"seconds", seconds}}; }
+Json waitStep(double seconds) { return {{"do", "wait"}, {"seconds", seconds}}; }
 
 std::vector<Sample> samples(const std::string& address) {
   std::vector<Sample> all;
-  for (const std::vector<Sample>& some : {samplesWithFiles(), samplesWithAddresses(address), everydaySamples()})
+  for (const std::vector<Sample>& some :
+       {samplesWithFiles(), samplesWithWebPictures(address), samplesWithoutPictures()})
     all.insert(all.end(), some.begin(), some.end());
   return all;
 }

@@ -11,19 +11,19 @@ namespace runner {
 struct Sample {
   const char* name;
   Json notification;
-  // What happens to the banner before its picture is taken.
+  // Commands between the presentation and the picture.
   std::vector<Json> steps = {};
-  // Puts back what the steps before the notification changed.
+  // Commands before the presentation, and the commands that undo their changes.
   std::vector<Json> preparation = {};
   std::vector<Json> restoration = {};
-  // Typed into the banner before its picture is taken, and sent off after it. Null for none.
+  // The text that is typed into the banner before the picture, and sent after it. Null for none.
   const char* reply = nullptr;
 };
 
-// The step that lets so many seconds pass.
-Json let(double seconds);
+// A command that waits for so many seconds of the stepped clock.
+Json waitStep(double seconds);
 
-// Their senders are known to the demonstration's files and to its web server, whose address this is.
+// All samples, in order. `address` is the address of the demonstration's web server.
 std::vector<Sample> samples(const std::string& address);
 
 }  // namespace runner

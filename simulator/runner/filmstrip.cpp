@@ -19,8 +19,8 @@ struct Frame {
 };
 
 std::vector<Frame>& frames() {
-  static std::vector<Frame>& held = *new std::vector<Frame>;
-  return held;
+  static std::vector<Frame>& stored = *new std::vector<Frame>;
+  return stored;
 }
 
 drawing::Size sizeOf(const std::vector<Frame>& strip) {

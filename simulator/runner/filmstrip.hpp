@@ -1,4 +1,4 @@
-// Pictures of the screen side by side in one picture.
+// A filmstrip: several pictures of the screen side by side in one picture. Main thread.
 #pragma once
 
 #include <memory>
@@ -9,11 +9,11 @@
 
 namespace runner {
 
-// Keeps the upper `height` points of a picture of the screen as the next frame.
+// Adds the upper `height` points of the screen as the next frame. Copies the pixels.
 void addFrame(const drawing::Canvas& screen, double height);
 std::size_t frameCount();
 
-// The frames from left to right, which are let go. Null where there are none.
+// Draws the frames from left to right and removes them. Null if there are none.
 std::shared_ptr<drawing::Canvas> takeFilmstrip();
 
 }  // namespace runner

@@ -12,10 +12,11 @@ namespace {
 
 CGPoint finger;
 
-// Two distances add up to exactly their sum wherever the finger went down.
+// Rounds to a multiple of a power of two, because sums of such coordinates are exact. Two drags then have exactly the
+// same effect as one drag over the whole distance.
 double onGrid(double coordinate) {
-  constexpr double gridLinesInAPoint = 1024;
-  return std::round(coordinate * gridLinesInAPoint) / gridLinesInAPoint;
+  constexpr double gridLinesPerPoint = 1024;
+  return std::round(coordinate * gridLinesPerPoint) / gridLinesPerPoint;
 }
 
 void touch(UITouchPhase phase, CGPoint point) {
@@ -25,8 +26,8 @@ void touch(UITouchPhase phase, CGPoint point) {
   foundation::drainMainQueue();
 }
 
-CGPoint along(CGPoint start, CGPoint distance, double share) {
-  return {start.x + distance.x * share, start.y + distance.y * share};
+CGPoint along(CGPoint start, CGPoint distance, double fraction) {
+  return {start.x + distance.x * fraction, start.y + distance.y * fraction};
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// The finger on the screen: taps and drags, each step a turn of the run loop of its own.
+// Simulates one finger that taps and drags. Each touch event is a separate run-loop iteration. Points are in screen
+// coordinates. Main thread.
 #pragma once
 
 #include "platform/core_graphics.hpp"
@@ -9,9 +10,11 @@ enum class DragEnd { Release, Cancel, Hold };
 
 void tapAt(CGPoint point);
 
-// Goes down at `start`, or goes on from where an earlier drag held it, and moves by `distance` in equal steps.
+// Puts the finger down at `start` and moves it by `distance` in equal steps. If the last drag ended with Hold, ignores
+// `start` and continues from the finger's position.
 void drag(CGPoint start, CGPoint distance, int steps, DragEnd end);
 
+// Whether the finger is still on the screen after the last drag.
 bool isFingerHeld();
 
 }  // namespace runner

@@ -1,4 +1,4 @@
-// The home screen's process.
+// The program `springboard`: the process of the home screen.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -15,7 +15,7 @@ namespace {
 constexpr int scriptFailed = 1;
 constexpr int cannotStart = 2;
 
-int complain(const std::string& message, int status = cannotStart) {
+int reportError(const std::string& message, int status = cannotStart) {
   std::fprintf(stderr, "springboard: %s\n", message.c_str());
   return status;
 }
@@ -25,21 +25,21 @@ bool isSkipped(const std::string& line) {
   return first == std::string::npos || line[first] == '#';
 }
 
-// Answers go to standard output as they come.
+// Prints the result of each command to standard output immediately.
 int runScript(runner::Session& session, std::istream& script) {
   int status = 0;
   for (std::string line; std::getline(script, line);) {
     if (isSkipped(line)) continue;
-    const runner::Json answer = session.runLine(line);
-    if (!answer["ok"].get<bool>()) status = scriptFailed;
-    std::cout << answer.dump(-1, ' ', false, runner::Json::error_handler_t::replace) << std::endl;
+    const runner::Json result = session.runLine(line);
+    if (!result["ok"].get<bool>()) status = scriptFailed;
+    std::cout << result.dump(-1, ' ', false, runner::Json::error_handler_t::replace) << std::endl;
     if (!std::cout)
-      return complain("an answer could not be written; the rest of the script was left out", scriptFailed);
+      return reportError("cannot write to standard output; the rest of the script was not executed", scriptFailed);
   }
   return status;
 }
 
-// False where there is no such file.
+// Returns false if the file is missing, unreadable or a folder.
 bool open(std::ifstream& file, const std::string& path) {
   if (std::filesystem::is_directory(path)) return false;
   file.open(path);
@@ -49,7 +49,7 @@ bool open(std::ifstream& file, const std::string& path) {
 int run(const runner::Options& options) {
   const bool readsFile = !options.script.empty() && options.script != "-";
   std::ifstream file;
-  if (readsFile && !open(file, options.script)) return complain("the script " + options.script + " cannot be read");
+  if (readsFile && !open(file, options.script)) return reportError("cannot read the script " + options.script);
   runner::Session session(options);
   if (!options.demonstration.empty()) return runner::demonstrate(session, options.demonstration);
   return runScript(session, readsFile ? file : std::cin);
@@ -57,17 +57,17 @@ int run(const runner::Options& options) {
 
 int start(const runner::Options& options) try {
   if (options.script.empty() && options.demonstration.empty())
-    return complain("there is no window to show it in; give --script FILE or --demonstration DIR (see --help)");
+    return reportError("nothing to do; specify --script FILE or --demonstration DIR (see --help)");
   return run(options);
 } catch (const std::exception& error) {
-  return complain(error.what());
+  return reportError(error.what());
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
   const auto parsed = runner::parseOptions({arguments + 1, static_cast<std::size_t>(count - 1)});
-  if (const auto* error = std::get_if<process::OptionError>(&parsed)) return complain(error->message);
+  if (const auto* error = std::get_if<process::OptionError>(&parsed)) return reportError(error->message);
   if (std::holds_alternative<process::HelpRequest>(parsed)) {
     std::cout << runner::helpText() << "\n" << runner::commandHelp();
     return 0;

@@ -47,7 +47,7 @@ process::ExpectedValue setTime(Options& options, const std::string& value) {
   return std::nullopt;
 }
 
-process::ExpectedValue leaveLibraryOut(Options& options, const std::string&) {
+process::ExpectedValue omitLibrary(Options& options, const std::string&) {
   options.library = process::LibraryUse::Absent;
   return std::nullopt;
 }
@@ -67,23 +67,25 @@ process::ExpectedValue setDemonstration(Options& options, const std::string& val
 const std::vector<process::OptionRow<Options>>& optionTable() {
   static const std::vector<process::OptionRow<Options>> table = {
       {"--root", "DIR",
-       "the folder that stands for the phone's file system, made with its defaults when missing (default: brim/root in "
-       "the "
-       "user's data folder)",
+       "the folder that represents the phone's file system; created with default files if missing (default: brim/root "
+       "in the user's data folder)",
        [](Options& options, const std::string& value) { return process::parseRoot(options.root, value); }},
-      {"--device", "NAME", deviceNames() + " (default: " + Options().device + ")", &setDevice},
-      {"--system", "VERSION", "the system's version, 11.0 or later (default: " + Options().systemVersion + ")",
+      {"--device", "NAME", "the model: " + deviceNames() + " (default: " + Options().device + ")", &setDevice},
+      {"--system", "VERSION",
+       "the version of the phone's system, 11.0 or later (default: " + Options().systemVersion + ")",
        [](Options& options, const std::string& value) { return process::parseSystem(options.systemVersion, value); }},
-      {"--appearance", "STYLE", "light or dark, at start (default: light)", &setAppearance},
-      {"--locale", "ID", "language and region, such as de_DE or ar_EG (default: " + Options().locale + ")", &setLocale},
-      {"--time", "ISO8601", "what the clock shows at start, such as 2020-03-14T09:41 (default: the time it is)",
+      {"--appearance", "STYLE", "the initial appearance, light or dark (default: light)", &setAppearance},
+      {"--locale", "ID", "the language and region, such as de_DE or ar_EG (default: " + Options().locale + ")",
+       &setLocale},
+      {"--time", "ISO8601", "the initial time of the clock, such as 2020-03-14T09:41 (default: the current time)",
        &setTime},
-      {"--without-brim", nullptr, "leave the library out: the platform's own banners (default: it is mapped in)",
-       &leaveLibraryOut},
-      {"--script", "FILE", "obey one JSON object a line of this file, - for standard input (default: none)",
+      {"--without-brim", nullptr, "do not load the library; shows the platform's own banners (default: load it)",
+       &omitLibrary},
+      {"--script", "FILE", "execute the commands in this file, or from standard input if FILE is - (default: none)",
        &setScript},
       {"--demonstration", "DIR",
-       "write pictures of sample notifications into this folder, by default in a root of their own (default: none)",
+       "write pictures of sample notifications into this folder; uses a separate root unless --root is specified "
+       "(default: none)",
        &setDemonstration},
   };
   return table;
@@ -96,7 +98,7 @@ process::CommandLine<Options> parseOptions(std::span<const char* const> argument
 }
 
 std::string helpText() {
-  return "springboard: the home screen of a simulated phone, with Brim mapped in.\n\n"
+  return "springboard: the home screen of a simulated phone on which Brim is installed.\n\n"
          "usage: springboard [option …]\n\noptions:\n" +
          process::optionHelp(optionTable());
 }

@@ -1,4 +1,4 @@
-// The home screen's command line: what can be chosen, and what it is when nothing is said.
+// The command-line options of `springboard`, with their default values.
 #pragma once
 
 #include <filesystem>
@@ -19,19 +19,19 @@ struct Options {
   std::string systemVersion = process::defaultSystemVersion;
   StartAppearance appearance = StartAppearance::Light;
   std::string locale = "en_US";
-  // What the clock shows at start, in seconds since 1970; nothing: the real time.
+  // The initial time of the clock, in seconds since 1970. If there is no value, the current time is used.
   std::optional<double> time = {};
   process::LibraryUse library = process::LibraryUse::Mapped;
-  // "-" is standard input; empty: no script.
+  // The file of the script, or "-" for standard input. Empty for no script.
   std::string script = {};
-  // Where pictures of sample notifications go; empty: none are made.
+  // The folder for the pictures of the demonstration. Empty for no demonstration.
   std::filesystem::path demonstration = {};
 };
 
-// The arguments without the program's name. An option may be written "--name value" or "--name=value".
+// Parses the arguments, without the name of the program. An option has the form "--name value" or "--name=value".
 process::CommandLine<Options> parseOptions(std::span<const char* const> arguments);
 
-// The text that --help prints: every option with its meaning and default.
+// The text that --help prints: each option with its meaning and default.
 std::string helpText();
 
 }  // namespace runner

@@ -24,18 +24,19 @@ namespace {
 
 constexpr const char* homeScreenIdentifier = "com.apple.springboard";
 
-// The allocator takes a freed picture as a hint to keep later ones in the heap, where they lie between small objects
-// and the heap grows by a picture or two for good. With a fixed threshold each has pages of its own and gives them
-// back.
-void keepPicturesOutOfTheHeap() {
-  constexpr int smallestPicture = 256 * 1024;
-  mallopt(M_MMAP_THRESHOLD, smallestPicture);
+// When a large block such as a picture is freed, the allocator raises the size from which blocks are mapped separately.
+// Later pictures would then fragment the heap and increase it permanently. A fixed threshold prevents this: each
+// picture has separate pages, which are returned when it is freed.
+void mapPicturesSeparately() {
+  constexpr int minSeparateSize = 256 * 1024;
+  mallopt(M_MMAP_THRESHOLD, minSeparateSize);
 }
 
 uikit::Environment environmentOf(const Options& options) {
   uikit::Environment environment;
   const base::DeviceProfile* device = base::findDeviceProfile(options.device);
-  if (device == nullptr) throw process::StartError("there is no device " + options.device);
+  if (device == nullptr)
+    throw process::StartError("there is no device " + options.device + "; --help lists the devices");
   environment.device = *device;
   environment.systemVersion = options.systemVersion;
   environment.locale = options.locale;
@@ -48,7 +49,7 @@ uikit::Environment environmentOf(const Options& options) {
 }  // namespace
 
 void startPhone(const Options& options, foundation::ClockMode clock) {
-  keepPicturesOutOfTheHeap();
+  mapPicturesSeparately();
   if (options.root.empty() && !options.demonstration.empty()) {
     process::useRoot(base::demonstrationRoot(), foundation::DefaultsDatabase::OfUser);
   } else {

@@ -1,4 +1,4 @@
-// The home-screen process from its options to a home screen that waits for notifications.
+// Starts the home-screen process.
 #pragma once
 
 #include "simulator/foundation/main_queue.hpp"
@@ -6,7 +6,8 @@
 
 namespace runner {
 
-// Once, before any other use of Foundation. Throws StartError.
+// Sets up the root and the environment, registers the classes, maps the library and starts the home screen. Call it
+// once, before any other use of Foundation. Throws StartError. Main thread.
 void startPhone(const Options& options, foundation::ClockMode clock);
 
 }  // namespace runner

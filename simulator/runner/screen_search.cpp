@@ -24,7 +24,8 @@ std::string textShownBy(const UIView* view) {
 
 using Visitor = std::function<bool(UIView*)>;
 
-// Front to back, a view's subviews before itself, as touches find them; true from the visitor ends it.
+// Visits a view's subviews from front to back and then the view, in the order of hit testing. Stops and returns true
+// when the visitor returns true.
 bool visit(UIView* view, const Visitor& visitor) {
   if (!isVisible(view)) return false;
   const NSArray* subviews = view->subviews();
@@ -47,9 +48,9 @@ CGRect frameOnScreen(const UIView* view) {
   return uikit::frameOnScreen(view);
 }
 
-CGRect shownFrameOnScreen(const UIView* view) {
+CGRect presentedFrameOnScreen(const UIView* view) {
   uikit::layoutWindows();
-  return uikit::shownFrameOnScreen(view);
+  return uikit::presentedFrameOnScreen(view);
 }
 
 std::optional<CGPoint> middleOnScreen(const CGRect& rectangle) {
@@ -67,7 +68,7 @@ bool isOnScreen(CGPoint point) {
   return point.x >= 0 && point.y >= 0 && point.x < screen.width && point.y < screen.height;
 }
 
-UIView* viewThatReads(const std::string& text) {
+UIView* viewWithText(const std::string& text) {
   UIView* found = nullptr;
   visitScreen([&](UIView* view) {
     if (textShownBy(view) == text) found = view;

@@ -1,4 +1,4 @@
-// Where things are on the screen: points inside views, and the view that shows a text.
+// Finds views and points on the screen. All coordinates are points of the screen. Main thread.
 #pragma once
 
 #include <optional>
@@ -9,21 +9,21 @@
 
 namespace runner {
 
-// In points of the screen, laid out as it will be when animations have ended.
+// The frame that the view has when all animations have ended.
 CGRect frameOnScreen(const UIView* view);
 
-// The same, as the screen shows it at this moment of its animations.
-CGRect shownFrameOnScreen(const UIView* view);
+// The frame that the screen shows now, during animations.
+CGRect presentedFrameOnScreen(const UIView* view);
 
-// The middle of what the screen shows of the rectangle; nothing where it is outside.
+// The middle of the visible part of the rectangle. No value if all of it is outside the screen.
 std::optional<CGPoint> middleOnScreen(const CGRect& rectangle);
 
 bool isOnScreen(CGPoint point);
 
-// The frontmost visible label or control with exactly this text; nil without one.
-UIView* viewThatReads(const std::string& text);
+// The frontmost visible label or control whose text is exactly this one. Nil if there is none. Borrowed.
+UIView* viewWithText(const std::string& text);
 
-// All texts that can be read, front to back.
+// All visible texts, from front to back.
 std::vector<std::string> readableTexts();
 
 }  // namespace runner

@@ -12,7 +12,7 @@ namespace runner {
 
 namespace {
 
-// Deeper values would only exhaust the stack of whatever walks them.
+// Recursive functions that process deeper values would exhaust the stack.
 constexpr int maxNesting = 200;
 
 int nestingOf(std::string_view text) {
@@ -34,7 +34,7 @@ int nestingOf(std::string_view text) {
   return deepest;
 }
 
-// The library's reason without its own names for things.
+// The JSON library's message without its prefix, which is the internal name of the exception.
 std::string reasonOf(const Json::exception& error) {
   std::string reason = error.what();
   if (const std::size_t name = reason.find("] "); name != std::string::npos) reason.erase(0, name + 2);
@@ -42,7 +42,7 @@ std::string reasonOf(const Json::exception& error) {
 }
 
 Json failure(const std::string& reason) {
-  return {{"ok", false}, {"error", reason + R"(; a line is one JSON object, such as {"do":"wait","seconds":1})"}};
+  return {{"ok", false}, {"error", reason + R"(; a line must be one JSON object, such as {"do":"wait","seconds":1})"}};
 }
 
 }  // namespace
@@ -60,8 +60,8 @@ Json Session::run(const Json& command) {
 
 Json Session::runLine(std::string_view line) {
   if (nestingOf(line) > maxNesting) return failure("nested more than " + std::to_string(maxNesting) + " levels deep");
-  // The parser would end there, and take the rest for nothing.
-  if (line.find('\0') != std::string_view::npos) return failure("not JSON: it has a byte of zero");
+  // The parser would ignore a zero byte and everything after it.
+  if (line.find('\0') != std::string_view::npos) return failure("not JSON: it contains a zero byte");
   try {
     return run(Json::parse(line));
   } catch (const Json::exception& error) {

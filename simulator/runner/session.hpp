@@ -1,4 +1,4 @@
-// A home screen that obeys commands: the process of `springboard`, started and driven in-process.
+// A home screen that executes script commands. `springboard` and the tests use it.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -10,8 +10,8 @@
 
 namespace runner {
 
-// A phone that has been started, on a stepped clock. The runtime's classes belong to the process, so a process has one
-// session at most and it ends with the process. Main thread, before any other use of Foundation.
+// A running home screen with a stepped clock. A process can create only one session, because the runtime's classes
+// belong to the process. Create it before any other use of Foundation. Main thread.
 class Session {
  public:
   // Throws StartError.
@@ -20,10 +20,10 @@ class Session {
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  // Obeys one command, {"do": NAME, …}. Answers {"ok":true, …} or {"ok":false,"error": …}; never throws.
+  // Executes one command, {"do": NAME, …}. Returns {"ok":true, …} or {"ok":false,"error": …}. Never throws.
   nlohmann::ordered_json run(const nlohmann::ordered_json& command);
 
-  // The same for a line of text. What is not JSON is answered with the position of the mistake.
+  // Parses and executes a line of text. For invalid JSON, the error contains the position of the mistake.
   nlohmann::ordered_json runLine(std::string_view line);
 };
 

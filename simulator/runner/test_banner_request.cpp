@@ -10,10 +10,10 @@ namespace runner {
 
 namespace {
 
-constexpr double secondsToWait = 5;
-constexpr double secondsOfOneLook = 0.1;
+constexpr double maxWait = 5;
+constexpr double pollInterval = 0.1;
 
-// Hears the request after those that listened before.
+// Observes the request. It is notified last, after the observers that were added earlier.
 class TestBannerEcho : public objc::Interface<"SBTestBannerEcho", NSObject> {};
 
 bool hasArrived = false;
@@ -22,8 +22,8 @@ void received(TestBannerEcho*, NSNotification*) { hasArrived = true; }
 
 NSString* requestName() { return "com.lumetra.brim.receivedbannertest"_ns; }
 
-// It stays: the center keeps something of every observer that it ever had.
-bool listen() {
+// The observer is never removed, because the notification center never frees its record of an observer.
+bool addObserver() {
   static constexpr objc::MethodEntry methods[] = {objc::method<"receivedRequest:", &received>()};
   objc::defineClass<TestBannerEcho>(methods);
   NSDistributedNotificationCenter::defaultCenter()->addObserver(objc::make<TestBannerEcho>().leak(),
@@ -34,11 +34,11 @@ bool listen() {
 }  // namespace
 
 bool postTestBannerRequest() {
-  [[maybe_unused]] static const bool isListening = listen();
+  [[maybe_unused]] static const bool isObserving = addObserver();
   hasArrived = false;
   springboard::postUnrecorded(requestName());
-  const Deadline deadline(secondsToWait);
-  while (!hasArrived && !deadline.hasPassed()) foundation::letNewsIn(secondsOfOneLook);
+  const Deadline deadline(maxWait);
+  while (!hasArrived && !deadline.hasPassed()) foundation::pumpRunLoopAndMainQueue(pollInterval);
   return hasArrived;
 }
 

@@ -1,10 +1,11 @@
-// The settings pane's request for a test banner, sent the way the pane sends it.
+// Requests a test banner as the settings pane does.
 #pragma once
 
 namespace runner {
 
-// Posts it to the processes of the phone and waits until it has come back to this one, and with it to the home screen.
-// False when it has not within a few seconds. It is not in the event log: no process of the phone posted it.
+// Posts the request as a distributed notification and waits until this process, which is the home screen, has received
+// it. Returns false after 5 seconds. The post is not recorded in the event log, because the settings pane is not part
+// of the simulated phone. Main thread.
 bool postTestBannerRequest();
 
 }  // namespace runner

@@ -1,8 +1,8 @@
-// What the plugin of the web server offers: the only name that the simulator looks up in it.
+// The interface of the web server plugin. The simulator looks up this function by name.
 #pragma once
 
 #include <cstdint>
 
-// Serves the files of the folder on this machine's loopback interface until the process ends, and answers the port; 0
-// where it cannot.
+// Starts a web server for the files of a folder, on the loopback interface. It runs until the process ends. Returns the
+// port, or 0 on failure.
 extern "C" std::uint16_t brim_serve_folder(const char* folder);

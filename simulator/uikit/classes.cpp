@@ -40,7 +40,7 @@ void registerClasses() {
   defineVisualEffectView();
   defineKeyboard();
   // Views that changed during a run-loop iteration are laid out at its end, outside of any animation.
-  foundation::observeEndOfTurn([] {
+  foundation::observeEndOfIteration([] {
     updateKeyboard();
     layoutWindows();
   });

@@ -31,7 +31,7 @@ void runWork(FunctionOperation* self) { objc::state(self).work(); }
 
 // The main operation queue runs on the main thread, which has its own queue in the simulator.
 Enqueue enqueueTo(NSOperationQueue* queue) {
-  if (queue == NSOperationQueue::mainQueue()) return &foundation::onMainThreadFromOutside;
+  if (queue == NSOperationQueue::mainQueue()) return &foundation::onMainThreadForExternalEvent;
   return [queue = objc::retain(queue)](std::function<void()> work) {
     auto operation = objc::make<FunctionOperation>();
     objc::state(operation.get()).work = std::move(work);

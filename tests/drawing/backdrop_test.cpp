@@ -1,4 +1,4 @@
-#include "simulator/drawing/backdrop.hpp"
+#include "simulator/drawing/material.hpp"
 
 #include <cmath>
 #include <limits>
@@ -25,7 +25,7 @@ Canvas filledWith(const Color& color) {
 }
 
 void blurAll(Canvas& canvas, BlurStyle style, Appearance appearance = Appearance::Light, double alpha = 1) {
-  blurBackdrop(canvas, {0, 0, 1000, 1000}, squareCorners, style, appearance, alpha);
+  drawMaterial(canvas, {0, 0, 1000, 1000}, squareCorners, style, appearance, alpha);
 }
 
 TEST(Backdrop, UniformGrayStaysUniform) {
@@ -96,7 +96,7 @@ TEST(Backdrop, BlurOfAnAreaEqualsThatAreaOfAFullBlur) {
   Canvas whole = blackAndWhite(120, 120, 2);
   Canvas part = blackAndWhite(120, 120, 2);
   blurAll(whole, BlurStyle::Dark);
-  blurBackdrop(part, {33.5, 21, 51, 40.5}, squareCorners, BlurStyle::Dark, Appearance::Light, 1);
+  drawMaterial(part, {33.5, 21, 51, 40.5}, squareCorners, BlurStyle::Dark, Appearance::Light, 1);
   for (int y = 42; y < 123; ++y) {
     for (int x = 67; x < 169; ++x) ASSERT_EQ(part.pixel(x, y), whole.pixel(x, y)) << x << " " << y;
   }
@@ -108,7 +108,7 @@ TEST(Backdrop, BlurOfAnAreaEqualsThatAreaOfAFullBlur) {
 
 TEST(Backdrop, IsClippedToItsRoundedCorners) {
   Canvas canvas = filledWith(white);
-  blurBackdrop(canvas, {10, 10, 40, 40}, {15, CornerCurve::Continuous}, BlurStyle::Dark, Appearance::Light, 1);
+  drawMaterial(canvas, {10, 10, 40, 40}, {15, CornerCurve::Continuous}, BlurStyle::Dark, Appearance::Light, 1);
   EXPECT_EQ(canvas.pixel(21, 21), 0xFFFFFFFF);
   EXPECT_LT(redOf(canvas.pixel(60, 60)), 160);
 }
@@ -125,10 +125,10 @@ TEST(Backdrop, AppliesItsOpacity) {
 
 TEST(Backdrop, InsideALayerBlursTheContentBeneathTheLayer) {
   Canvas plain = blackAndWhite(120, 60, 2), layered = blackAndWhite(120, 60, 2);
-  blurBackdrop(plain, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
+  drawMaterial(plain, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   layered.clipRectangle({10, 0, 100, 60});
   layered.beginLayer(0.5);
-  blurBackdrop(layered, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
+  drawMaterial(layered, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   layered.endLayer();
   const Canvas sharp = blackAndWhite(120, 60, 2);
   for (int x = 0; x < 240; ++x) {
@@ -139,9 +139,9 @@ TEST(Backdrop, InsideALayerBlursTheContentBeneathTheLayer) {
 
 TEST(Backdrop, FollowsTheTransform) {
   Canvas direct = blackAndWhite(120, 60, 2), moved = blackAndWhite(120, 60, 2);
-  blurBackdrop(direct, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
+  drawMaterial(direct, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   moved.translate(15, 5);
-  blurBackdrop(moved, {5, 5, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
+  drawMaterial(moved, {5, 5, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   EXPECT_EQ(direct.pixelsAsPng(), moved.pixelsAsPng());
 }
 
@@ -149,7 +149,7 @@ TEST(Backdrop, EmptyOrInvalidAreaDrawsNothing) {
   Canvas canvas = filledWith(white);
   for (const Rectangle& area : {Rectangle{0, 0, 0, 10}, Rectangle{-50, 0, 20, 20}, Rectangle{500, 500, 20, 20},
                                 Rectangle{0, std::numeric_limits<double>::quiet_NaN(), 10, 10}}) {
-    blurBackdrop(canvas, area, squareCorners, BlurStyle::Dark, Appearance::Light, 1);
+    drawMaterial(canvas, area, squareCorners, BlurStyle::Dark, Appearance::Light, 1);
   }
   for (int y = 0; y < 120; ++y) {
     for (int x = 0; x < 120; ++x) ASSERT_EQ(canvas.pixel(x, y), 0xFFFFFFFF);

@@ -127,7 +127,7 @@ TEST_F(Dispatch, OtherThreadsCanWaitForTheMainQueue) {
 
 TEST_F(Dispatch, SyncOnTheCurrentQueueEndsTheProcess) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
-  EXPECT_DEATH(dispatch_sync(&_dispatch_main_q, objc::block([] {})), "already running the caller");
+  EXPECT_DEATH(dispatch_sync(&_dispatch_main_q, objc::block([] {})), "from work of the same queue");
 }
 
 std::atomic<bool> destructorRan = false;

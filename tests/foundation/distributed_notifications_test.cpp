@@ -77,7 +77,7 @@ class DistributedNotifications : public RuntimeTest {
 
   static void waitForNotifications(std::size_t count) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (receivedTexts().size() < count && std::chrono::steady_clock::now() < deadline) foundation::letNewsIn(0.1);
+    while (receivedTexts().size() < count && std::chrono::steady_clock::now() < deadline) foundation::pumpRunLoopAndMainQueue(0.1);
   }
 
   objc::Ref<Observer> observer_;
@@ -113,7 +113,7 @@ TEST_F(DistributedNotifications, AreDeliveredInPostingOrder) {
     posts.push_back(std::to_string(number));
     post(posts.back().c_str());
   }
-  for (int round = 0; round < 5; ++round) foundation::pumpFoundation(0.1);
+  for (int round = 0; round < 5; ++round) foundation::pumpRunLoop(0.1);
   waitForNotifications(posts.size());
   EXPECT_EQ(receivedTexts(), posts);
 }
@@ -129,17 +129,17 @@ TEST_F(DistributedNotifications, RemovedObserverReceivesNothing) {
 
 TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemon) {
   killDaemon();
-  ASSERT_TRUE(foundation::joinDistributedNotifications());
+  ASSERT_TRUE(foundation::connectToNotificationDaemon());
   postFromAnotherProcess("again");
   waitForNotifications(1);
   EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"again"}));
 }
 
 TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemonAfterAJoin) {
-  ASSERT_TRUE(foundation::joinDistributedNotifications());
-  ASSERT_TRUE(foundation::joinDistributedNotifications());
+  ASSERT_TRUE(foundation::connectToNotificationDaemon());
+  ASSERT_TRUE(foundation::connectToNotificationDaemon());
   killDaemon();
-  ASSERT_TRUE(foundation::joinDistributedNotifications());
+  ASSERT_TRUE(foundation::connectToNotificationDaemon());
   postFromAnotherProcess("again");
   waitForNotifications(1);
   EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"again"}));
@@ -149,7 +149,7 @@ TEST_F(DistributedNotifications, EndedDaemonIsReplacedAutomatically) {
   const pid_t before = daemonProcess();
   killDaemon();
   for (int tries = 0; tries < 600 && (daemonProcess() == before || daemonProcess() == 0); ++tries)
-    foundation::letNewsIn(0.1);
+    foundation::pumpRunLoopAndMainQueue(0.1);
   postFromAnotherProcess("again");
   waitForNotifications(1);
   EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"again"}));
@@ -159,7 +159,7 @@ TEST_F(DistributedNotifications, PostStartsANewDaemonIfTheFirstOneEnded) {
   killDaemon();
   post("lost");
   EXPECT_GT(daemonProcess(), 0);
-  ASSERT_TRUE(foundation::joinDistributedNotifications());
+  ASSERT_TRUE(foundation::connectToNotificationDaemon());
   post("received");
   waitForNotifications(1);
   EXPECT_EQ(receivedTexts().back(), "received");

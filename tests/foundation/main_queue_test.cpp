@@ -88,14 +88,14 @@ TEST_F(SteppedClock, DrainRunsDueWorkWithoutMovingTheClock) {
 
 TEST_F(SteppedClock, EndOfIterationObserverRunsAfterDueWorkAndCanAddWork) {
   int iterations = 0;
-  foundation::observeEndOfTurn([this, &iterations] {
+  foundation::observeEndOfIteration([this, &iterations] {
     log.push_back("end");
     if (++iterations == 1) foundation::onMainThread([this] { log.push_back("added"); });
   });
   foundation::onMainThread([this] { log.push_back("now"); });
   schedule(0, "zero");
   foundation::drainMainQueue();
-  foundation::observeEndOfTurn([] {});
+  foundation::observeEndOfIteration([] {});
   EXPECT_EQ(log, (Log{"now", "zero@0.000000", "end", "added", "end"}));
 }
 

@@ -38,14 +38,14 @@ class Preferences : public RuntimeTest {
   // Changes or reads preferences in another process.
   static void runDefaults(const std::string& arguments) {
     EXPECT_EQ(std::system(("defaults " + arguments).c_str()), 0);
-    foundation::pumpFoundation();
+    foundation::pumpRunLoop();
   }
   static void store(const std::string& key, const std::string& value) {
     runDefaults("write " + domain() + " " + key + " '" + value + "'");
   }
   static void storeFile(const std::string& contents) {
     std::ofstream(file()) << contents;
-    foundation::pumpFoundation();
+    foundation::pumpRunLoop();
   }
   void expectDefaults() const {
     EXPECT_TRUE(flag);
@@ -132,7 +132,7 @@ TEST_F(Preferences, OversizedFileGivesTheDefaultsUntilItIsReplaced) {
   storeFile(validFile);
   fs::resize_file(file(), 100'000'000);
   std::ofstream(file(), std::ios::app) << "{";
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   expectDefaults();
   storeFile(validFile);
   expectValuesOfValidFile();
@@ -142,7 +142,7 @@ TEST_F(Preferences, FolderInsteadOfTheFileGivesTheDefaultsUntilItIsRemoved) {
   storeFile(validFile);
   fs::remove(file());
   fs::create_directory(file());
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   expectDefaults();
   fs::remove(file());
   storeFile(validFile);
@@ -151,21 +151,21 @@ TEST_F(Preferences, FolderInsteadOfTheFileGivesTheDefaultsUntilItIsRemoved) {
 
 TEST_F(Preferences, PipeInsteadOfTheFileDoesNotBlock) {
   ASSERT_EQ(mkfifo(file().c_str(), S_IRUSR | S_IWUSR), 0);
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   expectDefaults();
 }
 
 TEST_F(Preferences, RemovedFileGivesTheDefaults) {
   storeFile(validFile);
   fs::remove(file());
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   expectDefaults();
 }
 
 TEST_F(Preferences, RecoverAfterTheFolderWasRemoved) {
   storeFile(validFile);
   fs::remove_all(file().parent_path());
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   expectDefaults();
   storeFile(validFile);
   expectValuesOfValidFile();
@@ -175,7 +175,7 @@ TEST_F(Preferences, FollowAFileMovedIntoPlace) {
   const fs::path prepared = testRoot() / "prepared.plist";
   std::ofstream(prepared) << validFile;
   fs::rename(prepared, file());
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   expectValuesOfValidFile();
 }
 

@@ -44,10 +44,10 @@ class RunLoop : public RuntimeTest {
 
 TEST_F(RunLoop, CallsTheWatcherOfAReadableDescriptor) {
   watchBytes();
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   EXPECT_EQ(received, 0);
   sendByte();
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   EXPECT_EQ(received, 1);
 }
 
@@ -55,7 +55,7 @@ TEST_F(RunLoop, DoesNotCallTheWatcherOfAnUnwatchedDescriptor) {
   watchBytes();
   foundation::unwatchDescriptor(pipeEnds[0]);
   sendByte();
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   EXPECT_EQ(received, 0);
 }
 
@@ -65,27 +65,27 @@ TEST_F(RunLoop, DescriptorCanBeUnwatchedInItsCallback) {
     ++received;
   });
   sendByte();
-  foundation::pumpFoundation();
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
+  foundation::pumpRunLoop();
   EXPECT_EQ(received, 1);
 }
 
 TEST_F(RunLoop, WaitsForTheGivenTimeIfNothingArrives) {
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   const auto start = std::chrono::steady_clock::now();
-  foundation::pumpFoundation(0.05);
+  foundation::pumpRunLoop(0.05);
   EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(50));
 }
 
 TEST_F(RunLoop, WaitEndsWhenADescriptorIsReadable) {
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
   watchBytes();
   std::thread sender([this] {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
     sendByte();
   });
   const auto start = std::chrono::steady_clock::now();
-  foundation::pumpFoundation(30);
+  foundation::pumpRunLoop(30);
   sender.join();
   EXPECT_EQ(received, 1);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
@@ -121,7 +121,7 @@ TEST_F(RunLoop, DeliversDistributedNotificationsOfOtherProcesses) {
   distributedCenter()->addObserver(observer, objc::selector<"receive:">(), "BrimTestDistributed"_ns);
   EXPECT_EQ(std::system(POST_DISTRIBUTED " BrimTestDistributed hello"), 0);
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-  while (receivedText.empty() && std::chrono::steady_clock::now() < deadline) foundation::pumpFoundation(0.1);
+  while (receivedText.empty() && std::chrono::steady_clock::now() < deadline) foundation::pumpRunLoop(0.1);
   distributedCenter()->removeObserver(observer, "BrimTestDistributed"_ns);
   EXPECT_EQ(receivedText, "hello");
   EXPECT_EQ(foundation::now(), 0) << "a stepped clock does not move by real time";

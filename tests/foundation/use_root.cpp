@@ -23,7 +23,7 @@ void post() {
   auto* const center =
       objc::send<NSNotificationCenter*, "defaultCenter">(objc::lookUpClass<"NSDistributedNotificationCenter">());
   center->post("BrimTestPresence"_ns, nullptr);
-  foundation::pumpFoundation();
+  foundation::pumpRunLoop();
 }
 
 void printDaemon() {

@@ -27,10 +27,15 @@ constexpr std::size_t maxNewObjects = 40;
 constexpr std::size_t bannersPerRetainedString = 40;
 
 // Parts of the errors that a random command can cause.
-constexpr const char* expectedErrors[] = {
-    "there is no controller", "no longer on screen",         "was dismissed and is gone",
-    "no banner is on screen", "nothing on the screen reads", "is outside the screen",
-    "banner shows nothing",   "nothing has the keyboard",    "a finger is held"};
+constexpr const char* expectedErrors[] = {"there is no controller",
+                                          "no longer on screen",
+                                          "was dismissed and is gone",
+                                          "no banner is on screen",
+                                          "no view has the text",
+                                          "is outside the screen",
+                                          "banner has no content",
+                                          "no view has the keyboard focus",
+                                          "finger of the last drag is still on the screen"};
 
 std::size_t environmentNumber(const char* variable, std::size_t defaultNumber) {
   const char* text = getenv(variable);

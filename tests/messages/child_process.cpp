@@ -13,8 +13,8 @@ namespace test {
 ChildProcess::ChildProcess(const std::vector<std::string>& command) {
   int pipeEnds[2];
   if (pipe2(pipeEnds, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
-  const foundation::Descriptor readEnd(pipeEnds[0]);
-  input_ = foundation::Descriptor(pipeEnds[1]);
+  const foundation::FileDescriptor readEnd(pipeEnds[0]);
+  input_ = foundation::FileDescriptor(pipeEnds[1]);
   std::vector<char*> arguments;
   arguments.reserve(command.size() + 1);
   for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));

@@ -30,7 +30,7 @@ class ChildProcess {
 
  private:
   pid_t child_ = 0;
-  foundation::Descriptor input_;
+  foundation::FileDescriptor input_;
   int status_ = -1;
   bool isReaped_ = false;
 };

@@ -28,7 +28,7 @@ bool eventually(const std::function<bool()>& condition) {
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(90);
   while (!condition()) {
     if (std::chrono::steady_clock::now() > deadline) return false;
-    foundation::letNewsIn(0.005);
+    foundation::pumpRunLoopAndMainQueue(0.005);
   }
   return true;
 }

@@ -31,7 +31,7 @@ class InstanceLock : public testing::Test {
 
 TEST_F(InstanceLock, IsAcquiredOnlyOnceAtATime) {
   {
-    const foundation::Descriptor first = lockInstance(folder);
+    const foundation::FileDescriptor first = lockInstance(folder);
     ASSERT_TRUE(first.isOpen());
     EXPECT_FALSE(lockInstance(folder).isOpen());
   }
@@ -41,12 +41,12 @@ TEST_F(InstanceLock, IsAcquiredOnlyOnceAtATime) {
 TEST_F(InstanceLock, ReplacesTheFilesTextWithTheOwnersProcessIdentifier) {
   fs::create_directories(folder);
   std::ofstream(path) << "12345678901234567890\n";
-  const foundation::Descriptor lock = lockInstance(folder);
+  const foundation::FileDescriptor lock = lockInstance(folder);
   EXPECT_EQ(lockFileText(), std::to_string(getpid()) + "\n");
 }
 
 TEST_F(InstanceLock, IsNotModifiedByAFailedAttempt) {
-  const foundation::Descriptor lock = lockInstance(folder);
+  const foundation::FileDescriptor lock = lockInstance(folder);
   std::ofstream(path) << "owner\n";
   EXPECT_FALSE(lockInstance(folder).isOpen());
   EXPECT_EQ(lockFileText(), "owner\n");
@@ -56,7 +56,7 @@ TEST_F(InstanceLock, IsNotModifiedByAFailedAttempt) {
 TEST_F(InstanceLock, IsNotInheritedByChildProcesses) {
   FILE* child = nullptr;
   {
-    const foundation::Descriptor lock = lockInstance(folder);
+    const foundation::FileDescriptor lock = lockInstance(folder);
     child = popen("cat > /dev/null", "w");
   }
   EXPECT_TRUE(lockInstance(folder).isOpen());

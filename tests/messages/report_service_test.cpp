@@ -16,7 +16,7 @@ class MessagesService : public testing::Test {
   // Sends the request and returns the answer, or an empty text if the service closes the connection.
   std::string answerTo(const std::string& request) {
     const std::size_t previousCount = requestCount;
-    const foundation::Descriptor homeScreen = foundation::connectIn(folder.path(), messages::serviceSocket);
+    const foundation::FileDescriptor homeScreen = foundation::connectIn(folder.path(), messages::serviceSocket);
     EXPECT_TRUE(foundation::sendAll(homeScreen, request));
     EXPECT_TRUE(test::eventually([&] { return requestCount > previousCount; }));
     char answer[64];

@@ -44,7 +44,7 @@ void PhotoPhone::waitUntilIdle() {
   // The completion of a request can start another request.
   for (bool isIdle = false; !isIdle; isIdle = url_loading::pendingRequestCount() == 0) {
     const objc::AutoreleasePool pool;
-    if (url_loading::pendingRequestCount() > 0) foundation::pumpFoundation(pollingInterval);
+    if (url_loading::pendingRequestCount() > 0) foundation::pumpRunLoop(pollingInterval);
     foundation::drainMainQueue();
   }
 }

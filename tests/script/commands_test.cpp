@@ -113,7 +113,7 @@ TEST(Commands, FilmstripShowsItsFramesSideBySide) {
   EXPECT_EQ(picture->pixelWidth(), 375 + 10 + 375);
   EXPECT_EQ(picture->pixelHeight(), 200);
   const Json again = phone.answer({{"do", "filmstrip"}, {"path", path.string()}});
-  EXPECT_NE(again.value("error", "").find("there are no frames"), std::string::npos);
+  EXPECT_NE(again.value("error", "").find("the filmstrip has no frames"), std::string::npos);
 }
 
 TEST(Commands, ScreenshotsAtTheSameTimePointAreIdentical) {

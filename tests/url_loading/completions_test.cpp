@@ -129,12 +129,12 @@ TEST_F(Completions, OnASteppedClockRunOnlyWhileRealTimePasses) {
   for (int step = 0; step < 20; ++step) {
     usleep(5000);
     foundation::stepClock(1);
-    foundation::pumpFoundation();
+    foundation::pumpRunLoop();
     foundation::drainMainQueue();
     ASSERT_FALSE(called);
   }
   for (int attempt = 0; attempt < 1000 && !called; ++attempt) {
-    foundation::pumpFoundation(0.05);
+    foundation::pumpRunLoop(0.05);
     foundation::drainMainQueue();
   }
   EXPECT_TRUE(called);

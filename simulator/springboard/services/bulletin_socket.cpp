@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t maxBulletinBytes = 16 << 20;
 
 struct Sender {
-  foundation::Descriptor socket;
+  foundation::FileDescriptor socket;
   std::string received;
 };
 
@@ -64,8 +64,8 @@ void readFrom(std::list<Sender>::iterator sender) {
   if (size == 0) deliver(message);
 }
 
-void acceptSender(const foundation::Descriptor& listening) {
-  foundation::Descriptor accepted = foundation::acceptFrom(listening);
+void acceptSender(const foundation::FileDescriptor& listening) {
+  foundation::FileDescriptor accepted = foundation::acceptFrom(listening);
   if (!accepted.isOpen()) return;
   const auto sender = senders().insert(senders().end(), {std::move(accepted), {}});
   foundation::watchDescriptor(sender->socket.get(), [sender] { readFrom(sender); });
@@ -78,7 +78,7 @@ void listenForBulletins(std::function<void(const process::Bulletin&)> present) {
   const fs::path folder = process::bulletinFolder(foundation::root());
   std::error_code error;
   fs::create_directories(folder, error);
-  static const auto& listening = *new foundation::Descriptor(foundation::listenIn(folder, process::bulletinSocket));
+  static const auto& listening = *new foundation::FileDescriptor(foundation::listenIn(folder, process::bulletinSocket));
   if (listening.isOpen()) {
     foundation::watchDescriptor(listening.get(), [] { acceptSender(listening); });
   } else {

@@ -44,7 +44,7 @@ void recordReportedEvent(std::string_view text) {
   const std::string name = event["event"];
   event.erase("event");
   if (name == "read" && event.contains("chat") && event["chat"].is_string())
-    foundation::onMainThreadFromOutside([chat = event["chat"].get<std::string>()] { withdrawConversation(chat); });
+    foundation::onMainThreadForExternalEvent([chat = event["chat"].get<std::string>()] { withdrawConversation(chat); });
   base::recordEvent(name, event);
 }
 
@@ -52,7 +52,7 @@ void recordReportedEvent(std::string_view text) {
 
 // Shared with the thread that reads the socket.
 struct MessagesConnection::Channel {
-  foundation::Descriptor socket;
+  foundation::FileDescriptor socket;
   std::mutex mutex;  // protects replyCount and hasEnded
   std::condition_variable changed;
   std::size_t replyCount = 0;
@@ -109,9 +109,9 @@ MessagesConnection::~MessagesConnection() { shutdown(channel_->socket.get(), SHU
 
 bool MessagesConnection::isReady(TimePoint deadline) {
   if (hasEnded()) return false;
-  if (foundation::daemonRuns(daemon_)) return true;
+  if (foundation::isDaemonRunning(daemon_)) return true;
   // Taken before the query. If this daemon still runs when the app replies, the reply is valid for it.
-  foundation::Descriptor current = foundation::watchDaemon();
+  foundation::FileDescriptor current = foundation::watchDaemon();
   if (!awaitReply(deadline)) return false;
   daemon_ = std::move(current);
   return true;

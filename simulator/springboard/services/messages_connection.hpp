@@ -34,7 +34,7 @@ class MessagesConnection {
 
   std::shared_ptr<Channel> channel_;
   // The daemon that ran when the app replied that it was ready.
-  foundation::Descriptor daemon_;
+  foundation::FileDescriptor daemon_;
 };
 
 }  // namespace springboard

@@ -26,7 +26,7 @@ namespace springboard {
 
 namespace {
 
-using foundation::Descriptor;
+using foundation::FileDescriptor;
 
 constexpr std::chrono::seconds maxLaunchTime(5);
 constexpr std::chrono::seconds maxShutdownTime(2);
@@ -38,7 +38,7 @@ enum class ChildState { Running, NotNeeded, Failed };
 struct Child {
   pid_t process = 0;
   // The write end of its standard input. It is closed when the home screen exits, and the app then ends.
-  Descriptor standardInput;
+  FileDescriptor standardInput;
 };
 
 std::unique_ptr<MessagesConnection>& connection() {
@@ -63,8 +63,8 @@ std::vector<std::string> commandLine() {
 std::optional<Child> spawn() {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return std::nullopt;
-  const Descriptor input(ends[0]);
-  Child started = {0, Descriptor(ends[1])};
+  const FileDescriptor input(ends[0]);
+  Child started = {0, FileDescriptor(ends[1])};
 
   const std::vector<std::string> words = commandLine();
   std::vector<char*> arguments;
@@ -132,7 +132,7 @@ bool launchMessages() {
 void endMessages() {
   connection().reset();
   if (!child()) return;
-  child()->standardInput = Descriptor();
+  child()->standardInput = FileDescriptor();
   const TimePoint deadline = std::chrono::steady_clock::now() + maxShutdownTime;
   while (stateOfChild() == ChildState::Running && std::chrono::steady_clock::now() < deadline)
     std::this_thread::sleep_for(pollInterval);

@@ -48,7 +48,7 @@ double lineHeight(const UITextField* field) { return drawing::lineHeight(fontOf(
 
 bool isRightToLeft(const UITextField* field) {
   const drawing::Paragraph& paragraph = textLayout(field).paragraph();
-  const drawing::ContextForText context = drawing::makeTextContext(paragraph.language, paragraph.direction);
+  const drawing::TextContextHandle context = drawing::makeTextContext(paragraph.language, paragraph.direction);
   const drawing::LayoutHandle layout(pango_layout_new(context.get()));
   pango_layout_set_text(layout.get(), paragraph.runs.front().text.c_str(), -1);
   return pango_layout_get_direction(layout.get(), 0) == PANGO_DIRECTION_RTL;

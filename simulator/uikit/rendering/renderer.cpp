@@ -125,7 +125,7 @@ CGRect visiblePoints(const CGRect& rect) {
 
 std::shared_ptr<drawing::Canvas> renderView(UIView* view, double scale) {
   const std::shared_ptr<drawing::Canvas> screen = renderScreen(scale);
-  const CGRect part = visiblePoints(shownFrameOnScreen(view));
+  const CGRect part = visiblePoints(presentedFrameOnScreen(view));
   const auto pixels = [scale](double points) { return static_cast<int>(std::round(points * scale)); };
   return screen->copyOf(
       {pixels(part.origin.x), pixels(part.origin.y), pixels(part.size.width), pixels(part.size.height)});

@@ -137,7 +137,7 @@ CGRect convertRect(const CGRect& rect, const UIView* from, const UIView* to) {
 
 CGRect frameOnScreen(const UIView* view) { return convertRect(record(view).layer.bounds.model(), view, nullptr); }
 
-CGRect shownFrameOnScreen(const UIView* view) {
+CGRect presentedFrameOnScreen(const UIView* view) {
   CGRect frame = record(view).layer.bounds.shown();
   for (; view != nullptr; view = record(view).superview) {
     const LayerRecord& layer = record(view).layer;

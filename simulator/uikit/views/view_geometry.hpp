@@ -17,7 +17,7 @@ CGPoint convertPoint(CGPoint point, const UIView* from, const UIView* to);
 CGRect convertRect(const CGRect& rect, const UIView* from, const UIView* to);
 CGRect frameOnScreen(const UIView* view);
 // The frame that running animations currently show, unlike all other functions here.
-CGRect shownFrameOnScreen(const UIView* view);
+CGRect presentedFrameOnScreen(const UIView* view);
 bool contains(const CGRect& rect, CGPoint point);
 
 enum AutoresizingFlag : NSUInteger {

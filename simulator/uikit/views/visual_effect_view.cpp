@@ -3,7 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "simulator/drawing/backdrop.hpp"
+#include "simulator/drawing/material.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
 #include "simulator/uikit/views/class_definitions.hpp"
@@ -72,7 +72,7 @@ drawing::Appearance appearanceOf(const UIVisualEffectView* view) {
 
 // The opacity here is 1, because the renderer applies the opacity of the view.
 void drawContent(UIVisualEffectView* self, void* canvas) {
-  drawing::blurBackdrop(*static_cast<drawing::Canvas*>(canvas), rectangle(shownBounds(self)), shownCorners(self),
+  drawing::drawMaterial(*static_cast<drawing::Canvas*>(canvas), rectangle(shownBounds(self)), shownCorners(self),
                         blurOf(objc::state(self).effect), appearanceOf(self), 1);
 }
 
@@ -82,7 +82,7 @@ CGRect contentArea(UIVisualEffectView* self) {
 
 CGFloat contentReach(UIVisualEffectView* self, CGFloat scale) {
   const UIBlurEffect* shown = objc::state(self).effect;
-  return shown == nullptr ? 0 : drawing::backdropReach(blurOf(shown), appearanceOf(self), scale);
+  return shown == nullptr ? 0 : drawing::materialBlurMargin(blurOf(shown), appearanceOf(self), scale);
 }
 
 void describe(UIVisualEffectView* self, void* description) {

@@ -1,5 +1,5 @@
-// The bytes of a picture, decoded and shown.
-#include "fuzz/phone.hpp"
+// The input is a picture, which is decoded and shown in a banner.
+#include "fuzz/fuzzer_phone.hpp"
 #include "objc/autorelease_pool.hpp"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {

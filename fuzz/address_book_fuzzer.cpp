@@ -1,5 +1,5 @@
-// An address book in vCards, searched for a sender.
-#include "fuzz/phone.hpp"
+// The input is an address book of vCards. The Messages provider searches it for a sender.
+#include "fuzz/fuzzer_phone.hpp"
 #include "objc/autorelease_pool.hpp"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const objc::AutoreleasePool pool;
   const std::filesystem::path book = fuzz::root() / "var/mobile/Library/AddressBook/Contacts.vcf";
-  // Another file under the same name, lest the book be taken for the one that was read.
+  // Renames a new file to the address book's name, because the simulator reads only a file that has changed.
   fuzz::writeFile(book.native() + ".new", bytes, size);
   std::filesystem::rename(book.native() + ".new", book);
   static const auto byIdentifier = fuzz::requestWith({{"CKBBContextKeySenderPersonCentricID", "A-1"}});

@@ -1,4 +1,4 @@
-#include "simulator/drawing/blur.hpp"
+#include "simulator/drawing/gaussian_blur.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -10,7 +10,8 @@ namespace {
 constexpr int cellSide = 4;
 constexpr int boxPasses = 3;
 
-// Sums stay exact in 32 bits: a cell is the sum of 16 pixels, and three passes multiply it by the box's width each.
+// Limited, because sums must fit into 32 bits: a cell is the sum of 16 pixels, and each of three passes multiplies it
+// by the width of the box.
 constexpr int maxRadius = 38;
 static_assert(255LL * 16 * (2 * maxRadius + 1) * (2 * maxRadius + 1) * (2 * maxRadius + 1) < 1LL << 31);
 
@@ -22,13 +23,13 @@ using BytePair [[gnu::vector_size(8)]] = std::uint8_t;
 
 int floorDivide(int value, int divisor) { return value >= 0 ? value / divisor : -((divisor - 1 - value) / divisor); }
 
-// Three boxes of this radius have about the variance of the bell curve.
+// Three box blurs of this radius have approximately the variance of the Gaussian blur.
 int boxRadius(double sigmaInCells) {
   const double width = std::sqrt(4 * sigmaInCells * sigmaInCells + 1);
   return std::clamp(static_cast<int>(std::lround((width - 1) / 2)), 1, maxRadius);
 }
 
-// The pixels that the blur reads, and where they lie on the canvas.
+// The pixels that the blur reads, and their position on the canvas.
 struct Source {
   SurfaceHandle surface;
   PixelRectangle area;
@@ -40,7 +41,7 @@ struct Source {
   }
 };
 
-// The part of these cells that is on the canvas.
+// Captures the pixels of these cells that are on the canvas.
 Source captureCells(const Canvas& canvas, int column, int row, int columns, int rows) {
   PixelRectangle area;
   area.x = std::max(column * cellSide, 0);
@@ -50,7 +51,7 @@ Source captureCells(const Canvas& canvas, int column, int row, int columns, int 
   return {canvas.captureBeneath(area), area};
 }
 
-// Sums four rows of pixels channel by channel.
+// Adds four rows of pixels, separately for each channel.
 void addRows(const Source& source, int firstRow, std::vector<std::uint16_t>& sums) {
   const std::uint8_t* rows[cellSide];
   for (int index = 0; index < cellSide; ++index) rows[index] = source.row(firstRow + index);
@@ -59,7 +60,7 @@ void addRows(const Source& source, int firstRow, std::vector<std::uint16_t>& sum
   }
 }
 
-// Beyond the captured pixels the outermost go on.
+// Adds the pixels of a cell. Outside the captured area, the nearest captured pixel is used.
 Vector4 sumOfCell(const std::vector<std::uint16_t>& sums, const Source& source, int column) {
   Vector4 sum{};
   for (int index = 0; index < cellSide; ++index) {
@@ -70,7 +71,8 @@ Vector4 sumOfCell(const std::vector<std::uint16_t>& sums, const Source& source, 
   return sum;
 }
 
-// One running sum over each window of the line; the line gets shorter by twice the radius.
+// Replaces each element by the sum of a window, computed as a running sum. The line becomes shorter by twice the
+// radius.
 std::size_t boxPass(Vector4* line, std::size_t count, std::size_t radius) {
   const std::size_t width = 2 * radius + 1;
   Vector4 sum{};
@@ -78,9 +80,9 @@ std::size_t boxPass(Vector4* line, std::size_t count, std::size_t radius) {
   const std::size_t shorter = count - 2 * radius;
   for (std::size_t index = 0; index < shorter; ++index) {
     sum += line[index + width - 1];
-    const Vector4 leaving = line[index];
+    const Vector4 first = line[index];
     line[index] = sum;
-    sum -= leaving;
+    sum -= first;
   }
   return shorter;
 }
@@ -90,19 +92,20 @@ void blurLine(std::vector<Vector4>& line, std::size_t radius) {
   for (int pass = 0; pass < boxPasses; ++pass) count = boxPass(line.data(), count, radius);
 }
 
-// Scales sums to 16-bit cells, rounding.
+// Scales sums to 16-bit cells, with rounding.
 Cell scaled(const Vector4& sums, float factor) {
   const Float4 values = __builtin_convertvector(sums, Float4) * factor + 0.5F;
   return __builtin_convertvector(__builtin_convertvector(values, Vector4), Cell);
 }
 
-float boxShare(int radius) {
+// The factor that turns the sums of three box blurs into an average.
+float averagingFactor(int radius) {
   const auto width = static_cast<float>(2 * radius + 1);
   return 1 / (width * width * width);
 }
 
-// Reduces the source to rows of cells, blurred along the rows; the result has 2 * boxPasses * radius rows more than
-// asked for, which the columns' blur consumes.
+// Reduces the source to rows of cells and blurs each row. The result has 2 * boxPasses * radius additional rows,
+// because blurring the columns shortens them by as many.
 std::vector<Cell> blurRows(const Source& source, const BlurredCells& wanted, int radius) {
   const int margin = boxPasses * radius;
   const int rows = wanted.rows + 2 * margin;
@@ -126,7 +129,7 @@ std::vector<Cell> blurRows(const Source& source, const BlurredCells& wanted, int
       line[index] = sumOfCell(sums, source, wanted.column - margin + static_cast<int>(index));
     }
     blurLine(line, static_cast<std::size_t>(radius));
-    for (std::size_t index = 0; index < columns; ++index) target[index] = scaled(line[index], boxShare(radius));
+    for (std::size_t index = 0; index < columns; ++index) target[index] = scaled(line[index], averagingFactor(radius));
   }
   return result;
 }
@@ -134,7 +137,7 @@ std::vector<Cell> blurRows(const Source& source, const BlurredCells& wanted, int
 void blurColumns(const std::vector<Cell>& source, BlurredCells& target, int radius) {
   const auto columns = static_cast<std::size_t>(target.columns);
   const auto rows = static_cast<std::size_t>(target.rows);
-  const float factor = boxShare(radius) * levelsPerUnit / (cellSide * cellSide);
+  const float factor = averagingFactor(radius) * unitsPerLevel / (cellSide * cellSide);
   std::vector<Vector4> line(source.size() / columns);
   target.cells.resize(rows * columns);
   for (std::size_t column = 0; column < columns; ++column) {
@@ -149,8 +152,8 @@ void blurColumns(const std::vector<Cell>& source, BlurredCells& target, int radi
   }
 }
 
-// A pixel's center lies between two cells' centers; these are the two cells' shares in eighths by the pixel's place in
-// its cell, and how many cells further on the first of them lies.
+// The center of a pixel lies between the centers of two cells. For each position of a pixel in its cell: the weights of
+// the two cells in eighths, and the offset of the first of them from the pixel's cell.
 struct Phase {
   std::uint16_t first;
   std::uint16_t second;
@@ -158,7 +161,7 @@ struct Phase {
 };
 constexpr Phase phases[cellSide] = {{3, 5, -1}, {1, 7, -1}, {7, 1, 0}, {5, 3, 0}};
 
-// One row of cells between two, in the same units.
+// Interpolates between two rows of cells, in the same units.
 void interpolateRows(const BlurredCell* first, const BlurredCell* second, const Phase& phase,
                      std::vector<Cell>& target) {
   const auto* above = reinterpret_cast<const std::uint16_t*>(first);
@@ -169,36 +172,38 @@ void interpolateRows(const BlurredCell* first, const BlurredCell* second, const 
   }
 }
 
-CellPair twice(const Cell& cell) {
+CellPair duplicated(const Cell& cell) {
   return CellPair{cell[0], cell[1], cell[2], cell[3], cell[0], cell[1], cell[2], cell[3]};
 }
 
-CellPair twoShares(std::uint16_t first, std::uint16_t second) {
+CellPair weightPair(std::uint16_t first, std::uint16_t second) {
   return CellPair{first, first, first, first, second, second, second, second};
 }
 
 void writePair(const CellPair& eighths, std::uint32_t* target) {
-  constexpr std::uint16_t unit = levelsPerUnit * 8;
-  const BytePair bytes = __builtin_convertvector((eighths + unit / 2) / unit, BytePair);
+  constexpr std::uint16_t level = unitsPerLevel * 8;
+  const BytePair bytes = __builtin_convertvector((eighths + level / 2) / level, BytePair);
   std::memcpy(target, &bytes, sizeof bytes);
 }
 
-// The four pixels of each cell but the outermost two.
+// Computes the four pixels of each cell except the first and the last.
 void interpolateLine(const std::vector<Cell>& line, std::uint32_t* target) {
   for (std::size_t index = 1; index + 1 < line.size(); ++index, target += cellSide) {
-    const CellPair before = twice(line[index - 1]), cell = twice(line[index]), after = twice(line[index + 1]);
+    const CellPair before = duplicated(line[index - 1]);
+    const CellPair cell = duplicated(line[index]);
+    const CellPair after = duplicated(line[index + 1]);
     writePair(
-        before * twoShares(phases[0].first, phases[1].first) + cell * twoShares(phases[0].second, phases[1].second),
+        before * weightPair(phases[0].first, phases[1].first) + cell * weightPair(phases[0].second, phases[1].second),
         target);
     writePair(
-        cell * twoShares(phases[2].first, phases[3].first) + after * twoShares(phases[2].second, phases[3].second),
+        cell * weightPair(phases[2].first, phases[3].first) + after * weightPair(phases[2].second, phases[3].second),
         target + 2);
   }
 }
 
 }  // namespace
 
-int blurReach(double sigmaInPixels) { return (boxPasses * boxRadius(sigmaInPixels / cellSide) + 2) * cellSide; }
+int blurMargin(double sigmaInPixels) { return (boxPasses * boxRadius(sigmaInPixels / cellSide) + 2) * cellSide; }
 
 BlurredCells blurBeneath(const Canvas& canvas, const PixelRectangle& area, double sigmaInPixels) {
   if (area.isEmpty()) return {};

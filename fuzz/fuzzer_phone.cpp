@@ -1,4 +1,4 @@
-#include "fuzz/phone.hpp"
+#include "fuzz/fuzzer_phone.hpp"
 
 #include <sqlite3.h>
 #include <stdlib.h>
@@ -55,7 +55,7 @@ Class metaclassOf(Class initialized) {
   return reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(initialized)));
 }
 
-void cutTheNetwork() {
+void replaceNetworkMethods() {
   const auto connection = objc::send<Class, "class">(NSURLConnection::classObject());
   MSHookMessageEx(metaclassOf(connection), objc::selector<"sendAsynchronousRequest:queue:completionHandler:">(),
                   objc::toImplementation(&ignoreRequest), nullptr);
@@ -72,7 +72,7 @@ void makeSlackDatabase(const fs::path& path) {
       "INSERT INTO ZSLKDEPRECATEDCOREDATAUSER VALUES ('T1', 'U1', 'h', 'Alice Weber');";
   if (sqlite3_open(path.c_str(), &database) != SQLITE_OK ||
       sqlite3_exec(database, statements, nullptr, nullptr, nullptr) != SQLITE_OK)
-    fail("no database can be made");
+    fail("cannot create a database");
   sqlite3_close(database);
 }
 
@@ -101,7 +101,7 @@ void showBanner() {
 
 void startPhone() {
   char name[] = "/tmp/brim-fuzz-XXXXXX";
-  if (mkdtemp(name) == nullptr) fail("no temporary folder can be made");
+  if (mkdtemp(name) == nullptr) fail("cannot create a temporary folder");
   phone().folder = name;
   std::atexit([] {
     phone().session.reset();
@@ -111,7 +111,7 @@ void startPhone() {
   options.root = root();
   phone().session.emplace(options);
   const objc::AutoreleasePool pool;
-  cutTheNetwork();
+  replaceNetworkMethods();
   makeApplicationData();
   showBanner();
 }
@@ -124,8 +124,8 @@ const fs::path& root() {
 BrimContainer* banner() { return phone().banner; }
 
 void findPicture(Class provider, NCNotificationRequest* request) {
-  const auto made = objc::adopt(objc::send<ContactPhotoProvider*, "new">(provider));
-  made->contactPhoto(request, "Anna"_ns, "Hello"_ns, banner());
+  const auto created = objc::adopt(objc::send<ContactPhotoProvider*, "new">(provider));
+  created->contactPhoto(request, "Anna"_ns, "Hello"_ns, banner());
   foundation::drainMainQueue();
 }
 
@@ -137,7 +137,7 @@ objc::Ref<NCNotificationRequest> requestWith(nlohmann::ordered_json userInfo, st
   return springboard::makeRequest(description, nullptr);
 }
 
-void answerPageWith(NSData* data) { phone().page = objc::retain(data); }
+void setPageResponse(NSData* data) { phone().page = objc::retain(data); }
 
 NSData* dataOf(const std::uint8_t* bytes, std::size_t size) { return NSData::dataWithBytes(bytes, size); }
 

@@ -1,4 +1,4 @@
-// A linear model: constraints over numbered variables.
+// A linear model: linear constraints over numbered variables.
 #pragma once
 
 #include <cstddef>
@@ -16,14 +16,15 @@ struct Term {
 
 enum class Relation : std::uint8_t { LessOrEqual, Equal, GreaterOrEqual };
 
-/// The priority from which on a constraint must hold.
+// A constraint with this priority or a higher one must hold.
 inline constexpr float requiredPriority = 1000;
 
-/// The constraint "sum of the terms + constant `relation` 0".
+// The constraint "sum of the terms + constant `relation` 0". Coefficients and constant are scaled by 2^-exponent, so
+// that the largest coefficient is in [1, 2).
 struct Row {
   double constant = 0;
   std::uint32_t termCount = 0;
-  int exponent = 0;  // coefficients and constant are divided by 2^exponent: the largest coefficient is in [1, 2)
+  int exponent = 0;
   float priority = 0;
   Relation relation = Relation::Equal;
 
@@ -31,7 +32,8 @@ struct Row {
   bool operator==(const Row&) const = default;
 };
 
-/// Borrowed. The terms are those of the first row, then those of the second, and so on.
+// A view of rows and terms that the caller owns. The terms of the first row come first, then those of the second row,
+// and so on.
 struct Model {
   std::uint32_t variables = 0;
   std::span<const Row> rows;

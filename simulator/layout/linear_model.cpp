@@ -1,4 +1,4 @@
-#include "simulator/layout/model.hpp"
+#include "simulator/layout/linear_model.hpp"
 
 #include <algorithm>
 #include <functional>

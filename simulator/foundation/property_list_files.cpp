@@ -1,4 +1,4 @@
-#include "simulator/foundation/property_list.hpp"
+#include "simulator/foundation/property_list_files.hpp"
 
 #include <string>
 
@@ -12,10 +12,12 @@ namespace foundation {
 
 namespace {
 
-constexpr std::size_t maxFile = 1 << 20;
+constexpr std::size_t maxFileSize = 1 << 20;
 
-// Empty for what is not a file of sensible size.
-std::string contentsOf(const std::filesystem::path& file) { return base::readRegularFile(file, maxFile).value_or(""); }
+// Empty if the file cannot be read or is too large.
+std::string contentsOf(const std::filesystem::path& file) {
+  return base::readRegularFile(file, maxFileSize).value_or("");
+}
 
 NSDictionary* parse(const std::string& text) {
   return objc::as<NSDictionary>(
@@ -38,7 +40,7 @@ NSDictionary* parseStrings(const std::string& text) {
 
 objc::Ref<NSDictionary> readStringsFile(const std::filesystem::path& file) {
   const std::string text = contentsOf(file);
-  if (text.empty() || !nestsSensibly(text)) return nullptr;
+  if (text.empty() || !hasAcceptableNesting(text)) return nullptr;
   const objc::AutoreleasePool pool;
   return objc::retain(parseStrings(text));
 }

@@ -1,5 +1,5 @@
-// The page of an account, in which the address of its picture is looked for.
-#include "fuzz/phone.hpp"
+// The input is the web page of an account. The Twitter provider searches it for the address of the picture.
+#include "fuzz/fuzzer_phone.hpp"
 #include "objc/autorelease_pool.hpp"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const objc::AutoreleasePool pool;
-  fuzz::answerPageWith(fuzz::dataOf(bytes, size));
+  fuzz::setPageResponse(fuzz::dataOf(bytes, size));
   fuzz::findPicture(BrimTwitterContactPhotoProvider::classObject(), fuzz::requestWith({{"D", "a"}}));
   return 0;
 }

@@ -1,17 +1,19 @@
-// A notification's values, as JSON, through every provider.
-#include "fuzz/phone.hpp"
+// The input is a notification's user info as JSON, which all photo providers read.
+#include "fuzz/fuzzer_phone.hpp"
 
 #include <nlohmann/json.hpp>
+
 #include "objc/autorelease_pool.hpp"
 
 namespace {
 
-constexpr std::size_t maxNesting = 100;
+constexpr std::size_t maxBrackets = 100;
 
-bool nestsSensibly(std::string_view text) {
-  std::size_t opened = 0;
-  for (const char letter : text) opened += letter == '{' || letter == '[' ? 1 : 0;
-  return opened <= maxNesting;
+// Deeper nesting would exhaust the stack of the JSON parser before a provider is called.
+bool hasAcceptableNesting(std::string_view text) {
+  std::size_t brackets = 0;
+  for (const char character : text) brackets += character == '{' || character == '[' ? 1 : 0;
+  return brackets <= maxBrackets;
 }
 
 }  // namespace
@@ -23,7 +25,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(bytes), size);
-  if (!nestsSensibly(text)) return -1;
+  if (!hasAcceptableNesting(text)) return -1;
   const auto values = nlohmann::ordered_json::parse(text, nullptr, false);
   if (!values.is_object()) return -1;
   const objc::AutoreleasePool pool;

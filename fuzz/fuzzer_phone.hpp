@@ -1,4 +1,5 @@
-// A phone that fuzzers run in: with data of other applications, a banner, and no network.
+// The phone in which the fuzzers run. It has data of other applications and a banner on screen, but no network. Main
+// thread.
 #pragma once
 
 #include <cstddef>
@@ -13,20 +14,21 @@
 
 namespace fuzz {
 
-// Starts the phone, once a process. Its root is a folder of its own that goes with the process.
+// Starts the phone. Call it once per process. The root is in a temporary folder, which is removed when the process
+// exits.
 void startPhone();
 
 const std::filesystem::path& root();
-// On screen, and stays there.
+// The banner, which is never dismissed.
 BrimContainer* banner();
 
-// Has a provider find a picture for the banner, and does all that comes of it, requests excepted.
+// Makes an instance of a provider class find a picture for the banner, and runs the main queue.
 void findPicture(Class provider, NCNotificationRequest* request);
-// A request of an application with these values for its own use.
+// Creates a notification request with this user info.
 objc::Ref<NCNotificationRequest> requestWith(nlohmann::ordered_json userInfo, std::string thread = "1@s");
 
-// What the page is answered that a provider asks for meanwhile; nothing by default.
-void answerPageWith(NSData* data);
+// Sets the response to each request for a web page. Without one, requests are not answered.
+void setPageResponse(NSData* data);
 
 NSData* dataOf(const std::uint8_t* bytes, std::size_t size);
 void writeFile(const std::filesystem::path& path, const std::uint8_t* bytes, std::size_t size);

@@ -1,24 +1,24 @@
-#include "simulator/drawing/backdrop.hpp"
+#include "simulator/drawing/material.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <vector>
 
-#include "simulator/drawing/blur.hpp"
+#include "simulator/drawing/gaussian_blur.hpp"
 
 namespace drawing {
 namespace {
 
 constexpr float saturation = 1.8F;
 
-// How brightness is made of blue, green and red.
-constexpr std::array<float, 3> brightness{0.0722F, 0.7152F, 0.2126F};
+// The weights of blue, green and red in the luminance.
+constexpr std::array<float, 3> luminanceWeights{0.0722F, 0.7152F, 0.2126F};
 
 struct Material {
-  double sigma;  // points
-  float gray;    // the tint's level, 0 to 1
-  float cover;   // how much of the tint, 0 to 1
+  double sigma;       // of the Gaussian blur, in points
+  float tintGray;     // from 0 (black) to 1 (white)
+  float tintOpacity;  // from 0 to 1
 };
 
 constexpr Material extraLight{20, 0.97F, 0.82F};
@@ -41,24 +41,25 @@ const Material& material(BlurStyle style, Appearance appearance) {
   return appearance == Appearance::Dark ? regularInDark : regularInLight;
 }
 
-// Saturates and tints a premultiplied cell; no channel exceeds the alpha.
-void dye(BlurredCell& cell, const Material& material) {
+// Saturates and tints a premultiplied cell. No channel becomes larger than the alpha.
+void saturateAndTint(BlurredCell& cell, const Material& material) {
   const std::array<float, 3> channels{static_cast<float>(cell.blue), static_cast<float>(cell.green),
                                       static_cast<float>(cell.red)};
   const auto alpha = static_cast<float>(cell.alpha);
-  const float gray = brightness[0] * channels[0] + brightness[1] * channels[1] + brightness[2] * channels[2];
-  // Nothing here is negative: half a step more, cut off, is the nearest.
-  constexpr float halfStep = 0.5F;
-  std::array<std::uint16_t, 3> dyed{};
+  const float luminance =
+      luminanceWeights[0] * channels[0] + luminanceWeights[1] * channels[1] + luminanceWeights[2] * channels[2];
+  // Truncating a positive value plus one half rounds it to the nearest integer.
+  constexpr float half = 0.5F;
+  std::array<std::uint16_t, 3> result{};
   for (std::size_t index = 0; index < channels.size(); ++index) {
-    const float vivid = std::clamp(gray + saturation * (channels[index] - gray), 0.0F, alpha);
-    const float tinted = vivid + (material.gray * alpha - vivid) * material.cover;
-    dyed[index] = static_cast<std::uint16_t>(tinted + halfStep);
+    const float saturated = std::clamp(luminance + saturation * (channels[index] - luminance), 0.0F, alpha);
+    const float tinted = saturated + (material.tintGray * alpha - saturated) * material.tintOpacity;
+    result[index] = static_cast<std::uint16_t>(tinted + half);
   }
-  cell = {dyed[0], dyed[1], dyed[2], cell.alpha};
+  cell = {result[0], result[1], result[2], cell.alpha};
 }
 
-// As many rows at a time as stay in the processor's cache.
+// The number of rows that are painted at a time. They fit into the processor's cache.
 constexpr int bandHeight = 32;
 
 void paintBand(cairo_t* context, cairo_surface_t* pixels, const PixelRectangle& band, double alpha) {
@@ -94,14 +95,14 @@ BlurStyle blurStyle(int number) {
   return BlurStyle::Regular;
 }
 
-void blurBackdrop(Canvas& canvas, const Rectangle& area, const CornerShape& corners, BlurStyle style,
+void drawMaterial(Canvas& canvas, const Rectangle& area, const CornerShape& corners, BlurStyle style,
                   Appearance appearance, double alpha) {
   const PixelRectangle covered = canvas.coveredPixels(area);
   if (covered.isEmpty() || !(alpha > 0)) return;
-  const Material& chosen = material(style, appearance);
-  BlurredCells cells = blurBeneath(canvas, covered, chosen.sigma * canvas.pixelsPerPoint());
+  const Material& drawn = material(style, appearance);
+  BlurredCells cells = blurBeneath(canvas, covered, drawn.sigma * canvas.pixelsPerPoint());
   if (cells.cells.empty()) return;
-  for (BlurredCell& cell : cells.cells) dye(cell, chosen);
+  for (BlurredCell& cell : cells.cells) saturateAndTint(cell, drawn);
 
   canvas.save();
   canvas.clipRoundedRectangle(area, corners);
@@ -110,8 +111,8 @@ void blurBackdrop(Canvas& canvas, const Rectangle& area, const CornerShape& corn
   canvas.restore();
 }
 
-int backdropReach(BlurStyle style, Appearance appearance, double pixelsPerPoint) {
-  return blurReach(material(style, appearance).sigma * pixelsPerPoint);
+int materialBlurMargin(BlurStyle style, Appearance appearance, double pixelsPerPoint) {
+  return blurMargin(material(style, appearance).sigma * pixelsPerPoint);
 }
 
 }  // namespace drawing

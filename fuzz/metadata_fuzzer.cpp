@@ -1,5 +1,5 @@
-// A container's metadata file.
-#include "fuzz/phone.hpp"
+// The input is the metadata file of a container, which FolderFinder reads.
+#include "fuzz/fuzzer_phone.hpp"
 #include "library/photos/folder_finder.hpp"
 #include "objc/autorelease_pool.hpp"
 #include "tests/photos/application_data.hpp"

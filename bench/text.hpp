@@ -1,8 +1,0 @@
-// What measuring text costs.
-#pragma once
-
-namespace bench {
-
-void measureText();
-
-}  // namespace bench

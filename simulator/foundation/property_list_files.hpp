@@ -1,0 +1,18 @@
+// Reads property lists from files. The contents are untrusted input. Any thread that has an autorelease pool.
+#pragma once
+
+#include <filesystem>
+
+#include "platform/ns_dictionary.hpp"
+
+namespace foundation {
+
+// Reads a dictionary in any format of property lists. Returns null if the file is missing, is not a regular file, is
+// larger than a megabyte, or does not contain a property list with a dictionary at the top.
+objc::Ref<NSDictionary> readPropertyList(const std::filesystem::path& file);
+
+// Reads a table of localized strings, "key" = "text"; in UTF-8, or in UTF-16 with a byte order mark. Returns null in
+// the same cases.
+objc::Ref<NSDictionary> readStringsFile(const std::filesystem::path& file);
+
+}  // namespace foundation
