@@ -1,0 +1,209 @@
+// Compares the reference documents with the tables in the code.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "simulator/messages/messages_options.hpp"
+#include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/options.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+using Names = std::set<std::string>;
+using Row = std::vector<std::string>;
+
+std::string contents(const fs::path& file) {
+  std::ifstream stream(fs::path(SOURCE_FOLDER) / file);
+  EXPECT_TRUE(stream) << file << " cannot be read";
+  std::ostringstream text;
+  text << stream.rdbuf();
+  return text.str();
+}
+
+// The cells of a row of a Markdown table, without the spaces around them. A "\|" belongs to its cell.
+Row cellsOf(const std::string& line) {
+  Row cells;
+  std::string cell;
+  for (std::size_t index = 1; index < line.size(); ++index) {
+    if (line[index] != '|' || line[index - 1] == '\\') {
+      cell += line[index];
+      continue;
+    }
+    const std::size_t first = cell.find_first_not_of(' ');
+    cells.push_back(first == std::string::npos ? "" : cell.substr(first, cell.find_last_not_of(' ') - first + 1));
+    cell.clear();
+  }
+  return cells;
+}
+
+// The rows of the table with this header line, without the header.
+std::vector<Row> table(const std::string& text, const std::string& header) {
+  std::vector<Row> rows;
+  std::istringstream lines(text);
+  bool isInside = false;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with(header)) {
+      isInside = true;
+    } else if (!line.starts_with("|")) {
+      isInside = false;
+    } else if (isInside && !line.starts_with("|--")) {
+      rows.push_back(cellsOf(line));
+    }
+  }
+  return rows;
+}
+
+// The words in backquotes that can be names.
+Names namesIn(const std::string& cell) {
+  static const std::regex name("`([A-Za-z0-9_]+)`");
+  Names names;
+  for (std::sregex_iterator match(cell.begin(), cell.end(), name), end; match != end; ++match)
+    names.insert((*match)[1]);
+  return names;
+}
+
+struct DocumentedSetting {
+  std::string key;
+  std::string type;
+  std::string defaultValue;
+  auto operator<=>(const DocumentedSetting&) const = default;
+};
+void PrintTo(const DocumentedSetting& setting, std::ostream* stream) {
+  *stream << setting.key << " " << setting.type << " " << setting.defaultValue;
+}
+
+std::string typeName(bool) { return "bool"; }
+std::string typeName(long) { return "integer"; }
+std::string valueText(bool value) { return value ? "true" : "false"; }
+std::string valueText(long value) { return std::to_string(value); }
+
+std::set<DocumentedSetting> settingsInCode() {
+  using NSInteger = long;
+  return {
+#define BRIM_SETTING(type, variable, key, value) {key, typeName(type{value}), valueText(type{value})},
+#include "library/settings/settings_list.hpp"
+  };
+}
+
+TEST(SettingsDocument, ListsEachSettingWithItsTypeAndDefault) {
+  std::set<DocumentedSetting> documented;
+  const std::string text = contents("docs/settings.md");
+  for (const Row& row : table(text, "| Key | Type | Default |"))
+    EXPECT_TRUE(documented.insert({*namesIn(row[0]).begin(), row[1], row[2]}).second);
+  EXPECT_THAT(documented, ElementsAreArray(settingsInCode()));
+}
+
+std::vector<runner::Command> allCommands() {
+  std::vector<runner::Command> all;
+  for (const auto commands : {runner::presentingCommands(), runner::touchCommands(), runner::phoneCommands(),
+                              runner::timeCommands(), runner::inspectionCommands()})
+    all.insert(all.end(), commands.begin(), commands.end());
+  return all;
+}
+
+std::map<std::string, std::string> documentedFields() {
+  std::map<std::string, std::string> fields;
+  for (const Row& row : table(contents("docs/script.md"), "| do | fields |"))
+    for (const std::string& name : namesIn(row[0])) fields[name] = row[1];
+  return fields;
+}
+
+TEST(ScriptDocument, ListsEachCommand) {
+  Names documented;
+  for (const auto& [name, fields] : documentedFields()) documented.insert(name);
+  Names expected;
+  for (const runner::Command& command : allCommands()) expected.insert(command.name);
+  EXPECT_THAT(documented, ElementsAreArray(expected));
+}
+
+TEST(ScriptDocument, ListsEachFieldOfEachCommand) {
+  const auto documented = documentedFields();
+  for (const runner::Command& command : allCommands())
+    for (const runner::Field& field : command.fields)
+      EXPECT_TRUE(namesIn(documented.at(command.name)).contains(field.name)) << command.name << " " << field.name;
+}
+
+// A documented name is a field or a value that a field accepts.
+TEST(ScriptDocument, ListsNoFieldThatDoesNotExist) {
+  const auto documented = documentedFields();
+  for (const runner::Command& command : allCommands()) {
+    Names known;
+    for (const runner::Field& field : command.fields) {
+      known.insert(field.name);
+      std::istringstream words(std::regex_replace(field.type.description, std::regex("[^a-z]+"), " "));
+      for (std::string word; words >> word;) known.insert(word);
+    }
+    for (const std::string& name : namesIn(documented.at(command.name)))
+      EXPECT_TRUE(known.contains(name)) << command.name << " " << name;
+  }
+}
+
+Names optionsIn(const std::string& text) {
+  static const std::regex option("--[a-z][a-z-]*");
+  Names names;
+  for (std::sregex_iterator match(text.begin(), text.end(), option), end; match != end; ++match)
+    names.insert(match->str());
+  return names;
+}
+
+Names optionsOfHelp(const std::string& help) {
+  static const std::regex line(R"(\n  (--[a-z-]+))");
+  Names names;
+  for (std::sregex_iterator match(help.begin(), help.end(), line), end; match != end; ++match)
+    names.insert((*match)[1]);
+  return names;
+}
+
+TEST(ScriptDocument, ListsTheOptionsOfBothPrograms) {
+  Names documented;
+  for (const Row& row : table(contents("docs/script.md"), "| option | meaning |")) documented.merge(optionsIn(row[0]));
+  Names expected = optionsOfHelp(runner::helpText());
+  expected.merge(optionsOfHelp(messages::messagesHelp()));
+  EXPECT_THAT(documented, ElementsAreArray(expected));
+}
+
+Names recordedEvents() {
+  static const std::regex call(R"re(\brecord\w*\(\s*"(\w+)"|\{"event", "(\w+)"\})re");
+  Names names;
+  for (const auto& entry : fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / "simulator")) {
+    if (entry.path().extension() != ".cpp") continue;
+    const std::string text = contents(entry.path());
+    for (std::sregex_iterator match(text.begin(), text.end(), call), end; match != end; ++match)
+      names.insert((*match)[1].matched ? (*match)[1] : (*match)[2]);
+  }
+  return names;
+}
+
+TEST(ScriptDocument, ListsEachEventOfTheLog) {
+  Names documented;
+  for (const Row& row : table(contents("docs/script.md"), "| event | fields |")) documented.merge(namesIn(row[0]));
+  EXPECT_THAT(documented, ElementsAreArray(recordedEvents()));
+}
+
+// A link or picture in a document that leads to a file of the tree.
+TEST(Documents, LinkOnlyToFilesThatExist) {
+  static const std::regex link(R"(\]\(([^)#:]+)(#[^)]*)?\))");
+  std::vector<std::string> broken;
+  for (const fs::path folder : {".", "docs"})
+    for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_FOLDER) / folder)) {
+      if (entry.path().extension() != ".md") continue;
+      const std::string text = contents(entry.path());
+      for (std::sregex_iterator match(text.begin(), text.end(), link), end; match != end; ++match)
+        if (!fs::exists(entry.path().parent_path() / (*match)[1].str()))
+          broken.push_back(entry.path().filename().string() + ": " + (*match)[1].str());
+    }
+  EXPECT_THAT(broken, IsEmpty());
+}
+
+}  // namespace
