@@ -74,7 +74,7 @@ TEST_F(InjectionLoader, ReportsInvalidFiltersAndLoadsTheOtherLibraries) {
   EXPECT_EQ(outcome.loaded, (Paths{library}));
   EXPECT_EQ(outcome.failures.size(), 4U);
   for (const char* name : {"Broken.plist", "WrongType.plist", "List.plist", "Folder.plist"})
-    EXPECT_NE(log.find((folder / name).string() + ": no filter"), std::string::npos) << log;
+    EXPECT_NE(log.find((folder / name).string() + ": not a filter"), std::string::npos) << log;
 }
 
 TEST_F(InjectionLoader, ReportsInvalidLibrariesAndLoadsTheOthers) {

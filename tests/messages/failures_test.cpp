@@ -120,7 +120,7 @@ TEST(MessagesStopped, BeforeItAnswersDoesNotBlockTheHomeScreen) {
   const int controller = both.reply("At one!");
   both.phone.wait(2);
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
-  EXPECT_TRUE(errors.contains("not ready")) << errors.text();
+  EXPECT_TRUE(errors.contains("does not accept requests")) << errors.text();
   kill(app.process(), SIGCONT);
   // The app can receive the request before the home screen connects to it. It then reports no event, so the test reads
   // the store instead.

@@ -55,7 +55,7 @@ TEST_F(Constraints, ConstraintOfADeallocatedViewStaysInactive) {
   }
   const auto retained = objc::adopt(constraint);
   const std::string error = standardErrorOf([&] { retained->setActive(true); });
-  EXPECT_NE(error.find("gone"), std::string::npos) << error;
+  EXPECT_NE(error.find("deallocated"), std::string::npos) << error;
   EXPECT_FALSE(retained->isActive());
 }
 
