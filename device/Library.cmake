@@ -6,7 +6,7 @@ file(GLOB stubs CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/stubs/*.tbd)
 
 file(GLOB_RECURSE library_sources CONFIGURE_DEPENDS ${repository}/library/*.cpp)
 set_source_files_properties(
-  ${repository}/library/startup/version.cpp PROPERTIES COMPILE_DEFINITIONS BRIM_VERSION="${PROJECT_VERSION}")
+  ${repository}/library/startup/inspection.cpp PROPERTIES COMPILE_DEFINITIONS BRIM_VERSION="${PROJECT_VERSION}")
 add_library(brim_objects OBJECT ${library_sources})
 target_include_directories(brim_objects PRIVATE ${repository})
 target_compile_options(

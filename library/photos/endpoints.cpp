@@ -3,7 +3,7 @@
 #include "library/photos/download.hpp"
 #include "library/photos/user_info.hpp"
 #include "library/utilities/asset_bundle.hpp"
-#include "library/utilities/property_list_file.hpp"
+#include "library/utilities/file_reading.hpp"
 
 namespace endpoints {
 

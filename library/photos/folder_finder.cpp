@@ -1,6 +1,6 @@
 #include "library/photos/folder_finder.hpp"
 
-#include "library/utilities/property_list_file.hpp"
+#include "library/utilities/file_reading.hpp"
 #include "objc/autorelease_pool.hpp"
 #include "objc/class_definition.hpp"
 #include "platform/ns_file_manager.hpp"

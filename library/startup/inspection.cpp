@@ -17,6 +17,8 @@ constexpr BrimSetting settingEntries[] = {
 
 }  // namespace
 
+extern "C" [[gnu::visibility("default")]] const char* brim_version() { return BRIM_VERSION; }
+
 extern "C" [[gnu::visibility("default")]] const BrimInstalledMethod* brim_installed_methods(std::size_t* count) {
   *count = installedMethods().size();
   return installedMethods().data();

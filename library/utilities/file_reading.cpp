@@ -4,8 +4,13 @@
 #include <unistd.h>
 
 #include "platform/ns_file_manager.hpp"
+#include "platform/ns_property_list_serialization.hpp"
 
 namespace {
+
+// Bytes. Valid files have a few kilobytes. The limit bounds the memory and the time that a larger file costs on the
+// main thread.
+constexpr NSUInteger maxPropertyListSize = 1 << 20;
 
 bool isOfType(NSDictionary* attributes, NSString* type) {
   NSString* actual = attributes->fileType();
@@ -40,4 +45,9 @@ NSData* readRegularFile(NSString* path, NSUInteger maxSize) {
   NSData* data = readAll(file, maxSize);
   close(file);
   return data;
+}
+
+NSDictionary* readPropertyList(NSString* path) {
+  NSData* data = readRegularFile(path, maxPropertyListSize);
+  return data == nullptr ? nullptr : objc::as<NSDictionary>(NSPropertyListSerialization::propertyList(data));
 }
