@@ -15,7 +15,7 @@ constexpr std::size_t entrySize = 12;
 constexpr std::uint32_t orientationTag = 0x0112;
 constexpr std::uint32_t shortType = 3;
 
-// Numbers in either byte order, as the header says.
+// Reads numbers in the byte order that the header specifies.
 class Metadata {
  public:
   explicit Metadata(std::span<const std::byte> bytes)
@@ -36,14 +36,14 @@ class Metadata {
   bool isBigEndian_;
 };
 
-// From the place of a pixel in the upright picture to its place in the stored one.
+// Maps the position of a pixel in the upright picture to its position in the stored picture.
 struct Transformation {
   bool swapsAxes;
   bool mirrorsAcross;
   bool mirrorsDown;
 };
 
-// By orientation, from 1.
+// The index is the value of the orientation minus 1.
 constexpr Transformation transformations[] = {
     {false, false, false}, {false, true, false}, {false, true, true}, {false, false, true},
     {true, false, false},  {true, false, true},  {true, true, true},  {true, true, false},

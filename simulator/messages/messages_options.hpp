@@ -21,7 +21,7 @@ enum class Launch {
 };
 
 struct MessagesOptions {
-  // The same as for the home screen.
+  // These have the same meaning as for the home screen.
   std::filesystem::path root = {};
   std::string systemVersion = process::defaultSystemVersion;
   process::LibraryUse library = process::LibraryUse::Loaded;

@@ -108,7 +108,7 @@ TEST(PhoneBanner, ReturnsNilForADeallocatedDelegate) {
   EXPECT_EQ(phone.runtime.send(banner.view, "delegate"), 0U);
 }
 
-TEST(PhoneGlyphs, AreEighteenByApplicationAndColor) {
+TEST(PhoneGlyphs, ExistForEachApplicationInTwoColors) {
   Phone phone;
   const std::vector<Address> before = phone.platform.dictionaries;
   const Banner banner(phone);
