@@ -69,8 +69,8 @@ Figures dragMoves(runner::Session& session) {
   return {median(repainted), median(alone), median(whole)};
 }
 
-// For the first thousand rounds, the rounds in between, and the last thousand rounds: their time, and the allocated
-// memory after them.
+// Returns the time of the first thousand rounds, of the rounds in between and of the last thousand rounds, each
+// followed by the allocated memory.
 Figures presentMany(runner::Session& session) {
   Figures figures;
   double start = processorTime();

@@ -103,7 +103,7 @@ void makeContainers(const fs::path& folder, std::size_t count) {
   }
 }
 
-// The minimum of work for a search: lists each folder and reads each metadata file. Returns the number of bytes.
+// Does the minimum work of a search: lists each folder and reads each metadata file. Returns the number of bytes.
 std::size_t readAllMetadata(const std::string& folder) {
   std::size_t total = 0;
   DIR* const containers = opendir(folder.c_str());

@@ -73,7 +73,7 @@ Figures slice(const Figures& figures, std::size_t from, std::size_t count) {
 
 // The figures with the library and without it.
 std::pair<Figures, Figures> presentBoth(Painting painting) {
-  return {inChildProcess([painting] { return presentMany(process::LibraryUse::Mapped, painting); }),
+  return {inChildProcess([painting] { return presentMany(process::LibraryUse::Loaded, painting); }),
           inChildProcess([painting] { return presentMany(process::LibraryUse::Absent, painting); })};
 }
 

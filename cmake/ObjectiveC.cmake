@@ -1,6 +1,6 @@
-# The Objective-C runtime and Foundation of the target machine, as the target `ObjectiveC`. GCC's runtime is among the
-# files of one version of GCC: the compiler names them where it uses that version, clang included. Otherwise the newest
-# version that is installed for the target is taken.
+# The Objective-C runtime and Foundation of the target machine, as the target `ObjectiveC`. GCC's runtime is installed
+# with one version of GCC. If the compiler uses that version, as clang also can, the compiler reports the path. Otherwise
+# the newest installed version for the target is used.
 set(gcc_folders /usr/lib/gcc/${CMAKE_LIBRARY_ARCHITECTURE} /usr/lib/gcc-cross/${CMAKE_LIBRARY_ARCHITECTURE})
 function(brim_find_gcc_file variable file)
   set(target_option "")
@@ -23,7 +23,7 @@ function(brim_find_gcc_file variable file)
   message(FATAL_ERROR "${file} of the Objective-C runtime is missing: install the package gobjc, or libobjc-VERSION-dev.")
 endfunction()
 
-# Only the runtime's own folder: the rest of the compiler's headers must stay the compiler's.
+# Links only the folder of the runtime's headers, because clang must not use the other headers of GCC.
 brim_find_gcc_file(objc_header include/objc/objc.h)
 cmake_path(GET objc_header PARENT_PATH objc_folder)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/objc-headers)

@@ -22,7 +22,8 @@ void replaceOlderBanners(BannerController* controller) {
   onMainQueue([identifier] { postReplacement(identifier); });
 }
 
-// Iterates over a copy, because the view changes its own list. The list contains nil where a weak entry is gone.
+// Iterates over a copy, because the view changes its own list. The list contains nil where the object of a weak entry
+// was deallocated.
 void removeRecognizers(UIView* view, NSArray* recognizers) {
   const objc::Ref<NSArray> copy = recognizers->copied();
   for (NSUInteger index = 0; index < copy->count(); ++index)

@@ -156,11 +156,6 @@ void preDismiss(BannerController* self) {
   if (self->brimView() != nullptr && !self->wasExternallyDismissed()) post(Command::DismissWithoutAnimation);
 }
 
-void handleTap(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self, NSObject* view) {
-  self->forceDismissNotification(nullptr);
-  original(self, view);
-}
-
 void dismissViewController(objc::Original<void(BannerController*, NSInteger, objc::Block<void(bool)>*)> original,
                            BannerController* self, NSInteger transition, objc::Block<void(bool)>* completion) {
   if (!self->isPartOfBanner()) {

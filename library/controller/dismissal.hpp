@@ -27,9 +27,6 @@ void forceDismissNotification(BannerController* self, BrimContainer* view);
 // The last step: the animation is finished. Dismisses all controllers.
 void preDismiss(BannerController* self);
 
-// Hook. A tap on the banner dismisses it and then opens the application.
-void handleTap(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self, NSObject* view);
-
 // Hook. In the banner window, ignores a dismissal whose transition is not the library's own number.
 void dismissViewController(objc::Original<void(BannerController*, NSInteger, objc::Block<void(bool)>*)> original,
                            BannerController* self, NSInteger transition, objc::Block<void(bool)>* completion);

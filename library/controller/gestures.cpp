@@ -45,6 +45,11 @@ void handleEndOfDragDownward(BannerController* self, BrimContainer* banner) {
 
 }  // namespace
 
+void handleTap(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self, NSObject* view) {
+  self->forceDismissNotification(nullptr);
+  original(self, view);
+}
+
 void panGestureHandler(BannerController* self, UIPanGestureRecognizer* recognizer) {
   auto* banner = static_cast<BrimContainer*>(recognizer->view());
   // A gesture can continue after the banner is removed. The banner then has no superview to move in.

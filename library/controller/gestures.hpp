@@ -1,7 +1,12 @@
-// Drags on a banner: a drag upward dismisses it, a drag downward expands it. Distances are points. Main thread.
+// Taps and drags on a banner: a tap opens the application, a drag upward dismisses the banner, and a drag downward
+// expands it. Distances are points. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
+#include "objc/hook.hpp"
+
+// Hook. A tap on the banner dismisses it and then opens the application.
+void handleTap(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self, NSObject* view);
 
 // The action of the banner's pan gesture recognizer.
 void panGestureHandler(BannerController* self, UIPanGestureRecognizer* recognizer);

@@ -17,8 +17,8 @@ bool isOfType(NSDictionary* attributes, NSString* type) {
   return actual != nullptr && actual->isEqualToString(type);
 }
 
-// A pipe has no size, and a folder cannot be read. The file's attributes would tell the same, but they cost two more
-// path look-ups for each of thousands of files.
+// A pipe has no size, and a folder cannot be read. Reading the file's attributes would detect both, but it takes
+// two more path look-ups for each of thousands of files.
 NSData* readAll(int file, NSUInteger maxSize) {
   const off_t size = lseek(file, 0, SEEK_END);
   if (size <= 0 || static_cast<NSUInteger>(size) > maxSize) return nullptr;

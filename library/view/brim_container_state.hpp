@@ -69,8 +69,8 @@ struct BrimContainerState {
   bool showingReply = false;
   NSInteger maxLineCount = 0;
 
-  // The banner's top edge; its bottom edge, with the same constant in all three; and the leading edges of the texts,
-  // which move right for the badge.
+  // The constraints of the banner's top edge, of its bottom edge (three with the same constant), and of the leading
+  // edges of the texts, which are moved away from the badge.
   objc::Ref<NSLayoutConstraint> top;
   objc::Ref<NSLayoutConstraint> heightBelowBody;
   objc::Ref<NSLayoutConstraint> heightBelowIcon;

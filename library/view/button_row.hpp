@@ -15,7 +15,7 @@ void placeInButtonRow(BrimContainer* self, const BrimContainerState& state, UIVi
 // Puts the current colors on all buttons.
 void colorButtons(const BrimContainerState& state);
 
-// Without buttons, this is the alpha of the reply field. An open reply field stays as it is.
+// Without buttons, this is the alpha of the reply field. An open reply field does not change.
 void setButtonsAlpha(BrimContainer* self, CGFloat alpha);
 
 // Hides or shows Close, Clear and Reply.

@@ -90,7 +90,7 @@ class CardSplitter {
     continuesOnNextLine_ = isQuotedPrintable_ && line.ends_with('=');
     if (continuesOnNextLine_) line.remove_suffix(1);
     card_.append(line);
-    // The parser takes a zero byte for the end of the text.
+    // The parser treats a zero byte as the end of the text.
     std::replace(card_.end() - static_cast<std::ptrdiff_t>(line.size()), card_.end(), '\0', ' ');
     if (!continuesOnNextLine_) card_.append("\r\n");
   }

@@ -15,7 +15,7 @@ constexpr std::size_t entrySize = 12;
 constexpr std::uint32_t orientationTag = 0x0112;
 constexpr std::uint32_t shortType = 3;
 
-// Numbers in either byte order, as the header says.
+// Reads numbers in the byte order that the header specifies.
 class Metadata {
  public:
   explicit Metadata(std::span<const std::byte> bytes)
@@ -36,15 +36,15 @@ class Metadata {
   bool isBigEndian_;
 };
 
-// From the place of a pixel in the upright picture to its place in the stored one.
-struct Turn {
+// Maps the position of a pixel in the upright picture to its position in the stored picture.
+struct Transformation {
   bool swapsAxes;
   bool mirrorsAcross;
   bool mirrorsDown;
 };
 
-// By orientation, from 1.
-constexpr Turn turns[] = {
+// The index is the value of the orientation minus 1.
+constexpr Transformation transformations[] = {
     {false, false, false}, {false, true, false}, {false, true, true}, {false, false, true},
     {true, false, false},  {true, false, true},  {true, true, true},  {true, true, false},
 };
@@ -62,19 +62,20 @@ Orientation orientationIn(std::span<const std::byte> segment) {
     const std::size_t entry = directory + 2 + index * entrySize;
     if (metadata.number(entry, 2) != orientationTag) continue;
     const std::uint32_t value = metadata.number(entry + 8, 2).value_or(1);
-    const bool isKnown = metadata.number(entry + 2, 2) == shortType && value >= 1 && value <= std::size(turns);
+    const bool isKnown =
+        metadata.number(entry + 2, 2) == shortType && value >= 1 && value <= std::size(transformations);
     return isKnown ? static_cast<Orientation>(value) : Orientation::Upright;
   }
   return Orientation::Upright;
 }
 
-SurfaceHandle turnedUpright(SurfaceHandle picture, Orientation orientation) {
+SurfaceHandle uprightPicture(SurfaceHandle picture, Orientation orientation) {
   if (orientation == Orientation::Upright) return picture;
-  const Turn& turn = turns[static_cast<std::size_t>(orientation) - 1];
+  const Transformation& transformation = transformations[static_cast<std::size_t>(orientation) - 1];
   const int storedWidth = cairo_image_surface_get_width(picture.get());
   const int storedHeight = cairo_image_surface_get_height(picture.get());
-  const int width = turn.swapsAxes ? storedHeight : storedWidth;
-  const int height = turn.swapsAxes ? storedWidth : storedHeight;
+  const int width = transformation.swapsAxes ? storedHeight : storedWidth;
+  const int height = transformation.swapsAxes ? storedWidth : storedHeight;
   SurfaceHandle upright(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
   if (cairo_surface_status(upright.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
 
@@ -86,10 +87,10 @@ SurfaceHandle turnedUpright(SurfaceHandle picture, Orientation orientation) {
   for (int y = 0; y < height; ++y) {
     auto* row = reinterpret_cast<std::uint32_t*>(target + y * stride);
     for (int x = 0; x < width; ++x) {
-      const int across = turn.swapsAxes ? y : x;
-      const int down = turn.swapsAxes ? x : y;
-      const int storedX = turn.mirrorsAcross ? storedWidth - 1 - across : across;
-      const int storedY = turn.mirrorsDown ? storedHeight - 1 - down : down;
+      const int across = transformation.swapsAxes ? y : x;
+      const int down = transformation.swapsAxes ? x : y;
+      const int storedX = transformation.mirrorsAcross ? storedWidth - 1 - across : across;
+      const int storedY = transformation.mirrorsDown ? storedHeight - 1 - down : down;
       row[x] = reinterpret_cast<const std::uint32_t*>(stored + storedY * storedStride)[storedX];
     }
   }

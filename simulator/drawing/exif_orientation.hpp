@@ -1,4 +1,4 @@
-// How a camera was held: what a JPEG's metadata says about the way its pixels are to be turned.
+// The orientation of a photo, as stored in the metadata of a JPEG file.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,8 @@
 
 namespace drawing {
 
-// With the numbers of the metadata's standard. RotatedRight was taken with the camera turned: its pixels are to be
-// turned a quarter clockwise.
+// The transformation that shows the stored pixels upright. The values are those of the Exif standard. RotatedRight is a
+// rotation by 90 degrees clockwise.
 enum class Orientation {
   Upright = 1,
   Mirrored = 2,
@@ -21,10 +21,10 @@ enum class Orientation {
   RotatedLeft = 8,
 };
 
-// Of the segment in which a JPEG keeps its metadata. Upright where it says nothing, or nothing that can be read.
+// Reads the orientation from the metadata segment of a JPEG file. Upright if the segment has no valid orientation.
 Orientation orientationIn(std::span<const std::byte> segment);
 
-// The picture the right way up; null when memory is short.
-SurfaceHandle turnedUpright(SurfaceHandle picture, Orientation orientation);
+// Returns the upright picture. Null if there is not enough memory.
+SurfaceHandle uprightPicture(SurfaceHandle picture, Orientation orientation);
 
 }  // namespace drawing

@@ -207,7 +207,7 @@ bool encode(Encoder& encoder, cairo_surface_t* surface, int quality) {
 SurfaceHandle decodeJpeg(std::span<const std::byte> data) {
   Decoder decoder;
   if (!decode(decoder, data)) return nullptr;
-  return turnedUpright(std::move(decoder.surface), decoder.orientation);
+  return uprightPicture(std::move(decoder.surface), decoder.orientation);
 }
 
 std::vector<std::byte> encodeJpeg(cairo_surface_t* surface, int quality) {

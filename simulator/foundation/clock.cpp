@@ -25,7 +25,7 @@ Nanoseconds processStart() {
   return start;
 }
 
-// Reads the start time when the library is mapped. The first use of the clock would be too late.
+// Reads the start time when the library is loaded. The first use of the clock would be too late.
 [[maybe_unused]] const Nanoseconds startReadAtLoad = processStart();
 
 }  // namespace

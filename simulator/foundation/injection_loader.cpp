@@ -45,7 +45,7 @@ void load(LoadOutcome& outcome, const fs::path& library) {
     outcome.loaded.push_back(library);
   } else {
     const char* const reason = dlerror();
-    reportFailure(outcome, library, reason == nullptr ? "cannot be mapped" : reason);
+    reportFailure(outcome, library, reason == nullptr ? "cannot be loaded" : reason);
   }
 }
 

@@ -28,8 +28,8 @@ void onMainThreadAfter(double seconds, std::function<void()> work);
 void onMainThreadAt(Nanoseconds when, std::function<void()> work);
 
 // Runs work on the main thread that an external event caused, such as a server's response. With a real clock it runs as
-// soon as possible. With a stepped clock it waits for scheduleExternalWork, because steps of the clock must have the same
-// result in every run. Any thread.
+// soon as possible. With a stepped clock it waits for scheduleExternalWork, because steps of the clock must have the
+// same result in every run. Any thread.
 void onMainThreadForExternalEvent(std::function<void()> work);
 // Adds all waiting work of external events to the main queue. Called whenever real time has passed. Main thread.
 void scheduleExternalWork();

@@ -9,7 +9,7 @@
 namespace foundation {
 
 // Connects this process to the root's daemon, through the environment. The daemon's folder lies outside the root,
-// because the path of a socket must be short and because the root may be removed before its processes end. When the
+// because the path of a socket must be short and because the root can be removed before its processes end. When the
 // last process of a root exits, it ends the daemon and removes the folder. If that process was killed, the next process
 // that uses any root does so. Call it once, before any use of Foundation. Throws std::filesystem::filesystem_error.
 void useDaemonOfRoot(const std::filesystem::path& root);

@@ -1,11 +1,11 @@
-// Plugins are shared libraries that connect the simulator to large external libraries. They are mapped at first use,
+// Plugins are shared libraries that connect the simulator to large external libraries. They are loaded at first use,
 // because most processes need none of them.
 #pragma once
 
 namespace foundation {
 
-// Returns a function of a plugin, and maps the plugin at the first call. The plugin's file is in the folder of this
-// library; it is never unmapped. Returns null, with a message on standard error, if the plugin, one of its libraries or
+// Returns a function of a plugin, and loads the plugin at the first call. The plugin's file is in the folder of this
+// library; it is never unloaded. Returns null, with a message on standard error, if the plugin, one of its libraries or
 // the function is missing. Any thread.
 void* pluginFunction(const char* plugin, const char* function);
 

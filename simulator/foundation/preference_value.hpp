@@ -1,4 +1,4 @@
-// Conversion of stored preferences to the types of settings. A value that cannot be converted gives nothing. Nil is
+// Conversion of stored preferences to the types of settings. The result is empty if a value cannot be converted. Nil is
 // such a value.
 #pragma once
 

@@ -31,15 +31,15 @@ class LexicographicSimplex {
   const Tableau& tableau() const { return tableau_; }
   void setCost(Quantity quantity, Cost cost) { costs_[quantity] = cost; }
 
-  // Makes a basic quantity zero by exchanging it with a nonbasic variable; false if its expression contains none. Only
-  // allowed while each fixed goal was absorbed or had no such variable in its expression.
+  // Makes a basic quantity zero by exchanging it with a nonbasic variable. Returns false if its expression contains no
+  // such variable. Call it only while each fixed goal was absorbed or had no such variable in its expression.
   bool absorb(Quantity quantity);
   // Minimizes and returns the total cost of the quantities. Call `keepOptimum`, `keepZero` or `abandon` next.
   double minimize(std::span<const Quantity> goal);
   double cost(std::span<const Quantity> goal) const;
   // Restricts all quantities so that the goal minimized last remains at its optimum.
   void keepOptimum(std::span<const Quantity> goal);
-  // The same for a goal whose optimum is zero; removes rounding errors.
+  // Restricts all quantities so that a goal whose optimum is zero remains zero, and removes rounding errors.
   void keepZero(std::span<const Quantity> goal);
   // Makes the quantity free again.
   void abandon(Quantity quantity) { allowed_[quantity] = eitherSign; }

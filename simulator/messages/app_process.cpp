@@ -98,7 +98,7 @@ MessagesApp::MessagesApp(const MessagesOptions& options) : state_(std::make_uniq
   state_->lock = lockRoot();
   messages::ChatStore store = openStore();
   registerClasses(options);
-  if (options.library == process::LibraryUse::Mapped) process::mapLibrary(messagesIdentifier);
+  if (options.library == process::LibraryUse::Loaded) process::loadLibrary(messagesIdentifier);
 
   const objc::AutoreleasePool pool;
   auto report = [this](const nlohmann::ordered_json& event) {

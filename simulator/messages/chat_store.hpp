@@ -16,7 +16,7 @@
 
 namespace messages {
 
-// The store cannot be opened, read or written. what() tells the user why and what to do.
+// The store cannot be opened, read or written. what() is a message for the user with the reason and a remedy.
 class StoreError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -43,7 +43,7 @@ const std::vector<Row>& optionTable() {
        [](MessagesOptions& options, const std::string& value) {
          return process::parseSystem(options.systemVersion, value);
        }},
-      {"--without-brim", nullptr, "do not map the library: replies are not received",
+      {"--without-brim", nullptr, "do not load the library; replies are not received",
        [](MessagesOptions& options, const std::string&) {
          options.library = process::LibraryUse::Absent;
          return process::ExpectedValue();
@@ -81,7 +81,7 @@ process::CommandLine<MessagesOptions> parseMessagesOptions(std::span<const char*
 }
 
 std::string messagesHelp() {
-  return "messages: the Messages app of a simulated phone, with Brim mapped in.\n\n"
+  return "messages: the Messages app of a simulated phone, with Brim loaded.\n\n"
          "usage: messages [option …]\n"
          "       messages --receive CHAT TEXT [--from NAME]\n"
          "       messages --list\n\noptions:\n" +

@@ -21,10 +21,10 @@ enum class Launch {
 };
 
 struct MessagesOptions {
-  // The same as for the home screen.
+  // These have the same meaning as for the home screen.
   std::filesystem::path root = {};
   std::string systemVersion = process::defaultSystemVersion;
-  process::LibraryUse library = process::LibraryUse::Mapped;
+  process::LibraryUse library = process::LibraryUse::Loaded;
   MessagesTask task = MessagesTask::Run;
   Launch launch = Launch::ByUser;
   // For Launch::Suspended: the preferences and distributed notifications that the app uses.

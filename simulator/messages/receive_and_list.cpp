@@ -89,7 +89,8 @@ int receiveMessage(const MessagesOptions& options) {
   const bool isShown =
       process::sendBulletin(root, {messagesIdentifier, addressOf(chat.guid), nameOf(chat), *options.text});
   if (!isShown)
-    std::fprintf(stderr, "messages: no home screen runs on %s; the message was only stored\n", root.c_str());
+    std::fprintf(stderr, "messages: no home screen uses the root %s; the message was stored, but no banner is shown\n",
+                 root.c_str());
   return 0;
 }
 

@@ -14,7 +14,7 @@ namespace process {
 struct HelpRequest {};
 struct VersionRequest {};
 struct OptionError {
-  // Tells the user what is wrong and what is expected.
+  // States the error and the expected argument.
   std::string message;
 };
 

@@ -8,8 +8,8 @@
 
 namespace process {
 
-// Whether the library is mapped into the process.
-enum class LibraryUse { Mapped, Absent };
+// Whether the library is loaded into the process.
+enum class LibraryUse { Loaded, Absent };
 
 inline constexpr const char* defaultSystemVersion = "13.5";
 

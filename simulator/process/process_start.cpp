@@ -12,7 +12,7 @@ namespace process {
 
 namespace {
 
-// Null until the library is mapped. The library is never unmapped.
+// Null until the library is loaded. The library is never unloaded.
 void* libraryHandle = nullptr;
 
 void throwIfFailed(const std::optional<std::string>& error) {
@@ -34,15 +34,15 @@ void useRoot(const std::filesystem::path& root) {
   }
 }
 
-void mapLibrary(const char* bundleIdentifier) {
+void loadLibrary(const char* bundleIdentifier) {
   const foundation::LoadOutcome outcome = foundation::injectLibraries(bundleIdentifier);
-  if (!outcome.failures.empty()) throw StartError("a library could not be mapped: " + outcome.failures.front());
+  if (!outcome.failures.empty()) throw StartError("a library could not be loaded: " + outcome.failures.front());
   for (const std::filesystem::path& library : outcome.loaded) {
     void* handle = dlopen(library.c_str(), RTLD_NOW | RTLD_NOLOAD);
     if (handle != nullptr && dlsym(handle, "brim_settings") != nullptr) libraryHandle = handle;
   }
 }
 
-void* mappedLibrary() { return libraryHandle; }
+void* loadedLibrary() { return libraryHandle; }
 
 }  // namespace process

@@ -1,4 +1,4 @@
-// Start-up steps that all processes of the simulated phone share: use a root, then map the library. Main thread.
+// Start-up steps that all processes of the simulated phone share: use a root, then load the library. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -8,7 +8,7 @@
 
 namespace process {
 
-// The process could not start. what() tells the user why.
+// The process could not start. what() is a message for the user with the reason.
 class StartError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -20,11 +20,11 @@ class StartError : public std::runtime_error {
 void useRoot(const std::filesystem::path& root);
 void useRoot(const std::filesystem::path& root, foundation::DefaultsDatabase database);
 
-// Maps the libraries whose loader filters list this bundle identifier. Call it after the classes have been registered.
+// Loads the libraries whose loader filters list this bundle identifier. Call it after the classes have been registered.
 // Throws StartError.
-void mapLibrary(const char* bundleIdentifier);
+void loadLibrary(const char* bundleIdentifier);
 
-// The handle of libBrim.so for dlsym. Null if the library was not mapped.
-void* mappedLibrary();
+// The handle of libBrim.so for dlsym. Null if the library was not loaded.
+void* loadedLibrary();
 
 }  // namespace process

@@ -10,7 +10,7 @@
 namespace runner {
 
 // Starts to store the last state of banners whose controllers are deallocated, and to record an event for each photo
-// that a banner receives. Call it once, after the library was mapped.
+// that a banner receives. Call it once, after the library was loaded.
 void observeBanners();
 
 // The state of a banner for the script's `state` command. If its controller was deallocated, the last state.

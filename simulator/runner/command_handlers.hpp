@@ -10,7 +10,7 @@ namespace runner {
 
 using Json = nlohmann::ordered_json;
 
-// A command cannot be executed. `what` describes what is wrong and what would be right.
+// A command cannot be executed. what() states the error and the expected input.
 class CommandError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

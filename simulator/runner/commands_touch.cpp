@@ -100,7 +100,8 @@ Json dragFinger(const Json& command) {
 
 UIResponder* typingResponder() {
   UIResponder* responder = uikit::firstResponder();
-  if (!respondsTo<"insertText:">(responder)) throw CommandError("no view has the keyboard focus; tap a text field first");
+  if (!respondsTo<"insertText:">(responder))
+    throw CommandError("no view has the keyboard focus; tap a text field first");
   return responder;
 }
 

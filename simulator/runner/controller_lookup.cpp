@@ -23,7 +23,8 @@ std::size_t bannerNumber(const Json& value) {
 objc::Ref<NCNotificationShortLookViewController> liveController(const Json& value) {
   const std::size_t number = bannerNumber(value);
   auto controller = springboard::bannerController(number);
-  if (controller == nullptr) throw CommandError("controller " + std::to_string(number) + " was dismissed and is gone");
+  if (controller == nullptr)
+    throw CommandError("controller " + std::to_string(number) + " was dismissed and no longer exists");
   return controller;
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 template <class Entry>
 std::span<const Entry> listOf(const char* symbol) {
-  void* library = process::mappedLibrary();
+  void* library = process::loadedLibrary();
   if (library == nullptr) return {};
   const auto list = reinterpret_cast<const Entry* (*)(std::size_t*)>(dlsym(library, symbol));
   if (list == nullptr) return {};

@@ -1,4 +1,4 @@
-// The methods and settings that the mapped library reports about itself. Main thread.
+// The methods and settings that the loaded library reports about itself. Main thread.
 #pragma once
 
 #include <span>
@@ -7,7 +7,7 @@
 
 namespace runner {
 
-// Both are empty if the library is not mapped. The entries belong to the library.
+// Both are empty if the library is not loaded. The entries belong to the library.
 std::span<const BrimInstalledMethod> installedMethods();
 std::span<const BrimSetting> librarySettings();
 

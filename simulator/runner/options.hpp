@@ -21,7 +21,7 @@ struct Options {
   std::string locale = "en_US";
   // The initial time of the clock, in seconds since 1970. If there is no value, the current time is used.
   std::optional<double> time = {};
-  process::LibraryUse library = process::LibraryUse::Mapped;
+  process::LibraryUse library = process::LibraryUse::Loaded;
   // The file of the script, or "-" for standard input. Empty for no script.
   std::string script = {};
   // The folder for the pictures of the demonstration. Empty for no demonstration.

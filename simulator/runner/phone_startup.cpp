@@ -65,7 +65,7 @@ void startPhone(const Options& options, foundation::ClockMode clock) {
   uikit::registerClasses();
   springboard::registerClasses();
   springboard::recordPostedNotifications();
-  if (options.library == process::LibraryUse::Mapped) process::mapLibrary(homeScreenIdentifier);
+  if (options.library == process::LibraryUse::Loaded) process::loadLibrary(homeScreenIdentifier);
   observeBanners();
   springboard::start(base::installation().applications);
   foundation::drainMainQueue();

@@ -10,7 +10,7 @@ namespace springboard {
 void registerClasses();
 
 // Creates the application object, the windows, the home screen and the bulletin server. Reads application icons and
-// wallpapers from the folder. Call it once, after libraries have been mapped, because the phone maps them before the
+// wallpapers from the folder. Call it once, after libraries have been loaded, because the phone loads them before the
 // application starts.
 void start(const std::filesystem::path& applicationArtwork);
 

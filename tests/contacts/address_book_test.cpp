@@ -250,7 +250,7 @@ TEST_F(AddressBook, CanUseAnotherFile) {
   EXPECT_EQ(entries().front().givenName, "Bella");
 }
 
-TEST_F(AddressBook, IsKeptIfTheOtherFileIsInvalid) {
+TEST_F(AddressBook, DoesNotChangeIfTheOtherFileIsInvalid) {
   EXPECT_EQ(entry("N:a;Anna\r\n").givenName, "Anna");
   write(testRoot() / "text", "no card");
   ASSERT_EQ(mkfifo((testRoot() / "pipe").c_str(), 0600), 0);

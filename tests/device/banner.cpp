@@ -35,8 +35,8 @@ void Banner::show() {
 std::vector<Constraint> activeConstraints(Phone& phone) {
   std::vector<Constraint> found;
   for (const Address each : phone.platform.constraints)
-    if (kept(phone.runtime, each, "active") != 0)
-      found.push_back({phone.text(each), keptNumber(phone.runtime, each, "constant")});
+    if (storedValue(phone.runtime, each, "active") != 0)
+      found.push_back({phone.text(each), storedNumber(phone.runtime, each, "constant")});
   return found;
 }
 

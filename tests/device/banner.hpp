@@ -15,8 +15,8 @@ class Banner {
   void show();
   // The object in one of the view's instance variables.
   Address part(const std::string& variable) { return phone.variable(view, variable); }
-  std::string textOf(const std::string& label) { return phone.text(kept(phone.runtime, part(label), "text")); }
-  std::string badgePath() { return phone.text(kept(phone.runtime, part("_appDetailImage"), "image")); }
+  std::string textOf(const std::string& label) { return phone.text(storedValue(phone.runtime, part(label), "text")); }
+  std::string badgePath() { return phone.text(storedValue(phone.runtime, part("_appDetailImage"), "image")); }
 
   Phone& phone;
   Address icon = 0;

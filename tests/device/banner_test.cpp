@@ -15,9 +15,9 @@ using device::Address;
 using device::Banner;
 using device::Constraint;
 using device::holds;
-using device::kept;
-using device::keptNumber;
 using device::Phone;
+using device::storedNumber;
+using device::storedValue;
 
 TEST(PhoneBanner, StoresItsProperties) {
   Phone phone;
@@ -36,11 +36,11 @@ TEST(PhoneBanner, BuildsItsViewsWhenItIsAddedToASuperview) {
   EXPECT_EQ(banner.textOf("_bodyLabel"), "See you at one?");
   EXPECT_EQ(banner.textOf("_clockLabel"), "21:41");
   EXPECT_EQ(banner.textOf("_nowLabel"), "now");
-  EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
-  const Address font = kept(phone.runtime, banner.part("_headerLabel"), "font");
+  EXPECT_EQ(storedValue(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
+  const Address font = storedValue(phone.runtime, banner.part("_headerLabel"), "font");
   EXPECT_EQ(phone.text(font), "bold");
-  EXPECT_EQ(keptNumber(phone.runtime, font, "pointSize"), 15);
-  EXPECT_EQ(kept(phone.runtime, banner.part("_bodyLabel"), "numberOfLines"), 2U);
+  EXPECT_EQ(storedNumber(phone.runtime, font, "pointSize"), 15);
+  EXPECT_EQ(storedValue(phone.runtime, banner.part("_bodyLabel"), "numberOfLines"), 2U);
 }
 
 TEST(PhoneBanner, ShowsTheTwelveHourClockWithoutItsMarker) {
@@ -90,9 +90,9 @@ TEST(PhoneBanner, ReleasesItsPartsWhenItIsDeallocated) {
   Banner banner(phone);
   banner.show();
   const Address header = banner.part("_headerLabel");
-  const std::uint64_t held = phone.runtime.object(header).retainCount;
-  while (!phone.runtime.object(banner.view).gone) phone.runtime.release(banner.view);
-  EXPECT_EQ(phone.runtime.object(header).retainCount, held - 1);
+  const std::uint64_t retainCount = phone.runtime.object(header).retainCount;
+  while (!phone.runtime.object(banner.view).isDeallocated) phone.runtime.release(banner.view);
+  EXPECT_EQ(phone.runtime.object(header).retainCount, retainCount - 1);
 }
 
 TEST(PhoneBanner, ReturnsNilForADeallocatedDelegate) {
@@ -108,7 +108,7 @@ TEST(PhoneBanner, ReturnsNilForADeallocatedDelegate) {
   EXPECT_EQ(phone.runtime.send(banner.view, "delegate"), 0U);
 }
 
-TEST(PhoneGlyphs, AreEighteenByApplicationAndColor) {
+TEST(PhoneGlyphs, ExistForEachApplicationInTwoColors) {
   Phone phone;
   const std::vector<Address> before = phone.platform.dictionaries;
   const Banner banner(phone);

@@ -11,9 +11,9 @@ namespace {
 
 using device::Address;
 using device::Banner;
-using device::kept;
 using device::Phone;
 using device::Platform;
+using device::storedValue;
 
 TEST(PhoneOfBothMachines, StoresABooleanProperty) {
   Phone phone;
@@ -43,7 +43,7 @@ void expectStatusLine(const test::StatusLine& line) {
   Phone phone;
   const Address application = phone.runtime.sendClass("UIApplication", "sharedApplication");
   const Address window = phone.runtime.send(application, "keyWindow");
-  keep(phone.runtime, window, "safeAreaInsets", {0, 0, std::bit_cast<std::uint64_t>(line.bottomSafeArea), 0});
+  storeValues(phone.runtime, window, "safeAreaInsets", {0, 0, std::bit_cast<std::uint64_t>(line.bottomSafeArea), 0});
   Banner banner(phone);
   banner.show();
   EXPECT_TRUE(holds(activeConstraints(phone), "BrimLabel.top == BrimContainer.top", line.top));
@@ -80,7 +80,7 @@ TEST(PhoneOfBothMachines, PublishesTheTestBannerOnTheServersQueue) {
 
   ASSERT_EQ(phone.platform.published.size(), 1U);
   const Address bulletin = phone.platform.published.front().first;
-  const auto text = [&](const char* property) { return phone.text(kept(phone.runtime, bulletin, property)); };
+  const auto text = [&](const char* property) { return phone.text(storedValue(phone.runtime, bulletin, property)); };
   EXPECT_EQ(text("title"), test::testBulletin.title);
   EXPECT_EQ(text("message"), test::testBulletin.message);
   EXPECT_EQ(text("sectionID"), test::testBulletin.section);

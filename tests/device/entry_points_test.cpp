@@ -113,7 +113,7 @@ TEST(PhoneColorSet, UsesCustomColorsWhenEnabledAndReleasesThem) {
   EXPECT_EQ(colors["Text"], red);
   EXPECT_EQ(phone.runtime.object(own).retainCount, 2U);
   phone.runtime.release(colors.colors);
-  EXPECT_TRUE(phone.runtime.object(colors.colors).gone);
+  EXPECT_TRUE(phone.runtime.object(colors.colors).isDeallocated);
   EXPECT_EQ(phone.runtime.object(own).retainCount, 1U);
 }
 
@@ -168,7 +168,7 @@ TEST(PhoneEmulator, ReportsAnUnrecognizedSelector) {
     phone.runtime.send(view, "explode");
     FAIL() << "it was answered";
   } catch (const std::runtime_error& error) {
-    EXPECT_STREQ(error.what(), "nobody answers -[UIView explode]");
+    EXPECT_STREQ(error.what(), "no method implements -[UIView explode]");
   }
 }
 

@@ -7,9 +7,9 @@ namespace {
 
 using device::Address;
 using device::Banner;
-using device::kept;
 using device::Message;
 using device::Phone;
+using device::storedValue;
 
 Address dictionaryOf(Phone& phone, const std::string& key, Address value) {
   const Address made = phone.runtime.sendClass("NSMutableDictionary", "dictionaryWithCapacity:", {1});
@@ -46,11 +46,11 @@ TEST(PhonePictures, AreRequestedAndShownWhenTheyArrive) {
   findPicture(phone, banner, discordValues(phone, phone.string("123"), phone.string("abc")));
   ASSERT_EQ(phone.pictures->requests.size(), 1U);
   EXPECT_EQ(phone.pictures->requests[0].address, "https://cdn.discordapp.com/avatars/123/abc.png?size=80");
-  EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
+  EXPECT_EQ(storedValue(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
   phone.pictures->answerRequest(phone.runtime.make("NSData"));
-  EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon) << "in a later turn";
+  EXPECT_EQ(storedValue(phone.runtime, banner.part("_appIV"), "image"), banner.icon) << "before the main queue has run";
   phone.c.runMainQueue();
-  EXPECT_EQ(phone.text(kept(phone.runtime, banner.part("_appIV"), "image")), "decoded");
+  EXPECT_EQ(phone.text(storedValue(phone.runtime, banner.part("_appIV"), "image")), "decoded");
 }
 
 TEST(PhonePictures, AreRequestedFromTheHostInTheEndpointsFile) {
@@ -75,14 +75,14 @@ TEST(PhonePictures, ThatFailToLoadHaveNoEffect) {
   findPicture(phone, banner, discordValues(phone, phone.string("123"), phone.string("abc")));
   phone.pictures->answerRequest(std::nullopt);
   phone.c.runMainQueue();
-  EXPECT_EQ(kept(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
+  EXPECT_EQ(storedValue(phone.runtime, banner.part("_appIV"), "image"), banner.icon);
 }
 
 TEST(PhonePictures, OfADeallocatedBannerAreIgnored) {
   Phone phone;
   Banner banner(phone);
   findPicture(phone, banner, discordValues(phone, phone.string("123"), phone.string("abc")));
-  while (!phone.runtime.object(banner.view).gone) phone.runtime.release(banner.view);
+  while (!phone.runtime.object(banner.view).isDeallocated) phone.runtime.release(banner.view);
   phone.pictures->answerRequest(phone.runtime.make("NSData"));
   EXPECT_NO_THROW(phone.c.runMainQueue());
 }

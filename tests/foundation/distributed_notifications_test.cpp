@@ -77,7 +77,8 @@ class DistributedNotifications : public RuntimeTest {
 
   static void waitForNotifications(std::size_t count) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (receivedTexts().size() < count && std::chrono::steady_clock::now() < deadline) foundation::pumpRunLoopAndMainQueue(0.1);
+    while (receivedTexts().size() < count && std::chrono::steady_clock::now() < deadline)
+      foundation::pumpRunLoopAndMainQueue(0.1);
   }
 
   objc::Ref<Observer> observer_;

@@ -50,7 +50,7 @@ const char* nameOf(Ending ending) {
   return "";
 }
 
-// Runs use_root with this root and this ending, and returns what it prints.
+// Runs use_root with the arguments and returns its output.
 Daemon runProcessOfRoot(const fs::path& root, Ending ending) {
   const fs::path output = testRoot() / "daemon.txt";
   const std::string command = "env -u GNUSTEP_CONFIG_FILE -u TEMP -u TMP " USE_ROOT " '" + root.string() + "' " +

@@ -17,8 +17,9 @@ class BannerInvariants {
   // Checks every banner, and the events since the previous call. Returns a description of the first violation, empty if
   // there is none.
   std::string violation(const Json& events);
-  // The same for a screen without banners: each banner was dismissed exactly once, and no controller or view of a
-  // banner still exists. Later checks ignore these banners.
+  // Checks a screen without banners: each banner was dismissed exactly once, and no controller or view of a banner
+  // still exists. Later checks ignore these banners. Returns a description of the first violation, empty if there is
+  // none.
   std::string violationOnEmptyScreen();
 
   std::size_t bannerCount() const { return springboard::bannerCount(); }
@@ -42,7 +43,7 @@ class BannerInvariants {
   void addNewBanners();
   void countDismissals(const Json& events);
 
-  // By the controller's number.
+  // The key is the controller's number.
   std::map<std::size_t, History> histories_;
   std::size_t knownBanners_ = 0;
 };

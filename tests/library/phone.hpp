@@ -60,7 +60,7 @@ class Phone {
  private:
   std::filesystem::path folder_;
   std::optional<runner::Session> session_;
-  // For the objects that the test's own messages autorelease.
+  // Releases the objects that the test's own messages autorelease.
   std::optional<objc::AutoreleasePool> pool_;
 };
 

@@ -29,7 +29,7 @@ constexpr std::size_t bannersPerRetainedString = 40;
 // Parts of the errors that a random command can cause.
 constexpr const char* expectedErrors[] = {"there is no controller",
                                           "no longer on screen",
-                                          "was dismissed and is gone",
+                                          "was dismissed and no longer exists",
                                           "no banner is on screen",
                                           "no view has the text",
                                           "is outside the screen",
@@ -150,7 +150,7 @@ TEST_P(RandomWalk, KeepsTheInvariantsOfBanners) {
 TEST_P(RandomWalk, IncrementalRenderingEqualsFullRendering) {
   const std::uint64_t seed = environmentNumber("BRIM_WALK_SEED", 1) + GetParam();
   test::Setup setup;
-  setup.options.library = GetParam() % 2 == 0 ? process::LibraryUse::Mapped : process::LibraryUse::Absent;
+  setup.options.library = GetParam() % 2 == 0 ? process::LibraryUse::Loaded : process::LibraryUse::Absent;
   Phone phone(setup);
   test::RandomCommands commands(seed, phone.root());
   const double scale = GetParam() == 0 ? 3 : 1;

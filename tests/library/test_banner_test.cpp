@@ -79,7 +79,7 @@ TEST(TestBanner, VibratesRegardlessOfTheSettingWithoutTheHapticEngine) {
   }
 }
 
-// Restores the state before the platform has created its server. It is also the state after it failed to create one.
+// Restores the state before the platform has created its server. The state is the same after a failed creation.
 void forgetServer() {
   const SEL selector = sel_registerName("initWithQueue:");
   const IMP initializer = class_getMethodImplementation(BBServer::classObject(), selector);

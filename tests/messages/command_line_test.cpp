@@ -51,7 +51,7 @@ TEST_F(MessagesProgram, StartedSuspendedDoesNotCreateAMissingRoot) {
 
 TEST_F(MessagesProgram, StoresAndListsAReceivedMessage) {
   EXPECT_EQ(run("--receive +491701234567 'Lunch?' --from 'Anna Weber'").status, 0);
-  EXPECT_TRUE(errors.contains("no home screen runs")) << errors.text();
+  EXPECT_TRUE(errors.contains("no home screen uses")) << errors.text();
   EXPECT_EQ(run("--receive 'iMessage;+;chat42' -- '--list'").status, 0);
   const std::string list = run("--list").output;
   EXPECT_EQ(list.find("chat42 (iMessage;+;chat42)\n  * "), 0U) << list;

@@ -86,7 +86,7 @@ TEST(Download, PresentingDoesNotWaitForTheServer) {
   EXPECT_EQ(phone.pictures.all(), Colors{Color::Red});
 }
 
-TEST(Download, DismissedBannerIsGivenNoPicture) {
+TEST(Download, DismissedBannerReceivesNoPicture) {
   PhotoPhone phone;
   phone.server.answer("/photo.png", {.body = pictureBytes(Color::Red), .timing = Timing::WhenReleased});
   const int controller = phone.present(instagram, {{"a", phone.server.address("/photo.png")}});

@@ -1,4 +1,4 @@
-// An installation, moved after it was made: its programs use its own files and none of the build.
+// Moves an installation to another folder. Its programs must use the installed files, not those of the build folder.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -36,7 +36,7 @@ TEST(Options, HaveDefaults) {
   EXPECT_EQ(options.appearance, StartAppearance::Light);
   EXPECT_EQ(options.locale, "en_US");
   EXPECT_FALSE(options.time);
-  EXPECT_EQ(options.library, LibraryUse::Mapped);
+  EXPECT_EQ(options.library, LibraryUse::Loaded);
   EXPECT_TRUE(options.script.empty());
   EXPECT_TRUE(options.demonstration.empty());
 }

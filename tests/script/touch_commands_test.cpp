@@ -1,4 +1,4 @@
-// The tap and drag commands: where the touch begins, and how a held touch continues.
+// The tap and drag commands: where the touch begins, and how a touch that is held down continues.
 #include "tests/support/plain_phone.hpp"
 
 namespace {

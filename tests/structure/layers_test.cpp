@@ -30,7 +30,7 @@ TEST(Layers, OfThisTreeAreDeclaredWithoutCycles) {
   EXPECT_THAT(test::invalidDeclarations(test::readLayers(LAYERS_FILE)), IsEmpty());
 }
 
-TEST(Layers, NoFileOfThisTreeIncludesAHigherOne) {
+TEST(Layers, NoFileOfThisTreeIncludesAHeaderOfAHigherLayer) {
   const std::vector<Layer> layers = test::readLayers(LAYERS_FILE);
   ASSERT_GT(layers.size(), 20U);
   EXPECT_THAT(test::violations(SOURCE_FOLDER, {"simulator", "library", "platform", "objc"}, layers), IsEmpty());

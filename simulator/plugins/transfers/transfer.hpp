@@ -27,7 +27,7 @@ class Transfer {
   // The time point at which the transfer times out unless the server sends data before.
   Clock::time_point deadline() const;
 
-  // Each of the two ends the transfer and calls the completion.
+  // Both functions end the transfer and call the completion.
   void finish(CURLcode code);
   void timeOut();
 

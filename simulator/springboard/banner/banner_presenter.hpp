@@ -24,7 +24,7 @@ void dismissBanner(NCNotificationShortLookViewController* controller, NSInteger 
 
 // Asks all banners on the screen to dismiss themselves.
 void dismissAllBanners();
-// The same for the banners that show this notification.
+// Asks the banners that show this notification to dismiss themselves.
 void dismissBannersOf(const NotificationKey& key);
 
 // The number of the controller's banner. 0 if the controller has never been presented.

@@ -8,9 +8,9 @@ class SBNotificationBannerWindow : public objc::Interface<"SBNotificationBannerW
 
 namespace springboard {
 
-// The frames of a notification view on the screen: while it is shown, and before and after. The frames reach to the
-// lower edge of the screen, because a banner can add a background that covers the screen. The view accepts touches only
-// on its subviews.
+// The frames of a notification view: while it is on the screen (resting), and before and after (hidden). The frames
+// reach to the lower edge of the screen, because a banner can add a background that covers the screen. The view accepts
+// touches only on its subviews.
 CGRect restingBannerFrame();
 CGRect hiddenBannerFrame();
 

@@ -7,10 +7,10 @@ namespace springboard {
 
 UIColor* textColor(const UIView* view);
 UIColor* secondaryTextColor(const UIView* view);
-// For an opaque card and for the header at its top.
+// The colors of an opaque card and of its header.
 UIColor* cardColor(const UIView* view);
 UIColor* cardHeaderColor(const UIView* view);
-// For a touched row of an opaque card, and for the line between two rows.
+// The colors of a touched row of an opaque card and of the line between two rows.
 UIColor* pressedRowColor(const UIView* view);
 UIColor* separatorColor(const UIView* view);
 

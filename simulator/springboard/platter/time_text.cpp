@@ -13,7 +13,12 @@ constexpr double secondsInMinute = 60;
 constexpr double secondsInHour = 60 * secondsInMinute;
 constexpr double secondsInDay = 24 * secondsInHour;
 
-// The locale's date format with these fields.
+NSString* ago(double seconds, double unit, const char* name) {
+  return base::stringOf(std::to_string(static_cast<long>(seconds / unit)) + name + " ago");
+}
+
+}  // namespace
+
 NSString* localizedFormat(NSString* fields) {
   const auto* locale = objc::send<NSObject*, "currentLocale">(objc::lookUpClass<"NSLocale">());
   return objc::send<NSString*, "dateFormatFromTemplate:options:locale:">(NSDateFormatter::classObject(), fields,
@@ -25,19 +30,6 @@ NSString* formatDate(NSDate* date, NSString* format) {
   formatter->setDateFormat(format);
   return formatter->stringFromDate(date);
 }
-
-// The template "j" selects the hour format of the locale.
-bool uses24HourClock() { return localizedFormat("j"_ns)->contains("H"_ns); }
-
-NSString* ago(double seconds, double unit, const char* name) {
-  return base::stringOf(std::to_string(static_cast<long>(seconds / unit)) + name + " ago");
-}
-
-}  // namespace
-
-NSString* currentTime() { return formatDate(NSDate::date(), uses24HourClock() ? "HH:mm"_ns : "h:mm"_ns); }
-
-NSString* currentDay() { return formatDate(NSDate::date(), localizedFormat("EEEEMMMMd"_ns)); }
 
 NSString* timeSince(NSDate* date) {
   const double seconds = foundation::unixTimeNow() - objc::send<double, "timeIntervalSince1970">(date);

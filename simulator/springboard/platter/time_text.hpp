@@ -5,10 +5,11 @@
 
 namespace springboard {
 
-// The current time of day, without an AM or PM symbol.
-NSString* currentTime();
-// The current weekday and date, such as "Saturday, March 14".
-NSString* currentDay();
+// The locale's date format with the fields of a template such as "EEEEMMMMd".
+NSString* localizedFormat(NSString* fields);
+
+NSString* formatDate(NSDate* date, NSString* format);
+
 // The age of a date: "now", "5m ago" or "2h ago", and the date itself after a day. A future date and nil are "now".
 NSString* timeSince(NSDate* date);
 

@@ -3,10 +3,22 @@
 #include <cmath>
 
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/springboard/platter/time_text.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
 #include "simulator/springboard/shell/status_bar.hpp"
 
 namespace springboard {
+
+namespace {
+
+// The template "j" selects the hour format of the locale.
+bool uses24HourClock() { return localizedFormat("j"_ns)->contains("H"_ns); }
+
+}  // namespace
+
+NSString* currentTime() { return formatDate(NSDate::date(), uses24HourClock() ? "HH:mm"_ns : "h:mm"_ns); }
+
+NSString* currentDay() { return formatDate(NSDate::date(), localizedFormat("EEEEMMMMd"_ns)); }
 
 void refreshClocks() {
   constexpr double secondsInMinute = 60;

@@ -7,8 +7,8 @@
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/banner/banner_window.hpp"
 #include "simulator/springboard/long_look/long_look_presenter.hpp"
-#include "simulator/springboard/platter/time_text.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
+#include "simulator/springboard/shell/clocks.hpp"
 #include "simulator/springboard/shell/wallpaper_view.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 

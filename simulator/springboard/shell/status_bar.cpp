@@ -1,7 +1,7 @@
 #include "simulator/springboard/shell/status_bar.hpp"
 
 #include "simulator/drawing/canvas.hpp"
-#include "simulator/springboard/platter/time_text.hpp"
+#include "simulator/springboard/shell/clocks.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 #include "simulator/uikit/views/view.hpp"
 

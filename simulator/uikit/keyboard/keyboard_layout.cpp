@@ -20,24 +20,21 @@ constexpr std::size_t keysInRow = 10;
 // The height of the bar below the last row, without the safe area, on a device without a home button.
 constexpr double barHeight = 41;
 
-constexpr LetterRows numbers = {"1234567890", "-/:;()$&@\"", ".,?!'"};
-constexpr LetterRows symbols = {"[]{}#%^*+=", "_\\|~<>€£¥•", ".,?!'"};
-
-const LetterRows& charactersOf(const KeyboardFace& face) {
+const CharacterRows& charactersOf(const KeyboardFace& face) {
   switch (face.plane) {
     case KeyboardPlane::Letters:
       return face.shift == Shift::On ? face.letters.capital : face.letters.small;
     case KeyboardPlane::Numbers:
-      return numbers;
+      return numberRows;
     case KeyboardPlane::Symbols:
-      return symbols;
+      return symbolRows;
   }
   return face.letters.small;
 }
 
 std::array<Row, 3> rowsOf(const KeyboardFace& face) {
-  const LetterRows& characters = charactersOf(face);
-  return {splitLetters(characters[0]), splitLetters(characters[1]), splitLetters(characters[2])};
+  const CharacterRows& characters = charactersOf(face);
+  return {splitCharacters(characters[0]), splitCharacters(characters[1]), splitCharacters(characters[2])};
 }
 
 double keyWidthFor(std::size_t keys, double keyboardWidth) {

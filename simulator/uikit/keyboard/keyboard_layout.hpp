@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/core_graphics.hpp"
-#include "simulator/uikit/keyboard/keyboard_letters.hpp"
+#include "simulator/uikit/keyboard/keyboard_characters.hpp"
 
 namespace uikit {
 

@@ -20,10 +20,10 @@ Address makeObject(ObjectiveC& runtime, const std::string& className, std::any v
 }
 
 void setObject(const Message& message) {
-  Address& held = entriesOf(message)[message.text(1)];
-  const Address previous = held;
-  held = message.argument(0);
-  message.runtime.retain(held);
+  Address& entry = entriesOf(message)[message.text(1)];
+  const Address previous = entry;
+  entry = message.argument(0);
+  message.runtime.retain(entry);
   if (previous != 0) message.runtime.release(previous);
 }
 

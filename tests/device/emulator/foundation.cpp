@@ -66,7 +66,7 @@ void defineFoundation(ObjectiveC& runtime, Platform& platform) {
   runtime.define("NSDateFormatter");
   addRecordedMethod(runtime, "NSDateFormatter", "setDateFormat:", "v@:@");
   runtime.addMethod("NSDateFormatter", "stringFromDate:", "@@:@", [](const Message& message) {
-    const std::string format = textOf(message.runtime, kept(message.runtime, message.self, "dateFormat"));
+    const std::string format = textOf(message.runtime, storedValue(message.runtime, message.self, "dateFormat"));
     message.answer(makeString(message.runtime, format == "HH:mm" ? "21:41" : "9:41 PM"));
   });
   runtime.define("NSDate");

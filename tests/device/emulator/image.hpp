@@ -21,7 +21,7 @@ class Image {
 
   // Throws where nothing of that name is exported.
   Address exported(const std::string& symbol) const;
-  // Whether the address lies in the part of the library that may be written.
+  // Whether the address is in a writable segment of the library.
   bool holdsVariable(Address address) const;
 
  private:

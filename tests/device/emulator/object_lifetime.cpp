@@ -30,7 +30,7 @@ void ObjectiveC::drainPool() {
 
 void ObjectiveC::destroy(Address address) {
   ObjectRecord& ended = object(address);
-  ended.gone = true;
+  ended.isDeallocated = true;
   for (auto& [location, referenced] : weakReferences) {
     if (referenced == address) {
       referenced = 0;
@@ -41,9 +41,9 @@ void ObjectiveC::destroy(Address address) {
 }
 
 void ObjectiveC::setAssociation(Address address, Address key, Address value) {
-  Address& held = object(address).associations[key];
+  Address& association = object(address).associations[key];
   if (value != 0) retain(value);
-  const Address previous = std::exchange(held, value);
+  const Address previous = std::exchange(association, value);
   if (previous != 0) release(previous);
 }
 

@@ -100,8 +100,8 @@ ObjectRecord& ObjectiveC::object(Address address) {
 }
 
 ClassRecord& ObjectiveC::classOf(Address address) {
-  if (isObject(address) && object(address).gone)
-    throw std::runtime_error("a message to an object that is gone, once a " + object(address).type->name);
+  if (isObject(address) && object(address).isDeallocated)
+    throw std::runtime_error("a message to a deallocated object of class " + object(address).type->name);
   return classAt(processor.load<Address>(address));
 }
 
@@ -112,8 +112,8 @@ bool ObjectiveC::isKindOf(Address address, const std::string& className) {
 Address ObjectiveC::implementation(ClassRecord& type, Address name) {
   const MethodRecord* method = type.findMethod(selectorName(name));
   if (method != nullptr) return method->implementation;
-  throw std::runtime_error(std::string("nobody answers ") + (type.metaclass == nullptr ? "+" : "-") + "[" + type.name +
-                           " " + selectorName(name) + "]");
+  throw std::runtime_error(std::string("no method implements ") + (type.metaclass == nullptr ? "+" : "-") + "[" +
+                           type.name + " " + selectorName(name) + "]");
 }
 
 std::uint64_t ObjectiveC::send(Address receiver, const std::string& name, std::initializer_list<std::uint64_t> integers,

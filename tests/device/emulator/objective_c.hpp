@@ -63,7 +63,7 @@ struct ClassRecord {
 struct ObjectRecord {
   ClassRecord* type = nullptr;
   std::uint64_t retainCount = 1;
-  bool gone = false;
+  bool isDeallocated = false;
   std::any value;  // data that an emulated class stores with its object
   std::map<std::string, std::vector<std::uint64_t>> properties;
   std::map<Address, Address> associations;

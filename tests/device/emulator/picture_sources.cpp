@@ -11,7 +11,7 @@ namespace {
 
 // Result codes of SQLite, and the handles of the emulated functions.
 constexpr std::uint64_t success = 0;
-constexpr std::uint64_t rowIsThere = 100;
+constexpr std::uint64_t rowAvailable = 100;
 constexpr std::uint64_t done = 101;
 constexpr Address database = 0x2000'0001;
 constexpr Address statement = 0x2000'0002;
@@ -89,7 +89,7 @@ void PictureSources::supplyDatabases(Imports& imports) {
     ++openStatements;
     call.processor.setX(0, success);
   });
-  imports.add("sqlite3_step", [this](HostCall& call) { call.processor.setX(0, row ? rowIsThere : done); });
+  imports.add("sqlite3_step", [this](HostCall& call) { call.processor.setX(0, row ? rowAvailable : done); });
   imports.add("sqlite3_column_text",
               [this](HostCall& call) { call.processor.setX(0, call.processor.allocateText(row.value())); });
   imports.add("sqlite3_finalize", [this](HostCall& call) {

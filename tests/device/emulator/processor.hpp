@@ -60,7 +60,7 @@ class Processor {
 
   // Returns the address at which emulated code can call the function.
   Address addHostFunction(const std::string& name, HostFunction function);
-  // Sets the name that faults report for code from that address on.
+  // Sets the name of the function at the address. Error messages about faults in its code contain the name.
   void nameFunction(Address start, const std::string& name) { names[start] = name; }
 
   std::uint64_t x(int index);

@@ -76,10 +76,12 @@ std::vector<std::uint64_t> argumentsOf(const Message& message, const Signature& 
 }
 
 void give(const Message& message, Kind result, const std::string& property) {
-  if (result == Kind::Integer || result == Kind::Object) message.answer(kept(message.runtime, message.self, property));
+  if (result == Kind::Integer || result == Kind::Object)
+    message.answer(storedValue(message.runtime, message.self, property));
   const int count = result == Kind::Number ? 1 : result == Kind::FourNumbers ? 4 : 0;
   for (int index = 0; index < count; ++index)
-    message.processor.setD(index, keptNumber(message.runtime, message.self, property, static_cast<std::size_t>(index)));
+    message.processor.setD(index,
+                           storedNumber(message.runtime, message.self, property, static_cast<std::size_t>(index)));
 }
 
 }  // namespace
@@ -108,26 +110,26 @@ void addProperty(ObjectiveC& runtime, const std::string& className, const std::s
 
 void addPart(ObjectiveC& runtime, const std::string& className, const std::string& name, const std::string& partClass) {
   runtime.addMethod(className, name, "@@:", [name, partClass](const Message& message) {
-    const Address known = kept(message.runtime, message.self, name);
+    const Address known = storedValue(message.runtime, message.self, name);
     const Address part = known != 0 ? known : message.runtime.make(partClass);
-    keep(message.runtime, message.self, name, {part});
+    storeValues(message.runtime, message.self, name, {part});
     message.answer(part);
   });
 }
 
-std::uint64_t kept(ObjectiveC& runtime, Address object, const std::string& property) {
+std::uint64_t storedValue(ObjectiveC& runtime, Address object, const std::string& property) {
   const auto& properties = runtime.object(object).properties;
   const auto found = properties.find(property);
   return found == properties.end() || found->second.empty() ? 0 : found->second.front();
 }
 
-double keptNumber(ObjectiveC& runtime, Address object, const std::string& property, std::size_t index) {
+double storedNumber(ObjectiveC& runtime, Address object, const std::string& property, std::size_t index) {
   const auto& properties = runtime.object(object).properties;
   const auto found = properties.find(property);
   return found == properties.end() ? 0 : std::bit_cast<double>(found->second.at(index));
 }
 
-void keep(ObjectiveC& runtime, Address object, const std::string& property, std::vector<std::uint64_t> values) {
+void storeValues(ObjectiveC& runtime, Address object, const std::string& property, std::vector<std::uint64_t> values) {
   runtime.object(object).properties[property] = std::move(values);
 }
 

@@ -20,8 +20,8 @@ void addProperty(ObjectiveC& runtime, const std::string& className, const std::s
 void addPart(ObjectiveC& runtime, const std::string& className, const std::string& name, const std::string& partClass);
 
 // Returns a stored value, zero if there is none.
-std::uint64_t kept(ObjectiveC& runtime, Address object, const std::string& property);
-double keptNumber(ObjectiveC& runtime, Address object, const std::string& property, std::size_t index = 0);
-void keep(ObjectiveC& runtime, Address object, const std::string& property, std::vector<std::uint64_t> values);
+std::uint64_t storedValue(ObjectiveC& runtime, Address object, const std::string& property);
+double storedNumber(ObjectiveC& runtime, Address object, const std::string& property, std::size_t index = 0);
+void storeValues(ObjectiveC& runtime, Address object, const std::string& property, std::vector<std::uint64_t> values);
 
 }  // namespace device

@@ -76,14 +76,14 @@ void addSubview(const Message& message) {
   const Address child = message.argument(0);
   message.runtime.retain(child);
   message.runtime.object(message.self).properties["subviews"].push_back(child);
-  keep(message.runtime, child, "superview", {message.self});
+  storeValues(message.runtime, child, "superview", {message.self});
   message.runtime.send(child, "didMoveToSuperview");
 }
 
 void makeFont(const Message& message, const char* face) {
   const std::uint64_t size = std::bit_cast<std::uint64_t>(message.number(0));
   const Address made = makeString(message.runtime, face, "UIFont");
-  keep(message.runtime, made, "pointSize", {size});
+  storeValues(message.runtime, made, "pointSize", {size});
   message.answer(made);
 }
 
@@ -102,17 +102,17 @@ void defineEffects(ObjectiveC& runtime) {
   runtime.addClassMethod("UIBlurEffect", "effectWithStyle:", "@@:q", [](const Message& message) {
     const std::uint64_t style = message.argument(0);
     const Address made = message.runtime.make("UIBlurEffect");
-    keep(message.runtime, made, "style", {style});
+    storeValues(message.runtime, made, "style", {style});
     message.answer(message.runtime.autorelease(made));
   });
   runtime.addMethod("UIVisualEffectView", "initWithEffect:", "@@:@", [](const Message& message) {
-    keep(message.runtime, message.self, "effect", {message.argument(0)});
+    storeValues(message.runtime, message.self, "effect", {message.argument(0)});
     message.answer(message.self);
   });
   for (const char* name : {"UITapGestureRecognizer", "UIPanGestureRecognizer"}) {
     runtime.define(name);
     runtime.addMethod(name, "initWithTarget:action:", "@@:@:", [](const Message& message) {
-      keep(message.runtime, message.self, "target", {message.argument(0), message.argument(1)});
+      storeValues(message.runtime, message.self, "target", {message.argument(0), message.argument(1)});
       message.answer(message.self);
     });
   }
@@ -154,7 +154,7 @@ void defineViews(ObjectiveC& runtime, Platform& platform) {
   addPart(runtime, "UIButton", "titleLabel", "UILabel");
   // A label has a default font.
   runtime.addMethod("UILabel", "font", "@@:", [](const Message& message) {
-    const Address own = kept(message.runtime, message.self, "font");
+    const Address own = storedValue(message.runtime, message.self, "font");
     const Address fontClass = message.runtime.find("UIFont")->address;
     message.answer(own != 0 ? own : message.runtime.send(fontClass, "systemFontOfSize:", {}, {17}));
   });

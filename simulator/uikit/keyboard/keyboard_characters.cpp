@@ -1,4 +1,4 @@
-#include "simulator/uikit/keyboard/keyboard_letters.hpp"
+#include "simulator/uikit/keyboard/keyboard_characters.hpp"
 
 #include <algorithm>
 
@@ -9,8 +9,8 @@ namespace {
 constexpr LetterSet english = {
     "en", {"qwertyuiop", "asdfghjkl", "zxcvbnm"}, {"QWERTYUIOP", "ASDFGHJKL", "ZXCVBNM"}, "ABC"};
 
-constexpr LetterRows arabic = {"ضصثقفغعهخحج", "شسيبلاتنمكط", "ذءؤرىةوزظد"};
-constexpr LetterRows hebrew = {"קראטוןםפ", "שדגכעיחלךף", "זסבהנמצתץ"};
+constexpr CharacterRows arabic = {"ضصثقفغعهخحج", "شسيبلاتنمكط", "ذءؤرىةوزظد"};
+constexpr CharacterRows hebrew = {"קראטוןםפ", "שדגכעיחלךף", "זסבהנמצתץ"};
 
 constexpr LetterSet sets[] = {
     {"de", {"qwertzuiopü", "asdfghjklöä", "yxcvbnm"}, {"QWERTZUIOPÜ", "ASDFGHJKLÖÄ", "YXCVBNM"}, "ABC"},
@@ -37,13 +37,13 @@ const LetterSet& lettersForLocale(std::string_view locale) {
   return found == std::end(sets) ? english : *found;
 }
 
-std::vector<std::string> splitLetters(std::string_view row) {
-  std::vector<std::string> letters;
+std::vector<std::string> splitCharacters(std::string_view row) {
+  std::vector<std::string> characters;
   for (const char byte : row) {
-    if (isLeadingByte(byte)) letters.emplace_back();
-    letters.back() += byte;
+    if (isLeadingByte(byte)) characters.emplace_back();
+    characters.back() += byte;
   }
-  return letters;
+  return characters;
 }
 
 }  // namespace uikit

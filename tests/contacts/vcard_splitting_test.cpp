@@ -11,45 +11,45 @@ using Texts = std::vector<std::string>;
 
 std::string card(const std::string& lines) { return "BEGIN:VCARD\r\n" + lines + "END:VCARD\r\n"; }
 
-TEST(VcardFiles, AreSplitIntoCards) {
+TEST(VcardSplitting, ReturnsEachCard) {
   EXPECT_EQ(splitCards(card("N:A\r\n") + "\r\n" + card("N:B\r\n")), (Texts{card("N:A\r\n"), card("N:B\r\n")}));
 }
 
-TEST(VcardFiles, AcceptAnyLineEndingAndCase) {
+TEST(VcardSplitting, AcceptsAnyLineEndingAndCase) {
   const Texts expected = {card("N:A\r\n")};
   EXPECT_EQ(splitCards("begin:vcard\nN:A\nend:vcard\n"), expected);
   EXPECT_EQ(splitCards("Begin:VCard\rN:A\rEnd:VCard"), expected);
   EXPECT_EQ(splitCards("\xef\xbb\xbf  BEGIN:VCARD \r\nN:A\r\nEND:VCARD \r\n"), expected);
 }
 
-TEST(VcardFiles, HaveNoCardsInOtherFormats) {
+TEST(VcardSplitting, FindsNoCardsInOtherFormats) {
   EXPECT_EQ(splitCards(""), Texts());
   EXPECT_EQ(splitCards("name,address\nAnna,anna@example.org\n"), Texts());
   EXPECT_EQ(splitCards(std::string("\x89PNG\0\0\n\r", 8)), Texts());
   EXPECT_EQ(splitCards("END:VCARD\nEND:VCARD\n"), Texts());
 }
 
-TEST(VcardFiles, HaveTheirSoftLineBreaksJoined) {
+TEST(VcardSplitting, RemovesSoftLineBreaks) {
   EXPECT_EQ(splitCards(card("NOTE;ENCODING=QUOTED-PRINTABLE:one=\r\ntwo=\r\nthree\r\nN:A\r\n")),
             (Texts{card("NOTE;ENCODING=QUOTED-PRINTABLE:onetwothree\r\nN:A\r\n")}));
   EXPECT_EQ(splitCards(card("NOTE;quoted-printable:one=\r\ntwo\r\n")),
             (Texts{card("NOTE;quoted-printable:onetwo\r\n")}));
 }
 
-TEST(VcardFiles, KeepEqualsSignsOfOtherEncodings) {
+TEST(VcardSplitting, PreservesEqualsSignsOfOtherEncodings) {
   const std::string picture = card("PHOTO;ENCODING=b:AAAA\r\n AA==\r\nNOTE:QUOTED-PRINTABLE=\r\nN:A\r\n");
   EXPECT_EQ(splitCards(picture), Texts{picture});
 }
 
-TEST(VcardFiles, OmitCardsWithoutAnEnd) {
+TEST(VcardSplitting, OmitsCardsWithoutAnEnd) {
   EXPECT_EQ(splitCards("BEGIN:VCARD\r\nN:Lost\r\n" + card("N:A\r\n") + "BEGIN:VCARD\r\nN:Cut"), Texts{card("N:A\r\n")});
 }
 
-TEST(VcardFiles, OmitCardsInsideOtherCards) {
+TEST(VcardSplitting, OmitsCardsInsideOtherCards) {
   EXPECT_EQ(splitCards(card("AGENT:\r\n" + card("N:B\r\n") + "N:A\r\n")), Texts{card("AGENT:\r\nN:A\r\n")});
 }
 
-TEST(VcardFiles, OmitCardsThatAreTooLarge) {
+TEST(VcardSplitting, OmitsCardsThatAreTooLarge) {
   const std::string line = "NOTE:" + std::string(1 << 20, 'x') + "\r\n";
   std::string lines;
   for (int count = 0; count < 40; ++count) lines += line;

@@ -1,0 +1,35 @@
+// The characters of the on-screen keyboard: the letters of each language, the numbers and the symbols. Texts are UTF-8.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace uikit {
+
+// The characters of each row, in the order of their keys from left to right in every language.
+using CharacterRows = std::array<std::string_view, 3>;
+
+struct LetterSet {
+  std::string_view language;
+  CharacterRows small;
+  CharacterRows capital;
+  // The label of the key that shows the letters plane.
+  std::string_view name;
+
+  // False for a script without capital letters, whose keyboard has no shift key.
+  bool hasCapitals() const { return small != capital; }
+};
+
+// The letters for the language of a locale such as de_DE. English letters if the language is unknown.
+const LetterSet& lettersForLocale(std::string_view locale);
+
+// The characters of the numbers plane and of the symbols plane.
+inline constexpr CharacterRows numberRows = {"1234567890", "-/:;()$&@\"", ".,?!'"};
+inline constexpr CharacterRows symbolRows = {"[]{}#%^*+=", "_\\|~<>€£¥•", ".,?!'"};
+
+// Splits a row into its characters.
+std::vector<std::string> splitCharacters(std::string_view row);
+
+}  // namespace uikit
