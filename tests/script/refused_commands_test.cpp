@@ -121,7 +121,7 @@ TEST(RefusedCommands, DismissedControllerIsNotOnScreen) {
   const Json tap = phone.answer({{"do", "tap"}, {"controller", controller}});
   EXPECT_NE(tap.value("error", "").find("no longer on screen"), std::string::npos) << tap;
   const Json dismiss = phone.answer({{"do", "dismiss"}, {"controller", controller}});
-  EXPECT_NE(dismiss.value("error", "").find("gone"), std::string::npos) << dismiss;
+  EXPECT_NE(dismiss.value("error", "").find("no longer exists"), std::string::npos) << dismiss;
 }
 
 TEST(RefusedCommands, IllFormedTextIsRejectedInParsedCommandsToo) {
