@@ -15,8 +15,8 @@ enum class Appearance { Light, Dark };
 // The style with the platform's number; Regular for an unknown number.
 BlurStyle blurStyle(int number);
 
-// Draws a material over what was drawn before, in an area in points with rounded corners. Opacity is 0 to 1; NaN draws
-// nothing. The blur includes content outside the area.
+// Draws a material over the existing content. `area` is in points; its corners are rounded by `corners`. `alpha` is the
+// opacity, from 0 to 1; if it is NaN, nothing is drawn. The blur samples content outside the area.
 //
 // Inside a layer, the backdrop is the content of the canvas and of all open layers, and the result is drawn into the
 // innermost layer. A layer of half opacity therefore shows the material blended with the sharp backdrop.

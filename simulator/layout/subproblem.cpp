@@ -6,8 +6,8 @@
 namespace layout {
 namespace {
 
-// A required constraint holds if its violation is not larger than this. The value is far below what is visible on a
-// screen and above the rounding errors of the largest constants.
+// A required constraint is satisfied if its violation is at most this value, in points. The value is far below one
+// pixel and exceeds the rounding errors of the largest constants.
 constexpr double tolerance = 1e-6;
 // Rounding errors grow with each pivot. After this many pivots the problem is solved from scratch.
 constexpr std::size_t maxPivotsOnLastBasis = 1000;

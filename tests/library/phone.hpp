@@ -35,7 +35,7 @@ class Phone {
   // Executes a command that must fail, and returns the error. The test fails if the command succeeds.
   std::string runExpectingError(const Json& command);
 
-  // Writes a setting from outside the library; null removes it.
+  // Writes a value to the preferences domain, as the settings pane does. Null deletes the key.
   void set(const std::string& key, const Json& value);
   // Advances the clock.
   void wait(double seconds);
