@@ -2,6 +2,7 @@
 #pragma once
 
 #include "objc/ownership.hpp"
+#include "platform/dispatch.hpp"
 #include "platform/ui_image.hpp"
 #include "platform/ui_view.hpp"
 
@@ -13,4 +14,6 @@ class PhotoReceiver : public objc::Interface<"UIView", UIView> {
 
 // Calls updateImage in a later run-loop iteration, if the view still exists then. Call on the main thread only: the
 // view can be deallocated when the last reference to it is released, and views are deallocated on the main thread.
-void updateImageLater(const objc::Weak<PhotoReceiver>& view, const objc::Ref<UIImage>& photo);
+inline void updateImageLater(const objc::Weak<PhotoReceiver>& view, const objc::Ref<UIImage>& photo) {
+  onMainQueue([view, photo] { view.lock()->updateImage(photo); });
+}

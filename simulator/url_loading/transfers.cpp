@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "simulator/foundation/plugin.hpp"
-#include "simulator/url_loading/transfer_plugin.hpp"
 
 namespace url_loading {
 

@@ -63,3 +63,6 @@ using Completion = std::function<void(TransferResult)>;
 void startTransfer(Request request, Completion completion);
 
 }  // namespace url_loading
+
+// The function that the transfers plugin exports. It implements startTransfer.
+extern "C" void brim_start_transfer(url_loading::Request request, url_loading::Completion completion);

@@ -1,6 +1,6 @@
 #include "platform/ui_view.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/views/cg_color.hpp"
+#include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view_geometry.hpp"
 #include "tests/uikit/uikit_fixture.hpp"
 

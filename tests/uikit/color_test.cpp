@@ -1,7 +1,6 @@
 // Tests of UIColor.
 #include <cmath>
 
-#include "simulator/uikit/views/cg_color.hpp"
 #include "simulator/uikit/views/color.hpp"
 #include "tests/uikit/uikit_fixture.hpp"
 

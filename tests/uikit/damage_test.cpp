@@ -4,7 +4,7 @@
 #include "platform/ui_visual_effect_view.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/rendering/renderer.hpp"
-#include "simulator/uikit/views/cg_color.hpp"
+#include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view_record.hpp"
 #include "simulator/uikit/views/window.hpp"
 #include "tests/uikit/view_content.hpp"

@@ -5,7 +5,7 @@
 #include "objc/class_definition.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
-#include "simulator/uikit/views/cg_color.hpp"
+#include "simulator/uikit/views/color.hpp"
 #include "tests/uikit/uikit_fixture.hpp"
 
 namespace test {

@@ -1,8 +1,7 @@
-#include "simulator/url_loading/transfer_plugin.hpp"
-
 #include <utility>
 
 #include "simulator/plugins/transfers/transfer_thread.hpp"
+#include "simulator/url_loading/transfers.hpp"
 
 void brim_start_transfer(url_loading::Request request, url_loading::Completion completion) {
   transfers::TransferThread::shared().start(

@@ -2,9 +2,8 @@
 
 #include "objc/property_entry.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
-#include "simulator/springboard/platter/card_style.hpp"
 #include "simulator/springboard/platter/label_stack.hpp"
-#include "simulator/springboard/platter/platter_colors.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 
 namespace springboard {
 
@@ -30,7 +29,7 @@ objc::Ref<UILabel> addLabel(ContentView* view, UIFont* font, NSInteger lines) {
 
 objc::Ref<UIVisualEffectView> addPlatter(ContentView* view) {
   auto platter = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Regular));
-  applyCardStyle(platter);
+  applyCardShape(platter);
   platter->setUserInteractionEnabled(false);
   view->addSubview(platter);
   return platter;

@@ -7,7 +7,7 @@
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/springboard/banner/banner_gestures.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
-#include "simulator/springboard/platter/card_style.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 
 namespace springboard {
 
@@ -28,7 +28,7 @@ objc::Ref<UIView> makeEdge(CGRect frame, CGFloat alpha) {
   strip->setAlpha(alpha);
   auto card = UIVisualEffectView::withEffect(UIBlurEffect::withStyle(UIBlurEffectStyle::Regular));
   card->setFrame({{0, frame.size.height - 3 * cardCornerRadius}, {frame.size.width, 3 * cardCornerRadius}});
-  applyCardStyle(card);
+  applyCardShape(card);
   strip->addSubview(card);
   return strip;
 }

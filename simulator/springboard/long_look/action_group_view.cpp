@@ -1,7 +1,7 @@
 #include "simulator/springboard/long_look/action_group_view.hpp"
 
 #include "simulator/springboard/long_look/action_row.hpp"
-#include "simulator/springboard/platter/card_style.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 
 namespace springboard {
 
@@ -30,7 +30,7 @@ void layoutSubviews(Group* self) {
 
 objc::Ref<Group> makeActionGroup(const NCNotificationRequest* request, NSObject* target) {
   auto group = UIView::withFrame<Group>({});
-  applyCardStyle(group);
+  applyCardShape(group);
   const NSDictionary* actions = request->supplementaryActions();
   const NSArray* keys = actions->allKeys();
   for (NSUInteger key = 0; key < keys->count(); ++key) {

@@ -1,6 +1,6 @@
 #include "simulator/springboard/long_look/action_row.hpp"
 
-#include "simulator/springboard/platter/platter_colors.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 

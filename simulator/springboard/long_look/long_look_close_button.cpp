@@ -1,7 +1,7 @@
 #include "simulator/springboard/long_look/long_look_close_button.hpp"
 
 #include "simulator/drawing/canvas.hpp"
-#include "simulator/springboard/platter/platter_colors.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view.hpp"

@@ -3,9 +3,8 @@
 #include <algorithm>
 
 #include "simulator/springboard/long_look/long_look_close_button.hpp"
-#include "simulator/springboard/platter/card_style.hpp"
 #include "simulator/springboard/platter/label_stack.hpp"
-#include "simulator/springboard/platter/platter_colors.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 #include "simulator/uikit/views/view.hpp"
 
 namespace springboard {
@@ -88,7 +87,7 @@ void traitCollectionDidChange(View* self, UITraitCollection* previous) {
 
 objc::Ref<View> makeLongLookView(const NCNotificationRequest* request) {
   auto view = UIView::withFrame<View>({});
-  applyCardStyle(view);
+  applyCardShape(view);
   addHeader(view, request);
   addTexts(view, objc::state(objc::state(request).content.get()));
   recolor(view);

@@ -1,8 +1,7 @@
 #include "simulator/springboard/long_look/reply_bar.hpp"
 
 #include "platform/ui_trait_collection.hpp"
-#include "simulator/springboard/platter/card_style.hpp"
-#include "simulator/springboard/platter/platter_colors.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 
 namespace springboard {
 
@@ -34,7 +33,7 @@ void layoutSubviews(Bar* self) {
 
 objc::Ref<Bar> makeReplyBar(NCNotificationAction* action, NSObject* target) {
   auto bar = UIView::withFrame<Bar>({});
-  applyCardStyle(bar);
+  applyCardShape(bar);
   objc::state(bar.get()).action = objc::retain(action);
   auto field = UIView::withFrame<UITextField>({});
   field->setFont(UIFont::systemFontOfSize(fontSize));

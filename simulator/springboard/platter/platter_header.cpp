@@ -1,7 +1,7 @@
 #include "simulator/springboard/platter/platter_header.hpp"
 
 #include "simulator/base/foundation_json.hpp"
-#include "simulator/springboard/platter/platter_colors.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 #include "simulator/springboard/platter/time_text.hpp"
 #include "simulator/springboard/services/applications.hpp"
 #include "simulator/uikit/views/view.hpp"

@@ -4,7 +4,6 @@
 #include <functional>
 
 #include "objc/class_definition.hpp"
-#include "simulator/uikit/views/cg_color.hpp"
 #include "simulator/uikit/views/class_definitions.hpp"
 
 template <>

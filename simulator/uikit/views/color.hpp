@@ -1,9 +1,16 @@
-// UIColor's value, and the default colors of an appearance. Components are from 0 to 1. Main thread only.
+// The values of UIColor and CGColor, and the default colors of an appearance. Components are from 0 to 1. Main thread
+// only.
 #pragma once
 
 #include "platform/ui_color.hpp"
 #include "platform/ui_trait_collection.hpp"
 #include "simulator/drawing/geometry.hpp"
+
+// The target of a CGColorRef. It is valid as long as the UIColor or CALayer that returned it. Copy the value in order
+// to store it.
+struct CGColor {
+  drawing::Color color;
+};
 
 namespace uikit {
 

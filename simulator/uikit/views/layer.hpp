@@ -8,7 +8,7 @@
 #include "platform/ca_layer.hpp"
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/uikit/animation/animation.hpp"
-#include "simulator/uikit/views/cg_color.hpp"
+#include "simulator/uikit/views/color.hpp"
 
 namespace uikit {
 

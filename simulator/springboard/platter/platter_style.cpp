@@ -1,4 +1,4 @@
-#include "simulator/springboard/platter/platter_colors.hpp"
+#include "simulator/springboard/platter/platter_style.hpp"
 
 #include "simulator/uikit/environment/trait_collection.hpp"
 
@@ -17,6 +17,12 @@ UIColor* choose(const UIView* view, const Gray& light, const Gray& dark) {
 }
 
 }  // namespace
+
+void applyCardShape(UIView* view) {
+  view->layer()->setCornerRadius(cardCornerRadius);
+  view->layer()->setContinuousCorners(true);
+  view->setClipsToBounds(true);
+}
 
 UIColor* textColor(const UIView* view) { return choose(view, {0}, {1}); }
 UIColor* secondaryTextColor(const UIView* view) { return choose(view, {0, 0.6}, {1, 0.6}); }

@@ -1,9 +1,15 @@
-// The colors of notification cards in the light or dark appearance of a view. Autoreleased. Main thread.
+// The style of notification cards: their shape, and their colors in the light or dark appearance of a view. Lengths are
+// in points. The colors are autoreleased. Main thread.
 #pragma once
 
 #include "platform/ui_view.hpp"
 
 namespace springboard {
+
+inline constexpr CGFloat cardCornerRadius = 13;
+
+// Rounds the view's corners and clips its subviews to them.
+void applyCardShape(UIView* view);
 
 UIColor* textColor(const UIView* view);
 UIColor* secondaryTextColor(const UIView* view);
