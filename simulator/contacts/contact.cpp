@@ -31,8 +31,6 @@ namespace contacts {
 
 namespace {
 
-using base::stringOf;
-
 // Returns the person if the property was requested. Otherwise raises an exception as on the phone.
 const Person& personWith(const CNContact* contact, NSString* key) {
   const ContactState& state = objc::state(contact);

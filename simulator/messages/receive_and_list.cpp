@@ -18,7 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using messages::Chat;
-using messages::ChatStore;
 using messages::Direction;
 using messages::Message;
 
