@@ -38,7 +38,10 @@ void handleUpdate(BannerController* self, NSDictionary* userInfo) {
 
 void handleReplacement(BannerController* self, NSDictionary* userInfo) {
   auto* newerBanner = objc::as<NSString>(userInfo->objectForKey(identifierKey()));
-  if (!self->brimIdentifier()->isEqualToString(newerBanner)) dismissReplacedBanner(self);
+  if (self->brimIdentifier()->isEqualToString(newerBanner)) return;
+  // A newer notification is left without a banner while this banner must stay. It then replaces nothing.
+  if (newerBanner != nullptr && isNewestBanner(self)) return;
+  dismissReplacedBanner(self);
 }
 
 struct CommandHandler {
@@ -81,6 +84,7 @@ void bannerControllerViewDidLoad(objc::Original<void(BannerController*)> origina
 
 void bannerControllerDealloc(objc::Original<void(BannerController*)> original, BannerController* self) {
   NSNotificationCenter::defaultCenter()->removeObserver(self, notificationName());
+  forgetBanner(self);
   original(self);
 }
 

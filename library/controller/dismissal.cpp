@@ -17,7 +17,7 @@ constexpr CGFloat dismissalOffset = -1000;
 constexpr NSInteger ownTransition = 30;
 constexpr NSInteger platformTransition = 0;
 
-// Only compared, never dereferenced.
+// The controller of the banner that was attached last. nil after the controller is deallocated. Not retained.
 const BannerController* controllerOfNewestBanner = nullptr;
 
 std::int64_t nanoseconds(NSInteger seconds) {
@@ -83,16 +83,15 @@ void prepareForcedDismissal(BannerController* self) {
   self->setIsDismissing(false);
   self->setHasDismissed(false);
   self->setAutoDimissTriggered(true);
-  BrimContainer::setDismissNotification(true);
+  allowAutomaticDismissal(self);
 }
 
 // The platform itself can dismiss the controller with transition 30. The banner is then still attached and must be
-// removed. If it is the newest banner, later banners must not wait for it. If there is a newer banner, its own flag
-// stays.
+// removed. If it is the newest banner, later banners must not wait for it.
 void cleanUpAfterPlatformDismissal(BannerController* controller) {
   if (controller->brimView() == nullptr) return;
   removeBanner(controller);
-  if (controller == controllerOfNewestBanner) BrimContainer::setDismissNotification(true);
+  allowAutomaticDismissal(controller);
 }
 
 }  // namespace
@@ -109,6 +108,26 @@ void prepareDismissal(BannerController* controller) {
   controllerOfNewestBanner = controller;
   clearDismissalFlags(controller);
   scheduleAutomaticDismissal(controller);
+}
+
+void forgetBanner(const BannerController* controller) {
+  if (controllerOfNewestBanner == controller) controllerOfNewestBanner = nullptr;
+}
+
+bool isNewestBanner(const BannerController* controller) {
+  return controller == controllerOfNewestBanner && controller->brimView() != nullptr;
+}
+
+bool hasNewerBanner(const BannerController* controller) {
+  return controllerOfNewestBanner != nullptr && controllerOfNewestBanner != controller;
+}
+
+void allowAutomaticDismissal(const BannerController* controller) {
+  if (!hasNewerBanner(controller)) BrimContainer::setDismissNotification(true);
+}
+
+void preventAutomaticDismissal(const BannerController* controller) {
+  if (!hasNewerBanner(controller)) BrimContainer::setDismissNotification(false);
 }
 
 void dismissReplacedBanner(BannerController* self) {
@@ -143,7 +162,9 @@ void attemptDismissNotification(BannerController* self, BrimContainer* view, boo
   self->setDismissCalled(true);
   if (self->hasDismissed()) return;
   if (forced) prepareForcedDismissal(self);
-  if (!BrimContainer::DismissNotification() || !self->autoDimissTriggered()) return;
+  // DismissNotification describes the newest banner. It does not prevent the removal of a banner that was replaced.
+  const bool isPermitted = BrimContainer::DismissNotification() || (forced && hasNewerBanner(self));
+  if (!isPermitted || !self->autoDimissTriggered()) return;
   const objc::Ref<BrimContainer> banner = objc::retain(view != nullptr ? view : self->brimView());
   if (banner == nullptr || self->isDismissing()) return;
   self->setIsDismissing(true);

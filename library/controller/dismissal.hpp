@@ -10,6 +10,19 @@ void clearDismissalFlags(BannerController* controller);
 // timeToDismiss seconds unless another dismissal comes first.
 void prepareDismissal(BannerController* controller);
 
+// Call when the controller is deallocated.
+void forgetBanner(const BannerController* controller);
+
+// Whether the controller's banner is attached, and no banner was attached after it.
+bool isNewestBanner(const BannerController* controller);
+// Whether another controller's banner was attached after the controller's banner. That banner can already be dismissed.
+bool hasNewerBanner(const BannerController* controller);
+
+// Set BrimContainer's DismissNotification. It belongs to the newest banner; the functions do nothing if the controller
+// has a newer banner, because an older banner must not decide whether the newer one stays.
+void allowAutomaticDismissal(const BannerController* controller);
+void preventAutomaticDismissal(const BannerController* controller);
+
 // Dismisses the banner half a second from now, unless another dismissal comes first.
 void dismissReplacedBanner(BannerController* controller);
 

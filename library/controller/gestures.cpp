@@ -1,6 +1,7 @@
 #include "library/controller/gestures.hpp"
 
 #include "library/applications/supported_applications.hpp"
+#include "library/controller/dismissal.hpp"
 #include "library/settings/settings.hpp"
 
 namespace {
@@ -30,7 +31,7 @@ void handleEndOfDragUpward(BannerController* self, BrimContainer* banner, CGFloa
     didExpand(self, banner);
     return;
   }
-  BrimContainer::setDismissNotification(true);
+  allowAutomaticDismissal(self);
   banner->reply()->setText(""_ns);
   self->forceDismissNotification(banner);
 }
@@ -77,7 +78,7 @@ void moveBannerWithDuration(BannerController*, CGFloat offset, BrimContainer* vi
   view->updateTop(view->defaultOffset() + offset, animated, duration, completion);
 }
 
-void expandBanner(BannerController*, CGFloat distance, BrimContainer* view, bool animated,
+void expandBanner(BannerController* self, CGFloat distance, BrimContainer* view, bool animated,
                   objc::Block<void(bool)>* completion) {
   const CGFloat heightAtRest = view->defaultHeight();
   const CGFloat fullHeight = view->defaultExpandedHeight();
@@ -87,11 +88,11 @@ void expandBanner(BannerController*, CGFloat distance, BrimContainer* view, bool
   if (target >= fullHeight) {
     target = fullHeight;
     progress = 1;
-    BrimContainer::setDismissNotification(false);
+    preventAutomaticDismissal(self);
   } else if (target <= heightAtRest) {
     target = heightAtRest;
     progress = 0;
-    BrimContainer::setDismissNotification(true);
+    allowAutomaticDismissal(self);
   }
   if (!view->canReply() && !view->enableButtons() && view->showingAllLines()) return;
   view->updateHeight(target, animated, completion);

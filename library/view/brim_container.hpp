@@ -16,7 +16,8 @@ class BrimContainer : public objc::Interface<"BrimContainer", PhotoReceiver> {
         objc::allocate<BrimContainer>(), image, header, subHeader, body));
   }
 
-  // Whether the banner on screen can be dismissed without a request of the user. One flag for all banners.
+  // Whether the newest banner can be dismissed without a request of the user. One flag for all banners; see
+  // allowAutomaticDismissal.
   static bool DismissNotification() { return objc::send<bool, "DismissNotification">(classObject()); }
   static void setDismissNotification(bool dismiss) {
     objc::send<void, "setDismissNotification:">(classObject(), dismiss);

@@ -25,7 +25,7 @@ void BannerInvariants::addNewBanners() {
     const auto controller = controllerOf(static_cast<int>(knownBanners_ + 1));
     History& banner = histories_[knownBanners_ + 1];
     banner.controller = controller.get();
-    if (controller != nullptr) banner.canStay = !controller->shouldAutoDismiss();
+    if (controller != nullptr) banner.canStay = banner.mustStay = !controller->shouldAutoDismiss();
   }
 }
 
@@ -41,7 +41,10 @@ void BannerInvariants::expectDrag() {
   const objc::AutoreleasePool pool;
   for (auto& [number, banner] : histories_) {
     const auto controller = banner.controller.lock();
-    if (controller != nullptr && controller->brimView() != nullptr) banner.canStay = true;
+    if (controller != nullptr && controller->brimView() != nullptr) {
+      banner.canStay = true;
+      banner.mustStay = false;
+    }
   }
 }
 
@@ -93,13 +96,18 @@ std::string BannerInvariants::violation(const Json& events) {
   addNewBanners();
   countDismissals(events);
   bool someCanStay = false;
+  bool newestMustStay = false;
   for (std::size_t number = 1; number <= knownBanners_; ++number) {
     const auto controller = controllerOf(static_cast<int>(number));
     if (controller == nullptr) continue;
     if (std::string problem = violationBy(number, controller); !problem.empty())
       return "controller " + std::to_string(number) + " " + problem;
-    someCanStay = someCanStay || (controller->brimView() != nullptr && histories_[number].canStay);
+    if (controller->brimView() == nullptr) continue;
+    someCanStay = someCanStay || histories_[number].canStay;
+    newestMustStay = histories_[number].mustStay && !controller->dismissCalled();
   }
+  if (newestMustStay && BrimContainer::DismissNotification())
+    return "DismissNotification is true, but the newest banner is persistent";
   if (!someCanStay && !BrimContainer::DismissNotification())
     return "DismissNotification is false, but no banner on screen is persistent or expanded";
   return "";

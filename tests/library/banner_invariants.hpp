@@ -36,6 +36,8 @@ class BannerInvariants {
     bool hadBanner = false;
     // The timer does not have to dismiss the banner: its request excludes that, or a drag can have expanded it.
     bool canStay = false;
+    // The request excludes an automatic dismissal, and the user has not dragged the banner.
+    bool mustStay = false;
   };
 
   std::string violationBy(std::size_t number, BannerController* controller);

@@ -86,20 +86,65 @@ TEST_F(OverlappingEvents, TimerDuringADragThatExpandedTheBanner) {
   EXPECT_TRUE(state(controller).at("expanded"));
 }
 
-TEST_F(OverlappingEvents, ReplacementDuringTheExpansion) {
+TEST_F(OverlappingEvents, NotificationDuringTheExpansion) {
   const int older = present();
   phone.wait(1);
   drag(30);
   phone.wait(0.05);
   const int newer = present({{"title", "Bert"}});
-  phone.wait(0.45);
-  EXPECT_FALSE(state(older).at("isDismissing"));
-  phone.wait(0.1);
-  EXPECT_TRUE(state(older).at("isDismissing"));
-  phone.wait(1);
-  EXPECT_FALSE(state(older).at("brim"));
-  // The newer controller has no banner, because the older banner was persistent when it was attached.
+  phone.wait(2);
+  EXPECT_TRUE(state(older).at("expanded"));
+  EXPECT_FALSE(state(older).at("dismissCalled"));
   EXPECT_FALSE(state(newer).at("brim"));
+}
+
+TEST_F(OverlappingEvents, AlarmBeforeTheReplacedBannerIsDismissed) {
+  const int message = present();
+  phone.wait(1);
+  const int alarm = present({{"dismissAutomatically", false}});
+  phone.wait(1.3);
+  EXPECT_FALSE(state(message).at("brim"));
+  phone.wait(10);
+  EXPECT_TRUE(state(alarm).at("brim"));
+  EXPECT_FALSE(state(alarm).at("dismissNotification"));
+}
+
+TEST_F(OverlappingEvents, CollapseOfTheReplacedBannerDoesNotAffectAnAlarm) {
+  const int message = present();
+  phone.wait(1);
+  const int alarm = present({{"dismissAutomatically", false}});
+  const objc::AutoreleasePool pool;
+  const auto controller = test::controllerOf(message);
+  controller->expandBanner(-100, containerOf(message), false, nullptr);
+  EXPECT_FALSE(state(alarm).at("dismissNotification"));
+}
+
+TEST_F(OverlappingEvents, ExpansionOfTheReplacedBannerDoesNotKeepTheNewerOne) {
+  const int older = present();
+  phone.wait(1);
+  const int newer = present({{"title", "Bert"}});
+  {
+    const objc::AutoreleasePool pool;
+    const auto controller = test::controllerOf(older);
+    controller->expandBanner(1000, containerOf(older), false, nullptr);
+  }
+  phone.wait(6);
+  EXPECT_FALSE(state(newer).at("brim"));
+}
+
+TEST_F(OverlappingEvents, TapOnTheReplacedBannerDismissesItUnderAnAlarm) {
+  const int message = present();
+  phone.wait(1);
+  const int alarm = present({{"dismissAutomatically", false}});
+  phone.wait(0.1);
+  {
+    const objc::AutoreleasePool pool;
+    test::controllerOf(message)->forceDismissNotification(nullptr);
+  }
+  EXPECT_TRUE(state(message).at("isDismissing"));
+  phone.wait(1);
+  EXPECT_FALSE(state(message).at("brim"));
+  EXPECT_TRUE(state(alarm).at("brim"));
 }
 
 TEST_F(OverlappingEvents, LockDuringTheDismissal) {
@@ -222,6 +267,34 @@ TEST_F(OverlappingEvents, ReplyAfterANewerNotification) {
   phone.run({{"do", "key"}, {"name", "return"}});
   phone.wait(2);
   EXPECT_FALSE(state(older).at("brim"));
+}
+
+TEST_F(OverlappingEvents, NewerNotificationKeepsAnUnfinishedReply) {
+  const int older = present({{"section", "com.apple.MobileSMS"}});
+  phone.wait(1);
+  drag(200);
+  phone.wait(1);
+  phone.run({{"do", "type"}, {"text", "See you "}});
+  const int newer = present({{"title", "Bert"}});
+  phone.wait(10);
+  EXPECT_FALSE(state(newer).at("brim"));
+  EXPECT_FALSE(state(older).at("wasExternallyDismissed"));
+  ASSERT_TRUE(isEditing(older));
+  phone.run({{"do", "type"}, {"text", "at one"}});
+  EXPECT_EQ(phone.view(older, "reply").at("text"), "See you at one");
+}
+
+TEST_F(OverlappingEvents, BannerThatOutlastedANewerNotificationIsDismissedByADrag) {
+  const int older = present();
+  phone.wait(1);
+  drag(30);
+  phone.wait(1);
+  const int newer = present({{"title", "Bert"}});
+  phone.wait(1);
+  phone.run({{"do", "drag"}, {"controller", older}, {"by", {0, -100}}});
+  phone.wait(1);
+  EXPECT_TRUE(state(older).at("dismissed"));
+  EXPECT_TRUE(state(newer).at("dismissed"));
 }
 
 TEST_F(OverlappingEvents, HomeButtonDuringTheReply) {
