@@ -9,9 +9,12 @@ set_source_files_properties(
   ${repository}/library/startup/inspection.cpp PROPERTIES COMPILE_DEFINITIONS BRIM_VERSION="${PROJECT_VERSION}")
 add_library(brim_objects OBJECT ${library_sources})
 target_include_directories(brim_objects PRIVATE ${repository})
+# An exception of the platform can pass through the library's functions. Therefore, every function needs unwind tables,
+# which the compiler does not emit for the functions that it creates from repeated code.
 target_compile_options(
   brim_objects
-  PRIVATE -Oz -fblocks -fno-exceptions -fno-rtti -fno-threadsafe-statics -fno-stack-protector -fvisibility=hidden
+  PRIVATE -Oz -fblocks -fno-exceptions -funwind-tables -mno-outline -fno-rtti
+          -fno-threadsafe-statics -fno-stack-protector -fvisibility=hidden
           -fvisibility-inlines-hidden -fno-delete-null-pointer-checks -ffile-prefix-map=${repository}=.)
 if(BRIM_SDK)
   # A newer compiler can have warnings that the supported compilers do not have.

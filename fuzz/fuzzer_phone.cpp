@@ -11,6 +11,7 @@
 #include "platform/ns_url_connection.hpp"
 #include "platform/ns_url_session.hpp"
 #include "simulator/base/foundation_json.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/runner/session.hpp"
 #include "simulator/springboard/services/notification_description.hpp"

@@ -112,29 +112,36 @@ State<Type>& state(const Type* object) {
   return *detail::stateAt<Type, State<Type>>(object);
 }
 
-// Defines the class Type::className as a subclass of Type's superclass, without additional state.
+// Defines the class Type::className as a subclass of Type's superclass, without additional state. Returns false, and
+// defines nothing, if the superclass is missing or the process already has a class of that name.
 template <class Type>
-void defineClass(std::span<const MethodEntry> methods) {
+[[nodiscard]] bool tryToDefineClass(std::span<const MethodEntry> methods) {
   Class superclass = Type::Superclass::classObject();
-  Class defined = objc_allocateClassPair(superclass, Type::className, 0);
+  Class defined = superclass == nullptr ? nullptr : objc_allocateClassPair(superclass, Type::className, 0);
+  if (defined == nullptr) return false;
   detail::addMethods(defined, methods);
   objc_registerClassPair(defined);
+  return true;
 }
 
 // Defines the class and adds State<Type> to each of its objects. +alloc constructs the state, -dealloc destroys it.
+// Returns false also if the runtime rejects an instance variable or does not place the variables as the struct does.
+// The class must not be used then.
 template <class Type>
-void defineClassWithState(std::span<const MethodEntry> methods, std::span<const FieldEntry> fields = {}) {
+[[nodiscard]] bool tryToDefineClassWithState(std::span<const MethodEntry> methods,
+                                             std::span<const FieldEntry> fields = {}) {
   using Struct = State<Type>;
   using Lifecycle = detail::Lifecycle<Type, Struct>;
   Class superclass = Type::Superclass::classObject();
-  Class defined = objc_allocateClassPair(superclass, Type::className, 0);
+  Class defined = superclass == nullptr ? nullptr : objc_allocateClassPair(superclass, Type::className, 0);
+  if (defined == nullptr) return false;
 
   // The instance variable has the name of the class, because the runtime rejects a name that a superclass already uses.
   static constexpr FieldEntry whole = {Type::className, "?", sizeof(Struct), alignof(Struct), 0};
   if (fields.empty()) fields = std::span<const FieldEntry>(&whole, 1);
   for (const FieldEntry& entry : fields)
     if (!class_addIvar(defined, entry.name, entry.size, detail::logarithm(entry.alignment), entry.encoding))
-      __builtin_trap();
+      return false;
 
   Lifecycle::superclass = superclass;
   Lifecycle::superMetaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(superclass)));
@@ -150,7 +157,18 @@ void defineClassWithState(std::span<const MethodEntry> methods, std::span<const 
   const std::ptrdiff_t base = offsetOf(fields.front()) - static_cast<std::ptrdiff_t>(fields.front().offset);
   detail::StateOffset<Type>::offset = base;
   for (const FieldEntry& entry : fields)
-    if (offsetOf(entry) != base + static_cast<std::ptrdiff_t>(entry.offset)) __builtin_trap();
+    if (offsetOf(entry) != base + static_cast<std::ptrdiff_t>(entry.offset)) return false;
+  return true;
+}
+
+// As above, for a process that cannot continue without the class.
+template <class Type>
+void defineClass(std::span<const MethodEntry> methods) {
+  if (!tryToDefineClass<Type>(methods)) __builtin_trap();
+}
+template <class Type>
+void defineClassWithState(std::span<const MethodEntry> methods, std::span<const FieldEntry> fields = {}) {
+  if (!tryToDefineClassWithState<Type>(methods, fields)) __builtin_trap();
 }
 
 // Adds methods to an existing class. Does nothing if the class is null.

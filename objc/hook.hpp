@@ -126,15 +126,20 @@ struct InstalledMethod {
   bool effective;  // false if the process has no such class or the hook found no method to replace
 };
 
-// Installs one method. Does nothing if this process does not have the class.
-inline InstalledMethod install(const MethodRow& row) {
+// Replaces the implementation of a method that the class defines or inherits, and stores the original implementation at
+// `replaced`. Leaves `replaced` unchanged if there is no such method.
+using HookFunction = void(Class target, SEL selector, IMP replacement, IMP* replaced);
+
+// Installs one method. Does nothing if this process does not have the class, or does not have the method to replace.
+inline InstalledMethod install(const MethodRow& row, HookFunction* hookFunction) {
   Class target = reinterpret_cast<Class>(row.level == Level::Class ? objc_getMetaClass(row.className)
                                                                    : objc_getClass(row.className));
   const SEL selector = sel_registerName(row.selector);
   bool effective = false;
   if (row.kind == RowKind::Hook) {
-    if (target != nullptr) {
-      MSHookMessageEx(target, selector, row.implementation, row.replaced);
+    // Without this check, some code-injection loaders would add a missing method.
+    if (target != nullptr && class_getInstanceMethod(target, selector) != nullptr) {
+      hookFunction(target, selector, row.implementation, row.replaced);
       effective = *row.replaced != nullptr;
     }
   } else {

@@ -26,10 +26,6 @@ id objc_storeWeak(id* location, id object);
 id objc_loadWeakRetained(id* location);
 void objc_destroyWeak(id* location);
 
-// Replaces the implementation of a method that the class defines or inherits, and stores the original implementation at
-// `replaced`. Leaves `replaced` unchanged if there is no such method.
-void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced);
-
 void* _Block_copy(const void* block);
 void _Block_release(const void* block);
 extern void* _NSConcreteStackBlock[];

@@ -1,12 +1,18 @@
-// Looking up symbols of the running process.
+// Looking up symbols of the running process. Any thread.
 #pragma once
 
 #include <dlfcn.h>
 
-// The mode to pass to dlopen together with a null path, in order to look up symbols of the running process. Linux
-// requires a binding mode; the phone has a default.
+// The symbol of the program or of one of its libraries with global symbols. Null if there is none.
+inline void* symbolInProcess(const char* name) {
+  // Linux requires a binding mode; the phone has a default.
 #if defined(__APPLE__)
-inline constexpr int globalSymbolsMode = RTLD_GLOBAL;
+  constexpr int mode = RTLD_GLOBAL;
 #else
-inline constexpr int globalSymbolsMode = RTLD_GLOBAL | RTLD_LAZY;
+  constexpr int mode = RTLD_GLOBAL | RTLD_LAZY;
 #endif
+  void* const program = dlopen(nullptr, mode);
+  void* const symbol = dlsym(program, name);
+  dlclose(program);
+  return symbol;
+}

@@ -37,6 +37,7 @@ const char* class_getName(Class examined);
 Class class_getSuperclass(Class examined);
 Ivar class_getInstanceVariable(Class examined, const char* name);
 IMP class_getMethodImplementation(Class examined, SEL selector);
+Method class_getInstanceMethod(Class examined, SEL selector);
 BOOL class_addMethod(Class changed, SEL selector, IMP implementation, const char* encoding);
 BOOL class_addIvar(Class changed, const char* name, size_t size, uint8_t alignmentLogarithm, const char* encoding);
 

@@ -39,7 +39,8 @@ const SupportedApplication* supportedApplication(NSString* bundleIdentifier) {
   return nullptr;
 }
 
-void registerPhotoProviders() {
+bool registerPhotoProviders() {
   for (const SupportedApplication& application : table)
-    if (!sharesProviderWithEarlierRow(application)) application.registerPhotoProvider();
+    if (!sharesProviderWithEarlierRow(application) && !application.registerPhotoProvider()) return false;
+  return true;
 }

@@ -11,7 +11,7 @@ struct SupportedApplication {
   const bool* isEnabled;
   // The class of the photo provider, and the function that registers it with the runtime.
   Class (*photoProvider)();
-  void (*registerPhotoProvider)();
+  bool (*registerPhotoProvider)();
   // The name of the glyph in the asset bundle's folders glyphs/black and glyphs/white.
   const char* glyph;
 };
@@ -21,8 +21,9 @@ std::span<const SupportedApplication> supportedApplications();
 // The row of the application. nullptr if the application is not supported. The identifier is compared exactly.
 const SupportedApplication* supportedApplication(NSString* bundleIdentifier);
 
-// Registers the providers' classes, in the order of the table. Call once.
-void registerPhotoProviders();
+// Registers the providers' classes, in the order of the table. Call once. Returns false if a class cannot be
+// registered.
+bool registerPhotoProviders();
 
 // The Messages app, which sends replies and read receipts on behalf of its banners.
 inline NSString* messagesIdentifier() { return "com.apple.MobileSMS"_ns; }

@@ -37,11 +37,9 @@ objc::Ref<BBBulletin> testBulletin() {
 
 // A process with a bulletin server exports its queue under this symbol.
 dispatch_queue_t lookUpServerQueue() {
-  void* program = dlopen(nullptr, globalSymbolsMode);
-  auto* symbol = static_cast<dispatch_queue_t*>(dlsym(program, "__BBServerQueue"));
+  const auto* const symbol = static_cast<dispatch_queue_t*>(symbolInProcess("__BBServerQueue"));
   const dispatch_queue_t queue = symbol == nullptr ? nullptr : *symbol;
   if (queue != nullptr) dispatch_retain(queue);
-  dlclose(program);
   return queue;
 }
 

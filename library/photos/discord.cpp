@@ -23,4 +23,4 @@ void contactPhoto(BrimDiscordContactPhotoProvider*, NCNotificationRequest* reque
 
 }  // namespace
 
-void registerDiscordProvider() { defineProvider<BrimDiscordContactPhotoProvider, &contactPhoto>(); }
+bool registerDiscordProvider() { return defineProvider<BrimDiscordContactPhotoProvider, &contactPhoto>(); }

@@ -10,8 +10,7 @@ namespace endpoints {
 namespace {
 
 NSString* endpoint(NSString* name, NSString* publicHost) {
-  NSString* file = assetBundlePath()->stringByAppendingString("/endpoints.plist"_ns);
-  NSString* configured = textAt(readPropertyList(file), name);
+  NSString* configured = textAt(readPropertyList(assetPath("endpoints.plist"_ns)), name);
   return webAddress(configured) == nullptr ? publicHost : configured;
 }
 

@@ -57,4 +57,4 @@ constexpr objc::MethodEntry methods[] = {
 
 }  // namespace
 
-void registerFolderFinder() { objc::defineClass<FolderFinder>(methods); }
+bool registerFolderFinder() { return objc::tryToDefineClass<FolderFinder>(methods); }

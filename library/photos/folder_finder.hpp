@@ -26,4 +26,5 @@ class FolderFinder : public objc::Interface<"FolderFinder", NSObject> {
   }
 };
 
-void registerFolderFinder();
+// Call once. Returns false if the class cannot be defined.
+bool registerFolderFinder();

@@ -12,4 +12,4 @@ void contactPhoto(BrimInstagramContactPhotoProvider*, NCNotificationRequest* req
 
 }  // namespace
 
-void registerInstagramProvider() { defineProvider<BrimInstagramContactPhotoProvider, &contactPhoto>(); }
+bool registerInstagramProvider() { return defineProvider<BrimInstagramContactPhotoProvider, &contactPhoto>(); }

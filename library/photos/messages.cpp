@@ -83,4 +83,4 @@ void contactPhoto(BrimMessagesContactPhotoProvider*, NCNotificationRequest* requ
 
 }  // namespace
 
-void registerMessagesProvider() { defineProvider<BrimMessagesContactPhotoProvider, &contactPhoto>(); }
+bool registerMessagesProvider() { return defineProvider<BrimMessagesContactPhotoProvider, &contactPhoto>(); }

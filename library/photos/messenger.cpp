@@ -22,4 +22,4 @@ void contactPhoto(BrimMessengerContactPhotoProvider*, NCNotificationRequest* req
 
 }  // namespace
 
-void registerMessengerProvider() { defineProvider<BrimMessengerContactPhotoProvider, &contactPhoto>(); }
+bool registerMessengerProvider() { return defineProvider<BrimMessengerContactPhotoProvider, &contactPhoto>(); }

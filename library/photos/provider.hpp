@@ -37,20 +37,21 @@ class BrimMessengerContactPhotoProvider
 class BrimTelegramContactPhotoProvider
     : public objc::Interface<"BrimTelegramContactPhotoProvider", ContactPhotoProvider> {};
 
-void registerWhatsAppProvider();
-void registerMessagesProvider();
-void registerTwitterProvider();
-void registerSlackProvider();
-void registerDiscordProvider();
-void registerInstagramProvider();
-void registerMessengerProvider();
-void registerTelegramProvider();
+// Register the classes of the providers. Call each function once. They return false if the class cannot be defined.
+bool registerWhatsAppProvider();
+bool registerMessagesProvider();
+bool registerTwitterProvider();
+bool registerSlackProvider();
+bool registerDiscordProvider();
+bool registerInstagramProvider();
+bool registerMessengerProvider();
+bool registerTelegramProvider();
 
 // Defines the class of a provider. The function is its only method.
 template <class Provider, auto contactPhoto>
-void defineProvider() {
+[[nodiscard]] bool defineProvider() {
   static constexpr objc::MethodEntry methods[] = {
       objc::method<"contactPhotoForNotification:withHeader:withBody:forView:", contactPhoto>(),
   };
-  objc::defineClass<Provider>(methods);
+  return objc::tryToDefineClass<Provider>(methods);
 }

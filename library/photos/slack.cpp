@@ -38,4 +38,4 @@ void contactPhoto(BrimSlackContactPhotoProvider*, NCNotificationRequest* request
 
 }  // namespace
 
-void registerSlackProvider() { defineProvider<BrimSlackContactPhotoProvider, &contactPhoto>(); }
+bool registerSlackProvider() { return defineProvider<BrimSlackContactPhotoProvider, &contactPhoto>(); }

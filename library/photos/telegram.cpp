@@ -20,4 +20,4 @@ void contactPhoto(BrimTelegramContactPhotoProvider*, NCNotificationRequest* requ
 
 }  // namespace
 
-void registerTelegramProvider() { defineProvider<BrimTelegramContactPhotoProvider, &contactPhoto>(); }
+bool registerTelegramProvider() { return defineProvider<BrimTelegramContactPhotoProvider, &contactPhoto>(); }

@@ -75,4 +75,4 @@ constexpr objc::MethodEntry methods[] = {
 
 }  // namespace
 
-void registerTwitterProvider() { objc::defineClass<BrimTwitterContactPhotoProvider>(methods); }
+bool registerTwitterProvider() { return objc::tryToDefineClass<BrimTwitterContactPhotoProvider>(methods); }

@@ -46,4 +46,4 @@ void contactPhoto(BrimWhatsAppContactPhotoProvider*, NCNotificationRequest* requ
 
 }  // namespace
 
-void registerWhatsAppProvider() { defineProvider<BrimWhatsAppContactPhotoProvider, &contactPhoto>(); }
+bool registerWhatsAppProvider() { return defineProvider<BrimWhatsAppContactPhotoProvider, &contactPhoto>(); }

@@ -43,7 +43,7 @@ const char* notificationViewClass() {
 
 // The interface fixes the names of the added methods and properties, their spelling included.
 // clang-format off
-void installHookTable() {
+void installHookTable(objc::HookFunction* hookFunction) {
   const char* notificationView = notificationViewClass();
   const objc::Row table[] = {
       objc::hook<"didMoveToSuperview", &notificationViewDidMove>(notificationView),
@@ -110,7 +110,7 @@ void installHookTable() {
   // clang-format on
   for (const objc::Row& row : table)
     for (std::size_t index = 0; index < row.count; ++index)
-      installed[installedCount++] = objc::install(row.methods[index]);
+      installed[installedCount++] = objc::install(row.methods[index], hookFunction);
 }
 
 std::span<const objc::InstalledMethod> installedMethods() { return {installed, installedCount}; }

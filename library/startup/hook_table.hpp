@@ -7,7 +7,7 @@
 #include "objc/hook.hpp"
 
 // Installs every row, in order. Call once, at start-up.
-void installHookTable();
+void installHookTable(objc::HookFunction* hookFunction);
 
 // The installed methods, in order. Empty before installHookTable. Valid until the process ends.
 std::span<const objc::InstalledMethod> installedMethods();

@@ -3,6 +3,7 @@
 #include "library/photos/folder_finder.hpp"
 #include "library/settings/settings.hpp"
 #include "library/startup/hook_table.hpp"
+#include "library/startup/injected_environment.hpp"
 #include "library/utilities/diagnostic_log.hpp"
 #include "library/utilities/ns_string_md5.hpp"
 #include "library/utilities/parent_view_controller.hpp"
@@ -10,27 +11,38 @@
 #include "library/view/brim_colors.hpp"
 #include "library/view/brim_container.hpp"
 #include "objc/autorelease_pool.hpp"
+#include "platform/foundation_log.hpp"
 
 namespace {
 
-// Superclasses first.
-void registerClasses() {
+// Superclasses first. Returns false if a class cannot be registered, for example because another copy of the library
+// has registered it.
+bool registerClasses() {
   registerStringUtilities();
   registerViewUtilities();
-  registerTypeCheckHelper();
-  registerBrimColors();
-  registerBannerClasses();
-  registerFolderFinder();
-  registerPhotoProviders();
+  return registerTypeCheckHelper() && registerBrimColors() && registerBannerClasses() && registerFolderFinder() &&
+         registerPhotoProviders();
 }
 
 [[gnu::constructor]] void start() {
   const objc::AutoreleasePool pool;
+  if (!loadPreferences()) {
+    NSLog("Brim is inactive: no installed framework has the class HBPreferences."_ns);
+    return;
+  }
   settings::registerAll();
   if (!settings::enabled) return;
   diagnosticLog("-- Brim enabled --");
-  registerClasses();
-  installHookTable();
+  objc::HookFunction* const hookFunction = findHookFunction();
+  if (hookFunction == nullptr) {
+    NSLog("Brim is inactive: no code-injection loader has the function MSHookMessageEx."_ns);
+    return;
+  }
+  if (!registerClasses()) {
+    NSLog("Brim is inactive: the runtime did not register a class of the library."_ns);
+    return;
+  }
+  installHookTable(hookFunction);
 }
 
 }  // namespace

@@ -2,11 +2,37 @@
 
 #include "objc/ownership.hpp"
 
+namespace {
+
+// Packages are installed in the root folder or, on later systems, in /var/jb.
+constexpr const char* folders[] = {
+    "/Library/Application Support/Brim/Assets.bundle",
+    "/var/jb/Library/Application Support/Brim/Assets.bundle",
+};
+
+struct OpenedBundle {
+  NSBundle* bundle = nullptr;
+  const char* folder = nullptr;
+};
+
 // Opened once and never released, because the platform reads a released bundle from its folder again.
-NSBundle* assetBundle() {
-  static NSBundle* opened = nullptr;
-  if (opened == nullptr) opened = objc::retain(NSBundle::bundleWithPath(assetBundlePath())).leak();
+const OpenedBundle& openedBundle() {
+  static OpenedBundle opened;
+  for (const char* folder : folders) {
+    if (opened.bundle != nullptr) break;
+    opened = {objc::retain(NSBundle::bundleWithPath(NSString::stringWithUTF8String(folder))).leak(), folder};
+  }
   return opened;
+}
+
+}  // namespace
+
+NSBundle* assetBundle() { return openedBundle().bundle; }
+
+NSString* assetPath(NSString* file) {
+  const OpenedBundle& opened = openedBundle();
+  if (opened.bundle == nullptr) return nullptr;
+  return NSString::stringWithUTF8String(opened.folder)->stringByAppendingString("/"_ns)->stringByAppendingString(file);
 }
 
 NSString* localizedText(NSBundle* bundle, NSString* key, NSString* fallback) {

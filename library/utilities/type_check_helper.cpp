@@ -29,4 +29,4 @@ constexpr objc::MethodEntry methods[] = {
 
 }  // namespace
 
-void registerTypeCheckHelper() { objc::defineClass<TypeCheckHelper>(methods); }
+bool registerTypeCheckHelper() { return objc::tryToDefineClass<TypeCheckHelper>(methods); }

@@ -9,4 +9,5 @@ class TypeCheckHelper : public objc::Interface<"TypeCheckHelper", NSObject> {
   static NSString* getTypeOf(NSObject* object) { return objc::send<NSString*, "getTypeOf:">(classObject(), object); }
 };
 
-void registerTypeCheckHelper();
+// Call once. Returns false if the class cannot be defined.
+bool registerTypeCheckHelper();

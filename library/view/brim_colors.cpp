@@ -113,7 +113,8 @@ constexpr objc::PropertyEntry properties[] = {
 
 }  // namespace
 
-void registerBrimColors() {
-  objc::defineClassWithState<BrimColors>(methods);
+bool registerBrimColors() {
+  if (!objc::tryToDefineClassWithState<BrimColors>(methods)) return false;
   objc::addProperties(BrimColors::classObject(), properties);
+  return true;
 }

@@ -25,4 +25,5 @@ class BrimColors : public objc::Interface<"BrimColors", NSObject> {
   UIColor* containerDeleteColor() const { return objc::send<UIColor*, "containerDeleteColor">(this); }
 };
 
-void registerBrimColors();
+// Call once. Returns false if the class cannot be defined.
+bool registerBrimColors();

@@ -200,9 +200,10 @@ constexpr objc::MethodEntry methods[] = {
 
 }  // namespace
 
-void registerBannerClasses() {
-  objc::defineClass<BrimLabel>({});
-  objc::defineClass<BrimTextField>({});
-  objc::defineClassWithState<BrimContainer>(methods, fields);
+bool registerBannerClasses() {
+  if (!objc::tryToDefineClass<BrimLabel>({}) || !objc::tryToDefineClass<BrimTextField>({}) ||
+      !objc::tryToDefineClassWithState<BrimContainer>(methods, fields))
+    return false;
   objc::addProperties(BrimContainer::classObject(), properties);
+  return true;
 }

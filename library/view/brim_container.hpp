@@ -119,5 +119,5 @@ class BrimNotificationDelegate : public objc::Interface<"NSObject", NSObject> {
   }
 };
 
-// Registers BrimLabel, BrimTextField and BrimContainer. Call once.
-void registerBannerClasses();
+// Registers BrimLabel, BrimTextField and BrimContainer. Call once. Returns false if one of them cannot be defined.
+bool registerBannerClasses();

@@ -1,6 +1,7 @@
 #include "simulator/foundation/dates.hpp"
 
 #include "platform/ns_date.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/foundation/main_queue.hpp"
 
 namespace foundation {

@@ -4,6 +4,7 @@
 
 #include "objc/send.hpp"
 #include "simulator/foundation/associated_objects.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/foundation/weak_references.hpp"
 
 namespace foundation {

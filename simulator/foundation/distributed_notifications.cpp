@@ -6,6 +6,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "objc/class_definition.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/notification_daemon.hpp"
 

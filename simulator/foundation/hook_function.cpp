@@ -1,6 +1,4 @@
-// The hook function of the phone's code-injection loader. For an inherited method it returns the superclass's current
-// implementation as the original, so hooks on superclasses must be installed first.
-#include "objc/runtime.hpp"
+#include "simulator/foundation/hook_function.hpp"
 
 namespace {
 

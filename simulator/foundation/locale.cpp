@@ -7,6 +7,7 @@
 #include "objc/ownership.hpp"
 #include "platform/ns_array.hpp"
 #include "platform/ns_string.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/foundation/localized_strings.hpp"
 
 namespace foundation {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/ns_bundle.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/foundation/locale.hpp"
 #include "simulator/foundation/property_list_files.hpp"
 

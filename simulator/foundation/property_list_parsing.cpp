@@ -5,6 +5,7 @@
 #include "objc/hook.hpp"
 #include "platform/ns_property_list_serialization.hpp"
 #include "simulator/foundation/binary_property_list.hpp"
+#include "simulator/foundation/hook_function.hpp"
 
 namespace foundation {
 

@@ -2,6 +2,7 @@
 
 #include "objc/hook.hpp"
 #include "platform/ns_bundle.hpp"
+#include "simulator/foundation/hook_function.hpp"
 
 namespace foundation {
 

@@ -3,6 +3,7 @@
 #include "platform/ns_data.hpp"
 #include "platform/ns_file_manager.hpp"
 #include "simulator/foundation/defaults_isolation.hpp"
+#include "simulator/foundation/hook_function.hpp"
 
 extern "C" const char* GSPathHandling(const char* mode);
 

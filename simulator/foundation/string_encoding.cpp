@@ -4,6 +4,7 @@
 
 #include "objc/hook.hpp"
 #include "platform/ns_data.hpp"
+#include "simulator/foundation/hook_function.hpp"
 
 namespace foundation {
 

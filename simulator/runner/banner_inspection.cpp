@@ -9,6 +9,7 @@
 #include "platform/ui_image.hpp"
 #include "simulator/base/event_log.hpp"
 #include "simulator/base/foundation_json.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"

@@ -170,7 +170,7 @@ class BindProgram {
 
   void bind(std::vector<Bind>& binds, std::uint64_t times, std::uint64_t skipped) {
     for (; times > 0; --times) {
-      binds.push_back({address, symbol, file.libraries.at(library - 1)});
+      binds.push_back({address, symbol, file.libraries.at(library - 1).path});
       address += pointerSize + skipped;
     }
   }

@@ -42,14 +42,22 @@ TEST(LibraryFile, HasItsInstallPath) {
 }
 
 TEST(LibraryFile, LinksThePlatformsLibrariesButNoCppRuntime) {
-  std::vector<std::string> loaded = library().libraries;
+  std::vector<std::string> loaded;
+  for (const device::LinkedLibrary& linked : library().libraries) loaded.push_back(linked.path);
   std::sort(loaded.begin(), loaded.end());
   EXPECT_EQ(loaded,
-            (std::vector<std::string>{"/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate",
-                                      "/System/Library/Frameworks/AudioToolbox.framework/AudioToolbox",
+            (std::vector<std::string>{"/System/Library/Frameworks/AudioToolbox.framework/AudioToolbox",
                                       "/System/Library/Frameworks/Contacts.framework/Contacts",
+                                      "/System/Library/Frameworks/Foundation.framework/Foundation",
                                       "/System/Library/Frameworks/UIKit.framework/UIKit", "/usr/lib/libSystem.B.dylib",
                                       "/usr/lib/libobjc.A.dylib", "/usr/lib/libsqlite3.dylib"}));
+}
+
+TEST(LibraryFile, AcceptsEveryVersionOfThePlatformsLibraries) {
+  for (const device::LinkedLibrary& linked : library().libraries) {
+    EXPECT_EQ(linked.currentVersion, device::Version{}) << linked.path;
+    EXPECT_EQ(linked.compatibilityVersion, device::Version{}) << linked.path;
+  }
 }
 
 TEST(LibraryFile, HasOnlyLoadCommandsOfSystemVersion11_2) {

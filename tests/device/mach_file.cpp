@@ -78,7 +78,9 @@ void MachFile::readCommand(CommandKind kind, std::span<const std::uint8_t> comma
     case CommandKind::Segment64:
       return readSegment(command);
     case CommandKind::LoadLibrary:
-      libraries.push_back(textIn(command));
+      body.skip(2 * sizeof(std::uint32_t));
+      libraries.push_back({textIn(command), {body.number<std::uint32_t>()}, {}});
+      libraries.back().compatibilityVersion = {body.number<std::uint32_t>()};
       return;
     case CommandKind::LibraryIdentity:
       installName = textIn(command);

@@ -77,6 +77,13 @@ struct Version {
 };
 constexpr Version version(std::uint32_t major, std::uint32_t minor) { return {major << 16 | minor << 8}; }
 
+struct LinkedLibrary {
+  std::string path;
+  Version currentVersion;
+  // The dynamic linker refuses an installed library that is older.
+  Version compatibilityVersion;
+};
+
 struct MachFile {
   // Throws std::runtime_error if the file has another format or is damaged.
   static MachFile read(const std::filesystem::path& path);
@@ -93,7 +100,7 @@ struct MachFile {
   std::uint32_t flags = 0;
   std::vector<CommandKind> commands;
   std::vector<Segment> segments;
-  std::vector<std::string> libraries;
+  std::vector<LinkedLibrary> libraries;
   std::string installName;
   Version minimumSystem;
   Version builtFor;

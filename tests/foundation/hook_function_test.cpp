@@ -5,6 +5,7 @@
 #include "objc/ownership.hpp"
 #include "objc/runtime.hpp"
 #include "platform/ns_string.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "tests/objc/runtime_environment.hpp"
 
 namespace {

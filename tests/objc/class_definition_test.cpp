@@ -12,6 +12,10 @@ class TestAnimal : public objc::Interface<"BrimTestAnimal", NSObject> {};
 class TestDog : public objc::Interface<"BrimTestDog", TestAnimal> {};
 class TestRecord : public objc::Interface<"BrimTestRecord", NSObject> {};
 class TestAligned : public objc::Interface<"BrimTestAligned", NSObject> {};
+class TestTwin : public objc::Interface<"BrimTestTwin", NSObject> {};
+class TestMissing : public objc::Interface<"NoSuchClassAnywhere", NSObject> {};
+class TestOrphan : public objc::Interface<"BrimTestOrphan", TestMissing> {};
+class TestClash : public objc::Interface<"BrimTestClash", TestRecord> {};
 
 namespace {
 
@@ -48,6 +52,14 @@ struct objc::StateOf<TestRecord> {
   using Type = RecordState;
 };
 template <>
+struct objc::StateOf<TestOrphan> {
+  using Type = AlignedState;
+};
+template <>
+struct objc::StateOf<TestClash> {
+  using Type = RecordState;
+};
+template <>
 struct objc::StateOf<TestAligned> {
   using Type = AlignedState;
 };
@@ -60,20 +72,21 @@ int dogSound(TestDog* self) {
   return 10 * objc::sendSuper<"BrimTestDog", int, "sound">(self) + objc::state(self).barks;
 }
 
+constexpr objc::FieldEntry recordFields[] = {
+    objc::field<bool>("_flag", offsetof(RecordState, flag)),
+    objc::field<NSInteger>("_number", offsetof(RecordState, number)),
+    objc::field<objc::Ref<NSString>>("_text", offsetof(RecordState, text)),
+    objc::field<objc::Weak<NSObject>>("_owner", offsetof(RecordState, owner)),
+};
+
 void defineTestClasses() {
   if (TestAnimal::classObject() != nullptr) return;
   static constexpr objc::MethodEntry animalMethods[] = {objc::method<"sound", &sound>(),
                                                         objc::classMethod<"legs", &legs>()};
   static constexpr objc::MethodEntry dogMethods[] = {objc::method<"sound", &dogSound>()};
-  static const objc::FieldEntry fields[] = {
-      objc::field<bool>("_flag", offsetof(RecordState, flag)),
-      objc::field<NSInteger>("_number", offsetof(RecordState, number)),
-      objc::field<objc::Ref<NSString>>("_text", offsetof(RecordState, text)),
-      objc::field<objc::Weak<NSObject>>("_owner", offsetof(RecordState, owner)),
-  };
   objc::defineClassWithState<TestAnimal>(animalMethods);
   objc::defineClassWithState<TestDog>(dogMethods);
-  objc::defineClassWithState<TestRecord>({}, fields);
+  objc::defineClassWithState<TestRecord>({}, recordFields);
   objc::defineClassWithState<TestAligned>({});
   static constexpr objc::PropertyEntry properties[] = {
       objc::stored<"number", TestRecord, &RecordState::number>(),
@@ -148,6 +161,24 @@ TEST_F(ClassDefinition, StateIsAligned) {
   for (const auto* object : {first.get(), second.get()})
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(&objc::state(object)) % 16, 0U);
   EXPECT_EQ(objc::state(second.get()).numbers[1], 2);
+}
+
+TEST_F(ClassDefinition, FailsIfTheNameIsInUse) {
+  ASSERT_TRUE(objc::tryToDefineClass<TestTwin>({}));
+  EXPECT_FALSE(objc::tryToDefineClass<TestTwin>({}));
+  EXPECT_FALSE(objc::tryToDefineClassWithState<TestRecord>({}, recordFields));
+}
+
+TEST_F(ClassDefinition, FailsIfTheSuperclassIsMissing) {
+  EXPECT_FALSE(objc::tryToDefineClass<TestOrphan>({}));
+  EXPECT_FALSE(objc::tryToDefineClassWithState<TestOrphan>({}));
+  EXPECT_EQ(TestOrphan::classObject(), nullptr);
+}
+
+TEST_F(ClassDefinition, FailsIfTheRuntimeRejectsAnInstanceVariable) {
+  // The superclass has instance variables of the same names.
+  EXPECT_FALSE(objc::tryToDefineClassWithState<TestClash>({}, recordFields));
+  EXPECT_EQ(TestClash::classObject(), nullptr);
 }
 
 TEST_F(ClassDefinition, CategoriesAddMethodsWithoutReplacingExistingOnes) {

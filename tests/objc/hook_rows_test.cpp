@@ -1,6 +1,7 @@
 #include "objc/hook.hpp"
 
 #include "platform/ns_string.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "tests/objc/counted.hpp"
 #include "tests/objc/runtime_environment.hpp"
 
@@ -22,8 +23,10 @@ void defineHooked() {
   if (TestHooked::classObject() == nullptr) objc::defineClass<TestHooked>(methods);
 }
 
+objc::InstalledMethod install(const objc::MethodRow& row) { return objc::install(row, &MSHookMessageEx); }
+
 void installRow(const objc::Row& row) {
-  for (std::size_t index = 0; index < row.count; ++index) objc::install(row.methods[index]);
+  for (std::size_t index = 0; index < row.count; ++index) install(row.methods[index]);
 }
 
 class HookRows : public RuntimeTest {
@@ -33,7 +36,7 @@ class HookRows : public RuntimeTest {
 
 TEST_F(HookRows, HookCallsTheReplacedImplementation) {
   const objc::Row row = objc::hook<"scaled:", &scaledByHook>("BrimTestHooked");
-  const objc::InstalledMethod installed = objc::install(row.methods[0]);
+  const objc::InstalledMethod installed = install(row.methods[0]);
   EXPECT_TRUE(installed.effective);
   EXPECT_STREQ(installed.encoding, "d@:d");
   EXPECT_DOUBLE_EQ((objc::send<double, "scaled:">(objc::make<TestHooked>().get(), 3.0)), 6.5);
@@ -41,20 +44,21 @@ TEST_F(HookRows, HookCallsTheReplacedImplementation) {
 
 TEST_F(HookRows, HookOfAMissingMethodHasNoEffect) {
   const objc::Row row = objc::hook<"missing", &neverReached>("BrimTestHooked");
-  EXPECT_FALSE(objc::install(row.methods[0]).effective);
+  const auto refuseToHook = [](Class, SEL, IMP, IMP*) { ADD_FAILURE() << "some loaders would add the method"; };
+  EXPECT_FALSE(objc::install(row.methods[0], refuseToHook).effective);
   EXPECT_FALSE(respondsTo<"missing">(objc::make<TestHooked>()));
 }
 
 TEST_F(HookRows, RowsOfAMissingClassHaveNoEffect) {
-  EXPECT_FALSE(objc::install(objc::hook<"scaled:", &scaledByHook>("NoSuchClassAnywhere").methods[0]).effective);
-  EXPECT_FALSE(objc::install(objc::add<"isAdded", &isAdded>("NoSuchClassAnywhere").methods[0]).effective);
+  EXPECT_FALSE(install(objc::hook<"scaled:", &scaledByHook>("NoSuchClassAnywhere").methods[0]).effective);
+  EXPECT_FALSE(install(objc::add<"isAdded", &isAdded>("NoSuchClassAnywhere").methods[0]).effective);
 }
 
 TEST_F(HookRows, MethodIsAddedOnlyOnce) {
   const objc::Row row = objc::add<"isAdded", &isAdded>("BrimTestHooked");
-  EXPECT_TRUE(objc::install(row.methods[0]).effective);
+  EXPECT_TRUE(install(row.methods[0]).effective);
   EXPECT_TRUE((objc::send<bool, "isAdded">(objc::make<TestHooked>().get())));
-  EXPECT_FALSE(objc::install(row.methods[0]).effective) << "the class already has the method";
+  EXPECT_FALSE(install(row.methods[0]).effective) << "the class already has the method";
 }
 
 TEST_F(HookRows, AddedClassMethodsCanBeSentToTheClass) {

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include "platform/ns_url_connection.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "tests/photos/photo_phone.hpp"
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include "library/view/brim_container.hpp"
 #include "objc/hook.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/uikit/images/image_class.hpp"
 
 namespace test {

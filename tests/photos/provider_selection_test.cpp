@@ -5,6 +5,7 @@
 #include "library/photos/provider.hpp"
 #include "library/view/brim_container.hpp"
 #include "objc/hook.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "tests/photos/photo_phone.hpp"
 
 namespace {

@@ -7,6 +7,7 @@
 #include "platform/ns_distributed_notification_center.hpp"
 #include "simulator/base/event_log.hpp"
 #include "simulator/base/foundation_json.hpp"
+#include "simulator/foundation/hook_function.hpp"
 
 namespace springboard {
 

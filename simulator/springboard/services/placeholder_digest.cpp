@@ -4,6 +4,7 @@
 
 #include "objc/hook.hpp"
 #include "platform/ui_image.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/springboard/services/applications.hpp"
 
 namespace springboard {

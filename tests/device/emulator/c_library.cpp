@@ -152,6 +152,7 @@ void CLibrary::supplySymbols(Imports& imports) {
 }
 
 void CLibrary::supplyPlatform(Imports& imports) {
+  imports.add("NSLog", [](HostCall&) {});
   for (const char* name : {"AudioServicesPlaySystemSound", "AudioServicesPlayAlertSound"}) {
     imports.add(name, [this, name](HostCall& call) {
       sounds.push_back(std::string(name) + " " + std::to_string(static_cast<std::uint32_t>(call.processor.x(0))));

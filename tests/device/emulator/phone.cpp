@@ -27,6 +27,7 @@ Phone::Phone(Platform started, Process process)
   pictures.emplace(imports, runtime, processor);
   defineViewToolkit(runtime, platform);
   if (process == Process::HomeScreen) defineHookedClasses(runtime, platform);
+  c.symbols["MSHookMessageEx"] = imports.resolve("_MSHookMessageEx", "");
   image.emplace(processor, libraryFile(), [this](const std::string& symbol, const std::string& exportedBy) {
     return imports.resolve(symbol, exportedBy);
   });

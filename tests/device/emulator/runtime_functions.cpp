@@ -132,6 +132,11 @@ void supplyRuntimeFunctions(Imports& imports, ObjectiveC& runtime, std::vector<C
     call.processor.setX(0, runtime.implementation(runtime.classAt(call.processor.x(0)), call.processor.x(1)));
   });
   imports.add("class_addMethod", [&runtime, &changes](HostCall& call) { addMethod(call, runtime, changes); });
+  imports.add("class_getInstanceMethod", [&runtime](HostCall& call) {
+    const ClassRecord& type = runtime.classAt(call.processor.x(0));
+    const bool exists = type.findMethod(runtime.selectorName(call.processor.x(1))) != nullptr;
+    call.processor.setX(0, exists ? call.processor.x(1) : 0);
+  });
   imports.add("MSHookMessageEx", [&runtime, &changes](HostCall& call) { hookMessage(call, runtime, changes); });
 }
 

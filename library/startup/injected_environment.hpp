@@ -1,0 +1,12 @@
+// The software of other packages that the library needs on a phone: the preferences framework and the code-injection
+// loader. A phone's packages are installed either in the root folder or in /var/jb. Main thread.
+#pragma once
+
+#include "objc/hook.hpp"
+
+// Loads the preferences framework, unless the process has its class HBPreferences. Returns whether the process has the
+// class.
+bool loadPreferences();
+
+// The loader's function that replaces methods. Null if the process has no loader and none is installed.
+objc::HookFunction* findHookFunction();
