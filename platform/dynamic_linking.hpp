@@ -1,10 +1,10 @@
-// Looking up symbols of the running process.
+// Looks up symbols of the running process. Any thread.
 #pragma once
 
 #include <dlfcn.h>
 
-// The mode to pass to dlopen together with a null path, in order to look up symbols of the running process. Linux
-// requires a binding mode; the phone has a default.
+// The mode argument of dlopen for a null path, which stands for the running process. Linux requires a binding mode in
+// this argument; the phone has a default.
 #if defined(__APPLE__)
 inline constexpr int globalSymbolsMode = RTLD_GLOBAL;
 #else
