@@ -13,7 +13,7 @@
 
 namespace {
 
-// Superclasses first.
+// Registers each superclass before its subclasses.
 void registerClasses() {
   registerStringUtilities();
   registerViewUtilities();

@@ -2,7 +2,8 @@
 
 #include "objc/ownership.hpp"
 
-// Opened once and never released, because the platform reads a released bundle from its folder again.
+// The bundle is opened once and never released. If it were released, the platform would read it from its folder again
+// at the next use.
 NSBundle* assetBundle() {
   static NSBundle* opened = nullptr;
   if (opened == nullptr) opened = objc::retain(NSBundle::bundleWithPath(assetBundlePath())).leak();

@@ -6,8 +6,9 @@
 
 inline NSString* assetBundlePath() { return "/Library/Application Support/Brim/Assets.bundle"_ns; }
 
-// Lives until the process ends. nil while no bundle is installed.
+// Returns the bundle, which exists until the process ends. Returns nil if no bundle is installed.
 NSBundle* assetBundle();
 
-// The text of the key in the user's language. The fallback if the bundle is nil or does not have the key.
+// Returns the text for the key in the user's language. Returns the fallback if the bundle is nil or does not contain
+// the key.
 NSString* localizedText(NSBundle* bundle, NSString* key, NSString* fallback);
