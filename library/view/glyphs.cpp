@@ -5,8 +5,9 @@
 
 namespace {
 
-// Bundle identifier and color, as in "com.apple.MobileSMS-black", to the glyph's path in the asset bundle.
-NSMutableDictionary* pfpBundles;
+// Maps a bundle identifier and a color, such as "com.apple.MobileSMS-black", to the path of the glyph in the asset
+// bundle.
+NSMutableDictionary* glyphPaths;
 
 NSString* glyphKey(NSString* application, NSString* color) {
   return application->stringByAppendingString("-"_ns)->stringByAppendingString(color);
@@ -30,15 +31,15 @@ void resetGlyphTable() {
     for (NSString* color : {"black"_ns, "white"_ns})
       table->setObject(glyphResource(name, color), glyphKey(identifier, color));
   }
-  objc::releaseObject(pfpBundles);
-  pfpBundles = table.leak();
+  objc::releaseObject(glyphPaths);
+  glyphPaths = table.leak();
 }
 
 UIImage* glyph(const BrimContainerState& state) {
   NSString* application = state.appDetailImageBundleId;
   if (application == nullptr) return nullptr;
   NSString* key = glyphKey(application, glyphColor(state.colorSet->mode()));
-  auto* resource = objc::as<NSString>(pfpBundles->objectForKey(key));
+  auto* resource = objc::as<NSString>(glyphPaths->objectForKey(key));
   if (resource == nullptr) return nullptr;
   NSString* path = state.assets->pathForResource(resource, "png"_ns);
   return path == nullptr ? nullptr : UIImage::imageWithContentsOfFile(path);
