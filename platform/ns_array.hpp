@@ -8,7 +8,7 @@ class NSArray : public objc::Interface<"NSArray", NSObject> {
   NSUInteger count() const { return objc::send<NSUInteger, "count">(this); }
   // Raises a range exception if the index is not less than the count.
   NSObject* objectAtIndex(NSUInteger index) const { return objc::send<NSObject*, "objectAtIndex:">(this, index); }
-  // nil if the array is empty.
+  // Returns nil if the array is empty.
   NSObject* firstObject() const { return count() == 0 ? nullptr : objectAtIndex(0); }
   objc::Ref<NSArray> copied() const { return objc::adopt(objc::send<NSArray*, "copy">(this)); }
 };

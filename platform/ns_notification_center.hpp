@@ -8,7 +8,7 @@
 class NSNotification : public objc::Interface<"NSNotification", NSObject> {
  public:
   NSString* name() const { return objc::send<NSString*, "name">(this); }
-  // nil if the notification was posted without a dictionary.
+  // The dictionary that was posted with the notification; nil if there is none.
   NSDictionary* userInfo() const { return objc::send<NSDictionary*, "userInfo">(this); }
 };
 

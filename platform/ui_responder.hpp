@@ -6,7 +6,7 @@
 
 class UIResponder : public objc::Interface<"UIResponder", NSObject> {
  public:
-  // nil at the end of the chain.
+  // The next element of the chain; nil for the last element.
   UIResponder* nextResponder() const { return objc::send<UIResponder*, "nextResponder">(this); }
   // These two functions return false if the change was refused.
   bool becomeFirstResponder() { return objc::send<bool, "becomeFirstResponder">(this); }

@@ -68,7 +68,7 @@ class BrimContainer : public objc::Interface<"BrimContainer", PhotoReceiver> {
   // The header with which the banner was created.
   NSString* originalHeader() const { return objc::send<NSString*, "originalHeader">(this); }
   BrimLabel* headerLabel() const { return objc::send<BrimLabel*, "headerLabel">(this); }
-  // nil if the banner has no sub-header or is tiny.
+  // The label is nil if the banner has no sub-header or is tiny.
   BrimLabel* subHeaderLabel() const { return objc::send<BrimLabel*, "subHeaderLabel">(this); }
   BrimLabel* bodyLabel() const { return objc::send<BrimLabel*, "bodyLabel">(this); }
   BrimTextField* reply() const { return objc::send<BrimTextField*, "reply">(this); }
