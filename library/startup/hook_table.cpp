@@ -42,7 +42,8 @@ const char* notificationViewClass() {
 }  // namespace
 
 // The names of the added methods and properties, including their spelling, are part of the library's public interface.
-// Do not change them. clang-format off
+// Do not change them.
+// clang-format off
 void installHookTable() {
   const char* notificationView = notificationViewClass();
   const objc::Row table[] = {
@@ -95,9 +96,7 @@ void installHookTable() {
       objc::add<"attemptUpdateReply:", &attemptUpdateReply>(notificationController),
       objc::add<"attemptDelete", &executeClearAction>(notificationController),
       objc::property<"brimIdentifier", NSString*>(notificationController),
-      objc::hook<"_activateLockScreenAnimated:animationProvider:automatically:inScreenOffMode:dimInAnimation:"
-                 "dismissNotificationCenter:completion:",
-                 &activateLockScreen>(lockScreen),
+      objc::hook<"_activateLockScreenAnimated:animationProvider:automatically:inScreenOffMode:dimInAnimation:dismissNotificationCenter:completion:", &activateLockScreen>(lockScreen),
       objc::hook<"viewDidLoad", &conversationListViewDidLoad>(conversationList),
       objc::hook<"dealloc", &conversationListDealloc>(conversationList),
       objc::add<"markAsRead:", &markAsRead>(conversationList),
@@ -106,9 +105,7 @@ void installHookTable() {
       objc::hook<"initWithFrame:", &statusBarWindowInit>(statusBarWindow),
       objc::add<"brimSharedWindow", &brimSharedWindow, objc::Level::Class>(statusBarWindow),
       objc::hook<"initWithQueue:", &serverInit>(bulletinServer),
-      objc::hook<"initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:utilitiesListener:"
-                 "conduitListener:systemStateListener:settingsListener:",
-                 &serverLongInit>(bulletinServer),
+      objc::hook<"initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:utilitiesListener:conduitListener:systemStateListener:settingsListener:", &serverLongInit>(bulletinServer),
       objc::hook<"dealloc", &serverDealloc>(bulletinServer),
   };
   // clang-format on
