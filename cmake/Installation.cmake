@@ -1,4 +1,5 @@
-# The files that `cmake --install` installs. A program finds its libraries and data relative to itself, so the folder can be moved.
+# Specifies the files that `cmake --install` installs. A program finds its libraries and data relative to its own
+# location, so the installation folder can be moved.
 install(TARGETS springboard messages RUNTIME DESTINATION bin)
 set_target_properties(springboard messages PROPERTIES INSTALL_RPATH $ORIGIN/../lib/brim)
 

@@ -2,8 +2,8 @@
 # rejects dependency cycles between the targets; tests/structure checks each #include against these declarations.
 
 # brim_layer(LAYER [FOLDERS folder...] [DEPENDS layer...])
-# Declares a layer without building it. LAYER is the name of its folder unless FOLDERS lists other folders. Paths are
-# relative to the root of the repository.
+# Declares a layer without building it. LAYER is also the folder of the layer, unless FOLDERS lists other folders. Paths
+# are relative to the root of the repository.
 function(brim_layer layer)
   cmake_parse_arguments(PARSE_ARGV 1 declared "" "" "FOLDERS;DEPENDS")
   if(NOT declared_FOLDERS)
@@ -16,7 +16,7 @@ endfunction()
 
 # brim_simulator_layer(NAME [FOLDERS folder...] [DEPENDS layer...] [LIBRARIES target...])
 # Declares a layer of the simulator and builds it as an object library, without main.cpp files. NAME and FOLDERS are
-# relative to simulator/. The library `simulator` contains the objects of all these layers.
+# relative to simulator/. The library `simulator` contains the object files of all these layers.
 function(brim_simulator_layer name)
   cmake_parse_arguments(PARSE_ARGV 1 declared "" "" "FOLDERS;DEPENDS;LIBRARIES")
   if(NOT declared_FOLDERS)

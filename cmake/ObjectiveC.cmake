@@ -1,6 +1,6 @@
-# The Objective-C runtime and Foundation of the target machine, as the target `ObjectiveC`. GCC's runtime is installed
-# with one version of GCC. If the compiler uses that version, as clang also can, the compiler reports the path. Otherwise
-# the newest installed version for the target is used.
+# Defines the target `ObjectiveC`: the Objective-C runtime and Foundation of the target machine. GCC's runtime belongs
+# to one version of GCC. If the compiler (g++ or clang) uses the files of that version, it reports their path.
+# Otherwise, the newest installed version for the target machine is used.
 set(gcc_folders /usr/lib/gcc/${CMAKE_LIBRARY_ARCHITECTURE} /usr/lib/gcc-cross/${CMAKE_LIBRARY_ARCHITECTURE})
 function(brim_find_gcc_file variable file)
   set(target_option "")
@@ -23,7 +23,8 @@ function(brim_find_gcc_file variable file)
   message(FATAL_ERROR "${file} of the Objective-C runtime is missing: install the package gobjc, or libobjc-VERSION-dev.")
 endfunction()
 
-# Links only the folder of the runtime's headers, because clang must not use the other headers of GCC.
+# Creates a symbolic link to the folder of the runtime's headers only, because clang must not use the other headers of
+# GCC.
 brim_find_gcc_file(objc_header include/objc/objc.h)
 cmake_path(GET objc_header PARENT_PATH objc_folder)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/objc-headers)
@@ -40,6 +41,7 @@ target_compile_options(ObjectiveC INTERFACE -fno-delete-null-pointer-checks)
 target_link_options(ObjectiveC INTERFACE -Wl,--no-as-needed)
 target_link_libraries(ObjectiveC INTERFACE ${GNUSTEP_BASE_LIBRARY} ${objc_library})
 
-# The options of the phone's library: no exceptions, no run-time type information, no guards of static variables.
+# The compiler options for code that also runs on the phone: no exceptions, no run-time type information, and no guards
+# for the initialization of static variables.
 add_library(FreestandingStyle INTERFACE)
 target_compile_options(FreestandingStyle INTERFACE -fno-exceptions -fno-rtti -fno-threadsafe-statics)

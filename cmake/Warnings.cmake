@@ -1,4 +1,4 @@
-# The compiler warnings for all targets.
+# Sets the compiler warnings for all targets.
 option(BRIM_WARNINGS_AS_ERRORS "Fail the build on a warning" OFF)
 
 add_compile_options(

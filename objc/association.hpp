@@ -1,5 +1,5 @@
 // Associated values: properties stored on an object of a class that this project does not define. The object retains
-// the value and releases it when it is deallocated.
+// the value, and releases it when the object itself is deallocated.
 #pragma once
 
 #include "objc/ownership.hpp"
@@ -26,7 +26,8 @@ struct AssociatedProperty {
   static void set(id self, Type value) { detail::associate(self, selector<name>(), detail::toId(value)); }
 };
 
-// A flag is stored in an NSValue. The getter returns false before the first call of the setter.
+// The accessors of a Boolean property. The value is stored in an NSValue. The getter returns false before the first
+// call of the setter.
 template <FixedString name>
 struct AssociatedProperty<name, bool> {
   static bool get(id self) {

@@ -1,6 +1,6 @@
-// Blocks made from lambdas, and blocks called from C++. On the phone the compiler creates the blocks, because only the
-// compiler knows how each processor signs their pointers. On other systems this header defines the memory layout of a
-// block.
+// Blocks made from lambdas, and blocks called from C++. On the phone, the compiler creates the blocks, because only the
+// compiler knows how the pointers in a block are signed for each processor. On other systems this header defines the
+// memory layout of a block.
 #pragma once
 
 #include <new>

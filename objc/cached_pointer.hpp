@@ -1,5 +1,6 @@
-// A pointer that is computed at first use and then cached until the process ends. Any thread can use it. Threads that
-// ask for the pointer at the same time can each compute it, so the computation must be safe to repeat.
+// A pointer that is computed at first use and then cached until the process ends. Any thread can use it. If several
+// threads request the pointer before it is cached, each of them can compute it. Therefore, the computation must be safe
+// to repeat.
 #pragma once
 
 namespace objc {

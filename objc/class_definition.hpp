@@ -13,13 +13,14 @@
 
 namespace objc {
 
-// Maps a class to the struct that holds the state of its objects. Specialize it next to the definition of the struct.
+// Maps a class to the struct that contains the state of its objects. Specialize it next to the definition of the
+// struct.
 template <class Type>
 struct StateOf;
 template <class Type>
 using State = typename StateOf<Type>::Type;
 
-// One method of a class that is about to be defined.
+// One method of a class definition or of a category.
 struct MethodEntry {
   const char* selector;
   const char* encoding;
@@ -27,6 +28,7 @@ struct MethodEntry {
   Level level;
 };
 
+// The method with the selector `name`. A message calls `function` with the receiver and the arguments of the message.
 template <FixedString name, auto function, Level level = Level::Instance>
 constexpr MethodEntry method() {
   using Method = MethodOf<function>;
@@ -60,6 +62,7 @@ struct FieldEncoding<Ref<Type>> : EncodingText<"@"> {};
 template <class Type>
 struct FieldEncoding<Weak<Type>> : EncodingText<"@"> {};
 
+// The entry of a member of type `Type` at this offset in the state struct, in bytes.
 template <class Type>
 constexpr FieldEntry field(const char* name, std::size_t offset) {
   return {name, FieldEncoding<Type>::value.data(), sizeof(Type), alignof(Type), offset};
@@ -95,7 +98,9 @@ struct Lifecycle {
   }
 };
 
-inline std::uint8_t logarithm(std::size_t alignment) { return static_cast<std::uint8_t>(__builtin_ctzll(alignment)); }
+inline std::uint8_t binaryLogarithm(std::size_t alignment) {
+  return static_cast<std::uint8_t>(__builtin_ctzll(alignment));
+}
 
 inline void addMethods(Class target, std::span<const MethodEntry> methods) {
   Class metaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(target)));
@@ -112,8 +117,8 @@ State<Type>& state(const Type* object) {
   return *detail::stateAt<Type, State<Type>>(object);
 }
 
-// Defines the class Type::className as a subclass of Type's superclass, without additional state. Returns false, and
-// defines nothing, if the superclass is missing or the process already has a class of that name.
+// Defines the class Type::className as a subclass of Type's superclass. Its objects have no additional state. Returns
+// false, and defines nothing, if the superclass is missing or the process already has a class of that name.
 template <class Type>
 [[nodiscard]] bool tryToDefineClass(std::span<const MethodEntry> methods) {
   Class superclass = Type::Superclass::classObject();
@@ -124,9 +129,9 @@ template <class Type>
   return true;
 }
 
-// Defines the class and adds State<Type> to each of its objects. +alloc constructs the state, -dealloc destroys it.
-// Returns false also if the runtime rejects an instance variable or does not place the variables as the struct does.
-// The class must not be used then.
+// Defines the class and adds State<Type> to each of its objects. +alloc constructs the state, and -dealloc destroys it.
+// If `fields` is empty, the runtime lists the whole state as one instance variable. Returns false also if the runtime
+// rejects an instance variable or does not place the variables as the struct does; the class must not be used then.
 template <class Type>
 [[nodiscard]] bool tryToDefineClassWithState(std::span<const MethodEntry> methods,
                                              std::span<const FieldEntry> fields = {}) {
@@ -136,11 +141,12 @@ template <class Type>
   Class defined = superclass == nullptr ? nullptr : objc_allocateClassPair(superclass, Type::className, 0);
   if (defined == nullptr) return false;
 
-  // The instance variable has the name of the class, because the runtime rejects a name that a superclass already uses.
+  // The instance variable that contains the whole state is named after the class, because the runtime rejects a name
+  // that a superclass already uses for an instance variable.
   static constexpr FieldEntry whole = {Type::className, "?", sizeof(Struct), alignof(Struct), 0};
   if (fields.empty()) fields = std::span<const FieldEntry>(&whole, 1);
   for (const FieldEntry& entry : fields)
-    if (!class_addIvar(defined, entry.name, entry.size, detail::logarithm(entry.alignment), entry.encoding))
+    if (!class_addIvar(defined, entry.name, entry.size, detail::binaryLogarithm(entry.alignment), entry.encoding))
       return false;
 
   Lifecycle::superclass = superclass;

@@ -1,5 +1,5 @@
-// Compares the types of a message with those of the method that receives it. If they differ, the method reads the wrong
-// registers. Only builds that define BRIM_CHECK_ENCODINGS check this.
+// Compares the argument and result types of a message with the types of the method that receives the message. If the
+// types differ, the method reads the wrong registers. Only builds that define BRIM_CHECK_ENCODINGS contain this check.
 #pragma once
 
 #include <stdio.h>
@@ -9,14 +9,16 @@
 
 namespace objc::detail {
 
-// Reads the types of an encoding one by one and reduces each of them to what the calling convention depends on: the
-// size of an integer, floating point, pointer, the members of a struct. It skips names, qualifiers and offsets.
+// Reads the types of an encoding one after the other. It reduces each type to the properties on which the calling
+// convention depends: integer of a certain size, floating point, pointer, or struct with its members. It skips names,
+// qualifiers and offsets.
 class EncodingReader {
  public:
   explicit EncodingReader(const char* encoding) : next_(encoding) {}
 
-  // The kind of the next type: P for a pointer, 1, 2, 4 or 8 for an integer of that many bytes, { and } for the start
-  // and the end of a struct, otherwise the code itself. 0 at the end of the encoding.
+  // Returns the kind of the next type: P for a pointer, 1, 2, 4 or 8 for an integer of that many bytes, and { and } for
+  // the start and the end of a struct. For any other type, the kind is the code of the type in the encoding. Returns 0
+  // at the end of the encoding.
   char nextKind() {
     skipDecoration();
     const char code = *next_;
@@ -84,8 +86,9 @@ class EncodingReader {
   const char* next_;
 };
 
-// A method can read the lower half of the register of an argument: some enumerations have 32 bits in one Foundation and
-// 64 bits in the other. The sizes of results must be equal, and a method must not read more than was sent.
+// Whether a method of type `defined` can receive a message of type `sent`. An argument of 64 bits can be received as 32
+// bits, because some enumerations have 64 bits on the phone and 32 bits in GNUstep's Foundation, and the method then
+// reads the lower half of the register. All other types must have equal kinds.
 inline bool sameCallingConvention(const char* sent, const char* defined) {
   EncodingReader left(sent);
   EncodingReader right(defined);
@@ -99,14 +102,14 @@ inline bool sameCallingConvention(const char* sent, const char* defined) {
 }
 
 // Aborts the process with an error message if the types differ. Does nothing if the receiver has no such method,
-// because it can forward the message.
+// because the receiver can forward the message.
 inline void checkEncoding(id receiver, SEL selector, const char* sent) {
   const Class receiverClass = object_getClass(receiver);
   const Method method = class_getInstanceMethod(receiverClass, selector);
   if (method == nullptr) return;
   const char* defined = method_getTypeEncoding(method);
   if (defined == nullptr || sameCallingConvention(sent, defined)) return;
-  fprintf(stderr, "%s %s: the types of the message are %s, but those of the method are %s\n",
+  fprintf(stderr, "%s %s: the message was sent with the types %s, but the method is defined with the types %s\n",
           class_getName(receiverClass), sel_getName(selector), sent, defined);
   abort();
 }

@@ -1,4 +1,4 @@
-// A string that can be a template argument. Selectors, class names and type encodings are such strings.
+// A string that can be a template argument. It is used for selectors, class names and type encodings.
 #pragma once
 
 #include <cstddef>

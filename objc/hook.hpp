@@ -1,5 +1,5 @@
-// The rows of a table of changes to platform classes: hooks, which replace a method and can call the original
-// implementation, added methods and added properties.
+// The rows of a table of changes to platform classes. A row is a hook, an added method or an added property. A hook
+// replaces a method and can call the original implementation.
 #pragma once
 
 #include <cstddef>
@@ -60,6 +60,7 @@ struct HookOf<function> {
 
 }  // namespace detail
 
+// Whether a method replaces an existing method or is added to the class.
 enum class RowKind : std::uint8_t { Hook, Add };
 
 // Whether a method is an instance method or a class method.
@@ -82,6 +83,8 @@ struct Row {
   std::size_t count;
 };
 
+// A row that replaces the instance method `name` of the class. The first parameter of `function` is the original
+// implementation; the receiver and the arguments of the message follow.
 template <FixedString name, auto function>
 Row hook(const char* className) {
   using Hook = detail::HookOf<function>;
@@ -92,6 +95,8 @@ Row hook(const char* className) {
           1};
 }
 
+// A row that adds the method `name` to the class. The first parameter of `function` is the receiver; the arguments of
+// the message follow.
 template <FixedString name, auto function, Level level = Level::Instance>
 Row add(const char* className) {
   using Method = MethodOf<function>;
@@ -102,8 +107,8 @@ Row add(const char* className) {
       1};
 }
 
-// A property whose value is associated with the object. The key is the selector of the getter. The object retains the
-// value.
+// A row that adds a property to the class. The value is associated with the object, which retains it. The key of the
+// association is the selector of the getter.
 template <FixedString name, class Type>
 Row property(const char* className) {
   using Accessors = AssociatedProperty<name, Type>;
@@ -130,7 +135,8 @@ struct InstalledMethod {
 // `replaced`. Leaves `replaced` unchanged if there is no such method.
 using HookFunction = void(Class target, SEL selector, IMP replacement, IMP* replaced);
 
-// Installs one method. Does nothing if this process does not have the class, or does not have the method to replace.
+// Installs one method and returns the result. If this process does not have the class or the method to replace, nothing
+// is installed and `effective` is false.
 inline InstalledMethod install(const MethodRow& row, HookFunction* hookFunction) {
   Class target = reinterpret_cast<Class>(row.level == Level::Class ? objc_getMetaClass(row.className)
                                                                    : objc_getClass(row.className));

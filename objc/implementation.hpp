@@ -1,5 +1,5 @@
-// Adapts plain functions to method implementations. The first argument of the function is the receiver; the arguments
-// of the message follow.
+// Adapts plain functions to method implementations. The first parameter of such a function is the receiver; the
+// arguments of the message follow.
 #pragma once
 
 #include "objc/encoding.hpp"
@@ -7,7 +7,7 @@
 
 namespace objc {
 
-// The method implementation that calls the function. It drops the selector, which the function does not take.
+// The method implementation that calls `function`. It receives the selector from the runtime and does not pass it on.
 template <auto function>
 struct MethodOf;
 

@@ -12,8 +12,8 @@ namespace objc {
 inline void retainObject(const void* object) { send<id, "retain">(object); }
 inline void releaseObject(const void* object) { send<void, "release">(object); }
 
-// A strong reference, or null. `adopt` takes over a reference that the caller owns, as from alloc, copy or new.
-// `retain` retains a borrowed object.
+// A strong reference, or null. `adopt` takes over a reference that the caller owns, such as the result of alloc, copy
+// or new. `retain` retains a borrowed object.
 template <class Type>
 class Ref {
  public:
@@ -24,7 +24,7 @@ class Ref {
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <class Other>
   requires std::is_convertible_v<Other*, Type*>
-  // NOLINTNEXTLINE(google-explicit-constructor): converts where the pointers convert.
+  // NOLINTNEXTLINE(google-explicit-constructor): references convert if their pointers convert.
   Ref(const Ref<Other>& other) : object_(other.get()) {
     retainObject(object_);
   }
@@ -51,7 +51,7 @@ class Ref {
   Type* operator->() const { return object_; }
   // NOLINTNEXTLINE(google-explicit-constructor): converts to a borrowed pointer.
   operator Type*() const { return object_; }
-  // Returns the object and makes this reference null without releasing the object. The caller owns the object.
+  // Returns the object and makes this reference null. The object is not released; the caller owns it.
   Type* leak() { return std::exchange(object_, nullptr); }
 
  private:
@@ -69,13 +69,13 @@ Ref<Type> retain(Type* borrowed) {
   return Ref<Type>::adopt(borrowed);
 }
 
-// [[Type alloc] init]
+// Creates an object: [[Type alloc] init].
 template <class Type>
 Ref<Type> make() {
   return adopt(send<Type*, "init">(send<id, "alloc">(Type::classObject())));
 }
 
-// [Type alloc]. Pass the result to an initializer, which consumes it.
+// Allocates an object: [Type alloc]. Pass the result to an initializer, which takes over the ownership.
 template <class Type>
 Type* allocate() {
   return send<Type*, "alloc">(Type::classObject());
@@ -87,7 +87,7 @@ Type* autorelease(Ref<Type> reference) {
 }
 
 // A reference that does not retain its object. `lock` returns a strong reference, or null after the object was
-// deallocated. Any thread can call it.
+// deallocated. Any thread can call `lock`.
 template <class Type>
 class Weak {
  public:

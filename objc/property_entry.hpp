@@ -1,4 +1,4 @@
-// Accessors of properties that are members of the state struct of a class.
+// Properties whose values are members of the state struct of a class.
 #pragma once
 
 #include <span>
@@ -8,7 +8,7 @@
 
 namespace objc {
 
-// A getter and, unless the property is read-only, a setter.
+// The accessors of a property. The setter of a read-only property has a null selector.
 struct PropertyEntry {
   MethodEntry getter;
   MethodEntry setter;
@@ -16,8 +16,8 @@ struct PropertyEntry {
 
 namespace detail {
 
-// The type that the accessors of a member pass. The accessors of a strong reference pass a borrowed pointer; the setter
-// retains it.
+// The type of the value that the accessors of a member return and receive. For a strong reference, this is a borrowed
+// pointer; the setter retains the object.
 template <class Member>
 struct Stored {
   using Value = Member;
@@ -51,17 +51,20 @@ struct Accessors {
 
 }  // namespace detail
 
+// The property `name`, whose value is the member of the state. It has no setter.
 template <FixedString name, class Type, auto member>
 constexpr PropertyEntry readOnly() {
   return {method<name, &detail::Accessors<Type, member>::get>(), {}};
 }
 
+// The property `name`, whose value is the member of the state, with a getter and a setter.
 template <FixedString name, class Type, auto member>
 constexpr PropertyEntry stored() {
   using Accessors = detail::Accessors<Type, member>;
   return {method<name, &Accessors::get>(), method<setterName<name>(), &Accessors::set>()};
 }
 
+// Adds the accessors to an existing class. Does nothing if the class is null.
 inline void addProperties(Class target, std::span<const PropertyEntry> properties) {
   for (const PropertyEntry& property : properties) {
     addCategory(target, {&property.getter, 1});

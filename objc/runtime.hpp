@@ -1,5 +1,5 @@
-// The interface of the Objective-C runtime: GCC's on Linux, the phone's on arm64. Only this header distinguishes the
-// two.
+// The C interface of the Objective-C runtime: GCC's runtime on Linux, the phone's runtime on arm64. This header hides
+// the differences between the two, except for the layout of blocks (objc/block.hpp).
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 #else
 #include <objc/message.h>
 #include <objc/runtime.h>
-// The header defines macros with names that C++ code uses as well.
+// GCC's headers define these macros. C++ code uses the same names.
 #undef YES
 #undef NO
 #undef nil
@@ -18,7 +18,7 @@
 #endif
 
 extern "C" {
-// GCC's runtime lacks these functions. The simulator defines them with the names they have on the phone.
+// GCC's runtime lacks the following functions. The simulator defines them with the names they have on the phone.
 void objc_setAssociatedObject(id object, const void* key, id value, std::uintptr_t policy);
 id objc_getAssociatedObject(id object, const void* key);
 void objc_removeAssociatedObjects(id object);
@@ -46,14 +46,15 @@ Function* fromImplementation(IMP implementation) {
   return reinterpret_cast<Function*>(reinterpret_cast<void (*)()>(implementation));
 }
 
-// The function to call in order to send the message to the receiver.
+// Returns the function to call in order to send the message to the receiver.
 #if defined(__APPLE__)
 inline IMP implementationFor(id, SEL) { return toImplementation(&objc_msgSend); }
 #else
 inline IMP implementationFor(id receiver, SEL selector) { return objc_msg_lookup(receiver, selector); }
 #endif
 
-// The implementation that `superclass` defines or inherits. Subclasses use it to send a message to super.
+// Returns the implementation that `superclass` defines or inherits. Subclasses call this implementation to send a
+// message to super.
 inline IMP implementationInClass(Class superclass, SEL selector) {
   return class_getMethodImplementation(superclass, selector);
 }

@@ -1,5 +1,5 @@
-// Sends Objective-C messages from C++. The selector is a template argument. The caller states the type of the result;
-// the types of the arguments are those that the caller passes.
+// Sends Objective-C messages from C++. The selector is a template argument. The caller specifies the type of the
+// result. The types of the arguments are deduced from the values that the caller passes.
 #pragma once
 
 #include <type_traits>
@@ -21,8 +21,8 @@ SEL selector() {
   return registered.getOrFind([] { return sel_registerName(TextOf<name>::text); });
 }
 
-// The class with this name, or null if the process has no such class. A class is looked up until it is found and then
-// cached.
+// The class with this name, or null if the process has no such class. A class that was found is cached; a missing class
+// is looked up again at the next call.
 template <FixedString name>
 Class lookUpClass() {
   static CachedPointer<Class> found;
@@ -51,8 +51,8 @@ inline id toId(const void* object) { return static_cast<id>(const_cast<void*>(ob
 
 }  // namespace detail
 
-// Sends a message. A message to nil does nothing and returns a zero of the result type. A returned object is borrowed
-// unless the platform's naming rules (alloc, copy, init, new) say that the caller owns it.
+// Sends a message. A message to nil does nothing and returns nil, zero or false. A returned object is borrowed unless
+// the platform's naming rules (alloc, copy, init, new) say that the caller owns it.
 template <class Result, FixedString name, class... Arguments>
 Result send(const void* receiver, Arguments... arguments) {
   static_assert(name.count(':') == sizeof...(Arguments), "one argument for each colon of the selector");
@@ -100,7 +100,7 @@ class Interface : public Super {
  public:
   using Superclass = Super;
   static constexpr const char* className = TextOf<name>::text;
-  // Null if this process has no such class.
+  // The class object, or null if this process has no class with this name.
   static Class classObject() { return lookUpClass<name>(); }
 };
 

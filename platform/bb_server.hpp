@@ -1,4 +1,5 @@
-// The bulletin server, which publishes notifications to the home screen, and its bulletins.
+// BBServer: the bulletin server, which publishes notifications to the home screen. A BBBulletin is such a notification,
+// and a BBAction is an action of a bulletin.
 #pragma once
 
 #include "objc/block.hpp"
@@ -30,7 +31,7 @@ class BBBulletin : public objc::Interface<"BBBulletin", NSObject> {
 
 class BBServer : public objc::Interface<"BBServer", NSObject> {
  public:
-  // Call this on the server's own queue.
+  // Publishes the bulletin to the destinations, which are a bit mask. Call this function on the server's own queue.
   void publish(BBBulletin* bulletin, NSUInteger destinations) {
     objc::send<void, "publishBulletin:destinations:">(this, bulletin, destinations);
   }

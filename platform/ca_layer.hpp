@@ -1,5 +1,5 @@
 // CALayer: the background and the corners that a view draws behind its content. Radii are in points. The color can be
-// null; the caller keeps its ownership.
+// null. The caller's reference to the color is not consumed.
 #pragma once
 
 #include "platform/ui_color.hpp"

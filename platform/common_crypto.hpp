@@ -6,8 +6,8 @@
 inline constexpr int CC_MD5_DIGEST_LENGTH = 16;
 
 extern "C" {
-// Computes the MD5 digest of `length` bytes. `digest` has room for CC_MD5_DIGEST_LENGTH bytes; the function returns it.
+// Computes the MD5 digest of `length` bytes. Writes CC_MD5_DIGEST_LENGTH bytes to `digest` and returns `digest`.
 unsigned char* CC_MD5(const void* data, std::uint32_t length, unsigned char* digest);
-// A uniformly distributed random number from 0 to bound - 1.
+// Returns a uniformly distributed random number from 0 to bound - 1.
 std::uint32_t arc4random_uniform(std::uint32_t bound);
 }

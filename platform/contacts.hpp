@@ -1,5 +1,5 @@
-// The address book: its store, its containers and its contacts. Any thread. The calls that take an error argument pass
-// nil for it; they report a failure by their result.
+// The address book: its store, its containers and its contacts. Any thread. The functions of this header pass null as
+// the error argument of a message. The result reports a failure.
 #pragma once
 
 #include "objc/block.hpp"
@@ -17,10 +17,10 @@ extern NSString* const CNContactImageDataKey;
 
 class NSPredicate : public objc::Interface<"NSPredicate", NSObject> {};
 
-// One value of a property that can have several values, such as the e-mail addresses at home and at work.
+// One value of a property that can have several values, such as the email addresses at home and at work.
 class CNLabeledValue : public objc::Interface<"CNLabeledValue", NSObject> {
  public:
-  // An NSString for an e-mail address.
+  // The value of an email address is an NSString.
   NSObject* value() const { return objc::send<NSObject*, "value">(this); }
 };
 
@@ -29,7 +29,7 @@ class CNContact : public objc::Interface<"CNContact", NSObject> {
  public:
   NSString* identifier() const { return objc::send<NSString*, "identifier">(this); }
   NSString* givenName() const { return objc::send<NSString*, "givenName">(this); }
-  // CNLabeledValue objects, in the contact's order.
+  // The addresses as CNLabeledValue objects, in the contact's order.
   NSArray* emailAddresses() const { return objc::send<NSArray*, "emailAddresses">(this); }
   // The bytes of an image file, or nil if the contact has no picture.
   NSData* imageData() const { return objc::send<NSData*, "imageData">(this); }
@@ -52,12 +52,12 @@ class CNContactFetchRequest : public objc::Interface<"CNContactFetchRequest", NS
 
 class CNContactStore : public objc::Interface<"CNContactStore", NSObject> {
  public:
-  // Called for each contact. Set `*stop` to true to end the enumeration after this contact.
+  // A block that is called for each contact. To end the enumeration after this contact, it sets `*stop` to true.
   using Visitor = void(CNContact* contact, bool* stop);
 
-  // nil if the address book cannot be read.
+  // The identifier of the default container; nil if the address book cannot be read.
   NSString* defaultContainerIdentifier() const { return objc::send<NSString*, "defaultContainerIdentifier">(this); }
-  // CNContainer objects; nil if the address book cannot be read.
+  // The matching containers, as CNContainer objects; nil if the address book cannot be read.
   NSArray* containersMatching(NSPredicate* predicate) const {
     return objc::send<NSArray*, "containersMatchingPredicate:error:">(this, predicate, error());
   }

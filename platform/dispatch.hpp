@@ -17,7 +17,7 @@ dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds);
 void dispatch_async(dispatch_queue_t queue, objc::Block<void()>* work);
 void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, objc::Block<void()>* work);
 void dispatch_retain(dispatch_queue_t queue);
-// Returns after the work has run. Deadlocks if the caller already runs on the queue.
+// Returns after the work has run. The call deadlocks if the caller already runs on the queue.
 void dispatch_sync(dispatch_queue_t queue, objc::Block<void()>* work);
 }
 
@@ -27,7 +27,7 @@ void onMainQueue(const Work& work) {
   dispatch_async(&_dispatch_main_q, objc::block(work));
 }
 
-// Runs the work on the main thread after at least that many nanoseconds.
+// Runs the work on the main thread after at least the given number of nanoseconds.
 template <class Work>
 void onMainQueueAfter(std::int64_t nanoseconds, const Work& work) {
   dispatch_after(dispatch_time(0, nanoseconds), &_dispatch_main_q, objc::block(work));

@@ -1,11 +1,12 @@
-// Looking up symbols of the running process. Any thread.
+// Looks up symbols of the running process. Any thread.
 #pragma once
 
 #include <dlfcn.h>
 
-// The symbol of the program or of one of its libraries with global symbols. Null if there is none.
+// Returns the symbol of the program or of one of its libraries with global symbols. Returns a null pointer if there is
+// none.
 inline void* symbolInProcess(const char* name) {
-  // Linux requires a binding mode; the phone has a default.
+  // Linux requires a binding mode in this argument; the phone has a default.
 #if defined(__APPLE__)
   constexpr int mode = RTLD_GLOBAL;
 #else

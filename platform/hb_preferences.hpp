@@ -9,8 +9,8 @@ class HBPreferences : public objc::Interface<"HBPreferences", NSObject> {
   static objc::Ref<HBPreferences> withIdentifier(NSString* domain) {
     return objc::adopt(objc::send<HBPreferences*, "initWithIdentifier:">(objc::allocate<HBPreferences>(), domain));
   }
-  // Sets `variable` to the stored value now and after each change. If there is no stored value, or one of another type,
-  // sets the default. The variable must outlive the preferences object.
+  // Sets `variable` to the stored value immediately and after each change. If no value is stored, or the stored value
+  // has another type, sets `variable` to the default. The variable must outlive the preferences object.
   void registerBool(bool* variable, bool defaultValue, NSString* key) {
     objc::send<void, "registerBool:default:forKey:">(this, variable, defaultValue, key);
   }

@@ -1,4 +1,4 @@
-// Classes of the Messages app: conversations, chats and messages. Main thread only.
+// The classes of the Messages app for conversations, chats and messages. Main thread only.
 #pragma once
 
 #include "platform/ns_array.hpp"
@@ -20,7 +20,7 @@ class CKConversationList : public objc::Interface<"CKConversationList", NSObject
   static CKConversationList* sharedConversationList() {
     return objc::send<CKConversationList*, "sharedConversationList">(classObject());
   }
-  // CKConversation objects, in the order of the list.
+  // The conversations as CKConversation objects, in the order of the list.
   NSArray* conversations() const { return objc::send<NSArray*, "conversations">(this); }
 };
 

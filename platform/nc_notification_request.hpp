@@ -15,7 +15,7 @@ class NCNotificationOptions : public objc::Interface<"NCNotificationOptions", NS
   bool dismissAutomatically() const { return objc::send<bool, "dismissAutomatically">(this); }
 };
 
-// Each of the returned objects can be nil.
+// Each returned object can be nil.
 class NCNotificationRequest : public objc::Interface<"NCNotificationRequest", NSObject> {
  public:
   NSString* sectionIdentifier() const { return objc::send<NSString*, "sectionIdentifier">(this); }
@@ -23,7 +23,8 @@ class NCNotificationRequest : public objc::Interface<"NCNotificationRequest", NS
   NCNotificationAction* clearAction() const { return objc::send<NCNotificationAction*, "clearAction">(this); }
   NCNotificationAction* silenceAction() const { return objc::send<NCNotificationAction*, "silenceAction">(this); }
   NCNotificationAction* closeAction() const { return objc::send<NCNotificationAction*, "closeAction">(this); }
-  // The values are arrays of NCNotificationAction objects.
+  // The actions that the application adds, in groups. Each value of the dictionary is an array of NCNotificationAction
+  // objects.
   NSDictionary* supplementaryActions() const { return objc::send<NSDictionary*, "supplementaryActions">(this); }
   NCNotificationOptions* options() const { return objc::send<NCNotificationOptions*, "options">(this); }
   UNNotification* userNotification() const { return objc::send<UNNotification*, "userNotification">(this); }

@@ -3,14 +3,15 @@
 
 #include "platform/ui_view.hpp"
 
-// The content view, which shows the text of a notification. Each text can be nil.
+// The content view, which shows the texts of a notification: the title (primaryText), the subtitle
+// (primarySubtitleText), the message (secondaryText) and the summary (summaryText). Each text can be nil.
 class NCNotificationShortLookView : public objc::Interface<"NCNotificationShortLookView", UIView> {
  public:
   NSString* primaryText() const { return objc::send<NSString*, "primaryText">(this); }
   NSString* primarySubtitleText() const { return objc::send<NSString*, "primarySubtitleText">(this); }
   NSString* secondaryText() const { return objc::send<NSString*, "secondaryText">(this); }
   NSString* summaryText() const { return objc::send<NSString*, "summaryText">(this); }
-  // UIImage objects.
+  // The icons as UIImage objects.
   NSArray* icons() const { return objc::send<NSArray*, "icons">(this); }
 };
 

@@ -1,5 +1,5 @@
-// The view controllers of a notification: the base class, the short look, which is the banner, and the container. Main
-// thread only.
+// The view controllers of a notification: their base class, the controller of the short look, and the container. The
+// short look is the platform's compact view of a notification, such as a banner. Main thread only.
 #pragma once
 
 #include "platform/nc_notification_request.hpp"
@@ -7,7 +7,7 @@
 
 class NCNotificationViewController : public objc::Interface<"NCNotificationViewController", UIViewController> {
  public:
-  // nil while the controller presents no notification.
+  // The notification that the controller presents; nil if there is none.
   NCNotificationRequest* notificationRequest() const {
     return objc::send<NCNotificationRequest*, "notificationRequest">(this);
   }
@@ -27,7 +27,7 @@ class NCNotificationShortLookViewController
 class NCNotificationContentContainerViewController
     : public objc::Interface<"NCNotificationContentContainerViewController", UIViewController> {
  public:
-  // A null reference if the request cannot be presented.
+  // Returns a null reference if the request cannot be presented.
   static objc::Ref<NCNotificationContentContainerViewController> withRequest(NCNotificationRequest* request) {
     return objc::adopt(objc::send<NCNotificationContentContainerViewController*, "initWithNotificationRequest:">(
         objc::allocate<NCNotificationContentContainerViewController>(), request));

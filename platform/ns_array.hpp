@@ -1,4 +1,4 @@
-// NSArray and NSMutableArray: ordered collections of objects, which are never nil. An array retains its elements.
+// NSArray and NSMutableArray: ordered collections of objects. An element is never nil. An array retains its elements.
 #pragma once
 
 #include "platform/ns_object.hpp"
@@ -8,7 +8,7 @@ class NSArray : public objc::Interface<"NSArray", NSObject> {
   NSUInteger count() const { return objc::send<NSUInteger, "count">(this); }
   // Raises a range exception if the index is not less than the count.
   NSObject* objectAtIndex(NSUInteger index) const { return objc::send<NSObject*, "objectAtIndex:">(this, index); }
-  // nil if the array is empty.
+  // Returns nil if the array is empty.
   NSObject* firstObject() const { return count() == 0 ? nullptr : objectAtIndex(0); }
   objc::Ref<NSArray> copied() const { return objc::adopt(objc::send<NSArray*, "copy">(this)); }
 };
@@ -16,6 +16,6 @@ class NSArray : public objc::Interface<"NSArray", NSObject> {
 class NSMutableArray : public objc::Interface<"NSMutableArray", NSArray> {
  public:
   static NSMutableArray* array() { return objc::send<NSMutableArray*, "array">(classObject()); }
-  // Raises an exception for nil.
+  // Raises an exception if the object is nil.
   void addObject(const NSObject* object) { objc::send<void, "addObject:">(this, const_cast<NSObject*>(object)); }
 };

@@ -1,5 +1,5 @@
-// NSAttributedString and NSMutableAttributedString: text whose ranges have attributes, such as fonts. Ranges are in
-// UTF-16 code units.
+// NSAttributedString and NSMutableAttributedString: text with attributes, such as fonts, for ranges of the text. Ranges
+// are in UTF-16 code units.
 #pragma once
 
 #include "platform/ns_string.hpp"

@@ -5,7 +5,7 @@
 
 class NSBundle : public objc::Interface<"NSBundle", NSObject> {
  public:
-  // nil if there is no folder at the path.
+  // Returns nil if there is no folder at the path.
   static NSBundle* bundleWithPath(NSString* path) {
     return objc::send<NSBundle*, "bundleWithPath:">(classObject(), path);
   }
@@ -14,7 +14,7 @@ class NSBundle : public objc::Interface<"NSBundle", NSObject> {
     return objc::send<NSString*, "localizedStringForKey:value:table:">(this, key, fallback,
                                                                        static_cast<NSString*>(nullptr));
   }
-  // nil if there is no such resource or the name is nil.
+  // Returns nil if the bundle has no such resource or the name is nil.
   NSString* pathForResource(NSString* name, NSString* type) const {
     return objc::send<NSString*, "pathForResource:ofType:">(this, name, type);
   }

@@ -9,16 +9,16 @@ class NSData : public objc::Interface<"NSData", NSObject> {
   static NSData* dataWithBytes(const void* bytes, NSUInteger length) {
     return objc::send<NSData*, "dataWithBytes:length:">(classObject(), bytes, length);
   }
-  // Valid as long as the object.
+  // The pointer is valid as long as the object exists.
   const void* bytes() const { return objc::send<const void*, "bytes">(this); }
   NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
-  // The MD5 digest, as 32 lower-case hexadecimal digits.
+  // The MD5 digest of the bytes, as 32 lower-case hexadecimal digits.
   NSString* md5() const { return objc::send<NSString*, "ic_md5">(this); }
 };
 
 class NSMutableData : public objc::Interface<"NSMutableData", NSData> {
  public:
-  // The bytes are zero.
+  // Returns a buffer whose bytes are zero.
   static NSMutableData* dataWithLength(NSUInteger length) {
     return objc::send<NSMutableData*, "dataWithLength:">(classObject(), length);
   }

@@ -11,7 +11,7 @@ class NSDate : public objc::Interface<"NSDate", NSObject> {
 
 class NSDateFormatter : public objc::Interface<"NSDateFormatter", NSObject> {
  public:
-  // A pattern of Unicode date field symbols, such as "HH:mm".
+  // Sets the format, a pattern of Unicode date field symbols such as "HH:mm".
   void setDateFormat(NSString* format) { objc::send<void, "setDateFormat:">(this, format); }
   NSString* stringFromDate(NSDate* date) const { return objc::send<NSString*, "stringFromDate:">(this, date); }
 };

@@ -8,14 +8,13 @@ class NSDictionary : public objc::Interface<"NSDictionary", NSObject> {
  public:
   static NSDictionary* dictionary() { return objc::send<NSDictionary*, "dictionary">(classObject()); }
   NSUInteger count() const { return objc::send<NSUInteger, "count">(this); }
-  // nil if the dictionary has no such key.
+  // Returns nil if the dictionary does not contain the key.
   NSObject* objectForKey(const NSObject* key) const {
     return objc::send<NSObject*, "objectForKey:">(this, const_cast<NSObject*>(key));
   }
-  // In unspecified order.
+  // The keys, in unspecified order.
   NSArray* allKeys() const { return objc::send<NSArray*, "allKeys">(this); }
-  // The type of a file, such as "NSFileTypeRegular". Only for dictionaries of file attributes
-  // (NSFileManager::attributes).
+  // The type of a file, such as "NSFileTypeRegular". Call this function only on a result of NSFileManager::attributes.
   NSString* fileType() const { return objc::send<NSString*, "fileType">(this); }
 };
 

@@ -1,4 +1,4 @@
-// NSError: the reason of a failure. The library only distinguishes between nil and an error.
+// NSError: the reason for a failure. The library only checks whether an error is nil.
 #pragma once
 
 #include "platform/ns_object.hpp"

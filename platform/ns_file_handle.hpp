@@ -5,11 +5,11 @@
 
 class NSFileHandle : public objc::Interface<"NSFileHandle", NSObject> {
  public:
-  // nil if the file cannot be opened. Opening a pipe blocks until another process opens the other end.
+  // Returns nil if the file cannot be opened. Opening a pipe blocks until another process opens the other end.
   static NSFileHandle* forReading(NSString* path) {
     return objc::send<NSFileHandle*, "fileHandleForReadingAtPath:">(classObject(), path);
   }
-  // Reads up to `length` bytes from the current position; returns fewer at the end of the file. Raises an exception if
-  // reading fails, for example because the path is that of a folder.
+  // Reads `length` bytes from the current position, or fewer at the end of the file. Raises an exception if reading
+  // fails, for example because the path is that of a folder.
   NSData* readData(NSUInteger length) { return objc::send<NSData*, "readDataOfLength:">(this, length); }
 };

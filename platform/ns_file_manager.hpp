@@ -1,5 +1,5 @@
-// NSFileManager: contents of folders and attributes of files. Any thread. The calls that take an error argument pass
-// nil for it; they report a failure by their result.
+// NSFileManager: contents of folders and attributes of files. Any thread. The functions of this header pass null as the
+// error argument of a message. The result reports a failure.
 #pragma once
 
 #include "platform/ns_dictionary.hpp"
@@ -18,11 +18,13 @@ class NSFileManager : public objc::Interface<"NSFileManager", NSObject> {
   NSArray* contentsOfDirectory(NSString* path) const {
     return objc::send<NSArray*, "contentsOfDirectoryAtPath:error:">(this, path, error());
   }
-  // Enumerates the folder recursively and does not follow symbolic links. nil or empty if the folder cannot be read.
+  // Enumerates the folder recursively and does not follow symbolic links. If the folder cannot be read, the result is
+  // nil or enumerates nothing.
   NSDirectoryEnumerator* enumerator(NSString* path) const {
     return objc::send<NSDirectoryEnumerator*, "enumeratorAtPath:">(this, path);
   }
-  // The attributes of the file; those of the link itself for a symbolic link. nil if there is no file at the path.
+  // The attributes of the file. For a symbolic link, the attributes of the link itself. nil if there is no file at the
+  // path.
   NSDictionary* attributes(NSString* path) const {
     return objc::send<NSDictionary*, "attributesOfItemAtPath:error:">(this, path, error());
   }

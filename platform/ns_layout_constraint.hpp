@@ -17,7 +17,7 @@ class NSLayoutConstraint : public objc::Interface<"NSLayoutConstraint", NSObject
   }
 };
 
-// A layout anchor: an edge, a center or a length of a view. The constraints that it creates are inactive.
+// A layout anchor: an edge, a center or a dimension of a view. An anchor creates inactive constraints.
 class NSLayoutAnchor : public objc::Interface<"NSLayoutAnchor", NSObject> {
  public:
   NSLayoutConstraint* equalTo(NSLayoutAnchor* other, CGFloat constant = 0) const {

@@ -1,5 +1,5 @@
-// NSNotificationCenter: notifications within the process. Posting a notification calls its observers on the same thread
-// before it returns.
+// NSNotificationCenter: notifications within the process. `post` calls the observers on the calling thread and returns
+// after the last call.
 #pragma once
 
 #include "platform/ns_dictionary.hpp"
@@ -8,7 +8,7 @@
 class NSNotification : public objc::Interface<"NSNotification", NSObject> {
  public:
   NSString* name() const { return objc::send<NSString*, "name">(this); }
-  // nil if the notification was posted without one.
+  // The dictionary that was posted with the notification; nil if there is none.
   NSDictionary* userInfo() const { return objc::send<NSDictionary*, "userInfo">(this); }
 };
 
@@ -17,7 +17,7 @@ class NSNotificationCenter : public objc::Interface<"NSNotificationCenter", NSOb
   static NSNotificationCenter* defaultCenter() {
     return objc::send<NSNotificationCenter*, "defaultCenter">(classObject());
   }
-  // Does not retain the observer.
+  // The center does not retain the observer.
   void addObserver(NSObject* observer, SEL selector, NSString* name) {
     objc::send<void, "addObserver:selector:name:object:">(this, observer, selector, name, noObject());
   }

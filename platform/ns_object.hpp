@@ -3,8 +3,8 @@
 // Conventions of all headers of this folder: A member function sends one message to its object. Arguments are borrowed.
 // A returned pointer is borrowed and autoreleased, a returned objc::Ref is owned. A call on nil does nothing and
 // returns nil, zero or false. Properties, completion blocks and userInfo dictionaries can be nil; other arguments must
-// not be nil unless a comment permits it. Values can be used on any thread; views, controls, recognizers and
-// controllers on the main thread only. Lengths are in points, durations in seconds.
+// not be nil unless a comment permits it. Views, controls, recognizers and controllers can be used on the main thread
+// only; values such as strings and dictionaries can be used on any thread. Lengths are in points, durations in seconds.
 #pragma once
 
 #include "objc/ownership.hpp"
@@ -25,7 +25,7 @@ class NSObject : public objc::Interface<"NSObject", objc::Object> {
   NSObject* valueForKey(NSString* key) const { return objc::send<NSObject*, "valueForKey:">(this, key); }
 };
 
-// Whether the object responds to the selector with this name. False for nil.
+// Returns whether the object responds to the selector with this name. Returns false for nil.
 template <objc::FixedString name>
 bool respondsTo(const NSObject* object) {
   return object != nullptr && object->respondsToSelector(objc::selector<name>());

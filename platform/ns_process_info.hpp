@@ -6,6 +6,6 @@
 class NSProcessInfo : public objc::Interface<"NSProcessInfo", NSObject> {
  public:
   static NSProcessInfo* processInfo() { return objc::send<NSProcessInfo*, "processInfo">(classObject()); }
-  // A new identifier for each call, unique across processes and devices.
+  // Returns a new identifier at each call. It is unique across processes and devices.
   NSString* globallyUniqueString() const { return objc::send<NSString*, "globallyUniqueString">(this); }
 };

@@ -1,4 +1,4 @@
-// NSRegularExpression: searching and replacing text by a pattern. Ranges are in UTF-16 code units and must be inside
+// NSRegularExpression: a pattern for searching and replacing text. Ranges are in UTF-16 code units and must be inside
 // the text.
 #pragma once
 
@@ -11,18 +11,18 @@ class NSTextCheckingResult : public objc::Interface<"NSTextCheckingResult", NSOb
   // The range of the whole match.
   NSRange range() const { return objc::send<NSRange, "range">(this); }
   // The range of a capture group; group 0 is the whole match. The location is NSNotFound if the group did not
-  // participate.
+  // participate in the match.
   NSRange rangeAtIndex(NSUInteger group) const { return objc::send<NSRange, "rangeAtIndex:">(this, group); }
 };
 
 class NSRegularExpression : public objc::Interface<"NSRegularExpression", NSObject> {
  public:
-  // nil if the pattern is invalid.
+  // Returns nil if the pattern is invalid.
   static NSRegularExpression* withPattern(NSString* pattern, NSRegularExpressionOptions options) {
     return objc::send<NSRegularExpression*, "regularExpressionWithPattern:options:error:">(classObject(), pattern,
                                                                                            options, error());
   }
-  // nil if there is no match.
+  // Returns nil if there is no match.
   NSTextCheckingResult* firstMatchInString(NSString* text, NSRange range) const {
     return objc::send<NSTextCheckingResult*, "firstMatchInString:options:range:">(this, text, NSUInteger{0}, range);
   }

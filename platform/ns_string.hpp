@@ -23,22 +23,22 @@ enum class NSComparisonResult : NSInteger { Ascending = -1, Same = 0, Descending
 
 class NSString : public objc::Interface<"NSString", NSObject> {
  public:
-  // nil if the bytes are not valid UTF-8.
+  // Returns nil if the bytes are not valid UTF-8.
   static NSString* stringWithUTF8String(const char* text) {
     return objc::send<NSString*, "stringWithUTF8String:">(classObject(), text);
   }
   static NSString* string() { return objc::send<NSString*, "string">(classObject()); }
-  // A null reference if the data is not valid in the encoding.
+  // Returns a null reference if the data is not valid in the encoding.
   static objc::Ref<NSString> decoded(NSData* data, NSStringEncoding encoding) {
     return objc::adopt(objc::send<NSString*, "initWithData:encoding:">(objc::allocate<NSString>(), data, encoding));
   }
 
   NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
-  // Valid as long as the string or the current autorelease pool, whichever ends first.
+  // The text in UTF-8. The pointer is valid until the string is deallocated or the current autorelease pool is drained.
   const char* UTF8String() const { return objc::send<const char*, "UTF8String">(this); }
   // The path as the system's C functions expect it. Empty if the path cannot be represented.
   const char* fileSystemRepresentation() const { return objc::send<const char*, "fileSystemRepresentation">(this); }
-  // The path with its symbolic links resolved; unchanged if there is no file at the path.
+  // Resolves the symbolic links of a path. Returns the path unchanged if there is no file at the path.
   NSString* stringByResolvingSymlinksInPath() const {
     return objc::send<NSString*, "stringByResolvingSymlinksInPath">(this);
   }
@@ -56,7 +56,7 @@ class NSString : public objc::Interface<"NSString", NSObject> {
   NSString* stringByReplacingCharactersInRange(NSRange range, NSString* replacement) const {
     return objc::send<NSString*, "stringByReplacingCharactersInRange:withString:">(this, range, replacement);
   }
-  // The NSString objects between the separators: one more than there are separators.
+  // The texts between the separators, as NSString objects. The array has one element more than there are separators.
   NSArray* componentsSeparatedByString(NSString* separator) const {
     return objc::send<NSArray*, "componentsSeparatedByString:">(this, separator);
   }

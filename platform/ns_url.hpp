@@ -1,15 +1,15 @@
-// NSURL and NSURLRequest: URLs and requests to load them.
+// NSURL and NSURLRequest: a URL, and a request to load a URL.
 #pragma once
 
 #include "platform/ns_string.hpp"
 
 class NSURL : public objc::Interface<"NSURL", NSObject> {
  public:
-  // nil if the text is not a valid URL. The text must not be nil.
+  // Returns nil if the text is not a valid URL. The text must not be nil.
   static NSURL* withString(NSString* text) { return objc::send<NSURL*, "URLWithString:">(classObject(), text); }
   // The scheme as written in the URL; nil for a relative URL.
   NSString* scheme() const { return objc::send<NSString*, "scheme">(this); }
-  // nil if the URL has no host.
+  // The host; nil if the URL has none.
   NSString* host() const { return objc::send<NSString*, "host">(this); }
 };
 

@@ -10,7 +10,8 @@
 
 class NSURLConnection : public objc::Interface<"NSURLConnection", NSObject> {
  public:
-  // Called once. If there is an error, response and data can be nil. An HTTP status such as 404 is not an error.
+  // The completion block, which is called once. If there is an error, response and data can be nil. An HTTP status such
+  // as 404 is not an error.
   using Completion = void(NSURLResponse* response, NSData* data, NSError* error);
 
   // Starts the request and returns immediately. Follows redirects. Copies the completion block and releases it after it

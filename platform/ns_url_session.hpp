@@ -1,4 +1,5 @@
-// NSURLSession and its data tasks: load a URL and pass the complete body to a completion block. Any thread.
+// NSURLSession and its data tasks: load the resource at a URL and pass its complete body to a completion block. Any
+// thread.
 #pragma once
 
 #include "objc/block.hpp"
@@ -15,8 +16,8 @@ class NSURLSessionDataTask : public objc::Interface<"NSURLSessionDataTask", NSOb
 
 class NSURLSession : public objc::Interface<"NSURLSession", NSObject> {
  public:
-  // Called once, on a background queue of the session. If there is an error, data and response can be nil. An HTTP
-  // status such as 404 is not an error.
+  // The completion block, which is called once, on a background queue of the session. If there is an error, data and
+  // response can be nil. An HTTP status such as 404 is not an error.
   using Completion = void(NSData* data, NSURLResponse* response, NSError* error);
 
   static NSURLSession* sharedSession() { return objc::send<NSURLSession*, "sharedSession">(classObject()); }

@@ -16,7 +16,7 @@ class UIColor : public objc::Interface<"UIColor", NSObject> {
   }
   static UIColor* redColor() { return objc::send<UIColor*, "redColor">(classObject()); }
   static UIColor* clearColor() { return objc::send<UIColor*, "clearColor">(classObject()); }
-  // Valid as long as the color exists.
+  // The pointer is valid as long as the UIColor exists.
   CGColorRef CGColor() const { return objc::send<CGColorRef, "CGColor">(this); }
   // Writes the components to the pointers that are not null.
   bool getRed(CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) const {

@@ -16,7 +16,8 @@ class UIScreen : public objc::Interface<"UIScreen", NSObject> {
   UITraitCollection* traitCollection() const { return objc::send<UITraitCollection*, "traitCollection">(this); }
 };
 
-// Whether the system is older than the version. The parts of a version are compared as numbers: 9.3 is below 12.0.
+// Returns whether the system is older than the given version. The parts of a version are compared as numbers: 9.3 is
+// below 12.0.
 inline bool systemVersionIsBelow(NSString* version) {
   return UIDevice::currentDevice()->systemVersion()->compare(version, NSStringCompareOptions::Numeric) ==
          NSComparisonResult::Ascending;

@@ -1,4 +1,4 @@
-// UIFont: an immutable font, that is, a typeface and a size in points.
+// UIFont: an immutable font: a typeface with a size in points.
 #pragma once
 
 #include "platform/core_graphics.hpp"

@@ -12,7 +12,7 @@ enum class UIGestureRecognizerState : NSInteger { Possible, Began, Changed, Ende
 class UIGestureRecognizer : public objc::Interface<"UIGestureRecognizer", NSObject> {
  public:
   UIGestureRecognizerState state() const { return objc::send<UIGestureRecognizerState, "state">(this); }
-  // nil if the recognizer is not attached to a view.
+  // The view to which the recognizer is attached; nil if there is none.
   UIView* view() const { return objc::send<UIView*, "view">(this); }
 };
 

@@ -1,4 +1,5 @@
-// UIPress and UIPressesEvent: a physical button that is pressed or released. Main thread only.
+// UIPress and UIPressesEvent: the press or release of a physical button. `type` identifies the button: 101 is the home
+// button. `force` is 0 when the button is released. Main thread only.
 #pragma once
 
 #include "platform/core_graphics.hpp"

@@ -1,13 +1,14 @@
-// UIResponder: an element of the responder chain, which passes on events that its elements do not handle.
+// UIResponder: an element of the responder chain. An event that an element does not handle is passed to the next
+// element.
 #pragma once
 
 #include "platform/ns_object.hpp"
 
 class UIResponder : public objc::Interface<"UIResponder", NSObject> {
  public:
-  // nil at the end of the chain.
+  // The next element of the chain; nil for the last element.
   UIResponder* nextResponder() const { return objc::send<UIResponder*, "nextResponder">(this); }
-  // Both return false if the change was refused.
+  // These two functions return false if the change was refused.
   bool becomeFirstResponder() { return objc::send<bool, "becomeFirstResponder">(this); }
   bool resignFirstResponder() { return objc::send<bool, "resignFirstResponder">(this); }
   bool isFirstResponder() const { return objc::send<bool, "isFirstResponder">(this); }

@@ -10,7 +10,7 @@ enum class UIReturnKeyType : NSInteger { Send = 7 };
 
 class UITextField : public objc::Interface<"UITextField", UIControl> {
  public:
-  // Never nil. Setting nil clears the text.
+  // The text is never nil. Setting nil clears the text.
   NSString* text() const { return objc::send<NSString*, "text">(this); }
   void setText(NSString* text) { objc::send<void, "setText:">(this, text); }
   void setTextColor(UIColor* color) { objc::send<void, "setTextColor:">(this, color); }

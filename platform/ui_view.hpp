@@ -14,7 +14,7 @@ class UIWindow;
 
 enum class UIViewContentMode : NSInteger { ScaleToFill, ScaleAspectFit, ScaleAspectFill, Redraw, Center, Top };
 
-// Autoresizing mask: flexible width and flexible height.
+// The autoresizing mask for a flexible width and a flexible height.
 inline constexpr NSUInteger UIViewAutoresizingFlexibleSize = 18;
 
 class UIView : public objc::Interface<"UIView", UIResponder> {

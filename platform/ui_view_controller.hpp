@@ -6,9 +6,10 @@
 
 class UIViewController : public objc::Interface<"UIViewController", UIResponder> {
  public:
-  // Loads the view at the first call.
+  // The view, which is loaded at the first call.
   UIView* view() const { return objc::send<UIView*, "view">(this); }
   UITraitCollection* traitCollection() const { return objc::send<UITraitCollection*, "traitCollection">(this); }
+  // Requires system version 13.0.
   void setOverrideUserInterfaceStyle(UIUserInterfaceStyle style) {
     objc::send<void, "setOverrideUserInterfaceStyle:">(this, style);
   }

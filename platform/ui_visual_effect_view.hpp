@@ -3,7 +3,6 @@
 
 #include "platform/ui_view.hpp"
 
-// The values are those of the platform.
 enum class UIBlurEffectStyle : NSInteger { Light = 1, Dark = 2, Regular = 4 };
 
 class UIBlurEffect : public objc::Interface<"UIBlurEffect", NSObject> {

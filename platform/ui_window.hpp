@@ -1,5 +1,5 @@
-// UIWindow and UIApplication: a window is the root of a view hierarchy, the application is the end of the responder
-// chain.
+// UIWindow and UIApplication: a window is the root of a view hierarchy; the application is the last element of the
+// responder chain.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -12,10 +12,10 @@ class UIWindow : public objc::Interface<"UIWindow", UIView> {
 class UIApplication : public objc::Interface<"UIApplication", UIResponder> {
  public:
   static UIApplication* sharedApplication() { return objc::send<UIApplication*, "sharedApplication">(classObject()); }
-  // The window that receives keyboard input; nil if there is none.
+  // The window that receives keyboard input; nil if there is no such window.
   UIWindow* keyWindow() const { return objc::send<UIWindow*, "keyWindow">(this); }
-  // Launches or resumes the application. If `suspended` is true, it stays in the background. Returns whether the
-  // application could be launched.
+  // Launches or resumes the application. If `suspended` is true, the application stays in the background. Returns
+  // whether the application could be launched.
   bool launchApplication(NSString* bundleIdentifier, bool suspended) {
     return objc::send<bool, "launchApplicationWithIdentifier:suspended:">(this, bundleIdentifier, suspended);
   }

@@ -5,7 +5,7 @@
 
 class UNNotificationContent : public objc::Interface<"UNNotificationContent", NSObject> {
  public:
-  // The sender's own data. The values can be of any type.
+  // Data that the sender attaches for its own application. The values can have any type.
   NSDictionary* userInfo() const { return objc::send<NSDictionary*, "userInfo">(this); }
 };
 

@@ -8,7 +8,7 @@ namespace {
 // clang-format off
 constexpr SupportedApplication table[] = {
     {"net.whatsapp.WhatsApp", &settings::enableWhatsApp, &BrimWhatsAppContactPhotoProvider::classObject, &registerWhatsAppProvider, "whatsapp"},
-    // The business edition shares the provider.
+    // The business edition of WhatsApp uses the same provider.
     {"net.whatsapp.WhatsAppSMB", &settings::enableWhatsApp, &BrimWhatsAppContactPhotoProvider::classObject, &registerWhatsAppProvider, "whatsapp"},
     {"com.apple.MobileSMS", &settings::enableMessages, &BrimMessagesContactPhotoProvider::classObject, &registerMessagesProvider, "imessages"},
     {"com.atebits.Tweetie2", &settings::enableTwitter, &BrimTwitterContactPhotoProvider::classObject, &registerTwitterProvider, "twitter"},
@@ -20,7 +20,8 @@ constexpr SupportedApplication table[] = {
 };
 // clang-format on
 
-// The runtime refuses to register a class twice.
+// A provider that several rows share is registered once, because the runtime rejects the second registration of a
+// class.
 bool sharesProviderWithEarlierRow(const SupportedApplication& application) {
   for (const SupportedApplication* earlier = table; earlier != &application; ++earlier)
     if (earlier->registerPhotoProvider == application.registerPhotoProvider) return true;

@@ -12,17 +12,19 @@ struct SupportedApplication {
   // The class of the photo provider, and the function that registers it with the runtime.
   Class (*photoProvider)();
   bool (*registerPhotoProvider)();
-  // The name of the glyph in the asset bundle's folders glyphs/black and glyphs/white.
+  // The file name of the glyph, without its extension, in the folders glyphs/black and glyphs/white of the asset
+  // bundle.
   const char* glyph;
 };
 
 std::span<const SupportedApplication> supportedApplications();
 
-// The row of the application. nullptr if the application is not supported. The identifier is compared exactly.
+// Returns the row of the application, or a null pointer if the application is not supported or the identifier is nil.
+// The comparison is case-sensitive.
 const SupportedApplication* supportedApplication(NSString* bundleIdentifier);
 
-// Registers the providers' classes, in the order of the table. Call once. Returns false if a class cannot be
-// registered.
+// Registers the providers' classes, in the order of the table. Call this function once. Returns false if a class cannot
+// be registered.
 bool registerPhotoProviders();
 
 // The Messages app, which sends replies and read receipts on behalf of its banners.

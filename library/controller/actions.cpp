@@ -18,7 +18,7 @@ void execute(NotificationController* self, NCNotificationAction* action) {
   execute(self, action, NSDictionary::dictionary());
 }
 
-// The actions that the application adds, in groups. nil if the platform cannot show the request.
+// Returns the actions that the application adds, in groups. Returns nil if the platform cannot present the request.
 NSDictionary* applicationActions(BannerController* self) {
   NCNotificationRequest* request = self->notificationRequest();
   if (request == nullptr) return nullptr;
@@ -26,13 +26,13 @@ NSDictionary* applicationActions(BannerController* self) {
   return shown == nullptr ? nullptr : request->supplementaryActions();
 }
 
-// nil if the action has no identifier.
+// Returns nil if the action has no identifier.
 NSString* identifierOf(NSObject* action) {
   if (!respondsTo<"identifier">(action)) return nullptr;
   return static_cast<NCNotificationAction*>(action)->identifier();
 }
 
-// Calls the function for each group, in the dictionary's order, until it returns an action.
+// Calls `find` for each group, in the dictionary's order, until `find` returns an action. Returns this action, or nil.
 template <class FindInGroup>
 NCNotificationAction* firstActionInGroups(NSDictionary* groups, const FindInGroup& find) {
   NSArray* keys = groups->allKeys();
@@ -44,7 +44,7 @@ NCNotificationAction* firstActionInGroups(NSDictionary* groups, const FindInGrou
   return nullptr;
 }
 
-// The snooze action is always the first of its group.
+// Returns the snooze action of the group, or nil. The platform always puts the snooze action first in its group.
 NCNotificationAction* snoozeIn(NSArray* group) {
   NSObject* first = group->objectAtIndex(0);
   NSString* identifier = identifierOf(first);

@@ -1,25 +1,31 @@
-// The actions of a banner's notification: which ones exist, and their execution by the platform. Main thread.
+// The actions of a banner's notification. These functions find the actions and ask the platform to execute them. If the
+// argument `view` is nil, it means the controller's attached banner. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
 
-// Without a request these return nil or false.
+// If the controller has no notification request, the next five functions return nil or false.
 
-// The snooze action if there is one, then the close action.
+// Returns the snooze action and the close action, in this order. A missing action is omitted.
 NSArray* getAlarmActions(BannerController* self);
+// Whether the notification is from the Clock application.
 bool isAlarm(BannerController* self);
+// Returns the bundle identifier of the notification's application.
 NSString* getBundleId(BannerController* self);
+// Whether the notification has a reply action or is from the Messages app.
 bool canReply(BannerController* self);
+// Returns the first action whose identifier indicates a reply, or nil.
 NCNotificationAction* getReplyAction(BannerController* self);
 
-// Executes the clear action and dismisses the banner.
+// Executes the clear action, if there is one, and dismisses the banner.
 void attemptDelete(BannerController* self, BrimContainer* view);
-// Executes the clear action only.
+// Executes the clear action, if there is one. The banner stays.
 void executeClearAction(NotificationController* self);
-// Executes the silence action; the banner stays.
+// Executes the silence action, if there is one. The banner stays.
 void attemptSilence(BannerController* self, BrimContainer* view);
-// Executes the alarm action at the index and dismisses the banner. Executes none if the index is out of range.
+// Executes the action at the index in getAlarmActions and dismisses the banner. If the index is out of range, only
+// dismisses the banner.
 void executeOnAlarm(BannerController* self, BrimContainer* view, NSUInteger index);
-// Executes the reply action with the text and deletes the notification. Without a reply action, sends the text through
-// the Messages app.
+// Executes the reply action with the text, and then calls attemptDelete. If there is no reply action, sends the text
+// through the Messages app instead.
 void sendReply(BannerController* self, BrimContainer* view, NSString* text);

@@ -2,7 +2,7 @@
 
 namespace {
 
-// The platform's formats of an icon, in order of preference.
+// The platform's numbers of the icon formats, in order of preference.
 constexpr int iconFormats[] = {8, 2, 0};
 // The placeholder is recognized by the digest of its JPEG representation.
 constexpr CGFloat placeholderQuality = 100;

@@ -3,6 +3,6 @@
 
 #include "library/controller/banner_controller.hpp"
 
-// The application's own icon. If the platform has only a placeholder for it, the first icon of the content view. nil if
-// that has none.
+// Returns the application's own icon. If the platform has no icon or only a placeholder, returns the first icon of the
+// content view, or nil if the content view has no icons.
 UIImage* applicationIcon(BannerController* controller, NCNotificationShortLookView* content);

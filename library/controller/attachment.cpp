@@ -13,8 +13,8 @@ namespace {
 
 constexpr int identifierLength = 8;
 
-// Gives the controller an identifier, and dismisses the older banners in a later run-loop iteration. Once for each
-// controller.
+// Gives the controller an identifier, and dismisses the older banners in a later run-loop iteration. Does nothing if
+// the controller already has an identifier.
 void replaceOlderBanners(BannerController* controller) {
   if (controller->brimIdentifier() != nullptr) return;
   const objc::Ref<NSString> identifier = objc::retain<NSString>(generateRandomString(identifierLength));
@@ -22,8 +22,8 @@ void replaceOlderBanners(BannerController* controller) {
   onMainQueue([identifier] { postReplacement(identifier); });
 }
 
-// Iterates over a copy, because the view changes its own list. The list contains nil where the object of a weak entry
-// was deallocated.
+// Iterates over a copy, because each removal changes the view's list. The platform's list refers to some objects weakly
+// and contains nil for an object that was deallocated.
 void removeRecognizers(UIView* view, NSArray* recognizers) {
   const objc::Ref<NSArray> copy = recognizers->copied();
   for (NSUInteger index = 0; index < copy->count(); ++index)
@@ -31,7 +31,7 @@ void removeRecognizers(UIView* view, NSArray* recognizers) {
       view->removeGestureRecognizer(recognizer);
 }
 
-// The recognizers that the view stores in its instance variable.
+// Returns the recognizers that the view stores in its instance variable, or nil if its class has no such variable.
 NSArray* recognizersInside(UIView* view) {
   const id object = objc::detail::toId(view);
   const Ivar variable = class_getInstanceVariable(object_getClass(object), "_gestureRecognizers");
@@ -48,7 +48,7 @@ void attach(BannerController* controller, NCNotificationViewControllerView* view
   replaceOlderBanners(controller);
   const objc::Ref<BrimColors> colors = colorsFor(controller);
   content->removeFromSuperview();
-  // A newer banner never covers one that must stay.
+  // While an older banner must stay, the controller gets no banner, because a banner would cover the older one.
   if (!BrimContainer::DismissNotification()) return;
   BrimContainer::setDismissNotification(controller->shouldAutoDismiss());
 

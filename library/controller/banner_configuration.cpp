@@ -5,7 +5,7 @@
 
 namespace {
 
-// Values of the setting appIconPfp. A larger value means a glyph, a smaller one no badge.
+// Values of the setting appIconPfp. Any larger value also selects the glyph. Any smaller value selects no badge.
 constexpr NSInteger glyphBadge = 1;
 constexpr NSInteger iconBadge = 2;
 

@@ -4,5 +4,5 @@
 #include "library/controller/banner_controller.hpp"
 #include "library/controller/notification_text.hpp"
 
-// Call before the banner is added to a superview.
+// Call this function before the banner is added to a superview.
 void configureBanner(BrimContainer* banner, BannerController* controller, BrimColors* colors, const BannerTexts& texts);

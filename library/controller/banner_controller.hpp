@@ -1,45 +1,50 @@
-// The platform's notification controllers, with the properties and messages that the library adds to them. The
-// interface fixes the names of the messages, their spelling included. Main thread.
+// The platform's notification controllers, with the properties and messages that the library adds to them. The other
+// headers of this folder and library/messages/home_screen.hpp declare and document the functions that implement the
+// messages. The names of the messages, including their spelling, are part of the library's public interface; do not
+// change them. Main thread.
 #pragma once
 
 #include "library/view/brim_container.hpp"
 #include "platform/nc_notification_view.hpp"
 #include "platform/nc_notification_view_controller.hpp"
 
-// A controller of a notification in the banner window or elsewhere.
+// The controller of a notification, which is presented in the banner window or elsewhere.
 class NotificationController : public objc::Interface<"NCNotificationViewController", NCNotificationViewController> {
  public:
   // Whether the controller's view is in the banner window.
   bool isPartOfBanner() const { return objc::send<bool, "isPartOfBanner">(this); }
-  // Appends the texts of the view's notification to a banner of the same conversation.
+  // Appends the body of the view's notification to the banner with the same header.
   void attemptUpdateReply(UIView* view) { objc::send<void, "attemptUpdateReply:">(this, view); }
   // Executes the notification's clear action.
   void attemptDelete() { objc::send<void, "attemptDelete">(this); }
 
-  // Identifies the banner. nil until the banner is attached for the first time; does not change afterwards.
+  // Identifies the banner. nil before the notification view is first presented; does not change afterwards.
   NSString* brimIdentifier() const { return objc::send<NSString*, "brimIdentifier">(this); }
   void setBrimIdentifier(NSString* identifier) { objc::send<void, "setBrimIdentifier:">(this, identifier); }
 };
 
-// The controller of a short look; every banner belongs to one.
+// The controller of a short look, the platform's compact view of a notification. Every banner belongs to a controller
+// of this class.
 class BannerController : public objc::Interface<"NCNotificationShortLookViewController", NotificationController> {
  public:
-  // The attached banner, retained. nil before it is attached and after it is removed.
+  // The attached banner, which the controller retains. nil before the banner is attached and after the banner is
+  // removed.
   BrimContainer* brimView() const { return objc::send<BrimContainer*, "brimView">(this); }
   void setBrimView(BrimContainer* banner) { objc::send<void, "setBrimView:">(this, banner); }
-  // The platform has dismissed the controller.
+  // True after the platform has dismissed the controller.
   bool hasDismissed() const { return objc::send<bool, "hasDismissed">(this); }
   void setHasDismissed(bool value) { objc::send<void, "setHasDismissed:">(this, value); }
-  // The time until the automatic dismissal has passed, or a dismissal is forced. A dismissal requires one of them.
+  // True after the time until the automatic dismissal has passed, or after a dismissal was forced. A dismissal starts
+  // only if this property is true.
   bool autoDimissTriggered() const { return objc::send<bool, "autoDimissTriggered">(this); }
   void setAutoDimissTriggered(bool value) { objc::send<void, "setAutoDimissTriggered:">(this, value); }
-  // The banner's dismissal animation is running.
+  // True while the banner's dismissal animation is running.
   bool isDismissing() const { return objc::send<bool, "isDismissing">(this); }
   void setIsDismissing(bool value) { objc::send<void, "setIsDismissing:">(this, value); }
-  // A newer banner replaces this one.
+  // True after a newer banner has replaced this banner.
   bool wasExternallyDismissed() const { return objc::send<bool, "wasExternallyDismissed">(this); }
   void setWasExternallyDismissed(bool value) { objc::send<void, "setWasExternallyDismissed:">(this, value); }
-  // A dismissal was requested, even if the banner stays.
+  // True after a dismissal was requested, even if the banner stayed.
   bool dismissCalled() const { return objc::send<bool, "dismissCalled">(this); }
   void setDismissCalled(bool value) { objc::send<void, "setDismissCalled:">(this, value); }
 
@@ -57,7 +62,7 @@ class BannerController : public objc::Interface<"NCNotificationShortLookViewCont
   void updateProfilePicture(NSString* header, NSString* body, BrimContainer* view) {
     objc::send<void, "updateProfilePictureWithHeader:withBody:forView:">(this, header, body, view);
   }
-  // nil means the attached banner.
+  // If the view is nil, it means the attached banner.
   void forceDismissNotification(BrimContainer* view) {
     objc::send<void, "forceDismissNotificationForView:">(this, view);
   }
@@ -80,7 +85,7 @@ class BannerController : public objc::Interface<"NCNotificationShortLookViewCont
     objc::send<void, "dismissGestureHandler:forView:animated:duration:completion:">(this, offset, view, animated,
                                                                                     duration, completion);
   }
-  // Increases the banner's height for a drag of that distance, in points.
+  // Increases the banner's height for a drag of the given distance, in points.
   void expandBanner(CGFloat distance, BrimContainer* view, bool animated, objc::Block<void(bool)>* completion) {
     objc::send<void, "expandGestureHandler:forView:animated:completion:">(this, distance, view, animated, completion);
   }

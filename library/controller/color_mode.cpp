@@ -15,7 +15,7 @@ objc::Ref<BrimColors> colorsForStyle(UIUserInterfaceStyle style) {
 
 }  // namespace
 
-// Before 13.0 the system has no dark appearance.
+// Before system version 13.0, there is no dark appearance.
 objc::Ref<BrimColors> colorsFor(BannerController* controller) {
   const NSInteger mode = settings::interfaceMode;
   if (systemVersionIsBelow("13.0"_ns)) return BrimColors::withMode(mode != followsSystem ? mode : lightMode);

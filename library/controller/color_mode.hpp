@@ -1,12 +1,13 @@
-// The color mode of a banner, from the setting containerColor and the system's appearance. Main thread.
+// The color mode of a banner. It depends on the setting containerColor and the system's appearance. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
 #include "objc/hook.hpp"
 
-// The colors of a new banner. If the setting chooses a mode, this also changes the controller's appearance to it.
+// Returns the colors of a new banner. If the setting selects a fixed mode, this function also changes the controller's
+// appearance to light or dark, in system version 13.0 and later.
 objc::Ref<BrimColors> colorsFor(BannerController* controller);
 
-// Hook. Changes the banner's colors with the system's appearance, if the setting follows it.
+// Hook. If the setting follows the system's appearance and this appearance has changed, changes the banner's colors.
 void traitCollectionDidChange(objc::Original<void(BannerController*, UITraitCollection*)> original,
                               BannerController* self, UITraitCollection* previous);

@@ -4,7 +4,8 @@
 
 namespace {
 
-// The names of the notification, its keys and its commands are fixed by the interface.
+// The names of the notification, its keys and its commands are part of the library's public interface; do not change
+// them.
 NSString* notificationName() { return "BrimNotification"_ns; }
 NSString* commandKey() { return "command"_ns; }
 NSString* headerKey() { return "header"_ns; }
@@ -93,7 +94,7 @@ void receivedBrimNotification(BannerController* self, NSNotification* notificati
   NSDictionary* userInfo = notification->userInfo();
   auto* command = objc::as<NSString>(userInfo->objectForKey(commandKey()));
   if (command == nullptr) return;
-  // Retained, because a dismissal can release the last other reference to the controller.
+  // The controller is retained, because a dismissal can release the last other reference to it.
   const objc::Ref<BannerController> controller = objc::retain(self);
   for (const CommandHandler& handler : handlers) {
     if (!command->isEqualToString(handler.command())) continue;

@@ -1,4 +1,4 @@
-// The command channel: notifications that reach the controllers of all banners of the process. Main thread.
+// The command channel. A command is a notification that all banner controllers of the process receive. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
@@ -7,15 +7,15 @@
 
 enum class Command { Dismiss, DismissWithoutAnimation };
 
-// Each of these returns after every controller has executed the command.
+// The functions that post a command return after every controller has executed it.
 void post(Command command);
-// A newer banner with this identifier is attached; the other banners are dismissed.
+// Announces that a newer banner with this identifier replaces the others, which are then dismissed.
 void postReplacement(NSString* identifier);
-// The banner whose original header is equal appends the body, if its notification can be answered.
+// A banner whose original header equals `header` appends the body, if its notification can be answered.
 void postUpdate(NSString* header, NSString* body);
 
 // Hooks. A controller observes the channel from its viewDidLoad to its dealloc.
 void bannerControllerViewDidLoad(objc::Original<void(BannerController*)> original, BannerController* self);
 void bannerControllerDealloc(objc::Original<void(BannerController*)> original, BannerController* self);
-// Ignores unknown commands, and every command before the controller has a brimIdentifier.
+// Executes a command. Ignores unknown commands, and ignores every command before the controller has a brimIdentifier.
 void receivedBrimNotification(BannerController* self, NSNotification* notification);

@@ -6,18 +6,19 @@
 
 namespace {
 
-// The time in which a replaced banner stays behind the newer one.
+// The time, in nanoseconds, for which a replaced banner stays behind the newer banner.
 constexpr std::int64_t replacementDelay = nanosecondsPerSecond / 2;
-// Seconds.
+// In seconds.
 constexpr double minDismissalDuration = 0.7;
 constexpr double dismissalDurationPerLine = 0.02;
-// Points. Above the screen for a banner of any height.
+// In points. At this offset, a banner of any height is above the screen.
 constexpr CGFloat dismissalOffset = -1000;
 // The transition of a dismissal that the library requests. The platform uses this number too.
 constexpr NSInteger ownTransition = 30;
 constexpr NSInteger platformTransition = 0;
 
-// The controller of the banner that was attached last. nil after the controller is deallocated. Not retained.
+// The controller of the banner that was attached last. A null pointer after the controller is deallocated. Not
+// retained.
 const BannerController* controllerOfNewestBanner = nullptr;
 
 std::int64_t nanoseconds(NSInteger seconds) {
@@ -26,7 +27,7 @@ std::int64_t nanoseconds(NSInteger seconds) {
   return product;
 }
 
-// Removes the banner from the screen at once.
+// Removes the banner from the screen immediately.
 void removeBanner(BannerController* controller) {
   const objc::Ref<BrimContainer> banner = objc::retain(controller->brimView());
   banner->removeFromSuperview();
@@ -50,7 +51,8 @@ double dismissalDuration(BrimContainer* banner) {
   return minDismissalDuration + dismissalDurationPerLine * static_cast<double>(lines);
 }
 
-// Does not dismiss the controllers, because the newer banner is on screen.
+// Returns the completion of the animation of a replaced banner. It removes only this banner. It does not call
+// preDismiss, which dismisses all controllers, because the newer banner must stay on screen.
 objc::BlockRef<void(bool)> removalOfReplacedBanner(BannerController* self) {
   const objc::Ref<BannerController> controller = objc::retain(self);
   return objc::block([controller](bool finished) {
@@ -58,6 +60,7 @@ objc::BlockRef<void(bool)> removalOfReplacedBanner(BannerController* self) {
   });
 }
 
+// Returns the completion of the dismissal animation.
 objc::BlockRef<void(bool)> removalOfBanner(BannerController* self) {
   const objc::Weak<BannerController> weakController(self);
   return objc::block([weakController](bool finished) {
@@ -87,7 +90,8 @@ void prepareForcedDismissal(BannerController* self) {
 }
 
 // The platform itself can dismiss the controller with transition 30. The banner is then still attached and must be
-// removed. If it is the newest banner, later banners must not wait for it.
+// removed. The shared flag DismissNotification is set only if this banner is the newest, because otherwise the flag
+// describes a newer banner.
 void cleanUpAfterPlatformDismissal(BannerController* controller) {
   if (controller->brimView() == nullptr) return;
   removeBanner(controller);

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The height changes by one point for this many points of a drag.
+// The length of a drag, in points, that changes the height by one point.
 constexpr CGFloat dragPointsPerHeightPoint = 4;
 constexpr NSInteger expandedLineCount = 15;
 
@@ -24,7 +24,7 @@ void handleDrag(BannerController* self, BrimContainer* banner, CGFloat translati
   if (!upward) self->expandBanner(translation, banner, false, nullptr);
 }
 
-// A drag that is too short to dismiss expands the banner.
+// If the drag is too short for a dismissal, the banner is expanded.
 void handleEndOfDragUpward(BannerController* self, BrimContainer* banner, CGFloat translation) {
   if (translation > banner->defaultDismiss()) {
     self->moveBanner(0, banner, true, nullptr);
@@ -53,7 +53,7 @@ void handleTap(objc::Original<void(BannerController*, NSObject*)> original, Bann
 
 void panGestureHandler(BannerController* self, UIPanGestureRecognizer* recognizer) {
   auto* banner = static_cast<BrimContainer*>(recognizer->view());
-  // A gesture can continue after the banner is removed. The banner then has no superview to move in.
+  // A gesture can continue after the banner was removed. Without a superview, the banner cannot be moved.
   if (self->isDismissing() || banner->superview() == nullptr) return;
   const CGFloat translation = recognizer->translationInView(self->view()).y;
   const bool upward = translation <= 0 && (banner->height() <= banner->defaultHeight() || banner->isFullyExpanded() ||

@@ -1,5 +1,6 @@
 // Taps and drags on a banner: a tap opens the application, a drag upward dismisses the banner, and a drag downward
-// expands it. Distances are points. Main thread.
+// expands it. Distances are in points. The completions, which can be null, are called after an animation only. Main
+// thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
@@ -17,6 +18,8 @@ void moveBanner(BannerController* self, CGFloat offset, BrimContainer* view, boo
 void moveBannerWithDuration(BannerController* self, CGFloat offset, BrimContainer* view, bool animated, double duration,
                             objc::Block<void(bool)>* completion);
 
-// Increases the banner's height by a quarter of the distance, between its height at rest and its full height.
+// Adds a quarter of the distance to the banner's height. The result is limited to the range from the height at rest to
+// the fully expanded height. At the upper limit, the banner must stay; at the lower limit, it can be dismissed
+// automatically.
 void expandBanner(BannerController* self, CGFloat distance, BrimContainer* view, bool animated,
                   objc::Block<void(bool)>* completion);

@@ -10,7 +10,8 @@ namespace {
 
 constexpr SystemSoundID strongPop = 1520;
 constexpr SystemSoundID plainVibration = 4095;
-// Support levels of the device: a haptic engine, or its predecessor.
+// The device's support levels for feedback: a haptic engine, or its predecessor. At any other level, the device only
+// vibrates.
 constexpr NSInteger hapticEngine = 2;
 constexpr NSInteger tapticEngine = 1;
 

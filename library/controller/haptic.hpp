@@ -1,7 +1,7 @@
-// Haptic feedback, as strong as the device supports. Main thread.
+// Haptic feedback. Each device uses the best feedback that it supports. Main thread.
 #pragma once
 
-// Confirms an executed action, if the setting vibrate_on_send is on.
+// Confirms an executed action. Does nothing if the setting vibrate_on_send is off.
 void confirmWithHaptic();
 
 // Vibrates for a test banner, regardless of the setting.

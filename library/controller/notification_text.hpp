@@ -1,5 +1,5 @@
-// The texts of a banner: which text of the platform's content view is the header, the sub-header and the body. Main
-// thread.
+// The texts of a banner. These functions select the header, the sub-header and the body from the texts of the
+// platform's content view. Main thread.
 #pragma once
 
 #include "platform/nc_notification_view.hpp"
@@ -12,12 +12,13 @@ struct BannerTexts {
   objc::Ref<NSString> body;
 };
 
-// Copies of the three texts.
+// Returns copies of the three texts. An empty header becomes nil.
 BannerTexts bannerTexts(NCNotificationShortLookView* content);
 
-// The title. If the title is empty, the subtitle, which can be nil or empty.
+// Returns the title. If the title is nil or empty, returns the subtitle, which can be nil or empty.
 NSString* headerText(NCNotificationShortLookView* content);
-// The subtitle. nil if it is empty, and if it is already the header.
+// Returns the subtitle. Returns nil if the subtitle is empty or is used as the header.
 NSString* subHeaderText(NCNotificationShortLookView* content);
-// The message. If the message is empty, the summary, which can be nil or empty; nil in system versions before 12.0.
+// Returns the message. If the message is nil or empty, returns the summary, which can be nil or empty. System versions
+// before 12.0 have no summary; the result is then nil.
 NSString* bodyText(NCNotificationShortLookView* content);

@@ -1,5 +1,4 @@
-// Hooks that keep the platform from presenting something over a banner: its long look, or another notification. Main
-// thread.
+// Hooks that prevent the platform from presenting its long look or another notification over a banner. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
@@ -8,7 +7,8 @@
 // Whether the controller's view is in the banner window.
 bool isPartOfBanner(NotificationController* self);
 
-// The long look. These call the original outside the banner window only.
+// Hooks of the long look. In the banner window they do nothing, because banners have no long look. Elsewhere they call
+// the original implementation.
 void presentLongLookForScroll(objc::Original<void(BannerController*, bool, objc::Block<void(bool)>*)> original,
                               BannerController* self, bool animated, objc::Block<void(bool)>* completion);
 void presentLongLookViaClick(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self,
@@ -17,10 +17,11 @@ void presentLongLook(objc::Original<void(NotificationController*, bool, NSIntege
                      NotificationController* self, bool animated, NSInteger trigger,
                      objc::Block<void(bool)>* completion);
 
-// Another notification. It is not presented over a banner that must stay; the banner can take its texts.
+// Hook. If a banner must stay, another notification is not presented over the banner. Instead, attemptUpdateReply is
+// called.
 void presentViewController(
     objc::Original<void(NotificationController*, UIViewController*, bool, objc::Block<void()>*)> original,
     NotificationController* self, UIViewController* presented, bool animated, objc::Block<void()>* completion);
-// Posts the view's texts as an update and executes the notification's clear action. Does nothing without a header or
-// without a body.
+// Appends the body of the view's notification to the banner with the same header, and executes the clear action of the
+// controller's notification. Does nothing if the header or the body is nil.
 void attemptUpdateReply(NotificationController* self, NCNotificationViewControllerView* view);

@@ -3,6 +3,6 @@
 
 #include "library/controller/banner_controller.hpp"
 
-// Starts the photo provider of the notification's application. Without a provider, or if the settings disable it, the
-// banner keeps the application's icon. Header and body can be nil.
+// Starts the photo provider of the notification's application. If there is no provider, or the settings disable it, the
+// banner continues to show the application's icon. The header and the body can be nil.
 void updateProfilePicture(BannerController* self, NSString* header, NSString* body, BrimContainer* view);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr NSUInteger everyDestination = 15;
 
-// Retained. nil until the platform creates a server.
+// The server that was initialized last, retained. nil before the platform creates a server.
 BBServer* sharedServer;
 
 NSString* requestName() { return "com.lumetra.brim.receivedbannertest"_ns; }
@@ -35,7 +35,7 @@ objc::Ref<BBBulletin> testBulletin() {
   return bulletin;
 }
 
-// A process with a bulletin server exports its queue under this symbol.
+// A process that has a bulletin server exports the server's queue under this symbol.
 dispatch_queue_t lookUpServerQueue() {
   const auto* const symbol = static_cast<dispatch_queue_t*>(symbolInProcess("__BBServerQueue"));
   const dispatch_queue_t queue = symbol == nullptr ? nullptr : *symbol;

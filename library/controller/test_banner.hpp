@@ -5,13 +5,13 @@
 #include "platform/bb_server.hpp"
 #include "platform/ui_view_controller.hpp"
 
-// Hooks. The home screen observes the request from its viewDidLoad to its dealloc.
+// Hooks. The home screen's view controller observes the request from its viewDidLoad to its dealloc.
 void homeScreenViewDidLoad(objc::Original<void(UIViewController*)> original, UIViewController* self);
 void homeScreenDealloc(objc::Original<void(UIViewController*)> original, UIViewController* self);
 // Vibrates and publishes the notification.
 void receivedBannerTest(UIViewController* self);
 
-// Hooks. The bulletin server that was initialized last publishes the notification.
+// Hooks. They store the bulletin server that was initialized last. This server publishes the notification.
 BBServer* serverInit(objc::Original<BBServer*(BBServer*, NSObject*)> original, BBServer* self, NSObject* queue);
 BBServer* serverLongInit(objc::Original<BBServer*(BBServer*, NSObject*, NSObject*, NSObject*, NSObject*, NSObject*,
                                                   NSObject*, NSObject*, NSObject*, NSObject*)>

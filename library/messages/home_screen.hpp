@@ -1,8 +1,10 @@
-// The home screen's end of the bridge to the Messages app: requests replies and read receipts. Main thread.
+// The home screen's side of the bridge to the Messages app. It requests that the app sends replies and read receipts.
+// Without a notification request, these functions do nothing. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
 
-// Launches the app in the background, posts the reply, confirms it and dismisses the banner.
+// Launches the app in the background, posts the reply, confirms it with a haptic and dismisses the banner.
 void sendMessageReply(BannerController* self, BrimContainer* view, NSString* text);
+// Launches the app in the background and posts the request to mark the conversation as read.
 void markMessagesAsRead(BannerController* self);

@@ -9,7 +9,8 @@ namespace {
 // The flags of the platform's own outgoing messages.
 constexpr NSUInteger outgoingFlags = 100005;
 
-// The first chat of the list whose guid contains the identifier; nil if there is none.
+// Returns the first chat of the list whose guid contains the identifier. Returns nil if there is no such chat or the
+// identifier is nil.
 IMChat* chatMatching(NSString* identifier) {
   if (identifier == nullptr) return nullptr;
   NSArray* conversations = CKConversationList::sharedConversationList()->conversations();
@@ -34,7 +35,8 @@ void conversationListViewDidLoad(objc::Original<void(ConversationListController*
   original(self);
 }
 
-// Stays registered for replies, because the list controller lives as long as the app.
+// Removes the observer of read requests only. The observer of replies stays registered, because the controller normally
+// exists as long as the app.
 void conversationListDealloc(objc::Original<void(ConversationListController*)> original,
                              ConversationListController* self) {
   NSDistributedNotificationCenter::defaultCenter()->removeObserver(self, bridge::readName());

@@ -1,4 +1,5 @@
-// Discord notifications contain the author's identifier and the name of the author's avatar.
+// A Discord notification contains the author's identifier and the name of the author's avatar. The web address of the
+// avatar is built from both.
 #include "library/photos/download.hpp"
 #include "library/photos/endpoints.hpp"
 #include "library/photos/provider.hpp"

@@ -10,14 +10,14 @@ NSURL* webAddress(NSString* text) {
   return scheme->isEqualToString("https"_ns) || scheme->isEqualToString("http"_ns) ? address : nullptr;
 }
 
-void downloadPicture(NSString* address, PhotoReceiver* view, Undecodable undecodable) {
+void downloadPicture(NSString* address, PhotoReceiver* view, DecodingFailure failure) {
   NSURL* url = webAddress(address);
   if (url == nullptr) return;
   const objc::Weak<PhotoReceiver> target(view);
-  const auto show = [target, undecodable](NSURLResponse*, NSData* data, NSError* error) {
+  const auto show = [target, failure](NSURLResponse*, NSData* data, NSError* error) {
     if (error != nullptr) return;
     const objc::Ref<UIImage> picture = UIImage::withData(data);
-    if (picture != nullptr || undecodable == Undecodable::ClearsPicture) updateImageLater(target, picture);
+    if (picture != nullptr || failure == DecodingFailure::ClearsPicture) updateImageLater(target, picture);
   };
   NSURLConnection::sendAsynchronousRequest(NSURLRequest::withURL(url), NSOperationQueue::mainQueue(),
                                            objc::block(show));

@@ -4,15 +4,17 @@
 #include "library/photos/photo_receiver.hpp"
 #include "platform/ns_url.hpp"
 
-// The text as a URL. nil if it is not an http or https address with a host. The text is untrusted input.
+// Returns the text as a URL. Returns nil if the text is nil or is not an http or https address with a host. The text is
+// untrusted input.
 NSURL* webAddress(NSString* text);
 
-// What data that is not a decodable picture does to the view.
-enum class Undecodable {
-  ChangesNothing,
+// What happens to the view's picture if the downloaded data is not a picture.
+enum class DecodingFailure {
+  KeepsPicture,
   ClearsPicture,
 };
 
-// Starts to download the picture at the address and returns at once. The view shows the picture when it has arrived. An
-// invalid address, a failed download and a deallocated view change nothing. The view is not retained.
-void downloadPicture(NSString* address, PhotoReceiver* view, Undecodable undecodable = Undecodable::ChangesNothing);
+// Starts to download the picture at the address and returns immediately. The view, which is not retained, shows the
+// picture when it has arrived. Nothing changes if the address is nil or invalid, the download fails, or the view was
+// deallocated.
+void downloadPicture(NSString* address, PhotoReceiver* view, DecodingFailure failure = DecodingFailure::KeepsPicture);

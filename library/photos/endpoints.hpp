@@ -1,6 +1,7 @@
-// The web services that photos come from. Each address is a scheme and a host, without a trailing slash.
-// endpoints.plist in the asset bundle can replace an address. An address that is missing or invalid there is the
-// service's public host. Main thread.
+// The addresses of the web services from which photos are loaded. Each address is a scheme and a host, without a
+// trailing slash. The file endpoints.plist in the asset bundle lists the addresses and is read at every call. If an
+// address is missing or invalid in this file, the function returns the address of the service's public host. Main
+// thread.
 #pragma once
 
 #include "platform/ns_string.hpp"

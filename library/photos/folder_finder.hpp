@@ -1,26 +1,27 @@
-// FolderFinder: finds an application's container. Containers have random names; the metadata file in a container has
-// the identifier. The comparison ignores case. Every call reads the file system again. The class name and its messages
-// are fixed by the interface. Any thread.
+// FolderFinder: finds the container folder of an application or of an app group by its identifier. The names of
+// container folders are random, but a metadata file in each folder contains the identifier. The comparison ignores
+// case. Every call reads the file system again. The names of the class and of its messages are part of the library's
+// public interface; do not change them. Any thread.
 #pragma once
 
 #include "platform/ns_string.hpp"
 
 class FolderFinder : public objc::Interface<"FolderFinder", NSObject> {
  public:
-  // The container of an app group; nil if there is none.
+  // Returns the path of an app group's container, or nil if there is no such container.
   static NSString* findSharedFolder(NSString* identifier) {
     return objc::send<NSString*, "findSharedFolder:">(classObject(), identifier);
   }
-  // The container of an app group, under the path that applications of the group use; nil if there is none.
+  // Like findSharedFolder, but the path begins with /private/var instead of /var.
   static NSString* findPrivateSharedFolder(NSString* identifier) {
     return objc::send<NSString*, "findPrivateSharedFolder:">(classObject(), identifier);
   }
-  // The data container of an application; nil if there is none.
+  // Returns the path of an application's data container, or nil if there is no such container.
   static NSString* findDataFolder(NSString* identifier) {
     return objc::send<NSString*, "findDataFolder:">(classObject(), identifier);
   }
-  // The first matching container in the root, in the file system's order. The root ends in "/", the result does not.
-  // nil if there is none, and if an argument is nil.
+  // Returns the path of the first matching container in the folder `root`, in the file system's order. `root` must end
+  // in "/"; the result does not end in "/". Returns nil if there is no such container or an argument is nil.
   static NSString* findFolder(NSString* identifier, NSString* root) {
     return objc::send<NSString*, "findFolder:folder:">(classObject(), identifier, root);
   }

@@ -1,4 +1,4 @@
-// Instagram notifications contain the photo's address.
+// An Instagram notification contains the web address of the photo.
 #include "library/photos/download.hpp"
 #include "library/photos/provider.hpp"
 #include "library/photos/user_info.hpp"

@@ -1,4 +1,4 @@
-// Messages: the photo is in the address book.
+// The photo of a Messages sender is stored in the address book.
 #include <initializer_list>
 
 #include "library/photos/provider.hpp"
@@ -8,7 +8,7 @@
 namespace {
 
 struct Sender {
-  // A contact's identifier in the address book. Only this is compared if it is not nil.
+  // A contact's identifier in the address book. If it is not nil, displayText is ignored.
   NSString* identifier = nullptr;
   // A given name or an email address.
   NSString* displayText = nullptr;
@@ -47,7 +47,7 @@ NSArray* fetchedProperties() {
   return keys;
 }
 
-// The search covers all containers, so the result is not used.
+// Fetches the default container. The result is not used, because the search covers all containers.
 void fetchDefaultContainer(CNContactStore* store) {
   NSString* identifier = store->defaultContainerIdentifier();
   if (identifier == nullptr) return;
@@ -56,7 +56,8 @@ void fetchDefaultContainer(CNContactStore* store) {
   store->containersMatching(CNContainer::predicateForIdentifiers(identifiers));
 }
 
-// The picture of the first contact that matches the sender and has a picture; nil if there is none.
+// Returns the picture of the first contact that matches the sender and has a picture. Returns nil if there is no such
+// contact.
 objc::Ref<NSData> pictureDataOf(const Sender& sender) {
   const auto store = objc::make<CNContactStore>();
   fetchDefaultContainer(store);

@@ -1,4 +1,4 @@
-// Messenger notifications contain the sender's identifier, in one of two dictionaries.
+// A Messenger notification contains the sender's identifier, in one of two dictionaries.
 #include "library/photos/download.hpp"
 #include "library/photos/endpoints.hpp"
 #include "library/photos/provider.hpp"
@@ -9,7 +9,7 @@ namespace {
 void contactPhoto(BrimMessengerContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,
                   PhotoReceiver* view) {
   NSDictionary* values = userInfoOf(request);
-  // An inner dictionary replaces the outer one.
+  // If there is an inner dictionary, the identifier is in the inner dictionary.
   if (values->objectForKey("rp"_ns) != nullptr) values = dictionaryAt(values, "rp"_ns);
   NSString* sender = identifierAt(dictionaryAt(values, "p"_ns), "a"_ns);
   if (sender == nullptr) return;

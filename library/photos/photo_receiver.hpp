@@ -8,12 +8,13 @@
 
 class PhotoReceiver : public objc::Interface<"UIView", UIView> {
  public:
-  // nil clears the photo.
+  // Shows the photo; nil clears the picture.
   void updateImage(UIImage* photo) { objc::send<void, "updateImage:">(this, photo); }
 };
 
-// Calls updateImage in a later run-loop iteration, if the view still exists then. Call on the main thread only: the
-// view can be deallocated when the last reference to it is released, and views are deallocated on the main thread.
+// Calls updateImage in a later run-loop iteration, if the view still exists at that time. Call this function on the
+// main thread only, because releasing the last reference to the view deallocates it, and views must be deallocated on
+// the main thread.
 inline void updateImageLater(const objc::Weak<PhotoReceiver>& view, const objc::Ref<UIImage>& photo) {
   onMainQueue([view, photo] { view.lock()->updateImage(photo); });
 }

@@ -1,5 +1,6 @@
-// Providers find the photo of a notification's sender; each supports one application. A provider has no state: it is
-// created for one banner and released at once. The class names are fixed by the interface.
+// A photo provider finds the photo of a notification's sender. Each provider supports one application. A provider has
+// no state: it is created for one banner and released after the call. The class names are part of the library's public
+// interface; do not change them. Main thread.
 #pragma once
 
 #include "library/photos/photo_receiver.hpp"
@@ -8,8 +9,9 @@
 
 class ContactPhotoProvider : public objc::Interface<"NSObject", NSObject> {
  public:
-  // Can return before the photo is found. Gives a photo to the view on the main thread, once or several times. Changes
-  // nothing if there is no photo. Header and body are the banner's texts and can be nil. Main thread.
+  // Searches for the sender's photo and passes it to the view, once or several times. This can happen after the
+  // function has returned. If there is no photo, the view does not change. `header` and `body` are the texts of the
+  // banner and can be nil.
   void contactPhoto(NCNotificationRequest* request, NSString* header, NSString* body, PhotoReceiver* view) {
     objc::send<void, "contactPhotoForNotification:withHeader:withBody:forView:">(this, request, header, body, view);
   }
@@ -22,7 +24,7 @@ class BrimMessagesContactPhotoProvider
 class BrimTwitterContactPhotoProvider
     : public objc::Interface<"BrimTwitterContactPhotoProvider", ContactPhotoProvider> {
  public:
-  // Downloads the photo at the address and shows it in the view. Both can be nil.
+  // Downloads the photo at the address and shows it in the view. Both arguments can be nil.
   void resolve(NSString* address, PhotoReceiver* view) {
     objc::send<void, "resolveForUrl:forView:">(this, address, view);
   }
@@ -47,7 +49,7 @@ bool registerInstagramProvider();
 bool registerMessengerProvider();
 bool registerTelegramProvider();
 
-// Defines the class of a provider. The function is its only method.
+// Defines the class of a provider. Its only method calls the function `contactPhoto`.
 template <class Provider, auto contactPhoto>
 [[nodiscard]] bool defineProvider() {
   static constexpr objc::MethodEntry methods[] = {

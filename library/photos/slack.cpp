@@ -1,4 +1,5 @@
-// Slack's database has the avatars of a workspace's members. The notification's text contains the sender's name.
+// Slack's database contains the parts of the web address of each member's avatar. The text of a notification contains
+// the sender's name, which identifies the member.
 #include "library/photos/download.hpp"
 #include "library/photos/folder_finder.hpp"
 #include "library/photos/provider.hpp"
@@ -7,7 +8,8 @@
 
 namespace {
 
-// A direct message reads "NAME: text", a message in a channel "#CHANNEL NAME: text". nil if there is no name.
+// Returns the sender's name, or nil if there is none. The body of a direct message, whose thread begins with "D", is
+// "NAME: text". The body of a message in a channel, whose thread begins with "C", is "#CHANNEL NAME: text".
 NSString* senderName(NSString* body, NSString* thread) {
   if (thread->hasPrefix("D"_ns))
     return static_cast<NSString*>(body->componentsSeparatedByString(":"_ns)->firstObject());
@@ -33,7 +35,7 @@ void contactPhoto(BrimSlackContactPhotoProvider*, NCNotificationRequest* request
   NSString* workspace = identifierAt(values, "team_id"_ns);
   if (name == nullptr || workspace == nullptr) return;
   name = name->stringByReplacing(":"_ns, ""_ns)->stringByReplacing("@"_ns, ""_ns);
-  downloadPicture(slackAvatarAddress(databasePath(workspace), name), view, Undecodable::ClearsPicture);
+  downloadPicture(slackAvatarAddress(databasePath(workspace), name), view, DecodingFailure::ClearsPicture);
 }
 
 }  // namespace

@@ -9,7 +9,8 @@
 
 namespace {
 
-// The byte of a database's header that selects the journal mode, and its value for a write-ahead log.
+// The offset of the byte in a database's header that selects the journal mode, and the value of this byte for a
+// write-ahead log.
 constexpr NSUInteger readVersionOffset = 19;
 constexpr unsigned char writeAheadLog = 2;
 
@@ -23,7 +24,7 @@ class Database {
   Database& operator=(const Database&) = delete;
   ~Database() { close(); }
 
-  // The first column of the query's first row; nil if there is no row.
+  // Returns the first column of the query's first row. Returns nil if there is no row or the database cannot be read.
   NSString* text(const char* query) const {
     if (handle_ == nullptr) return nullptr;
     sqlite3_stmt* statement = nullptr;
@@ -52,8 +53,9 @@ bool hasWriteAheadLog(NSString* path) {
          static_cast<const unsigned char*>(header->bytes())[readVersionOffset] == writeAheadLog;
 }
 
-// The parameters with which SQLite creates no files beside the database. Without them SQLite creates a missing log and
-// a missing index of the log, even for reading. If either is missing, the database is read without the log.
+// Returns the URI parameters that prevent SQLite from creating files beside the database. Without them, SQLite creates
+// a missing log or a missing index of the log, even for reading. If the log or its index is missing, the database is
+// read without the log.
 NSString* openingParameters(NSString* path) {
   if (!hasWriteAheadLog(path)) return ""_ns;
   const bool hasLog = isRegularFile(path->stringByAppendingString("-wal"_ns));
@@ -81,7 +83,8 @@ NSString* queryFor(NSString* name) {
 }  // namespace
 
 NSString* slackAvatarAddress(NSString* database, NSString* name) {
-  // A quote would end the string literal in the query. The sender could write the rest of the query.
+  // A quote in the name would end the string literal in the query, and the sender could then write the rest of the
+  // query.
   if (name->contains("'"_ns) || !isRegularFile(database)) return nullptr;
   return Database(uriOf(database)->UTF8String()).text(queryFor(name)->UTF8String());
 }

@@ -1,4 +1,4 @@
-// Telegram stores avatars for the system's search as files in its app group's container.
+// Telegram stores avatars as files in the container of its app group, because the system's search shows them.
 #include "library/photos/folder_finder.hpp"
 #include "library/photos/provider.hpp"
 #include "library/photos/user_info.hpp"
@@ -14,7 +14,7 @@ void contactPhoto(BrimTelegramContactPhotoProvider*, NCNotificationRequest* requ
   NSString* path = container->stringByAppendingString("/telegram-data/accounts-metadata/spotlight/p:"_ns)
                        ->stringByAppendingString(sender)
                        ->stringByAppendingString("/avatar.png"_ns);
-  // Read twice: the first read only checks that there is a picture.
+  // The file is read twice. The first read only checks that the file contains a picture.
   if (UIImage::imageWithContentsOfFile(path) != nullptr) view->updateImage(UIImage::imageWithContentsOfFile(path));
 }
 

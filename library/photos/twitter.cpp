@@ -1,5 +1,5 @@
-// Twitter notifications of a tweet contain the photo's address. Other notifications contain the account's name; the
-// account's public page contains the photo's address.
+// A Twitter notification about a tweet contains the web address of the photo. Any other notification contains only the
+// name of the account. The account's public page then contains the web address of the photo.
 #include "library/photos/download.hpp"
 #include "library/photos/endpoints.hpp"
 #include "library/photos/provider.hpp"
@@ -20,7 +20,7 @@ NSRegularExpression* pictureAddressPattern() {
   return NSRegularExpression::withPattern(pattern, NSRegularExpressionOptions::CaseInsensitive);
 }
 
-// The first address of a photo in the page; nil if there is none. Any thread.
+// Returns the first address of a profile photo in the page, or nil if there is none. Any thread.
 NSString* pictureAddressIn(NSData* page, NSRegularExpression* pattern) {
   const objc::Ref<NSString> text = NSString::decoded(page, NSStringEncoding::UTF8);
   if (text == nullptr) return nullptr;
@@ -40,7 +40,8 @@ void resolve(BrimTwitterContactPhotoProvider*, NSString* address, PhotoReceiver*
 void readPage(NSURL* page, BrimTwitterContactPhotoProvider* self, PhotoReceiver* view) {
   const objc::Ref<BrimTwitterContactPhotoProvider> provider = objc::retain(self);
   const objc::Weak<PhotoReceiver> target(view);
-  // The page is searched on a background thread. The view must not be used or released there.
+  // The page is searched on a background thread, where the view must not be used or released. Therefore, the address is
+  // delivered on the main thread.
   const objc::BlockRef<Delivery> deliver = objc::block([provider, target](NSString* address) {
     const objc::Ref<PhotoReceiver> banner = target.lock();
     if (banner != nullptr) provider->resolve(address, banner);

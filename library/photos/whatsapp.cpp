@@ -19,7 +19,8 @@ bool isPictureOf(NSString* key, NSString* file) {
   return owner->isEqualToString(key);
 }
 
-// The last matching picture remains. It is shown again after each file that follows it.
+// Shows every matching picture in turn, so that the last one remains. The current picture is also shown again after
+// each later file.
 void showPictureIn(NSString* folder, NSString* key, PhotoReceiver* view) {
   NSDirectoryEnumerator* files = NSFileManager::defaultManager()->enumerator(folder);
   bool isFound = false;

@@ -16,7 +16,7 @@ struct Setting {
       : key(storedKey), number(boundVariable), defaultValue(valueIfNotStored) {}
 
   const char* key;
-  // One of the two is null.
+  // The variable of the setting. One of the two pointers is null, depending on the type.
   bool* flag = nullptr;
   NSInteger* number = nullptr;
   NSInteger defaultValue;

@@ -1,5 +1,5 @@
-// The user's settings, as process-wide variables. settings_list.hpp lists them. The preferences object writes a
-// variable whenever its stored value changes. Main thread.
+// The user's settings, as process-wide variables. settings_list.hpp lists them. The preferences object updates a
+// variable when the stored value changes. Main thread.
 #pragma once
 
 #include "platform/hb_preferences.hpp"
@@ -16,7 +16,7 @@ extern HBPreferences* pfs;
 enum class AutoReadMode : NSInteger { WhenExpanded = 1, AfterReply = 2 };
 inline AutoReadMode autoReadMode() { return static_cast<AutoReadMode>(messagesAutoReadMode); }
 
-// Connects every variable with its stored value. Call once, before anything else reads a setting.
+// Connects every variable to its stored value. Call this function once, before any setting is read.
 void registerAll();
 
 }  // namespace settings

@@ -1,22 +1,23 @@
-// The list of all settings, in registration order. Include this file after you define BRIM_SETTING, once for each use:
+// The list of all settings, in registration order. To use the list, define the macro BRIM_SETTING and then include this
+// file, which expands the macro for each setting:
 //
 //   BRIM_SETTING(type, variable, key, default)
 //
-// The type is bool or NSInteger. The keys and the variables' names are part of the interface with
-// the settings pane and with debuggers; keep their spelling. Sizes are points.
+// The type is bool or NSInteger. Do not change the keys, which the settings pane uses, or the names of the variables,
+// which debuggers use. Sizes are in points.
 #ifndef BRIM_SETTING
 #error "define BRIM_SETTING(type, variable, key, default) before you include settings_list.hpp"
 #endif
 
-// Master switch. Read once at start-up.
+// Master switch. It is read once, at startup.
 BRIM_SETTING(bool, enabled, "enabled", true)
-// Blurs the background of the banner, and the screen while the user writes a reply.
+// Blurs the background of the banner, and blurs the whole screen while the user types a reply.
 BRIM_SETTING(bool, backgroundBlur, "backgroundBlur", true)
-// Shows a row of buttons in the expanded banner. Without it an expanded banner shows the reply field.
+// Shows a row of buttons in the expanded banner. If it is off, an expanded banner shows the reply field.
 BRIM_SETTING(bool, showButtons, "showButtons", false)
 // Vibrates to confirm a sent reply or another executed action.
 BRIM_SETTING(bool, vibrate_on_send, "vibrate_on_send", true)
-// Shows the time in 24 hours instead of 12.
+// Shows the time in 24-hour format instead of 12-hour format.
 BRIM_SETTING(bool, militaryClock, "24_h_clock", true)
 // Shows the status line with the time above the content.
 BRIM_SETTING(bool, statusbar, "statusbar", true)
@@ -28,13 +29,13 @@ BRIM_SETTING(bool, enableGrabber, "enableGrabber", true)
 BRIM_SETTING(bool, hideUnlessExpanded, "hide_unless_expanded", false)
 // Shows every banner as a single line.
 BRIM_SETTING(bool, tinyBanner, "tinyBanner", false)
-// Shows a banner without header or without body as a single line.
+// Shows a banner as a single line if it has no header or no body.
 BRIM_SETTING(bool, tinyBannerNoText, "tinyBannerNoText", false)
-// Lines of the body in a banner that is not expanded. 0 means no limit.
+// Maximum number of lines of the body in a banner that is not expanded. 0 means no limit.
 BRIM_SETTING(NSInteger, maxLineCount, "maxLineCount", 2)
 // Corner radius of the banner.
 BRIM_SETTING(NSInteger, containerCornerRadius, "containerCornerRadius", 30)
-// Corner radius of the picture, limited to half its size.
+// Corner radius of the picture, at most half of appSize.
 BRIM_SETTING(NSInteger, appCornerRadius, "appCornerRadius", 20)
 // Width and height of the picture.
 BRIM_SETTING(NSInteger, appSize, "appSize", 40)
@@ -52,21 +53,21 @@ BRIM_SETTING(NSInteger, messagesAutoReadMode, "messagesAutoReadMode", 2)
 BRIM_SETTING(bool, enablePfps, "enablePfps", true)
 // Badge on the photo: 0 is none, 1 is the application's glyph, 2 is the application's icon.
 BRIM_SETTING(NSInteger, appIconPfp, "appIconPfp", 1)
-// Photos of WhatsApp senders.
+// Shows the photos of WhatsApp senders.
 BRIM_SETTING(bool, enableWhatsApp, "enableWhatsApp", true)
-// Photos of Slack senders.
+// Shows the photos of Slack senders.
 BRIM_SETTING(bool, enableSlack, "enableSlack", true)
-// Photos of Discord senders.
+// Shows the photos of Discord senders.
 BRIM_SETTING(bool, enableDiscord, "enableDiscord", true)
-// Photos of Twitter senders.
+// Shows the photos of Twitter senders.
 BRIM_SETTING(bool, enableTwitter, "enableTwitter", true)
-// Photos of Messages senders.
+// Shows the photos of Messages senders.
 BRIM_SETTING(bool, enableMessages, "enableMessages", true)
-// Photos of Instagram senders.
+// Shows the photos of Instagram senders.
 BRIM_SETTING(bool, enableInstagram, "enableInstagram", true)
-// Photos of Messenger senders.
+// Shows the photos of Messenger senders.
 BRIM_SETTING(bool, enableMessenger, "enableMessenger", true)
-// Photos of Telegram senders.
+// Shows the photos of Telegram senders.
 BRIM_SETTING(bool, enableTelegram, "enableTelegram", true)
 // Font size of header and sub-header.
 BRIM_SETTING(NSInteger, headerFontSize, "headerFontSize", 15)
@@ -74,7 +75,7 @@ BRIM_SETTING(NSInteger, headerFontSize, "headerFontSize", 15)
 BRIM_SETTING(NSInteger, textFontSize, "textFontSize", 13)
 // Font size of the status line.
 BRIM_SETTING(NSInteger, statusbarFontSize, "statusbarFontSize", 15)
-// Font size of a tiny banner's line.
+// Font size of a single-line banner.
 BRIM_SETTING(NSInteger, tinyBannerFontSize, "tinyBannerFontSize", 15)
 
 #undef BRIM_SETTING

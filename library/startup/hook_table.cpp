@@ -41,7 +41,8 @@ const char* notificationViewClass() {
 
 }  // namespace
 
-// The interface fixes the names of the added methods and properties, their spelling included.
+// The names of the added methods and properties, including their spelling, are part of the library's public interface.
+// Do not change them.
 // clang-format off
 void installHookTable(objc::HookFunction* hookFunction) {
   const char* notificationView = notificationViewClass();

@@ -1,13 +1,13 @@
-// The table of everything that the library changes in the platform's classes: hooks, added methods and added
-// properties. Main thread.
+// The table of the library's changes to the platform's classes: hooks, added methods and added properties. Main thread.
 #pragma once
 
 #include <span>
 
 #include "objc/hook.hpp"
 
-// Installs every row, in order. Call once, at start-up.
+// Installs every row of the table, in order. Call this function once, at startup.
 void installHookTable(objc::HookFunction* hookFunction);
 
-// The installed methods, in order. Empty before installHookTable. Valid until the process ends.
+// Returns the installed methods, in order. The list is empty before installHookTable is called. The entries are valid
+// until the process ends.
 std::span<const objc::InstalledMethod> installedMethods();

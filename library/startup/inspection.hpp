@@ -1,5 +1,5 @@
-// The two functions that the library exports: they report its installed methods and its settings. Callers look them up
-// by their symbol names. Main thread.
+// The functions that the library exports. They report its version, its installed methods and its settings. Programs
+// look them up by their symbol names. Main thread, except where a comment states otherwise.
 #pragma once
 
 #include <cstddef>
@@ -14,17 +14,17 @@ enum class BrimSettingType : std::uint8_t { Bool = 0, Integer = 1 };
 struct BrimSetting {
   const char* key;
   BrimSettingType type;
-  // A bool or an NSInteger, valid until the process ends.
+  // Points to a bool or an NSInteger, depending on `type`. The pointer is valid until the process ends.
   const void* variable;
 };
 
-// The lists store the number of entries at `count`. The library owns the entries; they are valid until the process ends
-// and do not change after the library is loaded.
+// A function that returns a list writes the number of entries to `count`, which must not be null. The library owns the
+// entries. They are valid until the process ends and do not change after the library is loaded.
 extern "C" {
-// The version, such as "1.0.0". Any thread.
+// The version of the library, such as "1.0.0". Any thread.
 const char* brim_version();
-// In installation order. A property is its getter and then its setter.
+// The installed methods, in installation order. A property has two entries, first its getter and then its setter.
 const BrimInstalledMethod* brim_installed_methods(std::size_t* count);
-// In registration order.
+// The settings, in registration order.
 const BrimSetting* brim_settings(std::size_t* count);
 }

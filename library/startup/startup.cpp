@@ -15,8 +15,8 @@
 
 namespace {
 
-// Superclasses first. Returns false if a class cannot be registered, for example because another copy of the library
-// has registered it.
+// Registers each superclass before its subclasses. Returns false if a class cannot be registered, for example because
+// another copy of the library has registered it.
 bool registerClasses() {
   registerStringUtilities();
   registerViewUtilities();

@@ -15,7 +15,8 @@ struct OpenedBundle {
   const char* folder = nullptr;
 };
 
-// Opened once and never released, because the platform reads a released bundle from its folder again.
+// The bundle is opened once and never released. If it were released, the platform would read it from its folder again
+// at the next use.
 const OpenedBundle& openedBundle() {
   static OpenedBundle opened;
   for (const char* folder : folders) {

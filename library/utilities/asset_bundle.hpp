@@ -4,11 +4,12 @@
 #include "platform/ns_bundle.hpp"
 #include "platform/ns_string.hpp"
 
-// Lives until the process ends. nil while no bundle is installed.
+// Returns the bundle, which exists until the process ends. Returns nil if no bundle is installed.
 NSBundle* assetBundle();
 
-// The path of a file in the bundle's folder. nil while no bundle is installed.
+// Returns the path of a file in the bundle's folder. Returns nil if no bundle is installed.
 NSString* assetPath(NSString* file);
 
-// The text of the key in the user's language. The fallback if the bundle is nil or does not have the key.
+// Returns the text for the key in the user's language. Returns the fallback if the bundle is nil or does not contain
+// the key.
 NSString* localizedText(NSBundle* bundle, NSString* key, NSString* fallback);

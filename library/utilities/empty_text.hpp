@@ -1,4 +1,4 @@
-// Texts without characters. Any thread.
+// Functions that treat a nil text and an empty text alike. Any thread.
 #pragma once
 
 #include "platform/ns_string.hpp"

@@ -8,8 +8,8 @@
 
 namespace {
 
-// Bytes. Valid files have a few kilobytes. The limit bounds the memory and the time that a larger file costs on the
-// main thread.
+// In bytes. Valid property lists have a few kilobytes. The limit bounds the time and the memory that an invalid file
+// can cost on the main thread.
 constexpr NSUInteger maxPropertyListSize = 1 << 20;
 
 bool isOfType(NSDictionary* attributes, NSString* type) {
@@ -17,8 +17,9 @@ bool isOfType(NSDictionary* attributes, NSString* type) {
   return actual != nullptr && actual->isEqualToString(type);
 }
 
-// A pipe has no size, and a folder cannot be read. Reading the file's attributes would detect both, but it takes
-// two more path look-ups for each of thousands of files.
+// Returns nil if the file is a pipe, because a pipe has no size, or a folder, because a folder cannot be read. A check
+// of the file's attributes would also detect both, but it would need two more path lookups for each of thousands of
+// files.
 NSData* readAll(int file, NSUInteger maxSize) {
   const off_t size = lseek(file, 0, SEEK_END);
   if (size <= 0 || static_cast<NSUInteger>(size) > maxSize) return nullptr;

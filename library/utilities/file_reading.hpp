@@ -1,17 +1,18 @@
-// Checks and reads files that other programs wrote. Opens them without blocking, because a blocking open of a pipe
-// waits until another process opens its other end. Any thread.
+// Checks and reads files that other programs wrote. Files are opened without blocking, because opening a pipe otherwise
+// waits until another process opens the other end of the pipe. Any thread.
 #pragma once
 
 #include "platform/ns_data.hpp"
 #include "platform/ns_dictionary.hpp"
 
-// Whether the path, after its symbolic links are resolved, is a regular file. False for nil.
+// Returns whether the path refers to a regular file, directly or through symbolic links. Returns false if the path is
+// nil.
 bool isRegularFile(NSString* path);
 
-// The bytes of the file. nil if the path is nil, cannot be opened, or names a folder or a pipe. nil also if the file is
-// empty or has more than maxSize bytes.
+// Returns the bytes of the file. Returns nil if the path is nil, cannot be opened, or refers to a folder or a pipe, and
+// if the file is empty or has more than maxSize bytes.
 NSData* readRegularFile(NSString* path, NSUInteger maxSize);
 
-// The property list in the file. nil in the cases of readRegularFile with a limit of 1 MiB, and if the content is not a
-// valid property list of a dictionary.
+// Returns the dictionary that is stored in the file as a property list. Returns nil if readRegularFile with a limit of
+// 1 MiB returns nil, and if the content is not a valid property list whose root is a dictionary.
 NSDictionary* readPropertyList(NSString* path);

@@ -5,10 +5,10 @@
 
 namespace {
 
-// Upper case, because callers compare digests literally.
+// The digits are upper case, because callers compare digests case-sensitively.
 constexpr char hexadecimalDigits[] = "0123456789ABCDEF";
 
-// The digest of the bytes before the first zero byte.
+// Returns the digest of the string's UTF-8 bytes before the first zero byte.
 NSString* MD5String(NSString* self) {
   const char* text = self->UTF8String();
   if (text == nullptr) return nullptr;

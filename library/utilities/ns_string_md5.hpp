@@ -1,5 +1,5 @@
 // The category NSString(MD5): the digest of a string, and random strings. The names of the category and of its methods
-// are fixed by the interface. Any thread.
+// are part of the library's public interface; do not change them. Any thread.
 #pragma once
 
 #include "platform/ns_string.hpp"
@@ -7,7 +7,8 @@
 // Adds the category's methods to NSString.
 void registerStringUtilities();
 
-// Random lower-case letters, uniformly distributed. Empty for a length of zero or less.
+// Returns `length` random lower-case letters, uniformly distributed. Returns an empty string if `length` is zero or
+// negative.
 inline NSMutableString* generateRandomString(int length) {
   return objc::send<NSMutableString*, "generateRandomString:">(NSString::classObject(), length);
 }

@@ -4,14 +4,14 @@
 
 namespace {
 
-UIResponder* firstResponderThatIsNotAView(UIView* self) {
+UIResponder* nearestResponderThatIsNotAView(UIView* self) {
   UIResponder* current = self;
   while (objc::as<UIView>(current) != nullptr) current = current->nextResponder();
   return current;
 }
 
 constexpr objc::MethodEntry methods[] = {
-    objc::method<"parentViewController", &firstResponderThatIsNotAView>(),
+    objc::method<"parentViewController", &nearestResponderThatIsNotAView>(),
 };
 
 }  // namespace

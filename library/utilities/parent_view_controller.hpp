@@ -1,4 +1,5 @@
-// The category UIView(plon): the view controller of a view. The category's name is fixed by the interface. Main thread.
+// The category UIView(plon): the view controller of a view. The name of the category is part of the library's public
+// interface; do not change it. Main thread.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -6,8 +7,8 @@
 // Adds the category's method to UIView.
 void registerViewUtilities();
 
-// The first responder in the view's responder chain that is not a view. It need not be a view controller. nil if the
-// chain ends before.
+// Returns the nearest object in the view's responder chain that is not a view. This object is not necessarily a view
+// controller. Returns nil if the chain contains only views.
 inline UIResponder* parentViewController(UIView* view) {
   return objc::send<UIResponder*, "parentViewController">(view);
 }

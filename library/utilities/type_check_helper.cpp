@@ -4,8 +4,8 @@
 
 namespace {
 
-// The first class in this order that the object is an instance of gives the name. A mutable dictionary therefore has a
-// name of its own, and a mutable array is an "NSArray".
+// The type name is the first class in this list to which the object belongs. Therefore, a mutable dictionary is an
+// "NSMutableDictionary", but a mutable array is an "NSArray".
 constexpr const char* knownTypes[] = {"NSString",     "NSArray",  "NSMutableDictionary",
                                       "NSDictionary", "NSNumber", "NSUUID"};
 

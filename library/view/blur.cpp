@@ -6,7 +6,7 @@
 
 namespace {
 
-// Seconds.
+// In seconds.
 constexpr double overlayFadeDuration = 0.3;
 
 UIBlurEffectStyle blurStyle(const BrimContainerState& state) {

@@ -26,12 +26,12 @@ struct objc::StateOf<BrimColors> {
 
 namespace {
 
-// From 0 to 1.
+// The components of a color, from 0 to 1.
 struct Components {
   CGFloat red, green, blue, alpha;
 };
 
-// A color of the palette in each mode.
+// A color of the palette, with its components in each mode.
 struct PaletteEntry {
   Components dark, light, black;
 
@@ -42,7 +42,8 @@ struct PaletteEntry {
 };
 
 constexpr PaletteEntry background = {{0, 0, 0, 0.3}, {1, 1, 1, 0.3}, {0, 0, 0, 1}};
-// Before 13.0 the dark blur is so bright that white text on it is hard to read.
+// Before system version 13.0, the dark blur is so bright that white text on it is hard to read. Therefore, the
+// background is more opaque.
 constexpr PaletteEntry backgroundBefore13 = {{0, 0, 0, 0.8}, {1, 1, 1, 0.3}, {0, 0, 0, 1}};
 constexpr PaletteEntry grabber = {{1, 1, 1, 0.1}, {0.2, 0.2, 0.2, 0.5}, {0.3, 0.3, 0.3, 1}};
 constexpr PaletteEntry control = {{1, 1, 1, 0.1}, {0, 0, 0, 0.1}, {0.11, 0.11, 0.12, 1}};
@@ -59,10 +60,10 @@ BrimColors* initWithMode(BrimColors* self, NSInteger mode) {
   return made;
 }
 
-// Copies the mode only; a copy has no custom colors.
+// Copies only the mode. A copy has no custom colors.
 BrimColors* copyWithZone(BrimColors* self, void*) { return BrimColors::withMode(objc::state(self).mode).leak(); }
 
-// The custom color. nil if none is set or useCustomColors is false.
+// Returns the custom color, or nil if it is not set or useCustomColors is false.
 UIColor* customColor(BrimColors* self, objc::Ref<UIColor> BrimColorsState::*member) {
   const BrimColorsState& colors = objc::state(self);
   return colors.useCustomColors ? (colors.*member).get() : nullptr;

@@ -1,9 +1,11 @@
-// BrimColors: the colors of a banner, by color mode. A custom color can replace each of them. Main thread.
+// BrimColors: the colors of a banner. The color mode selects a palette. A custom color can replace each color of the
+// palette. Main thread.
 #pragma once
 
 #include "platform/ui_color.hpp"
 
-// The color modes, as the setting containerColor has them. Every other number means black.
+// The color modes. The numbers are those of the setting containerColor, except that 0 is not a mode. Any other number
+// selects the black palette.
 inline constexpr NSInteger darkMode = 1;
 inline constexpr NSInteger lightMode = 2;
 inline constexpr NSInteger blackMode = 3;
@@ -16,7 +18,8 @@ class BrimColors : public objc::Interface<"BrimColors", NSObject> {
   NSInteger mode() const { return objc::send<NSInteger, "mode">(this); }
   bool useCustomColors() const { return objc::send<bool, "useCustomColors">(this); }
 
-  // The custom color if one is set and useCustomColors is true. Otherwise the color of the mode's palette.
+  // Each of these functions returns the custom color if it is set and useCustomColors is true. Otherwise, it returns
+  // the color of the mode's palette.
   UIColor* containerBackgroundColor() const { return objc::send<UIColor*, "containerBackgroundColor">(this); }
   UIColor* containerGrabberColor() const { return objc::send<UIColor*, "containerGrabberColor">(this); }
   UIColor* containerReplyColor() const { return objc::send<UIColor*, "containerReplyColor">(this); }

@@ -9,7 +9,8 @@
 #include "platform/ui_visual_effect_view.hpp"
 
 struct BrimContainerState {
-  // Content. Privacy and the tiny banner's line replace header, sub-header and body; the originals stay.
+  // The content. Hiding the texts, the line of a tiny banner and appended messages change `header`, `subHeader` and
+  // `body`. They do not change `originalHeader` and `originalBody`.
   objc::Ref<UIImage> image;
   objc::Ref<NSString> header;
   objc::Ref<NSString> subHeader;
@@ -18,7 +19,7 @@ struct BrimContainerState {
   objc::Ref<NSString> originalBody;
   objc::Ref<NSBundle> assets;
 
-  // Configuration, complete before the banner is added to a superview.
+  // The configuration. It is complete before the banner is added to a superview.
   objc::Weak<BrimNotificationDelegate> delegate;
   objc::Ref<BrimColors> colorSet;
   NSUInteger textAlignment = 0;
@@ -45,7 +46,7 @@ struct BrimContainerState {
   NSInteger tinyBannerFontSize = 0;
   objc::Ref<NSString> appDetailImageBundleId;
 
-  // Created by the layout. A view that the configuration leaves out is nil.
+  // The views, which the layout creates. A view that the configuration does not require is nil.
   objc::Ref<BrimLabel> headerLabel;
   objc::Ref<BrimLabel> subHeaderLabel;
   objc::Ref<BrimLabel> bodyLabel;
@@ -65,12 +66,13 @@ struct BrimContainerState {
   objc::Ref<UIView> grabber;
   objc::Ref<UIImageView> iconView;
   objc::Ref<UIImageView> badge;
+  // Always nil. The library's public interface contains this instance variable.
   objc::Ref<UIView> scrollView;
   bool showingReply = false;
   NSInteger maxLineCount = 0;
 
-  // The constraints of the banner's top edge, of its bottom edge (three with the same constant), and of the leading
-  // edges of the texts, which are moved away from the badge.
+  // The constraints of the banner's top edge, of its bottom edge (three constraints with the same constant), and of the
+  // leading edges of the texts. The last three change when the badge is shown.
   objc::Ref<NSLayoutConstraint> top;
   objc::Ref<NSLayoutConstraint> heightBelowBody;
   objc::Ref<NSLayoutConstraint> heightBelowIcon;

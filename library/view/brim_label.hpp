@@ -1,4 +1,4 @@
-// BrimLabel and BrimTextField: the classes of a banner's texts and of its reply field. Main thread.
+// BrimLabel is the class of a banner's texts, and BrimTextField is the class of its reply field. Main thread.
 #pragma once
 
 #include "platform/ui_label.hpp"

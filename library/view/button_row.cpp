@@ -17,7 +17,7 @@ void colorButton(const BrimContainerState& state, UIButton* button, UIColor* tit
   button->setBackgroundColor(state.colorSet->containerButtonColor());
 }
 
-// A button without an action is disabled.
+// Adds a button to the row. If the action is null, the button is disabled.
 objc::Ref<UIButton> addButton(BrimContainer* self, BrimContainerState& state, NSString* title, UIColor* titleColor,
                               SEL action) {
   objc::Ref<UIButton> button = UIView::withFrame<UIButton>({});

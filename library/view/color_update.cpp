@@ -7,7 +7,7 @@
 
 namespace {
 
-// Seconds.
+// In seconds.
 constexpr double fadeDuration = 0.8;
 
 void colorBackgroundAndTexts(BrimContainer* self, const BrimContainerState& state) {

@@ -1,9 +1,11 @@
-// Building blocks of the layout: the creation, size and corners of a banner's subviews. Sizes are points. Main thread.
+// Functions that the layout of all parts of a banner uses: creation, size and corners of subviews. Sizes are in points.
+// Main thread.
 #pragma once
 
 #include "platform/ui_view.hpp"
 
-// A new view that only constraints place. Add it to the banner before you activate its constraints.
+// Creates a view whose frame depends on its constraints only. Add the view to the banner before you activate its
+// constraints.
 template <class View>
 objc::Ref<View> makeConstrained() {
   objc::Ref<View> view = UIView::withFrame<View>({});
@@ -21,5 +23,5 @@ inline void roundCorners(UIView* view, CGFloat radius) {
   view->layer()->setContinuousCorners(true);
 }
 
-// A size from the settings.
+// Converts a size from the settings.
 inline CGFloat points(NSInteger size) { return static_cast<CGFloat>(size); }

@@ -5,7 +5,7 @@
 
 namespace {
 
-// The result of the format "%@\n%@", which writes nil as "(null)".
+// Returns the two texts in the format "%@\n%@", which represents nil as "(null)".
 NSString* appendedLine(NSString* body, NSString* line) {
   NSString* before = body == nullptr ? "(null)"_ns : body;
   NSString* after = line == nullptr ? "(null)"_ns : line;

@@ -3,5 +3,5 @@
 
 #include "library/view/brim_container.hpp"
 
-// Appends the text to the body, on a line of its own. nil appends "(null)".
+// Appends the text to the body, on a separate line. If the text is nil, "(null)" is appended.
 void updateForContinuousNotification(BrimContainer* self, NSString* text);

@@ -5,7 +5,8 @@
 
 namespace {
 
-// Bundle identifier and color, as in "com.apple.MobileSMS-black", to the glyph's path in the asset bundle.
+// Maps a bundle identifier and a color, such as "com.apple.MobileSMS-black", to the path of the glyph in the asset
+// bundle.
 NSMutableDictionary* pfpBundles;
 
 NSString* glyphKey(NSString* application, NSString* color) {

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Points.
+// In points.
 constexpr CGFloat width = 36;
 constexpr CGFloat height = 5.33;
 constexpr CGFloat cornerRadius = 2.665;

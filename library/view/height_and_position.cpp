@@ -6,9 +6,9 @@ namespace {
 
 constexpr CGFloat paddingWithGrabber = 22;
 constexpr CGFloat paddingWithoutGrabber = 16.67;
-// The height of the button row, or of the reply field, and its distance from the content.
+// The additional height of an expanded banner. It makes the button row or the reply field fit below the content.
 constexpr CGFloat expansion = 41;
-// Subtracted from the height of a banner that has neither, when the change is animated.
+// An animated change of height subtracts this value if the banner has neither buttons nor a reply field.
 constexpr CGFloat reductionWithoutControls = 30;
 constexpr CGFloat restingOffset = -70;
 constexpr CGFloat dismissThreshold = -20;

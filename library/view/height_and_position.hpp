@@ -1,29 +1,32 @@
-// A banner's height and position. The height is the constant of three bottom constraints: the banner ends that far
-// below the lowest of body, picture and header. The position is the constant of the top constraint. Sizes are points.
-// Main thread.
+// A banner's height and position. Here, the height is the distance of the banner's bottom from the lowest of body,
+// picture and header. It is the constant of three bottom constraints. The position is the constant of the top
+// constraint. Sizes are in points. Main thread.
 #pragma once
 
 #include "library/view/brim_container_state.hpp"
 
-// The duration in seconds of a change of height, position or number of lines.
+// The duration, in seconds, of an animated change of the height, the position or the number of lines.
 inline constexpr double resizeDuration = 0.15;
 
-// Creates the bottom constraints, with the height at rest.
+// Creates the bottom constraints and sets the height at rest.
 void addHeightConstraints(BrimContainer* self, BrimContainerState& state);
 
 CGFloat defaultHeight(BrimContainer* self);
 CGFloat defaultExpandedHeight(BrimContainer* self);
 CGFloat defaultOffset(BrimContainer* self);
-// The translation of a drag at which the banner is dismissed. Negative, because upward.
+// If a drag ends at this translation or further upward, the banner is dismissed. The value is negative, because upward
+// translations are negative.
 CGFloat defaultDismiss(BrimContainer* self);
 CGFloat height(BrimContainer* self);
 CGFloat offset(BrimContainer* self);
 bool isFullyExpanded(BrimContainer* self);
 
-// The completion is called after an animation. It is not called if nothing is animated.
+// The functions that follow change the position or the height. The completion, which can be null, is called after an
+// animation. If the change is not animated, the completion is not called.
 void updateTop(BrimContainer* self, CGFloat value);
 void updateTopAnimated(BrimContainer* self, CGFloat value, bool animated, objc::Block<void(bool)>* completion);
-// Starts in a later run-loop iteration. Does nothing if animated while the banner has no superview.
+// An animated change of the position starts in a later run-loop iteration. It does nothing if the banner has no
+// superview.
 void updateTopWithDuration(BrimContainer* self, CGFloat value, bool animated, double duration,
                            objc::Block<void(bool)>* completion);
 void updateHeight(BrimContainer* self, CGFloat value);

@@ -11,10 +11,11 @@ constexpr CGFloat tinyIconSize = 20;
 constexpr NSInteger tinyCornerRadius = 10;
 constexpr NSInteger glyphBadgeGrowth = 16;
 constexpr CGFloat iconBadgeOverhang = 7;
-// The distance of the texts from the picture after the badge is shown.
+// The distance of the texts from the picture while the badge is shown.
 constexpr CGFloat textLeadingBesideBadge = 24;
 
-// A tiny banner's icon has a size of 20 points, regardless of the settings.
+// Limits the corner radius to half of the picture's size. The picture of a tiny banner is always 20 points wide and
+// high.
 NSInteger clampedIconRadius(const BrimContainerState& state) {
   constexpr NSInteger minClampedTinyRadius = 11;
   if (state.tinyBanner && state.appCornerRadius >= minClampedTinyRadius) return tinyCornerRadius;
@@ -22,7 +23,7 @@ NSInteger clampedIconRadius(const BrimContainerState& state) {
   return state.appCornerRadius < half ? state.appCornerRadius : half;
 }
 
-// The glyph extends from the picture's center to the upper right.
+// Places the glyph so that it extends from the picture's center to the upper right.
 void placeGlyphBadge(const BrimContainerState& state, UIImageView* badge) {
   const CGFloat side = points(state.appSize / 2 + glyphBadgeGrowth);
   badge->leadingAnchor()->equalTo(state.iconView->centerXAnchor())->activated();
@@ -30,7 +31,7 @@ void placeGlyphBadge(const BrimContainerState& state, UIImageView* badge) {
   setSize(badge, side, side);
 }
 
-// The icon is round and extends over the picture's upper right corner.
+// Places the icon over the picture's upper right corner and makes the icon round.
 void placeIconBadge(const BrimContainerState& state, UIImageView* badge) {
   const NSInteger side = state.appSize / 2;
   roundCorners(badge, points(side / 2));

@@ -1,5 +1,5 @@
-// The large picture of a banner and the badge on it. At first the picture is the application's icon. After updateImage
-// it is the sender's photo, and the badge shows the application's glyph or icon. Main thread.
+// The large picture of a banner, and the badge on the picture. At first, the picture is the application's icon. After
+// updateImage, the picture is the sender's photo, and the badge shows the application's glyph or icon. Main thread.
 #pragma once
 
 #include "library/view/brim_container_state.hpp"
@@ -7,8 +7,8 @@
 // Places the picture below the clock, and creates the badge without an image.
 void layOutIcon(BrimContainer* self, BrimContainerState& state);
 
-// Shows the photo and the badge, and moves the texts away from the badge. nil clears the picture.
+// Shows the photo and the badge, and moves the texts away from the badge. If the photo is nil, the picture is cleared.
 void updateImage(BrimContainer* self, UIImage* photo);
 
-// Replaces a glyph that the badge shows by the glyph for the current colors.
+// If the badge shows a glyph, replaces it with the glyph for the current color mode.
 void recolorGlyph(BrimContainer* self);

@@ -30,7 +30,7 @@ void placeBanner(BrimContainer* self, BrimContainerState& state) {
 
 }  // namespace
 
-// Later parts are placed relative to earlier ones.
+// The order of the calls matters, because later parts are placed relative to earlier parts.
 void layOut(BrimContainer* self) {
   BrimContainerState& state = objc::state(self);
   if (state.enablePrivacy) replaceTextsWithPlaceholder(state);

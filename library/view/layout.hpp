@@ -3,5 +3,5 @@
 
 #include "library/view/brim_container.hpp"
 
-// Call when the banner has a superview. Every call creates all subviews again.
+// The banner must have a superview. Every call creates all subviews again.
 void layOut(BrimContainer* self);

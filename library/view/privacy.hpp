@@ -1,10 +1,12 @@
-// Hides a banner's texts until it is expanded; see the setting hide_unless_expanded. Main thread.
+// Hides a banner's texts until the banner is expanded, if the setting hide_unless_expanded is on. Main thread.
 #pragma once
 
 #include "library/view/brim_container_state.hpp"
 
-// Call before the layout. The header becomes "Content hidden", in the user's language; the other texts are removed.
+// Replaces the header with "Content hidden", in the user's language, and removes the other texts. Call this function
+// before the layout.
 void replaceTextsWithPlaceholder(BrimContainerState& state);
 
-// Shows the original texts. Call after the layout.
+// Shows the original header and body again; the sub-header stays hidden. A tiny banner shows the original header twice,
+// because the header is also appended to the hidden body. Call this function after the layout.
 void showContent(BrimContainer* self);

@@ -8,7 +8,7 @@ namespace {
 
 constexpr CGFloat replyFontSize = 15;
 constexpr CGFloat replyInset = 10;
-// Seconds.
+// In seconds.
 constexpr double openDuration = 0.15;
 
 void makeReplyViews(BrimContainerState& state) {

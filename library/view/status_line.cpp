@@ -12,7 +12,7 @@ constexpr NSInteger topOtherwise = 44;
 constexpr CGFloat clockLeading = 25;
 constexpr CGFloat nowTrailing = 34;
 
-// Blanks give the labels their usual height while the status line is switched off.
+// The text of the labels if the setting statusbar is off. Its spaces give the labels their usual height.
 NSString* emptyStatusText() { return "   "_ns; }
 
 NSString* clockText(const BrimContainerState& state) {
@@ -36,7 +36,7 @@ objc::Ref<BrimLabel> makeStatusLabel(const BrimContainerState& state, NSString* 
 
 }  // namespace
 
-// A screen without a safe area at the bottom belongs to a device with a home button.
+// If the screen has no safe area at the bottom, the device has a home button.
 NSInteger statusLineTop(const BrimContainerState& state) {
   const UIEdgeInsets insets = UIApplication::sharedApplication()->keyWindow()->safeAreaInsets();
   return state.statusbar && insets.bottom <= 0 ? topWithHomeButton : topOtherwise;

@@ -3,8 +3,9 @@
 
 #include "library/view/brim_container_state.hpp"
 
-// The distance of the status line from the banner's top, in points.
+// Returns the distance of the status line from the banner's top, in points.
 NSInteger statusLineTop(const BrimContainerState& state);
 
-// Creates both labels even if the setting statusbar is off, because the icon is placed relative to the clock.
+// Creates both labels. They exist even if the setting statusbar is off, because the picture is placed relative to the
+// clock.
 void layOutStatusLine(BrimContainer* self, BrimContainerState& state);

@@ -17,7 +17,8 @@ NSTextAlignment alignment(const BrimContainerState& state) {
                                                                       : NSTextAlignment::Natural;
 }
 
-// Returns the constraint of the leading edge, whose constant changes when the badge is shown.
+// Adds the label and places it between the picture and the banner's trailing edge. Returns the constraint of the
+// label's leading edge, whose constant changes when the badge is shown.
 objc::Ref<NSLayoutConstraint> placeBesideIcon(BrimContainer* self, const BrimContainerState& state, BrimLabel* label) {
   self->addSubview(label);
   objc::Ref<NSLayoutConstraint> leading =

@@ -3,8 +3,9 @@
 
 #include "library/view/brim_container_state.hpp"
 
-// A tiny banner has no sub-header, and its header label shows the tiny line.
+// Creates the labels. A tiny banner has no sub-header, and its header label shows the tiny line.
 void layOutTexts(BrimContainer* self, BrimContainerState& state);
 
-// Changes the number of lines of the body, or of a tiny banner's line. 0 means no limit. Animated.
+// Changes the maximum number of lines of the body, or of the header label in a tiny banner, with an animation. 0 means
+// no limit.
 void setMaxLineCount(BrimContainer* self, NSInteger lines);

@@ -27,8 +27,8 @@ void showWithBoldStart(const BrimContainerState& state, NSString* text, NSUInteg
   state.headerLabel->setAttributedText(line);
 }
 
-// A body without a header. The text before its first colon is shown as a name, in bold. If there is no colon, the first
-// line is the name.
+// Shows the body of a banner that has no header. The text before the first colon is assumed to be a name and is bold.
+// If there is no colon, the first of several lines is the name. If there is only one line, no text is bold.
 void showBody(const BrimContainerState& state) {
   NSString* line = state.body;
   if (isNilOrEmpty(line)) {
@@ -46,18 +46,19 @@ void showBody(const BrimContainerState& state) {
   showWithBoldStart(state, line, line->rangeOfString(":"_ns).location + 1);
 }
 
-// A header without a colon gets ": " at its end. In a header of Latin letters and digits with blanks before its colon,
-// ": " replaces the colon and the blanks around it. Any other header does not change.
+// Returns the header with a colon. If the header has no colon, ": " is appended. If the header begins with Latin
+// letters, digits and blanks, and there are blanks before its first colon, ": " replaces the colon and the blanks
+// around it. Any other header is returned unchanged.
 NSString* headerWithColon(NSString* header) {
   if (!header->contains(":"_ns)) return header->stringByAppendingString(": "_ns);
-  // The quantifier "+?" is lazy because the group must contain the blanks before the colon. A greedy one would match
-  // them itself.
+  // The quantifier "+?" is lazy, because a greedy quantifier would match the blanks before the colon, which the group
+  // must contain.
   auto* expression = NSRegularExpression::withPattern("^[A-z0-9\\s]+?([\\s]*:+[\\s]*)"_ns,
                                                       NSRegularExpressionOptions::CaseInsensitive);
   NSTextCheckingResult* match = expression->firstMatchInString(header, {0, header->length()});
   if (match == nullptr) return header;
-  // The group alone, matched again: blanks before the colon match as letters do. Without blanks there is no match, and
-  // the header does not change.
+  // The second match applies the pattern to the group alone. It succeeds only if there is a blank before the colon,
+  // because "[A-z0-9\\s]+?" must match at least one character. Without a blank, the header does not change.
   NSTextCheckingResult* blanks = expression->firstMatchInString(header, match->rangeAtIndex(1));
   return blanks == nullptr ? header : header->stringByReplacingCharactersInRange(blanks->range(), ": "_ns);
 }

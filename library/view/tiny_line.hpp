@@ -3,6 +3,6 @@
 
 #include "library/view/brim_container.hpp"
 
-// Shows the line in the header label. If both header and body exist, this also changes the stored header so that it
-// ends in a colon and a blank.
+// Shows the line in the header label. If the banner has both a header and a body, this function also changes the stored
+// header: the header then ends with the colon that separates it from the body.
 void showTinyLine(BrimContainer* self);
