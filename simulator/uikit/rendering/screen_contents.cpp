@@ -13,7 +13,7 @@ namespace {
 
 bool isEmpty(const CGRect& rect) { return !(rect.size.width > 0) || !(rect.size.height > 0); }
 
-// Collects the contents of the trees of visible views.
+// Collects the contents of all visible windows and their visible descendants.
 class ContentsCollector {
  public:
   explicit ContentsCollector(const drawing::Canvas& canvas)
@@ -33,7 +33,7 @@ class ContentsCollector {
     drawing::PixelRectangle clip;
   };
 
-  // The pixels that intersect the rectangle. They include all pixels that the canvas covers when it paints the
+  // Returns the pixels that intersect the rectangle. They include all pixels that the canvas changes when it paints the
   // rectangle.
   drawing::PixelRectangle pixels(const CGPoint& position, const CGRect& rect) const {
     if (isEmpty(rect)) return {};
@@ -101,7 +101,8 @@ class Painter {
   Painter(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region)
       : canvas_(canvas), contents_(contents), region_(region) {}
 
-  // Paints the views from index `begin` to index `end`. The descendants of a view are painted together with it.
+  // Paints the views from index `begin` up to, but not including, index `end`. Each view is painted together with its
+  // descendants.
   void paint(std::size_t begin, std::size_t end) {
     for (std::size_t index = begin; index < end; index = contents_[index].end)
       if (intersectsRegion(contents_[index].covered)) paintView(index);

@@ -1,4 +1,4 @@
-// UIViewController's state. Main thread only.
+// The state of a UIViewController. Main thread only.
 #pragma once
 
 #include <vector>
