@@ -248,7 +248,7 @@ SurfaceHandle Canvas::surfaceOfPixels(const PixelRectangle& area) const {
 
 SurfaceHandle Canvas::captureBeneath(const PixelRectangle& area) const {
   if (area.isEmpty()) return nullptr;
-  if (layers_.empty() && common(area, {0, 0, pixelWidth(), pixelHeight()}) == area) return surfaceOfPixels(area);
+  if (layers_.empty() && intersection(area, {0, 0, pixelWidth(), pixelHeight()}) == area) return surfaceOfPixels(area);
   SurfaceHandle capture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
   ContextHandle context(cairo_create(capture.get()));
   cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);

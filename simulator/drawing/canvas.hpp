@@ -87,7 +87,7 @@ class Canvas {
   void drawImage(const std::shared_ptr<const Image>& image, const Rectangle& rectangle, ContentMode mode) {
     drawImage(image.get(), rectangle, mode);
   }
-  // Calls TextLayout::draw.
+  // Draws text in the rectangle as TextLayout::draw describes. `color` is the color of runs without a color.
   void drawText(const TextLayout& text, const Rectangle& rectangle, const Color& color);
 
   // The pixels of the canvas, without open layers. The surface is borrowed.

@@ -10,7 +10,8 @@
 
 namespace drawing {
 
-// Whether an image of this size in pixels is within the limits. Decoders check it before they allocate memory.
+// Returns whether an image of this size in pixels is within the limits. Decoders check this before they
+// allocate memory.
 bool isAcceptableSize(std::int64_t width, std::int64_t height);
 
 // Decode an image file. Both functions return null if the data is not a complete image of the format, or if the image

@@ -13,7 +13,7 @@ constexpr double maxWidth = 1'000'000;
 
 guint16 channel(double value) { return static_cast<guint16>(std::lround(std::clamp(value, 0.0, 1.0) * 0xFFFF)); }
 
-// Takes ownership of the attribute.
+// Adds the attribute for a range of the text. The list takes ownership of the attribute.
 void add(PangoAttrList* attributes, PangoAttribute* attribute, const Span& span) {
   attribute->start_index = static_cast<guint>(span.begin);
   attribute->end_index = static_cast<guint>(span.end);

@@ -15,10 +15,10 @@ struct PixelRectangle {
   friend bool operator==(const PixelRectangle&, const PixelRectangle&) = default;
 };
 
-// Returns the intersection, which is empty if the rectangles do not overlap.
-PixelRectangle common(const PixelRectangle& left, const PixelRectangle& right);
+// Returns the common part of the rectangles. It is empty if they do not overlap.
+PixelRectangle intersection(const PixelRectangle& left, const PixelRectangle& right);
 // Returns the smallest rectangle that contains both rectangles. An empty rectangle is ignored.
-PixelRectangle united(const PixelRectangle& left, const PixelRectangle& right);
+PixelRectangle boundingRectangle(const PixelRectangle& left, const PixelRectangle& right);
 
 RegionHandle regionOf(const PixelRectangle& area);
 void addTo(cairo_region_t* region, const PixelRectangle& area);

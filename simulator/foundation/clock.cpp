@@ -45,7 +45,7 @@ void setMode(ClockMode mode, double unixTime) {
 
 void setSteppedTime(Nanoseconds time) { steppedTime = time; }
 
-Nanoseconds systemTime(Nanoseconds when) { return later(processStart(), when); }
+Nanoseconds systemTime(Nanoseconds when) { return saturatingSum(processStart(), when); }
 
 }  // namespace clock
 

@@ -107,7 +107,7 @@ void onMainThread(std::function<void()> work) {
 }
 
 void onMainThreadAfter(double seconds, std::function<void()> work) {
-  onMainThreadAt(later(clock::now(), nanosecondsOf(seconds)), std::move(work));
+  onMainThreadAt(saturatingSum(clock::now(), nanosecondsOf(seconds)), std::move(work));
 }
 
 void onMainThreadAt(Nanoseconds when, std::function<void()> work) {
@@ -144,7 +144,7 @@ void drainMainQueue() {
 
 void stepClock(double seconds) {
   const Nanoseconds duration = nanosecondsOf(seconds);
-  const Nanoseconds target = duration == never ? clock::now() : later(clock::now(), duration);
+  const Nanoseconds target = duration == never ? clock::now() : saturatingSum(clock::now(), duration);
   if (clock::mode() == ClockMode::Real) {
     // Schedules empty work at the target time. It wakes the main thread, because no other event may occur before that
     // time.

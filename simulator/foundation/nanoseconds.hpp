@@ -25,6 +25,8 @@ inline double secondsOf(Nanoseconds nanoseconds) {
 }
 
 // Returns the sum, or `never` if the sum overflows. Neither argument may be negative.
-inline Nanoseconds later(Nanoseconds when, Nanoseconds delay) { return when > never - delay ? never : when + delay; }
+inline Nanoseconds saturatingSum(Nanoseconds when, Nanoseconds delay) {
+  return when > never - delay ? never : when + delay;
+}
 
 }  // namespace foundation

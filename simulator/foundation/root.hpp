@@ -13,8 +13,8 @@ namespace foundation {
 
 // The processes with which this process shares preferences and distributed notifications.
 enum class DefaultsDatabase {
-  OfUser,  // with all processes of the user
-  OfRoot,  // with the processes of the same root only
+  OfUser,  // all processes of the user
+  OfRoot,  // only the processes of the same root
 };
 
 // Selects the root. Creates the folder if it is missing, and a link from "private/var" to "var" in it. Call this first

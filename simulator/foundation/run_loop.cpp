@@ -119,7 +119,7 @@ void pumpRunLoop(double waitAtMost) {
   const objc::AutoreleasePool pool;
   watchOwnDescriptors();
   if (waitAtMost > 0) {
-    sleepUntil(clock::systemTime(later(clock::realNow(), nanosecondsOf(waitAtMost))));
+    sleepUntil(clock::systemTime(saturatingSum(clock::realNow(), nanosecondsOf(waitAtMost))));
     scheduleExternalWork();
   }
   objc::send<void, "acceptInputForMode:beforeDate:">(currentRunLoop(), defaultMode(), distantPast());

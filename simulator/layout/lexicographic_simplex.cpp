@@ -98,7 +98,7 @@ LexicographicSimplex::Entering LexicographicSimplex::chooseEntering(Rule rule) c
   Entering best{0, noSign};
   double steepest = -minSlope;
   const auto consider = [&](std::uint32_t column, Signs direction, double slope) {
-    if (!(slope < -minSlope)) return;  // the negated condition also returns if the slope is NaN
+    if (!(slope < -minSlope)) return;  // this form of the condition also rejects NaN
     const bool better = rule == Rule::SteepestDescent
                             ? slope < steepest
                             : best.direction == noSign || tableau_.nonbasic(column) < tableau_.nonbasic(best.column);

@@ -237,7 +237,7 @@ void LayoutEngine::update() {
 
 LayoutEngine::Work LayoutEngine::work() const { return {constraintsRead_, model_->solver.pivotCount()}; }
 
-bool LayoutEngine::places(const UIView* view) const { return model_->of(view) != nullptr; }
+bool LayoutEngine::determinesFrameOf(const UIView* view) const { return model_->of(view) != nullptr; }
 
 CGRect LayoutEngine::frameOf(const UIView* view) const {
   const FrameVariables& frame = *model_->of(view);

@@ -33,8 +33,8 @@ class LayoutEngine {
   // Solves the current constraints of the tree.
   void update();
   // Returns whether constraints determine the frame of the view.
-  bool places(const UIView* view) const;
-  // Returns the solved frame in the superview's coordinates. Requires that places(view) is true.
+  bool determinesFrameOf(const UIView* view) const;
+  // Returns the solved frame in the superview's coordinates. Requires that determinesFrameOf(view) is true.
   CGRect frameOf(const UIView* view) const;
   // Returns the views whose current frame differs from the solved frame.
   std::vector<UIView*> misplacedViews() const;

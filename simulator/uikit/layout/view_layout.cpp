@@ -127,7 +127,7 @@ void layoutSubviews(UIView* self) {
   if (engine == nullptr) return;
   const std::vector<objc::Ref<UIView>> subviews = record(self).subviews;
   for (const objc::Ref<UIView>& subview : subviews) {
-    if (!engine->places(subview.get())) continue;
+    if (!engine->determinesFrameOf(subview.get())) continue;
     const CGRect frame = engine->frameOf(subview.get());
     if (frame != modelFrame(record(subview.get()).layer)) setFrameFromLayout(subview.get(), frame);
   }

@@ -33,7 +33,7 @@ void addBackdropInputs(cairo_region_t* region, const ScreenContents& contents, s
   if (backdrop.appearance.opacityOnScreen < 1) return drawing::addTo(region, backdrop.read);
   drawing::addTo(region, backdrop.appearance.painted);
   for (std::size_t later = index + 1; later < contents.size(); ++later)
-    drawing::addTo(region, drawing::common(contents[later].appearance.painted, backdrop.read));
+    drawing::addTo(region, drawing::intersection(contents[later].appearance.painted, backdrop.read));
 }
 
 void addInputsOfBackdrops(cairo_region_t* region, const ScreenContents& contents) {

@@ -55,8 +55,8 @@ class ViewRecord {
   bool hasContentMode = false;                             // whether -setContentMode: was called
   std::vector<objc::Ref<NSLayoutConstraint>> constraints;  // the constraints whose nearest common ancestor is this view
   IntrinsicSize intrinsicSize;
-  std::unique_ptr<LayoutEngine>
-      engine;                      // solves the constraints inside this view; null if an ancestor's engine solves them
+  // Solves the constraints inside this view. Null if an ancestor's engine solves them.
+  std::unique_ptr<LayoutEngine> engine;
   bool constraintsChanged = true;  // used only if this view is the root of a tree
 };
 
