@@ -1,4 +1,5 @@
-// The phone models that the simulator can run as, with the screen, safe area and haptics of each. Any thread.
+// The phone models that the simulator can represent. A profile contains the screen, safe area and haptics of a model.
+// Any thread.
 #pragma once
 
 #include <span>
@@ -11,14 +12,14 @@ namespace base {
 
 struct DeviceProfile {
   std::string_view name;
-  CGSize screen;             // points, portrait orientation
+  CGSize screen;             // in points, in portrait orientation
   double scale;              // pixels per point
-  UIEdgeInsets safeArea;     // points
+  UIEdgeInsets safeArea;     // in points
   int feedbackSupportLevel;  // 0: none, 1: Taptic Engine, 2: haptics
 };
 
 std::span<const DeviceProfile> deviceProfiles();
-// Null if no profile has that name.
+// Finds a profile by its name, such as "iphone-x". Returns null if there is no such profile.
 const DeviceProfile* findDeviceProfile(std::string_view name);
 const DeviceProfile& defaultDeviceProfile();
 

@@ -16,7 +16,7 @@ struct EventLog {
   std::size_t total = 0;
 };
 
-// Never destroyed, because other threads can still record events while the process exits.
+// The log is never destroyed, because other threads can still record events while the process exits.
 EventLog& eventLog() {
   static EventLog& log = *new EventLog;
   return log;

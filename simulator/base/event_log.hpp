@@ -1,4 +1,4 @@
-// The event log: what happened in the process, in order. A script reads and clears it. Any thread.
+// The event log: a list of what has happened in the process, in order. A script reads and clears it. Any thread.
 #pragma once
 
 #include <cstddef>
@@ -7,15 +7,15 @@
 
 namespace base {
 
-// Appends the event {"event": name, …fields}. `fields` must be an object. Null members stay in the event.
+// Appends the event {"event": name, …fields}. `fields` must be a JSON object. A member whose value is null is kept.
 void recordEvent(std::string_view name, const nlohmann::ordered_json& fields);
 
 // Returns the events since the previous call as an array and clears the log.
 nlohmann::ordered_json takeEvents();
 
-// The number of events of that name since the process started, including those already taken.
+// Returns the number of events with this name since the process started, including those already taken.
 std::size_t eventCount(std::string_view name);
-// The number of all events since the process started.
+// Returns the number of all events since the process started, including those already taken.
 std::size_t eventCount();
 
 }  // namespace base

@@ -6,23 +6,24 @@
 
 namespace base {
 
-// The asset bundle of the library, relative to a root.
+// The path of the library's asset bundle, relative to a root.
 inline constexpr const char* assetBundlePath = "Library/Application Support/Brim/Assets.bundle";
 
-// Absolute paths in lib/brim, share/brim and bin of the prefix that contains this shared library: an installation or
-// the build folder.
+// Absolute paths of files and folders that the build or an installation provides. They are in the folders lib/brim,
+// share/brim and bin of the installation prefix or build folder that contains this shared library.
 struct Installation {
-  std::filesystem::path library;        // libBrim.so
-  std::filesystem::path assetBundle;    // Assets.bundle
-  std::filesystem::path applications;   // application icons, <bundle identifier>.png
+  std::filesystem::path library;        // the file libBrim.so
+  std::filesystem::path assetBundle;    // the folder Assets.bundle
+  std::filesystem::path applications;   // the folder with the application icons, named <bundle identifier>.png
   std::filesystem::path messages;       // the executable of the Messages app
-  std::filesystem::path demonstration;  // the demonstration's files and web pages
+  std::filesystem::path demonstration;  // the folder with the demonstration's files and web pages
 };
 Installation installation();
 
-// brim/root in the user's data folder, which is $XDG_DATA_HOME or ~/.local/share.
+// Returns the user's default root: brim/root in the user's data folder, which is $XDG_DATA_HOME or ~/.local/share.
 std::filesystem::path defaultRoot();
-// The demonstration uses its own root next to the default one, because it must not change the user's files.
+// Returns the root of the demonstration, a folder next to the default root. The demonstration has its own root because
+// it must not change the user's files.
 std::filesystem::path demonstrationRoot();
 
 }  // namespace base

@@ -12,7 +12,7 @@ namespace {
 
 int integer(const std::csub_match& digits) { return digits.matched ? std::atoi(digits.str().c_str()) : 0; }
 
-// Converts "+02:00", "-0330" or "Z" to seconds. Returns nothing if the offset is out of range.
+// Converts "+02:00", "-0330" or "Z" to seconds. Returns nothing if the offset is invalid or out of range.
 std::optional<int> utcOffset(const std::string& text) {
   if (text == "Z") return 0;
   const int hours = std::atoi(text.substr(1, 2).c_str());

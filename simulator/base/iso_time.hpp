@@ -8,11 +8,11 @@
 namespace base {
 
 // Parses a date such as "2020-03-14" or a date and time such as "2020-03-14T09:41". Seconds, a fraction of a second,
-// and "Z" or an offset such as "+02:00" are optional. A time without an offset is in the phone's time zone, which is
-// the TZ environment variable or else UTC. Returns Unix time, or nothing if the text is not a valid date.
+// and "Z" or an offset such as "+02:00" are optional. A time without an offset is in the phone's time zone: the value
+// of the TZ environment variable, or UTC if TZ is unset. Returns Unix time, or nothing if the text is not a valid date.
 std::optional<double> parseIsoTime(std::string_view text);
 
-// The Unix time of the system clock, also when the phone uses a stepped clock.
+// Returns the Unix time of the system clock, even if the phone uses a stepped clock.
 double systemUnixTime();
 
 // Formats a Unix time as UTC with milliseconds, such as "2020-03-14T09:41:00.000Z".

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr const char* defaultPath = "/var/mobile/Library/AddressBook/Contacts.vcf";
 constexpr std::size_t maxFileBytes = 256 << 20;
 
-// Identifies one version of a file, to detect changes.
+// Identifies one version of a file. A different value means that the file has changed.
 struct FileVersion {
   dev_t device = 0;
   ino_t inode = 0;
@@ -32,7 +32,7 @@ struct FileVersion {
   }
 };
 
-// Nothing if the file does not exist.
+// Returns nothing if the file does not exist.
 std::optional<FileVersion> versionOf(const fs::path& file) {
   struct stat status = {};
   if (stat(file.c_str(), &status) != 0) return std::nullopt;
@@ -50,7 +50,7 @@ AddressBook& addressBook() {
   return book;
 }
 
-// Null if the file or the vCard plugin cannot be read.
+// Returns null if the file cannot be read or the vCard plugin cannot be loaded.
 std::shared_ptr<const People> readPeople(const fs::path& file) {
   const std::optional<std::string> text = base::readRegularFile(file, maxFileBytes);
   static const auto readCard =

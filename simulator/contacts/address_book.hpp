@@ -1,4 +1,4 @@
-// The address book, which is read from one vCard file. Main thread.
+// The address book. It is read from one vCard file. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -13,12 +13,12 @@ namespace contacts {
 
 using People = std::vector<Person>;
 
-// Everybody in the address book, in the order of the file. The file is read at first use and again after a change. The
-// list is empty if the file does not exist, and null if it cannot be read.
+// Returns all people in the address book, in the order of the file. The file is read at the first call, and again after
+// it has changed. The list is empty if the file does not exist, and null if it cannot be read.
 std::shared_ptr<const People> people();
 
-// Uses this file instead of the root's own address book. Returns a description of the error, or nothing on success.
-// After an error the address book is unchanged.
+// Reads the address book from this file instead of the root's own file. Returns a description of the error, or nothing
+// on success. After an error the address book is unchanged.
 [[nodiscard]] std::optional<std::string> useAddressBook(const std::filesystem::path& file);
 
 }  // namespace contacts

@@ -3,10 +3,10 @@
 
 namespace contacts {
 
-// Call it once, after foundation::registerClasses. Main thread.
+// Call this once, after foundation::registerClasses. Main thread.
 void registerClasses();
 
-// The steps of registerClasses.
+// The steps of registerClasses. Only registerClasses calls them.
 void initializeContactKeys();
 void defineContact();
 void defineContainer();

@@ -31,7 +31,7 @@ namespace contacts {
 
 namespace {
 
-// Returns the person if the property was requested. Otherwise raises an exception as on the phone.
+// Returns the person. Raises an exception, as on the phone, if the property `key` was not requested for the contact.
 const Person& personWith(const CNContact* contact, NSString* key) {
   const ContactState& state = objc::state(contact);
   if (!objc::send<bool, "containsObject:">(state.keys.get(), key))

@@ -1,5 +1,6 @@
-// The names of a contact's properties. platform/contacts.hpp declares them as constants, as they are on the phone. Here
-// they are variables that are set when the classes are registered, so this file does not include that header.
+// The keys of a contact's properties. platform/contacts.hpp declares them as constants, because they are constants on
+// the phone. Here they are variables that are set when the classes are registered, so this file does not include that
+// header.
 #include "platform/ns_string.hpp"
 #include "simulator/contacts/classes.hpp"
 

@@ -23,7 +23,7 @@ namespace contacts {
 
 namespace {
 
-// CNErrorCodeCommunicationError: the address book cannot be read.
+// The value of CNErrorCodeCommunicationError, which reports that the address book cannot be read.
 constexpr NSInteger communicationError = 1;
 
 CNContactFetchRequest* initWithKeysToFetch(CNContactFetchRequest* self, NSArray* keys) {

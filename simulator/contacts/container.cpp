@@ -5,7 +5,7 @@
 
 namespace contacts {
 
-// Matches containers by identifier.
+// A predicate that matches containers by identifier.
 class ContainerPredicate : public objc::Interface<"BrimContainerPredicate", NSPredicate> {};
 
 struct ContainerPredicateState {

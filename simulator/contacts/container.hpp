@@ -5,7 +5,7 @@
 
 namespace contacts {
 
-// A constant.
+// Returns the identifier of the container, which is a string constant.
 NSString* containerIdentifier();
 
 // Returns the containers that match the predicate; nil matches all containers. Autoreleased.

@@ -8,17 +8,17 @@
 namespace contacts {
 
 struct LabeledText {
-  std::string label;  // a label of the platform, such as "_$!<Home>!$_"; empty for none
+  std::string label;  // a label of the platform, such as "_$!<Home>!$_"; empty if there is none
   std::string text;
 };
 
 struct Person {
-  // The UID of the card. If the card has none, the identifier is a digest of the card's text.
+  // The UID property of the card. If the card has none, the identifier is a digest of the card's text.
   std::string identifier = {};
   std::string givenName = {};
   std::vector<LabeledText> emailAddresses = {};
   std::vector<LabeledText> phoneNumbers = {};
-  // The contents of an image file in any format, not validated. Nothing if the card contains no image.
+  // The contents of an image file in any format. They are not validated. Nothing if the card contains no image.
   std::optional<std::string> image = {};
 };
 

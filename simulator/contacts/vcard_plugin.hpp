@@ -5,6 +5,6 @@
 
 #include "simulator/contacts/person.hpp"
 
-// Parses one card of version 2.1, 3.0 or 4.0 into `person`. The soft line breaks of quoted-printable values must have
-// been removed. Not reentrant.
+// Parses one vCard of version 2.1, 3.0 or 4.0 into `person`. The caller must have removed the soft line breaks of
+// quoted-printable values. Not reentrant.
 extern "C" void brim_read_card(const std::string& card, contacts::Person& person);

@@ -64,8 +64,8 @@ class CardSplitter {
   std::vector<std::string> takeCards() { return std::move(cards_); }
 
  private:
-  // A card inside a card follows the property whose value it is. Any other BEGIN line replaces the current card, which
-  // has no END line.
+  // Begins a new card. After a property such as AGENT whose value is another card, the new card is nested in the
+  // current one and is ignored. In any other place, the new card replaces the current one, whose END line is missing.
   void begin() {
     if (depth_ > 0 && nextCardIsNested_) {
       ++depth_;

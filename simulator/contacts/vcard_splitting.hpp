@@ -8,8 +8,8 @@
 namespace contacts {
 
 // Returns each card from its BEGIN line to its END line. Lines end with CRLF, and the soft line breaks of
-// quoted-printable values are removed. The result does not include a card without an END line, a card of more than
-// 32 MiB, or a card inside another card, because such a card describes another person.
+// quoted-printable values are removed. The result omits a card without an END line and a card of more than 32 MiB. It
+// also omits a card inside another card, because that card describes another person.
 std::vector<std::string> splitCards(std::string_view text);
 
 }  // namespace contacts

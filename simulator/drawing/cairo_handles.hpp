@@ -1,4 +1,4 @@
-// Owning pointers to cairo objects. A null pointer means no object.
+// Smart pointers that own cairo objects. A null handle owns no object.
 #pragma once
 
 #include <cairo.h>

@@ -13,7 +13,8 @@ namespace drawing {
 namespace {
 
 constexpr double maxSide = 16'384;
-// The size of a few screens. An image that is enlarged further is not resized once but filtered each time it is drawn.
+// The maximum number of pixels of a stored enlarged image: the size of a few screens. An image that is enlarged further
+// is filtered again each time it is drawn.
 constexpr double maxEnlargedPixels = 8'000'000;
 
 int pixelCount(double points, double scale) {
@@ -60,8 +61,8 @@ void Canvas::restore() {
   if (!saved_.empty() && saved_.back() == Saved::State) pop();
 }
 
-// A transform that is not invertible puts a cairo context permanently into an error state. Such a transform makes
-// content invisible, so an empty clip has the same effect.
+// A transform that is not invertible puts a cairo context permanently into an error state. Content under such a
+// transform is invisible, so the canvas sets an empty clip instead.
 void Canvas::translate(double x, double y) {
   if (std::isfinite(x) && std::isfinite(y)) {
     cairo_translate(context_.get(), x, y);
@@ -113,7 +114,8 @@ void Canvas::beginLayer(double alpha) {
     return;
   }
   cairo_push_group(context_.get());
-  // The clip is applied when the layer is composited. Applied twice, it would make antialiased edges too transparent.
+  // The clip is applied when the layer is composited. If the clip were applied twice, antialiased edges would be too
+  // transparent.
   cairo_reset_clip(context_.get());
   SurfaceHandle surface(cairo_surface_reference(cairo_get_group_target(context_.get())));
   layers_.push_back({std::move(surface), alpha > 0 ? alpha : 0});
@@ -181,14 +183,14 @@ void Canvas::drawImage(const Image* image, const Rectangle& rectangle, ContentMo
   cairo_new_path(context_.get());
   cairo_rectangle(context_.get(), target.x, target.y, target.width, target.height);
   setSource(*image, target);
-  // Repeats the edge pixels outside the image. Otherwise the filter would mix transparent pixels into the edge.
+  // Repeats the edge pixels outside the image, because otherwise the filter would mix transparent pixels into the edge.
   cairo_pattern_set_extend(cairo_get_source(context_.get()), CAIRO_EXTEND_PAD);
   cairo_fill(context_.get());
   cairo_restore(context_.get());
 }
 
-// Uses the image resized to the pixels that it covers. Drawing then needs no filter, and the result does not depend on
-// the clip.
+// Sets the image as the source of drawing. Uses a copy of the size in pixels at which the image is drawn, unless the
+// copy would be too large. Drawing the copy needs no filter, and its pixels do not depend on the clip.
 void Canvas::setSource(const Image& image, const Rectangle& target) {
   double left = target.x, top = target.y, deviceWidth = target.width, deviceHeight = target.height;
   cairo_user_to_device(context_.get(), &left, &top);
@@ -246,14 +248,14 @@ SurfaceHandle Canvas::surfaceOfPixels(const PixelRectangle& area) const {
 
 SurfaceHandle Canvas::captureBeneath(const PixelRectangle& area) const {
   if (area.isEmpty()) return nullptr;
-  if (layers_.empty() && common(area, {0, 0, pixelWidth(), pixelHeight()}) == area) return surfaceOfPixels(area);
+  if (layers_.empty() && intersection(area, {0, 0, pixelWidth(), pixelHeight()}) == area) return surfaceOfPixels(area);
   SurfaceHandle capture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
   ContextHandle context(cairo_create(capture.get()));
   cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
   cairo_set_source_surface(context.get(), base_.get(), -area.x, -area.y);
   cairo_paint(context.get());
   cairo_set_operator(context.get(), CAIRO_OPERATOR_OVER);
-  // cairo positions a layer by its device offset.
+  // The layer's position on the canvas is stored in the device offset of its surface, which cairo applies here.
   for (const OpenLayer& layer : layers_) {
     cairo_set_source_surface(context.get(), layer.surface.get(), -area.x, -area.y);
     cairo_paint_with_alpha(context.get(), layer.alpha);

@@ -1,9 +1,9 @@
-// A pixel surface with drawing functions. Coordinates are in points unless a name says pixels. A rectangle that is
-// empty or contains a number that is not finite draws nothing. Used by one thread at a time.
+// A pixel surface with drawing functions. Coordinates are in points unless a name says pixels. A function draws nothing
+// if its rectangle is empty or contains a number that is not finite. One thread at a time can use a canvas.
 //
-// Layers: everything drawn between beginLayer and endLayer is composited with the layer's opacity. Only a layer that is
-// not opaque has separate pixels. captureBeneath composites all open layers, so a material has the same backdrop inside
-// and outside of a layer.
+// Layers: everything that is drawn between beginLayer and endLayer is composited with the opacity of the layer. A layer
+// that is not opaque has its own pixels; an opaque layer draws directly on the canvas. captureBeneath composites all
+// open layers, so a material has the same backdrop inside and outside of a layer.
 #pragma once
 
 #include <cstddef>
@@ -22,16 +22,16 @@ class TextLayout;
 
 enum class CornerCurve { Circular, Continuous };
 
-// The radius in points. It is limited to half of the shorter side.
+// The shape of a rectangle's corners. The radius is in points. It is limited to half of the shorter side.
 struct CornerShape {
   double radius = 0;
   CornerCurve curve = CornerCurve::Circular;
   friend bool operator==(const CornerShape&, const CornerShape&) = default;
 };
 
-// How an image fills a rectangle, with the platform's numbers. Center and the modes after it do not scale the image.
-// These modes and AspectFill can draw outside the rectangle; the caller must clip if necessary. Redraw is the same as
-// ScaleToFill.
+// How an image fills a rectangle. The values are those of the platform. Center and the modes after it do not scale the
+// image. These modes and AspectFill can draw outside the rectangle; the caller must clip if necessary. Redraw is the
+// same as ScaleToFill.
 enum class ContentMode {
   ScaleToFill = 0,
   AspectFit = 1,
@@ -48,20 +48,20 @@ enum class ContentMode {
   BottomRight = 12,
 };
 
-// The rectangle that an image of this size in points fills.
+// Returns the rectangle that an image of this size in points fills.
 Rectangle placeContent(const Size& content, const Rectangle& bounds, ContentMode mode);
 
 class Canvas {
  public:
-  // Creates a transparent canvas. Each side has from 1 to 16,384 pixels. The scale is in pixels per point; a scale that
-  // is not a positive number is replaced by 1.
+  // Creates a transparent canvas. The number of pixels on each side is clamped to the range from 1 to 16,384. The scale
+  // is in pixels per point; a scale that is not a positive number is replaced by 1.
   Canvas(const Size& size, double scale);
 
   double pixelsPerPoint() const { return scale_; }
   int pixelWidth() const;
   int pixelHeight() const;
 
-  // Save and restore the transform and the clip. A restore or endLayer without a matching begin does nothing.
+  // Save and restore the transform and the clip. `restore` without a matching `save` does nothing.
   void save();
   void restore();
   void translate(double x, double y);
@@ -70,42 +70,44 @@ class Canvas {
   void clipRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners);
   // The region is in pixels of the canvas, regardless of the transform.
   void clipPixels(const cairo_region_t* region);
-  // Opacity from 0 to 1.
+  // Begins a layer with this opacity, which is from 0 to 1.
   void beginLayer(double alpha);
-  // Also restores states that were saved inside the layer and not restored.
+  // Ends the innermost layer. Also restores all states that were saved inside the layer. Does nothing if no layer is
+  // open.
   void endLayer();
 
   // Sets all pixels inside the clip to this color, without blending.
   void clear(const Color& color);
   void fillRectangle(const Rectangle& rectangle, const Color& color);
   void fillRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners, const Color& color);
-  // The line ends exactly at the points, with straight edges.
+  // Draws a line that ends exactly at the two points, with square ends. The width is in points.
   void strokeLine(const Point& from, const Point& to, double width, const Color& color);
-  // A null image draws nothing.
+  // Draws nothing if the image is null.
   void drawImage(const Image* image, const Rectangle& rectangle, ContentMode mode);
   void drawImage(const std::shared_ptr<const Image>& image, const Rectangle& rectangle, ContentMode mode) {
     drawImage(image.get(), rectangle, mode);
   }
-  // Calls TextLayout::draw.
+  // Draws text in the rectangle as TextLayout::draw describes. `color` is the color of runs without a color.
   void drawText(const TextLayout& text, const Rectangle& rectangle, const Color& color);
 
-  // The pixels, without open layers. Borrowed.
+  // The pixels of the canvas, without open layers. The surface is borrowed.
   cairo_surface_t* surface() const { return base_.get(); }
-  // Premultiplied 0xAARRGGBB; 0 outside the canvas.
+  // Returns a pixel as premultiplied 0xAARRGGBB. Returns 0 outside the canvas.
   std::uint32_t pixel(int x, int y) const;
   std::vector<std::byte> pixelsAsPng() const;
-  // A copy of the pixels.
+  // Returns a copy of the pixels.
   std::shared_ptr<const Image> snapshot() const;
-  // A copy of some of the pixels as a separate canvas. Pixels outside this canvas are transparent.
+  // Returns a copy of some of the pixels as a separate canvas. The pixels of the copy that are outside this canvas are
+  // transparent.
   std::shared_ptr<Canvas> copyOf(const PixelRectangle& part) const;
 
-  // The cairo context, for other drawing operations. Its units are points. Borrowed.
+  // The cairo context, for other drawing operations. Its units are points. The context is borrowed.
   cairo_t* context() const { return context_.get(); }
-  // The visible content of an area, including open layers at their opacity. Pixels outside the canvas are transparent.
-  // The surface may share the canvas's pixels, so it must be read before anything else is drawn. Null for an empty
-  // area.
+  // Returns the visible content of an area, including open layers at their opacity. Pixels outside the canvas are
+  // transparent. The surface can share the canvas's pixels, so the caller must read it before anything else is drawn.
+  // Returns null for an empty area.
   SurfaceHandle captureBeneath(const PixelRectangle& area) const;
-  // The pixels inside the clip that this rectangle covers at least partly, under the current transform.
+  // Returns the pixels inside the clip that this rectangle covers at least partly, under the current transform.
   PixelRectangle coveredPixels(const Rectangle& rectangle) const;
 
  private:
@@ -117,7 +119,7 @@ class Canvas {
 
   void pop();
   void setSource(const Image& image, const Rectangle& target);
-  // A surface that shares the canvas's pixels. The area must lie inside the canvas.
+  // Returns a surface that shares the canvas's pixels. The area must lie inside the canvas.
   SurfaceHandle surfaceOfPixels(const PixelRectangle& area) const;
 
   SurfaceHandle base_;

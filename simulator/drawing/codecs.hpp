@@ -10,16 +10,18 @@
 
 namespace drawing {
 
-// Whether an image of this size in pixels is within the limits. Decoders check it before they allocate memory.
+// Returns whether an image of this size in pixels is within the limits. Decoders check this before they
+// allocate memory.
 bool isAcceptableSize(std::int64_t width, std::int64_t height);
 
-// Return null for data that is not a complete image of the format, or is too large.
+// Decode an image file. Both functions return null if the data is not a complete image of the format, or if the image
+// is too large.
 SurfaceHandle decodePng(std::span<const std::byte> data);
 SurfaceHandle decodeJpeg(std::span<const std::byte> data);
 
-// Return an empty vector on failure.
+// Encode an image. Both functions return an empty vector on failure.
 std::vector<std::byte> encodePng(cairo_surface_t* surface);
-// Quality from 0 to 100.
+// `quality` is from 0 to 100.
 std::vector<std::byte> encodeJpeg(cairo_surface_t* surface, int quality);
 
 }  // namespace drawing

@@ -14,7 +14,7 @@ struct Placement {
   double vertical;
 };
 
-// In the order of the platform's numbers.
+// The index is the value of the content mode.
 constexpr Placement placements[] = {
     {Scaling::Stretch, 0, 0},   // ScaleToFill
     {Scaling::Fit, 0.5, 0.5},   // AspectFit

@@ -8,27 +8,28 @@
 namespace drawing {
 namespace {
 
-// The distance from the rectangle's corner at which a continuous corner begins, in radii. A circular corner begins at
-// one radius, with a visible jump of the curvature.
+// The distance from the rectangle's corner at which a continuous corner begins, as a multiple of the radius. A circular
+// corner begins at a distance of one radius, where the curvature changes abruptly and visibly.
 constexpr double continuousExtent = 1.528665;
 
-// The curvature in the middle of a continuous corner of radius 1. With this value, the curvature increases
-// monotonically from the edge to the middle. With a smaller value it would have its maximum before the middle.
+// The curvature in the middle of a continuous corner of radius 1. With this value, the curvature increases steadily
+// from the edge to the middle. With a smaller value, the curvature would be largest before the middle.
 constexpr double middleCurvature = 1.3;
 
 // One half of a corner of radius 1, as a cubic Bezier curve from the edge to the middle of the corner. The origin is
-// the corner of the rectangle, and the x axis is the edge. Both kinds of corner have the same middle and the same
-// tangent of 45 degrees there. The y coordinate of the third control point therefore follows from its x coordinate.
+// the corner of the rectangle, and the x axis is the edge. Circular and continuous corners have the same middle and the
+// same tangent of 45 degrees there. Therefore, the y coordinate of the third control point follows from its x
+// coordinate.
 struct HalfCorner {
-  double edge;           // x of the first point
-  double edgeControl;    // x of the second point
-  double middleControl;  // x of the third point
+  double edge;           // the x coordinate of the first point
+  double edgeControl;    // the x coordinate of the second point
+  double middleControl;  // the x coordinate of the third point
 };
 
-// The x and y coordinates of the middle.
+// The x coordinate and the y coordinate of the middle of the corner.
 constexpr double middle = 1 - std::numbers::sqrt2 / 2;
 
-// The standard approximation of an eighth of a circle.
+// Returns the standard approximation of an eighth of a circle.
 HalfCorner circularHalf() {
   const double handle = 4.0 / 3.0 * std::tan(std::numbers::pi / 16);
   return {1, 1 - handle, middle + handle * std::numbers::sqrt2 / 2};
@@ -43,8 +44,9 @@ HalfCorner continuousHalf() {
   return {continuousExtent, 2 * middle + distance, 2 * middle};
 }
 
-// `maxExtent` is the available distance from the corner, in radii. If the rectangle is too small for continuous
-// corners, they are interpolated toward circular ones, so the ends of a pill are semicircles.
+// Returns half of a corner. `maxExtent` is the available distance from the corner, as a multiple of the radius. If the
+// rectangle is too small for continuous corners, they are interpolated toward circular ones, so the ends of a pill are
+// semicircles.
 HalfCorner halfCorner(CornerCurve curve, double maxExtent) {
   const HalfCorner circular = circularHalf();
   if (curve == CornerCurve::Circular) return circular;
@@ -77,7 +79,7 @@ void addRoundedRectangle(cairo_t* context, const Rectangle& rectangle, const Cor
   }
   const HalfCorner shape = halfCorner(corners.curve, half / radius);
 
-  // The coordinate systems of the corners, counterclockwise from the top left one.
+  // The coordinate systems of the four corners, counterclockwise from the top left corner.
   const double left = rectangle.x, right = left + rectangle.width;
   const double top = rectangle.y, bottom = top + rectangle.height;
   const std::array<cairo_matrix_t, 4> frames{

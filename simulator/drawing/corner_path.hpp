@@ -1,4 +1,4 @@
-// The outline of a rectangle with rounded corners.
+// Creates the outline of a rectangle with rounded corners.
 #pragma once
 
 #include <cairo.h>
@@ -7,8 +7,8 @@
 
 namespace drawing {
 
-// Adds a closed outline to the context's path. Coordinates are in the units of the context. An empty rectangle adds
-// nothing.
+// Adds a closed outline to the context's path. Coordinates are in the units of the context. Does nothing if the
+// rectangle is empty.
 void addRoundedRectangle(cairo_t* context, const Rectangle& rectangle, const CornerShape& corners);
 
 }  // namespace drawing

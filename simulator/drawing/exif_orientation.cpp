@@ -43,7 +43,7 @@ struct Transformation {
   bool mirrorsDown;
 };
 
-// The index is the value of the orientation minus 1.
+// The transformation of each orientation. The index is the value of the orientation minus 1.
 constexpr Transformation transformations[] = {
     {false, false, false}, {false, true, false}, {false, true, true}, {false, false, true},
     {true, false, false},  {true, false, true},  {true, true, true},  {true, true, false},

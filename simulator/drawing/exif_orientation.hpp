@@ -1,4 +1,4 @@
-// The orientation of a photo, as stored in the metadata of a JPEG file.
+// Reads the orientation of a photo from the metadata of a JPEG file, and rotates the photo upright. Any thread.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 namespace drawing {
 
 // The transformation that shows the stored pixels upright. The values are those of the Exif standard. RotatedRight is a
-// rotation by 90 degrees clockwise.
+// clockwise rotation by 90 degrees.
 enum class Orientation {
   Upright = 1,
   Mirrored = 2,
@@ -21,10 +21,11 @@ enum class Orientation {
   RotatedLeft = 8,
 };
 
-// Reads the orientation from the metadata segment of a JPEG file. Upright if the segment has no valid orientation.
+// Reads the orientation from the metadata segment of a JPEG file. Returns Upright if the segment has no valid
+// orientation.
 Orientation orientationIn(std::span<const std::byte> segment);
 
-// Returns the upright picture. Null if there is not enough memory.
+// Returns the upright picture, or null if there is not enough memory.
 SurfaceHandle uprightPicture(SurfaceHandle picture, Orientation orientation);
 
 }  // namespace drawing

@@ -10,8 +10,8 @@ namespace {
 
 constexpr double maxSize = 1000;
 
-// Multiples of the font size. The sum of the system font's ascent and descent is slightly larger than the line height,
-// but its glyphs do not fill it.
+// The metrics of the system font as multiples of the font size. The sum of ascent and descent is slightly larger than
+// the line height, but the glyphs do not fill it.
 constexpr double lineHeightFactor = 1.2;
 constexpr double ascentFactor = 0.969;
 constexpr double descentFactor = 0.242;

@@ -12,8 +12,8 @@
 namespace drawing {
 namespace {
 
-// The included rule scales the emoji font, which has glyphs of one size only. Only the listed fonts are accepted,
-// because other installed fonts would change the rendering.
+// The configuration of fontconfig. The included file scales the emoji font, whose glyphs have one fixed size. Only the
+// listed fonts are accepted, because other installed fonts would change the rendering.
 constexpr const char* configuration = R"(<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "urn:fontconfig:fonts.dtd">
 <fontconfig>
@@ -45,7 +45,7 @@ constexpr const char* configuration = R"(<?xml version="1.0"?>
 constexpr double pointsPerInch = 72;
 constexpr std::size_t maxLanguageLength = 35;
 
-// Called once. The font map is never destroyed.
+// Creates the font map, which is never destroyed. Called once.
 PangoFontMap* makeFontMap() {
   FcConfig* fonts = FcConfigCreate();
   FcConfigParseAndLoadFromMemory(fonts, reinterpret_cast<const FcChar8*>(configuration), FcTrue);
@@ -89,7 +89,7 @@ struct IdeographFamily {
   const char* subtag;
   const char* family;
 };
-// The first row that matches is used. The last row matches every language.
+// The family of ideographs for each language. The first row that matches is used. The last row matches every language.
 constexpr std::array<IdeographFamily, 7> ideographFamilies{{
     {"ja", "", "Noto Sans CJK JP"},
     {"ko", "", "Noto Sans CJK KR"},

@@ -1,5 +1,5 @@
-// The fonts for drawing text, as pango objects. The selection of fonts is fixed and does not depend on the user's font
-// settings or on other installed fonts. One thread at a time.
+// Creates the pango objects that describe the fonts for drawing text. The selection of fonts is fixed. It does not
+// depend on the user's font settings or on other installed fonts. Used by one thread at a time.
 #pragma once
 
 #include <pango/pango.h>
@@ -23,12 +23,12 @@ using LayoutHandle = std::unique_ptr<PangoLayout, PangoDeleter>;
 using DescriptionHandle = std::unique_ptr<PangoFontDescription, PangoDeleter>;
 using AttributesHandle = std::unique_ptr<PangoAttrList, PangoDeleter>;
 
-// Creates a context whose unit is a point. Glyphs are not hinted and not aligned to whole pixels. `language` is a
+// Creates a context whose unit is a point. Glyphs are neither hinted nor aligned to whole pixels. `language` is a
 // locale such as "ja_JP".
 TextContextHandle makeTextContext(const std::string& language, BaseDirection direction);
 
-// The font and the fallback fonts for characters that it does not have. If languages share a script, the fallback font
-// of this language comes first.
+// Returns a description of the font and of the fallback fonts for characters that it lacks. If several languages share
+// a script, the fallback font for `language` comes first.
 DescriptionHandle describeFont(const Font& font, const std::string& language);
 
 }  // namespace drawing

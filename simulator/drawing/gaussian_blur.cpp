@@ -10,8 +10,8 @@ namespace {
 constexpr int cellSide = 4;
 constexpr int boxPasses = 3;
 
-// Limited, because sums must fit into 32 bits: a cell is the sum of 16 pixels, and each of three passes multiplies it
-// by the width of the box.
+// The maximum radius of a box blur, in cells. A larger radius would make sums overflow 32 bits: a cell is the sum of 16
+// pixels, and each of the three passes multiplies it by the width of the box.
 constexpr int maxRadius = 38;
 static_assert(255LL * 16 * (2 * maxRadius + 1) * (2 * maxRadius + 1) * (2 * maxRadius + 1) < 1LL << 31);
 
@@ -23,7 +23,8 @@ using BytePair [[gnu::vector_size(8)]] = std::uint8_t;
 
 int floorDivide(int value, int divisor) { return value >= 0 ? value / divisor : -((divisor - 1 - value) / divisor); }
 
-// Three box blurs of this radius have approximately the variance of the Gaussian blur.
+// Returns the radius of a box blur. Three box blurs of this radius have approximately the variance of the Gaussian
+// blur.
 int boxRadius(double sigmaInCells) {
   const double width = std::sqrt(4 * sigmaInCells * sigmaInCells + 1);
   return std::clamp(static_cast<int>(std::lround((width - 1) / 2)), 1, maxRadius);
@@ -71,8 +72,8 @@ Vector4 sumOfCell(const std::vector<std::uint16_t>& sums, const Source& source, 
   return sum;
 }
 
-// Replaces each element by the sum of a window, computed as a running sum. The line becomes shorter by twice the
-// radius.
+// Replaces each element by the sum of a window around it, computed as a running sum. Returns the new length of the
+// line, which is shorter by twice the radius.
 std::size_t boxPass(Vector4* line, std::size_t count, std::size_t radius) {
   const std::size_t width = 2 * radius + 1;
   Vector4 sum{};
@@ -98,14 +99,14 @@ Cell scaled(const Vector4& sums, float factor) {
   return __builtin_convertvector(__builtin_convertvector(values, Vector4), Cell);
 }
 
-// The factor that turns the sums of three box blurs into an average.
+// Returns the factor that converts the sums of three box blurs to an average.
 float averagingFactor(int radius) {
   const auto width = static_cast<float>(2 * radius + 1);
   return 1 / (width * width * width);
 }
 
 // Reduces the source to rows of cells and blurs each row. The result has 2 * boxPasses * radius additional rows,
-// because blurring the columns shortens them by as many.
+// because blurring the columns then removes as many rows.
 std::vector<Cell> blurRows(const Source& source, const BlurredCells& wanted, int radius) {
   const int margin = boxPasses * radius;
   const int rows = wanted.rows + 2 * margin;
@@ -152,8 +153,9 @@ void blurColumns(const std::vector<Cell>& source, BlurredCells& target, int radi
   }
 }
 
-// The center of a pixel lies between the centers of two cells. For each position of a pixel in its cell: the weights of
-// the two cells in eighths, and the offset of the first of them from the pixel's cell.
+// How a pixel is interpolated. The center of a pixel lies between the centers of two cells. A phase contains the
+// weights of these two cells, in eighths, and the offset from the cell of the pixel to the first of them. The array
+// contains one phase for each position of a pixel in its cell.
 struct Phase {
   std::uint16_t first;
   std::uint16_t second;
@@ -161,7 +163,7 @@ struct Phase {
 };
 constexpr Phase phases[cellSide] = {{3, 5, -1}, {1, 7, -1}, {7, 1, 0}, {5, 3, 0}};
 
-// Interpolates between two rows of cells, in the same units.
+// Interpolates between two rows of cells. The result has the units of the cells.
 void interpolateRows(const BlurredCell* first, const BlurredCell* second, const Phase& phase,
                      std::vector<Cell>& target) {
   const auto* above = reinterpret_cast<const std::uint16_t*>(first);
@@ -186,7 +188,7 @@ void writePair(const CellPair& eighths, std::uint32_t* target) {
   std::memcpy(target, &bytes, sizeof bytes);
 }
 
-// Computes the four pixels of each cell except the first and the last.
+// Computes the four pixels of each cell, except for the first and the last cell.
 void interpolateLine(const std::vector<Cell>& line, std::uint32_t* target) {
   for (std::size_t index = 1; index + 1 < line.size(); ++index, target += cellSide) {
     const CellPair before = duplicated(line[index - 1]);

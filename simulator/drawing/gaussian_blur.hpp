@@ -1,4 +1,4 @@
-// A wide Gaussian blur, computed at a quarter of the resolution, and interpolation of the result to full resolution.
+// Computes a wide Gaussian blur at a quarter of the resolution, and interpolates the result to full resolution.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@
 
 namespace drawing {
 
-// A cell is the average of 4 by 4 pixels. Its channels have the memory order of a premultiplied ARGB32 pixel on a
-// little-endian machine, and 32 times the precision: 32 units are one level of a pixel.
+// A cell is the average of 4 by 4 pixels. The order of its channels in memory is that of a premultiplied ARGB32 pixel
+// on a little-endian machine. Its precision is 32 times that of a pixel: 32 units are one level of a pixel's channel.
 struct BlurredCell {
   std::uint16_t blue;
   std::uint16_t green;
@@ -19,8 +19,8 @@ struct BlurredCell {
 };
 inline constexpr int unitsPerLevel = 32;
 
-// A rectangle of cells. Column and row are relative to the corner of the canvas, and not to the blurred area, because a
-// backdrop would otherwise flicker when the area moves by single pixels.
+// A rectangle of cells. Column and row are relative to the corner of the canvas. If they were relative to the blurred
+// area, a backdrop would flicker when the area moves by single pixels.
 struct BlurredCells {
   int column = 0;
   int row = 0;
@@ -29,15 +29,15 @@ struct BlurredCells {
   std::vector<BlurredCell> cells;
 };
 
-// The maximum distance from an area, in pixels, at which a pixel affects the blur of the area.
+// Returns the maximum distance from an area, in pixels, at which a pixel affects the blur of the area.
 int blurMargin(double sigmaInPixels);
 
 // Blurs the visible content of the canvas, including open layers. The result extends one cell beyond the area on each
-// side. It is empty if the area is empty.
+// side. It is empty if the area is empty or too far outside the canvas.
 BlurredCells blurBeneath(const Canvas& canvas, const PixelRectangle& area, double sigmaInPixels);
 
-// Interpolates the cells to the pixels of an area, which the cells must cover. A row of the target has area.width
-// pixels.
+// Interpolates the cells to the pixels of an area. The cells must extend one cell beyond the area on each side. A row
+// of the target has area.width pixels.
 void interpolate(const BlurredCells& source, const PixelRectangle& area, std::span<std::uint32_t> target);
 
 }  // namespace drawing

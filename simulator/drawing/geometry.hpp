@@ -24,7 +24,7 @@ struct Rectangle {
   friend bool operator==(const Rectangle&, const Rectangle&) = default;
 };
 
-// Red, green, blue and alpha from 0 to 1, not premultiplied.
+// A color. Red, green, blue and alpha are from 0 to 1. The colors are not premultiplied by alpha.
 struct Color {
   double red = 0;
   double green = 0;

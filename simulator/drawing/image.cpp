@@ -9,7 +9,7 @@
 namespace drawing {
 namespace {
 
-// The limit of cairo.
+// The maximum width and height of an image, in pixels. This is the limit of cairo.
 constexpr std::int64_t maxSide = 32'767;
 
 constexpr std::byte jpegStart[] = {std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}};
@@ -25,7 +25,7 @@ bool hasPixels(cairo_surface_t* surface) {
          cairo_image_surface_get_height(surface) > 0;
 }
 
-// A copy of the surface, converted to ARGB32 and scaled to this size.
+// Returns a copy of the surface, converted to ARGB32 and scaled to this size.
 SurfaceHandle resizedCopy(cairo_surface_t* source, int width, int height) {
   SurfaceHandle copy(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
   ContextHandle context(cairo_create(copy.get()));

@@ -1,4 +1,4 @@
-// Decoded images, and reading and writing of PNG and JPEG.
+// Decoded images, and the functions that read and write PNG and JPEG files.
 //
 // An image is immutable. It can be created and shared on any thread, but only one thread at a time can draw it. A
 // function that creates an image returns null on failure.
@@ -18,7 +18,7 @@
 
 namespace drawing {
 
-// An image whose header specifies more pixels is rejected before memory is allocated for it.
+// The maximum number of pixels of an image. A larger image is rejected before memory is allocated for it.
 inline constexpr std::int64_t maxImagePixels = 64'000'000;
 
 class Image {
@@ -29,21 +29,21 @@ class Image {
 
   int pixelWidth() const { return pixelWidth_; }
   int pixelHeight() const { return pixelHeight_; }
-  // Pixels per point.
+  // The number of pixels per point.
   double scale() const { return scale_; }
-  // In points.
+  // The size in points.
   Size size() const { return {pixelWidth_ / scale_, pixelHeight_ / scale_}; }
-  // The path of the file, or the name by which the image was requested. Empty if it has neither.
+  // The path of the file, or the name by which the image was requested. Empty if the image has neither.
   const std::string& name() const { return name_; }
-  // An image that shares the pixels and has another name.
+  // Returns an image that shares the pixels and has another name.
   std::shared_ptr<const Image> named(std::string name) const;
 
-  // Premultiplied 0xAARRGGBB; 0 outside the image.
+  // Returns a pixel as premultiplied 0xAARRGGBB. Returns 0 outside the image.
   std::uint32_t pixel(int x, int y) const;
-  // Borrowed, for reading only.
+  // The pixels of the image. The surface is borrowed and must not be changed.
   cairo_surface_t* surface() const { return surface_.get(); }
-  // The image scaled to this size in pixels. Borrowed until the next call. The last result is cached, because an image
-  // is usually drawn at the same size in each frame.
+  // Returns the image scaled to this size in pixels. The result is borrowed and valid until the next call. The last
+  // result is cached, because an image is usually drawn at the same size in each frame.
   cairo_surface_t* resizedSurface(int width, int height) const;
 
  private:
@@ -57,8 +57,8 @@ class Image {
   std::string name_;
 };
 
-// Decodes PNG or JPEG data; the content determines the format. Returns null for other, damaged or truncated data, and
-// for an image above the pixel limit. For the scale, see Image::fromSurface.
+// Decodes PNG or JPEG data. The content determines the format. Returns null for data in another format, for damaged or
+// truncated data, and for an image with more pixels than the limit. The scale is that of Image::fromSurface.
 std::shared_ptr<const Image> decodeImage(std::span<const std::byte> data, double scale = 1, std::string name = {});
 
 // Reads an image file. The name of the image is the path. "@2x" or "@3x" before the extension sets the scale. Returns
@@ -66,19 +66,20 @@ std::shared_ptr<const Image> decodeImage(std::span<const std::byte> data, double
 std::shared_ptr<const Image> loadImage(const std::filesystem::path& path);
 
 // Reads the variant of an image that matches a screen best. For "folder/mail.png" and scale 3 it tries
-// "folder/mail@3x.png" and then the other scales, the largest first. For a path without an extension it tries the
-// extension
-// ".png" and then the path itself. The name of the image is `path`.
+// "folder/mail@3x.png" and then the other scales, the largest first. If the path has no extension, it tries the
+// extension ".png" first, and then the path itself. The name of the image is `path`. Returns null if no variant can be
+// read.
 std::shared_ptr<const Image> loadImageNamed(const std::filesystem::path& path, double preferredScale);
 
-// Returns an empty vector if there is not enough memory.
+// Encodes an image as PNG. Returns an empty vector if there is not enough memory.
 std::vector<std::byte> encodePng(const Image& image);
 
-// The quality is clamped to the range from 0 to 1; NaN is replaced by 1. Transparent pixels are blended with white.
+// Encodes an image as JPEG. The quality is clamped to the range from 0 to 1; NaN is replaced by 1. Transparent pixels
+// are blended with white. Returns an empty vector on failure.
 std::vector<std::byte> encodeJpeg(const Image& image, double quality);
 
-// Writes a PNG file atomically: on failure, an existing file is unchanged. Returns the reason of a failure, or nothing
-// on success.
+// Writes a PNG file atomically: after a failure, an existing file is unchanged. Returns a description of the error, or
+// nothing on success.
 [[nodiscard]] std::optional<std::string> writePng(cairo_surface_t* surface, const std::filesystem::path& path);
 [[nodiscard]] std::optional<std::string> writePng(const Image& image, const std::filesystem::path& path);
 

@@ -63,7 +63,7 @@ struct ScaledName {
   double scale;
   const char* suffix;
 };
-// Densest first.
+// The suffixes of file names for each scale, the largest scale first.
 constexpr std::array<ScaledName, 3> scaledNames{{{3, "@3x"}, {2, "@2x"}, {1, ""}}};
 
 double scaleInName(const std::filesystem::path& path) {
@@ -87,7 +87,7 @@ std::optional<std::string> writeAtomically(std::span<const std::byte> content, c
   std::string temporary = path.string() + ".XXXXXX";
   File file(mkostemp(temporary.data(), O_CLOEXEC));
   if (!file.isOpen()) return describe("cannot create a temporary file next to", path, errno);
-  // Temporary files are created without permissions for other users.
+  // A temporary file has no permissions for other users, so they are added.
   const bool written = writeAll(file, content) && fchmod(file.descriptor(), 0644) == 0 && file.close() &&
                        std::rename(temporary.c_str(), path.c_str()) == 0;
   if (written) return std::nullopt;
@@ -115,7 +115,7 @@ std::shared_ptr<const Image> loadImageNamed(const std::filesystem::path& path, d
   for (const ScaledName& candidate : scaledNames) {
     if (auto image = load(candidate)) return image;
   }
-  // The path has no extension. The file itself can still be an image.
+  // The path has no extension here. The file at the path itself can still be an image.
   return path.has_extension() ? nullptr : loadImage(path);
 }
 

@@ -1,4 +1,4 @@
-// jpeglib.h needs the standard C declarations before it.
+// jpeglib.h uses types of <cstdio> without including it, so <cstdio> must come first.
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
@@ -25,8 +25,9 @@ constexpr std::int64_t maxScannedPixels = 2'000'000'000;
 constexpr int metadataMarker = JPEG_APP0 + 1;
 constexpr unsigned maxMarkerLength = 0xFFFF;
 
-// On an error, the library calls a function that must not return, so the function jumps. The jump does not run
-// destructors. All objects that have one are therefore members of Decoder and Encoder, which the jump does not leave.
+// On an error, the library calls a function that must not return, so the function uses longjmp. The jump does not run
+// destructors. Therefore, all objects that have a destructor are members of Decoder and Encoder, which remain alive
+// during the jump.
 struct ErrorHandler {
   jpeg_error_mgr base{};
   std::jmp_buf jumpTarget;
@@ -36,7 +37,7 @@ struct ErrorHandler {
 
 [[noreturn]] void fail(j_common_ptr codec) { std::longjmp(ErrorHandler::of(codec).jumpTarget, 1); }
 
-// For truncated data, the library only issues a warning and fills the missing pixels with gray.
+// Ends decoding at a truncation. The library itself only issues a warning and fills the missing pixels with gray.
 void failOnTruncation(j_common_ptr codec, int level) {
   const int message = codec->err->msg_code;
   if (level < 0 && (message == JWRN_JPEG_EOF || message == JWRN_HIT_MARKER)) fail(codec);
@@ -73,7 +74,7 @@ struct Decoder {
   Decoder& operator=(const Decoder&) = delete;
 };
 
-// Collects the output of the library, one block at a time.
+// Collects the compressed output of the library, one block at a time.
 struct Encoder {
   jpeg_compress_struct codec{};
   ErrorHandler errors;
@@ -118,7 +119,8 @@ unsigned char* rowOf(cairo_surface_t* surface, unsigned row) {
 
 bool isCmyk(J_COLOR_SPACE space) { return space == JCS_CMYK || space == JCS_YCCK; }
 
-// Converts CMYK in place to opaque ARGB. The CMYK values are inverted, because JPEG files store them so in practice.
+// Converts CMYK pixels in place to opaque ARGB pixels. The CMYK values are inverted, because programs store them
+// inverted in JPEG files.
 void convertCmykRow(unsigned char* row, unsigned width) {
   for (std::size_t x = 0; x < width; ++x) {
     unsigned char* cell = row + 4 * x;
@@ -181,7 +183,7 @@ void flattenRow(const std::uint32_t* pixels, int width, unsigned char* row) {
 bool encode(Encoder& encoder, cairo_surface_t* surface, int quality) {
   if (setjmp(encoder.errors.jumpTarget)) return false;
   jpeg_compress_struct& codec = encoder.codec;
-  // This clears the structure except for the error handler and the client data.
+  // jpeg_create_compress clears the whole structure except for the error handler and the client data.
   jpeg_create_compress(&codec);
   codec.dest = &encoder.destination;
   codec.image_width = static_cast<JDIMENSION>(cairo_image_surface_get_width(surface));

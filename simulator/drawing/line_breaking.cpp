@@ -13,7 +13,7 @@ constexpr double maxWidth = 1'000'000;
 
 guint16 channel(double value) { return static_cast<guint16>(std::lround(std::clamp(value, 0.0, 1.0) * 0xFFFF)); }
 
-// Takes ownership of the attribute.
+// Adds the attribute for a range of the text. The list takes ownership of the attribute.
 void add(PangoAttrList* attributes, PangoAttribute* attribute, const Span& span) {
   attribute->start_index = static_cast<guint>(span.begin);
   attribute->end_index = static_cast<guint>(span.end);
@@ -22,12 +22,13 @@ void add(PangoAttrList* attributes, PangoAttribute* attribute, const Span& span)
 
 void addColor(PangoAttrList* attributes, const Color& color, const Span& span) {
   add(attributes, pango_attr_foreground_new(channel(color.red), channel(color.green), channel(color.blue)), span);
-  // pango treats 0 as opaque.
+  // The alpha is at least 1, because pango treats an alpha of 0 as opaque.
   add(attributes, pango_attr_foreground_alpha_new(std::max<guint16>(channel(color.alpha), 1)), span);
 }
 
-// Whether the character belongs to a script whose letters change with their neighbors: the blocks from Hebrew up to the
-// symbols, and up to the Arabic presentation forms.
+// Returns whether the character belongs to a script whose letters change their shape with their neighbors. The first
+// range contains the Unicode blocks from Hebrew up to the symbols. The second range ends with the Arabic presentation
+// forms.
 bool isShapedByContext(gunichar value) {
   return (value >= 0x0590 && value < 0x2000) || (value >= 0xA800 && value < 0xFE00);
 }
@@ -49,8 +50,8 @@ AttributesHandle attributesOf(const PlainText& text, const Paragraph& paragraph)
   }
   const Span all{0, text.text.size(), 0};
   add(attributes.get(), pango_attr_insert_hyphens_new(FALSE), all);
-  // Disables contextual alternates. With them, the system font shows "->" as an arrow and the x in "2x3" as a
-  // multiplication sign.
+  // Disables contextual alternates. If they were enabled, the system font would show "->" as an arrow, and the x in
+  // "2x3" as a multiplication sign.
   if (!hasShapedScript(text.text)) {
     add(attributes.get(), pango_attr_font_features_new("calt=0"), all);
   }
@@ -85,8 +86,9 @@ PlainText withEllipsis(const PlainText& text, std::size_t begin, std::size_t end
   return shown;
 }
 
-// Lays out the last visible line again: the text from its start to the end of its paragraph, with an ellipsis added for
-// the omitted text after it. If that is too long for a line, pango truncates it with an ellipsis.
+// Lays out the last visible line again. The new line contains the text from the line's start to the end of its
+// paragraph, and an ellipsis for the omitted text. If this is too long for a line, pango truncates it and adds its own
+// ellipsis.
 LayoutHandle layoutLast(const PlainText& text, const Paragraph& paragraph, double width, const PangoLayoutLine* line) {
   const auto begin = static_cast<std::size_t>(line->start_index);
   const std::size_t lineFeed = std::min(text.text.find('\n', begin), text.text.size());

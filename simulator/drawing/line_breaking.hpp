@@ -1,4 +1,4 @@
-// Breaks text into lines of a maximum width, and truncates the last line if necessary. One thread at a time.
+// Breaks text into lines of a maximum width. Truncates the last line if necessary. Used by one thread at a time.
 #pragma once
 
 #include <pango/pango.h>
@@ -13,7 +13,7 @@ namespace drawing {
 
 struct BrokenLine {
   PangoLayoutLine* line;  // owned by one of the layouts
-  double width;           // points
+  double width;           // in points
 };
 
 struct BrokenText {
@@ -21,7 +21,8 @@ struct BrokenText {
   std::vector<BrokenLine> lines;
 };
 
-// Breaks the text into at most `lines` lines of at most `width` points. An infinite width or 0 lines mean no limit.
+// Breaks the text into at most `lines` lines of at most `width` points. The width is unlimited if it is infinite. The
+// number of lines is unlimited if `lines` is 0 or less.
 BrokenText breakLines(const PlainText& text, const Paragraph& paragraph, double width, int lines);
 
 }  // namespace drawing

@@ -12,11 +12,11 @@ namespace {
 
 constexpr float saturation = 1.8F;
 
-// The weights of blue, green and red in the luminance.
+// The weights of blue, green and red, in this order, in the luminance of a color.
 constexpr std::array<float, 3> luminanceWeights{0.0722F, 0.7152F, 0.2126F};
 
 struct Material {
-  double sigma;       // of the Gaussian blur, in points
+  double sigma;       // the standard deviation of the Gaussian blur, in points
   float tintGray;     // from 0 (black) to 1 (white)
   float tintOpacity;  // from 0 to 1
 };
@@ -41,7 +41,7 @@ const Material& material(BlurStyle style, Appearance appearance) {
   return appearance == Appearance::Dark ? regularInDark : regularInLight;
 }
 
-// Saturates and tints a premultiplied cell. No channel becomes larger than the alpha.
+// Saturates and tints a premultiplied cell. No channel exceeds the alpha.
 void saturateAndTint(BlurredCell& cell, const Material& material) {
   const std::array<float, 3> channels{static_cast<float>(cell.blue), static_cast<float>(cell.green),
                                       static_cast<float>(cell.red)};
@@ -59,7 +59,7 @@ void saturateAndTint(BlurredCell& cell, const Material& material) {
   cell = {result[0], result[1], result[2], cell.alpha};
 }
 
-// The number of rows that are painted at a time. They fit into the processor's cache.
+// The number of rows that are painted at a time. So few rows fit into the processor's cache.
 constexpr int bandHeight = 32;
 
 void paintBand(cairo_t* context, cairo_surface_t* pixels, const PixelRectangle& band, double alpha) {
@@ -77,7 +77,7 @@ void paintCells(cairo_t* context, const BlurredCells& cells, const PixelRectangl
   SurfaceHandle pixels(
       cairo_image_surface_create(CAIRO_FORMAT_ARGB32, covered.width, std::min(covered.height, bandHeight)));
   if (cairo_surface_status(pixels.get()) != CAIRO_STATUS_SUCCESS) return;
-  // A row of 32-bit pixels has no padding.
+  // The rows of pixels are adjacent in memory, because a row of 32-bit pixels has no padding.
   auto* data = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(pixels.get()));
   for (int y = 0; y < covered.height; y += bandHeight) {
     const PixelRectangle band = {covered.x, covered.y + y, covered.width, std::min(bandHeight, covered.height - y)};

@@ -1,4 +1,4 @@
-// Materials: the translucent surfaces of visual effect views. A material shows the content behind it, its backdrop,
+// Materials: the translucent surfaces of visual effect views. A material shows its backdrop, the content behind it,
 // blurred, saturated and tinted. Used on the thread of the canvas.
 #pragma once
 
@@ -7,23 +7,25 @@
 
 namespace drawing {
 
-// The platform's styles, with its numbers. Only Regular depends on the appearance.
+// The styles of the platform. The values are those of the platform. Only the appearance of Regular differs between
+// light and dark.
 enum class BlurStyle { ExtraLight = 0, Light = 1, Dark = 2, Regular = 4 };
 
 enum class Appearance { Light, Dark };
 
-// The style with the platform's number; Regular for an unknown number.
+// Returns the style with this value of the platform, or Regular if the value is unknown.
 BlurStyle blurStyle(int number);
 
 // Draws a material over the existing content. `area` is in points; its corners are rounded by `corners`. `alpha` is the
-// opacity, from 0 to 1; if it is NaN, nothing is drawn. The blur samples content outside the area.
+// opacity, from 0 to 1; if it is NaN, nothing is drawn. The blur also uses content outside the area.
 //
 // Inside a layer, the backdrop is the content of the canvas and of all open layers, and the result is drawn into the
-// innermost layer. A layer of half opacity therefore shows the material blended with the sharp backdrop.
+// innermost layer. Therefore, a layer with an opacity of 0.5 shows the material blended with the backdrop, which is not
+// blurred.
 void drawMaterial(Canvas& canvas, const Rectangle& area, const CornerShape& corners, BlurStyle style,
                   Appearance appearance, double alpha);
 
-// The distance from the area, in pixels, up to which content affects the blur inside it.
+// Returns the distance from the area, in pixels, up to which content affects the blur inside the area.
 int materialBlurMargin(BlurStyle style, Appearance appearance, double pixelsPerPoint);
 
 }  // namespace drawing

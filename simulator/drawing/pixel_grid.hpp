@@ -5,7 +5,8 @@
 
 namespace drawing {
 
-// A length that exceeds a whole number of pixels by no more than this is treated as a rounding error.
+// The tolerance for rounding errors, in pixels. A length that exceeds a whole number of pixels by at most this value is
+// treated as that number of pixels.
 inline constexpr double pixelTolerance = 1e-6;
 
 inline double ceilToPixel(double points, double scale) { return std::ceil(points * scale - pixelTolerance) / scale; }

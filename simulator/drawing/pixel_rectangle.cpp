@@ -10,7 +10,7 @@ cairo_rectangle_int_t cairoRectangle(const PixelRectangle& area) { return {area.
 
 }  // namespace
 
-PixelRectangle common(const PixelRectangle& left, const PixelRectangle& right) {
+PixelRectangle intersection(const PixelRectangle& left, const PixelRectangle& right) {
   const int x = std::max(left.x, right.x);
   const int y = std::max(left.y, right.y);
   const PixelRectangle both = {x, y, std::min(left.x + left.width, right.x + right.width) - x,
@@ -18,7 +18,7 @@ PixelRectangle common(const PixelRectangle& left, const PixelRectangle& right) {
   return both.isEmpty() ? PixelRectangle{} : both;
 }
 
-PixelRectangle united(const PixelRectangle& left, const PixelRectangle& right) {
+PixelRectangle boundingRectangle(const PixelRectangle& left, const PixelRectangle& right) {
   if (left.isEmpty()) return right;
   if (right.isEmpty()) return left;
   const int x = std::min(left.x, right.x);

@@ -1,4 +1,4 @@
-// Rectangles and regions in whole pixels of a canvas.
+// Rectangles and regions, measured in whole pixels of a canvas.
 #pragma once
 
 #include "simulator/drawing/cairo_handles.hpp"
@@ -15,14 +15,14 @@ struct PixelRectangle {
   friend bool operator==(const PixelRectangle&, const PixelRectangle&) = default;
 };
 
-// The intersection. Empty if the rectangles do not overlap.
-PixelRectangle common(const PixelRectangle& left, const PixelRectangle& right);
-// The smallest rectangle that contains both. An empty rectangle is ignored.
-PixelRectangle united(const PixelRectangle& left, const PixelRectangle& right);
+// Returns the common part of the rectangles. It is empty if they do not overlap.
+PixelRectangle intersection(const PixelRectangle& left, const PixelRectangle& right);
+// Returns the smallest rectangle that contains both rectangles. An empty rectangle is ignored.
+PixelRectangle boundingRectangle(const PixelRectangle& left, const PixelRectangle& right);
 
 RegionHandle regionOf(const PixelRectangle& area);
 void addTo(cairo_region_t* region, const PixelRectangle& area);
-// Whether the rectangle lies inside, outside or partly inside the region. An empty rectangle lies outside.
+// Returns whether the rectangle lies inside, outside or partly inside the region. An empty rectangle lies outside.
 cairo_region_overlap_t overlap(const cairo_region_t* region, const PixelRectangle& area);
 
 }  // namespace drawing

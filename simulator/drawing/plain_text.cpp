@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::size_t maxCharacters = 20'000;
 
-// Upper bounds for every script: the number of characters in a length equal to the font size, and the number of
-// characters without width in a line.
+// Upper bounds that hold for every script. The first is the number of characters in a length equal to the font size.
+// The second is the number of characters without width in a line.
 constexpr double maxCharactersPerFontSize = 8;
 constexpr double maxZeroWidthCharactersPerLine = 64;
 
@@ -25,7 +25,7 @@ struct Character {
   std::size_t length;
 };
 
-// Decodes the character at a position before the end of the text.
+// Decodes the character at `position`, which must be before the end of the text.
 Character characterAt(const std::string& text, std::size_t position) {
   const char* start = text.data() + position;
   if (*start == 0) return {omitted, 1};
@@ -62,7 +62,7 @@ class Collector {
       const Character character = characterAt(run, position);
       position += character.length;
       const gunichar value = normalized(character.value, position < run.size() && run[position] == '\n');
-      // Omitted characters count too, because a text can consist of nothing else.
+      // Omitted characters also count toward the limit, because a text can consist of them alone.
       --remaining_.characters;
       if (value == '\n')
         appendLineFeed();
@@ -80,8 +80,8 @@ class Collector {
     if (remaining_.lineFeeds > 0) --remaining_.lineFeeds;
   }
 
-  // The time to break a word into lines grows with the square of its length. Zero-width spaces split extremely long
-  // words.
+  // Appends a character, after a zero-width space if the word is extremely long. The space splits the word, because the
+  // time to break a word into lines grows with the square of its length.
   void appendCharacter(gunichar value) {
     constexpr gunichar zeroWidthSpace = 0x200B;
     constexpr std::size_t maxWordLength = 200;
@@ -109,14 +109,14 @@ void removeFinalLineFeed(PlainText& text) {
 
 TextLimit textLimit(const Paragraph& paragraph, double width, int lines) {
   if (lines <= 0) return {maxCharacters};
-  // Each line feed ends a line, so later ones are not visible.
+  // Each line feed ends a line. A line feed after the last line is not visible.
   const auto lineFeeds = static_cast<std::size_t>(lines);
   double smallest = std::numeric_limits<double>::infinity();
   for (const Run& run : paragraph.runs) {
     if (const double size = effectiveSize(run.font); size > 0) smallest = std::min(smallest, size);
   }
   if (!std::isfinite(width) || !std::isfinite(smallest)) return {maxCharacters, lineFeeds};
-  // One more line is necessary to detect that the text must be truncated.
+  // One additional line is necessary to detect that the text must be truncated.
   const double sufficient =
       (lines + 1.0) * (maxCharactersPerFontSize * width / smallest + maxZeroWidthCharactersPerLine);
   return {static_cast<std::size_t>(std::min(sufficient, static_cast<double>(maxCharacters))), lineFeeds};

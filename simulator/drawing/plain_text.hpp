@@ -1,4 +1,4 @@
-// Prepares text for layout: makes it valid UTF-8 of limited length, with line feeds as the only line endings. Any
+// Prepares text for layout. The result is valid UTF-8 of limited length, with line feeds as the only line endings. Any
 // thread.
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace drawing {
 
-// The bytes from `begin` up to, but not including, `end`. They belong to one run of the paragraph.
+// The range of bytes from `begin` up to, but not including, `end`. All bytes belong to one run of the paragraph.
 struct Span {
   std::size_t begin;
   std::size_t end;
@@ -23,20 +23,20 @@ struct PlainText {
   std::vector<Span> spans;
 };
 
-// The maximum number of characters that are read, and of line feeds that end a line.
+// The maximum number of characters to read, and the maximum number of line feeds that end a line.
 struct TextLimit {
   std::size_t characters;
   std::size_t lineFeeds = std::numeric_limits<std::size_t>::max();
 };
 
-// A limit that is sufficient to fill this many lines of this width, and to detect that more text follows. 0 lines or an
-// infinite width mean no limit.
+// Returns a limit that is sufficient to fill this many lines of this width, and to detect that more text follows. The
+// number of lines is unlimited if `lines` is 0 or less. The width is unlimited if it is infinite.
 TextLimit textLimit(const Paragraph& paragraph, double width, int lines);
 
-// The text of all runs, up to the limit. Extremely long words contain additional places for line breaks. Control
-// characters, runs whose font has no size, and a line feed at the end of the text are omitted. Line feeds beyond the
-// limit become spaces, because the layout of a paragraph takes much longer than that of a word. The text after them
-// remains, because it can affect script and direction.
+// Returns the text of all runs, up to the limit. Extremely long words contain additional places for line breaks.
+// Control characters, runs whose font has no size, and a line feed at the end of the text are omitted. Line feeds
+// beyond the limit become spaces, because the layout of a paragraph takes much longer than that of a word. The text
+// after them is included, because it can affect script and direction.
 PlainText plainText(const Paragraph& paragraph, TextLimit limit);
 
 }  // namespace drawing

@@ -8,7 +8,8 @@ namespace drawing {
 namespace {
 
 constexpr unsigned char signature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-// The header chunk follows the signature. It consists of length, type, width and height, all big-endian.
+// The header chunk follows the signature. The chunk begins with its length, its type, and the width and height of the
+// image. All numbers are big-endian.
 constexpr std::size_t headerType = sizeof signature + 4;
 constexpr std::size_t headerWidth = headerType + 4;
 constexpr std::size_t headerHeight = headerWidth + 4;
@@ -26,15 +27,15 @@ bool hasAcceptableHeader(std::span<const std::byte> data) {
          isAcceptableSize(bigEndian(data, headerWidth), bigEndian(data, headerHeight));
 }
 
-// Whether the chunk is necessary to decode the pixels. Other chunks are ignored, because compressed ones can take a
-// thousand times their size in memory.
+// Returns whether the chunk is necessary to decode the pixels. Other chunks are ignored, because a compressed chunk can
+// require a thousand times its size in memory.
 bool isPixelChunk(std::span<const std::byte> type) {
   constexpr const char* types[] = {"IHDR", "PLTE", "tRNS", "IDAT", "IEND"};
   return std::any_of(std::begin(types), std::end(types),
                      [type](const char* each) { return std::memcmp(type.data(), each, 4) == 0; });
 }
 
-// The signature and the pixel chunks of the file.
+// Returns the file's signature and pixel chunks.
 std::vector<std::byte> withoutOtherChunks(std::span<const std::byte> data) {
   constexpr std::size_t lengthAndTypeSize = 8;
   constexpr std::size_t checksumSize = 4;

@@ -17,8 +17,8 @@ namespace {
 
 constexpr double unlimited = std::numeric_limits<double>::infinity();
 
-// The maximum width of a line, rounded down to whole pixels. Measured widths are rounded up to whole pixels, so a
-// layout with a measured width has the same lines.
+// Returns the maximum width of a line, rounded down to whole pixels. Measured widths are rounded up to whole pixels.
+// Therefore, a layout whose width was measured has the same lines as during the measurement.
 double maxLineWidth(double width, double scale) {
   if (width > 0 && std::isfinite(width)) return std::max(floorToPixel(width, scale), 1 / scale);
   return unlimited;
@@ -29,7 +29,7 @@ struct Measure {
   int lines = 0;
 };
 
-// Caches the measures of recent texts, because new layouts often measure the same text again.
+// Caches the measured sizes of recent texts, because new layouts often measure the same text again.
 class MeasureCache {
  public:
   const Measure* find(const std::string& key) const {
@@ -62,7 +62,7 @@ void appendText(std::string& key, const std::string& text) {
   key += text;
 }
 
-// A key that contains everything that the measure depends on.
+// Returns a key that contains everything that affects the size of the text.
 std::string keyOf(const PlainText& text, const Paragraph& paragraph, double width, double scale) {
   std::string key;
   for (const Span& span : text.spans) {
@@ -89,7 +89,7 @@ const Font* largestFont(const Paragraph& paragraph) {
   return largest;
 }
 
-// The fraction of the free width that is to the left of a line.
+// Returns the fraction of the free width that is to the left of a line.
 double leftFraction(Alignment alignment, BaseDirection direction) {
   switch (alignment) {
     case Alignment::Left:
@@ -109,11 +109,11 @@ double leftFraction(Alignment alignment, BaseDirection direction) {
 struct TextLayout::State {
   Paragraph paragraph;
   double scale;
-  // Metrics of the largest font.
+  // The metrics of the largest font in the paragraph.
   double lineHeight = 0;
   double baseline = 0;
 
-  // The results of the last calls, which are needed again in the next frame.
+  // The results of the last calls. They are stored because they are usually needed again in the next frame.
   struct LastBreak {
     double width;
     int lines;
@@ -151,7 +151,7 @@ struct TextLayout::State {
     return lastMeasure->second;
   }
 
-  // The number of allowed lines that fit into the height, but at least one.
+  // Returns how many of the allowed lines fit into the height, but at least one.
   int linesFitting(double height) const {
     const int fitting = std::max(1, static_cast<int>(std::min(height / lineHeight + pixelTolerance, 100'000.0)));
     return paragraph.maxLines > 0 ? std::min(fitting, paragraph.maxLines) : fitting;

@@ -32,7 +32,7 @@ struct Table {
   ObjectFilter objects;
 };
 
-// Never destroyed, because objects may be deallocated while the process exits.
+// The table is never destroyed, because objects can be deallocated while the process exits.
 Table& table() {
   static Table& shared = *new Table;
   return shared;
@@ -53,7 +53,7 @@ Associations::iterator find(Associations& associations, const void* key) {
                       [key](const Association& association) { return association.key == key; });
 }
 
-// Returns the replaced association, or an empty one.
+// Stores an association and returns the one that it replaces. Returns an empty association if it replaces none.
 Association store(id object, const Association& added) {
   const std::lock_guard lock(table().mutex);
   const auto [entry, isNew] = table().entries.try_emplace(object);
@@ -86,7 +86,7 @@ Associations removeAll(id object) {
 }  // namespace
 
 void removeAssociations(id object) {
-  // Releasing a value can run code that adds another association to the object.
+  // The loop repeats because releasing a value can run code that adds another association to the object.
   while (table().objects.mayContain(object)) {
     const Associations removed = removeAll(object);
     if (removed.empty()) return;
@@ -101,7 +101,7 @@ extern "C" {
 void objc_setAssociatedObject(id object, const void* key, id value, std::uintptr_t policy) {
   using namespace foundation;
   if (object == nullptr) return;
-  // The old value is released outside the lock, because its deallocation can run any code.
+  // The old value is released while the table is not locked, because deallocating the value can run any code.
   release(value == nullptr ? remove(object, key) : store(object, {key, copyOrRetain(value, policy), policy}));
 }
 

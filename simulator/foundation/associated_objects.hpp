@@ -1,11 +1,12 @@
-// Associated objects. The platform's functions for them are declared in objc/runtime.hpp. Any thread.
+// Stores values that are associated with objects. objc/runtime.hpp declares the platform's functions for them. Any
+// thread.
 #pragma once
 
 #include "objc/runtime.hpp"
 
 namespace foundation {
 
-// Removes and releases all values associated with an object that is being deallocated.
+// Removes and releases all values associated with `object`, which is being deallocated.
 void removeAssociations(id object);
 
 }  // namespace foundation

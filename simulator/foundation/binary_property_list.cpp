@@ -13,7 +13,7 @@ constexpr std::size_t trailerSize = 32;
 constexpr int maxNesting = 100;
 constexpr int maxVisitedObjects = 200'000;
 
-// The upper four bits of an object's first byte.
+// The type of an object, which is stored in the upper four bits of its first byte.
 enum Kind : unsigned {
   Singleton = 0x0,
   Integer = 0x1,
@@ -55,18 +55,18 @@ class Validator {
     return value;
   }
 
-  // Whether so many elements lie before the offset table, where the objects end.
+  // Returns whether `count` elements at `offset` end before the offset table, which follows the last object.
   bool fits(std::uint64_t offset, std::uint64_t count, std::uint64_t elementSize) const {
     return offset <= offsetTable_ && count <= (offsetTable_ - offset) / elementSize;
   }
 
-  // The elements of an object: their number, and the offset of the first.
+  // The elements of an object: their number, and the offset of the first element.
   struct Elements {
     std::uint64_t count;
     std::uint64_t begin;
   };
-  // `size` is the lower half of the object's first byte: the number of elements, or 15 if an integer with the number
-  // follows.
+  // Returns the elements of the object at this offset. `size` is the lower half of the object's first byte. It is the
+  // number of elements, or 15 if the number follows as an integer.
   std::optional<Elements> elementsOf(std::uint64_t object, unsigned size) const {
     if (size != 0xf) return Elements{size, object + 1};
     if (!fits(object + 1, 2, 1) || bytes_[object + 1] >> 4 != Integer) return std::nullopt;

@@ -1,6 +1,6 @@
-// The blocks runtime, according to the published block ABI. GNUstep's own is not usable: it copies the heap block back
-// over the stack block, which breaks captured C++ objects, and its reference counts are not atomic, which breaks blocks
-// that threads share.
+// The blocks runtime, according to the published block ABI. GNUstep's own runtime has two defects. It copies the heap
+// block back over the stack block, which breaks captured C++ objects. Its reference counts are not atomic, which breaks
+// blocks that threads share.
 #include <atomic>
 #include <cstdlib>
 #include <cstring>

@@ -25,7 +25,8 @@ Nanoseconds processStart() {
   return start;
 }
 
-// Reads the start time when the library is loaded. The first use of the clock would be too late.
+// Reads the start time when the library is loaded. Without this variable, the start time would be the first use of the
+// clock.
 [[maybe_unused]] const Nanoseconds startReadAtLoad = processStart();
 
 }  // namespace
@@ -44,7 +45,7 @@ void setMode(ClockMode mode, double unixTime) {
 
 void setSteppedTime(Nanoseconds time) { steppedTime = time; }
 
-Nanoseconds systemTime(Nanoseconds when) { return later(processStart(), when); }
+Nanoseconds systemTime(Nanoseconds when) { return saturatingSum(processStart(), when); }
 
 }  // namespace clock
 

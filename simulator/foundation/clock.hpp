@@ -1,4 +1,5 @@
-// The clock of the process, in whole nanoseconds. It is either the system's clock or a clock that a script steps.
+// The clock of the process, in whole nanoseconds. It is either the system's clock or a stepped clock, which only a
+// script advances.
 #pragma once
 
 #include "simulator/foundation/main_queue.hpp"
@@ -7,15 +8,16 @@
 namespace foundation::clock {
 
 ClockMode mode();
-// The time since the process started, on the current clock. Any thread.
+// Returns the time since the clock's zero: the start of the process, or the selection of the stepped clock. Any thread.
 Nanoseconds now();
-// The time since the process started, on the real clock in either mode. Any thread.
+// Returns the real time since the process started, even if the clock is stepped. Any thread.
 Nanoseconds realNow();
-// Selects the clock. A stepped clock starts at zero, and dates show `unixTime` at that time point. Main thread.
+// Selects the clock. A stepped clock starts at zero. `unixTime` is the date at that time point, in seconds since 1970.
+// Main thread.
 void setMode(ClockMode mode, double unixTime);
-// Sets the time of a stepped clock. Has no effect on the real clock.
+// Sets the time of the stepped clock. Does not affect the real clock.
 void setSteppedTime(Nanoseconds time);
-// The CLOCK_MONOTONIC time at which the real clock shows `when`.
+// Converts a time of the real clock to the time of CLOCK_MONOTONIC.
 Nanoseconds systemTime(Nanoseconds when);
 
 }  // namespace foundation::clock

@@ -1,10 +1,10 @@
-// Makes NSDate follow the process's clock, which can be stepped.
+// Makes NSDate follow the clock of the process, which can be a stepped clock.
 #pragma once
 
 namespace foundation {
 
-// Replaces +[NSDate date] and +[NSDate timeIntervalSinceReferenceDate]. The run loop's own timeouts do not use these
-// methods and stay on real time.
+// Replaces +[NSDate date] and +[NSDate timeIntervalSinceReferenceDate]. The timeouts of the run loop do not use these
+// methods, so they still follow real time.
 void installDates();
 
 }  // namespace foundation

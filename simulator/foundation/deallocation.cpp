@@ -16,7 +16,8 @@ using Method = void (*)(id, SEL);
 Method originalRelease = nullptr;
 Method originalDealloc = nullptr;
 
-// A list of the objects whose last reference this thread is releasing, innermost first.
+// An object whose last reference this thread is releasing. Releases can be nested, so these records form a list that
+// begins with the innermost release.
 struct Deallocation;
 thread_local const Deallocation* innermost = nullptr;
 
@@ -63,7 +64,8 @@ void installDeallocationHooks() {
 
 }  // namespace foundation
 
-// Foundation's strings, numbers, data, arrays and dictionaries call this function and not NSObject's -dealloc.
+// This function deallocates Foundation's strings, numbers, data, arrays and dictionaries, which do not use NSObject's
+// -dealloc.
 extern "C" void NSDeallocateObject(id object) {
   static const auto original = reinterpret_cast<void (*)(id)>(dlsym(RTLD_NEXT, "NSDeallocateObject"));
   foundation::clearWeakReferences(object);

@@ -33,8 +33,8 @@ bool isReplaced(const std::string& line) {
   return false;
 }
 
-// The system's configuration, with the user's folders inside the root. The user's own configuration file is replaced,
-// because it could select other folders.
+// Returns the system's configuration with the user's folders replaced by folders inside the root. The name of the
+// user's own configuration file is also replaced, because that file could select other folders.
 std::string configurationText(const fs::path& folder) {
   std::string text;
   std::ifstream system(systemConfiguration);
@@ -50,7 +50,7 @@ std::string contentsOf(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// Replaces the file atomically, because another process of the same root may be starting.
+// Writes a file atomically, because another process of the same root can read it at the same time.
 void writeFile(const fs::path& path, const std::string& text) {
   if (contentsOf(path) == text) return;
   const fs::path unfinished = path.native() + "." + std::to_string(getpid());
@@ -63,7 +63,7 @@ void writeFile(const fs::path& path, const std::string& text) {
   fs::rename(unfinished, path);
 }
 
-// Foundation copies the environment when the process starts. This makes it read the environment again.
+// Makes Foundation read the environment again. Foundation has copied the environment at the start of the process.
 void reloadFoundationEnvironment() {
   std::ifstream commandLine("/proc/self/cmdline");
   std::vector<std::string> words;

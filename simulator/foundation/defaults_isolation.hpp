@@ -1,4 +1,4 @@
-// A separate user-defaults database and notification daemon for each root.
+// Gives each root its own user-defaults database and notification daemon.
 #pragma once
 
 #include <filesystem>
@@ -8,8 +8,8 @@
 namespace foundation {
 
 // Configures Foundation, through the environment, to use the database and the daemon of this root. Child processes
-// inherit the configuration. Call it before any other use of Foundation. Returns the reason of a failure, or nothing on
-// success.
+// inherit the configuration. Call this before any other use of Foundation. Returns a description of the error, or
+// nothing on success.
 [[nodiscard]] std::optional<std::string> isolateDefaults(const std::filesystem::path& root);
 
 }  // namespace foundation

@@ -1,4 +1,4 @@
-// Owns a file descriptor and closes it when destroyed.
+// Owns a file descriptor and closes it when the owner is destroyed.
 #pragma once
 
 #include <unistd.h>
@@ -10,7 +10,8 @@ namespace foundation {
 class FileDescriptor {
  public:
   FileDescriptor() = default;
-  // Takes ownership of an open descriptor. A negative value, such as a failed open returns, means none.
+  // Takes ownership of an open descriptor. A negative value, such as the result of a failed call of open, means no
+  // descriptor.
   explicit FileDescriptor(int opened) : descriptor_(opened) {}
   FileDescriptor(FileDescriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
   FileDescriptor& operator=(FileDescriptor&& other) noexcept {
@@ -22,7 +23,7 @@ class FileDescriptor {
   }
 
   bool isOpen() const { return descriptor_ >= 0; }
-  // Remains owned by this object. Negative if none is open.
+  // Returns the descriptor, which this object still owns. Negative if no descriptor is open.
   int get() const { return descriptor_; }
 
  private:

@@ -1,4 +1,4 @@
-// Dispatch queues, implemented by the main queue and serial queues. All deadlines follow the process's clock.
+// Dispatch queues. The main queue and serial queues implement them. All deadlines follow the clock of the process.
 #include "simulator/foundation/dispatch_queues.hpp"
 
 #include <pthread.h>
@@ -46,7 +46,7 @@ void runOnMainThreadAndWait(const std::function<void()>& work) {
   changed.wait(lock, [&] { return done; });
 }
 
-// A function that retains the block and calls it.
+// Returns a function that retains the block and calls it.
 std::function<void()> functionOf(Work* work) {
   return [retained = objc::BlockRef<void()>(work)] { (*retained.get())(); };
 }
@@ -64,12 +64,13 @@ dispatch_queue_t dispatch_queue_create(const char*, void*) {
   return &queues.emplace_back(new foundation::SerialQueue);
 }
 
-// Queues are never destroyed.
+// dispatch_retain does nothing, because queues are never destroyed.
 void dispatch_retain(dispatch_queue_t) {}
 
 dispatch_time_t dispatch_time(dispatch_time_t when, std::int64_t nanoseconds) {
   if (when == DISPATCH_TIME_FOREVER) return when;
-  // Callers use zero for the current time, so a dispatch time is the clock's time plus one.
+  // A dispatch time of zero means the current time. Therefore, every other dispatch time is the time of the clock plus
+  // one.
   const dispatch_time_t base = when == 0 ? static_cast<dispatch_time_t>(foundation::clock::now()) + 1 : when;
   if (nanoseconds < 0) {
     const dispatch_time_t back = dispatch_time_t{0} - static_cast<dispatch_time_t>(nanoseconds);

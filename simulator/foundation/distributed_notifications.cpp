@@ -12,15 +12,17 @@
 
 namespace foundation {
 
-// The observer that is registered with the daemon in place of the caller's. The connection to the daemon stores an
-// unretained pointer and uses it even after the object is deallocated, so this object is never deallocated.
+// Takes the place of the caller's observer at the daemon. The connection to the daemon stores an unretained pointer to
+// its observer and uses it even after the observer is deallocated. Therefore, an object of this class is never
+// deallocated.
 class DistributedObserver : public objc::Interface<"BrimDistributedObserver", NSObject> {};
 
 }  // namespace foundation
 
 struct DistributedObserverState {
   objc::Weak<NSObject> observer;
-  // Identifies the observer in removeObserver, which is often called during its deallocation, when `observer` is null.
+  // Identifies the observer in removeObserver. That method is often called while the observer is deallocated, when the
+  // weak reference `observer` is already null.
   const NSObject* address = nullptr;
   SEL selector = nullptr;
   objc::Ref<NSString> name;
@@ -40,8 +42,8 @@ namespace {
 using Center = NSDistributedNotificationCenter;
 using Observers = std::vector<objc::Ref<DistributedObserver>>;
 
-// The daemon accepts a post while it still delivers the previous one, recursively. Too many posts without a pause
-// exhaust its stack.
+// The maximum number of posts without a wait for the daemon. The daemon can accept a post while it still delivers the
+// previous one, so its calls are nested. Too many posts without a pause exhaust its stack.
 constexpr int maxUnansweredPosts = 8;
 
 Observers& observers() {
@@ -52,7 +54,7 @@ Observers& observers() {
 // Whether this process is calling the daemon. The daemon can deliver notifications during the call.
 bool isCallingDaemon = false;
 
-// The number of notifications that wait on the main queue.
+// The number of received notifications whose delivery waits on the main queue.
 int pendingNotifications = 0;
 
 void notify(DistributedObserver* self, NSNotification* notification) {
@@ -63,8 +65,9 @@ void notify(DistributedObserver* self, NSNotification* notification) {
   objc::detail::call<void>(objc::implementationFor(target, state.selector), target, state.selector, notification);
 }
 
-// A notification that arrives during a call to the daemon is delivered later, because the caller does not expect
-// observers to run inside its call. Notifications behind it wait too, which preserves their order.
+// Delivers a notification to its observer. If the notification arrives during a call to the daemon, it is delivered
+// later, because the caller does not expect observers to run inside its call. Notifications that arrive after a delayed
+// one are also delayed, which preserves their order.
 void deliver(DistributedObserver* self, NSNotification* notification) {
   if (!isCallingDaemon && pendingNotifications == 0) return notify(self, notification);
   ++pendingNotifications;
@@ -74,7 +77,8 @@ void deliver(DistributedObserver* self, NSNotification* notification) {
   });
 }
 
-// Foundation raises an exception if the daemon has ended or cannot be started.
+// Runs the work and returns whether it succeeded. Foundation raises an exception if the daemon has ended or cannot be
+// started.
 template <class Work>
 bool succeeds(const Work& work) try {
   work();
@@ -83,13 +87,13 @@ bool succeeds(const Work& work) try {
   return false;
 }
 
-// Watches the daemon with which the observers are registered. Not open if there is none.
+// A descriptor of the daemon with which all observers are registered. It is not open if there is no such daemon.
 FileDescriptor& watchedDaemon() {
   static auto& daemon = *new FileDescriptor;
   return daemon;
 }
 
-// Makes Foundation drop the connection to a daemon that has ended. Foundation may not have noticed the end yet.
+// Makes Foundation close the connection to a daemon that has ended. Foundation does not always notice the end itself.
 void disconnect(Center* center) {
   void* remote = nullptr;
   object_getInstanceVariable(objc::detail::toId(center), "_remote", &remote);
@@ -97,7 +101,7 @@ void disconnect(Center* center) {
   succeeds([remote] { objc::send<void, "invalidate">(objc::send<NSObject*, "connectionForProxy">(remote)); });
 }
 
-// Tries again with a new daemon if the daemon has ended.
+// Runs the work and returns whether it succeeded. If the daemon has ended, runs the work again with a new daemon.
 template <class Work>
 bool succeedsWithRetry(Center* center, const Work& work) {
   if (succeeds(work)) return true;
@@ -131,7 +135,8 @@ void registerObserver(Center* center, const objc::Ref<DistributedObserver>& obse
 }
 
 bool registerAllObservers(Center* center) {
-  // If the daemon ends during the first loop, connectionInvalidated resets isRegistered of all observers.
+  // If the daemon ends during the first loop, connectionInvalidated sets isRegistered of all observers to false. The
+  // second loop therefore checks all observers again.
   const Observers all = observers();
   for (const auto& observer : all) registerObserver(center, observer);
   for (const auto& observer : all)
@@ -154,7 +159,7 @@ void addObserver(Add, Center* self, NSObject* observer, SEL selector, NSString* 
   if (!state.isRegistered) watchedDaemon() = {};
 }
 
-// Nil as the wanted string matches everything.
+// Returns whether the string is the wanted one. If `wanted` is nil, every string matches.
 bool matches(NSString* wanted, NSString* present) {
   return wanted == nullptr || (present != nullptr && wanted->isEqualToString(present));
 }
@@ -163,14 +168,14 @@ void removeObserver(Remove original, Center* self, NSObject* observer, NSString*
   std::erase_if(observers(), [&](const objc::Ref<DistributedObserver>& candidate) {
     const DistributedObserverState& state = objc::state(candidate.get());
     if (state.address != observer || !matches(name, state.name) || !matches(object, state.object)) return false;
-    // Never released, because the daemon may still send a notification to it.
+    // The observer is never released, because the daemon can still send a notification to it.
     objc::retainObject(candidate.get());
     succeeds([&] { original(self, candidate, state.name, state.object); });
     return true;
   });
 }
 
-// Unlike a post, this call waits for the daemon's reply.
+// Waits until the daemon has replied to a call. A post alone does not wait for a reply.
 void waitForDaemon(Center* center) { objc::send<void, "setSuspended:">(center, false); }
 
 void post(Post original, Center* self, NSString* name, NSString* object, NSDictionary* userInfo, bool immediately) {

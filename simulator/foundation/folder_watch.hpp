@@ -1,4 +1,4 @@
-// Reports which files of a folder change. Uses inotify.
+// Reports which files in a folder change. Uses inotify.
 #pragma once
 
 #include <filesystem>
@@ -7,11 +7,12 @@
 
 namespace foundation {
 
-// Watches a folder until the process ends, so it must never be destroyed. Creates the folder if it is missing, and
-// again if it is removed. Main thread.
+// Watches a folder until the process ends. The object must never be destroyed. Creates the folder if it is missing, and
+// creates it again if it is removed. Main thread.
 class FolderWatch {
  public:
-  // The run loop calls `changed` with the name of a changed file, or with an empty string if any file may have changed.
+  // The run loop calls `changed` with the name of a changed file. It passes an empty string if any file can have
+  // changed.
   FolderWatch(std::filesystem::path folder, std::function<void(const std::string& name)> changed);
   FolderWatch(const FolderWatch&) = delete;
   FolderWatch& operator=(const FolderWatch&) = delete;

@@ -18,13 +18,14 @@ void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced)
   const Method method = class_getInstanceMethod(target, selector);
   if (method == nullptr) return;
   if (replaced != nullptr) *replaced = method_getImplementation(method);
-  // The runtime's class_replaceMethod would replace an inherited method in the superclass.
+  // An inherited method is added to the class, because method_setImplementation would change the superclass.
   if (isInherited(target, selector, method)) {
     class_addMethod(target, selector, replacement, method_getTypeEncoding(method));
   } else {
     method_setImplementation(method, replacement);
   }
-  // The runtime updates the dispatch table of this class only, but subclasses can have copies.
+  // The runtime updates the dispatch table of this class only, but the dispatch tables of subclasses can contain
+  // copies.
   __objc_update_dispatch_table_for_class(target);
 }
 

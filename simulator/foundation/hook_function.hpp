@@ -1,9 +1,10 @@
-// The hook function of the phone's code-injection loader.
+// MSHookMessageEx, the hook function of the phone's code-injection loader. Main thread.
 #pragma once
 
 #include "objc/hook.hpp"
 
-// Main thread. For an inherited method the original implementation is the superclass's current one, so hooks on
-// superclasses must be installed first. A subclass that inherits the method gets the replacement too. Does nothing if
-// the class, the selector or the method is missing. `replaced` can be null.
+// If the method is inherited, the original that the function stores is the current implementation of the superclass.
+// Therefore, hooks of a superclass must be installed before those of its subclasses. Subclasses that inherit the method
+// get the replacement too. The function does nothing if the class or the selector is null or the class has no such
+// method. `replaced` can be null.
 extern "C" objc::HookFunction MSHookMessageEx;

@@ -34,7 +34,7 @@ void reportFailure(LoadOutcome& outcome, const fs::path& file, const std::string
   std::fprintf(stderr, "%s\n", outcome.failures.back().c_str());
 }
 
-// The bundle identifiers that the filter lists. Nil if the dictionary is not a filter.
+// Returns the bundle identifiers that the filter lists, or nil if the dictionary is not a valid filter.
 NSArray* bundlesOf(NSDictionary* filter) {
   const auto* const conditions = objc::as<NSDictionary>(filter->objectForKey("Filter"_ns));
   return objc::as<NSArray>(conditions->objectForKey("Bundles"_ns));

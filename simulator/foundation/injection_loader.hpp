@@ -1,4 +1,5 @@
-// The code-injection loader. It loads dynamic libraries into a process whose bundle identifier their filters list.
+// The code-injection loader. It loads a dynamic library into a process if the library's filter lists the bundle
+// identifier of the process.
 #pragma once
 
 #include <filesystem>
@@ -9,13 +10,14 @@ namespace foundation {
 
 struct LoadOutcome {
   std::vector<std::filesystem::path> loaded;
-  // One line for each filter that cannot be read and each library that cannot be loaded. Also printed to standard
-  // error.
+  // One error message for each filter that cannot be read and for each library that cannot be loaded. The messages are
+  // also printed to standard error.
   std::vector<std::string> failures;
 };
 
-// Reads each NAME.plist in the root's Library/MobileSubstrate/DynamicLibraries, sorted by name, and loads NAME.dylib if
-// the filter's bundles contain the identifier. Call it after the platform's classes are registered. Main thread.
+// Reads each NAME.plist in the root's Library/MobileSubstrate/DynamicLibraries, sorted by name. If the bundles in the
+// file's filter contain the identifier, loads NAME.dylib. Call this after the platform's classes are registered. Main
+// thread.
 LoadOutcome injectLibraries(const std::string& bundleIdentifier);
 
 }  // namespace foundation

@@ -16,7 +16,8 @@ namespace fs = std::filesystem;
 constexpr int maxPendingConnections = 8;
 constexpr timeval writeTimeout = {1, 0};
 
-// Refers to the folder by its descriptor, because the path of a socket address is limited to about 100 bytes.
+// Returns the address of a socket in the folder. The address contains the folder's descriptor instead of its path,
+// because a path in a socket address is limited to about 100 bytes.
 sockaddr_un addressIn(const FileDescriptor& folder, const char* name) {
   sockaddr_un address = {};
   address.sun_family = AF_UNIX;

@@ -1,5 +1,5 @@
-// Local sockets between the processes of a root. A socket is addressed by folder and name, because the path of the
-// folder can be longer than the address of a socket allows. Only processes of the same user are accepted.
+// Local sockets between the processes of a root. A socket has a folder and a name, because the path of the folder can
+// be longer than a socket address can be. Connections from and to processes of other users are rejected.
 #pragma once
 
 #include <filesystem>
@@ -9,16 +9,17 @@
 
 namespace foundation {
 
-// Listens under this name. Replaces a socket file of the same name, so the caller must be the only process that listens
-// there. Returns a closed descriptor on failure and sets errno.
+// Listens under this name. Replaces a socket file of the same name, so at most one process can listen there. On
+// failure, returns a closed descriptor and sets errno.
 FileDescriptor listenIn(const std::filesystem::path& folder, const char* name);
-// Connects to the listener. Returns a closed descriptor if no process of this user listens there.
+// Connects to the process that listens under this name. Returns a closed descriptor if no process of this user listens.
 FileDescriptor connectIn(const std::filesystem::path& folder, const char* name);
-// Accepts the next connection. Returns a closed descriptor if there is none or its process belongs to another user.
+// Accepts the next connection. Returns a closed descriptor if there is no connection or if its process belongs to
+// another user.
 FileDescriptor acceptFrom(const FileDescriptor& listening);
 
-// Writes all bytes and returns whether that succeeded. Fails, without a signal, if the reader has closed the connection
-// or reads nothing for a second.
+// Writes all bytes and returns whether this succeeded. Writing fails, without a signal, if the reader has closed the
+// connection or reads nothing for a second.
 bool sendAll(const FileDescriptor& socket, std::string_view bytes);
 
 }  // namespace foundation

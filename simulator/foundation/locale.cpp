@@ -25,7 +25,7 @@ struct Language {
   std::string region;
 };
 
-// Obsolete language codes that identifiers still contain.
+// An obsolete language code that locale identifiers still contain, and the code that replaced it.
 struct ReplacedCode {
   const char* replaced;
   const char* current;

@@ -6,19 +6,20 @@
 
 namespace foundation {
 
-// Selects a locale such as "de_DE", "zh_Hant_TW" or "pt-BR"; an empty identifier selects the default, "en_US".
-// Localized strings, dates and +[NSLocale currentLocale] follow it. Call it at start, after useRoot and before the
-// first localized string is read. Main thread.
+// Selects a locale such as "de_DE", "zh_Hant_TW" or "pt-BR". An empty identifier selects the default, "en_US".
+// Localized strings, dates and +[NSLocale currentLocale] follow the locale. Call this at start, after useRoot and
+// before the first localized string is read. Main thread.
 void useLocale(const std::string& identifier);
 
-// The identifier in use, with underscores.
+// Returns the identifier of the current locale. Its parts are separated by underscores.
 const std::string& localeIdentifier();
 
-// The names of the localizations to look for, best match first. For "zh_TW": "zh-Hant-TW", "zh-Hant", "zh-TW" and "zh".
+// Returns the names of the localizations to look for, with the best match first. For "zh_TW" these are "zh-Hant-TW",
+// "zh-Hant", "zh-TW" and "zh".
 std::vector<std::string> localizationsOf(const std::string& identifier);
 
 // Replaces NSLocale's current locale and preferred languages with those of the phone. Sets the default time zone to the
-// environment variable TZ, or to UTC if TZ is unset or unknown. Main thread.
+// value of the environment variable TZ, or to UTC if TZ is unset or unknown. Main thread.
 void installLocale();
 
 }  // namespace foundation

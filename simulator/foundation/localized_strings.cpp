@@ -30,8 +30,8 @@ Tables& tables() {
   return cache;
 }
 
-// The localizations for other regions of the same language, which are better than another language. There are none for
-// Chinese, because a reader of one script may not read the other.
+// Returns the localizations for other regions of the same language. They are preferred to another language. Chinese has
+// none, because people who read one of its scripts often cannot read the other.
 std::vector<std::string> otherRegions(const fs::path& folder, const std::string& language) {
   std::vector<std::string> names;
   if (language == "zh") return names;
@@ -55,7 +55,8 @@ std::vector<std::string> localizationNames(const fs::path& folder) {
   return names;
 }
 
-// The best table in a resource folder. Null if the folder has no such table in any language.
+// Reads the table of the best localization in a resource folder. Returns null if the folder contains no such table in
+// any language.
 objc::Ref<NSDictionary> readTable(const fs::path& folder, const std::string& table) {
   for (const std::string& name : localizationNames(folder))
     if (objc::Ref<NSDictionary> found = readStringsFile(folder / (name + localizationSuffix) / (table + ".strings")))

@@ -17,13 +17,13 @@ using FrameObserver = std::function<FrameDemand(double now)>;
 
 constexpr std::int64_t framesInSecond = 60;
 
-// Never destroyed, because other threads may still add work while the process exits.
+// The list is never destroyed, because other threads can still add work while the process exits.
 WorkList& workList() {
   static WorkList& list = *new WorkList;
   return list;
 }
 
-// Work of external events that waits until real time passes.
+// The list of work that external events have caused and that waits until real time passes.
 WorkList& externalWork() {
   static WorkList& list = *new WorkList;
   return list;
@@ -39,8 +39,8 @@ std::function<void()>& endOfIterationObserver() {
   return observer;
 }
 
-// Frame n is shown n sixtieths of a second after the clock's zero, rounded to nanoseconds. All animations share these
-// time points, as on a screen with a fixed refresh rate.
+// Returns the time of a frame. Frame n is shown n sixtieths of a second after the clock's zero, rounded to nanoseconds.
+// All animations share these time points, as on a screen with a fixed refresh rate.
 Nanoseconds timeOfFrame(std::int64_t frame) {
   return frame / framesInSecond * nanosecondsInSecond +
          (frame % framesInSecond * nanosecondsInSecond + framesInSecond / 2) / framesInSecond;
@@ -53,7 +53,7 @@ std::int64_t frameAfter(Nanoseconds time) {
   return frame;
 }
 
-// The number of the next frame. Only valid while there are observers.
+// The number of the next frame. It is valid only while there are observers.
 std::int64_t nextFrame = 0;
 
 Nanoseconds nextFrameTime() { return frameObservers().empty() ? never : timeOfFrame(nextFrame); }
@@ -107,7 +107,7 @@ void onMainThread(std::function<void()> work) {
 }
 
 void onMainThreadAfter(double seconds, std::function<void()> work) {
-  onMainThreadAt(later(clock::now(), nanosecondsOf(seconds)), std::move(work));
+  onMainThreadAt(saturatingSum(clock::now(), nanosecondsOf(seconds)), std::move(work));
 }
 
 void onMainThreadAt(Nanoseconds when, std::function<void()> work) {
@@ -144,9 +144,10 @@ void drainMainQueue() {
 
 void stepClock(double seconds) {
   const Nanoseconds duration = nanosecondsOf(seconds);
-  const Nanoseconds target = duration == never ? clock::now() : later(clock::now(), duration);
+  const Nanoseconds target = duration == never ? clock::now() : saturatingSum(clock::now(), duration);
   if (clock::mode() == ClockMode::Real) {
-    // Empty work at the target time wakes the main thread, because there may be no other event by then.
+    // Schedules empty work at the target time. It wakes the main thread, because no other event may occur before that
+    // time.
     onMainThreadAt(target, [] {});
     runMainQueueUntil([target] { return clock::now() >= target; });
   } else {

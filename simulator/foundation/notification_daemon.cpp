@@ -22,15 +22,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The file in which the daemon registers. The name is Foundation's. The first line is the path of the daemon's port,
-// the second its process identifier.
+// The file in which the daemon registers, relative to the daemon's folder. Foundation defines the name. The first line
+// is the path of the daemon's port. The second line is its process identifier.
 constexpr const char* registrationFile = "NSMessagePort/names/R0ROQ1NlcnZlcg==";
-// Each process of a root has a shared lock on this file. A process that gets an exclusive lock is the last one.
+// The lock file. Each process of a root has a shared lock on it. A process that gets an exclusive lock is the last one.
 constexpr const char* lockFile = "processes";
 constexpr const char* temporaryFolder = "/tmp";
 constexpr const char* linkToRoot = "root";
 
-// The folder that contains the daemon's registration and sockets.
+// The folder with the daemon's registration and sockets, and this process's descriptor of the lock file.
 struct DaemonFolder {
   fs::path path;
   int lock = -1;
@@ -43,7 +43,8 @@ DaemonFolder& ownFolder() {
 
 std::string namePrefix() { return "brim-" + std::to_string(getuid()) + "-"; }
 
-// The FNV-1a hash. It is the same in all processes of a root; std::hash could differ between builds.
+// Returns the FNV-1a hash of the text. It is the same in all processes of a root, while the result of std::hash can
+// differ between builds.
 std::string hashOf(const std::string& text) {
   std::uint64_t hash = 0xcbf29ce484222325;
   for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
@@ -58,7 +59,7 @@ bool isDaemon(pid_t process) {
   return std::getline(file, name) && name == "gdnc";
 }
 
-// The process identifier of the registered daemon, or 0 if none runs.
+// Returns the process identifier of the registered daemon, or 0 if no daemon is running.
 pid_t daemonIn(const fs::path& folder) {
   std::ifstream file(folder / registrationFile);
   std::string port;
@@ -70,7 +71,7 @@ void endDaemonIn(const fs::path& folder) {
   if (const pid_t process = daemonIn(folder); process > 0) kill(process, SIGKILL);
 }
 
-// Ends the daemon and removes the folder unless another process has a lock.
+// If no other process has a lock, ends the daemon and removes the folder.
 void removeIfUnused(const DaemonFolder& folder) {
   if (flock(folder.lock, LOCK_EX | LOCK_NB) != 0) return;
   endDaemonIn(folder.path);
@@ -80,15 +81,16 @@ void removeIfUnused(const DaemonFolder& folder) {
 
 void removeOwnFolderIfUnused() { removeIfUnused(ownFolder()); }
 
-// Other users can create a folder or a link of this name in the temporary folder. It must be a folder of this user.
+// Returns whether the status is that of a folder of this user. Other users can create a folder or a link with the
+// expected name in the temporary folder.
 bool isFolderOfThisUser(const struct stat& status) { return S_ISDIR(status.st_mode) && status.st_uid == getuid(); }
 
 int openLock(const fs::path& folder) {
   return open((folder / lockFile).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
 }
 
-// The lock file may be missing: a daemon that was still starting when the folder was removed creates the folder again,
-// without the file. openLock then creates it.
+// If no process uses the folder, removes it. The folder can lack a lock file: if it was removed while a daemon was
+// still starting, the daemon has created it again without the file. In that case, openLock creates the file.
 void removeIfUnused(const fs::path& path) {
   struct stat status = {};
   if (lstat(path.c_str(), &status) != 0 || !isFolderOfThisUser(status)) return;
@@ -98,7 +100,7 @@ void removeIfUnused(const fs::path& path) {
   close(folder.lock);
 }
 
-// Removes the folders that killed processes have left.
+// Removes the folders of roots whose last process was killed.
 void removeUnusedFolders() {
   const std::string prefix = namePrefix();
   std::error_code error;
@@ -106,7 +108,7 @@ void removeUnusedFolders() {
     if (entry->path().filename().native().starts_with(prefix)) removeIfUnused(entry->path());
 }
 
-// Returns false if another process removes the folder concurrently.
+// Creates the folder. Returns false if another process is removing it at the same time.
 bool createPrivateFolder(const fs::path& path) {
   struct stat status = {};
   if (mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST)
@@ -117,7 +119,8 @@ bool createPrivateFolder(const fs::path& path) {
   return chmod(path.c_str(), S_IRWXU) == 0 || errno != ENOENT;
 }
 
-// False if an exiting process has removed the folder after this process opened the lock file.
+// Returns whether the open lock file is still in the folder. It is not if an exiting process has removed the folder
+// after this process opened the file.
 bool isLockFileInFolder(const DaemonFolder& folder) {
   struct stat locked = {};
   struct stat present = {};
@@ -135,8 +138,8 @@ bool tryToLock(DaemonFolder& folder) {
   return false;
 }
 
-// Another process of the root may create the link concurrently. A file of another type was created by a daemon that
-// survived the last process of the root.
+// Creates the link to the root. Another process of the root can create the link at the same time. If a folder is in its
+// place, a daemon that outlived the last process of the root has created it.
 void linkRoot(const fs::path& link, const fs::path& root) {
   std::error_code error;
   fs::create_directory_symlink(root, link, error);

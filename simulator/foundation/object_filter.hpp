@@ -1,4 +1,5 @@
-// A fast test for objects that are not in a table. Most objects have no associations and no weak references.
+// A fast test whether an object can be in a table. It avoids most searches, because most objects have no associations
+// and no weak references.
 #pragma once
 
 #include <atomic>
@@ -9,13 +10,14 @@
 
 namespace foundation {
 
-// Counts objects by a hash of their address. Any thread. A thread sees the entry of an object if it received the object
-// from the thread that added the entry.
+// Counts the table's objects by a hash of their address. Any thread. A thread sees the entry of an object if it
+// received the object from the thread that added the entry.
 class ObjectFilter {
  public:
   void add(id object) { bucket(object).fetch_add(1, std::memory_order_relaxed); }
   void remove(id object) { bucket(object).fetch_sub(1, std::memory_order_relaxed); }
-  // False is always correct. True may be caused by another object with the same hash.
+  // Returns false only if the object is not in the table. Returns true if the object or another object with the same
+  // hash is in the table.
   bool mayContain(id object) const { return bucket(object).load(std::memory_order_relaxed) != 0; }
 
  private:

@@ -4,9 +4,9 @@
 
 namespace foundation {
 
-// Returns a function of a plugin, and loads the plugin at the first call. The plugin's file is in the folder of this
-// library; it is never unloaded. Returns null, with a message on standard error, if the plugin, one of its libraries or
-// the function is missing. Any thread.
+// Returns a function of a plugin. The first call loads the plugin, which is never unloaded. The plugin's file is in the
+// folder of this library. Returns null, with an error on standard error, if the plugin, one of its libraries or the
+// function is missing. Any thread.
 void* pluginFunction(const char* plugin, const char* function);
 
 }  // namespace foundation

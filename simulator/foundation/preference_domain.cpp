@@ -18,7 +18,8 @@ namespace foundation {
 
 namespace {
 
-// Without symbolic links, because messages show the path and Foundation's may contain the root's alias.
+// Returns the path of the folder without symbolic links. Error messages show the path, and Foundation's path can
+// contain the alias of the root.
 std::filesystem::path defaultsFolder() {
   const objc::AutoreleasePool pool;
   return std::filesystem::weakly_canonical(GSDefaultsRootForUser(NSUserName())->UTF8String());

@@ -1,4 +1,4 @@
-// One domain of the user-defaults database. It is reloaded when another process changes its file.
+// One domain of the user-defaults database. The domain is read again when another process changes its file.
 #pragma once
 
 #include <filesystem>
@@ -10,15 +10,15 @@
 
 namespace foundation {
 
-// Main thread. Domains are never destroyed.
+// A domain, which is never destroyed. Main thread.
 class PreferenceDomain {
  public:
-  // The domain with this name. It is always empty if the name is empty or contains a slash.
+  // Returns the domain with this name. The domain is always empty if its name is empty or contains a slash.
   static PreferenceDomain& named(const std::string& name);
 
-  // The stored value of the key, or nil. Borrowed; valid until the domain is reloaded.
+  // Returns the stored value of the key, or nil. The value is borrowed and valid until the domain is reloaded.
   NSObject* value(NSString* key) const;
-  // The file that stores the domain. Empty if the name of the domain is invalid.
+  // Returns the file that stores the domain. The path is empty if the name of the domain is invalid.
   const std::filesystem::path& file() const { return path_; }
   // Reads the file again and notifies the observers.
   void reload();

@@ -1,5 +1,4 @@
-// Conversion of stored preferences to the types of settings. The result is empty if a value cannot be converted. Nil is
-// such a value.
+// Converts stored preferences to the types of settings. The result is empty if a value is nil or cannot be converted.
 #pragma once
 
 #include <optional>
@@ -10,7 +9,7 @@ namespace foundation {
 
 // Accepts booleans, the numbers 0 and 1, and the strings YES, NO, true, false, 1 and 0 in any case.
 std::optional<bool> booleanPreference(const NSObject* stored);
-// Accepts numbers, whose fraction is dropped, and decimal strings, both within the range of NSInteger.
+// Accepts numbers and decimal strings within the range of NSInteger. The fraction of a number is dropped.
 std::optional<NSInteger> integerPreference(const NSObject* stored);
 
 }  // namespace foundation

@@ -1,4 +1,4 @@
-// The class HBPreferences, and writing preferences as the settings pane does.
+// The class HBPreferences, and a function that writes preferences as the settings pane does.
 #pragma once
 
 #include <optional>
@@ -8,12 +8,12 @@
 
 namespace foundation {
 
-// Defines the class. Main thread, once.
+// Defines the class HBPreferences. Call this once. Main thread.
 void defineHBPreferences();
 
-// Stores a value in the user-defaults database, where all processes see it. The value must be of a type that property
-// lists support; nil removes the key. On return, the variables registered in this process have the new value. Returns
-// the reason of a failure, or nothing on success. Main thread.
+// Stores a value in the user-defaults database, where all processes read it. The value must be of a type that property
+// lists support; nil removes the key. On return, the variables that this process has registered with HBPreferences have
+// the new value. Returns a description of the error, or nothing on success. Main thread.
 [[nodiscard]] std::optional<std::string> writePreference(const std::string& domain, const std::string& key,
                                                          const NSObject* value);
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t maxFileSize = 1 << 20;
 
-// Empty if the file cannot be read or is too large.
+// Returns the contents of the file. They are empty if the file cannot be read or is too large.
 std::string contentsOf(const std::filesystem::path& file) {
   return base::readRegularFile(file, maxFileSize).value_or("");
 }

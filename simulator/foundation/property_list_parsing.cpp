@@ -11,11 +11,12 @@ namespace foundation {
 
 namespace {
 
-// GNUstep parses nested collections of the oldest format recursively and without a limit.
+// The maximum number of collections in the oldest format. GNUstep parses nested collections recursively and without a
+// limit.
 constexpr std::ptrdiff_t maxCollections = 1000;
 
-// GNUstep's own binary format begins with a byte up to this value. The phone does not support the format, and GNUstep
-// allocates any amount of memory that the data specifies.
+// The maximum first byte of GNUstep's own binary format. Data in that format is rejected, because the phone does not
+// support it and GNUstep allocates as much memory as the data specifies.
 constexpr unsigned char maxFirstByteOfGNUstepFormat = 1;
 
 bool isSafe(const NSData* data) {
@@ -47,7 +48,8 @@ bool hasAcceptableNesting(std::string_view text) {
 
 void installPropertyListParsing() {
   using Hook = objc::detail::HookOf<&propertyListWithData>;
-  // Sends a message first, because a class whose method is replaced before its first message is never initialized.
+  // Sends a message to the class first. If a method of a class is replaced before its first message, the class is never
+  // initialized.
   const Class self = objc::send<Class, "class">(NSPropertyListSerialization::classObject());
   const auto metaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(self)));
   MSHookMessageEx(metaclass, objc::selector<"propertyListWithData:options:format:error:">(), Hook::implementation(),

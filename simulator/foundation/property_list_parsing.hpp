@@ -5,12 +5,12 @@
 
 namespace foundation {
 
-// Replaces the method. It returns nil for invalid data, as on the phone; GNUstep's own raises an exception or exhausts
-// memory or the stack. Main thread, once.
+// Replaces the method. The new method returns nil for invalid data, as on the phone. GNUstep's own method raises an
+// exception for such data, or exhausts memory or the stack. Call this once. Main thread.
 void installPropertyListParsing();
 
-// Whether text in the bracket notation, which the oldest format and tables of strings use, has few enough brackets to
-// be parsed without exhausting the stack.
+// Returns whether the text has few enough brackets to be parsed without exhausting the stack. The oldest format of
+// property lists and tables of strings use a notation with brackets.
 bool hasAcceptableNesting(std::string_view text);
 
 }  // namespace foundation

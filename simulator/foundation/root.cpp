@@ -40,8 +40,8 @@ const char* fileSystemRepresentation(NSFileManager*, SEL, NSString* path) {
   return static_cast<const char*>(NSData::dataWithBytes(mapped.c_str(), mapped.size() + 1)->bytes());
 }
 
-// On the phone, "var" links to "private/var"; both directions lead to the same files. An existing folder "private/var"
-// is not replaced.
+// Makes "/private/var" and "/var" the same folder, as on the phone. The phone has a link from "var" to "private/var";
+// the root has a link in the other direction. An existing folder "private/var" is not replaced.
 void linkPrivateFolder(const fs::path& root) {
   const fs::path link = root / "private/var";
   std::error_code ignored;
@@ -49,7 +49,8 @@ void linkPrivateFolder(const fs::path& root) {
   fs::create_directory_symlink("../var", link, ignored);
 }
 
-// The phone's file system rejects names that are not UTF-8. Here such a name is decoded as Latin-1.
+// Decodes a file name as UTF-8, or as Latin-1 if it is not valid UTF-8. The phone's file system contains only UTF-8
+// names, but this machine's can contain others.
 NSString* stringWithRepresentation(NSFileManager*, SEL, const char* name, NSUInteger length) {
   NSData* const bytes = NSData::dataWithBytes(name, length);
   const objc::Ref<NSString> decoded = NSString::decoded(bytes, NSStringEncoding::UTF8);
@@ -81,7 +82,7 @@ std::string pathUnderRoot(std::string_view platformPath) {
 }
 
 void installPlatformPaths() {
-  // By default, Foundation treats a backslash as a separator.
+  // Makes Foundation treat a backslash as part of a file name. By default, Foundation treats it as a separator.
   GSPathHandling("unix");
   MSHookMessageEx(NSFileManager::classObject(), objc::selector<"fileSystemRepresentationWithPath:">(),
                   objc::toImplementation(&fileSystemRepresentation), nullptr);

@@ -1,4 +1,5 @@
-// The root: the folder that represents the phone's file system. Translates the platform's paths into it.
+// The root: the folder that represents the phone's file system. The functions translate the platform's paths to paths
+// in this folder.
 #pragma once
 
 #include <filesystem>
@@ -10,24 +11,24 @@
 
 namespace foundation {
 
-// Selects with which processes this one shares preferences and distributed notifications.
+// The processes with which this process shares preferences and distributed notifications.
 enum class DefaultsDatabase {
-  OfUser,  // with all processes of the user
-  OfRoot,  // with the processes of the same root only
+  OfUser,  // all processes of the user
+  OfRoot,  // only the processes of the same root
 };
 
-// Selects the root. Creates it if it is missing, with a link from "private/var" to "var". Call it first in a process,
-// before any other use of Foundation, because Foundation reads the location of its database only once. Returns the
-// reason of a failure, or nothing on success. Main thread.
+// Selects the root. Creates the folder if it is missing, and a link from "private/var" to "var" in it. Call this first
+// in a process, before any other use of Foundation, because Foundation reads the location of its database only once.
+// Returns a description of the error, or nothing on success. Main thread.
 [[nodiscard]] std::optional<std::string> useRoot(const std::filesystem::path& root, DefaultsDatabase database);
 
-// The database that useRoot selected.
+// Returns the database that useRoot has selected.
 DefaultsDatabase defaultsDatabase();
-// The absolute path of the root. Empty until useRoot is called.
+// Returns the absolute path of the root. The path is empty until useRoot is called.
 const std::filesystem::path& root();
 
-// Translates a path of the phone, such as "/var/mobile/Library", to the path under the root. Returns a path unchanged
-// if it is already under the root or is relative, and any path if there is no root.
+// Translates a path of the phone, such as "/var/mobile/Library", to the path under the root. Returns the path unchanged
+// if it is relative, if it is already under the root, or if there is no root.
 std::string pathUnderRoot(std::string_view platformPath);
 
 // Makes Foundation translate paths: a path in "/Library/Application Support/Brim", "/var/mobile" or

@@ -18,7 +18,7 @@
 
 namespace foundation {
 
-// GNUstep's run loop sends events of descriptors to a watcher object.
+// The object to which GNUstep's run loop sends the events of descriptors.
 class DescriptorWatcher : public objc::Interface<"BrimDescriptorWatcher", NSObject> {};
 
 namespace {
@@ -39,7 +39,7 @@ std::map<int, Callback>& callbacks() {
 void receivedEvent(DescriptorWatcher*, void* data, RunLoopEvent, void*, NSString*) {
   const auto found = callbacks().find(static_cast<int>(reinterpret_cast<std::intptr_t>(data)));
   if (found == callbacks().end()) return;
-  // The callback may unwatch its own descriptor.
+  // The local copy keeps the callback alive, because the callback can unwatch its own descriptor.
   const Callback callback = found->second;
   (*callback)();
 }
@@ -54,7 +54,7 @@ DescriptorWatcher* watcher() {
   return shared;
 }
 
-// Whether the wake descriptor is already readable. Until it is read, no further write is necessary.
+// Whether the wake descriptor is already readable. No further write is necessary until it is read.
 std::atomic<bool> isWakePending = false;
 
 void consume(int descriptor) {
@@ -67,7 +67,8 @@ int wakeDescriptor() {
   return descriptor;
 }
 
-// The run loop's own timeouts are rounded to milliseconds and late, which is not precise enough for frames.
+// Returns the timer that ends a sleep. The timeouts of GNUstep's run loop are late and rounded to milliseconds, which
+// is not precise enough for frames.
 int timerDescriptor() {
   static const int descriptor = timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC);
   return descriptor;
@@ -118,7 +119,7 @@ void pumpRunLoop(double waitAtMost) {
   const objc::AutoreleasePool pool;
   watchOwnDescriptors();
   if (waitAtMost > 0) {
-    sleepUntil(clock::systemTime(later(clock::realNow(), nanosecondsOf(waitAtMost))));
+    sleepUntil(clock::systemTime(saturatingSum(clock::realNow(), nanosecondsOf(waitAtMost))));
     scheduleExternalWork();
   }
   objc::send<void, "acceptInputForMode:beforeDate:">(currentRunLoop(), defaultMode(), distantPast());

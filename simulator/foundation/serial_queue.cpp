@@ -13,7 +13,8 @@ namespace foundation {
 
 namespace {
 
-// Limited, because the main thread would otherwise wait forever for work that waits for the main thread.
+// The maximum time to wait for running work when the process exits. Without a limit, the main thread would wait forever
+// for work that waits for the main thread.
 constexpr std::chrono::seconds maxWaitAtExit(1);
 
 struct Threads {

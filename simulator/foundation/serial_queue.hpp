@@ -1,5 +1,5 @@
-// A serial queue. It runs one piece of work at a time, in the order in which it was added, on its own thread or on the
-// thread of a caller that waits.
+// A serial queue. It runs one piece of work at a time, in the order in which the work was added. The work runs on the
+// queue's own thread or on the thread of a caller that waits for it.
 #pragma once
 
 #include <condition_variable>
@@ -11,20 +11,20 @@
 
 namespace foundation {
 
-// A queue is never destroyed. Its thread starts with the first `async`. When the process exits, running work may finish
-// and no further work starts, because static objects that work may use are being destroyed. Any thread.
+// A queue is never destroyed. Its thread starts with the first `async`. When the process exits, running work can
+// finish, and no further work starts, because static objects that work can use are being destroyed. Any thread.
 class SerialQueue {
  public:
   void async(std::function<void()> work);
-  // Runs the work on the caller's thread, after all work that was added before.
+  // Runs the work on the caller's thread, after all work that was added earlier.
   void sync(const std::function<void()>& work);
-  // Whether the caller is work of this queue. A `sync` would then be a deadlock.
+  // Returns whether the caller is work of this queue. A call of `sync` by such work would be a deadlock.
   bool isRunningCaller() const;
 
  private:
   using Lock = std::unique_lock<std::mutex>;
 
-  // An entry without work represents a caller that waits in `sync`.
+  // A piece of work. An entry without work represents a caller that waits in `sync`.
   struct Entry {
     std::function<void()> work;
   };

@@ -1,10 +1,11 @@
-// Conversion of strings to UTF-16 data.
+// Corrects the conversion of strings to UTF-16 data.
 #pragma once
 
 namespace foundation {
 
-// Replaces -[NSString dataUsingEncoding:] for NSUnicodeStringEncoding. GNUstep's own omits the second surrogate of the
-// last character if that character is outside the Basic Multilingual Plane, such as an emoji. Main thread, once.
+// Replaces -[NSString dataUsingEncoding:] for NSUnicodeStringEncoding. If the last character is outside the Basic
+// Multilingual Plane, such as an emoji, GNUstep's own method omits the second surrogate of the character. Call this
+// once. Main thread.
 void installStringEncoding();
 
 }  // namespace foundation

@@ -23,13 +23,13 @@ struct Table {
   ObjectFilter objects;
 };
 
-// Never destroyed, because objects may be deallocated while the process exits.
+// The table is never destroyed, because objects can be deallocated while the process exits.
 Table& table() {
   static Table& shared = *new Table;
   return shared;
 }
 
-// The caller of the functions below has locked the table.
+// The caller of each of the next three functions must have locked the table.
 
 void registerLocation(id object, id* location) {
   const auto [entry, isNew] = table().entries.try_emplace(object);
@@ -67,7 +67,8 @@ void clearWeakReferences(id object) {
 
 ReleaseOutcome releaseUnlessLast(id object, SEL selector, void (*release)(id, SEL)) {
   std::unique_lock<std::mutex> lock;
-  // The lock makes a concurrent load of a weak reference wait. The load then returns null or adds a reference.
+  // Locks the table, so a concurrent load of a weak reference waits. The load then either returns null or adds a
+  // reference.
   if (table().objects.mayContain(object)) lock = std::unique_lock(table().mutex);
   if (NSExtraRefCount(object) == 0) {
     if (lock) clear(object);

@@ -36,7 +36,8 @@ Nanoseconds WorkList::nextTime() const {
 void WorkList::shift(Nanoseconds from, Nanoseconds to) {
   const std::lock_guard lock(mutex_);
   std::multimap<Nanoseconds, std::function<void()>> moved;
-  for (auto& [when, work] : timed_) moved.emplace(later(to, std::max<Nanoseconds>(when - from, 0)), std::move(work));
+  for (auto& [when, work] : timed_)
+    moved.emplace(saturatingSum(to, std::max<Nanoseconds>(when - from, 0)), std::move(work));
   timed_ = std::move(moved);
 }
 

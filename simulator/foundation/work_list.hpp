@@ -11,16 +11,16 @@
 
 namespace foundation {
 
-// Any thread can add work; only the main thread removes it.
+// A list of pending work. Any thread can add work. Only the main thread removes work.
 class WorkList {
  public:
   void add(std::function<void()> work);
-  // Work for the time `never` is dropped.
+  // Adds work with a time. Work for the time `never` is discarded.
   void addAt(Nanoseconds when, std::function<void()> work);
 
-  // Removes and returns the next work that is due; empty if there is none.
+  // Removes and returns the next work that is due. The result is empty if no work is due.
   std::function<void()> takeDue(Nanoseconds now);
-  // The time of the next work: zero for work without a time, `never` if the list is empty.
+  // Returns the time of the next work: zero if it has no time, and `never` if the list is empty.
   Nanoseconds nextTime() const;
   // Converts all deadlines from a clock that shows `from` to a clock that shows `to`.
   void shift(Nanoseconds from, Nanoseconds to);

@@ -24,7 +24,8 @@ NSMutableDictionary* storedValues(const std::filesystem::path& file) {
   return values;
 }
 
-// For a value of any other type, Foundation would store its description.
+// Returns whether a property list can contain the value. Foundation would store only the description of any other
+// value.
 bool isPropertyListValue(const NSObject* value) {
   for (const char* name : {"NSString", "NSNumber", "NSData", "NSDate", "NSArray", "NSDictionary"})
     if (value->isKindOfClass(reinterpret_cast<Class>(objc_getClass(name)))) return true;
@@ -44,7 +45,7 @@ bool writeBytes(const std::string& file, const NSData* data) {
   return close(descriptor) == 0 && written == static_cast<ssize_t>(data->length());
 }
 
-// Replaces the file atomically, because other processes may read it at any time.
+// Replaces the file atomically, because other processes can read it at any time.
 bool replaceFile(const std::string& file, const NSData* data) {
   const std::string unfinished = file + "." + std::to_string(getpid());
   if (writeBytes(unfinished, data) && rename(unfinished.c_str(), file.c_str()) == 0) return true;

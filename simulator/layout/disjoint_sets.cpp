@@ -10,7 +10,7 @@ void DisjointSets::reset(std::uint32_t variables) {
   std::iota(parent_.begin(), parent_.end(), 0U);
 }
 
-// Shortens the path to the root of the set by path halving.
+// Returns the root of the variable's set. Shortens the path to the root by path halving.
 std::uint32_t DisjointSets::find(std::uint32_t variable) {
   while (parent_[variable] != variable) variable = parent_[variable] = parent_[parent_[variable]];
   return variable;

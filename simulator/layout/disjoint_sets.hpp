@@ -10,20 +10,20 @@
 
 namespace layout {
 
-// Used by one thread at a time.
+// Sets of variables, which are numbered from 0. Used by one thread at a time.
 class DisjointSets {
  public:
   struct Location {
     std::uint32_t set;
-    std::uint32_t index;  // among the variables of the set
+    std::uint32_t index;  // the position of the variable among the variables of the set
   };
 
-  // Starts again, with each variable in a separate set.
+  // Removes all sets and puts each of `variables` variables into a separate set.
   void reset(std::uint32_t variables);
   // Merges the sets of all variables in the terms.
   void unite(std::span<const Term> terms);
-  // Numbers the sets by their first variable, and the variables of each set in ascending order. Call it after the last
-  // `unite` and before the functions below.
+  // Numbers the sets in the order of their first variables, and the variables of each set in ascending order. Call this
+  // after the last `unite` and before the functions below.
   void number();
 
   bool contains(std::uint32_t variable) const { return variable < locations_.size(); }
@@ -34,9 +34,11 @@ class DisjointSets {
  private:
   std::uint32_t find(std::uint32_t variable);
 
-  std::vector<std::uint32_t> parent_;  // of each variable: a lower variable of its set, or itself if it is the lowest
+  // For each variable: a lower variable of the same set, or the variable itself if it is the lowest one.
+  std::vector<std::uint32_t> parent_;
   std::vector<Location> locations_;
-  std::vector<std::uint32_t> sizes_;  // the number of variables in each set
+  // The number of variables in each set.
+  std::vector<std::uint32_t> sizes_;
 };
 
 }  // namespace layout

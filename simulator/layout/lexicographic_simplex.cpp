@@ -11,7 +11,7 @@ constexpr double minPivot = 1e-9;
 constexpr double minSlope = 1e-9;
 constexpr double zeroTolerance = 1e-9;
 constexpr double tieTolerance = 1e-12;
-// After more consecutive degenerate pivots than this, the search uses Bland's rule, which cannot cycle.
+// The maximum number of consecutive degenerate pivots. After that, the search uses Bland's rule, which cannot cycle.
 constexpr int maxDegeneratePivots = 16;
 
 }  // namespace
@@ -49,7 +49,8 @@ bool LexicographicSimplex::absorb(Quantity quantity) {
 
 double LexicographicSimplex::minimize(std::span<const Quantity> goal) {
   beginGoal(goal);
-  // Far more pivots than any model needs. Ends the search if rounding errors make even Bland's rule cycle.
+  // This is far more than the number of pivots of any model. The limit ends the search if rounding errors make even
+  // Bland's rule cycle.
   const std::size_t maxPivotCount = pivotCount_ + 50 * (tableau_.rows() + tableau_.columns()) + 1000;
   int degeneratePivots = 0;
   while (pivotCount_ < maxPivotCount) {
@@ -58,7 +59,8 @@ double LexicographicSimplex::minimize(std::span<const Quantity> goal) {
     const Entering entering = chooseEntering(rule);
     if (entering.direction == noSign) break;
     const Leaving leaving = chooseLeaving(entering, rule);
-    // No row limits the entering quantity. A cost has a lower bound, so the slope was a rounding error.
+    // No row limits the entering quantity, so the cost would have no lower bound. Every cost has one, so the slope was
+    // a rounding error.
     if (leaving.row == tableau_.rows()) break;
     degeneratePivots = leaving.distance > tieTolerance ? 0 : degeneratePivots + 1;
     pivot(leaving, entering);
@@ -96,7 +98,7 @@ LexicographicSimplex::Entering LexicographicSimplex::chooseEntering(Rule rule) c
   Entering best{0, noSign};
   double steepest = -minSlope;
   const auto consider = [&](std::uint32_t column, Signs direction, double slope) {
-    if (!(slope < -minSlope)) return;  // also if the slope is NaN
+    if (!(slope < -minSlope)) return;  // this form of the condition also rejects NaN
     const bool better = rule == Rule::SteepestDescent
                             ? slope < steepest
                             : best.direction == noSign || tableau_.nonbasic(column) < tableau_.nonbasic(best.column);
@@ -156,8 +158,8 @@ double LexicographicSimplex::cost(std::span<const Quantity> goal) const {
 }
 
 void LexicographicSimplex::keepOptimum(std::span<const Quantity> goal) {
-  // A basic quantity of the goal is already restricted to its sign. A nonbasic quantity is fixed in each direction in
-  // which it would increase the cost.
+  // Each basic quantity of the goal is already restricted to its sign. Each nonbasic quantity is fixed in every
+  // direction in which it would increase the cost.
   computeGradient(goal);
   for (const std::uint32_t column : candidateColumns_) {
     const Quantity quantity = tableau_.nonbasic(column);

@@ -1,5 +1,5 @@
-// A primal simplex method for lexicographic optimization: it minimizes several goals in order, and each goal only
-// within the optimum of the previous ones.
+// A primal simplex method for lexicographic optimization. It minimizes several goals one after another. Each goal is
+// minimized only as far as the previous goals remain at their optimum.
 #pragma once
 
 #include <cstddef>
@@ -11,9 +11,9 @@
 
 namespace layout {
 
-// A goal is a set of quantities. Each has a cost for every unit that it is below or above zero. Each goal is first
-// minimized and then fixed at its optimum. A quantity that no goal has contained yet can have any value. Used by one
-// thread at a time.
+// A goal is a set of quantities. Each quantity has a cost for every unit below zero and for every unit above zero. Each
+// goal is first minimized and then fixed at its optimum. A quantity can have any value until a goal contains it. Used
+// by one thread at a time.
 class LexicographicSimplex {
  public:
   using Quantity = Tableau::Quantity;
@@ -22,9 +22,9 @@ class LexicographicSimplex {
     double above = 0;
   };
 
-  // Starts again with all quantities free and without cost. The caller then fills the tableau.
+  // Makes all quantities free and removes their costs. The caller must then fill the tableau.
   void reset(std::size_t variables, std::size_t constraints);
-  // Makes all quantities free again, at the current basis.
+  // Makes all quantities free again. The basis does not change.
   void release();
 
   Tableau& tableau() { return tableau_; }
@@ -32,23 +32,25 @@ class LexicographicSimplex {
   void setCost(Quantity quantity, Cost cost) { costs_[quantity] = cost; }
 
   // Makes a basic quantity zero by exchanging it with a nonbasic variable. Returns false if its expression contains no
-  // such variable. Call it only while each fixed goal was absorbed or had no such variable in its expression.
+  // nonbasic variable. Before the call, each fixed goal must have been absorbed or must have no nonbasic variable in
+  // its expression.
   bool absorb(Quantity quantity);
-  // Minimizes and returns the total cost of the quantities. Call `keepOptimum`, `keepZero` or `abandon` next.
+  // Minimizes the total cost of the quantities and returns it. Call `keepOptimum`, `keepZero` or `abandon` next.
   double minimize(std::span<const Quantity> goal);
   double cost(std::span<const Quantity> goal) const;
-  // Restricts all quantities so that the goal minimized last remains at its optimum.
+  // Restricts all quantities so that the goal minimized last remains at its optimum. `goal` must be that goal.
   void keepOptimum(std::span<const Quantity> goal);
-  // Restricts all quantities so that a goal whose optimum is zero remains zero, and removes rounding errors.
+  // Restricts all quantities so that a goal whose optimum is zero remains zero. Also removes rounding errors.
   void keepZero(std::span<const Quantity> goal);
-  // Makes the quantity free again.
+  // Removes the restriction of the quantity.
   void abandon(Quantity quantity) { allowed_[quantity] = eitherSign; }
 
-  // Whether no quantity can change without increasing the cost of a fixed goal.
+  // Returns whether no quantity can change without increasing the cost of a fixed goal.
   bool isDetermined() const;
-  // Whether all quantities still have a sign that the fixed goals allow. The basis is then optimal for all goals.
+  // Returns whether all quantities still have a sign that the fixed goals allow. If so, the basis is optimal for all
+  // goals.
   bool isFeasible() const;
-  // The number of pivots since construction. A reset does not clear it.
+  // The number of pivots since construction, including those before the last reset.
   std::size_t pivotCount() const { return pivotCount_; }
 
  private:
@@ -61,11 +63,11 @@ class LexicographicSimplex {
 
   struct Entering {
     std::size_t column;
-    Signs direction;  // negative or positive, or noSign if the optimum is reached
+    Signs direction;  // negative, positive, or noSign if the optimum has been reached
   };
   struct Leaving {
     std::size_t row;
-    double distance;  // the change of the entering quantity
+    double distance;  // the amount by which the entering quantity changes
   };
   enum class Rule { SteepestDescent, Bland };
 
@@ -80,10 +82,13 @@ class LexicographicSimplex {
   Tableau tableau_;
   std::vector<Cost> costs_;
   std::vector<Signs> allowed_;
-  std::vector<std::uint32_t> goalOf_;  // the number of the last goal that contained a quantity
+  // The number of the last goal that contained each quantity.
+  std::vector<std::uint32_t> goalOf_;
   std::uint32_t goalNumber_ = 0;
-  std::vector<std::uint32_t> candidateColumns_;  // of the nonbasic quantities that are not fixed at zero
-  std::vector<double> gradient_;                 // the cost of the goal's basic quantities, differentiated by column
+  // The columns of the nonbasic quantities that are not fixed at zero.
+  std::vector<std::uint32_t> candidateColumns_;
+  // The derivative, for each column, of the cost of the goal's basic quantities.
+  std::vector<double> gradient_;
   std::size_t pivotCount_ = 0;
 };
 

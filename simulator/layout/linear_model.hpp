@@ -16,11 +16,11 @@ struct Term {
 
 enum class Relation : std::uint8_t { LessOrEqual, Equal, GreaterOrEqual };
 
-// A constraint with this priority or a higher one must hold.
+// The minimum priority of a required constraint.
 inline constexpr float requiredPriority = 1000;
 
-// The constraint "sum of the terms + constant `relation` 0". Coefficients and constant are scaled by 2^-exponent, so
-// that the largest coefficient is in [1, 2).
+// The constraint "sum of the terms + constant `relation` 0". The coefficients and the constant are multiplied by
+// 2^-exponent, so the largest coefficient is in [1, 2).
 struct Row {
   double constant = 0;
   std::uint32_t termCount = 0;
@@ -32,8 +32,8 @@ struct Row {
   bool operator==(const Row&) const = default;
 };
 
-// A view of rows and terms that the caller owns. The terms of the first row come first, then those of the second row,
-// and so on.
+// A view of rows and terms that the caller owns. The terms of the first row come first. The terms of the second row
+// follow, and so on.
 struct Model {
   std::uint32_t variables = 0;
   std::span<const Row> rows;

@@ -1,4 +1,4 @@
-// Splits a linear model into independent models, one for each disjoint set of variables.
+// Splits a linear model into independent models, one model for each disjoint set of variables.
 #pragma once
 
 #include <cstdint>
@@ -10,26 +10,27 @@
 
 namespace layout {
 
-// Works in two passes over the same constraints in the same order: the first counts them, the second stores them. The
-// models have the numbers of the sets. Constraints without variables form an additional model, the last one.
+// Splits the constraints in two passes over the same constraints in the same order. The first pass counts them, the
+// second pass stores them. Each model has the number of its set. An additional model, the last one, contains the
+// constraints without variables.
 class ModelSplitter {
  public:
-  // Borrows the sets.
+  // The splitter refers to `sets`, which must outlive it.
   explicit ModelSplitter(const DisjointSets& sets);
 
-  // First pass, once for each constraint.
+  // Counts a constraint. Call this in the first pass, once for each constraint.
   void count(std::span<const Term> terms);
-  // Between the passes.
+  // Allocates memory for the counted constraints. Call this between the passes.
   void allocate();
 
   struct RowLocation {
     std::uint32_t model;
     std::uint32_t row;
   };
-  // Second pass, once for each constraint. Returns where the row was stored.
+  // Stores a constraint and returns its location. Call this in the second pass, once for each constraint.
   RowLocation append(const Row& row, std::span<const Term> terms);
 
-  // The models refer to the memory of the splitter.
+  // Returns the models. They refer to the memory of the splitter.
   std::vector<Model> models() const;
 
  private:

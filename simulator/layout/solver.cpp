@@ -24,7 +24,8 @@ void mergeTermsOfSameVariable(std::vector<Solver::Term>& terms) {
   terms.resize(count);
 }
 
-// Divides the coefficients by a power of two, so that the largest one is in [1, 2). Returns the exponent.
+// Divides the coefficients by a power of two, so the largest coefficient is in [1, 2). Returns the exponent of that
+// power.
 int scaleTerms(std::vector<Solver::Term>& terms) {
   double largest = 0;
   for (const Solver::Term& term : terms) largest = std::max(largest, std::abs(term.coefficient));
@@ -151,7 +152,7 @@ void Solver::connectVariables() {
   sets_.number();
 }
 
-// Reuses a solved subproblem that has the same model.
+// Creates and solves the subproblems of the models. A model that was solved before keeps its solved subproblem.
 void Solver::solveNewModels(std::vector<Subproblem> solved, std::span<const Model> models) {
   std::unordered_multimap<std::size_t, Subproblem*> reusable;
   reusable.reserve(solved.size());

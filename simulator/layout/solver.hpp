@@ -13,19 +13,20 @@
 
 namespace layout {
 
-// Variables are real numbers of any sign. Required constraints hold exactly. Then, from the highest priority to the
-// lowest, the sum of the absolute violations of all constraints of a priority is minimized, as far as the constraints
-// of higher priorities allow. If several solutions remain, the absolute value of each variable is minimized, in order
-// of addition. The result therefore depends on the model only, and a variable without constraints is zero.
+// Variables are real numbers of any sign. Required constraints hold exactly. Then each priority is processed, from the
+// highest to the lowest: the sum of the absolute violations of its constraints is minimized, as far as the constraints
+// of higher priorities allow. If several solutions remain, the absolute value of each variable is minimized, in the
+// order in which the variables were added. Therefore, the result depends only on the model, and a variable without
+// constraints is zero.
 //
 // The solver is optimized for layouts. It splits the model into independent subproblems, which are the connected
-// components of variables and constraints, and solves a subproblem again only if it changes. The time and memory of a
-// subproblem grow with the product of its variables and constraints. A solver has no shared state. It is used by one
-// thread at a time.
+// components of variables and constraints. It solves a subproblem again only if the subproblem has changed. The time
+// and memory of a subproblem grow with the product of its numbers of variables and constraints. A solver has no shared
+// state. It is used by one thread at a time.
 class Solver {
  public:
   using Variable = std::uint32_t;    // numbered from 0 in order of addition
-  using Constraint = std::uint32_t;  // numbered from 0 in order of addition; the number of a removed one is not reused
+  using Constraint = std::uint32_t;  // numbered from 0 in order of addition; a number is never reused
   using Term = layout::Term;
   using Relation = layout::Relation;
   static constexpr float required = requiredPriority;
@@ -33,45 +34,46 @@ class Solver {
   Variable addVariable();
 
   // Adds the constraint "sum of the terms + constant `relation` 0". Terms of the same variable are added up. A
-  // constraint with a priority of `required` or higher must hold. A constraint has no effect and is listed as a
-  // conflict if it contains a number that is not finite or an unknown variable, or if its priority is NaN. The absolute
+  // constraint with a priority of `required` or higher must hold. If a constraint contains an unknown variable or a
+  // number that is not finite, or if its priority is NaN, it has no effect and is listed as a conflict. The absolute
   // value of a constant is limited to about ten million times the largest coefficient, because larger values, such as
   // sentinels, would reduce the precision of other constraints.
   Constraint add(std::span<const Term> terms, double constant, Relation relation, float priority);
 
-  // Ignores an unknown or removed constraint, as setConstant does.
+  // Removes a constraint. Ignores an unknown or removed constraint.
   void remove(Constraint constraint);
 
-  // Changes the constant of a constraint. Solving after such changes is much faster than after an addition or removal,
-  // because it starts from the last result.
+  // Changes the constant of a constraint. Ignores an unknown or removed constraint. Solving after this change is much
+  // faster than after an addition or removal, because it starts from the last result.
   void setConstant(Constraint constraint, double constant);
 
-  // Computes the values and conflicts. They do not change until the next call.
+  // Computes the values and conflicts, which do not change until the next call.
   void solve();
 
-  // The value of the variable after the last solve; zero for an unknown variable.
+  // Returns the value of the variable after the last solve. The value of an unknown variable is zero.
   double value(Variable variable) const;
 
-  // The constraints that the last solve ignored, in order of addition: malformed ones, and each required one that
-  // contradicts required ones before it. Valid until the next solve.
+  // The constraints that the last solve ignored, in order of addition. These are malformed constraints, and required
+  // constraints that contradict required constraints before them. Valid until the next solve.
   std::span<const Constraint> conflicts() const { return conflicts_; }
 
-  // Removes all variables and constraints. Solved subproblems that occur again in the next model are not solved again.
+  // Removes all variables and constraints. The solved subproblems are stored. If they occur again in the next model,
+  // they are not solved again.
   void clear();
 
-  // Measures of time and memory: the number of pivots of all solves, and the current number of cells of all tableaus.
+  // The cost of the solver: the number of pivots of all solves, and the current number of cells of all tableaus.
   std::size_t pivotCount() const { return pivotCount_; }
   std::size_t cellCount() const;
 
  private:
-  // What the next solve must do, in ascending order of cost.
+  // The work that the next solve must do, in ascending order of cost.
   enum class Update { None, Constants, SplitModel };
   struct Record {
     Row row;
     std::uint32_t firstTerm;
     bool isRemoved;
     bool isMalformed;
-    ModelSplitter::RowLocation location;  // its subproblem, and its row there
+    ModelSplitter::RowLocation location;  // the subproblem of the constraint, and its row in the subproblem
 
     bool isActive() const;
   };
@@ -89,7 +91,7 @@ class Solver {
   std::uint32_t variableCount_ = 0;
   std::vector<Record> records_;
   std::vector<Term> terms_;
-  std::vector<Term> expression_;  // of the constraint that is being added
+  std::vector<Term> expression_;  // the terms of the constraint that is being added
   std::vector<Constraint> changed_;
   std::vector<Constraint> conflicts_;
   Update update_ = Update::None;

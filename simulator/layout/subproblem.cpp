@@ -6,14 +6,14 @@
 namespace layout {
 namespace {
 
-// A required constraint is satisfied if its violation is at most this value, in points. The value is far below one
-// pixel and exceeds the rounding errors of the largest constants.
+// The maximum violation of a satisfied required constraint, in points. It is far below one pixel and exceeds the
+// rounding errors of the largest constants.
 constexpr double tolerance = 1e-6;
-// Rounding errors grow with each pivot. After this many pivots the problem is solved from scratch.
+// The maximum number of pivots before the problem is solved from scratch. Rounding errors grow with each pivot.
 constexpr std::size_t maxPivotsOnLastBasis = 1000;
 
-// Rows are scaled, so a violation is converted back to the units of the constraint. All costs of a priority level are
-// divided by its largest unit.
+// Returns the cost of violating a row. Rows are scaled, so the cost converts a violation back to the units of the
+// constraint. All costs of a priority are divided by its largest unit.
 LexicographicSimplex::Cost costOf(const Row& row, int maxExponent) {
   const double unit = row.exponent == maxExponent ? 1 : std::scalbn(1.0, row.exponent - maxExponent);
   return {row.relation == Relation::LessOrEqual ? 0 : unit, row.relation == Relation::GreaterOrEqual ? 0 : unit};

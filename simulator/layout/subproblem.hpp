@@ -1,4 +1,4 @@
-// Solves a subproblem of a model: a connected component of variables and the constraints between them.
+// Solves one subproblem of a model: a connected component of variables and constraints.
 #pragma once
 
 #include <cstddef>
@@ -11,24 +11,24 @@
 
 namespace layout {
 
-// Variables and rows are numbered as in the subproblem's model. All numbers in the model must be finite and all
-// variables must exist. Used by one thread at a time.
+// A subproblem. Its variables and rows have the numbers that they have in its model. All numbers in the model must be
+// finite, and all variables in its terms must exist. Used by one thread at a time.
 class Subproblem {
  public:
-  // Copies the model. Call `solve` before reading values or conflicts.
+  // Copies the model. Call `solve` before you read values or conflicts.
   explicit Subproblem(const Model& model);
 
-  // The model with the current constants. Valid until the next change.
+  // The model with the current constants. The model is valid until the next change.
   Model model() const { return {variableCount_, rows_, terms_}; }
   void setConstant(std::uint32_t row, double constant);
-  // Starts from the last result if possible.
+  // Solves the subproblem. Starts from the last result if possible.
   void solve();
 
   double value(std::uint32_t variable) const { return simplex_.tableau().value(variable); }
-  // The required rows that contradict required rows before them, in ascending order.
+  // The required rows that contradict required rows before them, in ascending order of their numbers.
   std::span<const std::uint32_t> conflicts() const { return conflicts_; }
 
-  // The number of pivots of all solves, and the size of the tableau.
+  // The number of pivots of all solves, and the number of cells of the tableau.
   std::size_t pivotCount() const { return simplex_.pivotCount(); }
   std::size_t cellCount() const { return rows_.size() * (variableCount_ + 1); }
 
@@ -55,13 +55,15 @@ class Subproblem {
   std::uint32_t variableCount_;
   std::vector<Row> rows_;
   std::vector<Term> terms_;
-  std::vector<Change> changes_;  // since the last solve
+  std::vector<Change> changes_;  // the changes since the last solve
   std::vector<std::uint32_t> conflicts_;
   bool isSolved_ = false;
 
   LexicographicSimplex simplex_;
-  std::size_t pivotCountFromScratch_ = 0;  // the pivot count when the problem was last solved from scratch
-  std::vector<std::uint32_t> levels_;      // the rows that are not required, highest priority first
+  // The pivot count after the subproblem was last solved from scratch.
+  std::size_t pivotCountFromScratch_ = 0;
+  // The rows that are not required, in descending order of priority.
+  std::vector<std::uint32_t> levels_;
   std::vector<Quantity> goal_;
 };
 

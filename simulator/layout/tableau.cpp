@@ -6,7 +6,7 @@
 namespace layout {
 namespace {
 
-// A sum that is smaller than its operands by this factor is treated as zero, because it is a rounding error.
+// The tolerance for rounding errors. A sum is treated as zero if it is smaller than its operands by this factor.
 constexpr double cancellationTolerance = 1e-12;
 
 }  // namespace

@@ -41,8 +41,8 @@ void requestTermination(int) {
   foundation::wakeMainThread();
 }
 
-// A home screen that launches the app has already prepared the root. If the home screen has ended since, its root can
-// be deleted.
+// Makes the root the file system of the app. A home screen that launches the app has already prepared its root. That
+// home screen may have ended since, and its root may have been deleted.
 void enterRoot(const MessagesOptions& options) {
   if (options.launch == Launch::ByUser) return process::useRoot(options.root);
   const fs::path& root = options.root;
@@ -76,7 +76,7 @@ void registerClasses(const MessagesOptions& options) {
   messages::registerClasses();
 }
 
-// A write to a closed pipe or a full disk must fail with an error instead of ending the process.
+// Makes a write to a closed pipe or beyond a size limit fail with an error. By default, a signal would end the process.
 void ignoreWriteSignals() {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
@@ -114,7 +114,7 @@ MessagesApp::MessagesApp(const MessagesOptions& options) : state_(std::make_uniq
                             report({{"event", "read"}, {"chat", chat}});
                           }});
   state_->list = objc::make<CKConversationListController>();
-  // Loads the view of the list. The library starts to receive requests when this happens.
+  // Loads the view of the list. This makes the library start to receive requests.
   state_->list->view();
 
   const fs::path folder = messages::messagesFolder(foundation::root());
@@ -122,7 +122,7 @@ MessagesApp::MessagesApp(const MessagesOptions& options) : state_(std::make_uniq
   if (!state_->service->isOpen())
     throw process::StartError(folder.string() + ": cannot listen for home screens: " + std::strerror(errno));
   if (options.launch == Launch::Suspended) {
-    // Foundation cannot watch descriptor 0, so the app watches a duplicate.
+    // The app watches a duplicate of descriptor 0, because Foundation cannot watch descriptor 0.
     state_->standardInput = FileDescriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
     foundation::watchDescriptor(state_->standardInput.get(), [this] {
       char ignored[64];
@@ -143,7 +143,7 @@ MessagesApp::~MessagesApp() {
 
 void MessagesApp::run() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, &requestTermination);
-  // Another home screen can still be connected and send requests.
+  // The app continues to run while another home screen is connected, because that home screen can send requests.
   foundation::runMainQueueUntil([this] {
     return terminationRequested.load() || (state_->standardInputHasEnded && !state_->service->isConnected());
   });

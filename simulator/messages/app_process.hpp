@@ -8,24 +8,24 @@
 
 namespace messages {
 
-// Another Messages app already runs on the root.
+// Thrown if another Messages app already runs on the root.
 class AlreadyRunning : public process::StartError {
  public:
   using process::StartError::StartError;
 };
 
-// The app after it has loaded its list of conversations. A process creates at most one app, before any other use of
-// Foundation. Main thread.
+// The Messages app. After its construction, it has loaded its list of conversations. A process creates at most one app,
+// before any other use of Foundation. Main thread.
 class MessagesApp {
  public:
-  // Throws StartError.
+  // Starts the app. Throws StartError.
   explicit MessagesApp(const MessagesOptions& options);
   MessagesApp(const MessagesApp&) = delete;
   MessagesApp& operator=(const MessagesApp&) = delete;
   ~MessagesApp();
 
-  // Returns when a signal asks the process to terminate. A suspended app also ends when its standard input has ended
-  // and no home screen is connected.
+  // Runs the app until a signal requests the termination of the process. If a home screen has launched the app, this
+  // function also returns when standard input has ended and no home screen is connected.
   void run();
 
  private:

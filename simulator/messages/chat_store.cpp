@@ -32,14 +32,14 @@ constexpr const char* schema = R"(
   PRAGMA user_version = 1;
 )";
 
-// What the user can do about the error.
+// Returns what the user can do about the error.
 const char* remedyFor(int errorCode) {
   switch (errorCode & 0xff) {
     case SQLITE_BUSY:
       return "another process has locked it: end that process";
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
-      return "it is damaged: move it away, and a new store is created";
+      return "it is damaged: move it away; the next start creates a new store";
     case SQLITE_FULL:
       return "the disk is full: free some space";
     case SQLITE_READONLY:
@@ -89,12 +89,12 @@ int versionOf(const fs::path& path, sqlite3* database, PreparedStatements& state
 void createTables(const fs::path& path, sqlite3* database, PreparedStatements& statements) {
   if (versionOf(path, database, statements) == schemaVersion) return;
   Transaction transaction(path, database);
-  // Another process can have created them before this transaction began.
+  // The version is read again, because another process can have created the tables before this transaction began.
   const int version = versionOf(path, database, statements);
   if (version == schemaVersion) return;
   if (version != 0)
     throw StoreError(path.string() + " has version " + std::to_string(version) + "; this program supports version " +
-                     std::to_string(schemaVersion) + ": move it away, and a new store is created");
+                     std::to_string(schemaVersion) + ": move it away; the next start creates a new store");
   transaction.execute(schema);
   transaction.commit();
 }
@@ -114,7 +114,7 @@ ChatStore::ChatStore(const fs::path& root) : path_(storePath(root)) {
   database_.reset(opened);
   if (result != SQLITE_OK) fail(path_, opened);
   sqlite3_busy_timeout(opened, busyTimeoutMilliseconds);
-  // With write-ahead logging, a commit survives a crash of the process without a wait for the disk.
+  // With write-ahead logging, a commit survives a crash of the process, although it does not wait for the disk.
   prepare("PRAGMA journal_mode = WAL").step();
   prepare("PRAGMA synchronous = NORMAL").step();
   createTables(path_, opened, statements_);

@@ -1,5 +1,5 @@
-// The store of conversations and messages: a SQLite database in the root, which the processes of the root share. An
-// object belongs to one thread.
+// The store of conversations and messages. It is a SQLite database in the root, and all processes of the root share it.
+// Each object of these classes belongs to one thread.
 #pragma once
 
 #include <sqlite3.h>
@@ -16,15 +16,16 @@
 
 namespace messages {
 
-// The store cannot be opened, read or written. what() is a message for the user with the reason and a remedy.
+// Thrown if the store cannot be opened, read or written. what() is a message for the user that contains the reason and
+// a remedy.
 class StoreError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
 struct Chat {
-  std::int64_t number = 0;  // primary key
-  std::string guid;         // such as iMessage;-;+491701234567
+  std::int64_t number = 0;  // the primary key
+  std::string guid;         // such as "iMessage;-;+491701234567"
   std::string name;         // empty if unknown
 };
 
@@ -34,21 +35,21 @@ struct Message {
   Direction direction = Direction::Received;
   std::string text;
   std::uint64_t flags = 0;
-  double time = 0;  // seconds since 1970
+  double time = 0;  // in seconds since 1970
   bool isRead = false;
 };
 
-// Texts are UTF-8 and can contain zero bytes. Written data survives a crash of the process. While another process
-// writes, the functions wait for up to two seconds. All functions throw StoreError.
+// A connection to the store. Texts are UTF-8 and can contain zero bytes. Written data survives a crash of the process.
+// While another process writes, the functions wait for up to two seconds. All functions throw StoreError.
 class ChatStore {
  public:
   static bool existsIn(const std::filesystem::path& root);
-  // Creates the store if it does not exist.
+  // Opens the store. Creates it if it does not exist.
   explicit ChatStore(const std::filesystem::path& root);
 
-  // Sorted by the latest message of each chat, newest first.
+  // Returns all chats. The chat with the latest message is first.
   std::vector<Chat> chats() const;
-  // In order of arrival.
+  // Returns the messages of the chat in order of arrival.
   std::vector<Message> messagesOf(const Chat& chat) const;
 
   void add(const Chat& chat, const Message& message);

@@ -25,7 +25,7 @@ FileDescriptor lockInstance(const fs::path& folder) {
   if (!file.isOpen()) throw fs::filesystem_error("cannot open", path, std::error_code(errno, std::generic_category()));
   if (flock(file.get(), LOCK_EX | LOCK_NB) != 0) return {};
   const std::string process = std::to_string(getpid()) + "\n";
-  // The process identifier is for information only, so a full disk is not an error.
+  // The process identifier in the file is for information only, so a failed write is ignored.
   if (ftruncate(file.get(), 0) == 0) static_cast<void>(pwrite(file.get(), process.data(), process.size(), 0));
   return file;
 }

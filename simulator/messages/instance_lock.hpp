@@ -1,4 +1,4 @@
-// The lock that allows at most one Messages app on a root.
+// The lock that limits a root to one Messages app.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// The messages program: runs the Messages app, lists its conversations or receives a message.
+// The program `messages`: runs the Messages app, lists its conversations or receives a message.
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -16,7 +16,7 @@ int reportError(const std::string& message) {
   return cannotStart;
 }
 
-// Two home screens can launch the app at the same time. The second process exits with success.
+// Two home screens can launch the app at the same time. In that case, the second process exits with success.
 int runApp(const messages::MessagesOptions& options) try {
   messages::MessagesApp app(options);
   app.run();

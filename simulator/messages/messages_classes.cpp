@@ -23,7 +23,7 @@ std::unique_ptr<Application>& application() {
   return shared;
 }
 
-// Returns false and prints the error if the store fails.
+// Runs the work. If the store fails, prints the error and returns false.
 template <class Work>
 bool tryWithStore(const Work& work) try {
   work();

@@ -37,17 +37,17 @@ struct objc::StateOf<IMMessage> {
 
 namespace messages {
 
-// Callbacks that run after the app has written to the store.
+// Functions that are called after the app has written to the store.
 struct StoreObserver {
   std::function<void(const std::string& guid, const std::string& text, std::uint64_t flags)> sent;
   std::function<void(const std::string& guid)> read;
 };
 
-// Registers the classes. Call it once, after uikit::registerClasses.
+// Registers the classes. Call this once, after uikit::registerClasses.
 void registerClasses();
 
-// Sets the store of the classes. Call it once, before the classes are used. An error of the store is printed to
-// standard error, and the failed operation has no effect.
+// Sets the store that the classes use. Call this once, before the classes are used. If an operation of the store fails
+// later, it has no effect, and an error is printed to standard error.
 void useStore(ChatStore store, StoreObserver observer);
 
 }  // namespace messages

@@ -43,7 +43,7 @@ const std::vector<Row>& optionTable() {
        [](MessagesOptions& options, const std::string& value) {
          return process::parseSystem(options.systemVersion, value);
        }},
-      {"--without-brim", nullptr, "do not load the library; replies are not received",
+      {"--without-brim", nullptr, "do not load the library; the app then ignores replies from home screens",
        [](MessagesOptions& options, const std::string&) {
          options.library = process::LibraryUse::Absent;
          return process::ExpectedValue();

@@ -1,4 +1,4 @@
-// The command line of the messages program.
+// The command line of the program `messages`.
 #pragma once
 
 #include <filesystem>
@@ -17,28 +17,28 @@ enum class MessagesTask {
 };
 enum class Launch {
   ByUser,
-  Suspended,  // by a home screen, which keeps the other end of standard input open while it runs
+  Suspended,  // launched by a home screen, which keeps the other end of standard input open while it runs
 };
 
 struct MessagesOptions {
-  // These have the same meaning as for the home screen.
+  // The next three options have the same meaning as for the home screen.
   std::filesystem::path root = {};
   std::string systemVersion = process::defaultSystemVersion;
   process::LibraryUse library = process::LibraryUse::Loaded;
   MessagesTask task = MessagesTask::Run;
   Launch launch = Launch::ByUser;
-  // For Launch::Suspended: the preferences and distributed notifications that the app uses.
+  // The preferences and distributed notifications that the app uses. Only Launch::Suspended uses this option.
   foundation::DefaultsDatabase database = foundation::DefaultsDatabase::OfRoot;
-  // For MessagesTask::Receive.
+  // The next three options are set for MessagesTask::Receive.
   std::string chat = {};    // the chat's identifier or the sender's address
-  std::string sender = {};  // the sender's name; empty if not given
+  std::string sender = {};  // the sender's name; empty if it is not given
   std::optional<std::string> text = {};
 };
 
-// `arguments` does not include the program's name.
+// Parses the arguments, which do not include the program's name.
 process::CommandLine<MessagesOptions> parseMessagesOptions(std::span<const char* const> arguments);
 
-// The text that --help prints.
+// Returns the text that --help prints.
 std::string messagesHelp();
 
 }  // namespace messages

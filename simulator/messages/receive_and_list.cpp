@@ -27,7 +27,7 @@ fs::path rootOf(const MessagesOptions& options) {
   return options.root.empty() ? base::defaultRoot() : fs::absolute(options.root);
 }
 
-// The address at the end of a chat's identifier. Notifications use it as their thread identifier.
+// Returns the address at the end of a chat's identifier. Notifications use it as their thread identifier.
 std::string addressOf(const std::string& guid) { return guid.substr(guid.rfind(';') + 1); }
 
 std::string guidOf(const std::string& chat) {
@@ -36,7 +36,7 @@ std::string guidOf(const std::string& chat) {
 
 std::string nameOf(const Chat& chat) { return chat.name.empty() ? addressOf(chat.guid) : chat.name; }
 
-// Replaces control characters, because a message must be one line of terminal output.
+// Replaces control characters by spaces, because the output has one line for each message.
 std::string singleLine(const std::string& text) {
   std::string line;
   for (const char character : text) {

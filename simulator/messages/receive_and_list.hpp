@@ -1,4 +1,4 @@
-// The tasks of the messages program other than to run the app. Each of them returns the exit status of the process and
+// The tasks of the program `messages` that do not run the app. Each function returns the exit status of the process and
 // throws messages::StoreError.
 #pragma once
 
@@ -6,7 +6,7 @@
 
 namespace messages {
 
-// Prints the conversations to standard output, formatted for people.
+// Prints the conversations to standard output as readable text.
 int listConversations(const MessagesOptions& options);
 
 // Stores a received message and asks the home screen of the root to show a banner. If no home screen runs, prints a

@@ -1,5 +1,6 @@
-// The service of the Messages app for home screens. It replies when the app is ready for requests and reports what the
-// app has done. The protocol is lines of text over a socket next to the store. Main thread.
+// The service through which the Messages app communicates with home screens. It replies when the app is ready for
+// requests, and reports what the app has done. The protocol consists of lines of text over a socket in the folder of
+// the store. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -14,22 +15,23 @@
 namespace messages {
 
 inline constexpr const char* serviceSocket = "messages.socket";
-// The reply to an empty line, by which a home screen asks whether the app is ready. Every other line from the app is an
-// event, which is a JSON object.
+// The reply to an empty line. A home screen sends an empty line to query whether the app is ready. Every other line
+// from the app is an event, which is a JSON object.
 inline constexpr const char* readyReply = "ready";
 
-// At most one exists for each root; see instance_lock.hpp.
+// A root has at most one service, because it has at most one Messages app; see instance_lock.hpp.
 class ReportService {
  public:
-  // `becomeReady` is called for each query. If it returns false, the service closes the connection instead of replying.
-  // If the socket cannot be created, the service is not open and errno describes the error.
+  // Creates the socket in `folder`. `becomeReady` is called for each query. If it returns false, the service closes the
+  // connection instead of replying. If the socket cannot be created, the service is not open, and errno describes the
+  // error.
   ReportService(const std::filesystem::path& folder, std::function<bool()> becomeReady);
   ReportService(const ReportService&) = delete;
   ReportService& operator=(const ReportService&) = delete;
   ~ReportService();
 
   bool isOpen() const { return listening_.isOpen(); }
-  // Whether any home screen is connected.
+  // Returns whether any home screen is connected.
   bool isConnected() const { return !connections_.empty(); }
   // Sends the event to all connected home screens.
   void report(const nlohmann::ordered_json& event);

@@ -1,5 +1,5 @@
-// SQL statements of a SQLite database. Each statement is prepared once, because its preparation usually takes longer
-// than its execution. Objects belong to one thread.
+// SQL statements of a SQLite database. Each statement is prepared only once, because preparing it usually takes longer
+// than executing it. Each object of these classes belongs to one thread.
 #pragma once
 
 #include <sqlite3.h>
@@ -14,8 +14,8 @@ namespace messages {
 
 class PreparedStatements {
  public:
-  // `sql` must be a string literal, because it is stored by reference. Returns null if the statement cannot be
-  // prepared; sqlite3_errmsg then describes the error.
+  // Returns the prepared statement for `sql`, which must be a string literal because it is stored by reference. Returns
+  // null if the statement cannot be prepared; sqlite3_errmsg then describes the error.
   sqlite3_stmt* findOrPrepare(sqlite3* database, const char* sql) {
     Prepared& found = statements_[sql];
     if (found != nullptr) return found.get();
@@ -34,8 +34,8 @@ class PreparedStatements {
   std::map<std::string_view, Prepared> statements_;
 };
 
-// One execution of a prepared statement. Two executions of the same statement must not overlap. A null pointer is a
-// statement that has already failed. Bound texts must outlive the object.
+// One execution of a prepared statement. Two executions of the same statement must not overlap. A null pointer
+// represents a statement that could not be prepared. Bound texts must outlive the object.
 class Statement {
  public:
   explicit Statement(sqlite3_stmt* statement)
@@ -50,7 +50,7 @@ class Statement {
     int position = 0;
     (bindAt(++position, values), ...);
   }
-  // Executes the statement up to its next row. Returns false at the end and after an error.
+  // Executes the statement up to its next row of results. Returns false after the last row and after an error.
   bool step() {
     if (hasFailed()) return false;
     result_ = sqlite3_step(statement_);

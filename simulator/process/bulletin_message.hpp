@@ -1,5 +1,5 @@
-// The message by which a process of the phone asks the home screen to show a notification. It is one JSON object, which
-// is sent over a socket in the root. The sender closes the connection after the message. Any thread.
+// The message by which a process of the phone asks the home screen to show a notification. The message is one JSON
+// object, which is sent over a socket in the root. The sender closes the connection after the message. Any thread.
 #pragma once
 
 #include <filesystem>
@@ -9,13 +9,13 @@
 namespace process {
 
 inline constexpr const char* bulletinSocket = "bulletins.socket";
-// The folder of that socket.
+// Returns the folder of the socket.
 std::filesystem::path bulletinFolder(const std::filesystem::path& root);
 
-// All texts are UTF-8.
+// A notification. All texts are UTF-8.
 struct Bulletin {
   std::string section;  // the application's bundle identifier
-  std::string thread;   // identifies the conversation; empty for none
+  std::string thread;   // the identifier of the conversation; empty if there is none
   std::string title;
   std::string message;
 };

@@ -1,4 +1,4 @@
-// Command-line parsing. A table describes the options of a program; the parser and --help use the same table.
+// Command-line parsing. A table describes the options of a program. The parser and --help use the same table.
 #pragma once
 
 #include <algorithm>
@@ -14,11 +14,11 @@ namespace process {
 struct HelpRequest {};
 struct VersionRequest {};
 struct OptionError {
-  // States the error and the expected argument.
+  // A message that states the error and the expected argument.
   std::string message;
 };
 
-// The result of applying an option's value: nothing if the value is valid, otherwise a description of the expected
+// The result of applying an option's value: nothing if the value is valid, or otherwise a description of the expected
 // value, such as "a folder".
 using ExpectedValue = std::optional<std::string>;
 
@@ -28,7 +28,7 @@ using CommandLine = std::variant<Options, HelpRequest, VersionRequest, OptionErr
 template <class Options>
 struct OptionRow {
   const char* name;
-  const char* valueName;  // null for an option without a value
+  const char* valueName;  // null if the option has no value
   std::string description;
   ExpectedValue (*apply)(Options& options, const std::string& value);
 };
@@ -40,7 +40,7 @@ std::string usageWithValue(const OptionRow<Options>& row) {
   return row.valueName == nullptr ? row.name : std::string(row.name) + " " + row.valueName;
 }
 
-// The word "--name=value" split into its two parts. Any other word has no value.
+// The parts of a word "--name=value". If the word has another form, `name` is the whole word and there is no value.
 struct Argument {
   std::string name;
   std::optional<std::string> value;
@@ -55,8 +55,8 @@ inline Argument splitArgument(const std::string& word) {
 }  // namespace detail
 
 // Parses the arguments, which do not include the program's name. An option is written "--name value" or "--name=value".
-// Every other word, and every word after "--", is passed to `takeWord`, which returns whether it accepts the word. If
-// `takeWord` is null, the program accepts options only.
+// If `takeWord` is not null, it is called with every other word and with every word after "--", and returns whether it
+// accepts the word. If `takeWord` is null, the program accepts options only.
 template <class Options>
 CommandLine<Options> parseCommandLine(const std::vector<OptionRow<Options>>& table,
                                       std::span<const char* const> arguments,
@@ -91,7 +91,7 @@ CommandLine<Options> parseCommandLine(const std::vector<OptionRow<Options>>& tab
   return options;
 }
 
-// The option list for --help, one line for each option.
+// Returns the list of options that --help prints, with one line for each option.
 template <class Options>
 std::string optionHelp(const std::vector<OptionRow<Options>>& table) {
   static constexpr std::size_t descriptionColumn = 24;

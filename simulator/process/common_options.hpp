@@ -13,7 +13,8 @@ enum class LibraryUse { Loaded, Absent };
 
 inline constexpr const char* defaultSystemVersion = "13.5";
 
-// Parse the values of --root and --system into their first argument, which stays unchanged if the value is invalid.
+// Parse the values of --root and --system into the first argument. If the value is invalid, the first argument does not
+// change, and the function returns a description of the expected value.
 ExpectedValue parseRoot(std::filesystem::path& root, const std::string& value);
 ExpectedValue parseSystem(std::string& systemVersion, const std::string& value);
 

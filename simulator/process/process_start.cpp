@@ -12,7 +12,7 @@ namespace process {
 
 namespace {
 
-// Null until the library is loaded. The library is never unloaded.
+// The handle of the library. It is null until the library is loaded. The library is never unloaded.
 void* libraryHandle = nullptr;
 
 void throwIfFailed(const std::optional<std::string>& error) {

@@ -1,4 +1,5 @@
-// Start-up steps that all processes of the simulated phone share: use a root, then load the library. Main thread.
+// The start-up steps that all processes of the simulated phone share: each process selects its root and then loads the
+// library. Main thread.
 #pragma once
 
 #include <filesystem>
@@ -8,23 +9,23 @@
 
 namespace process {
 
-// The process could not start. what() is a message for the user with the reason.
+// Thrown if the process cannot start. what() is a message for the user that contains the reason.
 class StartError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// Creates the root where necessary and makes it the file system of this process. Call it before any other use of
-// Foundation. An empty path selects the user's default root and the user's preferences; any other root has its own
-// preferences. Throws StartError.
+// Creates the missing files of the root and makes the root the file system of this process. Call this before any other
+// use of Foundation. An empty path selects the user's default root and the user's preferences. Any other root has its
+// own preferences, unless `database` selects the user's preferences. Throws StartError.
 void useRoot(const std::filesystem::path& root);
 void useRoot(const std::filesystem::path& root, foundation::DefaultsDatabase database);
 
-// Loads the libraries whose loader filters list this bundle identifier. Call it after the classes have been registered.
-// Throws StartError.
+// Loads the libraries whose loader filters list this bundle identifier. Call this after the classes have been
+// registered. Throws StartError.
 void loadLibrary(const char* bundleIdentifier);
 
-// The handle of libBrim.so for dlsym. Null if the library was not loaded.
+// Returns the handle of libBrim.so for dlsym, or null if the library was not loaded.
 void* loadedLibrary();
 
 }  // namespace process

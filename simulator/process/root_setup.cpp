@@ -32,15 +32,16 @@ constexpr const char* loaderFilter = R"({
 }
 )";
 
-// Creates a file under a temporary name and renames it, because another process can prepare the same root at the same
-// time.
+// Creates a file under a temporary name and then renames it, because another process can prepare the same root at the
+// same time.
 void createAtomically(const fs::path& path, const std::function<void(const fs::path& temporary)>& create) {
   const fs::path temporary = path.native() + "." + std::to_string(getpid());
   create(temporary);
   fs::rename(temporary, path);
 }
 
-// Creates the link or redirects it to the current build. A file or folder in its place belongs to the user and stays.
+// Creates the link, or changes its target to the current build. A file or folder in the place of the link belongs to
+// the user and is not replaced.
 void updateLink(const fs::path& target, const fs::path& link) {
   const bool isLink = fs::is_symlink(link);
   if (!fs::exists(target) || (fs::exists(link) && !isLink) || (isLink && fs::read_symlink(link) == target)) return;
@@ -62,7 +63,7 @@ void prepareAssetBundle(const fs::path& builtBundle, const fs::path& bundle) {
   fs::create_directories(bundle);
   for (const auto& entry : fs::directory_iterator(builtBundle))
     if (entry.path().filename() != endpointsFile) updateLink(entry.path(), bundle / entry.path().filename());
-  // Only the demonstration installs a link.
+  // If endpoints.plist is a link, an earlier demonstration has created it.
   if (fs::is_symlink(bundle / endpointsFile)) fs::remove(bundle / endpointsFile);
   if (fs::exists(bundle / endpointsFile)) return;
   createAtomically(bundle / endpointsFile,

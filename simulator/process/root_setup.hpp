@@ -13,8 +13,8 @@ namespace process {
 // on success.
 [[nodiscard]] std::optional<std::string> prepareRoot(const std::filesystem::path& root);
 
-// Replaces endpoints.plist of the current root by a link to another file until the root is prepared again. Does nothing
-// if the user has edited endpoints.plist.
+// Replaces endpoints.plist of the current root by a link to another file. The link exists until the root is prepared
+// again. Does nothing if the user has edited endpoints.plist.
 void linkEndpoints(const std::filesystem::path& endpoints);
 
 }  // namespace process

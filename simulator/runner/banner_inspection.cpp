@@ -22,7 +22,7 @@ namespace {
 
 using Controller = NCNotificationShortLookViewController;
 
-// The library's banner class. The runner uses it by name only and does not link to the library.
+// The library's banner class. The runner finds it by name, because it does not link to the library.
 class BrimContainer : public objc::Interface<"BrimContainer", UIView> {};
 
 struct DismissalFlags {
@@ -43,10 +43,10 @@ struct BannerState {
   double offset = 0;
 };
 
-// The state that a script can read after a controller was deallocated. It is small, because a script can present very
-// many banners.
+// The part of a banner's state that a script can read after its controller was deallocated. It is small, because a
+// script can present very many banners.
 struct LastState {
-  std::array<char, 8> identifier{};  // the library's identifiers have this length; zero if there is none
+  std::array<char, 8> identifier{};  // the library's identifiers have this length; zero bytes if there is no identifier
   DismissalFlags flags;
 };
 
@@ -71,7 +71,8 @@ BannerState lastState(std::size_t number) {
   return state;
 }
 
-// The value of a property. Zero if the object does not have the property, for example without the library.
+// Returns the value of a property. Returns zero if the object does not have the property, for example because the
+// library is not loaded.
 template <class Value, objc::FixedString name>
 Value valueOf(const NSObject* object) {
   return respondsTo<name>(object) ? objc::send<Value, name>(object) : Value{};
@@ -95,13 +96,13 @@ BannerState read(const Controller* controller) {
   };
 }
 
-// Whether a new banner may replace the visible one. Always true without the library.
+// Returns whether a new banner can replace the visible one. Returns true if the library is not loaded.
 bool dismissNotification() {
   Class container = BrimContainer::classObject();
   return container == nullptr || objc::send<bool, "DismissNotification">(container);
 }
 
-// The name of the image, or its size if it has no name.
+// Returns the name of the image, or its size if it has no name.
 Json nameOf(const UIImage* image) {
   const auto pixels = uikit::imageOf(image);
   if (pixels == nullptr) return nullptr;
@@ -113,7 +114,7 @@ using UpdateImage = objc::Original<void(UIView*, UIImage*)>;
 
 void updateImage(UpdateImage original, UIView* self, UIImage* image) {
   auto* controller = objc::as<Controller>(uikit::nearestViewController(self));
-  // A picture can arrive after its banner was removed.
+  // The controller is null if the picture arrives after its banner was removed.
   const Json number = controller == nullptr ? Json() : Json(springboard::numberOfBanner(controller));
   base::recordEvent("photo", {{"controller", number}, {"image", nameOf(image)}});
   original(self, image);

@@ -1,4 +1,4 @@
-// Reads the state of a banner from its controller and from the library's view, by Objective-C messages only. Main
+// Reads the state of a banner from its controller and from the library's view. Uses Objective-C messages only. Main
 // thread.
 #pragma once
 
@@ -10,14 +10,15 @@
 namespace runner {
 
 // Starts to store the last state of banners whose controllers are deallocated, and to record an event for each photo
-// that a banner receives. Call it once, after the library was loaded.
+// that a banner receives. Call this once, after the library was loaded.
 void observeBanners();
 
-// The state of a banner for the script's `state` command. If its controller was deallocated, the last state.
+// Returns the state of a banner, which is the result of the script's command `state`. If the controller of the banner
+// was deallocated, returns its last state.
 nlohmann::ordered_json stateOfBanner(std::size_t number);
 
-// The view that the user sees as the banner: the library's view, or the platform's content view if there is none. Nil
-// if neither is in the notification view.
+// Returns the view that the user sees as the banner: the library's view, or the platform's content view if the library
+// has none. Returns nil if the notification view contains neither.
 UIView* visibleBanner(const NCNotificationShortLookViewController* controller);
 
 }  // namespace runner

@@ -43,7 +43,7 @@ const Command& findCommand(const Json& command) {
   throw CommandError("unknown command \"" + name + "\"; the commands are " + namesOf(commandTable()));
 }
 
-// The value as text for a message, truncated if it is long.
+// Returns the value as text for a message. The text is truncated if it is long.
 std::string shortText(const Json& value) {
   constexpr std::size_t maxLength = 60;
   std::string text = value.dump(-1, ' ', true, Json::error_handler_t::replace);

@@ -1,4 +1,4 @@
-// The script's commands: for each command its name, its fields and the function that executes it. Main thread.
+// The commands of scripts: the name, the fields and the function of each command. Main thread.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -10,15 +10,15 @@ namespace runner {
 
 using Json = nlohmann::ordered_json;
 
-// A command cannot be executed. what() states the error and the expected input.
+// Thrown if a command cannot be executed. what() states the error and the expected input.
 class CommandError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// The values that a field accepts.
+// A type of field, which determines the values that the field accepts.
 struct FieldType {
-  const char* description;  // completes the phrase "must be …"
+  const char* description;  // a noun phrase that completes the sentence "The field must be …"
   bool (*accepts)(const Json& value);
 };
 
@@ -33,8 +33,8 @@ struct Field {
 struct Command {
   const char* name;
   std::span<const Field> fields;
-  // Called only with known fields whose values have been checked. Returns an object whose members are added to
-  // {"ok":true}, or null. Throws CommandError.
+  // Executes the command. All its fields are known and their values have been checked. Returns an object whose members
+  // are added to {"ok":true}, or null. Throws CommandError.
   Json (*execute)(const Json& command);
   const char* description;
 };
@@ -47,9 +47,9 @@ extern const FieldType boolean;
 extern const FieldType number;
 extern const FieldType integer;
 extern const FieldType object;
-// [x,y]
+// A point [x,y].
 extern const FieldType point;
-// The value of a preference, including null.
+// The value of a preference. Null is accepted.
 extern const FieldType preference;
 extern const FieldType booleanOrNull;
 
@@ -63,7 +63,7 @@ bool isOneOf(const Json& value, const char* const (&choices)[count]) {
   return false;
 }
 
-// The tables of commands. Each is defined in the file of the same name.
+// The tables of commands. Each table is defined in the source file of the same name.
 std::span<const Command> presentingCommands();
 std::span<const Command> touchCommands();
 std::span<const Command> phoneCommands();
@@ -73,7 +73,8 @@ std::span<const Command> inspectionCommands();
 // Checks the fields and executes the command. Returns {"ok":true, …} or {"ok":false,"error": …}. Never throws.
 Json executeCommand(const Json& command);
 
-// The text that --help prints: each command with its fields, the optional ones in brackets, and its description.
+// Returns the part of the --help text that describes the commands: the name, the fields and the description of each
+// command. Optional fields are in brackets.
 std::string commandHelp();
 
 }  // namespace runner

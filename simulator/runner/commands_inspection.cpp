@@ -103,12 +103,12 @@ Json screenshot(const Json& command) {
   return nullptr;
 }
 
-// Limited by the maximum width of a canvas.
+// The maximum number of frames in a filmstrip, which is limited by the maximum width of a canvas.
 constexpr std::size_t maxFrames = 40;
 
 Json frame(const Json& command) {
   if (frameCount() >= maxFrames)
-    throw CommandError("the filmstrip already has 40 frames, the maximum; write it with the command filmstrip");
+    throw CommandError("the filmstrip has reached the maximum of 40 frames; write it with the command filmstrip");
   const uikit::Environment& environment = uikit::environment();
   addFrame(*uikit::renderScreen(command.value("scale", 1.0)),
            command.value("height", environment.device.screen.height));
@@ -139,10 +139,10 @@ std::span<const Command> inspectionCommands() {
       {"hooks", {}, &hooks, "return the methods that the library has hooked or added, in order"},
       {"tree", treeFields, &tree, "return the view trees of all windows, or of one controller"},
       {"notifications", {}, &notifications, "return the notifications in the list, latest first"},
-      {"log", {}, &log, "return the events since the last log"},
+      {"log", {}, &log, "return the events since the last log command, and clear the log"},
       {"frame", frameFields, &frame, "add the screen, or its upper part, to the filmstrip"},
       {"filmstrip", filmstripFields, &filmstrip,
-       "write the frames since the last filmstrip side by side to a PNG file"},
+       "write the frames since the last filmstrip command side by side to a PNG file"},
       {"screenshot", screenshotFields, &screenshot, "write the screen, or a controller's banner, to a PNG file"},
   };
   return commands;

@@ -177,7 +177,7 @@ std::span<const Command> presentingCommands() {
       {"present", presentFields, &present, "present a notification as a banner; returns the number of its controller"},
       {"update", updateFields, &update, "present an updated version of the controller's notification over its banner"},
       {"withdraw", withdrawFields, &withdraw,
-       "withdraw the notifications of a section, with an identifier, or all notifications"},
+       "withdraw the notifications with this section and identifier; a missing field matches all notifications"},
       {"dismiss", dismissFields, &dismiss, "dismiss the controller as the platform does"},
       {"longlook", longLookFields, &longLook, "request the platform's long look by scroll, click or trigger"},
   };

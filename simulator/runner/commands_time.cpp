@@ -1,4 +1,5 @@
-// Commands that let time pass: time of the stepped clock, or real time for events of other threads and processes.
+// Commands that let time pass. Time is either that of the stepped clock, or real time in which other threads and
+// processes cause events.
 #include <cmath>
 
 #include "simulator/base/event_log.hpp"
@@ -18,7 +19,7 @@ constexpr double maxWait = 31'536'000;
 constexpr double maxRealWait = 600;
 constexpr double defaultRealWait = 10;
 constexpr double pollInterval = 0.01;
-// The phone is idle if no request is in progress and no event has occurred for this long.
+// The phone is idle if no request is in progress and no event has occurred for this number of real seconds.
 constexpr double idleSeconds = 0.2;
 
 bool isNumberUpTo(const Json& value, double max) {
@@ -52,7 +53,7 @@ void awaitEvent(const std::string& kind, const Deadline& deadline) {
 void awaitIdle(const Deadline& deadline) {
   Deadline idle(idleSeconds);
   for (std::size_t count = base::eventCount(); !idle.hasPassed();) {
-    if (deadline.hasPassed()) throw CommandError("the phone was not idle within the time limit");
+    if (deadline.hasPassed()) throw CommandError("the phone did not become idle within the time limit");
     foundation::pumpRunLoopAndMainQueue(pollInterval);
     if (base::eventCount() == count && url_loading::pendingRequestCount() == 0) continue;
     count = base::eventCount();
@@ -79,7 +80,7 @@ std::span<const Command> timeCommands() {
   static constexpr Command commands[] = {
       {"wait", waitFields, &wait,
        "advance the clock; runs timers, the main queue, and animations at 60 frames a second"},
-      {"await", awaitFields, &await, "let real time pass until such an event occurs, or until the phone is idle"},
+      {"await", awaitFields, &await, "let real time pass until the event occurs or, for idle, until the phone is idle"},
   };
   return commands;
 }

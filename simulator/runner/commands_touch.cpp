@@ -32,8 +32,8 @@ CGPoint onScreen(const Json& value) {
   return point;
 }
 
-// The middle of the view's final frame, or of its presented frame if the final frame is outside the screen. A view that
-// is being animated off the screen is still visible.
+// Returns the middle of the view's final frame. If the final frame is outside the screen, returns the middle of its
+// presented frame, because a view that is being animated off the screen is still visible.
 CGPoint middleOf(const UIView* view, const std::string& name) {
   for (const CGRect& frame : {frameOnScreen(view), presentedFrameOnScreen(view)})
     if (const auto middle = middleOnScreen(frame)) return *middle;
@@ -81,7 +81,8 @@ CGPoint startOf(const Json& command) {
                                                        : newestControllerOnScreen());
 }
 
-// The start is ignored, because the finger is already on the screen. It is checked nevertheless, to report mistakes.
+// Checks the start of a drag that continues an earlier one. The start is not used, because the finger is already on the
+// screen. It is checked because a wrong value is probably a mistake.
 CGPoint checkIgnoredStart(const Json& command) {
   if (command.contains("at")) onScreen(command["at"]);
   if (command.contains("controller")) bannerNumber(command["controller"]);

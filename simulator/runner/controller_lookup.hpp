@@ -1,5 +1,5 @@
-// Looks up controllers by number. Scripts refer to controllers, each with one banner, by the numbers from 1 on in order
-// of presentation. Main thread.
+// Looks up controllers by number. Each controller has one banner. Scripts refer to controllers by numbers, which begin
+// at 1 and follow the order of presentation. Main thread.
 #pragma once
 
 #include "simulator/runner/command_handlers.hpp"
@@ -7,17 +7,17 @@
 
 namespace runner {
 
-// Converts the number of a presented banner. Throws CommandError for any other value.
+// Converts a JSON value to the number of a presented banner. Throws CommandError for any other value.
 std::size_t bannerNumber(const Json& value);
 
-// The controller with this number. Throws CommandError if it was deallocated.
+// Returns the controller with this number. Throws CommandError if the controller was deallocated.
 objc::Ref<NCNotificationShortLookViewController> liveController(const Json& value);
 
-// The controller with this number. Throws CommandError if its banner is not on screen.
+// Returns the controller with this number. Throws CommandError if its banner is not on screen.
 objc::Ref<NCNotificationShortLookViewController> controllerOnScreen(const Json& value);
 
-// The controller of the newest banner on screen that has content. A banner is presented without content if another
-// banner could not be replaced. Throws CommandError if there is none.
+// Returns the controller of the newest banner that is on screen and has content. A banner has no content if it was
+// presented while another banner could not be replaced. Throws CommandError if there is no such banner.
 objc::Ref<NCNotificationShortLookViewController> newestControllerOnScreen();
 
 }  // namespace runner

@@ -1,4 +1,4 @@
-// A deadline in real time.
+// A deadline in real time, which the stepped clock does not affect.
 #pragma once
 
 #include <chrono>

@@ -31,7 +31,7 @@ class Demonstration {
     Json present = {{"do", "present"}};
     present.update(sample.notification);
     execute({present});
-    // The sender's picture can be a download.
+    // Waits for the sender's picture if it is being downloaded.
     if (url_loading::pendingRequestCount() > 0) execute({{{"do", "await"}, {"for", "photo"}}});
     execute({waitStep(0.6)});
     execute(sample.steps);
@@ -104,7 +104,7 @@ int showAll(Session& session, const std::filesystem::path& folder, const std::st
   for (const char* style : {"light", "dark"}) {
     demonstration.execute({{{"do", "appearance"}, {"style", style}}});
     for (const Sample& sample : samples(address))
-      // The platform's own banners have no reply field.
+      // A sample with a reply requires the library, because the platform's own banners have no reply field.
       if (sample.reply == nullptr || !librarySettings().empty()) demonstration.show(sample, style);
   }
   return demonstration.hasFailed() ? 1 : 0;

@@ -1,4 +1,5 @@
-// The demonstration: presents sample notifications in both appearances and takes pictures of them. Main thread.
+// The demonstration. It presents sample notifications in the light and the dark appearance and takes pictures of them.
+// Main thread.
 #pragma once
 
 #include <filesystem>
@@ -7,9 +8,9 @@
 
 namespace runner {
 
-// Presents the samples one after another and writes a picture of each into the folder, which is created if it is
-// missing. Prints the paths of the pictures to standard output and errors to standard error. Returns the exit status of
-// the process.
+// Presents the samples one after another and writes a picture of each sample into the folder. Creates the folder if it
+// is missing. Prints the paths of the pictures to standard output and errors to standard error. Returns the exit status
+// of the process.
 int demonstrate(Session& session, const std::filesystem::path& folder);
 
 }  // namespace runner

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* profilePage = "ada_maps";
 constexpr const char* endpointsFile = "endpoints.plist";
-// The web services whose addresses are replaced. The names are those in the asset bundle.
+// The web services whose addresses are replaced. The names are those in endpoints.plist of the asset bundle.
 constexpr const char* services[] = {"twitterPages", "twitterImages", "slackAvatars", "discordAvatars", "facebookGraph"};
 
 std::string serve(const fs::path& folder) {
@@ -37,7 +37,7 @@ void write(const fs::path& file, const std::string& text) {
   if (!stream) throw fs::filesystem_error("cannot write", file, std::make_error_code(std::errc::io_error));
 }
 
-// Inserts the server's address into the page, because the page must refer to the picture by an absolute address.
+// Inserts the server's address into the page, because the page must contain the absolute address of the picture.
 void insertAddress(const fs::path& page, const std::string& address) {
   constexpr std::string_view placeholder = "@ADDRESS@";
   std::ifstream stream(page);

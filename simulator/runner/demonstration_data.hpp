@@ -1,5 +1,4 @@
-// The data of the demonstration's applications: files on the phone and pages on the web with the pictures of the
-// senders.
+// The data of the demonstration: files on the phone and web pages that contain the pictures of the senders.
 #pragma once
 
 #include <string>
@@ -7,8 +6,8 @@
 namespace runner {
 
 // Copies the files into the phone's root, starts a web server for the pages on the loopback interface, and configures
-// the library to use it. The server runs until the process ends. Returns the address of the server, such as
-// "http://127.0.0.1:8080". Call it once, after the phone has started. Throws CommandError. Main thread.
+// the library to use this server. The server runs until the process ends. Returns the address of the server, such as
+// "http://127.0.0.1:8080". Call this once, after the phone has started. Throws CommandError. Main thread.
 std::string installDemonstrationData();
 
 }  // namespace runner

@@ -1,4 +1,4 @@
-// The notifications of the demonstration.
+// The sample notifications of the demonstration.
 #pragma once
 
 #include <string>
@@ -11,19 +11,19 @@ namespace runner {
 struct Sample {
   const char* name;
   Json notification;
-  // Commands between the presentation and the picture.
+  // The commands between the presentation and the picture.
   std::vector<Json> steps = {};
-  // Commands before the presentation, and the commands that undo their changes.
+  // The commands before the presentation, and the commands that undo their changes.
   std::vector<Json> preparation = {};
   std::vector<Json> restoration = {};
-  // The text that is typed into the banner before the picture, and sent after it. Null for none.
+  // A text that is typed into the banner before the picture, and sent after the picture. Null if there is no reply.
   const char* reply = nullptr;
 };
 
-// A command that waits for so many seconds of the stepped clock.
+// Returns a command that waits for this number of seconds of the stepped clock.
 Json waitStep(double seconds);
 
-// All samples, in order. `address` is the address of the demonstration's web server.
+// Returns all samples, in order. `address` is the address of the demonstration's web server.
 std::vector<Sample> samples(const std::string& address);
 
 }  // namespace runner

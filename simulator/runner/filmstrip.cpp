@@ -10,12 +10,12 @@ namespace runner {
 
 namespace {
 
-constexpr double gap = 10;  // pixels
+constexpr double gap = 10;  // in pixels
 constexpr drawing::CornerShape corners = {12, drawing::CornerCurve::Continuous};
 
 struct Frame {
   std::shared_ptr<const drawing::Image> picture;
-  double height = 0;  // pixels
+  double height = 0;  // in pixels
 };
 
 std::vector<Frame>& frames() {

@@ -1,4 +1,4 @@
-// A filmstrip: several pictures of the screen side by side in one picture. Main thread.
+// A filmstrip: one picture that shows several pictures of the screen side by side. Main thread.
 #pragma once
 
 #include <memory>
@@ -9,11 +9,11 @@
 
 namespace runner {
 
-// Adds the upper `height` points of the screen as the next frame. Copies the pixels.
+// Adds a copy of the upper `height` points of the screen as the next frame.
 void addFrame(const drawing::Canvas& screen, double height);
 std::size_t frameCount();
 
-// Draws the frames from left to right and removes them. Null if there are none.
+// Draws the frames from left to right and then removes them. Returns null if there are no frames.
 std::shared_ptr<drawing::Canvas> takeFilmstrip();
 
 }  // namespace runner

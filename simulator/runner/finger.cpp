@@ -12,8 +12,8 @@ namespace {
 
 CGPoint finger;
 
-// Rounds to a multiple of a power of two, because sums of such coordinates are exact. Two drags then have exactly the
-// same effect as one drag over the whole distance.
+// Rounds a coordinate to a multiple of a power of two. Sums of such coordinates are exact, so two drags have exactly
+// the same effect as one drag over the whole distance.
 double onGrid(double coordinate) {
   constexpr double gridLinesPerPoint = 1024;
   return std::round(coordinate * gridLinesPerPoint) / gridLinesPerPoint;

@@ -1,4 +1,4 @@
-// Simulates one finger that taps and drags. Each touch event is a separate run-loop iteration. Points are in screen
+// Simulates a finger that taps and drags. Each touch event is a separate run-loop iteration. Points are in screen
 // coordinates. Main thread.
 #pragma once
 
@@ -11,10 +11,10 @@ enum class DragEnd { Release, Cancel, Hold };
 void tapAt(CGPoint point);
 
 // Puts the finger down at `start` and moves it by `distance` in equal steps. If the last drag ended with Hold, ignores
-// `start` and continues from the finger's position.
+// `start` and continues from the current position of the finger.
 void drag(CGPoint start, CGPoint distance, int steps, DragEnd end);
 
-// Whether the finger is still on the screen after the last drag.
+// Returns whether the finger is still on the screen after the last drag.
 bool isFingerHeld();
 
 }  // namespace runner

@@ -7,7 +7,8 @@
 
 namespace runner {
 
-// Both are empty if the library is not loaded. The entries belong to the library.
+// Return the installed methods and the settings. Both spans are empty if the library is not loaded. The library owns
+// the entries.
 std::span<const BrimInstalledMethod> installedMethods();
 std::span<const BrimSetting> librarySettings();
 

@@ -25,7 +25,7 @@ bool isSkipped(const std::string& line) {
   return first == std::string::npos || line[first] == '#';
 }
 
-// Prints the result of each command to standard output immediately.
+// Executes the script. Prints the result of each command to standard output as soon as the command has ended.
 int runScript(runner::Session& session, std::istream& script) {
   int status = 0;
   for (std::string line; std::getline(script, line);) {
@@ -39,7 +39,7 @@ int runScript(runner::Session& session, std::istream& script) {
   return status;
 }
 
-// Returns false if the file is missing, unreadable or a folder.
+// Opens the file. Returns false if the file is missing or unreadable, or is a folder.
 bool open(std::ifstream& file, const std::string& path) {
   if (std::filesystem::is_directory(path)) return false;
   file.open(path);

@@ -19,19 +19,20 @@ struct Options {
   std::string systemVersion = process::defaultSystemVersion;
   StartAppearance appearance = StartAppearance::Light;
   std::string locale = "en_US";
-  // The initial time of the clock, in seconds since 1970. If there is no value, the current time is used.
+  // The initial time of the clock, in seconds since 1970. If there is no value, the clock starts at the current time.
   std::optional<double> time = {};
   process::LibraryUse library = process::LibraryUse::Loaded;
-  // The file of the script, or "-" for standard input. Empty for no script.
+  // The file of the script, or "-" for standard input. Empty if there is no script.
   std::string script = {};
-  // The folder for the pictures of the demonstration. Empty for no demonstration.
+  // The folder for the pictures of the demonstration. Empty if there is no demonstration.
   std::filesystem::path demonstration = {};
 };
 
-// Parses the arguments, without the name of the program. An option has the form "--name value" or "--name=value".
+// Parses the arguments, which do not include the program's name. An option has the form "--name value" or
+// "--name=value".
 process::CommandLine<Options> parseOptions(std::span<const char* const> arguments);
 
-// The text that --help prints: each option with its meaning and default.
+// Returns the part of the --help text that describes the options: each option with its meaning and default.
 std::string helpText();
 
 }  // namespace runner

@@ -24,9 +24,9 @@ namespace {
 
 constexpr const char* homeScreenIdentifier = "com.apple.springboard";
 
-// When a large block such as a picture is freed, the allocator raises the size from which blocks are mapped separately.
-// Later pictures would then fragment the heap and increase it permanently. A fixed threshold prevents this: each
-// picture has separate pages, which are returned when it is freed.
+// Makes the allocator map every large block, such as a picture, separately and return its pages when it is freed. By
+// default, the allocator raises the size from which it maps blocks separately when it frees a large block. Later
+// pictures would then fragment the heap and increase it permanently.
 void mapPicturesSeparately() {
   constexpr int minSeparateSize = 256 * 1024;
   mallopt(M_MMAP_THRESHOLD, minSeparateSize);

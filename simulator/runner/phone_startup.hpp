@@ -6,7 +6,7 @@
 
 namespace runner {
 
-// Sets up the root and the environment, registers the classes, loads the library and starts the home screen. Call it
+// Sets up the root and the environment, registers the classes, loads the library and starts the home screen. Call this
 // once, before any other use of Foundation. Throws StartError. Main thread.
 void startPhone(const Options& options, foundation::ClockMode clock);
 

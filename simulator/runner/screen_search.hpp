@@ -9,21 +9,23 @@
 
 namespace runner {
 
-// The frame that the view has when all animations have ended.
+// Returns the frame that the view will have after all animations have ended.
 CGRect frameOnScreen(const UIView* view);
 
-// The frame that the screen shows now, during animations.
+// Returns the frame that the screen currently shows, which running animations can change.
 CGRect presentedFrameOnScreen(const UIView* view);
 
-// The middle of the visible part of the rectangle. No value if all of it is outside the screen.
+// Returns the middle of the part of the rectangle that is on the screen. Returns no value if the whole rectangle is
+// outside the screen.
 std::optional<CGPoint> middleOnScreen(const CGRect& rectangle);
 
 bool isOnScreen(CGPoint point);
 
-// The frontmost visible label or control whose text is exactly this one. Nil if there is none. Borrowed.
+// Returns the frontmost visible label or control with exactly this text. Returns nil if there is none. The view is
+// borrowed.
 UIView* viewWithText(const std::string& text);
 
-// All visible texts, from front to back.
+// Returns all visible texts, from front to back.
 std::vector<std::string> readableTexts();
 
 }  // namespace runner

@@ -12,7 +12,7 @@ namespace runner {
 
 namespace {
 
-// Recursive functions that process deeper values would exhaust the stack.
+// The maximum nesting depth of a command. Recursive functions that process deeper values would exhaust the stack.
 constexpr int maxNesting = 200;
 
 int nestingOf(std::string_view text) {
@@ -34,7 +34,7 @@ int nestingOf(std::string_view text) {
   return deepest;
 }
 
-// The JSON library's message without its prefix, which is the internal name of the exception.
+// Returns the JSON library's message without its prefix, which is the internal name of the exception.
 std::string reasonOf(const Json::exception& error) {
   std::string reason = error.what();
   if (const std::size_t name = reason.find("] "); name != std::string::npos) reason.erase(0, name + 2);
@@ -60,7 +60,7 @@ Json Session::run(const Json& command) {
 
 Json Session::runLine(std::string_view line) {
   if (nestingOf(line) > maxNesting) return failure("nested more than " + std::to_string(maxNesting) + " levels deep");
-  // The parser would ignore a zero byte and everything after it.
+  // A zero byte is rejected, because the parser would ignore it and all text after it.
   if (line.find('\0') != std::string_view::npos) return failure("not JSON: it contains a zero byte");
   try {
     return run(Json::parse(line));

@@ -1,4 +1,4 @@
-// A home screen that executes script commands. `springboard` and the tests use it.
+// A home screen that executes script commands. The program `springboard` and the tests use it.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -10,11 +10,11 @@
 
 namespace runner {
 
-// A running home screen with a stepped clock. A process can create only one session, because the runtime's classes
-// belong to the process. Create it before any other use of Foundation. Main thread.
+// A running home screen with a stepped clock. A process can create only one session, because the classes of the
+// Objective-C runtime belong to the process. Create it before any other use of Foundation. Main thread.
 class Session {
  public:
-  // Throws StartError.
+  // Starts the home screen. Throws StartError.
   explicit Session(const Options& options);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;

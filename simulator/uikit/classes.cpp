@@ -39,7 +39,8 @@ void registerClasses() {
   defineStackView();
   defineVisualEffectView();
   defineKeyboard();
-  // Views that changed during a run-loop iteration are laid out at its end, outside of any animation.
+  // Lays out the views that changed during a run-loop iteration. The layout happens at the end of the iteration,
+  // outside of any animation block.
   foundation::observeEndOfIteration([] {
     updateKeyboard();
     layoutWindows();

@@ -3,8 +3,7 @@
 
 namespace uikit {
 
-// Defines all classes, superclasses first. Call this once per process, on the main thread, after Foundation's classes
-// are registered.
+// Defines all classes, superclasses first. Call this once, after Foundation's classes are registered. Main thread only.
 void registerClasses();
 
 }  // namespace uikit

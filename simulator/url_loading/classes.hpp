@@ -4,10 +4,10 @@
 
 namespace url_loading {
 
-// Call it once, after foundation::registerClasses. Main thread.
+// Call this once, after foundation::registerClasses. Main thread.
 void registerClasses();
 
-// The steps of registerClasses.
+// The steps of registerClasses. Only registerClasses calls them.
 void defineURLSession();
 void installURLConnection();
 

@@ -20,7 +20,7 @@ namespace url_loading {
 namespace {
 
 constexpr double defaultIdleTimeoutSeconds = 60;
-// If this file exists in the root, its certificates replace the system's.
+// The path of a certificate file in the root. If the file exists, its certificates replace those of the system.
 constexpr const char* certificateFilePath = "/etc/ssl/cert.pem";
 
 std::atomic<std::size_t> pendingRequests = 0;
@@ -58,14 +58,14 @@ bool isLoadable(const NSURLRequest* request) {
   return method == "GET" && (strcasecmp(scheme.c_str(), "http") == 0 || strcasecmp(scheme.c_str(), "https") == 0);
 }
 
-// Repeated fields are joined with commas, as HTTP defines.
+// Converts header fields to a dictionary. The values of repeated fields are joined with commas, as HTTP defines.
 objc::Ref<NSDictionary> dictionaryOf(const HeaderFields& fields) {
   auto* const dictionary = NSMutableDictionary::dictionaryWithCapacity(fields.size());
   for (const auto& [name, value] : fields) {
     NSString* const key = base::stringOf(name);
     std::string joined = base::textOf(objc::as<NSString>(dictionary->objectForKey(key)));
     joined.append(joined.empty() ? "" : ", ").append(value);
-    // Servers can send headers that are not valid UTF-8.
+    // A header that is not valid UTF-8 is omitted.
     if (key != nullptr && base::stringOf(joined) != nullptr) dictionary->setObject(base::stringOf(joined), key);
   }
   return objc::retain<NSDictionary>(dictionary);

@@ -10,7 +10,7 @@
 
 namespace url_loading {
 
-// The platform's error codes (NSURLErrorDomain).
+// The platform's error codes of NSURLErrorDomain.
 enum class UrlError : std::int64_t {
   Unknown = -1,
   BadUrl = -1000,
@@ -33,33 +33,34 @@ using HeaderFields = std::vector<std::pair<std::string, std::string>>;
 struct Request {
   std::string url;
   HeaderFields headers = {};
-  // The transfer times out when the server sends nothing for this time.
+  // The transfer times out if the server sends nothing for this time.
   double idleTimeoutSeconds = 60;
-  // A file of trusted certificates in PEM format. If empty, the system's certificates are trusted.
+  // A file of trusted certificates in PEM format. If it is empty, the system's certificates are trusted.
   std::string certificateFile = {};
 };
 
 struct TransferResult {
-  // The status code of the last response after all redirects. 0 if there was no response.
+  // The status code of the last response after all redirects. It is 0 if there was no response.
   int status = 0;
   // The URL of the last response.
   std::string url = {};
   HeaderFields headers = {};
-  // Decompressed.
+  // The decompressed body.
   std::string body = {};
-  // Nothing if the transfer succeeded.
+  // The error; nothing if the transfer succeeded.
   std::optional<UrlError> error = {};
 };
 
-// The limit applies to the decompressed body.
+// The maximum size of a decompressed body.
 inline constexpr std::size_t maxBodyBytes = 32 << 20;
 inline constexpr long maxTransferSeconds = 600;
 
-// Called once for each transfer, usually on the transfer thread. It must not block.
+// The function that is called when a transfer has ended. It is called once, usually on the transfer thread. It must not
+// block.
 using Completion = std::function<void(TransferResult)>;
 
-// Starts a transfer. If the plugin is missing, the completion is called with an error before this function returns.
-// Unfinished transfers end with the process, without a call of their completion. Any thread.
+// Starts a transfer. If the plugin is missing, calls the completion with an error before it returns. Unfinished
+// transfers end with the process, and their completions are not called. Any thread.
 void startTransfer(Request request, Completion completion);
 
 }  // namespace url_loading

@@ -1,4 +1,4 @@
-// +[NSURLConnection sendAsynchronousRequest:queue:completionHandler:].
+// The method +[NSURLConnection sendAsynchronousRequest:queue:completionHandler:].
 #include "platform/ns_url_connection.hpp"
 
 #include "objc/class_definition.hpp"
@@ -9,7 +9,7 @@
 namespace url_loading {
 
 class NSOperation : public objc::Interface<"NSOperation", NSObject> {};
-// An operation that runs a function.
+// An NSOperation that calls a function.
 class FunctionOperation : public objc::Interface<"BrimFunctionOperation", NSOperation> {};
 
 struct FunctionOperationState {
@@ -29,7 +29,8 @@ namespace {
 
 void runWork(FunctionOperation* self) { objc::state(self).work(); }
 
-// The main operation queue runs on the main thread, which has its own queue in the simulator.
+// Returns a function that adds work to the operation queue. The main operation queue runs on the main thread, which has
+// its own queue in the simulator.
 Enqueue enqueueTo(NSOperationQueue* queue) {
   if (queue == NSOperationQueue::mainQueue()) return &foundation::onMainThreadForExternalEvent;
   return [queue = objc::retain(queue)](std::function<void()> work) {

@@ -28,7 +28,7 @@ namespace url_loading {
 
 namespace {
 
-// Never destroyed, because transfers can complete while the process exits.
+// The queue is never destroyed, because transfers can complete while the process exits.
 foundation::SerialQueue& completionQueue() {
   static auto& queue = *new foundation::SerialQueue;
   return queue;

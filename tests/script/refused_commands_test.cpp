@@ -31,7 +31,7 @@ constexpr Refusal refusals[] = {
     {R"({"do":"wait","seconds":1,"minutes":2})", "wait has no field \"minutes\"; its fields are seconds"},
     {R"({"do":"await","for":"rain"})", "photo, message, read, banner, http or idle"},
     {R"({"do":"await","for":"photo","seconds":0})", "no photo event occurred within the time limit"},
-    {R"({"do":"await","for":"idle","seconds":0})", "not idle within the time limit"},
+    {R"({"do":"await","for":"idle","seconds":0})", "did not become idle within the time limit"},
     {R"({"do":"await","for":"photo","seconds":-1})", "from 0 to 600"},
     {R"({"do":"present"})", "present requires \"section\""},
     {R"({"do":"present","section":""})", "not empty"},

@@ -37,7 +37,8 @@ constexpr KnownError knownErrors[] = {
     {CURLE_PEER_FAILED_VERIFICATION, UrlError::CertificateUntrusted},
 };
 
-// A line break in a header would let its value add further headers to the request.
+// Returns whether the text is a single line. A line break in a header would let its value add further headers to the
+// request.
 bool isSingleLine(std::string_view text) { return text.find_first_of(std::string_view("\r\n\0", 3)) == text.npos; }
 
 std::string_view trimmed(std::string_view text) {
@@ -91,7 +92,7 @@ void Transfer::configure() {
   curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
 }
 
-// Connections to this machine never use a proxy.
+// Excludes this machine's own addresses from the use of a proxy.
 void Transfer::configureProxy() {
   std::string excludedHosts = "localhost,127.0.0.0/8,::1";
   for (const char* name : {"no_proxy", "NO_PROXY"})
@@ -133,7 +134,8 @@ bool Transfer::addHeaderLine(std::string_view line) {
   lastActivity_ = Clock::now();
   headerBytes_ += line.size();
   if (headerBytes_ > maxHeaderBytes) return false;
-  // Each response in a chain of redirects begins with a status line.
+  // A redirect leads to another response. Each response begins with a status line, so the headers of the previous
+  // response are removed here.
   if (line.starts_with("HTTP/")) result_.headers.clear();
   if (const std::size_t colon = line.find(':'); colon != line.npos)
     result_.headers.emplace_back(trimmed(line.substr(0, colon)), trimmed(line.substr(colon + 1)));
@@ -148,7 +150,7 @@ bool Transfer::addBody(std::string_view bytes) {
 
 UrlError Transfer::errorOf(CURLcode code) const {
   if (code == CURLE_WRITE_ERROR) return bodyIsTooLong_ ? UrlError::BodyTooLong : UrlError::CannotParseResponse;
-  // Either a redirect leads to a URL of another scheme, or the server does not speak HTTP.
+  // The protocol is unsupported if a redirect leads to a URL of another scheme, or if the server does not use HTTP.
   if (code == CURLE_UNSUPPORTED_PROTOCOL) {
     const bool isRedirect = result_.status >= minRedirectStatus && result_.status < minErrorStatus;
     return isRedirect ? UrlError::UnsupportedUrl : UrlError::CannotParseResponse;

@@ -14,7 +14,7 @@ namespace transfers {
 
 using Clock = std::chrono::steady_clock;
 
-// It can be constructed on any thread. All other functions run on the transfer thread.
+// An HTTP transfer. It can be constructed on any thread. All other functions run on the transfer thread.
 class Transfer {
  public:
   Transfer(url_loading::Request request, url_loading::Completion completion);
@@ -24,10 +24,10 @@ class Transfer {
 
   CURL* handle() const { return easy_.get(); }
 
-  // The time point at which the transfer times out unless the server sends data before.
+  // The time point at which the transfer times out. It is moved forward when the server sends data.
   Clock::time_point deadline() const;
 
-  // Both functions end the transfer and call the completion.
+  // End the transfer and call the completion: `finish` with the result of curl, `timeOut` with a timeout error.
   void finish(CURLcode code);
   void timeOut();
 

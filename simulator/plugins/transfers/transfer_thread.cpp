@@ -15,14 +15,15 @@ namespace transfers {
 
 namespace {
 
-// The same number as on the platform.
+// The maximum number of connections to one host. It is the same as on the platform.
 constexpr long maxConnectionsToOneHost = 6;
-// Limits the total size of the bodies that hostile servers can send at the same time.
+// The maximum number of connections. It limits the total size of the bodies that hostile servers can send at the same
+// time.
 constexpr long maxConnections = 16;
 constexpr int maxSleepMilliseconds = 60'000;
 
-// Blocks all signals in the current thread while the object exists. A thread that is started meanwhile inherits the
-// mask: the main thread handles signals, and SIGPIPE from a closed connection must not end the process.
+// Blocks all signals in the current thread while the object exists. A thread that is started during that time inherits
+// the mask. The main thread then handles all signals, and SIGPIPE from a closed connection does not end the process.
 class BlockedSignals {
  public:
   BlockedSignals() {
@@ -44,7 +45,8 @@ TransferThread& TransferThread::shared() {
   static TransferThread& thread = []() -> TransferThread& {
     curl_global_init(CURL_GLOBAL_DEFAULT);
     auto* const created = new TransferThread;
-    // Exit handlers run in reverse order, so this one runs before those that the libraries have registered above.
+    // Exit handlers run in reverse order of registration. Therefore, this handler runs before the handlers that the
+    // libraries have registered in the lines above.
     std::atexit([] { shared().stop(); });
     return *created;
   }();
@@ -74,7 +76,7 @@ void TransferThread::stop() {
   }
   changed_.notify_one();
   curl_multi_wakeup(multi_);
-  // A completion can end the process, so this function can run on the transfer thread.
+  // The thread cannot wait for its own end. This function runs on it if a completion ends the process.
   if (thread_.get_id() == std::this_thread::get_id()) {
     thread_.detach();
   } else if (thread_.joinable()) {
@@ -83,7 +85,7 @@ void TransferThread::stop() {
 }
 
 void TransferThread::run() {
-  // Completions retain and release objects, so Foundation must know this thread.
+  // Registers this thread with Foundation, because completions retain and release objects.
   GSRegisterCurrentThread();
   while (waitForWork()) {
     startPending();
@@ -95,7 +97,7 @@ void TransferThread::run() {
   }
 }
 
-// Returns false if the thread must end.
+// Waits for transfers. Returns false if the thread must end.
 bool TransferThread::waitForWork() {
   std::unique_lock lock(mutex_);
   if (running_.empty()) changed_.wait(lock, [this] { return isStopping_ || !pending_.empty(); });

@@ -1,4 +1,4 @@
-// The thread on which all transfers run. It starts with the first transfer and sleeps while there is none.
+// The thread that runs all transfers. It starts with the first transfer and sleeps while there are none.
 #pragma once
 
 #include <curl/curl.h>
@@ -16,12 +16,13 @@ namespace transfers {
 
 class TransferThread {
  public:
-  // Never destroyed. An exit handler stops the thread before the libraries that it uses shut down.
+  // Returns the only instance, which is never destroyed. An exit handler stops the thread before the libraries that it
+  // uses shut down.
   static TransferThread& shared();
 
-  // Any thread.
+  // Starts a transfer. Any thread.
   void start(std::unique_ptr<Transfer> transfer);
-  // Returns when the thread has ended. The completions of unfinished transfers are not called.
+  // Ends the thread and waits until it has ended. The completions of unfinished transfers are not called.
   void stop();
 
  private:

@@ -22,7 +22,8 @@ using Card = std::unique_ptr<EVCard, Release<&g_object_unref>>;
 using Text = std::unique_ptr<char, Release<&g_free>>;
 using Bytes = std::unique_ptr<guchar, Release<&g_free>>;
 
-// The card can use any character set, and the declared one can be wrong.
+// Replaces bytes that are not valid UTF-8. They occur because a card can use any character set and can declare a wrong
+// one.
 std::string validUtf8(std::string_view bytes) {
   const Text text(g_utf8_make_valid(bytes.data(), static_cast<gssize>(bytes.size())));
   return text.get();
@@ -33,7 +34,7 @@ std::string firstParameter(EVCardAttribute* attribute, const char* name) {
   return values == nullptr ? "" : static_cast<const char*>(values->data);
 }
 
-// The decoded bytes of the value, or of one component of a structured value.
+// Returns the decoded bytes of the value, or of one component of a structured value.
 std::string decodedValue(EVCardAttribute* attribute, guint component = 0) {
   const auto* const value =
       static_cast<const GString*>(g_list_nth_data(e_vcard_attribute_get_values_decoded(attribute), component));
@@ -71,7 +72,8 @@ std::string decodeBase64(const char* text) {
   return {reinterpret_cast<const char*>(bytes.get()), size};
 }
 
-// Decodes "data:image/png;base64,…", which version 4.0 uses instead of an encoded value. Nothing for any other URL.
+// Decodes a URL such as "data:image/png;base64,…", which cards of version 4.0 use instead of an encoded value. Returns
+// nothing for any other URL.
 std::optional<std::string> decodeDataUrl(const std::string& url) {
   constexpr std::string_view marker = ";base64,";
   const std::size_t begin = url.find(marker);
@@ -79,7 +81,8 @@ std::optional<std::string> decodeDataUrl(const std::string& url) {
   return decodeBase64(url.c_str() + begin + marker.size());
 }
 
-// The parser splits a URL at semicolons and commas, because they separate components in other values.
+// Returns a URL in one piece. The parser has split it at semicolons and commas, because they separate components in
+// other values.
 std::string joinedValue(EVCardAttribute* attribute) {
   std::string joined;
   for (const GList* value = e_vcard_attribute_get_values(attribute); value != nullptr; value = value->next) {
@@ -89,7 +92,7 @@ std::string joinedValue(EVCardAttribute* attribute) {
   return joined;
 }
 
-// Nothing if the card only contains the web address of an image.
+// Returns the image of the attribute. Returns nothing if the attribute contains only the web address of an image.
 std::optional<std::string> imageOf(EVCardAttribute* attribute) {
   if (firstParameter(attribute, EVC_ENCODING).empty()) return decodeDataUrl(joinedValue(attribute));
   std::string bytes = decodedValue(attribute);
@@ -114,7 +117,7 @@ void addAttribute(EVCardAttribute* attribute, Person& person) {
   }
 }
 
-// An identifier in the platform's format, derived from the card. Equal cards have equal identifiers.
+// Derives an identifier in the platform's format from the card. Equal cards have equal identifiers.
 std::string derivedIdentifier(const std::string& card) {
   const Text digest(g_compute_checksum_for_string(G_CHECKSUM_MD5, card.data(), static_cast<gssize>(card.size())));
   const Text upper(g_ascii_strup(digest.get(), -1));
@@ -134,7 +137,7 @@ void brim_read_card(const std::string& card, Person& person) {
   for (const GList* entry = e_vcard_get_attributes(parsed.get()); entry != nullptr; entry = entry->next)
     addAttribute(static_cast<EVCardAttribute*>(entry->data), person);
   EVCardAttribute* const fullName = e_vcard_get_attribute(parsed.get(), EVC_FN);
-  // A card of version 4.0 can omit the structured name.
+  // A card of version 4.0 can omit the structured name. Its full name is used instead.
   if (e_vcard_get_attribute(parsed.get(), EVC_N) == nullptr && fullName != nullptr) person.givenName = textOf(fullName);
   if (person.identifier.empty()) person.identifier = derivedIdentifier(card);
 }

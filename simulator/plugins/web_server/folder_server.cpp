@@ -19,7 +19,7 @@ Response notFoundResponse() {
   return {MHD_create_response_from_buffer(0, nullptr, MHD_RESPMEM_PERSISTENT), &MHD_destroy_response};
 }
 
-// Null if the file does not exist.
+// Returns a response with the contents of the file, or null if the file does not exist.
 Response fileResponse(const std::string& file) {
   const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   struct stat status = {};
@@ -46,7 +46,7 @@ std::uint16_t brim_serve_folder(const char* folder) {
   sockaddr_in address{};
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  // Never deleted, because the daemon runs until the process exits.
+  // The string is never deleted, because the server uses it until the process exits.
   auto* const servedFolder = new std::string(folder);
   MHD_Daemon* const daemon =
       MHD_start_daemon(MHD_USE_AUTO | MHD_USE_INTERNAL_POLLING_THREAD, 0, nullptr, nullptr, &handleRequest,

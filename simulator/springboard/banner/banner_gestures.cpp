@@ -11,12 +11,12 @@ namespace {
 
 using Controller = NCNotificationShortLookViewController;
 
-// Vertical translations at the end of a drag, in points; downward is positive.
+// The limits for the vertical translation at the end of a drag, in points. A positive translation is downward.
 constexpr CGFloat maxDragToDismiss = -20;
 constexpr CGFloat minDragToOpen = 30;
 constexpr double springBackSeconds = 0.2;
 
-// The banner follows an upward drag exactly and a downward drag with resistance.
+// Moves the banner with the finger. The banner follows an upward drag exactly and a downward drag with resistance.
 void followDrag(UIView* view, CGFloat translation) {
   constexpr CGFloat resistance = 4;
   CGRect frame = restingBannerFrame();
@@ -52,7 +52,7 @@ void addBannerGestures(Controller* controller, UIView* view) {
 }
 
 void handlePan(Controller* controller, UIPanGestureRecognizer* recognizer) {
-  // Measured in the superview, because the banner itself moves.
+  // The translation is measured in the superview, because the banner itself moves.
   const CGFloat translation = recognizer->translationInView(controller->view()->superview()).y;
   switch (recognizer->state()) {
     case UIGestureRecognizerState::Began:

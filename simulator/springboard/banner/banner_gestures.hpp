@@ -6,12 +6,12 @@
 
 namespace springboard {
 
-// Adds recognizers that send _handleTapOnView: and _handlePanOnView: to the controller.
+// Adds recognizers that send _handleTapOnView: and _handlePanOnView: to the controller. Use this for banners.
 void addBannerGestures(NCNotificationShortLookViewController* controller, UIView* view);
-// Adds the tap recognizer only, for a short look in the list.
+// Adds only the tap recognizer. Use this for a short look in the list.
 void addTap(NCNotificationShortLookViewController* controller, UIView* view);
 
-// The implementation of -_handlePanOnView:.
+// The implementation of the method -_handlePanOnView:.
 void handlePan(NCNotificationShortLookViewController* controller, UIPanGestureRecognizer* recognizer);
 
 }  // namespace springboard

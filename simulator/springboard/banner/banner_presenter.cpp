@@ -20,7 +20,8 @@ using Controller = NCNotificationShortLookViewController;
 
 constexpr double slideSeconds = 0.3;
 constexpr double automaticDismissalSeconds = 5;
-// As on the phone, the controller is released some time after the dismissal.
+// The time between the dismissal of a banner and the release of its controller. The phone also releases the controller
+// some time after the dismissal.
 constexpr double secondsUntilRelease = 1;
 
 enum class Stage { Presented, Dismissing, Dismissed };
@@ -30,7 +31,7 @@ struct Banner {
   Stage stage = Stage::Presented;
 };
 
-// The banners whose controllers have not been released, by number.
+// The banners whose controllers have not been released. The keys are the numbers of the banners.
 std::map<std::size_t, Banner>& banners() {
   static std::map<std::size_t, Banner>& retained = *new std::map<std::size_t, Banner>;
   return retained;

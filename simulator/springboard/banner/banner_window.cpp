@@ -11,7 +11,7 @@ namespace {
 
 constexpr CGFloat sideMargin = 8;
 constexpr CGFloat topMargin = 8;
-// The distance between the two frames. It exceeds the height of every banner.
+// The vertical distance between the resting and the hidden frame, in points. It exceeds the height of every banner.
 constexpr CGFloat slideDistance = 220;
 constexpr double levelAboveStatusBar = 1050;
 
@@ -26,7 +26,7 @@ BannerWindowState& bannerWindow() {
   return state;
 }
 
-// The window needs the keyboard only for the reply field of a long look.
+// Only the reply field of a long look needs the keyboard, so the window can become the key window only then.
 bool canBecomeKeyWindow(SBNotificationBannerWindow* self) {
   const auto* shortLook = longLookPresentation().openedShortLook();
   return shortLook != nullptr && shortLook->view()->window() == self;

@@ -8,21 +8,21 @@ class SBNotificationBannerWindow : public objc::Interface<"SBNotificationBannerW
 
 namespace springboard {
 
-// The frames of a notification view: while it is on the screen (resting), and before and after (hidden). The frames
-// reach to the lower edge of the screen, because a banner can add a background that covers the screen. The view accepts
-// touches only on its subviews.
+// The frames of a notification view. The resting frame is used while the view is on the screen. The hidden frame is
+// used before and after that. Both frames extend to the lower edge of the screen, because a banner can add a background
+// that covers the screen. The view accepts touches only on its subviews.
 CGRect restingBannerFrame();
 CGRect hiddenBannerFrame();
 
 void addToBannerWindow(UIView* notificationView);
-// Call it after a banner has been removed.
+// Hides the window if it contains no banner. Call this after a banner has been removed.
 void hideBannerWindowIfEmpty();
 
 // Hides the window. If it was the key window, the window of the home screen becomes the key window.
 void hideWindowAboveHomeScreen(UIWindow* window);
 
 void defineBannerWindow();
-// Creates the window, hidden. Call it once. `homeWindow` is the window of the home screen and is retained.
+// Creates the window, which is hidden at first. Retains `homeWindow`, the window of the home screen. Call this once.
 void makeBannerWindow(UIWindow* homeWindow);
 
 }  // namespace springboard

@@ -1,5 +1,5 @@
-// The functions through which banners open and close the long look. They are set at run time, because the long look
-// depends on banners and banners must not depend on it. Main thread.
+// The functions through which banners open and close the long look. The functions are set at run time, because the long
+// look depends on banners, and banners must not depend on the long look. Main thread.
 #pragma once
 
 #include "platform/nc_notification_view_controller.hpp"
@@ -8,7 +8,7 @@ namespace springboard {
 
 enum class LongLookChange { Animated, Immediate };
 
-// See long_look/long_look_presenter.hpp for each function.
+// The functions. long_look/long_look_presenter.hpp describes each function.
 struct LongLookPresentation {
   void (*present)(NCNotificationShortLookViewController* shortLook, LongLookChange change,
                   objc::Block<void(bool)>* completion);
@@ -16,11 +16,11 @@ struct LongLookPresentation {
   NCNotificationShortLookViewController* (*openedShortLook)();
 };
 
-// Call it once, before the first banner. All functions must be set.
+// Sets the functions. None of them may be null. Call this once, before the first banner is presented.
 void setLongLookPresentation(const LongLookPresentation& presentation);
 const LongLookPresentation& longLookPresentation();
 
-// Whether the long look of this short look is open.
+// Returns whether the long look of this short look is open.
 bool showsLongLook(const NCNotificationShortLookViewController* shortLook);
 
 }  // namespace springboard

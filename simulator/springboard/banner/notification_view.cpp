@@ -6,7 +6,7 @@
 
 namespace springboard {
 
-// The name of the class before system version 12.0.
+// The class of the notification view in systems before version 12.0.
 class NotificationViewBefore12 : public objc::Interface<"_NCNotificationViewControllerView", UIView> {};
 
 }  // namespace springboard

@@ -1,4 +1,4 @@
-// The views of the platform's banner: the notification view, and in it the content view that shows the texts. Main
+// The views of the platform's banner: the notification view, and in it the content view, which shows the texts. Main
 // thread.
 #pragma once
 
@@ -30,11 +30,11 @@ namespace springboard {
 
 // Creates a content view that shows the request.
 objc::Ref<NCNotificationShortLookView> makeShortLookView(NCNotificationRequest* request);
-// Sets the line below the texts. Nil removes it.
+// Sets the text of the line below the other texts. Nil removes the line.
 void setFootnote(NCNotificationShortLookView* view, NSString* text);
-// Call it after a change between light and dark appearance.
+// Updates the colors of the view. Call this after a change between the light and the dark appearance.
 void recolorShortLookView(NCNotificationShortLookView* view);
-// The height of the content at this width, in points.
+// Returns the height of the content at this width. Both are in points.
 CGFloat heightOfShortLookView(const NCNotificationShortLookView* view, CGFloat width);
 
 // Creates a notification view of the class that the current system version uses. It accepts touches only on its
@@ -43,7 +43,7 @@ objc::Ref<UIView> makeNotificationView(NCNotificationShortLookView* content);
 NCNotificationShortLookView* contentViewOf(const UIView* notificationView);
 
 void defineShortLookView();
-// The notification view's class depends on the system version.
+// Defines the classes of the notification view, which depend on the system version.
 void defineNotificationView();
 
 }  // namespace springboard

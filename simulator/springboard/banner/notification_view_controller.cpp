@@ -22,7 +22,7 @@ void recordControllerEvent(const char* event, const Controller* controller) {
   base::recordEvent(event, {{"controller", numberOfBanner(controller)}});
 }
 
-// NCNotificationViewController
+// Methods of NCNotificationViewController:
 
 Controller* initWithRequest(Controller* self, NCNotificationRequest* request) {
   self = objc::sendSuper<"NCNotificationViewController", Controller*, "init">(self);
@@ -39,7 +39,7 @@ void executeAction(Controller* self, NCNotificationAction* action, NSDictionary*
   NCNotificationDispatcher::shared()->execute(action, objc::state(self).request, parameters);
 }
 
-// Only a short look has a long look. For any other controller, the completion receives false.
+// Opens the long look of a short look. For any other controller, the completion receives false.
 void openLongLook(Controller* self, bool animated, objc::Block<void(bool)>* completion) {
   recordControllerEvent("longlook", self);
   auto* shortLook = objc::as<ShortLookController>(self);
@@ -55,14 +55,14 @@ void presentLongLookByTrigger(Controller* self, bool animated, NSInteger, objc::
   openLongLook(self, animated, completion);
 }
 
-// A short look that is presented becomes a new banner, which replaces this one.
+// A presented short look becomes a new banner, which replaces the banner of this controller.
 void presentController(Controller* self, UIViewController* presented, bool, objc::Block<void()>* completion) {
   recordControllerEvent("present", self);
   if (auto* banner = objc::as<ShortLookController>(presented)) presentBanner(banner);
   if (completion != nullptr) (*completion)();
 }
 
-// NCNotificationShortLookViewController
+// Methods of NCNotificationShortLookViewController:
 
 void loadView(ShortLookController* self) {
   const auto content = makeShortLookView(self->notificationRequest());
@@ -80,7 +80,7 @@ void traitCollectionDidChange(ShortLookController* self, UITraitCollection* prev
 }
 
 void handleTap(ShortLookController* self, NSObject*) {
-  // The action can remove the list cell that owns this controller.
+  // The controller is retained, because the action can remove the list cell that owns it.
   const auto retained = objc::retain(self);
   self->askDelegateToExecuteAction(objc::state(objc::state<Controller>(self).request.get()).defaultAction,
                                    NSDictionary::dictionary(), true);
@@ -97,7 +97,7 @@ void presentLongLookForScroll(ShortLookController* self, bool animated, objc::Bl
 
 void presentLongLookByClick(ShortLookController* self, NSObject*) { openLongLook(self, true, nullptr); }
 
-// NCNotificationContentContainerViewController
+// Methods of NCNotificationContentContainerViewController:
 
 ContentContainer* initContainerWithRequest(ContentContainer* self, NCNotificationRequest* request) {
   if (request == nullptr) {

@@ -7,7 +7,7 @@
 
 struct NotificationViewControllerState {
   objc::Ref<NCNotificationRequest> request;
-  std::size_t bannerNumber = 0;  // 0: never presented as a banner
+  std::size_t bannerNumber = 0;  // 0 if the controller has never been presented as a banner
 };
 template <>
 struct objc::StateOf<NCNotificationViewController> {
@@ -24,10 +24,10 @@ struct objc::StateOf<NCNotificationContentContainerViewController> {
 
 namespace springboard {
 
-// The transitions of the platform's dismissal. Any other number also slides the banner out.
+// The transitions of the platform's dismissal. Every other number has the effect of SlideOut.
 enum class Transition : NSInteger { None = 0, SlideOut = 1 };
 
-// The controller retains the request, which must not be nil.
+// Creates a controller, which retains the request. The request must not be nil.
 objc::Ref<NCNotificationShortLookViewController> makeShortLookController(NCNotificationRequest* request);
 
 void defineNotificationViewControllers();

@@ -15,13 +15,15 @@ namespace {
 
 using Cell = NCNotificationListCell;
 
-// The cards behind the front card: the visible part of each, and its inset relative to the card in front of it.
+// The cards behind the front card: their maximum number, the visible height of each card, and its inset and decrease in
+// opacity relative to the card in front of it.
 constexpr std::size_t maxVisibleEdges = 2;
 constexpr CGFloat edgeHeight = 8;
 constexpr CGFloat edgeInset = 9;
 constexpr CGFloat alphaStep = 0.25;
 
-// Creates a card that is clipped to its lower edge, because the rest would show through the translucent front card.
+// Creates a card of which only the lower edge is visible. The rest is clipped, because it would show through the
+// translucent front card.
 objc::Ref<UIView> makeEdge(CGRect frame, CGFloat alpha) {
   auto strip = UIView::withFrame<UIView>(frame);
   strip->setClipsToBounds(true);
@@ -57,7 +59,7 @@ objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   NCNotificationShortLookView* content = contentViewOf(view);
   const std::size_t others = group.size() - 1;
   setFootnote(content, footnoteFor(others));
-  // Rounded up, because the next card must start at a whole point.
+  // The height is rounded up, because the next card must start at a whole point.
   const CGSize front = {width, std::ceil(heightOfShortLookView(content, width))};
   const std::size_t edges = std::min(others, maxVisibleEdges);
   addEdges(cell, edges, front);

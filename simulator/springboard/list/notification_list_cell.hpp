@@ -1,5 +1,5 @@
-// A cell of the notification list. It shows the latest notification of a group and, below it, the edges of the cards
-// behind it. Main thread.
+// A cell of the notification list. It shows the latest notification of a group as a card and, below it, the edges of
+// the cards behind that card. Main thread.
 #pragma once
 
 #include "simulator/springboard/banner/notification_view_controller.hpp"
@@ -18,7 +18,7 @@ struct objc::StateOf<NCNotificationListCell> {
 
 namespace springboard {
 
-// Creates a cell of this width in points. The height fits the group, which must not be empty.
+// Creates a cell of this width, which is in points. The height of the cell fits the group. The group must not be empty.
 objc::Ref<NCNotificationListCell> makeListCell(const NotificationGroup& group, CGFloat width);
 
 // Updates the displayed age of the notification to the current time.

@@ -22,7 +22,8 @@ Cells cellsOf(const UIView* view) {
   return cells;
 }
 
-// Returns the existing cell of the group if there is one, because a touch or an open long look can refer to it.
+// Returns the cell of the group. Reuses the existing cell if there is one, because a touch or an open long look can
+// refer to it.
 objc::Ref<Cell> cellFor(const NotificationGroup& group, const Cells& shown, CGFloat width) {
   for (const objc::Ref<Cell>& cell : shown) {
     if (objc::state(cell.get()).group != group) continue;

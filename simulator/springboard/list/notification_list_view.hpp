@@ -10,7 +10,7 @@ class NCNotificationListView : public objc::Interface<"NCNotificationListView", 
 
 namespace springboard {
 
-// Shows the groups. Groups that do not fit into the view have no cell. The size of the view does not change.
+// Shows the groups. A group that does not fit into the view has no cell. The size of the view does not change.
 void showGroups(NCNotificationListView* view, const std::vector<NotificationGroup>& groups);
 
 void defineListView();

@@ -1,4 +1,4 @@
-// The rows below the card of a long look, one for each custom action of the application. Main thread.
+// The rows below the card of a long look. Each row represents one custom action of the application. Main thread.
 #pragma once
 
 #include "platform/ui_view.hpp"
@@ -8,10 +8,11 @@ class UIInterfaceActionGroupView : public objc::Interface<"UIInterfaceActionGrou
 
 namespace springboard {
 
-// A tapped row sends _actionRowTapped: with itself to the target, which is not retained.
+// Creates the rows. A tapped row sends _actionRowTapped: to the target, with the row as the argument. The target is not
+// retained.
 objc::Ref<UIInterfaceActionGroupView> makeActionGroup(const NCNotificationRequest* request, NSObject* target);
 
-// Removes the last rows that do not fit completely into this height in points.
+// Removes the rows that do not fit completely into this height, which is in points.
 void removeRowsBeyond(const UIInterfaceActionGroupView* view, CGFloat height);
 CGFloat heightOfActionGroup(const UIInterfaceActionGroupView* view);
 

@@ -40,7 +40,7 @@ void layoutSubviews(Row* self) {
   parts.separator->setFrame({{}, {size.width, 1 / uikit::environment().device.scale}});
 }
 
-// An action without a title shows its identifier.
+// Returns the title of the action, or its identifier if it has no title.
 NSString* titleOf(const NCNotificationAction* action) {
   const NotificationActionState& state = objc::state(action);
   return state.title->length() != 0 ? state.title : state.identifier;

@@ -1,4 +1,4 @@
-// A row of a long look that executes one of the notification's actions. Main thread.
+// A row of a long look. It executes one of the notification's actions. Main thread.
 #pragma once
 
 #include "platform/ui_control.hpp"
@@ -19,12 +19,12 @@ struct objc::StateOf<UIInterfaceActionRow> {
 
 namespace springboard {
 
-inline constexpr CGFloat actionRowHeight = 54;  // points
+inline constexpr CGFloat actionRowHeight = 54;  // in points
 
-// A row that follows another one begins with a separator.
+// The position of a row in its group. A row that follows another row begins with a separator.
 enum class RowPosition { First, Following };
 
-// The caller adds a target for UIControlEvents::TouchUpInside.
+// Creates a row. The caller adds a target for UIControlEvents::TouchUpInside.
 objc::Ref<UIInterfaceActionRow> makeActionRow(NCNotificationAction* action, RowPosition position);
 
 void defineActionRow();

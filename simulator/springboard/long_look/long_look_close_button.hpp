@@ -5,7 +5,7 @@
 
 namespace springboard {
 
-// The caller sets the frame. The whole frame accepts touches; the disc is at its center.
+// Creates the button. The caller sets its frame. The whole frame accepts touches; the disc is at its center.
 objc::Ref<UIControl> makeCloseButton();
 
 void defineCloseButton();

@@ -43,7 +43,8 @@ void loadView(Controller* self) {
   objc::send<void, "setView:">(self, view.get());
 }
 
-// Most actions withdraw the notification, which closes the long look. After any other action this function closes it.
+// Executes the action and closes the long look. Most actions withdraw the notification, which already closes the long
+// look. For any other action, the call of dismissLongLook closes it.
 void executeAndClose(Controller* self, NCNotificationAction* action) {
   const auto retained = objc::retain(self);
   if (action != nullptr) self->askDelegateToExecuteAction(action, NSDictionary::dictionary(), true);
@@ -91,7 +92,7 @@ struct VerticalSpan {
   CGFloat bottom;
 };
 
-// The part of the screen that neither the safe area nor the keyboard covers.
+// Returns the vertical part of the screen that neither the safe area nor the keyboard covers.
 VerticalSpan availableSpan(const LongLookControllerState& parts) {
   const base::DeviceProfile& device = uikit::environment().device;
   const CGFloat top = std::max<CGFloat>(device.safeArea.top, screenMargin);
@@ -101,7 +102,7 @@ VerticalSpan availableSpan(const LongLookControllerState& parts) {
   return {top, device.screen.height - keyboard.height() - screenMargin};
 }
 
-// The height that remains below a card with one line of body text.
+// Returns the height that remains below a card that has one line of body text.
 CGFloat heightForActions(const LongLookControllerState& parts) {
   const VerticalSpan available = availableSpan(parts);
   return available.bottom - available.top - fitLongLookView(parts.card, parts.shortLook.size.width, 0) - gap;

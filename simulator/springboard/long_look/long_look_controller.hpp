@@ -1,4 +1,4 @@
-// The controller of the long look, which shows the complete notification with its actions over a blurred screen. Main
+// The controller of the long look. It shows the complete notification with its actions over a blurred screen. Main
 // thread.
 #pragma once
 
@@ -11,7 +11,7 @@ struct LongLookControllerState {
   objc::Ref<UIView> backdrop;
   objc::Ref<NCNotificationLongLookView> card;
   objc::Ref<UIInterfaceActionGroupView> actions;
-  objc::Ref<NCNotificationReplyBar> replyBar;  // replaces the actions while the user types a text
+  objc::Ref<NCNotificationReplyBar> replyBar;  // replaces the actions while the user types text
   CGRect shortLook;                            // the frame of the short look on the screen
 };
 
@@ -26,11 +26,11 @@ namespace springboard {
 
 objc::Ref<NCNotificationLongLookViewController> makeLongLookController(NCNotificationRequest* request);
 
-// Arrange the views for the start of the opening animation, with the card in the short look's frame on the screen, and
-// for the open long look.
+// Arrange the views. collapseLongLook arranges them for the start of the opening animation: the card has the short
+// look's frame on the screen. expandLongLook arranges them for the open long look.
 void collapseLongLook(const NCNotificationLongLookViewController* controller, const CGRect& shortLook);
 void expandLongLook(const NCNotificationLongLookViewController* controller);
-// Hides the keyboard.
+// Hides the keyboard if the user is typing text.
 void endTyping(const NCNotificationLongLookViewController* controller);
 
 void defineLongLookController();

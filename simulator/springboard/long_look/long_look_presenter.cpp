@@ -32,13 +32,14 @@ bool canOpen(const ShortLook* shortLook) {
          objc::state<UIViewController>(shortLook).presented == nullptr;
 }
 
-// The dismissal of a banner closes its long look. It does not apply to a banner that is already being dismissed.
+// Returns whether closing the long look must dismiss the short look's banner, which then closes the long look. Returns
+// false for a short look in the list and for a banner that is already being dismissed.
 bool isDismissedWithLongLook(const ShortLook* shortLook) {
   const std::size_t number = numberOfBanner(shortLook);
   return isBannerOnScreen(number) && !isBannerBeingDismissed(number);
 }
 
-// Presents the long look with UIViewController's own method, because NCNotificationViewController overrides it.
+// Presents the long look. Uses the method of UIViewController, because NCNotificationViewController overrides it.
 void presentController(ShortLook* shortLook, LongLook* longLook) {
   objc::sendSuper<"NCNotificationViewController", void, "presentViewController:animated:completion:">(
       shortLook, static_cast<UIViewController*>(longLook), false, static_cast<objc::Block<void()>*>(nullptr));
@@ -82,7 +83,7 @@ void dismissLongLook(LongLookChange change) {
   const objc::Ref<ShortLook> shortLook = std::exchange(opened(), nullptr);
   if (!isBannerOnScreen(numberOfBanner(shortLook))) shortLook->view()->setHidden(false);
   const LongLook* longLook = longLookOf(shortLook);
-  // The dismissal of the banner has already closed it.
+  // The long look is null if the dismissal of the banner has already closed it.
   if (longLook == nullptr) return;
   endTyping(longLook);
   if (isImmediate) return dismissController(shortLook);

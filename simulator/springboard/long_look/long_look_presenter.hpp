@@ -1,4 +1,4 @@
-// Opens the long look of a short look and closes it. At most one long look is open. Main thread.
+// Opens and closes the long look of a short look. At most one long look is open. Main thread.
 #pragma once
 
 #include "simulator/springboard/banner/long_look_presentation.hpp"
@@ -7,22 +7,22 @@
 
 namespace springboard {
 
-// Opens the long look of `shortLook` and closes any other. The completion receives true after the animation. It
-// receives false at once, and nothing changes, if the short look's view is in no window, its banner is being dismissed,
-// or its long look is already open. The completion can be null.
+// Opens the long look of `shortLook` and closes any other. The completion can be null; it receives true after the
+// animation. The long look is not opened if the short look's view is in no window, its banner is being dismissed, or
+// its long look is already open. In these cases the completion receives false immediately.
 void presentLongLook(NCNotificationShortLookViewController* shortLook, LongLookChange change,
                      objc::Block<void(bool)>* completion);
 
-// The short look whose long look is open. Nil if none is open.
+// Returns the short look whose long look is open, or nil if no long look is open.
 NCNotificationShortLookViewController* openedShortLook();
 
-// Closes the open long look, if any. A banner is dismissed together with its long look. A short look in the list is
-// shown again.
+// Closes the open long look, if any. Also dismisses the banner of its short look. A short look in the list is shown
+// again.
 void dismissLongLook(LongLookChange change);
-// The same, if the open long look shows this notification.
+// Closes the open long look if it shows this notification.
 void dismissLongLookOf(const NotificationKey& key);
 
-// The same, if the open long look belongs to this controller.
+// Closes the open long look if it belongs to this controller.
 void dismissLongLook(const NCNotificationLongLookViewController* longLook);
 
 }  // namespace springboard

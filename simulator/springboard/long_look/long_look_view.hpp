@@ -10,7 +10,7 @@ struct LongLookViewState {
   objc::Ref<UIView> headerStrip;
   objc::Ref<PLPlatterHeaderContentView> header;
   objc::Ref<UIControl> closeButton;
-  std::array<objc::Ref<UILabel>, 3> texts;  // title, subtitle, body
+  std::array<objc::Ref<UILabel>, 3> texts;  // the labels of title, subtitle and body
 };
 
 class NCNotificationLongLookView : public objc::Interface<"NCNotificationLongLookView", UIView> {};
@@ -21,11 +21,11 @@ struct objc::StateOf<NCNotificationLongLookView> {
 
 namespace springboard {
 
-// The caller adds a target to the close button.
+// Creates the card. The caller adds a target to its close button.
 objc::Ref<NCNotificationLongLookView> makeLongLookView(const NCNotificationRequest* request);
 
-// Limits the lines of the body so that the card fits into `maxHeight` at this width, and returns the card's height. The
-// body keeps at least one line, so the result can exceed `maxHeight`. Points.
+// Limits the number of lines of the body so that the card fits into `maxHeight` at this width, and returns the height
+// of the card. The body keeps at least one line, so the result can exceed `maxHeight`. All lengths are in points.
 CGFloat fitLongLookView(const NCNotificationLongLookView* view, CGFloat width, CGFloat maxHeight);
 
 void defineLongLookView();

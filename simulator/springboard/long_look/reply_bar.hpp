@@ -1,4 +1,4 @@
-// The text field of a long look for an action that accepts text. Main thread.
+// The text field that a long look shows for an action that accepts text. Main thread.
 #pragma once
 
 #include "platform/ui_text_field.hpp"
@@ -17,10 +17,10 @@ struct objc::StateOf<NCNotificationReplyBar> {
 
 namespace springboard {
 
-inline constexpr CGFloat replyBarHeight = 54;  // points
+inline constexpr CGFloat replyBarHeight = 54;  // in points
 
-// When the user presses the return key, the bar sends _replyFieldReturned: with the text field to the target, which is
-// not retained. The return key is disabled while the field is empty.
+// Creates the bar. When the user presses the return key, the bar sends _replyFieldReturned: to the target, with the
+// text field as the argument. The target is not retained. The return key is disabled while the field is empty.
 objc::Ref<NCNotificationReplyBar> makeReplyBar(NCNotificationAction* action, NSObject* target);
 
 void defineReplyBar();

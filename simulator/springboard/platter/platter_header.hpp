@@ -20,9 +20,9 @@ struct objc::StateOf<PLPlatterHeaderContentView> {
 
 namespace springboard {
 
-inline constexpr CGFloat platterHeaderHeight = 40;  // points
+inline constexpr CGFloat platterHeaderHeight = 40;  // in points
 
-// Creates the header, with `trailingSpace` points left empty at its trailing edge.
+// Creates the header. `trailingSpace` is the width, in points, that remains empty at its trailing edge.
 objc::Ref<PLPlatterHeaderContentView> makePlatterHeader(const NCNotificationRequest* request, CGFloat trailingSpace);
 
 // Updates the displayed age to the current time.

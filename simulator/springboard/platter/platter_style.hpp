@@ -13,10 +13,10 @@ void applyCardShape(UIView* view);
 
 UIColor* textColor(const UIView* view);
 UIColor* secondaryTextColor(const UIView* view);
-// The colors of an opaque card and of its header.
+// Return the colors of an opaque card and of its header.
 UIColor* cardColor(const UIView* view);
 UIColor* cardHeaderColor(const UIView* view);
-// The colors of a touched row of an opaque card and of the line between two rows.
+// Return the colors of a touched row of an opaque card and of the line between two rows.
 UIColor* pressedRowColor(const UIView* view);
 UIColor* separatorColor(const UIView* view);
 

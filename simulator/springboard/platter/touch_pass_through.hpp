@@ -7,8 +7,8 @@ class SBFTouchPassThroughView : public objc::Interface<"SBFTouchPassThroughView"
 
 namespace springboard {
 
-// The implementation of -pointInside:withEvent: for such a view. It also accepts touches on subviews outside the view's
-// bounds. Main thread.
+// The implementation of -pointInside:withEvent: for a container view. It accepts touches on subviews, including
+// subviews outside the bounds of the container. Main thread.
 bool isInsideSubview(UIView* self, CGPoint point, NSObject* event);
 
 void defineTouchPassThroughView();

@@ -19,7 +19,7 @@ struct ApplicationName {
   const char* name;
 };
 
-// In the order of the home screen.
+// The applications that can be installed, in the order of the home screen.
 constexpr ApplicationName knownApplications[] = {
     {"com.apple.mobilecal", "Calendar"},
     {"com.apple.mobiletimer", "Clock"},
@@ -37,10 +37,10 @@ constexpr ApplicationName knownApplications[] = {
     {"net.whatsapp.WhatsApp", "WhatsApp"},
 };
 
-// The platform's icon formats: notification, home screen and list.
+// The platform's numbers of the icon formats: notification, home screen and list.
 constexpr int iconFormats[] = {8, 2, 0};
 constexpr int homeScreenFormat = 2;
-// The artwork's pixels per point.
+// The number of pixels per point in the artwork.
 constexpr double artworkScale = 3;
 
 fs::path& artworkFolder() {

@@ -1,4 +1,5 @@
-// The installed applications, identified by their bundle identifiers, with names and icons. Main thread.
+// The installed applications with their names and icons. An application is identified by its bundle identifier. Main
+// thread.
 #pragma once
 
 #include <filesystem>
@@ -12,21 +13,24 @@
 
 namespace springboard {
 
-// Installs the known applications whose icon, <bundle identifier>.png, is in the folder. Call it once, at start-up.
+// Installs the known applications whose icon, <bundle identifier>.png, is in the folder. Call this once, at start-up.
 void registerApplications(const std::filesystem::path& folder);
 
-// Bundle identifiers in the order of the home screen. The applications in the dock are last.
+// Returns the bundle identifiers in the order of the home screen. The applications in the dock are last.
 const std::vector<std::string>& installedApplications();
 
-// The name that is shown below the icon. For an unknown application, the last component of its identifier.
+// Returns the name that is shown below the icon. For an unknown application, returns the last component of its
+// identifier.
 std::string nameOf(std::string_view bundleIdentifier);
 
-// The application's icon for the home screen, or a generic placeholder if the application has no icon. Autoreleased.
+// Returns the application's icon for the home screen, or a generic placeholder if the application has no icon. The icon
+// is autoreleased.
 UIImage* iconOf(NSString* bundleIdentifier);
 // Replaces the application's icon. Returns false if the file is not an image.
 bool setIcon(const std::string& bundleIdentifier, const std::filesystem::path& file);
 
-// The image <name>.png of the folder passed to registerApplications. Null if the file is missing.
+// Loads the image <name>.png from the folder that was passed to registerApplications. Returns null if the file is
+// missing or is not an image.
 std::shared_ptr<const drawing::Image> loadArtwork(const std::string& name);
 
 }  // namespace springboard

@@ -62,7 +62,7 @@ void presentBulletin(const BulletinState& bulletin) {
   NCNotificationDispatcher::shared()->post(makeRequest(description, nullptr));
 }
 
-// Runs on the server's queue. Banners are presented on the main thread.
+// Publishes a bulletin. Runs on the server's queue, so the banner is presented later on the main thread.
 void publish(BBServer*, BBBulletin* bulletin, NSUInteger destinations) {
   nlohmann::ordered_json fields = {{"destinations", destinations}};
   fields.update(describe(objc::state(bulletin)));
@@ -71,7 +71,8 @@ void publish(BBServer*, BBBulletin* bulletin, NSUInteger destinations) {
   foundation::onMainThread([retained = objc::retain(bulletin)] { presentBulletin(objc::state(retained.get())); });
 }
 
-// Runs on the server's queue. Withdraws every notification with this identifier.
+// Withdraws every notification with this identifier. Runs on the server's queue, so the notifications are withdrawn
+// later on the main thread.
 void withdraw(BBServer*, NSString* bulletinIdentifier) {
   foundation::onMainThread([identifier = base::textOf(bulletinIdentifier)] {
     for (const auto& request : NCNotificationDispatcher::shared()->list().all())
@@ -138,7 +139,7 @@ void defineBulletinServer() {
 void startBulletinServer() {
   __BBServerQueue = dispatch_queue_create("com.apple.bulletinboard.server", nullptr);
   NSObject* const none = nullptr;
-  // Never released, because the server exists until the process exits.
+  // The server is never released, because it exists until the process exits.
   objc::send<BBServer*,
              "initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:"
              "utilitiesListener:conduitListener:systemStateListener:settingsListener:">(

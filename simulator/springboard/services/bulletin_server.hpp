@@ -1,4 +1,4 @@
-// The bulletin server. Components of the system publish bulletins, which it presents as banners.
+// The bulletin server. Components of the system publish bulletins, and the server presents them as banners.
 #pragma once
 
 #include "objc/block.hpp"
@@ -49,13 +49,13 @@ struct objc::StateOf<BBServer> {
   using Type = BulletinServerState;
 };
 
-// The queue of the server. All messages to the server must be sent on it.
+// The queue of the server. All messages to the server must be sent on this queue.
 extern "C" dispatch_queue_t __BBServerQueue;
 
 namespace springboard {
 
 void defineBulletinServer();
-// Creates the server and its queue. Call it once, after the classes have been registered. Main thread.
+// Creates the server and its queue. Call this once, after the classes have been registered. Main thread.
 void startBulletinServer();
 
 }  // namespace springboard

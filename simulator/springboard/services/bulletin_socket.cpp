@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The connection of a sender that exceeds this limit is closed.
+// The maximum size of a message. The connection of a sender that exceeds it is closed.
 constexpr std::size_t maxBulletinBytes = 16 << 20;
 
 struct Sender {
@@ -49,7 +49,7 @@ void drop(std::list<Sender>::iterator sender) {
   senders().erase(sender);
 }
 
-// A bulletin is complete when its sender has closed the connection.
+// Reads a part of a bulletin. The bulletin is complete when its sender has closed the connection.
 void readFrom(std::list<Sender>::iterator sender) {
   char buffer[65536];
   const ssize_t size = recv(sender->socket.get(), buffer, sizeof buffer, MSG_DONTWAIT);

@@ -1,4 +1,4 @@
-// Receives the notifications that other processes of the phone ask the home screen to show.
+// Receives notifications from other processes of the phone, which ask the home screen to show them.
 #pragma once
 
 #include <functional>
@@ -7,9 +7,9 @@
 
 namespace springboard {
 
-// Listens on a socket in the root and calls `present` for each bulletin when the main thread processes external events.
-// A message that is not valid is ignored. If the socket cannot be created, an error is printed and no bulletin is
-// received. Call it once, after the home screen has started. Main thread.
+// Listens on a socket in the root. Calls `present` for each bulletin while the main thread processes external events.
+// Ignores invalid messages. If the socket cannot be created, prints an error and receives no bulletins. Call this once,
+// after the home screen has started. Main thread.
 void listenForBulletins(std::function<void(const process::Bulletin&)> present);
 
 }  // namespace springboard

@@ -9,7 +9,7 @@ namespace springboard {
 
 namespace {
 
-// The simulator has no haptics hardware to prepare.
+// -prepare does nothing, because the simulator has no haptics hardware.
 void prepare(UIFeedbackGenerator*) {}
 
 void notificationOccurred(UINotificationFeedbackGenerator*, NSInteger type) {

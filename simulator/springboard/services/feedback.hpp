@@ -9,13 +9,13 @@ class UIFeedbackGenerator : public objc::Interface<"UIFeedbackGenerator", NSObje
 class UINotificationFeedbackGenerator : public objc::Interface<"UINotificationFeedbackGenerator", UIFeedbackGenerator> {
 };
 
-// Record the event "sound" with the name of the call and the sound's number. Any thread.
+// Record the event "sound" with the kind of the call and the number of the sound. Any thread.
 extern "C" void AudioServicesPlaySystemSound(std::uint32_t sound);
 extern "C" void AudioServicesPlayAlertSound(std::uint32_t sound);
 
 namespace springboard {
 
-// Defines the haptics classes, which record the event "haptic".
+// Defines the haptics classes, which record the event "haptic". Main thread.
 void defineFeedback();
 
 }  // namespace springboard

@@ -28,8 +28,8 @@ using Json = nlohmann::ordered_json;
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
-// Removes the notifications of a conversation that has been read. Their thread identifier is the address at the end of
-// the chat's identifier.
+// Removes the notifications of a conversation that has been read. The thread identifier of these notifications is the
+// address at the end of the chat's identifier.
 void withdrawConversation(const std::string& chat) {
   const objc::AutoreleasePool pool;
   const std::string address = chat.substr(chat.rfind(';') + 1);
@@ -50,7 +50,7 @@ void recordReportedEvent(std::string_view text) {
 
 }  // namespace
 
-// Shared with the thread that reads the socket.
+// The state that the connection shares with the thread that reads the socket.
 struct MessagesConnection::Channel {
   foundation::FileDescriptor socket;
   std::mutex mutex;  // protects replyCount and hasEnded
@@ -110,7 +110,8 @@ MessagesConnection::~MessagesConnection() { shutdown(channel_->socket.get(), SHU
 bool MessagesConnection::isReady(TimePoint deadline) {
   if (hasEnded()) return false;
   if (foundation::isDaemonRunning(daemon_)) return true;
-  // Taken before the query. If this daemon still runs when the app replies, the reply is valid for it.
+  // The descriptor is opened before the query. If its daemon still runs when the app replies, the reply is valid for
+  // this daemon.
   foundation::FileDescriptor current = foundation::watchDaemon();
   if (!awaitReply(deadline)) return false;
   daemon_ = std::move(current);
@@ -125,7 +126,7 @@ bool MessagesConnection::awaitReply(TimePoint deadline) {
   return channel_->replyCount != before;
 }
 
-// Polls the socket, because the reading thread detects the end later.
+// Polls the socket, because the reading thread can detect the end of the connection later.
 bool MessagesConnection::hasEnded() const {
   pollfd end = {channel_->socket.get(), POLLRDHUP, 0};
   return !channel_->socket.isOpen() || poll(&end, 1, 0) != 0;

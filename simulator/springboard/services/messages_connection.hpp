@@ -1,4 +1,4 @@
-// The home screen's connection to the service of the Messages app; see messages/report_service.hpp.
+// The home screen's connection to the service of the Messages app, which messages/report_service.hpp describes.
 #pragma once
 
 #include <chrono>
@@ -11,20 +11,22 @@ namespace springboard {
 
 using TimePoint = std::chrono::steady_clock::time_point;
 
-// A background thread reads the connection and records the events that the app reports. All functions: main thread.
+// A connection. A background thread reads from it and records the events that the app reports. All functions run on the
+// main thread.
 class MessagesConnection {
  public:
-  // `folder` is the folder of the app's socket. If no app listens there, the connection has ended from the start.
+  // Connects to the app. `folder` is the folder of the app's socket. If no app listens there, the connection has ended
+  // from the start.
   explicit MessagesConnection(const std::filesystem::path& folder);
   MessagesConnection(const MessagesConnection&) = delete;
   MessagesConnection& operator=(const MessagesConnection&) = delete;
   ~MessagesConnection();
 
-  // Returns whether the app receives requests. Queries the app and waits for its reply, unless the app has already
-  // replied and the daemon of the distributed notifications still runs. Returns false if the app has ended or does not
-  // reply before the deadline.
+  // Returns whether the app receives requests. Queries the app and waits for its reply. No query is necessary if the
+  // app has already replied and the daemon of the distributed notifications still runs. Returns false if the app has
+  // ended or does not reply before the deadline.
   bool isReady(TimePoint deadline);
-  // Whether the app has ended or closed the connection.
+  // Returns whether the app has ended or has closed the connection.
   bool hasEnded() const;
 
  private:
@@ -33,7 +35,7 @@ class MessagesConnection {
   bool awaitReply(TimePoint deadline);
 
   std::shared_ptr<Channel> channel_;
-  // The daemon that ran when the app replied that it was ready.
+  // A descriptor of the daemon that was running when the app replied that it was ready.
   foundation::FileDescriptor daemon_;
 };
 

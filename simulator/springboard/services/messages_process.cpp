@@ -34,10 +34,10 @@ constexpr std::chrono::milliseconds pollInterval(2);
 
 enum class ChildState { Running, NotNeeded, Failed };
 
-// The process that this home screen has started.
+// The app's process, if this home screen has started it.
 struct Child {
   pid_t process = 0;
-  // The write end of its standard input. It is closed when the home screen exits, and the app then ends.
+  // The write end of the app's standard input. It is closed when the home screen exits, and the app then ends.
   FileDescriptor standardInput;
 };
 
@@ -58,8 +58,8 @@ std::vector<std::string> commandLine() {
   return words;
 }
 
-// The app's standard output is redirected to this process's standard error, because scripts read this process's
-// standard output.
+// Starts the app. Redirects the app's standard output to this process's standard error, because scripts read this
+// process's standard output.
 std::optional<Child> spawn() {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return std::nullopt;
@@ -83,7 +83,7 @@ std::optional<Child> spawn() {
   return std::nullopt;
 }
 
-// Also removes the record of a child that has ended.
+// Returns the state of the child process. If the process has ended, also resets `child`.
 ChildState stateOfChild() {
   if (!child()) return ChildState::NotNeeded;
   int status = 0;
@@ -100,8 +100,8 @@ bool appIsReady(TimePoint deadline) {
   return connection()->isReady(deadline);
 }
 
-// If another home screen starts the app at the same time, one of the two processes exits with success. Both home
-// screens then use the other process.
+// Waits until the app is ready, and starts it if necessary. If another home screen starts the app at the same time, one
+// of the two processes exits with success. Both home screens then use the other process.
 bool startAndWait(TimePoint deadline) {
   stateOfChild();
   while (!appIsReady(deadline)) {

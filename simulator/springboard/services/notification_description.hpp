@@ -1,4 +1,4 @@
-// A notification as plain values, as a script or another process describes it. Texts are UTF-8.
+// A notification as plain values. A script or another process provides the values. Texts are UTF-8.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -8,7 +8,7 @@
 
 namespace springboard {
 
-// A custom action of the application. `key` is a key of supplementaryActions, such as
+// A custom action of the application. `key` is a key of the dictionary supplementaryActions, such as
 // "NCNotificationActionEnvironmentDefault".
 struct ActionDescription {
   std::string key;
@@ -21,7 +21,8 @@ enum class AutomaticDismissal { Allowed, Forbidden, Unspecified };
 
 struct NotificationDescription {
   std::string section;  // the application's bundle identifier
-  // A unique identifier if nothing is given. A later request with the identifier of an earlier one replaces it.
+  // The identifier of the notification. If there is no value, a unique identifier is generated. A later request with
+  // the same identifier replaces the earlier request.
   std::optional<std::string> identifier;
   std::optional<std::string> thread;
   std::optional<std::string> title;
@@ -33,9 +34,9 @@ struct NotificationDescription {
   bool hasClearAction = true;
   bool hasCloseAction = false;
   bool hasSilenceAction = false;
-  // For Unspecified, the request has no options.
+  // Whether the banner can dismiss itself. For Unspecified, the request has no options.
   AutomaticDismissal automaticDismissal = AutomaticDismissal::Allowed;
-  // Seconds since 1970. The current time if nothing is given.
+  // The date in seconds since 1970. If there is no value, the current time is used.
   std::optional<double> date;
 };
 

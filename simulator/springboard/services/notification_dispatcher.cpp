@@ -25,7 +25,7 @@ void addToList(Dispatcher* self, NCNotificationRequest* request) {
   notifyListObserver(self);
 }
 
-// A notification that the user has opened or cleared is not listed again.
+// Replaces a listed request. A notification that the user has opened or cleared is not added to the list again.
 void modify(Dispatcher* self, NCNotificationRequest* request) {
   if (request != nullptr && objc::state(self).list.remove(keyOf(request))) addToList(self, request);
 }
@@ -43,8 +43,8 @@ void withdraw(Dispatcher* self, NCNotificationRequest* request) {
   for (const NotificationDestination& destination : destinations()) destination.withdraw(key);
 }
 
-// The home screen launches the application for the default action. The effect of any other action inside the
-// application is not simulated.
+// Executes an action. For the default action, the home screen launches the application. The effect of any other action
+// inside the application is not simulated.
 void execute(Dispatcher* self, NSObject*, NCNotificationAction* action, NCNotificationRequest* request, bool,
              NSDictionary*, objc::Block<void()>* completion) {
   if (action == nullptr || request == nullptr) return;

@@ -1,5 +1,5 @@
-// The dispatcher of notifications. It distributes each notification to the destinations, such as banners, and keeps the
-// list of the lock screen. Main thread.
+// The dispatcher of notifications. It distributes each notification to the destinations, such as the banners, and keeps
+// the list of the lock screen. Main thread.
 #pragma once
 
 #include <functional>
@@ -14,20 +14,20 @@ struct NotificationDispatcherState {
 
 class NCNotificationDispatcher : public objc::Interface<"NCNotificationDispatcher", NSObject> {
  public:
-  // The only instance.
+  // Returns the only instance.
   static NCNotificationDispatcher* shared();
 
   // Adds the request to the list and presents it at all destinations.
   void post(NCNotificationRequest* request) { objc::send<void, "postNotificationWithRequest:">(this, request); }
-  // Replaces the listed request with the same key. Does nothing if there is none.
+  // Replaces the listed request that has the same key. Does nothing if there is no such request.
   void modify(NCNotificationRequest* request) { objc::send<void, "modifyNotificationWithRequest:">(this, request); }
-  // Removes the request from the list and from all destinations. Does nothing if it is in none of them.
+  // Removes the request from the list and from all destinations that show it.
   void withdraw(NCNotificationRequest* request) { objc::send<void, "withdrawNotificationWithRequest:">(this, request); }
   // Executes the action. Most actions also withdraw the request.
   void execute(NCNotificationAction* action, NCNotificationRequest* request, NSDictionary* parameters);
 
   const springboard::NotificationList& list() const;
-  // The observer is called after each change of the list. It replaces the previous observer; null removes it.
+  // Sets the function that is called after each change of the list. It replaces the previous function; null removes it.
   void observeList(std::function<void()> observer);
 };
 template <>
@@ -43,7 +43,8 @@ struct NotificationDestination {
   std::function<void(const NotificationKey& key)> withdraw;
 };
 
-// Adds a destination. Destinations receive each request in the order in which they were added. Call it at start-up.
+// Adds a destination. The destinations receive each request in the order in which they were added. Call this at
+// start-up.
 void addNotificationDestination(NotificationDestination destination);
 
 void defineNotificationDispatcher();

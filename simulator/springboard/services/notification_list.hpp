@@ -8,7 +8,8 @@
 
 namespace springboard {
 
-// Identifies a notification: the application's bundle identifier and the identifier within that application.
+// Identifies a notification. `section` is the application's bundle identifier. `identifier` is unique within that
+// application.
 struct NotificationKey {
   std::string section;
   std::string identifier;
@@ -17,22 +18,24 @@ struct NotificationKey {
 
 NotificationKey keyOf(const NCNotificationRequest* request);
 
-// Requests that are shown as one stack, latest first. Never empty.
+// The requests that are shown as one stack. The latest request is first. A group is never empty.
 using NotificationGroup = std::vector<objc::Ref<NCNotificationRequest>>;
 
 enum class Grouping { None, ByConversation };
 
-// Sorted by date, latest first. Of requests with equal dates, the one that was inserted last is first.
+// A list of requests, sorted by date, latest first. If several requests have the same date, the one that was inserted
+// last comes first.
 class NotificationList {
  public:
-  // Replaces the request with the same key. A list of more than 1000 requests drops the oldest one.
+  // Inserts the request, or replaces the request that has the same key. If the list then has more than 1000 requests,
+  // the oldest request is removed.
   void insert(NCNotificationRequest* request);
-  // Returns false if the list does not contain the key.
+  // Removes the request with this key. Returns false if the list does not contain it.
   bool remove(const NotificationKey& key);
 
-  // Empty if the list is empty.
+  // Returns all requests, latest first.
   NotificationGroup all() const;
-  // Sorted by the latest request of each group. A conversation is one thread of one application.
+  // Returns the groups, sorted by the latest request of each group. A conversation is one thread of one application.
   std::vector<NotificationGroup> groups(Grouping grouping) const;
 
  private:
@@ -41,7 +44,7 @@ class NotificationList {
     double date;
     objc::Ref<NCNotificationRequest> request;
   };
-  std::vector<Entry> entries_;  // latest last
+  std::vector<Entry> entries_;  // the latest request is last
 };
 
 }  // namespace springboard

@@ -36,7 +36,8 @@ using PostDistributed =
     objc::Original<void(NSDistributedNotificationCenter*, NSString*, NSObject*, NSDictionary*, bool)>;
 
 void post(Post original, NSNotificationCenter* self, NSString* name, NSObject* object, NSDictionary* userInfo) {
-  // The distributed center inherits this method and forwards it to its own method, which records the notification.
+  // The distributed center inherits this method and forwards the call to its own method, which records the
+  // notification.
   if (objc::as<NSDistributedNotificationCenter>(self) == nullptr) record("post", name, userInfo);
   original(self, name, object, userInfo);
 }

@@ -36,7 +36,7 @@ objc::Ref<NCNotificationAction> makeActionIf(bool isPresent, NSString* identifie
   return isPresent ? makeAction(identifier, title) : nullptr;
 }
 
-// Maps each key to an array of actions. Nil if there are no actions.
+// Returns a dictionary that maps each key to an array of actions. Returns nil if there are no actions.
 objc::Ref<NSDictionary> makeSupplementaryActions(const std::vector<ActionDescription>& descriptions) {
   if (descriptions.empty()) return nullptr;
   NSMutableDictionary* actions = NSMutableDictionary::dictionaryWithCapacity(descriptions.size());
@@ -110,7 +110,7 @@ objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& desc
       makeOptions(description.automaticDismissal),
       makeUserNotification(description, identifier, date),
   };
-  // A silenced notification stays in the list.
+  // The action that silences a notification does not remove it from the list.
   if (request->silenceAction() != nullptr) objc::state(request->silenceAction()).shouldDismissNotification = false;
   return request;
 }

@@ -1,4 +1,5 @@
-// Notification requests: the content and the actions of a notification that an application posts. Main thread.
+// Notification requests. A request contains the content and the actions of a notification that an application posts.
+// Main thread.
 #pragma once
 
 #include <optional>
@@ -9,7 +10,7 @@
 #include "platform/ns_date.hpp"
 #include "platform/ui_image.hpp"
 
-// The texts and icons of a request. Each of them can be nil.
+// The texts and icons of a request. Each of these values can be nil.
 class NCNotificationContent : public objc::Interface<"NCNotificationContent", NSObject> {
  public:
   NSString* title() const { return objc::send<NSString*, "title">(this); }
@@ -105,10 +106,10 @@ namespace springboard {
 
 struct NotificationDescription;
 
-// `icon` is the icon of this notification. Nil selects the application's icon.
+// Creates a request. `icon` is the icon of the notification. If it is nil, the icon of the application is used.
 objc::Ref<NCNotificationRequest> makeRequest(const NotificationDescription& description, UIImage* icon);
 
-// The changed texts of a follow-up. A text without a value does not change.
+// The changed texts of a follow-up. A text that has no value does not change.
 struct FollowUp {
   std::optional<std::string> title;
   std::optional<std::string> subtitle;

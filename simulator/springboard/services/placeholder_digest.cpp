@@ -13,7 +13,8 @@ namespace {
 
 constexpr CGFloat bestQuality = 100;
 
-// Created at the first use. Nil if the artwork is missing.
+// Returns the JPEG data of the placeholder icon, which is created at the first call. Returns nil if the artwork is
+// missing.
 NSData* placeholderJpeg() {
   static NSData* const jpeg =
       objc::retain(UIImageJPEGRepresentation(iconOf("no.such.application"_ns), bestQuality)).leak();

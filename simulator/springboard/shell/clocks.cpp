@@ -11,7 +11,7 @@ namespace springboard {
 
 namespace {
 
-// The template "j" selects the hour format of the locale.
+// Returns whether the locale uses the 24-hour clock. The template "j" selects the hour format of the locale.
 bool uses24HourClock() { return localizedFormat("j"_ns)->contains("H"_ns); }
 
 }  // namespace

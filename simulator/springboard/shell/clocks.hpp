@@ -1,18 +1,19 @@
-// The clocks of the status bar and the lock screen, in the locale of the phone. Texts are autoreleased. Main thread.
+// The texts of the clocks in the status bar and on the lock screen, in the locale of the phone. The texts are
+// autoreleased. Main thread.
 #pragma once
 
 #include "platform/ns_string.hpp"
 
 namespace springboard {
 
-// The current time of day, without an AM or PM symbol.
+// Returns the current time of day, without an AM or PM symbol.
 NSString* currentTime();
 
-// The current weekday and date, such as "Saturday, March 14".
+// Returns the current weekday and date, such as "Saturday, March 14".
 NSString* currentDay();
 
-// Updates the clocks if the minute has changed. It is cheap to call after every script command, because it does nothing
-// within the same minute.
+// Updates the clocks if the minute has changed. Calls within the same minute do nothing, so this function can be called
+// after every script command.
 void refreshClocks();
 
 }  // namespace springboard

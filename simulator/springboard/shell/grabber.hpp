@@ -6,7 +6,7 @@
 class SBGrabberTongue : public objc::Interface<"SBGrabberTongue", NSObject> {
  public:
   static SBGrabberTongue* sharedInstance() { return objc::send<SBGrabberTongue*, "sharedInstance">(classObject()); }
-  // Dismisses all banners. Returns whether there was one.
+  // Dismisses all banners. Returns whether any banner was on the screen.
   bool dismiss(NSInteger style, bool animated) {
     return objc::send<bool, "dismissWithStyle:animated:">(this, style, animated);
   }

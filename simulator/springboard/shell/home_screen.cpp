@@ -44,7 +44,7 @@ void addIcon(UIView* parent, const std::string& application, CGRect frame) {
   parent->addSubview(icon);
 }
 
-// The left edge of the icon in its row. Columns follow the layout direction of the locale.
+// Returns the left edge of the icon at this index. The order of the columns follows the layout direction of the locale.
 CGFloat columnLeft(std::size_t index, CGFloat width, CGFloat margin) {
   std::size_t column = index % columns;
   if (uikit::environment().direction == uikit::LayoutDirection::RightToLeft) column = columns - 1 - column;
@@ -63,7 +63,7 @@ void addGrid(UIView* view, Applications applications, CGFloat top) {
   }
 }
 
-// The dock is a rounded tray on devices with a home indicator and has the full width on other devices.
+// Adds the dock. It is a rounded tray on devices with a home indicator and has the full width on other devices.
 void addDock(UIView* view, Applications applications) {
   const bool rounded = uikit::environment().device.safeArea.bottom > 0;
   const CGFloat margin = rounded ? dockMargin : 0;

@@ -14,7 +14,8 @@ namespace springboard {
 namespace {
 
 constexpr double fontSize = 12;
-// The shadow consists of translucent copies of the text at these offsets. Their overlap is darkest next to the text.
+// The offsets, in points, of the translucent copies of the text that form its shadow. The copies overlap next to the
+// text, so the shadow is darkest there.
 constexpr double shadowOffsets[] = {0.5, 1, 1.5};
 constexpr drawing::Color shadowColor = {0, 0, 0, 0.07};
 

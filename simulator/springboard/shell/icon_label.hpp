@@ -1,4 +1,4 @@
-// The label below an application icon: white text with a shadow, because the wallpaper can be bright. Main thread.
+// The label below an application icon. It is white and has a shadow, because the wallpaper can be bright. Main thread.
 #pragma once
 
 #include <memory>

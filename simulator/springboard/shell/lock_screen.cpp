@@ -19,7 +19,7 @@ namespace {
 using LockScreen = SBLockScreenManager;
 using Completion = objc::Block<void()>;
 
-// Between the levels of the home screen and the status bar.
+// The window level of the lock screen. It is between the levels of the home screen and the status bar.
 constexpr double lockScreenLevel = 900;
 
 constexpr CGFloat clockTop = 40;
@@ -32,7 +32,7 @@ LockScreen* sharedInstance(Class self) {
   return shared;
 }
 
-// Adds a centered label of full width.
+// Adds a centered label that is as wide as the window.
 objc::Ref<UILabel> addLabel(UIWindow* window, CGFloat fontSize, CGFloat top, CGFloat height) {
   auto label = UIView::withFrame<UILabel>({{0, top}, {window->bounds().size.width, height}});
   label->setFont(UIFont::systemFontOfSize(fontSize));
@@ -59,7 +59,8 @@ void makeWindow(LockScreenState& state) {
 
 Grouping groupingOfSystem() { return systemVersionIsBelow("12.0"_ns) ? Grouping::None : Grouping::ByConversation; }
 
-// Refreshes once, after all work that is due. This combines several changes, and no caller uses a cell at that time.
+// Schedules a refresh after all work that is due. Several changes then cause only one refresh, and no caller of the
+// list is using a cell during the refresh.
 void scheduleRefresh() {
   static bool isPending = false;
   if (std::exchange(isPending, true)) return;

@@ -62,9 +62,10 @@ bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
 bool launchApplication(SpringBoard*, NSString* bundleIdentifier, bool suspended) {
   base::recordEvent("launch", {{"bundle", base::jsonOf(bundleIdentifier)}, {"suspended", suspended}});
   if (bundleIdentifier == nullptr) return false;
-  // Deferred, because callers can still use views of the lock screen.
+  // The unlocking is deferred, because callers can still use views of the lock screen.
   if (!suspended) foundation::onMainThread([] { SBLockScreenManager::sharedInstance()->unlock(); });
-  // Only Messages has a process, and only in the background. Every other launch just succeeds.
+  // The simulator only starts a process for a launch of Messages in the background. Every other launch succeeds without
+  // any effect.
   return !suspended || base::textOf(bundleIdentifier) != messagesIdentifier || launchMessages();
 }
 

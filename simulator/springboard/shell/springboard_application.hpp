@@ -9,7 +9,7 @@
 class SpringBoard : public objc::Interface<"SpringBoard", UIApplication> {
  public:
   static SpringBoard* shared() { return static_cast<SpringBoard*>(UIApplication::sharedApplication()); }
-  // Returns whether the application was launched. `suspended` launches it in the background.
+  // Launches an application, in the background if `suspended` is true. Returns whether it was launched.
   bool launchApplication(NSString* bundleIdentifier, bool suspended) {
     return objc::send<bool, "launchApplicationWithIdentifier:suspended:">(this, bundleIdentifier, suspended);
   }
@@ -17,10 +17,11 @@ class SpringBoard : public objc::Interface<"SpringBoard", UIApplication> {
 
 namespace springboard {
 
-// The press type of the home button. A press of force 1 pushes the button down; a press of force 0 releases it.
+// The press type of the home button. A press with a force of 1 pushes the button down. A press with a force of 0
+// releases it.
 inline constexpr NSInteger homeButtonPress = 101;
 
-// Simulates the hardware: sends an event with one press to the application.
+// Simulates a hardware button. Sends an event with one press to the application.
 void pressButton(NSInteger type, double force);
 
 void defineApplication();

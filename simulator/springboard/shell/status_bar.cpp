@@ -5,7 +5,7 @@
 #include "simulator/uikit/environment/environment.hpp"
 #include "simulator/uikit/views/view.hpp"
 
-// A white symbol of a full battery.
+// A view that shows a white symbol of a full battery.
 class UIStatusBarBatteryView : public objc::Interface<"UIStatusBarBatteryView", UIView> {};
 
 namespace springboard {
@@ -30,7 +30,7 @@ void drawBattery(UIView*, void* target) {
   canvas.fillRoundedRectangle({2, 2, 20, 8}, {2, drawing::CornerCurve::Continuous}, fill);
 }
 
-// The clock is to the left of the notch. Without a notch, it is in the center of the bar.
+// Creates the clock. The clock is to the left of the notch. Without a notch, it is in the center of the bar.
 objc::Ref<UILabel> makeClock(CGFloat width) {
   const CGRect frame = hasNotch() ? CGRect{{20, 14}, {54, 20}} : CGRect{{width / 2 - 30, 1}, {60, 18}};
   auto clock = UIView::withFrame<UILabel>(frame);

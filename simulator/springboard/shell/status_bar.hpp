@@ -1,4 +1,4 @@
-// The status bar: a window above the applications that shows the time and the battery. Main thread.
+// The status bar. It is a window above the applications and shows the time and the battery. Main thread.
 #pragma once
 
 #include "objc/class_definition.hpp"
@@ -18,7 +18,7 @@ struct objc::StateOf<UIStatusBarWindow> {
 namespace springboard {
 
 void defineStatusBar();
-// Creates the window. Call it once.
+// Creates the window of the status bar. Call this once.
 void makeStatusBar();
 // Updates the displayed time.
 void refreshStatusBar();

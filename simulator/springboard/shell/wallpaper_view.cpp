@@ -20,7 +20,7 @@ void traitCollectionDidChange(SBFStaticWallpaperView* self, UITraitCollection* p
 }  // namespace
 
 UIImage* wallpaper() {
-  // Cached, because the image is large and both screens use it.
+  // The image is cached, because it is large and both the home screen and the lock screen use it.
   static std::optional<UIUserInterfaceStyle> style;
   static objc::Ref<UIImage>& cached = *new objc::Ref<UIImage>;
   if (style == uikit::environment().style) return cached;

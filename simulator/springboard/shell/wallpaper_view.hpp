@@ -7,10 +7,11 @@ class SBFStaticWallpaperView : public objc::Interface<"SBFStaticWallpaperView", 
 
 namespace springboard {
 
-// The wallpaper for the current appearance. Nil if the artwork is missing. It belongs to a cache; retain it to keep it.
+// Returns the wallpaper for the current appearance, or nil if the artwork is missing. The image belongs to a cache;
+// retain it to keep it.
 UIImage* wallpaper();
 
-// Creates a view that covers the screen.
+// Creates a view that shows the wallpaper and covers the screen.
 objc::Ref<SBFStaticWallpaperView> makeWallpaperView();
 
 void defineWallpaperView();

@@ -10,8 +10,8 @@ namespace uikit {
 
 namespace {
 
-// The timing function is a cubic Bézier curve from (0,0) to (1,1). These are the times of its control points; their
-// progress is 0 and 1.
+// The timing function is a cubic Bézier curve from (0,0) to (1,1). These values are the times of its two control
+// points. The progress of the control points is 0 and 1.
 constexpr double firstControl = 0.42;
 constexpr double secondControl = 0.58;
 
@@ -23,7 +23,8 @@ double curveTime(double parameter) {
 
 double curveProgress(double parameter) { return parameter * parameter * (3 - 2 * parameter); }
 
-// Bisection is exact enough for pixels and gives the same result on all machines.
+// Computes the progress at a time. Uses bisection, which is exact enough for pixels and gives the same result on all
+// machines.
 double easeInEaseOut(double time) {
   double low = 0;
   double high = 1;
@@ -41,7 +42,7 @@ std::vector<std::shared_ptr<AnimationGroup>>& runningBlocks() {
   return blocks;
 }
 
-// The time at which the last running animation ends. Frames are requested until then.
+// The time at which the last running animation ends. New frames are requested until this time.
 double& latestEnd() {
   static double time = 0;
   return time;
@@ -149,7 +150,7 @@ CGRect accumulate(const CGRect& value, const CGRect& offset, double fraction) {
           {value.size.width + offset.size.width * fraction, value.size.height + offset.size.height * fraction}};
 }
 
-// Colors are interpolated with premultiplied alpha, so that a color that fades in from transparent keeps its hue.
+// Colors are interpolated with premultiplied alpha. Therefore, a color that fades in from transparent keeps its hue.
 drawing::Color difference(const drawing::Color& left, const drawing::Color& right) {
   return {left.red * left.alpha - right.red * right.alpha, left.green * left.alpha - right.green * right.alpha,
           left.blue * left.alpha - right.blue * right.alpha, left.alpha - right.alpha};

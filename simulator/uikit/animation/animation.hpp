@@ -1,4 +1,4 @@
-// Animated values. A change sets the model value immediately; the shown value follows along the timing curve. Times are
+// Animated values. A change sets the model value immediately. The shown value follows along the timing curve. Times are
 // in seconds on the clock of the main queue. Main thread only.
 #pragma once
 
@@ -11,30 +11,31 @@
 
 namespace uikit {
 
-// All changes that one call of +animateWithDuration:… makes.
+// The changes that one call of +animateWithDuration:… makes.
 class AnimationGroup;
 
-// The group whose animation block is running. Null outside of such a block, for a duration of 0, and while animations
-// are disabled.
+// Returns the group whose animation block is running. Returns null outside of such a block, for a duration of 0, and
+// while animations are disabled.
 AnimationGroup* currentAnimationGroup();
 
-// A change that is being animated. The shown value is the model value plus the remaining part of the offset of each
-// animation. Therefore, a new animation starts from the shown value, and an older one still ends on time.
+// One animation of a value. The shown value is the model value plus the remaining part of the offset of each animation.
+// Therefore, a new animation starts from the shown value, and an older animation still ends on time.
 template <class Value>
 struct AdditiveAnimation {
   Value offset;
   std::shared_ptr<AnimationGroup> group;
 };
 
-// The remaining fraction of the offsets of this group's animations: 1 at its start, 0 at its end.
+// Returns the remaining fraction of the offsets of this group's animations: 1 at the start of the group, 0 at its end.
 double remainingFraction(const AnimationGroup& group, double now);
 bool hasEnded(const AnimationGroup& group, double now);
-// Adds a change to the current group and returns the group; null if there is no current group.
+// Adds a change to the current group and returns the group. Returns null if there is no current group.
 std::shared_ptr<AnimationGroup> joinCurrentGroup();
 void leaveGroup(const std::shared_ptr<AnimationGroup>& group);
 double animationTime();
 
-// Arithmetic of animated values: left - right, and value + offset * fraction.
+// The arithmetic of animated values. difference() computes left - right. accumulate() computes value + offset *
+// fraction.
 inline double difference(double left, double right) { return left - right; }
 inline double accumulate(double value, double offset, double fraction) { return value + offset * fraction; }
 CGPoint difference(CGPoint left, CGPoint right);
@@ -44,7 +45,7 @@ CGRect accumulate(const CGRect& value, const CGRect& offset, double fraction);
 drawing::Color difference(const drawing::Color& left, const drawing::Color& right);
 drawing::Color accumulate(const drawing::Color& value, const drawing::Color& offset, double fraction);
 
-// A value of a view or layer. Setting it inside an animation block animates the change.
+// A value of a view or layer. If it is set inside an animation block, the change is animated.
 template <class Value>
 class Animated {
  public:
@@ -71,7 +72,7 @@ class Animated {
     return value;
   }
 
-  // Sets the shown value to the model value. The animations of the value count as not finished.
+  // Sets the shown value to the model value. The removed animations count as not finished.
   void removeAnimations() {
     std::vector<AdditiveAnimation<Value>> removed;
     removed.swap(animations_);

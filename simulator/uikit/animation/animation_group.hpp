@@ -1,4 +1,5 @@
-// All changes that one call of +animateWithDuration:… makes: their timing and their completion block. Main thread only.
+// The changes that one call of +animateWithDuration:… makes, with their timing and their completion block. Main thread
+// only.
 #pragma once
 
 #include <memory>
@@ -8,7 +9,7 @@
 
 namespace uikit {
 
-// In seconds.
+// The timing of an animation. Times are in seconds.
 struct AnimationTiming {
   double duration = 0;
   double delay = 0;
@@ -20,15 +21,14 @@ class AnimationGroup : public std::enable_shared_from_this<AnimationGroup> {
 
   double duration() const { return duration_; }
   double end() const { return begin_ + duration_; }
-  // Whether the group ends immediately, so that its changes are not animated.
+  // Returns whether the group ends immediately. Its changes are then not animated.
   bool isInstant() const;
-  // The progress at this time along the default timing curve, from 0 to 1.
+  // Returns the progress at this time along the default timing curve, from 0 to 1.
   double progress(double now) const;
 
   // Adds a change to the group.
   void join() { ++pendingChanges_; }
-  // Removes a change whose animation was canceled. If no change remains, the completion block runs with a finished flag
-  // of false.
+  // Removes a change whose animation was canceled. If no change remains, the completion block runs and receives false.
   void leave();
   // Call this after the animation block has run. Schedules the completion block for the end of the animation, or for
   // the next run-loop iteration if nothing changed.
@@ -48,7 +48,7 @@ class AnimationGroup : public std::enable_shared_from_this<AnimationGroup> {
 // Runs the block and animates its changes. Either block can be null.
 void runAnimation(AnimationTiming timing, objc::Block<void()>* animations, objc::Block<void(bool)>* completion);
 void runWithoutAnimation(objc::Block<void()>* changes);
-// Whether an animation can be running on the screen.
+// Returns whether any animation may be running on the screen.
 bool isAnimating();
 
 }  // namespace uikit

@@ -40,7 +40,8 @@ constexpr CGFloat pressedOpacity = 0.2;
 
 UIControlState stateOf(const UIButton* button) { return objc::send<UIControlState, "state">(button); }
 
-// The value that was set for the state, otherwise that for the normal state; null if neither was set.
+// Returns the value that was set for the state. If there is none, returns the value for the normal state, or null if
+// there is none either.
 template <class Object>
 Object* valueFor(const std::map<UIControlState, objc::Ref<Object>>& values, UIControlState state) {
   auto found = values.find(state);
@@ -58,8 +59,8 @@ UIColor* titleColor(UIButton* self, UIControlState state) {
   return chosen != nullptr ? chosen : defaultTitleColor(self);
 }
 
-// System buttons show their state by the opacity of the title. Custom buttons only use the values that were set for the
-// state.
+// Returns the opacity of the title. System buttons show their state by this opacity. Custom buttons show their state
+// only by the values that were set for it.
 CGFloat titleOpacity(const UIButton* button) {
   if (objc::state(button).type == UIButtonType::Custom) return 1;
   if (contains(stateOf(button), disabledState)) return disabledOpacity;
@@ -96,7 +97,7 @@ UIButton* buttonWithType(Class self, UIButtonType type) {
 UIButtonType buttonType(UIButton* self) { return objc::state(self).type; }
 UILabel* titleLabel(UIButton* self) { return objc::state(self).titleLabel; }
 
-// nil removes the title of the state.
+// Sets the title for a state. nil removes it.
 void setTitle(UIButton* self, NSString* title, UIControlState state) {
   auto& titles = objc::state(self).titles;
   if (title == nullptr) {
@@ -109,7 +110,7 @@ void setTitle(UIButton* self, NSString* title, UIControlState state) {
 NSString* titleFor(UIButton* self, UIControlState state) { return valueFor(objc::state(self).titles, state); }
 NSString* currentTitle(UIButton* self) { return titleFor(self, stateOf(self)); }
 
-// nil restores the default color.
+// Sets the color of the title for a state. nil restores the default color.
 void setTitleColor(UIButton* self, UIColor* color, UIControlState state) {
   auto& colors = objc::state(self).titleColors;
   if (color == nullptr) {
@@ -138,7 +139,7 @@ CGSize intrinsicContentSize(UIButton* self) {
 }
 CGSize sizeThatFits(UIButton* self, CGSize) { return intrinsicContentSize(self); }
 
-// Centers the title and aligns it to whole pixels.
+// Centers the title and aligns it with whole pixels.
 void layoutSubviews(UIButton* self) {
   objc::sendSuper<"UIButton", void, "layoutSubviews">(self);
   const CGRect bounds = self->bounds();

@@ -33,7 +33,8 @@ bool isSameAction(const ControlAction& entry, const NSObject* target, SEL action
   return isSameReceiver && sel_isEqual(entry.action, action);
 }
 
-// If the target already has the action, adds the events to the existing entry. A nil target means the responder chain.
+// Adds an action. If the target already has the action, adds the events to the existing entry. If the target is nil,
+// the action is sent along the responder chain.
 void addTarget(UIControl* self, NSObject* target, SEL action, UIControlEvents events) {
   if (action == nullptr) return;
   std::vector<ControlAction>& actions = objc::state(self).actions;
@@ -46,7 +47,8 @@ void addTarget(UIControl* self, NSObject* target, SEL action, UIControlEvents ev
   actions.push_back({receiver, objc::Weak<NSObject>(target), action, events});
 }
 
-// A nil target means all targets, a null action means all actions of the target.
+// Removes the events from the actions. A nil target selects all targets. A null action selects all actions of the
+// target.
 void removeTarget(UIControl* self, NSObject* target, SEL action, UIControlEvents events) {
   std::vector<ControlAction>& actions = objc::state(self).actions;
   for (ControlAction& entry : actions) {
@@ -62,7 +64,7 @@ UIResponder* findResponderFor(UIResponder* responder, SEL action) {
   return responder;
 }
 
-// Passes the control and the event if the selector has that many arguments.
+// Sends the action. Passes the control and the event as arguments if the selector has one or two parameters.
 void sendAction(UIControl* self, SEL action, NSObject* target, NSObject* event) {
   NSObject* receiver = target != nullptr ? target : findResponderFor(self, action);
   if (receiver == nullptr || !receiver->respondsToSelector(action)) return;
@@ -78,8 +80,8 @@ void sendAction(UIControl* self, SEL action, NSObject* target, NSObject* event) 
   }
 }
 
-// An action can remove the control or change its list of actions. Therefore, this retains the control and copies the
-// list.
+// Sends the actions for the events. Retains the control and copies the list of actions first, because an action can
+// remove the control or change the list.
 void sendActionsFor(UIControl* self, UIControlEvents events) {
   const objc::Ref<UIControl> retained = objc::retain(self);
   const std::vector<ControlAction> actions = objc::state(self).actions;
@@ -104,7 +106,7 @@ void setFlag(UIControl* self, bool value) {
   objc::send<void, "_controlStateChanged">(self);
 }
 
-// Subclasses override it.
+// Updates the control after a change of its state. Subclasses override this method.
 void controlStateChanged(UIControl* self) {
   setNeedsLayout(self);
   setNeedsDisplay(self);

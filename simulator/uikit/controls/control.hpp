@@ -1,4 +1,4 @@
-// UIControl's state: target-action dispatch and touch tracking. Main thread only.
+// The state of a UIControl: its target-action pairs and the touch that it tracks. Main thread only.
 #pragma once
 
 #include <vector>
@@ -8,7 +8,7 @@
 
 namespace uikit {
 
-// The platform's values that platform/ui_control.hpp does not define.
+// Values of the platform that platform/ui_control.hpp does not define.
 inline constexpr auto touchDown = static_cast<UIControlEvents>(1 << 0);
 inline constexpr auto touchDragInside = static_cast<UIControlEvents>(1 << 2);
 inline constexpr auto touchDragOutside = static_cast<UIControlEvents>(1 << 3);
@@ -29,15 +29,17 @@ inline bool contains(UIControlState mask, UIControlState state) {
   return (static_cast<NSUInteger>(mask) & static_cast<NSUInteger>(state)) != 0;
 }
 
-// Sends the actions for these events to the targets that still exist.
+// Sends the actions for these events to those targets that still exist.
 inline void sendActions(UIControl* control, UIControlEvents events) {
   objc::send<void, "sendActionsForControlEvents:">(control, events);
 }
-// Whether an action for one of these events has a target that still exists.
+// Returns whether an action for one of these events has a target that still exists, or is sent along the responder
+// chain.
 bool hasActions(const UIControl* control, UIControlEvents events);
 
 struct ControlAction {
-  // With ResponderChain, the receiver is the first object in the responder chain that responds to the action.
+  // The receiver of an action. With ResponderChain, it is the first object in the responder chain that responds to the
+  // action.
   enum class Receiver { Target, ResponderChain };
 
   Receiver receiver = Receiver::Target;
@@ -68,7 +70,7 @@ struct objc::StateOf<UIControl> {
 
 namespace uikit {
 
-// UIControl's methods that track touches.
+// The methods of UIControl that track touches.
 std::span<const objc::MethodEntry> controlTouchMethods();
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// Touch tracking of controls.
+// The touch tracking of controls.
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/touch/touch.hpp"
 
@@ -6,7 +6,7 @@ namespace uikit {
 
 namespace {
 
-// A touch counts as inside the control up to this distance from its bounds, in points.
+// The maximum distance, in points, from the bounds of a control at which a touch counts as inside the control.
 constexpr CGFloat touchMargin = 70;
 
 enum class TouchPosition { Inside, Outside };

@@ -31,7 +31,7 @@ void invalidateText(UITextField* self) {
 }
 
 NSString* text(UITextField* self) { return objc::state(self).text; }
-// nil clears the text.
+// Sets the text. nil clears the text.
 void setText(UITextField* self, NSString* text) {
   NSString* wanted = text != nullptr ? wellFormed(text) : ""_ns;
   if (objc::state(self).text->isEqualToString(wanted)) return;
@@ -45,7 +45,7 @@ void setPlaceholder(UITextField* self, NSString* text) {
 }
 
 UIFont* font(UITextField* self) { return objc::state(self).font; }
-// nil restores the default font.
+// Sets the font. nil restores the default font.
 void setFont(UITextField* self, UIFont* font) {
   UIFont* wanted = font != nullptr ? font : UIFont::systemFontOfSize(labelFontSize);
   if (objc::state(self).font->isEqual(wanted)) return;

@@ -1,4 +1,4 @@
-// UITextField's state, and the functions that its source files share. Main thread only.
+// The state of a UITextField, and the functions that its source files share. Main thread only.
 #pragma once
 
 #include <optional>
@@ -13,16 +13,17 @@ struct TextFieldState {
   objc::Ref<NSString> text;  // never nil
   objc::Ref<NSString> placeholder;
   objc::Ref<UIFont> font;
-  objc::Ref<UIColor> textColor;  // nil: the label color of the appearance
+  objc::Ref<UIColor> textColor;  // if nil, the text has the label color of the appearance
   NSTextAlignment alignment = NSTextAlignment::Natural;
   UITextBorderStyle borderStyle = UITextBorderStyle::None;
   UIKeyboardType keyboardType = UIKeyboardType::Default;
   UIReturnKeyType returnKeyType{};
   bool enablesReturnKeyAutomatically = false;
 
-  // The selection, in UTF-16 code units. An empty selection is the caret. The range is always inside the text.
+  // The selection, in UTF-16 code units. An empty selection is the position of the caret. The range is always inside
+  // the text.
   NSRange selection;
-  // How far the text is scrolled to the left in order to keep the caret visible, in points.
+  // The distance, in points, by which the text is scrolled to the left. Scrolling keeps the caret visible.
   double scrollOffset = 0;
   std::optional<drawing::TextLayout> layout;  // created at first use
 };
@@ -33,10 +34,10 @@ struct objc::StateOf<UITextField> {
 
 namespace uikit {
 
-// Replaces the text and sets the caret to this position. Sends no control events.
+// Replaces the text and sets the caret to this position, in UTF-16 code units. Sends no control events.
 void replaceText(UITextField* field, NSString* text, NSUInteger caret);
 
-// UITextField's methods, in one list per source file.
+// The methods of UITextField. Each source file defines one list.
 std::span<const objc::MethodEntry> textFieldEditingMethods();
 std::span<const objc::MethodEntry> textFieldDrawingMethods();
 

@@ -23,7 +23,7 @@ constexpr CGFloat borderInset = 7;
 double scale() { return environment().device.scale; }
 double roundToPixel(double points) { return std::round(points * scale()) / scale(); }
 
-// Lays out the first `units` UTF-16 code units of the text as one line.
+// Returns the layout of the first `units` UTF-16 code units of the text as one line.
 drawing::TextLayout lineOf(const UITextField* field, NSString* text, NSUInteger units) {
   const TextFieldState& state = objc::state(field);
   drawing::Run run;
@@ -54,13 +54,13 @@ bool isRightToLeft(const UITextField* field) {
   return pango_layout_get_direction(layout.get(), 0) == PANGO_DIRECTION_RTL;
 }
 
-// The distance from the left edge of the text to the position, in points.
+// Returns the distance from the left edge of the text to the position, in points.
 double horizontalOffset(const UITextField* field, NSUInteger position) {
   const double before = lineOf(field, objc::state(field).text, position).measure(0).width;
   return isRightToLeft(field) ? textLayout(field).measure(0).width - before : before;
 }
 
-// The fraction of the unused width that is to the left of the text.
+// Returns the fraction of the unused width that is to the left of the text.
 double alignmentFraction(const UITextField* field) {
   switch (drawingAlignment(objc::state(field).alignment)) {
     case drawing::Alignment::Left:
@@ -75,9 +75,9 @@ double alignmentFraction(const UITextField* field) {
   return baseDirection(field) == drawing::BaseDirection::RightToLeft ? 1 : 0;
 }
 
-// The rectangle of the line within the area.
+// Returns the rectangle of the line within the area.
 drawing::Rectangle lineRectangle(const UITextField* field, drawing::Rectangle area) {
-  constexpr double fractions[] = {0.5, 0, 1};  // center, top, bottom
+  constexpr double fractions[] = {0.5, 0, 1};  // for the vertical alignments center, top and bottom
   const auto alignment = static_cast<std::size_t>(objc::state<UIControl>(field).verticalAlignment);
   const double height = lineHeight(field);
   const double fraction = alignment < std::size(fractions) ? fractions[alignment] : fractions[0];
@@ -121,7 +121,7 @@ void drawEditedText(UITextField* self, drawing::Canvas& canvas, const drawing::R
   canvas.clipRectangle(line);
   if (selection.length > 0) drawSelection(self, canvas, line, left);
   const double width = textLayout(self).measure(0).width;
-  // A rectangle with the width of the text prevents truncation for every alignment.
+  // The rectangle has the width of the text. This prevents truncation for every alignment.
   textLayout(self).draw(canvas, {left, line.y, width, line.height}, colorOf(color));
   if (selection.length == 0) {
     const double caret = std::clamp(left + caretOffset, line.x, std::max(line.x + line.width - caretWidth, line.x));
@@ -153,7 +153,7 @@ void drawContent(UITextField* self, void* target) {
   }
 }
 
-// Glyphs can extend beyond their line.
+// Returns an area larger than the bounds, because glyphs can extend beyond their line.
 CGRect contentArea(UITextField* self) { return outset(shownBounds(self), objc::state(self).font->pointSize()); }
 
 CGRect textRectForBounds(UITextField* self, CGRect bounds) {

@@ -61,7 +61,8 @@ bool acceptsReturnKey(UITextField* self) {
   return isEnabled(self) && (hasText(self) || !objc::state(self).enablesReturnKeyAutomatically);
 }
 
-// The field resigns, which hides the keyboard, only if the return key has an action.
+// Handles the return key. If the return key has an action, the field resigns as first responder, which hides the
+// keyboard.
 void returnKeyPressed(UITextField* self) {
   if (!acceptsReturnKey(self)) return;
   const objc::Ref<UITextField> retained = objc::retain(self);
@@ -76,7 +77,8 @@ NSString* withoutLineBreaks(NSString* text) {
   return text;
 }
 
-// A single line feed is the return key. In a longer text, spaces replace the line breaks.
+// Inserts text at the selection. A single line feed represents the return key. In a longer text, spaces replace the
+// line breaks.
 void insertText(UITextField* self, NSString* text) {
   if (!isEnabled(self) || text->length() == 0) return;
   if (text->isEqualToString("\n"_ns)) return returnKeyPressed(self);
@@ -95,7 +97,7 @@ void deleteBackward(UITextField* self) {
 
 NSRange selectedRange(UITextField* self) { return objc::state(self).selection; }
 
-// Selects the part of the range that is inside the text.
+// Sets the selection to the part of the range that is inside the text.
 void setSelectedRange(UITextField* self, NSRange range) {
   TextFieldState& state = objc::state(self);
   const NSUInteger length = state.text->length();

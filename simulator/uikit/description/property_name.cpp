@@ -15,7 +15,8 @@ struct FreeDeleter {
   void operator()(Ivar* list) const { std::free(list); }
 };
 
-// The name of the instance variable of this class that points to the view; empty if there is none.
+// Returns the name of the instance variable of this class that points to the view. The name is empty if there is no
+// such variable.
 std::string_view variablePointingTo(Class definingClass, const UIView* holder, const UIView* view) {
   unsigned int count = 0;
   const std::unique_ptr<Ivar[], FreeDeleter> list(class_copyIvarList(definingClass, &count));

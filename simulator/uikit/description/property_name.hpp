@@ -1,4 +1,4 @@
-// Names a view after the instance variable in which another view stores it.
+// Finds a name for a view: the name of the instance variable in which another view stores it.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace uikit {
 
-// Searches the ancestors and the siblings of the view for an instance variable that points to it. Returns the name of
-// the property if there is one (headerLabel), otherwise the name of the variable (_clockLabel). Empty if no such
-// variable exists.
+// Searches the ancestors and the siblings of the view for an instance variable that points to the view. Returns the
+// name of the variable's property, such as headerLabel. If there is no property, returns the name of the variable, such
+// as _clockLabel. The result is empty if no such variable exists.
 std::string propertyNameOf(const UIView* view);
 
 }  // namespace uikit

@@ -1,4 +1,4 @@
-// The JSON values that describe text in the view tree.
+// The JSON values that describe text in the view tree. Main thread only.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>

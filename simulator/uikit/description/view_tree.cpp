@@ -28,7 +28,7 @@ void describeResponder(UIView* view, Json& node) {
   if (isFirst || objc::send<bool, "canBecomeFirstResponder">(view)) node["firstResponder"] = isFirst;
 }
 
-// The fields of every view.
+// Adds the fields that every view has.
 void describe(UIView* self, void* pointer) {
   Json& node = descriptionAt(pointer);
   const ViewRecord& state = record(self);

@@ -16,7 +16,7 @@ Environment& current() {
   return instance;
 }
 
-// Systems before 13.0 have the light appearance only.
+// Returns whether the system has the dark appearance. Systems before 13.0 have the light appearance only.
 bool hasDarkAppearance() { return std::atoi(current().systemVersion.c_str()) >= 13; }
 
 }  // namespace

@@ -19,13 +19,14 @@ struct Environment {
 };
 
 const Environment& environment();
-// Call this at startup, before the first window is created. Systems before 13.0 ignore the style; they have the light
-// appearance only.
+// Sets the environment. Call this at startup, before the first window is created. Systems before 13.0 ignore the style,
+// because they have the light appearance only.
 void setEnvironment(const Environment& environment);
 // Changes the system appearance and sends traitCollectionDidChange: to each view controller and view whose traits
 // change. Does nothing on systems before 13.0.
 void switchAppearance(UIUserInterfaceStyle style);
-// The writing direction of the language of a locale such as ar_EG. Left to right for an unknown language.
+// Returns the layout direction of the language of a locale such as ar_EG. An unknown language has the direction left to
+// right.
 LayoutDirection directionOfLocale(const std::string& locale);
 
 }  // namespace uikit

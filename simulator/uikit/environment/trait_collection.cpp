@@ -59,8 +59,8 @@ void addSnapshots(UIView* root, std::vector<TraitSnapshot>& snapshots) {
   });
 }
 
-// The screen is invalidated as a whole, because default colors and blurs depend on the appearance even in views that do
-// not implement traitCollectionDidChange:.
+// Invalidates the whole screen, because default colors and blurs depend on the appearance. This also applies to views
+// that do not implement traitCollectionDidChange:.
 void sendTraitChanges(const std::vector<TraitSnapshot>& snapshots) {
   invalidateScreen();
   for (const TraitSnapshot& snapshot : snapshots)
@@ -98,7 +98,7 @@ NSUInteger hash(UITraitCollection* self) { return static_cast<NSUInteger>(objc::
 
 UITraitCollection* traitsOfView(UIView* self) { return traitCollection(styleOf(self)); }
 
-// Subclasses override it.
+// The default implementation does nothing. Subclasses override this method.
 void traitCollectionDidChange(UIView*, UITraitCollection*) {}
 
 }  // namespace

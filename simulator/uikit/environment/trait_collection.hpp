@@ -1,4 +1,4 @@
-// UITraitCollection and the traits of views. A trait collection consists of the user interface style only. Main thread
+// UITraitCollection, and the traits of views. A trait collection contains the user interface style only. Main thread
 // only.
 #pragma once
 
@@ -20,14 +20,13 @@ namespace uikit {
 
 // Returns an autoreleased trait collection with this style.
 UITraitCollection* traitCollection(UIUserInterfaceStyle style);
-// The style of a view or view controller: the override of the nearest controller, or else the style of the system. A
-// nil view has the style of the system; a controller must not be nil.
+// Returns the style of a view or view controller. This is the overriding style of the nearest view controller that has
+// one, or else the style of the system. A nil view has the style of the system. A controller must not be nil.
 UIUserInterfaceStyle styleOf(const UIView* view);
 UIUserInterfaceStyle styleOf(const UIViewController* controller);
 
-// Runs a change that can affect the traits of the views inside this view (or inside any window). Then sends
-// traitCollectionDidChange: to each view controller and view whose style has changed, superviews first. The view can be
-// nil.
+// Runs a change that can affect the traits of views inside this view. Then sends traitCollectionDidChange: to each view
+// controller and view whose style has changed, superviews first. If the view is nil, the change can affect all windows.
 void changeTraitsOf(UIView* view, const std::function<void()>& change);
 void changeTraitsOfAllWindows(const std::function<void()>& change);
 

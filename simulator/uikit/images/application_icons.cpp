@@ -11,7 +11,7 @@ namespace {
 
 using IconsByFormat = std::map<int, objc::Ref<UIImage>>;
 
-// Never destroyed, because the Objective-C runtime can shut down before static destructors run.
+// The icons are never destroyed, because the Objective-C runtime can shut down before static destructors run.
 std::map<std::string, IconsByFormat>& icons() {
   static auto& all = *new std::map<std::string, IconsByFormat>;
   return all;

@@ -28,8 +28,8 @@ std::shared_ptr<const drawing::Image> imageOf(const UIImage* image) {
 
 namespace {
 
-// Foundation maps a path of the phone to a path on this machine. The detour over UTF-8 replaces invalid characters,
-// which Foundation would reject.
+// Converts a path of the phone to a path on this machine, as Foundation does. The conversion to a string replaces
+// characters that are not valid UTF-8, because Foundation would reject them.
 std::string fileSystemPath(const std::string& path) {
   NSString* clean = NSString::stringWithUTF8String(path.c_str());
   return clean->fileSystemRepresentation();

@@ -1,4 +1,4 @@
-// UIImage's pixels, and the definitions of UIImage and UIImageView. Main thread only.
+// The pixels of a UIImage, and the definitions of UIImage and UIImageView. Main thread only.
 #pragma once
 
 #include <memory>
@@ -8,9 +8,9 @@
 
 namespace uikit {
 
-// Returns a null reference for null.
+// Creates a UIImage. Returns a null reference if the image is null.
 objc::Ref<UIImage> makeImage(std::shared_ptr<const drawing::Image> image);
-// The pixels of the image; null for nil and for an image without pixels.
+// Returns the pixels of the image. Returns null for nil and for an image without pixels.
 std::shared_ptr<const drawing::Image> imageOf(const UIImage* image);
 
 void defineImage();
@@ -18,5 +18,5 @@ void defineImageView();
 
 }  // namespace uikit
 
-// Encodes the image as a PNG file; nil for nil.
+// Encodes the image as a PNG file. Returns nil for nil.
 extern "C" NSData* UIImagePNGRepresentation(UIImage* image);

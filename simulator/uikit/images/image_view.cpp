@@ -68,7 +68,8 @@ CGRect contentArea(UIImageView* self) {
       drawing::placeContent(shown->size(), rectangle(shownBounds(self)), static_cast<drawing::ContentMode>(mode)));
 }
 
-// An image that was decoded from data has no file name; it is described by its size in pixels.
+// Returns the name of the image's file. If the image was decoded from data, it has no file name, so its size in pixels
+// is returned.
 std::string nameOf(const drawing::Image& image) {
   if (!image.name().empty()) return image.name();
   return "data " + std::to_string(image.pixelWidth()) + "x" + std::to_string(image.pixelHeight());

@@ -14,7 +14,7 @@
 
 class UIRemoteKeyboardWindow : public objc::Interface<"UIRemoteKeyboardWindow", UIWindow> {};
 
-// The target of the actions of the keys.
+// The object that receives the actions of the keys.
 class UIKeyboardImpl : public objc::Interface<"UIKeyboardImpl", NSObject> {};
 
 namespace uikit {
@@ -38,7 +38,7 @@ struct KeyboardAppearance {
 struct Keyboard {
   objc::Ref<UIRemoteKeyboardWindow> window;
   objc::Ref<UIKeyboardImpl> listener;
-  UIResponder* textInput = nullptr;  // not retained; only compared
+  UIResponder* textInput = nullptr;  // not retained, because it is only compared with other pointers
   KeyboardPlane plane = KeyboardPlane::Letters;
   std::optional<Shift> shiftOverride;
   std::optional<KeyboardAppearance> appearance;
@@ -67,7 +67,8 @@ bool hasText(UIResponder* textInput) {
   return respondsTo<"hasText">(textInput) && objc::send<bool, "hasText">(textInput);
 }
 
-// Shift is on for an empty text, because a sentence begins with a capital letter.
+// Returns the appearance of the keyboard for this responder. Shift is on for an empty text, because a sentence begins
+// with a capital letter.
 KeyboardAppearance appearanceFor(UIResponder* textInput) {
   KeyboardAppearance appearance;
   appearance.plane = keyboard().plane;
@@ -125,7 +126,7 @@ void press(const Key& key, UIResponder* textInput) {
     case KeyRole::Emoji:
     case KeyRole::Globe:
     case KeyRole::Microphone:
-      return;  // other keyboards and dictation are not simulated
+      return;  // does nothing, because other keyboards and dictation are not simulated
   }
 }
 

@@ -15,14 +15,15 @@ struct LetterSet {
   std::string_view language;
   CharacterRows small;
   CharacterRows capital;
-  // The label of the key that shows the letters plane.
+  // The text on the key that shows the letters plane.
   std::string_view name;
 
-  // False for a script without capital letters, whose keyboard has no shift key.
+  // Returns whether the script has capital letters. A keyboard without capital letters has no shift key.
   bool hasCapitals() const { return small != capital; }
 };
 
-// The letters for the language of a locale such as de_DE. English letters if the language is unknown.
+// Returns the letters for the language of a locale such as de_DE. Returns the English letters if the language is
+// unknown.
 const LetterSet& lettersForLocale(std::string_view locale);
 
 // The characters of the numbers plane and of the symbols plane.

@@ -1,4 +1,4 @@
-// The icons of the keys that have no text.
+// Draws the icons of those keys that have no text.
 #pragma once
 
 #include "simulator/drawing/canvas.hpp"
@@ -6,7 +6,8 @@
 
 namespace uikit {
 
-// Draws the icon of a key around a point. Draws nothing for a key with text. The shift icon is filled if shift is on.
+// Draws the icon of a key centered at a point. Draws nothing for a key with text. The shift icon is filled if shift is
+// on.
 void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Point& center,
                  const drawing::Color& color);
 

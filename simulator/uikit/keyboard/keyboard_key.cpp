@@ -45,7 +45,8 @@ bool usesCharacterColor(const KeyViewState& state) {
          (state.key.role == KeyRole::Shift && state.shift == Shift::On);
 }
 
-// A pressed character key has the color of function keys, and the other way around.
+// Returns the color of a key. A pressed character key has the color of a function key, and a pressed function key has
+// the color of a character key.
 const drawing::Color& capColor(const KeyViewState& state, const KeyPalette& palette, bool isPressed) {
   if (state.isProminent && !isPressed) return palette.prominent;
   if (state.key.role == KeyRole::Shift && state.shift == Shift::On) return lightPalette.character;
@@ -67,7 +68,7 @@ drawing::TextLayout labelOf(const Key& key, double fontSize) {
   return {std::move(paragraph), environment().device.scale};
 }
 
-// A label that is too wide for its key is drawn in a smaller size.
+// Draws the label of a key. Reduces the font size if the label is too wide for the key.
 void drawLabel(drawing::Canvas& canvas, const KeyViewState& state, const drawing::Rectangle& area,
                const drawing::Color& color) {
   const double standardSize = state.key.role == KeyRole::Character ? characterSize : wordSize;
@@ -92,7 +93,7 @@ void drawContent(UIKBKeyView* self, void* target) {
   drawKeyIcon(canvas, state.key.role, state.shift, {area.x + area.width / 2, area.y + area.height / 2}, color);
 }
 
-// Includes the shadow below the key.
+// The content area includes the shadow below the key.
 CGRect contentArea(UIKBKeyView* self) {
   const CGRect bounds = shownBounds(self);
   return {bounds.origin, {bounds.size.width, bounds.size.height + shadowHeight}};

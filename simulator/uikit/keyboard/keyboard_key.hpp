@@ -12,7 +12,7 @@ struct KeyViewState {
   uikit::Key key;
   uikit::Shift shift = uikit::Shift::Off;
   UIUserInterfaceStyle style = UIUserInterfaceStyle::Light;
-  // True for a return key that sends the text.
+  // Whether the key has the prominent color of a return key that sends the text.
   bool isProminent = false;
 };
 template <>
@@ -22,7 +22,7 @@ struct objc::StateOf<UIKBKeyView> {
 
 namespace uikit {
 
-// The frame of the view is that of the key.
+// Creates the view. Its frame is the frame of the key.
 objc::Ref<UIKBKeyView> makeKeyView(KeyViewState state);
 
 void defineKeyboardKey();

@@ -17,7 +17,8 @@ constexpr double firstRowTop = 8;
 constexpr double margin = 3;
 constexpr double gap = 6;
 constexpr std::size_t keysInRow = 10;
-// The height of the bar below the last row, without the safe area, on a device without a home button.
+// The height, in points, of the bar below the last row on a device without a home button. The height does not include
+// the safe area.
 constexpr double barHeight = 41;
 
 const CharacterRows& charactersOf(const KeyboardFace& face) {
@@ -53,7 +54,7 @@ class KeyLayoutBuilder {
       : keyboard_(size), face_(shown), characters_(rowsOf(shown)), standardWidth_(keyWidthFor(keysInRow, size.width)) {}
 
   std::vector<Key> build() {
-    // Languages with more letters have narrower keys.
+    // Languages with longer rows of letters have narrower keys.
     const std::size_t longest = std::max({keysInRow, characters_[0].size(), characters_[1].size()});
     const double width = keyWidthFor(longest, keyboard_.width);
     addCharacters(0, width);
@@ -82,14 +83,15 @@ class KeyLayoutBuilder {
       x += width + gap;
     }
   }
-  // Centers the row.
+  // Adds a row of character keys, horizontally centered.
   void addCharacters(int row, double width) {
     addCharacters(row, width, (keyboard_.width - widthOf(characters_[static_cast<std::size_t>(row)], width)) / 2);
   }
 
   void addBackspace(double width) { add(KeyRole::Backspace, "", keyboard_.width - margin - width, 2, width); }
 
-  // A script without capital letters has no shift key, so the letters start at the left margin.
+  // Adds the third row of letters. The shift key is at its start. A script without capital letters has no shift key, so
+  // the letters start at the left margin.
   void addThirdRowOfLetters(double width) {
     const double letters = widthOf(characters_[2], width);
     const double room = keyboard_.width - 2 * margin - letters;
@@ -103,8 +105,8 @@ class KeyLayoutBuilder {
     addBackspace(side);
   }
 
-  // This row has fewer characters, so their keys are wider. They are between the key that changes the plane and the
-  // backspace key.
+  // Adds the third row of the numbers or symbols plane. The row has fewer characters than the other rows, so their keys
+  // are wider. They are between the key that changes the plane and the backspace key.
   void addThirdRowOfSymbols() {
     const bool isNumberPlane = face_.plane == KeyboardPlane::Numbers;
     add(KeyRole::Plane, isNumberPlane ? "#+=" : "123", margin, 2, widerWidth(),

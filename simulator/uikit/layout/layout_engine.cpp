@@ -15,8 +15,8 @@ using layout::Solver;
 
 constexpr float huggingPriority = 250;
 constexpr float compressionResistancePriority = 750;
-// Heights depend on widths, but widths rarely depend on heights. A tree that needs more rounds than this does not
-// converge.
+// The maximum number of times that views are measured and the constraints solved again. Heights depend on widths, but
+// widths rarely depend on heights. Therefore, a tree that needs more rounds does not converge.
 constexpr int maxMeasuringRounds = 4;
 
 Solver::Relation solverRelation(NSLayoutRelation relation) {
@@ -31,12 +31,12 @@ Solver::Relation solverRelation(NSLayoutRelation relation) {
   return Solver::Relation::Equal;
 }
 
-// A constraint in the form that the solver uses.
+// A constraint in the form in which the solver requires it.
 struct ConstraintRow {
   LayoutExpression expression;
   Solver::Relation relation;
   float priority;
-  NSLayoutConstraint* source = nullptr;  // null for a view's intrinsic size
+  NSLayoutConstraint* source = nullptr;  // null if the row is a view's intrinsic size
   Solver::Constraint id = 0;
 
   bool differsOnlyInConstantFrom(const ConstraintRow& other) const {
@@ -72,7 +72,7 @@ void refreshIntrinsicSize(UIView* view) {
 
 enum class Measured : bool { Same, Changed };
 
-// Updates the view's intrinsic height for the width that the solver has found.
+// Updates the view's intrinsic height for the width that the solver has found. Returns whether the height has changed.
 Measured measureAtWidth(UIView* view, double width) {
   IntrinsicSize& size = record(view).intrinsicSize;
   if (size.measuredWidth == width || !hasWidthDependentHeight(view)) return Measured::Same;
@@ -116,8 +116,8 @@ void LayoutEngine::Model::removeInnerEngines() {
   });
 }
 
-// Constraints determine the frame of a view if it does not translate its autoresizing mask and takes part in a
-// constraint. The frame of the root is given.
+// Returns the views whose frames are determined by constraints. These are the views that do not translate their
+// autoresizing mask and take part in a constraint. The root is not included, because its frame is given.
 std::vector<UIView*> LayoutEngine::Model::collectPlacedViews() const {
   std::unordered_set<const UIView*> named;
   visitTree(root, [&](UIView* view) {
@@ -160,8 +160,8 @@ void LayoutEngine::Model::addIntrinsicRows(UIView* view, std::vector<ConstraintR
   addAxis(frame.height, size.height);
 }
 
-// If the constraints are ambiguous, the solver minimizes the variables in the order in which they are added: the size
-// of a view before its position.
+// Creates the variables of the views, the size of a view before its position. If the constraints are ambiguous, the
+// solver minimizes the variables in the order in which they are created.
 void LayoutEngine::Model::rebuildVariables(std::vector<UIView*> views) {
   placedViews = std::move(views);
   solver.clear();
@@ -237,7 +237,7 @@ void LayoutEngine::update() {
 
 LayoutEngine::Work LayoutEngine::work() const { return {constraintsRead_, model_->solver.pivotCount()}; }
 
-bool LayoutEngine::places(const UIView* view) const { return model_->of(view) != nullptr; }
+bool LayoutEngine::determinesFrameOf(const UIView* view) const { return model_->of(view) != nullptr; }
 
 CGRect LayoutEngine::frameOf(const UIView* view) const {
   const FrameVariables& frame = *model_->of(view);

@@ -10,11 +10,12 @@
 
 namespace uikit {
 
-// The cached intrinsic sizes of a view. They are queried again after they were invalidated.
+// The cached intrinsic sizes of a view. They are queried again after they were invalidated. A length of -1 means no
+// intrinsic length.
 struct IntrinsicSize {
-  CGSize natural{-1, -1};     // without a limit for the width
-  double height = -1;         // at measuredWidth
-  double measuredWidth = -1;  // the width of the last layout; -1 before it
+  CGSize natural{-1, -1};     // the size if the width is not limited
+  double height = -1;         // the height at measuredWidth
+  double measuredWidth = -1;  // the width at the last layout; -1 before the first layout
   bool isValid = false;
   bool isBeingMeasured = false;
 };
@@ -26,22 +27,22 @@ class LayoutEngine {
   LayoutEngine(const LayoutEngine&) = delete;
   LayoutEngine& operator=(const LayoutEngine&) = delete;
 
-  // Call this when something has changed that the constraints depend on.
+  // Call this when a value that affects the constraints has changed.
   void invalidate() { isStale_ = true; }
   bool isStale() const { return isStale_; }
   // Solves the current constraints of the tree.
   void update();
-  // Whether constraints determine the frame of the view.
-  bool places(const UIView* view) const;
-  // The solved frame in the superview's coordinates. Requires places(view).
+  // Returns whether constraints determine the frame of the view.
+  bool determinesFrameOf(const UIView* view) const;
+  // Returns the solved frame in the superview's coordinates. Requires that determinesFrameOf(view) is true.
   CGRect frameOf(const UIView* view) const;
-  // The views whose current frame differs from the solved one.
+  // Returns the views whose current frame differs from the solved frame.
   std::vector<UIView*> misplacedViews() const;
 
   // The total cost of all updates.
   struct Work {
-    std::size_t constraints = 0;  // number of constraints read from the tree
-    std::size_t pivots = 0;       // number of pivot operations of the solver
+    std::size_t constraints = 0;  // the number of constraints read from the tree
+    std::size_t pivots = 0;       // the number of pivot operations of the solver
   };
   Work work() const;
 

@@ -22,7 +22,7 @@ void LayoutExpression::add(const LayoutExpression& other, double factor) {
 
 namespace {
 
-// The members that differ between the horizontal and the vertical axis.
+// The members of geometry types that differ between the horizontal and the vertical axis.
 struct Axis {
   double CGPoint::*position;
   double CGSize::*length;
@@ -48,7 +48,7 @@ class ExpressionBuilder {
     return result;
   }
 
-  // The left or top edge of the view in the coordinates of an ancestor, which can be the view itself.
+  // Returns the left or top edge of the view in the coordinates of an ancestor. The view itself counts as an ancestor.
   LayoutExpression start(const UIView* view, const UIView* ancestor) const {
     LayoutExpression result;
     result.constant = record(view).layer.bounds.model().origin.*axis_.position;
@@ -73,7 +73,7 @@ class ExpressionBuilder {
     return result;
   }
 
-  // The difference between the solved length of the superview and its current length.
+  // Returns the difference between the solved length of the superview and its current length.
   LayoutExpression superviewGrowth(const UIView* view) const {
     const ViewRecord& state = record(view);
     if (state.superview == nullptr || state.autoresizingMask == 0 || !state.translatesAutoresizingMask) return {};
@@ -112,7 +112,7 @@ bool isHorizontal(NSLayoutAttribute attribute) {
   }
 }
 
-// The distance from the top of the view to its first baseline; its height if it has no text.
+// Returns the distance from the top of the view to its first baseline. For a view without text, this is its height.
 LayoutExpression firstBaseline(const ExpressionBuilder& builder, const UIView* view) {
   if (!view->respondsToSelector(objc::selector<"_firstBaselineOffset">())) return builder.length(view);
   return {{}, objc::send<CGFloat, "_firstBaselineOffset">(view)};
@@ -150,7 +150,8 @@ LayoutExpression unmirroredExpression(const UIView* view, NSLayoutAttribute attr
   return result;
 }
 
-// In a right-to-left layout, horizontal positions increase to the left, and leading and trailing are swapped.
+// Returns the expression for a right-to-left layout. Horizontal positions increase to the left, and leading and
+// trailing are exchanged.
 LayoutExpression mirroredExpression(const UIView* view, NSLayoutAttribute attribute, const UIView* holder,
                                     const FrameVariableSource& source) {
   if (attribute == NSLayoutAttribute::Leading)

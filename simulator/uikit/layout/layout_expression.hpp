@@ -1,4 +1,4 @@
-// Positions and lengths of views as linear expressions in the variables of the layout solver.
+// Expresses positions and lengths of views as linear expressions in the variables of the layout solver.
 #pragma once
 
 #include <vector>
@@ -8,7 +8,8 @@
 
 namespace uikit {
 
-// The variables of a view whose frame constraints determine: its frame in its superview's coordinates.
+// The variables of a view whose frame is determined by constraints. They represent the frame in the superview's
+// coordinates.
 struct FrameVariables {
   layout::Solver::Variable width;
   layout::Solver::Variable height;
@@ -33,8 +34,8 @@ class FrameVariableSource {
   ~FrameVariableSource() = default;
 };
 
-// The left side of "terms + constant `relation` 0", which is equivalent to the active constraint. Positions are in the
-// coordinates of the constraint's holder.
+// Returns the left side of an equivalent constraint "terms + constant `relation` 0". The given constraint must be
+// active. Positions are in the coordinates of the constraint's holder.
 LayoutExpression expressionOf(const ConstraintRecord& constraint, const FrameVariableSource& source);
 
 }  // namespace uikit

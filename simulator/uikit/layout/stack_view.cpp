@@ -27,7 +27,7 @@ namespace {
 
 using Views = std::vector<UIView*>;
 
-// A size along the axis of the stack view and across it.
+// A size in the directions of the stack view: along its axis and across its axis.
 struct Extent {
   double along = 0;
   double across = 0;
@@ -42,7 +42,7 @@ CGSize sizeOf(const StackViewState& state, const Extent& extent) {
   return isHorizontal(state) ? CGSize{extent.along, extent.across} : CGSize{extent.across, extent.along};
 }
 
-// Hidden views are not arranged, and neither are views that have moved to another superview.
+// Returns the views to arrange. Hidden views and views that have moved to another superview are omitted.
 Views visibleViews(const UIStackView* stack) {
   Views views;
   for (const objc::Ref<UIView>& view : objc::state(stack).arranged)
@@ -50,7 +50,7 @@ Views visibleViews(const UIStackView* stack) {
   return views;
 }
 
-// An axis without an intrinsic size counts as length 0.
+// Returns the intrinsic size of the view. The length is 0 in a direction without an intrinsic size.
 Extent intrinsicExtent(const StackViewState& state, const UIView* view) {
   const CGSize size = objc::send<CGSize, "intrinsicContentSize">(view);
   return extentOf(state, {std::max(size.width, 0.0), std::max(size.height, 0.0)});
@@ -60,7 +60,8 @@ double totalSpacing(const StackViewState& state, const Views& views) {
   return views.empty() ? 0 : state.spacing * static_cast<double>(views.size() - 1);
 }
 
-// The last view takes the space that remains. If there is not enough space, the last views are shortened.
+// Returns the length of each view. The last view takes the remaining space. If there is not enough space, the last
+// views are shortened.
 std::vector<double> filledLengths(const StackViewState& state, const Views& views, double room) {
   std::vector<double> lengths;
   for (const UIView* view : views) {
@@ -121,7 +122,7 @@ void removeFromRow(UIStackView* self, UIView* view) {
   std::erase_if(objc::state(self).arranged, [view](const objc::Ref<UIView>& each) { return each.get() == view; });
 }
 
-// A view that is already arranged moves to the new index.
+// Inserts a view at this index. If the view is already arranged, it moves to the index.
 void insertArrangedSubview(UIStackView* self, UIView* view, NSUInteger index) {
   if (view == nullptr) return;
   const objc::Ref<UIView> retained = objc::retain(view);
@@ -135,7 +136,7 @@ void insertArrangedSubview(UIStackView* self, UIView* view, NSUInteger index) {
 
 void addArrangedSubview(UIStackView* self, UIView* view) { insertArrangedSubview(self, view, NSUInteger{SIZE_MAX}); }
 
-// The view stays a subview and keeps its frame.
+// Removes a view from the arranged views. The view stays a subview and keeps its frame.
 void removeArrangedSubview(UIStackView* self, UIView* view) {
   removeFromRow(self, view);
   invalidateRow(self);

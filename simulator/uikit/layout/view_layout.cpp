@@ -22,7 +22,8 @@ void invalidateConstraints(const UIView* view) {
   noteDisplayChange();
 }
 
-// If treeNeedsLayout is set for a view, it is set for all its ancestors. Therefore, the loop can stop at the first one.
+// If treeNeedsLayout is set for a view, it is also set for all its ancestors. Therefore, the loop can stop at the first
+// such view.
 void markNeedsLayout(UIView* view) {
   record(view).needsLayout = true;
   for (const UIView* each = view; each != nullptr && !record(each).treeNeedsLayout; each = record(each).superview)
@@ -31,13 +32,14 @@ void markNeedsLayout(UIView* view) {
 
 namespace {
 
-// Stops the layout of a view that requests another layout in each of its layouts.
+// The maximum number of layout passes. The limit ends the layout of a view that requests another layout in each of its
+// layouts.
 constexpr int maxLayoutPasses = 8;
 
 enum class LayoutWork : bool { None, Done };
 
-// Whether this view needs an engine, given that no ancestor has one: it holds constraints between views inside it, or a
-// subview holds constraints, for example for its own size.
+// Returns whether this view needs an engine, if none of its ancestors has one. It needs an engine if it holds
+// constraints between views inside it, or if a subview holds constraints, for example for its own size.
 bool isConstraintRoot(const UIView* view) {
   const auto hasConstrainedSize = [](const objc::Ref<UIView>& subview) {
     const ViewRecord& state = record(subview.get());
@@ -47,8 +49,9 @@ bool isConstraintRoot(const UIView* view) {
   return !state.constraints.empty() || std::ranges::any_of(state.subviews, hasConstrainedSize);
 }
 
-// Collects the engines to update. Views inside different views with given frames cannot influence each other. Each of
-// these views has an engine of its own, so that a new banner does not cause the others to be solved again.
+// Collects the engines to update. If the frames of two views are given, the views inside one cannot affect the views
+// inside the other. Each of these two views therefore has its own engine, so a new banner does not cause the other
+// banners to be solved again.
 void collectStaleEngines(UIView* view, std::vector<LayoutEngine*>& stale) {
   ViewRecord& state = record(view);
   if (isConstraintRoot(view)) {
@@ -72,7 +75,7 @@ void updateConstraints(UIView* root) {
   }
 }
 
-// The engine that solves the constraints of the view's subviews; null if there is none.
+// Returns the engine that solves the constraints of the view's subviews. Returns null if there is none.
 const LayoutEngine* engineOfSubviews(const UIView* view) {
   while (view != nullptr && record(view).engine == nullptr) view = record(view).superview;
   return view == nullptr ? nullptr : record(view).engine.get();
@@ -98,7 +101,8 @@ LayoutWork layoutTree(UIView* view) {
   return work;
 }
 
-// The highest ancestor such that it and all views between need layout.
+// Returns the highest ancestor that needs layout and that is connected to the view by ancestors that need layout.
+// Returns the view itself if its superview does not need layout.
 UIView* topmostViewNeedingLayout(UIView* view) {
   while (record(view).superview != nullptr && record(record(view).superview).needsLayout) view = record(view).superview;
   return view;
@@ -117,13 +121,13 @@ void layoutIfNeeded(UIView* view) {
 
 namespace {
 
-// Sets the frames of the subviews that constraints determine.
+// Sets the frames of those subviews whose frames are determined by constraints.
 void layoutSubviews(UIView* self) {
   const LayoutEngine* engine = engineOfSubviews(self);
   if (engine == nullptr) return;
   const std::vector<objc::Ref<UIView>> subviews = record(self).subviews;
   for (const objc::Ref<UIView>& subview : subviews) {
-    if (!engine->places(subview.get())) continue;
+    if (!engine->determinesFrameOf(subview.get())) continue;
     const CGRect frame = engine->frameOf(subview.get());
     if (frame != modelFrame(record(subview.get()).layer)) setFrameFromLayout(subview.get(), frame);
   }

@@ -25,14 +25,15 @@ bool isSameView(const PaintedView& left, const PaintedView& right) {
 }
 
 // Adds the pixels that are needed to repaint a backdrop. A backdrop is always blurred as a whole, and the blur reads
-// the pixels behind and around it. The pixels around it are still on the canvas unless later views were painted over
-// them. Inside a transparent layer they are not.
+// the pixels behind the backdrop and around it. Pixels around it are still on the canvas unless a later view was
+// painted over them, so only the pixels under later views are added. A transparent layer does not keep any of these
+// pixels, so inside such a layer all pixels are added.
 void addBackdropInputs(cairo_region_t* region, const ScreenContents& contents, std::size_t index) {
   const PaintedView& backdrop = contents[index];
   if (backdrop.appearance.opacityOnScreen < 1) return drawing::addTo(region, backdrop.read);
   drawing::addTo(region, backdrop.appearance.painted);
   for (std::size_t later = index + 1; later < contents.size(); ++later)
-    drawing::addTo(region, drawing::common(contents[later].appearance.painted, backdrop.read));
+    drawing::addTo(region, drawing::intersection(contents[later].appearance.painted, backdrop.read));
 }
 
 void addInputsOfBackdrops(cairo_region_t* region, const ScreenContents& contents) {
@@ -52,7 +53,8 @@ void addInputsOfBackdrops(cairo_region_t* region, const ScreenContents& contents
 
 drawing::RegionHandle differingPixels(const ScreenContents& before, const ScreenContents& after) {
   drawing::RegionHandle region(cairo_region_create());
-  // Usually, views are added and removed at one place in the order. The views before and after it are unchanged.
+  // Usually, views are added and removed at one position in the list. The views before and after this position are the
+  // same in both lists.
   const auto [oldFirst, newFirst] = std::mismatch(before.begin(), before.end(), after.begin(), after.end(), isSameView);
   const auto [oldLast, newLast] = std::mismatch(before.rbegin(), std::make_reverse_iterator(oldFirst), after.rbegin(),
                                                 std::make_reverse_iterator(newFirst), isSameView);

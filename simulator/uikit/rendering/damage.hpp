@@ -1,12 +1,12 @@
-// Computes the damage: the pixels of the screen that have to be repainted.
+// Computes the damage, which is the set of pixels of the screen that must be repainted.
 #pragma once
 
 #include "simulator/uikit/rendering/screen_contents.hpp"
 
 namespace uikit {
 
-// The pixels in which two states of the screen differ, together with all pixels that backdrops in this region depend
-// on.
+// Returns the pixels in which two states of the screen differ. Also includes all pixels that backdrops in this region
+// read.
 drawing::RegionHandle differingPixels(const ScreenContents& before, const ScreenContents& after);
 
 }  // namespace uikit

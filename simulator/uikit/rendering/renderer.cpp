@@ -17,7 +17,7 @@ namespace {
 struct Display {
   std::uint64_t generation = 1;
   std::uint64_t changes = 1;
-  double animatedUntil = -1;  // the time of the last generation if an animation was running then; otherwise -1
+  double animatedUntil = -1;  // the time of the last generation if an animation was running at that time; otherwise -1
   std::function<void()> observer;
 };
 
@@ -38,7 +38,7 @@ std::uint64_t displayChanges() { return display().changes; }
 
 void observeDisplayChanges(std::function<void()> observer) { display().observer = std::move(observer); }
 
-// While an animation is running, the screen changes whenever the time does, including the time at which it ends.
+// While an animation is running, each new time has a new generation, including the time at which the animation ends.
 std::uint64_t displayGeneration() {
   Display& state = display();
   const double now = foundation::now();
@@ -52,7 +52,7 @@ std::uint64_t displayGeneration() {
 
 namespace {
 
-// The last picture, on which the next one is based.
+// The last picture. The next picture is based on it.
 struct Picture {
   std::uint64_t generation = 0;
   double scale = 0;
@@ -111,7 +111,7 @@ std::shared_ptr<drawing::Canvas> renderScreen(double scale) {
 
 namespace {
 
-// The part of the rectangle that is on the screen, extended to whole points.
+// Returns the part of the rectangle that is on the screen, extended to whole points.
 CGRect visiblePoints(const CGRect& rect) {
   const CGSize screen = environment().device.screen;
   const double left = std::clamp(std::floor(rect.origin.x), 0.0, screen.width);

@@ -13,7 +13,7 @@ namespace {
 
 bool isEmpty(const CGRect& rect) { return !(rect.size.width > 0) || !(rect.size.height > 0); }
 
-// Collects the contents of the trees of visible views.
+// Collects the contents of all visible windows and their visible descendants.
 class ContentsCollector {
  public:
   explicit ContentsCollector(const drawing::Canvas& canvas)
@@ -33,7 +33,7 @@ class ContentsCollector {
     drawing::PixelRectangle clip;
   };
 
-  // The pixels that intersect the rectangle. They include all pixels that the canvas covers when it paints the
+  // Returns the pixels that intersect the rectangle. They include all pixels that the canvas changes when it paints the
   // rectangle.
   drawing::PixelRectangle pixels(const CGPoint& position, const CGRect& rect) const {
     if (isEmpty(rect)) return {};
@@ -59,11 +59,12 @@ class ContentsCollector {
     const CGRect contentArea = objc::send<CGRect, "_contentArea">(view);
     const drawing::Color background = layer.background.shown();
 
-    const drawing::PixelRectangle inside = drawing::common(pixels(position, bounds), ancestors.clip);
+    const drawing::PixelRectangle inside = drawing::intersection(pixels(position, bounds), ancestors.clip);
     const drawing::PixelRectangle clip = layer.masksToBounds ? inside : ancestors.clip;
-    const drawing::PixelRectangle content = drawing::common(pixels(position, contentArea), clip);
+    const drawing::PixelRectangle content = drawing::intersection(pixels(position, contentArea), clip);
     const bool fills = background.alpha > 0 || layer.masksToBounds;
-    const drawing::PixelRectangle painted = drawing::united(fills ? inside : drawing::PixelRectangle{}, content);
+    const drawing::PixelRectangle painted =
+        drawing::boundingRectangle(fills ? inside : drawing::PixelRectangle{}, content);
     const double opacityOnScreen = opacity * ancestors.opacity;
 
     const std::size_t index = contents_.size();
@@ -82,13 +83,13 @@ class ContentsCollector {
   void finishSubtree(std::size_t index) {
     contents_[index].end = contents_.size();
     for (std::size_t inside = index + 1; inside < contents_.size(); inside = contents_[inside].end)
-      contents_[index].covered = drawing::united(contents_[index].covered, contents_[inside].covered);
+      contents_[index].covered = drawing::boundingRectangle(contents_[index].covered, contents_[inside].covered);
   }
 
   drawing::PixelRectangle pixelsReadBy(UIView* view, const drawing::PixelRectangle& content) const {
     const auto reach = static_cast<int>(objc::send<CGFloat, "_contentReach:">(view, scale_));
     return reach == 0 || content.isEmpty() ? drawing::PixelRectangle{}
-                                           : drawing::common(content.outset(reach), screen_);
+                                           : drawing::intersection(content.outset(reach), screen_);
   }
 
   double scale_;
@@ -101,7 +102,8 @@ class Painter {
   Painter(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region)
       : canvas_(canvas), contents_(contents), region_(region) {}
 
-  // Paints the views from index `begin` to index `end`. The descendants of a view are painted together with it.
+  // Paints the views from index `begin` up to, but not including, index `end`. Each view is painted together with its
+  // descendants.
   void paint(std::size_t begin, std::size_t end) {
     for (std::size_t index = begin; index < end; index = contents_[index].end)
       if (intersectsRegion(contents_[index].covered)) paintView(index);

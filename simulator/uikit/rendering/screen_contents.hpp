@@ -11,41 +11,41 @@
 
 namespace uikit {
 
-// Everything that determines the pixels of a view, except for the pixels behind it.
+// All values that determine the pixels of a view, except for the pixels behind it.
 struct PaintedAppearance {
-  const UIView* view;  // identifies the view; it can be deallocated already
+  const UIView* view;  // identifies the view, which may have been deallocated
   std::uint64_t contentVersion;
   std::size_t depth;
-  CGPoint position;  // of the origin of the view's coordinates on the screen, in points
+  CGPoint position;  // the position on the screen, in points, of the origin of the view's coordinates
   CGRect bounds;
-  CGSize modelSize;  // content can depend on the size at the end of an animation
+  CGSize modelSize;  // the final size of the view, because content can depend on the size at the end of an animation
   drawing::CornerShape corners;
   drawing::Color background;
   double opacity;
-  double opacityOnScreen;  // the product with the opacities of its ancestors
+  double opacityOnScreen;  // the product of the view's opacity and the opacities of its ancestors
   bool clipsSubviews;
-  drawing::PixelRectangle clip;     // of its ancestors
-  drawing::PixelRectangle painted;  // where the view itself paints or clips its subviews
+  drawing::PixelRectangle clip;     // the area, in pixels, to which the ancestors clip the view
+  drawing::PixelRectangle painted;  // the pixels that the view itself paints or to which it clips its subviews
   friend bool operator==(const PaintedAppearance&, const PaintedAppearance&) = default;
 };
 
 struct PaintedView {
   PaintedAppearance appearance;
-  CGPoint shift;                    // from the coordinates of the superview to those of the view, in points
-  CGRect contentArea;               // in the coordinates of the view
-  drawing::PixelRectangle read;     // the pixels behind the view that a backdrop blurs; otherwise empty
-  drawing::PixelRectangle covered;  // where the view and its descendants paint
-  std::size_t end = 0;              // the index after its last descendant
+  CGPoint shift;                    // from the superview's coordinates to the view's coordinates, in points
+  CGRect contentArea;               // in the coordinates of the view, in points
+  drawing::PixelRectangle read;     // the pixels behind the view that a backdrop blurs; empty for other views
+  drawing::PixelRectangle covered;  // the pixels that the view and its descendants paint
+  std::size_t end = 0;              // the index after the last descendant of the view
 };
 
-// From back to front; each view precedes its descendants. Invisible views are not included.
+// The visible views, from back to front. Each view precedes its descendants.
 using ScreenContents = std::vector<PaintedView>;
 
-// The contents of the screen at the current time, at the scale of the canvas.
+// Returns the contents of the screen at the current time, at the scale of the canvas.
 ScreenContents contentsOfScreen(const drawing::Canvas& canvas);
 
-// Repaints the pixels of the region, regardless of their previous values. The views must not have changed since
-// `contents` was computed.
+// Repaints the pixels of the region. The result does not depend on their previous values. The views must not have
+// changed since `contents` was computed.
 void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region);
 
 }  // namespace uikit

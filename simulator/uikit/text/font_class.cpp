@@ -27,7 +27,7 @@ objc::Ref<UIFont> makeFont(const drawing::Font& font) {
 
 namespace {
 
-// The size in points that replaces an invalid size, as on the platform.
+// The size in points that replaces an invalid size. It is the same as on the platform.
 constexpr CGFloat fallbackFontSize = 12;
 
 UIFont* withSize(drawing::Font font, CGFloat size) {
@@ -47,7 +47,7 @@ UIFont* fontWithSize(UIFont* self, CGFloat size) { return withSize(fontOf(self),
 CGFloat pointSize(UIFont* self) { return fontOf(self).size; }
 CGFloat lineHeight(UIFont* self) { return drawing::lineHeight(fontOf(self), environment().device.scale); }
 CGFloat ascender(UIFont* self) { return drawing::baselineOffset(fontOf(self), environment().device.scale); }
-// Negative, because it is below the baseline.
+// The descender is negative, because it is below the baseline.
 CGFloat descender(UIFont* self) { return ascender(self) - lineHeight(self); }
 NSString* familyName(UIFont* self) { return NSString::stringWithUTF8String(fontOf(self).family.c_str()); }
 

@@ -1,4 +1,4 @@
-// UIFont: the conversion between the platform's fonts and drawing fonts.
+// UIFont, and the conversion of UIFont objects to drawing fonts. Main thread only.
 #pragma once
 
 #include "platform/ui_font.hpp"
@@ -6,11 +6,11 @@
 
 namespace uikit {
 
-// The value of the font. For nil, the default font of text: the system font at 17 points.
+// Converts the font. nil becomes the default font of text: the system font at 17 points.
 drawing::Font fontOf(const UIFont* font);
 objc::Ref<UIFont> makeFont(const drawing::Font& font);
 
-// In points.
+// The default font size of text, in points.
 inline constexpr CGFloat labelFontSize = 17;
 
 void defineFont();

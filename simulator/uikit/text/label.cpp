@@ -45,7 +45,7 @@ UIFont* font(UILabel* self) {
   return first != nullptr ? first : state.font.get();
 }
 
-// nil restores the default font. The font replaces the fonts of all ranges of the text.
+// Sets the font. It replaces the fonts of all ranges of the text. nil restores the default font.
 void setFont(UILabel* self, UIFont* font) {
   LabelState& state = objc::state(self);
   UIFont* wanted = font != nullptr ? font : UIFont::systemFontOfSize(labelFontSize);
@@ -105,7 +105,8 @@ void setPreferredMaxLayoutWidth(UILabel* self, CGFloat width) {
 }
 void setLayoutWidth(UILabel* self, CGFloat width) { objc::state(self).layoutWidth = width; }
 
-// A label with a single line is as wide as its text, regardless of the available width.
+// Returns the size of the label for this available width. A label with a single line is as wide as its text, even if
+// that exceeds the available width.
 CGSize measure(UILabel* self, CGFloat width) {
   constexpr CGFloat unlimited = 0;
   const drawing::Size size = textLayout(self).measure(objc::state(self).numberOfLines == 1 ? unlimited : width);
@@ -125,8 +126,8 @@ NSUInteger measuredNumberOfLines(UILabel* self) {
 
 CGFloat firstBaselineOffset(UILabel* self) { return textLayout(self).firstBaseline(); }
 
-// The text is laid out for the label's final size. While the size is animated, the content mode positions the text
-// within the displayed bounds.
+// Returns the rectangle of the text. The text is laid out for the label's final size. While the size is animated, the
+// content mode positions the text within the displayed bounds.
 drawing::Rectangle textRectangle(UILabel* self) {
   const CGSize size = self->bounds().size;
   const auto mode = static_cast<drawing::ContentMode>(record(self).contentMode);
@@ -137,7 +138,7 @@ void drawContent(UILabel* self, void* canvas) {
   textLayout(self).draw(*static_cast<drawing::Canvas*>(canvas), textRectangle(self), colorOf(textColor(self)));
 }
 
-// Glyphs can extend beyond their line.
+// Returns an area larger than the bounds, because glyphs can extend beyond their line.
 CGRect contentArea(UILabel* self) {
   if (objc::state(self).text.string()->length() == 0) return {};
   return outset(rectangle(textRectangle(self)), font(self)->pointSize());

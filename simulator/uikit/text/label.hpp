@@ -1,4 +1,4 @@
-// UILabel's state, and the conversions that all views with text use. Main thread only.
+// The state of a UILabel, and the conversions that all views with text use. Main thread only.
 #pragma once
 
 #include <optional>
@@ -21,12 +21,12 @@ enum class NSLineBreakMode : NSInteger {
 struct LabelState {
   uikit::StyledText text;
   objc::Ref<UIFont> font;
-  objc::Ref<UIColor> textColor;  // nil: the label color of the appearance
+  objc::Ref<UIColor> textColor;  // if nil, the text has the label color of the appearance
   NSTextAlignment alignment = NSTextAlignment::Natural;
   NSLineBreakMode lineBreakMode = NSLineBreakMode::TruncatingTail;
   NSInteger numberOfLines = 1;
-  CGFloat preferredMaxLayoutWidth = 0;        // set by the owner of the label; 0 to use layoutWidth
-  CGFloat layoutWidth = 0;                    // the width that the constraints give to the label
+  CGFloat preferredMaxLayoutWidth = 0;        // set by the owner of the label; if 0, layoutWidth is used
+  CGFloat layoutWidth = 0;                    // the width that the constraints have determined for the label
   std::optional<drawing::TextLayout> layout;  // created at first use
 };
 template <>
@@ -37,10 +37,10 @@ struct objc::StateOf<UILabel> {
 namespace uikit {
 
 drawing::Alignment drawingAlignment(NSTextAlignment alignment);
-// The base direction of text in the view: the direction of its user interface.
+// Returns the base direction of text in the view, which is the direction of the user interface.
 drawing::BaseDirection baseDirection(const UIView* view);
 
-// The layout of the label's current text.
+// Returns the layout of the label's current text.
 drawing::TextLayout& textLayout(const UILabel* label);
 
 void defineLabel();

@@ -1,4 +1,4 @@
-// The text of a label, with fonts and colors for its ranges.
+// The text of a label, with a font and a color for each of its ranges. Main thread only.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,8 @@ class UIColor;
 
 namespace uikit {
 
-// A range of a text. The length is in UTF-16 code units. A nil font or color means the default of the text.
+// A range of a text. The length is in UTF-16 code units. If the font or color is nil, the range has the default font or
+// color of the text.
 struct StyledRange {
   NSUInteger length = 0;
   objc::Ref<UIFont> font;
@@ -22,23 +23,23 @@ struct StyledRange {
 class StyledText {
  public:
   StyledText() = default;
-  // Copies the text, without fonts and colors of its own.
+  // Copies the text, which then has the default font and color.
   explicit StyledText(NSString* text);
   explicit StyledText(NSAttributedString* text);
 
-  // nil if there is no text.
+  // The text without fonts and colors; nil if there is no text.
   NSString* string() const { return string_; }
-  // Whether a range has its own font or color.
+  // Returns whether any range has its own font or color.
   bool isStyled() const;
-  // The font of the first range; nil if that range has the default font.
+  // The font of the first range; nil if the first range has the default font.
   UIFont* firstFont() const { return ranges_.empty() ? nullptr : ranges_.front().font.get(); }
 
   void removeFonts();
   void removeColors();
 
-  // Autoreleased; nil if there is no text.
+  // Returns the text with its fonts and colors. The result is autoreleased; nil if there is no text.
   NSAttributedString* attributedString(UIFont* defaultFont, UIColor* defaultColor) const;
-  // The runs of the first `maxUnits` UTF-16 code units of the text.
+  // Returns the runs of the first `maxUnits` UTF-16 code units of the text.
   std::vector<drawing::Run> runs(const drawing::Font& defaultFont, NSUInteger maxUnits) const;
 
   friend bool operator==(const StyledText& left, const StyledText& right);

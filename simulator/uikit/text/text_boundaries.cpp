@@ -11,7 +11,7 @@ namespace uikit {
 
 namespace {
 
-// An upper limit for the length of one character that a user can type, in UTF-16 code units.
+// The maximum length of one character that a user can type, in UTF-16 code units.
 constexpr NSUInteger maxCharacterUnits = 256;
 
 std::vector<PangoLogAttr> boundariesOf(const std::string& text) {

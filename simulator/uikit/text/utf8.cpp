@@ -10,7 +10,8 @@ namespace uikit {
 
 namespace {
 
-// ICU counts bytes in 32 bits, and a UTF-16 unit becomes three bytes at most.
+// The maximum length of a text in UTF-16 code units. ICU counts bytes in 32 bits, and a UTF-16 code unit becomes at
+// most three bytes.
 constexpr NSUInteger maxUnits = std::numeric_limits<std::int32_t>::max() / 3;
 
 }  // namespace

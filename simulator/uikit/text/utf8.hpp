@@ -7,15 +7,16 @@
 
 namespace uikit {
 
-// The part of the text that is inside the range. U+FFFD replaces each unpaired surrogate. Empty for nil.
+// Converts the part of the text that is inside the range. U+FFFD replaces each unpaired surrogate. Returns an empty
+// string for nil.
 std::string utf8(const NSString* text, NSRange range);
 inline std::string utf8(const NSString* text) { return utf8(text, {0, NSNotFound}); }
 
-// Returns the text, or an autoreleased copy in which U+FFFD replaces each unpaired surrogate, because Foundation loses
-// a text with unpaired surrogates when it edits the text. nil for nil.
+// Returns the text. If it contains unpaired surrogates, returns an autoreleased copy in which U+FFFD replaces each of
+// them, because Foundation loses such a text when it edits the text. Returns nil for nil.
 NSString* wellFormed(NSString* text);
 
-// No view shows more text than this, in UTF-16 code units. Text after this limit is not laid out.
+// The maximum number of UTF-16 code units that a view shows. Text after this limit is not laid out.
 inline constexpr NSUInteger maxVisibleUnits = 40'000;
 
 }  // namespace uikit

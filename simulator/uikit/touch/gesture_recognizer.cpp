@@ -46,11 +46,11 @@ bool claimTouch(UIGestureRecognizer* self) {
 double distance(CGPoint from, CGPoint to) { return std::hypot(to.x - from.x, to.y - from.y); }
 
 bool hasDragged(const GestureRecord& gesture) {
-  constexpr double roundingAllowance = 1e-6;  // a path that is the sum of many steps is not exact
+  constexpr double roundingAllowance = 1e-6;  // the length of a path is not exact if it is the sum of many steps
   return distance(gesture.down, gesture.location) >= dragDistance - roundingAllowance;
 }
 
-// The base class stores the location of the finger. Subclasses call super and then read it.
+// Stores the location of the finger. A subclass calls this method of the base class first and then reads the location.
 void trackLocation(UIGestureRecognizer* self, NSObject* touches, NSObject*) {
   UITouch* touch = anyTouch(touches);
   GestureRecord& gesture = objc::state(self);
@@ -92,7 +92,7 @@ CGPoint translationInView(UIGestureRecognizer* self, UIView*) {
   return {gesture.location.x - gesture.down.x, gesture.location.y - gesture.down.y};
 }
 
-// Makes the current location correspond to this translation.
+// Changes the start of the touch, so that the current location has this translation.
 void setTranslation(UIGestureRecognizer* self, CGPoint translation, UIView*) {
   GestureRecord& gesture = objc::state(self);
   gesture.down = {gesture.location.x - translation.x, gesture.location.y - translation.y};
@@ -110,7 +110,7 @@ void addTarget(UIGestureRecognizer* self, NSObject* target, SEL action) {
     objc::state(self).actions.push_back({objc::Weak<NSObject>(target), action});
 }
 
-// A nil target means every target, a null action means every action.
+// Removes actions. A nil target selects every target. A null action selects every action.
 void removeTarget(UIGestureRecognizer* self, NSObject* target, SEL action) {
   std::erase_if(objc::state(self).actions, [&](const GestureAction& each) {
     return (target == nullptr || each.target.lock().get() == target) &&
@@ -132,7 +132,7 @@ void setCancelsTouchesInView(UIGestureRecognizer* self, bool cancels) {
   objc::state(self).cancelsTouchesInView = cancels;
 }
 
-// nil means the window's coordinates.
+// Returns the location in the coordinates of the view. If the view is nil, returns it in the coordinates of the window.
 CGPoint locationInView(UIGestureRecognizer* self, UIView* coordinateView) {
   const GestureRecord& gesture = objc::state(self);
   if (coordinateView == nullptr && gesture.view != nullptr) coordinateView = rootOf(gesture.view);

@@ -1,4 +1,4 @@
-// UIGestureRecognizer's state and its transitions. Main thread only.
+// The state of a UIGestureRecognizer, and its transitions. Main thread only.
 #pragma once
 
 #include <vector>
@@ -9,7 +9,7 @@
 
 namespace uikit {
 
-// The distance, in points, at which a touch becomes a drag and can no longer be a tap.
+// The distance, in points, from which a touch is a drag and cannot be a tap.
 inline constexpr double dragDistance = 10;
 
 struct GestureAction {
@@ -31,10 +31,11 @@ struct GestureRecord {
   }
 };
 
-// Clears the view of the recognizers, because it is about to be deallocated.
+// Clears the view of the recognizers. Call this before the view is deallocated.
 void detachFromView(NSArray* recognizers);
 
-// Changes the state of the recognizer and sends its actions. A recognizer that is not allowed to begin fails instead.
+// Changes the state of the recognizer and sends its actions. If the new state begins a gesture but the recognizer is
+// not allowed to begin, the recognizer fails.
 void changeState(UIGestureRecognizer* recognizer, UIGestureRecognizerState state);
 
 }  // namespace uikit

@@ -12,11 +12,12 @@ enum class UITouchPhase : NSInteger { Began, Moved, Stationary, Ended, Cancelled
 class UITouch : public objc::Interface<"UITouch", NSObject> {
  public:
   UITouchPhase phase() const { return objc::send<UITouchPhase, "phase">(this); }
-  // The view in which the touch began; nil if there was none at its location.
+  // The view in which the touch began; nil if there was no view at its location.
   UIView* view() const { return objc::send<UIView*, "view">(this); }
-  // In the coordinates of the view; nil means the window's coordinates.
+  // Returns the location in the coordinates of the view. If the view is nil, returns it in the coordinates of the
+  // window.
   CGPoint locationInView(UIView* view) const { return objc::send<CGPoint, "locationInView:">(this, view); }
-  // In seconds, on the clock that the simulator uses.
+  // The time of the touch in seconds, on the simulator's current clock.
   double timestamp() const { return objc::send<double, "timestamp">(this); }
 };
 
@@ -24,12 +25,13 @@ class UIEvent : public objc::Interface<"UIEvent", NSObject> {};
 
 namespace uikit {
 
-// Delivers a touch at a point of the screen to the frontmost view there and to its recognizers. There is only one
-// finger: Began cancels a touch in progress, and the other phases do nothing without one. The timestamp is in seconds.
+// Delivers a touch at a point of the screen to the frontmost view at that point and to its recognizers. There is only
+// one finger. Began cancels a touch that is still in progress. The other phases do nothing if no touch is in progress.
+// The timestamp is in seconds.
 void deliverTouch(UITouchPhase phase, CGPoint screenPoint, double timestamp);
 bool isFingerDown();
 
-// The touch in the set that a responder receives.
+// Returns the touch from the set that a responder receives.
 UITouch* anyTouch(NSObject* touches);
 
 }  // namespace uikit

@@ -18,7 +18,7 @@ std::unique_ptr<TouchSequence>& currentSequence() {
   return instance;
 }
 
-// The view at the point in the frontmost window that has one; null if there is none.
+// Searches the windows from front to back for a view at the point. Returns null if no window has such a view.
 UIView* hitView(CGPoint point, UIEvent* event) {
   const std::vector<UIWindow*> windows = visibleWindows();
   for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
@@ -65,7 +65,8 @@ TouchSequence::~TouchSequence() {
 
 TouchSequence* TouchSequence::current() { return currentSequence().get(); }
 
-// From the touched view to the root, so an inner recognizer receives touches before an outer one.
+// Collects the recognizers from the touched view to the root. Therefore, an inner recognizer receives touches before an
+// outer one.
 void TouchSequence::collectRecognizers() {
   for (UIView* view = view_; view != nullptr; view = record(view).superview) {
     NSArray* attached = objc::state(view).gestureRecognizers;

@@ -1,5 +1,5 @@
-// The touches of one finger from Began to Ended or Cancelled: the touched view, the recognizers that receive the
-// touches, and the recognizer that has claimed them.
+// The touches of one finger from Began to Ended or Cancelled. A sequence contains the touched view, the recognizers
+// that receive the touches, and the recognizer that has claimed them. Main thread only.
 #pragma once
 
 #include <vector>
@@ -10,7 +10,7 @@ namespace uikit {
 
 class TouchSequence {
  public:
-  // Starts at a point in screen coordinates. The timestamp is in seconds.
+  // Starts a sequence at a point in screen coordinates. The timestamp is in seconds.
   TouchSequence(CGPoint point, double timestamp);
   ~TouchSequence();
   TouchSequence(const TouchSequence&) = delete;
@@ -19,11 +19,11 @@ class TouchSequence {
   void begin();
   void advance(UITouchPhase phase, CGPoint point, double timestamp);
 
-  // Lets the recognizer begin. The other recognizers fail. Returns false if the recognizer does not take part in this
-  // sequence, if another one has begun, or if the view refuses.
+  // Lets the recognizer begin and makes the other recognizers fail. Returns false if the recognizer does not take part
+  // in this sequence, if another recognizer has begun, or if the view refuses.
   bool claim(UIGestureRecognizer* recognizer);
 
-  // The sequence in progress, or null.
+  // Returns the sequence that is in progress, or null if there is none.
   static TouchSequence* current();
 
  private:

@@ -1,4 +1,4 @@
-// UITouch's state. Locations are in screen coordinates, the timestamp is in seconds.
+// The state of a UITouch. Locations are in screen coordinates. The timestamp is in seconds. Main thread only.
 #pragma once
 
 #include "objc/class_definition.hpp"

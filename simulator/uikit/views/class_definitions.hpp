@@ -1,4 +1,5 @@
-// Functions that define the view classes of the platform. Call each of them once per process, superclasses first.
+// Functions that define the view classes of the platform. Call each function once, and the function of a superclass
+// before those of its subclasses. Main thread only.
 #pragma once
 
 namespace uikit {

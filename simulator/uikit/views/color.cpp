@@ -25,7 +25,8 @@ objc::Ref<UIColor> makeColor(const drawing::Color& color) {
 
 namespace {
 
-// Values outside 0 to 1 are valid, because wide-gamut colors use them. 0 replaces NaN and infinity.
+// Returns a valid color component. Values outside the range from 0 to 1 are valid, because wide-gamut colors use them.
+// NaN and infinity become 0.
 double component(double value) { return std::isfinite(value) ? value : 0; }
 double alphaComponent(double value) { return value >= 0 ? std::min(value, 1.0) : 0; }
 
@@ -41,8 +42,8 @@ UIColor* withAlphaComponent(UIColor* self, CGFloat alpha) {
   return objc::autorelease(makeColor(color));
 }
 
-// Components are in thousandths and alpha is in percent, because not every compiler accepts floating-point template
-// arguments.
+// Creates a constant color. Components are in thousandths and alpha is in percent, because not every compiler accepts
+// floating-point template arguments.
 template <int red, int green, int blue, int alphaPercent = 100>
 UIColor* fixedColor() {
   static UIColor* const made = makeColor({red / 1000.0, green / 1000.0, blue / 1000.0, alphaPercent / 100.0}).leak();

@@ -6,19 +6,19 @@
 #include "platform/ui_trait_collection.hpp"
 #include "simulator/drawing/geometry.hpp"
 
-// The target of a CGColorRef. It is valid as long as the UIColor or CALayer that returned it. Copy the value in order
-// to store it.
+// The object to which a CGColorRef points. It is valid as long as the UIColor or CALayer that returned it. Copy the
+// object if you store it.
 struct CGColor {
   drawing::Color color;
 };
 
 namespace uikit {
 
-// The value of the color; transparent black for nil.
+// Returns the value of the color. nil becomes transparent black.
 drawing::Color colorOf(const UIColor* color);
 objc::Ref<UIColor> makeColor(const drawing::Color& color);
 
-// The default colors of text, of the placeholder of an empty text field, and of interactive elements.
+// Return the default colors of text, of the placeholder of an empty text field, and of interactive elements.
 UIColor* labelColor(UIUserInterfaceStyle style);
 UIColor* placeholderTextColor(UIUserInterfaceStyle style);
 UIColor* tintColor(UIUserInterfaceStyle style);

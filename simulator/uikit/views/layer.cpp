@@ -46,7 +46,7 @@ void setBackgroundColor(CALayer* self, CGColorRef color) {
   setBackground(recordOf(self), color == nullptr ? nullptr : &color->color);
 }
 
-// The result is valid until the background color of the layer changes or the layer is deallocated.
+// Returns a color that is valid until the background color of the layer changes or the layer is deallocated.
 CGColorRef backgroundColor(CALayer* self) {
   LayerRecord& layer = recordOf(self);
   if (!layer.hasBackground) return nullptr;

@@ -13,14 +13,14 @@
 namespace uikit {
 
 struct LayerRecord {
-  // The frame is stored as origin and size, because otherwise rounding would change a frame between setting and reading
-  // it. The center is computed.
+  // The frame is stored as origin and size, and the center is computed from them. If the center were stored, rounding
+  // would change a frame between setting and reading it.
   Animated<CGPoint> origin{{}};
   Animated<CGRect> bounds{{}};
   Animated<double> opacity{1};
   Animated<double> cornerRadius{0};
   Animated<drawing::Color> background{{0, 0, 0, 0}};
-  CGColor backgroundValue{};  // the storage of the result of -backgroundColor
+  CGColor backgroundValue{};  // the result of -backgroundColor points to this value
   bool hasBackground = false;
   bool continuousCorners = false;
   bool masksToBounds = false;
@@ -32,7 +32,7 @@ struct LayerRecord {
 inline CGRect modelFrame(const LayerRecord& layer) { return {layer.origin.model(), layer.bounds.model().size}; }
 inline CGRect shownFrame(const LayerRecord& layer) { return {layer.origin.shown(), layer.bounds.shown().size}; }
 
-// Null removes the color.
+// Sets the background color. Null removes it.
 void setBackground(LayerRecord& layer, const drawing::Color* color);
 void setOpacity(LayerRecord& layer, double opacity);
 void setHidden(LayerRecord& layer, bool hidden);

@@ -59,7 +59,7 @@ bool resignFirstResponder(UIResponder* self) {
   return true;
 }
 
-// A responder that does not handle touches forwards them to the next responder.
+// Forwards a touch to the next responder. This is the default for responders that do not handle touches.
 template <objc::FixedString selector>
 void forwardTouches(UIResponder* self, NSObject* touches, NSObject* event) {
   objc::send<void, selector>(self->nextResponder(), touches, event);

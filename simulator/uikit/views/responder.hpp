@@ -5,9 +5,11 @@
 
 namespace uikit {
 
-// The window of the first view in the responder chain that starts at this responder; nil if there is none.
+// Searches the responder chain that starts at this responder for a view, and returns the window of the first one.
+// Returns nil if there is no view.
 UIWindow* windowOfResponder(const UIResponder* responder);
-// Makes the first responder resign if it is inside this view. Call this before the view is removed from its window.
+// Makes the first responder resign if it is `leaving` or inside it. Call this before `leaving` is removed from its
+// window.
 void resignFirstResponderInside(UIView* leaving);
 
 }  // namespace uikit

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The view that contains this state.
+// Returns the view that contains this state.
 UIView* ownerOf(ViewState* state) {
   return reinterpret_cast<UIView*>(reinterpret_cast<char*>(state) - objc::detail::StateOffset<UIView>::offset);
 }

@@ -1,4 +1,4 @@
-// UIView's methods, in one list per area. Each list is defined in the source file for that area.
+// The methods of UIView. There is one list for each subject, defined in the source file of that subject.
 #pragma once
 
 #include <span>

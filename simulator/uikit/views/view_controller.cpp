@@ -62,7 +62,7 @@ void removeFromParent(UIViewController* self) {
   objc::send<void, "didMoveToParentViewController:">(self, static_cast<UIViewController*>(nullptr));
 }
 
-// The parent sends didMoveToParentViewController: itself when the transition ends.
+// Adds a child. The parent itself must send didMoveToParentViewController: when the transition ends.
 void addChild(UIViewController* self, UIViewController* child) {
   if (child == nullptr || child == self || objc::state(child).parent == self) return;
   const objc::Ref<UIViewController> retained = objc::retain(child);
@@ -82,7 +82,7 @@ void callLater(Completion completion) {
 UIViewController* presentedViewController(UIViewController* self) { return objc::state(self).presented; }
 UIViewController* presentingViewController(UIViewController* self) { return objc::state(self).presenting; }
 
-// The presented view covers the window immediately; there is no transition.
+// Presents a controller. Its view covers the window immediately, without a transition.
 void present(UIViewController* self, UIViewController* presented, bool, Completion completion) {
   ViewControllerState& state = objc::state(self);
   if (presented == nullptr || state.presented != nullptr) return;
@@ -96,7 +96,7 @@ void present(UIViewController* self, UIViewController* presented, bool, Completi
   callLater(completion);
 }
 
-// Dismisses the controller that this one presents; if there is none, this controller itself.
+// Dismisses the controller that this one presents. If this one presents none, dismisses this controller itself.
 void dismiss(UIViewController* self, bool animated, Completion completion) {
   ViewControllerState& state = objc::state(self);
   if (state.presented == nullptr) {
@@ -115,7 +115,7 @@ void setOverrideStyle(UIViewController* self, UIUserInterfaceStyle style) {
   changeTraitsOf(objc::state(self).view, [&] { objc::state(self).overrideStyle = style; });
 }
 
-// Subclasses override the methods that these functions implement.
+// These functions implement methods that do nothing until a subclass overrides them.
 void ignore(UIViewController*) {}
 void ignoreFlag(UIViewController*, bool) {}
 void ignoreController(UIViewController*, UIViewController*) {}

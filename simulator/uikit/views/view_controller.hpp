@@ -1,4 +1,4 @@
-// UIViewController's state. Main thread only.
+// The state of a UIViewController. Main thread only.
 #pragma once
 
 #include <vector>
@@ -16,7 +16,7 @@ struct ViewControllerState {
   UIViewController* parent = nullptr;  // borrowed; the parent retains this controller
   std::vector<objc::Ref<UIViewController>> children;
   objc::Ref<UIViewController> presented;
-  UIViewController* presenting = nullptr;  // borrowed; the presenting controller retains this one
+  UIViewController* presenting = nullptr;  // borrowed; the presenting controller retains this controller
   UIUserInterfaceStyle overrideStyle = UIUserInterfaceStyle::Unspecified;
 };
 template <>

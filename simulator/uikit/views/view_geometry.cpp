@@ -40,7 +40,7 @@ bool isFinite(const CGRect& rect) {
          std::isfinite(rect.size.height);
 }
 
-// The same rectangle with a width and height that are not negative.
+// Returns the same rectangle with a width and height that are not negative.
 CGRect standardized(CGRect rect) {
   if (rect.size.width < 0)
     rect = {{rect.origin.x + rect.size.width, rect.origin.y}, {-rect.size.width, rect.size.height}};
@@ -102,7 +102,7 @@ void setBounds(UIView* view, const CGRect& bounds) {
   LayerRecord& layer = record(view).layer;
   const CGRect before = layer.bounds.model();
   if (!isFinite(bounds) || bounds == before) return;
-  // Setting the bounds does not move the center.
+  // The origin changes, because setting the bounds must not move the center.
   const CGPoint origin = layer.origin.model();
   layer.origin.set({origin.x + (before.size.width - bounds.size.width) / 2,
                     origin.y + (before.size.height - bounds.size.height) / 2});
@@ -168,7 +168,8 @@ void setCenter(UIView* self, CGPoint center) {
   setFrame(self, {{center.x - size.width / 2, center.y - size.height / 2}, size});
 }
 
-// nil means the coordinates of the window, or those of the root view if there is no window.
+// Returns the view whose coordinates are used. If `other` is nil, this is the root of the view's tree, which is the
+// window if the view is in one.
 const UIView* viewOrRoot(const UIView* self, const UIView* other) { return other == nullptr ? rootOf(self) : other; }
 
 CGPoint convertPointToView(UIView* self, CGPoint point, UIView* other) {
@@ -196,7 +197,7 @@ void setAutoresizingMask(UIView* self, NSUInteger mask) {
   invalidateConstraints(self);
 }
 
-// How far the view extends into the areas of the screen that the device reserves.
+// Returns how far the view extends into the areas of the screen that the device reserves.
 UIEdgeInsets safeAreaInsets(UIView* self) {
   if (windowOf(self) == nullptr) return {};
   const UIEdgeInsets device = environment().device.safeArea;

@@ -145,7 +145,7 @@ void insertSubviewAtIndex(UIView* self, UIView* child, NSInteger index) {
   insertSubview(self, child, static_cast<std::size_t>(std::max<NSInteger>(index, 0)));
 }
 
-// If `sibling` is not a subview, the child becomes the frontmost subview.
+// Inserts the child behind `sibling`. If `sibling` is not a subview, the child becomes the frontmost subview.
 void insertSubviewBelow(UIView* self, UIView* child, UIView* sibling) {
   const std::size_t place = indexOf(self, sibling);
   const bool comesFromBelow = record(child).superview == self && indexOf(self, child) < place;
@@ -176,7 +176,7 @@ UIView* viewWithTag(UIView* self, NSInteger tag) {
   return found;
 }
 
-// Subclasses override the methods that these functions implement.
+// These functions implement methods that do nothing until a subclass overrides them.
 void ignoreView(UIView*, UIView*) {}
 void ignoreWindow(UIView*, UIWindow*) {}
 void ignore(UIView*) {}

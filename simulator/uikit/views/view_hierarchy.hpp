@@ -5,13 +5,14 @@
 
 namespace uikit {
 
-// The root of the view's tree, which is the view itself if it has no superview.
+// Returns the root of the view's tree. This is the view itself if it has no superview.
 UIView* rootOf(const UIView* view);
-// Whether the view is the ancestor or inside it. False if the view is nil.
+// Returns whether `view` is `ancestor` or inside it. Returns false if the view is nil.
 bool isDescendant(const UIView* view, const UIView* ancestor);
-// The nearest view that contains both views, which can be one of them. Null if they are in different trees.
+// Returns the nearest view that contains both views. It can be one of the two views. Returns null if the views are in
+// different trees.
 UIView* commonAncestor(UIView* first, UIView* second);
-// The window that contains the view; the view itself if it is a window. nil if there is no window.
+// Returns the window that contains the view, or the view itself if it is a window. Returns nil if there is no window.
 UIWindow* windowOf(const UIView* view);
 // Calls `visit` for the view and all its descendants, superviews first.
 template <class Visitor>
@@ -20,8 +21,8 @@ void visitTree(UIView* view, const Visitor& visit) {
   for (const objc::Ref<UIView>& subview : record(view).subviews) visitTree(subview.get(), visit);
 }
 
-// Inserts the child at this index, or moves it there if it is a subview already. Greater indexes count as the number of
-// subviews. A nil child is ignored; a child that contains `parent` is an error, which is logged.
+// Inserts the child at this index, or moves it to this index if it is a subview already. An index beyond the number of
+// subviews counts as that number. Ignores a nil child. Logs an error if the child contains `parent`.
 void insertSubview(UIView* parent, UIView* child, std::size_t index);
 void removeFromSuperview(UIView* view);
 

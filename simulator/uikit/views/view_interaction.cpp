@@ -59,7 +59,8 @@ void removeGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   if (attached->count() == 0) attached = nullptr;
 }
 
-// A recognizer has at most one view. Adding it to another view removes it from the first.
+// Adds a recognizer to the view. If the recognizer has another view, removes it from that view, because a recognizer
+// has at most one view.
 void addGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   if (recognizer == nullptr || objc::state(recognizer).view == self) return;
   const objc::Ref<UIGestureRecognizer> retained = objc::retain(recognizer);
@@ -70,7 +71,8 @@ void addGestureRecognizer(UIView* self, UIGestureRecognizer* recognizer) {
   objc::state(recognizer).view = self;
 }
 
-// A tap on an enabled control does not trigger the tap recognizers of its superviews.
+// Returns whether a recognizer may begin while this view is touched. An enabled control prevents the tap recognizers of
+// its superviews from beginning.
 bool gestureRecognizerShouldBegin(UIView* self, UIGestureRecognizer* recognizer) {
   if (objc::state(recognizer).view == self || objc::as<UITapGestureRecognizer>(recognizer) == nullptr) return true;
   const UIControl* control = objc::as<UIControl>(self);

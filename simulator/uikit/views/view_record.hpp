@@ -23,7 +23,7 @@ namespace uikit {
 
 enum class UserInteraction : bool { Disabled, Enabled };
 
-// Returns a number that it has not returned before.
+// Returns a number that this function has not returned before.
 std::uint64_t nextContentVersion();
 
 class ViewRecord {
@@ -39,7 +39,7 @@ class ViewRecord {
   objc::Ref<UIColor> backgroundColor;
 
   UIView* superview = nullptr;                 // borrowed; the superview retains this view
-  std::vector<objc::Ref<UIView>> subviews;     // back to front
+  std::vector<objc::Ref<UIView>> subviews;     // from back to front
   UIViewController* viewController = nullptr;  // borrowed; the controller retains this view
 
   NSUInteger autoresizingMask = 0;
@@ -53,10 +53,11 @@ class ViewRecord {
   bool needsLayout = true;
   bool treeNeedsLayout = true;                             // false if neither the view nor a descendant needs layout
   bool hasContentMode = false;                             // whether -setContentMode: was called
-  std::vector<objc::Ref<NSLayoutConstraint>> constraints;  // constraints whose nearest common ancestor is this view
+  std::vector<objc::Ref<NSLayoutConstraint>> constraints;  // the constraints whose nearest common ancestor is this view
   IntrinsicSize intrinsicSize;
-  std::unique_ptr<LayoutEngine> engine;  // solves the constraints inside this view; null if an ancestor does
-  bool constraintsChanged = true;        // only used for the root of a tree
+  // Solves the constraints inside this view. Null if an ancestor's engine solves them.
+  std::unique_ptr<LayoutEngine> engine;
+  bool constraintsChanged = true;  // used only if this view is the root of a tree
 };
 
 inline ViewRecord& record(const UIView* view) { return *objc::state(view).record; }

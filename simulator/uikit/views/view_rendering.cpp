@@ -32,7 +32,7 @@ void setBackgroundColor(UIView* self, UIColor* color) {
   self->layer()->setBackgroundColor(color->CGColor());
 }
 
-// Returns the color that was set, or a new one if the color of the layer has changed since then.
+// Returns the color that was set. If the color of the layer has changed since then, returns a new color object.
 UIColor* backgroundColor(UIView* self) {
   ViewRecord& state = record(self);
   if (!state.layer.hasBackground) return nullptr;
@@ -47,7 +47,7 @@ CGFloat alpha(UIView* self) { return record(self).layer.opacity.model(); }
 void setAlpha(UIView* self, CGFloat alpha) { setOpacity(record(self).layer, alpha); }
 
 bool isHidden(UIView* self) { return record(self).layer.hidden; }
-// The superview needs layout, because a stack view does not arrange hidden views.
+// Hides or shows the view. Its superview then needs layout, because a stack view does not arrange hidden views.
 void setViewHidden(UIView* self, bool hidden) {
   if (record(self).layer.hidden == hidden) return;
   setHidden(record(self).layer, hidden);
@@ -64,7 +64,7 @@ void setContentMode(UIView* self, UIViewContentMode mode) {
   noteContentChange(self);
 }
 
-// Subclasses override it.
+// The default implementation draws nothing. Subclasses override this method.
 void drawContent(UIView*, void*) {}
 bool drawsContent(const UIView* view) {
   const SEL draw = objc::selector<"_drawContentInCanvas:">();

@@ -51,7 +51,7 @@ void setEffect(UIVisualEffectView* self, UIBlurEffect* effect) {
   setNeedsDisplay(self);
 }
 
-// Created at first use, because most effect views have no content.
+// Returns the content view. It is created at first use, because most effect views have no content.
 UIView* contentView(UIVisualEffectView* self) {
   objc::Ref<UIView>& content = objc::state(self).contentView;
   if (content == nullptr) {
@@ -70,7 +70,7 @@ drawing::Appearance appearanceOf(const UIVisualEffectView* view) {
   return styleOf(view) == UIUserInterfaceStyle::Dark ? drawing::Appearance::Dark : drawing::Appearance::Light;
 }
 
-// The opacity here is 1, because the renderer applies the opacity of the view.
+// Draws the material with an opacity of 1, because the renderer applies the opacity of the view.
 void drawContent(UIVisualEffectView* self, void* canvas) {
   drawing::drawMaterial(*static_cast<drawing::Canvas*>(canvas), rectangle(shownBounds(self)), shownCorners(self),
                         blurOf(objc::state(self).effect), appearanceOf(self), 1);

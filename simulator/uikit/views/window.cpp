@@ -12,7 +12,7 @@ namespace uikit {
 
 namespace {
 
-// All windows, in the order in which they were last shown. Borrowed.
+// All windows, in the order in which they were last shown. They are borrowed.
 std::vector<UIWindow*>& windows() {
   static std::vector<UIWindow*> instance;
   return instance;
@@ -46,7 +46,8 @@ UIResponder* firstResponder() { return keyWindow() == nullptr ? nullptr : objc::
 
 void setSharedApplication(UIApplication* application) { currentApplication() = objc::retain(application); }
 
-// Each change that needs a layout also counts as a display change.
+// Lays out the windows, unless there was no display change since the last layout. Each change that needs a layout also
+// counts as a display change.
 void layoutWindows() {
   static std::uint64_t laidOut = 0;
   if (laidOut == displayChanges()) return;
@@ -125,7 +126,7 @@ void makeKeyAndVisible(UIWindow* self) {
 
 UIResponder* nextResponder(UIWindow*) { return currentApplication(); }
 
-// Subclasses override it.
+// The default implementation does nothing. Subclasses override this method.
 void ignore(UIWindow*) {}
 
 UIApplication* sharedApplication(Class) { return currentApplication(); }

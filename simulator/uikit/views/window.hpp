@@ -1,4 +1,5 @@
-// Windows and the application: the windows on the screen, their order and the key window. Main thread only.
+// Windows and the application. The functions return the windows on the screen, their order and the key window. Main
+// thread only.
 #pragma once
 
 #include <vector>
@@ -16,7 +17,8 @@ struct WindowState {
   UIWindow* window = nullptr;  // the window that contains this state; nil until -initWithFrame:
   double level = 0;
   objc::Ref<UIViewController> rootViewController;
-  // Borrowed. A first responder resigns before it is removed from the window.
+  // The first responder of the window; nil if there is none. It is borrowed. A responder resigns before it is removed
+  // from the window.
   UIResponder* firstResponder = nullptr;
 };
 template <>
@@ -26,18 +28,19 @@ struct objc::StateOf<UIWindow> {
 
 namespace uikit {
 
-// The windows that are not hidden, from back to front: ordered by level, then by the time they were last shown.
+// Returns the windows that are not hidden, from back to front. They are sorted by level, and then by the time at which
+// they were last shown.
 std::vector<UIWindow*> visibleWindows();
 
-// The responder that receives text input: the first responder of the key window. nil if there is none.
+// Returns the responder that receives text input: the first responder of the key window. Returns nil if there is none.
 UIResponder* firstResponder();
 
-// Sets the result of +[UIApplication sharedApplication]. Retains the application.
+// Sets the result of +[UIApplication sharedApplication] and retains the application.
 void setSharedApplication(UIApplication* application);
 
-// All windows, including hidden ones, in the order in which they were last shown.
+// Returns all windows, including hidden ones, in the order in which they were last shown.
 const std::vector<UIWindow*>& allWindows();
-// nil if there is none.
+// Returns the key window, or nil if there is none.
 UIWindow* keyWindow();
 
 // Lays out all visible windows.
