@@ -7,7 +7,7 @@
 #include <limits>
 
 #include <cstdio>
-// Requires the declarations of <cstdio>.
+// This header uses declarations of <cstdio>, so it is included after that header.
 #include <jpeglib.h>
 
 #include "tests/drawing/test_images.hpp"

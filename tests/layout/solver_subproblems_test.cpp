@@ -1,4 +1,5 @@
-// Variables without common constraints form separate subproblems. A subproblem is solved again only when it changes.
+// The solver splits the constraints into subproblems that have no variable in common. It solves a subproblem again only
+// if the subproblem has changed.
 #include <gtest/gtest.h>
 
 #include <cstddef>
