@@ -1,4 +1,4 @@
-// The automatic dismissal of a banner: when it starts, how long its animation takes, and what prevents it.
+// The automatic dismissal of a banner: when it starts, how long its animation takes, and which events prevent it.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"

@@ -83,7 +83,7 @@ TEST(BannerWindow, CanBecomeKeyWindow) {
   EXPECT_TRUE((objc::send<bool, "_canBecomeKeyWindow">(containerOf(controller)->window())));
 }
 
-TEST(BannerWindow, SharedStatusBarWindowIsTheFirstOne) {
+TEST(BannerWindow, FirstStatusBarWindowIsTheSharedOne) {
   Phone phone;
   const Class statusBarWindow = reinterpret_cast<Class>(objc_getClass("UIStatusBarWindow"));
   auto* shared = objc::send<UIWindow*, "brimSharedWindow">(statusBarWindow);

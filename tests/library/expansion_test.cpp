@@ -12,7 +12,7 @@ using test::eventsOf;
 using test::Phone;
 using test::presentThreeLines;
 
-// The drag itself has already faded the field in, so no animation delays it.
+// The drag has already faded the reply field in, so the field opens without an animation.
 TEST(Expansion, OpensTheReplyFieldImmediatelyIfThereAreNoButtons) {
   Phone phone;
   const int controller = presentThreeLines(phone);
