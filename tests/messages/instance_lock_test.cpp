@@ -52,7 +52,7 @@ TEST_F(InstanceLock, IsNotModifiedByAFailedAttempt) {
   EXPECT_EQ(lockFileText(), "owner\n");
 }
 
-// An app can start the notification daemon, which outlives the app.
+// An app can start the notification daemon, which runs longer than the app and must not keep the lock.
 TEST_F(InstanceLock, IsNotInheritedByChildProcesses) {
   FILE* child = nullptr;
   {

@@ -59,7 +59,7 @@ class WrongTypes : public testing::Test {
                        Color::Red);
   }
 
-  // Expects a banner that is given no picture.
+  // Presents a notification and expects that its banner is given no picture.
   void expectNoPicture(const char* application, const Json& userInfo) {
     const int controller = phone.present(application, userInfo);
     phone.waitUntilIdle();

@@ -1,4 +1,4 @@
-// Commands of the script interface that succeed, and the two ways in which the contacts command fails.
+// Script commands that succeed, and the two errors of the contacts command.
 #include <fstream>
 
 #include "simulator/base/event_log.hpp"
