@@ -13,7 +13,7 @@ using Figures = std::vector<double>;
 // with status 1.
 Figures inChildProcess(const std::function<Figures()>& measurement);
 
-// The median of at least one figure. For an even number of figures, it is the higher of the two middle ones.
+// The median of at least one figure. For an even number of figures, it is the higher of the two middle figures.
 double median(Figures figures);
 
 // The processor time that this process has used, in seconds.

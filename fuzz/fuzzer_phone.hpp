@@ -1,5 +1,5 @@
-// The simulated phone in which the fuzzers run. It contains files of other applications and one banner. It has no
-// network: see setPageResponse(). Main thread only.
+// The simulated phone in which the fuzzers run. It contains files of other applications and one banner. It sends
+// nothing to the network; setPageResponse() provides the responses. Main thread only.
 #pragma once
 
 #include <cstddef>

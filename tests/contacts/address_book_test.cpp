@@ -1,4 +1,4 @@
-// The address book as the platform's classes return it, read from vCard files of all versions.
+// Tests of the address book as the platform's classes return it, read from vCard files of all versions.
 #include <sys/stat.h>
 
 #include <fstream>

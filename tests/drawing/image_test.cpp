@@ -7,7 +7,7 @@
 #include <limits>
 
 #include <cstdio>
-// This header uses declarations of <cstdio>, so it is included after that header.
+// <jpeglib.h> uses declarations of <cstdio>, so it is included after <cstdio>.
 #include <jpeglib.h>
 
 #include "tests/drawing/test_images.hpp"

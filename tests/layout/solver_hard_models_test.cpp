@@ -1,4 +1,4 @@
-// Large and degenerate models.
+// Tests of the solver with large models and with degenerate models.
 #include <gtest/gtest.h>
 
 #include <vector>

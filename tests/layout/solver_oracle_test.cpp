@@ -164,7 +164,7 @@ void expectAgreement(const Solver& solver, const RandomModel& model, const std::
     EXPECT_NEAR(values[i], oracle.values()[i], tolerance(values[i])) << i;
 }
 
-// A model and a solver of it, which are changed together.
+// A model and a solver for it. Each change is made to both.
 struct SolvedModel {
   RandomModel model;
   Solver solver;

@@ -89,7 +89,7 @@ TEST(SolverSubproblems, UnchangedSubproblemsAreNotSolvedAgainAfterClear) {
   const std::size_t pivotsOfOneColumn = Columns(1).solver.pivotCount();
   Columns many(20);
   many.solver.clear();
-  // A column that is added first changes the numbers of all variables.
+  // Adds another column first, so the variables of the other columns get new numbers.
   const Column added(many.solver, 70);
   many.columns.clear();
   many.add(20);

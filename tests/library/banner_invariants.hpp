@@ -31,7 +31,8 @@ class BannerInvariants {
     objc::Weak<BrimContainer> banner;
     int platformDismissals = 0;
     bool usedLibraryTransition = false;
-    // The time of the first check that found the dismissal in progress. No value if there was none.
+    // The time of the first check that found the dismissal in progress. No value while the banner is not being
+    // dismissed.
     std::optional<double> dismissingSince;
     bool hadBanner = false;
     // Whether the banner can remain on screen after its timer has fired: its request forbids automatic dismissal, or a

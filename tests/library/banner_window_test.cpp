@@ -1,4 +1,4 @@
-// The platform's operations on the banner window: presses of the home button, long looks, keyboard focus.
+// Tests of the platform's operations on the banner window: presses of the home button, long looks, keyboard focus.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"

@@ -1,4 +1,4 @@
-// A burst of notifications: all of them are presented before the first banner is dismissed.
+// Tests of a burst of notifications: all of them are presented before the first banner is dismissed.
 #include <gtest/gtest.h>
 
 #include "simulator/uikit/views/view_hierarchy.hpp"

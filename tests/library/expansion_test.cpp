@@ -1,4 +1,4 @@
-// What a banner shows after it was expanded, and when it reports its conversation as read.
+// Tests of what a banner shows after it was expanded, and when it reports its conversation as read.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"

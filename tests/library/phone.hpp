@@ -19,7 +19,7 @@ using Json = nlohmann::ordered_json;
 
 struct Setup {
   runner::Options options;
-  // Stored in the preferences domain before the phone starts. The keys are those of the settings.
+  // The settings that are stored in the preferences domain before the phone starts, by their keys.
   std::map<std::string, Json> settings;
 };
 

@@ -83,7 +83,7 @@ TEST_P(BadgeSetting, SelectsGlyphOrIcon) {
   phone.wait(1);
   const Json badge = phone.view(controller, "_appDetailImage");
   EXPECT_EQ(!badge.is_null(), GetParam().shown);
-  // The width of the badge shows which of them it contains, because a glyph is larger than an icon.
+  // The width of the badge shows whether it contains a glyph or an icon, because a glyph is larger.
   if (GetParam().shown) {
     EXPECT_EQ(badge.at("frame").at(2), GetParam().icon ? 20 : 36);
   }

@@ -1,4 +1,5 @@
-// Failures between a banner and the store: killed and stopped processes, and a store that cannot be opened or written.
+// Tests of failures between a banner and the store: killed and stopped processes, and a store that cannot be opened or
+// written.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sqlite3.h>

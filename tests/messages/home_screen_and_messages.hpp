@@ -33,7 +33,8 @@ class HomeScreenAndMessages {
   // Creates a store with one chat. The chat with Anna contains one received message.
   explicit HomeScreenAndMessages(Setup setup = {});
 
-  // Stores a received message in the chat, which is created if it is missing. Presents no banner.
+  // Stores a received message in the chat with the identifier `guid`. Creates the chat if it is missing. Presents no
+  // banner.
   void receive(const std::string& guid, const std::string& text);
 
   // Presents a banner for a message from the address `thread` and drags it down to expand it. Returns its controller's
@@ -50,11 +51,11 @@ class HomeScreenAndMessages {
   // Kills the app with SIGKILL and waits until the process has ended.
   void killApp() const;
 
-  // Posts a distributed notification with that user info. A null JSON value means no user info.
+  // Posts a distributed notification with this user info. For a null JSON value, the notification has no user info.
   static void post(const char* name, const Json& userInfo);
   static void postReply(const Json& userInfo) { post(replyNotification, userInfo); }
 
-  // Waits until the phone has logged that many events of that name since it started. Returns false on timeout.
+  // Waits until the phone has logged `count` events of this name since the phone started. Returns false on timeout.
   static bool waitForEvents(const char* event, std::size_t count);
   // Waits until the app has handled all requests posted so far: posts a marker reply and waits until it is stored.
   // Returns false on timeout.

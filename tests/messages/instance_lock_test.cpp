@@ -1,4 +1,4 @@
-// The lock that lets at most one Messages app run on a root.
+// Tests of the lock that lets at most one Messages app run on a root.
 #include "simulator/messages/instance_lock.hpp"
 
 #include <gtest/gtest.h>

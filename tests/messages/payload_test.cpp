@@ -1,4 +1,5 @@
-// The contents of requests to the Messages app: every text arrives unchanged, and malformed requests are ignored.
+// Tests of the contents of requests to the Messages app: every text arrives unchanged, and malformed requests are
+// ignored.
 #include <gtest/gtest.h>
 
 #include "platform/ns_data.hpp"

@@ -1,4 +1,4 @@
-// Replies and read receipts, from the banner in the home screen to the store of the Messages app.
+// Tests of replies and read receipts, from the banner in the home screen to the store of the Messages app.
 #include <gtest/gtest.h>
 
 #include "tests/messages/home_screen_and_messages.hpp"

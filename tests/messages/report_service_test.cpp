@@ -1,4 +1,4 @@
-// How the Messages app answers home screens that ask whether it is ready.
+// Tests of how the Messages app answers home screens that ask whether it is ready.
 #include "simulator/messages/report_service.hpp"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Pictures that are downloaded for Discord, Instagram and Messenger. The user info contains the address of the picture,
-// or the values from which the address is built.
+// Tests of pictures that are downloaded for Discord, Instagram and Messenger. The user info contains the address of the
+// picture, or the values from which the address is built.
 #include <gtest/gtest.h>
 
 #include <set>

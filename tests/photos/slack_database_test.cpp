@@ -1,4 +1,5 @@
-// Reading the Slack database in each state that the application can cause, while it runs or after it has ended.
+// Tests of reading the Slack database in each state that the application can cause, while it runs or after it has
+// ended.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>

@@ -1,4 +1,4 @@
-// User info in which a value has an unexpected type. The banner is shown without a picture of the sender.
+// Tests of user info in which a value has an unexpected type. The banner is shown without a picture of the sender.
 #include <gtest/gtest.h>
 
 #include "tests/photos/photo_phone.hpp"

@@ -1,4 +1,4 @@
-// Script commands that succeed, and the two errors of the contacts command.
+// Tests of script commands that succeed, and of the two errors of the contacts command.
 #include <fstream>
 
 #include "simulator/base/event_log.hpp"

@@ -1,4 +1,4 @@
-// Invalid commands: each is rejected with an error that names the expected input.
+// Tests of invalid commands: each is rejected with an error that names the expected input.
 #include "tests/support/plain_phone.hpp"
 
 namespace {

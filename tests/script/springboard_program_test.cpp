@@ -1,4 +1,4 @@
-// The springboard program as a child process: its exit status, its output and the root that it creates.
+// Tests of the springboard program as a child process: its exit status, its output and the root that it creates.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 

@@ -1,5 +1,5 @@
-// The tap and drag commands: where a touch begins, and how the next command continues a touch whose finger is not
-// lifted.
+// Tests of the tap and drag commands: where a touch begins, and how the next command continues a touch whose finger is
+// not lifted.
 #include "tests/support/plain_phone.hpp"
 
 namespace {

@@ -1,4 +1,4 @@
-// Long looks opened from the notification list on the lock screen.
+// Tests of long looks opened from the notification list on the lock screen.
 #include "platform/ui_window.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/list/notification_list_cell.hpp"

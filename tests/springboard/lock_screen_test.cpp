@@ -1,4 +1,4 @@
-// The lock screen: its clock and its notification list.
+// Tests of the lock screen: its clock and its notification list.
 #include "tests/support/plain_phone.hpp"
 
 namespace {

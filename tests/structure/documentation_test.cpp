@@ -31,7 +31,7 @@ std::string contents(const fs::path& file) {
   return text.str();
 }
 
-// The cells of a row of a Markdown table, without the spaces around them. A "\|" belongs to its cell.
+// The cells of a row of a Markdown table, without the spaces around them. An escaped "\|" does not end a cell.
 Row cellsOf(const std::string& line) {
   Row cells;
   std::string cell;

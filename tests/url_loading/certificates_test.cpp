@@ -1,4 +1,4 @@
-// Loading from TLS servers: which certificates the platform's classes accept.
+// Tests of loading from TLS servers: which certificates the platform's classes accept.
 #include <sys/wait.h>
 
 #include <csignal>

@@ -1,4 +1,4 @@
-// Completions of requests: on which thread they run, when, and how often.
+// Tests of completions of requests: on which thread they run, when, and how often.
 #include <sys/syscall.h>
 #include <unistd.h>
 
