@@ -21,7 +21,7 @@ constexpr std::size_t moves = 200;
 constexpr std::size_t rounds = 10000;
 constexpr std::size_t thousand = 1000;
 
-// Runs a measurement with a new phone, whose root is a temporary folder.
+// Runs a measurement with a new phone. Its root is in a temporary folder.
 Figures withPhone(const std::function<Figures(runner::Session&)>& measurement) {
   std::string pattern = (std::filesystem::temp_directory_path() / "brim-bench-XXXXXX").string();
   const std::filesystem::path folder = mkdtemp(pattern.data());
@@ -48,7 +48,8 @@ double timeOf(const std::function<void()>& work) {
   return processorTime() - start;
 }
 
-// The median times of a move including repainting, of a move without repainting, and of painting the whole screen.
+// Drags a banner. Returns the median times, in seconds, of a move with repainting, of a move without repainting, and of
+// painting the whole screen.
 Figures dragMoves(runner::Session& session) {
   present(session, "Are we still on for lunch today?");
   session.run({{"do", "wait"}, {"seconds", 1}});
@@ -69,8 +70,8 @@ Figures dragMoves(runner::Session& session) {
   return {median(repainted), median(alone), median(whole)};
 }
 
-// Returns the time of the first thousand rounds, of the rounds in between and of the last thousand rounds, each
-// followed by the allocated memory.
+// Presents one banner in each round. Returns the time of the first thousand rounds, of the rounds in between and of the
+// last thousand rounds, in seconds. Each time is followed by the allocated memory in bytes.
 Figures presentMany(runner::Session& session) {
   Figures figures;
   double start = processorTime();
@@ -96,7 +97,7 @@ void measureDragging() {
 
 void measureBannerLifetime() {
   const Figures figures = inChildProcess([] { return withPhone(&presentMany); });
-  report("time of the last 1,000 of 10,000 banners / the first", figures[4] / figures[0], 1.0);
+  report("time of the last 1,000 of 10,000 banners / the first 1,000", figures[4] / figures[0], 1.0);
   report("memory after 10,000 banners / after 1,000", figures[5] / figures[1], 1.0);
 }
 

@@ -6,12 +6,14 @@
 
 namespace bench {
 
-// The results of one measurement, in order.
+// The results of one measurement. Each measurement defines their order and units.
 using Figures = std::vector<double>;
 
-// Runs the measurement in a child process and returns its figures. On failure, exits the program with a message.
+// Runs the measurement in a child process and returns its figures. If the measurement fails, prints an error and exits
+// with status 1.
 Figures inChildProcess(const std::function<Figures()>& measurement);
 
+// The median of at least one figure. For an even number of figures, it is the higher of the two middle figures.
 double median(Figures figures);
 
 // The processor time that this process has used, in seconds.
@@ -19,7 +21,7 @@ double processorTime();
 // The resident memory of this process, in bytes.
 double residentMemory();
 
-// Prints a ratio, its target, and whether the target was missed.
+// Prints a ratio and its target, `maxRatio`. Marks the line as MISSED if the ratio is higher.
 void report(const char* description, double ratio, double maxRatio);
 
 }  // namespace bench

@@ -31,7 +31,8 @@ namespace fs = std::filesystem;
 constexpr const char* metadataName = ".com.apple.mobile_container_manager.metadata.plist";
 constexpr std::size_t containerCounts[] = {10, 100, 1000, 10'000};
 constexpr std::size_t contactCounts[] = {100, 1000, 10'000};
-// A measurement is repeated until it has processed about this many items, but at least five times.
+// A measurement is repeated until it has processed about this number of containers or contacts, but at least minRounds
+// times.
 constexpr std::size_t processedItems = 20'000;
 constexpr std::size_t minRounds = 5;
 constexpr NSUInteger binaryFormat = 200;
@@ -82,7 +83,7 @@ double medianTime(std::size_t rounds, const Work& work) {
   return median(times);
 }
 
-// Uses the binary format, as phones do.
+// Creates a container's metadata, in the binary format that phones use.
 NSData* metadataOf(std::size_t index) {
   const std::string identifier = "group.org.example." + std::to_string(index);
   auto* const list = NSMutableDictionary::dictionaryWithCapacity(1);
@@ -103,7 +104,8 @@ void makeContainers(const fs::path& folder, std::size_t count) {
   }
 }
 
-// Does the minimum work of a search: lists each folder and reads each metadata file. Returns the number of bytes.
+// Does only the work that every search needs: lists each folder and reads each metadata file. Returns the number of
+// bytes that were read.
 std::size_t readAllMetadata(const std::string& folder) {
   std::size_t total = 0;
   DIR* const containers = opendir(folder.c_str());
@@ -124,7 +126,7 @@ std::size_t readAllMetadata(const std::string& folder) {
   return total;
 }
 
-// The seconds per container for the library's search, and for reading the metadata only.
+// Returns the seconds per container that the library's search takes, and that reading the metadata alone takes.
 Figures searchContainers(std::size_t count) {
   const Phone phone;
   const objc::AutoreleasePool pool;
@@ -148,7 +150,7 @@ void writeAddressBook(const fs::path& path, std::size_t count) {
          << index << "@example.org\r\nTEL:+49" << index << "\r\nEND:VCARD\r\n";
 }
 
-// The seconds per contact of a search without a result.
+// Returns the seconds per contact that a search without a result takes.
 Figures searchContacts(std::size_t count) {
   const Phone phone;
   const objc::AutoreleasePool pool;
@@ -163,11 +165,12 @@ Figures searchContacts(std::size_t count) {
         objc::adopt(objc::send<ContactPhotoProvider*, "new">(BrimMessagesContactPhotoProvider::classObject()));
     provider->contactPhoto(request, nullptr, nullptr, nullptr);
   };
-  search();  // The first search reads the file; later ones use the contacts in memory.
+  search();  // The first search reads the file; later searches use the contacts in memory.
   return {medianTime(roundsFor(count), search) / static_cast<double>(count)};
 }
 
-// The median time in seconds that presenting a banner takes on the main thread. An empty address causes no download.
+// Returns the median time, in seconds, that presenting a banner takes on the main thread. `address` is the address of
+// the sender's picture; an empty address causes no download.
 Figures present(const char* address) {
   Phone phone;
   Figures times;
@@ -180,7 +183,7 @@ Figures present(const char* address) {
                          {"userInfo", {{"a", address}}}});
     times.push_back(mainThreadTime() - start);
     phone.session().run({{"do", "wait"}, {"seconds", 7}});
-    // Without an address, this command fails, because no request is sent. The failure is ignored.
+    // If the address is empty, no request is sent and this command fails. The failure is ignored.
     phone.session().run({{"do", "await"}, {"for", "http"}, {"seconds", *address == 0 ? 0.01 : 5}});
     phone.session().run({{"do", "log"}});
   }

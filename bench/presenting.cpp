@@ -31,10 +31,10 @@ void present(runner::Session& session, std::size_t round) {
                {"message", "Message number " + std::to_string(round) + ": are we still on for lunch today?"}});
 }
 
-// Whether the screen is painted completely, or only where it has changed since the last picture.
+// The painted part of the screen: all of it, or only what has changed since the last picture.
 enum class Painting { Complete, Changes };
 
-// The time from the platform's call until a picture with the banner is painted.
+// Returns the time, in seconds, from the presentation of a notification until a picture with its banner is painted.
 double timeToPicture(runner::Session& session, std::size_t round, Painting painting) {
   const double start = processorTime();
   present(session, round);
@@ -43,7 +43,8 @@ double timeToPicture(runner::Session& session, std::size_t round, Painting paint
   return processorTime() - start;
 }
 
-// The time of each round, then the memory after the early rounds and after all rounds.
+// Presents a notification in each round. Returns the time of each round in seconds, followed by the memory in bytes
+// after the early rounds and after all rounds.
 Figures presentMany(process::LibraryUse library, Painting painting) {
   const std::filesystem::path folder = makeFolder();
   Figures figures;
@@ -71,7 +72,7 @@ Figures slice(const Figures& figures, std::size_t from, std::size_t count) {
   return {begin, begin + static_cast<std::ptrdiff_t>(count)};
 }
 
-// The figures with the library and without it.
+// Returns the figures of presentMany() with the library and without it.
 std::pair<Figures, Figures> presentBoth(Painting painting) {
   return {inChildProcess([painting] { return presentMany(process::LibraryUse::Loaded, painting); }),
           inChildProcess([painting] { return presentMany(process::LibraryUse::Absent, painting); })};

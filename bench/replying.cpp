@@ -66,7 +66,7 @@ void receive(Listener*, NSNotification* notification) {
   for (;;) foundation::pumpRunLoop(1);
 }
 
-// A process that only receives notifications.
+// A child process that receives the notifications of the benchmark and signals each of them.
 class ListeningProcess {
  public:
   explicit ListeningProcess(const fs::path& root) {
@@ -118,7 +118,8 @@ void presentAndType(runner::Session& session, std::size_t round) {
   session.run({{"do", "type"}, {"text", "Reply number " + std::to_string(round)}});
 }
 
-// The time from the return key until the home screen is notified that the message is in the store.
+// Returns the time, in seconds, from the press of the return key until the home screen is notified that the message is
+// in the store.
 double timeOfReply(runner::Session& session, std::size_t round) {
   presentAndType(session, round);
   const std::size_t before = base::eventCount("message");
@@ -134,7 +135,8 @@ double timeOfReply(runner::Session& session, std::size_t round) {
   return time;
 }
 
-// The time of the first reply, which launches the app; then, for each round, of a notification and of a reply.
+// Returns the time of the first reply, which launches the app, followed by two times for each round: that of a
+// notification and that of a reply. In seconds.
 Figures replyMany() {
   std::string pattern = (fs::temp_directory_path() / "brim-bench-XXXXXX").string();
   const fs::path folder = mkdtemp(pattern.data());
@@ -159,7 +161,8 @@ Figures replyMany() {
   return figures;
 }
 
-// The 10th percentile. Several processes are involved, so other work on the machine makes many rounds slower.
+// Returns the 10th percentile. The median would depend on other work on the machine, because every round needs several
+// processes.
 double tenthPercentile(Figures figures) {
   const auto tenth = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 10);
   std::nth_element(figures.begin(), tenth, figures.end());
@@ -178,8 +181,8 @@ void measureReplying() {
   }
   const double reply = tenthPercentile(replies);
   const double notification = tenthPercentile(notifications);
-  report("from the return key to the store / one notification", reply / notification, 2.0);
-  std::printf("  %.2f ms / %.2f ms; the first reply, which launches the Messages app, %.0f ms\n", reply * 1e3,
+  report("time from return key to store / time of a notification", reply / notification, 2.0);
+  std::printf("  %.2f ms / %.2f ms; the first reply, which launches the Messages app, takes %.0f ms\n", reply * 1e3,
               notification * 1e3, figures.front() * 1e3);
 }
 

@@ -31,14 +31,15 @@ std::string body(std::size_t round, std::size_t bytes) {
   return text;
 }
 
-// The median time to measure new texts. Their first lines differ, so no measure is cached.
+// Returns the median time, in seconds, of measuring a new text. The texts begin with different words, so no result is
+// in the cache.
 double timeOfNewTexts(std::size_t count, std::size_t bytes) {
   Figures times;
   for (std::size_t round = 0; round < count; ++round) times.push_back(timeOf(layoutOf(body(round, bytes))));
   return median(times);
 }
 
-// The median time to measure a text that was measured before.
+// Returns the median time, in seconds, of measuring a text whose size is in the cache.
 double timeOfKnownText() {
   Figures times;
   for (std::size_t round = 0; round < rounds; ++round) times.push_back(timeOf(layoutOf(body(0, 200))));

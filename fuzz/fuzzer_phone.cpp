@@ -4,13 +4,14 @@
 #include <stdlib.h>
 
 #include <cstdio>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_url_connection.hpp"
 #include "platform/ns_url_session.hpp"
-#include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/hook_function.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/runner/session.hpp"

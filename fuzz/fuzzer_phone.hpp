@@ -1,12 +1,12 @@
-// The phone in which the fuzzers run. It has data of other applications and a banner on screen, but no network. Main
-// thread.
+// The simulated phone in which the fuzzers run. It contains files of other applications and one banner. It sends
+// nothing to the network; setPageResponse() provides the responses. Main thread only.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
-#include <string_view>
+#include <nlohmann/json_fwd.hpp>
+#include <string>
 
 #include "library/photos/provider.hpp"
 #include "library/view/brim_container.hpp"
@@ -14,23 +14,28 @@
 
 namespace fuzz {
 
-// Starts the phone. Call it once per process. The root is in a temporary folder, which is removed when the process
-// exits.
+// Starts the phone. Call it once per process. The process prints an error and aborts if the phone cannot be started.
+// The root is in a temporary folder, which is removed when the process exits.
 void startPhone();
 
+// The folder that represents the phone's file system.
 const std::filesystem::path& root();
-// The banner, which is never dismissed.
+// The banner. It belongs to no notification and is never dismissed.
 BrimContainer* banner();
 
-// Makes an instance of a provider class find a picture for the banner, and runs the main queue.
+// Creates a photo provider of the class, asks it for a picture for the banner, and runs the main queue until no work is
+// due.
 void findPicture(Class provider, NCNotificationRequest* request);
-// Creates a notification request with this user info.
+// Creates a notification request of the Messages app. `thread` identifies the conversation.
 objc::Ref<NCNotificationRequest> requestWith(nlohmann::ordered_json userInfo, std::string thread = "1@s");
 
-// Sets the response to each request for a web page. Without one, requests are not answered.
+// Sets the body of the response to each request for a web page. Until the first call, and for nil, these requests are
+// not answered.
 void setPageResponse(NSData* data);
 
+// Copies the bytes. The result is autoreleased.
 NSData* dataOf(const std::uint8_t* bytes, std::size_t size);
+// Creates the folders of the path if they are missing. Throws std::runtime_error if the file cannot be written.
 void writeFile(const std::filesystem::path& path, const std::uint8_t* bytes, std::size_t size);
 
 }  // namespace fuzz

@@ -1,4 +1,4 @@
-// The input is the metadata file of a container, which FolderFinder reads.
+// The input is the metadata file of an application's container. FolderFinder reads it.
 #include "fuzz/fuzzer_phone.hpp"
 #include "library/photos/folder_finder.hpp"
 #include "objc/autorelease_pool.hpp"

@@ -1,4 +1,4 @@
-// The input is a picture, which is decoded and shown in a banner.
+// The input is a picture file. It is decoded and shown in a banner.
 #include "fuzz/fuzzer_phone.hpp"
 #include "objc/autorelease_pool.hpp"
 

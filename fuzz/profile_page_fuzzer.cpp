@@ -1,5 +1,8 @@
 // The input is the web page of an account. The Twitter provider searches it for the address of the picture.
 #include "fuzz/fuzzer_phone.hpp"
+
+#include <nlohmann/json.hpp>
+
 #include "objc/autorelease_pool.hpp"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {

@@ -1,7 +1,9 @@
-// The input is a notification's user info as JSON, which all photo providers read.
+// The input is the user info of a notification, as JSON. Every photo provider reads it.
 #include "fuzz/fuzzer_phone.hpp"
 
 #include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
 
 #include "objc/autorelease_pool.hpp"
 
@@ -9,7 +11,8 @@ namespace {
 
 constexpr std::size_t maxBrackets = 100;
 
-// Deeper nesting would exhaust the stack of the JSON parser before a provider is called.
+// Limits the nesting of the values, which is never deeper than the number of opening brackets. JSON values are copied
+// and converted recursively, so deep nesting would exhaust the stack before a provider is called.
 bool hasAcceptableNesting(std::string_view text) {
   std::size_t brackets = 0;
   for (const char character : text) brackets += character == '{' || character == '[' ? 1 : 0;

@@ -1,5 +1,5 @@
-// The settings in the order of their registration. A default value is used if no value is stored. It is the same on the
-// phone and in the simulator.
+// The library's settings in the order of their registration. The default value is used if no value is stored. All
+// values are the same on the phone and in the simulator.
 #pragma once
 
 namespace test {
@@ -9,7 +9,7 @@ enum class SettingType { Bool, Integer };
 struct SettingRow {
   const char* key;
   SettingType type;
-  int defaultValue;  // Of a Bool: 0 or 1.
+  int defaultValue;  // 0 or 1 for a Bool
 };
 
 inline constexpr SettingRow settingRows[] = {

@@ -14,7 +14,7 @@ constexpr double dismissalDurationPerLine = 0.02;
 // In points. At this offset, a banner of any height is above the screen.
 constexpr CGFloat dismissalOffset = -1000;
 // The transition of a dismissal that the library requests. The platform uses this number too.
-constexpr NSInteger ownTransition = 30;
+constexpr NSInteger libraryTransition = 30;
 constexpr NSInteger platformTransition = 0;
 
 // The controller of the banner that was attached last. A null pointer after the controller is deallocated. Not
@@ -149,7 +149,7 @@ void dismissWithoutAnimation(BannerController* controller) {
   BrimContainer::setDismissNotification(true);
   if (controller->brimView() != nullptr) removeBanner(controller);
   if (respondsTo<"dismissViewControllerWithTransition:completion:">(controller))
-    controller->dismissViewController(ownTransition, nullptr);
+    controller->dismissViewController(libraryTransition, nullptr);
 }
 
 bool shouldAutoDismiss(BannerController* self) {
@@ -187,7 +187,7 @@ void dismissViewController(objc::Original<void(BannerController*, NSInteger, obj
     original(self, transition, completion);
     return;
   }
-  if (transition != ownTransition) return;
+  if (transition != libraryTransition) return;
   const objc::Ref<BannerController> controller = objc::retain(self);
   const auto onCompletion = objc::block([controller](bool finished) {
     controller->setHasDismissed(finished);

@@ -85,7 +85,7 @@ TEST(Glyphs, HaveTransparentEdges) {
   }
 }
 
-// Glyphs look equally heavy: none covers more than 2.25 times the area of another.
+// All glyphs must look equally heavy, so no glyph may cover more than 2.25 times the area of another glyph.
 TEST(Glyphs, CoverSimilarAreas) {
   int minInk = sideInPoints * sideInPoints * 9;
   int maxInk = 0;

@@ -18,7 +18,7 @@ constexpr std::array keys = {"CONTENT_HIDDEN", "NOW", "SNOOZE", "STOP", "CLOSE",
 
 NSString* text(const std::string& characters) { return NSString::stringWithUTF8String(characters.c_str()); }
 
-// nil if the file is not a valid strings table.
+// Reads the strings of a language. Returns nil if the file is missing or is not a valid strings table.
 NSDictionary* stringsTable(const std::string& language) {
   const std::string path = std::string(ASSET_BUNDLE "/") + language + ".lproj/Localizable.strings";
   return objc::send<NSDictionary*, "dictionaryWithContentsOfFile:">(NSDictionary::classObject(), text(path));

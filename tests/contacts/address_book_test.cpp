@@ -1,4 +1,4 @@
-// The address book as the platform's classes return it, read from vCard files of all versions.
+// Tests of the address book as the platform's classes return it, read from vCard files of all versions.
 #include <sys/stat.h>
 
 #include <fstream>
@@ -68,7 +68,7 @@ class AddressBook : public RuntimeTest {
     return all;
   }
 
-  // Writes an address book with one card of these lines, and returns its entry.
+  // Writes an address book that contains one card with these lines, and returns its entry.
   static Entry entry(const std::string& lines) {
     write(defaultFile(), "BEGIN:VCARD\r\n" + lines + "END:VCARD\r\n");
     const std::vector<Entry> all = entries();
@@ -102,7 +102,7 @@ TEST_F(AddressBook, ReadsVersionTwo) {
 
 TEST_F(AddressBook, ReadsOtherCharacterSets) {
   EXPECT_EQ(entry("VERSION:2.1\r\nN;CHARSET=ISO-8859-1;QUOTED-PRINTABLE:M=FCller;J=F6rg\r\n").givenName, "J\xc3\xb6rg");
-  // The text is not in the declared character set. Invalid bytes become replacement characters.
+  // Without a declared character set, the text is UTF-8. Invalid bytes become replacement characters.
   EXPECT_EQ(entry("VERSION:3.0\r\nN:x;J\xf6rg\r\n").givenName, "J\xef\xbf\xbdrg");
 }
 
@@ -166,7 +166,7 @@ TEST_F(AddressBook, ReadsTheCardsAfterInvalidOnes) {
   EXPECT_EQ(entries().back().givenName, "Anna");
 }
 
-// The address sanitizer multiplies the cost of memory, so a build with it reads fewer cards.
+// With the address sanitizer, every allocation takes longer, so a build with it reads fewer cards.
 #if defined(__has_feature)
 #define HAS_ADDRESS_SANITIZER __has_feature(address_sanitizer)
 #else

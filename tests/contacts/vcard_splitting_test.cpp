@@ -1,4 +1,4 @@
-// Splitting vCard files into cards.
+// Tests of splitting vCard files into cards.
 #include "simulator/contacts/vcard_splitting.hpp"
 
 #include <gtest/gtest.h>

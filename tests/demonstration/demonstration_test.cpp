@@ -1,4 +1,5 @@
-// The demonstration: its sample notifications, the files it installs and its web server work together.
+// Checks that the sample notifications of the demonstration, the files that it installs and its web server work
+// together.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -43,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(Applications, Demonstration,
                                          "messenger"),
                          [](const auto& application) { return std::string(application.param); });
 
-// The file that names the servers of sender pictures.
+// The file with the addresses of the servers that provide the senders' pictures.
 std::filesystem::path endpointsOf(const Phone& phone) {
   return phone.root() / "Library/Application Support/Brim/Assets.bundle/endpoints.plist";
 }

@@ -198,7 +198,7 @@ TEST(PlaceContent, FollowsTheContentMode) {
 }
 
 TEST(DrawImage, DownscalingAveragesAllPixels) {
-  // Alternating lines of one pixel become a uniform gray in every row.
+  // Alternating white and black lines of one pixel each become a uniform gray.
   Canvas stripes({64, 64}, 1);
   for (int line = 0; line < 64; line += 2) stripes.fillRectangle({0, 1.0 * line, 64, 1}, white);
   for (int line = 1; line < 64; line += 2) stripes.fillRectangle({0, 1.0 * line, 64, 1}, black);
@@ -226,7 +226,7 @@ TEST(DrawImage, NullImageOrEmptyRectangleDrawsNothing) {
   EXPECT_EQ(canvas.pixel(1, 1), 0U);
 }
 
-// Aspect fill enlarges a strip to many times the width of the square.
+// Aspect fill enlarges the strip to many times the size of the square canvas.
 TEST(DrawImage, LongStripIsDrawnAndTheCanvasStaysUsable) {
   for (const int length : {600, 1000, 2200, 16000}) {
     for (const Size size : {Size{1.0 * length, 1}, Size{1, 1.0 * length}}) {

@@ -15,7 +15,7 @@ Canvas filledShape(const Size& size, const CornerShape& corners) {
   return canvas;
 }
 
-// Distance from the top edge to the shape in this column, in pixels.
+// The distance from the top edge to the shape in this column, in pixels.
 double depth(const Canvas& canvas, int column) {
   double missing = 0;
   for (int y = 0; y < canvas.pixelHeight() / 2; ++y) missing += 1 - alphaOf(canvas.pixel(column, y)) / 255.0;
@@ -46,7 +46,7 @@ TEST(Corners, ContinuousCornersLeaveTheEdgeEarlier) {
 
 TEST(Corners, CurvatureOfContinuousCornersGrowsTowardTheMiddle) {
   const Canvas canvas = filledShape({800, 800}, {300, CornerCurve::Continuous});
-  // The curvature is the second difference of the depth, from the edge to near the middle of the corner.
+  // Measures the curvature, as the second difference of the depth, from the edge to near the middle of the corner.
   constexpr int step = 40;
   double previous = 0;
   for (int column = 400; column > 140; column -= step) {
@@ -59,7 +59,7 @@ TEST(Corners, CurvatureOfContinuousCornersGrowsTowardTheMiddle) {
 TEST(Corners, AllFourCornersAreEqual) {
   const Canvas canvas = filledShape({side, side}, {50, CornerCurve::Continuous});
   const int last = static_cast<int>(side) - 1;
-  // The rasterizer does not sample edges symmetrically.
+  // The corners differ slightly, because the rasterizer does not sample edges symmetrically.
   constexpr int tolerance = 24;
   for (int y = 0; y < 80; ++y) {
     for (int x = 0; x < 80; ++x) {

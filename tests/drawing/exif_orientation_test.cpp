@@ -19,7 +19,7 @@ void append(Bytes& bytes, std::uint32_t value, std::size_t size, ByteOrder order
   }
 }
 
-// An EXIF segment with two entries. The second one is the orientation.
+// An EXIF segment with two entries. The second entry is the orientation.
 Bytes exifSegment(std::uint32_t orientation, ByteOrder order, std::uint32_t type = 3,
                   std::uint32_t directoryOffset = 8) {
   Bytes bytes = bytesOf("Exif");
@@ -88,7 +88,7 @@ TEST_P(ExifOrientation, DecodedImageIsUpright) {
   }
 }
 
-// The quarters of the decoded image for each orientation.
+// The expected colors of the quarters of the decoded image, for each orientation.
 INSTANTIATE_TEST_SUITE_P(Orientations, ExifOrientation,
                          testing::Values(OrientationCase{1, "RBrb"}, OrientationCase{2, "BRbr"},
                                          OrientationCase{3, "brBR"}, OrientationCase{4, "rbRB"},
@@ -108,7 +108,7 @@ TEST(ExifOrientation, InvalidMetadataIsIgnored) {
                                 exifSegment(6, ByteOrder::Big, 4),
                                 exifSegment(6, ByteOrder::Little, 3, 0xFFFFFFFF),
                                 exifSegment(6, ByteOrder::Big, 3, 9)};
-  // Segments cut off anywhere before the orientation value.
+  // Adds the segment truncated at each position up to the start of the orientation value.
   for (std::size_t size = 0; size < valid.size() - 7; ++size)
     invalid.emplace_back(valid.begin(), valid.begin() + static_cast<std::ptrdiff_t>(size));
   for (const Bytes& metadata : invalid) {

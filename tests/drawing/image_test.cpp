@@ -7,7 +7,7 @@
 #include <limits>
 
 #include <cstdio>
-// Requires the declarations of <cstdio>.
+// <jpeglib.h> uses declarations of <cstdio>, so it is included after <cstdio>.
 #include <jpeglib.h>
 
 #include "tests/drawing/test_images.hpp"

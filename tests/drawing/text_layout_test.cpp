@@ -108,7 +108,8 @@ TEST(Measure, UnknownFamilyFallsBackToTheSystemFont) {
 }
 
 TEST(Measure, FontDoesNotSubstituteCharacterSequences) {
-  // A zero-width space prevents substitution, so equal widths show that no glyph was substituted.
+  // A zero-width space prevents the font from replacing a sequence such as "->" by one glyph. Equal widths with and
+  // without the space show that no glyph was replaced.
   const auto width = [](const char* text) { return layoutOf(text, 100).measure(0).width; };
   EXPECT_NEAR(width("->"), width("-\u200B>"), 0.5);
   EXPECT_NEAR(width("2x3"), width("2\u200Bx\u200B3"), 0.5);

@@ -106,8 +106,8 @@ TEST_F(DistributedNotifications, NothingIsDeliveredDuringAPost) {
   EXPECT_EQ(receivedTexts().size(), posts);
 }
 
-// Some notifications arrive while this process communicates with the daemon, and are queued; the last one arrives in
-// the run loop.
+// The process receives some of the notifications during later posts, while it communicates with the daemon, and queues
+// them. It receives the last notification in the run loop.
 TEST_F(DistributedNotifications, AreDeliveredInPostingOrder) {
   std::vector<std::string> posts;
   for (int number = 1; number <= 9; ++number) {
@@ -136,7 +136,7 @@ TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemon) {
   EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"again"}));
 }
 
-TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemonAfterAJoin) {
+TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemonAfterRepeatedConnecting) {
   ASSERT_TRUE(foundation::connectToNotificationDaemon());
   ASSERT_TRUE(foundation::connectToNotificationDaemon());
   killDaemon();

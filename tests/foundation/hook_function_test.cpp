@@ -49,7 +49,7 @@ constexpr objc::MethodEntry parentMethods[] = {objc::method<"number", &one>(), o
                                                objc::classMethod<"shared", &three>()};
 constexpr objc::MethodEntry grandchildMethods[] = {objc::method<"other", &nine>()};
 
-// Each test hooks new classes: a parent, its subclasses `child` and `sibling`, and a subclass of `child`.
+// Each test hooks its own classes: a parent, its subclasses `child` and `sibling`, and a subclass of `child`.
 class HookFunction : public RuntimeTest {
  protected:
   HookFunction() {

@@ -23,7 +23,7 @@ using foundation::FrameDemand;
 class SteppedClock : public RuntimeTest {
  protected:
   SteppedClock() { foundation::useClock(ClockMode::Stepped, 1'000'000'000); }
-  // Work that a test leaves in the queue must not run in the next test.
+  // Runs the work that the test has left in the queue, because it must not run in the next test.
   void TearDown() override { foundation::stepClock(1000); }
 
   void schedule(double seconds, const std::string& name) {

@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What the child process prints: the folder of the daemon's sockets, the process ID of the daemon, and whether the
+// The values that use_root prints: the folder of the daemon's sockets, the process ID of the daemon, and whether the
 // entry "root" of the folder is a link or a folder.
 struct Daemon {
   fs::path folder;
@@ -89,8 +89,8 @@ TEST_F(NotificationDaemon, DaemonOfAKilledProcessEndsWhenAnotherRootIsUsed) {
   EXPECT_FALSE(fs::exists(stale.folder));
 }
 
-// A daemon creates its folder again if the folder was removed while the daemon started. Tests that run at the same time
-// can remove the folder too.
+// A folder without a lock remains if the folder is removed while its daemon starts, because the daemon then creates it
+// again. Another test that runs at the same time can remove the folder first; the result is the same.
 TEST_F(NotificationDaemon, FolderWithoutALockIsRemovedWhenAnotherRootIsUsed) {
   const fs::path stale = "/tmp/brim-" + std::to_string(getuid()) + "-left" + std::to_string(getpid());
   std::error_code ignored;

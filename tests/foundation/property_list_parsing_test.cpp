@@ -1,4 +1,4 @@
-// Parsing of property lists from untrusted input: damaged, truncated, cyclic and oversized data.
+// Tests of parsing property lists from untrusted input: damaged, truncated, cyclic and oversized data.
 #include <gtest/gtest.h>
 
 #include <string>

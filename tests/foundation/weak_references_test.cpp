@@ -12,7 +12,8 @@ class TestObserved : public objc::Interface<"BrimTestObserved", NSObject> {};
 
 namespace {
 
-// Reports whether weak references to an object can be loaded during the deallocation of the object.
+// During its deallocation, the object loads an existing and a new weak reference to itself, and stores whether each of
+// them was nonnull.
 struct ObservedState {
   objc::Weak<TestObserved>* existing = nullptr;
   bool* existingIsLoaded = nullptr;

@@ -1,4 +1,4 @@
-// Seeded random constraint models, and the values that a solver finds for them.
+// Randomized constraint models (seeded), and the values that a solver finds for them.
 #pragma once
 
 #include <cmath>
@@ -93,7 +93,8 @@ struct RandomModel {
     return constraint;
   }
 
-  // Returns one of few different values, because ties and degenerate vertices are the hard cases for a solver.
+  // Returns one of a few values, because equal values cause ties and degenerate vertices, which are the hard cases for
+  // a solver.
   static double randomConstant(std::mt19937& random) {
     return randomBelow(random, 3) == 0 ? 0 : (static_cast<double>(randomBelow(random, 41)) - 20) / 2;
   }

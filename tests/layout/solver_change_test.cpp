@@ -1,4 +1,5 @@
-// Changed constants: the solver continues from its last result, and must find the same values as a new solver.
+// After constants have changed, the solver continues from its last result. It must find the same values as a new
+// solver.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// Conflicting and removed constraints, and invalid input.
+// Tests of the solver with conflicting constraints, removed constraints and invalid input.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// Large and degenerate models.
+// Tests of the solver with large models and with degenerate models.
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -46,7 +46,7 @@ TEST(Solver, SolvesAChainOfInequalitiesAddedInReverseOrder) {
   for (std::size_t i = 0; i < length; ++i) ASSERT_NEAR(solver.value(chain[i]), 7 + 3.0 * static_cast<double>(i), 1e-6);
 }
 
-// All constraints meet at the origin, where the steepest-descent rule alone cycles forever.
+// All constraints meet at the origin. A solver that uses only the steepest-descent rule cycles there forever.
 TEST(Solver, LeavesAVertexWhereSteepestDescentCycles) {
   constexpr double cone[][4] = {{-1474560, -128, 9216, -368640},
                                 {-1152, -5.625, -36, 80},

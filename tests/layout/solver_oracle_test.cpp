@@ -20,12 +20,13 @@ using layout::Solver;
 using layout_test::RandomConstraint;
 using layout_test::RandomModel;
 
-// The tolerance of a comparison. It is large because the slack of the oracle accumulates over its programs.
+// The tolerance for a difference between the solver and the oracle. It is large because the slack of the oracle's
+// linear programs adds up.
 double tolerance(double expected) { return 1e-4 * std::fmax(1, std::fabs(expected)); }
 
-// Computes the expected result with a sequence of linear programs. Each program keeps the optimum of the previous one
-// as an additional row. All columns are non-negative: a variable is the difference of a pair of columns, and the
-// violation of a constraint is the sum of a pair.
+// Computes the expected result with a sequence of linear programs. Each program requires the optimum of the previous
+// program by an additional row. All columns are non-negative: a variable is the difference of a pair of columns, and
+// the violation of a constraint is the sum of a pair.
 class Oracle {
  public:
   explicit Oracle(const RandomModel& model) : model_(model) {
@@ -46,7 +47,9 @@ class Oracle {
 
  private:
   using Levels = std::map<float, std::vector<int>, std::greater<>>;
-  static constexpr double slack = 1e-7;  // above the tolerances; otherwise rounding makes a later program infeasible
+  // The deviation from an optimum that the additional rows allow. It must be above the tolerances of the linear
+  // program; otherwise, rounding would make a later program infeasible.
+  static constexpr double slack = 1e-7;
 
   int positiveColumn(int pair) const { return 2 * pair; }
   int negativeColumn(int pair) const { return 2 * pair + 1; }
@@ -161,7 +164,7 @@ void expectAgreement(const Solver& solver, const RandomModel& model, const std::
     EXPECT_NEAR(values[i], oracle.values()[i], tolerance(values[i])) << i;
 }
 
-// A model and a solver of it, which are changed together.
+// A model and a solver for it. Each change is made to both.
 struct SolvedModel {
   RandomModel model;
   Solver solver;
@@ -208,7 +211,7 @@ TEST_P(SolverOracle, AgreesOnModelsWithSeveralSubproblems) {
   }
 }
 
-// An added constraint can join subproblems; a removed one can split them.
+// Adds, removes or changes a constraint. An added constraint can join subproblems; a removed constraint can split them.
 void changeRandomly(SolvedModel& solved, std::mt19937& random) {
   const std::uint32_t change = RandomModel::randomBelow(random, 3);
   const auto index = RandomModel::randomBelow(random, 1 + static_cast<std::uint32_t>(solved.ids.size()));

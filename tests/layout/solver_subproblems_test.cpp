@@ -1,4 +1,5 @@
-// Variables without common constraints form separate subproblems. A subproblem is solved again only when it changes.
+// The solver splits the constraints into subproblems that have no variable in common. It solves a subproblem again only
+// if the subproblem has changed.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -88,7 +89,7 @@ TEST(SolverSubproblems, UnchangedSubproblemsAreNotSolvedAgainAfterClear) {
   const std::size_t pivotsOfOneColumn = Columns(1).solver.pivotCount();
   Columns many(20);
   many.solver.clear();
-  // A column that is added first changes the numbers of all variables.
+  // Adds another column first, so the variables of the other columns get new numbers.
   const Column added(many.solver, 70);
   many.columns.clear();
   many.add(20);

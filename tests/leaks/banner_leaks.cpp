@@ -1,6 +1,6 @@
-// Presents and dismisses banners in every way, and checks for leaks. Foundation counts the objects that were created
-// and not released; the leak sanitizer reports unreachable memory of any kind. To test the checks themselves, --leak
-// makes an object unreachable and --retain keeps one alive.
+// Presents banners, dismisses each of them in a different manner, and checks for leaks. Foundation counts the objects
+// that were created and not released; the leak sanitizer reports unreachable memory of any kind. Two options test these
+// checks: "--leak" makes an object unreachable, and "--retain" retains an object.
 #include <stdlib.h>
 
 #include <exception>
@@ -17,7 +17,7 @@
 
 namespace {
 
-// Pictures, fonts and formatters are loaded at their first use, so objects are not counted in these rounds.
+// Objects are not counted in the first rounds, because pictures, fonts and formatters are loaded at their first use.
 constexpr int warmUpRounds = 3;
 constexpr int countedRounds = 3;
 

@@ -43,7 +43,7 @@ inline Identifiers executedActions(const Json& events) {
   return found;
 }
 
-// The number of haptics and of sounds that make the phone vibrate.
+// The number of events that make the phone vibrate: haptics and sounds.
 inline std::size_t hapticCount(const Json& events) {
   return eventsOf(events, "haptic").size() + eventsOf(events, "sound").size();
 }

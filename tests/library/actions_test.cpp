@@ -72,7 +72,7 @@ TEST(ReplyAction, IsTakenFromTheFirstGroupInDictionaryOrder) {
   EXPECT_EQ(shortLook->getReplyAction(), first->objectAtIndex(0));
 }
 
-// The button is disabled, so the banner receives its touches.
+// The Open button is disabled, so the banner receives the tap on it.
 TEST(OpenButton, PassesItsTapToTheBannerWhichOpensTheApplication) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentAndClearLog(phone, {{"section", "org.example.chat"}});

@@ -40,7 +40,7 @@ std::vector<Json> postsOfCommand(const Json& events, const std::string& command)
   return found;
 }
 
-TEST(Attachment, DragWithoutAControllerSkipsANewerControllerWithoutBanner) {
+TEST(Attachment, DragCommandSkipsANewerControllerWithoutABanner) {
   Phone phone = phoneWith({});
   const int persistent = phone.present({{"dismissAutomatically", false}, {"message", "one\ntwo\nthree"}});
   phone.wait(6);
@@ -139,7 +139,7 @@ TEST(Attachment, PersistentBannerIsNotReplaced) {
   EXPECT_TRUE(phone.state(persistent).at("brim"));
 }
 
-// Removes the controller's view from its superview and adds it again.
+// Removes the view of the controller from its superview and adds it again.
 void reattachView(int number) {
   const auto controller = test::controllerOf(number);
   const auto view = objc::retain(controller->view());

@@ -1,4 +1,5 @@
-// The automatic dismissal of a banner: when it starts, how long its animation takes, and what prevents it.
+// Tests of the automatic dismissal of a banner: when it starts, how long its animation takes, and which events prevent
+// it.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"

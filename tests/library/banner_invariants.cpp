@@ -6,7 +6,8 @@ namespace test {
 
 namespace {
 
-// Seconds. The dismissal of a banner with fifteen lines of text, the maximum, and a tolerance.
+// In seconds: the duration of the dismissal of a banner with fifteen lines of text, which is the longest, plus a
+// tolerance.
 constexpr double maxDismissalTime = 0.7 + 15 * 0.02 + 0.01;
 
 // The number of banners among the direct subviews.
@@ -33,7 +34,7 @@ void BannerInvariants::countDismissals(const Json& events) {
   for (const Json& event : eventsOf(events, "dismiss")) {
     History& banner = histories_[event.at("controller").get<std::size_t>()];
     ++banner.platformDismissals;
-    banner.usedOwnTransition = event.at("transition") == 0;
+    banner.usedLibraryTransition = event.at("transition") == 0;
   }
 }
 
@@ -68,7 +69,7 @@ std::string BannerInvariants::violationBy(std::size_t number, BannerController* 
   const bool isOnScreen = springboard::isBannerOnScreen(number);
   const std::size_t attached = containersIn(controller->view());
   if (history.platformDismissals > 1) return "was dismissed more than once";
-  if (history.platformDismissals == 1 && !history.usedOwnTransition)
+  if (history.platformDismissals == 1 && !history.usedLibraryTransition)
     return "was dismissed with a transition other than the library's";
   if (history.platformDismissals == 1 && isOnScreen) return "was dismissed, but is on screen";
   if (attached > 1) return "has more than one attached banner";

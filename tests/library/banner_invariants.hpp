@@ -1,4 +1,4 @@
-// The invariants of banners. They hold after every command of the script, regardless of the commands before it.
+// Checks the invariants of banners, which hold after every script command, regardless of the earlier commands.
 #pragma once
 
 #include <map>
@@ -25,16 +25,18 @@ class BannerInvariants {
   std::size_t bannerCount() const { return springboard::bannerCount(); }
 
  private:
-  // What earlier checks observed about a banner.
+  // The state of a banner in the earlier checks.
   struct History {
     objc::Weak<BannerController> controller;
     objc::Weak<BrimContainer> banner;
     int platformDismissals = 0;
-    bool usedOwnTransition = false;
-    // The time at which the first check found the banner dismissing.
+    bool usedLibraryTransition = false;
+    // The time of the first check that found the dismissal in progress. No value while the banner is not being
+    // dismissed.
     std::optional<double> dismissingSince;
     bool hadBanner = false;
-    // The timer does not have to dismiss the banner: its request excludes that, or a drag can have expanded it.
+    // Whether the banner can remain on screen after its timer has fired: its request forbids automatic dismissal, or a
+    // drag may have expanded the banner.
     bool canStay = false;
     // The request excludes an automatic dismissal, and the user has not dragged the banner.
     bool mustStay = false;

@@ -24,7 +24,7 @@ inline Phone phoneWith(std::map<std::string, Json> settings,
 
 inline Json sampleMessage() { return {{"title", "Anna Weber"}, {"message", "Are we still on for lunch?"}}; }
 
-// The frame of a node, in points from the top left of the screen.
+// Edges and size of a node's frame, in points. The origin is the top left corner of the screen.
 inline double left(const Json& view) { return view.at("frame").at(0); }
 inline double top(const Json& view) { return view.at("frame").at(1); }
 inline double width(const Json& view) { return view.at("frame").at(2); }

@@ -1,4 +1,4 @@
-// The platform's operations on the banner window: presses of the home button, long looks, keyboard focus.
+// Tests of the platform's operations on the banner window: presses of the home button, long looks, keyboard focus.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"
@@ -83,7 +83,7 @@ TEST(BannerWindow, CanBecomeKeyWindow) {
   EXPECT_TRUE((objc::send<bool, "_canBecomeKeyWindow">(containerOf(controller)->window())));
 }
 
-TEST(BannerWindow, SharedStatusBarWindowIsTheFirstOne) {
+TEST(BannerWindow, FirstStatusBarWindowIsTheSharedOne) {
   Phone phone;
   const Class statusBarWindow = reinterpret_cast<Class>(objc_getClass("UIStatusBarWindow"));
   auto* shared = objc::send<UIWindow*, "brimSharedWindow">(statusBarWindow);

@@ -1,4 +1,4 @@
-// A burst of notifications: all of them are presented before the first banner is dismissed.
+// Tests of a burst of notifications: all of them are presented before the first banner is dismissed.
 #include <gtest/gtest.h>
 
 #include "simulator/uikit/views/view_hierarchy.hpp"
@@ -14,7 +14,7 @@ void presentMany(Phone& phone, int count) {
   for (int i = 0; i < count; ++i) phone.present({{"title", "Anna"}, {"message", "Are we still on for lunch today?"}});
 }
 
-// The total work that the layout engines of all visible windows have done.
+// The total work of the layout engines of all visible windows since the phone started.
 Work layoutWork() {
   Work sum;
   for (UIWindow* window : uikit::visibleWindows()) {

@@ -1,4 +1,4 @@
-// The colors of a banner, and how they follow the phone's appearance.
+// Tests of the colors of a banner, and how they follow the phone's appearance.
 #include <gtest/gtest.h>
 
 #include "platform/ui_device.hpp"

@@ -15,7 +15,8 @@ const Json persistent = {{"title", "Anna"}, {"message", "Hello"}, {"dismissAutom
 
 std::string body(Phone& phone, int controller) { return phone.view(controller, "bodyLabel").value("text", ""); }
 
-// Two banners that are on screen together: the newer one has not dismissed the older one yet.
+// Presents two banners that are on screen together, because the newer banner has not dismissed the older one yet.
+// Returns the numbers of their controllers, the older one first.
 std::pair<int, int> presentTwo(Phone& phone) {
   const int older = phone.present({{"title", "One"}, {"message", "1"}});
   phone.wait(1);
@@ -165,7 +166,7 @@ TEST(CommandChannel, ReplacementDoesNotRestartARunningDismissal) {
   phone.wait(0.1);
   const int newer = phone.present({{"title", "Two"}, {"message", "2"}});
   phone.wait(0.55);
-  // A second request would have ended the animation immediately.
+  // A second request for the dismissal would have ended its animation immediately.
   EXPECT_TRUE(phone.state(older).at("brim"));
   phone.wait(0.08);
   EXPECT_FALSE(phone.state(older).at("brim"));

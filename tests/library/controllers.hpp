@@ -13,13 +13,13 @@
 
 namespace test {
 
-// The controller with that number in the script interface. nil after it was released.
+// The controller that has this number in the script interface. nil if it was released.
 inline objc::Ref<BannerController> controllerOf(int number) {
   const auto shortLook = springboard::bannerController(static_cast<std::size_t>(number));
   return objc::retain(reinterpret_cast<BannerController*>(shortLook.get()));
 }
 
-// The banner of that controller, which must exist. nil if the controller has no banner.
+// The banner of the controller with this number. The controller must exist. nil if it has no banner.
 inline BrimContainer* containerOf(int number) { return controllerOf(number)->brimView(); }
 
 // Posts a notification within the process.
@@ -30,7 +30,7 @@ inline void postNotification(const std::string& name, const std::map<std::string
   NSNotificationCenter::defaultCenter()->post(base::stringOf(name), info);
 }
 
-// Posts a command to all controllers.
+// Posts a command to all controllers, as banners do.
 inline void postCommand(const std::map<std::string, std::string>& userInfo) {
   postNotification("BrimNotification", userInfo);
 }

@@ -16,6 +16,9 @@ using test::Phone;
 using test::postedCommands;
 using test::presentPersistent;
 
+// The transition with which the library asks the platform to dismiss a banner.
+constexpr NSInteger libraryTransition = 30;
+
 const char* encodingOf(const char* selector) {
   Method method = class_getInstanceMethod(BannerController::classObject(), sel_registerName(selector));
   return method_getTypeEncoding(method);
@@ -44,7 +47,7 @@ TEST(Dismissal, ForcedRequestDismissesAPersistentBanner) {
   EXPECT_EQ(eventsOf(phone.log(), "dismiss").size(), 1U);
 }
 
-// The first request has already set the final position, so the second one has nothing to animate.
+// The first request has already set the final position, so the second request has no change to animate.
 TEST(Dismissal, SecondForcedRequestEndsTheAnimationImmediately) {
   Phone phone;
   const int controller = presentPersistent(phone);
@@ -103,13 +106,13 @@ TEST(Dismissal, RequestedByThePlatformIsIgnored) {
   EXPECT_FALSE(ran);
 }
 
-TEST(Dismissal, OwnTransitionIsForwardedAsZeroWithoutTheCompletion) {
+TEST(Dismissal, LibraryTransitionIsForwardedAsZeroWithoutTheCompletion) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
   phone.wait(1);
   bool ran = false;
   const auto completion = objc::block([&ran](bool) { ran = true; });
-  controllerOf(controller)->dismissViewController(30, completion);
+  controllerOf(controller)->dismissViewController(libraryTransition, completion);
   phone.wait(1);
   EXPECT_TRUE(phone.state(controller).at("hasDismissed"));
   const auto seen = eventsOf(phone.log(), "dismiss");
@@ -118,11 +121,11 @@ TEST(Dismissal, OwnTransitionIsForwardedAsZeroWithoutTheCompletion) {
   EXPECT_FALSE(ran);
 }
 
-TEST(Dismissal, OwnTransitionRequestedByThePlatformRemovesTheBanner) {
+TEST(Dismissal, LibraryTransitionRequestedByThePlatformRemovesTheBanner) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
-  phone.run({{"do", "dismiss"}, {"controller", controller}, {"transition", 30}});
+  phone.run({{"do", "dismiss"}, {"controller", controller}, {"transition", libraryTransition}});
   phone.wait(0);
   EXPECT_TRUE(phone.state(controller).at("hasDismissed"));
   EXPECT_FALSE(phone.state(controller).at("brim"));
@@ -135,7 +138,7 @@ TEST(Dismissal, OfAReplacedBannerByThePlatformDoesNotDismissTheNewerOne) {
   phone.wait(0.1);
   const int newer = presentPersistent(phone);
   phone.wait(0.1);
-  phone.run({{"do", "dismiss"}, {"controller", older}, {"transition", 30}});
+  phone.run({{"do", "dismiss"}, {"controller", older}, {"transition", libraryTransition}});
   EXPECT_FALSE(phone.state(newer).at("dismissNotification"));
   phone.wait(10);
   EXPECT_TRUE(phone.state(newer).at("brim"));

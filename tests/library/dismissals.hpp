@@ -10,7 +10,7 @@
 
 namespace test {
 
-// Seconds. Checks are made this long before and after the expected time.
+// In seconds. A test checks this long before and after the expected time.
 inline constexpr double oneMillisecond = 0.001;
 
 // Presents a notification that is not dismissed automatically. Returns the controller's number.
@@ -29,7 +29,7 @@ inline std::vector<std::string> postedCommands(const Json& events) {
   return found;
 }
 
-// The flags of the controller's dismissal that are true.
+// Returns the dismissal flags of the controller that are true.
 inline Json dismissalFlags(Phone& phone, int controller) {
   Json found = Json::object();
   const Json state = phone.state(controller);
@@ -39,7 +39,7 @@ inline Json dismissalFlags(Phone& phone, int controller) {
   return found;
 }
 
-// Waits, and expects that the banner is removed after that many seconds, neither earlier nor later.
+// Expects that the banner is removed after this number of seconds, neither earlier nor later. Advances the clock.
 inline void expectRemovedAfter(Phone& phone, int controller, double seconds) {
   phone.wait(seconds - oneMillisecond);
   EXPECT_TRUE(phone.state(controller).at("brim")) << "removed too early";

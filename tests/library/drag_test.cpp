@@ -25,7 +25,8 @@ double alphaOf(Phone& phone, int controller, const char* property) {
   return phone.view(controller, property).at("alpha").get<double>();
 }
 
-// Restores the state before the first call of setMaxLineCount:, which the configuration of a banner has already made.
+// Sets showingAllLines to false, as it is before the first call of setMaxLineCount:. The configuration of a banner has
+// already called setMaxLineCount:.
 void resetShowingAllLines(BrimContainer* banner) {
   const Ivar field = class_getInstanceVariable(BrimContainer::classObject(), "_showingAllLines");
   reinterpret_cast<bool*>(banner)[ivar_getOffset(field)] = false;
@@ -57,7 +58,7 @@ TEST(Drag, ThatReachesTheThresholdInSeveralStepsDismisses) {
   for (const int steps : {1, 2, 3, 5, 7, 10}) {
     const int controller = phone.present({{"message", "a\nb"}});
     phone.wait(1);
-    // Because of rounding, 54.4 + 100 - 120 is not equal to 54.4 - 20.
+    // These numbers are not exact: 54.4 + 100 - 120 is rounded to a number other than 54.4 - 20.
     phone.run({{"do", "drag"}, {"at", {187, 54.4}}, {"by", {0, 100}}, {"steps", steps}, {"end", "hold"}});
     phone.run({{"do", "drag"}, {"by", {0, -120}}, {"steps", 1}});
     EXPECT_TRUE(phone.state(controller).at("isDismissing")) << steps;
@@ -151,7 +152,7 @@ TEST(Drag, ToTheDefaultHeightHidesTheButtons) {
   EXPECT_TRUE(BrimContainer::DismissNotification());
 }
 
-TEST(Drag, FadesTheButtonsInByTheHeightBeforeTheMove) {
+TEST(Drag, FadesTheButtonsInAccordingToTheHeightBeforeTheMove) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentThreeLines(phone);
   phone.run(drag(40, "hold"));

@@ -1,11 +1,11 @@
-// A banner with three lines of text, and vertical drags.
+// Support for tests of drags: a banner with three lines of text, and the command for a vertical drag.
 #pragma once
 
 #include "tests/library/phone.hpp"
 
 namespace test {
 
-// Waits until the banner has appeared. Returns the controller's number.
+// Presents a banner with three lines of text and waits until it has appeared. Returns the controller's number.
 inline int presentThreeLines(Phone& phone, const Json& fields = Json::object()) {
   Json all = {{"title", "Anna"}, {"message", "Hello\nAnna\nhere"}, {"dismissAutomatically", true}};
   all.update(fields);
@@ -14,7 +14,7 @@ inline int presentThreeLines(Phone& phone, const Json& fields = Json::object()) 
   return controller;
 }
 
-// The command for a drag of the newest banner. Distances are points; negative ones are upwards.
+// The command for a vertical drag of the newest banner. The distance is in points; a negative distance is upwards.
 inline Json drag(double distance, const char* end = "release", int steps = 1) {
   return {{"do", "drag"}, {"by", {0, distance}}, {"end", end}, {"steps", steps}};
 }

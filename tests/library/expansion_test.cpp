@@ -1,4 +1,4 @@
-// What a banner shows after it was expanded, and when it reports its conversation as read.
+// Tests of what a banner shows after it was expanded, and when it reports its conversation as read.
 #include <gtest/gtest.h>
 
 #include "tests/library/controllers.hpp"
@@ -12,7 +12,7 @@ using test::eventsOf;
 using test::Phone;
 using test::presentThreeLines;
 
-// The drag itself has already faded the field in, so no animation delays it.
+// The drag has already faded the reply field in, so the field opens without an animation.
 TEST(Expansion, OpensTheReplyFieldImmediatelyIfThereAreNoButtons) {
   Phone phone;
   const int controller = presentThreeLines(phone);

@@ -36,7 +36,8 @@ objc::Ref<UIImage> picture() {
 
 enum class Badge { Glyph, Icon };
 
-// A banner of an application, or of none, in a color mode, laid out in a superview.
+// A banner that is laid out in a superview. Its badge represents the application; a null application means an empty
+// badge.
 struct LaidOutBanner {
   objc::Ref<UIView> superview = UIView::withFrame<UIView>({{0, 0}, {359, 100}});
   objc::Ref<UIImage> icon = picture();

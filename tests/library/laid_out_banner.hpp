@@ -1,4 +1,4 @@
-// A banner without a notification and without a controller.
+// Support for tests of a banner that has neither a notification nor a controller.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace test {
 
-// A light banner that is not in a superview yet. Every text can be nil.
+// Creates a banner in the light color mode. It has no superview. Each text can be nil.
 inline objc::Ref<BrimContainer> makeBanner(NSString* header, NSString* subHeader, NSString* body) {
   auto banner = BrimContainer::make(nullptr, header, subHeader, body);
   banner->setColorSet(BrimColors::withMode(lightMode));
@@ -31,7 +31,7 @@ struct LaidOutBanner {
   }
 };
 
-// The label's text, "(nil)" if it has none.
+// The text of the label; "(nil)" if the text is nil.
 inline std::string text(UILabel* label) {
   NSString* const labelText = label->text();
   return labelText == nullptr ? "(nil)" : labelText->UTF8String();

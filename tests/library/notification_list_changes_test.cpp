@@ -1,4 +1,4 @@
-// How the library changes the notification list, and what it does not change.
+// Tests of the changes that the library makes to the notification list, and of changes that it must not make.
 #include <gtest/gtest.h>
 
 #include "simulator/springboard/list/notification_list_cell.hpp"

@@ -35,7 +35,7 @@ class OverlappingEvents : public testing::Test {
     return containerOf(controller)->reply()->isFirstResponder();
   }
 
-  // Waits until the banners are dismissed. The lock screen dismisses the persistent ones.
+  // Waits until all banners are dismissed. Locking the phone dismisses the persistent banners.
   void TearDown() override {
     phone.wait(20);
     phone.run({{"do", "lock"}});
@@ -309,7 +309,7 @@ TEST_F(OverlappingEvents, HomeButtonDuringTheReply) {
             std::string::npos);
 }
 
-TEST_F(OverlappingEvents, GrabberTwice) {
+TEST_F(OverlappingEvents, TwoDismissalGesturesOfTheGrabber) {
   const int controller = present({{"dismissAutomatically", false}});
   phone.wait(1);
   phone.run({{"do", "grabber"}});

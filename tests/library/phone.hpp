@@ -19,7 +19,7 @@ using Json = nlohmann::ordered_json;
 
 struct Setup {
   runner::Options options;
-  // Stored in the preferences domain before the phone starts. The keys are those of the settings.
+  // The settings that are stored in the preferences domain before the phone starts, by their keys.
   std::map<std::string, Json> settings;
 };
 
@@ -28,7 +28,7 @@ class Phone {
   explicit Phone(Setup setup = {});
   ~Phone();
 
-  // Executes a command of the script interface and returns its answer. The test fails if the command fails.
+  // Executes a script command and returns its answer. The test fails if the command fails.
   Json run(const Json& command);
   // Executes a command that is allowed to fail, and returns its answer.
   Json runUnchecked(const Json& command);
@@ -43,14 +43,14 @@ class Phone {
   // number.
   int present(const Json& fields = Json::object());
   Json state(int controller);
-  // The events since the last call.
+  // Returns the events that were logged since the last call.
   Json log();
 
   // The view trees of all windows, or of one controller.
   Json windows(std::optional<int> controller = std::nullopt);
-  // The node of the controller's banner, null if it has none.
+  // The node of the controller's banner. Null if the controller has no banner.
   Json banner(int controller);
-  // The node of the view that the banner stores in that property, null if there is none.
+  // The node of the view that the banner stores in this property. Null if there is no such view.
   Json view(int controller, const std::string& property);
   // A screenshot, as the bytes of a PNG.
   std::string picture();
@@ -60,15 +60,15 @@ class Phone {
  private:
   std::filesystem::path folder_;
   std::optional<runner::Session> session_;
-  // Releases the objects that the test's own messages autorelease.
+  // Releases the autoreleased objects of the test when the phone is destroyed.
   std::optional<objc::AutoreleasePool> pool_;
 };
 
-// Every node that satisfies the predicate; a node precedes its children.
+// The nodes that satisfy the predicate. A node precedes its children.
 std::vector<Json> nodes(const Json& trees, const std::function<bool(const Json&)>& predicate);
-// The first node with that value in that field, null if there is none.
+// The first node in which the field has this value. Null if there is no such node.
 Json firstNode(const Json& trees, const std::string& field, const Json& value);
-// The events of that kind.
+// The events of this kind, in order.
 std::vector<Json> eventsOf(const Json& events, const std::string& kind);
 
 }  // namespace test

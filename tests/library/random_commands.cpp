@@ -14,7 +14,7 @@ constexpr const char* words[] = {
     "", " ", "Anna", "Bert: ", "Hello", "1\n2\n3\n4\n5", "Are we still on for lunch today?"};
 constexpr const char* identifiers[] = {"reply", "MTAlarmSnoozeAction", "like"};
 constexpr const char* labels[] = {"Close", "Clear", "Reply", "Open", "Snooze", "Stop", "Anna", "Hello"};
-// Seconds. Many are just before, at or just after the duration of an animation or a timer.
+// In seconds. Many waits end just before, exactly at or just after the end of an animation or of a timer.
 constexpr double waits[] = {0, 0.001, 1.0 / 60, 0.1, 0.15, 0.3, 0.4, 0.5, 0.7, 0.72, 0.74, 0.8, 1, 4.9, 5, 20};
 constexpr double distances[] = {-200, -60, -25, -20, -19, -12, -3, 0, 3, 12, 41, 100, 164, 300};
 constexpr const char* dragEnds[] = {"release", "release", "cancel", "hold"};
@@ -36,7 +36,8 @@ double RandomCommands::between(double low, double high) {
   return low + (high - low) * static_cast<double>(below(1001)) / 1000;
 }
 
-// Usually one of the three newest controllers. Occasionally any other one, which can be released or not exist.
+// Usually returns one of the three newest controllers. Occasionally returns any number, also that of a released
+// controller or of no controller.
 std::size_t RandomCommands::controller(std::size_t controllers) {
   if (oneIn(20)) return below(controllers + 2);
   return controllers - std::min(controllers, below(3));
@@ -91,7 +92,7 @@ Json RandomCommands::set() {
 Json RandomCommands::platformEvent(std::size_t controllers) {
   switch (below(7)) {
     case 0:
-      // Infrequent, because each change of the appearance loads another wallpaper.
+      // Changes of the appearance are infrequent, because each of them loads another wallpaper.
       if (oneIn(4)) return {{"do", "appearance"}, {"style", oneIn(2) ? "light" : "dark"}};
       return {{"do", "lock"}};
     case 1:

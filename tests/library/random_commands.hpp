@@ -1,5 +1,5 @@
-// Random commands of the script interface, the same ones for the same seed. Every command that needs no second process
-// occurs, with each of its fields.
+// Generates randomized script commands. The same seed gives the same commands. All commands that need no second process
+// occur, with each of their fields.
 #pragma once
 
 #include <cstdint>
@@ -13,18 +13,18 @@ namespace test {
 
 class RandomCommands {
  public:
-  // Screenshots are written to the folder.
+  // The commands write their screenshots to `screenshotFolder`.
   RandomCommands(std::uint64_t seed, std::filesystem::path screenshotFolder);
 
-  // The argument is the number of controllers that were presented so far.
+  // Returns the next command. `controllers` is the number of notifications that were presented so far.
   nlohmann::ordered_json next(std::size_t controllers);
 
  private:
   using Json = nlohmann::ordered_json;
 
-  // A number from 0 to count - 1.
+  // Returns a number from 0 to count - 1.
   std::size_t below(std::size_t count);
-  // True with the probability 1 / count.
+  // Returns true with the probability 1 / count.
   bool oneIn(std::size_t count) { return below(count) == 0; }
   double between(double low, double high);
   template <class Value, std::size_t count>

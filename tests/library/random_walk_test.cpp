@@ -21,12 +21,12 @@ constexpr std::size_t stepsBetweenResets = 200;
 // Objects are counted after this number of resets, because pictures, fonts and formatters are loaded at their first
 // use.
 constexpr std::size_t warmUpResets = 5;
-// The settings retain a few values.
+// The settings retain a few objects, which do not belong to a banner.
 constexpr std::size_t maxNewObjects = 40;
-// Foundation occasionally retains a string: at most one for this number of banners.
+// Foundation occasionally retains a string. It retains at most one string for each group of this number of banners.
 constexpr std::size_t bannersPerRetainedString = 40;
 
-// Parts of the errors that a random command can cause.
+// Texts of errors that are expected, because a random command can be impossible in the current state.
 constexpr const char* expectedErrors[] = {"there is no controller",
                                           "no longer on screen",
                                           "was dismissed and no longer exists",
@@ -51,7 +51,8 @@ const unsigned char* row(const drawing::Canvas& canvas, int y) {
          static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(canvas.surface());
 }
 
-// Describes the first different pixel of two pictures that have the same size. Empty if the pictures are equal.
+// Compares two pictures of the same size. Returns a description of the first pixel that differs, empty if the pictures
+// are equal.
 std::string differenceBetween(const drawing::Canvas& left, const drawing::Canvas& right) {
   const auto bytes = static_cast<std::size_t>(right.pixelWidth()) * 4;
   for (int y = 0; y < right.pixelHeight(); ++y) {
@@ -59,7 +60,7 @@ std::string differenceBetween(const drawing::Canvas& left, const drawing::Canvas
     int x = 0;
     while (left.pixel(x, y) == right.pixel(x, y)) ++x;
     char text[80];
-    std::snprintf(text, sizeof text, "%d,%d is %08x, not %08x", x, y, left.pixel(x, y), right.pixel(x, y));
+    std::snprintf(text, sizeof text, "pixel (%d, %d) is %08x, not %08x", x, y, left.pixel(x, y), right.pixel(x, y));
     return text;
   }
   return "";
@@ -89,7 +90,7 @@ class Walk {
     if (const std::string problem = invariants_.violation(phone_.log()); !problem.empty()) fail(problem);
   }
 
-  // The keyboard's views remain for later text fields. They must not be counted as objects of a banner.
+  // Creates the views of the keyboard, which remain for later text fields, before objects are counted.
   void openKeyboard() {
     execute({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
     execute({{"do", "wait"}, {"seconds", 1}});
@@ -98,7 +99,7 @@ class Walk {
     reset();
   }
 
-  // Dismisses every banner and empties the list. Afterwards no object of a banner may exist.
+  // Dismisses every banner and empties the notification list. Then expects that all objects of banners are released.
   void reset() {
     execute({{"do", "drag"}, {"at", {5, 800}}, {"by", {0, 0}}, {"end", "cancel"}});
     execute({{"do", "lock"}});
@@ -146,7 +147,7 @@ TEST_P(RandomWalk, KeepsTheInvariantsOfBanners) {
   Walk(seed).run(environmentNumber("BRIM_WALK_STEPS", defaultSteps));
 }
 
-// The renderer repaints only what has changed since its last picture.
+// renderScreen() repaints only what has changed since its last picture; paintScreen() paints the whole screen.
 TEST_P(RandomWalk, IncrementalRenderingEqualsFullRendering) {
   const std::uint64_t seed = environmentNumber("BRIM_WALK_SEED", 1) + GetParam();
   test::Setup setup;

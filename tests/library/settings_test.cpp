@@ -83,7 +83,7 @@ TEST_P(BadgeSetting, SelectsGlyphOrIcon) {
   phone.wait(1);
   const Json badge = phone.view(controller, "_appDetailImage");
   EXPECT_EQ(!badge.is_null(), GetParam().shown);
-  // A glyph is drawn larger than an icon.
+  // The width of the badge shows whether it contains a glyph or an icon, because a glyph is larger.
   if (GetParam().shown) {
     EXPECT_EQ(badge.at("frame").at(2), GetParam().icon ? 20 : 36);
   }
@@ -103,7 +103,7 @@ TEST(Settings, TimeToDismissOfZeroMeansImmediately) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-// A visible setting, a value other than its default, and a notification whose banner looks different with that value.
+// A setting, a value other than its default, and a notification whose banner looks different with this value.
 struct Effect {
   const char* key;
   Json value;

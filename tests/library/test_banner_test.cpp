@@ -45,7 +45,7 @@ TEST(TestBanner, HasAReplyField) {
   EXPECT_FALSE(phone.view(controller, "reply").is_null());
 }
 
-// Some of the notifications return from the daemon while this process is still sending to it.
+// The process receives some of its own notifications while it still communicates with the daemon.
 TEST(TestBanner, EachOfManyRequestsIsDelivered) {
   Phone phone;
   for (int request = 1; request <= 20; ++request) {
@@ -79,7 +79,8 @@ TEST(TestBanner, VibratesRegardlessOfTheSettingWithoutTheHapticEngine) {
   }
 }
 
-// Restores the state before the platform has created its server. The state is the same after a failed creation.
+// Makes the library forget the bulletin server: sends the initializer to nil, as if the creation of a server had
+// failed.
 void forgetServer() {
   const SEL selector = sel_registerName("initWithQueue:");
   const IMP initializer = class_getMethodImplementation(BBServer::classObject(), selector);

@@ -11,7 +11,7 @@ using test::sampleMessage;
 using test::top;
 using test::width;
 
-// The text of a label, with asterisks around each bold run.
+// The text of a label. Bold parts are enclosed in asterisks.
 std::string withBoldMarks(const Json& label) {
   std::string text;
   for (const Json& run : label.at("runs")) {

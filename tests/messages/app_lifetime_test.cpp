@@ -1,4 +1,4 @@
-// How the Messages app starts and ends together with the home screens that launch it.
+// Tests of how the Messages app starts and ends together with the home screens that launch it.
 #include <gtest/gtest.h>
 #include <signal.h>
 

@@ -1,4 +1,4 @@
-// Runs the Messages app in the test process, and a home screen in a second process where a test needs one.
+// Runs the Messages app in the test process. Some tests also run a home screen in a second process.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The message store: chats, their messages, and two writers at once.
+// Tests of the message store: chats, their messages, and two writers at once.
 #include "simulator/messages/chat_store.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Runs another program and writes to its standard input. The destructor kills the program if it still runs.
+// Runs another program and writes to its standard input. The destructor kills the program if it is still running.
 #pragma once
 
 #include <sys/types.h>
@@ -19,11 +19,11 @@ class ChildProcess {
   ChildProcess& operator=(const ChildProcess&) = delete;
   ~ChildProcess();
 
-  // Throws std::runtime_error if the program no longer reads.
+  // Writes to the standard input of the program. Throws std::runtime_error if the program no longer reads it.
   void write(const std::string& lines) const;
   void closeInput() { input_ = {}; }
   void kill() const;
-  // Returns whether the program has exited with status 0.
+  // Returns whether the program has exited with status 0. Returns false while the program still runs.
   bool hasSucceeded();
   bool hasEnded();
   pid_t process() const { return child_; }

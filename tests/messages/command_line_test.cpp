@@ -1,4 +1,4 @@
-// The command line of the Messages program: storing and listing messages, and rejecting invalid options.
+// Tests of the command line of the Messages program: storing and listing messages, and rejecting invalid options.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 

@@ -1,4 +1,5 @@
-// Failures between a banner and the store: killed and stopped processes, and a store that cannot be opened or written.
+// Tests of failures between a banner and the store: killed and stopped processes, and a store that cannot be opened or
+// written.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sqlite3.h>
@@ -95,7 +96,8 @@ TEST(MessagesKilled, AfterAReplyLeavesTheReplyInTheStore) {
   EXPECT_EQ(both.sent(), (Texts{"At one!", "Or two?"}));
 }
 
-// A request posted to a stopped process is delivered when the process continues. The home screen does not wait for it.
+// A request that is posted to a stopped process is delivered when the process continues. The home screen does not wait
+// for that process.
 TEST(MessagesStopped, ReceivesPendingRequestsWhenItContinues) {
   const CapturedErrors errors;
   HomeScreenAndMessages both;
@@ -122,8 +124,8 @@ TEST(MessagesStopped, BeforeItAnswersDoesNotBlockTheHomeScreen) {
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
   EXPECT_TRUE(errors.contains("does not accept requests")) << errors.text();
   kill(app.process(), SIGCONT);
-  // The app can receive the request before the home screen connects to it. It then reports no event, so the test reads
-  // the store instead.
+  // The app can receive the request before the home screen connects to the app. Then the app reports no event to the
+  // home screen, so the test reads the store instead.
   EXPECT_TRUE(test::eventually([&] { return both.sent() == Texts{"At one!"}; }));
 }
 
@@ -214,7 +216,7 @@ TEST(MessagesStore, ThatIsDamagedPreventsTheAppFromStartingUntilItIsRemoved) {
   EXPECT_TRUE(both.phone.state(controller).at("dismissed"));
   EXPECT_TRUE(errors.contains("it is damaged: move it away")) << errors.text();
   EXPECT_EQ(errors.text().find("damaged"), errors.text().rfind("damaged"))
-      << "the app must be started only once: " << errors.text();
+      << "the home screen must start the app only once: " << errors.text();
   fs::remove(both.storePath());
   both.receive(annasChat, "Lunch?");
   both.reply("At one!");

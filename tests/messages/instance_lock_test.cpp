@@ -1,4 +1,4 @@
-// The lock that lets at most one Messages app run on a root.
+// Tests of the lock that lets at most one Messages app run on a root.
 #include "simulator/messages/instance_lock.hpp"
 
 #include <gtest/gtest.h>
@@ -52,7 +52,7 @@ TEST_F(InstanceLock, IsNotModifiedByAFailedAttempt) {
   EXPECT_EQ(lockFileText(), "owner\n");
 }
 
-// An app can start the notification daemon, which outlives the app.
+// An app can start the notification daemon, which runs longer than the app and must not keep the lock.
 TEST_F(InstanceLock, IsNotInheritedByChildProcesses) {
   FILE* child = nullptr;
   {

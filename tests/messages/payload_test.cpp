@@ -1,4 +1,5 @@
-// Contents of requests: every text arrives unchanged, and malformed requests are ignored.
+// Tests of the contents of requests to the Messages app: every text arrives unchanged, and malformed requests are
+// ignored.
 #include <gtest/gtest.h>
 
 #include "platform/ns_data.hpp"
@@ -47,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, MessagesText,
                                          Text{"Lines", "one\r\ntwo\n\tthree"}, Text{"Empty", ""}),
                          [](const auto& instance) { return instance.param.name; });
 
-TEST(MessagesTyped, TextIsPostedUnchanged) {
+TEST(TypedReply, IsSentUnchanged) {
   HomeScreenAndMessages both;
   both.reply(" 👩‍👩‍👧‍👦 \"yes\" שלום ");
   ASSERT_TRUE(both.waitForEvents("message", 1));

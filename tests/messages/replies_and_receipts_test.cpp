@@ -1,4 +1,4 @@
-// Replies and read receipts, from the banner in the home screen to the store of the Messages app.
+// Tests of replies and read receipts, from the banner in the home screen to the store of the Messages app.
 #include <gtest/gtest.h>
 
 #include "tests/messages/home_screen_and_messages.hpp"
@@ -50,7 +50,7 @@ TEST(MessagesReply, LaunchesTheAppPostsTheRequestVibratesAndIsReported) {
   EXPECT_EQ(remaining[1].at("userInfo"),
             Json({{"body", "At one!"}, {"brimIdentifier", identifier}, {"identifier", annasAddress}}));
   EXPECT_EQ(remaining[2].at("event"), "haptic");
-  // The app reports the next two events over a socket. Their order is the order in which the app sent them.
+  // The app reports the next two events over a socket, which preserves their order.
   EXPECT_EQ(remaining[3], Json({{"event", "message"}, {"chat", annasChat}, {"text", "At one!"}, {"flags", 100005}}));
   EXPECT_EQ(remaining[4], Json({{"event", "read"}, {"chat", annasChat}}));
 }
@@ -149,7 +149,7 @@ TEST(MessagesReadMode, AChangeReachesTheRunningApp) {
   HomeScreenAndMessages both(withReadMode(0));
   ASSERT_TRUE(both.launch());
   both.phone.set("messagesAutoReadMode", 2);
-  // The app receives the change asynchronously, so replies are repeated until one marks the chat read.
+  // The app receives the changed setting asynchronously, so the test sends replies until a reply marks the chat read.
   int count = 0;
   EXPECT_TRUE(test::eventually([&] {
     both.postReply({{"identifier", annasAddress}, {"body", "x"}, {"brimIdentifier", std::to_string(++count)}});

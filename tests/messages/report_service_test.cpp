@@ -1,4 +1,4 @@
-// How the Messages app answers homeScreen screens that ask whether it is ready.
+// Tests of how the Messages app answers home screens that ask whether it is ready.
 #include "simulator/messages/report_service.hpp"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ namespace {
 
 class MessagesService : public testing::Test {
  protected:
-  // Sends the request and returns the answer, or an empty text if the service closes the connection.
+  // Sends the request and returns the answer. Returns an empty text if the service closes the connection instead.
   std::string answerTo(const std::string& request) {
     const std::size_t previousCount = requestCount;
     const foundation::FileDescriptor homeScreen = foundation::connectIn(folder.path(), messages::serviceSocket);

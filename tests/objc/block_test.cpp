@@ -11,7 +11,7 @@ namespace {
 
 using BlockTest = RuntimeTest;
 
-// Counts its copies and its living instances.
+// A capture of a block. It counts its copies and its living instances.
 struct Tracked {
   explicit Tracked(int* copyCount, int* livingCount) : copies(copyCount), living(livingCount) { ++*living; }
   Tracked(const Tracked& other) : copies(other.copies), living(other.living) {

@@ -26,5 +26,5 @@ struct objc::StateOf<Counted> {
 
 inline int livingObjects() { return CountedState::living; }
 inline NSUInteger retainCount(const NSObject* object) { return objc::send<NSUInteger, "retainCount">(object); }
-// Registers the class with the runtime.
+// Registers the class with the Objective-C runtime.
 void defineCounted();

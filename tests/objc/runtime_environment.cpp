@@ -19,7 +19,7 @@ constexpr objc::MethodEntry methods[] = {
     objc::method<"copyWithZone:", &copyWithZone>(),
 };
 
-// Environment variable that passes the root of a test to its child processes.
+// The environment variable that passes the root of a test to its child processes.
 constexpr const char* rootVariable = "BRIM_TEST_ROOT";
 
 std::filesystem::path makeFolder() {
@@ -36,7 +36,7 @@ class RuntimeEnvironment : public testing::Environment {
     } else {
       folder = makeFolder();
       setenv(rootVariable, folder.c_str(), 1);
-      // Exit handlers run in reverse order, so this one runs after those that useRoot() registers.
+      // Exit handlers run in reverse order, so this handler runs after the handlers that useRoot() registers.
       std::atexit([] { std::filesystem::remove_all(testRoot()); });
     }
     if (const auto error = foundation::useRoot(folder, foundation::DefaultsDatabase::OfRoot))

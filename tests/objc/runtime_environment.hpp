@@ -1,5 +1,5 @@
-// Test environment for code that needs the Objective-C runtime. Each test process has a temporary root and Foundation's
-// classes; each test that derives from RuntimeTest has an autorelease pool.
+// The environment of tests of code that needs the Objective-C runtime. Each test process has a temporary root and
+// Foundation's classes. Each test whose fixture derives from RuntimeTest has an autorelease pool.
 #pragma once
 
 #include <gtest/gtest.h>

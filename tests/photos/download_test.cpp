@@ -1,4 +1,5 @@
-// Discord, Instagram and Messenger: the address of the picture is in the user info, or is built from it.
+// Tests of pictures that are downloaded for Discord, Instagram and Messenger. The user info contains the address of the
+// picture, or the values from which the address is built.
 #include <gtest/gtest.h>
 
 #include <set>

@@ -86,12 +86,12 @@ TEST(Endpoints, DefaultToThePublicHostIfInvalid) {
 TEST(Endpoints, DefaultToThePublicHostsIfTheFileIsUnreadable) {
   EndpointsPhone phone;
   fs::remove(phone.file());
-  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "no file";
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "without a file";
   fs::create_directories(phone.file() / "inside");
-  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "a folder";
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "with a folder instead of the file";
   fs::remove_all(phone.file());
   mkfifo(phone.file().c_str(), 0600);
-  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "a pipe";
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "with a pipe instead of the file";
   fs::remove(phone.file());
   for (const char* content : {"", "(a, b)", "{ facebookGraph = \"https://one.example\"", "\xff\xfe\x00"}) {
     phone.writeEndpoints(content);
@@ -99,7 +99,7 @@ TEST(Endpoints, DefaultToThePublicHostsIfTheFileIsUnreadable) {
   }
   phone.writeEndpoints(R"({ facebookGraph = "https://one.example"; })");
   fs::resize_file(phone.file(), 2'000'000);
-  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "two megabytes";
+  EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), requestsToPublicHosts) << "with a file of two megabytes";
 }
 
 }  // namespace

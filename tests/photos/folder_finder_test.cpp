@@ -102,7 +102,7 @@ long peakMemory() {
   return usage.ru_maxrss;
 }
 
-// A container with invalid metadata. It must not be found, and it must not end the search for a valid one.
+// A container with invalid metadata. The search must skip it and still find a valid container.
 struct InvalidContainer {
   const char* name;
   void (*make)(const fs::path& metadataFile);
@@ -160,7 +160,7 @@ TEST_F(FolderFinderTest, MetadataOfAHundredMegabytesIsNotRead) {
   invalidContainers[std::size(invalidContainers) - 1].make(containers / "invalid" / metadataName);
   const long before = peakMemory();
   EXPECT_EQ(found(group), "(nil)");
-  EXPECT_LT(peakMemory() - before, 10'000) << "kilobytes";
+  EXPECT_LT(peakMemory() - before, 10'000) << "kilobytes of additional memory";
 }
 
 TEST_F(FolderFinderTest, MaxMetadataSizeIsOneMebibyte) {

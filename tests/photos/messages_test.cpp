@@ -41,7 +41,7 @@ struct MessagesPhone : PhotoPhone {
     for (const Card& card : cards) book += vCard(card);
     if (!book.empty()) test::writeFile(root() / "var/mobile/Library/AddressBook/Contacts.vcf", book);
   }
-  // The pictures that a banner with this user info is given.
+  // Presents a banner with this user info and returns the pictures that the banner is given.
   Colors picturesFor(const Json& userInfo) {
     const std::size_t before = pictures.all().size();
     const Colors& all = picturesAfter(messages, userInfo);
@@ -129,13 +129,13 @@ TEST(MessagesPhoto, MissingDictionariesMeanNoPicture) {
 
 TEST(MessagesPhoto, UnreadableAddressBookHasNoContacts) {
   MessagesPhone phone;
-  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "missing";
+  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "without a file";
   const fs::path book = phone.root() / "var/mobile/Library/AddressBook/Contacts.vcf";
   fs::create_directories(book);
-  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "a folder";
+  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "with a folder instead of the file";
   fs::remove(book);
   test::writeFile(book, "no cards");
-  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "no cards";
+  EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "with a file without vCards";
 }
 
 TEST(MessagesPhoto, NamesWithAnyCharactersAreCompared) {

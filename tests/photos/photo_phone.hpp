@@ -8,7 +8,7 @@
 namespace test {
 
 using Colors = std::vector<std::optional<Color>>;
-// The targets of requests: path and query.
+// The targets of requests. A target is the path and the query of an address.
 using Targets = std::vector<std::string>;
 
 class PhotoPhone {
@@ -17,7 +17,7 @@ class PhotoPhone {
 
   // Presents a notification of the application. Returns the controller's number.
   int present(const std::string& application, const Json& userInfo, const Json& fields = Json::object());
-  // Waits until every request is answered and the answers are processed.
+  // Waits until all requests are answered and all answers are processed.
   void waitUntilIdle();
   // Presents a notification and waits until the phone is idle. Returns all pictures that banners were given since the
   // start of the test.
@@ -28,7 +28,7 @@ class PhotoPhone {
   void serve(const std::string& target, Color color) { server.answer(target, {.body = pictureBytes(color)}); }
   // The targets that were requested, in the order of arrival.
   Targets requestedTargets() const;
-  // Replaces the endpoints file of the asset bundle.
+  // Replaces the file endpoints.plist of the asset bundle.
   void writeEndpoints(const std::string& propertyList);
 
   std::filesystem::path root() const { return phone.root(); }

@@ -23,7 +23,7 @@ struct UpdateImageHook {
       case 0xff0000ff:
         return Color::Blue;
       default:
-        throw std::runtime_error("unknown picture: expected one that application_data.hpp creates");
+        throw std::runtime_error("unknown picture: expected a picture that application_data.hpp creates");
     }
   }
 

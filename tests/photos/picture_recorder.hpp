@@ -1,4 +1,5 @@
-// Records every picture that banners are given. Create it after the phone has started. Only one can exist at a time.
+// Records every picture that banners are given. Create the recorder after the phone has started. Only one recorder can
+// exist at a time.
 #pragma once
 
 #include <optional>
@@ -15,7 +16,7 @@ class PictureRecorder {
   PictureRecorder& operator=(const PictureRecorder&) = delete;
   ~PictureRecorder();
 
-  // In the order of the calls. No value where the picture was nil.
+  // The recorded pictures, in the order in which banners were given them. An element without a value is a nil picture.
   const std::vector<std::optional<Color>>& all() const { return recorded_; }
 
  private:

@@ -31,7 +31,7 @@ constexpr Application applications[] = {
     {"ph.telegra.Telegraph", "enableTelegram", "BrimTelegramContactPhotoProvider"},
 };
 
-// The arguments of a call of a provider.
+// The arguments of one call of a provider.
 struct Call {
   objc::Ref<ContactPhotoProvider> provider;
   objc::Ref<NCNotificationRequest> request;
@@ -64,7 +64,7 @@ struct SelectionPhone : PhotoPhone {
   }
   ~SelectionPhone() { calls().clear(); }
 
-  // The classes of the providers that are called for a banner of the application.
+  // Presents a banner of the application and returns the names of the provider classes that were called for it.
   std::vector<std::string> providersOf(const char* application) {
     calls().clear();
     present(application, Json::object());

@@ -1,4 +1,5 @@
-// The Slack database in every state in which the application can leave it or have it open.
+// Tests of reading the Slack database in each state that the application can cause, while it runs or after it has
+// ended.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -15,8 +16,9 @@ using test::SlackConnection;
 using test::SlackPhone;
 using test::Targets;
 
-// Runs a function of the Slack application in a second process. The function receives another function that waits until
-// this object is destroyed. The constructor returns when the second process waits.
+// A second process that represents the Slack application and runs a function. The function receives a function
+// `waitForEnd`, which returns when this object is destroyed. The constructor returns when the second process has called
+// waitForEnd.
 class SlackProcess {
  public:
   template <class Function>
@@ -55,13 +57,13 @@ class SlackProcess {
 
 TEST(SlackPhoto, MissingOrDamagedDatabaseMatchesNoUserAndIsNotModified) {
   SlackPhone phone;
-  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "missing";
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "without a file";
   EXPECT_FALSE(fs::exists(phone.database));
   fs::create_directories(phone.database);
-  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "a folder";
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "with a folder instead of the file";
   fs::remove(phone.database);
   ASSERT_EQ(mkfifo(phone.database.c_str(), 0600), 0);
-  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "a pipe";
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "with a pipe instead of the file";
   fs::remove(phone.database);
   phone.makeDatabase();
   const std::string whole = test::readFile(phone.database);
@@ -76,7 +78,7 @@ TEST(SlackPhoto, MissingOrDamagedDatabaseMatchesNoUserAndIsNotModified) {
   }
   fs::remove(phone.database);
   SlackConnection(phone.database).execute("CREATE TABLE OTHER (A);");
-  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "without the table";
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "without the table of users";
 }
 
 class SlackJournalMode : public testing::TestWithParam<const char*> {};
@@ -85,7 +87,7 @@ TEST_P(SlackJournalMode, ReadingDoesNotCreateOrModifyFiles) {
   SlackPhone phone;
   phone.makeDatabase(GetParam());
   const auto before = phone.files();
-  ASSERT_EQ(before.size(), 1U) << "the closed connection left further files";
+  ASSERT_EQ(before.size(), 1U) << "a closed connection must leave only the database file";
   EXPECT_EQ(phone.requestsFor(directMessage("Bob: hi")), Targets{avatarTarget("Bob")});
   EXPECT_EQ(phone.requestsFor(directMessage("Nobody: hi")), Targets{});
   EXPECT_EQ(phone.files(), before);

@@ -42,7 +42,7 @@ class SlackConnection {
 inline constexpr const char* usersTable =
     "CREATE TABLE ZSLKDEPRECATEDCOREDATAUSER (ZTEAMID VARCHAR, ZTSID VARCHAR, ZAVATARHASH VARCHAR, ZNAME VARCHAR);";
 
-// The user info of a direct message and of a message in a channel.
+// The user info of a direct message, and of a message in a channel.
 inline Json directMessage(const std::string& body) {
   return {{"aps", {{"alert", {{"body", body}}}, {"thread-id", "D12345"}}}, {"team_id", "T1"}};
 }
@@ -60,7 +60,7 @@ struct SlackPhone : PhotoPhone {
 
   SlackPhone() { std::filesystem::create_directories(folder); }
 
-  // Creates a database with the users Alice, Bob, carol and Dan. The argument is the journal mode.
+  // Creates a database with the users Alice, Bob, carol and Dan. `journalMode` is a journal mode of SQLite.
   void makeDatabase(const std::string& journalMode = "DELETE") {
     SlackConnection connection(database);
     connection.execute("PRAGMA journal_mode=" + journalMode + ";");
@@ -68,7 +68,7 @@ struct SlackPhone : PhotoPhone {
     for (const char* user : {"Alice", "Bob", "carol", "Dan"}) connection.addUser(user, user);
   }
 
-  // The targets that are requested for a notification.
+  // Presents a notification and returns the targets that the phone requests for it.
   Targets requestsFor(const Json& userInfo) {
     const std::size_t before = requestedTargets().size();
     picturesAfter(slack, userInfo);
@@ -77,7 +77,7 @@ struct SlackPhone : PhotoPhone {
     return all;
   }
 
-  // The contents of all files in the folder of the database, by name.
+  // The contents of all files in the folder of the database. The keys are the file names.
   std::map<std::string, std::string> files() const {
     std::map<std::string, std::string> found;
     for (const auto& entry : std::filesystem::directory_iterator(folder))

@@ -61,7 +61,7 @@ TEST(SlackPhoto, NameIsMatchedByTheLikeOperator) {
   SlackPhone phone;
   phone.makeDatabase();
   EXPECT_EQ(phone.requestsFor(directMessage("LIC: hi")), Targets{avatarTarget("Alice")})
-      << "a substring, case-insensitive";
+      << "a substring matches, regardless of case";
   EXPECT_EQ(phone.requestsFor(directMessage("c%l: hi")), Targets{avatarTarget("carol")})
       << "a percent sign matches any characters";
   EXPECT_EQ(phone.requestsFor(directMessage("_an: hi")), Targets{avatarTarget("Dan")})
@@ -87,7 +87,7 @@ TEST(SlackPhoto, HostileNamesMatchNoUserAndModifyNoFile) {
   SlackPhone phone;
   phone.makeDatabase();
   const auto before = phone.files();
-  // An injected query that returns an address chosen by the sender.
+  // A name that contains a query. If the query were executed, it would return an address that the sender has chosen.
   const std::string address = std::regex_replace(phone.server.address("/evil"), std::regex(":"), "' || char(58) || '");
   const std::string query = "x%' UNION SELECT '" + address + "' --";
   for (const std::string& name : {std::string("O'Brien"), std::string("''"), std::string("'"), query,

@@ -85,7 +85,8 @@ TEST(WhatsAppPhoto, BusinessFolderIsUsedForBothApplications) {
   EXPECT_TRUE(phone.findsPicture(person));
 }
 
-// Every entry after the match sets the picture again, so the number of updates depends on the position of the match.
+// The provider sets the picture at the matching entry of the folder and again at each later entry, so the number of
+// updates depends on the position of the match.
 TEST(WhatsAppPhoto, IsSetAgainForEveryEntryAfterTheMatch) {
   WhatsAppPhone phone;
   for (const char* name : {"1-1.jpg", "2-1.jpg", "3-1.jpg", "4-1.jpg"})

@@ -1,4 +1,4 @@
-// User info in which a value has an unexpected type. The banner is shown without a picture of the sender.
+// Tests of user info in which a value has an unexpected type. The banner is shown without a picture of the sender.
 #include <gtest/gtest.h>
 
 #include "tests/photos/photo_phone.hpp"
@@ -59,7 +59,7 @@ class WrongTypes : public testing::Test {
                        Color::Red);
   }
 
-  // Expects a banner that is given no picture.
+  // Presents a notification and expects that its banner is given no picture.
   void expectNoPicture(const char* application, const Json& userInfo) {
     const int controller = phone.present(application, userInfo);
     phone.waitUntilIdle();

@@ -1,5 +1,5 @@
-// Checks that the simulator's classes implement every message that the headers in platform/ send. If one were
-// missing, a test of the library would end with an unknown selector, or would pass without testing anything.
+// Checks that the simulator's classes implement every message that the headers in platform/ send. Without a method for
+// a message, a test of the library would end with an unknown selector, or would pass without testing anything.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -36,7 +36,8 @@ std::vector<std::string> readHeaders() {
   return texts;
 }
 
-// Matches a class declaration, or a message sent to `this`, to a newly allocated object or to the class.
+// Matches the declaration of a class, and messages that are sent to `this`, to a newly allocated object or to the
+// class.
 const std::regex declarationOrMessage(
     R"re(objc::Interface<"(\w+)",|objc::send<[^"]*?"([^"]+)">\s*\(\s*(this|objc::allocate|classObject))re");
 
@@ -72,7 +73,7 @@ std::vector<std::string> cFunctions() {
 
 TEST(Bindings, SimulatorClassesImplementEveryMessage) {
   const test::Phone phone;
-  // Classes of the Messages app, the other process that loads the library.
+  // Registers the classes of the Messages app too, because that process also loads the library.
   messages::registerClasses();
   const std::vector<Binding> all = bindings();
   ASSERT_GT(all.size(), 150u);

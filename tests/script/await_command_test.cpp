@@ -1,4 +1,4 @@
-// The await command: which events end a wait and which do not.
+// Tests of the await command: which events end a wait and which do not.
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_url_connection.hpp"
 #include "simulator/base/event_log.hpp"

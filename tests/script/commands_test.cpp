@@ -1,4 +1,4 @@
-// Commands of the script interface that succeed, and the two ways in which the contacts command fails.
+// Tests of script commands that succeed, and of the two errors of the contacts command.
 #include <fstream>
 
 #include "simulator/base/event_log.hpp"

@@ -1,4 +1,5 @@
-// Moves an installation to another folder. Its programs must use the installed files, not those of the build folder.
+// Moves an installation to another folder. Its programs must use the installed files instead of the files in the build
+// folder.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -30,7 +31,7 @@ class InstalledPhone : public testing::Test {
 
   fs::path prefix() const { return folder.path() / "installed"; }
 
-  // Runs one command that writes a picture, and returns the picture.
+  // Runs the program with a script that writes a picture of a banner, and returns the picture.
   std::string pictureOf(const std::string& program, const std::string& name) const {
     const fs::path work = folder.path() / name;
     fs::create_directories(work);

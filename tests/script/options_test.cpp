@@ -1,4 +1,4 @@
-// Command-line options of the springboard program, and dates in ISO 8601 form.
+// Tests of the command-line options of the springboard program, and of dates in ISO 8601 format.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,4 +1,4 @@
-// Invalid commands: each is rejected with an error that names the expected input.
+// Tests of invalid commands: each is rejected with an error that names the expected input.
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -11,7 +11,7 @@ struct Refusal {
   const char* reason;
 };
 
-// One phone executes all lines, because it must still work after each rejected command.
+// One phone executes all of these lines, because a phone must still work after a rejected command.
 constexpr Refusal refusals[] = {
     {"nonsense", "not JSON: parse error at line 1, column 2"},
     {R"({"do":"wait","seconds":1)", "not JSON: parse error at line 1, column 25"},

@@ -1,4 +1,4 @@
-// The springboard program as a child process: its exit status, its output and the root that it creates.
+// Tests of the springboard program as a child process: its exit status, its output and the root that it creates.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -27,10 +27,12 @@ std::string contentsOf(const std::filesystem::path& path) {
 
 class SpringboardProgram : public testing::Test {
  protected:
-  // Runs the program with these arguments on a new root. `script` is its standard input and the file "script".
+  // Runs the program with these arguments on a new root. The program can read `script` from its standard input and from
+  // the file "script" in its working folder.
   Outcome run(const std::string& arguments, const std::string& script = "") { return runIn("root", arguments, script); }
 
-  // The shell gets the root's name through the environment, because it would interpret special characters in a command.
+  // Passes the root's name to the shell as an environment variable, because the shell would interpret special
+  // characters in a command.
   Outcome runIn(const std::string& root, const std::string& arguments, const std::string& script) {
     std::ofstream(folder.path() / "script") << script;
     setenv("ROOT", root.c_str(), 1);

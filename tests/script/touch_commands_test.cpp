@@ -1,4 +1,5 @@
-// The tap and drag commands: where the touch begins, and how a touch that is held down continues.
+// Tests of the tap and drag commands: where a touch begins, and how the next command continues a touch whose finger is
+// not lifted.
 #include "tests/support/plain_phone.hpp"
 
 namespace {

@@ -1,4 +1,4 @@
-// Every command has the version of the project.
+// The programs and the script ./brim print the version of the project.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -18,14 +18,16 @@ std::string outputOf(const std::string& command) {
   return {read.data(), count};
 }
 
-TEST(Version, OfThePrograms) {
+TEST(Version, IsPrintedByEachProgram) {
   EXPECT_EQ(outputOf(SPRINGBOARD " --version"), "springboard " BRIM_VERSION "\n");
   EXPECT_EQ(outputOf(MESSAGES " --version"), "messages " BRIM_VERSION "\n");
 }
 
-TEST(Version, OfTheProjectsCommand) { EXPECT_EQ(outputOf(BRIM_SOURCE "/brim --version"), "brim " BRIM_VERSION "\n"); }
+TEST(Version, IsPrintedByTheBuildScript) {
+  EXPECT_EQ(outputOf(BRIM_SOURCE "/brim --version"), "brim " BRIM_VERSION "\n");
+}
 
-TEST(Version, IsAskedForAmongOtherOptions) {
+TEST(Version, IsPrintedEvenIfOtherOptionsAreInvalid) {
   constexpr std::array arguments = {"--device", "iphone-8", "--version", "--nonsense"};
   EXPECT_TRUE(std::holds_alternative<process::VersionRequest>(runner::parseOptions(arguments)));
   EXPECT_TRUE(std::holds_alternative<process::VersionRequest>(

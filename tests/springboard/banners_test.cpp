@@ -1,4 +1,4 @@
-// The platform's banners without the library: layout, dismissal, touches and buttons.
+// Tests of the platform's banners while the library is not loaded: layout, dismissal, touches and buttons.
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "tests/support/plain_phone.hpp"
 

@@ -1,4 +1,4 @@
-// Long looks with more content than fits on the screen.
+// Tests of long looks with more content than fits on the screen.
 #include "tests/springboard/long_look_fixture.hpp"
 
 namespace test {

@@ -1,4 +1,4 @@
-// Long looks opened from the notification list on the lock screen.
+// Tests of long looks opened from the notification list on the lock screen.
 #include "platform/ui_window.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/list/notification_list_cell.hpp"
@@ -27,7 +27,7 @@ class ListedLongLook : public LongLook {
         objc::state(cell).controller.get(), true, NSInteger{0}, static_cast<objc::Block<void(bool)>*>(completion));
     phone.wait(1);
   }
-  // The argument of the presentation's completion.
+  // Whether the long look was opened, as reported to the completion of its presentation.
   bool wasOpened = false;
 };
 

@@ -1,4 +1,4 @@
-// The lock screen: its clock and its notification list.
+// Tests of the lock screen: its clock and its notification list.
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -108,7 +108,7 @@ TEST(LockScreen, TapOnACellOpensItsApplicationAndUnlocks) {
   EXPECT_TRUE(PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView").is_null());
 }
 
-// Touches the first cell, runs the event, and expects that lifting the finger then still counts as a tap.
+// Touches the first cell, causes the event, and lifts the finger. Expects that the touch is still recognized as a tap.
 template <class Event>
 void expectTapDespite(const Event& event) {
   PlainPhone phone;

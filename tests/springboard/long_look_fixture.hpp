@@ -1,4 +1,4 @@
-// Test fixture with a phone that does not load the library. It opens long looks and inspects their views.
+// A test fixture with a phone that does not load the library. It opens long looks and inspects their views.
 #pragma once
 
 #include <string>
@@ -31,7 +31,7 @@ class LongLook : public testing::Test {
 
   Json windows() { return phone.run("tree").at("windows"); }
   Json view(const char* className) { return PlainPhone::find(windows(), "class", className); }
-  // The view of the long look, null if none is open.
+  // The node of the long look's view. Null if no long look is open.
   Json card() { return view("NCNotificationLongLookView"); }
   bool isOpen() { return !card().is_null(); }
   bool hasText(const Json& view, const std::string& text) {

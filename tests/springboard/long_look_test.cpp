@@ -1,4 +1,4 @@
-// The platform's long look of a banner: opening, content, actions and closing.
+// Tests of the platform's long look of a banner: opening, content, actions and closing.
 #include "tests/springboard/long_look_fixture.hpp"
 
 #include "platform/ui_window.hpp"

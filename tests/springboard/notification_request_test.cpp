@@ -1,4 +1,4 @@
-// Notification requests that the simulator makes from a description.
+// Tests of notification requests that the simulator makes from a description.
 #include "simulator/springboard/services/notification_request.hpp"
 
 #include "objc/autorelease_pool.hpp"

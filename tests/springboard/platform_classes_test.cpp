@@ -1,4 +1,5 @@
-// The platform's classes without the library: methods and their encodings, icons, sounds and bulletins.
+// Tests of the platform's classes while the library is not loaded: methods and their encodings, icons, sounds and
+// bulletins.
 #include "objc/autorelease_pool.hpp"
 #include "platform/ui_device.hpp"
 #include "platform/ui_image.hpp"

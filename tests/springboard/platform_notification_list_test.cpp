@@ -1,4 +1,4 @@
-// The notification list: its order, and clearing and withdrawing its notifications.
+// Tests of the notification list: its order, and the clearing and withdrawal of its notifications.
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/services/bulletin_server.hpp"

@@ -1,4 +1,4 @@
-// The clock in the status bar.
+// Tests of the clock in the status bar.
 #include "tests/support/plain_phone.hpp"
 
 namespace {

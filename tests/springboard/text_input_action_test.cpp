@@ -1,4 +1,4 @@
-// Actions of the long look with text input.
+// Tests of the long look's actions that have a text input.
 #include "tests/springboard/long_look_fixture.hpp"
 
 namespace test {

@@ -31,7 +31,7 @@ std::string contents(const fs::path& file) {
   return text.str();
 }
 
-// The cells of a row of a Markdown table, without the spaces around them. A "\|" belongs to its cell.
+// The cells of a row of a Markdown table, without the spaces around them. An escaped "\|" does not end a cell.
 Row cellsOf(const std::string& line) {
   Row cells;
   std::string cell;
@@ -47,7 +47,7 @@ Row cellsOf(const std::string& line) {
   return cells;
 }
 
-// The rows of the table with this header line, without the header.
+// The rows of the table that begins with this header line. The header is not included.
 std::vector<Row> table(const std::string& text, const std::string& header) {
   std::vector<Row> rows;
   std::istringstream lines(text);
@@ -64,7 +64,7 @@ std::vector<Row> table(const std::string& text, const std::string& header) {
   return rows;
 }
 
-// The words in backquotes that can be names.
+// The words in backquotes that have the form of a name.
 Names namesIn(const std::string& cell) {
   static const std::regex name("`([A-Za-z0-9_]+)`");
   Names names;
@@ -134,7 +134,7 @@ TEST(ScriptDocument, ListsEachFieldOfEachCommand) {
       EXPECT_TRUE(namesIn(documented.at(command.name)).contains(field.name)) << command.name << " " << field.name;
 }
 
-// A documented name is a field or a value that a field accepts.
+// Each name in the table must be the name of a field, or a value that a field accepts.
 TEST(ScriptDocument, ListsNoFieldThatDoesNotExist) {
   const auto documented = documentedFields();
   for (const runner::Command& command : allCommands()) {
@@ -191,7 +191,7 @@ TEST(ScriptDocument, ListsEachEventOfTheLog) {
   EXPECT_THAT(documented, ElementsAreArray(recordedEvents()));
 }
 
-// A link or picture in a document that leads to a file of the tree.
+// Checks links and pictures whose target is a file of the source tree. Addresses of web pages are ignored.
 TEST(Documents, LinkOnlyToFilesThatExist) {
   static const std::regex link(R"(\]\(([^)#:]+)(#[^)]*)?\))");
   std::vector<std::string> broken;

@@ -65,7 +65,7 @@ std::vector<Layer> readLayers(const fs::path& file) {
   for (std::string line; std::getline(stream, line);) {
     if (line.empty()) continue;
     std::smatch match;
-    if (!std::regex_match(line, match, pattern)) throw std::runtime_error("not a layer: " + line);
+    if (!std::regex_match(line, match, pattern)) throw std::runtime_error("expected \"name|folders|layers\": " + line);
     layers.push_back({match[1], words(match[2]), words(match[3])});
   }
   return layers;
@@ -77,7 +77,8 @@ std::vector<std::string> invalidDeclarations(const std::vector<Layer>& layers) {
   for (const auto& [name, below] : reachable) {
     if (below.contains(name)) problems.push_back(name + " depends on itself");
     for (const std::string& other : below)
-      if (!reachable.contains(other)) problems.push_back(name + " depends on " + other + ", which is no layer");
+      if (!reachable.contains(other))
+        problems.push_back(name + " depends on " + other + ", which is not declared as a layer");
   }
   return problems;
 }

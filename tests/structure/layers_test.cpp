@@ -78,8 +78,9 @@ TEST(Layers, ThatDependOnThemselvesAreInvalid) {
               ElementsAre("a depends on itself", "b depends on itself"));
 }
 
-TEST(Layers, ThatDependOnAnUndeclaredOneAreInvalid) {
-  EXPECT_THAT(test::invalidDeclarations({{"a", {"a"}, {"b"}}}), ElementsAre("a depends on b, which is no layer"));
+TEST(Layers, ThatDependOnAnUndeclaredLayerAreInvalid) {
+  EXPECT_THAT(test::invalidDeclarations({{"a", {"a"}, {"b"}}}),
+              ElementsAre("a depends on b, which is not declared as a layer"));
 }
 
 }  // namespace

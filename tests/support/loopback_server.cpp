@@ -148,8 +148,8 @@ void LoopbackServer::listen() {
   }
 }
 
-// The destructor closes the descriptor. If it were closed here, its number could be reused, and the destructor would
-// shut down the descriptor of another file.
+// The destructor closes the descriptor. If this function closed it, its number could be reused, and the destructor
+// would shut down the descriptor of another file.
 void LoopbackServer::serve(int descriptor) {
   if (const std::optional<std::string> head = receiveHead(descriptor)) deliver(descriptor, responseTo(parse(*head)));
   shutdown(descriptor, SHUT_RDWR);

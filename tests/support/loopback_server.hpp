@@ -14,17 +14,17 @@ namespace test {
 
 using Headers = std::vector<std::pair<std::string, std::string>>;
 
-// How much of the response the client receives.
+// The part of the response that the client receives.
 enum class Delivery {
   Whole,
-  CutShort,  // Content-Length is that of the whole body, but the connection closes after the first half
+  CutShort,  // Content-Length is the size of the whole body, but the connection closes after the first half
   Endless,   // no Content-Length; the body repeats until the client closes the connection
   Nothing,   // the connection closes without a response
 };
 
 enum class Timing {
   AtOnce,
-  WhenReleased,  // waits for release()
+  WhenReleased,  // the response waits until release() is called
 };
 
 struct Response {
@@ -41,7 +41,7 @@ struct Request {
   std::string target;  // path and query, as the client sent them
   Headers headers;
 
-  // The header's value, empty if it is missing. Names are compared without regard to case.
+  // The value of the header. Empty if the header is missing. Names are compared case-insensitively.
   std::string header(const std::string& name) const;
 };
 
@@ -59,12 +59,12 @@ class LoopbackServer {
 
   // Sets the response to all later requests for the target. A request for any other target gets status 404.
   void answer(const std::string& target, Response response);
-  // Sends the responses with Timing::WhenReleased. Later ones are then sent at once.
+  // Sends the waiting responses with Timing::WhenReleased. From then on, all responses are sent at once.
   void release();
 
   // All requests received so far, oldest first.
   std::vector<Request> requests() const;
-  // Waits until that many requests have been received. Returns false if the time limit expires first.
+  // Waits until at least `count` requests have been received. Returns false if the time limit expires first.
   bool waitForRequests(std::size_t count, std::chrono::seconds limit = std::chrono::seconds(20)) const;
 
  private:

@@ -1,4 +1,4 @@
-// The HTTP server that other tests use, accessed over plain sockets.
+// Tests of the HTTP server that other tests use, accessed over plain sockets.
 #include "tests/support/loopback_server.hpp"
 
 #include <arpa/inet.h>

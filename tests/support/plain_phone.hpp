@@ -1,4 +1,4 @@
-// A simulated phone that does not load the library, with a temporary root. A process can have only one.
+// A simulated phone that has a temporary root and does not load the library. A process can contain only one phone.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,14 +18,14 @@ class PlainPhone {
  public:
   explicit PlainPhone(runner::Options options = {}) : session_(completed(std::move(options))) {}
 
-  // Executes a command and returns its whole answer. The command can fail.
+  // Executes a command that is allowed to fail, and returns its answer.
   Json answer(const Json& command) { return session_.run(command); }
   Json answerLine(const std::string& line) { return session_.runLine(line); }
 
   // Executes a command and returns its answer. The test fails if the command fails.
   Json run(const Json& command) {
     Json result = session_.run(command);
-    EXPECT_TRUE(result.at("ok").get<bool>()) << command << " was answered with " << result;
+    EXPECT_TRUE(result.at("ok").get<bool>()) << command << " failed: " << result;
     return result;
   }
   Json run(const char* name, const Json& fields = Json::object()) {
@@ -45,14 +45,14 @@ class PlainPhone {
   bool isDismissed(int controller) { return run("state", {{"controller", controller}}).at("dismissed"); }
   // Returns and removes the events logged so far.
   Json log() { return run("log").at("events"); }
-  // Returns the first view of that class in the controller's view tree, null if there is none.
+  // Returns the first view of this class in the controller's view tree. Null if there is no such view.
   Json view(int controller, const std::string& className) {
     return find(run("tree", {{"controller", controller}}).at("windows"), "class", className);
   }
 
   const std::filesystem::path& folder() const { return temporaryFolder_.path(); }
 
-  // Returns the first node with that value in that field, depth first, null if there is none.
+  // Returns the first node in which the field has this value. Searches depth-first. Null if there is no such node.
   static Json find(const Json& nodes, const std::string& field, const Json& value) {
     for (const Json& node : nodes) {
       if (node.contains(field) && node.at(field) == value) return node;

@@ -1,5 +1,5 @@
-// The time at which the clock of a phone in a test starts. With the real time, two screens that a test compares would
-// show different times if a minute ended in between.
+// The time at which the clock of a test's phone starts. If the clock started at the real time, two screens that a test
+// compares could show different minutes.
 #pragma once
 
 namespace test {

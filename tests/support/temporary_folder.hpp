@@ -20,8 +20,8 @@ class TemporaryFolder {
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  // Removal is retried because a child process of the test can still create or remove files in the folder while it
-  // ends.
+  // Removes the folder. Retries, because a child process of the test can create or remove files in the folder while the
+  // process ends.
   ~TemporaryFolder() {
     constexpr int maxAttempts = 200;
     std::error_code error;

@@ -38,7 +38,7 @@ TEST_F(Animation, ModelValueChangesAtOnceAndTheShownValueFollows) {
 TEST_F(Animation, FollowsTheEaseInEaseOutCurve) {
   UIView::animate(1, objc::block([this] { view->setFrame({{100, 0}, {100, 100}}); }));
   foundation::stepClock(0.25);
-  // The value of the cubic Bézier curve (0.42, 0, 0.58, 1) at a quarter of its duration.
+  // 100 points times the value of the cubic Bézier curve (0.42, 0, 0.58, 1) at a quarter of its duration.
   EXPECT_NEAR(shownFrame(view).origin.x, 12.9162, 1e-3);
   foundation::stepClock(0.5);
   EXPECT_NEAR(shownFrame(view).origin.x, 87.0838, 1e-3);
@@ -167,7 +167,7 @@ TEST_F(Animation, LayoutInsideTheBlockAnimatesConstraintChanges) {
   EXPECT_EQ(shownFrame(banner).origin.y, 10);
 }
 
-// Otherwise, the animation of another view would include this view, and would be interrupted by its removal.
+// If the view that was added in an earlier iteration were animated too, its removal would interrupt the animation.
 TEST_F(Animation, DoesNotAnimateChangesOfAnEarlierRunLoopIteration) {
   const auto added = addConstrainedView(window);
   added->topAnchor()->equalTo(window->topAnchor(), 40)->setActive(true);

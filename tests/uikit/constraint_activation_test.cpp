@@ -1,4 +1,5 @@
-// Activation and conflicts of constraints, their removal together with views, and the views that a layout pass visits.
+// Tests of the activation and conflicts of constraints, of their removal together with views, and of the views that a
+// layout pass visits.
 #include <functional>
 
 #include "tests/uikit/constraints_fixture.hpp"

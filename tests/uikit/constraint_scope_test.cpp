@@ -1,4 +1,4 @@
-// Scope of constraint solving: the contents of views with given frames are solved separately.
+// Tests of the scope of constraint solving: the constraints inside a view with a given frame are solved separately.
 #include "simulator/uikit/views/view_hierarchy.hpp"
 #include "tests/uikit/constraints_fixture.hpp"
 

@@ -1,4 +1,4 @@
-// Fixture for tests of constraints: a root view of 400 by 300 points, and functions for common constraints.
+// A fixture for tests of constraints, with a root view of 400 by 300 points and functions for common constraints.
 #pragma once
 
 #include "simulator/uikit/layout/layout_constraint.hpp"

@@ -110,7 +110,7 @@ TEST_F(Controls, SendTouchUpOutsideIfTheFingerEndsFarAway) {
   EXPECT_EQ(takeLog(), Log{"sender UIControl"});
 }
 
-TEST_F(Controls, SendTouchCancelIfTheTouchIsCancelled) {
+TEST_F(Controls, SendTouchCancelIfTheTouchIsCanceled) {
   addAction(objc::selector<"plain">());
   addAction(objc::selector<"withSender:">(), uikit::touchCancel);
   touch(UITouchPhase::Began, {150, 120});

@@ -124,7 +124,7 @@ TEST_F(Damage, CoversALabelWhoseTextChanged) {
   window->addSubview(label);
   takeDamage();
   label->setText(string("two"));
-  // The margin is the font size, for glyphs that extend beyond their line.
+  // The margin around the label is the font size, because glyphs can extend beyond their line.
   EXPECT_EQ(takeDamage(), "83,83 134x54");
 }
 

@@ -97,7 +97,7 @@ TEST_F(KeyboardKeys, LettersMatchTheLanguage) {
   }
 }
 
-// Returns the letter itself if its script has no uppercase.
+// Returns the uppercase form of the letter. Returns the letter itself if its script has no uppercase letters.
 std::string uppercaseOf(const std::string& letter, const char* locale) {
   if (letter == "i" && std::string(locale).starts_with("tr")) return "İ";
   return text(objc::send<NSString*, "uppercaseString">(NSString::stringWithUTF8String(letter.c_str())));

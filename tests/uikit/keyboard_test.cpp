@@ -28,7 +28,7 @@ class Keyboard : public UIKitTest {
   }
   std::string shown() const { return text(field->text()); }
 
-  // The window of the keyboard; null while the keyboard is not on the screen.
+  // The window of the keyboard. Null while the keyboard is not on the screen.
   static UIWindow* keyboard() {
     const auto windows = uikit::visibleWindows();
     const auto found = std::ranges::find_if(windows, [](const UIWindow* each) {
@@ -190,7 +190,7 @@ TEST_F(Keyboard, FollowsTheLocale) {
   EXPECT_EQ(shown(), "Üzö");
 }
 
-TEST_F(Keyboard, ReturnsToTheLettersOfTheLocale) {
+TEST_F(Keyboard, ReturnsFromTheDigitsToTheLettersOfTheLocale) {
   uikit::Environment russian = uikit::environment();
   russian.locale = "ru_RU";
   uikit::setEnvironment(russian);

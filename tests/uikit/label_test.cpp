@@ -21,7 +21,7 @@ void countInvalidation(CountingLabel* self) {
 }
 
 constexpr const char* pangram = "The quick brown fox jumps over the lazy dog";
-// Line height of the system font at 15 points.
+// The line height of the system font at 15 points.
 constexpr double lineHeight = 18;
 
 class Labels : public UIKitTest {

@@ -14,7 +14,7 @@ class Touches : public UIKitTest {
     probe->setFrame({{100, 100}, {100, 100}});
     takeLog();
   }
-  // Leaves out the messages about layout and hierarchy, which the layout before a touch causes.
+  // Returns the log without the messages about layout and hierarchy, which the layout before each touch causes.
   static Log takeLog() {
     Log entries = UIKitTest::takeLog();
     std::erase_if(entries, [](const std::string& entry) {
@@ -132,7 +132,7 @@ TEST_F(Touches, PanBeginsAfterTenPointsAndIncludesThem) {
                             "pan 2 0,-20", "pan 3 0,-20"}));
 }
 
-TEST_F(Touches, PanIsCancelledWithItsTouch) {
+TEST_F(Touches, PanIsCanceledWithItsTouch) {
   addPan(probe);
   uikit::deliverTouch(UITouchPhase::Began, inside, 0);
   uikit::deliverTouch(UITouchPhase::Moved, {150, 190}, 0);

@@ -1,5 +1,5 @@
-// Fixture for tests of the view toolkit: a stepped clock, simulated touches, and views that log the messages they
-// receive.
+// A fixture for tests of the view toolkit, with a stepped clock, simulated touches, and views that log the messages
+// that they receive.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ class UIKitTest : public testing::Test {
   // Puts a finger down at `from`, moves it by `translation` in equal steps, and lifts it.
   static void drag(CGPoint from, CGPoint translation, int steps = 10);
   static void tap(CGPoint point);
-  // Returns the entries logged since the last call.
+  // Returns the entries that were logged since the last call.
   static Log takeLog();
   static void log(const std::string& entry);
   // Releases the autoreleased objects.
@@ -52,7 +52,7 @@ class ProbeView : public objc::Interface<"ProbeView", UIView> {
 };
 
 // A view that simulates wrapped text: each character is 10 points wide and each line 10 points high. The intrinsic size
-// is that of one line, or of the lines at the preferred width.
+// is the size of the text in one line, or of the text wrapped to the preferred width if there is one.
 class ParagraphView : public objc::Interface<"ParagraphView", UIView> {
  public:
   static objc::Ref<ParagraphView> withLength(int characters);

@@ -14,7 +14,7 @@ namespace test {
 using Json = nlohmann::ordered_json;
 
 inline NSString* string(const std::string& text) { return NSString::stringWithUTF8String(text.c_str()); }
-// "nil" for a null string.
+// The characters of the string; "nil" for a null string.
 inline std::string text(const NSString* string) { return string == nullptr ? "nil" : string->UTF8String(); }
 
 // The string "a" followed by an unpaired surrogate. It has no valid UTF-8 encoding.
@@ -27,8 +27,8 @@ Json describe(UIView* view);
 std::shared_ptr<const drawing::Image> solidImage(int width, int height, std::uint32_t pixel = 0xffff0000,
                                                  double scale = 1);
 
-// The smallest rectangle that contains all pixels of the screen, at scale 1, whose color is not `background`. Empty if
-// there are none.
+// Paints the screen at scale 1. Returns the smallest rectangle that contains all pixels whose color is not
+// `background`. Empty if there are no such pixels.
 CGRect inkBounds(std::uint32_t background);
 
 }  // namespace test

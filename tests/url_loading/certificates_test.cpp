@@ -1,4 +1,4 @@
-// TLS servers: which certificates the platform's classes accept.
+// Tests of loading from TLS servers: which certificates the platform's classes accept.
 #include <sys/wait.h>
 
 #include <csignal>
@@ -56,7 +56,7 @@ class SecureServer {
     output_ = fdopen(pipeEnds[0], "r");
     char line[256];
     while (port_.empty() && std::fgets(line, sizeof line, output_) != nullptr) readPort(line);
-    if (port_.empty()) throw std::runtime_error("the HTTPS server did not start");
+    if (port_.empty()) throw std::runtime_error("cannot start the HTTPS server");
   }
 
   // Reads the port from a line such as "ACCEPT 127.0.0.1:40123". Ignores other lines.

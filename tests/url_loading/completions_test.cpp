@@ -1,4 +1,4 @@
-// Completions of requests: on which thread they run, when, and how often.
+// Tests of completions of requests: on which thread they run, when, and how often.
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -37,7 +37,7 @@ TEST_F(Completions, OfASessionRunOnAnotherThread) {
              done.raise();
            }))
       ->resume();
-  // This wait blocks the main thread, so the completion can only run on another one.
+  // This wait blocks the main thread, so the completion can only run on another thread.
   ASSERT_TRUE(done.wait());
   EXPECT_FALSE(onMainThread);
   EXPECT_EQ(result.status, 200);
@@ -165,7 +165,7 @@ TEST_F(Completions, AreLoggedWithAddressAndStatus) {
                  {{"event", "http"}, {"url", "ftp://127.0.0.1/"}, {"status", nullptr}, {"error", -1002}}}));
 }
 
-// Returns for each thread but the main one how often it has woken up.
+// Returns how often each thread other than the main thread has woken up.
 std::map<std::string, long> wakeups() {
   std::map<std::string, long> counts;
   for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
@@ -180,7 +180,7 @@ std::map<std::string, long> wakeups() {
 TEST_F(Completions, LeaveAllThreadsIdle) {
   server.answer("/", {.body = "x"});
   load(server.address("/"));
-  // On a busy machine the threads can take a while to become idle.
+  // Retries, because the threads need some time to become idle on a busy machine.
   bool isIdle = false;
   for (int attempt = 0; attempt < 50 && !isIdle; ++attempt) {
     const std::map<std::string, long> before = wakeups();

@@ -1,4 +1,4 @@
-// Compressed bodies of responses.
+// Tests of responses with a compressed body.
 #include <zlib.h>
 
 #include "tests/url_loading/url_loading_test.hpp"

@@ -44,7 +44,7 @@ class RawServer {
       char request[4096];
       if (recv(client, request, sizeof request, 0) > 0) send(client, bytes_.data(), bytes_.size(), MSG_NOSIGNAL);
       if (afterBytes_ == AfterBytes::Close) shutdown(client, SHUT_WR);
-      // Closing before the client has read everything could discard bytes, so wait until the client disconnects.
+      // Waits until the client disconnects, because an earlier close could discard bytes that the client has not read.
       while (recv(client, request, sizeof request, 0) > 0) {
       }
       close(client);

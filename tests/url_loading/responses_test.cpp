@@ -1,4 +1,4 @@
-// Responses of servers, and the result or the error that each gives to a completion.
+// Tests of the responses of servers, and of the result or the error that a completion receives for each response.
 #include <fstream>
 #include <nlohmann/json.hpp>
 

@@ -1,4 +1,4 @@
-// Test fixture that loads URLs with the platform's classes and waits for the result in real time.
+// A test fixture that loads URLs with the platform's classes and waits for the result in real time.
 #pragma once
 
 #include <condition_variable>
@@ -20,7 +20,8 @@ namespace test {
 
 using url_loading::UrlError;
 
-// Longer than any load takes in a test. A load that never completes fails its test after this time.
+// The time limit of each wait. It is longer than any load takes in a test, so only a load that never completes reaches
+// it.
 inline constexpr double maxWaitSeconds = 60;
 
 // The arguments of a completion. A member is nullopt if the argument was nil.
@@ -71,7 +72,7 @@ class UrlLoadingTest : public RuntimeTest {
  public:
   static void SetUpTestSuite() { url_loading::registerClasses(); }
 
-  // Returns an autoreleased request. It times out after that many seconds without data.
+  // Returns an autoreleased request. It times out if no data arrives for `idleSeconds`.
   static NSURLRequest* request(const std::string& address, double idleSeconds = maxWaitSeconds) {
     auto* const request = objc::send<NSURLRequest*, "requestWithURL:">(objc::lookUpClass<"NSMutableURLRequest">(),
                                                                        NSURL::withString(base::stringOf(address)));
@@ -93,7 +94,7 @@ class UrlLoadingTest : public RuntimeTest {
     return load(request(address, idleSeconds));
   }
 
-  // Lets the server give the response, and loads it.
+  // Sets the response of the server, and loads it.
   LoadResult loadResponse(const Response& response) {
     server.answer("/", response);
     return load(server.address("/"));
