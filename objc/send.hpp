@@ -72,6 +72,20 @@ Result send(const void* receiver, Arguments... arguments) {
   }
 }
 
+// Returns whether the objects of the class have the method. Returns false for null.
+template <FixedString name>
+bool hasMethod(Class examined) {
+  return examined != nullptr && class_getInstanceMethod(examined, selector<name>()) != nullptr;
+}
+
+// Sends a message that is not part of the platform's public interface, so a system version can lack it. If the receiver
+// does not respond to it, does nothing and returns a zero of the result type, as for nil.
+template <class Result, FixedString name, class... Arguments>
+Result sendIfAvailable(const void* receiver, Arguments... arguments) {
+  const bool isAvailable = send<bool, "respondsToSelector:">(receiver, selector<name>());
+  return send<Result, name>(isAvailable ? receiver : nullptr, arguments...);
+}
+
 // Sends the message to super, as a method of the class named `className` would. The receiver must not be nil.
 template <FixedString className, class Result, FixedString name, class... Arguments>
 Result sendSuper(const void* receiver, Arguments... arguments) {

@@ -10,6 +10,6 @@ class CALayer : public objc::Interface<"CALayer", NSObject> {
   CGColorRef backgroundColor() const { return objc::send<CGColorRef, "backgroundColor">(this); }
   void setCornerRadius(CGFloat radius) { objc::send<void, "setCornerRadius:">(this, radius); }
   CGFloat cornerRadius() const { return objc::send<CGFloat, "cornerRadius">(this); }
-  void setContinuousCorners(bool continuous) { objc::send<void, "setContinuousCorners:">(this, continuous); }
-  bool continuousCorners() const { return objc::send<bool, "continuousCorners">(this); }
+  void setContinuousCorners(bool continuous) { objc::sendIfAvailable<void, "setContinuousCorners:">(this, continuous); }
+  bool continuousCorners() const { return objc::sendIfAvailable<bool, "continuousCorners">(this); }
 };

@@ -19,13 +19,15 @@ class NCNotificationOptions : public objc::Interface<"NCNotificationOptions", NS
 class NCNotificationRequest : public objc::Interface<"NCNotificationRequest", NSObject> {
  public:
   NSString* sectionIdentifier() const { return objc::send<NSString*, "sectionIdentifier">(this); }
-  NSString* threadIdentifier() const { return objc::send<NSString*, "threadIdentifier">(this); }
+  NSString* threadIdentifier() const { return objc::sendIfAvailable<NSString*, "threadIdentifier">(this); }
   NCNotificationAction* clearAction() const { return objc::send<NCNotificationAction*, "clearAction">(this); }
-  NCNotificationAction* silenceAction() const { return objc::send<NCNotificationAction*, "silenceAction">(this); }
+  NCNotificationAction* silenceAction() const {
+    return objc::sendIfAvailable<NCNotificationAction*, "silenceAction">(this);
+  }
   NCNotificationAction* closeAction() const { return objc::send<NCNotificationAction*, "closeAction">(this); }
   // The actions that the application adds, in groups. Each value of the dictionary is an array of NCNotificationAction
   // objects.
   NSDictionary* supplementaryActions() const { return objc::send<NSDictionary*, "supplementaryActions">(this); }
   NCNotificationOptions* options() const { return objc::send<NCNotificationOptions*, "options">(this); }
-  UNNotification* userNotification() const { return objc::send<UNNotification*, "userNotification">(this); }
+  UNNotification* userNotification() const { return objc::sendIfAvailable<UNNotification*, "userNotification">(this); }
 };

@@ -10,9 +10,9 @@ class NCNotificationShortLookView : public objc::Interface<"NCNotificationShortL
   NSString* primaryText() const { return objc::send<NSString*, "primaryText">(this); }
   NSString* primarySubtitleText() const { return objc::send<NSString*, "primarySubtitleText">(this); }
   NSString* secondaryText() const { return objc::send<NSString*, "secondaryText">(this); }
-  NSString* summaryText() const { return objc::send<NSString*, "summaryText">(this); }
+  NSString* summaryText() const { return objc::sendIfAvailable<NSString*, "summaryText">(this); }
   // The icons as UIImage objects.
-  NSArray* icons() const { return objc::send<NSArray*, "icons">(this); }
+  NSArray* icons() const { return objc::sendIfAvailable<NSArray*, "icons">(this); }
 };
 
 // The superview of the content view. Before system version 12.0, the class is named _NCNotificationViewControllerView.

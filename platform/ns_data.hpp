@@ -12,8 +12,8 @@ class NSData : public objc::Interface<"NSData", NSObject> {
   // The pointer is valid as long as the object exists.
   const void* bytes() const { return objc::send<const void*, "bytes">(this); }
   NSUInteger length() const { return objc::send<NSUInteger, "length">(this); }
-  // The MD5 digest of the bytes, as 32 lower-case hexadecimal digits.
-  NSString* md5() const { return objc::send<NSString*, "ic_md5">(this); }
+  // The MD5 digest of the bytes, as 32 lower-case hexadecimal digits. nil if the platform lacks this method.
+  NSString* md5() const { return objc::sendIfAvailable<NSString*, "ic_md5">(this); }
 };
 
 class NSMutableData : public objc::Interface<"NSMutableData", NSData> {

@@ -8,8 +8,8 @@ class UIImage : public objc::Interface<"UIImage", NSObject> {
  public:
   // The icon of the application in one of the platform's numbered formats; nil if there is none.
   static UIImage* applicationIcon(NSString* bundleIdentifier, int format) {
-    return objc::send<UIImage*, "_applicationIconImageForBundleIdentifier:format:">(classObject(), bundleIdentifier,
-                                                                                    format);
+    return objc::sendIfAvailable<UIImage*, "_applicationIconImageForBundleIdentifier:format:">(
+        classObject(), bundleIdentifier, format);
   }
   // Returns nil if there is no image file at the path or the path is nil. On a screen with a scale of 2, "name@2x.png"
   // takes precedence over "name.png".

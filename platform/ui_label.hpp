@@ -20,5 +20,5 @@ class UILabel : public objc::Interface<"UILabel", UIView> {
   // The maximum number of lines; 0 means no limit.
   void setNumberOfLines(NSInteger lines) { objc::send<void, "setNumberOfLines:">(this, lines); }
   // The number of lines of the text at the label's width, at most the maximum number of lines; 0 if there is no text.
-  NSUInteger measuredNumberOfLines() const { return objc::send<NSUInteger, "_measuredNumberOfLines">(this); }
+  NSUInteger measuredNumberOfLines() const { return objc::sendIfAvailable<NSUInteger, "_measuredNumberOfLines">(this); }
 };

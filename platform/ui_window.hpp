@@ -17,6 +17,6 @@ class UIApplication : public objc::Interface<"UIApplication", UIResponder> {
   // Launches or resumes the application. If `suspended` is true, the application stays in the background. Returns
   // whether the application could be launched.
   bool launchApplication(NSString* bundleIdentifier, bool suspended) {
-    return objc::send<bool, "launchApplicationWithIdentifier:suspended:">(this, bundleIdentifier, suspended);
+    return objc::sendIfAvailable<bool, "launchApplicationWithIdentifier:suspended:">(this, bundleIdentifier, suspended);
   }
 };

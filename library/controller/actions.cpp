@@ -3,6 +3,7 @@
 #include "library/applications/supported_applications.hpp"
 #include "library/controller/haptic.hpp"
 #include "platform/dispatch.hpp"
+#include "platform/ui_window.hpp"
 
 namespace {
 
@@ -18,12 +19,18 @@ void execute(NotificationController* self, NCNotificationAction* action) {
   execute(self, action, NSDictionary::dictionary());
 }
 
+// Returns true if the platform has no method to find it out.
+bool canPresent(NCNotificationRequest* request) {
+  using Container = NCNotificationContentContainerViewController;
+  static const bool isKnown = objc::hasMethod<"initWithNotificationRequest:">(Container::classObject());
+  return !isKnown || Container::withRequest(request) != nullptr;
+}
+
 // Returns the actions that the application adds, in groups. Returns nil if the platform cannot present the request.
 NSDictionary* applicationActions(BannerController* self) {
   NCNotificationRequest* request = self->notificationRequest();
   if (request == nullptr) return nullptr;
-  const auto shown = NCNotificationContentContainerViewController::withRequest(request);
-  return shown == nullptr ? nullptr : request->supplementaryActions();
+  return canPresent(request) ? request->supplementaryActions() : nullptr;
 }
 
 // Returns nil if the action has no identifier.
@@ -71,12 +78,16 @@ bool isFromApplication(BannerController* self, NSString* application) {
   return section != nullptr && section->isEqualToString(application);
 }
 
+// Whether the banner window becomes the key window for a reply. If the platform's method is missing, it is not hooked.
+bool canUseKeyboard() {
+  return objc::hasMethod<"_canBecomeKeyWindow">(objc::lookUpClass<"SBNotificationBannerWindow">());
+}
+
 }  // namespace
 
 NSArray* getAlarmActions(BannerController* self) {
   NCNotificationRequest* request = self->notificationRequest();
-  if (request == nullptr || NCNotificationContentContainerViewController::withRequest(request) == nullptr)
-    return nullptr;
+  if (request == nullptr || !canPresent(request)) return nullptr;
   NSMutableArray* actions = NSMutableArray::array();
   NCNotificationAction* snooze = firstActionInGroups(request->supplementaryActions(), &snoozeIn);
   if (snooze != nullptr) actions->addObject(snooze);
@@ -89,8 +100,10 @@ bool isAlarm(BannerController* self) { return isFromApplication(self, clockIdent
 NSString* getBundleId(BannerController* self) { return self->notificationRequest()->sectionIdentifier(); }
 
 bool canReply(BannerController* self) {
-  if (self->notificationRequest() == nullptr) return false;
-  return self->getReplyAction() != nullptr || isFromApplication(self, messagesIdentifier());
+  if (self->notificationRequest() == nullptr || !canUseKeyboard()) return false;
+  if (self->getReplyAction() != nullptr) return true;
+  return isFromApplication(self, messagesIdentifier()) &&
+         respondsTo<"launchApplicationWithIdentifier:suspended:">(UIApplication::sharedApplication());
 }
 
 NCNotificationAction* getReplyAction(BannerController* self) {

@@ -1,5 +1,7 @@
 #include "library/controller/application_icon.hpp"
 
+#include "library/utilities/ns_string_md5.hpp"
+
 namespace {
 
 // The platform's numbers of the icon formats, in order of preference.
@@ -9,7 +11,7 @@ constexpr CGFloat placeholderQuality = 100;
 NSString* placeholderDigest() { return "543507683f16c45f72e8acbaa3827cbc"_ns; }
 
 bool isPlaceholder(UIImage* icon) {
-  return UIImageJPEGRepresentation(icon, placeholderQuality)->md5()->isEqualToString(placeholderDigest());
+  return md5Of(UIImageJPEGRepresentation(icon, placeholderQuality))->isEqualToString(placeholderDigest());
 }
 
 }  // namespace

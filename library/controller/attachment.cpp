@@ -31,11 +31,12 @@ void removeRecognizers(UIView* view, NSArray* recognizers) {
       view->removeGestureRecognizer(recognizer);
 }
 
-// Returns the recognizers that the view stores in its instance variable, or nil if its class has no such variable.
+// Returns the recognizers that the view stores in its instance variable. If its class has no such variable, returns the
+// recognizers that the view reports.
 NSArray* recognizersInside(UIView* view) {
   const id object = objc::detail::toId(view);
   const Ivar variable = class_getInstanceVariable(object_getClass(object), "_gestureRecognizers");
-  return variable == nullptr ? nullptr : objc::as<NSArray>(object_getIvar(object, variable));
+  return variable == nullptr ? view->gestureRecognizers() : objc::as<NSArray>(object_getIvar(object, variable));
 }
 
 void addRecognizers(BannerController* controller, BrimContainer* banner) {

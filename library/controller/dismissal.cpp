@@ -189,13 +189,17 @@ void dismissViewController(objc::Original<void(BannerController*, NSInteger, obj
   }
   if (transition != libraryTransition) return;
   const objc::Ref<BannerController> controller = objc::retain(self);
-  const auto onCompletion = objc::block([controller](bool finished) {
-    controller->setHasDismissed(finished);
-    if (finished) {
+  // Some systems call the completion without an argument. The parameter then has a random value, which counts as true
+  // only if it is exactly 1. A dismissal that is taken for unfinished can be requested again; a banner whose dismissal
+  // is wrongly taken for finished would stay forever.
+  const auto onCompletion = objc::block([controller](unsigned char finished) {
+    const bool isDismissed = finished == 1;
+    controller->setHasDismissed(isDismissed);
+    if (isDismissed) {
       cleanUpAfterPlatformDismissal(controller);
     } else {
       controller->setIsDismissing(false);
     }
   });
-  original(self, platformTransition, onCompletion);
+  original(self, platformTransition, reinterpret_cast<objc::Block<void(bool)>*>(onCompletion.get()));
 }

@@ -14,9 +14,13 @@ constexpr SystemSoundID plainVibration = 4095;
 // vibrates.
 constexpr NSInteger hapticEngine = 2;
 constexpr NSInteger tapticEngine = 1;
+constexpr NSInteger noEngine = 0;
 
 NSInteger feedbackSupportLevel() {
-  return objc::as<NSNumber>(UIDevice::currentDevice()->valueForKey("_feedbackSupportLevel"_ns))->integerValue();
+  UIDevice* const device = UIDevice::currentDevice();
+  // Without this check, valueForKey would raise an exception on a system that lacks the property.
+  if (!respondsTo<"_feedbackSupportLevel">(device)) return noEngine;
+  return objc::as<NSNumber>(device->valueForKey("_feedbackSupportLevel"_ns))->integerValue();
 }
 
 void vibrateAt(NSInteger level) {

@@ -26,12 +26,11 @@ objc::HookFunction* hookFunctionIn(void* library) {
 
 }  // namespace
 
-bool loadPreferences() {
+void loadPreferences() {
   for (const char* framework : preferencesFrameworks) {
-    if (HBPreferences::classObject() != nullptr) return true;
+    if (HBPreferences::classObject() != nullptr) return;
     dlopen(framework, RTLD_LAZY);
   }
-  return HBPreferences::classObject() != nullptr;
 }
 
 objc::HookFunction* findHookFunction() {

@@ -4,9 +4,8 @@
 
 #include "objc/hook.hpp"
 
-// Loads the preferences framework, unless the process has its class HBPreferences. Returns whether the process has the
-// class.
-bool loadPreferences();
+// Loads the preferences framework, unless the process has its class HBPreferences.
+void loadPreferences();
 
 // The loader's function that replaces methods. Null if the process has no loader and none is installed.
 objc::HookFunction* findHookFunction();

@@ -4,6 +4,7 @@
 #include "library/settings/settings.hpp"
 #include "library/startup/hook_table.hpp"
 #include "library/startup/injected_environment.hpp"
+#include "library/startup/private_interfaces.hpp"
 #include "library/utilities/diagnostic_log.hpp"
 #include "library/utilities/ns_string_md5.hpp"
 #include "library/utilities/parent_view_controller.hpp"
@@ -24,12 +25,18 @@ bool registerClasses() {
          registerPhotoProviders();
 }
 
+// Returns whether an interface is missing.
+bool logMissingInterface(Requirement requirement) {
+  NSString* const missing = missingInterface(requirement);
+  if (missing == nullptr) return false;
+  NSLog("Brim is inactive: this system does not have "_ns->stringByAppendingString(missing));
+  return true;
+}
+
 [[gnu::constructor]] void start() {
   const objc::AutoreleasePool pool;
-  if (!loadPreferences()) {
-    NSLog("Brim is inactive: no installed framework has the class HBPreferences."_ns);
-    return;
-  }
+  loadPreferences();
+  if (logMissingInterface(Requirement::Start)) return;
   settings::registerAll();
   if (!settings::enabled) return;
   diagnosticLog("-- Brim enabled --");
@@ -38,6 +45,7 @@ bool registerClasses() {
     NSLog("Brim is inactive: no code-injection loader has the function MSHookMessageEx."_ns);
     return;
   }
+  if (logMissingInterface(Requirement::Banner)) return;
   if (!registerClasses()) {
     NSLog("Brim is inactive: the runtime did not register a class of the library."_ns);
     return;

@@ -5,21 +5,25 @@
 
 namespace {
 
-// The digits are upper case, because callers compare digests case-sensitively.
-constexpr char hexadecimalDigits[] = "0123456789ABCDEF";
+// Callers compare digests case-sensitively.
+constexpr char upperCaseDigits[] = "0123456789ABCDEF";
+constexpr char lowerCaseDigits[] = "0123456789abcdef";
 
-// Returns the digest of the string's UTF-8 bytes before the first zero byte.
-NSString* MD5String(NSString* self) {
-  const char* text = self->UTF8String();
-  if (text == nullptr) return nullptr;
+NSString* digestOf(const void* bytes, NSUInteger length, const char* hexadecimalDigits) {
   unsigned char digest[CC_MD5_DIGEST_LENGTH];
-  CC_MD5(text, static_cast<std::uint32_t>(__builtin_strlen(text)), digest);
+  CC_MD5(bytes, static_cast<std::uint32_t>(length), digest);
   char written[CC_MD5_DIGEST_LENGTH * 2 + 1] = {};
   for (std::size_t index = 0; index < CC_MD5_DIGEST_LENGTH; ++index) {
     written[index * 2] = hexadecimalDigits[digest[index] >> 4];
     written[index * 2 + 1] = hexadecimalDigits[digest[index] & 0xf];
   }
   return NSString::stringWithUTF8String(written);
+}
+
+// Returns the digest of the string's UTF-8 bytes before the first zero byte.
+NSString* MD5String(NSString* self) {
+  const char* text = self->UTF8String();
+  return text == nullptr ? nullptr : digestOf(text, __builtin_strlen(text), upperCaseDigits);
 }
 
 NSMutableString* randomString(Class, int length) {
@@ -37,5 +41,10 @@ constexpr objc::MethodEntry methods[] = {
 };
 
 }  // namespace
+
+NSString* md5Of(NSData* data) {
+  if (data == nullptr || respondsTo<"ic_md5">(data)) return data->md5();
+  return digestOf(data->bytes(), data->length(), lowerCaseDigits);
+}
 
 void registerStringUtilities() { objc::addCategory(NSString::classObject(), methods); }

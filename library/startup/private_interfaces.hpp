@@ -1,0 +1,16 @@
+// The private interfaces of the platform that a banner requires. A system version can lack them. Main thread.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/ns_string.hpp"
+
+enum class InterfaceKind : std::uint8_t { Class, InstanceMethod, ClassMethod, InstanceVariable, Symbol };
+
+// When the library checks that the platform has an interface. Without a required interface the library stays inactive.
+// An optional interface is checked where it is used.
+enum class Requirement : std::uint8_t { None, Start, Banner };
+
+// Returns the description of the first required interface that this process lacks, such as "-[NSData ic_md5]". Returns
+// nil if there is none. Requirement::Banner applies to the home screen only; in other processes the result is nil.
+NSString* missingInterface(Requirement requirement);

@@ -1,0 +1,171 @@
+// This program defines functions of the runtime and of the C library that the library calls. The dynamic linker
+// resolves the calls to these definitions, which recognize the library by the address of the caller.
+#include "tests/private_interfaces/withheld.hpp"
+
+#include <dlfcn.h>
+#include <link.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#include "objc/runtime.hpp"
+
+namespace test {
+
+namespace {
+
+const PrivateInterface* withheld;
+const char* refusedClass;
+std::vector<std::string> unrecognized;
+
+struct Range {
+  std::uintptr_t begin;
+  std::uintptr_t end;
+  bool isLibrary;
+};
+
+// The loaded objects that were recognized before. The library can also be in memory that the dynamic linker does not
+// know, because another loader has mapped it.
+std::vector<Range>& knownRanges() {
+  static std::vector<Range> ranges;
+  return ranges;
+}
+
+int addRange(dl_phdr_info* object, std::size_t, void* address) {
+  const auto wanted = reinterpret_cast<std::uintptr_t>(address);
+  for (int index = 0; index < object->dlpi_phnum; ++index) {
+    const auto& segment = object->dlpi_phdr[index];
+    const std::uintptr_t begin = object->dlpi_addr + segment.p_vaddr;
+    if (segment.p_type != PT_LOAD || wanted < begin || wanted >= begin + segment.p_memsz) continue;
+    knownRanges().push_back({begin, begin + segment.p_memsz, std::strstr(object->dlpi_name, "libBrim.so") != nullptr});
+    return 1;
+  }
+  return 0;
+}
+
+bool isLibrary(void* caller) {
+  const auto address = reinterpret_cast<std::uintptr_t>(caller);
+  for (const Range& range : knownRanges())
+    if (address >= range.begin && address < range.end) return range.isLibrary;
+  return dl_iterate_phdr(&addRange, caller) == 0 || knownRanges().back().isLibrary;
+}
+
+bool isWithheld(void* caller, InterfaceKind kind, std::string_view name) {
+  return withheld != nullptr && withheld->kind == kind && name == withheld->name && isLibrary(caller);
+}
+
+bool isClassWithheld(void* caller, const char* name) {
+  return withheld != nullptr && withheld->kind == InterfaceKind::Class && std::strcmp(name, withheld->className) == 0 &&
+         isLibrary(caller);
+}
+
+// `examined` is the class of the receiver; for a class method, it is a metaclass.
+bool isMethodWithheld(Class examined, SEL selector) {
+  if (withheld == nullptr || std::strcmp(sel_getName(selector), withheld->name) != 0) return false;
+  const bool isClassMethod = withheld->kind == InterfaceKind::ClassMethod;
+  if (!isClassMethod && withheld->kind != InterfaceKind::InstanceMethod) return false;
+  for (Class each = examined; each != nullptr; each = class_getSuperclass(each))
+    if (std::strcmp(class_getName(each), withheld->className) == 0 && (class_isMetaClass(each) != 0) == isClassMethod)
+      return true;
+  return false;
+}
+
+// The definition that this program's definition replaces.
+template <class Function>
+Function* next(const char* name) {
+  // This program also replaces dlsym.
+  static const auto lookUp = reinterpret_cast<void* (*)(void*, const char*)>(dlvsym(RTLD_NEXT, "dlsym", "GLIBC_2.34"));
+  return reinterpret_cast<Function*>(lookUp(RTLD_NEXT, name));
+}
+
+id doNothing(id, SEL) { return nullptr; }
+
+BOOL respondsToSelector(id receiver, SEL selector, SEL examined) {
+  if (isMethodWithheld(object_getClass(receiver), examined)) return 0;
+  return reinterpret_cast<BOOL (*)(id, SEL, SEL)>(class_getMethodImplementation(object_getClass(receiver), selector))(
+      receiver, selector, examined);
+}
+
+}  // namespace
+
+const std::vector<PrivateInterface>& privateInterfaces() {
+  static const std::vector<PrivateInterface> rows = {
+#define BRIM_PRIVATE_INTERFACE(kind, className, name, since, until, requirement, effect) \
+  {InterfaceKind::kind, className, name, since, until, Requirement::requirement, effect},
+#include "library/startup/private_interface_list.hpp"
+  };
+  return rows;
+}
+
+std::string descriptionOf(const PrivateInterface& interface) {
+  const std::string owner = interface.className;
+  switch (interface.kind) {
+    case InterfaceKind::Class:
+      return owner;
+    case InterfaceKind::InstanceMethod:
+      return "-[" + owner + " " + interface.name + "]";
+    case InterfaceKind::ClassMethod:
+      return "+[" + owner + " " + interface.name + "]";
+    case InterfaceKind::InstanceVariable:
+      return owner + "." + interface.name;
+    case InterfaceKind::Symbol:
+      return interface.name;
+  }
+  return "";
+}
+
+void withhold(const PrivateInterface& interface) { withheld = &interface; }
+
+void refuseToDefine(const char* className) { refusedClass = className; }
+
+const std::vector<std::string>& unrecognizedSelectors() { return unrecognized; }
+
+}  // namespace test
+
+extern "C" {
+
+using test::InterfaceKind;
+
+IMP objc_msg_lookup(id receiver, SEL selector) {
+  static auto* const original = test::next<IMP(id, SEL)>("objc_msg_lookup");
+  if (test::withheld == nullptr || receiver == nullptr || !test::isLibrary(__builtin_return_address(0)))
+    return original(receiver, selector);
+  if (std::strcmp(sel_getName(selector), "respondsToSelector:") == 0)
+    return reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(&test::respondsToSelector));
+  if (!test::isMethodWithheld(object_getClass(receiver), selector)) return original(receiver, selector);
+  test::unrecognized.push_back(sel_getName(selector));
+  return reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(&test::doNothing));
+}
+
+Method class_getInstanceMethod(Class examined, SEL selector) {
+  static auto* const original = test::next<Method(Class, SEL)>("class_getInstanceMethod");
+  if (test::isMethodWithheld(examined, selector) && test::isLibrary(__builtin_return_address(0))) return nullptr;
+  return original(examined, selector);
+}
+
+id objc_getClass(const char* name) {
+  static auto* const original = test::next<id(const char*)>("objc_getClass");
+  return test::isClassWithheld(__builtin_return_address(0), name) ? nullptr : original(name);
+}
+
+Ivar class_getInstanceVariable(Class examined, const char* name) {
+  static auto* const original = test::next<Ivar(Class, const char*)>("class_getInstanceVariable");
+  if (test::isWithheld(__builtin_return_address(0), InterfaceKind::InstanceVariable, name)) return nullptr;
+  return original(examined, name);
+}
+
+Class objc_allocateClassPair(Class superclass, const char* name, std::size_t extraBytes) {
+  static auto* const original = test::next<Class(Class, const char*, std::size_t)>("objc_allocateClassPair");
+  if (test::refusedClass != nullptr && std::strcmp(name, test::refusedClass) == 0) return nullptr;
+  return original(superclass, name, extraBytes);
+}
+
+void* dlsym(void* library, const char* name) noexcept {
+  static auto* const original = test::next<void*(void*, const char*)>("dlsym");
+  if (test::isWithheld(__builtin_return_address(0), InterfaceKind::Symbol, name)) return nullptr;
+  return original(library, name);
+}
+
+}  // extern "C"

@@ -1,0 +1,38 @@
+// Withholds an interface of the platform from the library: to the library, the process does not have it. The simulator
+// itself still uses it. A test process withholds at most one interface, before it starts the phone. Main thread.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "library/startup/private_interfaces.hpp"
+
+namespace test {
+
+struct PrivateInterface {
+  InterfaceKind kind;
+  const char* className;
+  const char* name;
+  const char* since;
+  const char* until;
+  Requirement requirement;
+  const char* effect;
+};
+
+// Every row of the library's list.
+const std::vector<PrivateInterface>& privateInterfaces();
+
+// Such as "-[NSData ic_md5]".
+std::string descriptionOf(const PrivateInterface& interface);
+
+// The interface must exist until the process ends.
+void withhold(const PrivateInterface& interface);
+
+// Makes the runtime refuse to define the class with this name.
+void refuseToDefine(const char* className);
+
+// The messages that the library has sent although the receiver does not respond to them. On a phone, each of them ends
+// the process.
+const std::vector<std::string>& unrecognizedSelectors();
+
+}  // namespace test
