@@ -58,7 +58,7 @@ std::string textOf(const fs::path& path) {
 TEST(Package, DeclaresItsDependencies) {
   EXPECT_EQ(field("Package"), "com.marrowgate.brim");
   EXPECT_EQ(field("Architecture"), "iphoneos-arm");
-  EXPECT_EQ(field("Depends"), "firmware (>= 11.2), mobilesubstrate, ws.hbang.common");
+  EXPECT_EQ(field("Depends"), "firmware (>= 11.2), mobilesubstrate, preferenceloader, ws.hbang.common");
 }
 
 TEST(Package, ContainsTheBuiltLibrary) {
