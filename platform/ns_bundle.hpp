@@ -9,6 +9,10 @@ class NSBundle : public objc::Interface<"NSBundle", NSObject> {
   static NSBundle* bundleWithPath(NSString* path) {
     return objc::send<NSBundle*, "bundleWithPath:">(classObject(), path);
   }
+  // nil if the process has opened no bundle with this identifier.
+  static NSBundle* bundleWithIdentifier(NSString* identifier) {
+    return objc::send<NSBundle*, "bundleWithIdentifier:">(classObject(), identifier);
+  }
   // Returns `fallback` if the bundle has no string for the key.
   NSString* localizedString(NSString* key, NSString* fallback) const {
     return objc::send<NSString*, "localizedStringForKey:value:table:">(this, key, fallback,

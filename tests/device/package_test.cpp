@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* librariesFolder = "Library/MobileSubstrate/DynamicLibraries";
 constexpr const char* assetBundle = "Library/Application Support/Brim/Assets.bundle";
+constexpr const char* paneBundle = "Library/PreferenceBundles/BrimPreferences.bundle";
 
 std::string dpkgDeb(const std::string& arguments) {
   const device::CommandOutput output = device::outputOf("dpkg-deb " + arguments);
@@ -57,7 +58,7 @@ std::string textOf(const fs::path& path) {
 TEST(Package, DeclaresItsDependencies) {
   EXPECT_EQ(field("Package"), "com.marrowgate.brim");
   EXPECT_EQ(field("Architecture"), "iphoneos-arm");
-  EXPECT_EQ(field("Depends"), "firmware (>= 11.2), mobilesubstrate, ws.hbang.common");
+  EXPECT_EQ(field("Depends"), "firmware (>= 11.2), mobilesubstrate, preferenceloader, ws.hbang.common");
 }
 
 TEST(Package, ContainsTheBuiltLibrary) {
@@ -88,16 +89,34 @@ TEST(Package, ContainsTheAssetsAtTheLibrarysPath) {
   }
 }
 
+TEST(Package, ContainsTheSettingsPane) {
+  const Unpacked package;
+  const fs::path bundle = package.folder / paneBundle;
+  EXPECT_EQ(device::contentsOf(bundle / "BrimPreferences"),
+            device::contentsOf(device::builtPane() / "BrimPreferences"));
+  for (const char* file : {"Info.plist", "Root.plist", "icon@2x.png", "icon@3x.png"})
+    EXPECT_GT(fs::file_size(bundle / file), 500U) << file;
+  for (const char* language : {"en", "de", "fr", "es", "it", "pt-BR", "nl", "sv", "pl", "tr", "ru", "uk", "ja", "ko",
+                               "zh-Hans", "zh-Hant", "ar", "he", "iw"})
+    EXPECT_TRUE(fs::exists(bundle / (std::string(language) + ".lproj") / "Root.strings")) << language;
+}
+
+TEST(Package, AddsTheSettingsPaneToTheSettingsApplication) {
+  const Unpacked package;
+  EXPECT_EQ(device::contentsOf(package.folder / "Library/PreferenceLoader/Preferences/Brim.plist"),
+            device::contentsOf(device::sourceFolder() / "settings_pane/resources/Brim.plist"));
+}
+
 TEST(Package, FilesBelongToRootAndAreNotWritableByOthers) {
   std::istringstream lines(dpkgDeb("--contents " + device::builtPackage().string()));
   int entries = 0;
   for (std::string line; std::getline(lines, line); ++entries) {
     EXPECT_NE(line.find(" root/root "), std::string::npos) << line;
     const std::string mode = line.substr(0, 10);
-    const bool isExecutable = mode[0] == 'd' || line.ends_with("/Brim.dylib");
+    const bool isExecutable = mode[0] == 'd' || line.ends_with("/Brim.dylib") || line.ends_with("/BrimPreferences");
     EXPECT_EQ(mode.substr(1), isExecutable ? "rwxr-xr-x" : "rw-r--r--") << line;
   }
-  EXPECT_GT(entries, 60);
+  EXPECT_GT(entries, 100);
 }
 
 TEST(Package, IsReproducible) {

@@ -12,6 +12,7 @@
 
 #include "objc/runtime.hpp"
 #include "simulator/messages/messages_classes.hpp"
+#include "simulator/settings/list_controller.hpp"
 #include "tests/library/phone.hpp"
 
 namespace {
@@ -73,8 +74,10 @@ std::vector<std::string> cFunctions() {
 
 TEST(Bindings, SimulatorClassesImplementEveryMessage) {
   const test::Phone phone;
-  // Registers the classes of the Messages app too, because that process also loads the library.
+  // Registers the classes of the Messages app too, because that process also loads the library, and the classes of the
+  // Settings application, which loads the settings pane.
   messages::registerClasses();
+  settings_application::registerClasses();
   const std::vector<Binding> all = bindings();
   ASSERT_GT(all.size(), 150u);
   for (const Binding& binding : all) {

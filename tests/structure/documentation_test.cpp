@@ -14,6 +14,7 @@
 #include "simulator/messages/messages_options.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/options.hpp"
+#include "tests/support/markdown_table.hpp"
 
 namespace {
 
@@ -21,7 +22,9 @@ namespace fs = std::filesystem;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 using Names = std::set<std::string>;
-using Row = std::vector<std::string>;
+using Row = test::MarkdownRow;
+using test::markdownNames;
+using test::markdownTable;
 
 std::string contents(const fs::path& file) {
   std::ifstream stream(fs::path(SOURCE_FOLDER) / file);
@@ -29,48 +32,6 @@ std::string contents(const fs::path& file) {
   std::ostringstream text;
   text << stream.rdbuf();
   return text.str();
-}
-
-// The cells of a row of a Markdown table, without the spaces around them. An escaped "\|" does not end a cell.
-Row cellsOf(const std::string& line) {
-  Row cells;
-  std::string cell;
-  for (std::size_t index = 1; index < line.size(); ++index) {
-    if (line[index] != '|' || line[index - 1] == '\\') {
-      cell += line[index];
-      continue;
-    }
-    const std::size_t first = cell.find_first_not_of(' ');
-    cells.push_back(first == std::string::npos ? "" : cell.substr(first, cell.find_last_not_of(' ') - first + 1));
-    cell.clear();
-  }
-  return cells;
-}
-
-// The rows of the table that begins with this header line. The header is not included.
-std::vector<Row> table(const std::string& text, const std::string& header) {
-  std::vector<Row> rows;
-  std::istringstream lines(text);
-  bool isInside = false;
-  for (std::string line; std::getline(lines, line);) {
-    if (line.starts_with(header)) {
-      isInside = true;
-    } else if (!line.starts_with("|")) {
-      isInside = false;
-    } else if (isInside && !line.starts_with("|--")) {
-      rows.push_back(cellsOf(line));
-    }
-  }
-  return rows;
-}
-
-// The words in backquotes that have the form of a name.
-Names namesIn(const std::string& cell) {
-  static const std::regex name("`([A-Za-z0-9_]+)`");
-  Names names;
-  for (std::sregex_iterator match(cell.begin(), cell.end(), name), end; match != end; ++match)
-    names.insert((*match)[1]);
-  return names;
 }
 
 struct DocumentedSetting {
@@ -99,8 +60,8 @@ std::set<DocumentedSetting> settingsInCode() {
 TEST(SettingsDocument, ListsEachSettingWithItsTypeAndDefault) {
   std::set<DocumentedSetting> documented;
   const std::string text = contents("docs/settings.md");
-  for (const Row& row : table(text, "| Key | Type | Default |"))
-    EXPECT_TRUE(documented.insert({*namesIn(row[0]).begin(), row[1], row[2]}).second);
+  for (const Row& row : markdownTable(text, "| Key | Type | Default |"))
+    EXPECT_TRUE(documented.insert({*markdownNames(row[0]).begin(), row[1], row[2]}).second);
   EXPECT_THAT(documented, ElementsAreArray(settingsInCode()));
 }
 
@@ -114,8 +75,8 @@ std::vector<runner::Command> allCommands() {
 
 std::map<std::string, std::string> documentedFields() {
   std::map<std::string, std::string> fields;
-  for (const Row& row : table(contents("docs/script.md"), "| do | fields |"))
-    for (const std::string& name : namesIn(row[0])) fields[name] = row[1];
+  for (const Row& row : markdownTable(contents("docs/script.md"), "| do | fields |"))
+    for (const std::string& name : markdownNames(row[0])) fields[name] = row[1];
   return fields;
 }
 
@@ -131,7 +92,7 @@ TEST(ScriptDocument, ListsEachFieldOfEachCommand) {
   const auto documented = documentedFields();
   for (const runner::Command& command : allCommands())
     for (const runner::Field& field : command.fields)
-      EXPECT_TRUE(namesIn(documented.at(command.name)).contains(field.name)) << command.name << " " << field.name;
+      EXPECT_TRUE(markdownNames(documented.at(command.name)).contains(field.name)) << command.name << " " << field.name;
 }
 
 // Each name in the table must be the name of a field, or a value that a field accepts.
@@ -144,7 +105,7 @@ TEST(ScriptDocument, ListsNoFieldThatDoesNotExist) {
       std::istringstream words(std::regex_replace(field.type.description, std::regex("[^a-z]+"), " "));
       for (std::string word; words >> word;) known.insert(word);
     }
-    for (const std::string& name : namesIn(documented.at(command.name)))
+    for (const std::string& name : markdownNames(documented.at(command.name)))
       EXPECT_TRUE(known.contains(name)) << command.name << " " << name;
   }
 }
@@ -167,7 +128,8 @@ Names optionsOfHelp(const std::string& help) {
 
 TEST(ScriptDocument, ListsTheOptionsOfBothPrograms) {
   Names documented;
-  for (const Row& row : table(contents("docs/script.md"), "| option | meaning |")) documented.merge(optionsIn(row[0]));
+  for (const Row& row : markdownTable(contents("docs/script.md"), "| option | meaning |"))
+    documented.merge(optionsIn(row[0]));
   Names expected = optionsOfHelp(runner::helpText());
   expected.merge(optionsOfHelp(messages::messagesHelp()));
   EXPECT_THAT(documented, ElementsAreArray(expected));
@@ -187,7 +149,8 @@ Names recordedEvents() {
 
 TEST(ScriptDocument, ListsEachEventOfTheLog) {
   Names documented;
-  for (const Row& row : table(contents("docs/script.md"), "| event | fields |")) documented.merge(namesIn(row[0]));
+  for (const Row& row : markdownTable(contents("docs/script.md"), "| event | fields |"))
+    documented.merge(markdownNames(row[0]));
   EXPECT_THAT(documented, ElementsAreArray(recordedEvents()));
 }
 
