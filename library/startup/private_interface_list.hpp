@@ -17,14 +17,14 @@
 #define BRIM_OPTIONAL(kind, className, name, effect) BRIM_PRIVATE_INTERFACE(kind, className, name, "11.2", "", None, effect)
 
 // Preferences and code injection, from other packages.
-BRIM_START(Class, "HBPreferences", "")
+BRIM_START(PlatformClass, "HBPreferences", "")
 BRIM_START(InstanceMethod, "HBPreferences", "initWithIdentifier:")
 BRIM_START(InstanceMethod, "HBPreferences", "registerBool:default:forKey:")
 BRIM_START(InstanceMethod, "HBPreferences", "registerInteger:default:forKey:")
 BRIM_START(Symbol, "", "MSHookMessageEx")
 
 // A banner: its window, its controller, its texts and its actions.
-BRIM_BANNER(Class, "SBNotificationBannerWindow", "")
+BRIM_BANNER(PlatformClass, "SBNotificationBannerWindow", "")
 BRIM_PRIVATE_INTERFACE(InstanceMethod, "_NCNotificationViewControllerView", "contentView", "11.2", "12.0", Banner, "The system's banners appear; the library logs why.")
 BRIM_PRIVATE_INTERFACE(InstanceMethod, "NCNotificationViewControllerView", "contentView", "12.0", "", Banner, "The system's banners appear; the library logs why.")
 BRIM_BANNER(InstanceMethod, "NCNotificationShortLookViewController", "_handleTapOnView:")
@@ -62,19 +62,19 @@ BRIM_OPTIONAL(InstanceVariable, "UIView", "_gestureRecognizers", "None: the reco
 BRIM_OPTIONAL(InstanceMethod, "UIDevice", "_feedbackSupportLevel", "Feedback is the plain vibration.")
 
 // The windows and controllers around a banner.
-BRIM_OPTIONAL(Class, "UIStatusBarWindow", "", "None.")
+BRIM_OPTIONAL(PlatformClass, "UIStatusBarWindow", "", "None.")
 BRIM_OPTIONAL(InstanceMethod, "SBGrabberTongue", "dismissWithStyle:animated:", "The grabber does not dismiss a banner that must stay.")
 BRIM_OPTIONAL(InstanceMethod, "SpringBoard", "_handlePhysicalButtonEvent:", "The home button does not dismiss a banner that must stay.")
 BRIM_OPTIONAL(InstanceMethod, "SBLockScreenManager", "_activateLockScreenAnimated:animationProvider:automatically:inScreenOffMode:dimInAnimation:dismissNotificationCenter:completion:", "A banner that must stay is still on screen after the phone was locked.")
 
 // The test banner.
-BRIM_OPTIONAL(Class, "SBHomeScreenViewController", "", "The settings pane cannot show a test banner.")
-BRIM_OPTIONAL(Class, "NSDistributedNotificationCenter", "", "No test banner appears, and replies to Messages conversations are not sent.")
+BRIM_OPTIONAL(PlatformClass, "SBHomeScreenViewController", "", "The settings pane cannot show a test banner.")
+BRIM_OPTIONAL(PlatformClass, "NSDistributedNotificationCenter", "", "No test banner appears, and replies to Messages conversations are not sent.")
 BRIM_OPTIONAL(InstanceMethod, "BBServer", "initWithQueue:", "No test banner appears if the platform has no other initializer; the phone only vibrates.")
 BRIM_OPTIONAL(InstanceMethod, "BBServer", "initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:utilitiesListener:conduitListener:systemStateListener:settingsListener:", "No test banner appears if the platform has no other initializer; the phone only vibrates.")
 BRIM_OPTIONAL(InstanceMethod, "BBServer", "publishBulletin:destinations:", "No test banner appears; the phone only vibrates.")
 BRIM_OPTIONAL(Symbol, "", "__BBServerQueue", "No test banner appears; the phone only vibrates.")
-BRIM_OPTIONAL(Class, "BBBulletin", "", "The test banner is empty or does not appear.")
+BRIM_OPTIONAL(PlatformClass, "BBBulletin", "", "The test banner is empty or does not appear.")
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setTitle:", "The test banner lacks this value.")
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setMessage:", "The test banner lacks this value.")
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setSectionID:", "The test banner lacks this value.")
@@ -91,7 +91,7 @@ BRIM_OPTIONAL(ClassMethod, "BBAction", "actionWithLaunchBundleID:callblock:", "A
 
 // Replies to Messages conversations.
 BRIM_OPTIONAL(InstanceMethod, "UIApplication", "launchApplicationWithIdentifier:suspended:", "Messages banners have no Reply button, and conversations are not marked as read.")
-BRIM_OPTIONAL(Class, "CKConversationListController", "", "Replies and read receipts are not sent.")
+BRIM_OPTIONAL(PlatformClass, "CKConversationListController", "", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(ClassMethod, "CKConversationList", "sharedConversationList", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(InstanceMethod, "CKConversationList", "conversations", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(InstanceMethod, "CKConversation", "chat", "Replies and read receipts are not sent.")

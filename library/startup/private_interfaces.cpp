@@ -49,7 +49,7 @@ bool appliesToThisSystem(const Interface& interface) {
 bool exists(const Interface& interface) {
   Class owner = reinterpret_cast<Class>(objc_getClass(interface.className));
   switch (interface.kind) {
-    case InterfaceKind::Class:
+    case InterfaceKind::PlatformClass:
       return owner != nullptr;
     case InterfaceKind::InstanceMethod:
       return owner != nullptr && class_getInstanceMethod(owner, sel_registerName(interface.name)) != nullptr;
@@ -63,7 +63,7 @@ bool exists(const Interface& interface) {
 }
 
 NSString* description(const Interface& interface) {
-  if (interface.kind == InterfaceKind::Class) return text(interface.className);
+  if (interface.kind == InterfaceKind::PlatformClass) return text(interface.className);
   return "-["_ns->stringByAppendingString(text(interface.className))
       ->stringByAppendingString(" "_ns)
       ->stringByAppendingString(text(interface.name))

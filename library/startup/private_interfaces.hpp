@@ -5,7 +5,7 @@
 
 #include "platform/ns_string.hpp"
 
-enum class InterfaceKind : std::uint8_t { Class, InstanceMethod, ClassMethod, InstanceVariable, Symbol };
+enum class InterfaceKind : std::uint8_t { PlatformClass, InstanceMethod, ClassMethod, InstanceVariable, Symbol };
 
 // When the library checks that the platform has an interface. Without a required interface the library stays inactive.
 // An optional interface is checked where it is used.

@@ -57,8 +57,8 @@ bool isWithheld(void* caller, InterfaceKind kind, std::string_view name) {
 }
 
 bool isClassWithheld(void* caller, const char* name) {
-  return withheld != nullptr && withheld->kind == InterfaceKind::Class && std::strcmp(name, withheld->className) == 0 &&
-         isLibrary(caller);
+  return withheld != nullptr && withheld->kind == InterfaceKind::PlatformClass &&
+         std::strcmp(name, withheld->className) == 0 && isLibrary(caller);
 }
 
 // `examined` is the class of the receiver; for a class method, it is a metaclass.
@@ -84,8 +84,8 @@ id doNothing(id, SEL) { return nullptr; }
 
 BOOL respondsToSelector(id receiver, SEL selector, SEL examined) {
   if (isMethodWithheld(object_getClass(receiver), examined)) return 0;
-  return reinterpret_cast<BOOL (*)(id, SEL, SEL)>(class_getMethodImplementation(object_getClass(receiver), selector))(
-      receiver, selector, examined);
+  const IMP implementation = class_getMethodImplementation(object_getClass(receiver), selector);
+  return objc::fromImplementation<BOOL(id, SEL, SEL)>(implementation)(receiver, selector, examined);
 }
 
 }  // namespace
@@ -102,7 +102,7 @@ const std::vector<PrivateInterface>& privateInterfaces() {
 std::string descriptionOf(const PrivateInterface& interface) {
   const std::string owner = interface.className;
   switch (interface.kind) {
-    case InterfaceKind::Class:
+    case InterfaceKind::PlatformClass:
       return owner;
     case InterfaceKind::InstanceMethod:
       return "-[" + owner + " " + interface.name + "]";
@@ -126,17 +126,15 @@ const std::vector<std::string>& unrecognizedSelectors() { return unrecognized; }
 
 extern "C" {
 
-using test::InterfaceKind;
-
 IMP objc_msg_lookup(id receiver, SEL selector) {
   static auto* const original = test::next<IMP(id, SEL)>("objc_msg_lookup");
   if (test::withheld == nullptr || receiver == nullptr || !test::isLibrary(__builtin_return_address(0)))
     return original(receiver, selector);
   if (std::strcmp(sel_getName(selector), "respondsToSelector:") == 0)
-    return reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(&test::respondsToSelector));
+    return objc::toImplementation(&test::respondsToSelector);
   if (!test::isMethodWithheld(object_getClass(receiver), selector)) return original(receiver, selector);
   test::unrecognized.push_back(sel_getName(selector));
-  return reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(&test::doNothing));
+  return objc::toImplementation(&test::doNothing);
 }
 
 Method class_getInstanceMethod(Class examined, SEL selector) {
@@ -145,8 +143,8 @@ Method class_getInstanceMethod(Class examined, SEL selector) {
   return original(examined, selector);
 }
 
-id objc_getClass(const char* name) {
-  static auto* const original = test::next<id(const char*)>("objc_getClass");
+Class objc_getClass(const char* name) {
+  static auto* const original = test::next<Class(const char*)>("objc_getClass");
   return test::isClassWithheld(__builtin_return_address(0), name) ? nullptr : original(name);
 }
 
