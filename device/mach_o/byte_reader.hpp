@@ -34,14 +34,14 @@ class ByteReader {
       value |= static_cast<std::uint64_t>(byte & 0x7f) << shift;
       if ((byte & 0x80) == 0) return value;
     }
-    throw std::runtime_error("a number of more than 64 bits");
+    throw std::runtime_error("a number has more than 64 bits");
   }
 
   // Reads up to and including a zero byte.
   std::string text() {
     const auto rest = bytes.subspan(next);
     const auto* end = static_cast<const std::uint8_t*>(std::memchr(rest.data(), 0, rest.size()));
-    if (rest.empty() || end == nullptr) throw std::runtime_error("a text without an end");
+    if (rest.empty() || end == nullptr) throw std::runtime_error("a text has no end");
     const auto length = static_cast<std::size_t>(end - rest.data());
     const auto taken = take(length + 1);
     return {taken.begin(), taken.begin() + static_cast<std::ptrdiff_t>(length)};
@@ -66,7 +66,7 @@ class ByteReader {
 
 // Returns a part of the bytes. Throws std::runtime_error if it is outside the file.
 inline std::span<const std::uint8_t> part(std::span<const std::uint8_t> bytes, std::size_t offset, std::size_t size) {
-  if (offset > bytes.size() || size > bytes.size() - offset) throw std::runtime_error("a part lies outside the file");
+  if (offset > bytes.size() || size > bytes.size() - offset) throw std::runtime_error("a part is outside the file");
   return bytes.subspan(offset, size);
 }
 

@@ -1,8 +1,9 @@
-#include "tests/device/fixups.hpp"
+#include "device/mach_o/fixups.hpp"
 
+#include <set>
 #include <stdexcept>
 
-#include "tests/device/byte_reader.hpp"
+#include "device/mach_o/byte_reader.hpp"
 
 namespace device {
 
@@ -50,7 +51,18 @@ Instruction<Opcode> instruction(ByteReader& reader) {
 }
 
 void requirePointer(std::uint8_t kind) {
-  if (kind != pointerKind) throw std::runtime_error("a fixup that is no pointer");
+  if (kind != pointerKind) throw std::runtime_error("a fixup is not a pointer");
+}
+
+std::uint64_t startOfSegment(const MachFile& file, std::size_t number) {
+  if (number >= file.segments.size()) throw std::runtime_error("a fixup is in a segment that does not exist");
+  return file.segments[number].address;
+}
+
+void requirePlace(const MachFile& file, std::uint64_t address) {
+  const Segment& segment = file.segmentAt(address);
+  if (segment.size - (address - segment.address) < pointerSize)
+    throw std::runtime_error("a fixup is at the end of a segment");
 }
 
 class RebaseProgram {
@@ -74,7 +86,7 @@ class RebaseProgram {
         requirePointer(immediate);
         return true;
       case RebaseOpcode::SetSegmentAndOffset:
-        address = file.segments.at(immediate).address + reader.unsignedLeb128();
+        address = startOfSegment(file, immediate) + reader.unsignedLeb128();
         return true;
       case RebaseOpcode::AddAddress:
         address += reader.unsignedLeb128();
@@ -97,11 +109,12 @@ class RebaseProgram {
         return true;
       }
     }
-    throw std::runtime_error("an unknown rebase opcode");
+    throw std::runtime_error("a rebase opcode is unknown");
   }
 
   void rebase(std::uint64_t times, std::uint64_t skipped) {
     for (; times > 0; --times) {
+      requirePlace(file, address);
       found.push_back(address);
       address += pointerSize + skipped;
     }
@@ -145,7 +158,7 @@ class BindProgram {
         requirePointer(immediate);
         return true;
       case BindOpcode::SetSegmentAndOffset:
-        address = file.segments.at(immediate).address + reader.unsignedLeb128();
+        address = startOfSegment(file, immediate) + reader.unsignedLeb128();
         return true;
       case BindOpcode::AddAddress:
         address += reader.unsignedLeb128();
@@ -165,12 +178,15 @@ class BindProgram {
         return true;
       }
     }
-    throw std::runtime_error("an unknown bind opcode");
+    throw std::runtime_error("a bind opcode is unknown");
   }
 
   void bind(std::vector<Bind>& binds, std::uint64_t times, std::uint64_t skipped) {
+    if (library == 0 || library > file.libraries.size())
+      throw std::runtime_error("a bind is to a library that does not exist");
     for (; times > 0; --times) {
-      binds.push_back({address, symbol, file.libraries.at(library - 1)});
+      requirePlace(file, address);
+      binds.push_back({address, symbol, file.libraries[library - 1]});
       address += pointerSize + skipped;
     }
   }
@@ -183,22 +199,19 @@ class BindProgram {
   std::string symbol;
 };
 
-// Exported names are stored in a prefix tree.
+// Exported names are stored in a prefix tree. `visited` contains the nodes that were read.
 void readExports(std::span<const std::uint8_t> tree, std::size_t node, const std::string& prefix,
-                 std::vector<Export>& found) {
-  constexpr std::size_t maxName = 4096;
-  if (prefix.size() > maxName) throw std::runtime_error("exported names that go in a circle");
+                 std::set<std::size_t>& visited, std::vector<Export>& found) {
+  if (!visited.insert(node).second) throw std::runtime_error("the tree of exported names has a cycle");
   ByteReader reader(part(tree, node, tree.size() - node));
   if (reader.unsignedLeb128() != 0) {
-    if (reader.unsignedLeb128() != 0) throw std::runtime_error("an export that is no plain definition");
+    if (reader.unsignedLeb128() != 0) throw std::runtime_error("an export is not a plain definition");
     found.push_back({prefix, reader.unsignedLeb128()});
   }
   const auto children = reader.number<std::uint8_t>();
   for (std::uint8_t child = 0; child < children; ++child) {
     const std::string piece = reader.text();
-    const auto childNode = static_cast<std::size_t>(reader.unsignedLeb128());
-    if (piece.empty()) throw std::runtime_error("exported names that go in a circle");
-    readExports(tree, childNode, prefix + piece, found);
+    readExports(tree, static_cast<std::size_t>(reader.unsignedLeb128()), prefix + piece, visited, found);
   }
 }
 
@@ -216,7 +229,8 @@ std::vector<Bind> binds(const MachFile& file) {
 std::vector<Export> exports(const MachFile& file) {
   std::vector<Export> found;
   const auto tree = file.partAt(file.linkerInformation.exports);
-  if (!tree.empty()) readExports(tree, 0, "", found);
+  std::set<std::size_t> visited;
+  if (!tree.empty()) readExports(tree, 0, "", visited, found);
   return found;
 }
 

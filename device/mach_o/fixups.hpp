@@ -1,7 +1,7 @@
 // A library's dynamic-linking information: rebased pointers, bound pointers and exported symbols.
 #pragma once
 
-#include "tests/device/mach_file.hpp"
+#include "device/mach_o/mach_file.hpp"
 
 namespace device {
 
@@ -17,7 +17,7 @@ struct Export {
 };
 
 // Returns the addresses of pointers into the library itself. This function and the next two throw std::runtime_error on
-// damaged opcodes and on opcodes other than the classic ones.
+// damaged opcodes, on opcodes other than the classic ones and on pointers outside the segments.
 std::vector<std::uint64_t> rebases(const MachFile& file);
 // Returns the binds made at load time, followed by the lazy ones.
 std::vector<Bind> binds(const MachFile& file);

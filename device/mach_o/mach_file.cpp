@@ -1,10 +1,10 @@
-#include "tests/device/mach_file.hpp"
+#include "device/mach_o/mach_file.hpp"
 
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
-#include "tests/device/byte_reader.hpp"
+#include "device/mach_o/byte_reader.hpp"
 
 namespace device {
 
@@ -65,7 +65,7 @@ MachFile::MachFile(std::vector<std::uint8_t> content) : bytes(std::move(content)
     const std::size_t start = reader.position();
     const auto kind = static_cast<CommandKind>(reader.number<std::uint32_t>());
     const auto length = reader.number<std::uint32_t>();
-    if (length < commandHeaderSize) throw std::runtime_error("a load command without a length");
+    if (length < commandHeaderSize) throw std::runtime_error("a load command has no length");
     reader.skip(length - commandHeaderSize);
     commands.push_back(kind);
     readCommand(kind, part(bytes, headerSize + start, length));
@@ -148,8 +148,8 @@ std::span<const std::uint8_t> MachFile::partAt(FilePart where) const { return pa
 
 const Segment& MachFile::segmentAt(std::uint64_t address) const {
   for (const Segment& segment : segments)
-    if (segment.holds(address)) return segment;
-  throw std::runtime_error("an address outside all segments");
+    if (segment.contains(address)) return segment;
+  throw std::runtime_error("an address is outside all segments");
 }
 
 std::vector<Section> MachFile::sectionsOfType(SectionType type) const {

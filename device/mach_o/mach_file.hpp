@@ -53,7 +53,7 @@ struct Segment {
   std::vector<Section> sections;
 
   bool allows(Protection wanted) const { return (protection & static_cast<std::uint32_t>(wanted)) != 0; }
-  bool holds(std::uint64_t at) const { return at >= address && at - address < size; }
+  bool contains(std::uint64_t at) const { return at >= address && at - address < size; }
 };
 
 // A range of bytes in the file.

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "tests/device/fixups.hpp"
+#include "device/mach_o/fixups.hpp"
 
 namespace device {
 

@@ -3,8 +3,8 @@
 
 #include <functional>
 
+#include "device/mach_o/mach_file.hpp"
 #include "tests/device/emulator/processor.hpp"
-#include "tests/device/mach_file.hpp"
 
 namespace device {
 
