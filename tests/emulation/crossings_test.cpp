@@ -123,6 +123,13 @@ TEST(MessageFunction, ReturnsZeroForNil) {
   EXPECT_EQ(sendDouble(nullptr, sel_registerName("doubleValue"), 1.5), 0);
 }
 
+// The environment of the tests makes the C library overwrite released memory.
+TEST(MessageFunction, EndsTheProcessForADeallocatedObject) {
+  const id object = objectWithMethod("q@:q");
+  objc::send<void, "release">(object);
+  EXPECT_DEATH(messageFunction()(object, sel_registerName("value:"), 1), "");
+}
+
 std::string contents(const std::filesystem::path& path) {
   std::ifstream file(path);
   return {std::istreambuf_iterator<char>(file), {}};
