@@ -3,6 +3,7 @@
 #include "device/emulation/crossings.hpp"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -100,7 +101,10 @@ TEST(CallOutOfTheLibrary, FailsForANarrowResultWithArgumentsOnTheStack) {
 }
 
 using Send = std::uint64_t(id, SEL, std::uint64_t);
-Send* messageFunction() { return objc::fromImplementation<Send>(reinterpret_cast<IMP>(emulation::messageFunction())); }
+template <class Function = Send>
+Function* messageFunction() {
+  return objc::fromImplementation<Function>(reinterpret_cast<IMP>(emulation::messageFunction()));
+}
 
 id objectWithMethod(const char* encoding) {
   Class type = objc_allocateClassPair(NSObject::classObject(), "EmulationTest", 0);
@@ -119,12 +123,13 @@ TEST(MessageFunction, PassesAWideResult) {
 
 TEST(MessageFunction, ReturnsZeroForNil) {
   EXPECT_EQ(messageFunction()(nullptr, sel_registerName("value:"), 7), 0U);
-  const auto sendDouble = reinterpret_cast<double (*)(id, SEL, double)>(messageFunction());
-  EXPECT_EQ(sendDouble(nullptr, sel_registerName("doubleValue"), 1.5), 0);
+  using SendDouble = double(id, SEL, double);
+  EXPECT_EQ(messageFunction<SendDouble>()(nullptr, sel_registerName("doubleValue"), 1.5), 0);
 }
 
-// The environment of the tests makes the C library overwrite released memory.
-TEST(MessageFunction, EndsTheProcessForADeallocatedObject) {
+// The tests run with this setting of the C library, too; see CMakePresets.json.
+TEST(MessageFunction, EndsTheProcessForADeallocatedObjectIfReleasedMemoryIsOverwritten) {
+  mallopt(M_PERTURB, 165);
   const id object = objectWithMethod("q@:q");
   objc::send<void, "release">(object);
   EXPECT_DEATH(messageFunction()(object, sel_registerName("value:"), 1), "");
