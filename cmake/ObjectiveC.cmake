@@ -2,13 +2,17 @@
 # to one version of GCC. If the compiler (g++ or clang) uses the files of that version, it reports their path.
 # Otherwise, the newest installed version for the target machine is used.
 set(gcc_folders /usr/lib/gcc/${CMAKE_LIBRARY_ARCHITECTURE} /usr/lib/gcc-cross/${CMAKE_LIBRARY_ARCHITECTURE})
+list(TRANSFORM gcc_folders PREPEND "${CMAKE_SYSROOT}")
 function(brim_find_gcc_file variable file)
-  set(target_option "")
+  set(target_options "")
   if(CMAKE_CXX_COMPILER_TARGET)
-    set(target_option --target=${CMAKE_CXX_COMPILER_TARGET})
+    set(target_options --target=${CMAKE_CXX_COMPILER_TARGET})
+  endif()
+  if(CMAKE_SYSROOT)
+    list(APPEND target_options --sysroot=${CMAKE_SYSROOT})
   endif()
   execute_process(
-    COMMAND ${CMAKE_CXX_COMPILER} ${target_option} -print-file-name=${file}
+    COMMAND ${CMAKE_CXX_COMPILER} ${target_options} -print-file-name=${file}
     OUTPUT_VARIABLE named OUTPUT_STRIP_TRAILING_WHITESPACE)
   list(TRANSFORM gcc_folders APPEND /*/${file} OUTPUT_VARIABLE patterns)
   file(GLOB installed ${patterns})

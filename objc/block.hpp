@@ -7,6 +7,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "objc/calling_convention.hpp"
 #include "objc/encoding.hpp"
 #include "objc/runtime.hpp"
 
@@ -25,9 +26,15 @@ class Block<Result(Arguments...)> {
   Block& operator=(const Block&) = delete;
 
 #if defined(__APPLE__)
-  Result operator()(Arguments... arguments) { return reinterpret_cast<Result (^)(Arguments...)>(this)(arguments...); }
+  Result operator()(Arguments... arguments) {
+    static_assert(isPassedAlike(BlockEncoding<Result, Arguments...>::value.data()));
+    return reinterpret_cast<Result (^)(Arguments...)>(this)(arguments...);
+  }
 #else
-  Result operator()(Arguments... arguments) { return invoke_(this, arguments...); }
+  Result operator()(Arguments... arguments) {
+    static_assert(isPassedAlike(BlockEncoding<Result, Arguments...>::value.data()));
+    return invoke_(this, arguments...);
+  }
 
  private:
   [[maybe_unused]] void* isa_;
@@ -72,6 +79,7 @@ template <class Lambda>
 struct LambdaSignature : LambdaSignature<decltype(&Lambda::operator())> {};
 template <class Lambda, class Result, class... Arguments>
 struct LambdaSignature<Result (Lambda::*)(Arguments...) const> {
+  static_assert(isPassedAlike(BlockEncoding<Result, Arguments...>::value.data()));
   using Type = Result(Arguments...);
 };
 
@@ -122,8 +130,7 @@ struct BlockLayout<Lambda, Result(Arguments...)> {
   }
   static void disposeCaptured(const void* block) { lambdaOf(block).~Lambda(); }
 
-  static constexpr auto signature =
-      ((TypeEncoding<Result>::value + FixedString("@?")) + ... + TypeEncoding<std::remove_cv_t<Arguments>>::value);
+  static constexpr auto signature = BlockEncoding<Result, Arguments...>::value;
   static constexpr int hasCopyAndDispose = 1 << 25;
   static constexpr int hasSignature = 1 << 30;
 };

@@ -93,4 +93,11 @@ struct MethodEncoding {
       ((TypeEncoding<Result>::value + FixedString("@:")) + ... + TypeEncoding<std::remove_cv_t<Arguments>>::value);
 };
 
+// The encoding of a block: the result, the block itself and then each argument.
+template <class Result, class... Arguments>
+struct BlockEncoding {
+  static constexpr auto value =
+      ((TypeEncoding<Result>::value + FixedString("@?")) + ... + TypeEncoding<std::remove_cv_t<Arguments>>::value);
+};
+
 }  // namespace objc

@@ -50,6 +50,7 @@ template <class Result, class Self, class... Arguments,
 struct HookOf<function> {
   static constexpr auto encoding = MethodEncoding<Result, Arguments...>::value;
   static constexpr std::size_t argumentCount = sizeof...(Arguments);
+  static_assert(isPassedAlike(encoding.data()));
   static inline IMP replaced = nullptr;
 
   static Result call(Self self, SEL selector, Arguments... arguments) {

@@ -2,6 +2,7 @@
 // arguments of the message follow.
 #pragma once
 
+#include "objc/calling_convention.hpp"
 #include "objc/encoding.hpp"
 #include "objc/runtime.hpp"
 
@@ -15,6 +16,7 @@ template <class Result, class Self, class... Arguments, Result (*function)(Self,
 struct MethodOf<function> {
   static constexpr auto encoding = MethodEncoding<Result, Arguments...>::value;
   static constexpr std::size_t argumentCount = sizeof...(Arguments);
+  static_assert(isPassedAlike(encoding.data()));
 
   static Result call(Self self, SEL, Arguments... arguments) { return function(self, arguments...); }
   static IMP implementation() { return toImplementation(&call); }

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "objc/cached_pointer.hpp"
+#include "objc/calling_convention.hpp"
 #include "objc/encoding.hpp"
 #include "objc/fixed_string.hpp"
 #include "objc/runtime.hpp"
@@ -37,6 +38,7 @@ using AbiResult = std::conditional_t<std::is_same_v<Result, bool>, unsigned char
 
 template <class Result, class... Arguments>
 Result call(IMP implementation, id receiver, SEL selector, Arguments... arguments) {
+  static_assert(isPassedAlike(MethodEncoding<Result, Arguments...>::value.data()));
   const auto function = fromImplementation<AbiResult<Result>(id, SEL, Arguments...)>(implementation);
   if constexpr (std::is_void_v<Result>) {
     function(receiver, selector, arguments...);

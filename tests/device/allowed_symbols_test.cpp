@@ -7,9 +7,9 @@
 #include <fstream>
 #include <map>
 
+#include "device/mach_o/fixups.hpp"
 #include "tests/device/built_files.hpp"
 #include "tests/device/command_output.hpp"
-#include "tests/device/fixups.hpp"
 
 namespace {
 

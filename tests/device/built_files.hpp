@@ -7,8 +7,6 @@ namespace device {
 
 inline std::filesystem::path buildFolder() { return BRIM_DEVICE_BUILD; }
 inline std::filesystem::path builtLibrary() { return buildFolder() / "Brim.dylib"; }
-// The same library with the names of its functions.
-inline std::filesystem::path namedLibrary() { return buildFolder() / "symbols/Brim.dylib"; }
 // The settings pane's bundle.
 inline std::filesystem::path builtPane() { return buildFolder() / "share/brim/BrimPreferences.bundle"; }
 inline const char* packageName() { return "brim_" BRIM_VERSION "_iphoneos-arm.deb"; }

@@ -6,7 +6,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "tests/device/byte_reader.hpp"
+#include "device/mach_o/byte_reader.hpp"
 
 namespace device {
 

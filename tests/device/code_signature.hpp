@@ -2,7 +2,7 @@
 // match.
 #pragma once
 
-#include "tests/device/mach_file.hpp"
+#include "device/mach_o/mach_file.hpp"
 
 namespace device {
 

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <iostream>
 
+#include "device/mach_o/fixups.hpp"
 #include "tests/device/built_files.hpp"
 #include "tests/device/code_signature.hpp"
-#include "tests/device/fixups.hpp"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <sstream>
 
+#include "device/mach_o/mach_file.hpp"
 #include "tests/device/built_files.hpp"
 #include "tests/device/command_output.hpp"
-#include "tests/device/mach_file.hpp"
 
 namespace {
 

@@ -1,9 +1,8 @@
-// The package, its library and its asset bundle have the version of the project.
+// The package and its asset bundle have the version of the project.
 #include <gtest/gtest.h>
 
 #include "tests/device/built_files.hpp"
 #include "tests/device/command_output.hpp"
-#include "tests/device/emulator/phone.hpp"
 
 namespace {
 
@@ -11,11 +10,6 @@ TEST(Version, OfThePackageIsTheProjects) {
   const device::CommandOutput output =
       device::outputOf("dpkg-deb --field " + device::builtPackage().string() + " Version");
   EXPECT_EQ(output.text, BRIM_VERSION "\n");
-}
-
-TEST(Version, OfThePhonesLibraryIsTheProjects) {
-  device::Phone phone;
-  EXPECT_EQ(phone.processor.text(phone.processor.call(phone.library().exported("_brim_version"))), BRIM_VERSION);
 }
 
 TEST(Version, OfThePackagesAssetBundleIsTheProjects) {

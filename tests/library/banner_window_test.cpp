@@ -67,14 +67,30 @@ TEST(LongLook, IsPresentedForAControllerOutsideTheBannerWindow) {
   EXPECT_EQ(phone.log(), Json::array({{{"event", "longlook"}, {"controller", controller}}}));
 }
 
-TEST(BannerWindow, ContentHasUserInteractionEnabled) {
-  Phone phone;
-  const int controller = present(phone);
+// The content of that controller's notification.
+objc::Ref<NSObject> makeContent(int controller) {
   const auto shortLook = springboard::bannerController(static_cast<std::size_t>(controller));
   const Class container = reinterpret_cast<Class>(objc_getClass("NCNotificationContentContainerViewController"));
-  const auto content = objc::adopt(objc::send<NSObject*, "initWithNotificationRequest:">(
-      objc::send<id, "alloc">(container), shortLook->notificationRequest()));
+  return objc::adopt(objc::send<NSObject*, "initWithNotificationRequest:">(objc::send<id, "alloc">(container),
+                                                                           shortLook->notificationRequest()));
+}
+
+TEST(BannerWindow, ContentHasUserInteractionEnabled) {
+  Phone phone;
+  const auto content = makeContent(present(phone));
   EXPECT_TRUE((objc::send<bool, "userInteractionEnabled">(content.get())));
+}
+
+TEST(BannerWindow, ActionsOfTheContentArePerformedByThePlatform) {
+  Phone phone;
+  const auto content = makeContent(present(phone));
+  const auto action = objc::make<NCNotificationAction>();
+  const auto isPerformed = [&](NCNotificationAction* performed) {
+    return objc::send<bool, "performAction:forNotification:withUserInfo:">(
+        content.get(), performed, static_cast<NCNotificationRequest*>(nullptr), static_cast<NSDictionary*>(nullptr));
+  };
+  EXPECT_TRUE(isPerformed(action));
+  EXPECT_FALSE(isPerformed(nullptr));
 }
 
 TEST(BannerWindow, CanBecomeKeyWindow) {

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "simulator/springboard/services/bulletin_server.hpp"
+#include "simulator/springboard/shell/home_screen.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
@@ -95,11 +96,37 @@ TEST(TestBanner, OnlyVibratesWithoutAServer) {
   EXPECT_TRUE(eventsOf(events, "publish").empty());
 }
 
+objc::Ref<BBServer> makeServer() {
+  return objc::adopt(
+      objc::send<BBServer*, "initWithQueue:">(objc::allocate<BBServer>(), static_cast<NSObject*>(nullptr)));
+}
+
 TEST(TestBanner, IsPublishedByTheLatestServer) {
   Phone phone;
   forgetServer();
-  const auto server =
-      objc::adopt(objc::send<BBServer*, "initWithQueue:">(objc::allocate<BBServer>(), static_cast<NSObject*>(nullptr)));
+  const auto server = makeServer();
+  EXPECT_EQ(eventsOf(requestTestBanner(phone), "publish").size(), 1U);
+}
+
+TEST(TestBanner, IsPublishedAfterTheEarlierServersAreDeallocated) {
+  Phone phone;
+  const objc::Weak<BBServer> earlier(makeServer().get());
+  EXPECT_NE(earlier.lock().get(), nullptr);
+  const auto latest = makeServer();
+  EXPECT_EQ(earlier.lock().get(), nullptr);
+  EXPECT_EQ(eventsOf(requestTestBanner(phone), "publish").size(), 1U);
+}
+
+TEST(TestBanner, IsPublishedOnceAfterAnotherHomeScreenIsDeallocated) {
+  Phone phone;
+  objc::Weak<SBHomeScreenViewController> weak;
+  {
+    const objc::AutoreleasePool pool;
+    const auto another = objc::make<SBHomeScreenViewController>();
+    weak = another.get();
+    objc::send<void, "viewDidLoad">(another.get());
+  }
+  EXPECT_EQ(weak.lock().get(), nullptr);
   EXPECT_EQ(eventsOf(requestTestBanner(phone), "publish").size(), 1U);
 }
 

@@ -1,0 +1,66 @@
+#include "device/emulation/report.hpp"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <mutex>
+#include <set>
+
+namespace emulation {
+
+namespace {
+
+// The folder that the environment names, empty if there is none.
+const std::string& reportFolder() {
+  static const std::string folder = [] {
+    const char* const value = std::getenv("BRIM_REPORT");
+    return std::string(value == nullptr ? "" : value);
+  }();
+  return folder;
+}
+
+// The arguments of this process, separated by spaces.
+std::string commandLine() {
+  std::ifstream file("/proc/self/cmdline", std::ios::binary);
+  std::string arguments(std::istreambuf_iterator<char>(file), {});
+  std::replace(arguments.begin(), arguments.end(), '\0', ' ');
+  return arguments;
+}
+
+class ReportFile {
+ public:
+  ReportFile() : path_(reportFolder() + "/" + std::to_string(getpid())) { append("process " + commandLine()); }
+
+  void append(const std::string& line) {
+    const std::lock_guard lock(mutex_);
+    if (!reported_.insert(line).second) return;
+    std::ofstream file(path_, std::ios::app);
+    if (!(file << line << std::endl)) fail(path_ + " cannot be written");
+  }
+
+ private:
+  std::string path_;
+  std::mutex mutex_;
+  std::set<std::string> reported_;
+};
+
+}  // namespace
+
+bool isReporting() { return !reportFolder().empty(); }
+
+void report(const std::string& line) {
+  if (!isReporting()) return;
+  static ReportFile file;
+  file.append(line);
+}
+
+void fail(const std::string& reason) {
+  std::fprintf(stderr, "Brim.dylib: %s\n", reason.c_str());
+  std::_Exit(1);
+}
+
+}  // namespace emulation

@@ -1,0 +1,26 @@
+// A library's dynamic-linking information: rebased pointers, bound pointers and exported symbols.
+#pragma once
+
+#include "device/mach_o/mach_file.hpp"
+
+namespace device {
+
+struct Bind {
+  std::uint64_t address;  // of the pointer
+  std::string symbol;
+  std::string library;  // that exports it
+};
+
+struct Export {
+  std::string symbol;
+  std::uint64_t address;
+};
+
+// Returns the addresses of pointers into the library itself. This function and the next two throw std::runtime_error on
+// damaged opcodes, on opcodes other than the classic ones and on pointers outside the segments.
+std::vector<std::uint64_t> rebases(const MachFile& file);
+// Returns the binds made at load time, followed by the lazy ones.
+std::vector<Bind> binds(const MachFile& file);
+std::vector<Export> exports(const MachFile& file);
+
+}  // namespace device

@@ -1,0 +1,159 @@
+// Calls between the library and code for Linux. The functions declare wide types, so that the tests see and set the
+// undefined bits of narrow ones.
+#include "device/emulation/crossings.hpp"
+
+#include <gtest/gtest.h>
+#include <malloc.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "objc/send.hpp"
+#include "platform/ns_object.hpp"
+#include "tests/support/temporary_folder.hpp"
+
+namespace {
+
+using emulation::intoLibrary;
+using emulation::outOfLibrary;
+
+// Without a report, calls are as direct as possible. The test of the report names a folder of its own.
+[[maybe_unused]] const int withoutReport = unsetenv("BRIM_REPORT");
+
+constexpr std::uint64_t undefinedBits = 0x5a5a5a5a5a5a5a00;
+
+std::uint64_t thirdArgument(id, SEL, std::uint64_t argument) { return argument; }
+
+template <class Function>
+Function* into(Function* function, const char* encoding) {
+  return objc::fromImplementation<Function>(intoLibrary(objc::toImplementation(function), encoding, "a function"));
+}
+template <class Function>
+Function* outOf(Function* function, const char* encoding) {
+  return objc::fromImplementation<Function>(outOfLibrary(objc::toImplementation(function), encoding, "a function"));
+}
+
+TEST(CallIntoTheLibrary, ExtendsNarrowArguments) {
+  EXPECT_EQ(into(&thirdArgument, "v@:B")(nullptr, nullptr, undefinedBits | 1), 1U);
+  EXPECT_EQ(into(&thirdArgument, "v@:c")(nullptr, nullptr, undefinedBits | 0xff), 0xffffffffU);
+  EXPECT_EQ(into(&thirdArgument, "v@:s")(nullptr, nullptr, undefinedBits | 0x8fff), 0xffffdfffU);
+  EXPECT_EQ(into(&thirdArgument, "v@:S")(nullptr, nullptr, undefinedBits | 0xff), 0x5affU);
+}
+
+TEST(CallIntoTheLibrary, IsDirectWithoutNarrowArguments) {
+  EXPECT_EQ(into(&thirdArgument, "v@:@"), &thirdArgument);
+  EXPECT_EQ(into(&thirdArgument, "B@:q"), &thirdArgument);
+}
+
+TEST(CallIntoTheLibrary, UsesOneStubForOneMethod) {
+  EXPECT_NE(into(&thirdArgument, "v@:B"), &thirdArgument);
+  EXPECT_EQ(into(&thirdArgument, "v@:B"), into(&thirdArgument, "v@:B"));
+}
+
+struct Large {
+  std::uint64_t values[12];
+};
+
+Large allArguments(std::uint64_t a, std::uint64_t b, std::uint64_t narrow, std::uint64_t d, std::uint64_t e,
+                   std::uint64_t f, std::uint64_t g, std::uint64_t h, std::uint64_t onStack, double first,
+                   double last) {
+  return {{a, b, narrow, d, e, f, g, h, onStack, static_cast<std::uint64_t>(first), static_cast<std::uint64_t>(last)}};
+}
+
+TEST(CallIntoTheLibrary, PassesAllOtherArgumentsAndALargeResult) {
+  const Large result = into(&allArguments, "v@:B@@@@@@dd")(1, 2, undefinedBits | 3, 4, 5, 6, 7, 8, 9, 10.0, 11.0);
+  for (std::uint64_t index = 0; index < 11; ++index) EXPECT_EQ(result.values[index], index + 1);
+}
+
+std::uint64_t fail(id, SEL, std::uint64_t) { throw std::runtime_error("an exception"); }
+
+TEST(CallIntoTheLibrary, LetsExceptionsPass) {
+  EXPECT_THROW(into(&fail, "v@:B")(nullptr, nullptr, 1), std::runtime_error);
+}
+
+TEST(CallIntoTheLibrary, FailsForTypesThatItCannotPass) {
+  EXPECT_EXIT(into(&thirdArgument, "v@:@@@@@@B"), testing::ExitedWithCode(1),
+              "^Brim.dylib: a function has a narrow argument on the stack\n$");
+  EXPECT_EXIT(into(&thirdArgument, "v@:b3"), testing::ExitedWithCode(1),
+              "^Brim.dylib: a function has the unknown type v@:b3\n$");
+}
+
+TEST(CallOutOfTheLibrary, ExtendsANarrowResult) {
+  EXPECT_EQ(outOf(&thirdArgument, "B@:q")(nullptr, nullptr, undefinedBits | 1), 1U);
+  EXPECT_EQ(outOf(&thirdArgument, "c@:q")(nullptr, nullptr, undefinedBits | 0xff), 0xffffffffU);
+}
+
+TEST(CallOutOfTheLibrary, IsDirectWithoutANarrowResult) {
+  EXPECT_EQ(outOf(&thirdArgument, "@@:B"), &thirdArgument);
+  EXPECT_EQ(outOfLibrary(nullptr, "B@:", "a function"), nullptr);
+}
+
+TEST(CallOutOfTheLibrary, LetsExceptionsPass) {
+  EXPECT_THROW(outOf(&fail, "B@:q")(nullptr, nullptr, 1), std::runtime_error);
+}
+
+TEST(CallOutOfTheLibrary, FailsForANarrowResultWithArgumentsOnTheStack) {
+  EXPECT_EXIT(outOf(&thirdArgument, "B@:@@@@@@@"), testing::ExitedWithCode(1),
+              "^Brim.dylib: a function has a narrow result and arguments on the stack\n$");
+}
+
+using Send = std::uint64_t(id, SEL, std::uint64_t);
+template <class Function = Send>
+Function* messageFunction() {
+  return objc::fromImplementation<Function>(reinterpret_cast<IMP>(emulation::messageFunction()));
+}
+
+id objectWithMethod(const char* encoding) {
+  Class type = objc_allocateClassPair(NSObject::classObject(), "EmulationTest", 0);
+  class_addMethod(type, sel_registerName("value:"), objc::toImplementation(&thirdArgument), encoding);
+  objc_registerClassPair(type);
+  return objc::send<id, "new">(type);
+}
+
+TEST(MessageFunction, CallsTheMethodAndExtendsItsResult) {
+  EXPECT_EQ(messageFunction()(objectWithMethod("C@:q"), sel_registerName("value:"), undefinedBits | 2), 2U);
+}
+
+TEST(MessageFunction, PassesAWideResult) {
+  EXPECT_EQ(messageFunction()(objectWithMethod("q@:q"), sel_registerName("value:"), undefinedBits), undefinedBits);
+}
+
+TEST(MessageFunction, ReturnsZeroForNil) {
+  EXPECT_EQ(messageFunction()(nullptr, sel_registerName("value:"), 7), 0U);
+  using SendDouble = double(id, SEL, double);
+  EXPECT_EQ(messageFunction<SendDouble>()(nullptr, sel_registerName("doubleValue"), 1.5), 0);
+}
+
+// The tests run with this setting of the C library, too; see CMakePresets.json.
+TEST(MessageFunction, EndsTheProcessForADeallocatedObjectIfReleasedMemoryIsOverwritten) {
+  mallopt(M_PERTURB, 165);
+  const id object = objectWithMethod("q@:q");
+  objc::send<void, "release">(object);
+  EXPECT_DEATH(messageFunction()(object, sel_registerName("value:"), 1), "");
+}
+
+std::string contents(const std::filesystem::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(Report, NamesTheCalledMethodsAndTheUndefinedBits) {
+  const test::TemporaryFolder folder;
+  setenv("BRIM_REPORT", folder.path().c_str(), 1);
+  into(&thirdArgument, "v@:B")(nullptr, nullptr, 1);
+  into(&thirdArgument, "v@:B")(nullptr, nullptr, 0x101);
+  outOf(&thirdArgument, "B@:q")(nullptr, nullptr, 0x200);
+  into(&thirdArgument, "v@:q")(nullptr, nullptr, undefinedBits);
+  const std::string report = contents(folder.path() / std::to_string(getpid()));
+  const std::size_t endOfCommandLine = report.find('\n') + 1;
+  EXPECT_EQ(report.find("process "), 0U) << report;
+  EXPECT_EQ(report.substr(endOfCommandLine),
+            "called a function\n"
+            "not extended: x2 of a function, 0x101\n"
+            "not extended: result of a function, 0x200\n");
+}
+
+}  // namespace

@@ -1,0 +1,46 @@
+# The tests of Brim that .ci/run runs with the phone's library. They call every hooked and added method and every photo
+# provider, which phone_report checks.
+set(selection
+    # Start
+    StartUp.InstallsTheHookTableInOrder
+    StartUp.TheLibraryHasTheVersionOfTheProject
+    StartUp.DisabledLibraryInstallsNothing
+    MissingClasses.MakeNoHookEffective
+    Settings.AreTheDefaultsInRegistrationOrderIfNothingIsStored
+    # Hooked and added methods
+    BannerWindow.ActionsOfTheContentArePerformedByThePlatform
+    BannerWindow.ContentHasUserInteractionEnabled
+    BannerWindow.CanBecomeKeyWindow
+    BannerWindow.SharedStatusBarWindowIsTheFirstOne
+    CommandChannel.GrabberIsHandledByThePlatformWithoutAPersistentBanner
+    ControllerWithoutRequest.ReturnsNothingAndExecutesNothing
+    Dismissal.ForcedRequestDismissesAPersistentBanner
+    FixedColorMode.OverridesTheControllersAppearance
+    HomeButton.DismissesAPersistentBannerWithoutAnimation
+    LongLook.IsNotPresentedForABanner
+    NotificationList.FollowUpThatIsAppendedToTheBannerIsRemoved
+    TestBanner.IsPublishedAfterTheEarlierServersAreDeallocated
+    TestBanner.IsPublishedOnceAfterAnotherHomeScreenIsDeallocated
+    TestBanner.OnlyVibratesWithoutAServer
+    # Object lifetimes
+    ObjectLifetime.AddedPropertyRetainsItsValue
+    ObjectLifetime.BannerIsRetainedOnlyByItsSuperviewAndItsCreator
+    ObjectLifetime.BannerReleasesItsPartsWhenItIsDeallocated
+    ObjectLifetime.ColorSetRetainsItsCustomColors
+    # The Messages app
+    MessagesAlone.DeallocatedListReceivesNoRequests
+    MessagesAlone.InstallsOnlyTheHooksOfTheMessagesApp
+    MessagesAlone.ListStoresTheIdentifierOfTheLastHandledRequest
+    MessagesAlone.ReceivesEveryFieldOfRepliesAndReceipts
+    MessagesReply.LaunchesTheAppPostsTheRequestVibratesAndIsReported
+    # Photo providers
+    DiscordPhoto.IsTheAvatarOfTheAuthorWith80Pixels
+    InstagramPhoto.IsLoadedFromTheAddressInTheUserInfo
+    MessagesPhoto.IsThePictureOfTheContactWithTheIdentifier
+    MessengerPhoto.IsTheSquarePictureOfTheSender
+    SlackPhoto.NameIsMatchedByTheLikeOperator
+    TelegramPhoto.IsTheAvatarFileOfTheSender
+    TwitterPhoto.IsTheFirstPictureOfTheProfilePage
+    WhatsAppPhoto.IsTheFileOfThePerson
+    WrongTypes.MissingValueMeansNoPicture)
+set_tests_properties(${selection} PROPERTIES LABELS selection)
