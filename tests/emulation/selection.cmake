@@ -11,7 +11,7 @@ set(selection
     BannerWindow.ActionsOfTheContentArePerformedByThePlatform
     BannerWindow.ContentHasUserInteractionEnabled
     BannerWindow.CanBecomeKeyWindow
-    BannerWindow.SharedStatusBarWindowIsTheFirstOne
+    BannerWindow.FirstStatusBarWindowIsTheSharedOne
     CommandChannel.GrabberIsHandledByThePlatformWithoutAPersistentBanner
     ControllerWithoutRequest.ReturnsNothingAndExecutesNothing
     Dismissal.ForcedRequestDismissesAPersistentBanner
