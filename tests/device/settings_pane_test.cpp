@@ -23,44 +23,46 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-const MachFile& executable() {
+const MachFile& executableFile() {
   static const MachFile file = MachFile::read(device::builtPane() / "BrimPreferences");
   return file;
 }
 
 TEST(PaneFile, IsABundleForArm64AndSystemVersion11_2) {
   constexpr std::uint32_t bundle = 8;
-  EXPECT_EQ(executable().processor, 0x0100000cU);
-  EXPECT_EQ(executable().fileType, bundle);
-  EXPECT_EQ(executable().minimumSystem, device::version(11, 2));
+  EXPECT_EQ(executableFile().processor, 0x0100000cU);
+  EXPECT_EQ(executableFile().fileType, bundle);
+  EXPECT_EQ(executableFile().minimumSystem, device::version(11, 2));
 }
 
 // The Settings application has loaded its own framework before. Another process must be able to load the file as well.
 TEST(PaneFile, LinksOnlyTheRuntimeAndTheCLibraries) {
-  EXPECT_THAT(executable().libraries, UnorderedElementsAre("/usr/lib/libSystem.B.dylib", "/usr/lib/libobjc.A.dylib"));
+  std::vector<std::string> linked;
+  for (const device::LinkedLibrary& library : executableFile().libraries) linked.push_back(library.path);
+  EXPECT_THAT(linked, UnorderedElementsAre("/usr/lib/libSystem.B.dylib", "/usr/lib/libobjc.A.dylib"));
 }
 
 TEST(PaneFile, ImportsOnlySymbolsThatTheLibraryMayImport) {
   std::set<std::string> allowed;
   for (const device::AllowedSymbol& each : device::allowedSymbols()) allowed.insert(each.symbol);
-  const std::vector<device::Bind> imported = device::binds(executable());
+  const std::vector<device::Bind> imported = device::binds(executableFile());
   EXPECT_GT(imported.size(), 5U);
   for (const device::Bind& bind : imported) EXPECT_TRUE(allowed.contains(bind.symbol)) << bind.symbol;
 }
 
 TEST(PaneFile, ExportsNothing) {
-  EXPECT_THAT(device::exports(executable()), IsEmpty());
-  EXPECT_EQ(executable().linkerInformation.weakBinds.size, 0U);
+  EXPECT_THAT(device::exports(executableFile()), IsEmpty());
+  EXPECT_EQ(executableFile().linkerInformation.weakBinds.size, 0U);
 }
 
 TEST(PaneFile, HasOneInitializer) {
-  const auto initializers = executable().sectionsOfType(device::SectionType::Initializers);
+  const auto initializers = executableFile().sectionsOfType(device::SectionType::Initializers);
   ASSERT_EQ(initializers.size(), 1U);
   EXPECT_EQ(initializers.front().size, sizeof(Address));
 }
 
 TEST(PaneFile, IsSigned) {
-  const device::CodeSignature signature = device::codeSignature(executable());
+  const device::CodeSignature signature = device::codeSignature(executableFile());
   EXPECT_GT(signature.writtenDigests.size(), 3U);
   EXPECT_EQ(signature.writtenDigests, signature.computedDigests);
 }
@@ -78,10 +80,10 @@ class SettingsApplication {
     defineNumbers();
     defineBundlesAndNotifications();
     if (framework != SettingsFramework::Absent) definePages(framework);
-    image.emplace(processor, executable(), [this](const std::string& symbol, const std::string& library) {
+    executable.emplace(processor, executableFile(), [this](const std::string& symbol, const std::string& library) {
       return imports.resolve(symbol, library);
     });
-    image->runInitializers();
+    executable->runInitializers();
   }
 
   Address number(const char* type, double value) {
@@ -103,6 +105,7 @@ class SettingsApplication {
   std::vector<std::string> loadedPages;
   std::vector<Address> storedValues;
   std::vector<std::string> postedNotifications;
+  std::optional<device::Image> executable;
 
  private:
   void defineNumbers() {
@@ -140,7 +143,6 @@ class SettingsApplication {
   }
 
   std::map<Address, std::string> numberTypes;
-  std::optional<device::Image> image;
 };
 
 TEST(PhonePane, RegistersItsClassAndDoesNothingElse) {
@@ -155,6 +157,14 @@ TEST(PhonePane, RegistersItsClassAndDoesNothingElse) {
                                           "showTestBanner v@:"));
   EXPECT_TRUE(application.runtime.find("BrimListController")->registered);
   EXPECT_FALSE(application.imports.called().contains("objc_msgSend"));
+}
+
+// The process can load two copies of the bundle.
+TEST(PhonePane, RegistersItsClassOnce) {
+  SettingsApplication application(SettingsFramework::Present);
+  const std::size_t changes = application.changes.size();
+  application.executable->runInitializers();
+  EXPECT_EQ(application.changes.size(), changes);
 }
 
 TEST(PhonePane, RegistersNothingWithoutTheSettingsFramework) {

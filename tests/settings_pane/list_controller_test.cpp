@@ -184,11 +184,4 @@ TEST(ListController, IsNotRegisteredIfTheSettingsFrameworkHasAnotherLayout) {
   EXPECT_EQ(test::loadPane(test::paneBundle()), nullptr);
 }
 
-TEST(ListController, IsRegisteredOnceIfTwoBundlesAreLoaded) {
-  const OpenedPane pane;
-  const Class first = reinterpret_cast<Class>(objc_getClass("BrimListController"));
-  const ChangedBundle copy("{}");
-  EXPECT_EQ(test::loadPane(copy.path()), first);
-}
-
 }  // namespace
