@@ -30,7 +30,7 @@ constexpr Setting setting(NSInteger value) { return {false, value}; }
 // By key.
 const std::map<std::string, Setting>& settings() {
   static const std::map<std::string, Setting> all = {
-#define BRIM_SETTING(type, variable, key, defaultValue) {key, setting(type{defaultValue})},
+#define BRIM_SETTING(type, variable, key, defaultValue) {key, setting(static_cast<type>(defaultValue))},
 #include "library/settings/settings_list.hpp"
   };
   return all;
