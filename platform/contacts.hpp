@@ -27,6 +27,9 @@ class CNLabeledValue : public objc::Interface<"CNLabeledValue", NSObject> {
 // A contact. Reading a property that was not fetched raises an exception. `identifier` is always available.
 class CNContact : public objc::Interface<"CNContact", NSObject> {
  public:
+  static NSPredicate* predicateForIdentifiers(NSArray* identifiers) {
+    return objc::send<NSPredicate*, "predicateForContactsWithIdentifiers:">(classObject(), identifiers);
+  }
   NSString* identifier() const { return objc::send<NSString*, "identifier">(this); }
   NSString* givenName() const { return objc::send<NSString*, "givenName">(this); }
   // The addresses as CNLabeledValue objects, in the contact's order.
@@ -60,6 +63,10 @@ class CNContactStore : public objc::Interface<"CNContactStore", NSObject> {
   // The matching containers, as CNContainer objects; nil if the address book cannot be read.
   NSArray* containersMatching(NSPredicate* predicate) const {
     return objc::send<NSArray*, "containersMatchingPredicate:error:">(this, predicate, error());
+  }
+  // Returns CNContact objects with the properties of these keys; nil if the address book cannot be read.
+  NSArray* contactsMatching(NSPredicate* predicate, NSArray* keys) const {
+    return objc::send<NSArray*, "unifiedContactsMatchingPredicate:keysToFetch:error:">(this, predicate, keys, error());
   }
   // Calls the visitor for each contact and returns after the last call. Returns false if the address book cannot be
   // read.

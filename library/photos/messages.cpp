@@ -39,37 +39,49 @@ bool matches(CNContact* contact, const Sender& sender) {
   return areEqual(contact->givenName(), sender.displayText) || hasAddress(contact, sender.displayText);
 }
 
-NSArray* fetchedProperties() {
-  NSMutableArray* keys = NSMutableArray::array();
-  for (NSString* key :
-       {CNContactEmailAddressesKey, CNContactPhoneNumbersKey, CNContactGivenNameKey, CNContactImageDataKey})
-    keys->addObject(key);
-  return keys;
+NSArray* arrayOf(std::initializer_list<NSString*> texts) {
+  NSMutableArray* array = NSMutableArray::array();
+  for (NSString* text : texts) array->addObject(text);
+  return array;
 }
 
 // Fetches the default container. The result is not used, because the search covers all containers.
 void fetchDefaultContainer(CNContactStore* store) {
   NSString* identifier = store->defaultContainerIdentifier();
   if (identifier == nullptr) return;
-  NSMutableArray* identifiers = NSMutableArray::array();
-  identifiers->addObject(identifier);
-  store->containersMatching(CNContainer::predicateForIdentifiers(identifiers));
+  store->containersMatching(CNContainer::predicateForIdentifiers(arrayOf({identifier})));
+}
+
+// Returns the identifiers of the contacts that match the sender, in the order of the address book.
+objc::Ref<NSMutableArray> matchingContacts(CNContactStore* store, const Sender& sender) {
+  const objc::Ref<NSMutableArray> identifiers = objc::retain(NSMutableArray::array());
+  const auto visit = [&sender, identifiers](CNContact* contact, bool*) {
+    if (matches(contact, sender) && contact->identifier() != nullptr) identifiers->addObject(contact->identifier());
+  };
+  NSArray* keys = arrayOf({CNContactEmailAddressesKey, CNContactPhoneNumbersKey, CNContactGivenNameKey});
+  store->enumerateContacts(CNContactFetchRequest::withKeysToFetch(keys), objc::block(visit));
+  return identifiers;
+}
+
+// Returns the first picture of the contacts with the identifier.
+NSData* pictureOf(CNContactStore* store, NSString* identifier) {
+  NSPredicate* predicate = CNContact::predicateForIdentifiers(arrayOf({identifier}));
+  NSArray* contacts = store->contactsMatching(predicate, arrayOf({CNContactImageDataKey}));
+  for (NSUInteger index = 0; index < contacts->count(); ++index)
+    if (NSData* picture = static_cast<CNContact*>(contacts->objectAtIndex(index))->imageData()) return picture;
+  return nullptr;
 }
 
 // Returns the picture of the first contact that matches the sender and has a picture. Returns nil if there is no such
-// contact.
+// contact. Only the pictures of matching contacts are fetched, because the search blocks the main thread.
 objc::Ref<NSData> pictureDataOf(const Sender& sender) {
   const auto store = objc::make<CNContactStore>();
   fetchDefaultContainer(store);
-  objc::Ref<NSData> found;
-  objc::Ref<NSData>* const result = &found;
-  const auto visit = [&sender, result](CNContact* contact, bool* stop) {
-    if (!matches(contact, sender)) return;
-    *result = objc::retain(contact->imageData());
-    *stop = *result != nullptr;
-  };
-  store->enumerateContacts(CNContactFetchRequest::withKeysToFetch(fetchedProperties()), objc::block(visit));
-  return found;
+  const objc::Ref<NSMutableArray> identifiers = matchingContacts(store, sender);
+  for (NSUInteger index = 0; index < identifiers->count(); ++index)
+    if (NSData* picture = pictureOf(store, static_cast<NSString*>(identifiers->objectAtIndex(index))))
+      return objc::retain(picture);
+  return nullptr;
 }
 
 void contactPhoto(BrimMessagesContactPhotoProvider*, NCNotificationRequest* request, NSString*, NSString*,

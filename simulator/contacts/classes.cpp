@@ -7,6 +7,7 @@ namespace contacts {
 void registerClasses() {
   const objc::AutoreleasePool pool;
   initializeContactKeys();
+  defineIdentifierPredicate();
   defineContact();
   defineContainer();
   defineContactStore();

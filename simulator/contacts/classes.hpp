@@ -8,6 +8,7 @@ void registerClasses();
 
 // The steps of registerClasses. Only registerClasses calls them.
 void initializeContactKeys();
+void defineIdentifierPredicate();
 void defineContact();
 void defineContainer();
 void defineContactStore();

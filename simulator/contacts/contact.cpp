@@ -3,6 +3,7 @@
 #include "objc/property_entry.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/contacts/classes.hpp"
+#include "simulator/contacts/identifier_predicate.hpp"
 
 namespace {
 
@@ -64,6 +65,8 @@ NSData* imageData(CNContact* self) {
   return image ? NSData::dataWithBytes(image->data(), image->size()) : nullptr;
 }
 
+NSPredicate* predicateForIdentifiers(Class, NSArray* identifiers) { return identifierPredicate(identifiers); }
+
 }  // namespace
 
 objc::Ref<CNContact> makeContact(std::shared_ptr<const Person> person, NSArray* keys) {
@@ -78,9 +81,12 @@ void defineContact() {
       objc::readOnly<"value", CNLabeledValue, &LabeledValueState::value>(),
   };
   static constexpr objc::MethodEntry contact[] = {
-      objc::method<"identifier", &identifier>(),         objc::method<"givenName", &givenName>(),
-      objc::method<"emailAddresses", &emailAddresses>(), objc::method<"phoneNumbers", &phoneNumbers>(),
+      objc::method<"identifier", &identifier>(),
+      objc::method<"givenName", &givenName>(),
+      objc::method<"emailAddresses", &emailAddresses>(),
+      objc::method<"phoneNumbers", &phoneNumbers>(),
       objc::method<"imageData", &imageData>(),
+      objc::classMethod<"predicateForContactsWithIdentifiers:", &predicateForIdentifiers>(),
   };
   objc::defineClassWithState<CNLabeledValue>({});
   objc::addProperties(CNLabeledValue::classObject(), labeledValue);

@@ -5,6 +5,7 @@
 #include "simulator/contacts/classes.hpp"
 #include "simulator/contacts/contact.hpp"
 #include "simulator/contacts/container.hpp"
+#include "simulator/contacts/identifier_predicate.hpp"
 
 namespace {
 
@@ -57,6 +58,19 @@ bool enumerate(CNContactStore*, CNContactFetchRequest* request, id* error,
   return true;
 }
 
+NSArray* findContacts(CNContactStore*, NSPredicate* predicate, NSArray* keys, id* error) {
+  const std::shared_ptr<const People> all = people();
+  if (all == nullptr) {
+    setError(error);
+    return nullptr;
+  }
+  auto* const found = NSMutableArray::array();
+  for (const Person& person : *all)
+    if (const auto contact = makeContact({all, &person}, keys); matches(predicate, contact.get()))
+      found->addObject(contact);
+  return found;
+}
+
 }  // namespace
 
 void defineContactStore() {
@@ -64,6 +78,7 @@ void defineContactStore() {
   static constexpr objc::MethodEntry store[] = {
       objc::method<"defaultContainerIdentifier", &defaultContainerIdentifier>(),
       objc::method<"containersMatchingPredicate:error:", &findContainers>(),
+      objc::method<"unifiedContactsMatchingPredicate:keysToFetch:error:", &findContacts>(),
       objc::method<"enumerateContactsWithFetchRequest:error:usingBlock:", &enumerate>(),
   };
   objc::defineClassWithState<CNContactFetchRequest>(request);

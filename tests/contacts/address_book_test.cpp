@@ -231,6 +231,28 @@ TEST_F(AddressBook, ReturnsAnErrorIfItsFileCannotBeRead) {
   EXPECT_EQ(textOf(objc::send<NSString*, "domain">(error)), "CNErrorDomain");
 }
 
+TEST_F(AddressBook, FindsContactsByIdentifier) {
+  write(defaultFile(),
+        "BEGIN:VCARD\nUID:1\nN:a;Anna\nEND:VCARD\nBEGIN:VCARD\nUID:2\nN:b;Bella\nEND:VCARD\n"
+        "BEGIN:VCARD\nUID:1\nN:c;Carla\nEND:VCARD\n");
+  const auto store = objc::make<CNContactStore>();
+  auto* const identifiers = NSMutableArray::array();
+  identifiers->addObject("1"_ns);
+  auto* const keys = NSMutableArray::array();
+  keys->addObject(CNContactGivenNameKey);
+  NSArray* const found = store->contactsMatching(CNContact::predicateForIdentifiers(identifiers), keys);
+  ASSERT_EQ(found->count(), 2u);
+  const auto* const last = static_cast<CNContact*>(found->objectAtIndex(1));
+  EXPECT_EQ(textOf(last->givenName()), "Carla");
+  EXPECT_ANY_THROW(last->imageData());
+}
+
+TEST_F(AddressBook, FindsNothingIfItsFileCannotBeRead) {
+  fs::create_directories(defaultFile());
+  auto* const none = NSMutableArray::array();
+  EXPECT_EQ(objc::make<CNContactStore>()->contactsMatching(CNContact::predicateForIdentifiers(none), none), nullptr);
+}
+
 TEST_F(AddressBook, HasOneContainer) {
   const auto store = objc::make<CNContactStore>();
   const auto count = [&store](NSString* identifier) {

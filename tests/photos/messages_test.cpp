@@ -1,6 +1,9 @@
 #include <glib.h>
 #include <gtest/gtest.h>
 
+#include "objc/hook.hpp"
+#include "platform/contacts.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "tests/photos/photo_phone.hpp"
 
 namespace {
@@ -71,6 +74,28 @@ TEST(MessagesPhoto, IdentifiersAreComparedExactly) {
   MessagesPhone phone({{"A-1", "Anna", {"a-1"}, pictureBytes(Color::Red)}});
   for (const char* identifier : {"a-1", "A-1 ", "A-", "Anna", ""})
     EXPECT_EQ(phone.picturesFor(byIdentifier(identifier)), Colors{}) << identifier;
+}
+
+// The identifiers of the contacts whose pictures the library has read.
+std::vector<std::string>& readPictures() {
+  static std::vector<std::string> identifiers;
+  return identifiers;
+}
+
+NSData* recordReadPicture(objc::Original<NSData*(CNContact*)> original, CNContact* self) {
+  readPictures().emplace_back(self->identifier()->UTF8String());
+  return original(self);
+}
+
+TEST(MessagesPhoto, OnlyThePicturesOfMatchingContactsAreRead) {
+  MessagesPhone phone({{"A-1", "Anna", {}, pictureBytes(Color::Red)},
+                       {"B-2", "Ben"},
+                       {"C-3", "Carl", {"Ben"}, pictureBytes(Color::Blue)},
+                       {"D-4", "Ben", {}, pictureBytes(Color::Red)}});
+  using Hook = objc::detail::HookOf<&recordReadPicture>;
+  MSHookMessageEx(CNContact::classObject(), objc::selector<"imageData">(), Hook::implementation(), &Hook::replaced);
+  EXPECT_EQ(phone.picturesFor(byDisplayText("Ben")), Colors{Color::Blue});
+  EXPECT_EQ(readPictures(), (std::vector<std::string>{"B-2", "C-3"}));
 }
 
 TEST(MessagesPhoto, ContactWithoutPictureShowsNone) {
