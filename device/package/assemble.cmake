@@ -1,18 +1,33 @@
-# Copies the package's files to ROOT and builds PACKAGE from them. The result does not depend on the file system: modes
-# are set here; dpkg-deb sets owners, order and times.
+# Copies the package's files to ROOT and builds PACKAGE from them. PREFIX is the folder that contains the installed files,
+# or empty. The result does not depend on the file system: modes are set here; dpkg-deb sets owners, order and times.
 cmake_policy(VERSION 3.25)
 include(${CMAKE_CURRENT_LIST_DIR}/settings_pane.cmake)
 
 file(REMOVE_RECURSE ${ROOT})
-set(libraries ${ROOT}/Library/MobileSubstrate/DynamicLibraries)
-set(support "${ROOT}/Library/Application Support/Brim")
+set(libraries ${ROOT}${PREFIX}/Library/MobileSubstrate/DynamicLibraries)
+set(support "${ROOT}${PREFIX}/Library/Application Support/Brim")
 file(MAKE_DIRECTORY ${ROOT}/DEBIAN ${libraries} ${support})
 file(COPY_FILE ${LIBRARY} ${libraries}/Brim.dylib)
 file(COPY_FILE ${FILTER} ${libraries}/Brim.plist)
-file(COPY_FILE ${CONTROL} ${ROOT}/DEBIAN/control)
 file(COPY ${ASSETS} DESTINATION ${support})
-brim_copy_settings_pane(ROOT ${ROOT} BUNDLE ${PANE} ENTRY ${PANE_ENTRY} EXECUTABLE pane)
+brim_copy_settings_pane(ROOT ${ROOT}${PREFIX} BUNDLE ${PANE} ENTRY ${PANE_ENTRY} EXECUTABLE pane)
 set(executables ${libraries}/Brim.dylib ${pane})
+
+# In KiB. Each file is rounded up, and a folder counts as one.
+set(installed_size 0)
+file(GLOB_RECURSE entries LIST_DIRECTORIES true ${ROOT}/*)
+list(FILTER entries EXCLUDE REGEX "/DEBIAN$")
+foreach(entry IN LISTS entries)
+  if(IS_DIRECTORY ${entry})
+    set(size 1)
+  else()
+    file(SIZE ${entry} size)
+  endif()
+  math(EXPR installed_size "${installed_size} + (${size} + 1023) / 1024")
+endforeach()
+file(READ ${CONTROL} control)
+string(REPLACE "\nDescription:" "\nInstalled-Size: ${installed_size}\nDescription:" control "${control}")
+file(WRITE ${ROOT}/DEBIAN/control "${control}")
 
 file(GLOB_RECURSE entries LIST_DIRECTORIES true ${ROOT}/*)
 foreach(entry IN LISTS entries ITEMS ${ROOT})

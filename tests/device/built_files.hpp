@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 namespace device {
 
@@ -9,8 +10,10 @@ inline std::filesystem::path buildFolder() { return BRIM_DEVICE_BUILD; }
 inline std::filesystem::path builtLibrary() { return buildFolder() / "Brim.dylib"; }
 // The settings pane's bundle.
 inline std::filesystem::path builtPane() { return buildFolder() / "share/brim/BrimPreferences.bundle"; }
-inline const char* packageName() { return "brim_" BRIM_VERSION "_iphoneos-arm.deb"; }
-inline std::filesystem::path builtPackage() { return buildFolder() / packageName(); }
+// The file name of the package for phones of that architecture: iphoneos-arm or iphoneos-arm64.
+inline std::string packageName(const std::string& architecture) {
+  return "brim_" BRIM_VERSION "_" + architecture + ".deb";
+}
 // The library and the package built a second time, in another folder.
 inline std::filesystem::path secondBuild() { return BRIM_DEVICE_SECOND_BUILD; }
 inline std::filesystem::path sourceFolder() { return BRIM_SOURCE; }

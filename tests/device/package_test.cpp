@@ -1,4 +1,4 @@
-// The contents of the package, unpacked with dpkg.
+// The contents of the packages, unpacked with dpkg.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
@@ -23,24 +23,38 @@ std::string dpkgDeb(const std::string& arguments) {
   return output.text;
 }
 
-std::string field(const std::string& name) {
-  std::string value = dpkgDeb("--field " + device::builtPackage().string() + " " + name);
-  value.erase(std::remove(value.begin(), value.end(), '\n'), value.end());
-  return value;
-}
+struct PackageKind {
+  const char* architecture;
+  // The folder that contains the installed files, relative to the root.
+  const char* prefix;
+};
 
-// Unpacks the package into a temporary folder. The destructor removes the folder.
+class Package : public testing::TestWithParam<PackageKind> {
+ protected:
+  static fs::path file() { return device::buildFolder() / device::packageName(GetParam().architecture); }
+
+  static std::string field(const std::string& name) {
+    std::string value = dpkgDeb("--field " + file().string() + " " + name);
+    value.erase(std::remove(value.begin(), value.end(), '\n'), value.end());
+    return value;
+  }
+};
+
+// Unpacks a package into a temporary folder. The destructor removes the folder.
 class Unpacked {
  public:
-  Unpacked() : folder(makeFolder()) { dpkgDeb("--extract " + device::builtPackage().string() + " " + folder.string()); }
+  Unpacked(const fs::path& package, const PackageKind& kind)
+      : temporary_(makeFolder()), folder(temporary_ / kind.prefix) {
+    dpkgDeb("--extract " + package.string() + " " + temporary_.string());
+  }
   ~Unpacked() {
     std::error_code ignored;
-    fs::remove_all(folder, ignored);
+    fs::remove_all(temporary_, ignored);
   }
   Unpacked(const Unpacked&) = delete;
   Unpacked& operator=(const Unpacked&) = delete;
 
-  const fs::path folder;
+  const fs::path& root() const { return temporary_; }
 
  private:
   static fs::path makeFolder() {
@@ -48,6 +62,12 @@ class Unpacked {
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder can be made");
     return pattern;
   }
+
+  fs::path temporary_;
+
+ public:
+  // The folder that contains the installed files.
+  const fs::path folder;
 };
 
 std::string textOf(const fs::path& path) {
@@ -55,26 +75,26 @@ std::string textOf(const fs::path& path) {
   return {bytes.begin(), bytes.end()};
 }
 
-TEST(Package, DeclaresItsDependencies) {
+TEST_P(Package, DeclaresItsDependencies) {
   EXPECT_EQ(field("Package"), "com.marrowgate.brim");
-  EXPECT_EQ(field("Architecture"), "iphoneos-arm");
+  EXPECT_EQ(field("Architecture"), GetParam().architecture);
   EXPECT_EQ(field("Depends"), "firmware (>= 11.2), mobilesubstrate, preferenceloader, ws.hbang.common");
 }
 
-TEST(Package, ContainsTheBuiltLibrary) {
-  const Unpacked package;
+TEST_P(Package, ContainsTheBuiltLibrary) {
+  const Unpacked package(file(), GetParam());
   EXPECT_EQ(device::contentsOf(package.folder / librariesFolder / "Brim.dylib"),
             device::contentsOf(device::builtLibrary()));
 }
 
-TEST(Package, ContainsAFilterForTheHomeScreenAndMessages) {
-  const Unpacked package;
+TEST_P(Package, ContainsAFilterForTheHomeScreenAndMessages) {
+  const Unpacked package(file(), GetParam());
   const std::string filter = textOf(package.folder / librariesFolder / "Brim.plist");
   EXPECT_EQ(filter, "{ Filter = { Bundles = ( \"com.apple.springboard\", \"com.apple.MobileSMS\" ); }; }\n");
 }
 
-TEST(Package, ContainsTheAssetsAtTheLibrarysPath) {
-  const Unpacked package;
+TEST_P(Package, ContainsTheAssetsAtTheLibrarysPath) {
+  const Unpacked package(file(), GetParam());
   const fs::path bundle = package.folder / assetBundle;
   EXPECT_TRUE(fs::exists(bundle / "Info.plist"));
   EXPECT_TRUE(fs::exists(bundle / "en.lproj/Localizable.strings"));
@@ -89,8 +109,8 @@ TEST(Package, ContainsTheAssetsAtTheLibrarysPath) {
   }
 }
 
-TEST(Package, ContainsTheSettingsPane) {
-  const Unpacked package;
+TEST_P(Package, ContainsTheSettingsPane) {
+  const Unpacked package(file(), GetParam());
   const fs::path bundle = package.folder / paneBundle;
   EXPECT_EQ(device::contentsOf(bundle / "BrimPreferences"),
             device::contentsOf(device::builtPane() / "BrimPreferences"));
@@ -101,14 +121,14 @@ TEST(Package, ContainsTheSettingsPane) {
     EXPECT_TRUE(fs::exists(bundle / (std::string(language) + ".lproj") / "Root.strings")) << language;
 }
 
-TEST(Package, AddsTheSettingsPaneToTheSettingsApplication) {
-  const Unpacked package;
+TEST_P(Package, AddsTheSettingsPaneToTheSettingsApplication) {
+  const Unpacked package(file(), GetParam());
   EXPECT_EQ(device::contentsOf(package.folder / "Library/PreferenceLoader/Preferences/Brim.plist"),
             device::contentsOf(device::sourceFolder() / "settings_pane/resources/Brim.plist"));
 }
 
-TEST(Package, FilesBelongToRootAndAreNotWritableByOthers) {
-  std::istringstream lines(dpkgDeb("--contents " + device::builtPackage().string()));
+TEST_P(Package, FilesBelongToRootAndAreNotWritableByOthers) {
+  std::istringstream lines(dpkgDeb("--contents " + file().string()));
   int entries = 0;
   for (std::string line; std::getline(lines, line); ++entries) {
     EXPECT_NE(line.find(" root/root "), std::string::npos) << line;
@@ -119,10 +139,38 @@ TEST(Package, FilesBelongToRootAndAreNotWritableByOthers) {
   EXPECT_GT(entries, 100);
 }
 
-TEST(Package, IsReproducible) {
+TEST_P(Package, IsReproducible) {
   EXPECT_EQ(device::contentsOf(device::secondBuild() / "Brim.dylib"), device::contentsOf(device::builtLibrary()));
-  EXPECT_EQ(device::contentsOf(device::secondBuild() / device::packageName()),
-            device::contentsOf(device::builtPackage()));
+  EXPECT_EQ(device::contentsOf(device::secondBuild() / file().filename()), device::contentsOf(file()));
 }
+
+TEST_P(Package, NamesItsAuthorsAndItsIcon) {
+  EXPECT_EQ(field("Author"), "The Brim developers");
+  EXPECT_EQ(field("Maintainer"), "The Brim developers");
+  const Unpacked package(file(), GetParam());
+  const std::string icon = field("Icon");
+  ASSERT_TRUE(icon.starts_with("file:///")) << icon;
+  EXPECT_TRUE(fs::is_regular_file(package.root() / icon.substr(8))) << icon;
+}
+
+// In KiB, as on a file system that allocates whole KiB.
+TEST_P(Package, DeclaresItsInstalledSize) {
+  const Unpacked package(file(), GetParam());
+  std::uintmax_t size = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(package.root()))
+    size += entry.is_directory() ? 1 : (entry.file_size() + 1023) / 1024;
+  EXPECT_EQ(field("Installed-Size"), std::to_string(size));
+}
+
+TEST_P(Package, InstallsNothingOutsideItsFolder) {
+  const Unpacked package(file(), GetParam());
+  const std::string folder = package.folder.string();
+  for (const auto& entry : fs::recursive_directory_iterator(package.root()))
+    if (!entry.is_directory()) EXPECT_TRUE(entry.path().string().starts_with(folder + "/Library/")) << entry.path();
+}
+
+INSTANTIATE_TEST_SUITE_P(Architectures, Package,
+                         testing::Values(PackageKind{"iphoneos-arm", ""}, PackageKind{"iphoneos-arm64", "var/jb"}),
+                         [](const auto& info) { return info.index == 0 ? "RootFolder" : "VarJb"; });
 
 }  // namespace
