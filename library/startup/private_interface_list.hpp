@@ -24,7 +24,7 @@ BRIM_START(InstanceMethod, "HBPreferences", "registerInteger:default:forKey:")
 BRIM_START(Symbol, "", "MSHookMessageEx")
 
 // A banner: its window, its controller, its texts and its actions.
-BRIM_BANNER(PlatformClass, "SBNotificationBannerWindow", "")
+BRIM_PRIVATE_INTERFACE(PlatformClass, "SBNotificationBannerWindow", "", "11.2", "", Banner, "The system's banners appear; the library logs why. Systems from 14.0 lack this class.")
 BRIM_PRIVATE_INTERFACE(InstanceMethod, "_NCNotificationViewControllerView", "contentView", "11.2", "12.0", Banner, "The system's banners appear; the library logs why.")
 BRIM_PRIVATE_INTERFACE(InstanceMethod, "NCNotificationViewControllerView", "contentView", "12.0", "", Banner, "The system's banners appear; the library logs why.")
 BRIM_BANNER(InstanceMethod, "NCNotificationShortLookViewController", "_handleTapOnView:")
