@@ -31,10 +31,11 @@ void requireValid(const MachFile& file, const Segment& segment, std::uint64_t en
           "segment " + segment.name + " is too large");
   require(segment.fileSize <= segment.size, "segment " + segment.name + " is smaller than its content");
   part(file.bytes, segment.fileOffset, segment.fileSize);
-  for (const Section& section : segment.sections)
-    require(section.size == 0 ||
-                (segment.contains(section.address) && segment.contains(section.address + section.size - 1)),
+  for (const Section& section : segment.sections) {
+    const std::uint64_t last = section.address + section.size - 1;
+    require(section.size == 0 || (segment.contains(section.address) && segment.contains(last)),
             "section " + section.name + " is outside its segment");
+  }
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
@@ -63,7 +64,7 @@ std::string readableName(const std::string& symbol) {
   // The phone's C compiler adds an underscore.
   int status = 0;
   char* const readable = abi::__cxa_demangle(symbol.c_str() + 1, nullptr, nullptr, &status);
-  const std::string name = status == 0 ? withTexts(readable) : symbol;
+  std::string name = status == 0 ? withTexts(readable) : symbol;
   std::free(readable);
   return name;
 }
@@ -150,20 +151,23 @@ void printCoverage(const std::vector<Function>& all) {
   std::printf("%llu of %llu instructions were executed: %.1f %%\n", static_cast<unsigned long long>(executed),
               static_cast<unsigned long long>(instructions),
               100 * static_cast<double>(executed) / static_cast<double>(instructions));
-  for (const Function& function : all)
-    if (function.executed == 0)
-      std::printf("not executed: %s, %llu instructions\n", function.name.c_str(),
-                  static_cast<unsigned long long>(function.instructions));
-  std::vector<Function> partly = all;
-  std::erase_if(partly, [](const Function& function) { return function.executed == 0; });
+  for (const Function& function : all) {
+    if (function.executed > 0) continue;
+    std::printf("not executed: %s, %llu instructions\n", function.name.c_str(),
+                static_cast<unsigned long long>(function.instructions));
+  }
+  std::vector<Function> partly;
+  std::copy_if(all.begin(), all.end(), std::back_inserter(partly), [](const Function& function) {
+    return function.executed > 0 && function.executed < function.instructions;
+  });
   std::sort(partly.begin(), partly.end(), [](const Function& left, const Function& right) {
     return left.instructions - left.executed > right.instructions - right.executed;
   });
-  for (const Function& function : partly)
-    if (function.executed < function.instructions)
-      std::printf("partly executed: %s, %llu of %llu instructions\n", function.name.c_str(),
-                  static_cast<unsigned long long>(function.executed),
-                  static_cast<unsigned long long>(function.instructions));
+  for (const Function& function : partly) {
+    std::printf("partly executed: %s, %llu of %llu instructions\n", function.name.c_str(),
+                static_cast<unsigned long long>(function.executed),
+                static_cast<unsigned long long>(function.instructions));
+  }
 }
 
 int summarize(const fs::path& libraryPath, const fs::path& folder) {

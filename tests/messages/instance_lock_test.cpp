@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <thread>
 
 #include "tests/support/temporary_folder.hpp"
 
@@ -54,10 +56,13 @@ TEST_F(InstanceLock, IsNotModifiedByAFailedAttempt) {
 
 // An app can start the notification daemon, which runs longer than the app and must not keep the lock.
 TEST_F(InstanceLock, IsNotInheritedByChildProcesses) {
+  const fs::path started = temporaryFolder.path() / "started";
   FILE* child = nullptr;
   {
     const foundation::FileDescriptor lock = lockInstance(folder);
-    child = popen("cat > /dev/null", "w");
+    child = popen(("touch '" + started.string() + "'; cat > /dev/null").c_str(), "w");
+    // In the emulator, popen returns before the child executes the shell.
+    while (!fs::exists(started)) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   EXPECT_TRUE(lockInstance(folder).isOpen());
   pclose(child);
