@@ -49,7 +49,8 @@ dispatch_queue_t serverQueue() {
 }
 
 void publish(BBBulletin* bulletin) {
-  if (!respondsTo<"publishBulletin:destinations:">(sharedServer) || serverQueue() == nullptr) return;
+  if (bulletin == nullptr || !respondsTo<"publishBulletin:destinations:">(sharedServer) || serverQueue() == nullptr)
+    return;
   const objc::Ref<BBServer> server = objc::retain(sharedServer);
   const objc::Ref<BBBulletin> published = objc::retain(bulletin);
   // The server must be used on its own queue only.

@@ -74,7 +74,7 @@ BRIM_OPTIONAL(InstanceMethod, "BBServer", "initWithQueue:", "No test banner appe
 BRIM_OPTIONAL(InstanceMethod, "BBServer", "initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:utilitiesListener:conduitListener:systemStateListener:settingsListener:", "No test banner appears if the platform has no other initializer; the phone only vibrates.")
 BRIM_OPTIONAL(InstanceMethod, "BBServer", "publishBulletin:destinations:", "No test banner appears; the phone only vibrates.")
 BRIM_OPTIONAL(Symbol, "", "__BBServerQueue", "No test banner appears; the phone only vibrates.")
-BRIM_OPTIONAL(PlatformClass, "BBBulletin", "", "The test banner is empty or does not appear.")
+BRIM_OPTIONAL(PlatformClass, "BBBulletin", "", "No test banner appears; the phone only vibrates.")
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setTitle:", "The test banner lacks this value.")
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setMessage:", "The test banner lacks this value.")
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setSectionID:", "The test banner lacks this value.")

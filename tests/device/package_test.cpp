@@ -164,13 +164,15 @@ TEST_P(Package, DeclaresItsInstalledSize) {
 
 TEST_P(Package, InstallsNothingOutsideItsFolder) {
   const Unpacked package(file(), GetParam());
-  const std::string folder = package.folder.string();
-  for (const auto& entry : fs::recursive_directory_iterator(package.root()))
-    if (!entry.is_directory()) EXPECT_TRUE(entry.path().string().starts_with(folder + "/Library/")) << entry.path();
+  const std::string folder = (package.folder / "Library/").string();
+  for (const auto& entry : fs::recursive_directory_iterator(package.root())) {
+    const bool isInside = entry.is_directory() || entry.path().string().starts_with(folder);
+    EXPECT_TRUE(isInside) << entry.path();
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Architectures, Package,
                          testing::Values(PackageKind{"iphoneos-arm", ""}, PackageKind{"iphoneos-arm64", "var/jb"}),
-                         [](const auto& info) { return info.index == 0 ? "RootFolder" : "VarJb"; });
+                         [](const auto& parameter) { return parameter.index == 0 ? "RootFolder" : "VarJb"; });
 
 }  // namespace

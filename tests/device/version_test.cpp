@@ -6,16 +6,16 @@
 
 namespace {
 
+std::string package() { return (device::buildFolder() / device::packageName("iphoneos-arm")).string(); }
+
 TEST(Version, OfThePackageIsTheProjects) {
-  const device::CommandOutput output =
-      device::outputOf("dpkg-deb --field " + device::builtPackage().string() + " Version");
+  const device::CommandOutput output = device::outputOf("dpkg-deb --field " + package() + " Version");
   EXPECT_EQ(output.text, BRIM_VERSION "\n");
 }
 
 TEST(Version, OfThePackagesAssetBundleIsTheProjects) {
-  const device::CommandOutput output =
-      device::outputOf("dpkg-deb --fsys-tarfile " + device::builtPackage().string() +
-                       " | tar --extract --to-stdout --wildcards '*/Assets.bundle/Info.plist'");
+  const device::CommandOutput output = device::outputOf(
+      "dpkg-deb --fsys-tarfile " + package() + " | tar --extract --to-stdout --wildcards '*/Assets.bundle/Info.plist'");
   const std::string value = "<string>" BRIM_VERSION "</string>";
   for (const char* key : {"<key>CFBundleShortVersionString</key>", "<key>CFBundleVersion</key>"}) {
     const std::size_t at = output.text.find(key);

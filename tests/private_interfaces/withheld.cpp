@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "objc/runtime.hpp"
+#include "platform/common_crypto.hpp"
 
 namespace test {
 
@@ -18,6 +19,8 @@ namespace {
 
 const PrivateInterface* withheld;
 const char* refusedClass;
+std::vector<std::string> digested;
+int processLookUps;
 std::vector<std::string> unrecognized;
 
 struct Range {
@@ -33,13 +36,18 @@ std::vector<Range>& knownRanges() {
   return ranges;
 }
 
+// The library is loaded through a link with the name that it has on a phone.
+bool isLibraryFile(const char* path) {
+  return std::strstr(path, "/Brim.dylib") != nullptr || std::strstr(path, "/libBrim.so") != nullptr;
+}
+
 int addRange(dl_phdr_info* object, std::size_t, void* address) {
   const auto wanted = reinterpret_cast<std::uintptr_t>(address);
   for (int index = 0; index < object->dlpi_phnum; ++index) {
     const auto& segment = object->dlpi_phdr[index];
     const std::uintptr_t begin = object->dlpi_addr + segment.p_vaddr;
     if (segment.p_type != PT_LOAD || wanted < begin || wanted >= begin + segment.p_memsz) continue;
-    knownRanges().push_back({begin, begin + segment.p_memsz, std::strstr(object->dlpi_name, "libBrim.so") != nullptr});
+    knownRanges().push_back({begin, begin + segment.p_memsz, isLibraryFile(object->dlpi_name)});
     return 1;
   }
   return 0;
@@ -75,9 +83,7 @@ bool isMethodWithheld(Class examined, SEL selector) {
 // The definition that this program's definition replaces.
 template <class Function>
 Function* next(const char* name) {
-  // This program also replaces dlsym.
-  static const auto lookUp = reinterpret_cast<void* (*)(void*, const char*)>(dlvsym(RTLD_NEXT, "dlsym", "GLIBC_2.34"));
-  return reinterpret_cast<Function*>(lookUp(RTLD_NEXT, name));
+  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
 id doNothing(id, SEL) { return nullptr; }
@@ -120,6 +126,8 @@ void withhold(const PrivateInterface& interface) { withheld = &interface; }
 
 void refuseToDefine(const char* className) { refusedClass = className; }
 
+const std::vector<std::string>& digestedData() { return digested; }
+
 const std::vector<std::string>& unrecognizedSelectors() { return unrecognized; }
 
 }  // namespace test
@@ -160,10 +168,21 @@ Class objc_allocateClassPair(Class superclass, const char* name, std::size_t ext
   return original(superclass, name, extraBytes);
 }
 
-void* dlsym(void* library, const char* name) noexcept {
-  static auto* const original = test::next<void*(void*, const char*)>("dlsym");
-  if (test::isWithheld(__builtin_return_address(0), InterfaceKind::Symbol, name)) return nullptr;
-  return original(library, name);
+unsigned char* CC_MD5(const void* data, std::uint32_t length, unsigned char* digest) {
+  static auto* const original = test::next<unsigned char*(const void*, std::uint32_t, unsigned char*)>("CC_MD5");
+  if (test::isLibrary(__builtin_return_address(0))) test::digested.emplace_back(static_cast<const char*>(data), length);
+  return original(data, length, digest);
+}
+
+// The library looks up symbols of the running process: first the hook function, later the server's queue. If the symbol
+// is withheld, the library gets another library, which has neither of them.
+void* dlopen(const char* path, int mode) noexcept {
+  static auto* const original = test::next<void*(const char*, int)>("dlopen");
+  if (path != nullptr || !test::isLibrary(__builtin_return_address(0))) return original(path, mode);
+  const char* const symbol = ++test::processLookUps == 1 ? "MSHookMessageEx" : "__BBServerQueue";
+  const bool isWithheld = test::withheld != nullptr && test::withheld->kind == InterfaceKind::Symbol &&
+                          std::strcmp(test::withheld->name, symbol) == 0;
+  return isWithheld ? original("libm.so.6", RTLD_LAZY) : original(path, mode);
 }
 
 }  // extern "C"

@@ -31,6 +31,9 @@ void withhold(const PrivateInterface& interface);
 // Makes the runtime refuse to define the class with this name.
 void refuseToDefine(const char* className);
 
+// The data of which the library has computed MD5 digests itself.
+const std::vector<std::string>& digestedData();
+
 // The messages that the library has sent although the receiver does not respond to them. On a phone, each of them ends
 // the process.
 const std::vector<std::string>& unrecognizedSelectors();
