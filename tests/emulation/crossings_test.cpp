@@ -7,6 +7,8 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -133,6 +135,23 @@ TEST(MessageFunction, EndsTheProcessForADeallocatedObjectIfReleasedMemoryIsOverw
   const id object = objectWithMethod("q@:q");
   objc::send<void, "release">(object);
   EXPECT_DEATH(messageFunction()(object, sel_registerName("value:"), 1), "");
+}
+
+id objectForExitHandler = nullptr;
+
+// The handler runs after the destructors of the variables that the first message creates.
+TEST(MessageFunction, CanBeCalledByExitHandlers) {
+  objectForExitHandler = objectWithMethod("C@:q");
+  const auto sendFromHandlerAndExit = [] {
+    mallopt(M_PERTURB, 165);
+    std::atexit([] {
+      if (messageFunction()(objectForExitHandler, sel_registerName("value:"), 2) != 2) std::abort();
+      std::fputs("sent", stderr);
+    });
+    messageFunction()(objectForExitHandler, sel_registerName("value:"), 1);
+    std::exit(0);
+  };
+  EXPECT_EXIT(sendFromHandlerAndExit(), testing::ExitedWithCode(0), "^sent$");
 }
 
 std::string contents(const std::filesystem::path& path) {
