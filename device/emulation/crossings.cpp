@@ -47,11 +47,13 @@ struct Stubs {
   std::size_t exitCount = 0;
   std::map<std::pair<IMP, std::string>, IMP> knownEntries;
   std::map<std::pair<IMP, NarrowInteger>, IMP> knownExits;
+  std::map<std::pair<Class, SEL>, NarrowInteger> results;
 };
 
+// Never destroyed, because exit handlers release objects.
 Stubs& stubs() {
-  static Stubs instance;
-  return instance;
+  static auto* const instance = new Stubs;
+  return *instance;
 }
 
 IMP stubAt(const char* table, std::size_t number) {
@@ -72,8 +74,9 @@ CallingConvention conventionOf(const char* encoding, const std::string& name) {
 
 // The narrow result of the method that the message calls. Methods are looked up once for each class and selector.
 NarrowInteger resultOf(Class receiverClass, SEL selector) {
-  thread_local std::map<std::pair<Class, SEL>, NarrowInteger> results;
-  const auto [found, isNew] = results.try_emplace({receiverClass, selector}, NarrowInteger::None);
+  Stubs& all = stubs();
+  const std::lock_guard lock(all.mutex);
+  const auto [found, isNew] = all.results.try_emplace({receiverClass, selector}, NarrowInteger::None);
   if (isNew) {
     const Method method = class_getInstanceMethod(receiverClass, selector);
     const char* const encoding = method == nullptr ? nullptr : method_getTypeEncoding(method);

@@ -11,7 +11,7 @@
 #include "device/emulation/crossings.hpp"
 #include "device/emulation/library_address.hpp"
 #include "device/emulation/report.hpp"
-#include "objc/runtime.hpp"
+#include "simulator/foundation/hook_function.hpp"
 
 namespace emulation {
 

@@ -9,18 +9,16 @@
 #include <iterator>
 #include <mutex>
 #include <set>
+#include <string_view>
 
 namespace emulation {
 
 namespace {
 
 // The folder that the environment names, empty if there is none.
-const std::string& reportFolder() {
-  static const std::string folder = [] {
-    const char* const value = std::getenv("BRIM_REPORT");
-    return std::string(value == nullptr ? "" : value);
-  }();
-  return folder;
+std::string_view reportFolder() {
+  static const char* const folder = std::getenv("BRIM_REPORT");
+  return folder == nullptr ? "" : folder;
 }
 
 // The arguments of this process, separated by spaces.
@@ -33,7 +31,9 @@ std::string commandLine() {
 
 class ReportFile {
  public:
-  ReportFile() : path_(reportFolder() + "/" + std::to_string(getpid())) { append("process " + commandLine()); }
+  ReportFile() : path_(std::string(reportFolder()) + "/" + std::to_string(getpid())) {
+    append("process " + commandLine());
+  }
 
   void append(const std::string& line) {
     const std::lock_guard lock(mutex_);
@@ -54,8 +54,9 @@ bool isReporting() { return !reportFolder().empty(); }
 
 void report(const std::string& line) {
   if (!isReporting()) return;
-  static ReportFile file;
-  file.append(line);
+  // Never destroyed, because exit handlers release objects.
+  static auto* const file = new ReportFile;
+  file->append(line);
 }
 
 void fail(const std::string& reason) {

@@ -7,9 +7,12 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <vector>
 
 #include "objc/send.hpp"
 #include "platform/ns_object.hpp"
@@ -127,12 +130,36 @@ TEST(MessageFunction, ReturnsZeroForNil) {
   EXPECT_EQ(messageFunction<SendDouble>()(nullptr, sel_registerName("doubleValue"), 1.5), 0);
 }
 
-// The tests run with this setting of the C library, too; see CMakePresets.json.
-TEST(MessageFunction, EndsTheProcessForADeallocatedObjectIfReleasedMemoryIsOverwritten) {
-  mallopt(M_PERTURB, 165);
+TEST(MessageFunction, EndsTheProcessForADeallocatedObject) {
   const id object = objectWithMethod("q@:q");
   objc::send<void, "release">(object);
   EXPECT_DEATH(messageFunction()(object, sel_registerName("value:"), 1), "");
+}
+
+id objectForExitHandler = nullptr;
+
+// The C library does not overwrite the blocks in its cache, which has room for seven blocks of each size.
+void fillCacheOfReleasedMemory() {
+  std::vector<void*> blocks;
+  for (std::size_t size = 24; size <= 1032; size += 16)
+    for (int count = 0; count < 7; ++count) blocks.push_back(std::malloc(size));
+  for (void* const block : blocks) std::free(block);
+}
+
+// The handler runs after the destructors of the variables that the first message creates.
+TEST(MessageFunction, CanBeCalledByExitHandlers) {
+  objectForExitHandler = objectWithMethod("C@:q");
+  const auto sendFromHandlerAndExit = [] {
+    mallopt(M_PERTURB, 165);
+    std::atexit([] {
+      if (messageFunction()(objectForExitHandler, sel_registerName("value:"), 2) != 2) std::abort();
+      std::fputs("sent", stderr);
+    });
+    messageFunction()(objectForExitHandler, sel_registerName("value:"), 1);
+    fillCacheOfReleasedMemory();
+    std::exit(0);
+  };
+  EXPECT_EXIT(sendFromHandlerAndExit(), testing::ExitedWithCode(0), "^sent$");
 }
 
 std::string contents(const std::filesystem::path& path) {
