@@ -169,7 +169,8 @@ TEST(PrivateInterfaceList, ContainsEveryOptionalMessage) {
 
 std::string documentedRow(const PrivateInterface& interface) {
   std::string systems = interface.since;
-  systems += std::string(interface.until).empty() ? " and later" : " to below " + std::string(interface.until);
+  systems +=
+      std::string(interface.until).empty() ? " and later" : " and later, but before " + std::string(interface.until);
   return "| `" + test::descriptionOf(interface) + "` | " + systems + " | " + interface.effect + " |\n";
 }
 
