@@ -179,9 +179,9 @@ unsigned char* CC_MD5(const void* data, std::uint32_t length, unsigned char* dig
 void* dlopen(const char* path, int mode) noexcept {
   static auto* const original = test::next<void*(const char*, int)>("dlopen");
   if (path != nullptr || !test::isLibrary(__builtin_return_address(0))) return original(path, mode);
-  const char* const symbol = ++test::processLookUps == 1 ? "MSHookMessageEx" : "__BBServerQueue";
+  const bool isFirst = ++test::processLookUps == 1;
   const bool isWithheld = test::withheld != nullptr && test::withheld->kind == InterfaceKind::Symbol &&
-                          std::strcmp(test::withheld->name, symbol) == 0;
+                          (!isFirst || std::strcmp(test::withheld->name, "MSHookMessageEx") == 0);
   return isWithheld ? original("libm.so.6", RTLD_LAZY) : original(path, mode);
 }
 
