@@ -55,7 +55,8 @@ void awaitIdle(const Deadline& deadline) {
   for (std::size_t count = base::eventCount(); !idle.hasPassed();) {
     if (deadline.hasPassed()) throw CommandError("the phone did not become idle within the time limit");
     foundation::pumpRunLoopAndMainQueue(pollInterval);
-    if (base::eventCount() == count && url_loading::pendingRequestCount() == 0) continue;
+    // A request records its event before it is no longer pending. Therefore, the events are counted last.
+    if (url_loading::pendingRequestCount() == 0 && base::eventCount() == count) continue;
     count = base::eventCount();
     idle = Deadline(idleSeconds);
   }

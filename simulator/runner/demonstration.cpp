@@ -13,7 +13,6 @@
 #include "simulator/runner/demonstration_data.hpp"
 #include "simulator/runner/demonstration_samples.hpp"
 #include "simulator/runner/library_inspection.hpp"
-#include "simulator/url_loading/request_loader.hpp"
 
 namespace runner {
 
@@ -31,8 +30,7 @@ class Demonstration {
     Json present = {{"do", "present"}};
     present.update(sample.notification);
     execute({present});
-    // Waits for the sender's picture if it is being downloaded.
-    if (url_loading::pendingRequestCount() > 0) execute({{{"do", "await"}, {"for", "photo"}}});
+    if (sample.pictureSource == PictureSource::Web) execute({{{"do", "await"}, {"for", "idle"}}});
     execute({waitStep(0.6)});
     execute(sample.steps);
     if (sample.reply != nullptr) execute({{{"do", "type"}, {"text", sample.reply}}, waitStep(0.4)});

@@ -8,8 +8,11 @@
 
 namespace runner {
 
+enum class PictureSource { None, Phone, Web };
+
 struct Sample {
   const char* name;
+  PictureSource pictureSource;
   Json notification;
   // The commands between the presentation and the picture.
   std::vector<Json> steps = {};
