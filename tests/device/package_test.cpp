@@ -29,6 +29,8 @@ struct PackageKind {
   const char* prefix;
 };
 
+void PrintTo(const PackageKind& kind, std::ostream* stream) { *stream << kind.architecture; }
+
 class Package : public testing::TestWithParam<PackageKind> {
  protected:
   static fs::path file() { return device::buildFolder() / device::packageName(GetParam().architecture); }

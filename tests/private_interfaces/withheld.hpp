@@ -2,6 +2,7 @@
 // itself still uses it. A test process withholds at most one interface, before it starts the phone. Main thread.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@ const std::vector<PrivateInterface>& privateInterfaces();
 
 // Such as "-[NSData ic_md5]".
 std::string descriptionOf(const PrivateInterface& interface);
+inline void PrintTo(const PrivateInterface& interface, std::ostream* stream) { *stream << descriptionOf(interface); }
 
 // The interface must exist until the process ends.
 void withhold(const PrivateInterface& interface);
