@@ -2,14 +2,16 @@
 
 #include <cstddef>
 
-#include "library/controller/actions.hpp"
+#include "library/controller/alarm_actions.hpp"
 #include "library/controller/attachment.hpp"
+#include "library/controller/clear_actions.hpp"
 #include "library/controller/color_mode.hpp"
 #include "library/controller/commands.hpp"
 #include "library/controller/dismissal.hpp"
 #include "library/controller/gestures.hpp"
 #include "library/controller/presentation_hooks.hpp"
 #include "library/controller/profile_picture.hpp"
+#include "library/controller/reply_actions.hpp"
 #include "library/controller/system_dismissals.hpp"
 #include "library/controller/test_banner.hpp"
 #include "library/controller/window_hooks.hpp"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <regex>
 #include <sstream>
 
 #include "objc/ownership.hpp"
@@ -99,6 +100,11 @@ void replaceClassMethod(SEL selector, IMP replacement) {
 }
 
 }  // namespace
+
+bool isLocaleIdentifier(const std::string& text) {
+  static const std::regex pattern(R"([a-z]{2,3}([_-][A-Z][a-z]{3})?([_-]([A-Z]{2}|\d{3}))?)");
+  return std::regex_match(text, pattern);
+}
 
 void useLocale(const std::string& identifier) {
   const std::string wanted = withUnderscores(identifier);

@@ -7,8 +7,8 @@
 
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/demonstration.hpp"
-#include "simulator/runner/options.hpp"
 #include "simulator/runner/session.hpp"
+#include "simulator/runner/springboard_options.hpp"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/runner/options.hpp"
+#include "simulator/runner/springboard_options.hpp"
 
 namespace runner {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "simulator/process/process_start.hpp"
-#include "simulator/runner/options.hpp"
+#include "simulator/runner/springboard_options.hpp"
 
 namespace runner {
 

@@ -8,8 +8,11 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string_view>
 
+#include "objc/block.hpp"
+#include "objc/hook.hpp"
 #include "objc/runtime.hpp"
 #include "platform/common_crypto.hpp"
 
@@ -20,6 +23,7 @@ namespace {
 const PrivateInterface* withheld;
 const char* refusedClass;
 std::vector<std::string> digested;
+std::optional<unsigned> completionValue;
 int processLookUps;
 std::vector<std::string> unrecognized;
 
@@ -126,6 +130,12 @@ void withhold(const PrivateInterface& interface) { withheld = &interface; }
 
 void refuseToDefine(const char* className) { refusedClass = className; }
 
+void completeDismissalsWith(unsigned value) { completionValue = value; }
+
+void completeDismissal(id, SEL, NSInteger, objc::Block<void(unsigned)>* completion) {
+  if (completion != nullptr) (*completion)(*completionValue);
+}
+
 const std::vector<std::string>& digestedData() { return digested; }
 
 const std::vector<std::string>& unrecognizedSelectors() { return unrecognized; }
@@ -166,6 +176,13 @@ Class objc_allocateClassPair(Class superclass, const char* name, std::size_t ext
   static auto* const original = test::next<Class(Class, const char*, std::size_t)>("objc_allocateClassPair");
   if (test::refusedClass != nullptr && std::strcmp(name, test::refusedClass) == 0) return nullptr;
   return original(superclass, name, extraBytes);
+}
+
+void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced) {
+  static auto* const original = test::next<objc::HookFunction>("MSHookMessageEx");
+  original(target, selector, replacement, replaced);
+  if (test::completionValue && std::strcmp(sel_getName(selector), "dismissViewControllerWithTransition:completion:") == 0)
+    *replaced = objc::toImplementation(&test::completeDismissal);
 }
 
 unsigned char* CC_MD5(const void* data, std::uint32_t length, unsigned char* digest) {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "simulator/base/iso_time.hpp"
-#include "simulator/runner/options.hpp"
+#include "simulator/runner/springboard_options.hpp"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "simulator/messages/messages_options.hpp"
-#include "simulator/runner/options.hpp"
+#include "simulator/runner/springboard_options.hpp"
 
 namespace {
 

@@ -13,7 +13,7 @@
 
 #include "simulator/messages/messages_options.hpp"
 #include "simulator/runner/command_handlers.hpp"
-#include "simulator/runner/options.hpp"
+#include "simulator/runner/springboard_options.hpp"
 #include "tests/support/markdown_table.hpp"
 
 namespace {

@@ -1,10 +1,10 @@
-#include "simulator/runner/options.hpp"
+#include "simulator/runner/springboard_options.hpp"
 
-#include <regex>
 #include <vector>
 
 #include "simulator/base/device_profiles.hpp"
 #include "simulator/base/iso_time.hpp"
+#include "simulator/foundation/locale.hpp"
 
 namespace runner {
 
@@ -33,8 +33,7 @@ process::ExpectedValue setAppearance(Options& options, const std::string& value)
 }
 
 process::ExpectedValue setLocale(Options& options, const std::string& value) {
-  static const std::regex pattern(R"([a-z]{2,3}([_-][A-Z][a-z]{3})?([_-]([A-Z]{2}|\d{3}))?)");
-  if (!std::regex_match(value, pattern)) return "a language and a region, such as en_US, de_DE or ar_EG";
+  if (!foundation::isLocaleIdentifier(value)) return "a language and a region, such as en_US, de_DE or ar_EG";
   options.locale = value;
   for (char& character : options.locale)
     if (character == '-') character = '_';
