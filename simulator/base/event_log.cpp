@@ -1,9 +1,12 @@
 #include "simulator/base/event_log.hpp"
 
+#include <deque>
+#include <limits>
 #include <map>
 #include <mutex>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 
 namespace base {
 
@@ -11,7 +14,9 @@ namespace {
 
 struct EventLog {
   std::mutex mutex;
-  nlohmann::ordered_json events = nlohmann::ordered_json::array();
+  std::deque<nlohmann::ordered_json> events;
+  std::size_t maxEvents = std::numeric_limits<std::size_t>::max();
+  std::size_t discarded = 0;
   std::map<std::string, std::size_t, std::less<>> counts;
   std::size_t total = 0;
 };
@@ -22,6 +27,13 @@ EventLog& eventLog() {
   return log;
 }
 
+void discardOldest(EventLog& log) {
+  while (log.events.size() > log.maxEvents) {
+    log.events.pop_front();
+    ++log.discarded;
+  }
+}
+
 }  // namespace
 
 void recordEvent(std::string_view name, const nlohmann::ordered_json& fields) {
@@ -30,6 +42,7 @@ void recordEvent(std::string_view name, const nlohmann::ordered_json& fields) {
   EventLog& log = eventLog();
   const std::scoped_lock lock(log.mutex);
   log.events.push_back(std::move(event));
+  discardOldest(log);
   ++log.counts[std::string(name)];
   ++log.total;
 }
@@ -37,7 +50,19 @@ void recordEvent(std::string_view name, const nlohmann::ordered_json& fields) {
 nlohmann::ordered_json takeEvents() {
   EventLog& log = eventLog();
   const std::scoped_lock lock(log.mutex);
-  return std::exchange(log.events, nlohmann::ordered_json::array());
+  nlohmann::ordered_json taken = nlohmann::ordered_json::array();
+  if (const std::size_t discarded = std::exchange(log.discarded, 0); discarded > 0)
+    taken.push_back({{"event", "discarded"}, {"count", discarded}});
+  for (nlohmann::ordered_json& event : log.events) taken.push_back(std::move(event));
+  log.events.clear();
+  return taken;
+}
+
+void limitEventLog(std::size_t count) {
+  EventLog& log = eventLog();
+  const std::scoped_lock lock(log.mutex);
+  log.maxEvents = count;
+  discardOldest(log);
 }
 
 std::size_t eventCount(std::string_view name) {

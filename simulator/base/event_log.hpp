@@ -13,6 +13,11 @@ void recordEvent(std::string_view name, const nlohmann::ordered_json& fields);
 // Returns the events since the previous call as an array and clears the log.
 nlohmann::ordered_json takeEvents();
 
+// Makes the log store only the latest `count` events. By default, the log stores all events, because a script can read
+// them at its end. If events have been discarded, the first event that takeEvents returns is
+// {"event":"discarded","count": …}.
+void limitEventLog(std::size_t count);
+
 // Returns the number of events with this name since the process started, including those already taken.
 std::size_t eventCount(std::string_view name);
 // Returns the number of all events since the process started, including those already taken.

@@ -3,9 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <nlohmann/json.hpp>
@@ -19,9 +17,10 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/run_loop.hpp"
-#include "simulator/messages/instance_lock.hpp"
 #include "simulator/messages/messages_classes.hpp"
 #include "simulator/messages/report_service.hpp"
+#include "simulator/process/instance_lock.hpp"
+#include "simulator/process/signals.hpp"
 #include "simulator/uikit/classes.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
@@ -34,13 +33,6 @@ using foundation::FileDescriptor;
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
-std::atomic<bool> terminationRequested = false;
-
-void requestTermination(int) {
-  terminationRequested = true;
-  foundation::wakeMainThread();
-}
-
 // Makes the root the file system of the app. A home screen that launches the app has already prepared its root. That
 // home screen may have ended since, and its root may have been deleted.
 void enterRoot(const MessagesOptions& options) {
@@ -52,7 +44,7 @@ void enterRoot(const MessagesOptions& options) {
 }
 
 FileDescriptor lockRoot() try {
-  FileDescriptor lock = lockInstance(messagesFolder(foundation::root()));
+  FileDescriptor lock = process::lockInstance(messagesFolder(foundation::root()), "messages.lock");
   if (!lock.isOpen()) throw AlreadyRunning("a Messages app is already running on " + foundation::root().string());
   return lock;
 } catch (const fs::filesystem_error& error) {
@@ -76,12 +68,6 @@ void registerClasses(const MessagesOptions& options) {
   messages::registerClasses();
 }
 
-// Makes a write to a closed pipe or beyond a size limit fail with an error. By default, a signal would end the process.
-void ignoreWriteSignals() {
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
-}
-
 }  // namespace
 
 struct MessagesApp::State {
@@ -93,7 +79,7 @@ struct MessagesApp::State {
 };
 
 MessagesApp::MessagesApp(const MessagesOptions& options) : state_(std::make_unique<State>()) {
-  ignoreWriteSignals();
+  process::ignoreWriteSignals();
   enterRoot(options);
   state_->lock = lockRoot();
   messages::ChatStore store = openStore();
@@ -142,10 +128,10 @@ MessagesApp::~MessagesApp() {
 }
 
 void MessagesApp::run() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, &requestTermination);
+  process::handleTerminationSignals();
   // The app continues to run while another home screen is connected, because that home screen can send requests.
   foundation::runMainQueueUntil([this] {
-    return terminationRequested.load() || (state_->standardInputHasEnded && !state_->service->isConnected());
+    return process::isTerminationRequested() || (state_->standardInputHasEnded && !state_->service->isConnected());
   });
 }
 

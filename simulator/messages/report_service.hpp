@@ -19,7 +19,7 @@ inline constexpr const char* serviceSocket = "messages.socket";
 // from the app is an event, which is a JSON object.
 inline constexpr const char* readyReply = "ready";
 
-// A root has at most one service, because it has at most one Messages app; see instance_lock.hpp.
+// A root has at most one service, because it has at most one Messages app; see process/instance_lock.hpp.
 class ReportService {
  public:
   // Creates the socket in `folder`. `becomeReady` is called for each query. If it returns false, the service closes the

@@ -7,6 +7,7 @@
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/consumed_events.hpp"
 #include "simulator/runner/controller_lookup.hpp"
+#include "simulator/runner/push_payload.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/services/applications.hpp"
 #include "simulator/springboard/services/notification_description.hpp"
@@ -85,14 +86,19 @@ void setIcon(const Json& command) {
     throw CommandError("\"icon\" must be the path of a PNG or JPEG file; " + path + " is not a readable picture");
 }
 
-Json present(const Json& command) {
-  setIcon(command);
+Json post(const NotificationDescription& description) {
   consumeAllEvents("photo");
   consumeAllEvents("http");
-  const auto request = springboard::makeRequest(describe(command), nullptr);
-  NCNotificationDispatcher::shared()->post(request);
+  NCNotificationDispatcher::shared()->post(springboard::makeRequest(description, nullptr));
   return {{"controller", springboard::bannerCount()}};
 }
+
+Json present(const Json& command) {
+  setIcon(command);
+  return post(describe(command));
+}
+
+Json push(const Json& command) { return post(describePayload(command["application"], command["payload"])); }
 
 Json update(const Json& command) {
   const auto shown = controllerOnScreen(command["controller"]);
@@ -161,6 +167,8 @@ std::span<const Command> presentingCommands() {
       {"dismissAutomatically", field::booleanOrNull},
       {"at", date},
   };
+  static constexpr Field pushFields[] = {{"application", field::nonEmptyText, Presence::Required},
+                                         {"payload", field::object, Presence::Required}};
   static constexpr Field updateFields[] = {
       {"controller", field::integer, Presence::Required},
       {"title", field::text},
@@ -175,6 +183,8 @@ std::span<const Command> presentingCommands() {
   static constexpr Field withdrawFields[] = {{"section", field::nonEmptyText}, {"identifier", field::nonEmptyText}};
   static constexpr Command commands[] = {
       {"present", presentFields, &present, "present a notification as a banner; returns the number of its controller"},
+      {"push", pushFields, &push,
+       "deliver the JSON payload of a remote notification to the application; returns the number of its controller"},
       {"update", updateFields, &update, "present an updated version of the controller's notification over its banner"},
       {"withdraw", withdrawFields, &withdraw,
        "withdraw the notifications with this section and identifier; a missing field matches all notifications"},

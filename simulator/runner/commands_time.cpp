@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "simulator/base/event_log.hpp"
+#include "simulator/foundation/clock.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/runner/command_handlers.hpp"
@@ -42,11 +43,20 @@ Json wait(const Json& command) {
   return nullptr;
 }
 
+// Lets a short real time pass. A stepped clock does not change.
+void poll() {
+  if (foundation::clock::mode() == foundation::ClockMode::Real) {
+    foundation::stepClock(pollInterval);
+  } else {
+    foundation::pumpRunLoopAndMainQueue(pollInterval);
+  }
+}
+
 void awaitEvent(const std::string& kind, const Deadline& deadline) {
-  foundation::pumpRunLoopAndMainQueue(pollInterval);
+  poll();
   while (!consumeEvent(kind)) {
     if (deadline.hasPassed()) throw CommandError("no " + kind + " event occurred within the time limit");
-    foundation::pumpRunLoopAndMainQueue(pollInterval);
+    poll();
   }
 }
 
@@ -54,7 +64,7 @@ void awaitIdle(const Deadline& deadline) {
   Deadline idle(idleSeconds);
   for (std::size_t count = base::eventCount(); !idle.hasPassed();) {
     if (deadline.hasPassed()) throw CommandError("the phone did not become idle within the time limit");
-    foundation::pumpRunLoopAndMainQueue(pollInterval);
+    poll();
     // A request records its event before it is no longer pending. Therefore, the events are counted last.
     if (url_loading::pendingRequestCount() == 0 && base::eventCount() == count) continue;
     count = base::eventCount();

@@ -7,6 +7,7 @@
 
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/demonstration.hpp"
+#include "simulator/runner/live_phone.hpp"
 #include "simulator/runner/session.hpp"
 #include "simulator/runner/springboard_options.hpp"
 
@@ -51,13 +52,14 @@ int run(const runner::Options& options) {
   std::ifstream file;
   if (readsFile && !open(file, options.script)) return reportError("cannot read the script " + options.script);
   runner::Session session(options);
+  if (options.clock == foundation::ClockMode::Real) return runner::runLive(session);
   if (!options.demonstration.empty()) return runner::demonstrate(session, options.demonstration);
   return runScript(session, readsFile ? file : std::cin);
 }
 
 int start(const runner::Options& options) try {
-  if (options.script.empty() && options.demonstration.empty())
-    return reportError("nothing to do; specify --script FILE or --demonstration DIR (see --help)");
+  if (options.script.empty() && options.demonstration.empty() && options.clock == foundation::ClockMode::Stepped)
+    return reportError("nothing to do; specify --script FILE, --live or --demonstration DIR (see --help)");
   return run(options);
 } catch (const std::exception& error) {
   return reportError(error.what());

@@ -2,12 +2,19 @@
 
 #include <malloc.h>
 
+#include <filesystem>
+#include <utility>
+
 #include "objc/autorelease_pool.hpp"
 #include "simulator/base/installation.hpp"
 #include "simulator/base/iso_time.hpp"
 #include "simulator/contacts/classes.hpp"
 #include "simulator/foundation/classes.hpp"
 #include "simulator/foundation/locale.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/foundation/root.hpp"
+#include "simulator/process/control_socket.hpp"
+#include "simulator/process/instance_lock.hpp"
 #include "simulator/process/process_start.hpp"
 #include "simulator/process/root_setup.hpp"
 #include "simulator/runner/banner_inspection.hpp"
@@ -46,21 +53,35 @@ uikit::Environment environmentOf(const Options& options) {
   return environment;
 }
 
+// Acquires the lock of the root. A home screen with a stepped clock releases it immediately: several of them can use a
+// root, but not while a live phone uses it.
+foundation::FileDescriptor lockRoot(foundation::ClockMode clock) try {
+  const std::filesystem::path folder = process::controlFolder(foundation::root());
+  foundation::FileDescriptor lock = process::lockInstance(folder, process::controlLock);
+  if (!lock.isOpen())
+    throw process::StartError("a phone is already running on " + foundation::root().string() +
+                              "; send commands to it with \"./brim tell\", or select another folder with --root");
+  return clock == foundation::ClockMode::Real ? std::move(lock) : foundation::FileDescriptor();
+} catch (const std::filesystem::filesystem_error& error) {
+  throw process::StartError(error.path1().string() + ": " + error.code().message());
+}
+
 }  // namespace
 
-void startPhone(const Options& options, foundation::ClockMode clock) {
+foundation::FileDescriptor startPhone(const Options& options) {
   mapPicturesSeparately();
   if (options.root.empty() && !options.demonstration.empty()) {
     process::useRoot(base::demonstrationRoot(), foundation::DefaultsDatabase::OfUser);
   } else {
     process::useRoot(options.root);
   }
+  foundation::FileDescriptor lock = lockRoot(options.clock);
   foundation::registerClasses();
   url_loading::registerClasses();
   contacts::registerClasses();
   const objc::AutoreleasePool pool;
   foundation::useLocale(options.locale);
-  foundation::useClock(clock, options.time.value_or(base::systemUnixTime()));
+  foundation::useClock(options.clock, options.time.value_or(base::systemUnixTime()));
   uikit::setEnvironment(environmentOf(options));
   uikit::registerClasses();
   springboard::registerClasses();
@@ -69,6 +90,7 @@ void startPhone(const Options& options, foundation::ClockMode clock) {
   observeBanners();
   springboard::start(base::installation().applications);
   foundation::drainMainQueue();
+  return lock;
 }
 
 }  // namespace runner

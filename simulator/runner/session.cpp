@@ -47,7 +47,7 @@ Json failure(const std::string& reason) {
 
 }  // namespace
 
-Session::Session(const Options& options) { startPhone(options, foundation::ClockMode::Stepped); }
+Session::Session(const Options& options) : lock_(startPhone(options)) {}
 
 Session::~Session() { springboard::endMessages(); }
 

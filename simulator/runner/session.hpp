@@ -5,13 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/foundation/descriptor.hpp"
 #include "simulator/process/process_start.hpp"
 #include "simulator/runner/springboard_options.hpp"
 
 namespace runner {
 
-// A running home screen with a stepped clock. A process can create only one session, because the classes of the
-// Objective-C runtime belong to the process. Create it before any other use of Foundation. Main thread.
+// A running home screen, on the clock that the options select. A process can create only one session, because the
+// classes of the Objective-C runtime belong to the process. Create it before any other use of Foundation. Main thread.
 class Session {
  public:
   // Starts the home screen. Throws StartError.
@@ -25,6 +26,9 @@ class Session {
 
   // Parses and executes a line of text. For invalid JSON, the error contains the position of the mistake.
   nlohmann::ordered_json runLine(std::string_view line);
+
+ private:
+  foundation::FileDescriptor lock_;
 };
 
 }  // namespace runner

@@ -57,6 +57,11 @@ process::ExpectedValue setScript(Options& options, const std::string& value) {
   return std::nullopt;
 }
 
+process::ExpectedValue selectRealClock(Options& options, const std::string&) {
+  options.clock = foundation::ClockMode::Real;
+  return std::nullopt;
+}
+
 process::ExpectedValue setDemonstration(Options& options, const std::string& value) {
   if (value.empty()) return "a folder";
   options.demonstration = value;
@@ -82,6 +87,11 @@ const std::vector<process::OptionRow<Options>>& optionTable() {
        "do not load the library; the home screen shows the platform's own banners (default: load it)", &omitLibrary},
       {"--script", "FILE", "execute the commands in this file, or from standard input if FILE is - (default: none)",
        &setScript},
+      {"--live", nullptr,
+       "run on the real clock until terminated, and execute the commands that other processes send; see \"./brim "
+       "tell\" "
+       "(default: run a script)",
+       &selectRealClock},
       {"--demonstration", "DIR",
        "write pictures of sample notifications into this folder; uses a separate root unless --root is specified "
        "(default: none)",
@@ -93,7 +103,15 @@ const std::vector<process::OptionRow<Options>>& optionTable() {
 }  // namespace
 
 process::CommandLine<Options> parseOptions(std::span<const char* const> arguments) {
-  return process::parseCommandLine(optionTable(), arguments);
+  process::CommandLine<Options> parsed = process::parseCommandLine(optionTable(), arguments);
+  const auto* options = std::get_if<Options>(&parsed);
+  if (options == nullptr || options->clock == foundation::ClockMode::Stepped) return parsed;
+  if (!options->script.empty() || !options->demonstration.empty())
+    return process::OptionError{
+        "--live cannot be combined with --script or --demonstration; send the commands with "
+        "\"./brim tell\""};
+  if (options->time) return process::OptionError{"--live cannot be combined with --time, because its clock is real"};
+  return parsed;
 }
 
 std::string helpText() {

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 
+#include "simulator/foundation/main_queue.hpp"
 #include "simulator/process/common_options.hpp"
 
 namespace runner {
@@ -21,6 +22,8 @@ struct Options {
   std::string locale = "en_US";
   // The initial time of the clock, in seconds since 1970. If there is no value, the clock starts at the current time.
   std::optional<double> time = {};
+  // A phone with the real clock is live: it runs until it is terminated, and executes the commands of other processes.
+  foundation::ClockMode clock = foundation::ClockMode::Stepped;
   process::LibraryUse library = process::LibraryUse::Loaded;
   // The file of the script, or "-" for standard input. Empty if there is no script.
   std::string script = {};

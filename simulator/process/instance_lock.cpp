@@ -1,4 +1,4 @@
-#include "simulator/messages/instance_lock.hpp"
+#include "simulator/process/instance_lock.hpp"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -9,7 +9,7 @@
 #include <string>
 #include <system_error>
 
-namespace messages {
+namespace process {
 
 namespace {
 
@@ -18,9 +18,9 @@ using foundation::FileDescriptor;
 
 }  // namespace
 
-FileDescriptor lockInstance(const fs::path& folder) {
+FileDescriptor lockInstance(const fs::path& folder, const char* name) {
   fs::create_directories(folder);
-  const fs::path path = folder / "messages.lock";
+  const fs::path path = folder / name;
   FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
   if (!file.isOpen()) throw fs::filesystem_error("cannot open", path, std::error_code(errno, std::generic_category()));
   if (flock(file.get(), LOCK_EX | LOCK_NB) != 0) return {};
@@ -30,4 +30,4 @@ FileDescriptor lockInstance(const fs::path& folder) {
   return file;
 }
 
-}  // namespace messages
+}  // namespace process

@@ -1,5 +1,5 @@
-// Tests of the lock that lets at most one Messages app run on a root.
-#include "simulator/messages/instance_lock.hpp"
+// Tests of the lock that limits a root to one process of a kind.
+#include "simulator/process/instance_lock.hpp"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -17,7 +17,9 @@
 namespace {
 
 namespace fs = std::filesystem;
-using messages::lockInstance;
+using process::lockInstance;
+
+constexpr const char* name = "phone.lock";
 
 class InstanceLock : public testing::Test {
  protected:
@@ -28,29 +30,29 @@ class InstanceLock : public testing::Test {
 
   test::TemporaryFolder temporaryFolder;
   const fs::path folder = temporaryFolder.path() / "created by the lock";
-  const fs::path path = folder / "messages.lock";
+  const fs::path path = folder / name;
 };
 
 TEST_F(InstanceLock, IsAcquiredOnlyOnceAtATime) {
   {
-    const foundation::FileDescriptor first = lockInstance(folder);
+    const foundation::FileDescriptor first = lockInstance(folder, name);
     ASSERT_TRUE(first.isOpen());
-    EXPECT_FALSE(lockInstance(folder).isOpen());
+    EXPECT_FALSE(lockInstance(folder, name).isOpen());
   }
-  EXPECT_TRUE(lockInstance(folder).isOpen());
+  EXPECT_TRUE(lockInstance(folder, name).isOpen());
 }
 
 TEST_F(InstanceLock, ReplacesTheFilesTextWithTheOwnersProcessIdentifier) {
   fs::create_directories(folder);
   std::ofstream(path) << "12345678901234567890\n";
-  const foundation::FileDescriptor lock = lockInstance(folder);
+  const foundation::FileDescriptor lock = lockInstance(folder, name);
   EXPECT_EQ(lockFileText(), std::to_string(getpid()) + "\n");
 }
 
 TEST_F(InstanceLock, IsNotModifiedByAFailedAttempt) {
-  const foundation::FileDescriptor lock = lockInstance(folder);
+  const foundation::FileDescriptor lock = lockInstance(folder, name);
   std::ofstream(path) << "owner\n";
-  EXPECT_FALSE(lockInstance(folder).isOpen());
+  EXPECT_FALSE(lockInstance(folder, name).isOpen());
   EXPECT_EQ(lockFileText(), "owner\n");
 }
 
@@ -59,18 +61,18 @@ TEST_F(InstanceLock, IsNotInheritedByChildProcesses) {
   const fs::path started = temporaryFolder.path() / "started";
   FILE* child = nullptr;
   {
-    const foundation::FileDescriptor lock = lockInstance(folder);
+    const foundation::FileDescriptor lock = lockInstance(folder, name);
     child = popen(("touch '" + started.string() + "'; cat > /dev/null").c_str(), "w");
     // In the emulator, popen returns before the child executes the shell.
     while (!fs::exists(started)) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
-  EXPECT_TRUE(lockInstance(folder).isOpen());
+  EXPECT_TRUE(lockInstance(folder, name).isOpen());
   pclose(child);
 }
 
 TEST_F(InstanceLock, ThrowsIfItsFileCannotBeCreated) {
   std::ofstream(temporaryFolder.path() / "file") << "in the way";
-  EXPECT_THROW(lockInstance(temporaryFolder.path() / "file" / "folder"), fs::filesystem_error);
+  EXPECT_THROW(lockInstance(temporaryFolder.path() / "file" / "folder", name), fs::filesystem_error);
 }
 
 }  // namespace

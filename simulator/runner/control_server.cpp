@@ -1,0 +1,116 @@
+#include "simulator/runner/control_server.hpp"
+
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "simulator/foundation/local_socket.hpp"
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/foundation/root.hpp"
+#include "simulator/foundation/run_loop.hpp"
+#include "simulator/process/control_socket.hpp"
+#include "simulator/runner/command_handlers.hpp"
+
+namespace runner {
+
+namespace {
+
+std::string lineOf(const Json& answer) { return answer.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n"; }
+
+std::string sizeError() {
+  return lineOf({{"ok", false},
+                 {"error", "a command must have at most " + std::to_string(process::maxControlLineBytes) + " bytes"}});
+}
+
+bool isBlank(const std::string& line) { return line.find_first_not_of(" \t\r") == std::string::npos; }
+
+}  // namespace
+
+struct ControlServer::Client {
+  foundation::FileDescriptor socket;
+  std::string received;
+  bool isConnected = true;
+  // Whether the client has sent its last command.
+  bool hasEnded = false;
+};
+
+ControlServer::ControlServer(Session& session) : session_(session) {
+  const std::filesystem::path folder = process::controlFolder(foundation::root());
+  listening_ = foundation::listenIn(folder, process::controlSocket);
+  if (listening_.isOpen()) foundation::watchDescriptor(listening_.get(), [this] { accept(); });
+}
+
+ControlServer::~ControlServer() {
+  if (!listening_.isOpen()) return;
+  foundation::unwatchDescriptor(listening_.get());
+  while (!clients_.empty()) disconnect(clients_.front());
+  std::error_code error;
+  std::filesystem::remove(process::controlFolder(foundation::root()) / process::controlSocket, error);
+}
+
+void ControlServer::accept() {
+  foundation::FileDescriptor socket = foundation::acceptFrom(listening_);
+  if (!socket.isOpen()) return;
+  const auto client = std::make_shared<Client>();
+  client->socket = std::move(socket);
+  clients_.push_back(client);
+  foundation::watchDescriptor(client->socket.get(), [this, client] { read(client); });
+}
+
+void ControlServer::read(const std::shared_ptr<Client>& client) {
+  char buffer[65536];
+  const ssize_t size = recv(client->socket.get(), buffer, sizeof buffer, MSG_DONTWAIT);
+  if (size > 0) {
+    client->received.append(buffer, static_cast<std::size_t>(size));
+    // The client is not read again until its complete lines have been executed, which limits the memory that it uses.
+    if (client->received.find('\n') != std::string::npos) {
+      foundation::unwatchDescriptor(client->socket.get());
+      scheduleNext(client);
+    } else if (client->received.size() > process::maxControlLineBytes) {
+      static_cast<void>(foundation::sendAll(client->socket, sizeError()));
+      disconnect(client);
+    }
+    return;
+  }
+  if (size < 0 && (errno == EAGAIN || errno == EINTR)) return;
+  foundation::unwatchDescriptor(client->socket.get());
+  client->hasEnded = true;
+  scheduleNext(client);
+}
+
+// Schedules the client's next command. A command is executed by the main queue and not when it is received, because it
+// can run the run loop while it waits.
+void ControlServer::scheduleNext(const std::shared_ptr<Client>& client) {
+  foundation::onMainThread([this, client] {
+    if (client->isConnected) executeNext(client);
+  });
+}
+
+void ControlServer::executeNext(const std::shared_ptr<Client>& client) {
+  const std::size_t end = client->received.find('\n');
+  const bool isComplete = end != std::string::npos;
+  if (!isComplete && !client->hasEnded) {
+    foundation::watchDescriptor(client->socket.get(), [this, client] { read(client); });
+    return;
+  }
+  // The last line does not need a line feed.
+  const std::string line = client->received.substr(0, end);
+  client->received.erase(0, isComplete ? end + 1 : end);
+  if (!isBlank(line) && !foundation::sendAll(client->socket, lineOf(session_.runLine(line)))) return disconnect(client);
+  if (!isComplete) return disconnect(client);
+  scheduleNext(client);
+}
+
+// The parameter is a copy, because the caller's pointer can be an element of clients_.
+void ControlServer::disconnect(std::shared_ptr<Client> client) {
+  foundation::unwatchDescriptor(client->socket.get());
+  client->isConnected = false;
+  std::erase(clients_, client);
+}
+
+}  // namespace runner
