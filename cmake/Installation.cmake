@@ -1,7 +1,7 @@
 # Specifies the files that `cmake --install` installs. A program finds its libraries and data relative to its own
 # location, so the installation folder can be moved.
-install(TARGETS springboard messages RUNTIME DESTINATION bin)
-set_target_properties(springboard messages PROPERTIES INSTALL_RPATH $ORIGIN/../lib/brim)
+install(TARGETS springboard messages phone_control RUNTIME DESTINATION bin)
+set_target_properties(springboard messages phone_control PROPERTIES INSTALL_RPATH $ORIGIN/../lib/brim)
 
 set(libraries simulator Brim transfers vcards web_server)
 install(TARGETS ${libraries} LIBRARY DESTINATION lib/brim)

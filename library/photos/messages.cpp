@@ -54,7 +54,7 @@ void fetchDefaultContainer(CNContactStore* store) {
 
 // Returns the identifiers of the contacts that match the sender, in the order of the address book.
 objc::Ref<NSMutableArray> matchingContacts(CNContactStore* store, const Sender& sender) {
-  const objc::Ref<NSMutableArray> identifiers = objc::retain(NSMutableArray::array());
+  objc::Ref<NSMutableArray> identifiers = objc::retain(NSMutableArray::array());
   const auto visit = [&sender, identifiers](CNContact* contact, bool*) {
     if (matches(contact, sender) && contact->identifier() != nullptr) identifiers->addObject(contact->identifier());
   };

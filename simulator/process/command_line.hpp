@@ -40,6 +40,10 @@ std::string usageWithValue(const OptionRow<Options>& row) {
   return row.valueName == nullptr ? row.name : std::string(row.name) + " " + row.valueName;
 }
 
+inline bool hasFormOfOption(const std::string& word) {
+  return word.starts_with('-') && word.size() > 1 && (word[1] < '0' || word[1] > '9');
+}
+
 // The parts of a word "--name=value". If the word has another form, `name` is the whole word and there is no value.
 struct Argument {
   std::string name;
@@ -55,6 +59,7 @@ inline Argument splitArgument(const std::string& word) {
 }  // namespace detail
 
 // Parses the arguments, which do not include the program's name. An option is written "--name value" or "--name=value".
+// The word "-", which usually represents standard input or output, and negative numbers are not options.
 // If `takeWord` is not null, it is called with every other word and with every word after "--", and returns whether it
 // accepts the word. If `takeWord` is null, the program accepts options only.
 template <class Options>
@@ -65,7 +70,7 @@ CommandLine<Options> parseCommandLine(const std::vector<OptionRow<Options>>& tab
   bool optionsHaveEnded = false;
   for (std::size_t index = 0; index < arguments.size(); ++index) {
     const std::string word = arguments[index];
-    const bool isOption = !optionsHaveEnded && word.starts_with('-');
+    const bool isOption = !optionsHaveEnded && detail::hasFormOfOption(word);
     if (isOption && (word == "--help" || word == "-h")) return HelpRequest{};
     if (isOption && word == "--version") return VersionRequest{};
     if (takeWord != nullptr && isOption && word == "--") {

@@ -6,6 +6,7 @@
 #include "simulator/foundation/clock.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
+#include "simulator/process/signals.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/consumed_events.hpp"
 #include "simulator/runner/deadline.hpp"
@@ -35,18 +36,35 @@ constexpr const char* awaitables[] = {"photo", "message", "read", "banner", "htt
 const FieldType awaitable = {"photo, message, read, banner, http or idle",
                              [](const Json& value) { return isOneOf(value, awaitables); }};
 
+// Lets time pass on the real clock. A termination of the process ends the wait.
+void passRealTime(double seconds) {
+  const double end = foundation::now() + seconds;
+  // The empty work wakes the main thread, because no other event may occur before that time.
+  foundation::onMainThreadAfter(seconds, [] {});
+  foundation::runMainQueueUntil([end] { return foundation::now() >= end || process::isTerminationRequested(); });
+}
+
+void passTime(double seconds) {
+  if (foundation::clock::mode() == foundation::ClockMode::Real) {
+    passRealTime(seconds);
+  } else {
+    foundation::stepClock(seconds);
+  }
+}
+
 Json wait(const Json& command) {
   foundation::pumpRunLoop();
-  foundation::stepClock(command["seconds"].get<double>());
+  passTime(command["seconds"].get<double>());
   foundation::pumpRunLoop();
   springboard::refreshClocks();
   return nullptr;
 }
 
-// Lets a short real time pass. A stepped clock does not change.
+// Waits for external events for a short real time. A stepped clock does not change.
 void poll() {
   if (foundation::clock::mode() == foundation::ClockMode::Real) {
-    foundation::stepClock(pollInterval);
+    passRealTime(pollInterval);
+    if (process::isTerminationRequested()) throw CommandError("the phone was terminated during the command");
   } else {
     foundation::pumpRunLoopAndMainQueue(pollInterval);
   }

@@ -2,6 +2,7 @@
 
 #include <sys/socket.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <nlohmann/json.hpp>
@@ -66,14 +67,16 @@ void ControlServer::read(const std::shared_ptr<Client>& client) {
   char buffer[65536];
   const ssize_t size = recv(client->socket.get(), buffer, sizeof buffer, MSG_DONTWAIT);
   if (size > 0) {
+    const std::size_t before = client->received.size();
     client->received.append(buffer, static_cast<std::size_t>(size));
-    // The client is not read again until its complete lines have been executed, which limits the memory that it uses.
-    if (client->received.find('\n') != std::string::npos) {
-      foundation::unwatchDescriptor(client->socket.get());
-      scheduleNext(client);
-    } else if (client->received.size() > process::maxControlLineBytes) {
+    const std::size_t end = client->received.find('\n', before);
+    if (std::min(end, client->received.size()) > process::maxControlLineBytes) {
       static_cast<void>(foundation::sendAll(client->socket, sizeError()));
       disconnect(client);
+    } else if (end != std::string::npos) {
+      // The client is not read again until its complete lines have been executed. This limits the memory that it uses.
+      foundation::unwatchDescriptor(client->socket.get());
+      scheduleNext(client);
     }
     return;
   }

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <memory>
 
-#include "tests/messages/child_process.hpp"
+#include "tests/support/child_process.hpp"
 #include "tests/messages/home_screen_and_messages.hpp"
 #include "tests/support/temporary_folder.hpp"
 

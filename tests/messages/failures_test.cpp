@@ -10,7 +10,7 @@
 #include <numeric>
 
 #include "tests/messages/captured_errors.hpp"
-#include "tests/messages/child_process.hpp"
+#include "tests/support/child_process.hpp"
 #include "tests/messages/home_screen_and_messages.hpp"
 #include "tests/messages/mounted_disk.hpp"
 

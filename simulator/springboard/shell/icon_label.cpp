@@ -26,10 +26,12 @@ std::shared_ptr<const drawing::Image> renderText(const std::string& name, const 
                                   .language = environment.locale},
                                  environment.device.scale);
   drawing::Canvas canvas(size, environment.device.scale);
-  for (const double offset : shadowOffsets)
-    for (const double x : {-offset, offset})
+  for (const double offset : shadowOffsets) {
+    for (const double x : {-offset, offset}) {
       for (const double y : {-offset, offset})
         canvas.drawText(text, {x, y + 0.5, size.width, size.height}, shadowColor);
+    }
+  }
   canvas.drawText(text, {0, 0, size.width, size.height}, {1, 1, 1, 1});
   return canvas.snapshot();
 }

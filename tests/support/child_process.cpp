@@ -1,4 +1,4 @@
-#include "tests/messages/child_process.hpp"
+#include "tests/support/child_process.hpp"
 
 #include <fcntl.h>
 #include <signal.h>

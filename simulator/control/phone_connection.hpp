@@ -1,0 +1,35 @@
+// A connection to the live phone of a root. Main thread.
+#pragma once
+
+#include <filesystem>
+#include <nlohmann/json_fwd.hpp>
+#include <stdexcept>
+#include <string>
+
+#include "simulator/foundation/descriptor.hpp"
+
+namespace control {
+
+// Thrown if there is no phone or if it ends. what() is a message for the user.
+class ConnectionError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+class PhoneConnection {
+ public:
+  // Connects to the phone. An empty path selects the user's default root. Throws ConnectionError.
+  explicit PhoneConnection(const std::filesystem::path& root);
+
+  // Sends a line, which is a command of a script, and returns the phone's answer, also a line. The lines do not include
+  // the line feed. Waits as long as the command takes. Throws ConnectionError.
+  std::string executeLine(const std::string& line);
+  // Executes a command. Returns the phone's answer.
+  nlohmann::ordered_json execute(const nlohmann::ordered_json& command);
+
+ private:
+  foundation::FileDescriptor socket_;
+  std::string received_;
+};
+
+}  // namespace control

@@ -1,0 +1,326 @@
+#include "simulator/control/subcommands.hpp"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <fstream>
+#include <iostream>
+#include <limits>
+#include <nlohmann/json.hpp>
+
+#include "simulator/base/json_text.hpp"
+#include "simulator/control/phone_connection.hpp"
+#include "simulator/process/common_options.hpp"
+
+namespace control {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::ordered_json;
+using Arguments = std::span<const std::string>;
+
+constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
+
+// Executes the command. Throws ControlError if the phone reports an error.
+Json executeOn(PhoneConnection& phone, const Json& command) {
+  Json answer = phone.execute(command);
+  if (!answer["ok"].get<bool>()) throw ControlError(answer["error"]);
+  return answer;
+}
+
+// The phone's current folder can differ from that of this process.
+std::string absolutePath(const std::string& path) { return fs::absolute(path).string(); }
+
+// Makes the paths in a command absolute. Returns a text that is not JSON as it is, on one line, because the phone
+// reports the error.
+std::string preparedLine(const std::string& line) {
+  Json command;
+  try {
+    command = base::parseJson(line);
+  } catch (const base::JsonTextError&) {
+    std::string sent = line;
+    std::ranges::replace(sent, '\n', ' ');
+    return sent;
+  }
+  for (const char* const key : {"path", "icon"})
+    if (command.is_object() && command.contains(key) && command[key].is_string() &&
+        !command[key].get_ref<const std::string&>().empty())
+      command[key] = absolutePath(command[key]);
+  return command.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+bool tellLine(PhoneConnection& phone, const std::string& line) {
+  const std::size_t first = line.find_first_not_of(" \t\r\n");
+  if (first == std::string::npos || line[first] == '#') return true;
+  const std::string answer = phone.executeLine(preparedLine(line));
+  std::cout << answer << std::endl;
+  if (!std::cout) throw ControlError("cannot write to standard output");
+  return Json::parse(answer)["ok"].get<bool>();
+}
+
+int tell(const ControlOptions& options, Arguments arguments) {
+  PhoneConnection phone(options.root);
+  bool succeeded = true;
+  for (const std::string& argument : arguments) {
+    if (argument != "-") {
+      succeeded &= tellLine(phone, argument);
+      continue;
+    }
+    for (std::string line; std::getline(std::cin, line);) succeeded &= tellLine(phone, line);
+  }
+  return succeeded ? 0 : 1;
+}
+
+// A file with a larger payload is not parsed. The phone accepts less, but ignores white space.
+constexpr std::size_t maxPayloadFileBytes = 65536;
+
+std::string readAll(std::istream& input, const std::string& name) {
+  std::string text(maxPayloadFileBytes + 1, '\0');
+  input.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(input.gcount()));
+  if (input.bad()) throw ControlError("the payload " + name + " cannot be read");
+  if (text.size() > maxPayloadFileBytes)
+    throw ControlError("the payload " + name + " has more than " + std::to_string(maxPayloadFileBytes) +
+                       " bytes; a payload has at most 4096 bytes without white space");
+  return text;
+}
+
+std::string readPayload(const std::string& name) {
+  if (name == "-") return readAll(std::cin, "from standard input");
+  std::error_code error;
+  std::ifstream file;
+  if (!fs::is_directory(name, error)) file.open(name);
+  if (!file.is_open()) throw ControlError("the payload " + name + " cannot be read");
+  return readAll(file, name);
+}
+
+// The member of a payload file that names the application.
+constexpr const char* targetKey = "Simulator Target Bundle";
+
+int push(const ControlOptions& options, Arguments arguments) {
+  Json payload;
+  try {
+    payload = base::parseJson(readPayload(arguments.back()));
+  } catch (const base::JsonTextError& error) {
+    throw ControlError("the payload " + arguments.back() + " is " + error.what());
+  }
+  if (!payload.is_object()) throw ControlError(R"(the payload must be an object, such as {"aps":{"alert":"Lunch?"}})");
+  Json application = arguments.size() == 2 ? Json(arguments.front()) : payload.value(targetKey, Json());
+  payload.erase(targetKey);
+  if (!application.is_string())
+    throw ControlError(std::string("the application is missing: name it as the first argument, or as the string \"") +
+                       targetKey + "\" of the payload");
+  PhoneConnection phone(options.root);
+  executeOn(phone, {{"do", "push"}, {"application", application}, {"payload", payload}});
+  return 0;
+}
+
+int switchAppearance(const ControlOptions& options, Arguments arguments) {
+  if (arguments[0] != "light" && arguments[0] != "dark")
+    throw ControlError("the appearance " + arguments[0] + " does not exist; specify light or dark");
+  PhoneConnection phone(options.root);
+  executeOn(phone, {{"do", "appearance"}, {"style", arguments[0]}});
+  return 0;
+}
+
+int takeScreenshot(const ControlOptions& options, Arguments arguments) {
+  Json command = {{"do", "screenshot"}, {"path", absolutePath(arguments[0])}};
+  if (options.scale) command["scale"] = *options.scale;
+  PhoneConnection phone(options.root);
+  executeOn(phone, command);
+  return 0;
+}
+
+Json settingsOf(PhoneConnection& phone) {
+  Json settings = executeOn(phone, {{"do", "settings"}})["settings"];
+  if (settings.empty()) throw ControlError("the phone runs without Brim, so there are no settings");
+  return settings;
+}
+
+Json currentValue(PhoneConnection& phone, const std::string& key) {
+  const Json settings = settingsOf(phone);
+  const auto found = settings.find(key);
+  if (found == settings.end())
+    throw ControlError("there is no setting " + key + "; list the settings with: ./brim settings list");
+  return *found;
+}
+
+// Converts the text to a value of the type that the setting has.
+Json valueOfSetting(const std::string& text, const Json& current) {
+  if (current.is_boolean()) {
+    if (text == "true" || text == "false") return text == "true";
+    throw ControlError("the value must be true or false, not " + text);
+  }
+  std::int64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size())
+    throw ControlError("the value must be an integer, not " + text);
+  return number;
+}
+
+void setSetting(PhoneConnection& phone, const std::string& key, const Json& value) {
+  executeOn(phone, {{"do", "set"}, {"key", key}, {"value", value}});
+}
+
+struct SettingsAction {
+  const char* name;
+  std::size_t arguments;
+  void (*execute)(PhoneConnection& phone, Arguments arguments);
+};
+
+constexpr SettingsAction settingsActions[] = {
+    {"list", 0,
+     [](PhoneConnection& phone, Arguments) {
+       const Json settings = settingsOf(phone);
+       for (const auto& [key, value] : settings.items()) std::cout << key << "=" << value.dump() << "\n";
+     }},
+    {"get", 1,
+     [](PhoneConnection& phone, Arguments arguments) {
+       std::cout << currentValue(phone, arguments[0]).dump() << "\n";
+     }},
+    {"set", 2,
+     [](PhoneConnection& phone, Arguments arguments) {
+       setSetting(phone, arguments[0], valueOfSetting(arguments[1], currentValue(phone, arguments[0])));
+     }},
+    {"reset", 1,
+     [](PhoneConnection& phone, Arguments arguments) {
+       currentValue(phone, arguments[0]);
+       setSetting(phone, arguments[0], nullptr);
+     }},
+};
+
+int executeOnSettings(const ControlOptions& options, Arguments arguments) {
+  const auto* const action = std::ranges::find(settingsActions, arguments[0], &SettingsAction::name);
+  if (action == std::end(settingsActions) || action->arguments != arguments.size() - 1)
+    throw ControlError("the arguments of settings are: list, get KEY, set KEY VALUE or reset KEY");
+  PhoneConnection phone(options.root);
+  action->execute(phone, arguments.subspan(1));
+  return 0;
+}
+
+// Parses a positive number. Returns a description of the expected value if the text is not one.
+process::ExpectedValue parsePositive(std::optional<double>& target, const std::string& text) {
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(number) || number <= 0)
+    return "a number above 0";
+  target = number;
+  return std::nullopt;
+}
+
+const std::vector<process::OptionRow<ControlOptions>>& optionTable() {
+  static const std::vector<process::OptionRow<ControlOptions>> table = {
+      {"--root", "DIR", "the folder of the phone (default: brim/root in the user's data folder)",
+       [](ControlOptions& options, const std::string& value) { return process::parseRoot(options.root, value); }},
+      {"--scale", "NUMBER", "pixels per point (default: the scale of the device)",
+       [](ControlOptions& options, const std::string& value) { return parsePositive(options.scale, value); }},
+  };
+  return table;
+}
+
+struct NumberOption {
+  const char* name;
+  std::optional<double> ControlOptions::*value;
+};
+
+constexpr NumberOption numberOptions[] = {{"--scale", &ControlOptions::scale}};
+
+bool takeWord(ControlOptions& options, const std::string& word) {
+  options.words.push_back(word);
+  return true;
+}
+
+const Subcommand* findSubcommand(const std::string& name) {
+  const auto found = std::ranges::find(subcommands(), name, &Subcommand::name);
+  return found == subcommands().end() ? nullptr : &*found;
+}
+
+std::string namesOfSubcommands() {
+  std::string names;
+  for (const Subcommand& subcommand : subcommands()) names += (names.empty() ? "" : ", ") + subcommand.name;
+  return names;
+}
+
+std::string usageOf(const Subcommand& subcommand) {
+  return "./brim " + subcommand.name + " [option …] " + subcommand.arguments;
+}
+
+void checkArguments(const ControlOptions& options, const Subcommand& subcommand) {
+  const std::size_t count = options.words.size() - 1;
+  if (count < subcommand.minArguments || count > subcommand.maxArguments)
+    throw UsageError("usage: " + usageOf(subcommand));
+  for (const NumberOption& option : numberOptions)
+    if ((options.*option.value).has_value() &&
+        std::ranges::find(subcommand.options, option.name) == subcommand.options.end())
+      throw UsageError(subcommand.name + " has no option " + option.name + "; usage: " + usageOf(subcommand));
+}
+
+// Returns the lines of the options that the subcommand accepts, or of all options.
+std::string optionLines(const Subcommand* subcommand) {
+  std::vector<process::OptionRow<ControlOptions>> rows;
+  for (const auto& row : optionTable())
+    if (subcommand == nullptr || std::string(row.name) == "--root" ||
+        std::ranges::find(subcommand->options, row.name) != subcommand->options.end())
+      rows.push_back(row);
+  return process::optionHelp(rows);
+}
+
+}  // namespace
+
+const std::vector<Subcommand>& subcommands() {
+  static const std::vector<Subcommand> table = {
+      {"tell",
+       "COMMAND…",
+       "execute script commands, and print the answers; - reads the commands from standard input",
+       1,
+       anyNumber,
+       {},
+       &tell},
+      {"push",
+       "[BUNDLE] FILE",
+       "deliver the JSON payload in the file to the application BUNDLE; - reads it from standard input",
+       1,
+       2,
+       {},
+       &push},
+      {"appearance", "light|dark", "change the system appearance", 1, 1, {}, &switchAppearance},
+      {"screenshot", "FILE", "write a picture of the screen to a PNG file", 1, 1, {"--scale"}, &takeScreenshot},
+      {"settings",
+       "list | get KEY | set KEY VALUE | reset KEY",
+       "print or change the settings of Brim",
+       1,
+       3,
+       {},
+       &executeOnSettings},
+  };
+  return table;
+}
+
+process::CommandLine<ControlOptions> parseControlOptions(std::span<const char* const> arguments) {
+  return process::parseCommandLine(optionTable(), arguments, &takeWord);
+}
+
+int execute(const ControlOptions& options) {
+  if (options.words.empty()) throw UsageError("the subcommand is missing; the subcommands are " + namesOfSubcommands());
+  const Subcommand* subcommand = findSubcommand(options.words.front());
+  if (subcommand == nullptr)
+    throw UsageError("there is no subcommand " + options.words.front() + "; the subcommands are " +
+                     namesOfSubcommands());
+  checkArguments(options, *subcommand);
+  return subcommand->execute(options, std::span(options.words).subspan(1));
+}
+
+std::string helpText(const std::string& name) {
+  if (const Subcommand* subcommand = findSubcommand(name))
+    return subcommand->name + ": " + subcommand->description + ".\n\nusage: " + usageOf(*subcommand) +
+           "\n\noptions:\n" + optionLines(subcommand);
+  std::string text =
+      "phone_control: controls a live phone, which \"./brim springboard --live\" starts.\n\n"
+      "usage: ./brim SUBCOMMAND [option …] [argument …]\n\nsubcommands:\n";
+  for (const Subcommand& subcommand : subcommands())
+    text += "  " + subcommand.name + " " + subcommand.arguments + "\n      " + subcommand.description + "\n";
+  return text + "\noptions:\n" + optionLines(nullptr);
+}
+
+}  // namespace control
