@@ -28,6 +28,7 @@
 #include "simulator/springboard/services/notification_request.hpp"
 #include "simulator/springboard/services/placeholder_digest.hpp"
 #include "simulator/springboard/shell/grabber.hpp"
+#include "simulator/springboard/shell/home_indicator.hpp"
 #include "simulator/springboard/shell/home_screen.hpp"
 #include "simulator/springboard/shell/icon_label.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
@@ -90,6 +91,7 @@ void registerClasses() {
   defineStatusBar();
   defineIconLabel();
   defineWallpaperView();
+  defineHomeIndicator();
   defineHomeScreen();
   defineNotificationDispatcher();
   defineListCell();

@@ -9,6 +9,7 @@
 #include "simulator/springboard/long_look/long_look_presenter.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
 #include "simulator/springboard/shell/clocks.hpp"
+#include "simulator/springboard/shell/home_indicator.hpp"
 #include "simulator/springboard/shell/wallpaper_view.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
@@ -21,6 +22,8 @@ using Completion = objc::Block<void()>;
 
 // The window level of the lock screen. It is between the levels of the home screen and the status bar.
 constexpr double lockScreenLevel = 900;
+
+constexpr double openingSeconds = 0.3;
 
 constexpr CGFloat clockTop = 40;
 constexpr CGFloat clockHeight = 90;
@@ -42,6 +45,21 @@ objc::Ref<UILabel> addLabel(UIWindow* window, CGFloat fontSize, CGFloat top, CGF
   return label;
 }
 
+// Moves the lock screen off the screen, and then unlocks the phone.
+void openLockScreen() {
+  const objc::Ref<UIWindow> window = objc::state(LockScreen::sharedInstance()).window;
+  if (window == nullptr) return;
+  window->setUserInteractionEnabled(false);
+  const CGRect frame = window->frame();
+  UIView::animate(openingSeconds, objc::block([window, frame] {
+                    window->setFrame({{0, -frame.size.height}, frame.size});
+                  }),
+                  objc::block([window](bool) {
+                    if (objc::state(LockScreen::sharedInstance()).window == window)
+                      LockScreen::sharedInstance()->unlock();
+                  }));
+}
+
 void makeWindow(LockScreenState& state) {
   const base::DeviceProfile& device = uikit::environment().device;
   const CGRect screen = {{}, device.screen};
@@ -55,6 +73,7 @@ void makeWindow(LockScreenState& state) {
   state.list =
       UIView::withFrame<NCNotificationListView>({{0, listTop}, {screen.size.width, screen.size.height - listTop}});
   state.window->addSubview(state.list);
+  addHomeIndicator(state.window, &openLockScreen);
 }
 
 Grouping groupingOfSystem() { return systemVersionIsBelow("12.0"_ns) ? Grouping::None : Grouping::ByConversation; }

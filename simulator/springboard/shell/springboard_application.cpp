@@ -8,6 +8,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/services/messages_process.hpp"
+#include "simulator/springboard/shell/application_page.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
 
 class NSSet : public objc::Interface<"NSSet", NSObject> {
@@ -50,11 +51,13 @@ namespace {
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
-// Releasing the home button unlocks the phone and dismisses all banners.
+// Releasing the home button dismisses all banners and unlocks the phone. If the phone is not locked, it closes the page
+// of an application.
 bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
   const auto* press = objc::as<UIPress>(event->allPresses()->anyObject());
   if (press == nullptr || press->type() != homeButtonPress || press->force() >= 1) return true;
   dismissAllBanners();
+  if (!SBLockScreenManager::sharedInstance()->isUILocked()) closeApplicationPage();
   SBLockScreenManager::sharedInstance()->unlock();
   return true;
 }

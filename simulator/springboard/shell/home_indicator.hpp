@@ -1,0 +1,28 @@
+// The home indicator: the bar at the lower edge of devices without a home button. An upward swipe that begins on it
+// leaves what is on the screen. Main thread.
+#pragma once
+
+#include <functional>
+
+#include "objc/class_definition.hpp"
+#include "platform/ui_view.hpp"
+
+struct HomeIndicatorState {
+  std::function<void()> swipedUp;
+};
+
+class SBHomeIndicatorView : public objc::Interface<"SBHomeIndicatorView", UIView> {};
+template <>
+struct objc::StateOf<SBHomeIndicatorView> {
+  using Type = HomeIndicatorState;
+};
+
+namespace springboard {
+
+// Adds the indicator to a view that covers the screen. The indicator calls `swipedUp` after an upward swipe. Does
+// nothing on a device with a home button.
+void addHomeIndicator(UIView* view, std::function<void()> swipedUp);
+
+void defineHomeIndicator();
+
+}  // namespace springboard
