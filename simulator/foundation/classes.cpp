@@ -11,11 +11,13 @@
 #include "simulator/foundation/property_list_parsing.hpp"
 #include "simulator/foundation/resource_paths.hpp"
 #include "simulator/foundation/root.hpp"
+#include "simulator/foundation/run_loop.hpp"
 #include "simulator/foundation/string_encoding.hpp"
 
 namespace foundation {
 
 void registerClasses() {
+  makeRunLoopWithoutHousekeeping();
   const objc::AutoreleasePool pool;
   installDeallocationHooks();
   installDates();

@@ -98,10 +98,22 @@ void watchOwnDescriptors() {
   static_cast<void>(watched);
 }
 
+void ignoreTimer(NSObject*, SEL, NSObject*, NSString*) {}
+
 NSDate* distantPast() { return objc::send<NSDate*, "distantPast">(NSDate::classObject()); }
 NSDate* distantFuture() { return objc::send<NSDate*, "distantFuture">(NSDate::classObject()); }
 
 }  // namespace
+
+void makeRunLoopWithoutHousekeeping() {
+  const objc::AutoreleasePool pool;
+  const Method addTimer =
+      class_getInstanceMethod(objc::lookUpClass<"NSRunLoop">(), objc::selector<"addTimer:forMode:">());
+  const IMP original = method_getImplementation(addTimer);
+  method_setImplementation(addTimer, reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(&ignoreTimer)));
+  currentRunLoop();
+  method_setImplementation(addTimer, original);
+}
 
 void watchDescriptor(int descriptor, std::function<void()> whenReadable) {
   callbacks()[descriptor] = std::make_shared<std::function<void()>>(std::move(whenReadable));

@@ -7,6 +7,11 @@
 
 namespace foundation {
 
+// Creates the run loop of the main thread without GNUstep's housekeeping, a timer that wakes the process every 30
+// seconds to synchronize the user's defaults. The simulator synchronizes them when their files change. Call this before
+// any other use of the run loop. Main thread.
+void makeRunLoopWithoutHousekeeping();
+
 // Calls `whenReadable` in each run-loop iteration in which the descriptor is readable. The function must read from the
 // descriptor or unwatch it. A descriptor has one watcher. The caller still owns the descriptor and must unwatch it
 // before closing it. Main thread.

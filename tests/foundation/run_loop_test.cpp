@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "objc/class_definition.hpp"
+#include "platform/ns_date.hpp"
 #include "platform/ns_notification_center.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "tests/objc/runtime_environment.hpp"
@@ -125,6 +126,14 @@ TEST_F(RunLoop, DeliversDistributedNotificationsOfOtherProcesses) {
   distributedCenter()->removeObserver(observer, "BrimTestDistributed"_ns);
   EXPECT_EQ(receivedText, "hello");
   EXPECT_EQ(foundation::now(), 0) << "a stepped clock does not move by real time";
+}
+
+// GNUstep adds a timer that fires every 30 seconds.
+TEST_F(RunLoop, HasNoTimerOfItsOwn) {
+  watchBytes();
+  auto* const runLoop = objc::send<NSObject*, "currentRunLoop">(objc::lookUpClass<"NSRunLoop">());
+  auto* const next = objc::send<NSDate*, "limitDateForMode:">(runLoop, "NSDefaultRunLoopMode"_ns);
+  EXPECT_EQ(next, (objc::send<NSDate*, "distantFuture">(NSDate::classObject())));
 }
 
 }  // namespace
