@@ -46,6 +46,7 @@ target_link_options(ObjectiveC INTERFACE -Wl,--no-as-needed)
 target_link_libraries(ObjectiveC INTERFACE ${GNUSTEP_BASE_LIBRARY} ${objc_library})
 
 # The compiler options for code that also runs on the phone: no exceptions, no run-time type information, and no guards
-# for the initialization of static variables.
+# for the initialization of static variables. The code has unwind tables, because exceptions of the platform can pass
+# through it.
 add_library(FreestandingStyle INTERFACE)
-target_compile_options(FreestandingStyle INTERFACE -fno-exceptions -fno-rtti -fno-threadsafe-statics)
+target_compile_options(FreestandingStyle INTERFACE -fno-exceptions -funwind-tables -fno-rtti -fno-threadsafe-statics)

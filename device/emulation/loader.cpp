@@ -11,11 +11,13 @@
 #include <map>
 #include <string>
 
+#include "device/emulation/frames.hpp"
 #include "device/emulation/imports.hpp"
 #include "device/emulation/library_address.hpp"
 #include "device/emulation/report.hpp"
 #include "device/mach_o/fixups.hpp"
 #include "device/mach_o/loadable.hpp"
+#include "device/mach_o/unwind_info.hpp"
 #include "library/startup/inspection.hpp"
 
 namespace emulation {
@@ -92,6 +94,7 @@ Function* exported(const char* symbol) {
     copySegments(file);
     bind(file);
     protectSegments(file);
+    registerFrames(device::unwindEntries(file), loadAddress);
     runInitializers(file);
   } catch (const std::exception& error) {
     fail(error.what());

@@ -97,6 +97,9 @@ void MachFile::readCommand(CommandKind kind, std::span<const std::uint8_t> comma
     case CommandKind::CodeSignature:
       codeSignature = filePart(body);
       return;
+    case CommandKind::FunctionStarts:
+      functionStarts = filePart(body);
+      return;
     case CommandKind::DynamicSymbolTable:
       body.skip(60);
       relocationCount += body.number<std::uint32_t>();
@@ -160,6 +163,18 @@ std::vector<Section> MachFile::sectionsOfType(SectionType type) const {
     for (const Section& section : segment.sections)
       if (section.type == type) found.push_back(section);
   return found;
+}
+
+const Section* MachFile::sectionNamed(std::string_view name) const {
+  for (const Segment& segment : segments)
+    for (const Section& section : segment.sections)
+      if (section.name == name) return &section;
+  return nullptr;
+}
+
+std::span<const std::uint8_t> MachFile::bytesOf(const Section& section) const {
+  const Segment& segment = segmentAt(section.address);
+  return part(part(bytes, segment.fileOffset, segment.fileSize), section.address - segment.address, section.size);
 }
 
 }  // namespace device

@@ -6,6 +6,7 @@
 #include <map>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace device {
@@ -92,6 +93,9 @@ struct MachFile {
   std::span<const std::uint8_t> partAt(FilePart where) const;
   const Segment& segmentAt(std::uint64_t address) const;
   std::vector<Section> sectionsOfType(SectionType type) const;
+  // Null if the file has no section with this name.
+  const Section* sectionNamed(std::string_view name) const;
+  std::span<const std::uint8_t> bytesOf(const Section& section) const;
 
   std::vector<std::uint8_t> bytes;
   std::uint32_t processor = 0;
@@ -106,6 +110,7 @@ struct MachFile {
   Version builtFor;
   DynamicLinkerInformation linkerInformation;
   FilePart codeSignature;
+  FilePart functionStarts;
   std::uint32_t relocationCount = 0;
   // The names of functions and variables in the symbol table, by address.
   std::map<std::uint64_t, std::string> symbols;

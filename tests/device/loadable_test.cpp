@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "device/mach_o/fixups.hpp"
+#include "device/mach_o/unwind_info.hpp"
 #include "tests/device/built_files.hpp"
 
 namespace {
@@ -28,6 +29,8 @@ void load(const Bytes& bytes) {
   device::rebases(file);
   device::binds(file);
   device::exports(file);
+  device::unwindEntries(file);
+  device::functionStarts(file);
 }
 
 std::string errorOf(const Bytes& bytes) {
@@ -158,8 +161,8 @@ TEST(LoadableLibrary, HasNoPointerAcrossTheEndOfASegment) {
   EXPECT_EQ(errorOf(withRebases(opcodes)), "a fixup is at the end of a segment");
 }
 
-// Every single damaged byte of the header, the load commands and the linking information is either harmless or
-// reported.
+// Every single damaged byte of the header, the load commands, the linking information and the unwind information is
+// either harmless or reported.
 TEST(LoadableLibrary, NeverCrashesTheReader) {
   const MachFile file(library());
   const std::size_t information = file.linkerInformation.rebases.offset;
@@ -171,6 +174,9 @@ TEST(LoadableLibrary, NeverCrashesTheReader) {
   };
   for (std::size_t offset = 0; offset < 32 + numberAt(library(), 20); offset += 3) damage(offset);
   for (std::size_t offset = information; offset < end; offset += 5) damage(offset);
+  const auto unwinding = file.bytesOf(*file.sectionNamed("__unwind_info"));
+  const auto start = static_cast<std::size_t>(unwinding.data() - file.bytes.data());
+  for (std::size_t offset = start; offset < start + unwinding.size(); offset += 7) damage(offset);
 }
 
 }  // namespace

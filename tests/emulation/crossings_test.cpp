@@ -109,9 +109,9 @@ Function* messageFunction() {
   return objc::fromImplementation<Function>(reinterpret_cast<IMP>(emulation::messageFunction()));
 }
 
-id objectWithMethod(const char* encoding) {
+id objectWithMethod(const char* encoding, Send* method = &thirdArgument) {
   Class type = objc_allocateClassPair(NSObject::classObject(), "EmulationTest", 0);
-  class_addMethod(type, sel_registerName("value:"), objc::toImplementation(&thirdArgument), encoding);
+  class_addMethod(type, sel_registerName("value:"), objc::toImplementation(method), encoding);
   objc_registerClassPair(type);
   return objc::send<id, "new">(type);
 }
@@ -128,6 +128,25 @@ TEST(MessageFunction, ReturnsZeroForNil) {
   EXPECT_EQ(messageFunction()(nullptr, sel_registerName("value:"), 7), 0U);
   using SendDouble = double(id, SEL, double);
   EXPECT_EQ(messageFunction<SendDouble>()(nullptr, sel_registerName("doubleValue"), 1.5), 0);
+}
+
+TEST(MessageFunction, LetsExceptionsOfAMethodWithAWideResultPass) {
+  EXPECT_THROW(messageFunction()(objectWithMethod("q@:q", &fail), sel_registerName("value:"), 1), std::runtime_error);
+}
+
+TEST(MessageFunction, LetsExceptionsOfAMethodWithANarrowResultPass) {
+  EXPECT_THROW(messageFunction()(objectWithMethod("C@:q", &fail), sel_registerName("value:"), 1), std::runtime_error);
+}
+
+BOOL failToResolve(id, SEL, SEL) { throw std::runtime_error("an exception"); }
+
+TEST(MessageFunction, LetsExceptionsOfTheLookUpPass) {
+  Class type = objc_allocateClassPair(NSObject::classObject(), "EmulationTest", 0);
+  objc_registerClassPair(type);
+  const id object = objc::send<id, "new">(type);
+  class_addMethod(object_getClass(reinterpret_cast<id>(type)), sel_registerName("resolveInstanceMethod:"),
+                  objc::toImplementation(&failToResolve), "C@::");
+  EXPECT_THROW(messageFunction()(object, sel_registerName("value:"), 1), std::runtime_error);
 }
 
 TEST(MessageFunction, EndsTheProcessForADeallocatedObject) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <string>
 
@@ -90,6 +91,52 @@ TEST_F(Loader, ReportsAnOpcodeOutOfRange) {
   const Ended ended = start(store(bytes));
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.output, "Brim.dylib: a rebase opcode is unknown\n");
+}
+
+// Positions in the section __unwind_info.
+class UnwindInformation : public Loader {
+ protected:
+  static constexpr std::size_t indexOffset = 20;
+  static constexpr std::size_t firstEncoding = 28;
+
+  std::uint32_t at(std::size_t offset) const {
+    std::uint32_t number = 0;
+    std::memcpy(&number, &file_.bytes.at(start_ + offset), sizeof number);
+    return number;
+  }
+  std::size_t page() const { return at(at(indexOffset) + 4); }
+  std::size_t function() const { return page() + (at(page() + 4) & 0xffff); }
+
+  // Starts the home screen with a library whose section has this number.
+  template <class Number>
+  Ended startWith(std::size_t offset, Number number) {
+    std::string bytes = library();
+    std::memcpy(&bytes.at(start_ + offset), &number, sizeof number);
+    return start(store(bytes));
+  }
+
+  const device::MachFile file_ = device::MachFile::read(DYLIB);
+  const std::size_t start_ =
+      static_cast<std::size_t>(file_.bytesOf(*file_.sectionNamed("__unwind_info")).data() - file_.bytes.data());
+};
+
+TEST_F(UnwindInformation, ThatHasATruncatedPageIsReported) {
+  const Ended ended = startWith(page() + 6, std::uint16_t{0xffff});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.output, "Brim.dylib: the unwind information ends too early\n");
+}
+
+TEST_F(UnwindInformation, ThatHasAnIndexOutOfRangeIsReported) {
+  const Ended ended = startWith(function() + 3, std::uint8_t{0xff});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.output, "Brim.dylib: an unwind entry has an encoding that does not exist\n");
+}
+
+TEST_F(UnwindInformation, ThatRefersToAnotherSectionIsReported) {
+  const Ended ended = startWith(firstEncoding, 0x03000010U);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_TRUE(ended.output.starts_with("Brim.dylib: the function at 0x")) << ended.output;
+  EXPECT_TRUE(ended.output.ends_with(" has the unsupported unwind encoding 0x03000010\n")) << ended.output;
 }
 
 }  // namespace

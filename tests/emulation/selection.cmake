@@ -27,6 +27,14 @@ set(selection
     ObjectLifetime.BannerIsRetainedOnlyByItsSuperviewAndItsCreator
     ObjectLifetime.BannerReleasesItsPartsWhenItIsDeallocated
     ObjectLifetime.ColorSetRetainsItsCustomColors
+    # Exceptions of the platform
+    Exception.PassesThroughAHook
+    Exception.PassesThroughAnAddedMethod
+    Exception.PassesThroughADispatchedBlock
+    Exception.PassesThroughAnAnimationBlock
+    Exception.PassesThroughACompletionBlock
+    Exception.PassesThroughATimer
+    Exception.PassesThroughAnObserver
     # The Messages app
     MessagesAlone.DeallocatedListReceivesNoRequests
     MessagesAlone.InstallsOnlyTheHooksOfTheMessagesApp

@@ -3,7 +3,6 @@
 #include "tests/private_interfaces/withheld.hpp"
 
 #include <dlfcn.h>
-#include <link.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -15,6 +14,7 @@
 #include "objc/hook.hpp"
 #include "objc/runtime.hpp"
 #include "platform/common_crypto.hpp"
+#include "tests/support/library_code.hpp"
 
 namespace test {
 
@@ -27,50 +27,13 @@ std::optional<unsigned> completionValue;
 int processLookUps;
 std::vector<std::string> unrecognized;
 
-struct Range {
-  std::uintptr_t begin;
-  std::uintptr_t end;
-  bool isLibrary;
-};
-
-// The loaded objects that were recognized before. The library can also be in memory that the dynamic linker does not
-// know, because another loader has mapped it.
-std::vector<Range>& knownRanges() {
-  static std::vector<Range> ranges;
-  return ranges;
-}
-
-// The library is loaded through a link with the name that it has on a phone.
-bool isLibraryFile(const char* path) {
-  return std::strstr(path, "/Brim.dylib") != nullptr || std::strstr(path, "/libBrim.so") != nullptr;
-}
-
-int addRange(dl_phdr_info* object, std::size_t, void* address) {
-  const auto wanted = reinterpret_cast<std::uintptr_t>(address);
-  for (int index = 0; index < object->dlpi_phnum; ++index) {
-    const auto& segment = object->dlpi_phdr[index];
-    const std::uintptr_t begin = object->dlpi_addr + segment.p_vaddr;
-    if (segment.p_type != PT_LOAD || wanted < begin || wanted >= begin + segment.p_memsz) continue;
-    knownRanges().push_back({begin, begin + segment.p_memsz, isLibraryFile(object->dlpi_name)});
-    return 1;
-  }
-  return 0;
-}
-
-bool isLibrary(void* caller) {
-  const auto address = reinterpret_cast<std::uintptr_t>(caller);
-  for (const Range& range : knownRanges())
-    if (address >= range.begin && address < range.end) return range.isLibrary;
-  return dl_iterate_phdr(&addRange, caller) == 0 || knownRanges().back().isLibrary;
-}
-
 bool isWithheld(void* caller, InterfaceKind kind, std::string_view name) {
-  return withheld != nullptr && withheld->kind == kind && name == withheld->name && isLibrary(caller);
+  return withheld != nullptr && withheld->kind == kind && name == withheld->name && isLibraryCode(caller);
 }
 
 bool isClassWithheld(void* caller, const char* name) {
   return withheld != nullptr && withheld->kind == InterfaceKind::PlatformClass &&
-         std::strcmp(name, withheld->className) == 0 && isLibrary(caller);
+         std::strcmp(name, withheld->className) == 0 && isLibraryCode(caller);
 }
 
 // `examined` is the class of the receiver; for a class method, it is a metaclass.
@@ -146,7 +109,7 @@ extern "C" {
 
 IMP objc_msg_lookup(id receiver, SEL selector) {
   static auto* const original = test::next<IMP(id, SEL)>("objc_msg_lookup");
-  if (test::withheld == nullptr || receiver == nullptr || !test::isLibrary(__builtin_return_address(0)))
+  if (test::withheld == nullptr || receiver == nullptr || !test::isLibraryCode(__builtin_return_address(0)))
     return original(receiver, selector);
   if (std::strcmp(sel_getName(selector), "respondsToSelector:") == 0)
     return objc::toImplementation(&test::respondsToSelector);
@@ -157,7 +120,7 @@ IMP objc_msg_lookup(id receiver, SEL selector) {
 
 Method class_getInstanceMethod(Class examined, SEL selector) {
   static auto* const original = test::next<Method(Class, SEL)>("class_getInstanceMethod");
-  if (test::isMethodWithheld(examined, selector) && test::isLibrary(__builtin_return_address(0))) return nullptr;
+  if (test::isMethodWithheld(examined, selector) && test::isLibraryCode(__builtin_return_address(0))) return nullptr;
   return original(examined, selector);
 }
 
@@ -181,13 +144,15 @@ Class objc_allocateClassPair(Class superclass, const char* name, std::size_t ext
 void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced) {
   static auto* const original = test::next<objc::HookFunction>("MSHookMessageEx");
   original(target, selector, replacement, replaced);
-  if (test::completionValue && std::strcmp(sel_getName(selector), "dismissViewControllerWithTransition:completion:") == 0)
+  if (test::completionValue &&
+      std::strcmp(sel_getName(selector), "dismissViewControllerWithTransition:completion:") == 0)
     *replaced = objc::toImplementation(&test::completeDismissal);
 }
 
 unsigned char* CC_MD5(const void* data, std::uint32_t length, unsigned char* digest) {
   static auto* const original = test::next<unsigned char*(const void*, std::uint32_t, unsigned char*)>("CC_MD5");
-  if (test::isLibrary(__builtin_return_address(0))) test::digested.emplace_back(static_cast<const char*>(data), length);
+  if (test::isLibraryCode(__builtin_return_address(0)))
+    test::digested.emplace_back(static_cast<const char*>(data), length);
   return original(data, length, digest);
 }
 
@@ -195,7 +160,7 @@ unsigned char* CC_MD5(const void* data, std::uint32_t length, unsigned char* dig
 // is withheld, the library gets another library, which has neither of them.
 void* dlopen(const char* path, int mode) noexcept {
   static auto* const original = test::next<void*(const char*, int)>("dlopen");
-  if (path != nullptr || !test::isLibrary(__builtin_return_address(0))) return original(path, mode);
+  if (path != nullptr || !test::isLibraryCode(__builtin_return_address(0))) return original(path, mode);
   const bool isFirst = ++test::processLookUps == 1;
   const bool isWithheld = test::withheld != nullptr && test::withheld->kind == InterfaceKind::Symbol &&
                           (!isFirst || std::strcmp(test::withheld->name, "MSHookMessageEx") == 0);

@@ -33,8 +33,8 @@ void withhold(const PrivateInterface& interface);
 // Makes the runtime refuse to define the class with this name.
 void refuseToDefine(const char* className);
 
-// Replaces the platform's dismissal of a banner's controller: it calls the completion immediately, with this value in the
-// register of the argument, and does nothing else.
+// Replaces the platform's dismissal of a banner's controller: it calls the completion immediately, with this value in
+// the register of the argument, and does nothing else.
 void completeDismissalsWith(unsigned value);
 
 // The data of which the library has computed MD5 digests itself.

@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "platform/ui_view.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/views/color.hpp"
@@ -130,6 +132,14 @@ TEST_F(Animation, CanBeDisabledInsideABlock) {
                     objc::send<void, "performWithoutAnimation:">(UIView::classObject(),
                                                                  objc::block([this] { view->setAlpha(0); }).get());
                   }));
+  EXPECT_EQ(shownAlpha(view), 0);
+}
+
+// The exception ends the block, so later changes are not animated.
+TEST_F(Animation, BlockCanRaiseAnException) {
+  const auto raise = objc::block([] { throw std::runtime_error("an exception"); });
+  EXPECT_THROW(UIView::animate(1, raise), std::runtime_error);
+  view->setAlpha(0);
   EXPECT_EQ(shownAlpha(view), 0);
 }
 

@@ -42,6 +42,15 @@ std::vector<std::shared_ptr<AnimationGroup>>& runningBlocks() {
   return blocks;
 }
 
+// An animation block runs as long as an object of this class exists. An exception of the block ends it too.
+class RunningBlock {
+ public:
+  explicit RunningBlock(std::shared_ptr<AnimationGroup> group) { runningBlocks().push_back(std::move(group)); }
+  ~RunningBlock() { runningBlocks().pop_back(); }
+  RunningBlock(const RunningBlock&) = delete;
+  RunningBlock& operator=(const RunningBlock&) = delete;
+};
+
 // The time at which the last running animation ends. New frames are requested until this time.
 double& latestEnd() {
   static double time = 0;
@@ -99,16 +108,16 @@ void runAnimation(AnimationTiming timing, objc::Block<void()>* animations, objc:
   // A nested animation takes the duration of the outer one.
   if (AnimationGroup* outer = currentAnimationGroup(); outer != nullptr) timing.duration = outer->duration();
   const auto group = std::make_shared<AnimationGroup>(timing, completion);
-  runningBlocks().push_back(group);
-  if (animations != nullptr) (*animations)();
-  runningBlocks().pop_back();
+  if (animations != nullptr) {
+    const RunningBlock running(group);
+    (*animations)();
+  }
   group->start();
 }
 
 void runWithoutAnimation(objc::Block<void()>* changes) {
-  runningBlocks().push_back(nullptr);
+  const RunningBlock running(nullptr);
   if (changes != nullptr) (*changes)();
-  runningBlocks().pop_back();
 }
 
 AnimationGroup* currentAnimationGroup() {

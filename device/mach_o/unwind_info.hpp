@@ -1,0 +1,33 @@
+// A library's unwind information: how an exception finds the caller of each function. The section __unwind_info
+// contains it.
+#pragma once
+
+#include "device/mach_o/mach_file.hpp"
+
+namespace device {
+
+// Where a function saves the registers of its caller.
+enum class UnwindMode : std::uint32_t {
+  None = 0,                // an exception cannot pass
+  Frameless = 0x02000000,  // it saves no register
+  Dwarf = 0x03000000,      // the section __eh_frame describes it
+  Frame = 0x04000000,      // it saves the frame pointer, the return address, and pairs of registers below them
+};
+
+struct UnwindEntry {
+  UnwindMode mode() const { return static_cast<UnwindMode>(encoding & 0x0f000000); }
+
+  std::uint64_t begin;
+  std::uint64_t end;
+  std::uint32_t encoding;
+};
+
+// Returns the entries in the order of their addresses. Adjacent functions with the same encoding can have one entry.
+// Empty if the library has no unwind information. Throws std::runtime_error if it is damaged.
+std::vector<UnwindEntry> unwindEntries(const MachFile& file);
+
+// Returns the addresses of all functions, in order. Empty if the file does not list them. Throws std::runtime_error if
+// the list is damaged.
+std::vector<std::uint64_t> functionStarts(const MachFile& file);
+
+}  // namespace device
