@@ -6,6 +6,7 @@
 #include <link.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -109,6 +110,17 @@ const std::vector<PrivateInterface>& privateInterfaces() {
   return rows;
 }
 
+std::vector<PrivateInterface> interfacesIn(App app) {
+  std::vector<PrivateInterface> found;
+  for (const PrivateInterface& interface : privateInterfaces()) {
+    const std::string_view className = interface.className;
+    const bool isOfMessages = className.starts_with("CK") || className.starts_with("IM");
+    const bool isOfBoth = className == "NSDistributedNotificationCenter";
+    if (isOfBoth || isOfMessages == (app == App::Messages)) found.push_back(interface);
+  }
+  return found;
+}
+
 std::string descriptionOf(const PrivateInterface& interface) {
   const std::string owner = interface.className;
   switch (interface.kind) {
@@ -124,6 +136,13 @@ std::string descriptionOf(const PrivateInterface& interface) {
       return interface.name;
   }
   return "";
+}
+
+std::string testName(const testing::TestParamInfo<PrivateInterface>& test) {
+  std::string name = descriptionOf(test.param);
+  for (char& character : name)
+    if (std::isalnum(static_cast<unsigned char>(character)) == 0) character = '_';
+  return name + "_" + std::to_string(test.index);
 }
 
 void withhold(const PrivateInterface& interface) { withheld = &interface; }
@@ -166,6 +185,11 @@ Class objc_getClass(const char* name) {
   return test::isClassWithheld(__builtin_return_address(0), name) ? nullptr : original(name);
 }
 
+Class objc_getMetaClass(const char* name) {
+  static auto* const original = test::next<Class(const char*)>("objc_getMetaClass");
+  return test::isClassWithheld(__builtin_return_address(0), name) ? nullptr : original(name);
+}
+
 Ivar class_getInstanceVariable(Class examined, const char* name) {
   static auto* const original = test::next<Ivar(Class, const char*)>("class_getInstanceVariable");
   if (test::isWithheld(__builtin_return_address(0), InterfaceKind::InstanceVariable, name)) return nullptr;
@@ -181,7 +205,8 @@ Class objc_allocateClassPair(Class superclass, const char* name, std::size_t ext
 void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced) {
   static auto* const original = test::next<objc::HookFunction>("MSHookMessageEx");
   original(target, selector, replacement, replaced);
-  if (test::completionValue && std::strcmp(sel_getName(selector), "dismissViewControllerWithTransition:completion:") == 0)
+  if (test::completionValue &&
+      std::strcmp(sel_getName(selector), "dismissViewControllerWithTransition:completion:") == 0)
     *replaced = objc::toImplementation(&test::completeDismissal);
 }
 
