@@ -95,7 +95,7 @@ const char* signatureOf(const BlockHeader& block) {
 // The library copies each block that it creates before it passes it on.
 void* copyBlock(const void* block) {
   auto* const copy = static_cast<BlockHeader*>(_Block_copy(block));
-  if (copy == nullptr || !isInLibrary(reinterpret_cast<const void*>(copy->invoke))) return copy;
+  if (copy == nullptr || !isInPhoneFile(reinterpret_cast<const void*>(copy->invoke))) return copy;
   const char* const signature = signatureOf(*copy);
   if (signature == nullptr) fail("a block has no signature");
   copy->invoke = intoLibrary(copy->invoke, signature, std::string("a block of type ") + signature);

@@ -1,18 +1,24 @@
-// Where the phone's library is in the memory of every process.
+// Where the phone's files are in the memory of every process. Each file has a slot, a range of addresses.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "device/mach_o/loadable.hpp"
 
 namespace emulation {
 
-// The address is fixed, because the emulator's log of executed code is limited to a range of addresses.
+inline constexpr std::size_t slotCount = 8;
+inline constexpr std::size_t librarySlot = 0;
+
+// The address is fixed, because the emulator's log of executed code is limited to the range of the library's slot.
 inline constexpr std::uint64_t loadAddress = 0x60'0000'0000;
 
-// Whether the address is in the code or data of the phone's library. Any thread.
-inline bool isInLibrary(const void* address) {
-  return reinterpret_cast<std::uint64_t>(address) - loadAddress < device::maxSizeInMemory;
+inline constexpr std::uint64_t addressOfSlot(std::size_t slot) { return loadAddress + slot * device::maxSizeInMemory; }
+
+// Whether the address is in the code or data of a file for the phone. Any thread.
+inline bool isInPhoneFile(const void* address) {
+  return reinterpret_cast<std::uint64_t>(address) - loadAddress < slotCount * device::maxSizeInMemory;
 }
 
 }  // namespace emulation

@@ -1,5 +1,5 @@
-// libBrim.so for arm64 Linux. It contains no code of Brim: when it is loaded, it loads Brim.dylib, the phone's library,
-// from the same folder, as the phone's dynamic linker does. The environment variable BRIM_DYLIB names another file.
+#include "device/emulation/loader.hpp"
+
 #include <dlfcn.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -18,7 +18,6 @@
 #include "device/mach_o/fixups.hpp"
 #include "device/mach_o/loadable.hpp"
 #include "device/mach_o/unwind_info.hpp"
-#include "library/startup/inspection.hpp"
 
 namespace emulation {
 
@@ -31,27 +30,38 @@ std::map<std::string, std::uint64_t>& exportedAddresses() {
   return addresses;
 }
 
-void* placeOf(std::uint64_t address) { return reinterpret_cast<void*>(loadAddress + address); }
+std::uint64_t imageAddress;
+
+void* placeOf(std::uint64_t address) { return reinterpret_cast<void*>(imageAddress + address); }
 std::uint64_t& pointerAt(std::uint64_t address) { return *static_cast<std::uint64_t*>(placeOf(address)); }
 
-fs::path libraryPath() {
-  if (const char* const chosen = std::getenv("BRIM_DYLIB"); chosen != nullptr) return chosen;
+fs::path imagePath() {
+  const char* const chosen = image.pathVariable == nullptr ? nullptr : std::getenv(image.pathVariable);
+  if (chosen != nullptr) return chosen;
   Dl_info here = {};
-  dladdr(reinterpret_cast<const void*>(&libraryPath), &here);
-  return fs::canonical(here.dli_fname).parent_path() / "Brim.dylib";
+  dladdr(reinterpret_cast<const void*>(&imagePath), &here);
+  return fs::canonical(here.dli_fname).parent_path() / image.name;
 }
 
-// Copies the segments into memory that can be written.
+// Reserves memory that can be written.
+std::uint64_t reserve(std::size_t size) {
+  for (std::size_t slot = image.firstSlot; slot <= image.lastSlot; ++slot) {
+    void* const wanted = reinterpret_cast<void*>(addressOfSlot(slot));
+    void* const place = mmap(wanted, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (place == wanted) return addressOfSlot(slot);
+    if (place != MAP_FAILED) munmap(place, size);
+  }
+  fail("its addresses are not free in this process");
+}
+
 void copySegments(const device::MachFile& file) {
-  void* const place = placeOf(0);
-  if (mmap(place, device::sizeInMemory(file), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) != place)
-    fail("its addresses are not free in this process");
+  imageAddress = reserve(device::sizeInMemory(file));
   for (const device::Segment& segment : file.segments)
     std::memcpy(placeOf(segment.address), file.bytes.data() + segment.fileOffset, segment.fileSize);
 }
 
 void bind(const device::MachFile& file) {
-  for (const std::uint64_t pointer : device::rebases(file)) pointerAt(pointer) += loadAddress;
+  for (const std::uint64_t pointer : device::rebases(file)) pointerAt(pointer) += imageAddress;
   for (const device::Bind& bind : device::binds(file)) {
     void* const address = importedAddress(bind.symbol);
     if (address == nullptr) fail(bind.symbol + " is missing, which " + bind.library + " exports on the phone");
@@ -79,22 +89,16 @@ void runInitializers(const device::MachFile& file) {
       reinterpret_cast<Initializer>(pointerAt(section.address + offset))(0, none, environ, none, nullptr);
 }
 
-template <class Function>
-Function* exported(const char* symbol) {
-  const auto found = exportedAddresses().find(symbol);
-  if (found == exportedAddresses().end()) fail(std::string("it does not export ") + symbol);
-  return reinterpret_cast<Function*>(found->second + loadAddress);
-}
-
 [[gnu::constructor]] void load() {
+  setFileName(image.name);
   try {
-    const device::MachFile file = device::MachFile::read(libraryPath());
-    device::requireLoadable(file);
+    const device::MachFile file = device::MachFile::read(imagePath());
+    device::requireLoadable(file, image.type);
     for (const device::Export& each : device::exports(file)) exportedAddresses()[each.symbol] = each.address;
     copySegments(file);
     bind(file);
     protectSegments(file);
-    registerFrames(device::unwindEntries(file), loadAddress);
+    registerFrames(device::unwindEntries(file), imageAddress);
     runInitializers(file);
   } catch (const std::exception& error) {
     fail(error.what());
@@ -103,16 +107,10 @@ Function* exported(const char* symbol) {
 
 }  // namespace
 
+void* exportedAddress(const char* symbol) {
+  const auto found = exportedAddresses().find(symbol);
+  if (found == exportedAddresses().end()) fail(std::string("it does not export ") + symbol);
+  return placeOf(found->second);
+}
+
 }  // namespace emulation
-
-extern "C" [[gnu::visibility("default")]] const char* brim_version() {
-  return emulation::exported<const char*()>("_brim_version")();
-}
-
-extern "C" [[gnu::visibility("default")]] const BrimInstalledMethod* brim_installed_methods(std::size_t* count) {
-  return emulation::exported<const BrimInstalledMethod*(std::size_t*)>("_brim_installed_methods")(count);
-}
-
-extern "C" [[gnu::visibility("default")]] const BrimSetting* brim_settings(std::size_t* count) {
-  return emulation::exported<const BrimSetting*(std::size_t*)>("_brim_settings")(count);
-}

@@ -15,6 +15,8 @@ namespace emulation {
 
 namespace {
 
+const char* fileName = "Brim.dylib";
+
 // The folder that the environment names, empty if there is none.
 std::string_view reportFolder() {
   static const char* const folder = std::getenv("BRIM_REPORT");
@@ -59,8 +61,10 @@ void report(const std::string& line) {
   file->append(line);
 }
 
+void setFileName(const char* name) { fileName = name; }
+
 void fail(const std::string& reason) {
-  std::fprintf(stderr, "Brim.dylib: %s\n", reason.c_str());
+  std::fprintf(stderr, "%s: %s\n", fileName, reason.c_str());
   std::_Exit(1);
 }
 

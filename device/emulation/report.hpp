@@ -12,7 +12,10 @@ bool isReporting();
 // Appends the line unless it was reported before.
 void report(const std::string& line);
 
-// Prints the reason for which the library cannot run and ends the process.
+// The name of the phone's file that this shared library loads. "Brim.dylib" if it is never set.
+void setFileName(const char* name);
+
+// Prints the name of the file and the reason for which it cannot run, and ends the process.
 [[noreturn]] void fail(const std::string& reason);
 
 }  // namespace emulation

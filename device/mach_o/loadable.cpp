@@ -10,7 +10,6 @@ namespace device {
 namespace {
 
 constexpr std::uint32_t arm64 = 0x0100000c;
-constexpr std::uint32_t dynamicLibrary = 6;
 // A loader must not ignore a command with this bit.
 constexpr std::uint32_t requiredCommand = 0x80000000;
 
@@ -40,16 +39,17 @@ void requireValid(const MachFile& file, const Segment& segment, std::uint64_t en
 
 }  // namespace
 
-void requireLoadable(const MachFile& file) {
+void requireLoadable(const MachFile& file, FileType type) {
   require(file.processor == arm64 && file.processorVariant == 0, "the processor type is not arm64");
-  require(file.fileType == dynamicLibrary, "the file is not a dynamic library");
+  require(file.fileType == static_cast<std::uint32_t>(type),
+          type == FileType::Library ? "the file is not a dynamic library" : "the file is not a bundle");
   for (const CommandKind kind : file.commands) {
     const auto number = static_cast<std::uint32_t>(kind);
     require((number & requiredCommand) == 0 || kind == CommandKind::DynamicLinkerInformation,
             "load command " + hexadecimal(number) + " is unknown");
   }
-  require(file.linkerInformation.weakBinds.size == 0, "the library has weak binds");
-  require(!file.segments.empty(), "the library has no segment");
+  require(file.linkerInformation.weakBinds.size == 0, "the file has weak binds");
+  require(!file.segments.empty(), "the file has no segment");
   std::uint64_t end = 0;
   for (const Segment& segment : file.segments) {
     requireValid(file, segment, end);

@@ -1,5 +1,7 @@
-// Checks that a loader for arm64 processes can load a library.
+// Checks that a loader for arm64 processes can load a library or a bundle.
 #pragma once
+
+#include <cstdint>
 
 #include "device/mach_o/mach_file.hpp"
 
@@ -7,10 +9,12 @@ namespace device {
 
 inline constexpr std::uint64_t maxSizeInMemory = 0x1000'0000;
 
-// Throws std::runtime_error with the first reason for which the library cannot be loaded.
-void requireLoadable(const MachFile& file);
+enum class FileType : std::uint32_t { Library = 6, Bundle = 8 };
 
-// The number of bytes from address 0 to the end of the last segment, for a loadable library.
+// Throws std::runtime_error with the first reason for which the file cannot be loaded as a file of this type.
+void requireLoadable(const MachFile& file, FileType type);
+
+// The number of bytes from address 0 to the end of the last segment, for a loadable file.
 std::uint64_t sizeInMemory(const MachFile& file);
 
 }  // namespace device

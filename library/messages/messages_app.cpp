@@ -53,7 +53,8 @@ void receivedMessageContacts(ConversationListController* self, NSNotification* n
   if (chat == nullptr || body == nullptr) return;
   const auto text = NSAttributedString::withString(body);
   IMChatRegistry* registry = IMChatRegistry::sharedInstance();
-  registry->send(chat, IMMessage::instantMessage(text, outgoingFlags));
+  IMMessage* message = IMMessage::instantMessage(text, outgoingFlags);
+  if (message != nullptr) registry->send(chat, message);
   if (settings::autoReadMode() == settings::AutoReadMode::AfterReply) registry->sendReadReceiptForAllMessages(chat);
 }
 

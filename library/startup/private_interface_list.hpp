@@ -25,8 +25,12 @@ BRIM_START(Symbol, "", "MSHookMessageEx")
 
 // A banner: its window, its controller, its texts and its actions.
 BRIM_PRIVATE_INTERFACE(PlatformClass, "SBNotificationBannerWindow", "", "11.2", "", Banner, "The system's banners appear; the library logs why. Systems from 14.0 lack this class.")
+BRIM_PRIVATE_INTERFACE(PlatformClass, "_NCNotificationViewControllerView", "", "11.2", "12.0", Banner, "The system's banners appear; the library logs why.")
+BRIM_PRIVATE_INTERFACE(PlatformClass, "NCNotificationViewControllerView", "", "12.0", "", Banner, "The system's banners appear; the library logs why.")
 BRIM_PRIVATE_INTERFACE(InstanceMethod, "_NCNotificationViewControllerView", "contentView", "11.2", "12.0", Banner, "The system's banners appear; the library logs why.")
 BRIM_PRIVATE_INTERFACE(InstanceMethod, "NCNotificationViewControllerView", "contentView", "12.0", "", Banner, "The system's banners appear; the library logs why.")
+BRIM_BANNER(PlatformClass, "NCNotificationViewController", "")
+BRIM_BANNER(PlatformClass, "NCNotificationShortLookViewController", "")
 BRIM_BANNER(InstanceMethod, "NCNotificationShortLookViewController", "_handleTapOnView:")
 BRIM_BANNER(InstanceMethod, "NCNotificationShortLookViewController", "dismissViewControllerWithTransition:completion:")
 BRIM_BANNER(InstanceMethod, "NCNotificationViewController", "notificationRequest")
@@ -49,6 +53,7 @@ BRIM_OPTIONAL(InstanceMethod, "NCNotificationRequest", "silenceAction", "Silenci
 BRIM_OPTIONAL(InstanceMethod, "NCNotificationRequest", "threadIdentifier", "Replies to Messages conversations are not sent, and WhatsApp senders have no photo.")
 BRIM_OPTIONAL(InstanceMethod, "NCNotificationRequest", "userNotification", "Senders have no photo if it depends on the notification's own data.")
 BRIM_OPTIONAL(InstanceMethod, "NCNotificationAction", "identifier", "Only Messages banners have a Reply button, and alarms have no Snooze button.")
+BRIM_OPTIONAL(PlatformClass, "NCNotificationContentContainerViewController", "", "None: the actions of every notification are read.")
 BRIM_OPTIONAL(InstanceMethod, "NCNotificationContentContainerViewController", "initWithNotificationRequest:", "None: the actions of every notification are read.")
 BRIM_OPTIONAL(InstanceMethod, "NCNotificationContentContainerViewController", "userInteractionEnabled", "None, unless the container ignores touches.")
 BRIM_OPTIONAL(InstanceMethod, "NCNotificationContentContainerViewController", "performAction:forNotification:withUserInfo:", "None.")
@@ -63,13 +68,17 @@ BRIM_OPTIONAL(InstanceMethod, "UIDevice", "_feedbackSupportLevel", "Feedback is 
 
 // The windows and controllers around a banner.
 BRIM_OPTIONAL(PlatformClass, "UIStatusBarWindow", "", "None.")
+BRIM_OPTIONAL(PlatformClass, "SBGrabberTongue", "", "The grabber does not dismiss a banner that must stay.")
 BRIM_OPTIONAL(InstanceMethod, "SBGrabberTongue", "dismissWithStyle:animated:", "The grabber does not dismiss a banner that must stay.")
+BRIM_OPTIONAL(PlatformClass, "SpringBoard", "", "The home button does not dismiss a banner that must stay.")
 BRIM_OPTIONAL(InstanceMethod, "SpringBoard", "_handlePhysicalButtonEvent:", "The home button does not dismiss a banner that must stay.")
+BRIM_OPTIONAL(PlatformClass, "SBLockScreenManager", "", "A banner that must stay is still on screen after the phone was locked.")
 BRIM_OPTIONAL(InstanceMethod, "SBLockScreenManager", "_activateLockScreenAnimated:animationProvider:automatically:inScreenOffMode:dimInAnimation:dismissNotificationCenter:completion:", "A banner that must stay is still on screen after the phone was locked.")
 
 // The test banner.
 BRIM_OPTIONAL(PlatformClass, "SBHomeScreenViewController", "", "The settings pane cannot show a test banner.")
 BRIM_OPTIONAL(PlatformClass, "NSDistributedNotificationCenter", "", "No test banner appears, and replies to Messages conversations are not sent.")
+BRIM_OPTIONAL(PlatformClass, "BBServer", "", "No test banner appears; the phone only vibrates.")
 BRIM_OPTIONAL(InstanceMethod, "BBServer", "initWithQueue:", "No test banner appears if the platform has no other initializer; the phone only vibrates.")
 BRIM_OPTIONAL(InstanceMethod, "BBServer", "initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:utilitiesListener:conduitListener:systemStateListener:settingsListener:", "No test banner appears if the platform has no other initializer; the phone only vibrates.")
 BRIM_OPTIONAL(InstanceMethod, "BBServer", "publishBulletin:destinations:", "No test banner appears; the phone only vibrates.")
@@ -87,18 +96,22 @@ BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setClearable:", "The test banner la
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setShowsMessagePreview:", "The test banner lacks this value.")
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setPublicationDate:", "The test banner lacks this value.")
 BRIM_OPTIONAL(InstanceMethod, "BBBulletin", "setLastInterruptDate:", "The test banner lacks this value.")
+BRIM_OPTIONAL(PlatformClass, "BBAction", "", "A tap on the test banner opens no application.")
 BRIM_OPTIONAL(ClassMethod, "BBAction", "actionWithLaunchBundleID:callblock:", "A tap on the test banner opens no application.")
 
 // Replies to Messages conversations.
 BRIM_OPTIONAL(InstanceMethod, "UIApplication", "launchApplicationWithIdentifier:suspended:", "Messages banners have no Reply button, and conversations are not marked as read.")
 BRIM_OPTIONAL(PlatformClass, "CKConversationListController", "", "Replies and read receipts are not sent.")
+BRIM_OPTIONAL(PlatformClass, "CKConversationList", "", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(ClassMethod, "CKConversationList", "sharedConversationList", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(InstanceMethod, "CKConversationList", "conversations", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(InstanceMethod, "CKConversation", "chat", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(InstanceMethod, "IMChat", "guid", "Replies and read receipts are not sent.")
+BRIM_OPTIONAL(PlatformClass, "IMChatRegistry", "", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(ClassMethod, "IMChatRegistry", "sharedInstance", "Replies and read receipts are not sent.")
 BRIM_OPTIONAL(InstanceMethod, "IMChatRegistry", "_chat:sendMessage:", "Replies are not sent.")
 BRIM_OPTIONAL(InstanceMethod, "IMChatRegistry", "_chat_sendReadReceiptForAllMessages:", "Read receipts are not sent.")
+BRIM_OPTIONAL(PlatformClass, "IMMessage", "", "Replies are not sent.")
 BRIM_OPTIONAL(ClassMethod, "IMMessage", "instantMessageWithText:flags:", "Replies are not sent.")
 // clang-format on
 

@@ -77,7 +77,10 @@ NSString* firstMissing(const Table<size>& table) {
   return nullptr;
 }
 
-bool isHomeScreen() { return objc_getClass("NCNotificationShortLookViewController") != nullptr; }
+// Other processes have neither class. A home screen that lacks one of them is still recognized.
+bool isHomeScreen() {
+  return objc_getClass("SpringBoard") != nullptr || objc_getClass("NCNotificationShortLookViewController") != nullptr;
+}
 
 }  // namespace
 

@@ -25,7 +25,7 @@ const Bytes& library() {
 // Reads the library as the loader does.
 void load(const Bytes& bytes) {
   const MachFile file(bytes);
-  device::requireLoadable(file);
+  device::requireLoadable(file, device::FileType::Library);
   device::rebases(file);
   device::binds(file);
   device::exports(file);
@@ -101,6 +101,13 @@ TEST(LoadableLibrary, IsForArm64) {
 }
 
 TEST(LoadableLibrary, IsADynamicLibrary) { EXPECT_EQ(errorOf(withNumber(12, 2)), "the file is not a dynamic library"); }
+
+TEST(LoadableLibrary, IsNotABundle) {
+  const MachFile pane = MachFile::read(device::builtPane() / "BrimPreferences");
+  EXPECT_NO_THROW(device::requireLoadable(pane, device::FileType::Bundle));
+  EXPECT_THROW(device::requireLoadable(pane, device::FileType::Library), std::runtime_error);
+  EXPECT_THROW(device::requireLoadable(MachFile(library()), device::FileType::Bundle), std::runtime_error);
+}
 
 TEST(LoadableLibrary, HasNoUnknownRequiredCommand) {
   EXPECT_EQ(errorOf(withNumber(offsetOf(device::CommandKind::Uuid), 0x80000034)), "load command 0x80000034 is unknown");

@@ -1,4 +1,5 @@
-// A library that cannot be loaded ends the program with one line that names the problem.
+// A library or settings pane that cannot be loaded ends the program with one line that names the problem.
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -9,6 +10,7 @@
 #include <fstream>
 #include <string>
 
+#include "device/emulation/library_address.hpp"
 #include "device/mach_o/mach_file.hpp"
 #include "tests/support/temporary_folder.hpp"
 
@@ -137,6 +139,34 @@ TEST_F(UnwindInformation, ThatRefersToAnotherSectionIsReported) {
   EXPECT_EQ(ended.status, 1);
   EXPECT_TRUE(ended.output.starts_with("Brim.dylib: the function at 0x")) << ended.output;
   EXPECT_TRUE(ended.output.ends_with(" has the unsupported unwind encoding 0x03000010\n")) << ended.output;
+}
+
+class PaneLoader : public testing::Test {
+ protected:
+  // Loads a copy of the pane's executable. If a file is given, it takes the place of the executable for the phone.
+  void load(const std::filesystem::path& phoneFile = {}) {
+    const std::filesystem::path copy = folder_.path() / std::to_string(count_++);
+    std::filesystem::create_directory(copy);
+    for (const char* name : {"BrimPreferences", "BrimPreferences.arm64"})
+      std::filesystem::copy(std::filesystem::path(PANE) / name, copy);
+    if (!phoneFile.empty())
+      std::filesystem::copy(phoneFile, copy / "BrimPreferences.arm64",
+                            std::filesystem::copy_options::overwrite_existing);
+    EXPECT_NE(dlopen((copy / "BrimPreferences").c_str(), RTLD_NOW | RTLD_LOCAL), nullptr) << dlerror();
+  }
+
+  test::TemporaryFolder folder_;
+  int count_ = 0;
+};
+
+TEST_F(PaneLoader, ReportsALibrary) {
+  EXPECT_EXIT(load(DYLIB), testing::ExitedWithCode(1), "^BrimPreferences.arm64: the file is not a bundle\n$");
+}
+
+// One range of addresses is for the library.
+TEST_F(PaneLoader, LoadsEachCopyAtItsOwnAddresses) {
+  for (std::size_t copy = 1; copy < emulation::slotCount; ++copy) load();
+  EXPECT_EXIT(load(), testing::ExitedWithCode(1), "^BrimPreferences.arm64: its addresses are not free");
 }
 
 }  // namespace

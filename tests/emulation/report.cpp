@@ -2,8 +2,8 @@
 //
 // Summarizes what the phone's library did in the processes of the tests. LIBRARY is the library with the names of its
 // functions. FOLDER contains the reports of the processes (device/emulation/report.hpp) and, in files named *.log, the
-// code that the emulator translated, which it does just before it executes it. Fails if a hooked or added method or a
-// photo provider was never called.
+// code that the emulator translated, which it does just before it executes it. Fails if a hooked or added method, a
+// photo provider or a method of the settings pane was never called.
 #include <cxxabi.h>
 
 #include <algorithm>
@@ -28,6 +28,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uint64_t instructionSize = 4;
+
+constexpr const char* paneMethods[] = {"specifiers", "bundle", "setPreferenceValue:specifier:", "showTestBanner"};
 
 struct Function {
   std::string name;
@@ -119,6 +121,7 @@ std::vector<std::string> neverCalled(const device::MachFile& library, const Repo
   for (const test::HookRow& row : test::hookRows) require("[" + std::string(row.className) + " " + row.selector + "]");
   for (const std::string& provider : photoProviders(library))
     require("[" + provider + " contactPhotoForNotification:withHeader:withBody:forView:]");
+  for (const char* method : paneMethods) require(std::string("[BrimListController ") + method + "]");
   return missing;
 }
 
@@ -174,7 +177,8 @@ int summarize(const fs::path& libraryPath, const fs::path& folder) {
   const device::MachFile library = device::MachFile::read(libraryPath);
   const Reports reports = readReports(folder);
   const std::vector<std::string> missing = neverCalled(library, reports);
-  std::printf("%zu processes called %zu methods of the library\n", reports.processes, reports.called.size());
+  std::printf("%zu processes called %zu methods of the library and of the settings pane\n", reports.processes,
+              reports.called.size());
   for (const std::string& method : missing) std::printf("never called: %s\n", method.c_str());
   for (const std::string& value : reports.notExtended) std::printf("not extended: %s\n", value.c_str());
   if (!reports.executed.empty()) printCoverage(functions(library, reports.executed));

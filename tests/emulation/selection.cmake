@@ -1,5 +1,5 @@
-# The tests of Brim that .ci/run runs with the phone's library. They call every hooked and added method and every photo
-# provider, which phone_report checks.
+# The tests of Brim that .ci/run runs with the phone's library, in addition to the test programs with the label
+# "selection". They call every hooked and added method and every photo provider, which phone_report checks.
 set(selection
     # Start
     StartUp.InstallsTheHookTableInOrder

@@ -5,6 +5,7 @@
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -72,6 +73,17 @@ const std::vector<PrivateInterface>& privateInterfaces() {
   return rows;
 }
 
+std::vector<PrivateInterface> interfacesIn(App app) {
+  std::vector<PrivateInterface> found;
+  for (const PrivateInterface& interface : privateInterfaces()) {
+    const std::string_view className = interface.className;
+    const bool isOfMessages = className.starts_with("CK") || className.starts_with("IM");
+    const bool isOfBoth = className == "NSDistributedNotificationCenter";
+    if (isOfBoth || isOfMessages == (app == App::Messages)) found.push_back(interface);
+  }
+  return found;
+}
+
 std::string descriptionOf(const PrivateInterface& interface) {
   const std::string owner = interface.className;
   switch (interface.kind) {
@@ -87,6 +99,13 @@ std::string descriptionOf(const PrivateInterface& interface) {
       return interface.name;
   }
   return "";
+}
+
+std::string testName(const testing::TestParamInfo<PrivateInterface>& test) {
+  std::string name = descriptionOf(test.param);
+  for (char& character : name)
+    if (std::isalnum(static_cast<unsigned char>(character)) == 0) character = '_';
+  return name + "_" + std::to_string(test.index);
 }
 
 void withhold(const PrivateInterface& interface) { withheld = &interface; }
@@ -126,6 +145,11 @@ Method class_getInstanceMethod(Class examined, SEL selector) {
 
 Class objc_getClass(const char* name) {
   static auto* const original = test::next<Class(const char*)>("objc_getClass");
+  return test::isClassWithheld(__builtin_return_address(0), name) ? nullptr : original(name);
+}
+
+Class objc_getMetaClass(const char* name) {
+  static auto* const original = test::next<Class(const char*)>("objc_getMetaClass");
   return test::isClassWithheld(__builtin_return_address(0), name) ? nullptr : original(name);
 }
 

@@ -2,6 +2,9 @@
 // itself still uses it. A test process withholds at most one interface, before it starts the phone. Main thread.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <cstdint>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -23,9 +26,17 @@ struct PrivateInterface {
 // Every row of the library's list.
 const std::vector<PrivateInterface>& privateInterfaces();
 
+enum class App : std::uint8_t { HomeScreen, Messages };
+
+// The rows that the library uses in this app. Each row belongs to at least one app.
+std::vector<PrivateInterface> interfacesIn(App app);
+
 // Such as "-[NSData ic_md5]".
 std::string descriptionOf(const PrivateInterface& interface);
 inline void PrintTo(const PrivateInterface& interface, std::ostream* stream) { *stream << descriptionOf(interface); }
+
+// The name of the test with this parameter: letters, digits and underscores.
+std::string testName(const testing::TestParamInfo<PrivateInterface>& test);
 
 // The interface must exist until the process ends.
 void withhold(const PrivateInterface& interface);

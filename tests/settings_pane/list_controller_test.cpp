@@ -1,4 +1,5 @@
 // The class of the page, loaded from the bundle as the Settings application does.
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -17,13 +18,11 @@ using settings_application::tap;
 using test::Json;
 using test::OpenedPane;
 
-// A copy of the bundle with another page.
-class ChangedBundle {
+// A copy of the bundle, with another page if one is given.
+class BundleCopy {
  public:
-  explicit ChangedBundle(const std::string& page) {
-    fs::copy(test::paneBundle(), path(), fs::copy_options::recursive);
-    std::ofstream(path() / "Root.plist") << page;
-  }
+  BundleCopy() { fs::copy(test::paneBundle(), path(), fs::copy_options::recursive); }
+  explicit BundleCopy(const std::string& page) : BundleCopy() { std::ofstream(path() / "Root.plist") << page; }
   fs::path path() const { return folder_.path() / "BrimPreferences.bundle"; }
 
  private:
@@ -161,16 +160,29 @@ TEST(ListController, ButtonShowsATestBanner) {
 }
 
 TEST(ListController, InvalidPageIsEmpty) {
-  const ChangedBundle bundle("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>items</key><array>");
+  const BundleCopy bundle("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>items</key><array>");
   const OpenedPane pane({}, bundle.path());
   EXPECT_EQ(pane.controller->specifiers()->count(), 0U);
   EXPECT_EQ(pane.controller->specifiers()->count(), 0U);
 }
 
 TEST(ListController, PageOfAnotherBundleIsReadFromThatBundle) {
-  const ChangedBundle bundle("{ items = ({ cell = PSGroupCell; }); }");
+  const BundleCopy bundle("{ items = ({ cell = PSGroupCell; }); }");
   const OpenedPane pane({}, bundle.path());
   EXPECT_EQ(pane.controller->specifiers()->count(), 1U);
+}
+
+TEST(ListController, IsRegisteredOnceByTwoCopiesOfTheBundle) {
+  const OpenedPane pane;
+  const Class page = object_getClass(objc::detail::toId(pane.controller.get()));
+  const IMP implementation = class_getMethodImplementation(page, objc::selector<"specifiers">());
+  NSArray* const specifiers = pane.controller->specifiers();
+  const BundleCopy copy;
+  // Foundation does not load the executable of a second bundle with the same identifier.
+  EXPECT_NE(dlopen((copy.path() / "BrimPreferences").c_str(), RTLD_NOW | RTLD_LOCAL), nullptr) << dlerror();
+  EXPECT_EQ(reinterpret_cast<Class>(objc_getClass("BrimListController")), page);
+  EXPECT_EQ(class_getMethodImplementation(page, objc::selector<"specifiers">()), implementation);
+  EXPECT_EQ(pane.controller->specifiers(), specifiers);
 }
 
 TEST(ListController, IsNotRegisteredWithoutTheSettingsFramework) {
