@@ -88,7 +88,7 @@ std::string descriptionOf(const PrivateInterface& interface) {
   const std::string owner = interface.className;
   switch (interface.kind) {
     case InterfaceKind::PlatformClass:
-      return owner;
+      return interface.className;
     case InterfaceKind::InstanceMethod:
       return "-[" + owner + " " + interface.name + "]";
     case InterfaceKind::ClassMethod:
