@@ -9,7 +9,7 @@
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/consumed_events.hpp"
 #include "simulator/runner/deadline.hpp"
-#include "simulator/springboard/shell/clocks.hpp"
+#include "simulator/runner/waiting.hpp"
 #include "simulator/url_loading/request_loader.hpp"
 
 namespace runner {
@@ -36,10 +36,7 @@ const FieldType awaitable = {"photo, message, read, banner, http or idle",
                              [](const Json& value) { return isOneOf(value, awaitables); }};
 
 Json wait(const Json& command) {
-  foundation::pumpRunLoop();
-  foundation::stepClock(command["seconds"].get<double>());
-  foundation::pumpRunLoop();
-  springboard::refreshClocks();
+  letTimePass(command["seconds"].get<double>());
   return nullptr;
 }
 
