@@ -124,13 +124,20 @@ int switchAppearance(const ControlOptions& options, Arguments arguments) {
   return 0;
 }
 
-int takeScreenshot(const ControlOptions& options, Arguments arguments) {
-  Json command = {{"do", "screenshot"}, {"path", absolutePath(arguments[0])}};
+int writeFile(const char* name, const ControlOptions& options, const std::string& path) {
+  Json command = {{"do", name}, {"path", absolutePath(path)}};
   if (options.scale) command["scale"] = *options.scale;
+  if (options.seconds) command["seconds"] = *options.seconds;
   PhoneConnection phone(options.root);
   executeOn(phone, command);
   return 0;
 }
+
+int takeScreenshot(const ControlOptions& options, Arguments arguments) {
+  return writeFile("screenshot", options, arguments[0]);
+}
+
+int record(const ControlOptions& options, Arguments arguments) { return writeFile("record", options, arguments[0]); }
 
 Json settingsOf(PhoneConnection& phone) {
   Json settings = executeOn(phone, {{"do", "settings"}})["settings"];
@@ -213,8 +220,10 @@ const std::vector<process::OptionRow<ControlOptions>>& optionTable() {
   static const std::vector<process::OptionRow<ControlOptions>> table = {
       {"--root", "DIR", "the folder of the phone (default: brim/root in the user's data folder)",
        [](ControlOptions& options, const std::string& value) { return process::parseRoot(options.root, value); }},
-      {"--scale", "NUMBER", "pixels per point (default: the scale of the device)",
+      {"--scale", "NUMBER", "pixels per point (default: the scale of the device for screenshot, 1 for record)",
        [](ControlOptions& options, const std::string& value) { return parsePositive(options.scale, value); }},
+      {"--seconds", "NUMBER", "the duration (default: 5)",
+       [](ControlOptions& options, const std::string& value) { return parsePositive(options.seconds, value); }},
   };
   return table;
 }
@@ -224,7 +233,7 @@ struct NumberOption {
   std::optional<double> ControlOptions::*value;
 };
 
-constexpr NumberOption numberOptions[] = {{"--scale", &ControlOptions::scale}};
+constexpr NumberOption numberOptions[] = {{"--scale", &ControlOptions::scale}, {"--seconds", &ControlOptions::seconds}};
 
 bool takeWord(ControlOptions& options, const std::string& word) {
   options.words.push_back(word);
@@ -286,6 +295,7 @@ const std::vector<Subcommand>& subcommands() {
        &push},
       {"appearance", "light|dark", "change the system appearance", 1, 1, {}, &switchAppearance},
       {"screenshot", "FILE", "write a picture of the screen to a PNG file", 1, 1, {"--scale"}, &takeScreenshot},
+      {"record", "FILE", "record the screen to an animated WebP file", 1, 1, {"--scale", "--seconds"}, &record},
       {"settings",
        "list | get KEY | set KEY VALUE | reset KEY",
        "print or change the settings of Brim",

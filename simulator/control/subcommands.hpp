@@ -16,6 +16,7 @@ struct ControlOptions {
   // The folder of the phone. An empty path selects the user's default root.
   std::filesystem::path root = {};
   std::optional<double> scale = {};
+  std::optional<double> seconds = {};
   // The subcommand and its arguments.
   std::vector<std::string> words = {};
 };

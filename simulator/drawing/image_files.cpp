@@ -1,63 +1,12 @@
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <array>
-#include <cerrno>
 #include <cmath>
-#include <cstdlib>
-#include <cstring>
-#include <utility>
 
 #include "simulator/drawing/codecs.hpp"
+#include "simulator/drawing/files.hpp"
 #include "simulator/drawing/image.hpp"
 
 namespace drawing {
 namespace {
-
-constexpr off_t maxFileSize = 256 << 20;
-
-class File {
- public:
-  explicit File(int descriptor) : descriptor_(descriptor) {}
-  ~File() { close(); }
-  File(const File&) = delete;
-  File& operator=(const File&) = delete;
-
-  bool isOpen() const { return descriptor_ >= 0; }
-  int descriptor() const { return descriptor_; }
-  bool close() { return descriptor_ < 0 || ::close(std::exchange(descriptor_, -1)) == 0; }
-
- private:
-  int descriptor_;
-};
-
-std::vector<std::byte> readRegularFile(const std::filesystem::path& path) {
-  // Without O_NONBLOCK, opening a named pipe would block until a process writes to it.
-  const File file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  struct stat status {};
-  if (!file.isOpen() || fstat(file.descriptor(), &status) != 0) return {};
-  if (!S_ISREG(status.st_mode) || status.st_size > maxFileSize) return {};
-  std::vector<std::byte> content(static_cast<std::size_t>(status.st_size));
-  std::size_t filled = 0;
-  while (filled < content.size()) {
-    const ssize_t count = ::read(file.descriptor(), content.data() + filled, content.size() - filled);
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return {};
-    filled += static_cast<std::size_t>(count);
-  }
-  return content;
-}
-
-bool writeAll(const File& file, std::span<const std::byte> content) {
-  while (!content.empty()) {
-    const ssize_t count = ::write(file.descriptor(), content.data(), content.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return false;
-    content = content.subspan(static_cast<std::size_t>(count));
-  }
-  return true;
-}
 
 struct ScaledName {
   double scale;
@@ -77,23 +26,6 @@ double scaleInName(const std::filesystem::path& path) {
 std::filesystem::path variant(const std::filesystem::path& path, const ScaledName& name) {
   const std::string extension = path.has_extension() ? path.extension().string() : ".png";
   return path.parent_path() / (path.stem().string() + name.suffix + extension);
-}
-
-std::string describe(const char* step, const std::filesystem::path& path, int error) {
-  return std::string(step) + " " + path.string() + ": " + std::strerror(error);
-}
-
-std::optional<std::string> writeAtomically(std::span<const std::byte> content, const std::filesystem::path& path) {
-  std::string temporary = path.string() + ".XXXXXX";
-  File file(mkostemp(temporary.data(), O_CLOEXEC));
-  if (!file.isOpen()) return describe("cannot create a temporary file next to", path, errno);
-  // A temporary file has no permissions for other users, so they are added.
-  const bool written = writeAll(file, content) && fchmod(file.descriptor(), 0644) == 0 && file.close() &&
-                       std::rename(temporary.c_str(), path.c_str()) == 0;
-  if (written) return std::nullopt;
-  const int error = errno;
-  unlink(temporary.c_str());
-  return describe("cannot write", path, error);
 }
 
 }  // namespace
@@ -122,7 +54,7 @@ std::shared_ptr<const Image> loadImageNamed(const std::filesystem::path& path, d
 std::optional<std::string> writePng(cairo_surface_t* surface, const std::filesystem::path& path) {
   const std::vector<std::byte> content = encodePng(surface);
   if (content.empty()) return "cannot encode the image for " + path.string();
-  return writeAtomically(content, path);
+  return writeFile(content, path);
 }
 
 std::optional<std::string> writePng(const Image& image, const std::filesystem::path& path) {

@@ -19,8 +19,8 @@ bool isPreference(const Json& value) {
 const std::vector<Command>& commandTable() {
   static const std::vector<Command> table = [] {
     std::vector<Command> all;
-    for (const auto commands :
-         {presentingCommands(), touchCommands(), phoneCommands(), timeCommands(), inspectionCommands()})
+    for (const auto commands : {presentingCommands(), touchCommands(), phoneCommands(), timeCommands(),
+                                inspectionCommands(), recordingCommands()})
       all.insert(all.end(), commands.begin(), commands.end());
     return all;
   }();

@@ -69,6 +69,7 @@ std::span<const Command> touchCommands();
 std::span<const Command> phoneCommands();
 std::span<const Command> timeCommands();
 std::span<const Command> inspectionCommands();
+std::span<const Command> recordingCommands();
 
 // Checks the fields and executes the command. Returns {"ok":true, …} or {"ok":false,"error": …}. Never throws.
 Json executeCommand(const Json& command);

@@ -3,14 +3,10 @@
 #include <cmath>
 
 #include "simulator/base/event_log.hpp"
-#include "simulator/foundation/clock.hpp"
-#include "simulator/foundation/main_queue.hpp"
-#include "simulator/foundation/run_loop.hpp"
-#include "simulator/process/signals.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/consumed_events.hpp"
 #include "simulator/runner/deadline.hpp"
-#include "simulator/springboard/shell/clocks.hpp"
+#include "simulator/runner/waiting.hpp"
 #include "simulator/url_loading/request_loader.hpp"
 
 namespace runner {
@@ -36,45 +32,16 @@ constexpr const char* awaitables[] = {"photo", "message", "read", "banner", "htt
 const FieldType awaitable = {"photo, message, read, banner, http or idle",
                              [](const Json& value) { return isOneOf(value, awaitables); }};
 
-// Lets time pass on the real clock. A termination of the process ends the wait.
-void passRealTime(double seconds) {
-  const double end = foundation::now() + seconds;
-  // The empty work wakes the main thread, because no other event may occur before that time.
-  foundation::onMainThreadAfter(seconds, [] {});
-  foundation::runMainQueueUntil([end] { return foundation::now() >= end || process::isTerminationRequested(); });
-}
-
-void passTime(double seconds) {
-  if (foundation::clock::mode() == foundation::ClockMode::Real) {
-    passRealTime(seconds);
-  } else {
-    foundation::stepClock(seconds);
-  }
-}
-
 Json wait(const Json& command) {
-  foundation::pumpRunLoop();
-  passTime(command["seconds"].get<double>());
-  foundation::pumpRunLoop();
-  springboard::refreshClocks();
+  letTimePass(command["seconds"].get<double>());
   return nullptr;
 }
 
-// Waits for external events for a short real time. A stepped clock does not change.
-void poll() {
-  if (foundation::clock::mode() == foundation::ClockMode::Real) {
-    passRealTime(pollInterval);
-    if (process::isTerminationRequested()) throw CommandError("the phone was terminated during the command");
-  } else {
-    foundation::pumpRunLoopAndMainQueue(pollInterval);
-  }
-}
-
 void awaitEvent(const std::string& kind, const Deadline& deadline) {
-  poll();
+  awaitExternalEvents(pollInterval);
   while (!consumeEvent(kind)) {
     if (deadline.hasPassed()) throw CommandError("no " + kind + " event occurred within the time limit");
-    poll();
+    awaitExternalEvents(pollInterval);
   }
 }
 
@@ -82,7 +49,7 @@ void awaitIdle(const Deadline& deadline) {
   Deadline idle(idleSeconds);
   for (std::size_t count = base::eventCount(); !idle.hasPassed();) {
     if (deadline.hasPassed()) throw CommandError("the phone did not become idle within the time limit");
-    poll();
+    awaitExternalEvents(pollInterval);
     // A request records its event before it is no longer pending. Therefore, the events are counted last.
     if (url_loading::pendingRequestCount() == 0 && base::eventCount() == count) continue;
     count = base::eventCount();

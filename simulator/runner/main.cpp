@@ -8,6 +8,7 @@
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/demonstration.hpp"
 #include "simulator/runner/live_phone.hpp"
+#include "simulator/runner/recording.hpp"
 #include "simulator/runner/session.hpp"
 #include "simulator/runner/springboard_options.hpp"
 
@@ -40,6 +41,15 @@ int runScript(runner::Session& session, std::istream& script) {
   return status;
 }
 
+// Reports a recording that the script has started but not ended. Returns the exit status.
+int reportRunningRecording(int status) {
+  const std::filesystem::path recording = runner::runningRecording();
+  if (recording.empty()) return status;
+  return reportError("the recording " + recording.string() +
+                         " was not written, because it was not ended with the command stoprecording",
+                     scriptFailed);
+}
+
 // Opens the file. Returns false if the file is missing or unreadable, or is a folder.
 bool open(std::ifstream& file, const std::string& path) {
   if (std::filesystem::is_directory(path)) return false;
@@ -52,9 +62,9 @@ int run(const runner::Options& options) {
   std::ifstream file;
   if (readsFile && !open(file, options.script)) return reportError("cannot read the script " + options.script);
   runner::Session session(options);
-  if (options.clock == foundation::ClockMode::Real) return runner::runLive(session);
+  if (options.clock == foundation::ClockMode::Real) return reportRunningRecording(runner::runLive(session));
   if (!options.demonstration.empty()) return runner::demonstrate(session, options.demonstration);
-  return runScript(session, readsFile ? file : std::cin);
+  return reportRunningRecording(runScript(session, readsFile ? file : std::cin));
 }
 
 int start(const runner::Options& options) try {

@@ -168,6 +168,13 @@ TEST(Screenshot, HasTheDevicesScaleUnlessAScaleIsSpecified) {
   EXPECT_THAT(phone.control("screenshot root").errors, HasSubstr("could not be written"));
 }
 
+TEST(Record, WritesAnAnimation) {
+  const LivePhone phone;
+  EXPECT_EQ(phone.control("record banner.webp --seconds 0.3").status, 0);
+  EXPECT_GT(std::filesystem::file_size(phone.folder() / "banner.webp"), 0U);
+  EXPECT_THAT(phone.control("record banner.webp --seconds 100").errors, HasSubstr("\"seconds\" of record must be"));
+}
+
 TEST(PhoneControl, ReportsHowToStartAPhone) {
   const test::TemporaryFolder folder;
   for (const char* arguments : {"tell '{\"do\":\"log\"}'", "appearance dark", "screenshot a.png", "settings list"}) {
@@ -193,7 +200,7 @@ TEST(PhoneControl, ReportsWrongUsage) {
 
 TEST(PhoneControl, DescribesEachSubcommand) {
   const test::TemporaryFolder folder;
-  for (const char* name : {"tell", "push", "appearance", "screenshot", "settings"}) {
+  for (const char* name : {"tell", "push", "appearance", "screenshot", "record", "settings"}) {
     const Outcome outcome = test::runIn(folder.path(), std::string(PHONE_CONTROL) + " " + name + " --help");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, StartsWith(std::string(name) + ": "));

@@ -109,6 +109,19 @@ TEST(WritePng, FailedWriteKeepsTheExistingEntry) {
   EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
 }
 
+TEST(WritePng, DoesNotReplaceANamedPipe) {
+  const ImageFolder folder;
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  std::filesystem::create_symlink("pipe", folder / "link");
+  for (const char* name : {"pipe", "link"}) {
+    const auto error = writePng(*quarteredImage(4), folder / name);
+    ASSERT_TRUE(error) << name;
+    EXPECT_NE(error->find("not a regular file"), std::string::npos) << *error;
+  }
+  EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+}
+
 // While this object exists, a file cannot grow beyond this number of bytes, as on a full disk.
 class FullDisk {
  public:

@@ -50,6 +50,18 @@ class InstalledPhone : public testing::Test {
   test::TemporaryFolder folder;
 };
 
+TEST_F(InstalledPhone, ReportsAMissingPlugin) {
+  ASSERT_TRUE(fs::remove(prefix() / "lib/brim/recorder.so"));
+  std::ofstream(folder.path() / "script") << R"({"do":"startrecording","path":"recording.webp"})";
+  const std::string command = "cd '" + folder.path().string() + "' && installed/bin/springboard" +
+                              " --root root --script script >answers 2>errors";
+  EXPECT_NE(std::system(command.c_str()), 0);
+  const std::string answers = contentsOf(folder.path() / "answers");
+  EXPECT_NE(answers.find("the plugin recorder.so cannot be loaded"), std::string::npos) << answers;
+  EXPECT_EQ(contentsOf(folder.path() / "errors").find("was not ended"), std::string::npos);
+  EXPECT_FALSE(fs::exists(folder.path() / "recording.webp"));
+}
+
 TEST_F(InstalledPhone, ShowsTheSameAsTheBuild) {
   const std::string picture = pictureOf(prefix() / "bin/springboard", "installation");
   EXPECT_FALSE(picture.empty());
@@ -79,7 +91,7 @@ TEST_F(InstalledPhone, HasThePartsOfTheBuild) {
     EXPECT_TRUE(fs::exists(part)) << part;
     EXPECT_TRUE(fs::exists(prefix() / fs::relative(part, BUILD_FOLDER))) << part;
   }
-  for (const char* plugin : {"transfers.so", "vcards.so", "web_server.so"})
+  for (const char* plugin : {"transfers.so", "vcards.so", "web_server.so", "recorder.so"})
     EXPECT_TRUE(fs::exists(prefix() / "lib/brim" / plugin)) << plugin;
   for (const char* document : {"README.md", "CHANGELOG.md", "docs/script.md", "docs/pictures/light.png"})
     EXPECT_TRUE(fs::exists(prefix() / "share/doc/brim" / document)) << document;

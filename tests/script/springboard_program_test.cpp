@@ -74,7 +74,7 @@ TEST_F(SpringboardProgram, ContinuesAfterAFailedCommandAndExitsWithOne) {
   EXPECT_FALSE(lines[2].at("ok").get<bool>());
 }
 
-// A phone that has not used contacts or the network must not load the libraries for them.
+// A phone that has not used contacts, the network or recordings must not load the libraries for them.
 TEST_F(SpringboardProgram, DoesNotLoadLibrariesOfUnusedFeatures) {
   const test::TemporaryFolder temporaryFolder;
   const std::string script = R"({"do":"present","section":"com.apple.mobilemail"})"
@@ -88,7 +88,7 @@ TEST_F(SpringboardProgram, DoesNotLoadLibrariesOfUnusedFeatures) {
   ASSERT_EQ(std::system(command.c_str()), 0);
   const std::string files = contentsOf(temporaryFolder.path() / "files");
   ASSERT_NE(files.find("Brim.dylib"), std::string::npos);
-  for (const char* library : {"libcurl.so", "libebook-contacts", "libmicrohttpd"})
+  for (const char* library : {"libcurl.so", "libebook-contacts", "libmicrohttpd", "libwebp"})
     EXPECT_EQ(files.find(library), std::string::npos) << library;
 }
 

@@ -68,7 +68,7 @@ TEST(SettingsDocument, ListsEachSettingWithItsTypeAndDefault) {
 std::vector<runner::Command> allCommands() {
   std::vector<runner::Command> all;
   for (const auto commands : {runner::presentingCommands(), runner::touchCommands(), runner::phoneCommands(),
-                              runner::timeCommands(), runner::inspectionCommands()})
+                              runner::timeCommands(), runner::inspectionCommands(), runner::recordingCommands()})
     all.insert(all.end(), commands.begin(), commands.end());
   return all;
 }
