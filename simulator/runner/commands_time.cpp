@@ -6,6 +6,7 @@
 #include "simulator/foundation/clock.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/run_loop.hpp"
+#include "simulator/process/signals.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/consumed_events.hpp"
 #include "simulator/runner/deadline.hpp"
@@ -35,9 +36,17 @@ constexpr const char* awaitables[] = {"photo", "message", "read", "banner", "htt
 const FieldType awaitable = {"photo, message, read, banner, http or idle",
                              [](const Json& value) { return isOneOf(value, awaitables); }};
 
+// Lets the time pass. On a real clock, the request to end the phone ends the wait.
+void passTime(double seconds) {
+  if (foundation::clock::mode() == foundation::ClockMode::Stepped) return foundation::stepClock(seconds);
+  const double end = foundation::now() + seconds;
+  foundation::onMainThreadAfter(seconds, [] {});
+  foundation::runMainQueueUntil([end] { return foundation::now() >= end || process::isTerminationRequested(); });
+}
+
 Json wait(const Json& command) {
   foundation::pumpRunLoop();
-  foundation::stepClock(command["seconds"].get<double>());
+  passTime(command["seconds"].get<double>());
   foundation::pumpRunLoop();
   springboard::refreshClocks();
   return nullptr;
@@ -50,6 +59,7 @@ void poll() {
   } else {
     foundation::pumpRunLoopAndMainQueue(pollInterval);
   }
+  if (process::isTerminationRequested()) throw CommandError("the phone ends");
 }
 
 void awaitEvent(const std::string& kind, const Deadline& deadline) {

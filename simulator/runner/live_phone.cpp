@@ -47,8 +47,6 @@ std::unique_ptr<PhoneWindow> openWindow() {
   return window;
 }
 
-bool isClosed(const PhoneWindow* window) { return window != nullptr && window->state() != WindowState::Open; }
-
 bool hasLostDisplay(const PhoneWindow* window) {
   return window != nullptr && window->state() == WindowState::DisplayLost;
 }
@@ -70,7 +68,7 @@ int runLive(Session& session, WindowUse windowUse) {
   keepClocksCurrent();
   std::printf("the phone is running on %s\n", foundation::root().c_str());
   std::fflush(stdout);
-  foundation::runMainQueueUntil([&] { return process::isTerminationRequested() || isClosed(window.get()); });
+  foundation::runMainQueueUntil(&process::isTerminationRequested);
   if (!hasLostDisplay(window.get())) return 0;
   std::fprintf(stderr, "springboard: the phone has ended, because the connection to the display was lost\n");
   return displayLost;

@@ -14,7 +14,8 @@ class PhoneWindow {
   PhoneWindow& operator=(const PhoneWindow&) = delete;
   virtual ~PhoneWindow() = default;
 
-  // DisplayLost means that the connection to the display server has ended. A window that is not open never opens again.
+  // DisplayLost means that the connection to the display server has ended. A window that is no longer open has
+  // requested the termination of the process.
   virtual WindowState state() const = 0;
 };
 

@@ -143,10 +143,9 @@ void drawScreen(cairo_t* context, const base::DeviceProfile& device, const Windo
   const double radius = bodyOf(device).screenRadius;
   if (radius > 0) {
     // The bezel covers the corners of the picture.
-    cairo_rectangle(context, screen.x, screen.y, screen.width, screen.height);
-    usePoints(context, layout);
-    drawing::addRoundedRectangle(context, {0, 0, device.screen.width, device.screen.height},
-                                 {radius, drawing::CornerCurve::Continuous});
+    const drawing::Rectangle area = {1.0 * screen.x, 1.0 * screen.y, 1.0 * screen.width, 1.0 * screen.height};
+    cairo_rectangle(context, area.x, area.y, area.width, area.height);
+    drawing::addRoundedRectangle(context, area, {radius * layout.scale, drawing::CornerCurve::Continuous});
     cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
     setColor(context, bezel);
     cairo_fill(context);

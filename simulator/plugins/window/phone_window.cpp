@@ -7,6 +7,7 @@
 
 #include "simulator/plugins/window/display.hpp"
 #include "simulator/plugins/window/phone_drawing.hpp"
+#include "simulator/process/signals.hpp"
 #include "simulator/uikit/animation/animation_group.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
@@ -35,7 +36,7 @@ PhoneWindow::PhoneWindow()
       area_(gtk_drawing_area_new()),
       pointer_(area_, [this](double x, double y) { return screenPoint(x, y); }),
       keyboard_(window_),
-      mainContext_(displayDescriptor(), [this] { state_ = runner::WindowState::DisplayLost; }),
+      mainContext_(displayDescriptor(), [this] { end(runner::WindowState::DisplayLost); }),
       observation_([this] { startPresenting(); }) {
   observeDisplayErrors([this] { mainContext_.loseDisplay(); });
   gtk_window_set_title(GTK_WINDOW(window_), std::string(device_.name).c_str());
@@ -56,6 +57,11 @@ PhoneWindow::~PhoneWindow() {
   gtk_widget_destroy(window_);
 }
 
+void PhoneWindow::end(runner::WindowState state) {
+  state_ = state;
+  process::requestTermination();
+}
+
 void PhoneWindow::connectSignals() {
   const auto drawArea = +[](GtkWidget*, cairo_t* context, PhoneWindow* self) -> gboolean {
     self->draw(context);
@@ -64,13 +70,15 @@ void PhoneWindow::connectSignals() {
   const auto layOutArea = +[](GtkWidget*, GdkRectangle*, PhoneWindow* self) { self->updateLayout(); };
   const auto changeScale = +[](GtkWidget*, GParamSpec*, PhoneWindow* self) { self->updateLayout(); };
   const auto close = +[](GtkWidget*, GdkEvent*, PhoneWindow* self) -> gboolean {
-    self->state_ = runner::WindowState::Closed;
+    self->end(runner::WindowState::Closed);
     return TRUE;
   };
   g_signal_connect(area_, "draw", G_CALLBACK(drawArea), this);
   g_signal_connect(area_, "size-allocate", G_CALLBACK(layOutArea), this);
   g_signal_connect(area_, "notify::scale-factor", G_CALLBACK(changeScale), this);
   g_signal_connect(window_, "delete-event", G_CALLBACK(close), this);
+  // Another program can destroy the window.
+  g_signal_connect(window_, "destroy-event", G_CALLBACK(close), this);
 }
 
 // One point of the phone is one unit of the desktop if the desktop is large enough.

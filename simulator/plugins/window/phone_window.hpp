@@ -26,6 +26,7 @@ class PhoneWindow final : public runner::PhoneWindow {
   runner::WindowState state() const override { return state_; }
 
  private:
+  void end(runner::WindowState state);
   void connectSignals();
   void setInitialSize();
   void updateLayout();

@@ -10,8 +10,8 @@ namespace {
 // The background around the phone, in points.
 constexpr double margin = 28;
 
-constexpr PhoneBody roundedBody = {16, 16, 40, 54, false};
-constexpr PhoneBody homeButtonBody = {18, 88, 0, 56, true};
+constexpr PhoneBody roundedBody = {20, 20, 40, 57, false};
+constexpr PhoneBody homeButtonBody = {20, 92, 0, 62, true};
 
 }  // namespace
 
