@@ -9,8 +9,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <stdexcept>
+#include <thread>
 
 #include "simulator/foundation/descriptor.hpp"
 
@@ -171,6 +173,39 @@ VirtualDisplay::Window VirtualDisplay::openOtherWindow() const {
   XMapWindow(display, window);
   XSync(display, False);
   return window;
+}
+
+bool VirtualDisplay::offerText(const std::string& text, const std::function<void()>& afterwards) const {
+  constexpr int maxPolls = 1000;
+  Display* const display = displayOf(connection_);
+  const Window owner = openOtherWindow();
+  XSetSelectionOwner(display, XInternAtom(display, "CLIPBOARD", False), owner, CurrentTime);
+  XSync(display, False);
+  afterwards();
+  for (int poll = 0; poll < maxPolls; ++poll) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    XEvent event = {};
+    if (XCheckTypedEvent(display, SelectionRequest, &event) == False) continue;
+    const XSelectionRequestEvent& request = event.xselectionrequest;
+    const bool isText = request.target == XInternAtom(display, "UTF8_STRING", False);
+    if (isText)
+      XChangeProperty(display, request.requestor, request.property, request.target, 8, PropModeReplace,
+                      reinterpret_cast<const unsigned char*>(text.data()), static_cast<int>(text.size()));
+    XEvent answer = {};
+    answer.xselection = {SelectionNotify,
+                         0,
+                         False,
+                         display,
+                         request.requestor,
+                         request.selection,
+                         request.target,
+                         isText ? request.property : None,
+                         request.time};
+    XSendEvent(display, request.requestor, False, NoEventMask, &answer);
+    XSync(display, False);
+    if (isText) return true;
+  }
+  return false;
 }
 
 void VirtualDisplay::send(const std::string& events) const {

@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,9 @@ class VirtualDisplay {
   Window focusedWindow() const;
   // Opens an empty window in a corner of the display.
   Window openOtherWindow() const;
+  // Makes the text the contents of the clipboard until a program has requested it once. Returns whether a program has
+  // requested it within the time. `afterwards` is called when the text is available.
+  bool offerText(const std::string& text, const std::function<void()>& afterwards) const;
   // Sends input events with xdotool. `events` are its arguments.
   void send(const std::string& events) const;
 

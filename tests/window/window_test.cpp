@@ -103,22 +103,37 @@ TEST(Window, ClickOpensABanner) {
   EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
 }
 
-// Expands the banner with the mouse and types a reply on the keyboard.
-void typeReply(const WindowPhone& phone, int controller) {
+// Expands the banner with the mouse, which opens its reply field.
+void openReplyField(const WindowPhone& phone) {
+  const int controller = phone.showBanner();
   phone.pressAndDrag(banner, {0, 120});
   phone.release();
   ASSERT_TRUE(eventually([&] { return phone.state(controller)["expanded"] == true; }));
   phone.tell({{"do", "wait"}, {"seconds", 1}});
   phone.display.focus(phone.window);
-  phone.display.send("type --delay 20 'At one!!'");
-  phone.display.send("key BackSpace");
 }
 
 TEST(Window, KeyboardTypesAReply) {
   const WindowPhone phone;
-  typeReply(phone, phone.showBanner());
+  openReplyField(phone);
+  phone.display.send("type --delay 20 'At one!!'");
+  phone.display.send("key BackSpace");
   EXPECT_TRUE(eventually([&] { return phone.showsText("At one!"); }));
   EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+}
+
+TEST(Window, DeadKeyComposesACharacter) {
+  const WindowPhone phone;
+  openReplyField(phone);
+  phone.display.send("key --delay 50 dead_diaeresis u");
+  EXPECT_TRUE(eventually([&] { return phone.showsText("\u00fc"); }));
+}
+
+TEST(Window, ControlVPastesTheClipboard) {
+  const WindowPhone phone;
+  openReplyField(phone);
+  EXPECT_TRUE(phone.display.offerText("Caf\u00e9 \u4f60", [&] { phone.display.send("key ctrl+v"); }));
+  EXPECT_TRUE(eventually([&] { return phone.showsText("Caf\u00e9 \u4f60"); }));
 }
 
 TEST(Window, BannerDoesNotTakeTheFocus) {
@@ -132,7 +147,8 @@ TEST(Window, BannerDoesNotTakeTheFocus) {
 
 TEST(Window, ClosingItEndsThePhoneAndTheMessagesApp) {
   WindowPhone phone;
-  typeReply(phone, phone.showBanner());
+  openReplyField(phone);
+  phone.display.send("type --delay 20 Yes");
   phone.display.send("key Return");
   ASSERT_TRUE(eventually([&] { return phone.isRunning("messages"); }));
   phone.display.requestClose(phone.window);
