@@ -63,7 +63,6 @@ VirtualDisplay::VirtualDisplay() {
   setenv("DISPLAY", name.c_str(), 1);
   setenv("GDK_BACKEND", "x11", 1);
   unsetenv("WAYLAND_DISPLAY");
-  unsetenv("GDK_SCALE");
   XSetErrorHandler(&ignoreError);
   connection_ = XOpenDisplay(name.c_str());
   if (connection_ == nullptr) throw std::runtime_error("cannot connect to the display " + name);

@@ -34,6 +34,18 @@ TEST(Window, ShowsAllPixelsOfAScreenWithoutRoundedCorners) {
   EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
 }
 
+TEST(Window, UsesAllPixelsOfADenseDisplay) {
+  setenv("GDK_SCALE", "2", 1);
+  const WindowPhone phone;
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  const int controller = phone.showBanner();
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  phone.pressAndDrag(banner, {0, -60});
+  phone.release();
+  EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+}
+
 TEST(Window, HasATitleAndAClass) {
   const WindowPhone phone("iphone-se");
   EXPECT_EQ(phone.display.classOf(phone.window), "Brim");

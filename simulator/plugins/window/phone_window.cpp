@@ -40,6 +40,8 @@ PhoneWindow::PhoneWindow()
       observation_([this] { startPresenting(); }) {
   observeDisplayErrors([this] { mainContext_.loseDisplay(); });
   gtk_window_set_title(GTK_WINDOW(window_), std::string(device_.name).c_str());
+  // The title bar is as dark as the background.
+  g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme", TRUE, nullptr);
   gtk_widget_set_app_paintable(window_, TRUE);
   gtk_widget_set_app_paintable(area_, TRUE);
   gtk_container_add(GTK_CONTAINER(window_), area_);
