@@ -33,7 +33,6 @@ bool connectToDisplay() {
   g_setenv("NO_AT_BRIDGE", "1", FALSE);
   // The class of the window on X11, and its application identifier on Wayland.
   g_set_prgname("brim");
-  gdk_set_program_class("Brim");
   return gtk_init_check(nullptr, nullptr) != FALSE;
 }
 
