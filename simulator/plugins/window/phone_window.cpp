@@ -53,6 +53,7 @@ PhoneWindow::PhoneWindow()
 
 PhoneWindow::~PhoneWindow() {
   *isPresenting_ = false;
+  observeDisplayErrors([] {});
   if (state_ == runner::WindowState::DisplayLost) return;
   g_signal_handlers_disconnect_by_data(area_, this);
   g_signal_handlers_disconnect_by_data(window_, this);
