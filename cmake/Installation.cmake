@@ -4,6 +4,9 @@ install(TARGETS springboard messages phone_control RUNTIME DESTINATION bin)
 set_target_properties(springboard messages phone_control PROPERTIES INSTALL_RPATH $ORIGIN/../lib/brim)
 
 set(libraries simulator Brim transfers vcards web_server recorder)
+if(TARGET window)
+  list(APPEND libraries window)
+endif()
 install(TARGETS ${libraries} LIBRARY DESTINATION lib/brim)
 set_target_properties(${libraries} PROPERTIES INSTALL_RPATH $ORIGIN)
 

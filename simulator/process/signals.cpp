@@ -11,15 +11,15 @@ namespace {
 
 std::atomic<bool> terminationRequested = false;
 
-void requestTermination(int) {
-  terminationRequested = true;
-  foundation::wakeMainThread();
-}
-
 }  // namespace
 
 void handleTerminationSignals() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, &requestTermination);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, [](int) { requestTermination(); });
+}
+
+void requestTermination() {
+  terminationRequested = true;
+  foundation::wakeMainThread();
 }
 
 bool isTerminationRequested() { return terminationRequested; }

@@ -1,11 +1,13 @@
-// Signals that a process of the phone handles.
+// Signals that a process of the phone handles, and requests to end the process.
 #pragma once
 
 namespace process {
 
 // Makes SIGINT, SIGTERM and SIGHUP request the termination of the process and wake its main thread.
 void handleTerminationSignals();
-// Returns whether one of these signals has been received. Any thread.
+// Requests the termination of the process and wakes its main thread. Any thread.
+void requestTermination();
+// Returns whether the termination of the process has been requested. Any thread.
 bool isTerminationRequested();
 
 // Makes a write to a closed pipe or beyond a size limit fail with an error. By default, a signal would end the process.

@@ -1,14 +1,12 @@
 // Commands that simulate the user's touches and typing.
 #include <cmath>
 
-#include "platform/ns_string.hpp"
-#include "simulator/base/foundation_json.hpp"
 #include "simulator/runner/banner_inspection.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/controller_lookup.hpp"
 #include "simulator/runner/finger.hpp"
 #include "simulator/runner/screen_search.hpp"
-#include "simulator/uikit/views/window.hpp"
+#include "simulator/runner/typing.hpp"
 
 namespace runner {
 
@@ -99,26 +97,15 @@ Json dragFinger(const Json& command) {
   return nullptr;
 }
 
-UIResponder* typingResponder() {
-  UIResponder* responder = uikit::firstResponder();
-  if (!respondsTo<"insertText:">(responder))
-    throw CommandError("no view has the keyboard focus; tap a text field first");
-  return responder;
-}
-
-Json type(const Json& command) {
-  objc::send<void, "insertText:">(typingResponder(), base::stringOf(command["text"].get_ref<const std::string&>()));
+Json typingAnswer(TypingResult result) {
+  if (result == TypingResult::NoReceiver) throw CommandError("no view has the keyboard focus; tap a text field first");
   return nullptr;
 }
 
-Json pressKey(const Json& command) {
-  UIResponder* responder = typingResponder();
-  if (command["name"] == "return") {
-    objc::send<void, "insertText:">(responder, "\n"_ns);
-  } else {
-    objc::send<void, "deleteBackward">(responder);
-  }
-  return nullptr;
+Json type(const Json& command) { return typingAnswer(typeText(command["text"].get_ref<const std::string&>())); }
+
+Json pressKeyNamed(const Json& command) {
+  return typingAnswer(pressKey(command["name"] == "return" ? Key::Return : Key::Backspace));
 }
 
 }  // namespace
@@ -137,7 +124,7 @@ std::span<const Command> touchCommands() {
       {"tap", tapFields, &tap, "tap a point, the label or control with this text, or the middle of a banner"},
       {"drag", dragFields, &dragFinger, "drag a finger, by default from the middle of the newest banner"},
       {"type", typeFields, &type, "type text into the first responder"},
-      {"key", keyFields, &pressKey, "press return or backspace in the first responder"},
+      {"key", keyFields, &pressKeyNamed, "press return or backspace in the first responder"},
   };
   return commands;
 }

@@ -4,7 +4,6 @@
 
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/touch/touch.hpp"
 
 namespace runner {
 
@@ -19,18 +18,18 @@ double onGrid(double coordinate) {
   return std::round(coordinate * gridLinesPerPoint) / gridLinesPerPoint;
 }
 
+CGPoint along(CGPoint start, CGPoint distance, double fraction) {
+  return {start.x + distance.x * fraction, start.y + distance.y * fraction};
+}
+
+}  // namespace
+
 void touch(UITouchPhase phase, CGPoint point) {
   const objc::AutoreleasePool pool;
   finger = {onGrid(point.x), onGrid(point.y)};
   uikit::deliverTouch(phase, finger, foundation::now());
   foundation::drainMainQueue();
 }
-
-CGPoint along(CGPoint start, CGPoint distance, double fraction) {
-  return {start.x + distance.x * fraction, start.y + distance.y * fraction};
-}
-
-}  // namespace
 
 void tapAt(CGPoint point) {
   touch(UITouchPhase::Began, point);

@@ -3,10 +3,14 @@
 #pragma once
 
 #include "platform/core_graphics.hpp"
+#include "simulator/uikit/touch/touch.hpp"
 
 namespace runner {
 
 enum class DragEnd { Release, Cancel, Hold };
+
+// Delivers one touch event of the finger and runs the work that is due.
+void touch(UITouchPhase phase, CGPoint point);
 
 void tapAt(CGPoint point);
 

@@ -4,20 +4,24 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 #include "objc/autorelease_pool.hpp"
 #include "simulator/base/event_log.hpp"
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/foundation/plugin.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/process/control_socket.hpp"
 #include "simulator/process/signals.hpp"
 #include "simulator/runner/control_server.hpp"
+#include "simulator/runner/window_plugin.hpp"
 #include "simulator/springboard/shell/clocks.hpp"
 
 namespace runner {
 
 namespace {
 
+constexpr int displayLost = 1;
 constexpr int cannotStart = 2;
 constexpr std::size_t maxEvents = 10'000;
 constexpr double secondsInMinute = 60;
@@ -30,12 +34,31 @@ void keepClocksCurrent() {
   foundation::onMainThreadAfter(secondsToNextMinute, &keepClocksCurrent);
 }
 
+// Returns null, with an error on standard error, if the window cannot be opened.
+std::unique_ptr<PhoneWindow> openWindow() {
+  const auto open =
+      reinterpret_cast<decltype(&brim_open_window)>(foundation::pluginFunction("window.so", "brim_open_window"));
+  if (open == nullptr) return nullptr;
+  std::unique_ptr<PhoneWindow> window(open());
+  if (window == nullptr)
+    std::fprintf(stderr,
+                 "springboard: no display is available for the window; run this command in a graphical session, which "
+                 "sets DISPLAY or WAYLAND_DISPLAY, or omit --window and take pictures with the command screenshot\n");
+  return window;
+}
+
+bool hasLostDisplay(const PhoneWindow* window) {
+  return window != nullptr && window->state() == WindowState::DisplayLost;
+}
+
 }  // namespace
 
-int runLive(Session& session) {
+int runLive(Session& session, WindowUse windowUse) {
   process::ignoreWriteSignals();
   process::handleTerminationSignals();
   base::limitEventLog(maxEvents);
+  std::unique_ptr<PhoneWindow> window;
+  if (windowUse == WindowUse::Window && (window = openWindow()) == nullptr) return cannotStart;
   const ControlServer server(session);
   if (!server.isListening()) {
     std::fprintf(stderr, "springboard: %s: cannot listen for commands: %s\n",
@@ -46,7 +69,9 @@ int runLive(Session& session) {
   std::printf("the phone is running on %s\n", foundation::root().c_str());
   std::fflush(stdout);
   foundation::runMainQueueUntil(&process::isTerminationRequested);
-  return 0;
+  if (!hasLostDisplay(window.get())) return 0;
+  std::fprintf(stderr, "springboard: the phone has ended, because the connection to the display was lost\n");
+  return displayLost;
 }
 
 }  // namespace runner

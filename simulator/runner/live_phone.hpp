@@ -5,8 +5,8 @@
 
 namespace runner {
 
-// Runs the phone until the process receives SIGINT, SIGTERM or SIGHUP. Prints a line to standard output when the phone
-// accepts commands. Returns the exit status. Main thread.
-int runLive(Session& session);
+// Runs the phone until the process receives SIGINT, SIGTERM or SIGHUP, or until the user closes the phone's window.
+// Prints a line to standard output when the phone accepts commands. Returns the exit status. Main thread.
+int runLive(Session& session, WindowUse windowUse);
 
 }  // namespace runner

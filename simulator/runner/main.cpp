@@ -62,7 +62,8 @@ int run(const runner::Options& options) {
   std::ifstream file;
   if (readsFile && !open(file, options.script)) return reportError("cannot read the script " + options.script);
   runner::Session session(options);
-  if (options.clock == foundation::ClockMode::Real) return reportRunningRecording(runner::runLive(session));
+  if (options.clock == foundation::ClockMode::Real)
+    return reportRunningRecording(runner::runLive(session, options.window));
   if (!options.demonstration.empty()) return runner::demonstrate(session, options.demonstration);
   return reportRunningRecording(runScript(session, readsFile ? file : std::cin));
 }

@@ -62,6 +62,11 @@ process::ExpectedValue selectRealClock(Options& options, const std::string&) {
   return std::nullopt;
 }
 
+process::ExpectedValue openWindow(Options& options, const std::string&) {
+  options.window = WindowUse::Window;
+  return std::nullopt;
+}
+
 process::ExpectedValue setDemonstration(Options& options, const std::string& value) {
   if (value.empty()) return "a folder";
   options.demonstration = value;
@@ -92,6 +97,10 @@ const std::vector<process::OptionRow<Options>>& optionTable() {
        "tell\" "
        "(default: run a script)",
        &selectRealClock},
+      {"--window", nullptr,
+       "with --live: open a window in which the phone is displayed and used; closing it ends the phone (default: no "
+       "window)",
+       &openWindow},
       {"--demonstration", "DIR",
        "write pictures of sample notifications into this folder; uses a separate root unless --root is specified "
        "(default: none)",
@@ -105,7 +114,10 @@ const std::vector<process::OptionRow<Options>>& optionTable() {
 process::CommandLine<Options> parseOptions(std::span<const char* const> arguments) {
   process::CommandLine<Options> parsed = process::parseCommandLine(optionTable(), arguments);
   const auto* options = std::get_if<Options>(&parsed);
-  if (options == nullptr || options->clock == foundation::ClockMode::Stepped) return parsed;
+  if (options == nullptr) return parsed;
+  if (options->window == WindowUse::Window && options->clock == foundation::ClockMode::Stepped)
+    return process::OptionError{"--window requires --live"};
+  if (options->clock == foundation::ClockMode::Stepped) return parsed;
   if (!options->script.empty() || !options->demonstration.empty())
     return process::OptionError{
         "--live cannot be combined with --script or --demonstration; send the commands with "

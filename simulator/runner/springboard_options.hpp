@@ -12,6 +12,7 @@
 namespace runner {
 
 enum class StartAppearance { Light, Dark };
+enum class WindowUse { None, Window };
 
 struct Options {
   // The folder that represents the phone's file system. An empty path selects the user's default root.
@@ -24,6 +25,8 @@ struct Options {
   std::optional<double> time = {};
   // A phone with the real clock is live: it runs until it is terminated, and executes the commands of other processes.
   foundation::ClockMode clock = foundation::ClockMode::Stepped;
+  // Whether a live phone is displayed in a window of the desktop.
+  WindowUse window = WindowUse::None;
   process::LibraryUse library = process::LibraryUse::Loaded;
   // The file of the script, or "-" for standard input. Empty if there is no script.
   std::string script = {};

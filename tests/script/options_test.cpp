@@ -36,6 +36,7 @@ TEST(Options, HaveDefaults) {
   EXPECT_EQ(options.appearance, StartAppearance::Light);
   EXPECT_EQ(options.locale, "en_US");
   EXPECT_FALSE(options.time);
+  EXPECT_EQ(options.window, runner::WindowUse::None);
   EXPECT_EQ(options.library, LibraryUse::Loaded);
   EXPECT_TRUE(options.script.empty());
   EXPECT_TRUE(options.demonstration.empty());
@@ -55,6 +56,10 @@ TEST(Options, OverrideTheDefaults) {
   EXPECT_EQ(options.script, "-");
 }
 
+TEST(Options, LivePhoneCanHaveAWindow) {
+  EXPECT_EQ(accepted({"--window", "--live"}).window, runner::WindowUse::Window);
+}
+
 TEST(Options, AcceptAnEqualsSign) { EXPECT_EQ(accepted({"--device=iphone-8"}).device, "iphone-8"); }
 
 TEST(Options, SystemVersionGetsAMinorNumber) { EXPECT_EQ(accepted({"--system", "13"}).systemVersion, "13.0"); }
@@ -69,7 +74,7 @@ TEST(Options, HelpIsAcceptedAtAnyPosition) {
 TEST(Options, HelpListsEveryOptionWithItsDefault) {
   const std::string help = runner::helpText();
   for (const char* name : {"--root", "--device", "--system", "--appearance", "--locale", "--time", "--without-brim",
-                           "--script", "--demonstration", "--help", "iphone-11-pro-max"})
+                           "--script", "--live", "--window", "--demonstration", "--help", "iphone-11-pro-max"})
     EXPECT_NE(help.find(name), std::string::npos) << name;
   for (const char* value : {"default: iphone-x", "default: 13.5", "default: light", "default: en_US"})
     EXPECT_NE(help.find(value), std::string::npos) << value;
@@ -98,6 +103,7 @@ TEST(Options, ErrorsNameTheExpectedInput) {
                               {{"--without-brim=yes"}, "takes no value"},
                               {{"--script", ""}, "a file, or -"},
                               {{"--root", ""}, "a folder"},
+                              {{"--window"}, "--window requires --live"},
                               {{"--demonstration="}, "a folder"}};
   for (const Refusal& refusal : refusals) {
     const std::string reason = refused(refusal.arguments);

@@ -50,6 +50,8 @@ bool ChildProcess::hasEnded() {
   return isReaped_;
 }
 
-bool ChildProcess::hasSucceeded() { return hasEnded() && WIFEXITED(status_) && WEXITSTATUS(status_) == 0; }
+int ChildProcess::exitStatus() { return hasEnded() && WIFEXITED(status_) ? WEXITSTATUS(status_) : -1; }
+
+bool ChildProcess::hasSucceeded() { return exitStatus() == 0; }
 
 }  // namespace test

@@ -26,6 +26,8 @@ class ChildProcess {
   // Returns whether the program has exited with status 0. Returns false while the program still runs.
   bool hasSucceeded();
   bool hasEnded();
+  // Returns the exit status, or -1 while the program runs and if a signal has ended it.
+  int exitStatus();
   pid_t process() const { return child_; }
 
  private:

@@ -113,6 +113,40 @@ TEST_F(Renderer, ReturnsTheSameImageWithoutAChange) {
   EXPECT_NE(uikit::renderScreen(1), first);
 }
 
+TEST_F(Renderer, ScreenPictureReturnsTheChangedPixels) {
+  const auto view = addRed({{10, 10}, {20, 20}});
+  const auto extents = [](const drawing::RegionHandle& region) {
+    cairo_rectangle_int_t all = {};
+    cairo_region_get_extents(region.get(), &all);
+    return std::vector<int>{all.x, all.y, all.width, all.height};
+  };
+  const CGSize screen = uikit::environment().device.screen;
+  const int width = static_cast<int>(screen.width), height = static_cast<int>(screen.height);
+  uikit::ScreenPicture picture;
+  EXPECT_EQ(extents(picture.update(1)), (std::vector<int>{0, 0, width, height}));
+  EXPECT_EQ(picture.canvas()->pixel(15, 15), red);
+  EXPECT_EQ(extents(picture.update(1)), (std::vector<int>{0, 0, 0, 0}));
+  view->setFrame({{40, 10}, {20, 20}});
+  uikit::renderScreen(2);
+  EXPECT_EQ(extents(picture.update(1)), (std::vector<int>{10, 10, 50, 20}));
+  EXPECT_EQ(picture.canvas()->pixel(45, 15), red);
+  uikit::invalidateScreen();
+  EXPECT_EQ(extents(picture.update(1)), (std::vector<int>{0, 0, width, height}));
+}
+
+TEST_F(Renderer, NotifiesEachObserverOfDisplayChanges) {
+  int first = 0;
+  int second = 0;
+  const uikit::DisplayObservation observation([&] { ++first; });
+  {
+    const uikit::DisplayObservation other([&] { ++second; });
+    uikit::noteDisplayChange();
+  }
+  uikit::noteDisplayChange();
+  EXPECT_EQ(first, 2);
+  EXPECT_EQ(second, 1);
+}
+
 TEST_F(Renderer, IsDeterministic) {
   const auto view = addRed({{3.3, 4.7}, {40, 40}});
   view->layer()->setCornerRadius(9);

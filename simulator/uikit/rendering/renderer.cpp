@@ -6,7 +6,6 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/animation/animation_group.hpp"
 #include "simulator/uikit/rendering/damage.hpp"
-#include "simulator/uikit/rendering/screen_contents.hpp"
 #include "simulator/uikit/views/view_geometry.hpp"
 #include "simulator/uikit/views/window.hpp"
 
@@ -18,7 +17,8 @@ struct Display {
   std::uint64_t generation = 1;
   std::uint64_t changes = 1;
   double animatedUntil = -1;  // the time of the last generation if an animation was running at that time; otherwise -1
-  std::function<void()> observer;
+  std::uint64_t invalidations = 0;
+  std::list<std::function<void()>> observers;
 };
 
 Display& display() {
@@ -31,12 +31,15 @@ Display& display() {
 void noteDisplayChange() {
   ++display().generation;
   ++display().changes;
-  if (display().observer != nullptr) display().observer();
+  for (const std::function<void()>& observer : display().observers) observer();
 }
 
 std::uint64_t displayChanges() { return display().changes; }
 
-void observeDisplayChanges(std::function<void()> observer) { display().observer = std::move(observer); }
+DisplayObservation::DisplayObservation(std::function<void()> observer)
+    : position_(display().observers.insert(display().observers.end(), std::move(observer))) {}
+
+DisplayObservation::~DisplayObservation() { display().observers.erase(position_); }
 
 // While an animation is running, each new time has a new generation, including the time at which the animation ends.
 std::uint64_t displayGeneration() {
@@ -52,19 +55,6 @@ std::uint64_t displayGeneration() {
 
 namespace {
 
-// The last picture. The next picture is based on it.
-struct Picture {
-  std::uint64_t generation = 0;
-  double scale = 0;
-  ScreenContents contents;
-  std::shared_ptr<drawing::Canvas> canvas;
-};
-
-Picture& lastPicture() {
-  static Picture instance;
-  return instance;
-}
-
 std::shared_ptr<drawing::Canvas> emptyScreen(double scale) {
   const CGSize screen = environment().device.screen;
   return std::make_shared<drawing::Canvas>(drawing::Size{screen.width, screen.height}, scale);
@@ -77,7 +67,7 @@ drawing::PixelRectangle allPixels(const drawing::Canvas& canvas) {
 }  // namespace
 
 void invalidateScreen() {
-  lastPicture() = {};
+  ++display().invalidations;
   noteDisplayChange();
 }
 
@@ -88,25 +78,31 @@ std::shared_ptr<drawing::Canvas> paintScreen(double scale) {
   return canvas;
 }
 
-std::shared_ptr<drawing::Canvas> renderScreen(double scale) {
+drawing::RegionHandle ScreenPicture::update(double scale) {
   layoutWindows();
-  Picture& picture = lastPicture();
   const std::uint64_t generation = displayGeneration();
-  const bool canReuse = picture.canvas != nullptr && picture.scale == scale;
-  if (canReuse && picture.generation == generation) return picture.canvas;
+  const bool canReuse =
+      canvas_ != nullptr && canvas_->pixelsPerPoint() == scale && invalidations_ == display().invalidations;
+  if (canReuse && generation_ == generation) return drawing::RegionHandle(cairo_region_create());
 
-  if (!canReuse) picture.canvas = emptyScreen(scale);
-  ScreenContents contents = contentsOfScreen(*picture.canvas);
-  const drawing::RegionHandle damage =
-      canReuse ? differingPixels(picture.contents, contents) : drawing::regionOf(allPixels(*picture.canvas));
+  if (!canReuse) canvas_ = emptyScreen(scale);
+  ScreenContents contents = contentsOfScreen(*canvas_);
+  drawing::RegionHandle damage =
+      canReuse ? differingPixels(contents_, contents) : drawing::regionOf(allPixels(*canvas_));
   if (cairo_region_is_empty(damage.get()) == 0) {
-    if (picture.canvas.use_count() > 1) picture.canvas = picture.canvas->copyOf(allPixels(*picture.canvas));
-    paint(*picture.canvas, contents, damage.get());
+    if (canvas_.use_count() > 1) canvas_ = canvas_->copyOf(allPixels(*canvas_));
+    paint(*canvas_, contents, damage.get());
   }
-  picture.generation = generation;
-  picture.scale = scale;
-  picture.contents = std::move(contents);
-  return picture.canvas;
+  generation_ = generation;
+  invalidations_ = display().invalidations;
+  contents_ = std::move(contents);
+  return damage;
+}
+
+std::shared_ptr<drawing::Canvas> renderScreen(double scale) {
+  static ScreenPicture picture;
+  picture.update(scale);
+  return picture.canvas();
 }
 
 namespace {

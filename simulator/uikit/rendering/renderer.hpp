@@ -4,10 +4,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <memory>
 
 #include "platform/ui_view.hpp"
 #include "simulator/drawing/canvas.hpp"
+#include "simulator/uikit/rendering/screen_contents.hpp"
 
 namespace uikit {
 
@@ -19,18 +21,44 @@ std::shared_ptr<drawing::Canvas> renderView(UIView* view, double scale);
 // Paints the whole screen without using the last picture. The result has the same pixels as that of renderScreen.
 std::shared_ptr<drawing::Canvas> paintScreen(double scale);
 
+// A picture of the screen that its owner updates, for example for each frame of a window. It is independent of the
+// other pictures, so its scale can differ from theirs at no cost.
+class ScreenPicture {
+ public:
+  // Brings the picture up to date as renderScreen does. Returns the pixels that were painted: all pixels that can
+  // differ from the picture before this call. The region is empty if no pixel has changed.
+  drawing::RegionHandle update(double scale);
+  // Returns the picture of the last update, or null before the first one.
+  const std::shared_ptr<drawing::Canvas>& canvas() const { return canvas_; }
+
+ private:
+  std::uint64_t generation_ = 0;
+  std::uint64_t invalidations_ = 0;
+  ScreenContents contents_;
+  std::shared_ptr<drawing::Canvas> canvas_;
+};
+
 // Returns a number that increases whenever the contents of the screen change, including changes by running animations.
 // While the number is the same, the last picture is up to date.
 std::uint64_t displayGeneration();
 // Call this when the contents of the screen have changed or a view needs layout.
 void noteDisplayChange();
-// Discards the last picture. Call this if views look different although none of them has changed, for example because
-// of a new appearance.
+// Makes the next update of each picture paint all pixels. Call this if views look different although none of them has
+// changed, for example because of a new appearance.
 void invalidateScreen();
 // Returns the number of calls of noteDisplayChange. In contrast to displayGeneration, it does not depend on the time.
 std::uint64_t displayChanges();
-// Sets the function to call at each display change. It can be called several times before the screen is painted. A new
-// function replaces the previous one; null removes it.
-void observeDisplayChanges(std::function<void()> observer);
+// Calls a function at each display change until it is destroyed. The function can be called several times before the
+// screen is painted. It must not create or destroy an observation.
+class DisplayObservation {
+ public:
+  explicit DisplayObservation(std::function<void()> observer);
+  DisplayObservation(const DisplayObservation&) = delete;
+  DisplayObservation& operator=(const DisplayObservation&) = delete;
+  ~DisplayObservation();
+
+ private:
+  std::list<std::function<void()>>::iterator position_;
+};
 
 }  // namespace uikit

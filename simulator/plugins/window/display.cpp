@@ -1,0 +1,54 @@
+#include "simulator/plugins/window/display.hpp"
+
+#include <X11/Xlib.h>
+#include <gdk/gdkwayland.h>
+#include <gdk/gdkx.h>
+#include <gtk/gtk.h>
+
+#include <utility>
+
+namespace window {
+
+namespace {
+
+std::function<void()>& errorObserver() {
+  static std::function<void()> observer = [] {};
+  return observer;
+}
+
+// Xlib calls this function first. GTK's own handler would end the process.
+int ignoreError(Display*) { return 0; }
+
+// Xlib then calls this function. The functions of Xlib fail from now on.
+void reportError(Display*, void*) { errorObserver()(); }
+
+}  // namespace
+
+bool connectToDisplay() {
+  // The phone has its own language, and numbers in its files have the format of the C locale.
+  gtk_disable_setlocale();
+  // The window is painted without OpenGL and contains no widgets that need a description. These settings save ten
+  // megabytes and several threads.
+  g_setenv("GDK_GL", "disable", FALSE);
+  g_setenv("NO_AT_BRIDGE", "1", FALSE);
+  // The class of the window on X11, and its application identifier on Wayland.
+  g_set_prgname("brim");
+  return gtk_init_check(nullptr, nullptr) != FALSE;
+}
+
+int displayDescriptor() {
+  GdkDisplay* const display = gdk_display_get_default();
+  if (GDK_IS_X11_DISPLAY(display)) return ConnectionNumber(gdk_x11_display_get_xdisplay(display));
+  if (GDK_IS_WAYLAND_DISPLAY(display)) return wl_display_get_fd(gdk_wayland_display_get_wl_display(display));
+  return -1;
+}
+
+void observeDisplayErrors(std::function<void()> observer) {
+  errorObserver() = std::move(observer);
+  GdkDisplay* const display = gdk_display_get_default();
+  if (!GDK_IS_X11_DISPLAY(display)) return;
+  XSetIOErrorHandler(&ignoreError);
+  XSetIOErrorExitHandler(gdk_x11_display_get_xdisplay(display), &reportError, nullptr);
+}
+
+}  // namespace window

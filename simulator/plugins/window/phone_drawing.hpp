@@ -1,0 +1,17 @@
+// Draws the phone around its screen. Main thread.
+#pragma once
+
+#include <cairo.h>
+
+#include "simulator/plugins/window/window_layout.hpp"
+
+namespace window {
+
+// Draws the background and the body of the phone. The units of the context are pixels of the window.
+void drawBody(cairo_t* context, const base::DeviceProfile& device, const WindowLayout& layout);
+
+// Draws the picture of the screen, with the corners of the device.
+void drawScreen(cairo_t* context, const base::DeviceProfile& device, const WindowLayout& layout,
+                cairo_surface_t* picture);
+
+}  // namespace window

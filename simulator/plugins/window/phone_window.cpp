@@ -1,0 +1,168 @@
+#include "simulator/plugins/window/phone_window.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <string>
+
+#include "simulator/plugins/window/display.hpp"
+#include "simulator/plugins/window/phone_drawing.hpp"
+#include "simulator/process/signals.hpp"
+#include "simulator/uikit/animation/animation_group.hpp"
+#include "simulator/uikit/environment/environment.hpp"
+
+namespace window {
+
+namespace {
+
+// The part of the desktop's height that the window uses at most.
+constexpr double maxPartOfDesktop = 0.92;
+
+// Returns the height of the desktop without its panels, or 0 if it is unknown.
+int desktopHeight() {
+  GdkDisplay* const display = gdk_display_get_default();
+  GdkMonitor* monitor = gdk_display_get_primary_monitor(display);
+  if (monitor == nullptr) monitor = gdk_display_get_monitor(display, 0);
+  GdkRectangle workArea = {};
+  if (monitor != nullptr) gdk_monitor_get_workarea(monitor, &workArea);
+  return workArea.height;
+}
+
+}  // namespace
+
+PhoneWindow::PhoneWindow()
+    : device_(uikit::environment().device),
+      window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)),
+      area_(gtk_drawing_area_new()),
+      pointer_(area_, [this](double x, double y) { return screenPoint(x, y); }),
+      keyboard_(window_),
+      mainContext_(displayDescriptor(), [this] { end(runner::WindowState::DisplayLost); }),
+      observation_([this] { startPresenting(); }) {
+  observeDisplayErrors([this] { mainContext_.loseDisplay(); });
+  gtk_window_set_title(GTK_WINDOW(window_), std::string(device_.name).c_str());
+  // The title bar is as dark as the background.
+  g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme", TRUE, nullptr);
+  gtk_widget_set_app_paintable(window_, TRUE);
+  gtk_widget_set_app_paintable(area_, TRUE);
+  gtk_container_add(GTK_CONTAINER(window_), area_);
+  connectSignals();
+  setInitialSize();
+  gtk_widget_show_all(window_);
+  mainContext_.dispatch();
+}
+
+PhoneWindow::~PhoneWindow() {
+  *isPresenting_ = false;
+  observeDisplayErrors([] {});
+  if (state_ == runner::WindowState::DisplayLost) return;
+  g_signal_handlers_disconnect_by_data(area_, this);
+  g_signal_handlers_disconnect_by_data(window_, this);
+  gtk_widget_destroy(window_);
+}
+
+void PhoneWindow::end(runner::WindowState state) {
+  state_ = state;
+  process::requestTermination();
+}
+
+void PhoneWindow::connectSignals() {
+  const auto drawArea = +[](GtkWidget*, cairo_t* context, PhoneWindow* self) -> gboolean {
+    self->draw(context);
+    return TRUE;
+  };
+  const auto layOutArea = +[](GtkWidget*, GdkRectangle*, PhoneWindow* self) { self->updateLayout(); };
+  const auto changeScale = +[](GtkWidget*, GParamSpec*, PhoneWindow* self) { self->updateLayout(); };
+  const auto close = +[](GtkWidget*, GdkEvent*, PhoneWindow* self) -> gboolean {
+    self->end(runner::WindowState::Closed);
+    return TRUE;
+  };
+  g_signal_connect(area_, "draw", G_CALLBACK(drawArea), this);
+  g_signal_connect(area_, "size-allocate", G_CALLBACK(layOutArea), this);
+  g_signal_connect(area_, "notify::scale-factor", G_CALLBACK(changeScale), this);
+  g_signal_connect(window_, "delete-event", G_CALLBACK(close), this);
+  // Another program can destroy the window.
+  g_signal_connect(window_, "destroy-event", G_CALLBACK(close), this);
+}
+
+// One point of the phone is one unit of the desktop if the desktop is large enough.
+void PhoneWindow::setInitialSize() {
+  constexpr int minWidth = 160;
+  const drawing::Size size = windowSize(device_);
+  const int height = desktopHeight();
+  const double scale = height > 0 ? std::min(1.0, height * maxPartOfDesktop / size.height) : 1.0;
+  gtk_window_set_default_size(GTK_WINDOW(window_), static_cast<int>(std::ceil(size.width * scale)),
+                              static_cast<int>(std::ceil(size.height * scale)));
+  gtk_widget_set_size_request(area_, minWidth, static_cast<int>(minWidth * size.height / size.width));
+}
+
+void PhoneWindow::updateLayout() {
+  const int factor = pixelsPerUnit();
+  const int width = gtk_widget_get_allocated_width(area_) * factor;
+  const int height = gtk_widget_get_allocated_height(area_) * factor;
+  if (layout_.width == width && layout_.height == height) return;
+  layout_ = layOut(device_, width, height);
+  picture_.update(layout_.scale);
+  gtk_widget_queue_draw(area_);
+}
+
+void PhoneWindow::draw(cairo_t* context) {
+  if (picture_.canvas() == nullptr) return;
+  const double unit = 1.0 / pixelsPerUnit();
+  cairo_scale(context, unit, unit);
+  GdkRectangle clip = {};
+  const drawing::PixelRectangle& screen = layout_.screen;
+  const GdkRectangle screenRectangle = {screen.x, screen.y, screen.width, screen.height};
+  if (gdk_cairo_get_clip_rectangle(context, &clip) == FALSE) return;
+  GdkRectangle visible = {};
+  const bool isInsideScreen = gdk_rectangle_intersect(&clip, &screenRectangle, &visible) != FALSE &&
+                              gdk_rectangle_equal(&visible, &clip) != FALSE;
+  if (!isInsideScreen) drawBody(context, device_, layout_);
+  drawScreen(context, device_, layout_, picture_.canvas()->surface());
+}
+
+void PhoneWindow::startPresenting() {
+  if (*isPresenting_) return;
+  *isPresenting_ = true;
+  foundation::addFrameObserver([this, isPresenting = isPresenting_](double) {
+    return *isPresenting ? present() : foundation::FrameDemand::Done;
+  });
+}
+
+foundation::FrameDemand PhoneWindow::present() {
+  // An animation that ends during the update needs one more frame.
+  const bool isAnimating = uikit::isAnimating();
+  if (picture_.canvas() != nullptr && state_ == runner::WindowState::Open) {
+    const drawing::RegionHandle damage = picture_.update(layout_.scale);
+    if (cairo_region_is_empty(damage.get()) == 0) {
+      queueDraw(damage.get());
+      mainContext_.dispatch();
+    }
+  }
+  *isPresenting_ = isAnimating;
+  return isAnimating ? foundation::FrameDemand::More : foundation::FrameDemand::Done;
+}
+
+// The widget is redrawn in whole units of the desktop.
+void PhoneWindow::queueDraw(const cairo_region_t* pixels) {
+  const int factor = pixelsPerUnit();
+  const drawing::RegionHandle units(cairo_region_create());
+  for (int index = 0; index < cairo_region_num_rectangles(pixels); ++index) {
+    cairo_rectangle_int_t part = {};
+    cairo_region_get_rectangle(pixels, index, &part);
+    const int left = (layout_.screen.x + part.x) / factor;
+    const int top = (layout_.screen.y + part.y) / factor;
+    const int right = (layout_.screen.x + part.x + part.width + factor - 1) / factor;
+    const int bottom = (layout_.screen.y + part.y + part.height + factor - 1) / factor;
+    drawing::addTo(units.get(), {left, top, right - left, bottom - top});
+  }
+  gtk_widget_queue_draw_region(area_, units.get());
+}
+
+CGPoint PhoneWindow::screenPoint(double x, double y) const {
+  const int factor = pixelsPerUnit();
+  return window::screenPoint(layout_, x * factor, y * factor);
+}
+
+}  // namespace window
+
+runner::PhoneWindow* brim_open_window() { return window::connectToDisplay() ? new window::PhoneWindow : nullptr; }

@@ -1,0 +1,56 @@
+// The window: its size, its contents and its end. Main thread.
+#pragma once
+
+#include <gtk/gtk.h>
+
+#include <memory>
+
+#include "simulator/foundation/main_queue.hpp"
+#include "simulator/plugins/window/keyboard_input.hpp"
+#include "simulator/plugins/window/main_context.hpp"
+#include "simulator/plugins/window/pointer_input.hpp"
+#include "simulator/plugins/window/window_layout.hpp"
+#include "simulator/runner/window_plugin.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
+
+namespace window {
+
+class PhoneWindow final : public runner::PhoneWindow {
+ public:
+  // Opens the window. GTK must be connected to a display.
+  PhoneWindow();
+  PhoneWindow(const PhoneWindow&) = delete;
+  PhoneWindow& operator=(const PhoneWindow&) = delete;
+  ~PhoneWindow() override;
+
+  runner::WindowState state() const override { return state_; }
+
+ private:
+  void end(runner::WindowState state);
+  void connectSignals();
+  void setInitialSize();
+  void updateLayout();
+  void draw(cairo_t* context);
+  // Presents the next frames until the screen has stopped changing.
+  void startPresenting();
+  foundation::FrameDemand present();
+  void queueDraw(const cairo_region_t* pixels);
+  CGPoint screenPoint(double x, double y) const;
+  int pixelsPerUnit() const { return gtk_widget_get_scale_factor(area_); }
+
+  const base::DeviceProfile& device_;
+  GtkWidget* window_;
+  // The part of the window inside its decorations.
+  GtkWidget* area_;
+  WindowLayout layout_;
+  uikit::ScreenPicture picture_;
+  runner::WindowState state_ = runner::WindowState::Open;
+  // Frame observers can outlive the window.
+  std::shared_ptr<bool> isPresenting_ = std::make_shared<bool>(false);
+  PointerInput pointer_;
+  KeyboardInput keyboard_;
+  MainContext mainContext_;
+  uikit::DisplayObservation observation_;
+};
+
+}  // namespace window

@@ -1,0 +1,47 @@
+#include "simulator/plugins/window/window_layout.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace window {
+
+namespace {
+
+// The background around the phone, in points.
+constexpr double margin = 28;
+
+constexpr PhoneBody roundedBody = {20, 20, 40, 57, false};
+constexpr PhoneBody homeButtonBody = {20, 92, 0, 62, true};
+
+}  // namespace
+
+// The safe area of a screen with rounded corners has a bottom inset.
+PhoneBody bodyOf(const base::DeviceProfile& device) {
+  return device.safeArea.bottom > 0 ? roundedBody : homeButtonBody;
+}
+
+drawing::Size windowSize(const base::DeviceProfile& device) {
+  const PhoneBody body = bodyOf(device);
+  return {device.screen.width + 2 * (body.sideBezel + margin), device.screen.height + 2 * (body.endBezel + margin)};
+}
+
+WindowLayout layOut(const base::DeviceProfile& device, int width, int height) {
+  const drawing::Size needed = windowSize(device);
+  const double fitting = std::min(width / needed.width, height / needed.height);
+  const double screenWidth = std::max(1.0, std::floor(device.screen.width * fitting));
+  WindowLayout layout;
+  layout.width = width;
+  layout.height = height;
+  layout.scale = screenWidth / device.screen.width;
+  layout.screen.width = static_cast<int>(screenWidth);
+  layout.screen.height = static_cast<int>(std::ceil(device.screen.height * layout.scale - 1e-6));
+  layout.screen.x = (width - layout.screen.width) / 2;
+  layout.screen.y = (height - layout.screen.height) / 2;
+  return layout;
+}
+
+CGPoint screenPoint(const WindowLayout& layout, double x, double y) {
+  return {(x - layout.screen.x) / layout.scale, (y - layout.screen.y) / layout.scale};
+}
+
+}  // namespace window

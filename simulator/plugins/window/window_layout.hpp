@@ -1,0 +1,39 @@
+// The geometry of the phone in its window. Any thread.
+#pragma once
+
+#include "simulator/base/device_profiles.hpp"
+#include "simulator/drawing/geometry.hpp"
+#include "simulator/drawing/pixel_rectangle.hpp"
+
+namespace window {
+
+// The body of a phone, in points of its screen.
+struct PhoneBody {
+  double sideBezel;  // from the screen to the left and right edges
+  double endBezel;   // from the screen to the top and bottom edges
+  double screenRadius;
+  double radius;
+  bool hasHomeButton;
+};
+
+PhoneBody bodyOf(const base::DeviceProfile& device);
+
+// Returns the size, in points, of a window that shows the phone with its margin.
+drawing::Size windowSize(const base::DeviceProfile& device);
+
+struct WindowLayout {
+  // The size of the window in pixels.
+  int width = 0;
+  int height = 0;
+  double scale = 0;                // pixels per point
+  drawing::PixelRectangle screen;  // in pixels of the window
+};
+
+// Returns the largest layout of the phone in a window of this size in pixels. The phone keeps its proportions and is in
+// the middle of the window. The screen has a whole number of pixels in each row.
+WindowLayout layOut(const base::DeviceProfile& device, int width, int height);
+
+// Converts a position in pixels of the window to a point of the phone's screen. The point can be outside the screen.
+CGPoint screenPoint(const WindowLayout& layout, double x, double y);
+
+}  // namespace window

@@ -1,0 +1,214 @@
+#include "tests/window/virtual_display.hpp"
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <stdexcept>
+#include <thread>
+
+#include "simulator/foundation/descriptor.hpp"
+
+namespace test {
+
+namespace {
+
+Display* displayOf(void* connection) { return static_cast<Display*>(connection); }
+
+int ignoreError(Display*, XErrorEvent*) { return 0; }
+
+// The server writes the number of its display when it accepts connections.
+std::string readDisplayNumber(int descriptor) {
+  std::string number;
+  for (char character = 0; read(descriptor, &character, 1) == 1 && character != '\n';) number += character;
+  return number;
+}
+
+pid_t startServer(int displayDescriptor) {
+  constexpr int inheritedDescriptor = 3;
+  const std::vector<const char*> arguments = {"Xvfb",         "-displayfd", "3",   "-screen",  "0",
+                                              "1600x1300x24", "-nolisten",  "tcp", "-noreset", nullptr};
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, displayDescriptor, inheritedDescriptor);
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  pid_t server = 0;
+  const int error =
+      posix_spawnp(&server, "Xvfb", &actions, nullptr, const_cast<char* const*>(arguments.data()), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  if (error != 0) throw std::runtime_error("cannot start Xvfb; is the package xvfb installed?");
+  return server;
+}
+
+}  // namespace
+
+VirtualDisplay::VirtualDisplay() {
+  int ends[2];
+  // The descriptors must not have the number 3, because its copy would then be closed when the server starts.
+  if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
+  const foundation::FileDescriptor reading(ends[0]);
+  {
+    const foundation::FileDescriptor opened(ends[1]);
+    const foundation::FileDescriptor writing(fcntl(opened.get(), F_DUPFD_CLOEXEC, 10));
+    server_ = startServer(writing.get());
+  }
+  const std::string name = ":" + readDisplayNumber(reading.get());
+  setenv("DISPLAY", name.c_str(), 1);
+  setenv("GDK_BACKEND", "x11", 1);
+  unsetenv("WAYLAND_DISPLAY");
+  XSetErrorHandler(&ignoreError);
+  connection_ = XOpenDisplay(name.c_str());
+  if (connection_ == nullptr) throw std::runtime_error("cannot connect to the display " + name);
+}
+
+VirtualDisplay::~VirtualDisplay() {
+  if (connection_ != nullptr) XCloseDisplay(displayOf(connection_));
+  connection_ = nullptr;
+  kill();
+}
+
+void VirtualDisplay::kill() {
+  if (connection_ != nullptr) ::close(ConnectionNumber(displayOf(connection_)));
+  connection_ = nullptr;
+  if (server_ == 0) return;
+  ::kill(server_, SIGTERM);
+  waitpid(server_, nullptr, 0);
+  server_ = 0;
+}
+
+VirtualDisplay::Window VirtualDisplay::findWindow(const std::string& title) const {
+  Display* const display = displayOf(connection_);
+  ::Window root = 0;
+  ::Window parent = 0;
+  ::Window* children = nullptr;
+  unsigned int count = 0;
+  if (XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count) == 0) return 0;
+  Window found = 0;
+  for (unsigned int index = 0; index < count; ++index) {
+    char* name = nullptr;
+    XWindowAttributes attributes = {};
+    if (XGetWindowAttributes(display, children[index], &attributes) == 0 || attributes.map_state != IsViewable)
+      continue;
+    if (XFetchName(display, children[index], &name) == 0) continue;
+    if (title == name) found = children[index];
+    XFree(name);
+  }
+  XFree(children);
+  return found;
+}
+
+WindowSize VirtualDisplay::sizeOf(Window window) const {
+  XWindowAttributes attributes = {};
+  XGetWindowAttributes(displayOf(connection_), window, &attributes);
+  return {attributes.width, attributes.height};
+}
+
+std::string VirtualDisplay::classOf(Window window) const {
+  XClassHint hint = {};
+  if (XGetClassHint(displayOf(connection_), window, &hint) == 0) return "";
+  std::string name = hint.res_class;
+  XFree(hint.res_name);
+  XFree(hint.res_class);
+  return name;
+}
+
+std::vector<std::uint32_t> VirtualDisplay::pixelsOf(Window window) const {
+  const WindowSize size = sizeOf(window);
+  XImage* const image = XGetImage(displayOf(connection_), window, 0, 0, static_cast<unsigned>(size.width),
+                                  static_cast<unsigned>(size.height), AllPlanes, ZPixmap);
+  if (image == nullptr) return {};
+  std::vector<std::uint32_t> pixels;
+  for (int y = 0; y < size.height; ++y)
+    for (int x = 0; x < size.width; ++x)
+      pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image, x, y)) & 0xFFFFFF);
+  XDestroyImage(image);
+  return pixels;
+}
+
+void VirtualDisplay::resize(Window window, const WindowSize& size) const {
+  XResizeWindow(displayOf(connection_), window, static_cast<unsigned>(size.width), static_cast<unsigned>(size.height));
+  XSync(displayOf(connection_), False);
+}
+
+void VirtualDisplay::hide(Window window) const {
+  XUnmapWindow(displayOf(connection_), window);
+  XSync(displayOf(connection_), False);
+}
+
+void VirtualDisplay::requestClose(Window window) const {
+  Display* const display = displayOf(connection_);
+  XEvent event = {};
+  event.xclient.type = ClientMessage;
+  event.xclient.window = window;
+  event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+  event.xclient.format = 32;
+  event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+  XSendEvent(display, window, False, NoEventMask, &event);
+  XSync(display, False);
+}
+
+void VirtualDisplay::focus(Window window) const {
+  XSetInputFocus(displayOf(connection_), window, RevertToPointerRoot, CurrentTime);
+  XSync(displayOf(connection_), False);
+}
+
+VirtualDisplay::Window VirtualDisplay::focusedWindow() const {
+  ::Window focused = 0;
+  int revert = 0;
+  XGetInputFocus(displayOf(connection_), &focused, &revert);
+  return focused;
+}
+
+VirtualDisplay::Window VirtualDisplay::openOtherWindow() const {
+  Display* const display = displayOf(connection_);
+  const ::Window window = XCreateSimpleWindow(display, DefaultRootWindow(display), 1400, 1200, 50, 50, 0, 0, 0);
+  XMapWindow(display, window);
+  XSync(display, False);
+  return window;
+}
+
+bool VirtualDisplay::offerText(const std::string& text, const std::function<void()>& afterwards) const {
+  constexpr int maxPolls = 1000;
+  Display* const display = displayOf(connection_);
+  const Window owner = openOtherWindow();
+  XSetSelectionOwner(display, XInternAtom(display, "CLIPBOARD", False), owner, CurrentTime);
+  XSync(display, False);
+  afterwards();
+  for (int poll = 0; poll < maxPolls; ++poll) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    XEvent event = {};
+    if (XCheckTypedEvent(display, SelectionRequest, &event) == False) continue;
+    const XSelectionRequestEvent& request = event.xselectionrequest;
+    const bool isText = request.target == XInternAtom(display, "UTF8_STRING", False);
+    if (isText)
+      XChangeProperty(display, request.requestor, request.property, request.target, 8, PropModeReplace,
+                      reinterpret_cast<const unsigned char*>(text.data()), static_cast<int>(text.size()));
+    XEvent answer = {};
+    answer.xselection = {SelectionNotify,
+                         0,
+                         False,
+                         display,
+                         request.requestor,
+                         request.selection,
+                         request.target,
+                         isText ? request.property : None,
+                         request.time};
+    XSendEvent(display, request.requestor, False, NoEventMask, &answer);
+    XSync(display, False);
+    if (isText) return true;
+  }
+  return false;
+}
+
+void VirtualDisplay::send(const std::string& events) const {
+  if (std::system(("xdotool " + events).c_str()) != 0) throw std::runtime_error("xdotool " + events + " has failed");
+}
+
+}  // namespace test

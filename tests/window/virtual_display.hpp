@@ -1,0 +1,60 @@
+// A display server without a screen, and a client of it that inspects and uses windows. Sizes and positions are in
+// pixels.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+struct WindowSize {
+  int width = 0;
+  int height = 0;
+  bool operator==(const WindowSize&) const = default;
+};
+
+class VirtualDisplay {
+ public:
+  using Window = unsigned long;
+
+  // Starts the server on a free display and sets the environment variables that select it. Throws std::runtime_error if
+  // the server does not start.
+  VirtualDisplay();
+  VirtualDisplay(const VirtualDisplay&) = delete;
+  VirtualDisplay& operator=(const VirtualDisplay&) = delete;
+  ~VirtualDisplay();
+
+  // Ends the server, as a crash does. Afterwards, the other functions must not be called.
+  void kill();
+
+  // Returns the visible window with this title, or 0 if there is none.
+  Window findWindow(const std::string& title) const;
+  WindowSize sizeOf(Window window) const;
+  // Returns the name of the window's class.
+  std::string classOf(Window window) const;
+  // Returns the pixels of a window as 0xRRGGBB, row by row. Returns nothing if the window is not visible.
+  std::vector<std::uint32_t> pixelsOf(Window window) const;
+  void resize(Window window, const WindowSize& size) const;
+  void hide(Window window) const;
+  // Asks the window to close, as the button in its title bar does.
+  void requestClose(Window window) const;
+  void focus(Window window) const;
+  Window focusedWindow() const;
+  // Opens an empty window in a corner of the display.
+  Window openOtherWindow() const;
+  // Makes the text the contents of the clipboard until a program has requested it once. Returns whether a program has
+  // requested it within the time. `afterwards` is called when the text is available.
+  bool offerText(const std::string& text, const std::function<void()>& afterwards) const;
+  // Sends input events with xdotool. `events` are its arguments.
+  void send(const std::string& events) const;
+
+ private:
+  pid_t server_ = 0;
+  void* connection_ = nullptr;
+};
+
+}  // namespace test

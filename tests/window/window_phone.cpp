@@ -1,0 +1,157 @@
+#include "tests/window/window_phone.hpp"
+
+#include <cairo.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+#include "simulator/foundation/local_socket.hpp"
+#include "simulator/process/control_socket.hpp"
+
+namespace test {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+namespace {
+
+using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+
+// The side, in points, of the square in which the bezel covers a rounded corner.
+constexpr double cornerExtent = 1.6;
+
+bool containsText(const json& node, const std::string& text) {
+  if (node.is_object() && node.value("text", json()) == text) return true;
+  if (!node.is_structured()) return false;
+  for (const json& child : node)
+    if (containsText(child, text)) return true;
+  return false;
+}
+
+std::string contentsOf(const fs::path& file) {
+  std::ifstream stream(file);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+}  // namespace
+
+bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit) {
+  const auto end = std::chrono::steady_clock::now() + limit;
+  while (std::chrono::steady_clock::now() < end) {
+    if (condition()) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  return condition();
+}
+
+WindowPhone::WindowPhone(const std::string& deviceName)
+    : device(*base::findDeviceProfile(deviceName)),
+      process({SPRINGBOARD, "--live", "--window", "--device", deviceName, "--root", folder.path() / "root"}) {
+  if (!eventually([&] { return (window = display.findWindow(deviceName)) != 0; }))
+    throw std::runtime_error("the window did not open");
+}
+
+json WindowPhone::tell(const json& command) const {
+  const fs::path control = process::controlFolder(folder.path() / "root");
+  foundation::FileDescriptor socket;
+  eventually([&] {
+    socket = foundation::connectIn(control, process::controlSocket);
+    return socket.isOpen();
+  });
+  if (!foundation::sendAll(socket, command.dump() + "\n")) throw std::runtime_error("the phone accepts no command");
+  std::string answer;
+  for (char buffer[4096]; answer.find('\n') == std::string::npos;) {
+    const ssize_t size = recv(socket.get(), buffer, sizeof buffer, 0);
+    if (size <= 0) throw std::runtime_error("the phone has not answered");
+    answer.append(buffer, static_cast<std::size_t>(size));
+  }
+  return json::parse(answer);
+}
+
+int WindowPhone::showBanner(const std::string& section) const {
+  const json answer = tell({{"do", "present"},
+                            {"section", section},
+                            {"title", "Anna"},
+                            {"message", "Lunch?"},
+                            {"dismissAutomatically", false}});
+  eventually([&] { return showsText("Lunch?"); });
+  tell({{"do", "wait"}, {"seconds", 1}});
+  return answer["controller"];
+}
+
+json WindowPhone::state(int controller) const { return tell({{"do", "state"}, {"controller", controller}}); }
+
+bool WindowPhone::showsText(const std::string& text) const {
+  return containsText(tell({{"do", "tree"}})["windows"], text);
+}
+
+window::WindowLayout WindowPhone::layout() const {
+  const WindowSize size = display.sizeOf(window);
+  return window::layOut(device, size.width, size.height);
+}
+
+bool WindowPhone::showsScreen() const {
+  const window::WindowLayout layout = this->layout();
+  const std::vector<std::uint32_t> shown = display.pixelsOf(window);
+  const fs::path file = folder.path() / "screen.png";
+  tell({{"do", "screenshot"}, {"path", file}, {"scale", layout.scale}});
+  const Surface picture(cairo_image_surface_create_from_png(file.c_str()), &cairo_surface_destroy);
+  const int width = cairo_image_surface_get_width(picture.get());
+  const int height = cairo_image_surface_get_height(picture.get());
+  if (width != layout.screen.width || height != layout.screen.height || shown.empty()) return false;
+  const double corner = cornerExtent * window::bodyOf(device).screenRadius * layout.scale;
+  const unsigned char* const bytes = cairo_image_surface_get_data(picture.get());
+  for (int y = 0; y < height; ++y) {
+    const auto* row = reinterpret_cast<const std::uint32_t*>(bytes + y * cairo_image_surface_get_stride(picture.get()));
+    for (int x = 0; x < width; ++x) {
+      if (std::min(x, width - 1 - x) < corner && std::min(y, height - 1 - y) < corner) continue;
+      const int position = (layout.screen.y + y) * layout.width + layout.screen.x + x;
+      if (shown[static_cast<std::size_t>(position)] != (row[x] & 0xFFFFFF)) return false;
+    }
+  }
+  return true;
+}
+
+void WindowPhone::pressAndDrag(CGPoint from, CGPoint by) const {
+  constexpr int steps = 10;
+  const window::WindowLayout place = layout();
+  const auto position = [&](double fraction) {
+    return std::to_string(std::lround(place.screen.x + (from.x + by.x * fraction) * place.scale)) + " " +
+           std::to_string(std::lround(place.screen.y + (from.y + by.y * fraction) * place.scale)) + " ";
+  };
+  std::string events = "mousemove " + position(0) + "mousedown 1 ";
+  for (int step = 1; step <= steps; ++step)
+    events += "mousemove " + position(static_cast<double>(step) / steps) + "sleep 0.02 ";
+  display.send(events);
+}
+
+bool WindowPhone::isRunning(const std::string& program) const {
+  std::error_code error;
+  for (const fs::directory_entry& entry : fs::directory_iterator("/proc", error)) {
+    const std::string command = contentsOf(entry.path() / "cmdline");
+    const bool isProgram = command.substr(0, command.find('\0')).ends_with("/" + program);
+    if (isProgram && command.find(folder.path().string()) != std::string::npos) return true;
+  }
+  return false;
+}
+
+long WindowPhone::sleepCount() const {
+  long count = 0;
+  const fs::path tasks = fs::path("/proc") / std::to_string(process.process()) / "task";
+  for (const fs::directory_entry& task : fs::directory_iterator(tasks)) {
+    const std::string status = contentsOf(task.path() / "status");
+    const std::string field = "\nvoluntary_ctxt_switches:";
+    count += std::stol(status.substr(status.find(field) + field.size()));
+  }
+  return count;
+}
+
+}  // namespace test

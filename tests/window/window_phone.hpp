@@ -1,0 +1,55 @@
+// A live phone with a window, in a separate process on a virtual display.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+#include "simulator/base/device_profiles.hpp"
+#include "simulator/plugins/window/window_layout.hpp"
+#include "tests/support/child_process.hpp"
+#include "tests/support/temporary_folder.hpp"
+#include "tests/window/virtual_display.hpp"
+
+namespace test {
+
+// Returns whether the condition becomes true within the time.
+bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit = std::chrono::seconds(30));
+
+class WindowPhone {
+ public:
+  // Starts the phone and waits until its window is visible.
+  explicit WindowPhone(const std::string& device = "iphone-x");
+
+  // Executes a command of the phone and returns the answer.
+  nlohmann::json tell(const nlohmann::json& command) const;
+  // Shows a banner that stays until it is dismissed, and returns its controller.
+  int showBanner(const std::string& section = "com.apple.MobileSMS") const;
+  // Returns the state of a banner.
+  nlohmann::json state(int controller) const;
+  bool showsText(const std::string& text) const;
+  // Returns whether the window currently shows exactly the pixels of the phone's screen, except for the rounded corners
+  // of the screen.
+  bool showsScreen() const;
+
+  // Presses the primary button at a point of the phone's screen, drags in steps, and holds the button.
+  void pressAndDrag(CGPoint from, CGPoint by) const;
+  void release() const { display.send("mouseup 1"); }
+
+  // Returns whether the program is running with the phone's root.
+  bool isRunning(const std::string& program) const;
+  // The number of times that a thread of the phone has slept.
+  long sleepCount() const;
+
+  window::WindowLayout layout() const;
+
+  VirtualDisplay display;
+  const base::DeviceProfile& device;
+  TemporaryFolder folder;
+  ChildProcess process;
+  VirtualDisplay::Window window = 0;
+};
+
+}  // namespace test

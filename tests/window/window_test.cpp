@@ -1,0 +1,220 @@
+// Tests of the window of a live phone, on a virtual display.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <thread>
+
+#include "tests/window/window_phone.hpp"
+
+namespace {
+
+using test::eventually;
+using test::WindowPhone;
+using namespace std::chrono_literals;
+
+constexpr CGPoint banner = {188, 70};
+// A tap on the wallpaper, which is an error while the finger is on the screen.
+const nlohmann::json tapElsewhere = {{"do", "tap"}, {"at", {10, 700}}};
+
+TEST(Window, ShowsThePixelsOfTheScreen) {
+  const WindowPhone phone;
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  phone.showBanner();
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+}
+
+TEST(Window, ShowsAllPixelsOfAScreenWithoutRoundedCorners) {
+  const WindowPhone phone("iphone-8");
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+}
+
+TEST(Window, UsesAllPixelsOfADenseDisplay) {
+  setenv("GDK_SCALE", "2", 1);
+  const WindowPhone phone;
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  const int controller = phone.showBanner();
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  phone.pressAndDrag(banner, {0, -60});
+  phone.release();
+  EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+}
+
+TEST(Window, HasATitleAndAClass) {
+  const WindowPhone phone("iphone-se");
+  EXPECT_EQ(phone.display.classOf(phone.window), "Brim");
+}
+
+TEST(Window, BezelCoversTheCornersOfTheScreen) {
+  const WindowPhone phone;
+  ASSERT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  const window::WindowLayout layout = phone.layout();
+  const auto pixels = phone.display.pixelsOf(phone.window);
+  const auto pixel = [&](int x, int y) {
+    return pixels[static_cast<std::size_t>((layout.screen.y + y) * layout.width + layout.screen.x + x)];
+  };
+  const auto bezel = pixel(layout.screen.width / 2, -4);
+  EXPECT_NE(pixel(layout.screen.width / 2, 0), bezel);
+  EXPECT_EQ(pixel(0, 0), bezel);
+  EXPECT_EQ(pixel(layout.screen.width - 1, layout.screen.height - 1), bezel);
+}
+
+TEST(Window, ShowsTheScreenSharplyInEachSize) {
+  const WindowPhone phone;
+  for (const test::WindowSize& size : {test::WindowSize{1200, 640}, {420, 1250}, {1500, 1280}}) {
+    phone.display.resize(phone.window, size);
+    ASSERT_TRUE(eventually([&] { return phone.display.sizeOf(phone.window) == size; }));
+    EXPECT_TRUE(eventually([&] { return phone.showsScreen(); })) << size.width << "x" << size.height;
+  }
+}
+
+TEST(Window, MouseDragsABannerOffTheScreen) {
+  const WindowPhone phone;
+  const int controller = phone.showBanner();
+  ASSERT_EQ(phone.state(controller)["dismissed"], false);
+  phone.pressAndDrag(banner, {0, -60});
+  phone.release();
+  EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+}
+
+TEST(Window, FingerStaysDownOutsideOfTheWindow) {
+  const WindowPhone phone;
+  const int controller = phone.showBanner();
+  const double outside = phone.display.sizeOf(phone.window).width + 40;
+  phone.pressAndDrag(banner, {outside, 0});
+  EXPECT_EQ(phone.tell(tapElsewhere)["ok"], false);
+  phone.release();
+  EXPECT_TRUE(eventually([&] { return phone.tell(tapElsewhere)["ok"] == true; }));
+  EXPECT_EQ(phone.state(controller)["dismissed"], false);
+}
+
+// A press on the banner would be a tap if it ended.
+TEST(Window, HidingItCancelsTheTouch) {
+  const WindowPhone phone;
+  const int controller = phone.showBanner();
+  phone.pressAndDrag(banner, {0, 0});
+  ASSERT_TRUE(eventually([&] { return phone.tell(tapElsewhere)["ok"] == false; }));
+  phone.display.hide(phone.window);
+  EXPECT_TRUE(eventually([&] { return phone.tell(tapElsewhere)["ok"] == true; }));
+  phone.tell({{"do", "wait"}, {"seconds", 1}});
+  EXPECT_EQ(phone.state(controller)["dismissed"], false);
+}
+
+TEST(Window, ClickOpensABanner) {
+  const WindowPhone phone;
+  const int controller = phone.showBanner();
+  phone.pressAndDrag(banner, {0, 0});
+  phone.release();
+  EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
+}
+
+// Expands the banner with the mouse, which opens its reply field.
+void openReplyField(const WindowPhone& phone) {
+  const int controller = phone.showBanner();
+  phone.pressAndDrag(banner, {0, 120});
+  phone.release();
+  ASSERT_TRUE(eventually([&] { return phone.state(controller)["expanded"] == true; }));
+  phone.tell({{"do", "wait"}, {"seconds", 1}});
+  phone.display.focus(phone.window);
+}
+
+TEST(Window, KeyboardTypesAReply) {
+  const WindowPhone phone;
+  openReplyField(phone);
+  phone.display.send("type --delay 20 'At one!!'");
+  phone.display.send("key BackSpace");
+  EXPECT_TRUE(eventually([&] { return phone.showsText("At one!"); }));
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+}
+
+TEST(Window, DeadKeyComposesACharacter) {
+  const WindowPhone phone;
+  openReplyField(phone);
+  phone.display.send("key --delay 50 dead_diaeresis u");
+  EXPECT_TRUE(eventually([&] { return phone.showsText("\u00fc"); }));
+}
+
+TEST(Window, ControlVPastesTheClipboard) {
+  const WindowPhone phone;
+  openReplyField(phone);
+  EXPECT_TRUE(phone.display.offerText("Caf\u00e9 \u4f60", [&] { phone.display.send("key ctrl+v"); }));
+  EXPECT_TRUE(eventually([&] { return phone.showsText("Caf\u00e9 \u4f60"); }));
+}
+
+TEST(Window, BannerDoesNotTakeTheFocus) {
+  const WindowPhone phone;
+  const auto other = phone.display.openOtherWindow();
+  phone.display.focus(other);
+  phone.showBanner();
+  ASSERT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  EXPECT_EQ(phone.display.focusedWindow(), other);
+}
+
+TEST(Window, ClosingItEndsThePhoneAndTheMessagesApp) {
+  WindowPhone phone;
+  openReplyField(phone);
+  phone.display.send("type --delay 20 Yes");
+  phone.display.send("key Return");
+  ASSERT_TRUE(eventually([&] { return phone.isRunning("messages"); }));
+  phone.display.requestClose(phone.window);
+  EXPECT_TRUE(eventually([&] { return phone.process.hasEnded(); }, 10s));
+  EXPECT_TRUE(phone.process.hasSucceeded());
+  EXPECT_TRUE(eventually([&] { return !phone.isRunning("messages"); }, 10s));
+}
+
+TEST(Window, ClosingItEndsAWaitingCommand) {
+  WindowPhone phone;
+  nlohmann::json answer;
+  std::thread client([&] { answer = phone.tell({{"do", "wait"}, {"seconds", 600}}); });
+  std::this_thread::sleep_for(200ms);
+  phone.display.requestClose(phone.window);
+  EXPECT_TRUE(eventually([&] { return phone.process.hasEnded(); }, 10s));
+  EXPECT_TRUE(phone.process.hasSucceeded());
+  client.join();
+  EXPECT_EQ(answer["ok"], true);
+}
+
+TEST(Window, LostDisplayEndsThePhoneWithAnError) {
+  WindowPhone phone;
+  phone.showBanner();
+  phone.display.kill();
+  ASSERT_TRUE(eventually([&] { return phone.process.hasEnded(); }, 10s));
+  EXPECT_EQ(phone.process.exitStatus(), 1);
+  EXPECT_FALSE(std::filesystem::exists(phone.folder.path() / "root/var/run/control.socket"));
+}
+
+TEST(Window, DoesNotWakeWhileNothingHappens) {
+  const WindowPhone phone;
+  phone.showBanner();
+  ASSERT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  // The clocks of the phone can change once during the measurements.
+  long fewest = 1000;
+  for (int measurement = 0; measurement < 2; ++measurement) {
+    const long before = phone.sleepCount();
+    std::this_thread::sleep_for(3s);
+    fewest = std::min(fewest, phone.sleepCount() - before);
+  }
+  EXPECT_LE(fewest, 2);
+}
+
+TEST(Window, RequiresADisplay) {
+  const test::TemporaryFolder folder;
+  const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY XDG_RUNTIME_DIR=" + folder.path().string() + " " +
+                              SPRINGBOARD + " --live --window --root " + (folder.path() / "root").string() + " 2>&1";
+  FILE* const output = popen(command.c_str(), "r");
+  ASSERT_NE(output, nullptr);
+  std::string text;
+  for (int character = 0; (character = fgetc(output)) != EOF;) text += static_cast<char>(character);
+  const int status = pclose(output);
+  EXPECT_EQ(WEXITSTATUS(status), 2) << text;
+  EXPECT_NE(text.find("no display is available"), std::string::npos) << text;
+}
+
+}  // namespace
