@@ -6,8 +6,8 @@
 #include <fstream>
 #include <memory>
 
-#include "tests/support/child_process.hpp"
 #include "tests/messages/home_screen_and_messages.hpp"
+#include "tests/support/child_process.hpp"
 #include "tests/support/temporary_folder.hpp"
 
 namespace {

@@ -12,8 +12,8 @@
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/messages/app_process.hpp"
 #include "simulator/runner/library_inspection.hpp"
-#include "tests/support/child_process.hpp"
 #include "tests/messages/home_screen_and_messages.hpp"
+#include "tests/support/child_process.hpp"
 #include "tests/support/temporary_folder.hpp"
 
 namespace {

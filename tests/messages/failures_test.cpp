@@ -10,9 +10,9 @@
 #include <numeric>
 
 #include "tests/messages/captured_errors.hpp"
-#include "tests/support/child_process.hpp"
 #include "tests/messages/home_screen_and_messages.hpp"
 #include "tests/messages/mounted_disk.hpp"
+#include "tests/support/child_process.hpp"
 
 namespace {
 

@@ -9,6 +9,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "simulator/messages/messages_options.hpp"
@@ -34,15 +35,8 @@ std::string contents(const fs::path& file) {
   return text.str();
 }
 
-struct DocumentedSetting {
-  std::string key;
-  std::string type;
-  std::string defaultValue;
-  auto operator<=>(const DocumentedSetting&) const = default;
-};
-void PrintTo(const DocumentedSetting& setting, std::ostream* stream) {
-  *stream << setting.key << " " << setting.type << " " << setting.defaultValue;
-}
+// The key, the type and the default value.
+using DocumentedSetting = std::tuple<std::string, std::string, std::string>;
 
 std::string typeName(bool) { return "bool"; }
 std::string typeName(long) { return "integer"; }
@@ -52,7 +46,8 @@ std::string valueText(long value) { return std::to_string(value); }
 std::set<DocumentedSetting> settingsInCode() {
   using NSInteger = long;
   return {
-#define BRIM_SETTING(type, variable, key, value) {key, typeName(type{value}), valueText(type{value})},
+#define BRIM_SETTING(type, variable, key, value) \
+  {key, typeName(static_cast<type>(value)), valueText(static_cast<type>(value))},
 #include "library/settings/settings_list.hpp"
   };
 }
@@ -158,7 +153,7 @@ TEST(ScriptDocument, ListsEachEventOfTheLog) {
 TEST(Documents, LinkOnlyToFilesThatExist) {
   static const std::regex link(R"(\]\(([^)#:]+)(#[^)]*)?\))");
   std::vector<std::string> broken;
-  for (const fs::path folder : {".", "docs"})
+  for (const fs::path folder : {".", "docs"}) {
     for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_FOLDER) / folder)) {
       if (entry.path().extension() != ".md") continue;
       const std::string text = contents(entry.path());
@@ -166,6 +161,7 @@ TEST(Documents, LinkOnlyToFilesThatExist) {
         if (!fs::exists(entry.path().parent_path() / (*match)[1].str()))
           broken.push_back(entry.path().filename().string() + ": " + (*match)[1].str());
     }
+  }
   EXPECT_THAT(broken, IsEmpty());
 }
 
