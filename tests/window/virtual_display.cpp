@@ -68,14 +68,10 @@ VirtualDisplay::VirtualDisplay() {
   if (connection_ == nullptr) throw std::runtime_error("cannot connect to the display " + name);
 }
 
-VirtualDisplay::~VirtualDisplay() {
-  if (connection_ != nullptr) XCloseDisplay(displayOf(connection_));
-  connection_ = nullptr;
-  kill();
-}
+VirtualDisplay::~VirtualDisplay() { kill(); }
 
 void VirtualDisplay::kill() {
-  if (connection_ != nullptr) ::close(ConnectionNumber(displayOf(connection_)));
+  if (connection_ != nullptr) XCloseDisplay(displayOf(connection_));
   connection_ = nullptr;
   if (server_ == 0) return;
   ::kill(server_, SIGTERM);
