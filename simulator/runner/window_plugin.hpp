@@ -5,8 +5,8 @@ namespace runner {
 
 enum class WindowState { Open, Closed, DisplayLost };
 
-// A window of the desktop. It displays the screen of the phone and delivers the user's touches and keys. It takes part
-// in the run loop of the main thread. Main thread.
+// A window of the desktop. It displays the screen of the phone and delivers the user's touches and keys. It
+// receives its events in the run loop of the main thread. Main thread.
 class PhoneWindow {
  public:
   PhoneWindow() = default;

@@ -30,7 +30,7 @@ class PointerInput {
   bool handleTouch(const GdkEventTouch& event);
 
   std::function<CGPoint(double x, double y)> screenPoint_;
-  // The device that has the phone's finger down, and for a touch screen, the finger.
+  // The device that controls the finger while it is down. For a touch screen, also the touch.
   Source source_ = Source::None;
   const GdkEventSequence* sequence_ = nullptr;
   CGPoint last_ = {};

@@ -1,5 +1,5 @@
 // The home indicator: the bar at the lower edge of devices without a home button. An upward swipe that begins on it
-// leaves what is on the screen. Main thread.
+// closes the page of an application or unlocks the phone. Main thread.
 #pragma once
 
 #include <functional>
