@@ -5,8 +5,6 @@
 #include <system_error>
 #include <vector>
 
-#include "simulator/base/iso_time.hpp"
-#include "simulator/foundation/root.hpp"
 #include "simulator/messages/chat_store.hpp"
 #include "simulator/process/process_start.hpp"
 #include "simulator/runner/command_handlers.hpp"
@@ -26,7 +24,7 @@ class Demonstration {
 
   void show(const Sample& sample, const std::string& style) {
     execute(sample.preparation);
-    if (sample.reply != nullptr) storeMessage(sample.notification);
+    if (sample.reply != nullptr) storeConversation(sample.notification);
     Json present = {{"do", "present"}};
     present.update(sample.notification);
     execute({present});
@@ -59,16 +57,6 @@ class Demonstration {
     const std::string path = (folder_ / (name + ".png")).string();
     execute({{{"do", "screenshot"}, {"path", path}}});
     std::printf("%s\n", path.c_str());
-  }
-
-  // Stores the received message in the Messages app's store, because the app sends a reply only to a stored
-  // conversation.
-  void storeMessage(const Json& notification) {
-    const std::string title = notification["title"];
-    const std::string thread = notification["thread"];
-    messages::ChatStore(foundation::root())
-        .addTo("iMessage;-;" + thread, title,
-               {messages::Direction::Received, notification["message"], 0, base::systemUnixTime(), false});
   }
 
   // Sends the reply and prints the message that the Messages app reports as sent.

@@ -5,8 +5,10 @@
 #include <iterator>
 
 #include "simulator/base/installation.hpp"
+#include "simulator/base/iso_time.hpp"
 #include "simulator/foundation/plugin.hpp"
 #include "simulator/foundation/root.hpp"
+#include "simulator/messages/chat_store.hpp"
 #include "simulator/process/root_setup.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/web_server_plugin.hpp"
@@ -71,6 +73,14 @@ std::string installDemonstrationData() try {
   return address;
 } catch (const fs::filesystem_error& error) {
   throw CommandError(error.path1().string() + ": " + error.code().message());
+}
+
+void storeConversation(const Json& notification) {
+  const std::string title = notification["title"];
+  const std::string thread = notification["thread"];
+  messages::ChatStore(foundation::root())
+      .addTo("iMessage;-;" + thread, title,
+             {messages::Direction::Received, notification["message"], 0, base::systemUnixTime(), false});
 }
 
 }  // namespace runner

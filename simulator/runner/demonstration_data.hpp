@@ -1,6 +1,7 @@
 // The data of the demonstration: files on the phone and web pages that contain the pictures of the senders.
 #pragma once
 
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 namespace runner {
@@ -9,5 +10,9 @@ namespace runner {
 // the library to use this server. The server runs until the process ends. Returns the address of the server, such as
 // "http://127.0.0.1:8080". Call this once, after the phone has started. Throws CommandError. Main thread.
 std::string installDemonstrationData();
+
+// Stores the message of a notification as a received message of the conversation that the notification's thread names,
+// because the Messages app sends a reply only to a stored conversation. Throws messages::StoreError.
+void storeConversation(const nlohmann::ordered_json& notification);
 
 }  // namespace runner

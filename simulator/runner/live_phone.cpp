@@ -14,6 +14,7 @@
 #include "simulator/process/control_socket.hpp"
 #include "simulator/process/signals.hpp"
 #include "simulator/runner/control_server.hpp"
+#include "simulator/runner/welcome.hpp"
 #include "simulator/runner/window_plugin.hpp"
 #include "simulator/springboard/shell/clocks.hpp"
 
@@ -53,12 +54,12 @@ bool hasLostDisplay(const PhoneWindow* window) {
 
 }  // namespace
 
-int runLive(Session& session, WindowUse windowUse) {
+int runLive(Session& session, const Options& options) {
   process::ignoreWriteSignals();
   process::handleTerminationSignals();
   base::limitEventLog(maxEvents);
   std::unique_ptr<PhoneWindow> window;
-  if (windowUse == WindowUse::Window && (window = openWindow()) == nullptr) return cannotStart;
+  if (options.window == WindowUse::Window && (window = openWindow()) == nullptr) return cannotStart;
   const ControlServer server(session);
   if (!server.isListening()) {
     std::fprintf(stderr, "springboard: %s: cannot listen for commands: %s\n",
@@ -66,6 +67,7 @@ int runLive(Session& session, WindowUse windowUse) {
     return cannotStart;
   }
   keepClocksCurrent();
+  if (options.welcome == Welcome::Played) scheduleWelcome(session);
   std::printf("the phone is running on %s\n", foundation::root().c_str());
   std::fflush(stdout);
   foundation::runMainQueueUntil(&process::isTerminationRequested);

@@ -7,6 +7,6 @@ namespace runner {
 
 // Runs the phone until the process receives SIGINT, SIGTERM or SIGHUP, or until the user closes the phone's window.
 // Prints a line to standard output when the phone accepts commands. Returns the exit status. Main thread.
-int runLive(Session& session, WindowUse windowUse);
+int runLive(Session& session, const Options& options);
 
 }  // namespace runner

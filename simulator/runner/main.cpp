@@ -62,8 +62,7 @@ int run(const runner::Options& options) {
   std::ifstream file;
   if (readsFile && !open(file, options.script)) return reportError("cannot read the script " + options.script);
   runner::Session session(options);
-  if (options.clock == foundation::ClockMode::Real)
-    return reportRunningRecording(runner::runLive(session, options.window));
+  if (options.clock == foundation::ClockMode::Real) return reportRunningRecording(runner::runLive(session, options));
   if (!options.demonstration.empty()) return runner::demonstrate(session, options.demonstration);
   return reportRunningRecording(runScript(session, readsFile ? file : std::cin));
 }

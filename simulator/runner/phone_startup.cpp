@@ -70,7 +70,8 @@ foundation::FileDescriptor lockRoot(foundation::ClockMode clock) try {
 
 foundation::FileDescriptor startPhone(const Options& options) {
   mapPicturesSeparately();
-  if (options.root.empty() && !options.demonstration.empty()) {
+  const bool usesDemonstrationData = !options.demonstration.empty() || options.welcome == Welcome::Played;
+  if (options.root.empty() && usesDemonstrationData) {
     process::useRoot(base::demonstrationRoot(), foundation::DefaultsDatabase::OfUser);
   } else {
     process::useRoot(options.root);

@@ -67,6 +67,11 @@ process::ExpectedValue openWindow(Options& options, const std::string&) {
   return std::nullopt;
 }
 
+process::ExpectedValue playWelcome(Options& options, const std::string&) {
+  options.welcome = Welcome::Played;
+  return std::nullopt;
+}
+
 process::ExpectedValue setDemonstration(Options& options, const std::string& value) {
   if (value.empty()) return "a folder";
   options.demonstration = value;
@@ -94,13 +99,16 @@ const std::vector<process::OptionRow<Options>>& optionTable() {
        &setScript},
       {"--live", nullptr,
        "run on the real clock until terminated, and execute the commands that other processes send; see \"./brim "
-       "tell\" "
-       "(default: run a script)",
+       "tell\" (default: run a script)",
        &selectRealClock},
       {"--window", nullptr,
        "with --live: open a window in which the phone is displayed and used; closing it ends the phone (default: no "
        "window)",
        &openWindow},
+      {"--welcome", nullptr,
+       "with --live: present three sample notifications after the start; uses a separate root unless --root is "
+       "specified (default: present nothing)",
+       &playWelcome},
       {"--demonstration", "DIR",
        "write pictures of sample notifications into this folder; uses a separate root unless --root is specified "
        "(default: none)",
@@ -115,9 +123,11 @@ process::CommandLine<Options> parseOptions(std::span<const char* const> argument
   process::CommandLine<Options> parsed = process::parseCommandLine(optionTable(), arguments);
   const auto* options = std::get_if<Options>(&parsed);
   if (options == nullptr) return parsed;
-  if (options->window == WindowUse::Window && options->clock == foundation::ClockMode::Stepped)
-    return process::OptionError{"--window requires --live"};
-  if (options->clock == foundation::ClockMode::Stepped) return parsed;
+  if (options->clock == foundation::ClockMode::Stepped) {
+    if (options->window == WindowUse::Window) return process::OptionError{"--window requires --live"};
+    if (options->welcome == Welcome::Played) return process::OptionError{"--welcome requires --live"};
+    return parsed;
+  }
   if (!options->script.empty() || !options->demonstration.empty())
     return process::OptionError{
         "--live cannot be combined with --script or --demonstration; send the commands with "

@@ -13,6 +13,7 @@ namespace runner {
 
 enum class StartAppearance { Light, Dark };
 enum class WindowUse { None, Window };
+enum class Welcome { None, Played };
 
 struct Options {
   // The folder that represents the phone's file system. An empty path selects the user's default root.
@@ -27,6 +28,8 @@ struct Options {
   foundation::ClockMode clock = foundation::ClockMode::Stepped;
   // Whether a live phone is displayed in a window of the desktop.
   WindowUse window = WindowUse::None;
+  // Whether a live phone presents sample notifications after its start.
+  Welcome welcome = Welcome::None;
   process::LibraryUse library = process::LibraryUse::Loaded;
   // The file of the script, or "-" for standard input. Empty if there is no script.
   std::string script = {};

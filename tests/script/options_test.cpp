@@ -37,6 +37,7 @@ TEST(Options, HaveDefaults) {
   EXPECT_EQ(options.locale, "en_US");
   EXPECT_FALSE(options.time);
   EXPECT_EQ(options.window, runner::WindowUse::None);
+  EXPECT_EQ(options.welcome, runner::Welcome::None);
   EXPECT_EQ(options.library, LibraryUse::Loaded);
   EXPECT_TRUE(options.script.empty());
   EXPECT_TRUE(options.demonstration.empty());
@@ -54,6 +55,10 @@ TEST(Options, OverrideTheDefaults) {
   EXPECT_EQ(options.time, 1584178860.0);
   EXPECT_EQ(options.library, LibraryUse::Absent);
   EXPECT_EQ(options.script, "-");
+}
+
+TEST(Options, LivePhoneCanPlayTheWelcome) {
+  EXPECT_EQ(accepted({"--welcome", "--live"}).welcome, runner::Welcome::Played);
 }
 
 TEST(Options, LivePhoneCanHaveAWindow) {
@@ -104,6 +109,7 @@ TEST(Options, ErrorsNameTheExpectedInput) {
                               {{"--script", ""}, "a file, or -"},
                               {{"--root", ""}, "a folder"},
                               {{"--window"}, "--window requires --live"},
+                              {{"--welcome"}, "--welcome requires --live"},
                               {{"--demonstration="}, "a folder"}};
   for (const Refusal& refusal : refusals) {
     const std::string reason = refused(refusal.arguments);
