@@ -9,7 +9,8 @@
 #include "library/controller/commands.hpp"
 #include "library/controller/dismissal.hpp"
 #include "library/controller/gestures.hpp"
-#include "library/controller/presentation_hooks.hpp"
+#include "library/controller/long_look_hooks.hpp"
+#include "library/controller/notification_updates.hpp"
 #include "library/controller/profile_picture.hpp"
 #include "library/controller/reply_actions.hpp"
 #include "library/controller/system_dismissals.hpp"
@@ -17,6 +18,7 @@
 #include "library/controller/window_hooks.hpp"
 #include "library/messages/home_screen.hpp"
 #include "library/messages/messages_app.hpp"
+#include "objc/hook.hpp"
 #include "platform/ui_device.hpp"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "objc/hook.hpp"
+#include "objc/hook_installation.hpp"
 
 // Installs every row of the table, in order. Call this function once, at startup.
 void installHookTable(objc::HookFunction* hookFunction);

@@ -2,7 +2,7 @@
 // loader. A phone's packages are installed either in the root folder or in /var/jb. Main thread.
 #pragma once
 
-#include "objc/hook.hpp"
+#include "objc/hook_installation.hpp"
 
 // Loads the preferences framework, unless the process has its class HBPreferences.
 void loadPreferences();

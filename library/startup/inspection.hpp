@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "objc/hook.hpp"
+#include "objc/hook_installation.hpp"
 
 using BrimInstalledMethod = objc::InstalledMethod;
 

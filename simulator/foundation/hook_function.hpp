@@ -1,7 +1,7 @@
 // MSHookMessageEx, the hook function of the phone's code-injection loader. Main thread.
 #pragma once
 
-#include "objc/hook.hpp"
+#include "objc/hook_installation.hpp"
 
 // If the method is inherited, the original that the function stores is the current implementation of the superclass.
 // Therefore, hooks of a superclass must be installed before those of its subclasses. Subclasses that inherit the method

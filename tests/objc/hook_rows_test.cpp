@@ -1,4 +1,5 @@
 #include "objc/hook.hpp"
+#include "objc/hook_installation.hpp"
 
 #include "platform/ns_string.hpp"
 #include "simulator/foundation/hook_function.hpp"

@@ -9,6 +9,7 @@
 
 #include "objc/autorelease_pool.hpp"
 #include "objc/class_definition.hpp"
+#include "objc/hook_installation.hpp"
 #include "platform/messages_app.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
 #include "simulator/base/foundation_json.hpp"

@@ -13,6 +13,7 @@
 
 #include "objc/block.hpp"
 #include "objc/hook.hpp"
+#include "objc/hook_installation.hpp"
 #include "objc/runtime.hpp"
 #include "platform/common_crypto.hpp"
 #include "tests/support/library_code.hpp"

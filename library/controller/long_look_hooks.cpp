@@ -1,7 +1,4 @@
-#include "library/controller/presentation_hooks.hpp"
-
-#include "library/controller/commands.hpp"
-#include "library/controller/notification_text.hpp"
+#include "library/controller/long_look_hooks.hpp"
 
 bool isPartOfBanner(NotificationController* self) {
   for (UIView* view = self->view(); view != nullptr; view = view->superview())
@@ -23,23 +20,4 @@ void presentLongLook(objc::Original<void(NotificationController*, bool, NSIntege
                      NotificationController* self, bool animated, NSInteger trigger,
                      objc::Block<void(bool)>* completion) {
   if (!self->isPartOfBanner()) original(self, animated, trigger, completion);
-}
-
-void presentViewController(
-    objc::Original<void(NotificationController*, UIViewController*, bool, objc::Block<void()>*)> original,
-    NotificationController* self, UIViewController* presented, bool animated, objc::Block<void()>* completion) {
-  if (!self->isPartOfBanner() || BrimContainer::DismissNotification()) {
-    original(self, presented, animated, completion);
-  } else {
-    self->attemptUpdateReply(presented->view());
-  }
-}
-
-void attemptUpdateReply(NotificationController* self, NCNotificationViewControllerView* view) {
-  NCNotificationShortLookView* content = view->contentView();
-  NSString* header = headerText(content);
-  NSString* body = bodyText(content);
-  if (header == nullptr || body == nullptr) return;
-  postUpdate(header, body);
-  self->attemptDelete();
 }
