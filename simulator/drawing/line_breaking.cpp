@@ -1,67 +1,12 @@
 #include "simulator/drawing/line_breaking.hpp"
 
 #include <algorithm>
-#include <cmath>
+
+#include "simulator/drawing/text_attributes.hpp"
+#include "simulator/drawing/truncation.hpp"
 
 namespace drawing {
 namespace {
-
-constexpr const char* ellipsis = "\u2026";
-
-// The maximum line width in points. A larger width is treated as unlimited, because it is outside pango's range.
-constexpr double maxWidth = 1'000'000;
-
-guint16 channel(double value) { return static_cast<guint16>(std::lround(std::clamp(value, 0.0, 1.0) * 0xFFFF)); }
-
-// Adds the attribute for a range of the text. The list takes ownership of the attribute.
-void add(PangoAttrList* attributes, PangoAttribute* attribute, const Span& span) {
-  attribute->start_index = static_cast<guint>(span.begin);
-  attribute->end_index = static_cast<guint>(span.end);
-  pango_attr_list_insert(attributes, attribute);
-}
-
-void addColor(PangoAttrList* attributes, const Color& color, const Span& span) {
-  add(attributes, pango_attr_foreground_new(channel(color.red), channel(color.green), channel(color.blue)), span);
-  // The alpha is at least 1, because pango treats an alpha of 0 as opaque.
-  add(attributes, pango_attr_foreground_alpha_new(std::max<guint16>(channel(color.alpha), 1)), span);
-}
-
-// Returns whether the character belongs to a script whose letters change their shape with their neighbors. The first
-// range contains the Unicode blocks from Hebrew up to the symbols. The second range ends with the Arabic presentation
-// forms.
-bool isShapedByContext(gunichar value) {
-  return (value >= 0x0590 && value < 0x2000) || (value >= 0xA800 && value < 0xFE00);
-}
-
-bool hasShapedScript(const std::string& text) {
-  for (const char* next = text.data(); next < text.data() + text.size(); next = g_utf8_next_char(next)) {
-    if (isShapedByContext(g_utf8_get_char(next))) return true;
-  }
-  return false;
-}
-
-AttributesHandle attributesOf(const PlainText& text, const Paragraph& paragraph) {
-  AttributesHandle attributes(pango_attr_list_new());
-  for (const Span& span : text.spans) {
-    const Run& run = paragraph.runs[span.run];
-    const DescriptionHandle font = describeFont(run.font, paragraph.language);
-    add(attributes.get(), pango_attr_font_desc_new(font.get()), span);
-    if (run.color) addColor(attributes.get(), *run.color, span);
-  }
-  const Span all{0, text.text.size(), 0};
-  add(attributes.get(), pango_attr_insert_hyphens_new(FALSE), all);
-  // Disables contextual alternates. If they were enabled, the system font would show "->" as an arrow, and the x in
-  // "2x3" as a multiplication sign.
-  if (!hasShapedScript(text.text)) {
-    add(attributes.get(), pango_attr_font_features_new("calt=0"), all);
-  }
-  return attributes;
-}
-
-void setWidth(PangoLayout* layout, double width) {
-  if (width <= maxWidth)
-    pango_layout_set_width(layout, static_cast<int>(std::lround(std::max(width, 1.0) * PANGO_SCALE)));
-}
 
 LayoutHandle layoutAll(const PlainText& text, const Paragraph& paragraph, double width) {
   const TextContextHandle context = makeTextContext(paragraph.language, paragraph.direction);
@@ -70,39 +15,6 @@ LayoutHandle layoutAll(const PlainText& text, const Paragraph& paragraph, double
   setWidth(layout.get(), width);
   pango_layout_set_text(layout.get(), text.text.data(), static_cast<int>(text.text.size()));
   pango_layout_set_attributes(layout.get(), attributesOf(text, paragraph).get());
-  return layout;
-}
-
-PlainText withEllipsis(const PlainText& text, std::size_t begin, std::size_t end) {
-  PlainText shown;
-  for (const Span& span : text.spans) {
-    const std::size_t first = std::max(span.begin, begin), last = std::min(span.end, end);
-    if (first < last) shown.spans.push_back({first - begin, last - begin, span.run});
-    // An empty line has the font of the line feed that ends it.
-    if (begin == end && span.begin <= begin && begin < span.end) shown.spans.push_back({0, 0, span.run});
-  }
-  shown.text = text.text.substr(begin, end - begin) + ellipsis;
-  if (!shown.spans.empty()) shown.spans.back().end = shown.text.size();
-  return shown;
-}
-
-// Lays out the last visible line again. The new line contains the text from the line's start to the end of its
-// paragraph, and an ellipsis for the omitted text. If this is too long for a line, pango truncates it and adds its own
-// ellipsis.
-LayoutHandle layoutLast(const PlainText& text, const Paragraph& paragraph, double width, const PangoLayoutLine* line) {
-  const auto begin = static_cast<std::size_t>(line->start_index);
-  const std::size_t lineFeed = std::min(text.text.find('\n', begin), text.text.size());
-  const PlainText shown = withEllipsis(text, begin, lineFeed);
-  const BaseDirection direction =
-      line->resolved_dir == PANGO_DIRECTION_RTL ? BaseDirection::RightToLeft : BaseDirection::LeftToRight;
-  const TextContextHandle context = makeTextContext(paragraph.language, direction);
-  LayoutHandle layout(pango_layout_new(context.get()));
-  pango_layout_set_auto_dir(layout.get(), FALSE);
-  pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-  pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
-  setWidth(layout.get(), width);
-  pango_layout_set_text(layout.get(), shown.text.data(), static_cast<int>(shown.text.size()));
-  pango_layout_set_attributes(layout.get(), attributesOf(shown, paragraph).get());
   return layout;
 }
 
@@ -126,7 +38,7 @@ BrokenText breakLines(const PlainText& text, const Paragraph& paragraph, double 
     result.lines.push_back(measured(static_cast<PangoLayoutLine*>(entry->data)));
   }
   if (shown < available && paragraph.lineBreak == LineBreak::TruncateTail) {
-    result.layouts.push_back(layoutLast(text, paragraph, width, result.lines.back().line));
+    result.layouts.push_back(truncateLine(text, paragraph, width, result.lines.back().line));
     result.lines.back() = measured(pango_layout_get_line_readonly(result.layouts.back().get(), 0));
   }
   return result;
