@@ -13,7 +13,13 @@ namespace foundation {
 
 namespace {
 
-using FrameObserver = std::function<FrameDemand(double now)>;
+using FrameFunction = std::function<FrameDemand(double now)>;
+
+struct FrameObserver {
+  FrameObserverId id;
+  FrameFunction call;
+  Nanoseconds nextCall;  // the time of a frame
+};
 
 constexpr std::int64_t framesInSecond = 60;
 
@@ -46,32 +52,24 @@ Nanoseconds timeOfFrame(std::int64_t frame) {
          (frame % framesInSecond * nanosecondsInSecond + framesInSecond / 2) / framesInSecond;
 }
 
-std::int64_t frameAfter(Nanoseconds time) {
-  std::int64_t frame =
-      time / nanosecondsInSecond * framesInSecond + time % nanosecondsInSecond * framesInSecond / nanosecondsInSecond;
-  while (timeOfFrame(frame) <= time) ++frame;
-  return frame;
+Nanoseconds nextFrameTime() {
+  Nanoseconds next = never;
+  for (const FrameObserver& observer : frameObservers()) next = std::min(next, observer.nextCall);
+  return next;
 }
 
-// The number of the next frame. It is valid only while there are observers.
-std::int64_t nextFrame = 0;
-
-Nanoseconds nextFrameTime() { return frameObservers().empty() ? never : timeOfFrame(nextFrame); }
-
-void callFrameObservers(Nanoseconds time) {
-  const objc::AutoreleasePool pool;
-  std::list<FrameObserver>& observers = frameObservers();
-  // An observer that is added during the loop is appended and is first called at the next frame.
-  std::size_t remaining = observers.size();
-  for (auto observer = observers.begin(); remaining > 0; --remaining) {
-    const FrameDemand demand = (*observer)(secondsOf(time));
-    observer = demand == FrameDemand::More ? std::next(observer) : observers.erase(observer);
-  }
-}
-
+// Calls the observers that are due. An observer that is added during the loop is appended and is first called at a
+// later frame.
 void runFrame(Nanoseconds time) {
-  nextFrame = frameAfter(time);
-  callFrameObservers(time);
+  const objc::AutoreleasePool pool;
+  const Nanoseconds nextFrame = frameTimeAfter(time);
+  std::list<FrameObserver>& observers = frameObservers();
+  for (auto observer = observers.begin(); observer != observers.end();) {
+    const bool isDue = observer->nextCall <= time;
+    const bool isDone = isDue && observer->call(secondsOf(time)) == FrameDemand::Done;
+    if (isDue) observer->nextCall = nextFrame;
+    observer = isDone ? observers.erase(observer) : std::next(observer);
+  }
 }
 
 Nanoseconds nextEvent() { return std::min(workList().nextTime(), nextFrameTime()); }
@@ -89,7 +87,9 @@ void stepTo(Nanoseconds target) {
 void runIteration() {
   drainMainQueue();
   const Nanoseconds time = clock::now();
-  if (nextFrameTime() <= time) runFrame(time);
+  if (nextFrameTime() > time) return;
+  runFrame(time);
+  drainMainQueue();
 }
 
 }  // namespace
@@ -98,7 +98,7 @@ void useClock(ClockMode mode, double unixTime) {
   const Nanoseconds before = clock::now();
   clock::setMode(mode, unixTime);
   workList().shift(before, clock::now());
-  nextFrame = frameAfter(clock::now());
+  for (FrameObserver& observer : frameObservers()) observer.nextCall = frameTimeAfter(clock::now());
 }
 
 void onMainThread(std::function<void()> work) {
@@ -124,9 +124,25 @@ void scheduleExternalWork() {
   while (std::function<void()> work = externalWork().takeDue(0)) workList().add(std::move(work));
 }
 
-void addFrameObserver(FrameObserver observer) {
-  if (frameObservers().empty()) nextFrame = frameAfter(clock::now());
-  frameObservers().push_back(std::move(observer));
+FrameObserverId addFrameObserver(FrameFunction observer) { return addFrameObserverAt(0, std::move(observer)); }
+
+FrameObserverId addFrameObserverAt(Nanoseconds when, FrameFunction observer) {
+  static FrameObserverId last = 0;
+  // The first frame at or after `when` is the first frame after the nanosecond before it.
+  const Nanoseconds before = std::max(when, clock::now() + 1) - 1;
+  frameObservers().push_back({++last, std::move(observer), frameTimeAfter(before)});
+  return last;
+}
+
+void removeFrameObserver(FrameObserverId observer) {
+  std::erase_if(frameObservers(), [observer](const FrameObserver& added) { return added.id == observer; });
+}
+
+Nanoseconds frameTimeAfter(Nanoseconds time) {
+  std::int64_t frame =
+      time / nanosecondsInSecond * framesInSecond + time % nanosecondsInSecond * framesInSecond / nanosecondsInSecond;
+  while (timeOfFrame(frame) <= time) ++frame;
+  return timeOfFrame(frame);
 }
 
 void observeEndOfIteration(std::function<void()> observer) { endOfIterationObserver() = std::move(observer); }

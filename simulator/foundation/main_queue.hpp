@@ -38,7 +38,16 @@ void scheduleExternalWork();
 // The result of a frame observer, which is called on the main thread 60 times a second until it returns Done. A new
 // observer is first called at the next frame. A process without observers does not wake for frames.
 enum class FrameDemand { More, Done };
-void addFrameObserver(std::function<FrameDemand(double now)> observer);
+// Identifies a frame observer. No two observers have the same number.
+using FrameObserverId = std::uint64_t;
+FrameObserverId addFrameObserver(std::function<FrameDemand(double now)> observer);
+// Adds an observer that is first called at the first frame at or after `when`, but not before the next frame. The
+// process does not wake for the frames before that time.
+FrameObserverId addFrameObserverAt(Nanoseconds when, std::function<FrameDemand(double now)> observer);
+// Removes an observer. Does nothing if it has returned Done. An observer must not remove itself.
+void removeFrameObserver(FrameObserverId observer);
+// Returns the time of the first frame after this time.
+Nanoseconds frameTimeAfter(Nanoseconds time);
 
 // Sets the function that is called at the end of each iteration of the main thread, when no work is due. The function
 // can add work to the same iteration. A new function replaces the previous one.

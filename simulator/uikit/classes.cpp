@@ -6,6 +6,8 @@
 #include "simulator/uikit/images/image_class.hpp"
 #include "simulator/uikit/keyboard/keyboard.hpp"
 #include "simulator/uikit/keyboard/keyboard_key.hpp"
+#include "simulator/uikit/rendering/animation_frames.hpp"
+#include "simulator/uikit/rendering/display_link.hpp"
 #include "simulator/uikit/text/font_class.hpp"
 #include "simulator/uikit/text/label.hpp"
 #include "simulator/uikit/views/class_definitions.hpp"
@@ -40,10 +42,12 @@ void registerClasses() {
   defineVisualEffectView();
   defineKeyboard();
   // Lays out the views that changed during a run-loop iteration. The layout happens at the end of the iteration,
-  // outside of any animation block.
+  // outside of any animation block. The finished layout is then presented.
   foundation::observeEndOfIteration([] {
     updateKeyboard();
     layoutWindows();
+    scheduleAnimationFrames();
+    presentDisplayChanges();
   });
 }
 

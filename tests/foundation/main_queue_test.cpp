@@ -150,6 +150,37 @@ TEST_F(SteppedClock, ObserversAddedDuringAFrameWaitForTheNextFrame) {
   EXPECT_NEAR(inner, 2.0 / 60, 1e-9);
 }
 
+TEST_F(SteppedClock, FrameObserverWithATimeIsCalledAtTheFirstFrameFromThatTime) {
+  std::vector<double> times;
+  const auto observe = [&](double) {
+    times.push_back(foundation::now());
+    return FrameDemand::Done;
+  };
+  foundation::addFrameObserverAt(2 * foundation::nanosecondsInSecond, observe);
+  foundation::addFrameObserverAt(3 * foundation::nanosecondsInSecond + 1, observe);
+  foundation::addFrameObserverAt(-1, observe);
+  foundation::stepClock(10);
+  ASSERT_EQ(times.size(), 3U);
+  EXPECT_NEAR(times[0], 1.0 / 60, 1e-9);
+  EXPECT_EQ(times[1], 2);
+  EXPECT_NEAR(times[2], 3 + 1.0 / 60, 1e-9);
+}
+
+TEST_F(SteppedClock, RemovedFrameObserverIsNotCalled) {
+  const auto removed = foundation::addFrameObserver([this](double) {
+    log.push_back("removed");
+    return FrameDemand::More;
+  });
+  foundation::addFrameObserver([&, this](double) {
+    log.push_back("other");
+    foundation::removeFrameObserver(removed);
+    return FrameDemand::Done;
+  });
+  foundation::stepClock(1);
+  EXPECT_EQ(log, (Log{"removed", "other"}));
+  EXPECT_TRUE(foundation::mainQueueIsIdle());
+}
+
 TEST_F(SteppedClock, TimersRunBeforeAFrameOfTheSameTime) {
   foundation::addFrameObserver([this](double now) {
     log.push_back("frame");

@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <string>
 
 #include "simulator/plugins/window/display.hpp"
 #include "simulator/plugins/window/phone_drawing.hpp"
 #include "simulator/process/signals.hpp"
-#include "simulator/uikit/animation/animation_group.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
 namespace window {
@@ -37,7 +35,7 @@ PhoneWindow::PhoneWindow()
       pointer_(area_, [this](double x, double y) { return screenPoint(x, y); }),
       keyboard_(window_),
       mainContext_(displayDescriptor(), [this] { end(runner::WindowState::DisplayLost); }),
-      observation_([this] { startPresenting(); }) {
+      displayLink_([this] { present(); }) {
   observeDisplayErrors([this] { mainContext_.loseDisplay(); });
   gtk_window_set_title(GTK_WINDOW(window_), std::string(device_.name).c_str());
   // The title bar is as dark as the background.
@@ -52,7 +50,6 @@ PhoneWindow::PhoneWindow()
 }
 
 PhoneWindow::~PhoneWindow() {
-  *isPresenting_ = false;
   observeDisplayErrors([] {});
   if (state_ == runner::WindowState::DisplayLost) return;
   g_signal_handlers_disconnect_by_data(area_, this);
@@ -120,26 +117,12 @@ void PhoneWindow::draw(cairo_t* context) {
   drawScreen(context, device_, layout_, picture_.canvas()->surface());
 }
 
-void PhoneWindow::startPresenting() {
-  if (*isPresenting_) return;
-  *isPresenting_ = true;
-  foundation::addFrameObserver([this, isPresenting = isPresenting_](double) {
-    return *isPresenting ? present() : foundation::FrameDemand::Done;
-  });
-}
-
-foundation::FrameDemand PhoneWindow::present() {
-  // An animation that ends during the update needs one more frame.
-  const bool isAnimating = uikit::isAnimating();
-  if (picture_.canvas() != nullptr && state_ == runner::WindowState::Open) {
-    const drawing::RegionHandle damage = picture_.update(layout_.scale);
-    if (cairo_region_is_empty(damage.get()) == 0) {
-      queueDraw(damage.get());
-      mainContext_.dispatch();
-    }
-  }
-  *isPresenting_ = isAnimating;
-  return isAnimating ? foundation::FrameDemand::More : foundation::FrameDemand::Done;
+void PhoneWindow::present() {
+  if (picture_.canvas() == nullptr || state_ != runner::WindowState::Open) return;
+  const drawing::RegionHandle damage = picture_.update(layout_.scale);
+  if (cairo_region_is_empty(damage.get()) != 0) return;
+  queueDraw(damage.get());
+  mainContext_.dispatch();
 }
 
 // The widget is redrawn in whole units of the desktop.

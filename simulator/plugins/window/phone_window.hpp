@@ -3,14 +3,12 @@
 
 #include <gtk/gtk.h>
 
-#include <memory>
-
-#include "simulator/foundation/main_queue.hpp"
 #include "simulator/plugins/window/keyboard_input.hpp"
 #include "simulator/plugins/window/main_context.hpp"
 #include "simulator/plugins/window/pointer_input.hpp"
 #include "simulator/plugins/window/window_layout.hpp"
 #include "simulator/runner/window_plugin.hpp"
+#include "simulator/uikit/rendering/display_link.hpp"
 #include "simulator/uikit/rendering/renderer.hpp"
 
 namespace window {
@@ -31,9 +29,8 @@ class PhoneWindow final : public runner::PhoneWindow {
   void setInitialSize();
   void updateLayout();
   void draw(cairo_t* context);
-  // Presents the next frames until the screen has stopped changing.
-  void startPresenting();
-  foundation::FrameDemand present();
+  // Redraws the pixels that have changed.
+  void present();
   void queueDraw(const cairo_region_t* pixels);
   CGPoint screenPoint(double x, double y) const;
   int pixelsPerUnit() const { return gtk_widget_get_scale_factor(area_); }
@@ -45,12 +42,10 @@ class PhoneWindow final : public runner::PhoneWindow {
   WindowLayout layout_;
   uikit::ScreenPicture picture_;
   runner::WindowState state_ = runner::WindowState::Open;
-  // Frame observers can outlive the window.
-  std::shared_ptr<bool> isPresenting_ = std::make_shared<bool>(false);
   PointerInput pointer_;
   KeyboardInput keyboard_;
   MainContext mainContext_;
-  uikit::DisplayObservation observation_;
+  uikit::DisplayLink displayLink_;
 };
 
 }  // namespace window

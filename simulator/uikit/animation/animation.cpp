@@ -1,10 +1,10 @@
 #include "simulator/uikit/animation/animation.hpp"
 
 #include <cmath>
+#include <optional>
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/animation/animation_group.hpp"
-#include "simulator/uikit/rendering/renderer.hpp"
 
 namespace uikit {
 
@@ -51,20 +51,14 @@ class RunningBlock {
   RunningBlock& operator=(const RunningBlock&) = delete;
 };
 
-// The time at which the last running animation ends. New frames are requested until this time.
 double& latestEnd() {
   static double time = 0;
   return time;
 }
 
-void requestFramesUntil(double end) {
-  const bool alreadyRequested = latestEnd() > foundation::now();
-  latestEnd() = std::max(latestEnd(), end);
-  if (alreadyRequested) return;
-  foundation::addFrameObserver([](double now) {
-    noteDisplayChange();
-    return now < latestEnd() ? foundation::FrameDemand::More : foundation::FrameDemand::Done;
-  });
+std::optional<double>& selectedShownTime() {
+  static std::optional<double> time;
+  return time;
 }
 
 }  // namespace
@@ -87,7 +81,7 @@ void AnimationGroup::start() {
     foundation::onMainThread([self = shared_from_this()] { self->complete(); });
     return;
   }
-  requestFramesUntil(end());
+  latestEnd() = std::max(latestEnd(), end());
   foundation::onMainThreadAfter(end() - foundation::now(), [self = shared_from_this()] { self->complete(); });
 }
 
@@ -137,7 +131,12 @@ void leaveGroup(const std::shared_ptr<AnimationGroup>& group) { group->leave(); 
 
 bool isAnimating() { return latestEnd() > foundation::now(); }
 
-double animationTime() { return foundation::now(); }
+double endOfAnimations() { return latestEnd(); }
+
+double animationTime() { return selectedShownTime().value_or(foundation::now()); }
+
+ShownTime::ShownTime(double time) { selectedShownTime() = time; }
+ShownTime::~ShownTime() { selectedShownTime().reset(); }
 
 double remainingFraction(const AnimationGroup& group, double now) { return 1 - group.progress(now); }
 

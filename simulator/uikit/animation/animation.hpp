@@ -32,7 +32,18 @@ bool hasEnded(const AnimationGroup& group, double now);
 // Adds a change to the current group and returns the group. Returns null if there is no current group.
 std::shared_ptr<AnimationGroup> joinCurrentGroup();
 void leaveGroup(const std::shared_ptr<AnimationGroup>& group);
+// Returns the time of the shown values: the current time, or the time of a ShownTime.
 double animationTime();
+
+// While an object of this class exists, the shown values are those at its time. Only one object can exist at a time. No
+// animation must be added meanwhile.
+class ShownTime {
+ public:
+  explicit ShownTime(double time);
+  ShownTime(const ShownTime&) = delete;
+  ShownTime& operator=(const ShownTime&) = delete;
+  ~ShownTime();
+};
 
 // The arithmetic of animated values. difference() computes left - right. accumulate() computes value + offset *
 // fraction.
@@ -70,6 +81,13 @@ class Animated {
     for (const AdditiveAnimation<Value>& animation : animations_)
       value = accumulate(value, animation.offset, remainingFraction(*animation.group, now));
     return value;
+  }
+
+  // Returns whether the shown value can still change.
+  bool isAnimating() const {
+    const double now = animationTime();
+    return std::ranges::any_of(
+        animations_, [now](const AdditiveAnimation<Value>& animation) { return !hasEnded(*animation.group, now); });
   }
 
   // Sets the shown value to the model value. The removed animations count as not finished.

@@ -48,7 +48,9 @@ class AnimationGroup : public std::enable_shared_from_this<AnimationGroup> {
 // Runs the block and animates its changes. Either block can be null.
 void runAnimation(AnimationTiming timing, objc::Block<void()>* animations, objc::Block<void(bool)>* completion);
 void runWithoutAnimation(objc::Block<void()>* changes);
-// Returns whether any animation may be running on the screen.
+// Returns whether any animation can be running.
 bool isAnimating();
+// Returns the time at which the last animation ends, or a past time if no animation is running.
+double endOfAnimations();
 
 }  // namespace uikit

@@ -5,6 +5,7 @@
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/animation/animation_group.hpp"
+#include "simulator/uikit/rendering/animation_frames.hpp"
 #include "simulator/uikit/rendering/damage.hpp"
 #include "simulator/uikit/views/view_geometry.hpp"
 #include "simulator/uikit/views/window.hpp"
@@ -37,9 +38,13 @@ void noteDisplayChange() {
 std::uint64_t displayChanges() { return display().changes; }
 
 DisplayObservation::DisplayObservation(std::function<void()> observer)
-    : position_(display().observers.insert(display().observers.end(), std::move(observer))) {}
+    : position_(display().observers.insert(display().observers.end(), std::move(observer))) {
+  invalidateAnimationFrames();
+}
 
 DisplayObservation::~DisplayObservation() { display().observers.erase(position_); }
+
+bool isDisplayObserved() { return !display().observers.empty(); }
 
 // While an animation is running, each new time has a new generation, including the time at which the animation ends.
 std::uint64_t displayGeneration() {

@@ -60,5 +60,6 @@ class DisplayObservation {
  private:
   std::list<std::function<void()>>::iterator position_;
 };
+bool isDisplayObserved();
 
 }  // namespace uikit

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "simulator/drawing/pixel_grid.hpp"
 #include "simulator/uikit/views/view_record.hpp"
@@ -16,11 +17,10 @@ bool isEmpty(const CGRect& rect) { return !(rect.size.width > 0) || !(rect.size.
 // Collects the contents of all visible windows and their visible descendants.
 class ContentsCollector {
  public:
-  explicit ContentsCollector(const drawing::Canvas& canvas)
-      : scale_(canvas.pixelsPerPoint()), screen_{0, 0, canvas.pixelWidth(), canvas.pixelHeight()} {}
+  ContentsCollector(double scale, const drawing::PixelRectangle& screen) : scale_(scale), screen_(screen) {}
 
-  ScreenContents collect() {
-    for (UIWindow* window : visibleWindows()) add(window, {{}, 1, 0, screen_});
+  ScreenContents collect(std::span<UIWindow* const> windows) {
+    for (UIWindow* window : windows) add(window, {{}, 1, 0, screen_});
     return std::move(contents_);
   }
 
@@ -145,7 +145,17 @@ class Painter {
 
 }  // namespace
 
-ScreenContents contentsOfScreen(const drawing::Canvas& canvas) { return ContentsCollector(canvas).collect(); }
+ScreenContents contentsOfScreen(const drawing::Canvas& canvas) {
+  return ContentsCollector(canvas.pixelsPerPoint(), {0, 0, canvas.pixelWidth(), canvas.pixelHeight()})
+      .collect(visibleWindows());
+}
+
+ScreenContents contentsOfWindow(UIWindow* window) {
+  const base::DeviceProfile& device = environment().device;
+  const auto pixels = [&device](double points) { return static_cast<int>(std::ceil(points * device.scale)); };
+  return ContentsCollector(device.scale, {0, 0, pixels(device.screen.width), pixels(device.screen.height)})
+      .collect({&window, 1});
+}
 
 void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region) {
   canvas.save();

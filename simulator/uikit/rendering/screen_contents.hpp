@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/ui_view.hpp"
+#include "platform/ui_window.hpp"
 #include "simulator/drawing/canvas.hpp"
 
 namespace uikit {
@@ -43,6 +43,8 @@ using ScreenContents = std::vector<PaintedView>;
 
 // Returns the contents of the screen at the current time, at the scale of the canvas.
 ScreenContents contentsOfScreen(const drawing::Canvas& canvas);
+// Returns the contents of a visible window at the scale of the device.
+ScreenContents contentsOfWindow(UIWindow* window);
 
 // Repaints the pixels of the region. The result does not depend on their previous values. The views must not have
 // changed since `contents` was computed.

@@ -7,6 +7,11 @@
 
 namespace uikit {
 
+bool LayerRecord::isAnimating() const {
+  return origin.isAnimating() || bounds.isAnimating() || opacity.isAnimating() || cornerRadius.isAnimating() ||
+         background.isAnimating();
+}
+
 void LayerRecord::removeAnimations() {
   origin.removeAnimations();
   bounds.removeAnimations();

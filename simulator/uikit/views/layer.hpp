@@ -26,6 +26,7 @@ struct LayerRecord {
   bool masksToBounds = false;
   bool hidden = false;
 
+  bool isAnimating() const;
   void removeAnimations();
 };
 
