@@ -1,5 +1,7 @@
 #include "simulator/springboard/shell/application_page.hpp"
 
+#include <map>
+
 #include "platform/ui_image_view.hpp"
 #include "platform/ui_label.hpp"
 #include "platform/ui_visual_effect_view.hpp"
@@ -37,6 +39,11 @@ Page& openPage() {
   return page;
 }
 
+std::map<std::string, MakeContents>& contentsOfApplications() {
+  static auto& all = *new std::map<std::string, MakeContents>;
+  return all;
+}
+
 CGRect screen() { return {{}, uikit::environment().device.screen}; }
 
 void addBackground(UIView* contents) {
@@ -63,6 +70,22 @@ void addIconAndName(UIView* contents, const std::string& bundleIdentifier) {
   contents->addSubview(name);
 }
 
+objc::Ref<UIView> makePlainContents(const std::string& bundleIdentifier) {
+  auto contents = UIView::withFrame<UIView>(screen());
+  addBackground(contents);
+  addIconAndName(contents, bundleIdentifier);
+  addHomeIndicator(contents, IndicatorColor::White, &closeApplicationPage);
+  return contents;
+}
+
+objc::Ref<UIView> makeContents(const std::string& bundleIdentifier) {
+  const auto found = contentsOfApplications().find(bundleIdentifier);
+  if (found == contentsOfApplications().end()) return makePlainContents(bundleIdentifier);
+  auto contents = found->second();
+  addHomeIndicator(contents, IndicatorColor::OfTexts, &closeApplicationPage);
+  return contents;
+}
+
 // Collapses the page to the icon. The contents keep their size, and their center stays in the center of the window.
 void collapse(const Page& page) {
   const CGSize size = screen().size;
@@ -81,16 +104,17 @@ void setCornerRadius(const Page& page, CGFloat radius) { page.window->layer()->s
 
 }  // namespace
 
+void setPageContents(const std::string& bundleIdentifier, MakeContents make) {
+  contentsOfApplications()[bundleIdentifier] = make;
+}
+
 void openApplicationPage(const std::string& bundleIdentifier, CGRect icon) {
   if (openPage().window != nullptr) return;
-  const Page page = {UIView::withFrame<UIWindow>(screen()), UIView::withFrame<UIView>(screen()), icon};
+  const Page page = {UIView::withFrame<UIWindow>(screen()), makeContents(bundleIdentifier), icon};
   objc::send<void, "setWindowLevel:">(page.window.get(), CGFloat{pageLevel});
   page.window->setClipsToBounds(true);
   page.window->layer()->setContinuousCorners(true);
   page.window->addSubview(page.contents);
-  addBackground(page.contents);
-  addIconAndName(page.contents, bundleIdentifier);
-  addHomeIndicator(page.contents, &closeApplicationPage);
   openPage() = page;
   collapse(page);
   setCornerRadius(page, movingCornerRadius);

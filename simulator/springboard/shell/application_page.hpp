@@ -1,12 +1,17 @@
-// The page of an application that has been opened from the home screen: its icon and its name over the blurred
-// wallpaper. Main thread.
+// The page of an application that has been opened from the home screen: the contents that are registered for the
+// application, or its icon and its name over the blurred wallpaper. Main thread.
 #pragma once
 
 #include <string>
 
-#include "platform/core_graphics.hpp"
+#include "platform/ui_view.hpp"
 
 namespace springboard {
+
+// Registers the function that creates the contents of an application's page: a view that covers the screen. The
+// function is called each time the page opens.
+using MakeContents = objc::Ref<UIView> (*)();
+void setPageContents(const std::string& bundleIdentifier, MakeContents make);
 
 // Opens the page of the application. The page grows from the frame of the application's icon. Does nothing while a page
 // is open.

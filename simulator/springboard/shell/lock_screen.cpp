@@ -73,7 +73,7 @@ void makeWindow(LockScreenState& state) {
   state.list =
       UIView::withFrame<NCNotificationListView>({{0, listTop}, {screen.size.width, screen.size.height - listTop}});
   state.window->addSubview(state.list);
-  addHomeIndicator(state.window, &openLockScreen);
+  addHomeIndicator(state.window, IndicatorColor::White, &openLockScreen);
 }
 
 Grouping groupingOfSystem() { return systemVersionIsBelow("12.0"_ns) ? Grouping::None : Grouping::ByConversation; }
