@@ -1,5 +1,6 @@
 #include "simulator/settings/page_style.hpp"
 
+#include <cmath>
 #include <limits>
 
 namespace settings_application {
@@ -41,7 +42,7 @@ objc::Ref<UILabel> makeLabel(CGFloat fontSize) {
 }
 
 CGFloat heightOfLabel(const UILabel* label, CGFloat width) {
-  return label->text()->length() == 0 ? 0 : sizeOf(label, width).height;
+  return label->text()->length() == 0 ? 0 : std::ceil(sizeOf(label, width).height);
 }
 
 CGFloat widthOfLabel(const UILabel* label) { return sizeOf(label, 0).width; }

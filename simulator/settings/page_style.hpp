@@ -22,7 +22,7 @@ inline constexpr CGFloat noteFontSize = 13;
 // Creates an empty label without a limit of lines, which receives no touches.
 objc::Ref<UILabel> makeLabel(CGFloat fontSize);
 
-// Returns the height of the label's text at this width; 0 if there is no text.
+// Returns the height of the label's text at this width, rounded up to a whole number; 0 if there is no text.
 CGFloat heightOfLabel(const UILabel* label, CGFloat width);
 // Returns the width of the label's text in one line.
 CGFloat widthOfLabel(const UILabel* label);

@@ -19,6 +19,7 @@ namespace settings_application {
 namespace {
 
 constexpr double transitionSeconds = 0.35;
+constexpr CGFloat barEdgeHeight = 0.5;
 // The distance by which the lower level moves, relative to the distance of the upper level.
 constexpr CGFloat parallax = 0.3;
 
@@ -28,6 +29,7 @@ void recolor(PSPageView* page) {
   const auto background = uikit::makeColor(pageColor(PageColor::Background, page));
   page->setBackgroundColor(background);
   stateOf(page).bar->setBackgroundColor(background);
+  stateOf(page).barEdge->setBackgroundColor(uikit::makeColor(pageColor(PageColor::Separator, page)));
 }
 
 // Places a level, which is shifted toward the trailing edge by this fraction of the width of the page.
@@ -46,6 +48,7 @@ void placeParts(PSPageView* page) {
   PageViewState& state = stateOf(page);
   const CGFloat width = page->bounds().size.width;
   state.bar->setFrame({{}, {width, barHeight}});
+  state.barEdge->setFrame({{0, barHeight - barEdgeHeight}, {width, barEdgeHeight}});
   state.back->setFrame(uikit::mirroredIfNeeded(page, {{}, {widthOfBackButton(state.back), barHeight}}));
   state.back->setAlpha(isSecondLevelOpen(page) ? 1 : 0);
   for (const PageLevel& level : state.levels) placeLevel(page, level, &level == &state.levels.back() ? 0 : -parallax);
@@ -116,6 +119,8 @@ void addBar(PSPageView* page, NSString* title) {
   state.back = makeBackButton(title);
   state.back->addTarget(page, objc::selector<"_goBack">(), UIControlEvents::TouchUpInside);
   state.bar->addSubview(state.back);
+  state.barEdge = UIView::withFrame<UIView>({});
+  state.bar->addSubview(state.barEdge);
   page->addSubview(state.bar);
 }
 

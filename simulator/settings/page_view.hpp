@@ -17,6 +17,7 @@ struct PageViewState {
   PageViewState& operator=(const PageViewState&) = delete;
 
   objc::Ref<UIView> bar;
+  objc::Ref<UIView> barEdge;
   objc::Ref<PSBackButton> back;
   std::vector<PageLevel> levels;  // the page and, while it is open, a list of values
   std::vector<std::string> domains;

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "platform/ns_number.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/settings/list_controller.hpp"
 #include "simulator/settings/page_style.hpp"
+#include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view.hpp"
 
@@ -25,6 +27,8 @@ constexpr CGFloat checkWidth = 13;
 constexpr CGFloat lineWidth = 2;
 constexpr CGFloat separatorHeight = 0.5;
 constexpr CGFloat valueWidth = 36;
+// The track of a slider begins further inside than the slider itself.
+constexpr CGFloat sliderOutset = 11;
 constexpr CGFloat maxDetailShare = 0.55;
 
 TableCellState& stateOf(const PSTableCell* cell) { return objc::state(cell); }
@@ -121,7 +125,8 @@ void showSlider(PSTableCell* cell) {
 void placeSlider(PSTableCell* cell, CGSize size) {
   const TableCellState& state = stateOf(cell);
   const CGFloat label = state.detail == nullptr ? 0 : valueWidth;
-  place(cell, state.slider, {{textMargin, 0}, {size.width - 2 * textMargin - label, size.height}});
+  place(cell, state.slider,
+        {{textMargin - sliderOutset, 0}, {size.width - 2 * (textMargin - sliderOutset) - label, size.height}});
   if (state.detail != nullptr)
     place(cell, state.detail, {{size.width - textMargin - valueWidth, 0}, {valueWidth, size.height}});
 }
@@ -231,6 +236,12 @@ void store(PSTableCell* self, NSObject* value) {
 void switched(PSTableCell* self) { store(self, NSNumber::numberWithBool(stateOf(self).toggle->isOn())); }
 void slid(PSTableCell* self) { store(self, NSNumber::numberWithDouble(stateOf(self).slider->value())); }
 
+void describe(PSTableCell* self, void* description) {
+  objc::sendSuper<"PSTableCell", void, "_describe:">(self, description);
+  NSObject* const key = stateOf(self).row.specifier->propertyForKey("key"_ns);
+  if (key != nullptr) uikit::descriptionAt(description)["key"] = base::jsonOf(key);
+}
+
 void traitCollectionDidChange(PSTableCell* self, UITraitCollection* previous) {
   objc::sendSuper<"PSTableCell", void, "traitCollectionDidChange:">(self, previous);
   recolor(self);
@@ -268,6 +279,7 @@ void defineTableCell() {
       objc::method<"_switched", &switched>(),
       objc::method<"_slid", &slid>(),
       objc::method<"_showStoredValue", &showStoredValue>(),
+      objc::method<"_describe:", &describe>(),
       objc::method<"traitCollectionDidChange:", &traitCollectionDidChange>(),
   };
   objc::defineClassWithState<PSTableCell>(methods);

@@ -107,7 +107,8 @@ void registerClasses() {
   setLongLookPresentation(
       {.present = &presentLongLook, .dismiss = &dismissLongLook, .openedShortLook = &openedShortLook});
   addDestinations();
-  setPageContents("com.apple.Preferences", &makeSettingsView);
+  // The sample banner covers the place of the status bar, as a banner on the screen does.
+  setPageContents("com.apple.Preferences", {&makeSettingsView, StatusBarVisibility::Hidden});
 }
 
 void start(const std::filesystem::path& applicationArtwork) {

@@ -29,6 +29,7 @@ constexpr CGFloat nameHeight = 30;
 constexpr CGFloat nameFontSize = 24;
 
 struct Page {
+  StatusBarVisibility statusBar = StatusBarVisibility::Shown;
   objc::Ref<UIWindow> window;
   objc::Ref<UIView> contents;
   CGRect icon = {};  // the frame of the icon on the home screen
@@ -39,8 +40,8 @@ Page& openPage() {
   return page;
 }
 
-std::map<std::string, MakeContents>& contentsOfApplications() {
-  static auto& all = *new std::map<std::string, MakeContents>;
+std::map<std::string, PageContents>& contentsOfApplications() {
+  static auto& all = *new std::map<std::string, PageContents>;
   return all;
 }
 
@@ -78,12 +79,16 @@ objc::Ref<UIView> makePlainContents(const std::string& bundleIdentifier) {
   return contents;
 }
 
-objc::Ref<UIView> makeContents(const std::string& bundleIdentifier) {
+void addContents(Page& page, const std::string& bundleIdentifier) {
   const auto found = contentsOfApplications().find(bundleIdentifier);
-  if (found == contentsOfApplications().end()) return makePlainContents(bundleIdentifier);
-  auto contents = found->second();
-  addHomeIndicator(contents, IndicatorColor::OfTexts, &closeApplicationPage);
-  return contents;
+  if (found == contentsOfApplications().end()) {
+    page.contents = makePlainContents(bundleIdentifier);
+  } else {
+    page.contents = found->second.make();
+    page.statusBar = found->second.statusBar;
+    addHomeIndicator(page.contents, IndicatorColor::OfTexts, &closeApplicationPage);
+  }
+  page.window->addSubview(page.contents);
 }
 
 // Collapses the page to the icon. The contents keep their size, and their center stays in the center of the window.
@@ -91,12 +96,14 @@ void collapse(const Page& page) {
   const CGSize size = screen().size;
   page.window->setFrame(page.icon);
   page.window->setAlpha(0);
+  setStatusBarVisibility(StatusBarVisibility::Shown);
   page.contents->setFrame({{(page.icon.size.width - size.width) / 2, (page.icon.size.height - size.height) / 2}, size});
 }
 
 void expand(const Page& page) {
   page.window->setFrame(screen());
   page.window->setAlpha(1);
+  setStatusBarVisibility(page.statusBar);
   page.contents->setFrame(screen());
 }
 
@@ -104,17 +111,19 @@ void setCornerRadius(const Page& page, CGFloat radius) { page.window->layer()->s
 
 }  // namespace
 
-void setPageContents(const std::string& bundleIdentifier, MakeContents make) {
-  contentsOfApplications()[bundleIdentifier] = make;
+void setPageContents(const std::string& bundleIdentifier, const PageContents& contents) {
+  contentsOfApplications()[bundleIdentifier] = contents;
 }
 
 void openApplicationPage(const std::string& bundleIdentifier, CGRect icon) {
   if (openPage().window != nullptr) return;
-  const Page page = {UIView::withFrame<UIWindow>(screen()), makeContents(bundleIdentifier), icon};
+  Page page;
+  page.window = UIView::withFrame<UIWindow>(screen());
+  page.icon = icon;
   objc::send<void, "setWindowLevel:">(page.window.get(), CGFloat{pageLevel});
   page.window->setClipsToBounds(true);
   page.window->layer()->setContinuousCorners(true);
-  page.window->addSubview(page.contents);
+  addContents(page, bundleIdentifier);
   openPage() = page;
   collapse(page);
   setCornerRadius(page, movingCornerRadius);
@@ -133,5 +142,7 @@ void closeApplicationPage() {
   UIView::animate(openingSeconds, objc::block([page] { collapse(page); }),
                   objc::block([page](bool) { hideWindowAboveHomeScreen(page.window); }));
 }
+
+StatusBarVisibility statusBarOfOpenPage() { return openPage().statusBar; }
 
 }  // namespace springboard
