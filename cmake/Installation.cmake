@@ -11,7 +11,8 @@ install(TARGETS ${libraries} LIBRARY DESTINATION lib/brim)
 set_target_properties(${libraries} PROPERTIES INSTALL_RPATH $ORIGIN)
 
 install(
-  DIRECTORY ${BRIM_ASSET_BUNDLE} ${CMAKE_BINARY_DIR}/share/brim/artwork ${CMAKE_BINARY_DIR}/share/brim/demonstration
+  DIRECTORY ${BRIM_ASSET_BUNDLE} ${BRIM_SETTINGS_PANE_BUNDLE} ${CMAKE_BINARY_DIR}/share/brim/artwork
+            ${CMAKE_BINARY_DIR}/share/brim/demonstration
   DESTINATION share/brim
   PATTERN assembled EXCLUDE)
 

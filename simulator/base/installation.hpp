@@ -17,6 +17,7 @@ struct Installation {
   std::filesystem::path applications;   // the folder with the application icons, named <bundle identifier>.png
   std::filesystem::path messages;       // the executable of the Messages app
   std::filesystem::path demonstration;  // the folder with the demonstration's files and web pages
+  std::filesystem::path settingsPane;   // the bundle of the settings pane
 };
 Installation installation();
 

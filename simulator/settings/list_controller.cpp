@@ -8,6 +8,8 @@
 #include "simulator/foundation/preference_domain.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/foundation/property_list_files.hpp"
+#include "simulator/settings/back_button.hpp"
+#include "simulator/settings/page_view.hpp"
 
 namespace settings_application {
 
@@ -63,12 +65,15 @@ NSArray* loadSpecifiers(PSListController* self, NSString* propertyList, NSObject
   NSString* const path = bundle->pathForResource(propertyList, "plist"_ns);
   if (path == nullptr) return nullptr;
   const objc::Ref<NSDictionary> page = foundation::readPropertyList(path->fileSystemRepresentation());
+  const Localization localized = {bundle, propertyList};
+  NSString* const title = objc::as<NSString>(page->objectForKey("title"_ns));
+  objc::state(self).title = objc::retain(title == nullptr ? nullptr : localized(title));
   const auto* const items = objc::as<NSArray>(page->objectForKey("items"_ns));
   if (items == nullptr) return nullptr;
   NSMutableArray* const loaded = NSMutableArray::array();
   for (NSUInteger index = 0; index < items->count(); ++index) {
     if (const auto* const item = objc::as<NSDictionary>(items->objectAtIndex(index)))
-      loaded->addObject(specifier(item, target, {bundle, propertyList}));
+      loaded->addObject(specifier(item, target, localized));
   }
   return loaded;
 }
@@ -77,6 +82,12 @@ NSObject* readPreferenceValue(PSListController*, PSSpecifier* specifier) {
   const std::string domain = base::textOf(textProperty(specifier, "defaults"_ns));
   NSObject* const stored = foundation::PreferenceDomain::named(domain).value(textProperty(specifier, "key"_ns));
   return stored != nullptr ? stored : specifier->propertyForKey("default"_ns);
+}
+
+void loadView(PSListController* self) {
+  self->specifiers();
+  const auto view = makePageView(self, objc::state(self).title);
+  objc::send<void, "setView:">(self, view.get());
 }
 
 void setPreferenceValue(PSListController*, NSObject* value, PSSpecifier* specifier) {
@@ -94,6 +105,7 @@ void setPreferenceValue(PSListController*, NSObject* value, PSSpecifier* specifi
 }  // namespace
 
 void registerClasses() {
+  if (PSListController::classObject() != nullptr) return;
   const objc::AutoreleasePool pool;
   static constexpr objc::MethodEntry ofSpecifiers[] = {
       objc::method<"name", &name>(),
@@ -102,6 +114,7 @@ void registerClasses() {
   };
   static constexpr objc::MethodEntry ofPages[] = {
       objc::method<"bundle", &bundle>(),
+      objc::method<"loadView", &loadView>(),
       objc::method<"specifiers", &specifiers>(),
       objc::method<"loadSpecifiersFromPlistName:target:", &loadSpecifiers>(),
       objc::method<"readPreferenceValue:", &readPreferenceValue>(),
@@ -110,9 +123,14 @@ void registerClasses() {
   static constexpr objc::FieldEntry fieldsOfPages[] = {
       objc::field<decltype(PSListControllerState::specifiers)>("_specifiers",
                                                                offsetof(PSListControllerState, specifiers)),
+      objc::field<decltype(PSListControllerState::title)>("_title", offsetof(PSListControllerState, title)),
   };
   objc::defineClassWithState<PSSpecifier>(ofSpecifiers);
   objc::defineClassWithState<PSListController>(ofPages, fieldsOfPages);
+  defineTableCell();
+  defineTableView();
+  defineBackButton();
+  definePageView();
 }
 
 void tap(PSSpecifier* button) {

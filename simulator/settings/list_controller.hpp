@@ -18,6 +18,7 @@ struct objc::StateOf<PSSpecifier> {
 
 struct PSListControllerState {
   objc::Ref<NSArray> specifiers;
+  objc::Ref<NSString> title;  // of the property list that was loaded last; nil if it has none
 };
 template <>
 struct objc::StateOf<PSListController> {
@@ -26,7 +27,7 @@ struct objc::StateOf<PSListController> {
 
 namespace settings_application {
 
-// Registers the classes. Call it once, after uikit::registerClasses.
+// Registers the classes. Call this after uikit::registerClasses. Does nothing if the classes are registered.
 void registerClasses();
 
 // Executes the action of a button, as a tap does. Does nothing if the target does not respond to the action or the

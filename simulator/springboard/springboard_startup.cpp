@@ -27,6 +27,8 @@
 #include "simulator/springboard/services/notification_dispatcher.hpp"
 #include "simulator/springboard/services/notification_request.hpp"
 #include "simulator/springboard/services/placeholder_digest.hpp"
+#include "simulator/springboard/settings_application/settings_view.hpp"
+#include "simulator/springboard/shell/application_page.hpp"
 #include "simulator/springboard/shell/grabber.hpp"
 #include "simulator/springboard/shell/home_indicator.hpp"
 #include "simulator/springboard/shell/home_screen.hpp"
@@ -98,12 +100,15 @@ void registerClasses() {
   defineListView();
   defineLockScreen();
   defineGrabber();
+  defineSettingsView();
   defineApplication();
   defineBulletinServer();
   defineFeedback();
   setLongLookPresentation(
       {.present = &presentLongLook, .dismiss = &dismissLongLook, .openedShortLook = &openedShortLook});
   addDestinations();
+  // The sample banner covers the place of the status bar, as a banner on the screen does.
+  setPageContents("com.apple.Preferences", {&makeSettingsView, StatusBarVisibility::Hidden});
 }
 
 void start(const std::filesystem::path& applicationArtwork) {

@@ -2,7 +2,11 @@
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/controls/control.hpp"
+#include "simulator/uikit/controls/scroll_view.hpp"
+#include "simulator/uikit/controls/slider.hpp"
+#include "simulator/uikit/controls/switch.hpp"
 #include "simulator/uikit/controls/text_field.hpp"
+#include "simulator/uikit/controls/thumb.hpp"
 #include "simulator/uikit/images/image_class.hpp"
 #include "simulator/uikit/keyboard/keyboard.hpp"
 #include "simulator/uikit/keyboard/keyboard_key.hpp"
@@ -38,6 +42,10 @@ void registerClasses() {
   defineControl();
   defineButton();
   defineTextField();
+  defineThumb();
+  defineSwitch();
+  defineSlider();
+  defineScrollView();
   defineStackView();
   defineVisualEffectView();
   defineKeyboard();

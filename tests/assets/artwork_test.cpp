@@ -11,11 +11,11 @@
 namespace assets_test {
 namespace {
 
-constexpr std::array icons = {"com.apple.MobileSMS",    "com.apple.mobiletimer",       "com.apple.mobilemail",
-                              "com.apple.mobilecal",    "com.apple.reminders",         "com.apple.Maps",
-                              "net.whatsapp.WhatsApp",  "net.whatsapp.WhatsAppSMB",    "com.atebits.Tweetie2",
-                              "com.tinyspeck.chatlyio", "com.hammerandchisel.discord", "com.burbn.instagram",
-                              "com.facebook.Messenger", "ph.telegra.Telegraph",        "placeholder"};
+constexpr std::array icons = {
+    "com.apple.MobileSMS",    "com.apple.mobiletimer",  "com.apple.mobilemail",        "com.apple.mobilecal",
+    "com.apple.reminders",    "com.apple.Maps",         "net.whatsapp.WhatsApp",       "net.whatsapp.WhatsAppSMB",
+    "com.atebits.Tweetie2",   "com.tinyspeck.chatlyio", "com.hammerandchisel.discord", "com.burbn.instagram",
+    "com.facebook.Messenger", "ph.telegra.Telegraph",   "com.apple.Preferences",       "placeholder"};
 
 std::string pathOf(const std::string& name) { return std::string(ARTWORK "/") + name + ".png"; }
 

@@ -21,19 +21,13 @@ struct ApplicationName {
 
 // The applications that can be installed, in the order of the home screen.
 constexpr ApplicationName knownApplications[] = {
-    {"com.apple.mobilecal", "Calendar"},
-    {"com.apple.mobiletimer", "Clock"},
-    {"com.apple.reminders", "Reminders"},
-    {"com.atebits.Tweetie2", "Twitter"},
-    {"com.burbn.instagram", "Instagram"},
-    {"com.facebook.Messenger", "Messenger"},
-    {"com.hammerandchisel.discord", "Discord"},
-    {"com.tinyspeck.chatlyio", "Slack"},
-    {"net.whatsapp.WhatsAppSMB", "Business"},
-    {"ph.telegra.Telegraph", "Telegram"},
-    {"com.apple.Maps", "Maps"},
-    {"com.apple.mobilemail", "Mail"},
-    {"com.apple.MobileSMS", "Messages"},
+    {"com.apple.mobilecal", "Calendar"},        {"com.apple.mobiletimer", "Clock"},
+    {"com.apple.reminders", "Reminders"},       {"com.atebits.Tweetie2", "Twitter"},
+    {"com.burbn.instagram", "Instagram"},       {"com.facebook.Messenger", "Messenger"},
+    {"com.hammerandchisel.discord", "Discord"}, {"com.tinyspeck.chatlyio", "Slack"},
+    {"net.whatsapp.WhatsAppSMB", "Business"},   {"ph.telegra.Telegraph", "Telegram"},
+    {"com.apple.Preferences", "Settings"},      {"com.apple.Maps", "Maps"},
+    {"com.apple.mobilemail", "Mail"},           {"com.apple.MobileSMS", "Messages"},
     {"net.whatsapp.WhatsApp", "WhatsApp"},
 };
 

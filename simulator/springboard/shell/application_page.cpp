@@ -1,5 +1,7 @@
 #include "simulator/springboard/shell/application_page.hpp"
 
+#include <map>
+
 #include "platform/ui_image_view.hpp"
 #include "platform/ui_label.hpp"
 #include "platform/ui_visual_effect_view.hpp"
@@ -27,6 +29,7 @@ constexpr CGFloat nameHeight = 30;
 constexpr CGFloat nameFontSize = 24;
 
 struct Page {
+  StatusBarVisibility statusBar = StatusBarVisibility::Shown;
   objc::Ref<UIWindow> window;
   objc::Ref<UIView> contents;
   CGRect icon = {};  // the frame of the icon on the home screen
@@ -35,6 +38,11 @@ struct Page {
 Page& openPage() {
   static Page& page = *new Page;
   return page;
+}
+
+std::map<std::string, PageContents>& contentsOfApplications() {
+  static auto& all = *new std::map<std::string, PageContents>;
+  return all;
 }
 
 CGRect screen() { return {{}, uikit::environment().device.screen}; }
@@ -63,17 +71,39 @@ void addIconAndName(UIView* contents, const std::string& bundleIdentifier) {
   contents->addSubview(name);
 }
 
+objc::Ref<UIView> makePlainContents(const std::string& bundleIdentifier) {
+  auto contents = UIView::withFrame<UIView>(screen());
+  addBackground(contents);
+  addIconAndName(contents, bundleIdentifier);
+  addHomeIndicator(contents, IndicatorColor::White, &closeApplicationPage);
+  return contents;
+}
+
+void addContents(Page& page, const std::string& bundleIdentifier) {
+  const auto found = contentsOfApplications().find(bundleIdentifier);
+  if (found == contentsOfApplications().end()) {
+    page.contents = makePlainContents(bundleIdentifier);
+  } else {
+    page.contents = found->second.make();
+    page.statusBar = found->second.statusBar;
+    addHomeIndicator(page.contents, IndicatorColor::OfTexts, &closeApplicationPage);
+  }
+  page.window->addSubview(page.contents);
+}
+
 // Collapses the page to the icon. The contents keep their size, and their center stays in the center of the window.
 void collapse(const Page& page) {
   const CGSize size = screen().size;
   page.window->setFrame(page.icon);
   page.window->setAlpha(0);
+  setStatusBarVisibility(StatusBarVisibility::Shown);
   page.contents->setFrame({{(page.icon.size.width - size.width) / 2, (page.icon.size.height - size.height) / 2}, size});
 }
 
 void expand(const Page& page) {
   page.window->setFrame(screen());
   page.window->setAlpha(1);
+  setStatusBarVisibility(page.statusBar);
   page.contents->setFrame(screen());
 }
 
@@ -81,16 +111,19 @@ void setCornerRadius(const Page& page, CGFloat radius) { page.window->layer()->s
 
 }  // namespace
 
+void setPageContents(const std::string& bundleIdentifier, const PageContents& contents) {
+  contentsOfApplications()[bundleIdentifier] = contents;
+}
+
 void openApplicationPage(const std::string& bundleIdentifier, CGRect icon) {
   if (openPage().window != nullptr) return;
-  const Page page = {UIView::withFrame<UIWindow>(screen()), UIView::withFrame<UIView>(screen()), icon};
+  Page page;
+  page.window = UIView::withFrame<UIWindow>(screen());
+  page.icon = icon;
   objc::send<void, "setWindowLevel:">(page.window.get(), CGFloat{pageLevel});
   page.window->setClipsToBounds(true);
   page.window->layer()->setContinuousCorners(true);
-  page.window->addSubview(page.contents);
-  addBackground(page.contents);
-  addIconAndName(page.contents, bundleIdentifier);
-  addHomeIndicator(page.contents, &closeApplicationPage);
+  addContents(page, bundleIdentifier);
   openPage() = page;
   collapse(page);
   setCornerRadius(page, movingCornerRadius);
@@ -109,5 +142,7 @@ void closeApplicationPage() {
   UIView::animate(openingSeconds, objc::block([page] { collapse(page); }),
                   objc::block([page](bool) { hideWindowAboveHomeScreen(page.window); }));
 }
+
+StatusBarVisibility statusBarOfOpenPage() { return openPage().statusBar; }
 
 }  // namespace springboard

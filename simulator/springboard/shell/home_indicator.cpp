@@ -4,6 +4,8 @@
 
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/environment/trait_collection.hpp"
+#include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view.hpp"
 
 namespace springboard {
@@ -17,11 +19,13 @@ constexpr CGFloat minSwipe = 40;
 
 void draw(SBHomeIndicatorView* self, void* target) {
   const CGSize size = self->bounds().size;
-  const drawing::Color white = {1, 1, 1, 0.9};
+  const bool isWhite = objc::state(self).color == IndicatorColor::White;
+  drawing::Color color = isWhite ? drawing::Color{1, 1, 1} : uikit::colorOf(uikit::labelColor(uikit::styleOf(self)));
+  color.alpha = 0.9;
   static_cast<drawing::Canvas*>(target)->fillRoundedRectangle(
       {(size.width - barSize.width) / 2, size.height - barDistanceFromEdge - barSize.height, barSize.width,
        barSize.height},
-      {barSize.height / 2}, white);
+      {barSize.height / 2}, color);
 }
 
 void handlePan(SBHomeIndicatorView* self, UIPanGestureRecognizer* recognizer) {
@@ -34,11 +38,12 @@ void handlePan(SBHomeIndicatorView* self, UIPanGestureRecognizer* recognizer) {
 
 }  // namespace
 
-void addHomeIndicator(UIView* view, std::function<void()> swipedUp) {
+void addHomeIndicator(UIView* view, IndicatorColor color, std::function<void()> swipedUp) {
   const CGFloat height = uikit::environment().device.safeArea.bottom;
   if (height <= 0) return;
   const CGSize size = view->bounds().size;
   auto indicator = UIView::withFrame<SBHomeIndicatorView>({{0, size.height - height}, {size.width, height}});
+  objc::state(indicator.get()).color = color;
   objc::state(indicator.get()).swipedUp = std::move(swipedUp);
   indicator->addGestureRecognizer(
       UIPanGestureRecognizer::withTarget(indicator, objc::selector<"_handlePanOnIndicator:">()));

@@ -7,7 +7,15 @@
 #include "objc/class_definition.hpp"
 #include "platform/ui_view.hpp"
 
+namespace springboard {
+
+// The color of the indicator: white, or the color of texts in the current appearance.
+enum class IndicatorColor { White, OfTexts };
+
+}  // namespace springboard
+
 struct HomeIndicatorState {
+  springboard::IndicatorColor color = springboard::IndicatorColor::White;
   std::function<void()> swipedUp;
 };
 
@@ -21,7 +29,7 @@ namespace springboard {
 
 // Adds the indicator to a view that covers the screen. The indicator calls `swipedUp` after an upward swipe. Does
 // nothing on a device with a home button.
-void addHomeIndicator(UIView* view, std::function<void()> swipedUp);
+void addHomeIndicator(UIView* view, IndicatorColor color, std::function<void()> swipedUp);
 
 void defineHomeIndicator();
 

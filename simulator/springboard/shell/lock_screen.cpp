@@ -8,6 +8,7 @@
 #include "simulator/springboard/banner/banner_window.hpp"
 #include "simulator/springboard/long_look/long_look_presenter.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
+#include "simulator/springboard/shell/application_page.hpp"
 #include "simulator/springboard/shell/clocks.hpp"
 #include "simulator/springboard/shell/home_indicator.hpp"
 #include "simulator/springboard/shell/wallpaper_view.hpp"
@@ -73,7 +74,7 @@ void makeWindow(LockScreenState& state) {
   state.list =
       UIView::withFrame<NCNotificationListView>({{0, listTop}, {screen.size.width, screen.size.height - listTop}});
   state.window->addSubview(state.list);
-  addHomeIndicator(state.window, &openLockScreen);
+  addHomeIndicator(state.window, IndicatorColor::White, &openLockScreen);
 }
 
 Grouping groupingOfSystem() { return systemVersionIsBelow("12.0"_ns) ? Grouping::None : Grouping::ByConversation; }
@@ -97,6 +98,7 @@ void activate(LockScreen* self, bool, NSObject*, bool, bool, bool, bool, Complet
   makeWindow(state);
   NCNotificationDispatcher::shared()->observeList(&scheduleRefresh);
   self->refresh();
+  setStatusBarVisibility(StatusBarVisibility::Shown);
   state.window->setHidden(false);
   if (completion != nullptr) (*completion)();
 }
@@ -109,6 +111,7 @@ void unlock(LockScreen* self, NSInteger, NSObject*) {
   dismissLongLook(LongLookChange::Immediate);
   NCNotificationDispatcher::shared()->observeList(nullptr);
   hideWindowAboveHomeScreen(state.window);
+  setStatusBarVisibility(statusBarOfOpenPage());
   state = {};
 }
 

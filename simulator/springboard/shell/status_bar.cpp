@@ -62,6 +62,10 @@ void refreshStatusBar() {
   clock->setText(currentTime());
 }
 
+void setStatusBarVisibility(StatusBarVisibility visibility) {
+  statusBar->setAlpha(visibility == StatusBarVisibility::Shown ? 1 : 0);
+}
+
 void makeStatusBar() {
   const base::DeviceProfile& device = uikit::environment().device;
   statusBar = UIView::withFrame<UIStatusBarWindow>({{}, {device.screen.width, device.safeArea.top}}).leak();

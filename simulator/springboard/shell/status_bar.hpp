@@ -23,4 +23,8 @@ void makeStatusBar();
 // Updates the displayed time.
 void refreshStatusBar();
 
+enum class StatusBarVisibility { Shown, Hidden };
+// Shows or hides the contents of the status bar. The change is animated inside an animation block.
+void setStatusBarVisibility(StatusBarVisibility visibility);
+
 }  // namespace springboard

@@ -16,6 +16,7 @@ inline constexpr auto touchDragEnter = static_cast<UIControlEvents>(1 << 4);
 inline constexpr auto touchDragExit = static_cast<UIControlEvents>(1 << 5);
 inline constexpr auto touchUpOutside = static_cast<UIControlEvents>(1 << 7);
 inline constexpr auto touchCancel = static_cast<UIControlEvents>(1 << 8);
+inline constexpr auto valueChanged = static_cast<UIControlEvents>(1 << 12);
 inline constexpr auto editingChanged = static_cast<UIControlEvents>(1 << 17);
 
 inline constexpr auto highlightedState = static_cast<UIControlState>(1 << 0);
