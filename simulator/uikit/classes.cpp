@@ -1,6 +1,7 @@
 #include "simulator/uikit/classes.hpp"
 
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/uikit/accessibility/accessibility.hpp"
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/controls/scroll_view.hpp"
 #include "simulator/uikit/controls/slider.hpp"
@@ -49,6 +50,7 @@ void registerClasses() {
   defineStackView();
   defineVisualEffectView();
   defineKeyboard();
+  defineAccessibility();
   // Lays out the views that changed during a run-loop iteration. The layout happens at the end of the iteration,
   // outside of any animation block. The finished layout is then presented.
   foundation::observeEndOfIteration([] {

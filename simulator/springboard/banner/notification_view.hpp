@@ -2,6 +2,8 @@
 // thread.
 #pragma once
 
+#include <string>
+
 #include "objc/class_definition.hpp"
 #include "platform/nc_notification_view.hpp"
 #include "platform/ui_visual_effect_view.hpp"
@@ -41,6 +43,10 @@ CGFloat heightOfShortLookView(const NCNotificationShortLookView* view, CGFloat w
 // subviews, including subviews outside its bounds.
 objc::Ref<UIView> makeNotificationView(NCNotificationShortLookView* content);
 NCNotificationShortLookView* contentViewOf(const UIView* notificationView);
+
+// Returns the name of the request's application and those texts of the request that the view shows, for assistive
+// technologies. Texts that the view hides for privacy are not part of the name.
+std::string accessibleNameOf(const NCNotificationRequest* request, const UIView* view);
 
 void defineShortLookView();
 // Defines the classes of the notification view, which depend on the system version.

@@ -7,6 +7,7 @@
 #include "simulator/springboard/banner/banner_gestures.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
 #include "simulator/springboard/list/pile_edges.hpp"
+#include "simulator/uikit/accessibility/accessibility.hpp"
 
 namespace springboard {
 
@@ -18,6 +19,14 @@ NSString* footnoteFor(std::size_t others) {
   if (others == 0) return nullptr;
   return base::stringOf(std::to_string(others) + (others == 1 ? " more notification" : " more notifications"));
 }
+
+bool isAccessibilityElement(Cell*) { return true; }
+NSString* accessibilityLabel(Cell* self) {
+  const NotificationGroup& group = objc::state(self).group;
+  return base::stringOf(
+      uikit::joined({accessibleNameOf(group.front(), self), base::textOf(footnoteFor(group.size() - 1))}));
+}
+uikit::AccessibleRole accessibleRole(Cell*) { return uikit::AccessibleRole::ListItem; }
 
 }  // namespace
 
@@ -45,6 +54,13 @@ void refreshDate(const Cell* cell) {
   refreshDate(objc::state(contentViewOf(controller->view())).header, controller->notificationRequest());
 }
 
-void defineListCell() { objc::defineClassWithState<Cell>({}); }
+void defineListCell() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"isAccessibilityElement", &isAccessibilityElement>(),
+      objc::method<"accessibilityLabel", &accessibilityLabel>(),
+      objc::method<"_accessibleRole", &accessibleRole>(),
+  };
+  objc::defineClassWithState<Cell>(methods);
+}
 
 }  // namespace springboard

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "objc/class_definition.hpp"
 #include "simulator/springboard/list/notification_list_cell.hpp"
+#include "simulator/uikit/accessibility/accessible_element.hpp"
 
 namespace springboard {
 
@@ -33,6 +35,9 @@ objc::Ref<Cell> cellFor(const NotificationGroup& group, const Cells& shown, CGFl
   return makeListCell(group, width);
 }
 
+NSString* accessibilityLabel(NCNotificationListView*) { return "Notifications"_ns; }
+uikit::AccessibleRole accessibleRole(NCNotificationListView*) { return uikit::AccessibleRole::List; }
+
 }  // namespace
 
 void showGroups(NCNotificationListView* view, const std::vector<NotificationGroup>& groups) {
@@ -53,6 +58,12 @@ void showGroups(NCNotificationListView* view, const std::vector<NotificationGrou
   for (const objc::Ref<Cell>& cell : cells) view->addSubview(cell);
 }
 
-void defineListView() { objc::defineClass<NCNotificationListView>({}); }
+void defineListView() {
+  static constexpr objc::MethodEntry methods[] = {
+      objc::method<"accessibilityLabel", &accessibilityLabel>(),
+      objc::method<"_accessibleRole", &accessibleRole>(),
+  };
+  objc::defineClass<NCNotificationListView>(methods);
+}
 
 }  // namespace springboard

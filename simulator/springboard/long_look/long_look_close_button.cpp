@@ -2,6 +2,7 @@
 
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/springboard/platter/platter_style.hpp"
+#include "simulator/uikit/accessibility/accessibility.hpp"
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view.hpp"
@@ -32,7 +33,11 @@ void draw(NCLongLookCloseButton* self, void* target) {
 
 }  // namespace
 
-objc::Ref<UIControl> makeCloseButton() { return UIView::withFrame<NCLongLookCloseButton>({}); }
+objc::Ref<UIControl> makeCloseButton() {
+  auto button = UIView::withFrame<NCLongLookCloseButton>({});
+  uikit::makeAccessible(button, uikit::AccessibilityTraitButton, "Close"_ns);
+  return button;
+}
 
 void defineCloseButton() {
   static constexpr objc::MethodEntry methods[] = {objc::method<"_drawContentInCanvas:", &draw>()};

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "simulator/base/foundation_json.hpp"
 #include "simulator/springboard/long_look/long_look_close_button.hpp"
 #include "simulator/springboard/platter/label_stack.hpp"
 #include "simulator/springboard/platter/platter_style.hpp"
+#include "simulator/uikit/accessibility/accessibility.hpp"
 #include "simulator/uikit/views/view.hpp"
 
 namespace springboard {
@@ -83,6 +85,10 @@ void traitCollectionDidChange(View* self, UITraitCollection* previous) {
   recolor(self);
 }
 
+uikit::AccessibleRole accessibleRole(View*) { return uikit::AccessibleRole::Group; }
+NSString* accessibilityLabel(View* self) { return base::stringOf(uikit::joined(uikit::textsIn(self))); }
+void addAccessibleActions(View*, void* actions) { uikit::accessibleActionsAt(actions).push_back({"activate"}); }
+
 }  // namespace
 
 objc::Ref<View> makeLongLookView(const NCNotificationRequest* request) {
@@ -110,6 +116,9 @@ void defineLongLookView() {
   static constexpr objc::MethodEntry methods[] = {
       objc::method<"layoutSubviews", &layoutSubviews>(),
       objc::method<"traitCollectionDidChange:", &traitCollectionDidChange>(),
+      objc::method<"_accessibleRole", &accessibleRole>(),
+      objc::method<"accessibilityLabel", &accessibilityLabel>(),
+      objc::method<"_addAccessibleActions:", &addAccessibleActions>(),
   };
   objc::defineClassWithState<View>(methods);
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "simulator/drawing/canvas.hpp"
+#include "simulator/uikit/accessibility/accessibility.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
 #include "simulator/uikit/views/color.hpp"
@@ -36,6 +37,10 @@ void handlePan(SBHomeIndicatorView* self, UIPanGestureRecognizer* recognizer) {
   swipedUp();
 }
 
+void addAccessibleActions(SBHomeIndicatorView*, void* actions) {
+  uikit::accessibleActionsAt(actions).push_back({"activate", {0, -3 * minSwipe}});
+}
+
 }  // namespace
 
 void addHomeIndicator(UIView* view, IndicatorColor color, std::function<void()> swipedUp) {
@@ -47,6 +52,7 @@ void addHomeIndicator(UIView* view, IndicatorColor color, std::function<void()> 
   objc::state(indicator.get()).swipedUp = std::move(swipedUp);
   indicator->addGestureRecognizer(
       UIPanGestureRecognizer::withTarget(indicator, objc::selector<"_handlePanOnIndicator:">()));
+  uikit::makeAccessible(indicator, uikit::AccessibilityTraitButton, "Home"_ns);
   view->addSubview(indicator);
 }
 
@@ -54,6 +60,7 @@ void defineHomeIndicator() {
   static constexpr objc::MethodEntry methods[] = {
       objc::method<"_drawContentInCanvas:", &draw>(),
       objc::method<"_handlePanOnIndicator:", &handlePan>(),
+      objc::method<"_addAccessibleActions:", &addAccessibleActions>(),
   };
   objc::defineClassWithState<SBHomeIndicatorView>(methods);
 }

@@ -11,6 +11,7 @@
 #include "simulator/springboard/shell/application_page.hpp"
 #include "simulator/springboard/shell/icon_label.hpp"
 #include "simulator/springboard/shell/wallpaper_view.hpp"
+#include "simulator/uikit/accessibility/accessibility.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
 namespace springboard {
@@ -49,6 +50,7 @@ void addIcon(UIView* parent, const PlacedIcon& placed) {
   icon->layer()->setCornerRadius(iconCornerRadius);
   icon->layer()->setContinuousCorners(true);
   icon->setClipsToBounds(true);
+  uikit::makeAccessible(icon, uikit::AccessibilityTraitImage, base::stringOf(nameOf(placed.application)));
   parent->addSubview(icon);
 }
 
