@@ -27,11 +27,13 @@
 #include "simulator/springboard/services/notification_dispatcher.hpp"
 #include "simulator/springboard/services/notification_request.hpp"
 #include "simulator/springboard/services/placeholder_digest.hpp"
+#include "simulator/springboard/shell/cover_sheet.hpp"
 #include "simulator/springboard/shell/grabber.hpp"
 #include "simulator/springboard/shell/home_indicator.hpp"
 #include "simulator/springboard/shell/home_screen.hpp"
 #include "simulator/springboard/shell/icon_label.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
+#include "simulator/springboard/shell/notification_center.hpp"
 #include "simulator/springboard/shell/springboard_application.hpp"
 #include "simulator/springboard/shell/status_bar.hpp"
 #include "simulator/springboard/shell/wallpaper_view.hpp"
@@ -96,7 +98,9 @@ void registerClasses() {
   defineNotificationDispatcher();
   defineListCell();
   defineListView();
+  defineCoverSheet();
   defineLockScreen();
+  defineNotificationCenter();
   defineGrabber();
   defineApplication();
   defineBulletinServer();
@@ -112,7 +116,7 @@ void start(const std::filesystem::path& applicationArtwork) {
   installPlaceholderDigest();
   uikit::setSharedApplication(objc::make<SpringBoard>());
   const auto homeWindow = makeHomeWindow();
-  makeStatusBar();
+  enableNotificationCenter(makeStatusBar());
   makeBannerWindow(homeWindow);
   startBulletinServer();
   listenForBulletins(&presentBulletin);

@@ -39,10 +39,11 @@ void addHomeIndicator(UIView* view, std::function<void()> swipedUp) {
   if (height <= 0) return;
   const CGSize size = view->bounds().size;
   auto indicator = UIView::withFrame<SBHomeIndicatorView>({{0, size.height - height}, {size.width, height}});
+  view->addSubview(indicator);
+  if (!swipedUp) return indicator->setUserInteractionEnabled(false);
   objc::state(indicator.get()).swipedUp = std::move(swipedUp);
   indicator->addGestureRecognizer(
       UIPanGestureRecognizer::withTarget(indicator, objc::selector<"_handlePanOnIndicator:">()));
-  view->addSubview(indicator);
 }
 
 void defineHomeIndicator() {
