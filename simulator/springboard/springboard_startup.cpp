@@ -29,11 +29,13 @@
 #include "simulator/springboard/services/placeholder_digest.hpp"
 #include "simulator/springboard/settings_application/settings_view.hpp"
 #include "simulator/springboard/shell/application_page.hpp"
+#include "simulator/springboard/shell/cover_sheet.hpp"
 #include "simulator/springboard/shell/grabber.hpp"
 #include "simulator/springboard/shell/home_indicator.hpp"
 #include "simulator/springboard/shell/home_screen.hpp"
 #include "simulator/springboard/shell/icon_label.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
+#include "simulator/springboard/shell/notification_center.hpp"
 #include "simulator/springboard/shell/springboard_application.hpp"
 #include "simulator/springboard/shell/status_bar.hpp"
 #include "simulator/springboard/shell/wallpaper_view.hpp"
@@ -98,7 +100,9 @@ void registerClasses() {
   defineNotificationDispatcher();
   defineListCell();
   defineListView();
+  defineCoverSheet();
   defineLockScreen();
+  defineNotificationCenter();
   defineGrabber();
   defineSettingsView();
   defineApplication();
@@ -117,7 +121,7 @@ void start(const std::filesystem::path& applicationArtwork) {
   installPlaceholderDigest();
   uikit::setSharedApplication(objc::make<SpringBoard>());
   const auto homeWindow = makeHomeWindow();
-  makeStatusBar();
+  enableNotificationCenter(makeStatusBar());
   makeBannerWindow(homeWindow);
   startBulletinServer();
   listenForBulletins(&presentBulletin);

@@ -121,7 +121,7 @@ TEST(NotificationList, PresentsThePlatformsLongLook) {
   present(phone);
   phone.run({{"do", "lock"}});
   phone.wait(2);
-  const auto* list = objc::state(SBLockScreenManager::sharedInstance()).list.get();
+  const auto* list = objc::state(objc::state(SBLockScreenManager::sharedInstance()).sheet.get()).list.get();
   const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->firstObject());
   objc::send<void, "_presentLongLookForScrollAnimated:completion:">(objc::state(cell).controller.get(), true,
                                                                     static_cast<objc::Block<void(bool)>*>(nullptr));

@@ -20,7 +20,7 @@ class ListedLongLook : public LongLook {
     openLongLookOfCell(0);
   }
   void openLongLookOfCell(NSUInteger index) {
-    const auto* list = objc::state(SBLockScreenManager::sharedInstance()).list.get();
+    const auto* list = objc::state(objc::state(SBLockScreenManager::sharedInstance()).sheet.get()).list.get();
     const auto* cell = static_cast<NCNotificationListCell*>(list->subviews()->objectAtIndex(index));
     const auto completion = objc::block([this](bool opened) { wasOpened = opened; });
     objc::send<void, "presentLongLookAnimated:trigger:completion:">(

@@ -7,7 +7,9 @@
 #include "simulator/springboard/banner/banner_gestures.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
 #include "simulator/springboard/list/pile_edges.hpp"
+#include "simulator/springboard/services/notification_dispatcher.hpp"
 #include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/views/view.hpp"
 
 namespace springboard {
 
@@ -33,7 +35,9 @@ uikit::AccessibleRole accessibleRole(Cell*) { return uikit::AccessibleRole::List
 objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   auto cell = UIView::withFrame<Cell>({});
   const auto controller = makeShortLookController(group.front());
-  objc::state(cell.get()) = {group, controller};
+  NotificationListCellState& state = objc::state(cell.get());
+  state.group = group;
+  state.controller = controller;
   UIView* view = controller->view();
   NCNotificationShortLookView* content = contentViewOf(view);
   const std::size_t others = group.size() - 1;
@@ -43,7 +47,7 @@ objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   const CGFloat edgesHeight = addPileEdges(cell, others, front);
   view->setFrame({{}, front});
   content->setFrame({{}, front});
-  addTap(controller, view);
+  if (others == 0) addTap(controller, view);
   cell->addSubview(view);
   cell->setFrame({{}, {width, front.height + edgesHeight}});
   return cell;
@@ -52,6 +56,43 @@ objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
 void refreshDate(const Cell* cell) {
   const auto& controller = objc::state(cell).controller;
   refreshDate(objc::state(contentViewOf(controller->view())).header, controller->notificationRequest());
+}
+
+void revealButtons(Cell* cell, CGFloat distance) {
+  NotificationListCellState& state = objc::state(cell);
+  if (state.buttons == nullptr) {
+    if (distance == 0) return;
+    state.buttons = makeCellButtons(state.group.size());
+    cell->addSubview(state.buttons);
+    placeCellButtons(state.buttons, cell->bounds().size, 0);
+  }
+  const bool mirrored = uikit::effectiveDirection(cell) == uikit::LayoutDirection::RightToLeft;
+  const CGFloat movement = (state.revealed - distance) * (mirrored ? -1 : 1);
+  state.revealed = distance;
+  for (NSUInteger index = 0; index < cell->subviews()->count(); ++index) {
+    auto* card = static_cast<UIView*>(cell->subviews()->objectAtIndex(index));
+    if (card == state.buttons) continue;
+    CGRect frame = card->frame();
+    frame.origin.x += movement;
+    card->setFrame(frame);
+  }
+  placeCellButtons(state.buttons, cell->bounds().size, distance);
+}
+
+void openLongLook(const Cell* cell) {
+  objc::send<void, "presentLongLookAnimated:trigger:completion:">(
+      objc::state(cell).controller.get(), true, NSInteger{0}, static_cast<objc::Block<void(bool)>*>(nullptr));
+}
+
+void clearNotifications(const Cell* cell) {
+  // A copy, because the list can remove the cell.
+  const NotificationGroup group = objc::state(cell).group;
+  for (const auto& request : group) {
+    if (NCNotificationAction* clear = request->clearAction())
+      makeShortLookController(request)->askDelegateToExecuteAction(clear, NSDictionary::dictionary(), true);
+    else
+      NCNotificationDispatcher::shared()->withdraw(request);
+  }
 }
 
 void defineListCell() {

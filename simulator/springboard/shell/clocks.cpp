@@ -4,7 +4,7 @@
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/platter/time_text.hpp"
-#include "simulator/springboard/shell/lock_screen.hpp"
+#include "simulator/springboard/shell/cover_sheet.hpp"
 #include "simulator/springboard/shell/status_bar.hpp"
 
 namespace springboard {
@@ -27,7 +27,7 @@ void refreshClocks() {
   if (minute == shownMinute) return;
   shownMinute = minute;
   refreshStatusBar();
-  SBLockScreenManager::sharedInstance()->refresh();
+  refreshCoverSheet();
 }
 
 }  // namespace springboard

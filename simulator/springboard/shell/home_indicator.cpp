@@ -49,11 +49,12 @@ void addHomeIndicator(UIView* view, IndicatorColor color, std::function<void()> 
   const CGSize size = view->bounds().size;
   auto indicator = UIView::withFrame<SBHomeIndicatorView>({{0, size.height - height}, {size.width, height}});
   objc::state(indicator.get()).color = color;
+  view->addSubview(indicator);
+  if (!swipedUp) return indicator->setUserInteractionEnabled(false);
   objc::state(indicator.get()).swipedUp = std::move(swipedUp);
   indicator->addGestureRecognizer(
       UIPanGestureRecognizer::withTarget(indicator, objc::selector<"_handlePanOnIndicator:">()));
   uikit::makeAccessible(indicator, uikit::AccessibilityTraitButton, "Home"_ns);
-  view->addSubview(indicator);
 }
 
 void defineHomeIndicator() {

@@ -27,8 +27,8 @@ struct objc::StateOf<SBHomeIndicatorView> {
 
 namespace springboard {
 
-// Adds the indicator to a view that covers the screen. The indicator calls `swipedUp` after an upward swipe. Does
-// nothing on a device with a home button.
+// Adds the indicator to a view that covers the screen. The indicator calls `swipedUp` after an upward swipe. If
+// `swipedUp` is null, the indicator accepts no touches. Does nothing on a device with a home button.
 void addHomeIndicator(UIView* view, IndicatorColor color, std::function<void()> swipedUp);
 
 void defineHomeIndicator();

@@ -1,15 +1,11 @@
-// The lock screen: a window above the home screen that shows the time and the notification list. Main thread.
+// The lock screen: a cover sheet above the home screen. Main thread.
 #pragma once
 
-#include "platform/ui_label.hpp"
-#include "platform/ui_window.hpp"
-#include "simulator/springboard/list/notification_list_view.hpp"
+#include "objc/class_definition.hpp"
+#include "simulator/springboard/shell/cover_sheet.hpp"
 
 struct LockScreenState {
-  objc::Ref<UIWindow> window;
-  objc::Ref<UILabel> clock;
-  objc::Ref<UILabel> day;
-  objc::Ref<NCNotificationListView> list;
+  objc::Ref<SBCoverSheetController> sheet;  // nil while the phone is unlocked
 };
 
 class SBLockScreenManager : public objc::Interface<"SBLockScreenManager", NSObject> {
@@ -22,8 +18,6 @@ class SBLockScreenManager : public objc::Interface<"SBLockScreenManager", NSObje
   void lock();
   // Hides the lock screen. Does nothing if the phone is unlocked.
   void unlock() { objc::send<void, "unlockUIFromSource:withOptions:">(this, NSInteger{0}, noOptions()); }
-  // Updates the time and the list. Does nothing if the phone is unlocked.
-  void refresh();
 
  private:
   static NSObject* noOptions() { return nullptr; }

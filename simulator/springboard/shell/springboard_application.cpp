@@ -10,6 +10,7 @@
 #include "simulator/springboard/services/messages_process.hpp"
 #include "simulator/springboard/shell/application_page.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
+#include "simulator/springboard/shell/notification_center.hpp"
 
 class NSSet : public objc::Interface<"NSSet", NSObject> {
  public:
@@ -51,13 +52,16 @@ namespace {
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
-// Releasing the home button dismisses all banners and unlocks the phone. If the phone is not locked, it closes the page
-// of an application.
+// Releasing the home button dismisses all banners and unlocks the phone. If the phone is not locked, it closes the
+// notification center or otherwise the page of an application.
 bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
   const auto* press = objc::as<UIPress>(event->allPresses()->anyObject());
   if (press == nullptr || press->type() != homeButtonPress || press->force() >= 1) return true;
   dismissAllBanners();
-  if (!SBLockScreenManager::sharedInstance()->isUILocked()) closeApplicationPage();
+  if (isNotificationCenterOpen())
+    closeNotificationCenter(NotificationCenterChange::Animated);
+  else if (!SBLockScreenManager::sharedInstance()->isUILocked())
+    closeApplicationPage();
   SBLockScreenManager::sharedInstance()->unlock();
   return true;
 }
@@ -65,8 +69,12 @@ bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
 bool launchApplication(SpringBoard*, NSString* bundleIdentifier, bool suspended) {
   base::recordEvent("launch", {{"bundle", base::jsonOf(bundleIdentifier)}, {"suspended", suspended}});
   if (bundleIdentifier == nullptr) return false;
-  // The unlocking is deferred, because callers can still use views of the lock screen.
-  if (!suspended) foundation::onMainThread([] { SBLockScreenManager::sharedInstance()->unlock(); });
+  // The cover sheet is removed later, because callers can still use its views.
+  if (!suspended)
+    foundation::onMainThread([] {
+      SBLockScreenManager::sharedInstance()->unlock();
+      closeNotificationCenter(NotificationCenterChange::Animated);
+    });
   // The simulator only starts a process for a launch of Messages in the background. Every other launch succeeds without
   // any effect.
   return !suspended || base::textOf(bundleIdentifier) != messagesIdentifier || launchMessages();

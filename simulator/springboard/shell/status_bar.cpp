@@ -48,7 +48,6 @@ objc::Ref<UIStatusBarBatteryView> makeBattery(CGFloat width) {
 UIStatusBarWindow* initWithFrame(UIStatusBarWindow* self, CGRect frame) {
   self = objc::sendSuper<"UIStatusBarWindow", UIStatusBarWindow*, "initWithFrame:">(self, frame);
   if (self == nullptr) return nullptr;
-  self->setUserInteractionEnabled(false);
   objc::state(self).clock = makeClock(frame.size.width);
   self->addSubview(objc::state(self).clock);
   self->addSubview(makeBattery(frame.size.width));
@@ -66,12 +65,13 @@ void setStatusBarVisibility(StatusBarVisibility visibility) {
   statusBar->setAlpha(visibility == StatusBarVisibility::Shown ? 1 : 0);
 }
 
-void makeStatusBar() {
+UIStatusBarWindow* makeStatusBar() {
   const base::DeviceProfile& device = uikit::environment().device;
   statusBar = UIView::withFrame<UIStatusBarWindow>({{}, {device.screen.width, device.safeArea.top}}).leak();
   objc::send<void, "setWindowLevel:">(statusBar, CGFloat{statusBarLevel});
   statusBar->setHidden(false);
   refreshStatusBar();
+  return statusBar;
 }
 
 void defineStatusBar() {

@@ -18,8 +18,8 @@ struct objc::StateOf<UIStatusBarWindow> {
 namespace springboard {
 
 void defineStatusBar();
-// Creates the window of the status bar. Call this once.
-void makeStatusBar();
+// Creates and returns the window of the status bar. Call this once.
+UIStatusBarWindow* makeStatusBar();
 // Updates the displayed time.
 void refreshStatusBar();
 

@@ -50,6 +50,23 @@ bool hasDragged(const GestureRecord& gesture) {
   return distance(gesture.down, gesture.location) >= dragDistance - roundingAllowance;
 }
 
+// Updates the speed from the distance since the last measurement. Movements without a difference in time, which a
+// script can make, do not change the speed. A finger that has rested has no speed.
+void measureVelocity(GestureRecord& gesture, double time) {
+  constexpr double maxRestSeconds = 0.1;
+  const double seconds = time - gesture.measuredTime;
+  if (seconds <= 0) return;
+  const CGPoint moved = {gesture.location.x - gesture.measuredLocation.x,
+                         gesture.location.y - gesture.measuredLocation.y};
+  if (moved.x == 0 && moved.y == 0) {
+    if (seconds > maxRestSeconds) gesture.velocity = {};
+    return;
+  }
+  gesture.velocity = {moved.x / seconds, moved.y / seconds};
+  gesture.measuredLocation = gesture.location;
+  gesture.measuredTime = time;
+}
+
 // Stores the location of the finger. A subclass calls this method of the base class first and then reads the location.
 void trackLocation(UIGestureRecognizer* self, NSObject* touches, NSObject*) {
   UITouch* touch = anyTouch(touches);
@@ -57,7 +74,11 @@ void trackLocation(UIGestureRecognizer* self, NSObject* touches, NSObject*) {
   gesture.location = touch->locationInView(nullptr);
   gesture.location =
       convertPoint(gesture.location, touch->view() == nullptr ? nullptr : rootOf(touch->view()), nullptr);
-  if (touch->phase() == UITouchPhase::Began) gesture.down = gesture.location;
+  if (touch->phase() != UITouchPhase::Began) return measureVelocity(gesture, touch->timestamp());
+  gesture.down = gesture.location;
+  gesture.velocity = {};
+  gesture.measuredLocation = gesture.location;
+  gesture.measuredTime = touch->timestamp();
 }
 
 void failOrCancel(UIGestureRecognizer* self) {
@@ -91,6 +112,8 @@ CGPoint translationInView(UIGestureRecognizer* self, UIView*) {
   const GestureRecord& gesture = objc::state(self);
   return {gesture.location.x - gesture.down.x, gesture.location.y - gesture.down.y};
 }
+
+CGPoint velocityInView(UIGestureRecognizer* self, UIView*) { return objc::state(self).velocity; }
 
 // Changes the start of the touch, so that the current location has this translation.
 void setTranslation(UIGestureRecognizer* self, CGPoint translation, UIView*) {
@@ -177,6 +200,7 @@ void defineGestureRecognizer() {
       objc::method<"touchesEnded:withEvent:", &panEnded>(),
       objc::method<"translationInView:", &translationInView>(),
       objc::method<"setTranslation:inView:", &setTranslation>(),
+      objc::method<"velocityInView:", &velocityInView>(),
   };
   objc::defineClassWithState<UIGestureRecognizer>(methods);
   objc::defineClass<UITapGestureRecognizer>(tapMethods);

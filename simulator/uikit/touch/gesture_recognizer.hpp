@@ -25,6 +25,10 @@ struct GestureRecord {
   bool cancelsTouchesInView = true;
   CGPoint down;      // where the touch began, in screen coordinates
   CGPoint location;  // where the touch is, in screen coordinates
+  // The speed of the touch in points per second, and where and when it was measured last.
+  CGPoint velocity;
+  CGPoint measuredLocation;
+  double measuredTime = 0;
 
   bool isRecognizing() const {
     return state == UIGestureRecognizerState::Began || state == UIGestureRecognizerState::Changed;
