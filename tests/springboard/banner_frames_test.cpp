@@ -32,4 +32,21 @@ TEST(BannerFrames, ShowANewPictureInEachFrameOfTheSlides) {
   EXPECT_LE(frames.unchanged, 3);
 }
 
+// Returns whether a new banner is visible before any time of the clock has passed.
+bool isVisibleImmediately(foundation::ClockMode clock) {
+  test::PlainPhone phone({.clock = clock});
+  uikit::ScreenPicture picture;
+  picture.update(1);
+  phone.present();
+  return cairo_region_is_empty(picture.update(1).get()) == 0;
+}
+
+TEST(BannerFrames, ShowABannerInTheIterationOfTheRequestOnTheRealClock) {
+  EXPECT_TRUE(isVisibleImmediately(foundation::ClockMode::Real));
+}
+
+TEST(BannerFrames, BeginAboveTheScreenOnASteppedClock) {
+  EXPECT_FALSE(isVisibleImmediately(foundation::ClockMode::Stepped));
+}
+
 }  // namespace

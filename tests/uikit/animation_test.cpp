@@ -2,6 +2,7 @@
 
 #include "platform/ui_view.hpp"
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/uikit/rendering/animation_frames.hpp"
 #include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view_geometry.hpp"
 #include "tests/uikit/uikit_fixture.hpp"
@@ -202,6 +203,26 @@ TEST_F(Animation, UnanimatedChangeKeepsTheRunningAnimation) {
   EXPECT_NEAR(shownFrame(view).origin.x, 150, 1e-9);
   foundation::stepClock(0.5);
   EXPECT_EQ(shownFrame(view).origin.x, 200);
+}
+
+TEST_F(Animation, SkipsTheFramesInWhichTheViewIsOutsideTheScreen) {
+  CGColor red = {{1, 0, 0, 1}};
+  view->layer()->setBackgroundColor(&red);
+  view->setFrame({{0, -200}, {100, 100}});
+  UIView::animate(1, objc::block([this] { view->setFrame({{0, 0}, {100, 100}}); }), logsCompletion("slide").get());
+  uikit::skipInvisibleFrames(view);
+  EXPECT_GT(shownFrame(view).origin.y, -100);
+  EXPECT_LT(shownFrame(view).origin.y, -90);
+  foundation::stepClock(0.49);
+  EXPECT_EQ(shownFrame(view).origin.y, 0);
+  EXPECT_EQ(takeLog(), Log{"slide finished"});
+}
+
+TEST_F(Animation, SkipsNothingOfAViewThatStaysOutsideTheScreen) {
+  view->setFrame({{0, -300}, {100, 100}});
+  UIView::animate(1, objc::block([this] { view->setFrame({{0, -200}, {100, 100}}); }));
+  uikit::skipInvisibleFrames(view);
+  EXPECT_EQ(shownFrame(view).origin.y, -300);
 }
 
 TEST_F(Animation, NullBlocksAreAllowed) {

@@ -6,11 +6,13 @@
 #include <vector>
 
 #include "simulator/base/event_log.hpp"
+#include "simulator/foundation/clock.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/banner/banner_gestures.hpp"
 #include "simulator/springboard/banner/banner_window.hpp"
 #include "simulator/springboard/banner/long_look_presentation.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
+#include "simulator/uikit/rendering/animation_frames.hpp"
 
 namespace springboard {
 
@@ -47,6 +49,17 @@ std::function<void(std::size_t)>& releaseObserver() {
 void animateTo(UIView* view, const CGRect& frame, objc::Block<void(bool)>* completion) {
   const auto retained = objc::retain(view);
   UIView::animate(slideSeconds, objc::block([retained, frame] { retained->setFrame(frame); }), completion);
+}
+
+// Makes a banner visible in the run-loop iteration of its presentation. The slide begins high above the screen, so the
+// banner would otherwise appear only after half of the slide. With a stepped clock, the whole slide takes place,
+// because the times of scripts are relative to the presentation.
+void startSlideAtEdge(std::size_t number) {
+  if (foundation::clock::mode() == foundation::ClockMode::Stepped) return;
+  foundation::onMainThread([number] {
+    if (isBannerOnScreen(number) && !isBannerBeingDismissed(number))
+      uikit::skipInvisibleFrames(banners().at(number).controller->view());
+  });
 }
 
 void release(std::size_t number) {
@@ -117,6 +130,7 @@ std::size_t presentBanner(Controller* controller) {
   layOutContent(controller);
   addToBannerWindow(view);
   animateTo(view, restingBannerFrame(), nullptr);
+  startSlideAtEdge(number);
   if (dismissesAutomatically(controller)) scheduleDismissal(number);
   return number;
 }

@@ -85,6 +85,11 @@ void AnimationGroup::start() {
   foundation::onMainThreadAfter(end() - foundation::now(), [self = shared_from_this()] { self->complete(); });
 }
 
+void AnimationGroup::advance(double seconds) {
+  begin_ -= seconds;
+  foundation::onMainThreadAfter(end() - foundation::now(), [self = shared_from_this()] { self->complete(); });
+}
+
 void AnimationGroup::leave() {
   if (completed_ || --pendingChanges_ > 0) return;
   finished_ = false;
@@ -128,6 +133,8 @@ std::shared_ptr<AnimationGroup> joinCurrentGroup() {
 }
 
 void leaveGroup(const std::shared_ptr<AnimationGroup>& group) { group->leave(); }
+
+void advanceGroup(AnimationGroup& group, double seconds) { group.advance(seconds); }
 
 bool isAnimating() { return latestEnd() > foundation::now(); }
 

@@ -32,6 +32,7 @@ bool hasEnded(const AnimationGroup& group, double now);
 // Adds a change to the current group and returns the group. Returns null if there is no current group.
 std::shared_ptr<AnimationGroup> joinCurrentGroup();
 void leaveGroup(const std::shared_ptr<AnimationGroup>& group);
+void advanceGroup(AnimationGroup& group, double seconds);
 // Returns the time of the shown values: the current time, or the time of a ShownTime.
 double animationTime();
 
@@ -88,6 +89,11 @@ class Animated {
     const double now = animationTime();
     return std::ranges::any_of(
         animations_, [now](const AdditiveAnimation<Value>& animation) { return !hasEnded(*animation.group, now); });
+  }
+
+  // Makes the animations of this value, and the other animations of their groups, continue as if this time had passed.
+  void advanceAnimations(double seconds) {
+    for (const AdditiveAnimation<Value>& animation : animations_) advanceGroup(*animation.group, seconds);
   }
 
   // Sets the shown value to the model value. The removed animations count as not finished.

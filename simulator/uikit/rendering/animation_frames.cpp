@@ -17,7 +17,7 @@ namespace {
 
 using foundation::Nanoseconds;
 
-// The search is continued after this number of frames, because an animation can have a delay of any length.
+// A search examines at most this number of frames, because an animation can have a delay of any length.
 constexpr int maxSearchedFrames = 60;
 
 struct Schedule {
@@ -74,7 +74,28 @@ void search() {
   requestFrame(frame, &invalidateAnimationFrames);
 }
 
+// Returns whether the view or a descendant paints a pixel of the screen at this time.
+bool isVisibleAt(UIView* view, Nanoseconds time) {
+  const ShownTime shown(foundation::secondsOf(time));
+  const ScreenContents contents = contentsOfWindow(view->window());
+  const auto root =
+      std::ranges::find_if(contents, [view](const PaintedView& painted) { return painted.appearance.view == view; });
+  return root != contents.end() && !root->covered.isEmpty();
+}
+
 }  // namespace
+
+void skipInvisibleFrames(UIView* view) {
+  if (view->window() == nullptr) return;
+  layoutWindows();
+  const Nanoseconds now = foundation::clock::now();
+  Nanoseconds frame = now;
+  for (int searched = 0; searched < maxSearchedFrames && !isVisibleAt(view, frame); ++searched)
+    frame = foundation::frameTimeAfter(frame);
+  if (!isVisibleAt(view, frame)) return;
+  record(view).layer.origin.advanceAnimations(foundation::secondsOf(frame - now));
+  noteDisplayChange();
+}
 
 void scheduleAnimationFrames() {
   Schedule& state = schedule();

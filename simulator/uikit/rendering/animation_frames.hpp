@@ -2,6 +2,8 @@
 // for other frames. Without a display observation, no frame is requested. Main thread only.
 #pragma once
 
+#include "platform/ui_view.hpp"
+
 namespace uikit {
 
 // Finds the next frame in which an animation changes a visible view, and calls noteDisplayChange at this frame. Call
@@ -10,5 +12,10 @@ namespace uikit {
 void scheduleAnimationFrames();
 // Makes the next call of scheduleAnimationFrames search again. Call this when a display observation was added.
 void invalidateAnimationFrames();
+
+// Advances the running movement of a view to the first frame that shows a part of the view, after a layout. Does
+// nothing if no frame of the running animations shows it. The completion of the movement runs earlier by the skipped
+// time.
+void skipInvisibleFrames(UIView* view);
 
 }  // namespace uikit
