@@ -9,6 +9,7 @@
 #include "simulator/plugins/window/keyboard_input.hpp"
 #include "simulator/plugins/window/main_context.hpp"
 #include "simulator/plugins/window/pointer_input.hpp"
+#include "simulator/plugins/window/screen_access.hpp"
 #include "simulator/plugins/window/window_layout.hpp"
 #include "simulator/runner/window_plugin.hpp"
 #include "simulator/uikit/rendering/renderer.hpp"
@@ -36,6 +37,8 @@ class PhoneWindow final : public runner::PhoneWindow {
   foundation::FrameDemand present();
   void queueDraw(const cairo_region_t* pixels);
   CGPoint screenPoint(double x, double y) const;
+  // Returns the rectangle of the area that shows a rectangle of the screen, which is in points.
+  GdkRectangle areaRectangle(const CGRect& points) const;
   int pixelsPerUnit() const { return gtk_widget_get_scale_factor(area_); }
 
   const base::DeviceProfile& device_;
@@ -48,6 +51,7 @@ class PhoneWindow final : public runner::PhoneWindow {
   // Frame observers can outlive the window.
   std::shared_ptr<bool> isPresenting_ = std::make_shared<bool>(false);
   PointerInput pointer_;
+  ScreenAccess access_;
   KeyboardInput keyboard_;
   MainContext mainContext_;
   uikit::DisplayObservation observation_;
