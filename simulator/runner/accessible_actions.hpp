@@ -15,4 +15,7 @@ bool performAction(std::uint64_t element, std::size_t action);
 // element is not a text field on the screen.
 bool setText(std::uint64_t element, const std::string& text);
 
+// Goes back one step: hides the keyboard, or else closes the long look, or else releases the home button.
+void goBack();
+
 }  // namespace runner

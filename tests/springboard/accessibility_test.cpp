@@ -121,4 +121,23 @@ TEST_F(AccessibleLongLook, ReplyFieldAndKeysAreElements) {
   EXPECT_EQ(elementsWithRole(AccessibleRole::TextField)[0].value, "Yes");
 }
 
+TEST_F(AccessibleLongLook, GoingBackHidesTheKeyboardThenClosesTheLongLookAndThenThePage) {
+  runner::performAction(elementNamed(elementsWithRole(AccessibleRole::Icon), "Slack").identifier, 0);
+  open({{"actions", {{{"key", "a"}, {"identifier", "reply"}, {"title", "Reply"}, {"textInput", true}}}}});
+  phone.run("tap", {{"label", "Reply"}});
+  phone.wait(1);
+  ASSERT_FALSE(labelsOf(AccessibleRole::Key).empty());
+  runner::goBack();
+  phone.wait(1);
+  EXPECT_TRUE(labelsOf(AccessibleRole::Key).empty());
+  ASSERT_TRUE(isOpen());
+  runner::goBack();
+  phone.wait(1);
+  EXPECT_FALSE(isOpen());
+  ASSERT_TRUE(labelsOf(AccessibleRole::Icon).empty());
+  runner::goBack();
+  phone.wait(1);
+  EXPECT_FALSE(labelsOf(AccessibleRole::Icon).empty());
+}
+
 }  // namespace

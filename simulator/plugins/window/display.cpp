@@ -27,8 +27,8 @@ void reportError(Display*, void*) { errorObserver()(); }
 bool connectToDisplay() {
   // The phone has its own language, and numbers in its files have the format of the C locale.
   gtk_disable_setlocale();
-  // The window is painted without OpenGL and contains no widgets that need a description. These settings save ten
-  // megabytes and several threads.
+  // The window is painted without OpenGL, and AccessibilityBus connects to the accessibility bus when it is needed.
+  // These settings save ten megabytes and several threads.
   g_setenv("GDK_GL", "disable", FALSE);
   g_setenv("NO_AT_BRIDGE", "1", FALSE);
   // The class of the window on X11, and its application identifier on Wayland.

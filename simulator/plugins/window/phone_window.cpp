@@ -31,9 +31,10 @@ int desktopHeight() {
 PhoneWindow::PhoneWindow()
     : device_(uikit::environment().device),
       window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)),
-      area_(gtk_drawing_area_new()),
+      area_(makePhoneArea()),
       pointer_(area_, [this](double x, double y) { return screenPoint(x, y); }),
-      keyboard_(window_),
+      access_(area_, [this](const CGRect& points) { return areaRectangle(points); }),
+      keyboard_(area_),
       mainContext_(displayDescriptor(), [this] { end(runner::WindowState::DisplayLost); }),
       displayLink_([this] { present(); }) {
   observeDisplayErrors([this] { mainContext_.loseDisplay(); });
@@ -45,6 +46,7 @@ PhoneWindow::PhoneWindow()
   gtk_container_add(GTK_CONTAINER(window_), area_);
   connectSignals();
   setInitialSize();
+  gtk_widget_grab_focus(area_);
   gtk_widget_show_all(window_);
   mainContext_.dispatch();
 }
@@ -105,16 +107,19 @@ void PhoneWindow::updateLayout() {
 void PhoneWindow::draw(cairo_t* context) {
   if (picture_.canvas() == nullptr) return;
   const double unit = 1.0 / pixelsPerUnit();
+  cairo_save(context);
   cairo_scale(context, unit, unit);
   GdkRectangle clip = {};
   const drawing::PixelRectangle& screen = layout_.screen;
   const GdkRectangle screenRectangle = {screen.x, screen.y, screen.width, screen.height};
-  if (gdk_cairo_get_clip_rectangle(context, &clip) == FALSE) return;
+  if (gdk_cairo_get_clip_rectangle(context, &clip) == FALSE) return cairo_restore(context);
   GdkRectangle visible = {};
   const bool isInsideScreen = gdk_rectangle_intersect(&clip, &screenRectangle, &visible) != FALSE &&
                               gdk_rectangle_equal(&visible, &clip) != FALSE;
   if (!isInsideScreen) drawBody(context, device_, layout_);
   drawScreen(context, device_, layout_, picture_.canvas()->surface());
+  cairo_restore(context);
+  access_.drawRing(context);
 }
 
 void PhoneWindow::present() {
@@ -122,6 +127,7 @@ void PhoneWindow::present() {
   const drawing::RegionHandle damage = picture_.update(layout_.scale);
   if (cairo_region_is_empty(damage.get()) != 0) return;
   queueDraw(damage.get());
+  access_.update();
   mainContext_.dispatch();
 }
 
@@ -144,6 +150,14 @@ void PhoneWindow::queueDraw(const cairo_region_t* pixels) {
 CGPoint PhoneWindow::screenPoint(double x, double y) const {
   const int factor = pixelsPerUnit();
   return window::screenPoint(layout_, x * factor, y * factor);
+}
+
+GdkRectangle PhoneWindow::areaRectangle(const CGRect& points) const {
+  const double scale = layout_.scale / pixelsPerUnit();
+  const double left = std::floor(layout_.screen.x / static_cast<double>(pixelsPerUnit()) + points.origin.x * scale);
+  const double top = std::floor(layout_.screen.y / static_cast<double>(pixelsPerUnit()) + points.origin.y * scale);
+  return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(std::ceil(points.size.width * scale)),
+          static_cast<int>(std::ceil(points.size.height * scale))};
 }
 
 }  // namespace window

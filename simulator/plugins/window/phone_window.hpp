@@ -6,6 +6,7 @@
 #include "simulator/plugins/window/keyboard_input.hpp"
 #include "simulator/plugins/window/main_context.hpp"
 #include "simulator/plugins/window/pointer_input.hpp"
+#include "simulator/plugins/window/screen_access.hpp"
 #include "simulator/plugins/window/window_layout.hpp"
 #include "simulator/runner/window_plugin.hpp"
 #include "simulator/uikit/rendering/display_link.hpp"
@@ -33,6 +34,8 @@ class PhoneWindow final : public runner::PhoneWindow {
   void present();
   void queueDraw(const cairo_region_t* pixels);
   CGPoint screenPoint(double x, double y) const;
+  // Returns the rectangle of the area that shows a rectangle of the screen, which is in points.
+  GdkRectangle areaRectangle(const CGRect& points) const;
   int pixelsPerUnit() const { return gtk_widget_get_scale_factor(area_); }
 
   const base::DeviceProfile& device_;
@@ -43,6 +46,7 @@ class PhoneWindow final : public runner::PhoneWindow {
   uikit::ScreenPicture picture_;
   runner::WindowState state_ = runner::WindowState::Open;
   PointerInput pointer_;
+  ScreenAccess access_;
   KeyboardInput keyboard_;
   MainContext mainContext_;
   uikit::DisplayLink displayLink_;

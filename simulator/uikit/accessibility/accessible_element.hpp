@@ -12,7 +12,7 @@
 namespace uikit {
 
 // The elements with the roles Group, List, Notification and Keyboard contain other elements.
-enum class AccessibleRole : NSInteger {
+enum class AccessibleRole : std::int64_t {
   None,
   Button,
   Icon,
