@@ -51,4 +51,10 @@ Json PhoneConnection::execute(const Json& command) {
   return Json::parse(executeLine(command.dump(-1, ' ', false, Json::error_handler_t::replace)));
 }
 
+Json executeOn(PhoneConnection& phone, const Json& command) {
+  Json answer = phone.execute(command);
+  if (!answer["ok"].get<bool>()) throw ControlError(answer["error"]);
+  return answer;
+}
+
 }  // namespace control

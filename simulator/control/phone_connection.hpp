@@ -16,6 +16,12 @@ class ConnectionError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// Thrown if the phone reports an error, or for an argument that is not valid. what() is a message for the user.
+class ControlError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 class PhoneConnection {
  public:
   // Connects to the phone. An empty path selects the user's default root. Throws ConnectionError.
@@ -31,5 +37,8 @@ class PhoneConnection {
   foundation::FileDescriptor socket_;
   std::string received_;
 };
+
+// Executes the command. Returns the phone's answer. Throws ControlError if the phone reports an error.
+nlohmann::ordered_json executeOn(PhoneConnection& phone, const nlohmann::ordered_json& command);
 
 }  // namespace control

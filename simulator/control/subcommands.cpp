@@ -10,6 +10,7 @@
 
 #include "simulator/base/json_text.hpp"
 #include "simulator/control/phone_connection.hpp"
+#include "simulator/control/settings_subcommand.hpp"
 #include "simulator/process/common_options.hpp"
 
 namespace control {
@@ -22,12 +23,22 @@ using Arguments = std::span<const std::string>;
 
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
-// Executes the command. Throws ControlError if the phone reports an error.
-Json executeOn(PhoneConnection& phone, const Json& command) {
-  Json answer = phone.execute(command);
-  if (!answer["ok"].get<bool>()) throw ControlError(answer["error"]);
-  return answer;
-}
+// The options that only some subcommands accept.
+struct NumberOption {
+  const char* name;
+  std::optional<double> ControlOptions::*value;
+};
+
+constexpr NumberOption numberOptions[] = {{"--scale", &ControlOptions::scale}, {"--seconds", &ControlOptions::seconds}};
+
+struct TextOption {
+  const char* name;
+  std::optional<std::string> ControlOptions::*value;
+};
+
+constexpr TextOption textOptions[] = {{"--device", &ControlOptions::device},
+                                      {"--system", &ControlOptions::system},
+                                      {"--locale", &ControlOptions::locale}};
 
 // The phone's current folder can differ from that of this process.
 std::string absolutePath(const std::string& path) { return fs::absolute(path).string(); }
@@ -139,70 +150,17 @@ int takeScreenshot(const ControlOptions& options, Arguments arguments) {
 
 int record(const ControlOptions& options, Arguments arguments) { return writeFile("record", options, arguments[0]); }
 
-Json settingsOf(PhoneConnection& phone) {
-  Json settings = executeOn(phone, {{"do", "settings"}})["settings"];
-  if (settings.empty()) throw ControlError("the phone runs without Brim, so there are no settings");
-  return settings;
-}
-
-Json currentValue(PhoneConnection& phone, const std::string& key) {
-  const Json settings = settingsOf(phone);
-  const auto found = settings.find(key);
-  if (found == settings.end())
-    throw ControlError("there is no setting " + key + "; list the settings with: ./brim settings list");
-  return *found;
-}
-
-// Converts the text to a value of the type that the setting has.
-Json valueOfSetting(const std::string& text, const Json& current) {
-  if (current.is_boolean()) {
-    if (text == "true" || text == "false") return text == "true";
-    throw ControlError("the value must be true or false, not " + text);
+int restart(const ControlOptions& options, Arguments) {
+  Json command = {{"do", "restart"}};
+  for (const TextOption& option : textOptions)
+    if (const auto& value = options.*option.value) command[option.name + 2] = *value;
+  {
+    PhoneConnection phone(options.root);
+    executeOn(phone, command);
   }
-  std::int64_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size())
-    throw ControlError("the value must be an integer, not " + text);
-  return number;
-}
-
-void setSetting(PhoneConnection& phone, const std::string& key, const Json& value) {
-  executeOn(phone, {{"do", "set"}, {"key", key}, {"value", value}});
-}
-
-struct SettingsAction {
-  const char* name;
-  std::size_t arguments;
-  void (*execute)(PhoneConnection& phone, Arguments arguments);
-};
-
-constexpr SettingsAction settingsActions[] = {
-    {"list", 0,
-     [](PhoneConnection& phone, Arguments) {
-       const Json settings = settingsOf(phone);
-       for (const auto& [key, value] : settings.items()) std::cout << key << "=" << value.dump() << "\n";
-     }},
-    {"get", 1,
-     [](PhoneConnection& phone, Arguments arguments) {
-       std::cout << currentValue(phone, arguments[0]).dump() << "\n";
-     }},
-    {"set", 2,
-     [](PhoneConnection& phone, Arguments arguments) {
-       setSetting(phone, arguments[0], valueOfSetting(arguments[1], currentValue(phone, arguments[0])));
-     }},
-    {"reset", 1,
-     [](PhoneConnection& phone, Arguments arguments) {
-       currentValue(phone, arguments[0]);
-       setSetting(phone, arguments[0], nullptr);
-     }},
-};
-
-int executeOnSettings(const ControlOptions& options, Arguments arguments) {
-  const auto* const action = std::ranges::find(settingsActions, arguments[0], &SettingsAction::name);
-  if (action == std::end(settingsActions) || action->arguments != arguments.size() - 1)
-    throw ControlError("the arguments of settings are: list, get KEY, set KEY VALUE or reset KEY");
+  // The connection waits until the phone has restarted.
   PhoneConnection phone(options.root);
-  action->execute(phone, arguments.subspan(1));
+  executeOn(phone, {{"do", "wait"}, {"seconds", 0}});
   return 0;
 }
 
@@ -216,6 +174,12 @@ process::ExpectedValue parsePositive(std::optional<double>& target, const std::s
   return std::nullopt;
 }
 
+// Accepts any text. The phone checks it.
+process::ExpectedValue setText(std::optional<std::string>& target, const std::string& text) {
+  target = text;
+  return std::nullopt;
+}
+
 const std::vector<process::OptionRow<ControlOptions>>& optionTable() {
   static const std::vector<process::OptionRow<ControlOptions>> table = {
       {"--root", "DIR", "the folder of the phone (default: brim/root in the user's data folder)",
@@ -224,16 +188,15 @@ const std::vector<process::OptionRow<ControlOptions>>& optionTable() {
        [](ControlOptions& options, const std::string& value) { return parsePositive(options.scale, value); }},
       {"--seconds", "NUMBER", "the duration (default: 5)",
        [](ControlOptions& options, const std::string& value) { return parsePositive(options.seconds, value); }},
+      {"--device", "NAME", "the model, such as iphone-se or iphone-x (default: unchanged)",
+       [](ControlOptions& options, const std::string& value) { return setText(options.device, value); }},
+      {"--system", "VERSION", "the version of the phone's system, such as 12.4 (default: unchanged)",
+       [](ControlOptions& options, const std::string& value) { return setText(options.system, value); }},
+      {"--locale", "ID", "the language and region, such as de_DE or ar_EG (default: unchanged)",
+       [](ControlOptions& options, const std::string& value) { return setText(options.locale, value); }},
   };
   return table;
 }
-
-struct NumberOption {
-  const char* name;
-  std::optional<double> ControlOptions::*value;
-};
-
-constexpr NumberOption numberOptions[] = {{"--scale", &ControlOptions::scale}, {"--seconds", &ControlOptions::seconds}};
 
 bool takeWord(ControlOptions& options, const std::string& word) {
   options.words.push_back(word);
@@ -259,10 +222,12 @@ void checkArguments(const ControlOptions& options, const Subcommand& subcommand)
   const std::size_t count = options.words.size() - 1;
   if (count < subcommand.minArguments || count > subcommand.maxArguments)
     throw UsageError("usage: " + usageOf(subcommand));
-  for (const NumberOption& option : numberOptions)
-    if ((options.*option.value).has_value() &&
-        std::ranges::find(subcommand.options, option.name) == subcommand.options.end())
-      throw UsageError(subcommand.name + " has no option " + option.name + "; usage: " + usageOf(subcommand));
+  const auto check = [&subcommand](const char* option, bool isPresent) {
+    if (isPresent && std::ranges::find(subcommand.options, option) == subcommand.options.end())
+      throw UsageError(subcommand.name + " has no option " + option + "; usage: " + usageOf(subcommand));
+  };
+  for (const NumberOption& option : numberOptions) check(option.name, (options.*option.value).has_value());
+  for (const TextOption& option : textOptions) check(option.name, (options.*option.value).has_value());
 }
 
 // Returns the lines of the options that the subcommand accepts, or of all options.
@@ -296,6 +261,15 @@ const std::vector<Subcommand>& subcommands() {
       {"appearance", "light|dark", "change the system appearance", 1, 1, {}, &switchAppearance},
       {"screenshot", "FILE", "write a picture of the screen to a PNG file", 1, 1, {"--scale"}, &takeScreenshot},
       {"record", "FILE", "record the screen to an animated WebP file", 1, 1, {"--scale", "--seconds"}, &record},
+      {"restart",
+       "",
+       "restart the home screen, with another device, system version or language if they are specified; the "
+       "preferences "
+       "and the notifications in the list stay",
+       0,
+       0,
+       {"--device", "--system", "--locale"},
+       &restart},
       {"settings",
        "list | get KEY | set KEY VALUE | reset KEY",
        "print or change the settings of Brim",

@@ -17,14 +17,12 @@ struct ControlOptions {
   std::filesystem::path root = {};
   std::optional<double> scale = {};
   std::optional<double> seconds = {};
+  // The options of the phone that a restart changes.
+  std::optional<std::string> device = {};
+  std::optional<std::string> system = {};
+  std::optional<std::string> locale = {};
   // The subcommand and its arguments.
   std::vector<std::string> words = {};
-};
-
-// Thrown if the phone reports an error, or for an argument that is not valid. what() is a message for the user.
-class ControlError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
 };
 
 // Thrown if the command line does not have the form that a subcommand requires. what() is a message for the user.

@@ -1,9 +1,11 @@
-// Commands for the phone itself: buttons, lock, preferences, appearance, the settings pane and the address book.
+// Commands for the phone itself: buttons, lock, preferences, appearance, restarts, the settings pane and the address
+// book.
 #include "platform/ns_distributed_notification_center.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/contacts/address_book.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/restart.hpp"
 #include "simulator/runner/test_banner_request.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/shell/grabber.hpp"
@@ -45,6 +47,16 @@ Json switchAppearance(const Json& command) {
   return nullptr;
 }
 
+std::optional<std::string> text(const Json& command, const char* key) {
+  return command.contains(key) ? std::optional(command[key].get<std::string>()) : std::nullopt;
+}
+
+Json restart(const Json& command) {
+  if (const auto error = requestRestart({text(command, "device"), text(command, "system"), text(command, "locale")}))
+    throw CommandError(*error);
+  return nullptr;
+}
+
 Json requestTestBanner(const Json&) {
   const std::size_t before = springboard::bannerCount();
   if (!postTestBannerRequest())
@@ -66,6 +78,8 @@ std::span<const Command> phoneCommands() {
   static constexpr Field setFields[] = {{"key", field::nonEmptyText, Presence::Required},
                                         {"value", field::preference, Presence::Required}};
   static constexpr Field appearanceFields[] = {{"style", style, Presence::Required}};
+  static constexpr Field restartFields[] = {
+      {"device", field::nonEmptyText}, {"system", field::nonEmptyText}, {"locale", field::nonEmptyText}};
   static constexpr Field contactsFields[] = {{"path", field::nonEmptyText, Presence::Required}};
   static constexpr Command commands[] = {
       {"press", pressFields, &press, "send a button event; type 101 with a force of 0 releases the home button"},
@@ -76,6 +90,8 @@ std::span<const Command> phoneCommands() {
        "make the grabber's dismissal gesture; \"dismissed\" reports whether the system recognized a dismissal"},
       {"set", setFields, &setPreference, "store a preference as the settings pane does; null removes it"},
       {"appearance", appearanceFields, &switchAppearance, "switch the system appearance to light or dark"},
+      {"restart", restartFields, &restart,
+       "restart a live phone, with another device, system version or language if they are specified"},
       {"testbanner", {}, &requestTestBanner, "request a test banner as the settings pane does; returns its controller"},
       {"contacts", contactsFields, &useContacts, "use this vCard file as the address book"},
   };

@@ -7,6 +7,7 @@
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/consumed_events.hpp"
 #include "simulator/runner/controller_lookup.hpp"
+#include "simulator/runner/notification_json.hpp"
 #include "simulator/runner/push_payload.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/services/applications.hpp"
@@ -17,11 +18,7 @@ namespace runner {
 
 namespace {
 
-using springboard::ActionDescription;
-using springboard::AutomaticDismissal;
 using springboard::NotificationDescription;
-
-constexpr const char* defaultActionKey = "NCNotificationActionEnvironmentDefault";
 
 std::optional<std::string> text(const Json& object, const char* key) {
   return object.contains(key) ? std::optional(object[key].get<std::string>()) : std::nullopt;
@@ -45,39 +42,6 @@ const FieldType date = {"a date such as \"2020-03-14T09:41:00Z\"", [](const Json
 constexpr const char* longLookKinds[] = {"scroll", "click", "trigger"};
 const FieldType longLookKind = {"scroll, click or trigger",
                                 [](const Json& value) { return isOneOf(value, longLookKinds); }};
-
-std::vector<ActionDescription> actionsOf(const Json& command) {
-  std::vector<ActionDescription> descriptions;
-  for (const Json& action : command.value("actions", Json::array()))
-    descriptions.push_back({action.value("key", defaultActionKey), text(action, "identifier"), text(action, "title"),
-                            action.value("textInput", false)});
-  return descriptions;
-}
-
-AutomaticDismissal dismissalOf(const Json& command) {
-  const Json value = command.value("dismissAutomatically", Json(true));
-  if (value.is_null()) return AutomaticDismissal::Unspecified;
-  return value.get<bool>() ? AutomaticDismissal::Allowed : AutomaticDismissal::Forbidden;
-}
-
-NotificationDescription describe(const Json& command) {
-  NotificationDescription description;
-  description.section = command["section"];
-  description.identifier = text(command, "identifier");
-  description.thread = text(command, "thread");
-  description.title = text(command, "title");
-  description.subtitle = text(command, "subtitle");
-  description.message = text(command, "message");
-  description.summary = text(command, "summary");
-  description.userInfo = command.value("userInfo", Json::object());
-  description.actions = actionsOf(command);
-  description.hasClearAction = command.value("clear", true);
-  description.hasCloseAction = command.value("close", false);
-  description.hasSilenceAction = command.value("silence", false);
-  description.automaticDismissal = dismissalOf(command);
-  if (command.contains("at")) description.date = base::parseIsoTime(command["at"].get_ref<const std::string&>());
-  return description;
-}
 
 void setIcon(const Json& command) {
   if (!command.contains("icon")) return;

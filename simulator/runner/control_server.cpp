@@ -15,6 +15,7 @@
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/process/control_socket.hpp"
+#include "simulator/process/signals.hpp"
 #include "simulator/runner/command_handlers.hpp"
 
 namespace runner {
@@ -40,21 +41,28 @@ struct ControlServer::Client {
   bool hasEnded = false;
 };
 
-ControlServer::ControlServer(Session& session) : session_(session) {
+ControlServer::ControlServer(Session& session, foundation::FileDescriptor listening)
+    : session_(session), listening_(std::move(listening)) {
   const std::filesystem::path folder = process::controlFolder(foundation::root());
-  listening_ = foundation::listenIn(folder, process::controlSocket);
+  if (!listening_.isOpen()) listening_ = foundation::listenIn(folder, process::controlSocket);
   if (listening_.isOpen()) foundation::watchDescriptor(listening_.get(), [this] { accept(); });
 }
 
 ControlServer::~ControlServer() {
-  if (!listening_.isOpen()) return;
-  foundation::unwatchDescriptor(listening_.get());
-  while (!clients_.empty()) disconnect(clients_.front());
+  if (!takeSocket().isOpen()) return;
   std::error_code error;
   std::filesystem::remove(process::controlFolder(foundation::root()) / process::controlSocket, error);
 }
 
+foundation::FileDescriptor ControlServer::takeSocket() {
+  if (listening_.isOpen()) foundation::unwatchDescriptor(listening_.get());
+  while (!clients_.empty()) disconnect(clients_.front());
+  return std::move(listening_);
+}
+
 void ControlServer::accept() {
+  // The connection waits for the phone that replaces this one, if there is one.
+  if (process::isTerminationRequested()) return;
   foundation::FileDescriptor socket = foundation::acceptFrom(listening_);
   if (!socket.isOpen()) return;
   const auto client = std::make_shared<Client>();

@@ -14,13 +14,17 @@ namespace runner {
 // of excessive size receives an error and is disconnected. Main thread.
 class ControlServer {
  public:
-  explicit ControlServer(Session& session);
+  // `listening` is the control socket if this process already listens on it, and is closed otherwise.
+  explicit ControlServer(Session& session, foundation::FileDescriptor listening = {});
   ControlServer(const ControlServer&) = delete;
   ControlServer& operator=(const ControlServer&) = delete;
   ~ControlServer();
 
   // Returns whether clients can connect. If not, errno is the reason immediately after the server was created.
   bool isListening() const { return listening_.isOpen(); }
+
+  // Ends all connections and returns the control socket, which stays in the root. The server no longer listens.
+  foundation::FileDescriptor takeSocket();
 
  private:
   struct Client;

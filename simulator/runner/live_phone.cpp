@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "objc/autorelease_pool.hpp"
 #include "simulator/base/event_log.hpp"
@@ -14,6 +15,9 @@
 #include "simulator/process/control_socket.hpp"
 #include "simulator/process/signals.hpp"
 #include "simulator/runner/control_server.hpp"
+#include "simulator/runner/notification_json.hpp"
+#include "simulator/runner/restart.hpp"
+#include "simulator/runner/session.hpp"
 #include "simulator/runner/welcome.hpp"
 #include "simulator/runner/window_plugin.hpp"
 #include "simulator/springboard/shell/clocks.hpp"
@@ -52,28 +56,48 @@ bool hasLostDisplay(const PhoneWindow* window) {
   return window != nullptr && window->state() == WindowState::DisplayLost;
 }
 
-}  // namespace
-
-int runLive(Session& session, const Options& options) {
-  process::ignoreWriteSignals();
-  process::handleTerminationSignals();
-  base::limitEventLog(maxEvents);
+// Runs the phone until it is terminated. `inheritance` contains the control socket of the phone that this phone
+// replaces, and receives the control socket if this phone is replaced. Returns the exit status.
+int runUntilTerminated(Session& session, const Options& options, Inheritance& inheritance) {
+  const bool isReplacement = inheritance.listening.isOpen();
   std::unique_ptr<PhoneWindow> window;
   if (options.window == WindowUse::Window && (window = openWindow()) == nullptr) return cannotStart;
-  const ControlServer server(session);
+  ControlServer server(session, std::move(inheritance.listening));
   if (!server.isListening()) {
     std::fprintf(stderr, "springboard: %s: cannot listen for commands: %s\n",
                  process::controlFolder(foundation::root()).c_str(), std::strerror(errno));
     return cannotStart;
   }
   keepClocksCurrent();
-  if (options.welcome == Welcome::Played) scheduleWelcome(session);
+  if (options.welcome == Welcome::Played && !isReplacement) scheduleWelcome(session);
   std::printf("the phone is running on %s\n", foundation::root().c_str());
   std::fflush(stdout);
   foundation::runMainQueueUntil(&process::isTerminationRequested);
+  if (requestedRestart() != nullptr) inheritance.listening = server.takeSocket();
   if (!hasLostDisplay(window.get())) return 0;
   std::fprintf(stderr, "springboard: the phone has ended, because the connection to the display was lost\n");
   return displayLost;
+}
+
+}  // namespace
+
+int runLive(const Options& options) {
+  process::ignoreWriteSignals();
+  process::handleTerminationSignals();
+  base::limitEventLog(maxEvents);
+  Inheritance inheritance = takeInheritance();
+  {
+    Session session(options, std::move(inheritance.lock));
+    restoreNotifications(inheritance.notifications);
+    allowRestarts(options);
+    const int status = runUntilTerminated(session, options, inheritance);
+    if (requestedRestart() == nullptr || status != 0) return status;
+    inheritance.lock = session.takeLock();
+    inheritance.notifications = storedNotifications();
+  }
+  executeAgain(*requestedRestart(), inheritance);
+  std::fprintf(stderr, "springboard: the phone cannot restart: %s\n", std::strerror(errno));
+  return cannotStart;
 }
 
 }  // namespace runner

@@ -61,8 +61,8 @@ int run(const runner::Options& options) {
   const bool readsFile = !options.script.empty() && options.script != "-";
   std::ifstream file;
   if (readsFile && !open(file, options.script)) return reportError("cannot read the script " + options.script);
+  if (options.clock == foundation::ClockMode::Real) return reportRunningRecording(runner::runLive(options));
   runner::Session session(options);
-  if (options.clock == foundation::ClockMode::Real) return reportRunningRecording(runner::runLive(session, options));
   if (!options.demonstration.empty()) return runner::demonstrate(session, options.demonstration);
   return reportRunningRecording(runScript(session, readsFile ? file : std::cin));
 }

@@ -68,7 +68,7 @@ foundation::FileDescriptor lockRoot(foundation::ClockMode clock) try {
 
 }  // namespace
 
-foundation::FileDescriptor startPhone(const Options& options) {
+foundation::FileDescriptor startPhone(const Options& options, foundation::FileDescriptor inheritedLock) {
   mapPicturesSeparately();
   const bool usesDemonstrationData = !options.demonstration.empty() || options.welcome == Welcome::Played;
   if (options.root.empty() && usesDemonstrationData) {
@@ -76,7 +76,7 @@ foundation::FileDescriptor startPhone(const Options& options) {
   } else {
     process::useRoot(options.root);
   }
-  foundation::FileDescriptor lock = lockRoot(options.clock);
+  foundation::FileDescriptor lock = inheritedLock.isOpen() ? std::move(inheritedLock) : lockRoot(options.clock);
   foundation::registerClasses();
   url_loading::registerClasses();
   contacts::registerClasses();

@@ -17,7 +17,8 @@ Json failure(const std::string& reason) {
 
 }  // namespace
 
-Session::Session(const Options& options) : lock_(startPhone(options)) {}
+Session::Session(const Options& options, foundation::FileDescriptor lock)
+    : lock_(startPhone(options, std::move(lock))) {}
 
 Session::~Session() { springboard::endMessages(); }
 

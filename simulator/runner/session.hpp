@@ -4,6 +4,7 @@
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "simulator/foundation/descriptor.hpp"
 #include "simulator/process/process_start.hpp"
@@ -15,8 +16,9 @@ namespace runner {
 // classes of the Objective-C runtime belong to the process. Create it before any other use of Foundation. Main thread.
 class Session {
  public:
-  // Starts the home screen. Throws StartError.
-  explicit Session(const Options& options);
+  // Starts the home screen. A closed `lock` means that the session acquires the lock of the root itself. Throws
+  // StartError.
+  explicit Session(const Options& options, foundation::FileDescriptor lock = {});
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
   ~Session();
@@ -26,6 +28,9 @@ class Session {
 
   // Parses and executes a line of text. For invalid JSON, the error contains the position of the mistake.
   nlohmann::ordered_json runLine(std::string_view line);
+
+  // Returns the lock of the root of a live phone. The session no longer owns it.
+  foundation::FileDescriptor takeLock() { return std::move(lock_); }
 
  private:
   foundation::FileDescriptor lock_;

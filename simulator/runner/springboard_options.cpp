@@ -1,6 +1,6 @@
 #include "simulator/runner/springboard_options.hpp"
 
-#include <vector>
+#include <algorithm>
 
 #include "simulator/base/device_profiles.hpp"
 #include "simulator/base/iso_time.hpp"
@@ -134,6 +134,28 @@ process::CommandLine<Options> parseOptions(std::span<const char* const> argument
         "\"./brim tell\""};
   if (options->time) return process::OptionError{"--live cannot be combined with --time, because its clock is real"};
   return parsed;
+}
+
+process::ExpectedValue changeOption(Options& options, const std::string& name, const std::string& value) {
+  const auto row = std::ranges::find(optionTable(), name, &process::OptionRow<Options>::name);
+  return row->apply(options, value);
+}
+
+std::vector<std::string> argumentsOf(const Options& options) {
+  std::vector<std::string> arguments = {"--live",
+                                        "--device",
+                                        options.device,
+                                        "--system",
+                                        options.systemVersion,
+                                        "--locale",
+                                        options.locale,
+                                        "--appearance",
+                                        options.appearance == StartAppearance::Dark ? "dark" : "light"};
+  if (!options.root.empty()) arguments.insert(arguments.end(), {"--root", options.root});
+  if (options.library == process::LibraryUse::Absent) arguments.emplace_back("--without-brim");
+  if (options.window == WindowUse::Window) arguments.emplace_back("--window");
+  if (options.welcome == Welcome::Played) arguments.emplace_back("--welcome");
+  return arguments;
 }
 
 std::string helpText() {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/process/common_options.hpp"
@@ -40,6 +41,12 @@ struct Options {
 // Parses the arguments, which do not include the program's name. An option has the form "--name value" or
 // "--name=value".
 process::CommandLine<Options> parseOptions(std::span<const char* const> arguments);
+
+// Changes one option as the command line does. Returns a description of the expected value if the value is not valid.
+process::ExpectedValue changeOption(Options& options, const std::string& name, const std::string& value);
+
+// Returns arguments for a live phone with these options.
+std::vector<std::string> argumentsOf(const Options& options);
 
 // Returns the part of the --help text that describes the options: each option with its meaning and default.
 std::string helpText();

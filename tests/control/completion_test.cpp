@@ -39,6 +39,8 @@ TEST_F(Completion, OffersAllCommands) {
 
 TEST_F(Completion, OffersTheArgumentsOfACommand) {
   EXPECT_THAT(candidates("appearance"), ElementsAre("light", "dark"));
+  EXPECT_THAT(candidates("restart"), ElementsAre("--device", "--system", "--locale"));
+  EXPECT_THAT(candidates("restart --device"), ElementsAre("iphone-se", "iphone-8", "iphone-x", "iphone-11-pro-max"));
   EXPECT_THAT(candidates("settings"), ElementsAre("list", "get", "set", "reset"));
   EXPECT_THAT(candidates("settings get"), Contains("tinyBannerFontSize"));
   EXPECT_EQ(candidates("settings set").size(), 34U);

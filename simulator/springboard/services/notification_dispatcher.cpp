@@ -86,6 +86,8 @@ void NCNotificationDispatcher::execute(NCNotificationAction* action, NCNotificat
       static_cast<objc::Block<void()>*>(nullptr));
 }
 
+void NCNotificationDispatcher::restore(NCNotificationRequest* request) { springboard::addToList(this, request); }
+
 const springboard::NotificationList& NCNotificationDispatcher::list() const { return objc::state(this).list; }
 
 void NCNotificationDispatcher::observeList(std::function<void()> observer) {

@@ -23,6 +23,8 @@ class NCNotificationDispatcher : public objc::Interface<"NCNotificationDispatche
   void modify(NCNotificationRequest* request) { objc::send<void, "modifyNotificationWithRequest:">(this, request); }
   // Removes the request from the list and from all destinations that show it.
   void withdraw(NCNotificationRequest* request) { objc::send<void, "withdrawNotificationWithRequest:">(this, request); }
+  // Adds the request to the list without presenting it.
+  void restore(NCNotificationRequest* request);
   // Executes the action. Most actions also withdraw the request.
   void execute(NCNotificationAction* action, NCNotificationRequest* request, NSDictionary* parameters);
 
