@@ -168,14 +168,17 @@ TEST(Haptic, IsNotPlayedWhenSwitchedOff) {
   const int alarm = presentAlarm(phone, Json::array({action(snoozeIdentifier)}));
   executeOnAlarm(alarm, 0);
   phone.wait(2);
+  EXPECT_EQ(hapticCount(phone.log()), 0U) << "alarm";
   const int silenced = presentAndClearLog(phone, {{"silence", true}});
   objc::send<void, "attemptSilence:">(controllerOf(silenced).get(), containerOf(silenced));
+  EXPECT_EQ(hapticCount(phone.log()), 0U) << "silence";
   controllerOf(silenced)->attemptDelete(containerOf(silenced));
   phone.wait(2);
+  EXPECT_EQ(hapticCount(phone.log()), 0U) << "clear";
   const int answered = presentAndClearLog(phone);
   sendReply(answered, "Yes"_ns);
   phone.wait(2);
-  EXPECT_EQ(hapticCount(phone.log()), 0U);
+  EXPECT_EQ(hapticCount(phone.log()), 0U) << "reply";
 }
 
 struct HapticCase {
@@ -222,6 +225,7 @@ TEST(ControllerWithoutRequest, ReturnsNothingAndExecutesNothing) {
   objc::send<void, "attemptSilence:">(empty.get(), static_cast<BrimContainer*>(nullptr));
   objc::send<void, "executeOnAlarmForView:action:">(empty.get(), static_cast<BrimContainer*>(nullptr), NSUInteger{0});
   objc::send<void, "sendReplyForView:withText:">(empty.get(), static_cast<BrimContainer*>(nullptr), "Yes"_ns);
+  empty->sendMessageReply(nullptr, "Yes"_ns);
   empty->markMessagesAsRead();
   phone.wait(1);
   EXPECT_EQ(phone.log(), Json::array());

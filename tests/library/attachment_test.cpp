@@ -1,14 +1,22 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 #include <regex>
 
+#include "library/utilities/parent_view_controller.hpp"
 #include "platform/nc_notification_view.hpp"
 #include "platform/ui_gesture_recognizer.hpp"
+#include "platform/ui_window.hpp"
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/drawing/image.hpp"
+#include "simulator/springboard/banner/notification_view_controller.hpp"
+#include "simulator/uikit/images/application_icons.hpp"
+#include "simulator/uikit/images/image_class.hpp"
 #include "tests/library/controllers.hpp"
+#include "tests/library/laid_out_banner.hpp"
 #include "tests/library/phone.hpp"
+#include "tests/library/platform_methods.hpp"
 
 namespace {
 
@@ -115,6 +123,17 @@ TEST(Attachment, IsAnnouncedOnceAsynchronously) {
   EXPECT_EQ(posts.front().at("userInfo").at("brimIdentifier"), phone.state(controller).at("identifier"));
 }
 
+// A command of the phone ends after the run-loop iteration, so this test presents the banner directly.
+TEST(Attachment, IsAnnouncedInALaterRunLoopIteration) {
+  Phone phone = phoneWith({});
+  const auto request = objc::retain(test::controllerOf(phone.present())->notificationRequest());
+  phone.wait(20);
+  phone.log();
+  springboard::presentBanner(springboard::makeShortLookController(request));
+  EXPECT_TRUE(postsOfCommand(phone.log(), "isExternallyDismissed").empty());
+  EXPECT_EQ(postsOfCommand(phone.log(), "isExternallyDismissed").size(), 1u);
+}
+
 TEST(Attachment, SecondBannerDismissesTheFirstHalfASecondLater) {
   Phone phone = phoneWith({});
   const int first = phone.present({{"title", "One"}});
@@ -161,6 +180,112 @@ TEST(Attachment, RetryKeepsTheIdentifierOfTheController) {
   EXPECT_TRUE(postsOfCommand(phone.log(), "isExternallyDismissed").empty());
 }
 
+TEST(Attachment, ViewThatAlreadyHasItsBannerIsNotAttachedAgain) {
+  Phone phone = phoneWith({});
+  const int controller = phone.present({{"title", "One"}});
+  phone.wait(1);
+  const auto banner = objc::retain(test::containerOf(controller));
+  phone.log();
+  reattachView(controller);
+  EXPECT_EQ(test::containerOf(controller), banner.get());
+  EXPECT_EQ(banner->gestureRecognizers()->count(), 2u);
+  const auto banners =
+      test::nodes(phone.windows(controller), [](const Json& node) { return node.at("class") == "BrimContainer"; });
+  EXPECT_EQ(banners.size(), 1u);
+  EXPECT_TRUE(phone.log().empty());
+}
+
+void setFlags(BannerController* controller) {
+  controller->setHasDismissed(true);
+  controller->setAutoDimissTriggered(true);
+  controller->setIsDismissing(true);
+  controller->setWasExternallyDismissed(true);
+  controller->setDismissCalled(true);
+}
+
+std::array<bool, 5> flagsOf(const BannerController* controller) {
+  return {controller->hasDismissed(), controller->autoDimissTriggered(), controller->isDismissing(),
+          controller->wasExternallyDismissed(), controller->dismissCalled()};
+}
+
+TEST(Attachment, ClearsTheDismissalFlags) {
+  Phone phone = phoneWith({});
+  const int persistent = phone.present({{"title", "One"}, {"dismissAutomatically", false}});
+  const int waiting = phone.present({{"title", "Two"}});
+  const auto controller = test::controllerOf(waiting);
+  setFlags(controller);
+  reattachView(waiting);
+  EXPECT_EQ(flagsOf(controller), (std::array<bool, 5>{true, true, true, true, true})) << "no banner was attached";
+  phone.run({{"do", "dismiss"}, {"controller", persistent}});
+  BrimContainer::setDismissNotification(true);
+  reattachView(waiting);
+  EXPECT_EQ(flagsOf(controller), (std::array<bool, 5>{}));
+}
+
+TEST(Attachment, LoadingTheViewClearsTheDismissalFlags) {
+  Phone phone = phoneWith({});
+  const auto made = springboard::makeShortLookController(test::controllerOf(phone.present())->notificationRequest());
+  auto* controller = reinterpret_cast<BannerController*>(made.get());
+  setFlags(controller);
+  controller->view();
+  EXPECT_EQ(flagsOf(controller), (std::array<bool, 5>{}));
+}
+
+TEST(Attachment, ViewOfAnotherResponderHasNoBanner) {
+  Phone phone = phoneWith({});
+  phone.present({{"title", "One"}});
+  const auto view = UIView::withFrame<NCNotificationViewControllerView>({{0, 0}, {100, 100}});
+  UIWindow* window = test::containerOf(1)->window();
+  window->addSubview(view);
+  EXPECT_EQ(parentViewController(view), (objc::send<UIResponder*, "nextResponder">(window)));
+  EXPECT_EQ(view->subviews()->count(), 0u);
+}
+
+// The text that the content of each notification returns as its message.
+NSMutableString* changingMessage;
+
+NSString* messageOf(objc::Original<NSString*(NCNotificationShortLookView*)>, NCNotificationShortLookView*) {
+  return changingMessage;
+}
+
+// UTF-8 cannot represent an unpaired surrogate. The phone returns nil for such a text, but Foundation on Linux does
+// not.
+NSData* dataUsingEncoding(objc::Original<NSData*(NSString*, NSStringEncoding)> original, NSString* self,
+                          NSStringEncoding encoding) {
+  return encoding == NSStringEncoding::UTF8 && self->isEqualToString(changingMessage) ? nullptr
+                                                                                      : original(self, encoding);
+}
+
+TEST(Attachment, TextsAreCopies) {
+  Phone phone = phoneWith({{"hide_unless_expanded", true}});
+  const objc::AutoreleasePool pool;
+  const auto message = objc::retain(NSMutableString::stringWithCapacity(8));
+  message->appendString("Grüße 😀"_ns);
+  // An unpaired surrogate and a zero are valid in UTF-16 only.
+  constexpr std::uint16_t units[] = {0xd83d, 0, 'x'};
+  message->appendString(objc::adopt(
+      objc::send<NSString*, "initWithCharacters:length:">(objc::send<id, "alloc">(objc::lookUpClass<"NSString">()),
+                                                          static_cast<const std::uint16_t*>(units), NSUInteger{3})));
+  const auto before = objc::adopt(objc::send<NSString*, "copy">(message.get()));
+  changingMessage = message;
+  test::replaceMethod<"secondaryText", &messageOf>(NCNotificationShortLookView::classObject());
+  test::replaceMethod<"dataUsingEncoding:", &dataUsingEncoding>(NSString::classObject());
+  const int controller = phone.present({{"title", "One"}});
+  message->appendString(" changed"_ns);
+  const auto* body = test::instanceVariable<NSString>(test::containerOf(controller), "_originalBody");
+  EXPECT_TRUE(body->isEqualToString(before));
+}
+
+TEST(Attachment, EmptySummaryIsAnEmptyBody) {
+  Phone phone = phoneWith({});
+  const int controller = phone.present({{"title", "One"}, {"summary", ""}, {"dismissAutomatically", false}});
+  const auto* body = test::instanceVariable<NSString>(test::containerOf(controller), "_body");
+  ASSERT_NE(body, nullptr);
+  EXPECT_EQ(body->length(), 0u);
+  phone.run({{"do", "update"}, {"controller", controller}, {"title", "One"}, {"message", "More"}});
+  EXPECT_EQ(shownText(phone, controller, "bodyLabel"), "\nMore");
+}
+
 TEST(Attachment, RemovesThePlatformsGestureRecognizers) {
   Phone phone = phoneWith({});
   const int persistent = phone.present({{"title", "One"}, {"dismissAutomatically", false}});
@@ -188,14 +313,71 @@ TEST(Attachment, RequestWithoutOptionsIsDismissedAutomatically) {
   EXPECT_TRUE(phone.state(controller).at("dismissNotification"));
 }
 
-TEST(Attachment, ApplicationWithoutIconShowsTheIconOfTheNotification) {
-  Phone phone = phoneWith({});
-  const std::string icon = (phone.root() / "icon.png").string();
+constexpr const char* application = "org.example.application";
+
+std::shared_ptr<const drawing::Image> makeIcon(const char* name) {
   drawing::Canvas canvas({8, 8}, 1);
   canvas.clear({0, 0.5, 1, 1});
-  ASSERT_FALSE(drawing::writePng(*canvas.snapshot(), icon).has_value());
-  const int unknown = phone.present({{"section", "org.example.unknown"}, {"title", "T"}, {"icon", icon}});
-  EXPECT_EQ(phone.view(unknown, "_appIV").at("image"), icon);
+  return canvas.snapshot()->named(name);
+}
+
+// The icons of each notification.
+NSArray* notificationIcons;
+
+NSArray* iconsOfNotification(objc::Original<NSArray*(NCNotificationShortLookView*)>, NCNotificationShortLookView*) {
+  return notificationIcons;
+}
+
+// The tests set the icons of the application and of the notification.
+class BannerIcon : public testing::Test {
+ protected:
+  BannerIcon() {
+    test::replaceMethod<"icons", &iconsOfNotification>(NCNotificationShortLookView::classObject());
+    icons_->addObject(uikit::makeImage(makeIcon("first")));
+    icons_->addObject(uikit::makeImage(makeIcon("second")));
+    notificationIcons = icons_;
+  }
+
+  // The name of the icon in a banner of the application. "(none)" if the banner has no icon.
+  std::string shownIcon() {
+    return phone_.view(phone_.present({{"section", application}}), "_appIV").value("image", "(none)");
+  }
+
+ private:
+  Phone phone_;
+  objc::Ref<NSMutableArray> icons_ = objc::retain(NSMutableArray::array());
+};
+
+TEST_F(BannerIcon, IsTheApplicationsIconInTheFirstAvailableFormat) {
+  for (const auto& [format, name] : {std::pair{0, "format 0"}, {2, "format 2"}, {8, "format 8"}}) {
+    uikit::setApplicationIcon(application, format, makeIcon(name));
+    EXPECT_EQ(shownIcon(), name);
+  }
+}
+
+TEST_F(BannerIcon, IsTheFirstIconOfTheNotificationIfTheApplicationHasNoneOfTheFormats) {
+  uikit::setApplicationIcon(application, 1, makeIcon("format 1"));
+  EXPECT_EQ(shownIcon(), "first");
+}
+
+TEST_F(BannerIcon, IsTheFirstIconOfTheNotificationInsteadOfThePlaceholder) {
+  ASSERT_NE(UIImage::applicationIcon(NSString::stringWithUTF8String(application), 8), nullptr);
+  EXPECT_EQ(shownIcon(), "first");
+}
+
+TEST_F(BannerIcon, IsMissingIfTheNotificationHasNone) {
+  notificationIcons = NSMutableArray::array();
+  EXPECT_EQ(shownIcon(), "(none)");
+  notificationIcons = nullptr;
+  EXPECT_EQ(shownIcon(), "(none)");
+}
+
+TEST_F(BannerIcon, IsTheIconOfTheApplicationThatResemblesThePlaceholder) {
+  const auto placeholder = uikit::imageOf(UIImage::applicationIcon("org.example.other"_ns, 8));
+  drawing::Canvas canvas(placeholder->size(), placeholder->scale());
+  canvas.clear({0.5, 0.5, 0.5, 1});
+  uikit::setApplicationIcon(application, 8, canvas.snapshot()->named("gray"));
+  EXPECT_EQ(shownIcon(), "gray");
 }
 
 TEST(Attachment, AlarmHasSnoozeAndStopButtons) {

@@ -44,6 +44,16 @@ INSTANTIATE_TEST_SUITE_P(Banners, DismissalDuration,
                                          DurationCase{"Tiny", {{"tinyBanner", true}}, "Hello\nAnna", 0.72}),
                          [](const auto& each) { return each.param.name; });
 
+// The setting counts, although it made no difference to the layout of this banner.
+TEST(DismissalDuration, CountsTheHeaderOnlyAfterTheSettingMakesBannersTiny) {
+  Phone phone;
+  const int controller = phone.present({{"title", "Anna"}, {"message", "Hello\nAnna"}});
+  phone.wait(1);
+  phone.set("tinyBanner", true);
+  test::postCommand({{"command", "dismiss"}});
+  expectRemovedAfter(phone, controller, 0.72);
+}
+
 TEST(Dismissal, TimerDoesNotDismissAReplacedBanner) {
   Phone phone;
   const int replaced = phone.present({{"title", "Anna"}});

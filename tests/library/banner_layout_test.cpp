@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/library/banner_layout.hpp"
+#include "tests/library/controllers.hpp"
 
 namespace {
 
@@ -178,6 +179,106 @@ TEST(Layout, KeyboardBackdropIsHiddenAndCoversTheNotificationView) {
   EXPECT_TRUE(backdrop.at("hidden"));
   EXPECT_DOUBLE_EQ(backdrop.at("alpha"), 0);
   EXPECT_DOUBLE_EQ(width(backdrop), 375 - 16);
+}
+
+TEST(Layout, StatusLineHasABoldClock) {
+  Phone phone = phoneWith({{"statusbarFontSize", 14}});
+  const int controller = phone.present(sampleMessage());
+  const Json clock = phone.view(controller, "_clockLabel").at("font");
+  const Json now = phone.view(controller, "_nowLabel").at("font");
+  EXPECT_EQ(clock.at("weight"), "bold");
+  EXPECT_EQ(now.at("weight"), "regular");
+  EXPECT_EQ(clock.at("size"), 14);
+  EXPECT_EQ(now.at("size"), 14);
+}
+
+TEST(Layout, EachTextHasItsFontSize) {
+  Phone phone = phoneWith({{"headerFontSize", 17}, {"textFontSize", 12}});
+  const int controller = phone.present({{"title", "Mail"}, {"subtitle", "Subject"}, {"message", "Text"}});
+  EXPECT_EQ(phone.view(controller, "headerLabel").at("font").at("size"), 17);
+  EXPECT_EQ(phone.view(controller, "subHeaderLabel").at("font").at("size"), 17);
+  EXPECT_EQ(phone.view(controller, "bodyLabel").at("font").at("size"), 12);
+}
+
+// The label of the button's title.
+Json titleOf(const Json& button) {
+  return test::nodes(Json::array({button}), [](const Json& node) { return node.contains("font"); }).back();
+}
+
+int presentExpanded(Phone& phone, const Json& fields) {
+  const int controller = phone.present(fields);
+  phone.wait(1);
+  phone.run({{"do", "drag"}, {"by", {0, 200}}});
+  phone.wait(1);
+  return controller;
+}
+
+TEST(ButtonRow, IsEightPointsBelowTheLowestContent) {
+  Phone phone = phoneWith({{"showButtons", true}});
+  const int oneLine = presentExpanded(phone, sampleMessage());
+  EXPECT_DOUBLE_EQ(top(phone.view(oneLine, "_buttonStackView")), bottom(phone.view(oneLine, "_appIV")) + 8);
+  phone.run({{"do", "lock"}});
+  const int threeLines = presentExpanded(phone, {{"title", "Anna"}, {"message", "One\nTwo\nThree"}});
+  ASSERT_GT(bottom(phone.view(threeLines, "bodyLabel")), bottom(phone.view(threeLines, "_appIV")));
+  EXPECT_DOUBLE_EQ(top(phone.view(threeLines, "_buttonStackView")), bottom(phone.view(threeLines, "bodyLabel")) + 8);
+}
+
+TEST(ButtonRow, ButtonsAreEquallyWideCapsulesWithSpaceBetweenThem) {
+  Phone phone = phoneWith({{"showButtons", true}});
+  const int controller = presentExpanded(phone, sampleMessage());
+  const Json row = phone.view(controller, "_buttonStackView");
+  const Json close = phone.view(controller, "_closeButton");
+  const Json clear = phone.view(controller, "_clearButton");
+  const Json reply = phone.view(controller, "_replyButton");
+  EXPECT_DOUBLE_EQ(left(close), left(row));
+  EXPECT_DOUBLE_EQ(left(clear), right(close) + 15);
+  EXPECT_DOUBLE_EQ(left(reply), right(clear) + 15);
+  EXPECT_DOUBLE_EQ(right(reply), right(row));
+  EXPECT_DOUBLE_EQ(right(row), right(phone.banner(controller)) - 15);
+  for (const Json& button : {close, clear, reply}) {
+    EXPECT_DOUBLE_EQ(height(button), 36);
+    EXPECT_DOUBLE_EQ(width(button), width(close));
+    EXPECT_DOUBLE_EQ(button.at("cornerRadius"), 18);
+    EXPECT_TRUE(button.at("continuousCorners"));
+    EXPECT_EQ(button.at("background"), Json({0, 0, 0, 0.1}));
+    EXPECT_EQ(titleOf(button).at("font").at("size"), 13);
+  }
+}
+
+TEST(ButtonRow, OnlyTheTitleOfClearIsRed) {
+  Phone phone = phoneWith({{"showButtons", true}, {"containerColor", 1}});
+  const int controller = presentExpanded(phone, sampleMessage());
+  EXPECT_EQ(titleOf(phone.view(controller, "_closeButton")).at("color"), Json({1, 1, 1, 1}));
+  EXPECT_EQ(titleOf(phone.view(controller, "_clearButton")).at("color"), Json({1, 0, 0, 1}));
+  EXPECT_EQ(titleOf(phone.view(controller, "_replyButton")).at("color"), Json({1, 1, 1, 1}));
+}
+
+TEST(ButtonRow, OfAnAlarmIsSnoozeAndARedStop) {
+  Phone phone = phoneWith({{"containerColor", 1}});
+  const Json snoozeAction = {{"key", "snooze"}, {"identifier", "MTAlarmSnoozeAction"}, {"title", "Snooze"}};
+  const int controller = presentExpanded(phone, {{"section", "com.apple.mobiletimer"},
+                                                 {"title", "Alarm"},
+                                                 {"close", true},
+                                                 {"actions", Json::array({snoozeAction})}});
+  const Json snooze = phone.view(controller, "_snoozeButton");
+  const Json stop = phone.view(controller, "_stopAlarmButton");
+  EXPECT_EQ(titleOf(snooze).at("text"), "Snooze");
+  EXPECT_EQ(titleOf(stop).at("text"), "Stop");
+  EXPECT_DOUBLE_EQ(left(stop), right(snooze) + 15);
+  EXPECT_EQ(titleOf(snooze).at("color"), Json({1, 1, 1, 1}));
+  EXPECT_EQ(titleOf(stop).at("color"), Json({1, 0, 0, 1}));
+}
+
+TEST(Layout, ReplyFieldHasItsOwnFontAndReturnKey) {
+  Phone phone = phoneWith({});
+  const int controller = presentExpanded(phone, sampleMessage());
+  const Json field = phone.view(controller, "reply");
+  EXPECT_EQ(field.at("font").at("size"), 15);
+  EXPECT_EQ(field.at("font").at("weight"), "regular");
+  const auto* reply = test::containerOf(controller)->reply();
+  EXPECT_EQ((objc::send<UIReturnKeyType, "returnKeyType">(reply)), UIReturnKeyType::Send);
+  EXPECT_EQ((objc::send<UIKeyboardType, "keyboardType">(reply)), UIKeyboardType::Default);
+  EXPECT_EQ((objc::send<UITextBorderStyle, "borderStyle">(reply)), UITextBorderStyle::None);
 }
 
 TEST(Layout, BannerThatCannotReplyHasNoReplyField) {

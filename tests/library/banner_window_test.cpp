@@ -1,8 +1,10 @@
 // Tests of the platform's operations on the banner window: presses of the home button, long looks, keyboard focus.
 #include <gtest/gtest.h>
 
+#include "platform/ui_press.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
+#include "tests/library/platform_methods.hpp"
 
 namespace {
 
@@ -38,6 +40,24 @@ TEST(HomeButton, OtherButtonEventsAreIgnored) {
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
+// The force that every press reports.
+CGFloat reportedForce;
+
+CGFloat forceOfPress(objc::Original<CGFloat(UIPress*)>, UIPress*) { return reportedForce; }
+
+TEST(HomeButton, ForceBelowOneIsARelease) {
+  Phone phone;
+  test::replaceMethod<"force", &forceOfPress>(UIPress::classObject());
+  for (const auto& [force, dismisses] :
+       {std::pair{0.99, true}, {0.01, true}, {-0.5, true}, {1.0, false}, {1.5, false}}) {
+    const int controller = present(phone, persistent);
+    reportedForce = force;
+    phone.run({{"do", "press"}, {"type", 101}, {"force", 1}});
+    EXPECT_EQ(phone.state(controller).at("brim"), !dismisses) << force;
+    phone.run({{"do", "lock"}});
+  }
+}
+
 TEST(HomeButton, DoesNotDismissABannerThatHasATimer) {
   Phone phone;
   const int controller = present(phone);
@@ -58,13 +78,16 @@ TEST(LongLook, IsNotPresentedForABanner) {
 
 TEST(LongLook, IsPresentedForAControllerOutsideTheBannerWindow) {
   Phone phone;
-  const int controller = present(phone);
-  const auto shortLook = controllerOf(controller);
-  test::postCommand({{"command", "dismissnoani"}});
-  ASSERT_FALSE(shortLook->isPartOfBanner());
-  phone.log();
-  phone.run({{"do", "longlook"}, {"controller", controller}});
-  EXPECT_EQ(phone.log(), Json::array({{{"event", "longlook"}, {"controller", controller}}}));
+  for (const char* kind : {"scroll", "click", "trigger"}) {
+    const int controller = present(phone);
+    const auto shortLook = controllerOf(controller);
+    test::postCommand({{"command", "dismissnoani"}});
+    ASSERT_FALSE(shortLook->isPartOfBanner());
+    phone.log();
+    phone.run({{"do", "longlook"}, {"controller", controller}, {"kind", kind}});
+    EXPECT_EQ(phone.log(), Json::array({{{"event", "longlook"}, {"controller", controller}}})) << kind;
+    phone.wait(2);
+  }
 }
 
 // The content of that controller's notification.

@@ -91,6 +91,51 @@ TEST(Colors, CustomColorReplacesItsPaletteEntryOnlyWhenSet) {
   EXPECT_EQ(components(colors->containerButtonColor()), (Components{1, 1, 1, 0.1}));
 }
 
+// The accessors of a custom color and of the color that it replaces.
+struct CustomColorCase {
+  const char* name;
+  void (*set)(BrimColors* colors, UIColor* color);
+  UIColor* (*get)(BrimColors* colors);
+};
+
+void PrintTo(const CustomColorCase& given, std::ostream* stream) { *stream << given.name; }
+
+constexpr CustomColorCase customColors[] = {
+    {"Background", [](BrimColors* colors, UIColor* color) { objc::send<void, "setBackgroundColor:">(colors, color); },
+     [](BrimColors* colors) { return colors->containerBackgroundColor(); }},
+    {"Grabber", [](BrimColors* colors, UIColor* color) { objc::send<void, "setGrabberColor:">(colors, color); },
+     [](BrimColors* colors) { return colors->containerGrabberColor(); }},
+    {"Reply", [](BrimColors* colors, UIColor* color) { objc::send<void, "setReplyColor:">(colors, color); },
+     [](BrimColors* colors) { return colors->containerReplyColor(); }},
+    {"Text", [](BrimColors* colors, UIColor* color) { objc::send<void, "setTextColor:">(colors, color); },
+     [](BrimColors* colors) { return colors->containerTextColor(); }},
+    {"Button", [](BrimColors* colors, UIColor* color) { objc::send<void, "setButtonColor:">(colors, color); },
+     [](BrimColors* colors) { return colors->containerButtonColor(); }},
+    {"Delete", [](BrimColors* colors, UIColor* color) { objc::send<void, "setDeleteColor:">(colors, color); },
+     [](BrimColors* colors) { return colors->containerDeleteColor(); }},
+};
+
+class CustomColor : public testing::TestWithParam<CustomColorCase> {};
+
+TEST_P(CustomColor, ReplacesOnlyItsOwnColor) {
+  const Phone phone;
+  const Components custom = {0.25, 0.5, 0.75, 1};
+  for (const NSInteger mode : {darkMode, lightMode, blackMode}) {
+    const auto palette = BrimColors::withMode(mode);
+    const auto colors = BrimColors::withMode(mode);
+    GetParam().set(colors, UIColor::withRed(0.25, 0.5, 0.75, 1));
+    EXPECT_EQ(components(GetParam().get(colors)), components(GetParam().get(palette))) << "custom colors are off";
+    objc::send<void, "setUseCustomColors:">(colors.get(), true);
+    for (const CustomColorCase& each : customColors) {
+      const bool isReplaced = each.get == GetParam().get;
+      EXPECT_EQ(components(each.get(colors)), isReplaced ? custom : components(each.get(palette))) << each.name;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CustomColor, testing::ValuesIn(customColors),
+                         [](const auto& each) { return each.param.name; });
+
 TEST(Colors, CustomColorsAreIgnoredWhileDisabled) {
   const Phone phone;
   const auto colors = BrimColors::withMode(darkMode);

@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "platform/ui_device.hpp"
+#include "simulator/uikit/environment/trait_collection.hpp"
 #include "simulator/uikit/views/view_record.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
+#include "tests/library/platform_methods.hpp"
 
 namespace {
 
@@ -56,7 +58,11 @@ INSTANTIATE_TEST_SUITE_P(Modes, ColorMode,
                          });
 
 TEST(FixedColorMode, OverridesTheControllersAppearance) {
-  Phone phone = phoneWith({{"containerColor", 3}});
+  Phone phone = phoneWith({{"containerColor", 1}});
+  const int firstDark = phone.present({{"title", "T"}});
+  EXPECT_EQ(test::controllerOf(firstDark)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Dark);
+  phone.run({{"do", "lock"}});
+  phone.set("containerColor", 3);
   const int dark = phone.present({{"title", "T"}});
   EXPECT_EQ(test::controllerOf(dark)->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Dark);
   phone.run({{"do", "lock"}});
@@ -104,22 +110,67 @@ TEST(AppearanceChange, DoesNotAffectSystemsBefore13) {
   EXPECT_EQ(UIScreen::mainScreen()->traitCollection()->userInterfaceStyle(), UIUserInterfaceStyle::Light);
 }
 
-TEST(AppearanceChange, DoesNotAffectAFixedMode) {
-  Phone phone = phoneWith({{"containerColor", 2}});
-  const int controller = phone.present({{"title", "T"}});
-  phone.run({{"do", "appearance"}, {"style", "dark"}});
-  phone.wait(1);
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json(black));
+int colorUpdates = 0;
+
+void countColorUpdate(objc::Original<void(BrimContainer*, BrimColors*)> original, BrimContainer* self,
+                      BrimColors* colors) {
+  ++colorUpdates;
+  original(self, colors);
 }
 
-TEST(AppearanceChange, DoesNotAffectBannersBefore13) {
+// A change of the controller's appearance that the library receives. The controller of a fixed mode keeps its
+// appearance, and a system before 13.0 reports no change, so the test sends the message itself.
+struct ReceivedChange {
+  const char* name;
+  const char* system;
+  int setting;
+  UIUserInterfaceStyle previous;
+  int updates;
+};
+
+void PrintTo(const ReceivedChange& change, std::ostream* stream) { *stream << change.name; }
+
+class ReceivedAppearanceChange : public testing::TestWithParam<ReceivedChange> {};
+
+TEST_P(ReceivedAppearanceChange, UpdatesABannerThatFollowsTheSystem) {
+  runner::Options options;
+  options.systemVersion = GetParam().system;
+  Phone phone = phoneWith({{"containerColor", GetParam().setting}}, options);
+  const int controller = phone.present({{"title", "T"}});
+  phone.wait(1);
+  test::replaceMethod<"updateColorMode:", &countColorUpdate>(BrimContainer::classObject());
+  objc::send<void, "traitCollectionDidChange:">(test::controllerOf(controller).get(),
+                                                uikit::traitCollection(GetParam().previous));
+  EXPECT_EQ(colorUpdates, GetParam().updates);
+}
+
+constexpr auto light = UIUserInterfaceStyle::Light;
+constexpr auto dark = UIUserInterfaceStyle::Dark;
+
+INSTANTIATE_TEST_SUITE_P(Cases, ReceivedAppearanceChange,
+                         testing::Values(ReceivedChange{"FollowsSystem", "13.5", 0, dark, 1},
+                                         ReceivedChange{"SameAppearance", "13.5", 0, light, 0},
+                                         ReceivedChange{"FixedDark", "13.5", 1, dark, 0},
+                                         ReceivedChange{"FixedLight", "13.5", 2, dark, 0},
+                                         ReceivedChange{"FixedBlack", "13.5", 3, dark, 0},
+                                         ReceivedChange{"Before13", "12.4", 0, dark, 0}),
+                         [](const auto& each) { return each.param.name; });
+
+int overrides = 0;
+
+void countOverride(objc::Original<void(UIViewController*, UIUserInterfaceStyle)> original, UIViewController* self,
+                   UIUserInterfaceStyle style) {
+  ++overrides;
+  original(self, style);
+}
+
+TEST(FixedColorMode, OverridesNoAppearanceBefore13) {
   runner::Options options;
   options.systemVersion = "12.4";
-  Phone phone = phoneWith({}, options);
-  const int controller = phone.present({{"title", "T"}});
-  phone.run({{"do", "appearance"}, {"style", "dark"}});
-  phone.wait(1);
-  EXPECT_EQ(phone.view(controller, "headerLabel").at("color"), Json(black));
+  Phone phone = phoneWith({{"containerColor", 1}}, options);
+  test::replaceMethod<"setOverrideUserInterfaceStyle:", &countOverride>(UIViewController::classObject());
+  EXPECT_EQ(phone.view(phone.present({{"title", "T"}}), "headerLabel").at("color"), Json(white));
+  EXPECT_EQ(overrides, 0);
 }
 
 }  // namespace

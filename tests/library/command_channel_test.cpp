@@ -199,6 +199,27 @@ TEST(CommandChannel, UnknownCommandsAreIgnored) {
   EXPECT_EQ(phone.state(controller), before);
 }
 
+// Sends the message that the notification center sends for a notification with this name and the command "dismiss".
+void receive(BannerController* controller, NSString* name) {
+  NSMutableDictionary* userInfo = NSMutableDictionary::dictionaryWithCapacity(1);
+  userInfo->setObject("dismiss"_ns, "command"_ns);
+  auto* notification = objc::send<NSNotification*, "notificationWithName:object:userInfo:">(
+      NSNotification::classObject(), name, static_cast<NSObject*>(nullptr), static_cast<NSDictionary*>(userInfo));
+  objc::send<void, "receivedBrimNotification:">(controller, notification);
+}
+
+TEST(CommandChannel, NotificationsWithAnotherNameAreIgnored) {
+  Phone phone;
+  const int controller = phone.present({{"title", "One"}});
+  phone.wait(1);
+  for (NSString* name : {"BrimNotifications"_ns, "brimnotification"_ns, ""_ns}) {
+    receive(controllerOf(controller), name);
+    EXPECT_FALSE(phone.state(controller).at("isDismissing")) << name->UTF8String();
+  }
+  receive(controllerOf(controller), "BrimNotification"_ns);
+  EXPECT_TRUE(phone.state(controller).at("isDismissing"));
+}
+
 TEST(CommandChannel, ValuesThatAreNotStringsAreIgnored) {
   Phone phone;
   const int controller = phone.present(persistent);

@@ -112,9 +112,14 @@ TEST(Buttons, AlphaAppliesToTheReplyFieldIfThereAreNoButtons) {
   auto banner = makeBanner("A"_ns, nullptr, "B"_ns);
   banner->setCanReply(true);
   const LaidOutBanner laidOut(banner);
-  laidOut.banner->setButtonsAlpha(0.5);
-  EXPECT_DOUBLE_EQ(laidOut.banner->reply()->alpha(), 0.5);
-  EXPECT_FALSE(laidOut.banner->reply()->isHidden());
+  const auto* background = test::instanceVariable<UIView>(laidOut.banner, "_replyBg");
+  for (const CGFloat alpha : {0.0, 0.5, 1.0, 0.25, 0.0}) {
+    laidOut.banner->setButtonsAlpha(alpha);
+    for (const UIView* view : {static_cast<const UIView*>(laidOut.banner->reply()), background}) {
+      EXPECT_DOUBLE_EQ(view->alpha(), alpha);
+      EXPECT_EQ(view->isHidden(), alpha == 0);
+    }
+  }
 }
 
 TEST(ColorSet, WithCustomColorsIgnoresColorModeUpdates) {

@@ -47,6 +47,15 @@ TEST(Dismissal, ForcedRequestDismissesAPersistentBanner) {
   EXPECT_EQ(eventsOf(phone.log(), "dismiss").size(), 1U);
 }
 
+TEST(Dismissal, MovesTheBannerByAThousandPoints) {
+  Phone phone;
+  const int controller = presentPersistent(phone);
+  phone.wait(1);
+  test::postCommand({{"command", "dismiss"}});
+  phone.wait(0);
+  EXPECT_DOUBLE_EQ(phone.state(controller).at("offset"), -70 - 1000);
+}
+
 // The first request has already set the final position, so the second request has no change to animate.
 TEST(Dismissal, SecondForcedRequestEndsTheAnimationImmediately) {
   Phone phone;

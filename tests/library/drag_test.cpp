@@ -53,6 +53,30 @@ TEST(Drag, ReleasedBeforeTheThresholdSpringsBackAndShowsAllLines) {
   EXPECT_EQ(phone.view(controller, "bodyLabel").at("lines"), 15);
 }
 
+TEST(Drag, ThatSpringsBackOpensTheReplyFieldOnlyIfThereAreNoButtons) {
+  Phone phone;
+  for (const bool showButtons : {false, true}) {
+    phone.set("showButtons", showButtons);
+    const int controller = presentThreeLines(phone);
+    phone.run(drag(-19));
+    phone.wait(1);
+    EXPECT_EQ(containerOf(controller)->reply()->isFirstResponder(), !showButtons);
+    EXPECT_DOUBLE_EQ(stateValue(phone, controller, "offset"), defaultOffset);
+    EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), defaultHeight);
+    phone.run({{"do", "lock"}});
+  }
+}
+
+TEST(Drag, UpAndThenDownReturnsTheBannerToItsPositionAndIncreasesItsHeight) {
+  Phone phone;
+  const int controller = presentThreeLines(phone);
+  phone.run(drag(-10, "hold"));
+  ASSERT_DOUBLE_EQ(stateValue(phone, controller, "offset"), defaultOffset - 10);
+  phone.run(drag(30, "hold"));
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "offset"), defaultOffset);
+  EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), defaultHeight + 5);
+}
+
 TEST(Drag, ThatReachesTheThresholdInSeveralStepsDismisses) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   for (const int steps : {1, 2, 3, 5, 7, 10}) {

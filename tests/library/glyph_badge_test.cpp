@@ -115,13 +115,44 @@ TEST(UpdateImage, ShowsTheLastPictureAndIndentsTheTexts) {
   const LaidOutBanner laidOut("com.apple.MobileSMS", lightMode);
   const auto first = picture();
   const auto second = picture();
+  constexpr const char* indentations[] = {"_brimHeaderLeadingConstraint", "_brimSubHeaderLeadingConstraint",
+                                          "_brimBodyLeadingConstraint"};
+  for (const char* field : indentations) EXPECT_DOUBLE_EQ(constraintConstant(laidOut.banner, field), 16) << field;
   for (const auto& photo : {first, second}) {
     laidOut.banner->updateImage(photo);
-    for (const char* field :
-         {"_brimHeaderLeadingConstraint", "_brimSubHeaderLeadingConstraint", "_brimBodyLeadingConstraint"})
+    for (const char* field : indentations) {
       EXPECT_DOUBLE_EQ(constraintConstant(laidOut.banner, field), 24) << field;
+      // The next photo must restore the indentation.
+      objc::send<void, "setConstant:">(instanceVariable(laidOut.banner, field), CGFloat{16});
+    }
   }
   EXPECT_EQ(largePicture(laidOut.banner)->image(), second.get());
+}
+
+CGRect frameOf(BrimContainer* banner, const char* name) { return instanceVariable(banner, name)->frame(); }
+
+TEST(GlyphBadge, ExtendsFromTheCenterOfThePictureToTheUpperRight) {
+  const Phone phone;
+  const LaidOutBanner laidOut("com.apple.MobileSMS", lightMode);
+  const CGRect picture = frameOf(laidOut.banner, "_appIV");
+  const CGRect glyph = frameOf(laidOut.banner, "_appDetailImage");
+  EXPECT_DOUBLE_EQ(glyph.origin.x, picture.origin.x + 20);
+  EXPECT_DOUBLE_EQ(glyph.origin.y + glyph.size.height, picture.origin.y + 20);
+  EXPECT_DOUBLE_EQ(glyph.size.width, 36);
+  EXPECT_DOUBLE_EQ(glyph.size.height, 36);
+  EXPECT_DOUBLE_EQ((objc::send<CGFloat, "cornerRadius">(badge(laidOut.banner)->layer())), 0);
+}
+
+TEST(IconBadge, IsARoundIconOverTheUpperRightCornerOfThePicture) {
+  const Phone phone;
+  const LaidOutBanner laidOut("com.apple.MobileSMS", lightMode, Badge::Icon);
+  const CGRect picture = frameOf(laidOut.banner, "_appIV");
+  const CGRect icon = frameOf(laidOut.banner, "_appDetailImage");
+  EXPECT_DOUBLE_EQ(icon.origin.x + icon.size.width, picture.origin.x + picture.size.width + 7);
+  EXPECT_DOUBLE_EQ(icon.origin.y, picture.origin.y - 7);
+  EXPECT_DOUBLE_EQ(icon.size.width, 20);
+  EXPECT_DOUBLE_EQ(icon.size.height, 20);
+  EXPECT_DOUBLE_EQ((objc::send<CGFloat, "cornerRadius">(badge(laidOut.banner)->layer())), 10);
 }
 
 TEST(UpdateImage, WithNilClearsThePicture) {

@@ -30,16 +30,37 @@ TEST(Height, IsFullyExpandedAtTheExpandedHeightOnly) {
   EXPECT_TRUE(laidOut.banner->isFullyExpanded());
 }
 
+// The constants of the constraints below the body, the picture and the header.
+std::vector<CGFloat> heights(BrimContainer* banner) {
+  std::vector<CGFloat> constants;
+  for (const char* name : {"_brimHeightConstraint", "_brimAlternateHeightConstraint", "_brimOtherHeightConstraint"})
+    constants.push_back(objc::send<CGFloat, "constant">(test::instanceVariable<NSObject>(banner, name)));
+  return constants;
+}
+
+TEST(Height, IsTheConstantOfAllThreeConstraints) {
+  const Phone phone;
+  auto banner = makeBanner("A"_ns, nullptr, "B"_ns);
+  banner->setEnableGrabber(true);
+  banner->setCanReply(true);
+  const LaidOutBanner laidOut(banner);
+  EXPECT_EQ(heights(banner), std::vector<CGFloat>(3, 22));
+  laidOut.banner->updateHeight(40, false, nullptr);
+  EXPECT_EQ(heights(banner), std::vector<CGFloat>(3, 40));
+  laidOut.banner->updateHeight(63, true, nullptr);
+  EXPECT_EQ(heights(banner), std::vector<CGFloat>(3, 63));
+}
+
 TEST(Height, OfABannerWithoutControlsIsReducedOnlyIfAnimated) {
   const Phone phone;
   auto banner = makeBanner("A"_ns, nullptr, "B"_ns);
   banner->setEnableGrabber(true);
   const LaidOutBanner laidOut(banner);
   laidOut.banner->updateHeight(63, true, nullptr);
-  EXPECT_DOUBLE_EQ(laidOut.banner->height(), 33);
+  EXPECT_EQ(heights(banner), std::vector<CGFloat>(3, 33));
   EXPECT_FALSE(laidOut.banner->isFullyExpanded());
   laidOut.banner->updateHeight(63, false, nullptr);
-  EXPECT_DOUBLE_EQ(laidOut.banner->height(), 63);
+  EXPECT_EQ(heights(banner), std::vector<CGFloat>(3, 63));
 }
 
 TEST(Height, CompletionRunsOnlyAfterAnAnimation) {
@@ -62,6 +83,9 @@ TEST(Height, CompletionRunsOnlyAfterAnAnimation) {
 TEST(Height, MaxLineCountOfZeroMeansNoLimit) {
   const Phone phone;
   const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "1\n2\n3\n4\n5\n6"_ns));
+  laidOut.banner->setMaxLineCount(2);
+  laidOut.superview->layoutIfNeeded();
+  EXPECT_EQ(laidOut.banner->bodyLabel()->measuredNumberOfLines(), 2u);
   laidOut.banner->setMaxLineCount(0);
   laidOut.superview->layoutIfNeeded();
   EXPECT_EQ(laidOut.banner->bodyLabel()->measuredNumberOfLines(), 6u);

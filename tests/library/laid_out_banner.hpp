@@ -31,6 +31,13 @@ struct LaidOutBanner {
   }
 };
 
+// The object in the banner's instance variable. nil if the variable is nil.
+template <class Type>
+Type* instanceVariable(const BrimContainer* banner, const char* name) {
+  const Ivar variable = class_getInstanceVariable(BrimContainer::classObject(), name);
+  return static_cast<Type*>(static_cast<void*>(object_getIvar(objc::detail::toId(banner), variable)));
+}
+
 // The text of the label; "(nil)" if the text is nil.
 inline std::string text(UILabel* label) {
   NSString* const labelText = label->text();

@@ -221,13 +221,12 @@ TEST(ButtonRow, OpenIsDisabledIfNoReplyIsPossible) {
   const Json open = phone.view(controller, "_replyButton");
   EXPECT_FALSE(open.at("enabled"));
   EXPECT_FALSE(open.at("interactive"));
-  controllerOf(controller)->setDismissCalled(false);
-  phone.log();
   const Json& frame = open.at("frame");
   const double x = frame[0].get<double>() + frame[2].get<double>() / 2;
   phone.run({{"do", "tap"}, {"at", {x, frame[1].get<double>() + 18}}});
   phone.wait(0.5);
-  EXPECT_FALSE(containerOf(controller)->reply()->isFirstResponder());
+  // The reply field would have replaced the buttons.
+  EXPECT_EQ(phone.view(controller, "_buttonStackView").at("alpha"), 1);
 }
 
 TEST(ButtonRow, OfAnAlarmWithoutSnoozeHasOnlyStop) {

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <cmath>
 #include <fstream>
+#include <set>
 
+#include "simulator/drawing/image.hpp"
+#include "tests/library/controllers.hpp"
 #include "tests/library/phone.hpp"
 #include "tests/setting_rows.hpp"
 
@@ -103,51 +107,137 @@ TEST(Settings, TimeToDismissOfZeroMeansImmediately) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-// A setting, a value other than its default, and a notification whose banner looks different with this value.
+// The parts of a banner in a picture, from which the effect of a setting is visible.
+constexpr const char* corner = "corner";
+constexpr const char* parts[] = {"_clockLabel", "_nowLabel",    "_appIV", "headerLabel",
+                                 "bodyLabel",   "_grabberView", corner};
+
+using Parts = std::set<std::string>;
+
+// A setting, a value other than its default, and a notification. `changedParts` are the parts of its banner that look
+// different with this value. All other parts look the same.
 struct Effect {
   const char* key;
   Json value;
   Json notification;
+  Parts changedParts;
   std::map<std::string, Json> otherSettings = {};
 };
 
 void PrintTo(const Effect& effect, std::ostream* stream) { *stream << effect.key; }
 
-class SettingEffect : public testing::TestWithParam<Effect> {};
+// A banner on the screen.
+struct Appearance {
+  std::shared_ptr<const drawing::Image> picture;
+  // The frames of the parts. A part that the banner does not have has no frame.
+  std::map<std::string, Json> frames;
+};
 
-std::string pictureWith(Phone& phone, const Json& notification) {
-  phone.present(notification);
-  phone.wait(1);
-  return phone.picture();
+// The pixels in the frame, from the picture's top left corner.
+std::vector<std::uint32_t> pixelsIn(const drawing::Image& picture, const Json& frame) {
+  const auto pixel = [&](std::size_t index) { return static_cast<int>(std::lround(frame[index].get<double>())); };
+  std::vector<std::uint32_t> pixels;
+  for (int y = pixel(1); y < pixel(1) + pixel(3); ++y)
+    for (int x = pixel(0); x < pixel(0) + pixel(2); ++x) pixels.push_back(picture.pixel(x, y));
+  return pixels;
 }
 
-TEST_P(SettingEffect, ChangesThePicture) {
-  test::Setup setup;
-  setup.options.time = 1767303660;
-  setup.settings = GetParam().otherSettings;
-  Phone phone(setup);
-  const std::string before = pictureWith(phone, GetParam().notification);
-  phone.run({{"do", "lock"}});
-  phone.wait(2);
-  phone.set(GetParam().key, GetParam().value);
-  EXPECT_NE(before, pictureWith(phone, GetParam().notification));
+Parts differingParts(const Appearance& first, const Appearance& second) {
+  Parts differing;
+  for (const char* part : parts) {
+    const Json& frame = first.frames.at(part);
+    if (frame != second.frames.at(part) ||
+        (!frame.is_null() && pixelsIn(*first.picture, frame) != pixelsIn(*second.picture, frame)))
+      differing.insert(part);
+  }
+  return differing;
+}
+
+class SettingEffect : public testing::TestWithParam<Effect> {
+ protected:
+  SettingEffect() : phone_(setup()) {}
+
+  // Presents the notification, and dismisses its banner again.
+  Appearance presentedBanner() {
+    const int controller = phone_.present(GetParam().notification);
+    phone_.wait(1);
+    Appearance appearance;
+    for (const char* part : parts) appearance.frames[part] = frameOf(controller, part);
+    const std::string path = (phone_.root() / "picture.png").string();
+    phone_.run({{"do", "screenshot"}, {"path", path}, {"scale", 1}});
+    appearance.picture = drawing::loadImage(path);
+    test::postCommand({{"command", "dismissnoani"}});
+    phone_.wait(1);
+    return appearance;
+  }
+
+  Phone& phone() { return phone_; }
+
+ private:
+  // Black banners are opaque. Through other banners, the blurred background is visible, whose pixels depend on the size
+  // of the banner.
+  static test::Setup setup() {
+    test::Setup setup;
+    setup.options.time = 1767303660;
+    setup.settings = GetParam().otherSettings;
+    setup.settings.try_emplace("containerColor", 3);
+    return setup;
+  }
+
+  // The top corners of a banner are above the screen.
+  Json frameOf(int controller, const std::string& part) {
+    const Json view = part == corner ? phone_.banner(controller) : phone_.view(controller, part);
+    if (view.is_null()) return nullptr;
+    Json frame = view.at("frame");
+    if (part != corner) return frame;
+    constexpr double size = 12;
+    const double bottom = frame[1].get<double>() + frame[3].get<double>();
+    return {frame[0], bottom - size, size, size};
+  }
+
+  Phone phone_;
+};
+
+TEST_P(SettingEffect, IsVisibleOnlyInThePartsThatItConcerns) {
+  const Appearance before = presentedBanner();
+  ASSERT_EQ(differingParts(before, presentedBanner()), Parts{}) << "the setting has not changed yet";
+  phone().set(GetParam().key, GetParam().value);
+  EXPECT_EQ(differingParts(before, presentedBanner()), GetParam().changedParts);
 }
 
 const Json longMessage = {{"title", "Anna Weber"}, {"message", "One\nTwo\nThree\nFour"}};
+const Json shortMessage = {{"title", "Anna Weber"}, {"message", "One"}};
 const Json alarmWithoutText = {{"title", "Alarm"}};
+const Parts everyPart(std::begin(parts), std::end(parts));
+const Parts statusLine = {"_clockLabel", "_nowLabel"};
+const Parts texts = {"headerLabel", "bodyLabel"};
+const Parts bottom = {"_grabberView", corner};
+const Parts belowStatusLine = {"_appIV", "headerLabel", "bodyLabel", "_grabberView", corner};
+const std::map<std::string, Json> translucent = {{"containerColor", 2}};
 
-INSTANTIATE_TEST_SUITE_P(
-    Visible, SettingEffect,
-    testing::Values(Effect{"backgroundBlur", false, longMessage}, Effect{"24_h_clock", false, longMessage},
-                    Effect{"statusbar", false, longMessage}, Effect{"enableGrabber", false, longMessage},
-                    Effect{"hide_unless_expanded", true, longMessage}, Effect{"tinyBanner", true, longMessage},
-                    Effect{"tinyBannerNoText", true, alarmWithoutText}, Effect{"maxLineCount", 3, longMessage},
-                    Effect{"containerCornerRadius", 5, longMessage}, Effect{"appCornerRadius", 4, longMessage},
-                    Effect{"appSize", 60, longMessage}, Effect{"containerColor", 3, longMessage},
-                    Effect{"textAlignment", 3, longMessage}, Effect{"topOffset", 40, longMessage},
-                    Effect{"headerFontSize", 22, longMessage}, Effect{"textFontSize", 20, longMessage},
-                    Effect{"statusbarFontSize", 11, longMessage},
-                    Effect{"tinyBannerFontSize", 20, longMessage, {{"tinyBanner", true}}}));
+INSTANTIATE_TEST_SUITE_P(Visible, SettingEffect,
+                         testing::Values(Effect{"backgroundBlur", false, longMessage, everyPart, translucent},
+                                         Effect{"24_h_clock", false, longMessage, {"_clockLabel"}},
+                                         Effect{"statusbar", false, longMessage, statusLine},
+                                         Effect{"enableGrabber", false, longMessage, bottom},
+                                         Effect{"hide_unless_expanded", true, shortMessage, texts},
+                                         Effect{"tinyBanner", true, longMessage, belowStatusLine},
+                                         Effect{"tinyBannerNoText", true, alarmWithoutText, belowStatusLine},
+                                         Effect{"maxLineCount", 3, longMessage, {"bodyLabel", "_grabberView", corner}},
+                                         Effect{"containerCornerRadius", 5, longMessage, {corner}},
+                                         Effect{"appCornerRadius", 4, longMessage, {"_appIV"}},
+                                         Effect{"appSize", 60, longMessage, belowStatusLine},
+                                         Effect{"containerColor", 2, longMessage, everyPart},
+                                         Effect{"textAlignment", 3, longMessage, texts},
+                                         Effect{"topOffset", 40, longMessage, belowStatusLine},
+                                         Effect{"headerFontSize", 16, shortMessage, texts},
+                                         Effect{"textFontSize", 14, shortMessage, {"bodyLabel"}},
+                                         Effect{"statusbarFontSize", 11, longMessage, statusLine},
+                                         Effect{"tinyBannerFontSize",
+                                                17,
+                                                shortMessage,
+                                                {"headerLabel", "bodyLabel", "_grabberView", corner},
+                                                {{"tinyBanner", true}}}));
 
 TEST(SettingEffect, ButtonsExistOnlyIfTheSettingIsOn) {
   Phone phone;

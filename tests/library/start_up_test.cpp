@@ -47,7 +47,8 @@ TEST_P(NotificationViewClass, DependsOnTheSystemVersion) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, NotificationViewClass,
-                         testing::Values(std::pair("11.2", "_NCNotificationViewControllerView"),
+                         testing::Values(std::pair("9.3", "_NCNotificationViewControllerView"),
+                                         std::pair("11.2", "_NCNotificationViewControllerView"),
                                          std::pair("11.4", "_NCNotificationViewControllerView"),
                                          std::pair("12.0", "NCNotificationViewControllerView"),
                                          std::pair("12.4", "NCNotificationViewControllerView"),

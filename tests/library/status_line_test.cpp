@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "platform/ns_date.hpp"
 #include "tests/library/banner_layout.hpp"
+#include "tests/library/platform_methods.hpp"
 
 namespace {
 
@@ -45,6 +47,24 @@ TEST(StatusLine, TwelveHourClockHasNoDayPeriod) {
   Phone phone = phoneWith({{"24_h_clock", false}});
   const int controller = phone.present(sampleMessage());
   EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "9:41");
+}
+
+NSString* formattedTime;
+
+NSString* formatTime(objc::Original<NSString*(NSDateFormatter*, NSDate*)> original, NSDateFormatter* self,
+                     NSDate* date) {
+  return formattedTime != nullptr ? formattedTime : original(self, date);
+}
+
+// On a phone whose user has switched off 24-hour time, the formatter appends the day period to any format.
+TEST(StatusLine, DayPeriodIsRemovedFromTheClock) {
+  Phone phone = phoneWith({});
+  test::replaceMethod<"stringFromDate:", &formatTime>(NSDateFormatter::classObject());
+  for (NSString* time : {"9:41 AM"_ns, "9:41 PM"_ns, "9:41 am"_ns, "9:41 pm"_ns, "9:41"_ns}) {
+    formattedTime = time;
+    const int controller = phone.present(sampleMessage());
+    EXPECT_EQ(phone.view(controller, "_clockLabel").at("text"), "9:41") << time->UTF8String();
+  }
 }
 
 TEST(StatusLine, NowLabelIsLocalizedAndAtTheTrailingEdge) {

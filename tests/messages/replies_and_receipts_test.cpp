@@ -64,9 +64,11 @@ TEST(MessagesReply, DoesNotVibrateWhenTheSettingIsOff) {
 
 TEST(MessagesReply, IsSentFromEachOfTwoBanners) {
   HomeScreenAndMessages both;
-  both.reply("One");
+  const int first = both.reply("One");
+  const std::string identifier = both.phone.state(first).at("identifier");
   both.phone.wait(2);
-  both.reply("Two");
+  const int second = both.reply("Two");
+  EXPECT_NE(both.phone.state(second).at("identifier"), identifier);
   ASSERT_TRUE(both.waitForEvents("message", 2));
   EXPECT_EQ(both.sent(), (std::vector<std::string>{"One", "Two"}));
 }

@@ -86,6 +86,8 @@ TEST(SlackPhoto, UserWithoutAvatarCausesNoRequest) {
 TEST(SlackPhoto, HostileNamesMatchNoUserAndModifyNoFile) {
   SlackPhone phone;
   phone.makeDatabase();
+  SlackConnection(phone.database).addUser("O''Brien", "OBrien");
+  ASSERT_EQ(phone.requestsFor(directMessage("Brien: hi")), Targets{avatarTarget("OBrien")});
   const auto before = phone.files();
   // A name that contains a query. If the query were executed, it would return an address that the sender has chosen.
   const std::string address = std::regex_replace(phone.server.address("/evil"), std::regex(":"), "' || char(58) || '");

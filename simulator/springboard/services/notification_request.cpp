@@ -65,7 +65,8 @@ objc::Ref<NCNotificationContent> makeContent(const NotificationDescription& desc
                                              const objc::Ref<NSDate>& date) {
   auto content = objc::make<NCNotificationContent>();
   NSMutableArray* icons = NSMutableArray::array();
-  icons->addObject(icon != nullptr ? icon : iconOf(base::stringOf(description.section)));
+  UIImage* const shown = icon != nullptr ? icon : iconOf(base::stringOf(description.section));
+  if (shown != nullptr) icons->addObject(shown);
   objc::state(content.get()) = {text(description.title),   text(description.subtitle),   text(description.message),
                                 text(description.summary), objc::retain<NSArray>(icons), date};
   return content;
