@@ -2,7 +2,6 @@
 
 #include <strings.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace contacts {
@@ -10,6 +9,9 @@ namespace contacts {
 namespace {
 
 constexpr std::size_t maxCardBytes = 32 << 20;
+// The maximum number of components and parameters of a property. The time of the parser grows with the square of this
+// number.
+constexpr std::size_t maxSeparators = 1000;
 
 std::string_view withoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t");
@@ -85,19 +87,37 @@ class CardSplitter {
 
   void append(std::string_view line) {
     if (card_.size() > maxCardBytes) return;
-    if (!continuesOnNextLine_) isQuotedPrintable_ = usesQuotedPrintable(line);
-    nextCardIsNested_ = startsIgnoringCase(line, "AGENT") && withoutBlanks(line).ends_with(':');
+    const bool isFolded = !continuesOnNextLine_ && (line.starts_with(' ') || line.starts_with('\t'));
+    if (isFolded) {
+      line.remove_prefix(1);
+      card_.resize(card_.size() - lineEnd.size());
+    } else if (!continuesOnNextLine_) {
+      isQuotedPrintable_ = usesQuotedPrintable(line);
+      nextCardIsNested_ = startsIgnoringCase(line, "AGENT") && withoutBlanks(line).ends_with(':');
+      separators_ = 0;
+    }
     continuesOnNextLine_ = isQuotedPrintable_ && line.ends_with('=');
     if (continuesOnNextLine_) line.remove_suffix(1);
-    card_.append(line);
-    // The parser treats a zero byte as the end of the text.
-    std::replace(card_.end() - static_cast<std::ptrdiff_t>(line.size()), card_.end(), '\0', ' ');
-    if (!continuesOnNextLine_) card_.append("\r\n");
+    appendToProperty(line);
+    if (!continuesOnNextLine_) card_.append(lineEnd);
   }
+
+  // Appends the part of the line that is before the first excess separator of the property.
+  void appendToProperty(std::string_view line) {
+    if (separators_ > maxSeparators) return;
+    for (const char character : line) {
+      if ((character == ';' || character == ',') && ++separators_ > maxSeparators) return;
+      // The parser treats a zero byte as the end of the text.
+      card_ += character == '\0' ? ' ' : character;
+    }
+  }
+
+  static constexpr std::string_view lineEnd = "\r\n";
 
   std::vector<std::string> cards_;
   std::string card_;
   int depth_ = 0;
+  std::size_t separators_ = 0;        // the number of semicolons and commas in the current property
   bool isQuotedPrintable_ = false;    // the current property is quoted-printable
   bool continuesOnNextLine_ = false;  // the current property ends with a soft line break
   bool nextCardIsNested_ = false;

@@ -12,14 +12,13 @@
 namespace drawing {
 namespace {
 
-constexpr double maxSide = 16'384;
 // The maximum number of pixels of a stored enlarged image: the size of a few screens. An image that is enlarged further
 // is filtered again each time it is drawn.
 constexpr double maxEnlargedPixels = 8'000'000;
 
 int pixelCount(double points, double scale) {
   const double pixels = std::ceil(points * scale - 1e-6);
-  return std::isnan(pixels) ? 1 : static_cast<int>(std::clamp(pixels, 1.0, maxSide));
+  return std::isnan(pixels) ? 1 : static_cast<int>(std::clamp(pixels, 1.0, Canvas::maxSide));
 }
 
 void setColor(cairo_t* context, const Color& color) {
@@ -197,8 +196,10 @@ void Canvas::setSource(const Image& image, const Rectangle& target) {
   cairo_user_to_device_distance(context_.get(), &deviceWidth, &deviceHeight);
   const double width = std::max(std::round(deviceWidth), 1.0);
   const double height = std::max(std::round(deviceHeight), 1.0);
-  const bool isReduced = width < image.pixelWidth() && height < image.pixelHeight();
-  const bool canBeEnlarged = std::max(width, height) <= maxSide && width * height <= maxEnlargedPixels;
+  const int retainedWidth = cairo_image_surface_get_width(image.surface());
+  const int retainedHeight = cairo_image_surface_get_height(image.surface());
+  const bool isReduced = width < retainedWidth && height < retainedHeight;
+  const bool canBeEnlarged = std::max(width, height) <= Canvas::maxSide && width * height <= maxEnlargedPixels;
   if (deviceWidth > 0 && deviceHeight > 0 && (isReduced || canBeEnlarged)) {
     cairo_identity_matrix(context_.get());
     cairo_set_source_surface(context_.get(), image.resizedSurface(static_cast<int>(width), static_cast<int>(height)),
@@ -207,7 +208,7 @@ void Canvas::setSource(const Image& image, const Rectangle& target) {
     return;
   }
   cairo_translate(context_.get(), target.x, target.y);
-  cairo_scale(context_.get(), target.width / image.pixelWidth(), target.height / image.pixelHeight());
+  cairo_scale(context_.get(), target.width / retainedWidth, target.height / retainedHeight);
   cairo_set_source_surface(context_.get(), image.surface(), 0, 0);
   cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_GOOD);
 }

@@ -53,8 +53,11 @@ Rectangle placeContent(const Size& content, const Rectangle& bounds, ContentMode
 
 class Canvas {
  public:
-  // Creates a transparent canvas. The number of pixels on each side is clamped to the range from 1 to 16,384. The scale
-  // is in pixels per point; a scale that is not a positive number is replaced by 1.
+  // The maximum number of pixels on each side.
+  static constexpr double maxSide = 20'000;
+
+  // Creates a transparent canvas. The number of pixels on each side is clamped to the range from 1 to maxSide. The
+  // scale is in pixels per point; a scale that is not a positive number is replaced by 1.
   Canvas(const Size& size, double scale);
 
   double pixelsPerPoint() const { return scale_; }

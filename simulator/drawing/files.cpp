@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <system_error>
 #include <utility>
 
 namespace drawing {
@@ -46,8 +47,25 @@ std::string describe(const char* step, const std::filesystem::path& path, const 
 // A renamed file would replace a device or a named pipe.
 std::optional<std::string> checkReplaceable(const std::filesystem::path& path) {
   struct stat status {};
-  if (stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode)) return std::nullopt;
+  if (stat(path.c_str(), &status) != 0) {
+    // A chain of symbolic links that has no end cannot be followed.
+    return errno == ELOOP ? std::optional(describe("cannot write", path, std::strerror(ELOOP))) : std::nullopt;
+  }
+  if (S_ISREG(status.st_mode)) return std::nullopt;
   return describe("cannot replace", path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file");
+}
+
+// Follows symbolic links at the end of the path, because a renamed file would replace the link. The target of the last
+// link can be missing.
+std::filesystem::path withoutLinks(std::filesystem::path path) {
+  constexpr int maxLinks = 40;
+  std::error_code error;
+  for (int count = 0; count < maxLinks; ++count) {
+    const std::filesystem::path target = std::filesystem::read_symlink(path, error);
+    if (error) break;
+    path = path.parent_path() / target;
+  }
+  return path;
 }
 
 // Creates a temporary file in the folder of the path. `name` receives the path of the temporary file.
@@ -79,16 +97,18 @@ std::vector<std::byte> readRegularFile(const std::filesystem::path& path) {
   return content;
 }
 
-std::optional<std::string> checkWritable(const std::filesystem::path& path) {
-  if (auto error = checkReplaceable(path)) return error;
+std::optional<std::string> checkWritable(const std::filesystem::path& requested) {
+  if (auto error = checkReplaceable(requested)) return error;
+  const std::filesystem::path path = withoutLinks(requested);
   std::string temporary;
   if (!createTemporary(path, temporary).isOpen()) return describeMissingTemporary(path, errno);
   unlink(temporary.c_str());
   return std::nullopt;
 }
 
-std::optional<std::string> writeFile(std::span<const std::byte> content, const std::filesystem::path& path) {
-  if (auto error = checkReplaceable(path)) return error;
+std::optional<std::string> writeFile(std::span<const std::byte> content, const std::filesystem::path& requested) {
+  if (auto error = checkReplaceable(requested)) return error;
+  const std::filesystem::path path = withoutLinks(requested);
   std::string temporary;
   File file = createTemporary(path, temporary);
   if (!file.isOpen()) return describeMissingTemporary(path, errno);

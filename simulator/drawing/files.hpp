@@ -15,7 +15,8 @@ namespace drawing {
 std::vector<std::byte> readRegularFile(const std::filesystem::path& path);
 
 // Writes a file atomically: after a failure, an existing file is unchanged and no other file remains. An existing file
-// is replaced only if it is a regular file. Returns a description of the error, or nothing on success.
+// is replaced only if it is a regular file. If the path is a symbolic link, the target of the link is written and the
+// link is unchanged. Returns a description of the error, or nothing on success.
 [[nodiscard]] std::optional<std::string> writeFile(std::span<const std::byte> content,
                                                    const std::filesystem::path& path);
 // Returns the error that writeFile would report now, except for a full disk. Returns nothing if the file can be

@@ -12,6 +12,8 @@ namespace {
 // The maximum width and height of an image, in pixels. This is the limit of cairo.
 constexpr std::int64_t maxSide = 32'767;
 
+constexpr double maxRetainedPixels = 4'000'000;
+
 constexpr std::byte jpegStart[] = {std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}};
 constexpr std::byte pngStart[] = {std::byte{0x89}, std::byte{'P'}, std::byte{'N'}, std::byte{'G'}};
 
@@ -64,20 +66,45 @@ std::shared_ptr<const Image> Image::fromSurface(SurfaceHandle surface, double sc
   return std::shared_ptr<const Image>(new Image(std::move(surface), scale, std::move(name)));
 }
 
+std::shared_ptr<const Image> Image::fromFile(SurfaceHandle surface, double scale, std::string name) {
+  if (!hasPixels(surface.get())) return nullptr;
+  const int width = cairo_image_surface_get_width(surface.get());
+  const int height = cairo_image_surface_get_height(surface.get());
+  const double factor = std::sqrt(maxRetainedPixels / (static_cast<double>(width) * height));
+  if (factor >= 1) return fromSurface(std::move(surface), scale, std::move(name));
+  const auto reduced = [factor](int side) { return std::max(1, static_cast<int>(side * factor)); };
+  surface = resizedCopy(surface.get(), reduced(width), reduced(height));
+  if (!hasPixels(surface.get())) return nullptr;
+  auto* const image = new Image(std::move(surface), scale, std::move(name));
+  image->pixelWidth_ = width;
+  image->pixelHeight_ = height;
+  return std::shared_ptr<const Image>(image);
+}
+
 std::shared_ptr<const Image> Image::named(std::string name) const {
   SurfaceHandle shared(cairo_surface_reference(surface_.get()));
-  return std::shared_ptr<const Image>(new Image(std::move(shared), scale_, std::move(name)));
+  auto* const image = new Image(std::move(shared), scale_, std::move(name));
+  image->pixelWidth_ = pixelWidth_;
+  image->pixelHeight_ = pixelHeight_;
+  return std::shared_ptr<const Image>(image);
 }
 
 std::uint32_t Image::pixel(int x, int y) const {
   if (x < 0 || y < 0 || x >= pixelWidth_ || y >= pixelHeight_) return 0;
-  const unsigned char* row = cairo_image_surface_get_data(surface_.get()) +
-                             static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(surface_.get());
-  return reinterpret_cast<const std::uint32_t*>(row)[x];
+  const auto retained = [](int position, int count, int all) {
+    return static_cast<std::int64_t>(position) * count / all;
+  };
+  const std::int64_t column = retained(x, cairo_image_surface_get_width(surface_.get()), pixelWidth_);
+  const std::int64_t line = retained(y, cairo_image_surface_get_height(surface_.get()), pixelHeight_);
+  const unsigned char* row =
+      cairo_image_surface_get_data(surface_.get()) + line * cairo_image_surface_get_stride(surface_.get());
+  return reinterpret_cast<const std::uint32_t*>(row)[column];
 }
 
 cairo_surface_t* Image::resizedSurface(int width, int height) const {
-  if (width == pixelWidth_ && height == pixelHeight_) return surface_.get();
+  if (width == cairo_image_surface_get_width(surface_.get()) &&
+      height == cairo_image_surface_get_height(surface_.get()))
+    return surface_.get();
   const bool isCached = resized_ && cairo_image_surface_get_width(resized_.get()) == width &&
                         cairo_image_surface_get_height(resized_.get()) == height;
   if (!isCached) resized_ = resizedCopy(surface_.get(), width, height);
@@ -85,8 +112,8 @@ cairo_surface_t* Image::resizedSurface(int width, int height) const {
 }
 
 std::shared_ptr<const Image> decodeImage(std::span<const std::byte> data, double scale, std::string name) {
-  if (startsWith(data, pngStart)) return Image::fromSurface(decodePng(data), scale, std::move(name));
-  if (startsWith(data, jpegStart)) return Image::fromSurface(decodeJpeg(data), scale, std::move(name));
+  if (startsWith(data, pngStart)) return Image::fromFile(decodePng(data), scale, std::move(name));
+  if (startsWith(data, jpegStart)) return Image::fromFile(decodeJpeg(data), scale, std::move(name));
   return nullptr;
 }
 

@@ -27,6 +27,10 @@ class Image {
   // number is replaced by 1. Returns null if the surface is null, empty, in an error state, or not an image surface.
   static std::shared_ptr<const Image> fromSurface(SurfaceHandle surface, double scale, std::string name = {});
 
+  // The same for the content of a file. If it has more than 4 million pixels, only a reduced copy of the pixels is
+  // retained: a display shows no more of them. The size of the image is still that of the file.
+  static std::shared_ptr<const Image> fromFile(SurfaceHandle surface, double scale, std::string name);
+
   int pixelWidth() const { return pixelWidth_; }
   int pixelHeight() const { return pixelHeight_; }
   // The number of pixels per point.
@@ -40,7 +44,7 @@ class Image {
 
   // Returns a pixel as premultiplied 0xAARRGGBB. Returns 0 outside the image.
   std::uint32_t pixel(int x, int y) const;
-  // The pixels of the image. The surface is borrowed and must not be changed.
+  // The retained pixels of the image. The surface is borrowed and must not be changed.
   cairo_surface_t* surface() const { return surface_.get(); }
   // Returns the image scaled to this size in pixels. The result is borrowed and valid until the next call. The last
   // result is cached, because an image is usually drawn at the same size in each frame.

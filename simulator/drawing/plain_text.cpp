@@ -11,6 +11,8 @@ namespace drawing {
 namespace {
 
 constexpr std::size_t maxCharacters = 20'000;
+// The time to lay out a paragraph grows with the square of the number of tabs.
+constexpr std::size_t maxTabs = 500;
 
 // Upper bounds that hold for every script. The first is the number of characters in a length equal to the font size.
 // The second is the number of characters without width in a line.
@@ -66,6 +68,8 @@ class Collector {
       --remaining_.characters;
       if (value == '\n')
         appendLineFeed();
+      else if (value == '\t')
+        appendTab();
       else if (value != omitted)
         appendCharacter(value);
     }
@@ -78,6 +82,11 @@ class Collector {
   void appendLineFeed() {
     appendCharacter(remaining_.lineFeeds > 0 ? '\n' : ' ');
     if (remaining_.lineFeeds > 0) --remaining_.lineFeeds;
+  }
+
+  void appendTab() {
+    appendCharacter(tabs_ < maxTabs ? '\t' : ' ');
+    ++tabs_;
   }
 
   // Appends a character, after a zero-width space if the word is extremely long. The space splits the word, because the
@@ -96,6 +105,7 @@ class Collector {
   std::string text_;
   TextLimit remaining_;
   std::size_t wordLength_ = 0;
+  std::size_t tabs_ = 0;
 };
 
 void removeFinalLineFeed(PlainText& text) {

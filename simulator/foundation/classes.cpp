@@ -12,6 +12,7 @@
 #include "simulator/foundation/resource_paths.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/run_loop.hpp"
+#include "simulator/foundation/string_comparison.hpp"
 #include "simulator/foundation/string_encoding.hpp"
 
 namespace foundation {
@@ -28,6 +29,7 @@ void registerClasses() {
   installPropertyListParsing();
   installDigests();
   installStringEncoding();
+  installStringComparison();
   installDistributedNotifications();
   defineHBPreferences();
 }

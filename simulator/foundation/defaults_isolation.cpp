@@ -2,9 +2,13 @@
 
 #include <unistd.h>
 
+#include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <system_error>
+#include <thread>
 #include <vector>
 
 #include "objc/autorelease_pool.hpp"
@@ -24,6 +28,8 @@ namespace fs = std::filesystem;
 
 constexpr const char* systemConfiguration = "/etc/GNUstep/GNUstep.conf";
 constexpr const char* folderInRoot = "var/mobile/Library/GNUstep";
+// The lock of the database, which is a folder. Foundation defines its name.
+constexpr const char* lockInDatabase = ".lck/.GNUstepDefaults.lck";
 constexpr std::string_view replacedSettings[] = {
     "GNUSTEP_USER_DIR=", "GNUSTEP_USER_DEFAULTS_DIR=", "GNUSTEP_USER_CONFIG_FILE="};
 
@@ -57,10 +63,27 @@ void writeFile(const fs::path& path, const std::string& text) {
   std::ofstream file(unfinished);
   file << text;
   file.close();
-  if (!file) throw fs::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
+  if (!file) throw fs::filesystem_error("cannot write", path, std::error_code(errno, std::generic_category()));
   // Foundation ignores a configuration file that other users can write.
   fs::permissions(unfinished, fs::perms::owner_read | fs::perms::owner_write);
   fs::rename(unfinished, path);
+}
+
+// Removes the lock of a process that was killed. Foundation would wait for 20 seconds until it removes the lock. A
+// process holds the lock only for milliseconds.
+void removeStaleLock(const fs::path& lock) {
+  constexpr auto maxAge = std::chrono::seconds(2);
+  constexpr auto pollInterval = std::chrono::milliseconds(20);
+  std::error_code error;
+  for (;;) {
+    const fs::file_time_type created = fs::last_write_time(lock, error);
+    if (error) return;
+    const auto age = fs::file_time_type::clock::now() - created;
+    // The time of a lock in the future is that of another clock.
+    if (age > maxAge || age < -maxAge) break;
+    std::this_thread::sleep_for(pollInterval);
+  }
+  fs::remove_all(lock, error);
 }
 
 // Makes Foundation read the environment again. Foundation has copied the environment at the start of the process.
@@ -92,8 +115,10 @@ std::optional<std::string> isolateDefaults(const fs::path& root) {
     useDaemonOfRoot(root);
     folder = aliasOfRoot() / folderInRoot;
     configuration = folder / "GNUstep.conf";
-    fs::create_directories(folder / "Defaults");
-    writeFile(configuration, configurationText(folder));
+    // The path in the root and not the alias, because errors name it.
+    fs::create_directories(root / folderInRoot / "Defaults");
+    removeStaleLock(root / folderInRoot / "Defaults" / lockInDatabase);
+    writeFile(root / folderInRoot / "GNUstep.conf", configurationText(folder));
   } catch (const fs::filesystem_error& error) {
     return error.path1().string() + ": " + error.code().message();
   }

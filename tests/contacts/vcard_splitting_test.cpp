@@ -37,8 +37,26 @@ TEST(VcardSplitting, RemovesSoftLineBreaks) {
 }
 
 TEST(VcardSplitting, PreservesEqualsSignsOfOtherEncodings) {
-  const std::string picture = card("PHOTO;ENCODING=b:AAAA\r\n AA==\r\nNOTE:QUOTED-PRINTABLE=\r\nN:A\r\n");
+  const std::string picture = card("PHOTO;ENCODING=b:AA==\r\nNOTE:QUOTED-PRINTABLE=\r\nN:A\r\n");
   EXPECT_EQ(splitCards(picture), Texts{picture});
+}
+
+TEST(VcardSplitting, JoinsFoldedLines) {
+  EXPECT_EQ(splitCards(card("PHOTO;ENCODING=b:AAAA\r\n AA\n\tBB==\r\nN:A\r\n")),
+            Texts{card("PHOTO;ENCODING=b:AAAAAABB==\r\nN:A\r\n")});
+  EXPECT_EQ(splitCards(card("N;ENCODING=QUOTED-PRINTABLE:=41=\r\n=42\r\n  C=\r\nD\r\n")),
+            Texts{card("N;ENCODING=QUOTED-PRINTABLE:=41=42 CD\r\n")});
+  std::string folds;
+  for (int count = 0; count < 100'000; ++count) folds += "\r\n ";
+  EXPECT_EQ(splitCards(card("N:A" + folds + "B\r\n")), Texts{card("N:AB\r\n")});
+}
+
+TEST(VcardSplitting, EndsPropertiesWithTooManyComponents) {
+  const auto separators = [](std::size_t count) { return std::string(count, ';'); };
+  EXPECT_EQ(splitCards(card("N:A;B" + separators(100'000) + "\r\nTEL:1\r\n")),
+            Texts{card("N:A;B" + separators(999) + "\r\nTEL:1\r\n")});
+  EXPECT_EQ(splitCards(card("N:A" + separators(600) + "\r\n " + separators(600) + "\r\nTEL:1\r\n")),
+            Texts{card("N:A" + separators(1000) + "\r\nTEL:1\r\n")});
 }
 
 TEST(VcardSplitting, OmitsCardsWithoutAnEnd) {

@@ -20,7 +20,7 @@ TEST(Canvas, PixelSizeIsPointSizeTimesScale) {
 TEST(Canvas, InvalidSizesAreClamped) {
   EXPECT_EQ(Canvas({0, -4}, 2).pixelWidth(), 1);
   EXPECT_EQ(Canvas({notANumber, 4}, notANumber).pixelWidth(), 1);
-  EXPECT_EQ(Canvas({1e9, 1}, 1).pixelWidth(), 16'384);
+  EXPECT_EQ(Canvas({1e9, 1}, 1).pixelWidth(), 20'000);
 }
 
 TEST(Canvas, CoordinatesAreInPoints) {

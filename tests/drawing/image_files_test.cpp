@@ -3,6 +3,7 @@
 
 #include <csignal>
 
+#include "simulator/drawing/canvas.hpp"
 #include "tests/drawing/test_images.hpp"
 
 namespace drawing {
@@ -84,6 +85,29 @@ TEST(LoadImageNamed, AddsThePngExtensionIfTheNameHasNone) {
   EXPECT_EQ(loadImageNamed("", 2), nullptr);
 }
 
+TEST(LoadImage, RetainsAtMostFourMillionPixelsAndReportsTheSizeOfTheFile) {
+  const ImageFolder folder;
+  SurfaceHandle surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 4000, 2000));
+  const ContextHandle context(cairo_create(surface.get()));
+  cairo_set_source_rgb(context.get(), 1, 0, 0);
+  cairo_rectangle(context.get(), 0, 0, 2000, 2000);
+  cairo_fill(context.get());
+  ASSERT_EQ(writePng(surface.get(), folder / "large.png"), std::nullopt);
+  const auto image = loadImage(folder / "large.png")->named("other");
+  EXPECT_EQ(image->pixelWidth(), 4000);
+  EXPECT_EQ(image->pixelHeight(), 2000);
+  EXPECT_EQ(cairo_image_surface_get_width(image->surface()), 2828);
+  EXPECT_EQ(cairo_image_surface_get_height(image->surface()), 1414);
+  EXPECT_EQ(image->pixel(1990, 1999), 0xFFFF0000);
+  EXPECT_EQ(image->pixel(2010, 0), 0U);
+  for (const double side : {10.0, 3600.0}) {
+    Canvas canvas({side, side / 2}, 1);
+    canvas.drawImage(image, {0, 0, side, side / 2}, ContentMode::ScaleToFill);
+    EXPECT_EQ(canvas.pixel(static_cast<int>(side * 0.45), 1), 0xFFFF0000);
+    EXPECT_EQ(canvas.pixel(static_cast<int>(side * 0.55), 1), 0U);
+  }
+}
+
 TEST(WritePng, FileCanBeReadBackAndNoOtherFileIsLeft) {
   const ImageFolder folder;
   EXPECT_EQ(writePng(*quarteredImage(4), folder / "a.png"), std::nullopt);
@@ -120,6 +144,28 @@ TEST(WritePng, DoesNotReplaceANamedPipe) {
   }
   EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe"));
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+}
+
+TEST(WritePng, WritesTheTargetOfASymbolicLink) {
+  const ImageFolder folder;
+  std::filesystem::create_directory(folder / "other");
+  std::filesystem::create_symlink("other/picture.png", folder / "first");
+  std::filesystem::create_symlink("first", folder / "second");
+  for (const int size : {4, 6}) {
+    EXPECT_EQ(writePng(*quarteredImage(size), folder / "second"), std::nullopt);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "first"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "second"));
+    ASSERT_NE(loadImage(folder / "other/picture.png"), nullptr);
+    EXPECT_EQ(loadImage(folder / "other/picture.png")->pixelWidth(), size);
+  }
+}
+
+TEST(WritePng, ReportsAnEndlessChainOfSymbolicLinks) {
+  const ImageFolder folder;
+  std::filesystem::create_symlink("a", folder / "b");
+  std::filesystem::create_symlink("b", folder / "a");
+  EXPECT_TRUE(writePng(*quarteredImage(4), folder / "a"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "a"));
 }
 
 // While this object exists, a file cannot grow beyond this number of bytes, as on a full disk.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <limits>
 
 #include "simulator/drawing/plain_text.hpp"
@@ -84,6 +85,12 @@ TEST(PlainText, LineFeedsBeyondTheLimitBecomeSpaces) {
   Paragraph runs;
   runs.runs = {{"a\nb", {}, {}}, {"\nc\n", {}, {}}, {"d", {}, {}}};
   EXPECT_EQ(plainText(runs, twoLineFeeds).text, "a\nb\nc d");
+}
+
+TEST(PlainText, TabsBeyondTheLimitBecomeSpaces) {
+  const std::string text = plainText(paragraphOf("a\t\nb" + std::string(20'000, '\t')), {30'000}).text;
+  EXPECT_EQ(std::ranges::count(text, '\t'), 500);
+  EXPECT_EQ(std::ranges::count(text, ' '), 19'501);
 }
 
 TEST(TextLimit, GrowsWithLinesAndWidth) {

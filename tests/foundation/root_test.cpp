@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 
 #include "objc/class_definition.hpp"
@@ -125,6 +127,22 @@ TEST_F(Root, UsersDefaultsDatabaseKeepsTheEnvironment) {
   EXPECT_EQ(foundation::pathUnderRoot("/var/mobile"), fs::canonical(other).string() + "/var/mobile");
   EXPECT_EQ(std::getenv("GNUSTEP_CONFIG_FILE"), before);
   EXPECT_EQ(foundation::useRoot(testRoot(), foundation::DefaultsDatabase::OfUser), std::nullopt);
+}
+
+// A lock of this age makes Foundation wait, and report the lock after the wait.
+TEST_F(Root, LockOfAKilledProcessIsRemoved) {
+  const fs::path other = testRoot() / "other-root";
+  const fs::path lock = other / "var/mobile/Library/GNUstep/Defaults/.lck/.GNUstepDefaults.lck";
+  fs::create_directories(lock);
+  fs::last_write_time(lock, fs::file_time_type::clock::now() - std::chrono::seconds(10));
+  const fs::path output = testRoot() / "output.txt";
+  const std::string command = "env -u GNUSTEP_CONFIG_FILE -u TEMP -u TMP " USE_ROOT " '" + other.string() +
+                              "' exit > '" + output.string() + "' 2>&1";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  std::ifstream file(output);
+  const std::string printed{std::istreambuf_iterator<char>(file), {}};
+  EXPECT_EQ(printed.find("lock"), std::string::npos) << printed;
+  EXPECT_FALSE(fs::exists(lock));
 }
 
 TEST_F(Root, FolderThatCannotBeCreatedIsAnError) {

@@ -1,0 +1,10 @@
+// Comparisons of long strings. Foundation compares strings by composed characters, in a buffer on the stack whose size
+// is a multiple of the longest sequence of combining marks. A long sequence overflows the stack.
+#pragma once
+
+namespace foundation {
+
+// Makes all comparisons and searches literal if one of the strings has more than 4096 UTF-16 units. Main thread, once.
+void installStringComparison();
+
+}  // namespace foundation
