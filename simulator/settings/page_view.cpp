@@ -20,6 +20,7 @@ namespace {
 
 constexpr double transitionSeconds = 0.35;
 constexpr CGFloat barEdgeHeight = 0.5;
+constexpr CGFloat titleGap = 8;
 // The distance by which the lower level moves, relative to the distance of the upper level.
 constexpr CGFloat parallax = 0.3;
 
@@ -37,7 +38,10 @@ void placeLevel(PSPageView* page, const PageLevel& level, CGFloat shift) {
   const CGSize size = page->bounds().size;
   level.table->setFrame(
       uikit::mirroredIfNeeded(page, {{shift * size.width, barHeight}, {size.width, size.height - barHeight}}));
-  level.title->setFrame(uikit::mirroredIfNeeded(page, {{shift * size.width, 0}, {size.width, barHeight}}));
+  // The title is centered and leaves the same space on both sides for the back button.
+  const CGFloat side = widthOfBackButton(stateOf(page).back) + titleGap;
+  level.title->setFrame(
+      uikit::mirroredIfNeeded(page, {{shift * size.width + side, 0}, {size.width - 2 * side, barHeight}}));
   level.title->setAlpha(shift == 0 ? 1 : 0);
 }
 

@@ -1,4 +1,5 @@
 // The page of the Settings application: opening and closing, scrolling, the list of values, languages and appearance.
+#include "tests/library/live_objects.hpp"
 #include "tests/settings_application/settings_phone.hpp"
 
 namespace {
@@ -11,10 +12,6 @@ constexpr int homeButton = 101;
 
 double top(const Json& node) { return node.at("frame").at(1); }
 double left(const Json& node) { return node.at("frame").at(0); }
-
-Json nodeWithText(SettingsPhone& phone, const std::string& text) {
-  return test::firstNode(Json::array({phone.application()}), "text", text);
-}
 
 TEST(SettingsPage, ClosesByASwipeFromTheHomeIndicator) {
   SettingsPhone phone;
@@ -35,9 +32,26 @@ TEST(SettingsPage, ClosesWhenTheHomeButtonIsReleased) {
   EXPECT_TRUE(phone.application().is_null());
 }
 
-double statusBarAlpha(SettingsPhone& phone) {
-  return test::firstNode(phone.phone.windows(), "class", "UIStatusBarWindow").at("alpha");
+void openAndClose(SettingsPhone& phone) {
+  const objc::AutoreleasePool pool;
+  phone.open();
+  phone.tapAt(middleOf(phone.row("containerColor")));
+  phone.drag({187, 800}, 0, -200);
+  // The library retains the controller of the sample for the time until a banner dismisses itself.
+  phone.phone.wait(10);
 }
+
+TEST(SettingsPage, ReleasesItsObjectsWhenItCloses) {
+  SettingsPhone phone;
+  openAndClose(phone);
+  test::startCountingLiveObjects();
+  openAndClose(phone);
+  const std::ptrdiff_t before = test::liveObjectCount();
+  for (int round = 0; round < 3; ++round) openAndClose(phone);
+  EXPECT_EQ(test::liveObjectCount(), before);
+}
+
+double statusBarAlpha(SettingsPhone& phone) { return phone.view("UIStatusBarWindow").at("alpha"); }
 
 TEST(SettingsPage, HidesTheStatusBarExceptOnTheLockScreen) {
   SettingsPhone phone;
@@ -103,11 +117,11 @@ TEST(SettingsPage, ListOfValuesShowsTheSelectedValueAndHasABackButton) {
   SettingsPhone phone;
   phone.open();
   phone.tapAt(middleOf(phone.row("containerColor")));
-  EXPECT_FALSE(nodeWithText(phone, "Light").is_null());
+  EXPECT_TRUE(phone.shows("Light"));
   phone.tapLabel("Light");
   EXPECT_EQ(phone.storedValue("containerColor"), 2);
   phone.tapLabel("Brim");
-  EXPECT_FALSE(test::firstNode(Json::array({phone.row("containerColor")}), "text", "Light").is_null());
+  EXPECT_TRUE(phone.rowShows("containerColor", "Light"));
   EXPECT_EQ(left(phone.table()), 0);
   phone.tapLabel("Brim");
   EXPECT_EQ(left(phone.table()), 0);
@@ -116,7 +130,7 @@ TEST(SettingsPage, ListOfValuesShowsTheSelectedValueAndHasABackButton) {
 TEST(SettingsPage, ShowsTheTextsInTheLanguageOfThePhone) {
   SettingsPhone phone({.options = {.locale = "de_DE"}, .settings = {}});
   phone.open();
-  EXPECT_FALSE(nodeWithText(phone, "Brim aktivieren").is_null());
+  EXPECT_TRUE(phone.shows("Brim aktivieren"));
 }
 
 TEST(SettingsPage, IsMirroredInRightToLeftLanguages) {

@@ -103,7 +103,7 @@ TEST(SampleBanner, ShowsThePlatformsBannerWithoutTheLibrary) {
   SettingsPhone phone({.options = {.library = process::LibraryUse::Absent}, .settings = {}});
   phone.open();
   EXPECT_TRUE(phone.sample().is_null());
-  EXPECT_FALSE(test::firstNode(Json::array({phone.application()}), "class", "NCNotificationShortLookView").is_null());
+  EXPECT_FALSE(test::nodeBelow(phone.application(), "class", "NCNotificationShortLookView").is_null());
 }
 
 }  // namespace

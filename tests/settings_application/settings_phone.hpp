@@ -22,17 +22,30 @@ inline Point middleOf(const Json& node) {
           frame.at(1).get<double>() + frame.at(3).get<double>() / 2};
 }
 
+// The first node at or below `node` in which the field has this value. Null if there is no such node. In contrast to
+// firstNode, this function copies only the result, because the trees are large.
+inline Json nodeBelow(const Json& node, const char* field, const std::string& value) {
+  if (!node.is_object()) return {};
+  if (const auto found = node.find(field); found != node.end() && *found == value) return node;
+  for (const Json& child : node.at("children"))
+    if (Json found = nodeBelow(child, field, value); !found.is_null()) return found;
+  return {};
+}
+
 class SettingsPhone {
  public:
+  // Longer than every transition of the page.
+  static constexpr double transitionSeconds = 0.5;
+
   explicit SettingsPhone(Setup setup = {}) : phone(std::move(setup)) {}
 
   void tapAt(Point point) {
     phone.run({{"do", "tap"}, {"at", {point.x, point.y}}});
-    phone.wait(1);
+    phone.wait(transitionSeconds);
   }
   void tapLabel(const std::string& text) {
     phone.run({{"do", "tap"}, {"label", text}});
-    phone.wait(1);
+    phone.wait(transitionSeconds);
   }
   void drag(Point from, double dx, double dy, int steps = 10) {
     phone.run({{"do", "drag"}, {"at", {from.x, from.y}}, {"by", {dx, dy}}, {"steps", steps}});
@@ -45,25 +58,32 @@ class SettingsPhone {
     tapAt({name.x, name.y - 40});
   }
 
+  // The node of this class on the screen. Null if there is none.
+  Json view(const char* className) {
+    const Json answer = phone.run({{"do", "tree"}});
+    for (const Json& window : answer.at("windows"))
+      if (Json found = nodeBelow(window, "class", className); !found.is_null()) return found;
+    return {};
+  }
   // The nodes of the application; null while it is closed.
-  Json application() { return firstNode(phone.windows(), "class", "SBSettingsView"); }
-  Json table() { return firstNode(Json::array({application()}), "class", "PSTableView"); }
+  Json application() { return view("SBSettingsView"); }
+  Json table() { return view("PSTableView"); }
   // The row of the setting; null if there is none.
-  Json row(const std::string& key) { return firstNode(Json::array({table()}), "key", key); }
+  Json row(const std::string& key) { return nodeBelow(table(), "key", key); }
   // The first view of this class in the row.
-  Json control(const std::string& key, const std::string& className) {
-    return firstNode(Json::array({row(key)}), "class", className);
+  Json control(const std::string& key, const char* className) { return nodeBelow(row(key), "class", className); }
+  // Whether the row or the application shows this text.
+  bool rowShows(const std::string& key, const std::string& text) {
+    return !nodeBelow(row(key), "text", text).is_null();
   }
-  Json sample() {
-    return firstNode(Json::array({firstNode(phone.windows(), "class", "SBSampleBannerView")}), "class",
-                     "BrimContainer");
-  }
+  bool shows(const std::string& text) { return !nodeBelow(application(), "text", text).is_null(); }
+  Json sample() { return nodeBelow(view("SBSampleBannerView"), "class", "BrimContainer"); }
 
   // Scrolls to the row with a drag in the margin beside the cards.
   void reveal(const std::string& key) {
-    const Json frame = table().at("frame");
-    const double middle = frame.at(1).get<double>() + frame.at(3).get<double>() / 2;
-    drag({4, middle}, 0, middle - middleOf(row(key)).y);
+    const Json shown = table();
+    const double middle = middleOf(shown).y;
+    drag({4, middle}, 0, middle - middleOf(nodeBelow(shown, "key", key)).y, 1);
   }
 
   // The value in the preferences file; null if there is none.
