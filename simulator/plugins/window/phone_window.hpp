@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/plugins/window/composer_panel.hpp"
 #include "simulator/plugins/window/keyboard_input.hpp"
 #include "simulator/plugins/window/main_context.hpp"
 #include "simulator/plugins/window/pointer_input.hpp"
@@ -50,9 +51,10 @@ class PhoneWindow final : public runner::PhoneWindow {
   runner::WindowState state_ = runner::WindowState::Open;
   // Frame observers can outlive the window.
   std::shared_ptr<bool> isPresenting_ = std::make_shared<bool>(false);
-  PointerInput pointer_;
   ScreenAccess access_;
+  PointerInput pointer_;
   KeyboardInput keyboard_;
+  ComposerPanel composer_;
   MainContext mainContext_;
   uikit::DisplayObservation observation_;
 };
