@@ -31,11 +31,19 @@ std::string viewText(GtkWidget* view) {
   return stringOf(gtk_text_buffer_get_text(buffer, &start, &end, FALSE));
 }
 
+// The panel scrolls if the window is low.
 GtkWidget* makePanel() {
-  GtkWidget* const panel = gtk_box_new(GTK_ORIENTATION_VERTICAL, spacing);
-  gtk_container_set_border_width(GTK_CONTAINER(panel), margin);
+  GtkWidget* const panel = gtk_scrolled_window_new(nullptr, nullptr);
+  gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(panel), GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC);
+  gtk_style_context_add_class(gtk_widget_get_style_context(panel), GTK_STYLE_CLASS_BACKGROUND);
   gtk_widget_set_size_request(panel, panelWidth, -1);
   return panel;
+}
+
+GtkWidget* makeContents() {
+  GtkWidget* const contents = gtk_box_new(GTK_ORIENTATION_VERTICAL, spacing);
+  gtk_container_set_border_width(GTK_CONTAINER(contents), margin);
+  return contents;
 }
 
 GtkWidget* makeApplicationMenu() {
@@ -84,6 +92,7 @@ Composer::Composer(std::function<void()> whenChanged)
     : whenChanged_(std::move(whenChanged)),
       presets_(presets()),
       panel_(makePanel()),
+      contents_(makeContents()),
       preset_(gtk_combo_box_text_new()),
       application_(makeApplicationMenu()),
       title_(makeEntry("")),
@@ -93,11 +102,12 @@ Composer::Composer(std::function<void()> whenChanged)
       picture_(makePictureButton()),
       persistence_(gtk_check_button_new_with_label("Stays until it is dismissed")),
       error_(makeErrorLabel()) {
+  gtk_container_add(GTK_CONTAINER(panel_), contents_);
   addPresets();
   addFields();
   const auto sendButton = +[](GtkWidget*, Composer* self) { self->send(); };
   addButton("Send", G_CALLBACK(sendButton));
-  gtk_container_add(GTK_CONTAINER(panel_), error_);
+  gtk_container_add(GTK_CONTAINER(contents_), error_);
   gtk_combo_box_set_active(GTK_COMBO_BOX(preset_), 0);
 }
 
@@ -127,21 +137,21 @@ void Composer::addFields() {
   addRow("Te_xt", scrolled);
   addRow("Ac_tions", actions_);
   addRow("P_icture", picture_);
-  gtk_container_add(GTK_CONTAINER(panel_), persistence_);
+  gtk_container_add(GTK_CONTAINER(contents_), persistence_);
 }
 
 void Composer::addRow(const char* label, GtkWidget* control) {
   GtkWidget* const name = gtk_label_new_with_mnemonic(label);
   gtk_label_set_xalign(GTK_LABEL(name), 0);
   gtk_label_set_mnemonic_widget(GTK_LABEL(name), GTK_IS_SCROLLED_WINDOW(control) ? text_ : control);
-  gtk_container_add(GTK_CONTAINER(panel_), name);
-  gtk_container_add(GTK_CONTAINER(panel_), control);
+  gtk_container_add(GTK_CONTAINER(contents_), name);
+  gtk_container_add(GTK_CONTAINER(contents_), control);
 }
 
 void Composer::addButton(const char* label, GCallback action) {
   GtkWidget* const button = gtk_button_new_with_label(label);
   g_signal_connect(button, "clicked", action, this);
-  gtk_container_add(GTK_CONTAINER(panel_), button);
+  gtk_container_add(GTK_CONTAINER(contents_), button);
 }
 
 void Composer::fill(const Json& command) {

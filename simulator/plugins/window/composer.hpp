@@ -43,6 +43,7 @@ class Composer {
   // Scheduled commands can outlive the panel.
   std::shared_ptr<bool> exists_ = std::make_shared<bool>(true);
   GtkWidget* panel_;
+  GtkWidget* contents_;
   GtkWidget* preset_;
   GtkWidget* application_;
   GtkWidget* title_;

@@ -66,7 +66,6 @@ bool ComposerPanel::isVisible() const {
 void ComposerPanel::toggle() {
   if (composer_ == nullptr) {
     composer_ = std::make_unique<Composer>(whenChanged_);
-    gtk_style_context_add_class(gtk_widget_get_style_context(composer_->panel()), GTK_STYLE_CLASS_BACKGROUND);
     gtk_box_pack_end(GTK_BOX(row_), composer_->panel(), FALSE, FALSE, 0);
   }
   GtkWidget* const panel = composer_->panel();
