@@ -56,6 +56,11 @@ std::string endpoints(const std::string& address) {
   return text + "}\n";
 }
 
+std::string& installedAddress() {
+  static auto& address = *new std::string;
+  return address;
+}
+
 }  // namespace
 
 std::string installDemonstrationData() try {
@@ -70,10 +75,13 @@ std::string installDemonstrationData() try {
   insertAddress(folder / "web" / profilePage, address);
   write(folder / endpointsFile, endpoints(address));
   process::linkEndpoints(folder / endpointsFile);
+  installedAddress() = address;
   return address;
 } catch (const fs::filesystem_error& error) {
   throw CommandError(error.path1().string() + ": " + error.code().message());
 }
+
+const std::string& demonstrationAddress() { return installedAddress(); }
 
 void storeConversation(const Json& notification) {
   const std::string title = notification["title"];

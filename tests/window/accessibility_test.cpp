@@ -15,7 +15,7 @@ using test::WindowPhone;
 
 TEST(WindowAccessibility, ScreenReaderUsesABanner) {
   AccessibleDesktop desktop;
-  const WindowPhone phone;
+  WindowPhone phone;
   phone.tell({{"do", "set"}, {"key", "showButtons"}, {"value", true}});
   desktop.enable();
   ASSERT_TRUE(AccessibleDesktop::appears(ATSPI_ROLE_ICON, "Telegram"));
@@ -41,6 +41,10 @@ TEST(WindowAccessibility, ScreenReaderUsesABanner) {
   EXPECT_TRUE(eventually([&] { return phone.showsText("At one!"); }));
   EXPECT_TRUE(eventually([&] { return AccessibleDesktop::textOf(field) == "At one!"; }));
   EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
+
+  phone.display.requestClose(phone.window);
+  EXPECT_TRUE(eventually([&] { return phone.process.hasEnded(); }));
+  EXPECT_TRUE(phone.process.hasSucceeded());
 }
 
 TEST(WindowAccessibility, PhoneDoesNotStartTheAccessibilityBus) {
@@ -51,6 +55,23 @@ TEST(WindowAccessibility, PhoneDoesNotStartTheAccessibilityBus) {
   EXPECT_FALSE(desktop.hasAccessibilityBus());
   desktop.enable();
   EXPECT_TRUE(desktop.hasAccessibilityBus());
+}
+
+TEST(WindowAccessibility, ComposerPlaysAPreset) {
+  AccessibleDesktop desktop;
+  const WindowPhone phone;
+  desktop.enable();
+  ASSERT_TRUE(AccessibleDesktop::appears(ATSPI_ROLE_PUSH_BUTTON, "Compose a notification"));
+  EXPECT_EQ(AccessibleDesktop::find(ATSPI_ROLE_PUSH_BUTTON, "Play"), nullptr);
+  const int width = phone.display.sizeOf(phone.window).width;
+  phone.display.focus(phone.window);
+  phone.display.send("key F9");
+  ASSERT_TRUE(AccessibleDesktop::appears(ATSPI_ROLE_PUSH_BUTTON, "Play"));
+  EXPECT_GT(phone.display.sizeOf(phone.window).width, width);
+  EXPECT_TRUE(AccessibleDesktop::perform(AccessibleDesktop::find(ATSPI_ROLE_PUSH_BUTTON, "Play"), "click"));
+  EXPECT_TRUE(eventually([&] { return phone.showsText("Anna Weber"); }));
+  phone.display.send("key F9");
+  EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
 }
 
 }  // namespace

@@ -32,9 +32,10 @@ PhoneWindow::PhoneWindow()
     : device_(uikit::environment().device),
       window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)),
       area_(makePhoneArea()),
-      pointer_(area_, [this](double x, double y) { return screenPoint(x, y); }),
       access_(area_, [this](const CGRect& points) { return areaRectangle(points); }),
+      pointer_(area_, [this](double x, double y) { return screenPoint(x, y); }),
       keyboard_(area_),
+      composer_(window_, area_, [this] { mainContext_.dispatch(); }),
       mainContext_(displayDescriptor(), [this] { end(runner::WindowState::DisplayLost); }),
       displayLink_([this] { present(); }) {
   observeDisplayErrors([this] { mainContext_.loseDisplay(); });
@@ -43,10 +44,10 @@ PhoneWindow::PhoneWindow()
   g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme", TRUE, nullptr);
   gtk_widget_set_app_paintable(window_, TRUE);
   gtk_widget_set_app_paintable(area_, TRUE);
-  gtk_container_add(GTK_CONTAINER(window_), area_);
   connectSignals();
   setInitialSize();
   gtk_widget_grab_focus(area_);
+  composer_.showIfWide();
   gtk_widget_show_all(window_);
   mainContext_.dispatch();
 }

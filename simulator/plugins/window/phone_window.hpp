@@ -3,6 +3,7 @@
 
 #include <gtk/gtk.h>
 
+#include "simulator/plugins/window/composer_panel.hpp"
 #include "simulator/plugins/window/keyboard_input.hpp"
 #include "simulator/plugins/window/main_context.hpp"
 #include "simulator/plugins/window/pointer_input.hpp"
@@ -45,9 +46,10 @@ class PhoneWindow final : public runner::PhoneWindow {
   WindowLayout layout_;
   uikit::ScreenPicture picture_;
   runner::WindowState state_ = runner::WindowState::Open;
-  PointerInput pointer_;
   ScreenAccess access_;
+  PointerInput pointer_;
   KeyboardInput keyboard_;
+  ComposerPanel composer_;
   MainContext mainContext_;
   uikit::DisplayLink displayLink_;
 };

@@ -106,7 +106,8 @@ GtkWidget* makePhoneArea() {
 }
 
 ScreenAccess::ScreenAccess(GtkWidget* area, std::function<GdkRectangle(const CGRect&)> areaRectangle)
-    : area_(area),
+    : area_(GTK_WIDGET(g_object_ref_sink(area))),
+      areaObject_(ATK_OBJECT(g_object_ref(gtk_widget_get_accessible(area)))),
       areaRectangle_(std::move(areaRectangle)),
       bus_([this] { foundation::onMainThread([this] { update(); }); }) {
   const auto activateKey = +[](GtkWidget*, GdkEventKey* event, ScreenAccess* self) -> gboolean {
@@ -115,18 +116,20 @@ ScreenAccess::ScreenAccess(GtkWidget* area, std::function<GdkRectangle(const CGR
   const auto navigateKey = +[](GtkWidget*, GdkEventKey* event, ScreenAccess* self) -> gboolean {
     return self->navigate(*event) ? TRUE : FALSE;
   };
-  const auto hide = +[](GtkWidget*, GdkEvent*, ScreenAccess* self) -> gboolean {
-    self->hideRing();
+  const auto click = +[](GtkWidget*, GdkEvent*, ScreenAccess* self) -> gboolean {
+    self->handleClick();
     return FALSE;
   };
   g_signal_connect(area, "key-press-event", G_CALLBACK(activateKey), this);
   g_signal_connect_after(area, "key-press-event", G_CALLBACK(navigateKey), this);
-  g_signal_connect(area, "button-press-event", G_CALLBACK(hide), this);
+  g_signal_connect(area, "button-press-event", G_CALLBACK(click), this);
 }
 
 ScreenAccess::~ScreenAccess() {
   removeObjects({});
   g_signal_handlers_disconnect_by_data(area_, this);
+  g_object_unref(areaObject_);
+  g_object_unref(area_);
 }
 
 void ScreenAccess::update() {
@@ -179,7 +182,8 @@ bool ScreenAccess::navigate(const GdkEventKey& event) {
   return true;
 }
 
-void ScreenAccess::hideRing() {
+void ScreenAccess::handleClick() {
+  gtk_widget_grab_focus(area_);
   ring_.clear();
   updateRing({});
 }

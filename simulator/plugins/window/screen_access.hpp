@@ -18,13 +18,12 @@ GtkWidget* makePhoneArea();
 
 class ScreenAccess final : public ElementDelegate {
  public:
-  // Handles keys of the area, which must be the result of makePhoneArea. Create this object before KeyboardInput:
-  // keys that activate the focused element do not type text. `areaRectangle` converts a rectangle of the screen, in
-  // points, to coordinates of the area.
+  // Handles events of the area, which must be the result of makePhoneArea. Create this object before PointerInput and
+  // KeyboardInput, because keys that activate the focused element do not type text. `areaRectangle` converts a
+  // rectangle of the screen, in points, to coordinates of the area.
   ScreenAccess(GtkWidget* area, std::function<GdkRectangle(const CGRect&)> areaRectangle);
   ScreenAccess(const ScreenAccess&) = delete;
   ScreenAccess& operator=(const ScreenAccess&) = delete;
-  // The area must still exist.
   ~ScreenAccess() override;
 
   // Call this after the screen has changed. Does nothing if there is neither a focus nor an assistive technology.
@@ -37,7 +36,8 @@ class ScreenAccess final : public ElementDelegate {
   bool navigate(const GdkEventKey& event);
   // Activates the focused element in reaction to Return and the space bar.
   bool activate(const GdkEventKey& event);
-  void hideRing();
+  // A click hides the ring and returns the focus of the window to the phone.
+  void handleClick();
   void updateRing(const Elements& elements);
   void updateObjects(const Elements& elements);
   void removeObjects(const Elements& elements);
@@ -49,9 +49,11 @@ class ScreenAccess final : public ElementDelegate {
   void setText(std::uint64_t element, const std::string& text) override;
   void focus(std::uint64_t element) override;
   GdkRectangle areaRectangle(const CGRect& points) override { return areaRectangle_(points); }
-  AtkObject* area() override { return gtk_widget_get_accessible(area_); }
+  AtkObject* area() override { return areaObject_; }
 
+  // Both are retained, because the window can be destroyed before this object.
   GtkWidget* area_;
+  AtkObject* areaObject_;
   std::function<GdkRectangle(const CGRect&)> areaRectangle_;
   FocusRing ring_;
   std::optional<CGRect> ringFrame_;  // in points of the screen
