@@ -1,8 +1,6 @@
 // Tests of the conversion between notifications and the fields of the command "present".
 #include "simulator/runner/notification_json.hpp"
 
-#include "objc/autorelease_pool.hpp"
-#include "simulator/springboard/services/notification_dispatcher.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -12,7 +10,6 @@ using test::PlainPhone;
 
 TEST(StoredNotifications, ContainAllFieldsOfTheirCommands) {
   PlainPhone phone;
-  const objc::AutoreleasePool pool;
   const Json fields = {{"section", "com.apple.MobileSMS"},
                        {"identifier", "first"},
                        {"thread", "anna"},
@@ -33,7 +30,6 @@ TEST(StoredNotifications, ContainAllFieldsOfTheirCommands) {
 
 TEST(StoredNotifications, AreRestoredInTheirOrderWithoutBanners) {
   PlainPhone phone;
-  const objc::AutoreleasePool pool;
   for (const char* title : {"One", "Two", "Three"}) phone.present({{"title", title}});
   const Json listed = phone.run("notifications");
   const Json stored = runner::storedNotifications();
