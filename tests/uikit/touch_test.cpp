@@ -140,6 +140,8 @@ TEST_F(Touches, PanMeasuresItsSpeed) {
   uikit::deliverTouch(UITouchPhase::Began, inside, 1);
   uikit::deliverTouch(UITouchPhase::Moved, {150, 190}, 1);
   EXPECT_EQ(speed(), (CGPoint{0, 0}));
+  uikit::deliverTouch(UITouchPhase::Moved, {150, 195}, 1.001);
+  EXPECT_EQ(speed(), (CGPoint{0, 0}));
   uikit::deliverTouch(UITouchPhase::Moved, {140, 200}, 1.5);
   EXPECT_EQ(speed(), (CGPoint{-20, 100}));
   uikit::deliverTouch(UITouchPhase::Ended, {140, 200}, 1.55);
