@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "objc/autorelease_pool.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/base/iso_time.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
@@ -111,6 +112,7 @@ Json fieldsOf(const NCNotificationRequest* request) {
 }
 
 Json storedNotifications() {
+  const objc::AutoreleasePool pool;
   Json stored = Json::array();
   for (const auto& request : NCNotificationDispatcher::shared()->list().all()) stored.push_back(fieldsOf(request));
   std::reverse(stored.begin(), stored.end());
@@ -118,6 +120,7 @@ Json storedNotifications() {
 }
 
 void restoreNotifications(const Json& notifications) {
+  const objc::AutoreleasePool pool;
   for (const Json& fields : notifications)
     NCNotificationDispatcher::shared()->restore(springboard::makeRequest(describe(fields), nullptr));
 }

@@ -117,6 +117,39 @@ TEST(Options, ErrorsNameTheExpectedInput) {
   }
 }
 
+// Returns the options that the phone has after a restart.
+runner::Options restarted(const runner::Options& options) {
+  const std::vector<std::string> words = runner::argumentsOf(options);
+  std::vector<const char*> arguments;
+  for (const std::string& word : words) arguments.push_back(word.c_str());
+  return std::get<runner::Options>(runner::parseOptions(arguments));
+}
+
+TEST(Options, OfALivePhoneAreTheSameAfterARestart) {
+  runner::Options options;
+  options.clock = foundation::ClockMode::Real;
+  EXPECT_TRUE(restarted(options).root.empty());
+  EXPECT_EQ(restarted(options).clock, foundation::ClockMode::Real);
+  EXPECT_EQ(restarted(options).window, runner::WindowUse::None);
+  EXPECT_EQ(restarted(options).library, process::LibraryUse::Loaded);
+  options.root = "a folder";
+  options.device = "iphone-8";
+  options.systemVersion = "12.4";
+  options.locale = "ar_EG";
+  options.appearance = runner::StartAppearance::Dark;
+  options.library = process::LibraryUse::Absent;
+  options.window = runner::WindowUse::Window;
+  options.welcome = runner::Welcome::Played;
+  EXPECT_EQ(restarted(options).root, options.root);
+  EXPECT_EQ(restarted(options).device, options.device);
+  EXPECT_EQ(restarted(options).systemVersion, options.systemVersion);
+  EXPECT_EQ(restarted(options).locale, options.locale);
+  EXPECT_EQ(restarted(options).appearance, options.appearance);
+  EXPECT_EQ(restarted(options).library, options.library);
+  EXPECT_EQ(restarted(options).window, options.window);
+  EXPECT_EQ(restarted(options).welcome, options.welcome);
+}
+
 TEST(IsoTime, IsParsedInEveryForm) {
   EXPECT_EQ(base::parseIsoTime("1970-01-02T00:00Z"), 86400.0);
   EXPECT_EQ(base::parseIsoTime("1970-01-01 00:00:01.5Z"), 1.5);

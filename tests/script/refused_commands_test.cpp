@@ -23,6 +23,7 @@ constexpr Refusal refusals[] = {
     {"\"wait\"", "a command must be an object"},
     {"{}", "a command must be an object with a string \"do\""},
     {R"({"do":1})", "a command must be an object with a string \"do\""},
+    {R"({"do":"restart","device":"iphone-se"})", "only a live phone can be restarted"},
     {R"({"do":"dance"})", "unknown command \"dance\"; the commands are present, push, update"},
     {R"({"do":"wait"})", "wait requires \"seconds\", a number of seconds"},
     {R"({"do":"wait","seconds":"1"})", "\"seconds\" of wait must be a number of seconds from 0 to a year"},

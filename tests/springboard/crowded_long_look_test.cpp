@@ -35,6 +35,34 @@ TEST_F(CrowdedLongLook, ShowsOnlyActionRowsThatFitCompletely) {
   EXPECT_FALSE(hasText(rows, "20"));
 }
 
+TEST_F(CrowdedLongLook, ScrollsToTheEndOfItsText) {
+  open({{"title", "Title"}, {"message", lines(40)}});
+  const auto body = [this] { return PlainPhone::find(Json::array({card()}), "text", lines(40)); };
+  const auto scroll = [this](double distance) {
+    phone.run("drag", {{"at", {160, 300}}, {"by", {0, distance}}});
+    phone.wait(1);
+  };
+  const Json cardFrame = card().at("frame");
+  const double start = top(body());
+  EXPECT_GT(body().at("lines"), 0);
+  scroll(-50);
+  EXPECT_DOUBLE_EQ(top(body()), start - 50);
+  EXPECT_EQ(body().at("lines"), 0);
+  for (int count = 0; count < 5; ++count) scroll(-250);
+  EXPECT_DOUBLE_EQ(bottom(body()), bottom(card()) - 14);
+  EXPECT_EQ(card().at("frame"), cardFrame);
+  for (int count = 0; count < 5; ++count) scroll(250);
+  EXPECT_DOUBLE_EQ(top(body()), start);
+  EXPECT_TRUE(isOpen());
+}
+
+TEST_F(CrowdedLongLook, DoesNotScrollIfItsTextFits) {
+  open({{"message", lines(3)}});
+  const Json before = card();
+  phone.run("drag", {{"at", {160, 100}}, {"by", {0, -50}}, {"end", "hold"}});
+  EXPECT_EQ(card(), before);
+}
+
 TEST_F(CrowdedLongLook, LongTitleLeavesSpaceForTheActions) {
   open({{"title", lines(40)}, {"subtitle", lines(40)}, {"actions", actions(4)}});
   const Json rows = view("UIInterfaceActionGroupView");

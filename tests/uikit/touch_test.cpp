@@ -132,6 +132,27 @@ TEST_F(Touches, PanBeginsAfterTenPointsAndIncludesThem) {
                             "pan 2 0,-20", "pan 3 0,-20"}));
 }
 
+TEST_F(Touches, PanMeasuresItsSpeed) {
+  const auto pan = addPan(probe);
+  const auto speed = [&pan] {
+    return objc::send<CGPoint, "velocityInView:">(pan.get(), static_cast<UIView*>(nullptr));
+  };
+  uikit::deliverTouch(UITouchPhase::Began, inside, 1);
+  uikit::deliverTouch(UITouchPhase::Moved, {150, 190}, 1);
+  EXPECT_EQ(speed(), (CGPoint{0, 0}));
+  uikit::deliverTouch(UITouchPhase::Moved, {150, 195}, 1.001);
+  EXPECT_EQ(speed(), (CGPoint{0, 0}));
+  uikit::deliverTouch(UITouchPhase::Moved, {140, 200}, 1.5);
+  EXPECT_EQ(speed(), (CGPoint{-20, 100}));
+  uikit::deliverTouch(UITouchPhase::Ended, {140, 200}, 1.55);
+  EXPECT_EQ(speed(), (CGPoint{-20, 100}));
+  uikit::deliverTouch(UITouchPhase::Began, inside, 2);
+  EXPECT_EQ(speed(), (CGPoint{0, 0}));
+  uikit::deliverTouch(UITouchPhase::Moved, {150, 190}, 2.5);
+  uikit::deliverTouch(UITouchPhase::Ended, {150, 190}, 2.7);
+  EXPECT_EQ(speed(), (CGPoint{0, 0}));
+}
+
 TEST_F(Touches, PanIsCanceledWithItsTouch) {
   addPan(probe);
   uikit::deliverTouch(UITouchPhase::Began, inside, 0);

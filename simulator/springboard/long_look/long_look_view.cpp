@@ -76,8 +76,58 @@ void layoutSubviews(View* self) {
   parts.header->setFrame(strip);
   parts.closeButton->setFrame(
       uikit::mirroredIfNeeded(self, {{width - platterHeaderHeight, 0}, {platterHeaderHeight, platterHeaderHeight}}));
-  const std::vector<CGRect> frames = textFrames(self, width);
-  for (std::size_t index = 0; index < frames.size(); ++index) textsOf(self)[index]->setFrame(frames[index]);
+  std::vector<CGRect> frames = textFrames(self, width);
+  for (std::size_t index = 0; index < frames.size(); ++index) {
+    frames[index].origin.y -= parts.scroller->offset();
+    textsOf(self)[index]->setFrame(frames[index]);
+  }
+}
+
+CGFloat maxOffset(const View* view) {
+  const CGSize size = view->bounds().size;
+  return std::max<CGFloat>(lowerEdge(textFrames(view, size.width).back()) + bottomPadding - size.height, 0);
+}
+
+// The functions refer to the view, which owns the scroller and therefore exists longer.
+ScrolledContent scrolledContentOf(View* view) {
+  return {.viewport = [view] { return view->bounds().size.height; },
+          .maxOffset = [view](CGFloat) { return maxOffset(view); },
+          .show =
+              [view](CGFloat) {
+                uikit::setNeedsLayout(view);
+                view->layoutIfNeeded();
+              }};
+}
+
+// Shows the complete body, of which the lower part is outside the card, and the header above the texts.
+void beginScrolling(View* self) {
+  LongLookViewState& parts = objc::state(self);
+  parts.hasScrolled = true;
+  parts.texts.back()->setNumberOfLines(0);
+  for (UIView* view :
+       {parts.headerStrip.get(), static_cast<UIView*>(parts.header), static_cast<UIView*>(parts.closeButton)})
+    self->bringSubviewToFront(view);
+}
+
+void handlePan(View* self, UIPanGestureRecognizer* recognizer) {
+  const LongLookViewState& parts = objc::state(self);
+  switch (recognizer->state()) {
+    case UIGestureRecognizerState::Began:
+      beginScrolling(self);
+      parts.scroller->beginDrag();
+      [[fallthrough]];
+    case UIGestureRecognizerState::Changed:
+      return parts.scroller->drag(recognizer->translationInView(self).y);
+    default:
+      return parts.scroller->endDrag(objc::send<CGPoint, "velocityInView:">(recognizer, static_cast<UIView*>(self)).y);
+  }
+}
+
+void addScrolling(View* view) {
+  LongLookViewState& parts = objc::state(view);
+  parts.scroller = std::make_unique<Scroller>(scrolledContentOf(view));
+  parts.pan = UIPanGestureRecognizer::withTarget(view, objc::selector<"_handlePanOnCard:">());
+  view->addGestureRecognizer(parts.pan);
 }
 
 void traitCollectionDidChange(View* self, UITraitCollection* previous) {
@@ -96,6 +146,7 @@ objc::Ref<View> makeLongLookView(const NCNotificationRequest* request) {
   applyCardShape(view);
   addHeader(view, request);
   addTexts(view, objc::state(objc::state(request).content.get()));
+  addScrolling(view);
   recolor(view);
   return view;
 }
@@ -105,16 +156,20 @@ CGFloat fitLongLookView(const View* view, CGFloat width, CGFloat maxHeight) {
   body->setNumberOfLines(0);
   const CGRect fullBody = textFrames(view, width).back();
   const CGFloat fullHeight = lowerEdge(fullBody) + bottomPadding;
+  objc::send<void, "setEnabled:">(objc::state(view).pan.get(), fullHeight > maxHeight);
   if (fullHeight <= maxHeight) return fullHeight;
   const CGFloat bodyHeight = maxHeight - bottomPadding - fullBody.origin.y;
   const auto lines = static_cast<NSInteger>(bodyHeight / objc::send<CGFloat, "lineHeight">(body->font()));
   body->setNumberOfLines(std::max<NSInteger>(lines, 1));
-  return lowerEdge(textFrames(view, width).back()) + bottomPadding;
+  const CGFloat height = lowerEdge(textFrames(view, width).back()) + bottomPadding;
+  if (objc::state(view).hasScrolled) body->setNumberOfLines(0);
+  return height;
 }
 
 void defineLongLookView() {
   static constexpr objc::MethodEntry methods[] = {
       objc::method<"layoutSubviews", &layoutSubviews>(),
+      objc::method<"_handlePanOnCard:", &handlePan>(),
       objc::method<"traitCollectionDidChange:", &traitCollectionDidChange>(),
       objc::method<"_accessibleRole", &accessibleRole>(),
       objc::method<"accessibilityLabel", &accessibilityLabel>(),

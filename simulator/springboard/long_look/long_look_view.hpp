@@ -1,16 +1,22 @@
-// The card of a long look: the header with a close button, and all texts of the notification. Main thread.
+// The card of a long look: the header with a close button, and all texts of the notification. If the texts do not fit,
+// the body ends with an ellipsis, and a drag scrolls all texts. Main thread.
 #pragma once
 
 #include <array>
+#include <memory>
 
 #include "platform/ui_control.hpp"
 #include "simulator/springboard/platter/platter_header.hpp"
+#include "simulator/springboard/platter/scrolling.hpp"
 
 struct LongLookViewState {
   objc::Ref<UIView> headerStrip;
   objc::Ref<PLPlatterHeaderContentView> header;
   objc::Ref<UIControl> closeButton;
   std::array<objc::Ref<UILabel>, 3> texts;  // the labels of title, subtitle and body
+  objc::Ref<UIPanGestureRecognizer> pan;    // scrolls the texts; disabled if the card shows them completely
+  std::unique_ptr<springboard::Scroller> scroller;
+  bool hasScrolled = false;  // whether the body is no longer limited to the lines that fit
 };
 
 class NCNotificationLongLookView : public objc::Interface<"NCNotificationLongLookView", UIView> {};

@@ -70,11 +70,12 @@ bool launchApplication(SpringBoard*, NSString* bundleIdentifier, bool suspended)
   base::recordEvent("launch", {{"bundle", base::jsonOf(bundleIdentifier)}, {"suspended", suspended}});
   if (bundleIdentifier == nullptr) return false;
   // The cover sheet is removed later, because callers can still use its views.
-  if (!suspended)
+  if (!suspended) {
     foundation::onMainThread([] {
       SBLockScreenManager::sharedInstance()->unlock();
       closeNotificationCenter(NotificationCenterChange::Animated);
     });
+  }
   // The simulator only starts a process for a launch of Messages in the background. Every other launch succeeds without
   // any effect.
   return !suspended || base::textOf(bundleIdentifier) != messagesIdentifier || launchMessages();

@@ -50,12 +50,13 @@ bool hasDragged(const GestureRecord& gesture) {
   return distance(gesture.down, gesture.location) >= dragDistance - roundingAllowance;
 }
 
-// Updates the speed from the distance since the last measurement. Movements without a difference in time, which a
-// script can make, do not change the speed. A finger that has rested has no speed.
+// Updates the speed from the distance since the last measurement. Movements that are delivered at almost the same time
+// are measured together, because their times are not exact. A finger that has rested has no speed.
 void measureVelocity(GestureRecord& gesture, double time) {
+  constexpr double minMeasuredSeconds = 0.005;
   constexpr double maxRestSeconds = 0.1;
   const double seconds = time - gesture.measuredTime;
-  if (seconds <= 0) return;
+  if (seconds < minMeasuredSeconds) return;
   const CGPoint moved = {gesture.location.x - gesture.measuredLocation.x,
                          gesture.location.y - gesture.measuredLocation.y};
   if (moved.x == 0 && moved.y == 0) {
