@@ -3,6 +3,7 @@
 
 #include "library/photos/folder_finder.hpp"
 #include "library/photos/provider.hpp"
+#include "objc/autorelease_pool.hpp"
 #include "platform/ns_file_manager.hpp"
 
 namespace {
@@ -25,7 +26,11 @@ void showPictureIn(NSString* folder, NSString* key, PhotoReceiver* view) {
   NSDirectoryEnumerator* files = NSFileManager::defaultManager()->enumerator(folder);
   bool isFound = false;
   objc::Ref<UIImage> picture;
-  while (NSString* file = files->nextObject()) {
+  for (;;) {
+    // A folder can contain many pictures.
+    const objc::AutoreleasePool pool;
+    NSString* file = files->nextObject();
+    if (file == nullptr) return;
     if (isPictureOf(key, file)) {
       NSString* path = folder->stringByAppendingString("/"_ns)->stringByAppendingString(file);
       picture = objc::retain(UIImage::imageWithContentsOfFile(path));

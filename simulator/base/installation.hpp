@@ -21,7 +21,9 @@ struct Installation {
 };
 Installation installation();
 
-// Returns the user's default root: brim/root in the user's data folder, which is $XDG_DATA_HOME or ~/.local/share.
+// Returns the user's default root: brim/root in the user's data folder, which is $XDG_DATA_HOME or ~/.local/share. A
+// relative path in $XDG_DATA_HOME or $HOME is ignored. Without $HOME, the home folder is that of the user database.
+// Throws std::runtime_error if the user has no home folder.
 std::filesystem::path defaultRoot();
 // Returns the root of the demonstration, a folder next to the default root. The demonstration has its own root because
 // it must not change the user's files.

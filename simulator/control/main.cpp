@@ -1,10 +1,10 @@
 // The program `phone_control`: controls a live phone from another process.
 #include <cstdio>
-#include <iostream>
 #include <string>
 
 #include "simulator/control/phone_connection.hpp"
 #include "simulator/control/subcommands.hpp"
+#include "simulator/process/standard_streams.hpp"
 
 namespace {
 
@@ -27,15 +27,12 @@ int run(const control::ControlOptions& options) try {
 }  // namespace
 
 int main(int count, char** arguments) {
+  process::reserveStandardDescriptors();
   const auto parsed = control::parseControlOptions({arguments + 1, static_cast<std::size_t>(count - 1)});
   if (const auto* error = std::get_if<process::OptionError>(&parsed)) return reportError(error->message, wrongUsage);
-  if (std::holds_alternative<process::HelpRequest>(parsed)) {
-    std::cout << control::helpText(count > 1 ? arguments[1] : "");
-    return 0;
-  }
-  if (std::holds_alternative<process::VersionRequest>(parsed)) {
-    std::cout << "phone_control " BRIM_VERSION "\n";
-    return 0;
-  }
+  if (std::holds_alternative<process::HelpRequest>(parsed))
+    return process::printAndExit("brim", control::helpText(count > 1 ? arguments[1] : ""));
+  if (std::holds_alternative<process::VersionRequest>(parsed))
+    return process::printAndExit("brim", "phone_control " BRIM_VERSION "\n");
   return run(std::get<control::ControlOptions>(parsed));
 }

@@ -12,6 +12,7 @@
 #include "simulator/control/phone_connection.hpp"
 #include "simulator/control/settings_subcommand.hpp"
 #include "simulator/process/common_options.hpp"
+#include "simulator/process/standard_streams.hpp"
 
 namespace control {
 
@@ -79,6 +80,7 @@ int tell(const ControlOptions& options, Arguments arguments) {
       continue;
     }
     for (std::string line; std::getline(std::cin, line);) succeeded &= tellLine(phone, line);
+    if (process::failedToReadStandardInput()) throw ControlError("the commands cannot be read from standard input");
   }
   return succeeded ? 0 : 1;
 }
@@ -90,7 +92,8 @@ std::string readAll(std::istream& input, const std::string& name) {
   std::string text(maxPayloadFileBytes + 1, '\0');
   input.read(text.data(), static_cast<std::streamsize>(text.size()));
   text.resize(static_cast<std::size_t>(input.gcount()));
-  if (input.bad()) throw ControlError("the payload " + name + " cannot be read");
+  if (input.bad() || (&input == &std::cin && process::failedToReadStandardInput()))
+    throw ControlError("the payload " + name + " cannot be read");
   if (text.size() > maxPayloadFileBytes)
     throw ControlError("the payload " + name + " has more than " + std::to_string(maxPayloadFileBytes) +
                        " bytes; a payload has at most 4096 bytes without white space");

@@ -1,11 +1,12 @@
 // The program `messages`: runs the Messages app, lists its conversations or receives a message.
 #include <cstdio>
-#include <iostream>
 #include <string>
 
 #include "simulator/messages/app_process.hpp"
 #include "simulator/messages/chat_store.hpp"
 #include "simulator/messages/receive_and_list.hpp"
+#include "simulator/process/descriptor_limit.hpp"
+#include "simulator/process/standard_streams.hpp"
 
 namespace {
 
@@ -42,15 +43,16 @@ int execute(const messages::MessagesOptions& options) try {
 }  // namespace
 
 int main(int count, char** arguments) {
+  process::reserveStandardDescriptors();
   const auto parsed = messages::parseMessagesOptions({arguments + 1, static_cast<std::size_t>(count - 1)});
   if (const auto* error = std::get_if<process::OptionError>(&parsed)) return reportError(error->message);
-  if (std::holds_alternative<process::HelpRequest>(parsed)) {
-    std::cout << messages::messagesHelp();
-    return 0;
-  }
-  if (std::holds_alternative<process::VersionRequest>(parsed)) {
-    std::cout << "messages " BRIM_VERSION "\n";
-    return 0;
+  if (std::holds_alternative<process::HelpRequest>(parsed))
+    return process::printAndExit("messages", messages::messagesHelp());
+  if (std::holds_alternative<process::VersionRequest>(parsed))
+    return process::printAndExit("messages", "messages " BRIM_VERSION "\n");
+  if (const auto error = process::raiseDescriptorLimit()) {
+    reportError(*error);
+    return 1;
   }
   return execute(std::get<messages::MessagesOptions>(parsed));
 }

@@ -1,6 +1,9 @@
 // The message by which a process of the phone asks the home screen to show a notification. The message is one JSON
-// object, which is sent over a socket in the root. The sender closes the connection after the message. Any thread.
+// object, which is sent over a socket in the root. The sender closes the connection after the message. Each home screen
+// has a socket of its own, because several home screens with a stepped clock can use a root. Any thread.
 #pragma once
+
+#include <sys/types.h>
 
 #include <filesystem>
 #include <optional>
@@ -8,9 +11,12 @@
 
 namespace process {
 
-inline constexpr const char* bulletinSocket = "bulletins.socket";
-// Returns the folder of the socket.
+// Returns the folder of the sockets.
 std::filesystem::path bulletinFolder(const std::filesystem::path& root);
+// Returns the name of the socket of a home screen with this process identifier.
+std::string bulletinSocketOf(pid_t process);
+// Removes the sockets of home screens that were killed.
+void removeStaleBulletinSockets(const std::filesystem::path& root);
 
 // A notification. All texts are UTF-8.
 struct Bulletin {
@@ -20,7 +26,7 @@ struct Bulletin {
   std::string message;
 };
 
-// Sends the bulletin to the home screen that uses the root. Returns false if no home screen is running.
+// Sends the bulletin to all home screens that use the root. Returns false if no home screen is running.
 bool sendBulletin(const std::filesystem::path& root, const Bulletin& bulletin);
 
 // Parses a received message. A member that is missing or not a string becomes empty. Returns nothing if the text is not

@@ -15,15 +15,17 @@ namespace {
 // The handle of the library. It is null until the library is loaded. The library is never unloaded.
 void* libraryHandle = nullptr;
 
-void throwIfFailed(const std::optional<std::string>& error) {
-  if (error) throw StartError(*error);
+void throwIfFailed(const std::filesystem::path& root, const std::optional<std::string>& error) {
+  if (error)
+    throw StartError("the folder " + root.string() + " cannot be used as the root: " + *error +
+                     "; select a folder that you can write with --root");
 }
 
 }  // namespace
 
 void useRoot(const std::filesystem::path& root, foundation::DefaultsDatabase database) {
-  throwIfFailed(foundation::useRoot(root, database));
-  throwIfFailed(prepareRoot(root));
+  throwIfFailed(root, foundation::useRoot(root, database));
+  throwIfFailed(root, prepareRoot(root));
 }
 
 void useRoot(const std::filesystem::path& root) {

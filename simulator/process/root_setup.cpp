@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <fstream>
 #include <functional>
 #include <system_error>
@@ -54,7 +55,7 @@ void writeIfMissing(const fs::path& path, const std::string& text) {
     std::ofstream file(temporary);
     file << text;
     file.close();
-    if (!file) throw fs::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
+    if (!file) throw fs::filesystem_error("cannot write", path, std::error_code(errno, std::generic_category()));
   });
 }
 

@@ -103,24 +103,30 @@ Json screenshot(const Json& command) {
   return nullptr;
 }
 
-// The maximum number of frames in a filmstrip, which is limited by the maximum width of a canvas.
+// The maximum number of frames in a filmstrip.
 constexpr std::size_t maxFrames = 40;
 
 Json frame(const Json& command) {
   if (frameCount() >= maxFrames)
     throw CommandError("the filmstrip has reached the maximum of 40 frames; write it with the command filmstrip");
   const uikit::Environment& environment = uikit::environment();
-  addFrame(*uikit::renderScreen(command.value("scale", 1.0)),
-           command.value("height", environment.device.screen.height));
+  const FrameResult result = addFrame(*uikit::renderScreen(command.value("scale", 1.0)),
+                                      command.value("height", environment.device.screen.height));
+  if (result == FrameResult::StripTooLarge)
+    throw CommandError(
+        "the filmstrip is too large for another frame of this size; write it with the command "
+        "filmstrip, or use a smaller scale");
   return {{"frames", frameCount()}};
 }
 
 Json filmstrip(const Json& command) {
   const std::string path = command["path"];
-  const auto strip = takeFilmstrip();
+  const auto strip = drawFilmstrip();
   if (strip == nullptr) throw CommandError("the filmstrip has no frames; add some with the command frame");
+  // After an error, the frames remain, because the next command can specify another path.
   if (const auto failure = drawing::writePng(strip->surface(), path))
     throw CommandError("the picture " + path + " could not be written: " + *failure);
+  removeFrames();
   return nullptr;
 }
 

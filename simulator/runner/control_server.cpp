@@ -29,6 +29,15 @@ std::string sizeError() {
                  {"error", "a command must have at most " + std::to_string(process::maxControlLineBytes) + " bytes"}});
 }
 
+// The maximum number of clients. Each of them uses a descriptor.
+constexpr std::size_t maxClients = 128;
+
+std::string clientError() {
+  return lineOf(
+      {{"ok", false},
+       {"error", "more than " + std::to_string(maxClients) + " clients are connected; disconnect one first"}});
+}
+
 bool isBlank(const std::string& line) { return line.find_first_not_of(" \t\r") == std::string::npos; }
 
 }  // namespace
@@ -65,6 +74,10 @@ void ControlServer::accept() {
   if (process::isTerminationRequested()) return;
   foundation::FileDescriptor socket = foundation::acceptFrom(listening_);
   if (!socket.isOpen()) return;
+  if (clients_.size() >= maxClients) {
+    static_cast<void>(foundation::sendAll(socket, clientError()));
+    return;
+  }
   const auto client = std::make_shared<Client>();
   client->socket = std::move(socket);
   clients_.push_back(client);

@@ -1,7 +1,7 @@
 #include "simulator/runner/filmstrip.hpp"
 
 #include <algorithm>
-#include <utility>
+#include <cmath>
 #include <vector>
 
 #include "simulator/drawing/image.hpp"
@@ -23,10 +23,14 @@ std::vector<Frame>& frames() {
   return stored;
 }
 
+// Limits of the whole filmstrip. A canvas can have this width, which is sufficient for 40 frames of the widest device.
+constexpr double maxWidth = drawing::Canvas::maxSide;
+constexpr double maxPixels = 100'000'000;
+
 drawing::Size sizeOf(const std::vector<Frame>& strip) {
-  drawing::Size size = {gap * static_cast<double>(strip.size() - 1), 0};
+  drawing::Size size;
   for (const Frame& frame : strip) {
-    size.width += frame.picture->pixelWidth();
+    size.width += frame.picture->pixelWidth() + (size.width > 0 ? gap : 0);
     size.height = std::max(size.height, frame.height);
   }
   return size;
@@ -34,15 +38,25 @@ drawing::Size sizeOf(const std::vector<Frame>& strip) {
 
 }  // namespace
 
-void addFrame(const drawing::Canvas& screen, double height) {
-  const double pixels = std::min(height * screen.pixelsPerPoint(), static_cast<double>(screen.pixelHeight()));
-  frames().push_back({screen.snapshot(), std::max(pixels, 1.0)});
+FrameResult addFrame(const drawing::Canvas& screen, double height) {
+  const double screenHeight = screen.pixelHeight();
+  const double pixels = std::clamp(height * screen.pixelsPerPoint(), 1.0, screenHeight);
+  const drawing::Size before = sizeOf(frames());
+  const double width = before.width + (before.width > 0 ? gap : 0) + screen.pixelWidth();
+  const bool fits = width <= maxWidth && width * std::max(before.height, pixels) <= maxPixels;
+  // A single screen is never too large.
+  if (!fits && !frames().empty()) return FrameResult::StripTooLarge;
+  const auto part = screen.copyOf({0, 0, screen.pixelWidth(), static_cast<int>(std::ceil(pixels))});
+  frames().push_back({part->snapshot(), pixels});
+  return FrameResult::Added;
 }
 
 std::size_t frameCount() { return frames().size(); }
 
-std::shared_ptr<drawing::Canvas> takeFilmstrip() {
-  const std::vector<Frame> strip = std::exchange(frames(), {});
+void removeFrames() { frames().clear(); }
+
+std::shared_ptr<drawing::Canvas> drawFilmstrip() {
+  const std::vector<Frame>& strip = frames();
   if (strip.empty()) return nullptr;
   auto canvas = std::make_shared<drawing::Canvas>(sizeOf(strip), 1);
   double left = 0;

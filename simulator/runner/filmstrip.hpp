@@ -9,11 +9,15 @@
 
 namespace runner {
 
-// Adds a copy of the upper `height` points of the screen as the next frame.
-void addFrame(const drawing::Canvas& screen, double height);
+enum class FrameResult { Added, StripTooLarge };
+
+// Adds a copy of the upper `height` points of the screen as the next frame, unless the filmstrip would become too large
+// for one picture.
+[[nodiscard]] FrameResult addFrame(const drawing::Canvas& screen, double height);
 std::size_t frameCount();
 
-// Draws the frames from left to right and then removes them. Returns null if there are no frames.
-std::shared_ptr<drawing::Canvas> takeFilmstrip();
+// Draws the frames from left to right. Returns null if there are no frames.
+std::shared_ptr<drawing::Canvas> drawFilmstrip();
+void removeFrames();
 
 }  // namespace runner

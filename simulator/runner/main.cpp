@@ -5,6 +5,8 @@
 #include <iostream>
 #include <string>
 
+#include "simulator/process/descriptor_limit.hpp"
+#include "simulator/process/standard_streams.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/demonstration.hpp"
 #include "simulator/runner/live_phone.hpp"
@@ -38,6 +40,8 @@ int runScript(runner::Session& session, std::istream& script) {
     if (!std::cout)
       return reportError("cannot write to standard output; the rest of the script was not executed", scriptFailed);
   }
+  if (script.bad() || (&script == &std::cin && process::failedToReadStandardInput()))
+    return reportError("cannot read the script to its end", scriptFailed);
   return status;
 }
 
@@ -78,15 +82,13 @@ int start(const runner::Options& options) try {
 }  // namespace
 
 int main(int count, char** arguments) {
+  process::reserveStandardDescriptors();
   const auto parsed = runner::parseOptions({arguments + 1, static_cast<std::size_t>(count - 1)});
   if (const auto* error = std::get_if<process::OptionError>(&parsed)) return reportError(error->message);
-  if (std::holds_alternative<process::HelpRequest>(parsed)) {
-    std::cout << runner::helpText() << "\n" << runner::commandHelp();
-    return 0;
-  }
-  if (std::holds_alternative<process::VersionRequest>(parsed)) {
-    std::cout << "springboard " BRIM_VERSION "\n";
-    return 0;
-  }
+  if (std::holds_alternative<process::HelpRequest>(parsed))
+    return process::printAndExit("springboard", runner::helpText() + "\n" + runner::commandHelp());
+  if (std::holds_alternative<process::VersionRequest>(parsed))
+    return process::printAndExit("springboard", "springboard " BRIM_VERSION "\n");
+  if (const auto error = process::raiseDescriptorLimit()) return reportError(*error, scriptFailed);
   return start(std::get<runner::Options>(parsed));
 }

@@ -5,6 +5,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/runner/command_handlers.hpp"
 #include "simulator/runner/phone_startup.hpp"
+#include "simulator/springboard/services/bulletin_socket.hpp"
 #include "simulator/springboard/services/messages_process.hpp"
 
 namespace runner {
@@ -20,7 +21,10 @@ Json failure(const std::string& reason) {
 Session::Session(const Options& options, foundation::FileDescriptor lock)
     : lock_(startPhone(options, std::move(lock))) {}
 
-Session::~Session() { springboard::endMessages(); }
+Session::~Session() {
+  springboard::stopListeningForBulletins();
+  springboard::endMessages();
+}
 
 Json Session::run(const Json& command) {
   const objc::AutoreleasePool pool;

@@ -43,4 +43,14 @@ TEST(Burst, LayoutWorkPerBannerDoesNotDependOnTheNumberOfBanners) {
   EXPECT_EQ(many.pivots - before.pivots, 10 * (few.pivots - before.pivots));
 }
 
+TEST(Burst, OldestBannersAreRemovedIfThereAreTooMany) {
+  Phone phone;
+  presentMany(phone, 300);
+  EXPECT_TRUE(phone.state(300 - 256)["dismissed"]);
+  EXPECT_FALSE(phone.state(300 - 255)["dismissed"]);
+  EXPECT_EQ(phone.run({{"do", "withdraw"}}).at("withdrawn"), 300);
+  phone.wait(60);
+  EXPECT_TRUE(phone.state(300)["dismissed"]);
+}
+
 }  // namespace

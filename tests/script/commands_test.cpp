@@ -116,6 +116,27 @@ TEST(Commands, FilmstripShowsItsFramesSideBySide) {
   EXPECT_NE(again.value("error", "").find("the filmstrip has no frames"), std::string::npos);
 }
 
+TEST(Commands, FilmstripKeepsItsFramesIfItCannotBeWritten) {
+  PlainPhone phone;
+  phone.run("frame", {{"height", 100}});
+  const Json failed = phone.answer({{"do", "filmstrip"}, {"path", (phone.folder() / "missing/a.png").string()}});
+  EXPECT_FALSE(failed.at("ok").get<bool>());
+  EXPECT_EQ(phone.run("frame", {{"height", 100}}).at("frames"), 2);
+  phone.run("filmstrip", {{"path", (phone.folder() / "a.png").string()}});
+  EXPECT_EQ(drawing::loadImage(phone.folder() / "a.png")->pixelWidth(), 375 + 10 + 375);
+}
+
+TEST(Commands, FilmstripIsLimitedToOnePicture) {
+  PlainPhone phone;
+  const auto answer = [&phone] { return phone.answer({{"do", "frame"}, {"scale", 8}, {"height", 1}}); };
+  for (int frame = 1; frame <= 6; ++frame) ASSERT_TRUE(answer().at("ok").get<bool>()) << frame;
+  const Json refused = answer();
+  EXPECT_FALSE(refused.at("ok").get<bool>());
+  EXPECT_NE(refused.at("error").get<std::string>().find("too large"), std::string::npos);
+  // A frame of another size still fits.
+  EXPECT_EQ(phone.run("frame", {{"scale", 1}, {"height", 1}}).at("frames"), 7);
+}
+
 TEST(Commands, ScreenshotsAtTheSameTimePointAreIdentical) {
   PlainPhone phone;
   phone.present();

@@ -19,6 +19,20 @@ std::string contentsOf(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+TEST(DefaultRoot, IsNotInTheCurrentFolder) {
+  for (const char* home : {"", "relative"}) {
+    setenv("HOME", home, 1);
+    setenv("XDG_DATA_HOME", home, 1);
+    const fs::path root = base::defaultRoot();
+    EXPECT_TRUE(root.is_absolute()) << root;
+    EXPECT_TRUE(root.native().ends_with("/.local/share/brim/root")) << root;
+  }
+  setenv("HOME", "/home/anna", 1);
+  EXPECT_EQ(base::defaultRoot(), "/home/anna/.local/share/brim/root");
+  setenv("XDG_DATA_HOME", "/data", 1);
+  EXPECT_EQ(base::defaultRoot(), "/data/brim/root");
+}
+
 class InstalledPhone : public testing::Test {
  protected:
   InstalledPhone() {

@@ -156,6 +156,50 @@ TEST_F(SpringboardProgram, ExitsWithOneIfItsOutputCannotBeWritten) {
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "picture.png"));
 }
 
+// A file that the program opens must not receive the number of standard output.
+TEST_F(SpringboardProgram, WritesNoAnswersIntoItsFilesIfStandardOutputIsClosed) {
+  const Outcome outcome = run("--without-brim --script script <&- >&-", R"({"do":"log"})");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.errors.find("cannot write to standard output"), std::string::npos) << outcome.errors;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path() / "root")) {
+    if (!entry.is_regular_file() || entry.is_symlink()) continue;
+    EXPECT_EQ(contentsOf(entry.path()).find("\"ok\""), std::string::npos) << entry.path();
+  }
+}
+
+TEST_F(SpringboardProgram, ExitsWithOneIfStandardInputCannotBeRead) {
+  for (const char* input : {"<&-", "<."}) {
+    const Outcome outcome = run(std::string("--without-brim --script - ") + input);
+    EXPECT_EQ(outcome.status, 1) << input;
+    EXPECT_NE(outcome.errors.find("cannot read the script"), std::string::npos) << input << outcome.errors;
+  }
+}
+
+TEST_F(SpringboardProgram, ExitsWithOneIfItCannotOpenEnoughFiles) {
+  const std::string command = "cd " + folder.path().string() +
+                              " && ulimit -n 12 && " SPRINGBOARD " --without-brim --root root --script /dev/null 2>err";
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+  EXPECT_NE(contentsOf(folder.path() / "err").find("ulimit -n"), std::string::npos);
+}
+
+TEST_F(SpringboardProgram, ErrorNamesTheRootThatCannotBeUsed) {
+  std::filesystem::create_directory(folder.path() / "root");
+  std::ofstream(folder.path() / "root/var") << "a file";
+  const Outcome outcome = run("--without-brim --script -");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_NE(outcome.errors.find("the folder root cannot be used as the root"), std::string::npos) << outcome.errors;
+  EXPECT_NE(outcome.errors.find("--root"), std::string::npos) << outcome.errors;
+  EXPECT_NE(outcome.errors.find((folder.path() / "root/var").string()), std::string::npos) << outcome.errors;
+}
+
+TEST_F(SpringboardProgram, HelpThatCannotBePrintedExitsWithOne) {
+  for (const char* option : {"--help", "--version"}) {
+    const Outcome outcome = run(std::string(option) + " >/dev/full");
+    EXPECT_EQ(outcome.status, 1) << option;
+    EXPECT_NE(outcome.errors.find("cannot write to standard output"), std::string::npos) << outcome.errors;
+  }
+}
+
 TEST_F(SpringboardProgram, HelpExitsWithZero) {
   const Outcome outcome = run("--help");
   EXPECT_EQ(outcome.status, 0);

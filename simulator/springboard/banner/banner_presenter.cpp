@@ -25,6 +25,9 @@ constexpr double automaticDismissalSeconds = 5;
 // The time between the dismissal of a banner and the release of its controller. The phone also releases the controller
 // some time after the dismissal.
 constexpr double secondsUntilRelease = 1;
+// The maximum number of banners whose controllers exist. While no time passes, no banner is dismissed completely, and
+// the time of a presentation grows with the number of controllers.
+constexpr std::size_t maxBanners = 256;
 
 enum class Stage { Presented, Dismissing, Dismissed };
 
@@ -62,7 +65,12 @@ void startSlideAtEdge(std::size_t number) {
   });
 }
 
+void recordDismissal(std::size_t number, NSInteger transition) {
+  base::recordEvent("dismiss", {{"controller", number}, {"transition", transition}});
+}
+
 void release(std::size_t number) {
+  if (!banners().contains(number)) return;
   releaseObserver()(number);
   banners().erase(number);
 }
@@ -108,6 +116,17 @@ void layOutContent(const Controller* controller) {
   content->setFrame({{}, {width, heightOfShortLookView(content, width)}});
 }
 
+// Makes room for a banner. Removes the oldest banners without an animation.
+void removeExcessBanners() {
+  while (banners().size() >= maxBanners) {
+    const std::size_t number = banners().begin()->first;
+    const Stage stage = banners().begin()->second.stage;
+    if (stage == Stage::Presented) recordDismissal(number, NSInteger(Transition::None));
+    if (stage != Stage::Dismissed) removeBanner(number);
+    release(number);
+  }
+}
+
 template <class Predicate>
 void dismissWhere(const Predicate& matches) {
   std::vector<objc::Ref<Controller>> matching;
@@ -120,6 +139,7 @@ void dismissWhere(const Predicate& matches) {
 
 std::size_t presentBanner(Controller* controller) {
   dismissAllBanners();
+  removeExcessBanners();
   const std::size_t number = ++lastNumber;
   objc::state<NCNotificationViewController>(controller).bannerNumber = number;
   banners()[number].controller = objc::retain(controller);
@@ -140,7 +160,7 @@ void dismissBanner(Controller* controller, NSInteger transition, objc::Block<voi
   if (!isBannerOnScreen(number)) return;
   const bool isBeingDismissed = banners().at(number).stage == Stage::Dismissing;
   if (isBeingDismissed && Transition(transition) != Transition::None) return;
-  base::recordEvent("dismiss", {{"controller", number}, {"transition", transition}});
+  recordDismissal(number, transition);
   const objc::BlockRef<void(bool)> retainedCompletion(completion);
   if (Transition(transition) == Transition::None) {
     removeBanner(number);

@@ -1,6 +1,7 @@
 #include "simulator/springboard/services/bulletin_socket.hpp"
 
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -23,6 +24,8 @@ namespace fs = std::filesystem;
 
 // The maximum size of a message. The connection of a sender that exceeds it is closed.
 constexpr std::size_t maxBulletinBytes = 16 << 20;
+// The maximum number of simultaneous senders. Each of them uses a descriptor.
+constexpr std::size_t maxSenders = 128;
 
 struct Sender {
   foundation::FileDescriptor socket;
@@ -37,6 +40,11 @@ std::list<Sender>& senders() {
 std::function<void(const process::Bulletin&)>& receiver() {
   static auto& function = *new std::function<void(const process::Bulletin&)>;
   return function;
+}
+
+foundation::FileDescriptor& listening() {
+  static auto& socket = *new foundation::FileDescriptor;
+  return socket;
 }
 
 void deliver(const std::string& text) {
@@ -66,21 +74,30 @@ void readFrom(std::list<Sender>::iterator sender) {
 
 void acceptSender(const foundation::FileDescriptor& listening) {
   foundation::FileDescriptor accepted = foundation::acceptFrom(listening);
-  if (!accepted.isOpen()) return;
+  if (!accepted.isOpen() || senders().size() >= maxSenders) return;
   const auto sender = senders().insert(senders().end(), {std::move(accepted), {}});
   foundation::watchDescriptor(sender->socket.get(), [sender] { readFrom(sender); });
 }
 
 }  // namespace
 
+void stopListeningForBulletins() {
+  if (!listening().isOpen()) return;
+  foundation::unwatchDescriptor(listening().get());
+  listening() = foundation::FileDescriptor();
+  std::error_code error;
+  fs::remove(process::bulletinFolder(foundation::root()) / process::bulletinSocketOf(getpid()), error);
+}
+
 void listenForBulletins(std::function<void(const process::Bulletin&)> present) {
   receiver() = std::move(present);
   const fs::path folder = process::bulletinFolder(foundation::root());
   std::error_code error;
   fs::create_directories(folder, error);
-  static const auto& listening = *new foundation::FileDescriptor(foundation::listenIn(folder, process::bulletinSocket));
-  if (listening.isOpen()) {
-    foundation::watchDescriptor(listening.get(), [] { acceptSender(listening); });
+  process::removeStaleBulletinSockets(foundation::root());
+  listening() = foundation::listenIn(folder, process::bulletinSocketOf(getpid()).c_str());
+  if (listening().isOpen()) {
+    foundation::watchDescriptor(listening().get(), [] { acceptSender(listening()); });
   } else {
     std::fprintf(stderr, "%s: cannot listen for notifications of other processes: %s\n", folder.c_str(),
                  std::strerror(errno));

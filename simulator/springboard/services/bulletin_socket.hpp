@@ -11,5 +11,7 @@ namespace springboard {
 // Ignores invalid messages. If the socket cannot be created, prints an error and receives no bulletins. Call this once,
 // after the home screen has started. Main thread.
 void listenForBulletins(std::function<void(const process::Bulletin&)> present);
+// Closes and removes the socket of this process. Main thread.
+void stopListeningForBulletins();
 
 }  // namespace springboard
