@@ -40,16 +40,11 @@ void keepClocksCurrent() {
 }
 
 // Returns null, with an error on standard error, if the window cannot be opened.
-std::unique_ptr<PhoneWindow> openWindow() {
+std::unique_ptr<PhoneWindow> openWindow(WindowPlace place) {
   const auto open =
       reinterpret_cast<decltype(&brim_open_window)>(foundation::pluginFunction("window.so", "brim_open_window"));
   if (open == nullptr) return nullptr;
-  std::unique_ptr<PhoneWindow> window(open());
-  if (window == nullptr)
-    std::fprintf(stderr,
-                 "springboard: no display is available for the window; run this command in a graphical session, which "
-                 "sets DISPLAY or WAYLAND_DISPLAY, or omit --window and take pictures with the command screenshot\n");
-  return window;
+  return std::unique_ptr<PhoneWindow>(open(place));
 }
 
 bool hasLostDisplay(const PhoneWindow* window) {
@@ -61,7 +56,7 @@ bool hasLostDisplay(const PhoneWindow* window) {
 int runUntilTerminated(Session& session, const Options& options, Inheritance& inheritance) {
   const bool isReplacement = inheritance.listening.isOpen();
   std::unique_ptr<PhoneWindow> window;
-  if (options.window == WindowUse::Window && (window = openWindow()) == nullptr) return cannotStart;
+  if (options.window && (window = openWindow(*options.window)) == nullptr) return cannotStart;
   ControlServer server(session, std::move(inheritance.listening));
   if (!server.isListening()) {
     std::fprintf(stderr, "springboard: %s: cannot listen for commands: %s\n",
@@ -71,6 +66,7 @@ int runUntilTerminated(Session& session, const Options& options, Inheritance& in
   keepClocksCurrent();
   if (options.welcome == Welcome::Played && !isReplacement) scheduleWelcome(session);
   std::printf("the phone is running on %s\n", foundation::root().c_str());
+  if (options.window == WindowPlace::WebPage) std::printf("the phone is displayed at %s\n", window->address().c_str());
   std::fflush(stdout);
   foundation::runMainQueueUntil(&process::isTerminationRequested);
   if (requestedRestart() != nullptr) inheritance.listening = server.takeSocket();

@@ -63,7 +63,12 @@ process::ExpectedValue selectRealClock(Options& options, const std::string&) {
 }
 
 process::ExpectedValue openWindow(Options& options, const std::string&) {
-  options.window = WindowUse::Window;
+  options.window = WindowPlace::Desktop;
+  return std::nullopt;
+}
+
+process::ExpectedValue servePage(Options& options, const std::string&) {
+  options.window = WindowPlace::WebPage;
   return std::nullopt;
 }
 
@@ -105,6 +110,10 @@ const std::vector<process::OptionRow<Options>>& optionTable() {
        "with --live: open a window in which the phone is displayed and used; closing it ends the phone (default: no "
        "window)",
        &openWindow},
+      {"--browser", nullptr,
+       "with --live: serve a web page in which the phone is displayed and used, on this computer only, and print its "
+       "address (default: no page)",
+       &servePage},
       {"--welcome", nullptr,
        "with --live: present three sample notifications after the start; uses a separate root unless --root is "
        "specified (default: present nothing)",
@@ -124,7 +133,8 @@ process::CommandLine<Options> parseOptions(std::span<const char* const> argument
   const auto* options = std::get_if<Options>(&parsed);
   if (options == nullptr) return parsed;
   if (options->clock == foundation::ClockMode::Stepped) {
-    if (options->window == WindowUse::Window) return process::OptionError{"--window requires --live"};
+    if (options->window == WindowPlace::Desktop) return process::OptionError{"--window requires --live"};
+    if (options->window == WindowPlace::WebPage) return process::OptionError{"--browser requires --live"};
     if (options->welcome == Welcome::Played) return process::OptionError{"--welcome requires --live"};
     return parsed;
   }
@@ -153,7 +163,7 @@ std::vector<std::string> argumentsOf(const Options& options) {
                                         options.appearance == StartAppearance::Dark ? "dark" : "light"};
   if (!options.root.empty()) arguments.insert(arguments.end(), {"--root", options.root});
   if (options.library == process::LibraryUse::Absent) arguments.emplace_back("--without-brim");
-  if (options.window == WindowUse::Window) arguments.emplace_back("--window");
+  if (options.window) arguments.emplace_back(options.window == WindowPlace::Desktop ? "--window" : "--browser");
   if (options.welcome == Welcome::Played) arguments.emplace_back("--welcome");
   return arguments;
 }

@@ -9,11 +9,11 @@
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/process/common_options.hpp"
+#include "simulator/runner/window_plugin.hpp"
 
 namespace runner {
 
 enum class StartAppearance { Light, Dark };
-enum class WindowUse { None, Window };
 enum class Welcome { None, Played };
 
 struct Options {
@@ -27,8 +27,8 @@ struct Options {
   std::optional<double> time = {};
   // A phone with the real clock is live: it runs until it is terminated, and executes the commands of other processes.
   foundation::ClockMode clock = foundation::ClockMode::Stepped;
-  // Whether a live phone is displayed in a window of the desktop.
-  WindowUse window = WindowUse::None;
+  // Where a live phone is displayed. If there is no value, it is not displayed.
+  std::optional<WindowPlace> window = {};
   // Whether a live phone presents sample notifications after its start.
   Welcome welcome = Welcome::None;
   process::LibraryUse library = process::LibraryUse::Loaded;

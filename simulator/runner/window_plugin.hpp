@@ -1,12 +1,17 @@
 // The interface of the window plugin. The simulator looks up this function by name.
 #pragma once
 
+#include <string>
+
 namespace runner {
+
+// Where the phone is displayed: in a window of the desktop, or in a web page that this computer serves.
+enum class WindowPlace { Desktop, WebPage };
 
 enum class WindowState { Open, Closed, DisplayLost };
 
-// A window of the desktop. It displays the screen of the phone and delivers the user's touches and keys. It
-// receives its events in the run loop of the main thread. Main thread.
+// A window or a page. It displays the screen of the phone and delivers the user's touches and keys. It receives its
+// events in the run loop of the main thread. Main thread.
 class PhoneWindow {
  public:
   PhoneWindow() = default;
@@ -17,10 +22,12 @@ class PhoneWindow {
   // DisplayLost means that the connection to the display server has ended. A window that is no longer open has
   // requested the termination of the process.
   virtual WindowState state() const = 0;
+  // The address of the page. Empty for a window of the desktop.
+  virtual std::string address() const = 0;
 };
 
 }  // namespace runner
 
-// Opens the window of the phone, which must be running. A process can open only one window. Returns null if no display
-// is available. The caller owns the window.
-extern "C" runner::PhoneWindow* brim_open_window();
+// Opens the window of the phone, which must be running. A process can open only one window. Returns null, with an error
+// on standard error, if no display is available or the page cannot be served. The caller owns the window.
+extern "C" runner::PhoneWindow* brim_open_window(runner::WindowPlace place);

@@ -36,7 +36,7 @@ TEST(Options, HaveDefaults) {
   EXPECT_EQ(options.appearance, StartAppearance::Light);
   EXPECT_EQ(options.locale, "en_US");
   EXPECT_FALSE(options.time);
-  EXPECT_EQ(options.window, runner::WindowUse::None);
+  EXPECT_EQ(options.window, std::nullopt);
   EXPECT_EQ(options.welcome, runner::Welcome::None);
   EXPECT_EQ(options.library, LibraryUse::Loaded);
   EXPECT_TRUE(options.script.empty());
@@ -62,7 +62,8 @@ TEST(Options, LivePhoneCanPlayTheWelcome) {
 }
 
 TEST(Options, LivePhoneCanHaveAWindow) {
-  EXPECT_EQ(accepted({"--window", "--live"}).window, runner::WindowUse::Window);
+  EXPECT_EQ(accepted({"--window", "--live"}).window, runner::WindowPlace::Desktop);
+  EXPECT_EQ(accepted({"--browser", "--live"}).window, runner::WindowPlace::WebPage);
 }
 
 TEST(Options, AcceptAnEqualsSign) { EXPECT_EQ(accepted({"--device=iphone-8"}).device, "iphone-8"); }
@@ -109,6 +110,7 @@ TEST(Options, ErrorsNameTheExpectedInput) {
                               {{"--script", ""}, "a file, or -"},
                               {{"--root", ""}, "a folder"},
                               {{"--window"}, "--window requires --live"},
+                              {{"--browser"}, "--browser requires --live"},
                               {{"--welcome"}, "--welcome requires --live"},
                               {{"--demonstration="}, "a folder"}};
   for (const Refusal& refusal : refusals) {
@@ -130,7 +132,7 @@ TEST(Options, OfALivePhoneAreTheSameAfterARestart) {
   options.clock = foundation::ClockMode::Real;
   EXPECT_TRUE(restarted(options).root.empty());
   EXPECT_EQ(restarted(options).clock, foundation::ClockMode::Real);
-  EXPECT_EQ(restarted(options).window, runner::WindowUse::None);
+  EXPECT_EQ(restarted(options).window, std::nullopt);
   EXPECT_EQ(restarted(options).library, process::LibraryUse::Loaded);
   options.root = "a folder";
   options.device = "iphone-8";
@@ -138,7 +140,7 @@ TEST(Options, OfALivePhoneAreTheSameAfterARestart) {
   options.locale = "ar_EG";
   options.appearance = runner::StartAppearance::Dark;
   options.library = process::LibraryUse::Absent;
-  options.window = runner::WindowUse::Window;
+  options.window = runner::WindowPlace::WebPage;
   options.welcome = runner::Welcome::Played;
   EXPECT_EQ(restarted(options).root, options.root);
   EXPECT_EQ(restarted(options).device, options.device);

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <string>
+#include <utility>
 
 #include "simulator/plugins/window/display.hpp"
 #include "simulator/plugins/window/phone_drawing.hpp"
@@ -28,8 +30,9 @@ int desktopHeight() {
 
 }  // namespace
 
-PhoneWindow::PhoneWindow()
-    : device_(uikit::environment().device),
+PhoneWindow::PhoneWindow(std::unique_ptr<WebPage> page)
+    : page_(std::move(page)),
+      device_(uikit::environment().device),
       window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)),
       area_(makePhoneArea()),
       access_(area_, [this](const CGRect& points) { return areaRectangle(points); }),
@@ -46,6 +49,7 @@ PhoneWindow::PhoneWindow()
   gtk_widget_set_app_paintable(area_, TRUE);
   connectSignals();
   setInitialSize();
+  if (page_ != nullptr) fillPage();
   gtk_widget_grab_focus(area_);
   composer_.showIfWide();
   gtk_widget_show_all(window_);
@@ -93,6 +97,11 @@ void PhoneWindow::setInitialSize() {
   gtk_window_set_default_size(GTK_WINDOW(window_), static_cast<int>(std::ceil(size.width * scale)),
                               static_cast<int>(std::ceil(size.height * scale)));
   gtk_widget_set_size_request(area_, minWidth, static_cast<int>(minWidth * size.height / size.width));
+}
+
+void PhoneWindow::fillPage() {
+  gtk_window_set_decorated(GTK_WINDOW(window_), FALSE);
+  gtk_window_maximize(GTK_WINDOW(window_));
 }
 
 void PhoneWindow::updateLayout() {
@@ -163,4 +172,17 @@ GdkRectangle PhoneWindow::areaRectangle(const CGRect& points) const {
 
 }  // namespace window
 
-runner::PhoneWindow* brim_open_window() { return window::connectToDisplay() ? new window::PhoneWindow : nullptr; }
+runner::PhoneWindow* brim_open_window(runner::WindowPlace place) {
+  std::unique_ptr<window::WebPage> page;
+  if (place == runner::WindowPlace::WebPage) {
+    page = std::make_unique<window::WebPage>();
+    if (!page->isOpen()) return nullptr;
+  }
+  if (window::connectToDisplay()) return new window::PhoneWindow(std::move(page));
+  std::fputs(
+      "springboard: no display is available for the window; run this command in a graphical session, which sets "
+      "DISPLAY or WAYLAND_DISPLAY, replace --window by --browser, or omit it and take pictures with the command "
+      "screenshot\n",
+      stderr);
+  return nullptr;
+}
