@@ -62,10 +62,9 @@ void drawSideButtons(cairo_t* context, const drawing::Rectangle& body) {
     double height;
   };
   constexpr Button leftButtons[] = {{108, 28}, {162, 56}, {232, 56}};
-  constexpr Button rightButton = {176, 88};
   for (const Button& button : leftButtons)
     fill(context, {body.x - visible, body.y + button.y, width, button.height}, 2, metalDark);
-  fill(context, {body.x + body.width - width + visible, body.y + rightButton.y, width, rightButton.height}, 2,
+  fill(context, {body.x + body.width - width + visible, body.y + sideButton.top, width, sideButton.height}, 2,
        metalDark);
 }
 
@@ -84,12 +83,11 @@ void drawRim(cairo_t* context, const drawing::Rectangle& body, double radius) {
 }
 
 void drawHomeButton(cairo_t* context, const drawing::Rectangle& body, double bezelHeight) {
-  constexpr double diameter = 58;
   constexpr double ringWidth = 2;
   const double x = body.x + body.width / 2;
   const double y = body.y + body.height - bezelHeight / 2;
   cairo_new_path(context);
-  cairo_arc(context, x, y, diameter / 2 - ringWidth / 2, 0, 2 * std::numbers::pi);
+  cairo_arc(context, x, y, homeButtonDiameter / 2 - ringWidth / 2, 0, 2 * std::numbers::pi);
   cairo_set_line_width(context, ringWidth);
   setColor(context, metalDark);
   cairo_stroke(context);
