@@ -46,9 +46,11 @@ TEST(Window, UsesAllPixelsOfADenseDisplay) {
   EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
 }
 
-TEST(Window, HasATitleAndAClass) {
+TEST(Window, HasATitleAClassAndIcons) {
   const WindowPhone phone("iphone-se");
   EXPECT_EQ(phone.display.classOf(phone.window), "Brim");
+  EXPECT_TRUE(phone.display.hasIcon(phone.window, 32));
+  EXPECT_TRUE(phone.display.hasIcon(phone.window, 128));
 }
 
 TEST(Window, BezelCoversTheCornersOfTheScreen) {

@@ -151,4 +151,27 @@ void drawScreen(cairo_t* context, const base::DeviceProfile& device, const Windo
   cairo_restore(context);
 }
 
+void drawIcon(cairo_t* context, double side) {
+  constexpr double designSide = 64;
+  constexpr drawing::Rectangle body = {15, 2, 34, 60};
+  constexpr double radius = 8;
+  constexpr drawing::Color top = {0.37, 0.66, 0.98, 1};
+  constexpr drawing::Color bottom = {0.94, 0.47, 0.60, 1};
+  cairo_save(context);
+  cairo_scale(context, side / designSide, side / designSide);
+  fill(context, body, radius, metalLight);
+  fill(context, outset(body, -1), radius - 1, bezel);
+  const drawing::PatternHandle wallpaper(cairo_pattern_create_linear(0, body.y, 0, body.y + body.height));
+  addStop(wallpaper.get(), 0, top);
+  addStop(wallpaper.get(), 1, bottom);
+  drawing::addRoundedRectangle(context, outset(body, -3), {radius - 3, drawing::CornerCurve::Continuous});
+  cairo_set_source(context, wallpaper.get());
+  cairo_fill(context);
+  fill(context, {20, 9, 24, 11}, 4, {1, 1, 1, 0.95});
+  fill(context, {22.5, 12, 5, 5}, 2.5, top);
+  fill(context, {30, 12.5, 11, 1.6}, 0.8, metalDark);
+  fill(context, {30, 15.9, 8, 1.6}, 0.8, metalLight);
+  cairo_restore(context);
+}
+
 }  // namespace window
