@@ -64,6 +64,25 @@ TEST_P(Layout, ConvertsPixelsToPoints) {
   EXPECT_NEAR(window::screenPoint(layout, layout.screen.x + layout.screen.width, 0).x, device.screen.width, 1e-9);
 }
 
+TEST_P(Layout, HasASideButtonAtTheRightEdgeOfTheBody) {
+  const window::PhoneBody body = window::bodyOf(device);
+  const double edge = device.screen.width + body.sideBezel;
+  const double middle = window::sideButton.top + window::sideButton.height / 2 - body.endBezel;
+  EXPECT_EQ(window::buttonAt(device, {edge, middle}), window::BodyButton::Side);
+  EXPECT_EQ(window::buttonAt(device, {edge, middle - window::sideButton.height}), window::BodyButton::None);
+  EXPECT_EQ(window::buttonAt(device, {-body.sideBezel, middle}), window::BodyButton::None);
+}
+
+TEST(PhoneBody, OnlyDevicesWithAHomeButtonHaveItBelowTheScreen) {
+  const base::DeviceProfile& device = *base::findDeviceProfile("iphone-8");
+  const CGPoint middle = {device.screen.width / 2, device.screen.height + window::bodyOf(device).endBezel / 2};
+  EXPECT_EQ(window::buttonAt(device, middle), window::BodyButton::Home);
+  EXPECT_EQ(window::buttonAt(device, {middle.x + window::homeButtonDiameter, middle.y}), window::BodyButton::None);
+  const base::DeviceProfile& rounded = *base::findDeviceProfile("iphone-x");
+  const CGPoint below = {rounded.screen.width / 2, rounded.screen.height + window::bodyOf(rounded).endBezel / 2};
+  EXPECT_EQ(window::buttonAt(rounded, below), window::BodyButton::None);
+}
+
 TEST(PhoneBody, OnlySomeDevicesHaveRoundedCorners) {
   EXPECT_GT(window::bodyOf(*base::findDeviceProfile("iphone-x")).screenRadius, 0);
   EXPECT_EQ(window::bodyOf(*base::findDeviceProfile("iphone-8")).screenRadius, 0);

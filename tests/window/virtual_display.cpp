@@ -115,6 +115,25 @@ std::string VirtualDisplay::classOf(Window window) const {
   return name;
 }
 
+// The property contains the width, the height and the pixels of each icon.
+bool VirtualDisplay::hasIcon(Window window, unsigned long side) const {
+  constexpr long maxItems = 1L << 20;
+  Display* const display = displayOf(connection_);
+  Atom type = 0;
+  int format = 0;
+  unsigned long count = 0;
+  unsigned long remaining = 0;
+  unsigned char* data = nullptr;
+  XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_ICON", False), 0, maxItems, False, AnyPropertyType,
+                     &type, &format, &count, &remaining, &data);
+  const auto* items = reinterpret_cast<const unsigned long*>(data);
+  bool isFound = false;
+  for (unsigned long index = 0; index + 1 < count; index += 2 + items[index] * items[index + 1])
+    isFound = isFound || (items[index] == side && items[index + 1] == side);
+  if (data != nullptr) XFree(data);
+  return isFound;
+}
+
 std::vector<std::uint32_t> VirtualDisplay::pixelsOf(Window window) const {
   const WindowSize size = sizeOf(window);
   XImage* const image = XGetImage(displayOf(connection_), window, 0, 0, static_cast<unsigned>(size.width),

@@ -36,6 +36,8 @@ class VirtualDisplay {
   WindowSize sizeOf(Window window) const;
   // Returns the name of the window's class.
   std::string classOf(Window window) const;
+  // Returns whether the window has a square icon with this side.
+  bool hasIcon(Window window, unsigned long side) const;
   // Returns the pixels of a window as 0xRRGGBB, row by row. Returns nothing if the window is not visible.
   std::vector<std::uint32_t> pixelsOf(Window window) const;
   void resize(Window window, const WindowSize& size) const;

@@ -46,9 +46,11 @@ TEST(Window, UsesAllPixelsOfADenseDisplay) {
   EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
 }
 
-TEST(Window, HasATitleAndAClass) {
+TEST(Window, HasATitleAClassAndIcons) {
   const WindowPhone phone("iphone-se");
   EXPECT_EQ(phone.display.classOf(phone.window), "Brim");
+  EXPECT_TRUE(phone.display.hasIcon(phone.window, 32));
+  EXPECT_TRUE(phone.display.hasIcon(phone.window, 128));
 }
 
 TEST(Window, BezelCoversTheCornersOfTheScreen) {
@@ -113,6 +115,51 @@ TEST(Window, ClickOpensABanner) {
   phone.pressAndDrag(banner, {0, 0});
   phone.release();
   EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
+}
+
+bool isLocked(const WindowPhone& phone) {
+  return phone.tell({{"do", "tree"}}).dump().find("NCNotificationListView") != std::string::npos;
+}
+
+constexpr CGPoint homeButton = {187.5, 713};
+
+TEST(Window, HomeButtonDismissesABanner) {
+  const WindowPhone phone("iphone-8");
+  const int controller = phone.showBanner();
+  phone.pressAndDrag(homeButton, {0, 0});
+  phone.release();
+  EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
+}
+
+TEST(Window, SideButtonLocksThePhoneAndHomeButtonUnlocksIt) {
+  const WindowPhone phone("iphone-8");
+  ASSERT_FALSE(isLocked(phone));
+  phone.pressAndDrag({396, 130}, {0, 0});
+  phone.release();
+  ASSERT_TRUE(eventually([&] { return isLocked(phone); }));
+  // A press that leaves the button has no effect.
+  phone.pressAndDrag(homeButton, {80, 0});
+  phone.release();
+  phone.tell({{"do", "wait"}, {"seconds", 0.5}});
+  EXPECT_TRUE(isLocked(phone));
+  phone.pressAndDrag(homeButton, {0, 0});
+  phone.release();
+  EXPECT_TRUE(eventually([&] { return !isLocked(phone); }));
+}
+
+TEST(Window, DragContinuesWhileTheWindowIsResized) {
+  const WindowPhone phone;
+  const int controller = phone.showBanner();
+  phone.pressAndDrag(banner, {0, 0});
+  ASSERT_TRUE(eventually([&] { return phone.tell(tapElsewhere)["ok"] == false; }));
+  const test::WindowSize size = {420, 1000};
+  phone.display.resize(phone.window, size);
+  ASSERT_TRUE(eventually([&] { return phone.display.sizeOf(phone.window) == size && phone.showsScreen(); }));
+  EXPECT_EQ(phone.tell(tapElsewhere)["ok"], false);
+  phone.pressAndDrag(banner, {0, -60});
+  phone.release();
+  EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
+  EXPECT_EQ(phone.tell(tapElsewhere)["ok"], true);
 }
 
 // Expands the banner with the mouse, which opens its reply field.

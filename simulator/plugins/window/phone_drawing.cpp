@@ -62,10 +62,9 @@ void drawSideButtons(cairo_t* context, const drawing::Rectangle& body) {
     double height;
   };
   constexpr Button leftButtons[] = {{108, 28}, {162, 56}, {232, 56}};
-  constexpr Button rightButton = {176, 88};
   for (const Button& button : leftButtons)
     fill(context, {body.x - visible, body.y + button.y, width, button.height}, 2, metalDark);
-  fill(context, {body.x + body.width - width + visible, body.y + rightButton.y, width, rightButton.height}, 2,
+  fill(context, {body.x + body.width - width + visible, body.y + sideButton.top, width, sideButton.height}, 2,
        metalDark);
 }
 
@@ -84,12 +83,11 @@ void drawRim(cairo_t* context, const drawing::Rectangle& body, double radius) {
 }
 
 void drawHomeButton(cairo_t* context, const drawing::Rectangle& body, double bezelHeight) {
-  constexpr double diameter = 58;
   constexpr double ringWidth = 2;
   const double x = body.x + body.width / 2;
   const double y = body.y + body.height - bezelHeight / 2;
   cairo_new_path(context);
-  cairo_arc(context, x, y, diameter / 2 - ringWidth / 2, 0, 2 * std::numbers::pi);
+  cairo_arc(context, x, y, homeButtonDiameter / 2 - ringWidth / 2, 0, 2 * std::numbers::pi);
   cairo_set_line_width(context, ringWidth);
   setColor(context, metalDark);
   cairo_stroke(context);
@@ -150,6 +148,29 @@ void drawScreen(cairo_t* context, const base::DeviceProfile& device, const Windo
     setColor(context, bezel);
     cairo_fill(context);
   }
+  cairo_restore(context);
+}
+
+void drawIcon(cairo_t* context, double side) {
+  constexpr double designSide = 64;
+  constexpr drawing::Rectangle body = {15, 2, 34, 60};
+  constexpr double radius = 8;
+  constexpr drawing::Color top = {0.37, 0.66, 0.98, 1};
+  constexpr drawing::Color bottom = {0.94, 0.47, 0.60, 1};
+  cairo_save(context);
+  cairo_scale(context, side / designSide, side / designSide);
+  fill(context, body, radius, metalLight);
+  fill(context, outset(body, -1), radius - 1, bezel);
+  const drawing::PatternHandle wallpaper(cairo_pattern_create_linear(0, body.y, 0, body.y + body.height));
+  addStop(wallpaper.get(), 0, top);
+  addStop(wallpaper.get(), 1, bottom);
+  drawing::addRoundedRectangle(context, outset(body, -3), {radius - 3, drawing::CornerCurve::Continuous});
+  cairo_set_source(context, wallpaper.get());
+  cairo_fill(context);
+  fill(context, {20, 9, 24, 11}, 4, {1, 1, 1, 0.95});
+  fill(context, {22.5, 12, 5, 5}, 2.5, top);
+  fill(context, {30, 12.5, 11, 1.6}, 0.8, metalDark);
+  fill(context, {30, 15.9, 8, 1.6}, 0.8, metalLight);
   cairo_restore(context);
 }
 

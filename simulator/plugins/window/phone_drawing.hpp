@@ -14,4 +14,7 @@ void drawBody(cairo_t* context, const base::DeviceProfile& device, const WindowL
 void drawScreen(cairo_t* context, const base::DeviceProfile& device, const WindowLayout& layout,
                 cairo_surface_t* picture);
 
+// Draws the icon of the window: a phone with a banner, in a square with this side.
+void drawIcon(cairo_t* context, double side);
+
 }  // namespace window

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "simulator/drawing/cairo_handles.hpp"
 #include "simulator/plugins/window/display.hpp"
 #include "simulator/plugins/window/phone_drawing.hpp"
 #include "simulator/process/signals.hpp"
@@ -28,6 +29,18 @@ int desktopHeight() {
   return workArea.height;
 }
 
+void setIcons(GtkWindow* window) {
+  GList* icons = nullptr;
+  for (const int side : {32, 64, 128}) {
+    const drawing::SurfaceHandle picture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, side, side));
+    const drawing::ContextHandle context(cairo_create(picture.get()));
+    drawIcon(context.get(), side);
+    icons = g_list_append(icons, gdk_pixbuf_get_from_surface(picture.get(), 0, 0, side, side));
+  }
+  gtk_window_set_icon_list(window, icons);
+  g_list_free_full(icons, &g_object_unref);
+}
+
 }  // namespace
 
 PhoneWindow::PhoneWindow(std::unique_ptr<WebPage> page)
@@ -43,6 +56,7 @@ PhoneWindow::PhoneWindow(std::unique_ptr<WebPage> page)
       displayLink_([this] { present(); }) {
   observeDisplayErrors([this] { mainContext_.loseDisplay(); });
   gtk_window_set_title(GTK_WINDOW(window_), std::string(device_.name).c_str());
+  setIcons(GTK_WINDOW(window_));
   // The title bar is as dark as the background.
   g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme", TRUE, nullptr);
   gtk_widget_set_app_paintable(window_, TRUE);

@@ -4,6 +4,8 @@
 
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/runner/finger.hpp"
+#include "simulator/springboard/shell/lock_screen.hpp"
+#include "simulator/springboard/shell/springboard_application.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
 namespace window {
@@ -19,6 +21,14 @@ bool isOnScreen(CGPoint point) {
 void deliver(UITouchPhase phase, CGPoint point) {
   foundation::onMainThread([phase, point] { runner::touch(phase, point); });
 }
+
+void press(BodyButton button) {
+  if (button == BodyButton::Side) return SBLockScreenManager::sharedInstance()->lock();
+  springboard::pressButton(springboard::homeButtonPress, 1);
+  springboard::pressButton(springboard::homeButtonPress, 0);
+}
+
+BodyButton bodyButtonAt(CGPoint point) { return buttonAt(uikit::environment().device, point); }
 
 }  // namespace
 
@@ -49,20 +59,25 @@ PointerInput::PointerInput(GtkWidget* widget, std::function<CGPoint(double x, do
 
 void PointerInput::begin(Source source, double x, double y) {
   const CGPoint point = screenPoint_(x, y);
-  if (source_ != Source::None || !isOnScreen(point)) return;
+  if (source_ != Source::None) return;
+  button_ = isOnScreen(point) ? BodyButton::None : bodyButtonAt(point);
+  if (!isOnScreen(point) && button_ == BodyButton::None) return;
   source_ = source;
   last_ = point;
-  deliver(UITouchPhase::Began, point);
+  if (button_ == BodyButton::None) deliver(UITouchPhase::Began, point);
 }
 
 void PointerInput::proceed(UITouchPhase phase, double x, double y) {
   last_ = screenPoint_(x, y);
   if (phase != UITouchPhase::Moved) source_ = Source::None;
-  deliver(phase, last_);
+  if (button_ == BodyButton::None) return deliver(phase, last_);
+  if (phase == UITouchPhase::Ended && bodyButtonAt(last_) == button_)
+    foundation::onMainThread([button = button_] { press(button); });
 }
 
 void PointerInput::cancel() {
-  if (std::exchange(source_, Source::None) != Source::None) deliver(UITouchPhase::Cancelled, last_);
+  const Source source = std::exchange(source_, Source::None);
+  if (source != Source::None && button_ == BodyButton::None) deliver(UITouchPhase::Cancelled, last_);
 }
 
 bool PointerInput::handleButton(const GdkEventButton& event) {

@@ -1,4 +1,5 @@
-// Delivers the mouse and the first finger on a touch screen to the phone, as its finger. Main thread.
+// Delivers the mouse and the first finger on a touch screen to the phone, as its finger on the screen and on the
+// buttons of the body. Main thread.
 #pragma once
 
 #include <gtk/gtk.h>
@@ -6,6 +7,7 @@
 #include <functional>
 
 #include "platform/core_graphics.hpp"
+#include "simulator/plugins/window/window_layout.hpp"
 #include "simulator/uikit/touch/touch.hpp"
 
 namespace window {
@@ -14,7 +16,8 @@ class PointerInput {
  public:
   // Handles the events of the widget, which must exist as long as this object. `screenPoint` converts coordinates of
   // the widget to a point of the phone's screen, which can be outside the screen. A touch begins only on the screen; it
-  // continues outside of the screen and of the window.
+  // continues outside of the screen and of the window. A button of the body is pressed if the touch begins and ends on
+  // that button.
   PointerInput(GtkWidget* widget, std::function<CGPoint(double x, double y)> screenPoint);
   PointerInput(const PointerInput&) = delete;
   PointerInput& operator=(const PointerInput&) = delete;
@@ -34,6 +37,8 @@ class PointerInput {
   Source source_ = Source::None;
   const GdkEventSequence* sequence_ = nullptr;
   CGPoint last_ = {};
+  // The button on which the current touch began.
+  BodyButton button_ = BodyButton::None;
 };
 
 }  // namespace window

@@ -10,6 +10,10 @@ namespace {
 // The background around the phone, in points.
 constexpr double margin = 28;
 
+// The visible part of the side button is narrow. A click this far from the edge of the body, in points, is on the
+// button.
+constexpr double sideButtonReach = 10;
+
 constexpr PhoneBody roundedBody = {20, 20, 40, 57, false};
 constexpr PhoneBody homeButtonBody = {20, 92, 0, 62, true};
 
@@ -18,6 +22,17 @@ constexpr PhoneBody homeButtonBody = {20, 92, 0, 62, true};
 // The safe area of a screen with rounded corners has a bottom inset.
 PhoneBody bodyOf(const base::DeviceProfile& device) {
   return device.safeArea.bottom > 0 ? roundedBody : homeButtonBody;
+}
+
+BodyButton buttonAt(const base::DeviceProfile& device, CGPoint point) {
+  const PhoneBody body = bodyOf(device);
+  const double fromCenter =
+      std::hypot(point.x - device.screen.width / 2, point.y - device.screen.height - body.endBezel / 2);
+  if (body.hasHomeButton && fromCenter <= homeButtonDiameter / 2) return BodyButton::Home;
+  const double fromEdge = std::abs(point.x - device.screen.width - body.sideBezel);
+  const double fromTop = point.y + body.endBezel - sideButton.top;
+  const bool isOnSideButton = fromEdge <= sideButtonReach && fromTop >= 0 && fromTop <= sideButton.height;
+  return isOnSideButton ? BodyButton::Side : BodyButton::None;
 }
 
 drawing::Size windowSize(const base::DeviceProfile& device) {

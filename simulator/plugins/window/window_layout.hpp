@@ -18,6 +18,20 @@ struct PhoneBody {
 
 PhoneBody bodyOf(const base::DeviceProfile& device);
 
+// The home button is a circle in the middle of the lower bezel.
+inline constexpr double homeButtonDiameter = 58;
+// The side button is at the right edge of the body, from `top` below the upper edge.
+struct SideButton {
+  double top;
+  double height;
+};
+inline constexpr SideButton sideButton = {176, 88};
+
+enum class BodyButton { None, Home, Side };
+
+// Returns the button of the body at a point in coordinates of the phone's screen.
+BodyButton buttonAt(const base::DeviceProfile& device, CGPoint point);
+
 // Returns the size, in points, of a window that shows the phone with its margin.
 drawing::Size windowSize(const base::DeviceProfile& device);
 
