@@ -100,8 +100,8 @@ TEST_F(InstalledPhone, UsesNoFileOfTheBuild) {
 
 TEST_F(InstalledPhone, HasThePartsOfTheBuild) {
   const base::Installation built = base::installation();
-  for (const fs::path& part :
-       {built.library, built.assetBundle, built.applications, built.messages, built.demonstration}) {
+  for (const fs::path& part : {built.library, built.assetBundle, built.applications, built.messages,
+                               built.demonstration, built.settingsPane}) {
     EXPECT_TRUE(fs::exists(part)) << part;
     EXPECT_TRUE(fs::exists(prefix() / fs::relative(part, BUILD_FOLDER))) << part;
   }
