@@ -31,6 +31,10 @@ std::vector<ActionDescription> actionsOf(const Json& command) {
   return descriptions;
 }
 
+std::optional<double> dateOf(const Json& value) {
+  return value.is_number() ? value.get<double>() : base::parseIsoTime(value.get_ref<const std::string&>());
+}
+
 AutomaticDismissal dismissalOf(const Json& command) {
   const Json value = command.value("dismissAutomatically", Json(true));
   if (value.is_null()) return AutomaticDismissal::Unspecified;
@@ -54,7 +58,7 @@ NotificationDescription describe(const Json& command) {
   description.hasCloseAction = command.value("close", false);
   description.hasSilenceAction = command.value("silence", false);
   description.automaticDismissal = dismissalOf(command);
-  if (command.contains("at")) description.date = base::parseIsoTime(command["at"].get_ref<const std::string&>());
+  if (command.contains("at")) description.date = dateOf(command["at"]);
   return description;
 }
 
@@ -107,7 +111,7 @@ Json fieldsOf(const NCNotificationRequest* request) {
   fields["silence"] = state.silenceAction != nullptr;
   fields["dismissAutomatically"] =
       state.options == nullptr ? Json() : Json(objc::state(state.options.get()).dismissAutomatically);
-  fields["at"] = base::formatIsoTime(objc::send<double, "timeIntervalSince1970">(state.timestamp.get()));
+  fields["at"] = objc::send<double, "timeIntervalSince1970">(state.timestamp.get());
   return fields;
 }
 

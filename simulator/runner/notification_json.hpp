@@ -9,8 +9,10 @@
 namespace runner {
 
 // Returns the notification that the fields describe. The types of the fields must have been checked. Ignores "icon".
+// The date can also be a number of seconds since 1970.
 springboard::NotificationDescription describe(const nlohmann::ordered_json& fields);
-// Returns the fields that describe the request. They do not include the icon.
+// Returns the fields that describe the request. They do not include the icon. The date is a number of seconds
+// since 1970, because a text is exact only to the millisecond.
 nlohmann::ordered_json fieldsOf(const NCNotificationRequest* request);
 
 // Returns the fields of all notifications in the list, oldest first.

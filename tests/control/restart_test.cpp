@@ -36,14 +36,12 @@ TEST(Restart, ChangesTheLanguageAndTheSystemVersion) {
   phone.execute({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
   const std::string before = phone.execute({{"do", "tree"}, {"controller", 1}}).dump();
   EXPECT_THAT(before, HasSubstr("\"NCNotificationViewControllerView\""));
-  EXPECT_EQ(phone.control("restart --system 11.4 --locale ar").status, 0);
+  EXPECT_EQ(phone.control("restart --system 11.4 --locale ar_EG").status, 0);
   phone.execute({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
   const std::string after = phone.execute({{"do", "tree"}, {"controller", 1}}).dump();
   EXPECT_THAT(after, HasSubstr("\"_NCNotificationViewControllerView\""));
-  EXPECT_EQ(phone.control("restart --device iphone-8").status, 0);
-  phone.execute({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
-  EXPECT_THAT(phone.execute({{"do", "tree"}, {"controller", 1}}).dump(),
-              HasSubstr("\"_NCNotificationViewControllerView\""));
+  // The digits of the clock are Arabic.
+  EXPECT_THAT(phone.execute({{"do", "tree"}}).dump(), HasSubstr("\xd9"));
 }
 
 TEST(Restart, KeepsTheNotificationsThePreferencesAndTheAppearance) {

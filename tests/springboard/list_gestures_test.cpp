@@ -109,6 +109,34 @@ TEST_F(ListGestures, TapUnfoldsAStackAndFoldsItAgain) {
   EXPECT_EQ(cellCount(), 2U);
 }
 
+TEST_F(ListGestures, ScrollsBackWhenAStackIsFolded) {
+  for (int number = 0; number < 12; ++number) phone.present({{"thread", "anna"}, {"message", std::to_string(number)}});
+  lock();
+  const double first = topOf("11");
+  tap("11");
+  drag(187, 700, 0, -120);
+  EXPECT_LT(topOf("11"), first);
+  tap("Show less");
+  EXPECT_DOUBLE_EQ(topOf("11"), first);
+}
+
+TEST_F(ListGestures, DoesNotMoveBehindALongLook) {
+  phone.present({{"message", "Hi"}});
+  lock();
+  swipe("Hi", -120);
+  tap("View");
+  ASSERT_TRUE(isOpen());
+  const double listTop = top(view("NCNotificationListView"));
+  phone.run("drag", {{"at", {187, 700}}, {"by", {-200, 0}}});
+  phone.run("drag", {{"at", {187, 700}}, {"by", {0, -200}}, {"end", "hold"}});
+  EXPECT_DOUBLE_EQ(top(view("NCNotificationListView")), listTop);
+  phone.run("drag", {{"by", {0, 0}}});
+  phone.run("tap", {{"at", {187, 780}}});
+  phone.wait(1);
+  tap("Hi");
+  EXPECT_EQ(executedActions().size(), 1U);
+}
+
 TEST_F(ListGestures, TapOnANotificationOfAnUnfoldedStackOpensIt) {
   presentStack();
   tap("Three");

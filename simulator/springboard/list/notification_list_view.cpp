@@ -199,6 +199,7 @@ void handleTap(List* self, UITapGestureRecognizer* recognizer) {
     state.unfolded.push_back(conversationOf(group));
   }
   update(self, true);
+  if (state.contentChanged) state.contentChanged();
 }
 
 NSString* accessibilityLabel(NCNotificationListView*) { return "Notifications"_ns; }

@@ -3,6 +3,7 @@
 // notification and clear the notifications. Lengths are in points. Main thread.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,6 +21,7 @@ struct NotificationListViewState {
   CGFloat contentHeight = 0;  // the height of the views that have been created
   bool isComplete = true;     // whether all groups have a cell
   bool animatesNextChange = false;
+  std::function<void()> contentChanged;      // called after the user has unfolded or folded a group
   objc::Ref<NCNotificationListCell> swiped;  // the cell whose buttons are visible
   CGFloat revealedBefore = 0;                // the distance by which that cell had moved when the swipe began
 };

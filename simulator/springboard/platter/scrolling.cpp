@@ -70,10 +70,7 @@ void Scroller::drag(CGFloat translation) {
 }
 
 void Scroller::endDrag(CGFloat velocity) {
-  if (motion_->clamped(motion_->offset) != motion_->offset) {
-    const std::shared_ptr<Motion> motion = motion_;
-    return UIView::animate(returnSeconds, objc::block([motion] { motion->moveTo(motion->clamped(motion->offset)); }));
-  }
+  if (motion_->clamped(motion_->offset) != motion_->offset) return clamp();
   if (std::abs(velocity) <= minVelocity) return;
   foundation::addFrameObserver([observed = std::weak_ptr(motion_), number = ++motion_->decelerations,
                                 start = motion_->offset, velocity, begin = foundation::now()](double now) {
@@ -86,7 +83,9 @@ void Scroller::endDrag(CGFloat velocity) {
 
 void Scroller::clamp() {
   const CGFloat wanted = motion_->clamped(motion_->offset);
-  if (wanted != motion_->offset) motion_->moveTo(wanted);
+  if (wanted == motion_->offset) return;
+  const std::shared_ptr<Motion> motion = motion_;
+  UIView::animate(returnSeconds, objc::block([motion, wanted] { motion->moveTo(wanted); }));
 }
 
 }  // namespace springboard

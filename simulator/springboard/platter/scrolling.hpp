@@ -38,7 +38,7 @@ class Scroller {
   void drag(CGFloat translation);
   // Ends the drag. A positive speed is downward, in points per second.
   void endDrag(CGFloat velocity);
-  // Moves the content inside its limits. Call this after the content has become shorter.
+  // Moves the content inside its limits, with an animation. Call this after the content has become shorter.
   void clamp();
 
  private:

@@ -103,6 +103,7 @@ CoverSheetDrag draggedPart(const CoverSheetState& state, UIPanGestureRecognizer*
   const auto inWindow = objc::send<CGPoint, "locationInView:">(recognizer, static_cast<UIView*>(state.window));
   if (state.handleLowerEdgeDrag && inWindow.y - moved.y >= device().screen.height - lowerEdgeHeight())
     return CoverSheetDrag::Sheet;
+  if (openedShortLook() != nullptr) return CoverSheetDrag::None;
   const auto inList = objc::send<CGPoint, "locationInView:">(recognizer, static_cast<UIView*>(state.list));
   if (std::abs(moved.x) > std::abs(moved.y) && beginSwipe(state.list, {inList.x - moved.x, inList.y - moved.y}))
     return CoverSheetDrag::Cell;
@@ -141,9 +142,8 @@ void handlePan(Sheet* self, UIPanGestureRecognizer* recognizer) {
   const bool begins = recognizer->state() == UIGestureRecognizerState::Began;
   if (begins) state.drag = draggedPart(state, recognizer);
   if (state.drag == CoverSheetDrag::Sheet) return state.handleLowerEdgeDrag(recognizer);
-  if (openedShortLook() != nullptr) return;
   if (state.drag == CoverSheetDrag::Cell) return swipeCell(state, recognizer);
-  scroll(state, recognizer);
+  if (state.drag == CoverSheetDrag::List) scroll(state, recognizer);
 }
 
 }  // namespace
@@ -160,6 +160,7 @@ objc::Ref<Sheet> makeCoverSheet(std::function<void()> swipedUp) {
   state.list = makeListView({});
   state.window->addSubview(state.list);
   state.scroller = std::make_unique<Scroller>(scrolledContentOf(sheet));
+  objc::state(state.list.get()).contentChanged = [sheet = sheet.get()] { objc::state(sheet).scroller->clamp(); };
   layOut(state, 0);
   addHomeIndicator(state.window, IndicatorColor::White, std::move(swipedUp));
   state.window->addGestureRecognizer(

@@ -13,7 +13,7 @@
 #include "simulator/springboard/platter/scrolling.hpp"
 
 // What the finger moves during a drag on the cover sheet.
-enum class CoverSheetDrag { List, Cell, Sheet };
+enum class CoverSheetDrag { None, List, Cell, Sheet };
 
 struct CoverSheetState {
   objc::Ref<UIWindow> window;
@@ -21,7 +21,7 @@ struct CoverSheetState {
   objc::Ref<UILabel> day;
   objc::Ref<NCNotificationListView> list;
   std::unique_ptr<springboard::Scroller> scroller;
-  CoverSheetDrag drag = CoverSheetDrag::List;
+  CoverSheetDrag drag = CoverSheetDrag::None;
   // Receives a drag that begins at the lower edge of the screen. Null if such a drag has no effect of its own.
   std::function<void(UIPanGestureRecognizer* recognizer)> handleLowerEdgeDrag;
 };
