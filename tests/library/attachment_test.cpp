@@ -248,8 +248,8 @@ NSString* messageOf(objc::Original<NSString*(NCNotificationShortLookView*)>, NCN
   return changingMessage;
 }
 
-// UTF-8 cannot represent an unpaired surrogate. The phone returns nil for such a text, but Foundation on Linux does
-// not.
+// UTF-8 cannot represent an unpaired surrogate. For such a text, the phone returns nil, but Foundation on Linux returns
+// data.
 NSData* dataUsingEncoding(objc::Original<NSData*(NSString*, NSStringEncoding)> original, NSString* self,
                           NSStringEncoding encoding) {
   return encoding == NSStringEncoding::UTF8 && self->isEqualToString(changingMessage) ? nullptr
@@ -274,6 +274,7 @@ TEST(Attachment, TextsAreCopies) {
   message->appendString(" changed"_ns);
   const auto* body = test::instanceVariable<NSString>(test::containerOf(controller), "_originalBody");
   EXPECT_TRUE(body->isEqualToString(before));
+  changingMessage = nullptr;
 }
 
 TEST(Attachment, EmptySummaryIsAnEmptyBody) {
@@ -337,6 +338,7 @@ class BannerIcon : public testing::Test {
     icons_->addObject(uikit::makeImage(makeIcon("second")));
     notificationIcons = icons_;
   }
+  ~BannerIcon() override { notificationIcons = nullptr; }
 
   // The name of the icon in a banner of the application. "(none)" if the banner has no icon.
   std::string shownIcon() {

@@ -4,7 +4,9 @@
 
 #include <optional>
 
+#include "platform/ns_distributed_notification_center.hpp"
 #include "simulator/springboard/banner/notification_view_controller.hpp"
+#include "simulator/springboard/shell/home_screen.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
 #include "tests/library/controllers.hpp"
 #include "tests/library/dismissals.hpp"
@@ -183,23 +185,25 @@ TEST(PresentationHook, PassesThroughAPresentationOutsideTheBannerWindow) {
   EXPECT_EQ(presentationCalls.size(), 2U);
 }
 
-// Whether the dismissal had begun at each action that the library asked the platform to execute.
-std::vector<bool> dismissingDuringActions;
+// The phone of the test, and the events that it logged before the library requested the dismissal.
+Phone* loggingPhone;
+std::vector<std::string> eventsBeforeDismissal;
 
-void recordAction(objc::Original<void(BannerController*, NCNotificationAction*, NSDictionary*, bool)> original,
-                  BannerController* self, NCNotificationAction* action, NSDictionary* parameters, bool animated) {
-  dismissingDuringActions.push_back(self->dismissCalled());
-  original(self, action, parameters, animated);
+void recordDismissalRequest(objc::Original<void(BannerController*, BrimContainer*)> original, BannerController* self,
+                            BrimContainer* view) {
+  for (const Json& event : loggingPhone->log()) eventsBeforeDismissal.push_back(event.at("event"));
+  original(self, view);
 }
 
-TEST(Clear, ExecutesTheActionBeforeItDismisses) {
+TEST(Clear, ExecutesTheActionThenVibratesAndThenDismisses) {
   Phone phone;
+  loggingPhone = &phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
-  test::replaceMethod<"_askDelegateToExecuteAction:withParameters:animated:", &recordAction>(
-      BannerController::classObject());
+  phone.log();
+  test::replaceMethod<"forceDismissNotificationForView:", &recordDismissalRequest>(BannerController::classObject());
   controllerOf(controller)->attemptDelete(test::containerOf(controller));
-  EXPECT_EQ(dismissingDuringActions, std::vector<bool>{false});
+  EXPECT_EQ(eventsBeforeDismissal, (std::vector<std::string>{"action", "haptic"}));
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
@@ -255,6 +259,35 @@ TEST(Deallocation, RemovesTheControllerFromTheNotificationCenter) {
     test::replaceMethod<"removeObserver:name:object:", &recordRemoval>(NSNotificationCenter::classObject());
   }
   EXPECT_EQ(removedObservers, (std::vector<std::pair<const void*, std::string>>{{address, "BrimNotification"}}));
+}
+
+TEST(Deallocation, RemovesTheHomeScreenFromTheDistributedNotificationCenter) {
+  Phone phone;
+  const void* address = nullptr;
+  {
+    const objc::AutoreleasePool pool;
+    const auto homeScreen = objc::make<SBHomeScreenViewController>();
+    objc::send<void, "viewDidLoad">(homeScreen.get());
+    address = homeScreen.get();
+    test::replaceMethod<"removeObserver:name:object:", &recordRemoval>(NSDistributedNotificationCenter::classObject());
+  }
+  EXPECT_EQ(removedObservers,
+            (std::vector<std::pair<const void*, std::string>>{{address, "com.lumetra.brim.receivedbannertest"}}));
+}
+
+TEST(Deallocation, OfTheNewestControllerLetsAnOlderOneDetermineDismissNotification) {
+  Phone phone;
+  const int older = phone.present({{"title", "One"}});
+  const auto controller = controllerOf(older);
+  const auto banner = objc::retain(controller->brimView());
+  const int newest = phone.present({{"title", "Two"}});
+  controller->expandBanner(1000, banner, false, nullptr);
+  ASSERT_TRUE(BrimContainer::DismissNotification());
+  phone.wait(20);
+  ASSERT_EQ(controllerOf(newest), nullptr);
+  banner->updateHeight(banner->defaultHeight());
+  controller->expandBanner(1000, banner, false, nullptr);
+  EXPECT_FALSE(BrimContainer::DismissNotification());
 }
 
 }  // namespace

@@ -107,7 +107,7 @@ TEST(Settings, TimeToDismissOfZeroMeansImmediately) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-// The parts of a banner in a picture, from which the effect of a setting is visible.
+// The parts of a banner that the tests compare: views, and the lower left corner.
 constexpr const char* corner = "corner";
 constexpr const char* parts[] = {"_clockLabel", "_nowLabel",    "_appIV", "headerLabel",
                                  "bodyLabel",   "_grabberView", corner};

@@ -6,10 +6,12 @@
 
 #include "objc/autorelease_pool.hpp"
 #include "objc/class_definition.hpp"
+#include "objc/hook.hpp"
 #include "platform/messages_app.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
 #include "platform/ui_device.hpp"
 #include "simulator/base/foundation_json.hpp"
+#include "simulator/foundation/hook_function.hpp"
 #include "simulator/messages/app_process.hpp"
 #include "simulator/runner/library_inspection.hpp"
 #include "tests/messages/home_screen_and_messages.hpp"
@@ -113,6 +115,29 @@ TEST_F(MessagesAlone, ListStoresTheIdentifierOfTheLastHandledRequest) {
   test::HomeScreenAndMessages::postReply({{"identifier", "nobody"}, {"body", "x"}, {"brimIdentifier", "abcdefgh"}});
   ASSERT_TRUE(test::eventually([&] { return lastHandledIdentifier(list) != nullptr; }));
   EXPECT_EQ(base::textOf(lastHandledIdentifier(list)), "abcdefgh");
+}
+
+// The names of the notifications for which an observer was removed.
+std::vector<std::string>& removedNames() {
+  static std::vector<std::string> names;
+  return names;
+}
+
+void recordRemoval(objc::Original<void(NSDistributedNotificationCenter*, NSObject*, NSString*, NSObject*)> original,
+                   NSDistributedNotificationCenter* self, NSObject* observer, NSString* name, NSObject* object) {
+  removedNames().push_back(base::textOf(name));
+  original(self, observer, name, object);
+}
+
+TEST_F(MessagesAlone, DeallocatedListIsRemovedAsObserverOfReadRequests) {
+  using Hook = objc::detail::HookOf<&recordRemoval>;
+  MSHookMessageEx(NSDistributedNotificationCenter::classObject(), objc::selector<"removeObserver:name:object:">(),
+                  Hook::implementation(), &Hook::replaced);
+  {
+    const auto deallocated = objc::make<CKConversationListController>();
+    deallocated->view();
+  }
+  EXPECT_EQ(removedNames(), std::vector<std::string>{test::readNotification});
 }
 
 TEST_F(MessagesAlone, DeallocatedListReceivesNoRequests) {
