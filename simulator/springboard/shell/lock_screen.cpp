@@ -25,6 +25,7 @@ constexpr double lockScreenLevel = 900;
 
 constexpr double openingSeconds = 0.3;
 
+constexpr CGFloat dimmingAlpha = 0.35;
 constexpr CGFloat clockTop = 40;
 constexpr CGFloat clockHeight = 90;
 constexpr CGFloat dayHeight = 26;
@@ -33,6 +34,14 @@ constexpr CGFloat listGap = 28;
 LockScreen* sharedInstance(Class self) {
   static LockScreen* const shared = objc::send<LockScreen*, "new">(reinterpret_cast<void*>(self));
   return shared;
+}
+
+// Darkens the wallpaper, because the time and the date are white.
+void addDimming(UIWindow* window) {
+  const auto dimming = UIView::withFrame<UIView>(window->bounds());
+  dimming->setBackgroundColor(UIColor::withRed(0, 0, 0, dimmingAlpha));
+  dimming->setUserInteractionEnabled(false);
+  window->addSubview(dimming);
 }
 
 // Adds a centered label that is as wide as the window.
@@ -66,6 +75,7 @@ void makeWindow(LockScreenState& state) {
   state.window = UIView::withFrame<UIWindow>(screen);
   objc::send<void, "setWindowLevel:">(state.window.get(), CGFloat{lockScreenLevel});
   state.window->addSubview(makeWallpaperView());
+  addDimming(state.window);
   const CGFloat top = device.safeArea.top + clockTop;
   state.clock = addLabel(state.window, 76, top, clockHeight);
   state.day = addLabel(state.window, 20, top + clockHeight, dayHeight);
