@@ -21,6 +21,11 @@ int pixelCount(double points, double scale) {
   return std::isnan(pixels) ? 1 : static_cast<int>(std::clamp(pixels, 1.0, Canvas::maxSide));
 }
 
+void addRectangle(cairo_t* context, const Rectangle& given) {
+  const Rectangle rectangle = representable(context, given);
+  cairo_rectangle(context, rectangle.x, rectangle.y, rectangle.width, rectangle.height);
+}
+
 void setColor(cairo_t* context, const Color& color) {
   cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
 }
@@ -81,8 +86,7 @@ void Canvas::scale(double x, double y) {
 
 void Canvas::clipRectangle(const Rectangle& rectangle) {
   cairo_new_path(context_.get());
-  if (isDrawable(rectangle))
-    cairo_rectangle(context_.get(), rectangle.x, rectangle.y, rectangle.width, rectangle.height);
+  if (isDrawable(rectangle)) addRectangle(context_.get(), rectangle);
   cairo_clip(context_.get());
 }
 
@@ -180,7 +184,7 @@ void Canvas::drawImage(const Image* image, const Rectangle& rectangle, ContentMo
 
   cairo_save(context_.get());
   cairo_new_path(context_.get());
-  cairo_rectangle(context_.get(), target.x, target.y, target.width, target.height);
+  addRectangle(context_.get(), target);
   setSource(*image, target);
   // Repeats the edge pixels outside the image, because otherwise the filter would mix transparent pixels into the edge.
   cairo_pattern_set_extend(cairo_get_source(context_.get()), CAIRO_EXTEND_PAD);
@@ -269,7 +273,7 @@ PixelRectangle Canvas::coveredPixels(const Rectangle& rectangle) const {
   if (!isDrawable(rectangle)) return {};
   cairo_save(context_.get());
   cairo_new_path(context_.get());
-  cairo_rectangle(context_.get(), rectangle.x, rectangle.y, rectangle.width, rectangle.height);
+  addRectangle(context_.get(), rectangle);
   cairo_clip(context_.get());
   cairo_identity_matrix(context_.get());
   double left = 0, top = 0, right = 0, bottom = 0;

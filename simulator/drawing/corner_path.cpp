@@ -67,9 +67,27 @@ void addCorner(cairo_t* context, double radius, const HalfCorner& half) {
   cairo_curve_to(context, near, far, 0, edgeControl, 0, edge);
 }
 
+// Reduces a range to the part from -`limit` to `limit` pixels. A pixel is `scale` * position + `offset`.
+void clampRange(double& begin, double& length, double scale, double offset, double limit) {
+  const double end = std::min(begin + length, (limit - offset) / scale);
+  begin = std::max(begin, (-limit - offset) / scale);
+  length = end - begin;
+}
+
 }  // namespace
 
-void addRoundedRectangle(cairo_t* context, const Rectangle& rectangle, const CornerShape& corners) {
+Rectangle representable(cairo_t* context, Rectangle rectangle) {
+  constexpr double maxPixels = 1'000'000;
+  cairo_matrix_t transform;
+  cairo_get_matrix(context, &transform);
+  if (transform.xy != 0 || transform.yx != 0 || transform.xx <= 0 || transform.yy <= 0) return rectangle;
+  clampRange(rectangle.x, rectangle.width, transform.xx, transform.x0, maxPixels);
+  clampRange(rectangle.y, rectangle.height, transform.yy, transform.y0, maxPixels);
+  return rectangle;
+}
+
+void addRoundedRectangle(cairo_t* context, const Rectangle& given, const CornerShape& corners) {
+  const Rectangle rectangle = representable(context, given);
   if (!(rectangle.width > 0 && rectangle.height > 0)) return;
   const double half = std::min(rectangle.width, rectangle.height) / 2;
   const double radius = std::clamp(std::isnan(corners.radius) ? 0 : corners.radius, 0.0, half);

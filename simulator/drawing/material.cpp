@@ -19,11 +19,15 @@ struct Material {
   double sigma;       // the standard deviation of the Gaussian blur, in points
   float tintGray;     // from 0 (black) to 1 (white)
   float tintOpacity;  // from 0 to 1
+  // How much a bright backdrop is darkened. The color is divided by 1 plus this multiple of its luminance.
+  float darkening = 0;
 };
 
 constexpr Material extraLight{20, 0.97F, 0.82F};
 constexpr Material light{30, 1.00F, 0.30F};
-constexpr Material dark{20, 0.11F, 0.73F};
+// Over a white backdrop, red text has a contrast of 3:1 on this material, even on a translucent button. A dark backdrop
+// is darkened only a little.
+constexpr Material dark{20, 0.11F, 0.73F, 2.8F};
 constexpr Material regularInLight{25, 0.97F, 0.50F};
 constexpr Material regularInDark{25, 0.14F, 0.70F};
 
@@ -41,21 +45,27 @@ const Material& material(BlurStyle style, Appearance appearance) {
   return appearance == Appearance::Dark ? regularInDark : regularInLight;
 }
 
-// Saturates and tints a premultiplied cell. No channel exceeds the alpha.
+float luminanceOf(const std::array<float, 3>& channels) {
+  return luminanceWeights[0] * channels[0] + luminanceWeights[1] * channels[1] + luminanceWeights[2] * channels[2];
+}
+
+// Saturates, tints and darkens a premultiplied cell. No channel exceeds the alpha.
 void saturateAndTint(BlurredCell& cell, const Material& material) {
-  const std::array<float, 3> channels{static_cast<float>(cell.blue), static_cast<float>(cell.green),
-                                      static_cast<float>(cell.red)};
+  if (cell.alpha == 0) return;
+  std::array<float, 3> channels{static_cast<float>(cell.blue), static_cast<float>(cell.green),
+                                static_cast<float>(cell.red)};
   const auto alpha = static_cast<float>(cell.alpha);
-  const float luminance =
-      luminanceWeights[0] * channels[0] + luminanceWeights[1] * channels[1] + luminanceWeights[2] * channels[2];
+  const float luminance = luminanceOf(channels);
+  for (float& channel : channels) {
+    const float saturated = std::clamp(luminance + saturation * (channel - luminance), 0.0F, alpha);
+    channel = saturated + (material.tintGray * alpha - saturated) * material.tintOpacity;
+  }
+  const float divisor = 1 + material.darkening * luminanceOf(channels) / alpha;
   // Truncating a positive value plus one half rounds it to the nearest integer.
   constexpr float half = 0.5F;
   std::array<std::uint16_t, 3> result{};
-  for (std::size_t index = 0; index < channels.size(); ++index) {
-    const float saturated = std::clamp(luminance + saturation * (channels[index] - luminance), 0.0F, alpha);
-    const float tinted = saturated + (material.tintGray * alpha - saturated) * material.tintOpacity;
-    result[index] = static_cast<std::uint16_t>(tinted + half);
-  }
+  for (std::size_t index = 0; index < channels.size(); ++index)
+    result[index] = static_cast<std::uint16_t>(channels[index] / divisor + half);
   cell = {result[0], result[1], result[2], cell.alpha};
 }
 

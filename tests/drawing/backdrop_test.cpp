@@ -52,6 +52,43 @@ TEST(Backdrop, StylesDifferInBrightness) {
   EXPECT_EQ(brightness(BlurStyle::Dark, Appearance::Light), brightness(BlurStyle::Dark, Appearance::Dark));
 }
 
+// Returns the relative luminance of a color, as the contrast of texts is defined.
+double relativeLuminance(double red, double green, double blue) {
+  const auto linear = [](double value) {
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(red) + 0.7152 * linear(green) + 0.0722 * linear(blue);
+}
+
+double contrast(double lighter, double darker) { return (lighter + 0.05) / (darker + 0.05); }
+
+// The background of a dark banner is black with an opacity of 0.3, and that of its buttons is white with an opacity
+// of 0.1.
+TEST(Backdrop, RedAndWhiteTextAreReadableOnDarkButtonsOverAnyBackdrop) {
+  for (int corner = 0; corner < 8; ++corner) {
+    Canvas canvas = filledWith({corner & 1 ? 1.0 : 0, corner & 2 ? 1.0 : 0, corner & 4 ? 1.0 : 0, 1});
+    blurAll(canvas, BlurStyle::Dark);
+    canvas.fillRectangle({0, 0, 60, 60}, {0, 0, 0, 0.3});
+    canvas.fillRectangle({0, 0, 60, 60}, {1, 1, 1, 0.1});
+    const std::uint32_t pixel = canvas.pixel(30, 30);
+    const auto channel = [pixel](int shift) { return (pixel >> shift & 0xFF) / 255.0; };
+    const double button = relativeLuminance(channel(16), channel(8), channel(0));
+    EXPECT_GE(contrast(relativeLuminance(1, 0, 0), button), 3) << corner;
+    EXPECT_GE(contrast(1, button), 4.5) << corner;
+  }
+}
+
+// The backdrop must remain visible.
+TEST(Backdrop, BrighterBackdropsLookBrighterThroughDarkMaterial) {
+  int previous = -1;
+  for (const double gray : {0.0, 0.1, 0.2, 0.4, 0.7, 1.0}) {
+    Canvas canvas = filledWith({gray, gray, gray, 1});
+    blurAll(canvas, BlurStyle::Dark);
+    EXPECT_GT(redOf(canvas.pixel(30, 30)), previous) << gray;
+    previous = redOf(canvas.pixel(30, 30));
+  }
+}
+
 TEST(Backdrop, ConvertsThePlatformsStyleNumbers) {
   EXPECT_EQ(blurStyle(0), BlurStyle::ExtraLight);
   EXPECT_EQ(blurStyle(1), BlurStyle::Light);

@@ -32,6 +32,18 @@ TEST(Canvas, CoordinatesAreInPoints) {
   EXPECT_EQ(canvas.pixel(10, 9), 0U);
 }
 
+TEST(Canvas, DrawsTheVisiblePartOfHugeRectangles) {
+  constexpr double huge = 1e10;
+  for (const double radius : {0.0, 5.0}) {
+    Canvas canvas({10, 10}, 2);
+    canvas.clipRoundedRectangle({2, 2, huge, huge}, {radius, CornerCurve::Circular});
+    canvas.fillRoundedRectangle({-huge, -huge, 2 * huge, 2 * huge}, {radius, CornerCurve::Continuous}, red);
+    EXPECT_EQ(canvas.pixel(19, 19), 0xFFFF0000);
+    EXPECT_EQ(canvas.pixel(3, 10), 0U);
+    EXPECT_EQ(canvas.coveredPixels({2, 2, huge, huge}).width, 16);
+  }
+}
+
 TEST(Canvas, KeepsDrawingAfterInvalidArguments) {
   Canvas canvas({4, 4}, 1);
   canvas.save();

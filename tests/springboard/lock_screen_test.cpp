@@ -1,4 +1,7 @@
 // Tests of the lock screen: its clock and its notification list.
+#include <cmath>
+
+#include "simulator/drawing/image.hpp"
 #include "tests/support/plain_phone.hpp"
 
 namespace {
@@ -79,6 +82,24 @@ TEST(LockScreen, UpdatesWithTheClock) {
   EXPECT_GT(date.at("frame")[2], 40);
   const Json windows = phone.run("tree").at("windows");
   EXPECT_FALSE(PlainPhone::find(windows, "text", "9:43").is_null());
+}
+
+// Returns the relative luminance of a pixel, as the contrast of texts is defined.
+double relativeLuminance(std::uint32_t pixel) {
+  const auto linear = [pixel](int shift) { return std::pow((pixel >> shift & 0xFF) / 255.0, 2.2); };
+  return 0.2126 * linear(16) + 0.7152 * linear(8) + 0.0722 * linear(0);
+}
+
+TEST(LockScreen, DateIsReadableOnTheWallpaper) {
+  PlainPhone phone({.time = 1584178860});
+  phone.run("lock");
+  const Json frame = PlainPhone::find(phone.run("tree").at("windows"), "text", "Saturday, March 14").at("frame");
+  const auto path = phone.folder() / "lock.png";
+  phone.run("screenshot", {{"path", path.string()}, {"scale", 1}});
+  const auto screen = drawing::loadImage(path);
+  ASSERT_NE(screen, nullptr);
+  const int top = frame[1].get<int>();
+  for (int x = 80; x < 300; ++x) EXPECT_GE(1.05 / (relativeLuminance(screen->pixel(x, top)) + 0.05), 3) << x;
 }
 
 TEST(LockScreen, ShowsCellsDownToTheLowerEdgeOfTheScreen) {

@@ -24,6 +24,7 @@ using Sheet = SBCoverSheetController;
 // The window level of the cover sheet. It is between the levels of the home screen and the status bar.
 constexpr double coverSheetLevel = 900;
 
+constexpr CGFloat dimmingAlpha = 0.35;
 constexpr CGFloat clockTop = 40;
 constexpr CGFloat clockHeight = 90;
 constexpr CGFloat dayHeight = 26;
@@ -51,6 +52,14 @@ void scheduleRefresh() {
     isPending = false;
     refreshCoverSheet();
   });
+}
+
+// Darkens the wallpaper, because the time and the date are white.
+void addDimming(UIWindow* window) {
+  const auto dimming = UIView::withFrame<UIView>(window->bounds());
+  dimming->setBackgroundColor(UIColor::withRed(0, 0, 0, dimmingAlpha));
+  dimming->setUserInteractionEnabled(false);
+  window->addSubview(dimming);
 }
 
 // Adds a centered label that is as wide as the window.
@@ -155,6 +164,7 @@ objc::Ref<Sheet> makeCoverSheet(std::function<void()> swipedUp) {
   state.window = UIView::withFrame<UIWindow>(screen);
   objc::send<void, "setWindowLevel:">(state.window.get(), CGFloat{coverSheetLevel});
   state.window->addSubview(makeWallpaperView());
+  addDimming(state.window);
   state.clock = addLabel(state.window, 76);
   state.day = addLabel(state.window, 20);
   state.list = makeListView({});
