@@ -295,6 +295,7 @@ void Campaign::findReach() {
     for (const std::size_t number : numbers) known.reached[number] = true;
     tests_.push_back(std::move(known));
   }
+  if (tests_.empty()) throw std::runtime_error("no test executes the library and passes");
   std::ranges::sort(failedTests_);
   std::ranges::sort(tests_, {}, [](const KnownTest& test) { return test.test.name; });
 }

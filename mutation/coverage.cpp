@@ -23,7 +23,8 @@ std::map<std::string, FileCoverage> readCoverage(const fs::path& folder, const f
   std::map<std::pair<std::string, unsigned>, std::vector<bool>> branches;
   std::istringstream documents(listed.output);
   for (std::string document; std::getline(documents, document);) {
-    for (const Json& file : Json::parse(document).at("files")) {
+    const Json json = Json::parse(document);
+    for (const Json& file : json.at("files")) {
       const std::string path = fs::path(file.at("file").get<std::string>()).lexically_normal().string();
       if (!path.starts_with(root + prefix)) continue;
       const std::string name = path.substr(root.size());

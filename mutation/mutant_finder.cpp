@@ -135,7 +135,7 @@ class Scan {
       const Span span = placeOf(clang_getCursorExtent(cursor)).span;
       if (clang_getCursorKind(cursor) == CXCursor_MacroExpansion) {
         file->macroUses.push_back(span);
-        addMacroRow(*file, span);
+        if (!scannedFiles_.contains(file->path)) addMacroRow(*file, span);
       }
     }
     for (const CXCursor& cursor : childrenOf(root))

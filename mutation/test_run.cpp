@@ -64,7 +64,8 @@ std::vector<Test> listTests(const fs::path& configured) {
   const CommandResult listed = runCommand("cd '" + configured.string() + "' && ctest --show-only=json-v1");
   if (listed.status != 0) throw std::runtime_error("CTest cannot list the tests:\n" + listed.output);
   std::vector<Test> tests;
-  for (const auto& entry : nlohmann::json::parse(listed.output).at("tests")) {
+  const auto json = nlohmann::json::parse(listed.output);
+  for (const auto& entry : json.at("tests")) {
     if (!entry.contains("command"))
       throw std::runtime_error("a test is not built: " + entry.at("name").get<std::string>());
     Test test = {entry.at("name"), entry.at("command"), configured.string()};
