@@ -342,9 +342,10 @@ std::vector<const Campaign::KnownTest*> Campaign::testsFor(std::size_t mutant,
 
 RunLimits Campaign::limitsOf(const KnownTest& test) const { return {test.calls * 20 + 100000, test.seconds * 10 + 5}; }
 
-MutantResult Campaign::test(std::size_t mutant, const TestFolder& folder,
-                            const std::vector<const KnownTest*>& tests) const {
-  if (tests.empty()) return {State::NotExecuted, "", Outcome::Passed, 0};
+std::optional<MutantResult> Campaign::test(std::size_t mutant, const TestFolder& folder,
+                                           const std::vector<const KnownTest*>& tests, TimePoint deadline) const {
+  const auto withoutTests = [](State state) { return MutantResult{state, "", Outcome::Passed, 0}; };
+  if (tests.empty()) return withoutTests(State::NotExecuted);
   const bool isSwitched = isSwitched_[mutant + 1];
   if (isSwitched) {
     folder.useLibrary(library_.switchedLibrary());
@@ -352,17 +353,18 @@ MutantResult Campaign::test(std::size_t mutant, const TestFolder& folder,
     // The link to the library of the last mutant.
     fs::remove(folder.path() / "lib/brim/libBrim.so");
     const LibraryBuild::Result built = library_.buildWith(found_.mutants[mutant], folder.path());
-    if (built == LibraryBuild::Result::DoesNotCompile) return {State::DoesNotCompile, "", Outcome::Passed, 0};
-    if (built == LibraryBuild::Result::ChangesNothing) return {State::ChangesNothing, "", Outcome::Passed, 0};
+    if (built == LibraryBuild::Result::DoesNotCompile) return withoutTests(State::DoesNotCompile);
+    if (built == LibraryBuild::Result::ChangesNothing) return withoutTests(State::ChangesNothing);
   }
   std::size_t count = 0;
   for (const KnownTest* known : tests) {
+    if (Clock::now() > deadline) return std::nullopt;
     ++count;
     const auto selected = isSwitched ? static_cast<unsigned>(mutant + 1) : 0;
     const TestRun run = folder.run(known->test, selected, numberCount(), limitsOf(*known));
-    if (run.outcome != Outcome::Passed) return {State::Killed, known->test.name, run.outcome, count};
+    if (run.outcome != Outcome::Passed) return MutantResult{State::Killed, known->test.name, run.outcome, count};
   }
-  return {State::Survived, "", Outcome::Passed, count};
+  return MutantResult{State::Survived, "", Outcome::Passed, count};
 }
 
 std::vector<std::size_t> Campaign::run(const std::map<std::size_t, std::string>& excluded,
@@ -377,7 +379,10 @@ std::vector<std::size_t> Campaign::run(const std::map<std::size_t, std::string>&
       std::swap(order[remaining - 1], order[random() % remaining]);
   }
   const std::map<std::size_t, MutantResult> known = results();
-  const Clock::time_point start = Clock::now();
+  const TimePoint deadline =
+      sample
+          ? Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(sample->seconds))
+          : TimePoint::max();
   std::map<std::string, std::string> lastKillers;
   std::map<std::string, std::map<std::string, std::size_t>> initialKills;
   for (const Json& line : linesOf(resultFile())) {
@@ -392,29 +397,30 @@ std::vector<std::size_t> Campaign::run(const std::map<std::size_t, std::string>&
                             temporary.path() / std::to_string(worker));
     auto kills = initialKills;
     for (std::size_t next = shared.next++; next < order.size(); next = shared.next++) {
-      const double elapsed = std::chrono::duration<double>(Clock::now() - start).count();
-      if (sample && elapsed > sample->seconds) return;
+      if (Clock::now() > deadline) return;
       const std::size_t mutant = order[next];
       if (known.contains(mutant)) continue;
       const std::string place = placeOf(found_.mutants[mutant]);
       const auto lastKiller = lastKillers.find(keys_[mutant]);
-      const MutantResult result = test(
-          mutant, folder, testsFor(mutant, kills[place], lastKiller == lastKillers.end() ? "" : lastKiller->second));
-      if (!result.test.empty()) ++kills[place][result.test];
+      const std::string killer = lastKiller == lastKillers.end() ? "" : lastKiller->second;
+      const std::optional<MutantResult> result = test(mutant, folder, testsFor(mutant, kills[place], killer), deadline);
+      if (!result) return;
+      if (!result->test.empty()) ++kills[place][result->test];
       appendLine(resultFile(), Json({{"fingerprint", fingerprint_},
                                      {"key", keys_[mutant]},
                                      {"place", place},
-                                     {"state", result.state},
-                                     {"test", result.test},
-                                     {"outcome", result.outcome},
-                                     {"testCount", result.testCount}})
+                                     {"state", result->state},
+                                     {"test", result->test},
+                                     {"outcome", result->outcome},
+                                     {"testCount", result->testCount}})
                                    .dump());
       if (const std::size_t done = ++shared.done; done % 50 == 0)
-        std::cerr << "mutants: tested " << done << " mutants in " << static_cast<long>(elapsed) << " s\n";
+        std::cerr << "mutants: tested " << done << " mutants\n";
     }
   });
   if (!sample) return order;
-  // The sample is the part of the order that was tested. The last mutants of the order have no result.
+  // The sample ends at the first mutant without a result. The results of later mutants are not used, because survivors
+  // take longer and would therefore be rarer among them.
   const std::map<std::size_t, MutantResult> all = results();
   std::vector<std::size_t> tested;
   for (const std::size_t mutant : order) {

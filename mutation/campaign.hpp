@@ -2,6 +2,7 @@
 // switched copy, the code that each test executes, and the results. Changes of the sources or tests invalidate them.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -68,13 +69,17 @@ class Campaign {
     std::vector<bool> reached;
   };
 
+  using TimePoint = std::chrono::steady_clock::time_point;
+
   void findMutants();
   void findReach();
   std::size_t numberCount() const { return found_.mutants.size() + found_.bodies.size() + 1; }
   std::vector<unsigned> numbersOf(std::size_t mutant) const;
   std::vector<const KnownTest*> testsFor(std::size_t mutant, const std::map<std::string, std::size_t>& kills,
                                          const std::string& lastKiller) const;
-  MutantResult test(std::size_t mutant, const TestFolder& folder, const std::vector<const KnownTest*>& tests) const;
+  // Returns nothing if the deadline is earlier than the result.
+  std::optional<MutantResult> test(std::size_t mutant, const TestFolder& folder,
+                                   const std::vector<const KnownTest*>& tests, TimePoint deadline) const;
   RunLimits limitsOf(const KnownTest& test) const;
   std::filesystem::path resultFile() const { return output_ / "results.jsonl"; }
 

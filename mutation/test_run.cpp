@@ -44,6 +44,7 @@ void endChildren() {
 
 [[noreturn]] void execute(const Test& test, const RunLimits& limits) {
   setpgid(0, 0);
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
   const int null = open("/dev/null", O_RDWR);
   for (const int stream : {0, 1, 2}) dup2(null, stream);
   const auto seconds = static_cast<rlim_t>(std::ceil(limits.seconds));
