@@ -91,6 +91,19 @@ TEST_F(SmallSource, RowsOfTablesAreRemoved) {
   EXPECT_THAT(replacements("table row", "int table[] = {\n10,\n20,\n};\n"), ElementsAre("", ""));
 }
 
+TEST_F(SmallSource, ARowOfAMacroIsRemovedOnceAlthoughTwoSourcesIncludeIt) {
+  std::filesystem::create_directories(folder_.path() / "code");
+  std::ofstream(folder_.path() / "code/list.hpp") << "ROW(first)\nROW(second)\n";
+  mutation::MutantFinder finder(folder_.path(), "code");
+  for (const char* name : {"code/a.cpp", "code/b.cpp"}) {
+    std::ofstream(folder_.path() / name) << "#define ROW(name) extern int name;\n#include \"list.hpp\"\n";
+    finder.addSource(folder_.path() / name, {"-std=c++20"});
+  }
+  std::vector<std::string> removed;
+  for (const mutation::Mutant& mutant : finder.found().mutants) removed.push_back(mutant.original);
+  EXPECT_THAT(removed, ElementsAre("ROW(first)", "ROW(second)"));
+}
+
 TEST_F(SmallSource, AMutantNamesTheFunctionThatContainsIt) {
   for (const mutation::Mutant& mutant : mutantsOf("bool first(int a)\n{ return a < 3; }\n")) {
     EXPECT_EQ(mutant.function, "first");
