@@ -1,0 +1,35 @@
+// Finds the possible mutants of C++ sources, with libclang. Throws std::runtime_error if a source cannot be parsed.
+#pragma once
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "mutation/mutant.hpp"
+
+namespace mutation {
+
+class MutantFinder {
+ public:
+  // `tree` is the root of the repository. Only files in `folder`, which is relative to the root, have mutants.
+  MutantFinder(std::filesystem::path tree, std::string folder);
+
+  // Adds the mutants of the source, and of its headers in the folder unless an earlier source included them. `options`
+  // are options of the compiler, without the names of files.
+  void addSource(const std::filesystem::path& source, const std::vector<std::string>& options);
+
+  // Returns the mutants of all added sources, sorted by file and place.
+  Mutants found() const;
+
+ private:
+  std::filesystem::path tree_;
+  std::string folder_;
+  std::set<std::string> scannedFiles_;
+  Mutants found_;
+  // For each function or variable, the functions and variables that refer to it. Names are unified symbol resolutions.
+  std::set<std::pair<std::string, std::string>> references_;
+  std::set<std::string> functions_;
+};
+
+}  // namespace mutation

@@ -1,0 +1,51 @@
+// Environment variables:
+//   BRIM_MUTANT        the number of the selected mutant
+//   BRIM_MUTANT_REACH  a file, which all processes of a test map: the number of calls so far and the largest permitted
+//                      number, 8 bytes each, and then one byte for each mutant, which is 1 after the mutant was
+//                      executed
+#include "mutation/runtime/selection.hpp"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+struct Reach {
+  unsigned long calls;
+  unsigned long maxCalls;
+  unsigned char isReached[];
+};
+
+unsigned long selected;
+Reach* reach;
+unsigned long reachCount;
+
+// Runs before the library's entry point, which has no priority.
+[[gnu::constructor(101)]] void readEnvironment() {
+  if (const char* number = getenv("BRIM_MUTANT")) selected = strtoul(number, nullptr, 10);
+  const char* path = getenv("BRIM_MUTANT_REACH");
+  if (path == nullptr) return;
+  const int file = open(path, O_RDWR | O_CLOEXEC);
+  struct stat status = {};
+  if (file < 0 || fstat(file, &status) != 0) return;
+  const auto size = static_cast<unsigned long>(status.st_size);
+  void* const mapped = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
+  close(file);
+  if (mapped == MAP_FAILED) return;
+  reach = static_cast<Reach*>(mapped);
+  reachCount = size - sizeof(Reach);
+}
+
+}  // namespace
+
+extern "C" bool brimMutantIsOn(unsigned number) {
+  if (reach != nullptr) {
+    if (number < reachCount) reach->isReached[number] = 1;
+    // An endless loop ends here, after the same number of iterations on every machine.
+    if (__atomic_add_fetch(&reach->calls, 1, __ATOMIC_RELAXED) > reach->maxCalls) _exit(1);
+  }
+  return number == selected;
+}
