@@ -23,6 +23,8 @@ namespace fs = std::filesystem;
 
 // The maximum size of a message. The connection of a sender that exceeds it is closed.
 constexpr std::size_t maxBulletinBytes = 16 << 20;
+// The maximum number of connections. A new connection then closes the oldest one.
+constexpr std::size_t maxSenders = 64;
 
 struct Sender {
   foundation::FileDescriptor socket;
@@ -67,6 +69,7 @@ void readFrom(std::list<Sender>::iterator sender) {
 void acceptSender(const foundation::FileDescriptor& listening) {
   foundation::FileDescriptor accepted = foundation::acceptFrom(listening);
   if (!accepted.isOpen()) return;
+  if (senders().size() == maxSenders) drop(senders().begin());
   const auto sender = senders().insert(senders().end(), {std::move(accepted), {}});
   foundation::watchDescriptor(sender->socket.get(), [sender] { readFrom(sender); });
 }
