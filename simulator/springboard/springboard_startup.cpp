@@ -106,16 +106,20 @@ void registerClasses() {
   addDestinations();
 }
 
-void start(const std::filesystem::path& applicationArtwork) {
+void startServices(const std::filesystem::path& applicationArtwork) {
   const objc::AutoreleasePool pool;
   registerApplications(applicationArtwork);
   installPlaceholderDigest();
   uikit::setSharedApplication(objc::make<SpringBoard>());
-  const auto homeWindow = makeHomeWindow();
-  makeStatusBar();
-  makeBannerWindow(homeWindow);
+  makeBannerWindow();
   startBulletinServer();
   listenForBulletins(&presentBulletin);
+}
+
+void startShell() {
+  const objc::AutoreleasePool pool;
+  setHomeWindow(makeHomeWindow());
+  makeStatusBar();
 }
 
 }  // namespace springboard

@@ -94,8 +94,9 @@ void activate(LockScreen* self, bool, NSObject*, bool, bool, bool, bool, Complet
   dismissLongLook(LongLookChange::Immediate);
   LockScreenState& state = objc::state(self);
   if (state.window != nullptr) hideWindowAboveHomeScreen(state.window);
+  NCNotificationDispatcher::shared()->stopObservingList(state.listObserver);
   makeWindow(state);
-  NCNotificationDispatcher::shared()->observeList(&scheduleRefresh);
+  state.listObserver = NCNotificationDispatcher::shared()->observeList(&scheduleRefresh);
   self->refresh();
   state.window->setHidden(false);
   if (completion != nullptr) (*completion)();
@@ -107,7 +108,7 @@ void unlock(LockScreen* self, NSInteger, NSObject*) {
   LockScreenState& state = objc::state(self);
   if (state.window == nullptr) return;
   dismissLongLook(LongLookChange::Immediate);
-  NCNotificationDispatcher::shared()->observeList(nullptr);
+  NCNotificationDispatcher::shared()->stopObservingList(state.listObserver);
   hideWindowAboveHomeScreen(state.window);
   state = {};
 }

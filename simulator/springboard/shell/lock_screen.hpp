@@ -10,6 +10,7 @@ struct LockScreenState {
   objc::Ref<UILabel> clock;
   objc::Ref<UILabel> day;
   objc::Ref<NCNotificationListView> list;
+  std::size_t listObserver = 0;  // the number of the observer of the dispatcher's list; 0 if there is none
 };
 
 class SBLockScreenManager : public objc::Interface<"SBLockScreenManager", NSObject> {
