@@ -1,7 +1,6 @@
 #include "simulator/runner/banner_inspection.hpp"
 
 #include <array>
-#include <deque>
 #include <string>
 
 #include "objc/class_definition.hpp"
@@ -11,6 +10,7 @@
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/hook_function.hpp"
 #include "simulator/runner/command_handlers.hpp"
+#include "simulator/runner/recent_values.hpp"
 #include "simulator/springboard/banner/banner_presenter.hpp"
 #include "simulator/springboard/banner/notification_view.hpp"
 #include "simulator/uikit/images/image_class.hpp"
@@ -50,20 +50,23 @@ struct LastState {
   DismissalFlags flags;
 };
 
-std::deque<LastState>& lastStates() {
-  static std::deque<LastState>& states = *new std::deque<LastState>;
+// The last states of more banners are not stored, because a live phone can run for weeks.
+constexpr std::size_t maxLastStates = 100'000;
+
+RecentValues<LastState>& lastStates() {
+  static RecentValues<LastState>& states = *new RecentValues<LastState>(maxLastStates);
   return states;
 }
 
 void storeLastState(std::size_t number, const BannerState& state) {
-  if (lastStates().size() < number) lastStates().resize(number);
-  LastState& last = lastStates()[number - 1];
+  LastState last;
   state.identifier.copy(last.identifier.data(), last.identifier.size());
   last.flags = state.flags;
+  lastStates().store(number, last);
 }
 
 BannerState lastState(std::size_t number) {
-  const LastState last = number <= lastStates().size() ? lastStates()[number - 1] : LastState{};
+  const LastState last = lastStates().find(number).value_or(LastState{});
   BannerState state;
   state.hasIdentifier = last.identifier.front() != '\0';
   if (state.hasIdentifier) state.identifier.assign(last.identifier.data(), last.identifier.size());

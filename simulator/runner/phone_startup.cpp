@@ -89,7 +89,8 @@ foundation::FileDescriptor startPhone(const Options& options, foundation::FileDe
   springboard::recordPostedNotifications();
   if (options.library == process::LibraryUse::Loaded) process::loadLibrary(homeScreenIdentifier);
   observeBanners();
-  springboard::start(base::installation().applications);
+  springboard::startServices(base::installation().applications);
+  springboard::startShell();
   foundation::drainMainQueue();
   return lock;
 }

@@ -115,16 +115,20 @@ void registerClasses() {
   setPageContents("com.apple.Preferences", {&makeSettingsView, StatusBarVisibility::Hidden});
 }
 
-void start(const std::filesystem::path& applicationArtwork) {
+void startServices(const std::filesystem::path& applicationArtwork) {
   const objc::AutoreleasePool pool;
   registerApplications(applicationArtwork);
   installPlaceholderDigest();
   uikit::setSharedApplication(objc::make<SpringBoard>());
-  const auto homeWindow = makeHomeWindow();
-  enableNotificationCenter(makeStatusBar());
-  makeBannerWindow(homeWindow);
+  makeBannerWindow();
   startBulletinServer();
   listenForBulletins(&presentBulletin);
+}
+
+void startShell() {
+  const objc::AutoreleasePool pool;
+  setHomeWindow(makeHomeWindow());
+  enableNotificationCenter(makeStatusBar());
 }
 
 }  // namespace springboard

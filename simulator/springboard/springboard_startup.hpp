@@ -9,9 +9,13 @@ namespace springboard {
 // been set, because the class of the notification view depends on the system version.
 void registerClasses();
 
-// Creates the application object, the windows, the home screen and the bulletin server. Reads application icons and
-// wallpapers from the folder. Call this once, after libraries have been loaded, because the phone also loads them
-// before the application starts.
-void start(const std::filesystem::path& applicationArtwork);
+// Starts the services: the application object, the dispatcher of notifications, the bulletin server and the presenter
+// of banners with its window, which is hidden while there is no banner. Reads application icons and wallpapers from the
+// folder. The services do not need the shell. Call this once, after libraries have been loaded, because the phone also
+// loads them before the application starts.
+void startServices(const std::filesystem::path& applicationArtwork);
+// Starts the shell: the window of the home screen and the status bar. The lock screen creates its window when it
+// appears. Call this at most once, after startServices.
+void startShell();
 
 }  // namespace springboard

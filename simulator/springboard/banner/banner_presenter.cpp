@@ -44,9 +44,9 @@ std::map<std::size_t, Banner>& banners() {
 
 std::size_t lastNumber = 0;
 
-std::function<void(std::size_t)>& releaseObserver() {
-  static std::function<void(std::size_t)> observer = [](std::size_t) {};
-  return observer;
+std::vector<std::function<void(std::size_t)>>& releaseObservers() {
+  static auto& observers = *new std::vector<std::function<void(std::size_t)>>;
+  return observers;
 }
 
 void animateTo(UIView* view, const CGRect& frame, objc::Block<void(bool)>* completion) {
@@ -71,7 +71,7 @@ void recordDismissal(std::size_t number, NSInteger transition) {
 
 void release(std::size_t number) {
   if (!banners().contains(number)) return;
-  releaseObserver()(number);
+  for (const auto& observer : releaseObservers()) observer(number);
   banners().erase(number);
 }
 
@@ -203,6 +203,8 @@ bool isAnyBannerOnScreen() {
   return std::ranges::any_of(banners(), [](const auto& entry) { return entry.second.stage != Stage::Dismissed; });
 }
 
-void observeBannerReleases(std::function<void(std::size_t)> observer) { releaseObserver() = std::move(observer); }
+void observeBannerReleases(std::function<void(std::size_t)> observer) {
+  releaseObservers().push_back(std::move(observer));
+}
 
 }  // namespace springboard

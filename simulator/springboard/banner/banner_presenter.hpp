@@ -40,8 +40,7 @@ bool isBannerOnScreen(std::size_t number);
 bool isBannerBeingDismissed(std::size_t number);
 bool isAnyBannerOnScreen();
 
-// Sets the function that is called before the controller of a dismissed banner is released. It replaces the previous
-// function.
+// Adds a function that is called before the controller of a dismissed banner is released.
 void observeBannerReleases(std::function<void(std::size_t number)> observer);
 
 }  // namespace springboard

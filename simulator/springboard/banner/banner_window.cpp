@@ -70,10 +70,11 @@ void defineBannerWindow() {
   objc::defineClass<SBNotificationBannerWindow>(methods);
 }
 
-void makeBannerWindow(UIWindow* homeWindow) {
+void setHomeWindow(UIWindow* window) { bannerWindow().homeWindow = objc::retain(window); }
+
+void makeBannerWindow() {
   const CGRect screen = {{}, uikit::environment().device.screen};
   BannerWindowState& state = bannerWindow();
-  state.homeWindow = objc::retain(homeWindow);
   state.window = UIView::withFrame<SBNotificationBannerWindow>(screen);
   state.container = UIView::withFrame<SBFTouchPassThroughView>(screen);
   objc::send<void, "setWindowLevel:">(state.window.get(), CGFloat{levelAboveStatusBar});

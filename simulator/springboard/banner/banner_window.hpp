@@ -22,7 +22,10 @@ void hideBannerWindowIfEmpty();
 void hideWindowAboveHomeScreen(UIWindow* window);
 
 void defineBannerWindow();
-// Creates the window, which is hidden at first. Retains `homeWindow`, the window of the home screen. Call this once.
-void makeBannerWindow(UIWindow* homeWindow);
+// Creates the window, which is hidden at first. Call this once.
+void makeBannerWindow();
+// Sets the window of the home screen and retains it. Without this window, no window becomes the key window when another
+// window is hidden.
+void setHomeWindow(UIWindow* window);
 
 }  // namespace springboard

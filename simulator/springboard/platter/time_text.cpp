@@ -1,5 +1,6 @@
 #include "simulator/springboard/platter/time_text.hpp"
 
+#include <map>
 #include <string>
 
 #include "simulator/base/foundation_json.hpp"
@@ -17,6 +18,19 @@ NSString* ago(double seconds, double unit, const char* name) {
   return base::stringOf(std::to_string(static_cast<long>(seconds / unit)) + name + " ago");
 }
 
+// Returns a formatter, which is created at the first use of the format. The formats are those of the status bar, the
+// lock screen and the banners.
+NSDateFormatter* formatterFor(NSString* format) {
+  constexpr std::size_t maxFormatters = 16;
+  static auto& formatters = *new std::map<std::string, objc::Ref<NSDateFormatter>>;
+  const std::string key = base::textOf(format);
+  if (const auto found = formatters.find(key); found != formatters.end()) return found->second;
+  if (formatters.size() == maxFormatters) formatters.clear();
+  auto formatter = objc::make<NSDateFormatter>();
+  formatter->setDateFormat(format);
+  return formatters.emplace(key, std::move(formatter)).first->second;
+}
+
 }  // namespace
 
 NSString* localizedFormat(NSString* fields) {
@@ -25,11 +39,7 @@ NSString* localizedFormat(NSString* fields) {
                                                                          NSUInteger{0}, locale);
 }
 
-NSString* formatDate(NSDate* date, NSString* format) {
-  auto formatter = objc::make<NSDateFormatter>();
-  formatter->setDateFormat(format);
-  return formatter->stringFromDate(date);
-}
+NSString* formatDate(NSDate* date, NSString* format) { return formatterFor(format)->stringFromDate(date); }
 
 NSString* timeSince(NSDate* date) {
   const double seconds = foundation::unixTimeNow() - objc::send<double, "timeIntervalSince1970">(date);

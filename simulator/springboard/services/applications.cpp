@@ -1,6 +1,7 @@
 #include "simulator/springboard/services/applications.hpp"
 
 #include <algorithm>
+#include <deque>
 #include <fstream>
 #include <iterator>
 #include <span>
@@ -36,6 +37,7 @@ constexpr int iconFormats[] = {8, 2, 0};
 constexpr int homeScreenFormat = 2;
 // The number of pixels per point in the artwork.
 constexpr double artworkScale = 3;
+constexpr std::size_t maxIconsOfOtherApplications = 200;
 
 fs::path& artworkFolder() {
   static fs::path& folder = *new fs::path;
@@ -49,6 +51,16 @@ std::vector<std::string>& installed() {
 
 void setIconInAllFormats(const std::string& application, const std::shared_ptr<const drawing::Image>& icon) {
   for (const int format : iconFormats) uikit::setApplicationIcon(application, format, icon);
+}
+
+// Removes the icon that was set first if there are too many icons of applications that are not installed.
+void limitIcons(const std::string& latest) {
+  static auto& identifiers = *new std::deque<std::string>;
+  std::erase(identifiers, latest);
+  identifiers.push_back(latest);
+  if (identifiers.size() <= maxIconsOfOtherApplications) return;
+  setIconInAllFormats(identifiers.front(), nullptr);
+  identifiers.pop_front();
 }
 
 }  // namespace
@@ -86,6 +98,7 @@ bool setIcon(const std::string& bundleIdentifier, const fs::path& file) {
   const auto icon = drawing::loadImage(file);
   if (icon == nullptr) return false;
   setIconInAllFormats(bundleIdentifier, icon);
+  if (std::ranges::find(installed(), bundleIdentifier) == installed().end()) limitIcons(bundleIdentifier);
   return true;
 }
 

@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 // The maximum size of a message. The connection of a sender that exceeds it is closed.
 constexpr std::size_t maxBulletinBytes = 16 << 20;
-// The maximum number of simultaneous senders. Each of them uses a descriptor.
+// The maximum number of connections. Each of them uses a descriptor. A new connection then closes the oldest one.
 constexpr std::size_t maxSenders = 128;
 
 struct Sender {
@@ -74,7 +74,8 @@ void readFrom(std::list<Sender>::iterator sender) {
 
 void acceptSender(const foundation::FileDescriptor& listening) {
   foundation::FileDescriptor accepted = foundation::acceptFrom(listening);
-  if (!accepted.isOpen() || senders().size() >= maxSenders) return;
+  if (!accepted.isOpen()) return;
+  if (senders().size() == maxSenders) drop(senders().begin());
   const auto sender = senders().insert(senders().end(), {std::move(accepted), {}});
   foundation::watchDescriptor(sender->socket.get(), [sender] { readFrom(sender); });
 }

@@ -16,13 +16,15 @@ std::vector<NotificationDestination>& destinations() {
   return registered;
 }
 
-void notifyListObserver(const Dispatcher* dispatcher) {
-  if (const auto& observer = objc::state(dispatcher).listObserver) observer();
+void notifyListObservers(const Dispatcher* dispatcher) {
+  // The copy exists because an observer can add or remove observers.
+  const auto observers = objc::state(dispatcher).listObservers;
+  for (const auto& [number, observer] : observers) observer();
 }
 
 void addToList(Dispatcher* self, NCNotificationRequest* request) {
   objc::state(self).list.insert(request);
-  notifyListObserver(self);
+  notifyListObservers(self);
 }
 
 // Replaces a listed request. A notification that the user has opened or cleared is not added to the list again.
@@ -39,7 +41,7 @@ void post(Dispatcher* self, NCNotificationRequest* request) {
 void withdraw(Dispatcher* self, NCNotificationRequest* request) {
   if (request == nullptr) return;
   const NotificationKey key = keyOf(request);
-  if (objc::state(self).list.remove(key)) notifyListObserver(self);
+  if (objc::state(self).list.remove(key)) notifyListObservers(self);
   for (const NotificationDestination& destination : destinations()) destination.withdraw(key);
 }
 
@@ -90,6 +92,12 @@ void NCNotificationDispatcher::restore(NCNotificationRequest* request) { springb
 
 const springboard::NotificationList& NCNotificationDispatcher::list() const { return objc::state(this).list; }
 
-void NCNotificationDispatcher::observeList(std::function<void()> observer) {
-  objc::state(this).listObserver = std::move(observer);
+std::size_t NCNotificationDispatcher::observeList(std::function<void()> observer) {
+  NotificationDispatcherState& state = objc::state(this);
+  state.listObservers.emplace(++state.lastListObserver, std::move(observer));
+  return state.lastListObserver;
+}
+
+void NCNotificationDispatcher::stopObservingList(std::size_t observer) {
+  objc::state(this).listObservers.erase(observer);
 }

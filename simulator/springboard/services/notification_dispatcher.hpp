@@ -3,13 +3,15 @@
 #pragma once
 
 #include <functional>
+#include <map>
 
 #include "objc/class_definition.hpp"
 #include "simulator/springboard/services/notification_list.hpp"
 
 struct NotificationDispatcherState {
   springboard::NotificationList list;
-  std::function<void()> listObserver;
+  std::map<std::size_t, std::function<void()>> listObservers;
+  std::size_t lastListObserver = 0;
 };
 
 class NCNotificationDispatcher : public objc::Interface<"NCNotificationDispatcher", NSObject> {
@@ -29,8 +31,10 @@ class NCNotificationDispatcher : public objc::Interface<"NCNotificationDispatche
   void execute(NCNotificationAction* action, NCNotificationRequest* request, NSDictionary* parameters);
 
   const springboard::NotificationList& list() const;
-  // Sets the function that is called after each change of the list. It replaces the previous function; null removes it.
-  void observeList(std::function<void()> observer);
+  // Adds a function that is called after each change of the list. Returns its number, which is greater than 0.
+  std::size_t observeList(std::function<void()> observer);
+  // Removes the function with this number. Does nothing if there is no such function.
+  void stopObservingList(std::size_t observer);
 };
 template <>
 struct objc::StateOf<NCNotificationDispatcher> {

@@ -176,7 +176,7 @@ objc::Ref<Sheet> makeCoverSheet(std::function<void()> swipedUp) {
   state.window->addGestureRecognizer(
       UIPanGestureRecognizer::withTarget(sheet, objc::selector<"_handlePanOnCoverSheet:">()));
   current() = sheet;
-  NCNotificationDispatcher::shared()->observeList(&scheduleRefresh);
+  state.listObserver = NCNotificationDispatcher::shared()->observeList(&scheduleRefresh);
   refreshCoverSheet();
   return sheet;
 }
@@ -185,7 +185,7 @@ void removeCoverSheet(Sheet* sheet) {
   const objc::Ref<Sheet> retained = objc::retain(sheet);
   if (current().get() == sheet) {
     dismissLongLook(LongLookChange::Immediate);
-    NCNotificationDispatcher::shared()->observeList(nullptr);
+    NCNotificationDispatcher::shared()->stopObservingList(objc::state(sheet).listObserver);
     current() = nullptr;
   }
   hideWindowAboveHomeScreen(objc::state(sheet).window);

@@ -20,6 +20,7 @@ struct CoverSheetState {
   objc::Ref<UILabel> clock;
   objc::Ref<UILabel> day;
   objc::Ref<NCNotificationListView> list;
+  std::size_t listObserver = 0;  // the number of the observer of the dispatcher's list
   std::unique_ptr<springboard::Scroller> scroller;
   CoverSheetDrag drag = CoverSheetDrag::None;
   // Receives a drag that begins at the lower edge of the screen. Null if such a drag has no effect of its own.

@@ -3,6 +3,7 @@
 
 #include "objc/class_definition.hpp"
 #include "simulator/uikit/environment/environment.hpp"
+#include "simulator/uikit/environment/screen.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
 #include "simulator/uikit/views/class_definitions.hpp"
 
@@ -22,8 +23,8 @@ NSString* systemVersion(UIDevice*) { return string(environment().systemVersion);
 NSString* name(UIDevice*) { return string(std::string(environment().device.name)); }
 NSInteger feedbackSupportLevel(UIDevice*) { return environment().device.feedbackSupportLevel; }
 
-CGRect bounds(UIScreen*) { return {{}, environment().device.screen}; }
-CGFloat scale(UIScreen*) { return environment().device.scale; }
+CGRect bounds(UIScreen*) { return {{}, mainScreen().size}; }
+CGFloat scale(UIScreen*) { return mainScreen().scale; }
 UITraitCollection* traits(UIScreen*) { return traitCollection(environment().style); }
 
 }  // namespace

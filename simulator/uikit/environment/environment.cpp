@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "simulator/uikit/environment/screen.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
 
 namespace uikit {
@@ -26,6 +27,7 @@ const Environment& environment() { return current(); }
 void setEnvironment(const Environment& chosen) {
   current() = chosen;
   if (!hasDarkAppearance()) current().style = UIUserInterfaceStyle::Light;
+  updateMainScreen();
 }
 
 void switchAppearance(UIUserInterfaceStyle style) {

@@ -60,9 +60,8 @@ std::uint64_t displayGeneration() {
 
 namespace {
 
-std::shared_ptr<drawing::Canvas> emptyScreen(double scale) {
-  const CGSize screen = environment().device.screen;
-  return std::make_shared<drawing::Canvas>(drawing::Size{screen.width, screen.height}, scale);
+std::shared_ptr<drawing::Canvas> canvasFor(const Screen& screen, double scale) {
+  return std::make_shared<drawing::Canvas>(drawing::Size{screen.size.width, screen.size.height}, scale);
 }
 
 drawing::PixelRectangle allPixels(const drawing::Canvas& canvas) {
@@ -78,8 +77,8 @@ void invalidateScreen() {
 
 std::shared_ptr<drawing::Canvas> paintScreen(double scale) {
   layoutWindows();
-  auto canvas = emptyScreen(scale);
-  paint(*canvas, contentsOfScreen(*canvas), drawing::regionOf(allPixels(*canvas)).get());
+  auto canvas = canvasFor(mainScreen(), scale);
+  paint(*canvas, contentsOfScreen(*canvas), drawing::regionOf(allPixels(*canvas)).get(), mainScreen().ground);
   return canvas;
 }
 
@@ -90,13 +89,13 @@ drawing::RegionHandle ScreenPicture::update(double scale) {
       canvas_ != nullptr && canvas_->pixelsPerPoint() == scale && invalidations_ == display().invalidations;
   if (canReuse && generation_ == generation) return drawing::RegionHandle(cairo_region_create());
 
-  if (!canReuse) canvas_ = emptyScreen(scale);
-  ScreenContents contents = contentsOfScreen(*canvas_);
+  if (!canReuse) canvas_ = canvasFor(screen_, scale);
+  ScreenContents contents = contentsOfScreen(*canvas_, screen_);
   drawing::RegionHandle damage =
       canReuse ? differingPixels(contents_, contents) : drawing::regionOf(allPixels(*canvas_));
   if (cairo_region_is_empty(damage.get()) == 0) {
     if (canvas_.use_count() > 1) canvas_ = canvas_->copyOf(allPixels(*canvas_));
-    paint(*canvas_, contents, damage.get());
+    paint(*canvas_, contents, damage.get(), screen_.ground);
   }
   generation_ = generation;
   invalidations_ = display().invalidations;
@@ -114,7 +113,7 @@ namespace {
 
 // Returns the part of the rectangle that is on the screen, extended to whole points.
 CGRect visiblePoints(const CGRect& rect) {
-  const CGSize screen = environment().device.screen;
+  const CGSize screen = mainScreen().size;
   const double left = std::clamp(std::floor(rect.origin.x), 0.0, screen.width);
   const double top = std::clamp(std::floor(rect.origin.y), 0.0, screen.height);
   const double right = std::clamp(std::ceil(rect.origin.x + rect.size.width), 0.0, screen.width);

@@ -1,5 +1,5 @@
-// Renders pictures of the screen. A picture shows the visible windows, from back to front, at the current time of their
-// animations. Main thread only.
+// Renders pictures of screens. A picture shows the visible windows of a screen, from back to front, at the current time
+// of their animations. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -13,18 +13,20 @@
 
 namespace uikit {
 
-// renderScreen returns a picture of the whole screen. renderView returns a picture of the part of the screen that shows
-// the view. The scale is in pixels per point. Both functions lay out the windows first and then paint only the pixels
-// that differ from the last picture. A returned picture does not change while the caller retains it.
+// renderScreen returns a picture of the whole main screen. renderView returns a picture of the part of the screen that
+// shows the view. The scale is in pixels per point. Both functions lay out the windows first and then paint only the
+// pixels that differ from the last picture. A returned picture does not change while the caller retains it.
 std::shared_ptr<drawing::Canvas> renderScreen(double scale);
 std::shared_ptr<drawing::Canvas> renderView(UIView* view, double scale);
-// Paints the whole screen without using the last picture. The result has the same pixels as that of renderScreen.
+// Paints the whole main screen without using the last picture. The result has the same pixels as that of renderScreen.
 std::shared_ptr<drawing::Canvas> paintScreen(double scale);
 
-// A picture of the screen that its owner updates, for example for each frame of a window. It is independent of the
+// A picture of a screen that its owner updates, for example for each frame of a window. It is independent of the
 // other pictures, so its scale can differ from theirs at no cost.
 class ScreenPicture {
  public:
+  // The screen must outlive the picture.
+  explicit ScreenPicture(const Screen& screen = mainScreen()) : screen_(screen) {}
   // Brings the picture up to date as renderScreen does. Returns the pixels that were painted: all pixels that can
   // differ from the picture before this call. The region is empty if no pixel has changed.
   drawing::RegionHandle update(double scale);
@@ -32,6 +34,7 @@ class ScreenPicture {
   const std::shared_ptr<drawing::Canvas>& canvas() const { return canvas_; }
 
  private:
+  const Screen& screen_;
   std::uint64_t generation_ = 0;
   std::uint64_t invalidations_ = 0;
   ScreenContents contents_;

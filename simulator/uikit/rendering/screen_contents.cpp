@@ -87,9 +87,9 @@ class ContentsCollector {
   }
 
   drawing::PixelRectangle pixelsReadBy(UIView* view, const drawing::PixelRectangle& content) const {
+    if (content.isEmpty()) return {};
     const auto reach = static_cast<int>(objc::send<CGFloat, "_contentReach:">(view, scale_));
-    return reach == 0 || content.isEmpty() ? drawing::PixelRectangle{}
-                                           : drawing::intersection(content.outset(reach), screen_);
+    return reach == 0 ? drawing::PixelRectangle{} : drawing::intersection(content.outset(reach), screen_);
   }
 
   double scale_;
@@ -145,22 +145,23 @@ class Painter {
 
 }  // namespace
 
-ScreenContents contentsOfScreen(const drawing::Canvas& canvas) {
+ScreenContents contentsOfScreen(const drawing::Canvas& canvas, const Screen& screen) {
   return ContentsCollector(canvas.pixelsPerPoint(), {0, 0, canvas.pixelWidth(), canvas.pixelHeight()})
-      .collect(visibleWindows());
+      .collect(visibleWindows(screen));
 }
 
 ScreenContents contentsOfWindow(UIWindow* window) {
-  const base::DeviceProfile& device = environment().device;
-  const auto pixels = [&device](double points) { return static_cast<int>(std::ceil(points * device.scale)); };
-  return ContentsCollector(device.scale, {0, 0, pixels(device.screen.width), pixels(device.screen.height)})
+  const Screen& screen = screenOf(window);
+  const auto pixels = [&screen](double points) { return static_cast<int>(std::ceil(points * screen.scale)); };
+  return ContentsCollector(screen.scale, {0, 0, pixels(screen.size.width), pixels(screen.size.height)})
       .collect({&window, 1});
 }
 
-void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region) {
+void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region,
+           const drawing::Color& ground) {
   canvas.save();
   canvas.clipPixels(region);
-  canvas.clear({0, 0, 0, 1});
+  canvas.clear(ground);
   Painter(canvas, contents, region).paint(0, contents.size());
   canvas.restore();
 }

@@ -8,6 +8,7 @@
 
 #include "platform/ui_window.hpp"
 #include "simulator/drawing/canvas.hpp"
+#include "simulator/uikit/environment/screen.hpp"
 
 namespace uikit {
 
@@ -42,12 +43,13 @@ struct PaintedView {
 using ScreenContents = std::vector<PaintedView>;
 
 // Returns the contents of the screen at the current time, at the scale of the canvas.
-ScreenContents contentsOfScreen(const drawing::Canvas& canvas);
-// Returns the contents of a visible window at the scale of the device.
+ScreenContents contentsOfScreen(const drawing::Canvas& canvas, const Screen& screen = mainScreen());
+// Returns the contents of a visible window at the scale of its screen.
 ScreenContents contentsOfWindow(UIWindow* window);
 
-// Repaints the pixels of the region. The result does not depend on their previous values. The views must not have
-// changed since `contents` was computed.
-void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region);
+// Repaints the pixels of the region over a ground of this color. The result does not depend on their previous values.
+// The views must not have changed since `contents` was computed.
+void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region,
+           const drawing::Color& ground);
 
 }  // namespace uikit

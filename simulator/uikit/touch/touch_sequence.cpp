@@ -20,7 +20,7 @@ std::unique_ptr<TouchSequence>& currentSequence() {
 
 // Searches the windows from front to back for a view at the point. Returns null if no window has such a view.
 UIView* hitView(CGPoint point, UIEvent* event) {
-  const std::vector<UIWindow*> windows = visibleWindows();
+  const std::vector<UIWindow*> windows = visibleWindows(mainScreen());
   for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
     const CGPoint inWindow = convertPoint(point, nullptr, *window);
     if (UIView* hit = objc::send<UIView*, "hitTest:withEvent:">(*window, inWindow, event)) return hit;

@@ -66,10 +66,11 @@ void setContentMode(UIView* self, UIViewContentMode mode) {
 
 // The default implementation draws nothing. Subclasses override this method.
 void drawContent(UIView*, void*) {}
+// The implementation of UIView is looked up only once, because each frame calls this function for each view.
 bool drawsContent(const UIView* view) {
   const SEL draw = objc::selector<"_drawContentInCanvas:">();
-  const Class drawing = object_getClass(objc::detail::toId(view));
-  return class_getMethodImplementation(drawing, draw) != class_getMethodImplementation(UIView::classObject(), draw);
+  static const IMP inherited = class_getMethodImplementation(UIView::classObject(), draw);
+  return class_getMethodImplementation(object_getClass(objc::detail::toId(view)), draw) != inherited;
 }
 
 CGRect contentArea(UIView* self) { return drawsContent(self) ? shownBounds(self) : CGRect{}; }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "simulator/uikit/environment/environment.hpp"
 #include "simulator/uikit/layout/view_layout.hpp"
 #include "simulator/uikit/rendering/renderer.hpp"
 #include "simulator/uikit/views/class_definitions.hpp"
@@ -42,6 +41,22 @@ std::vector<UIWindow*> visibleWindows() {
   return visible;
 }
 
+std::vector<UIWindow*> visibleWindows(const Screen& screen) {
+  std::vector<UIWindow*> visible = visibleWindows();
+  std::erase_if(visible, [&screen](const UIWindow* window) { return &screenOf(window) != &screen; });
+  return visible;
+}
+
+const Screen& screenOf(const UIWindow* window) {
+  const Screen* screen = objc::state(window).screen;
+  return screen == nullptr ? mainScreen() : *screen;
+}
+
+void setScreen(UIWindow* window, const Screen& screen) {
+  objc::state(window).screen = &screen;
+  noteDisplayChange();
+}
+
 UIResponder* firstResponder() { return keyWindow() == nullptr ? nullptr : objc::state(keyWindow()).firstResponder; }
 
 void setSharedApplication(UIApplication* application) { currentApplication() = objc::retain(application); }
@@ -79,9 +94,7 @@ UIWindow* initWithFrame(UIWindow* self, CGRect frame) {
   return made;
 }
 
-UIWindow* init(UIWindow* self) {
-  return objc::send<UIWindow*, "initWithFrame:">(self, CGRect{{}, environment().device.screen});
-}
+UIWindow* init(UIWindow* self) { return objc::send<UIWindow*, "initWithFrame:">(self, CGRect{{}, mainScreen().size}); }
 
 void setWindowHidden(UIWindow* self, bool hidden) {
   if (!hidden && !isVisible(self)) return show(self);
