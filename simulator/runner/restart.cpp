@@ -149,6 +149,7 @@ void executeAgain(const Options& options, const Inheritance& inheritance) {
   std::vector<std::string> words = argumentsOf(options);
   words.insert(words.begin(), "springboard");
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   std::error_code error;
