@@ -66,7 +66,8 @@ std::size_t withoutTrailingSpaces(const std::string& text, std::size_t end) {
 
 // Appends the ellipsis to the rest of the paragraph. If the result is too long for a line, pango truncates it and adds
 // its own ellipsis.
-LayoutHandle truncateLine(const PlainText& text, const Paragraph& paragraph, double width, const PangoLayoutLine* line) {
+LayoutHandle truncateLine(const PlainText& text, const Paragraph& paragraph, double width,
+                          const PangoLayoutLine* line) {
   const auto begin = static_cast<std::size_t>(line->start_index);
   const std::size_t lineFeed = std::min(text.text.find('\n', begin), text.text.size());
   const PlainText shown = withEllipsis(text, begin, lineFeed);
