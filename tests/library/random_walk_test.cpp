@@ -71,7 +71,7 @@ class Walk {
   explicit Walk(std::uint64_t seed) : seed_(seed), commands_(seed, phone_.root()) {}
 
   void run(std::size_t steps) {
-    openKeyboard();
+    openKeyboardAndSettings();
     for (std::size_t step = 1; step <= steps && !HasFailure(); ++step) {
       execute(commands_.next(invariants_.bannerCount()));
       if (step % stepsBetweenResets == 0 && !HasFailure()) reset();
@@ -90,8 +90,13 @@ class Walk {
     if (const std::string problem = invariants_.violation(phone_.log()); !problem.empty()) fail(problem);
   }
 
-  // Creates the views of the keyboard, which remain for later text fields, before objects are counted.
-  void openKeyboard() {
+  // Creates the views of the keyboard and loads the settings pane before objects are counted. Both remain for later
+  // uses.
+  void openKeyboardAndSettings() {
+    const auto settingsIcon = {231, 294};
+    execute({{"do", "tap"}, {"at", settingsIcon}});
+    execute({{"do", "wait"}, {"seconds", 1}});
+    execute({{"do", "press"}, {"type", 101}, {"force", 0}});
     execute({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
     execute({{"do", "wait"}, {"seconds", 1}});
     execute({{"do", "drag"}, {"by", {0, 200}}});
@@ -103,7 +108,8 @@ class Walk {
   void reset() {
     execute({{"do", "drag"}, {"at", {5, 800}}, {"by", {0, 0}}, {"end", "cancel"}});
     execute({{"do", "lock"}});
-    execute({{"do", "press"}, {"type", 101}, {"force", 0}});
+    // The first press unlocks the phone. The second one closes the page of an application.
+    for (int press = 0; press < 2; ++press) execute({{"do", "press"}, {"type", 101}, {"force", 0}});
     execute({{"do", "withdraw"}});
     execute({{"do", "set"}, {"key", "timeToDismiss"}, {"value", nullptr}});
     execute({{"do", "wait"}, {"seconds", 60}});

@@ -42,10 +42,10 @@ bool isFree(int port) {
 }
 
 // The number of the display is the port, because both must be unique.
-std::string displayName(int port) { return ":" + std::to_string(port); }
+std::string displayName(int port) { return std::string(":").append(std::to_string(port)); }
 
 // The server adds one to the number of the display.
-std::string socketName(int port) { return "broadway" + std::to_string(port + 1) + ".socket"; }
+std::string socketName(int port) { return std::string("broadway").append(std::to_string(port + 1)).append(".socket"); }
 
 std::filesystem::path socketFolder() { return g_get_user_runtime_dir(); }
 
