@@ -32,7 +32,7 @@ bool isConnectionToWebPage(int descriptor) {
   socklen_t size = sizeof peer;
   if (getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) != 0 || peer.sun_family != AF_UNIX)
     return false;
-  return std::string_view(peer.sun_path).find("/broadway") != std::string_view::npos;
+  return std::string_view(peer.sun_path, sizeof peer.sun_path).find("/broadway") != std::string_view::npos;
 }
 
 // Searches the open descriptors, because GTK provides no function that returns this connection.

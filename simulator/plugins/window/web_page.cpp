@@ -6,16 +6,18 @@
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstddef>
 #include <cstdio>
 #include <thread>
 
 #include "simulator/foundation/descriptor.hpp"
-#include "simulator/foundation/local_socket.hpp"
 
 namespace window {
 
@@ -44,10 +46,22 @@ bool isFree(int port) {
 // The number of the display is the port, because both must be unique.
 std::string displayName(int port) { return std::string(":").append(std::to_string(port)); }
 
-// The server adds one to the number of the display.
-std::string socketName(int port) { return std::string("broadway").append(std::to_string(port + 1)).append(".socket"); }
-
-std::filesystem::path socketFolder() { return g_get_user_runtime_dir(); }
+// Returns whether this server, and not the server of another phone, accepts connections of GTK. Its socket has a name,
+// which begins with a zero byte, instead of a file. The server adds one to the number of the display.
+bool isAccepting(pid_t server, int port) {
+  const std::string name =
+      std::string(g_get_user_runtime_dir()).append("/broadway").append(std::to_string(port + 1)).append(".socket");
+  sockaddr_un address = {};
+  address.sun_family = AF_UNIX;
+  if (name.size() + 1 >= sizeof address.sun_path) return false;
+  std::ranges::copy(name, address.sun_path + 1);
+  const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + name.size());
+  const foundation::FileDescriptor probe(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  if (connect(probe.get(), reinterpret_cast<const sockaddr*>(&address), size) != 0) return false;
+  ucred peer = {};
+  socklen_t peerSize = sizeof peer;
+  return getsockopt(probe.get(), SOL_SOCKET, SO_PEERCRED, &peer, &peerSize) == 0 && peer.pid == server;
+}
 
 // Starts the server. The system ends it when the phone ends, even if the phone crashes. Its output is discarded. The
 // process is multithreaded, so the child calls only functions that are safe after a fork.
@@ -105,7 +119,7 @@ WebPage::Start WebPage::start(int port) {
       server_ = 0;
       return WIFEXITED(status) && WEXITSTATUS(status) == programMissing ? Start::ProgramMissing : Start::Failed;
     }
-    if (foundation::connectIn(socketFolder(), socketName(port).c_str()).isOpen()) return Start::Succeeded;
+    if (isAccepting(server_, port)) return Start::Succeeded;
     std::this_thread::sleep_for(pollInterval);
   }
   end();
@@ -117,8 +131,6 @@ void WebPage::end() {
   kill(server_, SIGTERM);
   waitpid(server_, nullptr, 0);
   server_ = 0;
-  std::error_code error;
-  std::filesystem::remove(socketFolder() / socketName(port_), error);
 }
 
 }  // namespace window
