@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <nlohmann/json.hpp>
 
-#include "simulator/base/installation.hpp"
+#include "simulator/base/default_root.hpp"
 #include "simulator/foundation/local_socket.hpp"
 #include "simulator/process/control_socket.hpp"
 

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <unordered_map>
 #include <utility>
 
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/drawing/line_breaking.hpp"
+#include "simulator/drawing/measure_cache.hpp"
 #include "simulator/drawing/pixel_grid.hpp"
 
 namespace drawing {
@@ -22,62 +22,6 @@ constexpr double unlimited = std::numeric_limits<double>::infinity();
 double maxLineWidth(double width, double scale) {
   if (width > 0 && std::isfinite(width)) return std::max(floorToPixel(width, scale), 1 / scale);
   return unlimited;
-}
-
-struct Measure {
-  Size size;
-  int lines = 0;
-};
-
-// Caches the measured sizes of recent texts, because new layouts often measure the same text again.
-class MeasureCache {
- public:
-  const Measure* find(const std::string& key) const {
-    const auto entry = measures_.find(key);
-    return entry == measures_.end() ? nullptr : &entry->second;
-  }
-  void insert(const std::string& key, const Measure& measure) {
-    if (key.size() > maxKeyLength) return;
-    if (measures_.size() >= maxEntries) measures_.clear();
-    measures_.emplace(key, measure);
-  }
-
- private:
-  static constexpr std::size_t maxKeyLength = 4096;
-  static constexpr std::size_t maxEntries = 256;
-  std::unordered_map<std::string, Measure> measures_;
-};
-
-MeasureCache& measureCache() {
-  static auto* const cache = new MeasureCache;
-  return *cache;
-}
-
-void appendNumber(std::string& key, double number) {
-  key.append(reinterpret_cast<const char*>(&number), sizeof number);
-}
-
-void appendText(std::string& key, const std::string& text) {
-  appendNumber(key, static_cast<double>(text.size()));
-  key += text;
-}
-
-// Returns a key that contains everything that affects the size of the text.
-std::string keyOf(const PlainText& text, const Paragraph& paragraph, double width, double scale) {
-  std::string key;
-  for (const Span& span : text.spans) {
-    const Font& font = paragraph.runs[span.run].font;
-    appendText(key, font.family);
-    appendNumber(key, font.size);
-    appendNumber(key, static_cast<double>(font.weight));
-    appendNumber(key, static_cast<double>(span.end));
-  }
-  appendText(key, paragraph.language);
-  for (const double number : {static_cast<double>(paragraph.direction), static_cast<double>(paragraph.maxLines),
-                              static_cast<double>(paragraph.lineBreak), width, scale}) {
-    appendNumber(key, number);
-  }
-  return key + text.text;
 }
 
 const Font* largestFont(const Paragraph& paragraph) {
@@ -144,7 +88,7 @@ struct TextLayout::State {
   const Measure& measure(double widthLimit) {
     const double width = maxLineWidth(widthLimit, scale);
     if (lastMeasure && lastMeasure->first == width) return lastMeasure->second;
-    const std::string key = keyOf(plainTextFor(width, paragraph.maxLines), paragraph, width, scale);
+    const std::string key = measureKey(plainTextFor(width, paragraph.maxLines), paragraph, width, scale);
     const Measure* cached = measureCache().find(key);
     lastMeasure = {width, cached ? *cached : computeMeasure(width)};
     if (!cached) measureCache().insert(key, lastMeasure->second);

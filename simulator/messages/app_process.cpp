@@ -17,8 +17,8 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/run_loop.hpp"
+#include "simulator/messages/home_screen_service.hpp"
 #include "simulator/messages/messages_classes.hpp"
-#include "simulator/messages/report_service.hpp"
 #include "simulator/process/instance_lock.hpp"
 #include "simulator/process/signals.hpp"
 #include "simulator/uikit/classes.hpp"
@@ -72,7 +72,7 @@ void registerClasses(const MessagesOptions& options) {
 
 struct MessagesApp::State {
   FileDescriptor lock;
-  std::optional<messages::ReportService> service;
+  std::optional<messages::HomeScreenService> service;
   objc::Ref<CKConversationListController> list;
   FileDescriptor standardInput;
   bool standardInputHasEnded = false;

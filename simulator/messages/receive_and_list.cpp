@@ -6,7 +6,7 @@
 #include <iostream>
 #include <string>
 
-#include "simulator/base/installation.hpp"
+#include "simulator/base/default_root.hpp"
 #include "simulator/base/iso_time.hpp"
 #include "simulator/messages/chat_store.hpp"
 #include "simulator/process/bulletin_message.hpp"

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "simulator/base/installation.hpp"
+#include "simulator/base/default_root.hpp"
 #include "simulator/foundation/injection_loader.hpp"
 #include "simulator/process/root_setup.hpp"
 

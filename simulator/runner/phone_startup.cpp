@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "objc/autorelease_pool.hpp"
+#include "simulator/base/default_root.hpp"
 #include "simulator/base/installation.hpp"
 #include "simulator/base/iso_time.hpp"
 #include "simulator/contacts/classes.hpp"

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <string>
 
+#include "simulator/base/default_root.hpp"
 #include "simulator/base/installation.hpp"
 #include "tests/support/temporary_folder.hpp"
 

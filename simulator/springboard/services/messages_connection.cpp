@@ -17,7 +17,7 @@
 #include "simulator/foundation/local_socket.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/notification_daemon.hpp"
-#include "simulator/messages/report_service.hpp"
+#include "simulator/messages/home_screen_service.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
 
 namespace springboard {

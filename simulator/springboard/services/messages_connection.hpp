@@ -1,4 +1,4 @@
-// The home screen's connection to the service of the Messages app, which messages/report_service.hpp describes.
+// The home screen's connection to the service of the Messages app, which messages/home_screen_service.hpp describes.
 #pragma once
 
 #include <chrono>

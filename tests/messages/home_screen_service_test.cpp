@@ -1,5 +1,5 @@
 // Tests of how the Messages app answers home screens that ask whether it is ready.
-#include "simulator/messages/report_service.hpp"
+#include "simulator/messages/home_screen_service.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -28,10 +28,10 @@ class MessagesService : public testing::Test {
   test::TemporaryFolder folder;
   std::size_t requestCount = 0;
   bool canBecomeReady = true;
-  messages::ReportService service{folder.path(), [this] {
-                                    ++requestCount;
-                                    return canBecomeReady;
-                                  }};
+  messages::HomeScreenService service{folder.path(), [this] {
+                                        ++requestCount;
+                                        return canBecomeReady;
+                                      }};
 };
 
 TEST_F(MessagesService, AnswersReadyWhenTheAppIsReady) { EXPECT_EQ(answerTo("\n"), "ready\n"); }

@@ -20,15 +20,15 @@ inline constexpr const char* serviceSocket = "messages.socket";
 inline constexpr const char* readyReply = "ready";
 
 // A root has at most one service, because it has at most one Messages app; see process/instance_lock.hpp.
-class ReportService {
+class HomeScreenService {
  public:
   // Creates the socket in `folder`. `becomeReady` is called for each query. If it returns false, the service closes the
   // connection instead of replying. If the socket cannot be created, the service is not open, and errno describes the
   // error.
-  ReportService(const std::filesystem::path& folder, std::function<bool()> becomeReady);
-  ReportService(const ReportService&) = delete;
-  ReportService& operator=(const ReportService&) = delete;
-  ~ReportService();
+  HomeScreenService(const std::filesystem::path& folder, std::function<bool()> becomeReady);
+  HomeScreenService(const HomeScreenService&) = delete;
+  HomeScreenService& operator=(const HomeScreenService&) = delete;
+  ~HomeScreenService();
 
   bool isOpen() const { return listening_.isOpen(); }
   // Returns whether any home screen is connected.

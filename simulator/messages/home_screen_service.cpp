@@ -1,4 +1,4 @@
-#include "simulator/messages/report_service.hpp"
+#include "simulator/messages/home_screen_service.hpp"
 
 #include <sys/socket.h>
 
@@ -10,30 +10,30 @@
 
 namespace messages {
 
-ReportService::ReportService(const std::filesystem::path& folder, std::function<bool()> becomeReady)
+HomeScreenService::HomeScreenService(const std::filesystem::path& folder, std::function<bool()> becomeReady)
     : becomeReady_(std::move(becomeReady)), listening_(foundation::listenIn(folder, serviceSocket)) {
   if (listening_.isOpen()) foundation::watchDescriptor(listening_.get(), [this] { acceptConnection(); });
 }
 
-ReportService::~ReportService() {
+HomeScreenService::~HomeScreenService() {
   if (listening_.isOpen()) foundation::unwatchDescriptor(listening_.get());
   for (auto connection = connections_.begin(); connection != connections_.end();) connection = drop(connection);
 }
 
-void ReportService::report(const nlohmann::ordered_json& event) {
+void HomeScreenService::report(const nlohmann::ordered_json& event) {
   const std::string line = event.dump(-1, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
   for (auto connection = connections_.begin(); connection != connections_.end();)
     connection = foundation::sendAll(*connection, line) ? std::next(connection) : drop(connection);
 }
 
-void ReportService::acceptConnection() {
+void HomeScreenService::acceptConnection() {
   foundation::FileDescriptor accepted = foundation::acceptFrom(listening_);
   if (!accepted.isOpen()) return;
   const auto connection = connections_.insert(connections_.end(), std::move(accepted));
   foundation::watchDescriptor(connection->get(), [this, connection] { readFrom(connection); });
 }
 
-void ReportService::readFrom(Connections::iterator connection) {
+void HomeScreenService::readFrom(Connections::iterator connection) {
   char buffer[256];
   const ssize_t size = recv(connection->get(), buffer, sizeof buffer, 0);
   if (size <= 0) {
@@ -48,7 +48,7 @@ void ReportService::readFrom(Connections::iterator connection) {
   }
 }
 
-ReportService::Connections::iterator ReportService::drop(Connections::iterator connection) {
+HomeScreenService::Connections::iterator HomeScreenService::drop(Connections::iterator connection) {
   foundation::unwatchDescriptor(connection->get());
   return connections_.erase(connection);
 }
