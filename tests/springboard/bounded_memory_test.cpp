@@ -60,6 +60,7 @@ TEST(BoundedMemory, ListDiscardsTheOldestRequests) {
 }
 
 TEST(BoundedMemory, OnlyTheLatestIconsOfOtherApplicationsRemain) {
+  const objc::AutoreleasePool pool;
   PlainPhone phone;
   const auto file = phone.folder() / "icon.png";
   ASSERT_EQ(drawing::writePng(drawing::Canvas({2, 2}, 1).surface(), file), std::nullopt);

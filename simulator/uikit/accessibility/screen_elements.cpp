@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "objc/association.hpp"
+#include "objc/autorelease_pool.hpp"
 #include "platform/ns_number.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/uikit/accessibility/accessibility.hpp"
@@ -102,6 +103,7 @@ UIView* findView(const UIView* view, std::uint64_t identifier) {
 }  // namespace
 
 std::vector<AccessibleElement> accessibleElements() {
+  const objc::AutoreleasePool pool;
   layoutWindows();
   Elements elements;
   const std::vector<UIWindow*> windows = visibleWindows();
