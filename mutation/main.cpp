@@ -95,8 +95,12 @@ int run(const Options& options) {
   }
   data.results = campaign.results();
   if (options.measuresCoverage) data.coverage = measuredCoverage(campaign, options, output / "coverage");
-  mutation::writeFile(output / "report.md", mutation::report(data));
   const mutation::Score score = mutation::scoreOf(data);
+  if (score.killed + score.survived == 0) {
+    std::cerr << "mutants: no mutant has a result; repeat the command with a longer --sample\n";
+    return 1;
+  }
+  mutation::writeFile(output / "report.md", mutation::report(data));
   std::printf("mutants: %zu killed, %zu survived, score %.1f %%; the report is %s\n", score.killed, score.survived,
               score.percent(), (output / "report.md").c_str());
   return 0;
