@@ -5,6 +5,7 @@
 #include "library/controller/color_mode.hpp"
 #include "library/controller/commands.hpp"
 #include "library/controller/dismissal.hpp"
+#include "library/controller/gestures.hpp"
 #include "library/utilities/ns_string_md5.hpp"
 #include "library/utilities/parent_view_controller.hpp"
 #include "platform/dispatch.hpp"
@@ -20,28 +21,6 @@ void replaceOlderBanners(BannerController* controller) {
   const objc::Ref<NSString> identifier = objc::retain<NSString>(generateRandomString(identifierLength));
   controller->setBrimIdentifier(identifier);
   onMainQueue([identifier] { postReplacement(identifier); });
-}
-
-// Iterates over a copy, because each removal changes the view's list. The platform's list refers to some objects weakly
-// and contains nil for an object that was deallocated.
-void removeRecognizers(UIView* view, NSArray* recognizers) {
-  const objc::Ref<NSArray> copy = recognizers->copied();
-  for (NSUInteger index = 0; index < copy->count(); ++index)
-    if (auto* recognizer = objc::as<UIGestureRecognizer>(copy->objectAtIndex(index)))
-      view->removeGestureRecognizer(recognizer);
-}
-
-// Returns the recognizers that the view stores in its instance variable. If its class has no such variable, returns the
-// recognizers that the view reports.
-NSArray* recognizersInside(UIView* view) {
-  const id object = objc::detail::toId(view);
-  const Ivar variable = class_getInstanceVariable(object_getClass(object), "_gestureRecognizers");
-  return variable == nullptr ? view->gestureRecognizers() : objc::as<NSArray>(object_getIvar(object, variable));
-}
-
-void addRecognizers(BannerController* controller, BrimContainer* banner) {
-  banner->addGestureRecognizer(UITapGestureRecognizer::withTarget(controller, objc::selector<"_handleTapOnView:">()));
-  banner->addGestureRecognizer(UIPanGestureRecognizer::withTarget(controller, objc::selector<"panGestureHandler:">()));
 }
 
 void attach(BannerController* controller, NCNotificationViewControllerView* view,
@@ -61,9 +40,7 @@ void attach(BannerController* controller, NCNotificationViewControllerView* view
   controller->updateProfilePicture(texts.header, texts.body, banner);
   controller->setBrimView(banner);
   prepareDismissal(controller);
-  removeRecognizers(view, recognizersInside(view));
-  removeRecognizers(content, content->gestureRecognizers());
-  addRecognizers(controller, banner);
+  replaceGestureRecognizers(controller, view, content, banner);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "library/controller/commands.hpp"
 
 #include "library/controller/dismissal.hpp"
+#include "library/controller/notification_updates.hpp"
 
 namespace {
 
@@ -29,12 +30,9 @@ void handleDismiss(BannerController* self, NSDictionary*) { self->forceDismissNo
 void handleDismissWithoutAnimation(BannerController* self, NSDictionary*) { dismissWithoutAnimation(self); }
 
 void handleUpdate(BannerController* self, NSDictionary* userInfo) {
-  BrimContainer* banner = self->brimView();
-  if (banner == nullptr || !banner->canReply() || banner->headerLabel()->text() == nullptr) return;
   auto* header = objc::as<NSString>(userInfo->objectForKey(headerKey()));
   auto* body = objc::as<NSString>(userInfo->objectForKey(bodyKey()));
-  if (header == nullptr || body == nullptr || !banner->originalHeader()->isEqualToString(header)) return;
-  banner->updateForContinuousNotification(body);
+  if (header != nullptr && body != nullptr) appendUpdate(self, header, body);
 }
 
 void handleReplacement(BannerController* self, NSDictionary* userInfo) {

@@ -44,7 +44,31 @@ void handleEndOfDragDownward(BannerController* self, BrimContainer* banner) {
   if (self->brimView()->enablePrivacy()) self->brimView()->showContent();
 }
 
+// Iterates over a copy, because each removal changes the view's list. The platform's list refers to some objects weakly
+// and contains nil for an object that was deallocated.
+void removeRecognizers(UIView* view, NSArray* recognizers) {
+  const objc::Ref<NSArray> copy = recognizers->copied();
+  for (NSUInteger index = 0; index < copy->count(); ++index)
+    if (auto* recognizer = objc::as<UIGestureRecognizer>(copy->objectAtIndex(index)))
+      view->removeGestureRecognizer(recognizer);
+}
+
+// Returns the recognizers that the view stores in its instance variable. If its class has no such variable, returns the
+// recognizers that the view reports.
+NSArray* recognizersInside(UIView* view) {
+  const id object = objc::detail::toId(view);
+  const Ivar variable = class_getInstanceVariable(object_getClass(object), "_gestureRecognizers");
+  return variable == nullptr ? view->gestureRecognizers() : objc::as<NSArray>(object_getIvar(object, variable));
+}
+
 }  // namespace
+
+void replaceGestureRecognizers(BannerController* controller, UIView* view, UIView* content, BrimContainer* banner) {
+  removeRecognizers(view, recognizersInside(view));
+  removeRecognizers(content, content->gestureRecognizers());
+  banner->addGestureRecognizer(UITapGestureRecognizer::withTarget(controller, objc::selector<"_handleTapOnView:">()));
+  banner->addGestureRecognizer(UIPanGestureRecognizer::withTarget(controller, objc::selector<"panGestureHandler:">()));
+}
 
 void handleTap(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self, NSObject* view) {
   self->forceDismissNotification(nullptr);

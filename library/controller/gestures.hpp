@@ -6,6 +6,10 @@
 #include "library/controller/banner_controller.hpp"
 #include "objc/hook.hpp"
 
+// Removes the platform's gesture recognizers from the notification's view and its content, and adds the recognizers of
+// the controller to the banner.
+void replaceGestureRecognizers(BannerController* controller, UIView* view, UIView* content, BrimContainer* banner);
+
 // Hook. A tap on the banner dismisses it and then opens the application.
 void handleTap(objc::Original<void(BannerController*, NSObject*)> original, BannerController* self, NSObject* view);
 

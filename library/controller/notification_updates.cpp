@@ -21,3 +21,9 @@ void attemptUpdateReply(NotificationController* self, NCNotificationViewControll
   postUpdate(header, body);
   self->attemptDelete();
 }
+
+void appendUpdate(BannerController* self, NSString* header, NSString* body) {
+  BrimContainer* banner = self->brimView();
+  if (banner == nullptr || !banner->canReply() || banner->headerLabel()->text() == nullptr) return;
+  if (banner->originalHeader()->isEqualToString(header)) banner->updateForContinuousNotification(body);
+}

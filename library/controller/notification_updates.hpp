@@ -12,3 +12,5 @@ void presentViewController(
 // Appends the body of the view's notification to the banner with the same header, and executes the clear action of the
 // controller's notification. Does nothing if the header or the body is nil.
 void attemptUpdateReply(NotificationController* self, NCNotificationViewControllerView* view);
+// Appends the body to the controller's banner if the banner can reply and its original header is equal to the header.
+void appendUpdate(BannerController* self, NSString* header, NSString* body);
