@@ -14,9 +14,12 @@ const composerToggle = element('toggle');
 const protocol = 'brim-phone';
 const maxRetryDelay = 4000;
 const maxTextLength = 8000;
+// A restart of the phone takes less time, in milliseconds.
+const statusDelay = 1200;
 
 let socket = null;
 let retryDelay = 500;
+let statusTimer = null;
 let ringFrame = null;
 
 function send(message) {
@@ -33,6 +36,11 @@ function showStatus(title, text) {
   document.body.classList.toggle('ended', title !== '');
 }
 
+function showEnd() {
+  showStatus('The phone has ended.',
+             'Start it again with ./brim run --browser. This page then connects again, or open the printed address.');
+}
+
 function connect() {
   const address = new URL('connection', location.href);
   address.protocol = 'ws:';
@@ -42,6 +50,8 @@ function connect() {
   connection.addEventListener('open', () => {
     socket = connection;
     retryDelay = 500;
+    clearTimeout(statusTimer);
+    statusTimer = null;
     showStatus('', '');
     finger = null;
     ringFrame = null;
@@ -57,8 +67,7 @@ function connect() {
   });
   connection.addEventListener('close', () => {
     socket = null;
-    showStatus('The phone has ended.',
-               'Start it again with ./brim run --browser. This page then connects again, or open the printed address.');
+    statusTimer ??= setTimeout(showEnd, statusDelay);
     setTimeout(connect, retryDelay);
     retryDelay = Math.min(2 * retryDelay, maxRetryDelay);
   });
@@ -101,10 +110,12 @@ async function showFrame(data) {
   }
 }
 
-// One pixel of the picture is one pixel of the display.
+// One pixel of the picture is one pixel of the display. Browsers can round positions to units of CSS, which consist of
+// whole pixels only if the density is an integer.
 function placeCanvas() {
   const density = window.devicePixelRatio;
-  const place = (space, side) => Math.round((space * density - side) / 2) / density;
+  const step = Number.isInteger(density) ? 1 : density;
+  const place = (space, side) => Math.round((space - side / density) / 2 * step) / step;
   canvas.style.width = `${canvas.width / density}px`;
   canvas.style.height = `${canvas.height / density}px`;
   canvas.style.left = `${place(stage.clientWidth, canvas.width)}px`;
