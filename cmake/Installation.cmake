@@ -5,7 +5,8 @@ set_target_properties(springboard messages phone_control PROPERTIES INSTALL_RPAT
 
 set(libraries simulator Brim transfers vcards web_server recorder)
 if(TARGET window)
-  list(APPEND libraries window)
+  list(APPEND libraries window web_page)
+  install(DIRECTORY ${CMAKE_BINARY_DIR}/share/brim/page DESTINATION share/brim PATTERN copied EXCLUDE)
 endif()
 install(TARGETS ${libraries} LIBRARY DESTINATION lib/brim)
 set_target_properties(${libraries} PROPERTIES INSTALL_RPATH $ORIGIN)

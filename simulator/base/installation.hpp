@@ -18,6 +18,7 @@ struct Installation {
   std::filesystem::path messages;       // the executable of the Messages app
   std::filesystem::path demonstration;  // the folder with the demonstration's files and web pages
   std::filesystem::path settingsPane;   // the bundle of the settings pane
+  std::filesystem::path page;           // the folder with the files of the web page
 };
 Installation installation();
 

@@ -41,10 +41,11 @@ void keepClocksCurrent() {
 
 // Returns null, with an error on standard error, if the window cannot be opened.
 std::unique_ptr<PhoneWindow> openWindow(WindowPlace place) {
+  const char* const plugin = place == WindowPlace::Desktop ? "window.so" : "web_page.so";
   const auto open =
-      reinterpret_cast<decltype(&brim_open_window)>(foundation::pluginFunction("window.so", "brim_open_window"));
+      reinterpret_cast<decltype(&brim_open_window)>(foundation::pluginFunction(plugin, "brim_open_window"));
   if (open == nullptr) return nullptr;
-  return std::unique_ptr<PhoneWindow>(open(place));
+  return std::unique_ptr<PhoneWindow>(open());
 }
 
 bool hasLostDisplay(const PhoneWindow* window) {

@@ -1,4 +1,5 @@
-// The interface of the window plugin. The simulator looks up this function by name.
+// The interface of the plugins that display the phone: window, for the desktop, and web_page, for a browser. The
+// simulator looks up this function by name.
 #pragma once
 
 #include <string>
@@ -20,7 +21,7 @@ class PhoneWindow {
   virtual ~PhoneWindow() = default;
 
   // DisplayLost means that the connection to the display server has ended. A window that is no longer open has
-  // requested the termination of the process.
+  // requested the termination of the process. A page is always open.
   virtual WindowState state() const = 0;
   // The address of the page. Empty for a window of the desktop.
   virtual std::string address() const = 0;
@@ -28,6 +29,7 @@ class PhoneWindow {
 
 }  // namespace runner
 
-// Opens the window of the phone, which must be running. A process can open only one window. Returns null, with an error
-// on standard error, if no display is available or the page cannot be served. The caller owns the window.
-extern "C" runner::PhoneWindow* brim_open_window(runner::WindowPlace place);
+// Opens the window of the phone, or serves its page. The phone must be running. A process can open only one window or
+// page. Returns null, with an error on standard error, if no display or no port is available. The caller owns the
+// window.
+extern "C" runner::PhoneWindow* brim_open_window();

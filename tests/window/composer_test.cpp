@@ -1,5 +1,5 @@
 // Tests of the commands that the composer builds.
-#include "simulator/plugins/window/composer_commands.hpp"
+#include "simulator/plugins/phone_display/composer_commands.hpp"
 
 #include <algorithm>
 
@@ -7,11 +7,11 @@
 
 namespace {
 
+using phone_display::ComposerFields;
+using phone_display::Json;
+using phone_display::Persistence;
+using phone_display::Preset;
 using test::PlainPhone;
-using window::ComposerFields;
-using window::Json;
-using window::Persistence;
-using window::Preset;
 
 const Preset& presetNamed(const std::vector<Preset>& presets, const std::string& name) {
   return *std::ranges::find(presets, name, &Preset::name);
@@ -19,8 +19,8 @@ const Preset& presetNamed(const std::vector<Preset>& presets, const std::string&
 
 TEST(Composer, EachPresetPresentsItsBanner) {
   PlainPhone phone;
-  for (const Preset& preset : window::presets()) {
-    for (const window::PresetStep& step : preset.steps) {
+  for (const Preset& preset : phone_display::presets()) {
+    for (const phone_display::PresetStep& step : preset.steps) {
       phone.run(step.command);
       const Json latest = phone.run("notifications").at("notifications").at(0);
       EXPECT_EQ(latest.at("section"), step.command.at("section")) << preset.name;
@@ -30,7 +30,7 @@ TEST(Composer, EachPresetPresentsItsBanner) {
 }
 
 TEST(Composer, SequencesHaveTheirLengthsAndOrder) {
-  const std::vector<Preset> presets = window::presets();
+  const std::vector<Preset> presets = phone_display::presets();
   const Preset& conversation = presetNamed(presets, "Conversation of five messages");
   EXPECT_EQ(conversation.steps.size(), 5U);
   EXPECT_EQ(presetNamed(presets, "Burst of twenty").steps.size(), 20U);
@@ -41,9 +41,9 @@ TEST(Composer, SequencesHaveTheirLengthsAndOrder) {
 }
 
 TEST(Composer, FieldsFilledFromAPresetSendTheSameNotification) {
-  for (const Preset& preset : window::presets()) {
+  for (const Preset& preset : phone_display::presets()) {
     const Json& command = preset.steps.front().command;
-    Json sent = window::commandOf(window::fieldsOf(command));
+    Json sent = phone_display::commandOf(phone_display::fieldsOf(command));
     EXPECT_EQ(sent.at("dismissAutomatically"), command.value("dismissAutomatically", true));
     if (!command.contains("dismissAutomatically")) sent.erase("dismissAutomatically");
     EXPECT_EQ(nlohmann::json(sent), nlohmann::json(command));
@@ -57,7 +57,7 @@ TEST(Composer, FieldsBecomeMembersOfTheCommand) {
                                  .text = "Hello",
                                  .actions = " Archive ,, Answer… ",
                                  .persistence = Persistence::Persistent};
-  const Json command = window::commandOf(fields);
+  const Json command = phone_display::commandOf(fields);
   phone.run(command);
   EXPECT_FALSE(command.contains("subtitle"));
   EXPECT_EQ(command.at("dismissAutomatically"), false);
@@ -69,16 +69,17 @@ TEST(Composer, FieldsBecomeMembersOfTheCommand) {
 }
 
 TEST(Composer, AnotherApplicationDoesNotReceiveTheUserInfoOfThePreset) {
-  ComposerFields fields = window::fieldsOf(presetNamed(window::presets(), "Telegram").steps.front().command);
-  ASSERT_TRUE(window::commandOf(fields).contains("userInfo"));
+  ComposerFields fields =
+      phone_display::fieldsOf(presetNamed(phone_display::presets(), "Telegram").steps.front().command);
+  ASSERT_TRUE(phone_display::commandOf(fields).contains("userInfo"));
   fields.application = "com.apple.mobilemail";
-  EXPECT_FALSE(window::commandOf(fields).contains("userInfo"));
+  EXPECT_FALSE(phone_display::commandOf(fields).contains("userInfo"));
 }
 
 TEST(Composer, UnreadablePictureIsAnError) {
   PlainPhone phone;
   const ComposerFields fields = {.application = "com.apple.mobilemail", .picture = "/missing.png"};
-  EXPECT_EQ(phone.answer(window::commandOf(fields)).at("ok"), false);
+  EXPECT_EQ(phone.answer(phone_display::commandOf(fields)).at("ok"), false);
 }
 
 }  // namespace

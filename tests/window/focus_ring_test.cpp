@@ -1,15 +1,15 @@
 // Tests of the movements of the keyboard focus.
-#include "simulator/plugins/window/focus_ring.hpp"
+#include "simulator/plugins/phone_display/focus_ring.hpp"
 
 #include <gtest/gtest.h>
 
 namespace {
 
+using phone_display::Elements;
+using phone_display::FocusMove;
+using phone_display::FocusRing;
 using uikit::AccessibleElement;
 using uikit::AccessibleRole;
-using window::Elements;
-using window::FocusMove;
-using window::FocusRing;
 
 AccessibleElement makeElement(std::uint64_t identifier, CGPoint origin, AccessibleRole role = AccessibleRole::Button) {
   AccessibleElement element;

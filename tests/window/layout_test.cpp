@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "simulator/plugins/window/window_layout.hpp"
+#include "simulator/plugins/phone_display/window_layout.hpp"
 
 namespace {
 
-using window::layOut;
-using window::WindowLayout;
+using phone_display::layOut;
+using phone_display::WindowLayout;
 
 class Layout : public testing::TestWithParam<std::string> {
  protected:
@@ -39,7 +39,7 @@ TEST_P(Layout, KeepsTheProportionsOfTheScreen) {
 TEST_P(Layout, ShowsTheWholePhoneInTheMiddle) {
   for (const auto& [width, height] : sizes) {
     const WindowLayout layout = layOut(device, width, height);
-    const window::PhoneBody body = window::bodyOf(device);
+    const phone_display::PhoneBody body = phone_display::bodyOf(device);
     EXPECT_GT(layout.screen.x, body.sideBezel * layout.scale);
     EXPECT_GT(layout.screen.y, body.endBezel * layout.scale);
     EXPECT_NEAR(width - layout.screen.x - layout.screen.width, layout.screen.x, 1);
@@ -48,7 +48,7 @@ TEST_P(Layout, ShowsTheWholePhoneInTheMiddle) {
 }
 
 TEST_P(Layout, UsesTheWholeWidthOrHeight) {
-  const drawing::Size needed = window::windowSize(device);
+  const drawing::Size needed = phone_display::windowSize(device);
   for (const auto& [width, height] : sizes) {
     const WindowLayout layout = layOut(device, width, height);
     const double next = (layout.screen.width + 1.0) / device.screen.width;
@@ -58,34 +58,37 @@ TEST_P(Layout, UsesTheWholeWidthOrHeight) {
 
 TEST_P(Layout, ConvertsPixelsToPoints) {
   const WindowLayout layout = layOut(device, 1500, 700);
-  const CGPoint origin = window::screenPoint(layout, layout.screen.x, layout.screen.y);
+  const CGPoint origin = phone_display::screenPoint(layout, layout.screen.x, layout.screen.y);
   EXPECT_EQ(origin.x, 0);
   EXPECT_EQ(origin.y, 0);
-  EXPECT_NEAR(window::screenPoint(layout, layout.screen.x + layout.screen.width, 0).x, device.screen.width, 1e-9);
+  EXPECT_NEAR(phone_display::screenPoint(layout, layout.screen.x + layout.screen.width, 0).x, device.screen.width,
+              1e-9);
 }
 
 TEST_P(Layout, HasASideButtonAtTheRightEdgeOfTheBody) {
-  const window::PhoneBody body = window::bodyOf(device);
+  const phone_display::PhoneBody body = phone_display::bodyOf(device);
   const double edge = device.screen.width + body.sideBezel;
-  const double middle = window::sideButton.top + window::sideButton.height / 2 - body.endBezel;
-  EXPECT_EQ(window::buttonAt(device, {edge, middle}), window::BodyButton::Side);
-  EXPECT_EQ(window::buttonAt(device, {edge, middle - window::sideButton.height}), window::BodyButton::None);
-  EXPECT_EQ(window::buttonAt(device, {-body.sideBezel, middle}), window::BodyButton::None);
+  const double middle = phone_display::sideButton.top + phone_display::sideButton.height / 2 - body.endBezel;
+  EXPECT_EQ(phone_display::buttonAt(device, {edge, middle}), phone_display::BodyButton::Side);
+  EXPECT_EQ(phone_display::buttonAt(device, {edge, middle - phone_display::sideButton.height}),
+            phone_display::BodyButton::None);
+  EXPECT_EQ(phone_display::buttonAt(device, {-body.sideBezel, middle}), phone_display::BodyButton::None);
 }
 
 TEST(PhoneBody, OnlyDevicesWithAHomeButtonHaveItBelowTheScreen) {
   const base::DeviceProfile& device = *base::findDeviceProfile("iphone-8");
-  const CGPoint middle = {device.screen.width / 2, device.screen.height + window::bodyOf(device).endBezel / 2};
-  EXPECT_EQ(window::buttonAt(device, middle), window::BodyButton::Home);
-  EXPECT_EQ(window::buttonAt(device, {middle.x + window::homeButtonDiameter, middle.y}), window::BodyButton::None);
+  const CGPoint middle = {device.screen.width / 2, device.screen.height + phone_display::bodyOf(device).endBezel / 2};
+  EXPECT_EQ(phone_display::buttonAt(device, middle), phone_display::BodyButton::Home);
+  EXPECT_EQ(phone_display::buttonAt(device, {middle.x + phone_display::homeButtonDiameter, middle.y}),
+            phone_display::BodyButton::None);
   const base::DeviceProfile& rounded = *base::findDeviceProfile("iphone-x");
-  const CGPoint below = {rounded.screen.width / 2, rounded.screen.height + window::bodyOf(rounded).endBezel / 2};
-  EXPECT_EQ(window::buttonAt(rounded, below), window::BodyButton::None);
+  const CGPoint below = {rounded.screen.width / 2, rounded.screen.height + phone_display::bodyOf(rounded).endBezel / 2};
+  EXPECT_EQ(phone_display::buttonAt(rounded, below), phone_display::BodyButton::None);
 }
 
 TEST(PhoneBody, OnlySomeDevicesHaveRoundedCorners) {
-  EXPECT_GT(window::bodyOf(*base::findDeviceProfile("iphone-x")).screenRadius, 0);
-  EXPECT_EQ(window::bodyOf(*base::findDeviceProfile("iphone-8")).screenRadius, 0);
+  EXPECT_GT(phone_display::bodyOf(*base::findDeviceProfile("iphone-x")).screenRadius, 0);
+  EXPECT_EQ(phone_display::bodyOf(*base::findDeviceProfile("iphone-8")).screenRadius, 0);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "tests/window/window_phone.hpp"
 
 #include <cairo.h>
-#include <sys/socket.h>
 
 #include <algorithm>
 #include <cmath>
@@ -10,11 +9,7 @@
 #include <iterator>
 #include <memory>
 #include <stdexcept>
-#include <thread>
 #include <vector>
-
-#include "simulator/foundation/local_socket.hpp"
-#include "simulator/process/control_socket.hpp"
 
 namespace test {
 
@@ -28,29 +23,12 @@ using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy
 // The side, in points, of the square in which the bezel covers a rounded corner.
 constexpr double cornerExtent = 1.6;
 
-bool containsText(const json& node, const std::string& text) {
-  if (node.is_object() && node.value("text", json()) == text) return true;
-  if (!node.is_structured()) return false;
-  for (const json& child : node)
-    if (containsText(child, text)) return true;
-  return false;
-}
-
 std::string contentsOf(const fs::path& file) {
   std::ifstream stream(file);
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 }  // namespace
-
-bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit) {
-  const auto end = std::chrono::steady_clock::now() + limit;
-  while (std::chrono::steady_clock::now() < end) {
-    if (condition()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
-  return condition();
-}
 
 WindowPhone::WindowPhone(const std::string& deviceName)
     : device(*base::findDeviceProfile(deviceName)),
@@ -59,22 +37,7 @@ WindowPhone::WindowPhone(const std::string& deviceName)
     throw std::runtime_error("the window did not open");
 }
 
-json WindowPhone::tell(const json& command) const {
-  const fs::path control = process::controlFolder(folder.path() / "root");
-  foundation::FileDescriptor socket;
-  eventually([&] {
-    socket = foundation::connectIn(control, process::controlSocket);
-    return socket.isOpen();
-  });
-  if (!foundation::sendAll(socket, command.dump() + "\n")) throw std::runtime_error("the phone accepts no command");
-  std::string answer;
-  for (char buffer[4096]; answer.find('\n') == std::string::npos;) {
-    const ssize_t size = recv(socket.get(), buffer, sizeof buffer, 0);
-    if (size <= 0) throw std::runtime_error("the phone has not answered");
-    answer.append(buffer, static_cast<std::size_t>(size));
-  }
-  return json::parse(answer);
-}
+json WindowPhone::tell(const json& command) const { return test::tell(folder.path() / "root", command); }
 
 int WindowPhone::showBanner(const std::string& section) const {
   const json answer = tell({{"do", "present"},
@@ -89,17 +52,15 @@ int WindowPhone::showBanner(const std::string& section) const {
 
 json WindowPhone::state(int controller) const { return tell({{"do", "state"}, {"controller", controller}}); }
 
-bool WindowPhone::showsText(const std::string& text) const {
-  return containsText(tell({{"do", "tree"}})["windows"], text);
-}
+bool WindowPhone::showsText(const std::string& text) const { return test::showsText(folder.path() / "root", text); }
 
-window::WindowLayout WindowPhone::layout() const {
+phone_display::WindowLayout WindowPhone::layout() const {
   const WindowSize size = display.sizeOf(window);
-  return window::layOut(device, size.width, size.height);
+  return phone_display::layOut(device, size.width, size.height);
 }
 
 bool WindowPhone::showsScreen() const {
-  const window::WindowLayout layout = this->layout();
+  const phone_display::WindowLayout layout = this->layout();
   const std::vector<std::uint32_t> shown = display.pixelsOf(window);
   const fs::path file = folder.path() / "screen.png";
   tell({{"do", "screenshot"}, {"path", file}, {"scale", layout.scale}});
@@ -107,7 +68,7 @@ bool WindowPhone::showsScreen() const {
   const int width = cairo_image_surface_get_width(picture.get());
   const int height = cairo_image_surface_get_height(picture.get());
   if (width != layout.screen.width || height != layout.screen.height || shown.empty()) return false;
-  const double corner = cornerExtent * window::bodyOf(device).screenRadius * layout.scale;
+  const double corner = cornerExtent * phone_display::bodyOf(device).screenRadius * layout.scale;
   const unsigned char* const bytes = cairo_image_surface_get_data(picture.get());
   for (int y = 0; y < height; ++y) {
     const auto* row = reinterpret_cast<const std::uint32_t*>(bytes + y * cairo_image_surface_get_stride(picture.get()));
@@ -122,7 +83,7 @@ bool WindowPhone::showsScreen() const {
 
 void WindowPhone::pressAndDrag(CGPoint from, CGPoint by) const {
   constexpr int steps = 10;
-  const window::WindowLayout place = layout();
+  const phone_display::WindowLayout place = layout();
   const auto position = [&](double fraction) {
     return std::to_string(std::lround(place.screen.x + (from.x + by.x * fraction) * place.scale)) + " " +
            std::to_string(std::lround(place.screen.y + (from.y + by.y * fraction) * place.scale)) + " ";

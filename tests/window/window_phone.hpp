@@ -1,22 +1,18 @@
 // A live phone with a window, in a separate process on a virtual display.
 #pragma once
 
-#include <chrono>
-#include <functional>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 
 #include "simulator/base/device_profiles.hpp"
-#include "simulator/plugins/window/window_layout.hpp"
+#include "simulator/plugins/phone_display/window_layout.hpp"
 #include "tests/support/child_process.hpp"
 #include "tests/support/temporary_folder.hpp"
+#include "tests/window/live_phone.hpp"
 #include "tests/window/virtual_display.hpp"
 
 namespace test {
-
-// Returns whether the condition becomes true within the time.
-bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit = std::chrono::seconds(30));
 
 class WindowPhone {
  public:
@@ -43,7 +39,7 @@ class WindowPhone {
   // The number of times that a thread of the phone has slept.
   long sleepCount() const;
 
-  window::WindowLayout layout() const;
+  phone_display::WindowLayout layout() const;
 
   VirtualDisplay display;
   const base::DeviceProfile& device;

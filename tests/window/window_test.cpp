@@ -56,7 +56,7 @@ TEST(Window, HasATitleAClassAndIcons) {
 TEST(Window, BezelCoversTheCornersOfTheScreen) {
   const WindowPhone phone;
   ASSERT_TRUE(eventually([&] { return phone.showsScreen(); }));
-  const window::WindowLayout layout = phone.layout();
+  const phone_display::WindowLayout layout = phone.layout();
   const auto pixels = phone.display.pixelsOf(phone.window);
   const auto pixel = [&](int x, int y) {
     return pixels[static_cast<std::size_t>((layout.screen.y + y) * layout.width + layout.screen.x + x)];

@@ -90,7 +90,7 @@ GtkWidget* makeEntry(const char* placeholder) {
 
 Composer::Composer(std::function<void()> whenChanged)
     : whenChanged_(std::move(whenChanged)),
-      presets_(presets()),
+      presets_(phone_display::presets()),
       panel_(makePanel()),
       contents_(makeContents()),
       preset_(gtk_combo_box_text_new()),
@@ -155,7 +155,7 @@ void Composer::addButton(const char* label, GCallback action) {
 }
 
 void Composer::fill(const Json& command) {
-  const ComposerFields filled = fieldsOf(command);
+  const ComposerFields filled = phone_display::fieldsOf(command);
   base_ = filled.base;
   gtk_combo_box_set_active_id(GTK_COMBO_BOX(application_), filled.application.c_str());
   setEntryText(title_, filled.title);
@@ -164,7 +164,7 @@ void Composer::fill(const Json& command) {
   setEntryText(actions_, filled.actions);
   gtk_file_chooser_unselect_all(GTK_FILE_CHOOSER(picture_));
   gtk_toggle_button_set_active(GTK_TOGGLE_BUTTON(persistence_),
-                               filled.persistence == Persistence::Persistent ? TRUE : FALSE);
+                               filled.persistence == phone_display::Persistence::Persistent ? TRUE : FALSE);
 }
 
 ComposerFields Composer::fields() const {
@@ -176,17 +176,18 @@ ComposerFields Composer::fields() const {
           .text = viewText(text_),
           .actions = entryText(actions_),
           .picture = stringOf(gtk_file_chooser_get_filename(GTK_FILE_CHOOSER(picture_))),
-          .persistence = isPersistent ? Persistence::Persistent : Persistence::Temporary,
+          .persistence = isPersistent ? phone_display::Persistence::Persistent : phone_display::Persistence::Temporary,
           .base = base_};
 }
 
 void Composer::playPreset() {
   const int index = gtk_combo_box_get_active(GTK_COMBO_BOX(preset_));
   if (index < 0) return;
-  for (const PresetStep& step : presets_[static_cast<std::size_t>(index)].steps) schedule(step.seconds, step.command);
+  for (const phone_display::PresetStep& step : presets_[static_cast<std::size_t>(index)].steps)
+    schedule(step.seconds, step.command);
 }
 
-void Composer::send() { schedule(0, commandOf(fields())); }
+void Composer::send() { schedule(0, phone_display::commandOf(fields())); }
 
 // The phone executes the command in its main queue, because a command can run the run loop, which a callback of GTK
 // must not do.

@@ -7,9 +7,13 @@
 #include <functional>
 #include <memory>
 
-#include "simulator/plugins/window/composer_commands.hpp"
+#include "simulator/plugins/phone_display/composer_commands.hpp"
 
 namespace window {
+
+using phone_display::ComposerFields;
+using phone_display::Json;
+using phone_display::Preset;
 
 class Composer {
  public:

@@ -4,12 +4,7 @@
 #include <gdk/gdkwayland.h>
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <string_view>
 #include <utility>
 
 namespace window {
@@ -27,24 +22,6 @@ int ignoreError(Display*) { return 0; }
 // Xlib then calls this function. The functions of Xlib fail from now on.
 void reportError(Display*, void*) { errorObserver()(); }
 
-bool isConnectionToWebPage(int descriptor) {
-  sockaddr_un peer = {};
-  socklen_t size = sizeof peer;
-  if (getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) != 0 || peer.sun_family != AF_UNIX)
-    return false;
-  return std::string_view(peer.sun_path, sizeof peer.sun_path).find("/broadway") != std::string_view::npos;
-}
-
-// Searches the open descriptors, because GTK provides no function that returns this connection.
-int connectionToWebPage() {
-  std::error_code error;
-  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", error)) {
-    const int descriptor = std::atoi(entry.path().filename().c_str());
-    if (isConnectionToWebPage(descriptor)) return descriptor;
-  }
-  return -1;
-}
-
 }  // namespace
 
 bool connectToDisplay() {
@@ -56,14 +33,14 @@ bool connectToDisplay() {
   g_setenv("NO_AT_BRIDGE", "1", FALSE);
   // The class of the window on X11, and its application identifier on Wayland.
   g_set_prgname("brim");
+  gdk_set_allowed_backends("wayland,x11");
   return gtk_init_check(nullptr, nullptr) != FALSE;
 }
 
 int displayDescriptor() {
   GdkDisplay* const display = gdk_display_get_default();
   if (GDK_IS_X11_DISPLAY(display)) return ConnectionNumber(gdk_x11_display_get_xdisplay(display));
-  if (GDK_IS_WAYLAND_DISPLAY(display)) return wl_display_get_fd(gdk_wayland_display_get_wl_display(display));
-  return connectionToWebPage();
+  return wl_display_get_fd(gdk_wayland_display_get_wl_display(display));
 }
 
 void observeDisplayErrors(std::function<void()> observer) {

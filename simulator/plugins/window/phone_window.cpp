@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "simulator/drawing/cairo_handles.hpp"
+#include "simulator/plugins/phone_display/phone_drawing.hpp"
 #include "simulator/plugins/window/display.hpp"
-#include "simulator/plugins/window/phone_drawing.hpp"
 #include "simulator/process/signals.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
@@ -34,7 +34,7 @@ void setIcons(GtkWindow* window) {
   for (const int side : {32, 64, 128}) {
     const drawing::SurfaceHandle picture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, side, side));
     const drawing::ContextHandle context(cairo_create(picture.get()));
-    drawIcon(context.get(), side);
+    phone_display::drawIcon(context.get(), side);
     icons = g_list_append(icons, gdk_pixbuf_get_from_surface(picture.get(), 0, 0, side, side));
   }
   gtk_window_set_icon_list(window, icons);
@@ -43,9 +43,8 @@ void setIcons(GtkWindow* window) {
 
 }  // namespace
 
-PhoneWindow::PhoneWindow(std::unique_ptr<WebPage> page)
-    : page_(std::move(page)),
-      device_(uikit::environment().device),
+PhoneWindow::PhoneWindow()
+    : device_(uikit::environment().device),
       window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)),
       area_(makePhoneArea()),
       access_(area_, [this](const CGRect& points) { return areaRectangle(points); }),
@@ -63,7 +62,6 @@ PhoneWindow::PhoneWindow(std::unique_ptr<WebPage> page)
   gtk_widget_set_app_paintable(area_, TRUE);
   connectSignals();
   setInitialSize();
-  if (page_ != nullptr) fillPage();
   gtk_widget_grab_focus(area_);
   composer_.showIfWide();
   gtk_widget_show_all(window_);
@@ -105,7 +103,7 @@ void PhoneWindow::connectSignals() {
 // One point of the phone is one unit of the desktop if the desktop is large enough.
 void PhoneWindow::setInitialSize() {
   constexpr int minWidth = 160;
-  const drawing::Size size = windowSize(device_);
+  const drawing::Size size = phone_display::windowSize(device_);
   const int height = desktopHeight();
   const double scale = height > 0 ? std::min(1.0, height * maxPartOfDesktop / size.height) : 1.0;
   gtk_window_set_default_size(GTK_WINDOW(window_), static_cast<int>(std::ceil(size.width * scale)),
@@ -113,17 +111,12 @@ void PhoneWindow::setInitialSize() {
   gtk_widget_set_size_request(area_, minWidth, static_cast<int>(minWidth * size.height / size.width));
 }
 
-void PhoneWindow::fillPage() {
-  gtk_window_set_decorated(GTK_WINDOW(window_), FALSE);
-  gtk_window_maximize(GTK_WINDOW(window_));
-}
-
 void PhoneWindow::updateLayout() {
   const int factor = pixelsPerUnit();
   const int width = gtk_widget_get_allocated_width(area_) * factor;
   const int height = gtk_widget_get_allocated_height(area_) * factor;
   if (layout_.width == width && layout_.height == height) return;
-  layout_ = layOut(device_, width, height);
+  layout_ = phone_display::layOut(device_, width, height);
   picture_.update(layout_.scale);
   gtk_widget_queue_draw(area_);
 }
@@ -140,8 +133,11 @@ void PhoneWindow::draw(cairo_t* context) {
   GdkRectangle visible = {};
   const bool isInsideScreen = gdk_rectangle_intersect(&clip, &screenRectangle, &visible) != FALSE &&
                               gdk_rectangle_equal(&visible, &clip) != FALSE;
-  if (!isInsideScreen) drawBody(context, device_, layout_);
-  drawScreen(context, device_, layout_, picture_.canvas()->surface());
+  if (!isInsideScreen) {
+    phone_display::drawBackground(context, layout_);
+    phone_display::drawBody(context, device_, layout_);
+  }
+  phone_display::drawScreen(context, device_, layout_, picture_.canvas()->surface());
   cairo_restore(context);
   access_.drawRing(context);
 }
@@ -173,7 +169,7 @@ void PhoneWindow::queueDraw(const cairo_region_t* pixels) {
 
 CGPoint PhoneWindow::screenPoint(double x, double y) const {
   const int factor = pixelsPerUnit();
-  return window::screenPoint(layout_, x * factor, y * factor);
+  return phone_display::screenPoint(layout_, x * factor, y * factor);
 }
 
 GdkRectangle PhoneWindow::areaRectangle(const CGRect& points) const {
@@ -186,13 +182,8 @@ GdkRectangle PhoneWindow::areaRectangle(const CGRect& points) const {
 
 }  // namespace window
 
-runner::PhoneWindow* brim_open_window(runner::WindowPlace place) {
-  std::unique_ptr<window::WebPage> page;
-  if (place == runner::WindowPlace::WebPage) {
-    page = std::make_unique<window::WebPage>();
-    if (!page->isOpen()) return nullptr;
-  }
-  if (window::connectToDisplay()) return new window::PhoneWindow(std::move(page));
+runner::PhoneWindow* brim_open_window() {
+  if (window::connectToDisplay()) return new window::PhoneWindow;
   std::fputs(
       "springboard: no display is available for the window; run this command in a graphical session, which sets "
       "DISPLAY or WAYLAND_DISPLAY, replace --window by --browser, or omit it and take pictures with the command "

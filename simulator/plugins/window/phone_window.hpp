@@ -3,16 +3,14 @@
 
 #include <gtk/gtk.h>
 
-#include <memory>
 #include <string>
 
+#include "simulator/plugins/phone_display/main_context.hpp"
+#include "simulator/plugins/phone_display/window_layout.hpp"
 #include "simulator/plugins/window/composer_panel.hpp"
 #include "simulator/plugins/window/keyboard_input.hpp"
-#include "simulator/plugins/window/main_context.hpp"
 #include "simulator/plugins/window/pointer_input.hpp"
 #include "simulator/plugins/window/screen_access.hpp"
-#include "simulator/plugins/window/web_page.hpp"
-#include "simulator/plugins/window/window_layout.hpp"
 #include "simulator/runner/window_plugin.hpp"
 #include "simulator/uikit/rendering/display_link.hpp"
 #include "simulator/uikit/rendering/renderer.hpp"
@@ -21,20 +19,19 @@ namespace window {
 
 class PhoneWindow final : public runner::PhoneWindow {
  public:
-  // Opens the window. GTK must be connected to a display. The window fills the page, if there is one.
-  explicit PhoneWindow(std::unique_ptr<WebPage> page);
+  // Opens the window. GTK must be connected to a display.
+  PhoneWindow();
   PhoneWindow(const PhoneWindow&) = delete;
   PhoneWindow& operator=(const PhoneWindow&) = delete;
   ~PhoneWindow() override;
 
   runner::WindowState state() const override { return state_; }
-  std::string address() const override { return page_ == nullptr ? "" : page_->address(); }
+  std::string address() const override { return ""; }
 
  private:
   void end(runner::WindowState state);
   void connectSignals();
   void setInitialSize();
-  void fillPage();
   void updateLayout();
   void draw(cairo_t* context);
   // Redraws the pixels that have changed.
@@ -45,20 +42,18 @@ class PhoneWindow final : public runner::PhoneWindow {
   GdkRectangle areaRectangle(const CGRect& points) const;
   int pixelsPerUnit() const { return gtk_widget_get_scale_factor(area_); }
 
-  // Null for a window of the desktop. The server ends after the connection.
-  std::unique_ptr<WebPage> page_;
   const base::DeviceProfile& device_;
   GtkWidget* window_;
   // The part of the window inside its decorations.
   GtkWidget* area_;
-  WindowLayout layout_;
+  phone_display::WindowLayout layout_;
   uikit::ScreenPicture picture_;
   runner::WindowState state_ = runner::WindowState::Open;
   ScreenAccess access_;
   PointerInput pointer_;
   KeyboardInput keyboard_;
   ComposerPanel composer_;
-  MainContext mainContext_;
+  phone_display::MainContext mainContext_;
   uikit::DisplayLink displayLink_;
 };
 

@@ -14,6 +14,8 @@ namespace window {
 
 namespace {
 
+using phone_display::FocusMove;
+
 // The ring is drawn around the element, in units of the area.
 constexpr double ringDistance = 2;
 constexpr double ringWidth = 3;

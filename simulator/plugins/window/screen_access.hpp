@@ -7,11 +7,14 @@
 #include <map>
 #include <optional>
 
+#include "simulator/plugins/phone_display/focus_ring.hpp"
 #include "simulator/plugins/window/accessibility_bus.hpp"
 #include "simulator/plugins/window/element_object.hpp"
-#include "simulator/plugins/window/focus_ring.hpp"
 
 namespace window {
+
+using phone_display::Elements;
+using phone_display::FocusRing;
 
 // Creates the widget that shows the phone. Its accessible children are the elements of the screen.
 GtkWidget* makePhoneArea();

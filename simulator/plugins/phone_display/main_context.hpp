@@ -1,4 +1,4 @@
-// Runs GLib's default main context, and with it GTK, in the run loop of the main thread. Main thread.
+// Runs GLib's default main context, and with it GTK or the web server, in the run loop of the main thread. Main thread.
 #pragma once
 
 #include <glib.h>
@@ -8,20 +8,23 @@
 
 #include "simulator/foundation/descriptor.hpp"
 
-namespace window {
+namespace phone_display {
 
 class MainContext {
  public:
+  static constexpr int noDisplay = -1;
+
   // Dispatches the events of the context from now on. `displayDescriptor` is the socket of the connection to the
   // display server. When the server closes this socket, the context is no longer dispatched, and `whenDisplayLost` is
-  // called once.
+  // called once. A phone without a display server passes noDisplay.
   MainContext(int displayDescriptor, std::function<void()> whenDisplayLost);
   MainContext(const MainContext&) = delete;
   MainContext& operator=(const MainContext&) = delete;
   ~MainContext();
 
-  // Dispatches the events that are due. Call this after each use of GTK outside of its callbacks, because it can
-  // have added a source to the context without waking it. Must not be called in a callback of GTK.
+  // Dispatches the events that are due. Call this after each use of a library of GLib outside of its callbacks,
+  // because the library can have added a source to the context without waking it. Must not be called in such a
+  // callback.
   void dispatch();
   // Stops dispatching because the connection to the display server has failed.
   void loseDisplay();
@@ -44,4 +47,4 @@ class MainContext {
   bool isDisplayLost_ = false;
 };
 
-}  // namespace window
+}  // namespace phone_display

@@ -1,9 +1,9 @@
-#include "simulator/plugins/window/focus_ring.hpp"
+#include "simulator/plugins/phone_display/focus_ring.hpp"
 
 #include <algorithm>
 #include <cmath>
 
-namespace window {
+namespace phone_display {
 
 namespace {
 
@@ -85,4 +85,4 @@ const AccessibleElement* FocusRing::find(const Elements& elements) const {
   return found == elements.end() ? nullptr : &*found;
 }
 
-}  // namespace window
+}  // namespace phone_display

@@ -1,4 +1,4 @@
-#include "simulator/plugins/window/main_context.hpp"
+#include "simulator/plugins/phone_display/main_context.hpp"
 
 #include <poll.h>
 #include <sys/epoll.h>
@@ -12,7 +12,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/run_loop.hpp"
 
-namespace window {
+namespace phone_display {
 
 namespace {
 
@@ -120,4 +120,4 @@ void MainContext::setTimer(int milliseconds) {
   timerfd_settime(timer_.get(), 0, &setting, nullptr);
 }
 
-}  // namespace window
+}  // namespace phone_display

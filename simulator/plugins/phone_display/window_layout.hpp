@@ -5,7 +5,7 @@
 #include "simulator/drawing/geometry.hpp"
 #include "simulator/drawing/pixel_rectangle.hpp"
 
-namespace window {
+namespace phone_display {
 
 // The body of a phone, in points of its screen.
 struct PhoneBody {
@@ -50,4 +50,4 @@ WindowLayout layOut(const base::DeviceProfile& device, int width, int height);
 // Converts a position in pixels of the window to a point of the phone's screen. The point can be outside the screen.
 CGPoint screenPoint(const WindowLayout& layout, double x, double y);
 
-}  // namespace window
+}  // namespace phone_display

@@ -3,11 +3,16 @@
 
 #include <cairo.h>
 
-#include "simulator/plugins/window/window_layout.hpp"
+#include "simulator/plugins/phone_display/window_layout.hpp"
 
-namespace window {
+namespace phone_display {
 
-// Draws the background and the body of the phone. The units of the context are pixels of the window.
+// In all functions with a layout, the units of the context are pixels of the window.
+
+// Fills the window with the background.
+void drawBackground(cairo_t* context, const WindowLayout& layout);
+
+// Draws the body of the phone and its shadow.
 void drawBody(cairo_t* context, const base::DeviceProfile& device, const WindowLayout& layout);
 
 // Draws the picture of the screen, with the corners of the device.
@@ -17,4 +22,4 @@ void drawScreen(cairo_t* context, const base::DeviceProfile& device, const Windo
 // Draws the icon of the window: a phone with a banner, in a square with this side.
 void drawIcon(cairo_t* context, double side);
 
-}  // namespace window
+}  // namespace phone_display

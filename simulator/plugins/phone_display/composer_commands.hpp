@@ -6,7 +6,7 @@
 
 #include "simulator/runner/command_handlers.hpp"
 
-namespace window {
+namespace phone_display {
 
 using runner::Json;
 
@@ -44,4 +44,4 @@ struct Preset {
 // Returns the presets in the order of their menu.
 std::vector<Preset> presets();
 
-}  // namespace window
+}  // namespace phone_display

@@ -1,9 +1,9 @@
-#include "simulator/plugins/window/window_layout.hpp"
+#include "simulator/plugins/phone_display/window_layout.hpp"
 
 #include <algorithm>
 #include <cmath>
 
-namespace window {
+namespace phone_display {
 
 namespace {
 
@@ -59,4 +59,4 @@ CGPoint screenPoint(const WindowLayout& layout, double x, double y) {
   return {(x - layout.screen.x) / layout.scale, (y - layout.screen.y) / layout.scale};
 }
 
-}  // namespace window
+}  // namespace phone_display

@@ -1,4 +1,4 @@
-#include "simulator/plugins/window/composer_commands.hpp"
+#include "simulator/plugins/phone_display/composer_commands.hpp"
 
 #include <algorithm>
 #include <iterator>
@@ -7,7 +7,7 @@
 #include "simulator/runner/demonstration_data.hpp"
 #include "simulator/runner/demonstration_samples.hpp"
 
-namespace window {
+namespace phone_display {
 
 namespace {
 
@@ -142,4 +142,4 @@ std::vector<Preset> presets() {
   return all;
 }
 
-}  // namespace window
+}  // namespace phone_display

@@ -1,11 +1,11 @@
-#include "simulator/plugins/window/phone_drawing.hpp"
+#include "simulator/plugins/phone_display/phone_drawing.hpp"
 
 #include <numbers>
 
 #include "simulator/drawing/cairo_handles.hpp"
 #include "simulator/drawing/corner_path.hpp"
 
-namespace window {
+namespace phone_display {
 
 namespace {
 
@@ -32,14 +32,6 @@ void fill(cairo_t* context, const drawing::Rectangle& rectangle, double radius, 
   drawing::addRoundedRectangle(context, rectangle, {radius, drawing::CornerCurve::Continuous});
   setColor(context, color);
   cairo_fill(context);
-}
-
-void drawBackground(cairo_t* context, const WindowLayout& layout) {
-  const drawing::PatternHandle gradient(cairo_pattern_create_linear(0, 0, 0, layout.height));
-  addStop(gradient.get(), 0, backgroundTop);
-  addStop(gradient.get(), 1, backgroundBottom);
-  cairo_set_source(context, gradient.get());
-  cairo_paint(context);
 }
 
 // Draws the shadow as a stack of translucent shapes.
@@ -113,8 +105,15 @@ void usePoints(cairo_t* context, const WindowLayout& layout) {
 
 }  // namespace
 
+void drawBackground(cairo_t* context, const WindowLayout& layout) {
+  const drawing::PatternHandle gradient(cairo_pattern_create_linear(0, 0, 0, layout.height));
+  addStop(gradient.get(), 0, backgroundTop);
+  addStop(gradient.get(), 1, backgroundBottom);
+  cairo_set_source(context, gradient.get());
+  cairo_paint(context);
+}
+
 void drawBody(cairo_t* context, const base::DeviceProfile& device, const WindowLayout& layout) {
-  drawBackground(context, layout);
   const PhoneBody shape = bodyOf(device);
   const drawing::Rectangle body = bodyAround(device, shape);
   cairo_save(context);
@@ -174,4 +173,4 @@ void drawIcon(cairo_t* context, double side) {
   cairo_restore(context);
 }
 
-}  // namespace window
+}  // namespace phone_display

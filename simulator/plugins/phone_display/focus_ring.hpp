@@ -6,7 +6,7 @@
 
 #include "simulator/uikit/accessibility/accessible_element.hpp"
 
-namespace window {
+namespace phone_display {
 
 using Elements = std::vector<uikit::AccessibleElement>;
 
@@ -35,4 +35,4 @@ class FocusRing {
   std::uint64_t firstResponder_ = 0;
 };
 
-}  // namespace window
+}  // namespace phone_display

@@ -1,0 +1,96 @@
+// One open page: sends the phone's picture to a browser and delivers the input from it. Main thread.
+#pragma once
+
+#include <libsoup/soup.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "simulator/plugins/phone_display/finger_input.hpp"
+#include "simulator/plugins/phone_display/focus_ring.hpp"
+#include "simulator/plugins/web_page/object_handle.hpp"
+#include "simulator/plugins/web_page/page_messages.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
+
+namespace web_page {
+
+// The server sends frames as binary messages, and JSON objects with one of these members as text messages:
+//   device   the name of the phone
+//   ring     the frame [x,y,width,height] of the element with the keyboard focus, in multiples of the size of the
+//            picture; null if there is none
+//   error    the error of the last notification from the composer; empty if there was none
+// The page acknowledges each message after it has shown it. At most two messages are not acknowledged. Meanwhile, the
+// client stores no further messages: the next frame contains all changes since the last one, and each text message is
+// sent with its latest value.
+class PageClient {
+ public:
+  // Uses a connection that has received nothing. An invalid message closes it. Calls `whenChanged` when the connection
+  // has closed, and when a message is due outside of the callbacks of the connection; present() sends it. The function
+  // must not destroy the client. The finger must outlive this object.
+  PageClient(SoupWebsocketConnection* connection, phone_display::FingerInput& finger,
+             std::function<void()> whenChanged);
+  PageClient(const PageClient&) = delete;
+  PageClient& operator=(const PageClient&) = delete;
+  ~PageClient();
+
+  // Sends the changes of the screen, or remembers to send them later.
+  void present();
+  bool isClosed() const;
+  // Closes the connection because the phone ends.
+  void end();
+
+ private:
+  void receive(SoupWebsocketDataType type, GBytes* content);
+  void handle(const ShowMessage& message);
+  void handle(const AcknowledgeMessage& message);
+  void handle(const TouchMessage& message);
+  void handle(const TypeMessage& message);
+  void handle(const KeyMessage& message);
+  void handle(const PlayMessage& message);
+  void handle(const SendMessage& message);
+  // Closes the connection because of an invalid message.
+  void refuse(const char* reason, SoupWebsocketCloseCode code = SOUP_WEBSOCKET_CLOSE_POLICY_VIOLATION);
+
+  // Sends the messages that are due, until the page must acknowledge one.
+  void proceed();
+  // Returns whether a message was due.
+  bool sendNext();
+  bool sendFrame();
+  void sendText(const phone_display::Json& message);
+
+  void navigate(phone_display::FocusMove move);
+  // Activates the focused element. Returns false if there is none or if it receives the key itself.
+  bool activate();
+  void updateRing(const phone_display::Elements& elements);
+  phone_display::Json ringMessage() const;
+  // Executes the command on the main queue after this number of seconds.
+  void schedule(double seconds, const phone_display::Json& command);
+  void showError(const std::string& error);
+
+  ObjectHandle<SoupWebsocketConnection> connection_;
+  phone_display::FingerInput& finger_;
+  std::function<void()> whenChanged_;
+  phone_display::WindowLayout layout_;  // of the picture; without a width before the first ShowMessage
+  uikit::ScreenPicture picture_;
+  phone_display::FocusRing ring_;
+  std::optional<CGRect> ringFrame_;  // in points of the screen
+  std::string error_;
+  int unacknowledged_ = 0;
+  int scheduledCommands_ = 0;
+  bool isRefused_ = false;
+  bool isDeviceDue_ = true;
+  bool isRingDue_ = false;
+  bool isErrorDue_ = false;
+  bool isFrameDue_ = false;
+  bool isWholeFrameDue_ = false;
+  // Scheduled commands can outlive the client.
+  std::shared_ptr<bool> exists_ = std::make_shared<bool>(true);
+};
+
+// Returns the product name of a device, such as "iPhone X".
+std::string productName(std::string_view device);
+
+}  // namespace web_page

@@ -1,0 +1,65 @@
+// The messages that a page sends: JSON objects whose field `do` is the name of the message. They are untrusted input.
+// Any thread.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "simulator/plugins/phone_display/composer_commands.hpp"
+#include "simulator/uikit/touch/touch.hpp"
+
+namespace web_page {
+
+// The maximum size of a message.
+inline constexpr std::size_t maxMessageBytes = 64 << 10;
+// The maximum width and height of a page, in pixels.
+inline constexpr int maxPageSide = 16'384;
+
+// The page has this size in pixels, and shows the phone as large as possible.
+struct ShowMessage {
+  int width;
+  int height;
+};
+
+// The page has shown a message of the server.
+struct AcknowledgeMessage {};
+
+// A part of the picture of the phone, in multiples of its width and height. Values outside of the range from 0 to 1 are
+// outside of the picture.
+struct TouchMessage {
+  UITouchPhase phase;
+  double x;
+  double y;
+};
+
+struct TypeMessage {
+  std::string text;
+};
+
+enum class PageKey { Return, Backspace, Space, Escape, Next, Previous, Up, Down, Left, Right };
+
+struct KeyMessage {
+  PageKey key;
+};
+
+// Plays a preset of the composer.
+struct PlayMessage {
+  std::size_t preset;
+};
+
+// Sends the contents of the composer, which were filled from a preset.
+struct SendMessage {
+  std::size_t preset;
+  phone_display::ComposerFields fields;
+};
+
+using PageMessage =
+    std::variant<ShowMessage, AcknowledgeMessage, TouchMessage, TypeMessage, KeyMessage, PlayMessage, SendMessage>;
+
+// Returns nothing if the text is not a valid message. The numbers of presets are not checked.
+std::optional<PageMessage> parseMessage(std::string_view text);
+
+}  // namespace web_page
