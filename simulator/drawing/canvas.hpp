@@ -32,6 +32,9 @@ struct CornerShape {
   friend bool operator==(const CornerShape&, const CornerShape&) = default;
 };
 
+// The maximum distance from the corner of the rectangle at which a rounded corner begins, as a multiple of the radius.
+inline constexpr double maxCornerExtent = 1.528665;
+
 // How an image fills a rectangle. The values are those of the platform. Center and the modes after it do not scale the
 // image. These modes and AspectFill can draw outside the rectangle; the caller must clip if necessary. Redraw is the
 // same as ScaleToFill.
