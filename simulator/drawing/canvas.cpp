@@ -161,10 +161,45 @@ void Canvas::fillRectangle(const Rectangle& rectangle, const Color& color) {
 
 void Canvas::fillRoundedRectangle(const Rectangle& rectangle, const CornerShape& corners, const Color& color) {
   if (!isDrawable(rectangle)) return;
-  cairo_new_path(context_.get());
-  addRoundedRectangle(context_.get(), rectangle, corners);
+  cairo_save(context_.get());
   setColor(context_.get(), color);
-  cairo_fill(context_.get());
+  if (corners.radius > 0) {
+    paintRoundedRectangle(rectangle, corners);
+  } else {
+    paintRectangle(rectangle);
+  }
+  cairo_restore(context_.get());
+}
+
+// Paints the source of the context. Does not use cairo_fill, because that function rounds the coverage of the pixels at
+// the edges differently under a clip of several rectangles.
+void Canvas::paintRectangle(const Rectangle& rectangle) {
+  cairo_new_path(context_.get());
+  addRectangle(context_.get(), rectangle);
+  cairo_clip(context_.get());
+  cairo_paint(context_.get());
+}
+
+// Paints the source of the context through a mask. The mask is drawn without a clip, because the clip affects the
+// coverage of the pixels where it intersects a curve.
+void Canvas::paintRoundedRectangle(const Rectangle& given, const CornerShape& corners) {
+  const Rectangle rectangle = representable(context_.get(), given);
+  cairo_matrix_t transform;
+  cairo_get_matrix(context_.get(), &transform);
+  double left = rectangle.x, top = rectangle.y;
+  double right = rectangle.x + rectangle.width, bottom = rectangle.y + rectangle.height;
+  cairo_matrix_transform_point(&transform, &left, &top);
+  cairo_matrix_transform_point(&transform, &right, &bottom);
+  const PixelRectangle area = pixelsBetween({left, top}, {right, bottom});
+  if (area.isEmpty()) return;
+  const SurfaceHandle mask(cairo_image_surface_create(CAIRO_FORMAT_A8, area.width, area.height));
+  const ContextHandle context(cairo_create(mask.get()));
+  cairo_translate(context.get(), -area.x, -area.y);
+  cairo_transform(context.get(), &transform);
+  addRoundedRectangle(context.get(), rectangle, corners);
+  cairo_fill(context.get());
+  cairo_identity_matrix(context_.get());
+  cairo_mask_surface(context_.get(), mask.get(), area.x, area.y);
 }
 
 void Canvas::strokeLine(const Point& from, const Point& to, double width, const Color& color) {
@@ -183,12 +218,13 @@ void Canvas::drawImage(const Image* image, const Rectangle& rectangle, ContentMo
   if (!isDrawable(target)) return;
 
   cairo_save(context_.get());
-  cairo_new_path(context_.get());
-  addRectangle(context_.get(), target);
+  cairo_matrix_t transform;
+  cairo_get_matrix(context_.get(), &transform);
   setSource(*image, target);
+  cairo_set_matrix(context_.get(), &transform);
   // Repeats the edge pixels outside the image, because otherwise the filter would mix transparent pixels into the edge.
   cairo_pattern_set_extend(cairo_get_source(context_.get()), CAIRO_EXTEND_PAD);
-  cairo_fill(context_.get());
+  paintRectangle(target);
   cairo_restore(context_.get());
 }
 
@@ -279,14 +315,18 @@ PixelRectangle Canvas::coveredPixels(const Rectangle& rectangle) const {
   double left = 0, top = 0, right = 0, bottom = 0;
   cairo_clip_extents(context_.get(), &left, &top, &right, &bottom);
   cairo_restore(context_.get());
+  return pixelsBetween({left, top}, {right, bottom});
+}
+
+PixelRectangle Canvas::pixelsBetween(const Point& from, const Point& to) const {
   const auto first = [](double edge, int limit) {
     return static_cast<int>(std::clamp(std::floor(edge), 0.0, 1.0 * limit));
   };
   const auto last = [](double edge, int limit) {
     return static_cast<int>(std::clamp(std::ceil(edge), 0.0, 1.0 * limit));
   };
-  const int x = first(left, pixelWidth()), y = first(top, pixelHeight());
-  return {x, y, last(right, pixelWidth()) - x, last(bottom, pixelHeight()) - y};
+  const int x = first(from.x, pixelWidth()), y = first(from.y, pixelHeight());
+  return {x, y, last(to.x, pixelWidth()) - x, last(to.y, pixelHeight()) - y};
 }
 
 }  // namespace drawing

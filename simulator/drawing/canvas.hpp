@@ -4,6 +4,9 @@
 // Layers: everything that is drawn between beginLayer and endLayer is composited with the opacity of the layer. A layer
 // that is not opaque has its own pixels; an opaque layer draws directly on the canvas. captureBeneath composites all
 // open layers, so a material has the same backdrop inside and outside of a layer.
+//
+// A pixel inside the clip has the same value for each clip of whole pixels when rectangles, rounded rectangles and
+// images are drawn. Therefore, the pixels of a repainted part of the screen are those of the whole screen.
 #pragma once
 
 #include <cstddef>
@@ -28,6 +31,9 @@ struct CornerShape {
   CornerCurve curve = CornerCurve::Circular;
   friend bool operator==(const CornerShape&, const CornerShape&) = default;
 };
+
+// The maximum distance from the corner of the rectangle at which a rounded corner begins, as a multiple of the radius.
+inline constexpr double maxCornerExtent = 1.528665;
 
 // How an image fills a rectangle. The values are those of the platform. Center and the modes after it do not scale the
 // image. These modes and AspectFill can draw outside the rectangle; the caller must clip if necessary. Redraw is the
@@ -121,7 +127,12 @@ class Canvas {
   };
 
   void pop();
+  void paintRectangle(const Rectangle& rectangle);
+  void paintRoundedRectangle(const Rectangle& given, const CornerShape& corners);
   void setSource(const Image& image, const Rectangle& target);
+  // Returns the pixels of the canvas that the rectangle between two corners covers at least partly. The corners are in
+  // pixels.
+  PixelRectangle pixelsBetween(const Point& from, const Point& to) const;
   // Returns a surface that shares the canvas's pixels. The area must lie inside the canvas.
   SurfaceHandle surfaceOfPixels(const PixelRectangle& area) const;
 

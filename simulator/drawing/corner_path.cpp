@@ -8,9 +8,8 @@
 namespace drawing {
 namespace {
 
-// The distance from the rectangle's corner at which a continuous corner begins, as a multiple of the radius. A circular
-// corner begins at a distance of one radius, where the curvature changes abruptly and visibly.
-constexpr double continuousExtent = 1.528665;
+// A circular corner begins at a distance of one radius, where the curvature changes abruptly and visibly.
+constexpr double continuousExtent = maxCornerExtent;
 
 // The curvature in the middle of a continuous corner of radius 1. With this value, the curvature increases steadily
 // from the edge to the middle. With a smaller value, the curvature would be largest before the middle.

@@ -43,6 +43,32 @@ TEST(Canvas, DrawsTheVisiblePartOfHugeRectangles) {
   }
 }
 
+// Draws shapes with fractional edges inside these pixels.
+Canvas drawShapes(const cairo_region_t* clip) {
+  Canvas canvas({60, 60}, 1);
+  canvas.clipPixels(clip);
+  canvas.clear(green);
+  canvas.fillRectangle({2.3, 3.8, 40.4, 30.7}, {0.1, 0.2, 0.7, 0.35});
+  canvas.fillRoundedRectangle({10.6, 12.2, 45.7, 40.3}, {12.4, CornerCurve::Continuous}, {0.9, 0.2, 0.1, 0.6});
+  canvas.drawImage(quarteredImage(8), {20.2, 5.9, 30.5, 20.3}, ContentMode::ScaleToFill);
+  return canvas;
+}
+
+TEST(Canvas, PixelsInsideTheClipDoNotDependOnTheShapeOfTheClip) {
+  const Canvas whole = drawShapes(regionOf({0, 0, 60, 60}).get());
+  for (int split = 1; split < 60; ++split) {
+    const RegionHandle region = regionOf({0, 0, split, split});
+    addTo(region.get(), {split, split / 2, 60 - split, 60 - split / 2});
+    const Canvas part = drawShapes(region.get());
+    for (int y = 0; y < 60; ++y) {
+      for (int x = 0; x < 60; ++x) {
+        if (cairo_region_contains_point(region.get(), x, y) == 0) continue;
+        ASSERT_EQ(part.pixel(x, y), whole.pixel(x, y)) << x << ", " << y << ", split at " << split;
+      }
+    }
+  }
+}
+
 TEST(Canvas, KeepsDrawingAfterInvalidArguments) {
   Canvas canvas({4, 4}, 1);
   canvas.save();

@@ -137,6 +137,19 @@ TEST_F(Damage, CoversALabelWhoseDirectionChanged) {
   EXPECT_NE(takeDamage(), "");
 }
 
+TEST_F(Damage, CoversTheWholeCornerOfAClippingView) {
+  const auto container = addView(window, {{100, 100}, {80, 80}});
+  container->setClipsToBounds(true);
+  container->layer()->setCornerRadius(20);
+  addRed(container, {{0, 0}, {80, 80}});
+  UIView* view = addRed(window, {{300, 10}, {5, 5}});
+  takeDamage();
+  view->setFrame({{105, 105}, {5, 5}});
+  EXPECT_EQ(takeDamage(), "300,10 5x5 100,100 31x31");
+  view->setFrame({{140, 105}, {5, 5}});
+  EXPECT_EQ(takeDamage(), "100,100 31x5 100,105 45x5 100,110 31x21");
+}
+
 TEST_F(Damage, CoversABackdropIfContentNearItsEdgeMoves) {
   UIView* beneath = addRed(window, {{0, 190}, {10, 10}});
   addBackdrop({{0, 200}, {50, 50}});

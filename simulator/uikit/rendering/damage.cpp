@@ -36,11 +36,24 @@ void addBackdropInputs(cairo_region_t* region, const ScreenContents& contents, s
     drawing::addTo(region, drawing::intersection(contents[later].appearance.painted, backdrop.read));
 }
 
-void addInputsOfBackdrops(cairo_region_t* region, const ScreenContents& contents) {
+// Adds the whole of each rounded corner that lies partly in the region, because cairo computes other coverages at the
+// border of the region if it intersects the curve of a clip. Returns whether a corner was added.
+bool addClippingCorners(cairo_region_t* region, const PaintedView& view) {
+  bool grew = false;
+  for (const drawing::PixelRectangle& corner : view.clippingCorners) {
+    if (drawing::overlap(region, corner) != CAIRO_REGION_OVERLAP_PART) continue;
+    drawing::addTo(region, corner);
+    grew = true;
+  }
+  return grew;
+}
+
+void addInputsOfPainting(cairo_region_t* region, const ScreenContents& contents) {
   std::vector<bool> isAdded(contents.size());
   for (bool grew = true; grew;) {
     grew = false;
     for (std::size_t index = 0; index < contents.size(); ++index) {
+      if (addClippingCorners(region, contents[index])) grew = true;
       const drawing::PixelRectangle& read = contents[index].read;
       if (read.isEmpty() || isAdded[index] || drawing::overlap(region, read) == CAIRO_REGION_OVERLAP_OUT) continue;
       addBackdropInputs(region, contents, index);
@@ -62,7 +75,7 @@ drawing::RegionHandle differingPixels(const ScreenContents& before, const Screen
   addPainted(region.get(), oldFirst, oldLast.base());
   addPainted(region.get(), newFirst, newLast.base());
   addDifferences(region.get(), oldLast.base(), newLast.base(), before.end() - oldLast.base());
-  addInputsOfBackdrops(region.get(), after);
+  addInputsOfPainting(region.get(), after);
   return region;
 }
 

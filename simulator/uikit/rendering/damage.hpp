@@ -6,7 +6,7 @@
 namespace uikit {
 
 // Returns the pixels in which two states of the screen differ. Also includes all pixels that backdrops in this region
-// read.
+// read, and the whole of each rounded clip corner that the region intersects.
 drawing::RegionHandle differingPixels(const ScreenContents& before, const ScreenContents& after);
 
 }  // namespace uikit

@@ -74,10 +74,23 @@ class ContentsCollector {
                          .shift = shift,
                          .contentArea = contentArea,
                          .read = pixelsReadBy(view, content),
+                         .clippingCorners = clippingCorners(view, position, bounds),
                          .covered = painted});
     for (const objc::Ref<UIView>& subview : record(view).subviews)
       add(subview.get(), {position, opacityOnScreen, ancestors.depth + 1, clip});
     finishSubtree(index);
+  }
+
+  std::array<drawing::PixelRectangle, 4> clippingCorners(const UIView* view, const CGPoint& position,
+                                                         const CGRect& bounds) const {
+    const double radius = shownCorners(view).radius;
+    if (!record(view).layer.masksToBounds || !(radius > 0)) return {};
+    const auto [width, height] = bounds.size;
+    const double side = std::min(radius * drawing::maxCornerExtent, std::min(width, height) / 2);
+    const double left = bounds.origin.x, right = left + width - side;
+    const double top = bounds.origin.y, bottom = top + height - side;
+    return {pixels(position, {{left, top}, {side, side}}), pixels(position, {{right, top}, {side, side}}),
+            pixels(position, {{left, bottom}, {side, side}}), pixels(position, {{right, bottom}, {side, side}})};
   }
 
   void finishSubtree(std::size_t index) {

@@ -2,6 +2,7 @@
 // determines the pixels to repaint. Main thread only.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -32,9 +33,11 @@ struct PaintedAppearance {
 
 struct PaintedView {
   PaintedAppearance appearance;
-  CGPoint shift;                    // from the superview's coordinates to the view's coordinates, in points
-  CGRect contentArea;               // in the coordinates of the view, in points
-  drawing::PixelRectangle read;     // the pixels behind the view that a backdrop blurs; empty for other views
+  CGPoint shift;                 // from the superview's coordinates to the view's coordinates, in points
+  CGRect contentArea;            // in the coordinates of the view, in points
+  drawing::PixelRectangle read;  // the pixels behind the view that a backdrop blurs; empty for other views
+  // The rounded corners to which the view clips its subviews; empty for other views.
+  std::array<drawing::PixelRectangle, 4> clippingCorners;
   drawing::PixelRectangle covered;  // the pixels that the view and its descendants paint
   std::size_t end = 0;              // the index after the last descendant of the view
 };
