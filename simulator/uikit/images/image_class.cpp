@@ -1,5 +1,8 @@
 #include "simulator/uikit/images/image_class.hpp"
 
+#include <algorithm>
+#include <list>
+
 #include "objc/class_definition.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 #include "simulator/uikit/images/application_icons.hpp"
@@ -69,6 +72,35 @@ NSData* dataOf(const std::vector<std::byte>& bytes) {
   return bytes.empty() ? nullptr : NSData::dataWithBytes(bytes.data(), bytes.size());
 }
 
+struct JpegRepresentation {
+  std::weak_ptr<const drawing::Image> image;
+  CGFloat quality;
+  objc::Ref<NSData> data;
+};
+
+// The representations that were requested last, the latest first. An icon is encoded for each banner of its
+// application.
+constexpr std::size_t maxJpegRepresentations = 8;
+
+std::list<JpegRepresentation>& jpegRepresentations() {
+  static auto& stored = *new std::list<JpegRepresentation>;
+  return stored;
+}
+
+NSData* jpegOf(const std::shared_ptr<const drawing::Image>& image, CGFloat quality) {
+  std::list<JpegRepresentation>& stored = jpegRepresentations();
+  stored.remove_if([](const JpegRepresentation& each) { return each.image.expired(); });
+  const auto found = std::ranges::find_if(
+      stored, [&](const JpegRepresentation& each) { return each.image.lock() == image && each.quality == quality; });
+  if (found != stored.end()) {
+    stored.splice(stored.begin(), stored, found);
+  } else {
+    stored.push_front({image, quality, objc::retain(dataOf(drawing::encodeJpeg(*image, quality)))});
+    if (stored.size() > maxJpegRepresentations) stored.pop_back();
+  }
+  return objc::autorelease(stored.front().data);
+}
+
 }  // namespace
 
 void defineImage() {
@@ -88,7 +120,7 @@ void defineImage() {
 
 NSData* UIImageJPEGRepresentation(UIImage* image, CGFloat quality) {
   const auto pixels = uikit::imageOf(image);
-  return pixels == nullptr ? nullptr : uikit::dataOf(drawing::encodeJpeg(*pixels, quality));
+  return pixels == nullptr ? nullptr : uikit::jpegOf(pixels, quality);
 }
 
 NSData* UIImagePNGRepresentation(UIImage* image) {
