@@ -2,10 +2,9 @@
 
 namespace mutation {
 
-namespace {
-
 using Json = nlohmann::json;
 
+// Argument-dependent lookup does not find functions of an unnamed namespace.
 NLOHMANN_JSON_SERIALIZE_ENUM(State, {{State::Killed, "killed"},
                                      {State::Survived, "survived"},
                                      {State::SurvivedFirstTests, "survived the first tests"},
@@ -16,8 +15,6 @@ NLOHMANN_JSON_SERIALIZE_ENUM(Outcome, {{Outcome::Passed, "passed"},
                                        {Outcome::Failed, "failed"},
                                        {Outcome::TooManyCalls, "too many calls"},
                                        {Outcome::TooLong, "too long"}})
-
-}  // namespace
 
 ResultFile::ResultFile(std::filesystem::path file, Fingerprints fingerprints)
     : path_(std::move(file)), reader_(path_), fingerprints_(std::move(fingerprints)) {
