@@ -1,12 +1,12 @@
 #include "mutation/worker_processes.hpp"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <unistd.h>
 
-#include <chrono>
+#include <array>
 #include <stdexcept>
-#include <thread>
 
 #include "mutation/files.hpp"
 #include "tests/support/temporary_folder.hpp"
@@ -34,18 +34,20 @@ TEST_F(WorkerProcesses, AFailureIsAnError) {
                std::runtime_error);
 }
 
-// The processes would not end by themselves.
+// The processes would not end by themselves. The end of the pipe is reached when no process has it open for writing.
 TEST_F(WorkerProcesses, EndWhenTheProgramIsInterrupted) {
   const pid_t parent = getpid();
+  std::array<int, 2> ends;
+  ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK), 0);
   EXPECT_THROW(mutation::inProcesses([&](unsigned worker, mutation::Shared&) {
-                 mutation::writeFile(folder_.path() / std::to_string(worker), std::to_string(getpid()));
                  if (worker == 0) kill(parent, SIGTERM);
                  while (true) pause();
                }),
                std::runtime_error);
-  EXPECT_TRUE(std::filesystem::exists(folder_.path() / "0"));
-  for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
-    EXPECT_EQ(kill(std::stoi(mutation::readFile(entry.path())), 0), -1);
+  close(ends[1]);
+  char byte = 0;
+  EXPECT_EQ(read(ends[0], &byte, 1), 0);
+  close(ends[0]);
 }
 
 TEST_F(WorkerProcesses, TheTemporaryFolderOfAKilledProgramIsRemoved) {
