@@ -7,6 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "mutation/compiler_errors.hpp"
 #include "mutation/files.hpp"
 #include "mutation/switched_source.hpp"
 
@@ -20,36 +21,6 @@ std::string replaced(std::string text, const std::string& from, const std::strin
   for (std::size_t place = text.find(from); place != std::string::npos; place = text.find(from, place + to.size()))
     text.replace(place, from.size(), to);
   return text;
-}
-
-std::size_t placeOfLine(const std::string& text, unsigned long line, unsigned long column) {
-  std::size_t place = 0;
-  for (unsigned long current = 1; current < line; ++current) place = text.find('\n', place) + 1;
-  return place + column - 1;
-}
-
-// The mutants that an error of the compiler concerns.
-void addErroneous(const std::string& output, const std::string& prefix,
-                  const std::map<std::string, SwitchedSource>& written, bool onlyErrors, std::set<unsigned>& numbers) {
-  static const std::regex pattern(R"(^([^: ]+):(\d+):(\d+): (.*))");
-  std::istringstream lines(output);
-  for (std::string line; std::getline(lines, line);) {
-    std::smatch match;
-    if (!std::regex_match(line, match, pattern) || !match[1].str().starts_with(prefix)) continue;
-    if (onlyErrors && !match[4].str().starts_with("error")) continue;
-    const auto source = written.find(match[1].str().substr(prefix.size()));
-    if (source == written.end()) continue;
-    const unsigned long number = std::stoul(match[2]);
-    const std::size_t place = placeOfLine(source->second.text, number, std::stoul(match[3]));
-    std::set<unsigned> found = source->second.numbersAt(place);
-    if (found.empty()) {
-      const std::size_t begin = placeOfLine(source->second.text, number, 1);
-      const std::size_t end = source->second.text.find('\n', begin);
-      for (const SwitchedSource::Range& range : source->second.ranges)
-        if (range.begin >= begin && range.end <= end) found.insert(range.number);
-    }
-    numbers.merge(found);
-  }
 }
 
 }  // namespace
@@ -85,6 +56,12 @@ std::vector<std::string> LibraryBuild::languageOptions(const std::string& source
     options.push_back(word);
   }
   return options;
+}
+
+std::vector<std::string> LibraryBuild::commands() const {
+  std::vector<std::string> commands = {linkCommand_};
+  for (const auto& [source, command] : commands_) commands.push_back(command);
+  return commands;
 }
 
 std::string LibraryBuild::object(const std::string& source) const {
@@ -171,9 +148,9 @@ std::vector<bool> LibraryBuild::buildSwitched(const Mutants& all) {
         pending.erase(compiled[index]);
         continue;
       }
-      std::set<unsigned> numbers;
-      addErroneous(results[index].output, copies, written, true, numbers);
-      if (numbers.empty()) addErroneous(results[index].output, copies, written, false, numbers);
+      const CompilerFolders folders = {configured_, output_ / "switched"};
+      std::set<unsigned> numbers = erroneousNumbers(results[index].output, folders, written, Lines::Errors);
+      if (numbers.empty()) numbers = erroneousNumbers(results[index].output, folders, written, Lines::All);
       if (numbers.empty())
         for (const SwitchedSource::Range& range : written[compiled[index]].ranges) numbers.insert(range.number);
       if (numbers.empty()) throw std::runtime_error(results[index].output);

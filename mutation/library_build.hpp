@@ -22,6 +22,9 @@ class LibraryBuild {
   // The options that determine the meaning of the source, for another compiler.
   std::vector<std::string> languageOptions(const std::string& source) const;
 
+  // The commands that compile and link the library.
+  std::vector<std::string> commands() const;
+
   // Builds the switched copy. Returns the numbers of the mutants and bodies that it contains. A mutant has the number
   // index + 1, and a body the number mutants.size() + index + 1. The other mutants cannot be selected at run time.
   std::vector<bool> buildSwitched(const Mutants& mutants);

@@ -17,10 +17,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* usage = R"(usage: mutants TREE BUILD [--sample SECONDS] [--seed N] [--coverage] [--report]
+constexpr const char* usage =
+    R"(usage: mutants TREE BUILD [--sample SECONDS] [--seed N] [--tests N] [--coverage] [--report]
 
   --sample SECONDS  test random mutants for this time, instead of all mutants
   --seed N          select another sample; without this option it is 1
+  --tests N         run at most N tests with each mutant in the first phase; without this option 60
   --coverage        also measure the line and branch coverage
   --report          write the report of the results so far, and test no mutant
 )";
@@ -28,8 +30,9 @@ constexpr const char* usage = R"(usage: mutants TREE BUILD [--sample SECONDS] [-
 struct Options {
   fs::path tree;
   fs::path build;
-  std::optional<double> sample;
+  std::optional<double> sample = std::nullopt;
   std::uint64_t seed = 1;
+  std::size_t maxFirstTests = 60;
   bool measuresCoverage = false;
   bool onlyReports = false;
 };
@@ -44,7 +47,7 @@ Number number(const std::string& option, const char* text, Convert convert) {
 
 Options parse(std::span<char*> words) {
   if (words.size() < 2) throw std::runtime_error(usage);
-  Options options = {fs::canonical(words[0]), fs::canonical(words[1]), {}, 1, false, false};
+  Options options = {fs::canonical(words[0]), fs::canonical(words[1])};
   for (std::size_t index = 2; index < words.size(); ++index) {
     const std::string word = words[index];
     const char* const value = index + 1 < words.size() ? words[index + 1] : "";
@@ -54,6 +57,10 @@ Options parse(std::span<char*> words) {
     } else if (word == "--seed") {
       options.seed =
           number<std::uint64_t>(word, value, [](const char* text, char** end) { return std::strtoull(text, end, 10); });
+      ++index;
+    } else if (word == "--tests") {
+      options.maxFirstTests =
+          number<std::size_t>(word, value, [](const char* text, char** end) { return std::strtoull(text, end, 10); });
       ++index;
     } else if (word == "--coverage") {
       options.measuresCoverage = true;
@@ -76,7 +83,8 @@ std::map<std::string, mutation::FileCoverage> measuredCoverage(const mutation::C
 
 int run(const Options& options) {
   const fs::path output = options.build.parent_path() / "mutants";
-  mutation::Campaign campaign(options.tree, options.build, output);
+  fs::create_directories(output);
+  mutation::Campaign campaign({options.tree, options.build, output}, options.maxFirstTests);
   campaign.prepare();
   const mutation::Equivalents equivalents = mutation::matchEquivalents(
       mutation::readFile(options.tree / "mutation/equivalent_mutants.json"), campaign.mutants());

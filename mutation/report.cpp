@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <set>
 #include <sstream>
 
 namespace mutation {
 
 namespace {
 
-std::string percentText(double percent) {
+std::string decimal(double number) {
   std::array<char, 16> text;
-  std::snprintf(text.data(), text.size(), "%.1f", percent);
+  std::snprintf(text.data(), text.size(), "%.1f", number);
   return text.data();
 }
 
@@ -21,7 +22,7 @@ double share(std::size_t part, std::size_t whole) {
 
 void count(Score& score, State state) {
   if (state == State::Killed) ++score.killed;
-  if (state == State::Survived || state == State::NotExecuted) ++score.survived;
+  if (state == State::Survived || state == State::SurvivedFirstTests || state == State::NotExecuted) ++score.survived;
 }
 
 // Scores by a property of the mutants.
@@ -38,7 +39,7 @@ void writeScores(std::ostream& text, const char* title, const std::map<std::stri
   text << "| " << title << " | killed | survived | score in % |\n|---|---|---|---|\n";
   for (const auto& [name, score] : scores)
     if (score.killed + score.survived > 0)
-      text << "| " << name << " | " << score.killed << " | " << score.survived << " | " << percentText(score.percent())
+      text << "| " << name << " | " << score.killed << " | " << score.survived << " | " << decimal(score.percent())
            << " |\n";
   text << "\n";
 }
@@ -79,10 +80,10 @@ void writeCoverage(std::ostream& text, const std::map<std::string, FileCoverage>
     executedLines += executed;
     branches += file.branches;
     takenBranches += file.takenBranches;
-    text << "| " << name << " | " << percentText(share(executed, file.lines.size())) << " | "
-         << percentText(share(file.takenBranches, file.branches)) << " | " << missing << " |\n";
+    text << "| " << name << " | " << decimal(share(executed, file.lines.size())) << " | "
+         << decimal(share(file.takenBranches, file.branches)) << " | " << missing << " |\n";
   }
-  text << "| all | " << percentText(share(executedLines, lines)) << " | " << percentText(share(takenBranches, branches))
+  text << "| all | " << decimal(share(executedLines, lines)) << " | " << decimal(share(takenBranches, branches))
        << " | |\n\n";
 }
 
@@ -103,6 +104,8 @@ std::string report(const ReportData& data) {
   std::map<State, std::size_t> counts;
   std::map<Outcome, std::size_t> outcomes;
   std::size_t waiting = 0;
+  double seconds = 0;
+  std::set<std::string> unreliable;
   for (const std::size_t index : data.selected) {
     const auto result = data.results.find(index);
     if (result == data.results.end()) {
@@ -110,24 +113,34 @@ std::string report(const ReportData& data) {
       continue;
     }
     ++counts[result->second.state];
+    seconds += result->second.seconds;
+    unreliable.insert(result->second.unreliableTests.begin(), result->second.unreliableTests.end());
     if (result->second.state == State::Killed) ++outcomes[result->second.outcome];
   }
-  text << "# Mutation test\n\nScore: " << percentText(score.percent()) << " %\n\n| | |\n|---|---|\n";
+  text << "# Mutation test\n\nScore: " << decimal(score.percent()) << " %\n\n| | |\n|---|---|\n";
   text << "| mutants of the library | " << data.mutants.size() << " |\n";
   text << "| selected | " << data.selected.size() << " |\n";
   text << "| killed: a test failed | " << outcomes[Outcome::Failed] << " |\n";
   text << "| killed: endless loop, by the number of executed mutants | " << outcomes[Outcome::TooManyCalls] << " |\n";
   text << "| killed: time limit | " << outcomes[Outcome::TooLong] << " |\n";
   text << "| survived | " << counts[State::Survived] << " |\n";
+  text << "| survived the first tests; the other tests did not run | " << counts[State::SurvivedFirstTests] << " |\n";
   text << "| survived: not executed by any test | " << counts[State::NotExecuted] << " |\n";
   text << "| equivalent, with a reason; not in the score | " << data.equivalents.size() << " |\n";
   text << "| do not compile; not in the score | " << counts[State::DoesNotCompile] << " |\n";
   text << "| removed by the preprocessor; not in the score | " << counts[State::ChangesNothing] << " |\n";
   text << "| not tested yet | " << waiting << " |\n";
+  text << "| seconds of a process per mutant | "
+       << decimal(seconds / static_cast<double>(std::max<std::size_t>(1, data.selected.size() - waiting))) << " |\n";
   text << "| tests that execute the library | " << data.testCount << " |\n\n";
   if (!data.failedTests.empty()) {
     text << "## Tests that fail without a mutant\n\nThese tests were not used.\n\n";
     for (const std::string& test : data.failedTests) text << "- " << test << "\n";
+    text << "\n";
+  }
+  if (!unreliable.empty()) {
+    text << "## Unreliable tests\n\nThese tests failed with a mutant, but then also without it or not again.\n\n";
+    for (const std::string& test : unreliable) text << "- " << test << "\n";
     text << "\n";
   }
   text << "## Scores\n\n";
@@ -135,6 +148,7 @@ std::string report(const ReportData& data) {
   writeScores(text, "change", scoresBy(data, &Mutant::operation));
   writeState(text, data, State::NotExecuted, "Mutants that no test executes");
   writeState(text, data, State::Survived, "Survivors");
+  writeState(text, data, State::SurvivedFirstTests, "Survivors of the first tests");
   if (!data.equivalents.empty()) text << "## Equivalent mutants\n\n";
   for (const auto& [index, reason] : data.equivalents) {
     text << reason << "\n\n";

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "mutation/campaign.hpp"
 #include "mutation/coverage.hpp"
 #include "mutation/equivalents.hpp"
 #include "mutation/mutant.hpp"
+#include "mutation/results.hpp"
 
 namespace mutation {
 

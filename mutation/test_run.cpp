@@ -16,6 +16,7 @@
 #include <thread>
 
 #include "mutation/files.hpp"
+#include "mutation/worker_processes.hpp"
 
 namespace mutation {
 
@@ -26,20 +27,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds pollingInterval(3);
 
-// Ends the processes that a test has left. They are children of this process, because it is their subreaper.
-void endChildren() {
-  for (int attempt = 0; attempt < 100; ++attempt) {
-    std::ifstream children("/proc/self/task/" + std::to_string(gettid()) + "/children");
-    bool hasChildren = false;
-    for (pid_t child = 0; children >> child;) {
-      hasChildren = true;
-      kill(child, SIGKILL);
-    }
-    if (!hasChildren) return;
-    while (waitpid(-1, nullptr, WNOHANG) > 0) {
-    }
-    std::this_thread::sleep_for(pollingInterval);
-  }
+double secondsOf(const timeval& time) {
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
 
 [[noreturn]] void execute(const Test& test, const RunLimits& limits) {
@@ -47,7 +36,7 @@ void endChildren() {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   const int null = open("/dev/null", O_RDWR);
   for (const int stream : {0, 1, 2}) dup2(null, stream);
-  const auto seconds = static_cast<rlim_t>(std::ceil(limits.seconds));
+  const auto seconds = static_cast<rlim_t>(std::ceil(limits.processorSeconds));
   const rlimit processor = {seconds, seconds + 1};
   const rlimit cores = {0, 0};
   setrlimit(RLIMIT_CPU, &processor);
@@ -100,7 +89,7 @@ void TestFolder::useLibrary(const fs::path& library) const {
 }
 
 TestRun TestFolder::run(const Test& test, unsigned selected, std::size_t count, const RunLimits& limits) const {
-  prctl(PR_SET_CHILD_SUBREAPER, 1);
+  adoptOrphans();
   const fs::path reach = folder_ / "reach";
   {
     std::string text(2 * sizeof(std::uint64_t) + count, '\0');
@@ -118,16 +107,18 @@ TestRun TestFolder::run(const Test& test, unsigned selected, std::size_t count, 
   const auto elapsed = [&] { return std::chrono::duration<double>(Clock::now() - start).count(); };
   TestRun result;
   int status = 0;
-  while (waitpid(process, &status, WNOHANG) == 0) {
-    if (elapsed() > limits.seconds * 4) {
+  rusage usage = {};
+  while (wait4(process, &status, WNOHANG, &usage) == 0) {
+    if (elapsed() > limits.seconds) {
       result.outcome = Outcome::TooLong;
       kill(process, SIGKILL);
-      waitpid(process, &status, 0);
+      wait4(process, &status, 0, &usage);
       break;
     }
     std::this_thread::sleep_for(pollingInterval);
   }
   result.seconds = elapsed();
+  result.processorSeconds = secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime);
   endChildren();
   for (const auto& entry : fs::directory_iterator(temporary_)) {
     std::error_code ignored;

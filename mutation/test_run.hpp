@@ -22,13 +22,15 @@ std::vector<Test> listTests(const std::filesystem::path& configured);
 enum class Outcome { Passed, Failed, TooManyCalls, TooLong };
 
 struct RunLimits {
-  std::uint64_t calls;  // of switched code; a deterministic limit
-  double seconds;       // of processor time; the limit of the duration is four times as long
+  std::uint64_t calls;      // of switched code; a deterministic limit
+  double processorSeconds;  // of each process
+  double seconds;           // of the duration
 };
 
 struct TestRun {
   Outcome outcome = Outcome::Failed;
   double seconds = 0;
+  double processorSeconds = 0;
   std::uint64_t calls = 0;
   // For each number, whether its code was executed.
   std::vector<bool> reached;

@@ -45,6 +45,21 @@ TEST_F(Report, AMutantThatDoesNotCompileIsNotInTheScore) {
   EXPECT_EQ(score.percent(), 100);
 }
 
+TEST_F(Report, AMutantThatSurvivedTheFirstTestsLowersTheScoreAndIsListedSeparately) {
+  const mutation::ReportData reported = data({{0, {State::Killed, "T", mutation::Outcome::Failed, 1}},
+                                              {1, {State::SurvivedFirstTests, "", mutation::Outcome::Passed, 9}}});
+  EXPECT_EQ(mutation::scoreOf(reported).percent(), 50);
+  const std::string text = mutation::report(reported);
+  EXPECT_THAT(text, HasSubstr("| survived the first tests; the other tests did not run | 1 |"));
+  EXPECT_THAT(text, HasSubstr("## Survivors of the first tests\n\na.cpp:7"));
+}
+
+TEST_F(Report, ListsUnreliableTests) {
+  mutation::MutantResult result = {State::Survived, "", mutation::Outcome::Passed, 9};
+  result.unreliableTests = {"S.Unreliable"};
+  EXPECT_THAT(mutation::report(data({{0, result}})), HasSubstr("- S.Unreliable\n"));
+}
+
 TEST_F(Report, ShowsASurvivorAsADifference) {
   const std::string text = mutation::report(data({{0, {State::Survived, "", mutation::Outcome::Passed, 9}}}));
   EXPECT_THAT(text, HasSubstr("a.cpp:7, f (constant)"));

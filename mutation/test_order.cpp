@@ -1,0 +1,97 @@
+#include "mutation/test_order.hpp"
+
+#include <algorithm>
+#include <functional>
+#include <set>
+#include <tuple>
+
+namespace mutation {
+
+namespace {
+
+constexpr std::size_t specificTestCount = 10;
+constexpr std::size_t minWordLength = 5;
+
+std::size_t countOf(const KillCounts& kills, const std::string& test) {
+  const auto found = kills.find(test);
+  return found == kills.end() ? 0 : found->second;
+}
+
+std::string lowerCased(std::string text) {
+  for (char& character : text)
+    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character - 'A' + 'a');
+  return text;
+}
+
+// Without the instance and the parameter of a parameterized test.
+std::string suiteOf(const std::string& test) {
+  const std::size_t end = std::min(test.find('.'), test.size());
+  const std::size_t slash = test.rfind('/', end);
+  const std::size_t begin = slash == std::string::npos ? 0 : slash + 1;
+  return test.substr(begin, end - begin);
+}
+
+struct Ranked {
+  const KnownTest* test;
+  bool isLastKiller;
+  std::size_t words;
+  std::size_t functionKills;
+  std::size_t related;
+  std::size_t fileKills;
+  std::size_t place = 0;  // in its suite
+
+  // One word can be in the name by coincidence.
+  std::size_t strongMatch() const { return words >= 2 ? words : 0; }
+  auto order() const {
+    return std::tuple(!isLastKiller, ~strongMatch(), ~functionKills, ~related, ~words, ~fileKills, test->reachedCount,
+                      test->seconds);
+  }
+};
+
+}  // namespace
+
+std::vector<std::string> wordsOf(const std::string& text) {
+  std::set<std::string> words;
+  std::string word;
+  for (const char character : lowerCased(text) + " ") {
+    if ((character >= 'a' && character <= 'z') || (character == '_' && !word.empty())) {
+      word += character;
+      continue;
+    }
+    if (word.size() >= minWordLength) words.insert(word);
+    word.clear();
+  }
+  return {words.begin(), words.end()};
+}
+
+std::vector<const KnownTest*> orderedTests(const std::vector<KnownTest>& tests, const TestQuery& query) {
+  std::vector<Ranked> ranked;
+  for (const KnownTest& test : tests) {
+    const auto reaches = [&](unsigned number) { return test.reached[number]; };
+    if (!query.numbers.empty() && std::ranges::none_of(query.numbers, reaches)) continue;
+    const std::string& name = test.test.name;
+    const std::string lowerCase = lowerCased(name);
+    const auto isInName = [&](const std::string& word) { return lowerCase.find(word) != std::string::npos; };
+    ranked.push_back(
+        {&test, name == query.lastKiller, static_cast<std::size_t>(std::ranges::count_if(query.words, isInName)),
+         countOf(query.functionKills, name), static_cast<std::size_t>(std::ranges::count_if(query.related, reaches)),
+         countOf(query.fileKills, name)});
+  }
+  std::ranges::sort(ranked, {}, &Ranked::order);
+  const auto isFirst = [](const Ranked& entry) {
+    return entry.isLastKiller || entry.strongMatch() > 0 || entry.functionKills > 0;
+  };
+  const auto others = std::ranges::find_if_not(ranked, isFirst);
+  const auto specificCount = std::min<std::ptrdiff_t>(specificTestCount, ranked.end() - others);
+  const std::ranges::subrange general(others + specificCount, ranked.end());
+  // A test that executes little code rarely detects a change of code that most tests execute.
+  std::ranges::stable_sort(general, std::greater(), [](const Ranked& entry) { return entry.test->reachedCount; });
+  std::map<std::string, std::size_t> places;
+  for (Ranked& entry : general) entry.place = places[suiteOf(entry.test->test.name)]++;
+  std::ranges::stable_sort(general, {}, &Ranked::place);
+  std::vector<const KnownTest*> ordered;
+  for (const Ranked& entry : ranked) ordered.push_back(entry.test);
+  return ordered;
+}
+
+}  // namespace mutation

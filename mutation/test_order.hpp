@@ -1,0 +1,34 @@
+// The order in which the tests of a mutant run. The tests that probably detect the mutant are first.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "mutation/reference_run.hpp"
+
+namespace mutation {
+
+// How many mutants each test killed, by name.
+using KillCounts = std::map<std::string, std::size_t>;
+
+struct TestQuery {
+  // At least one of these numbers is logged if the mutant is executed. If it is empty, all tests are returned.
+  std::vector<unsigned> numbers;
+  std::vector<std::string> words;  // of the changed code, which can be in the name of a test
+  std::vector<unsigned> related;   // the numbers of the functions that the changed code names
+  std::string lastKiller;          // the test that killed this mutant in an earlier run, or empty
+  KillCounts functionKills;        // of mutants of the same function
+  KillCounts fileKills;            // of mutants of the same file
+};
+
+// Returns the lower-case identifiers of the text that have at least five letters.
+std::vector<std::string> wordsOf(const std::string& text);
+
+// The order is: the last killer, the tests whose name contains two of the words, the tests that killed mutants of the
+// same function, the most specific tests, and then the other tests, alternately from each suite and beginning with the
+// tests that execute the most code. A test is more specific if it executes more related functions, killed more mutants
+// of the file, or executes less code.
+std::vector<const KnownTest*> orderedTests(const std::vector<KnownTest>& tests, const TestQuery& query);
+
+}  // namespace mutation
