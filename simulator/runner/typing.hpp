@@ -1,7 +1,12 @@
-// Simulates the input of a physical keyboard into the first responder. Main thread.
+// Simulates the input of a physical keyboard, and of the input method that converts its keys, into the first responder.
+// Texts are UTF-8. Main thread.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
+
+#include "platform/core_graphics.hpp"
 
 namespace runner {
 
@@ -10,8 +15,28 @@ enum class Key { Return, Backspace };
 // Whether an object received the input. Without a first responder that accepts text, the input has no effect.
 enum class TypingResult { Received, NoReceiver };
 
-// Inserts UTF-8 text at the selection.
+// Replaces the marked text, or else the selection.
 TypingResult typeText(const std::string& text);
 TypingResult pressKey(Key key);
+
+// Replaces the marked text, which is the unfinished text of the input method. `caret` is an offset in bytes in the
+// text. An empty text removes the marked text.
+TypingResult setMarkedText(const std::string& text, std::size_t caret);
+bool hasMarkedText();
+
+// The text of the first responder without the marked text. `caret` is an offset in bytes.
+struct SurroundingText {
+  std::string text;
+  std::size_t caret = 0;
+};
+// Returns nothing if the first responder accepts no input method.
+std::optional<SurroundingText> surroundingText();
+// Deletes a number of characters of the surrounding text. `offset` is the distance of the first one from the caret, in
+// characters. The part outside of the text is ignored.
+void deleteSurroundingText(std::ptrdiff_t offset, std::size_t count);
+
+// Returns the rectangle of the caret in points of the screen. Returns nothing if the first responder accepts no input
+// method.
+std::optional<CGRect> caretRectangle();
 
 }  // namespace runner

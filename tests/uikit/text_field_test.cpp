@@ -1,6 +1,8 @@
 // Tests of UITextField: typing, editing events and drawing.
 #include "platform/ui_text_field.hpp"
 
+#include "simulator/uikit/controls/text_position.hpp"
+#include "simulator/uikit/rendering/renderer.hpp"
 #include "simulator/uikit/text/text_boundaries.hpp"
 #include "simulator/uikit/views/window.hpp"
 #include "tests/uikit/control_target.hpp"
@@ -276,6 +278,221 @@ TEST_F(TextFields, StoreTheirReturnKeyType) {
   EXPECT_EQ((objc::send<UIReturnKeyType, "returnKeyType">(field.get())), UIReturnKeyType{});
   field->setReturnKeyType(UIReturnKeyType::Send);
   EXPECT_EQ((objc::send<UIReturnKeyType, "returnKeyType">(field.get())), UIReturnKeyType::Send);
+}
+
+class MarkedText : public TextFields {
+ public:
+  MarkedText() {
+    field->becomeFirstResponder();
+    takeLog();
+  }
+
+  void mark(const std::string& text, NSUInteger caret) const {
+    objc::send<void, "setMarkedText:selectedRange:">(field.get(), string(text), NSRange{caret, 0});
+  }
+  void unmark() const { objc::send<void, "unmarkText">(field.get()); }
+  UITextRange* markedRange() const { return objc::send<UITextRange*, "markedTextRange">(field.get()); }
+  UITextRange* selectedRange() const { return objc::send<UITextRange*, "selectedTextRange">(field.get()); }
+  std::string textIn(UITextRange* range) const {
+    return text(objc::send<NSString*, "textInRange:">(field.get(), range));
+  }
+  NSInteger offset(UITextPosition* position) const {
+    auto* const beginning = objc::send<UITextPosition*, "beginningOfDocument">(field.get());
+    return objc::send<NSInteger, "offsetFromPosition:toPosition:">(field.get(), beginning, position);
+  }
+  NSInteger caret() const { return offset(selectedRange()->end()); }
+  void replace(NSRange range, const std::string& replacement) const {
+    objc::send<void, "replaceRange:withText:">(field.get(), uikit::textRange(range), string(replacement));
+  }
+};
+
+TEST_F(MarkedText, IsInsertedAtTheCaret) {
+  type("Hi!");
+  select(2, 0);
+  takeLog();
+  mark("ni", 1);
+  EXPECT_EQ(shown(), "Hini!");
+  EXPECT_EQ(textIn(markedRange()), "ni");
+  EXPECT_EQ(caret(), 3);
+  EXPECT_EQ(takeLog(), Log{"changed"});
+  EXPECT_EQ(describe(field).at("markedText"), "ni");
+}
+
+TEST_F(MarkedText, IsReplacedByTheNextMarkedText) {
+  type("Hi!");
+  select(2, 0);
+  mark("ni", 2);
+  mark("nihao", 0);
+  EXPECT_EQ(shown(), "Hinihao!");
+  EXPECT_EQ(offset(markedRange()->start()), 2);
+  EXPECT_EQ(offset(markedRange()->end()), 7);
+  EXPECT_EQ(caret(), 2);
+}
+
+TEST_F(MarkedText, IsReplacedByInsertedText) {
+  type("Hi!");
+  select(2, 0);
+  mark("nihao", 5);
+  takeLog();
+  type("你好");
+  EXPECT_EQ(shown(), "Hi你好!");
+  EXPECT_EQ(markedRange(), nullptr);
+  EXPECT_EQ(caret(), 4);
+  EXPECT_EQ(takeLog(), Log{"changed"});
+}
+
+TEST_F(MarkedText, LeavesNoTraceWhenItIsCleared) {
+  type("Hi!");
+  select(2, 0);
+  const Json before = describe(field);
+  mark("nihao", 5);
+  mark("", 0);
+  EXPECT_EQ(markedRange(), nullptr);
+  EXPECT_EQ(describe(field), before);
+  EXPECT_EQ(caret(), 2);
+  takeLog();
+  mark("", 0);
+  objc::send<void, "setMarkedText:selectedRange:">(field.get(), static_cast<NSString*>(nullptr), NSRange{});
+  EXPECT_EQ(takeLog(), Log{});
+  select(0, 2);
+  mark("", 0);
+  EXPECT_EQ(shown(), "Hi!");
+}
+
+TEST_F(MarkedText, ReplacesTheSelection) {
+  type("Hello world");
+  select(6, 5);
+  mark("sekai", 5);
+  EXPECT_EQ(shown(), "Hello sekai");
+}
+
+TEST_F(MarkedText, BecomesOrdinaryTextWhenItIsUnmarked) {
+  mark("ni", 1);
+  takeLog();
+  unmark();
+  EXPECT_EQ(markedRange(), nullptr);
+  EXPECT_FALSE(describe(field).contains("markedText"));
+  type("x");
+  EXPECT_EQ(shown(), "nxi");
+}
+
+TEST_F(MarkedText, IsUnmarkedByTheReturnKeyWhichDoesNotEndEditing) {
+  mark("ni", 2);
+  takeLog();
+  type("\n");
+  EXPECT_EQ(markedRange(), nullptr);
+  EXPECT_EQ(takeLog(), Log{});
+  EXPECT_TRUE(field->isFirstResponder());
+  type("\n");
+  EXPECT_EQ(takeLog(), (Log{"ended on exit", "ended"}));
+  EXPECT_EQ(shown(), "ni");
+}
+
+TEST_F(MarkedText, IsUnmarkedWhenEditingEndsOrTheSelectionLeavesIt) {
+  type("Hi!");
+  mark("ni", 2);
+  select(4, 0);
+  EXPECT_NE(markedRange(), nullptr);
+  select(1, 0);
+  EXPECT_EQ(markedRange(), nullptr);
+  mark("hao", 3);
+  objc::send<bool, "resignFirstResponder">(field.get());
+  EXPECT_EQ(markedRange(), nullptr);
+  EXPECT_EQ(shown(), "Hhaoi!ni");
+}
+
+TEST_F(MarkedText, StaysMarkedWhenACharacterIsDeletedFromIt) {
+  type("Hi");
+  mark("n你", 2);
+  deleteBackward();
+  EXPECT_EQ(textIn(markedRange()), "n");
+  deleteBackward();
+  EXPECT_EQ(markedRange(), nullptr);
+  EXPECT_EQ(shown(), "Hi");
+  deleteBackward();
+  EXPECT_EQ(shown(), "H");
+}
+
+TEST_F(MarkedText, IsRemovedWhenTheTextIsSet) {
+  mark("ni", 2);
+  field->setText("Bye"_ns);
+  EXPECT_EQ(markedRange(), nullptr);
+  type("!");
+  EXPECT_EQ(shown(), "Bye!");
+}
+
+TEST_F(MarkedText, MovesWhenTextBeforeItIsReplaced) {
+  type("one two");
+  select(4, 0);
+  mark("ni", 1);
+  replace({0, 3}, "three");
+  EXPECT_EQ(shown(), "three nitwo");
+  EXPECT_EQ(textIn(markedRange()), "ni");
+  EXPECT_EQ(caret(), 7);
+  replace({8, NSNotFound}, "");
+  EXPECT_EQ(textIn(markedRange()), "ni");
+  EXPECT_EQ(shown(), "three ni");
+  replace({7, 1}, "o");
+  EXPECT_EQ(markedRange(), nullptr);
+  EXPECT_EQ(shown(), "three no");
+  EXPECT_EQ(caret(), 7);
+  replace({6, 2}, "yes");
+  EXPECT_EQ(caret(), 9);
+}
+
+TEST_F(MarkedText, IsClampedAndCleaned) {
+  mark("a\nb", NSNotFound);
+  EXPECT_EQ(shown(), "a b");
+  EXPECT_EQ(caret(), 3);
+  objc::send<void, "setMarkedText:selectedRange:">(field.get(), stringWithUnpairedSurrogate(), NSRange{});
+  EXPECT_EQ(shown(), "a\uFFFD");
+  EXPECT_EQ(textIn(uikit::textRange({1, NSNotFound})), "\uFFFD");
+  field->setEnabled(false);
+  mark("x", 1);
+  EXPECT_EQ(shown(), "a\uFFFD");
+}
+
+// Spaces have no ink. The text is white and the caret is blue.
+TEST_F(MarkedText, IsUnderlined) {
+  const auto inkOfLine = [] {
+    const auto screen = uikit::renderScreen(1);
+    int count = 0;
+    for (int y = 0; y < screen->pixelHeight(); ++y)
+      for (int x = 0; x < screen->pixelWidth(); ++x) {
+        const std::uint32_t pixel = screen->pixel(x, y);
+        count += pixel != black && (pixel & 0xff) == (pixel >> 16 & 0xff) ? 1 : 0;
+      }
+    return count;
+  };
+  mark("       ", 0);
+  EXPECT_GT(inkOfLine(), 10);
+  unmark();
+  EXPECT_EQ(inkOfLine(), 0);
+}
+
+TEST_F(MarkedText, MovesTheCaretRectangle) {
+  const auto caretX = [&](UITextPosition* position) {
+    return objc::send<CGRect, "caretRectForPosition:">(field.get(), position).origin.x;
+  };
+  mark("HH", 2);
+  EXPECT_EQ(caretX(markedRange()->start()), 0);
+  EXPECT_GT(caretX(markedRange()->end()), 15);
+}
+
+TEST_F(MarkedText, PositionsOutsideOfTheTextDoNotExist) {
+  type("Hi");
+  auto* const end = objc::send<UITextPosition*, "endOfDocument">(field.get());
+  const auto moved = [&](NSInteger distance) {
+    return objc::send<UITextPosition*, "positionFromPosition:offset:">(field.get(), end, distance);
+  };
+  EXPECT_EQ(moved(1), nullptr);
+  EXPECT_EQ(moved(-3), nullptr);
+  ASSERT_EQ(offset(moved(-2)), 0);
+  auto* const range = objc::send<UITextRange*, "textRangeFromPosition:toPosition:">(field.get(), end, moved(-1));
+  EXPECT_EQ(textIn(range), "i");
+  objc::send<void, "setSelectedTextRange:">(field.get(), range);
+  type("a");
+  EXPECT_EQ(shown(), "Ha");
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -47,8 +49,8 @@ bool isPaste(const GdkEventKey& event) {
 
 }  // namespace
 
-KeyboardInput::KeyboardInput(GtkWidget* window) : inputMethod_(gtk_im_multicontext_new()) {
-  gtk_im_context_set_use_preedit(inputMethod_, FALSE);
+KeyboardInput::KeyboardInput(GtkWidget* window, std::function<GdkRectangle(const CGRect& points)> windowRectangle)
+    : inputMethod_(gtk_im_multicontext_new()), windowRectangle_(std::move(windowRectangle)) {
   const auto key = +[](GtkWidget*, GdkEventKey* event, KeyboardInput* self) -> gboolean {
     return self->handleKey(*event) ? TRUE : FALSE;
   };
@@ -63,18 +65,90 @@ KeyboardInput::KeyboardInput(GtkWidget* window) : inputMethod_(gtk_im_multiconte
   const auto realize = +[](GtkWidget* realized, KeyboardInput* self) {
     gtk_im_context_set_client_window(self->inputMethod_, gtk_widget_get_window(realized));
   };
-  const auto commit = +[](GtkIMContext*, const char* text, void*) { type(text); };
+  const auto commit = +[](GtkIMContext*, const char* text, KeyboardInput* self) { self->commit(text); };
+  const auto changeMarkedText = +[](GtkIMContext*, KeyboardInput* self) { self->scheduleMarkedText(); };
+  const auto retrieve =
+      +[](GtkIMContext*, KeyboardInput* self) -> gboolean { return self->reportSurroundingText() ? TRUE : FALSE; };
+  const auto remove = +[](GtkIMContext*, int offset, int count, KeyboardInput*) -> gboolean {
+    foundation::onMainThread(
+        [offset, count] { runner::deleteSurroundingText(offset, static_cast<std::size_t>(std::max(count, 0))); });
+    return TRUE;
+  };
   g_signal_connect(window, "key-press-event", G_CALLBACK(key), this);
   g_signal_connect(window, "key-release-event", G_CALLBACK(key), this);
   g_signal_connect(window, "focus-in-event", G_CALLBACK(focusIn), this);
   g_signal_connect(window, "focus-out-event", G_CALLBACK(focusOut), this);
   g_signal_connect(window, "realize", G_CALLBACK(realize), this);
-  g_signal_connect(inputMethod_, "commit", G_CALLBACK(commit), nullptr);
+  g_signal_connect(inputMethod_, "commit", G_CALLBACK(commit), this);
+  g_signal_connect(inputMethod_, "preedit-changed", G_CALLBACK(changeMarkedText), this);
+  g_signal_connect(inputMethod_, "preedit-end", G_CALLBACK(changeMarkedText), this);
+  g_signal_connect(inputMethod_, "retrieve-surrounding", G_CALLBACK(retrieve), this);
+  g_signal_connect(inputMethod_, "delete-surrounding", G_CALLBACK(remove), this);
 }
 
 KeyboardInput::~KeyboardInput() {
+  g_signal_handlers_disconnect_by_data(inputMethod_, this);
   gtk_im_context_set_client_window(inputMethod_, nullptr);
   g_object_unref(inputMethod_);
+}
+
+// The field finishes its marked text by itself, for example when the banner is dismissed. The input method must then
+// begin a new text. Some input methods commit the old one when they are reset, although the phone already has it.
+void KeyboardInput::update() {
+  if (!markedText_.empty() && !runner::hasMarkedText()) {
+    markedText_.clear();
+    isResetting_ = true;
+    gtk_im_context_reset(inputMethod_);
+    isResetting_ = false;
+  }
+  reportCaret();
+}
+
+void KeyboardInput::commit(const char* text) {
+  if (isResetting_) return;
+  type(text);
+  scheduleMarkedText();
+}
+
+// Shows the last unfinished text after the committed text. A committed text thus replaces the marked text, even if the
+// input method removes the unfinished text first.
+void KeyboardInput::scheduleMarkedText() {
+  foundation::onMainThread([this, change = ++*changes_, changes = std::weak_ptr<unsigned>(changes_)] {
+    if (const auto last = changes.lock(); last != nullptr && *last == change) showMarkedText();
+  });
+}
+
+void KeyboardInput::showMarkedText() {
+  char* text = nullptr;
+  int characters = 0;
+  gtk_im_context_get_preedit_string(inputMethod_, &text, nullptr, &characters);
+  const auto bytes = static_cast<int>(g_utf8_offset_to_pointer(text, characters) - text);
+  // The committed text has already replaced the marked text of the field.
+  const std::string current = runner::hasMarkedText() ? markedText_ : "";
+  if (current != text || markedCaret_ != bytes) {
+    const auto result = runner::setMarkedText(text, static_cast<std::size_t>(bytes));
+    markedText_ = result == runner::TypingResult::Received ? text : "";
+    markedCaret_ = bytes;
+  }
+  g_free(text);
+}
+
+// The input method places its list of candidates at the caret.
+void KeyboardInput::reportCaret() {
+  const std::optional<CGRect> caret = runner::caretRectangle();
+  if (!caret) return;
+  const GdkRectangle rectangle = windowRectangle_(*caret);
+  if (gdk_rectangle_equal(&rectangle, &caret_) != FALSE) return;
+  caret_ = rectangle;
+  gtk_im_context_set_cursor_location(inputMethod_, &caret_);
+}
+
+bool KeyboardInput::reportSurroundingText() {
+  const std::optional<runner::SurroundingText> surrounding = runner::surroundingText();
+  if (!surrounding) return false;
+  gtk_im_context_set_surrounding(inputMethod_, surrounding->text.c_str(), static_cast<int>(surrounding->text.size()),
+                                 static_cast<int>(surrounding->caret));
+  return true;
 }
 
 bool KeyboardInput::handleKey(GdkEventKey& event) {
@@ -82,7 +156,10 @@ bool KeyboardInput::handleKey(GdkEventKey& event) {
     paste(gtk_get_event_widget(reinterpret_cast<GdkEvent*>(&event)));
     return true;
   }
-  if (gtk_im_context_filter_keypress(inputMethod_, &event) != FALSE) return true;
+  const bool isFiltered = gtk_im_context_filter_keypress(inputMethod_, &event) != FALSE;
+  // An input method that has ended does not always report that its unfinished text has vanished.
+  if (!markedText_.empty()) scheduleMarkedText();
+  if (isFiltered) return true;
   if (event.type != GDK_KEY_PRESS) return false;
   const auto* found = std::ranges::find(keys, event.keyval, &KeyRow::value);
   if (found == keys.end()) return false;

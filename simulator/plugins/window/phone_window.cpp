@@ -49,7 +49,7 @@ PhoneWindow::PhoneWindow()
       area_(makePhoneArea()),
       access_(area_, [this](const CGRect& points) { return areaRectangle(points); }),
       pointer_(area_, [this](double x, double y) { return screenPoint(x, y); }),
-      keyboard_(area_),
+      keyboard_(area_, [this](const CGRect& points) { return areaRectangle(points); }),
       composer_(window_, area_, [this] { mainContext_.dispatch(); }),
       mainContext_(displayDescriptor(), [this] { end(runner::WindowState::DisplayLost); }),
       displayLink_([this] { present(); }) {
@@ -148,6 +148,7 @@ void PhoneWindow::present() {
   if (cairo_region_is_empty(damage.get()) != 0) return;
   queueDraw(damage.get());
   access_.update();
+  keyboard_.update();
   mainContext_.dispatch();
 }
 

@@ -4,6 +4,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "simulator/uikit/controls/text_position.hpp"
 #include "simulator/uikit/description/text_description.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
@@ -78,6 +79,7 @@ void describe(UITextField* self, void* description) {
   nlohmann::ordered_json& node = descriptionAt(description);
   const TextFieldState& state = objc::state(self);
   node["text"] = utf8(state.text);
+  if (state.marked.length > 0) node["markedText"] = utf8(state.text, state.marked);
   if (state.placeholder != nullptr) node["placeholder"] = utf8(state.placeholder);
   node["font"] = describeFont(fontOf(state.font));
   node["alignment"] = nameOf(state.alignment);
@@ -90,6 +92,7 @@ void replaceText(UITextField* field, NSString* text, NSUInteger caret) {
   TextFieldState& state = objc::state(field);
   state.text = objc::adopt(objc::send<NSString*, "copy">(text));
   state.selection = {caret, 0};
+  state.marked = {};
   invalidateText(field);
 }
 
@@ -117,8 +120,10 @@ void defineTextField() {
       objc::method<"setEnablesReturnKeyAutomatically:", &setValue<&State::enablesReturnKeyAutomatically>>(),
       objc::method<"_describe:", &describe>(),
   };
+  defineTextPosition();
   objc::defineClassWithState<UITextField>(methods);
   objc::addCategory(UITextField::classObject(), textFieldEditingMethods());
+  objc::addCategory(UITextField::classObject(), textFieldInputMethods());
   objc::addCategory(UITextField::classObject(), textFieldDrawingMethods());
 }
 

@@ -23,6 +23,8 @@ struct TextFieldState {
   // The selection, in UTF-16 code units. An empty selection is the position of the caret. The range is always inside
   // the text.
   NSRange selection;
+  // The part of the text that an input method has not finished. It is empty if there is none.
+  NSRange marked;
   // The distance, in points, by which the text is scrolled to the left. Scrolling keeps the caret visible.
   double scrollOffset = 0;
   std::optional<drawing::TextLayout> layout;  // created at first use
@@ -34,11 +36,21 @@ struct objc::StateOf<UITextField> {
 
 namespace uikit {
 
-// Replaces the text and sets the caret to this position, in UTF-16 code units. Sends no control events.
+// Replaces the text and sets the caret to this position, in UTF-16 code units. No text is marked afterwards. Sends no
+// control events.
 void replaceText(UITextField* field, NSString* text, NSUInteger caret);
+// Makes the marked text a part of the ordinary text.
+void unmarkText(UITextField* field);
+// Returns the range that typed text replaces: the marked text, or else the selection.
+NSRange replacedByInput(const UITextField* field);
+// Replaces each line break with a space.
+NSString* withoutLineBreaks(NSString* text);
+// Returns the rectangle of a caret at this position, in coordinates of the field.
+CGRect caretRectangle(UITextField* field, NSUInteger position);
 
 // The methods of UITextField. Each source file defines one list.
 std::span<const objc::MethodEntry> textFieldEditingMethods();
+std::span<const objc::MethodEntry> textFieldInputMethods();
 std::span<const objc::MethodEntry> textFieldDrawingMethods();
 
 void defineTextField();

@@ -18,6 +18,8 @@ namespace {
 
 constexpr double caretWidth = 2;
 constexpr double selectionOpacity = 0.2;
+constexpr double underlineDistance = 2;  // from the baseline
+constexpr double underlineThickness = 1;
 constexpr CGFloat borderInset = 7;
 
 double scale() { return environment().device.scale; }
@@ -113,6 +115,22 @@ void drawSelection(UITextField* self, drawing::Canvas& canvas, const drawing::Re
                        tint(self, selectionOpacity));
 }
 
+// Draws the line under the marked text.
+void drawUnderline(UITextField* self, drawing::Canvas& canvas, const drawing::Rectangle& line, double left) {
+  const NSRange marked = objc::state(self).marked;
+  const double begin = horizontalOffset(self, marked.location);
+  const double end = horizontalOffset(self, marked.location + marked.length);
+  const double baseline = drawing::baselineOffset(fontOf(objc::state(self).font), scale());
+  const double top = std::min(baseline + underlineDistance, line.height - underlineThickness);
+  canvas.fillRectangle({left + std::min(begin, end), line.y + top, std::abs(end - begin), underlineThickness},
+                       colorOf(objc::send<UIColor*, "textColor">(self)));
+}
+
+// Returns the left edge of a caret at the offset from the left edge of the text.
+double leftOfCaret(const drawing::Rectangle& line, double left, double caretOffset) {
+  return std::clamp(left + caretOffset, line.x, std::max(line.x + line.width - caretWidth, line.x));
+}
+
 void drawEditedText(UITextField* self, drawing::Canvas& canvas, const drawing::Rectangle& line, UIColor* color) {
   const NSRange selection = objc::state(self).selection;
   const double caretOffset = horizontalOffset(self, selection.location + selection.length);
@@ -123,10 +141,9 @@ void drawEditedText(UITextField* self, drawing::Canvas& canvas, const drawing::R
   const double width = textLayout(self).measure(0).width;
   // The rectangle has the width of the text. This prevents truncation for every alignment.
   textLayout(self).draw(canvas, {left, line.y, width, line.height}, colorOf(color));
-  if (selection.length == 0) {
-    const double caret = std::clamp(left + caretOffset, line.x, std::max(line.x + line.width - caretWidth, line.x));
-    canvas.fillRectangle({caret, line.y, caretWidth, line.height}, tint(self, 1));
-  }
+  if (objc::state(self).marked.length > 0) drawUnderline(self, canvas, line, left);
+  if (selection.length == 0)
+    canvas.fillRectangle({leftOfCaret(line, left, caretOffset), line.y, caretWidth, line.height}, tint(self, 1));
   canvas.restore();
 }
 
@@ -182,6 +199,13 @@ CGFloat firstBaselineOffset(UITextField* self) {
 }
 
 }  // namespace
+
+CGRect caretRectangle(UITextField* field, NSUInteger position) {
+  const drawing::Rectangle line = lineInBounds(field, field->bounds());
+  const NSRange selection = objc::state(field).selection;
+  const double left = leftOfScrolledText(field, line, horizontalOffset(field, selection.location + selection.length));
+  return {{leftOfCaret(line, left, horizontalOffset(field, position)), line.y}, {caretWidth, line.height}};
+}
 
 std::span<const objc::MethodEntry> textFieldDrawingMethods() {
   static constexpr objc::MethodEntry methods[] = {

@@ -32,7 +32,7 @@ bool resignFirstResponder(UITextField* self) {
   if (!objc::sendSuper<"UITextField", bool, "resignFirstResponder">(self)) return false;
   if (!wasEditing) return true;
   objc::state(self).scrollOffset = 0;
-  setNeedsDisplay(self);
+  unmarkText(self);
   sendActions(self, UIControlEvents::EditingDidEnd);
   return true;
 }
@@ -71,18 +71,23 @@ void returnKeyPressed(UITextField* self) {
   if (hasAction) self->resignFirstResponder();
 }
 
-NSString* withoutLineBreaks(NSString* text) {
-  for (NSString* lineBreak : {"\r\n"_ns, "\n"_ns, "\r"_ns, "\u2028"_ns, "\u2029"_ns})
-    text = objc::send<NSString*, "stringByReplacingOccurrencesOfString:withString:">(text, lineBreak, " "_ns);
-  return text;
-}
-
-// Inserts text at the selection. A single line feed represents the return key. In a longer text, spaces replace the
-// line breaks.
+// Replaces the marked text, or else the selection. A single line feed represents the return key, which only finishes
+// the marked text if there is any. In a longer text, spaces replace the line breaks.
 void insertText(UITextField* self, NSString* text) {
   if (!isEnabled(self) || text->length() == 0) return;
-  if (text->isEqualToString("\n"_ns)) return returnKeyPressed(self);
-  replaceCharacters(self, objc::state(self).selection, withoutLineBreaks(wellFormed(text)));
+  if (!text->isEqualToString("\n"_ns))
+    return replaceCharacters(self, replacedByInput(self), withoutLineBreaks(wellFormed(text)));
+  if (objc::state(self).marked.length > 0) return unmarkText(self);
+  returnKeyPressed(self);
+}
+
+// Deletes in the marked text like setMarkedText:selectedRange: with the rest of the text.
+void deleteFromMarkedText(UITextField* self, NSRange deleted) {
+  const NSRange marked = objc::state(self).marked;
+  NSString* text = objc::state(self).text->substringWithRange(marked);
+  const NSRange inside = {deleted.location - marked.location, deleted.length};
+  objc::send<void, "setMarkedText:selectedRange:">(self, text->stringByReplacingCharactersInRange(inside, ""_ns),
+                                                   NSRange{inside.location, 0});
 }
 
 void deleteBackward(UITextField* self) {
@@ -92,23 +97,48 @@ void deleteBackward(UITextField* self) {
     deleted.location = startOfCharacterBefore(state.text, state.selection.location);
     deleted.length = state.selection.location - deleted.location;
   }
-  if (isEnabled(self) && deleted.length > 0) replaceCharacters(self, deleted, ""_ns);
+  if (!isEnabled(self) || deleted.length == 0) return;
+  const NSRange marked = state.marked;
+  const bool isMarked = marked.length > 0 && deleted.location >= marked.location &&
+                        deleted.location + deleted.length <= marked.location + marked.length;
+  if (isMarked) return deleteFromMarkedText(self, deleted);
+  replaceCharacters(self, deleted, ""_ns);
 }
 
 NSRange selectedRange(UITextField* self) { return objc::state(self).selection; }
 
-// Sets the selection to the part of the range that is inside the text.
+// Sets the selection to the part of the range that is inside the text. A selection outside of the marked text finishes
+// the marked text.
 void setSelectedRange(UITextField* self, NSRange range) {
   TextFieldState& state = objc::state(self);
   const NSUInteger length = state.text->length();
   const NSUInteger location = std::min(range.location, length);
   state.selection = {location, std::min(range.length, length - location)};
+  const NSRange marked = state.marked;
+  if (location < marked.location || location + state.selection.length > marked.location + marked.length)
+    state.marked = {};
   setNeedsDisplay(self);
 }
 
 void selectAll(UITextField* self, NSObject*) { setSelectedRange(self, {0, NSNotFound}); }
 
 }  // namespace
+
+void unmarkText(UITextField* field) {
+  objc::state(field).marked = {};
+  setNeedsDisplay(field);
+}
+
+NSRange replacedByInput(const UITextField* field) {
+  const TextFieldState& state = objc::state(field);
+  return state.marked.length > 0 ? state.marked : state.selection;
+}
+
+NSString* withoutLineBreaks(NSString* text) {
+  for (NSString* lineBreak : {"\r\n"_ns, "\n"_ns, "\r"_ns, "\u2028"_ns, "\u2029"_ns})
+    text = objc::send<NSString*, "stringByReplacingOccurrencesOfString:withString:">(text, lineBreak, " "_ns);
+  return text;
+}
 
 std::span<const objc::MethodEntry> textFieldEditingMethods() {
   static constexpr objc::MethodEntry methods[] = {
