@@ -51,7 +51,9 @@ std::vector<unsigned char> decompressed(const unsigned char* data, std::size_t s
 }
 
 std::uint32_t integerAt(const unsigned char* data) {
-  return data[0] | data[1] << 8 | data[2] << 16 | static_cast<std::uint32_t>(data[3]) << 24;
+  std::uint32_t value = 0;
+  for (int index = 3; index >= 0; --index) value = value << 8 | data[index];
+  return value;
 }
 
 }  // namespace
@@ -192,9 +194,9 @@ void PageConnection::readFrame(const unsigned char* data, std::size_t size) {
   for (std::size_t part = 3; part < header.size(); part += 4) {
     for (int y = header[part + 1]; y < header[part + 1] + header[part + 3]; ++y) {
       for (int x = header[part]; x < header[part] + header[part + 2]; ++x, pixel += integerSize) {
-        pixels_[static_cast<std::size_t>(y * width + x)] = static_cast<std::uint32_t>(pixel[3]) << 24 |
-                                                           static_cast<std::uint32_t>(pixel[0]) << 16 |
-                                                           static_cast<std::uint32_t>(pixel[1]) << 8 | pixel[2];
+        pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)] =
+            static_cast<std::uint32_t>(pixel[3]) << 24 | static_cast<std::uint32_t>(pixel[0]) << 16 |
+            static_cast<std::uint32_t>(pixel[1]) << 8 | pixel[2];
       }
     }
   }
