@@ -14,6 +14,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "objc/autorelease_pool.hpp"
 #include "platform/ui_view.hpp"
@@ -51,7 +52,8 @@ void retainResources() {
   const objc::AutoreleasePool pool;
   objc::make<UIView>().leak();
   constexpr std::size_t retainedBytes = 16 << 20;
-  std::fill_n(new char[retainedBytes], retainedBytes, 'x');
+  static const std::vector<char>& retained = *new std::vector<char>(retainedBytes, 'x');
+  static_cast<void>(retained);
   if (open("/dev/null", O_RDONLY | O_CLOEXEC) < 0) throw std::runtime_error("cannot open /dev/null");
   std::thread([] { pause(); }).detach();
 }
