@@ -43,7 +43,7 @@ constexpr double minMemoryTolerance = 512 * 1024;
 constexpr double bytesOfLastState = 16;
 // In real time, the phone is measured for the first time after this part of the duration, and then after parts of this
 // length.
-constexpr double firstPartOfDuration = 0.25;
+constexpr double firstPartOfDuration = 0.4;
 constexpr double partBetweenMeasurements = 0.1;
 
 double secondsSince(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
