@@ -5,7 +5,9 @@
 #include <stdlib.h>
 
 #include <cstddef>
+#include <map>
 #include <memory>
+#include <string>
 
 // Foundation declares these functions in a header that only an Objective-C compiler can read.
 extern "C" {
@@ -19,12 +21,19 @@ namespace test {
 // Call once. Objects that already exist are not counted.
 inline void startCountingLiveObjects() { GSDebugAllocationActive(1); }
 
-// The number of objects that were created since startCountingLiveObjects() and are not released.
-inline std::ptrdiff_t liveObjectCount() {
-  std::ptrdiff_t total = 0;
+// For each class, the number of objects that were created since startCountingLiveObjects() and are not released.
+inline std::map<std::string, long> liveObjectsByClass() {
+  std::map<std::string, long> counts;
   const std::unique_ptr<Class[], decltype(&free)> classes(GSDebugAllocationClassList(), &free);
   for (const Class* counted = classes.get(); counted != nullptr && *counted != nullptr; ++counted)
-    total += GSDebugAllocationCount(*counted);
+    counts[class_getName(*counted)] = GSDebugAllocationCount(*counted);
+  return counts;
+}
+
+// The sum of these numbers.
+inline std::ptrdiff_t liveObjectCount() {
+  std::ptrdiff_t total = 0;
+  for (const auto& [name, count] : liveObjectsByClass()) total += count;
   return total;
 }
 
