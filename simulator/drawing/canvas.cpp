@@ -236,8 +236,8 @@ void Canvas::setSource(const Image& image, const Rectangle& target) {
   cairo_user_to_device_distance(context_.get(), &deviceWidth, &deviceHeight);
   const double width = std::max(std::round(deviceWidth), 1.0);
   const double height = std::max(std::round(deviceHeight), 1.0);
-  const int retainedWidth = cairo_image_surface_get_width(image.surface());
-  const int retainedHeight = cairo_image_surface_get_height(image.surface());
+  const int retainedWidth = image.surfaceWidth();
+  const int retainedHeight = image.surfaceHeight();
   const bool isReduced = width < retainedWidth && height < retainedHeight;
   const bool canBeEnlarged = std::max(width, height) <= Canvas::maxSide && width * height <= maxEnlargedPixels;
   if (deviceWidth > 0 && deviceHeight > 0 && (isReduced || canBeEnlarged)) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -18,6 +19,15 @@ bool isAcceptableSize(std::int64_t width, std::int64_t height);
 // is too large.
 SurfaceHandle decodePng(std::span<const std::byte> data);
 SurfaceHandle decodeJpeg(std::span<const std::byte> data);
+
+struct PixelSize {
+  int width;
+  int height;
+};
+// Returns the size in the header of PNG data, which has pngHeaderSize bytes. Returns nothing if the data is not the
+// start of a PNG file, or if the image is too large.
+inline constexpr std::size_t pngHeaderSize = 24;
+std::optional<PixelSize> pngSize(std::span<const std::byte> header);
 
 // Encode an image. Both functions return an empty vector on failure.
 std::vector<std::byte> encodePng(cairo_surface_t* surface);

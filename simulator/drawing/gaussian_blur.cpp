@@ -61,8 +61,25 @@ void addRows(const Source& source, int firstRow, std::vector<std::uint16_t>& sum
   }
 }
 
+// Adds four adjacent pixels, each of which is the sum of four rows. The result fits into 16 bits: 255 * 16 = 4080.
+Vector4 sumOfFourPixels(const std::uint16_t* pixels) {
+  CellPair first;
+  CellPair second;
+  std::memcpy(&first, pixels, sizeof first);
+  std::memcpy(&second, pixels + 8, sizeof second);
+  const CellPair pairs = first + second;
+  Cell left;
+  Cell right;
+  std::memcpy(&left, &pairs, sizeof left);
+  std::memcpy(&right, reinterpret_cast<const char*>(&pairs) + sizeof left, sizeof right);
+  return __builtin_convertvector(left + right, Vector4);
+}
+
 // Adds the pixels of a cell. Outside the captured area, the nearest captured pixel is used.
 Vector4 sumOfCell(const std::vector<std::uint16_t>& sums, const Source& source, int column) {
+  const int left = column * cellSide - source.area.x;
+  if (left >= 0 && left + cellSide <= source.area.width)
+    return sumOfFourPixels(&sums[static_cast<std::size_t>(left) * 4]);
   Vector4 sum{};
   for (int index = 0; index < cellSide; ++index) {
     const int x = std::clamp(column * cellSide + index - source.area.x, 0, source.area.width - 1);

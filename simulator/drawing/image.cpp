@@ -1,10 +1,13 @@
 #include "simulator/drawing/image.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <fstream>
 #include <utility>
 
 #include "simulator/drawing/codecs.hpp"
+#include "simulator/drawing/files.hpp"
 
 namespace drawing {
 namespace {
@@ -19,6 +22,14 @@ constexpr std::byte pngStart[] = {std::byte{0x89}, std::byte{'P'}, std::byte{'N'
 
 bool startsWith(std::span<const std::byte> data, std::span<const std::byte> start) {
   return data.size() >= start.size() && std::equal(start.begin(), start.end(), data.begin());
+}
+
+// The maximum number of pixels of a resized image for which the previous size is also cached.
+constexpr int maxPixelsOfTwoSizes = 200 * 200;
+
+bool hasSize(cairo_surface_t* surface, int width, int height) {
+  return surface != nullptr && cairo_image_surface_get_width(surface) == width &&
+         cairo_image_surface_get_height(surface) == height;
 }
 
 bool hasPixels(cairo_surface_t* surface) {
@@ -52,8 +63,41 @@ Image::Image(SurfaceHandle surface, double scale, std::string name)
     : surface_(std::move(surface)),
       pixelWidth_(cairo_image_surface_get_width(surface_.get())),
       pixelHeight_(cairo_image_surface_get_height(surface_.get())),
+      surfaceWidth_(pixelWidth_),
+      surfaceHeight_(pixelHeight_),
       scale_(std::isfinite(scale) && scale > 0 ? scale : 1),
       name_(std::move(name)) {}
+
+Image::Image(std::filesystem::path file, int width, int height, double scale)
+    : pixelWidth_(width),
+      pixelHeight_(height),
+      surfaceWidth_(width),
+      surfaceHeight_(height),
+      scale_(std::isfinite(scale) && scale > 0 ? scale : 1),
+      name_(file.string()),
+      file_(std::move(file)) {}
+
+std::shared_ptr<const Image> Image::fromInstalledFile(const std::filesystem::path& path, double scale) {
+  std::ifstream file(path, std::ios::binary);
+  std::array<char, pngHeaderSize> header{};
+  if (!file.read(header.data(), header.size())) return nullptr;
+  const std::optional<PixelSize> size = pngSize(std::as_bytes(std::span(header)));
+  if (!size) return nullptr;
+  return std::shared_ptr<const Image>(new Image(path, size->width, size->height, scale));
+}
+
+cairo_surface_t* Image::surface() const {
+  if (surface_ == nullptr) {
+    surface_ = decodePng(readRegularFile(file_));
+    const bool isExpected = hasPixels(surface_.get()) && hasSize(surface_.get(), surfaceWidth_, surfaceHeight_);
+    if (!isExpected)
+      surface_.reset(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, surfaceWidth_, surfaceHeight_));
+    else if (cairo_image_surface_get_format(surface_.get()) != CAIRO_FORMAT_ARGB32)
+      surface_ = resizedCopy(surface_.get(), surfaceWidth_, surfaceHeight_);
+    cairo_surface_flush(surface_.get());
+  }
+  return surface_.get();
+}
 
 std::shared_ptr<const Image> Image::fromSurface(SurfaceHandle surface, double scale, std::string name) {
   if (!hasPixels(surface.get())) return nullptr;
@@ -82,7 +126,7 @@ std::shared_ptr<const Image> Image::fromFile(SurfaceHandle surface, double scale
 }
 
 std::shared_ptr<const Image> Image::named(std::string name) const {
-  SurfaceHandle shared(cairo_surface_reference(surface_.get()));
+  SurfaceHandle shared(cairo_surface_reference(surface()));
   auto* const image = new Image(std::move(shared), scale_, std::move(name));
   image->pixelWidth_ = pixelWidth_;
   image->pixelHeight_ = pixelHeight_;
@@ -94,20 +138,20 @@ std::uint32_t Image::pixel(int x, int y) const {
   const auto retained = [](int position, int count, int all) {
     return static_cast<std::int64_t>(position) * count / all;
   };
-  const std::int64_t column = retained(x, cairo_image_surface_get_width(surface_.get()), pixelWidth_);
-  const std::int64_t line = retained(y, cairo_image_surface_get_height(surface_.get()), pixelHeight_);
-  const unsigned char* row =
-      cairo_image_surface_get_data(surface_.get()) + line * cairo_image_surface_get_stride(surface_.get());
+  const std::int64_t column = retained(x, surfaceWidth_, pixelWidth_);
+  const std::int64_t line = retained(y, surfaceHeight_, pixelHeight_);
+  const unsigned char* row = cairo_image_surface_get_data(surface()) + line * cairo_image_surface_get_stride(surface());
   return reinterpret_cast<const std::uint32_t*>(row)[column];
 }
 
 cairo_surface_t* Image::resizedSurface(int width, int height) const {
-  if (width == cairo_image_surface_get_width(surface_.get()) &&
-      height == cairo_image_surface_get_height(surface_.get()))
-    return surface_.get();
-  const bool isCached = resized_ && cairo_image_surface_get_width(resized_.get()) == width &&
-                        cairo_image_surface_get_height(resized_.get()) == height;
-  if (!isCached) resized_ = resizedCopy(surface_.get(), width, height);
+  if (width == surfaceWidth_ && height == surfaceHeight_) return surface();
+  if (hasSize(resized_.get(), width, height)) return resized_.get();
+  std::swap(resized_, previous_);
+  if (hasSize(resized_.get(), width, height)) return resized_.get();
+  if (width * height > maxPixelsOfTwoSizes) previous_.reset();
+  resized_ = resizedCopy(surface(), width, height);
+  if (!file_.empty()) surface_.reset();
   return resized_.get();
 }
 

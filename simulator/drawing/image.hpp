@@ -31,6 +31,11 @@ class Image {
   // retained: a display shows no more of them. The size of the image is still that of the file.
   static std::shared_ptr<const Image> fromFile(SurfaceHandle surface, double scale, std::string name);
 
+  // The same for a PNG file that belongs to the installation. Its pixels are decoded when they are first needed, and
+  // released while only a resized copy of them is needed. Returns null if the file is missing or has no PNG header. A
+  // file that is damaged after its header is drawn as a transparent image.
+  static std::shared_ptr<const Image> fromInstalledFile(const std::filesystem::path& path, double scale);
+
   int pixelWidth() const { return pixelWidth_; }
   int pixelHeight() const { return pixelHeight_; }
   // The number of pixels per point.
@@ -44,21 +49,31 @@ class Image {
 
   // Returns a pixel as premultiplied 0xAARRGGBB. Returns 0 outside the image.
   std::uint32_t pixel(int x, int y) const;
-  // The retained pixels of the image. The surface is borrowed and must not be changed.
-  cairo_surface_t* surface() const { return surface_.get(); }
-  // Returns the image scaled to this size in pixels. The result is borrowed and valid until the next call. The last
-  // result is cached, because an image is usually drawn at the same size in each frame.
+  // The size of the surface in pixels. It is smaller than that of the image if only a reduced copy is retained.
+  int surfaceWidth() const { return surfaceWidth_; }
+  int surfaceHeight() const { return surfaceHeight_; }
+  // The retained pixels of the image. The surface is borrowed and must not be changed. The surface of an installed file
+  // is valid until the next call of resizedSurface.
+  cairo_surface_t* surface() const;
+  // Returns the image scaled to this size in pixels. The result is borrowed and valid until the next call. The last two
+  // results of a small image are cached, because the home screen and a banner show an icon at two sizes in each frame.
+  // For a large image, only the last one is cached.
   cairo_surface_t* resizedSurface(int width, int height) const;
 
  private:
   Image(SurfaceHandle surface, double scale, std::string name);
+  Image(std::filesystem::path file, int width, int height, double scale);
 
-  SurfaceHandle surface_;
-  mutable SurfaceHandle resized_;
+  mutable SurfaceHandle surface_;
+  mutable SurfaceHandle resized_;   // the last result of resizedSurface
+  mutable SurfaceHandle previous_;  // the result before it
   int pixelWidth_;
   int pixelHeight_;
+  int surfaceWidth_;
+  int surfaceHeight_;
   double scale_;
   std::string name_;
+  std::filesystem::path file_;  // empty unless the pixels can be decoded again
 };
 
 // Decodes PNG or JPEG data. The content determines the format. Returns null for data in another format, for damaged or

@@ -68,6 +68,12 @@ cairo_status_t appendBytes(void* target, const unsigned char* data, unsigned len
 
 }  // namespace
 
+std::optional<PixelSize> pngSize(std::span<const std::byte> header) {
+  static_assert(pngHeaderSize == headerEnd);
+  if (!hasAcceptableHeader(header)) return std::nullopt;
+  return PixelSize{static_cast<int>(bigEndian(header, headerWidth)), static_cast<int>(bigEndian(header, headerHeight))};
+}
+
 SurfaceHandle decodePng(std::span<const std::byte> data) {
   if (!hasAcceptableHeader(data)) return nullptr;
   const std::vector<std::byte> chunks = withoutOtherChunks(data);

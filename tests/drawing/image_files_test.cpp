@@ -11,6 +11,38 @@ namespace {
 
 std::vector<std::byte> encodedImage(int side) { return encodePng(*quarteredImage(side)); }
 
+TEST(InstalledFile, HasThePixelsOfTheFile) {
+  const ImageFolder folder;
+  folder.write("icon.png", encodedImage(12));
+  const auto installed = Image::fromInstalledFile(folder / "icon.png", 3);
+  const auto loaded = loadImage(folder / "icon.png");
+  ASSERT_NE(installed, nullptr);
+  EXPECT_EQ(installed->pixelWidth(), 12);
+  EXPECT_EQ(installed->size().height, 4);
+  EXPECT_EQ(installed->name(), (folder / "icon.png").string());
+  // After a resized copy is made, the pixels of the file are decoded again.
+  EXPECT_EQ(cairo_image_surface_get_width(installed->resizedSurface(6, 6)), 6);
+  EXPECT_EQ(cairo_image_surface_get_width(installed->resizedSurface(4, 4)), 4);
+  EXPECT_EQ(cairo_image_surface_get_width(installed->resizedSurface(6, 6)), 6);
+  EXPECT_EQ(encodePng(*installed), encodePng(*loaded));
+}
+
+TEST(InstalledFile, IsTransparentIfThePixelsAreDamaged) {
+  const ImageFolder folder;
+  const std::vector<std::byte> content = encodedImage(12);
+  folder.write("icon.png", {content.begin(), content.begin() + 40});
+  const auto installed = Image::fromInstalledFile(folder / "icon.png", 1);
+  ASSERT_NE(installed, nullptr);
+  EXPECT_EQ(installed->pixel(0, 0), 0U);
+}
+
+TEST(InstalledFile, IsNullWithoutAPngHeader) {
+  const ImageFolder folder;
+  folder.write("text.png", bytesOf("a text that is longer than a header"));
+  EXPECT_EQ(Image::fromInstalledFile(folder / "text.png", 1), nullptr);
+  EXPECT_EQ(Image::fromInstalledFile(folder / "missing.png", 1), nullptr);
+}
+
 TEST(LoadImage, ReadsTheScaleFromTheFileName) {
   const ImageFolder folder;
   for (const auto& [name, scale] :

@@ -26,6 +26,30 @@ NSString* text(const std::string& value) { return NSString::stringWithUTF8String
 
 std::string found(const std::string& identifier) { return textOf(FolderFinder::findSharedFolder(text(identifier))); }
 
+enum class Encoding { Ascii, Utf16 };
+
+// Returns a string object of a binary property list: its type, its length and its characters.
+std::string binaryString(const std::string& text, Encoding encoding) {
+  std::string object = {encoding == Encoding::Ascii ? '\x5f' : '\x6f', '\x10', static_cast<char>(text.size())};
+  for (const char letter : text) {
+    if (encoding == Encoding::Utf16) object += '\0';
+    object += letter;
+  }
+  return object;
+}
+
+// Returns metadata in the binary format that phones use.
+std::string binaryMetadata(const std::string& identifier, Encoding encoding) {
+  const std::string key = binaryString("MCMMetadataIdentifier", Encoding::Ascii);
+  std::string list = "bplist00\xd1\x01\x02" + key;
+  const auto value = static_cast<char>(list.size());
+  list += binaryString(identifier, encoding);
+  const auto offsetTable = static_cast<char>(list.size());
+  list += {'\x08', '\x0b', value};
+  list += std::string(6, '\0') + "\x01\x01" + std::string(7, '\0') + '\x03' + std::string(8, '\0');
+  return list + std::string(7, '\0') + offsetTable;
+}
+
 struct FolderFinderTest : testing::Test {
   Phone phone;
   fs::path containers = test::sharedContainers(phone.root());
@@ -51,6 +75,15 @@ TEST_F(FolderFinderTest, SearchesTheFolderItIsGiven) {
 TEST_F(FolderFinderTest, IgnoresCase) {
   makeContainer(containers, "A1", "GROUP.org.Example.shared");
   EXPECT_EQ(found("group.ORG.example.SHARED"), "/var/mobile/Containers/Shared/AppGroup/A1");
+}
+
+TEST_F(FolderFinderTest, FindsIdentifiersInBinaryMetadata) {
+  for (const Encoding encoding : {Encoding::Ascii, Encoding::Utf16}) {
+    writeFile(containers / "A1" / metadataName, binaryMetadata("GROUP.org.example.other", encoding));
+    EXPECT_EQ(found(group), "(nil)");
+    writeFile(containers / "A1" / metadataName, binaryMetadata("GROUP.org.example.shared", encoding));
+    EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/A1");
+  }
 }
 
 TEST_F(FolderFinderTest, ComparesWholeIdentifiers) {

@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <fstream>
-#include <iterator>
-#include <span>
 
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/uikit/images/application_icons.hpp"
@@ -66,10 +63,7 @@ void limitIcons(const std::string& latest) {
 }  // namespace
 
 std::shared_ptr<const drawing::Image> loadArtwork(const std::string& name) {
-  const fs::path path = artworkFolder() / (name + ".png");
-  std::ifstream file(path, std::ios::binary);
-  const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-  return drawing::decodeImage(std::as_bytes(std::span(bytes)), artworkScale, path.string());
+  return drawing::Image::fromInstalledFile(artworkFolder() / (name + ".png"), artworkScale);
 }
 
 void registerApplications(const fs::path& folder) {
