@@ -48,12 +48,11 @@ struct CommandHandler {
   void (*handle)(BannerController*, NSDictionary*);
 };
 
-// The most frequent command is the first.
 constexpr CommandHandler handlers[] = {
-    {&replacementCommand, &handleReplacement},
     {&dismissCommand, &handleDismiss},
     {&dismissWithoutAnimationCommand, &handleDismissWithoutAnimation},
     {&updateCommand, &handleUpdate},
+    {&replacementCommand, &handleReplacement},
 };
 
 }  // namespace

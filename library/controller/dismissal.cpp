@@ -34,15 +34,10 @@ void removeBanner(BannerController* controller) {
   controller->setBrimView(nullptr);
 }
 
-// The block does not retain the controller. Otherwise, a burst of notifications would keep all of their controllers
-// alive, and each of them receives every command.
 void scheduleAutomaticDismissal(BannerController* self) {
-  const objc::Weak<BannerController> weakController(self);
-  onMainQueueAfter(nanoseconds(settings::timeToDismiss), [weakController] {
-    const objc::Ref<BannerController> controller = weakController.lock();
-    if (controller == nullptr || controller->isDismissing() || controller->dismissCalled() ||
-        controller->wasExternallyDismissed())
-      return;
+  const objc::Ref<BannerController> controller = objc::retain(self);
+  onMainQueueAfter(nanoseconds(settings::timeToDismiss), [controller] {
+    if (controller->isDismissing() || controller->dismissCalled() || controller->wasExternallyDismissed()) return;
     controller->setAutoDimissTriggered(true);
     if (respondsTo<"attemptDismissNotificationForView:forced:">(controller))
       controller->attemptDismissNotification(nullptr, false);
@@ -142,10 +137,9 @@ void preventAutomaticDismissal(const BannerController* controller) {
 void dismissReplacedBanner(BannerController* self) {
   if (self->wasExternallyDismissed()) return;
   self->setWasExternallyDismissed(true);
-  const objc::Weak<BannerController> weakController(self);
-  onMainQueueAfter(replacementDelay, [weakController] {
-    const objc::Ref<BannerController> controller = weakController.lock();
-    if (controller == nullptr || controller->isDismissing() || controller->dismissCalled()) return;
+  const objc::Ref<BannerController> controller = objc::retain(self);
+  onMainQueueAfter(replacementDelay, [controller] {
+    if (controller->isDismissing() || controller->dismissCalled()) return;
     if (respondsTo<"forceDismissNotificationForView:">(controller))
       controller->forceDismissNotification(controller->brimView());
   });

@@ -34,8 +34,6 @@ enum class Stage { Presented, Dismissing, Dismissed };
 struct Banner {
   objc::Ref<Controller> controller;
   Stage stage = Stage::Presented;
-  objc::Ref<NCNotificationRequest> keyedRequest;  // the request whose key is stored
-  NotificationKey key;
 };
 
 // The banners whose controllers have not been released. The keys are the numbers of the banners.
@@ -129,21 +127,11 @@ void removeExcessBanners() {
   }
 }
 
-// Returns the key of the banner's request. The request of a controller can change, but the key of a request cannot.
-const NotificationKey& keyOfBanner(Banner& banner) {
-  NCNotificationRequest* request = banner.controller->notificationRequest();
-  if (banner.keyedRequest.get() != request) {
-    banner.keyedRequest = objc::retain(request);
-    banner.key = keyOf(request);
-  }
-  return banner.key;
-}
-
 template <class Predicate>
 void dismissWhere(const Predicate& matches) {
   std::vector<objc::Ref<Controller>> matching;
-  for (auto& [number, banner] : banners())
-    if (banner.stage == Stage::Presented && matches(banner)) matching.push_back(banner.controller);
+  for (const auto& [number, banner] : banners())
+    if (banner.stage == Stage::Presented && matches(banner.controller)) matching.push_back(banner.controller);
   for (const auto& controller : matching) controller->dismissViewController(NSInteger(Transition::SlideOut), nullptr);
 }
 
@@ -183,11 +171,11 @@ void dismissBanner(Controller* controller, NSInteger transition, objc::Block<voi
 }
 
 void dismissAllBanners() {
-  dismissWhere([](const Banner&) { return true; });
+  dismissWhere([](const Controller*) { return true; });
 }
 
 void dismissBannersOf(const NotificationKey& key) {
-  dismissWhere([&key](Banner& banner) { return keyOfBanner(banner) == key; });
+  dismissWhere([&key](const Controller* controller) { return keyOf(controller->notificationRequest()) == key; });
 }
 
 std::size_t numberOfBanner(const NCNotificationViewController* controller) {
