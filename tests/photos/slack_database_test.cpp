@@ -93,6 +93,17 @@ TEST_P(SlackJournalMode, ReadingDoesNotCreateOrModifyFiles) {
   EXPECT_EQ(phone.files(), before);
 }
 
+TEST_P(SlackJournalMode, ReadingClosesTheDatabase) {
+  SlackPhone phone;
+  phone.makeDatabase(GetParam());
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{avatarTarget("Alice")});
+  for (const auto& descriptor : fs::directory_iterator("/proc/self/fd")) {
+    std::error_code closed;
+    const std::string file = fs::read_symlink(descriptor.path(), closed).string();
+    EXPECT_FALSE(file.starts_with(phone.database.string())) << file;
+  }
+}
+
 TEST_P(SlackJournalMode, ReadingAnOpenDatabaseDoesNotCreateOrModifyFiles) {
   SlackPhone phone;
   phone.makeDatabase(GetParam());
