@@ -81,6 +81,14 @@ TEST(SlackPhoto, MissingOrDamagedDatabaseMatchesNoUserAndIsNotModified) {
   EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "without the table of users";
 }
 
+TEST(SlackPhoto, DatabaseCanBeASymbolicLink) {
+  SlackPhone phone;
+  phone.makeDatabase();
+  fs::rename(phone.database, phone.root() / "moved");
+  fs::create_symlink(phone.root() / "moved", phone.database);
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{avatarTarget("Alice")});
+}
+
 class SlackJournalMode : public testing::TestWithParam<const char*> {};
 
 TEST_P(SlackJournalMode, ReadingDoesNotCreateOrModifyFiles) {
