@@ -96,12 +96,13 @@ std::vector<const KnownTest*> orderedTests(const std::vector<KnownTest>& tests, 
   };
   const auto others = std::ranges::find_if_not(ranked, isFirst);
   const auto specificCount = std::min<std::ptrdiff_t>(specificTestCount, ranked.end() - others);
-  const std::ranges::subrange general(others + specificCount, ranked.end());
+  const auto general = others + specificCount;
   // A test that executes little code rarely detects a change of code that most tests execute.
-  std::ranges::stable_sort(general, std::greater(), [](const Ranked& entry) { return entry.test->reachedCount; });
+  std::ranges::stable_sort(general, ranked.end(), std::greater(),
+                           [](const Ranked& entry) { return entry.test->reachedCount; });
   std::map<std::string, std::size_t> places;
-  for (Ranked& entry : general) entry.place = places[suiteOf(entry.test->test.name)]++;
-  std::ranges::stable_sort(general, {}, &Ranked::place);
+  for (auto entry = general; entry != ranked.end(); ++entry) entry->place = places[suiteOf(entry->test->test.name)]++;
+  std::ranges::stable_sort(general, ranked.end(), {}, &Ranked::place);
   std::vector<const KnownTest*> ordered;
   for (const Ranked& entry : ranked) ordered.push_back(entry.test);
   return ordered;
