@@ -104,6 +104,7 @@ std::vector<const KnownTest*> orderedTests(const std::vector<KnownTest>& tests, 
   for (auto entry = general; entry != ranked.end(); ++entry) entry->place = places[suiteOf(entry->test->test.name)]++;
   std::ranges::stable_sort(general, ranked.end(), {}, &Ranked::place);
   std::vector<const KnownTest*> ordered;
+  ordered.reserve(ranked.size());
   for (const Ranked& entry : ranked) ordered.push_back(entry.test);
   return ordered;
 }
