@@ -105,7 +105,7 @@ std::vector<unsigned> Campaign::numbersOf(std::size_t mutant) const {
 std::vector<const KnownTest*> Campaign::testsFor(std::size_t mutant, const ResultFile& results) const {
   TestQuery query;
   query.numbers = numbersOf(mutant);
-  query.words = wordsOf(found_.mutants[mutant].original);
+  query.words = wordsOf(found_.mutants[mutant].function + " " + found_.mutants[mutant].original);
   for (const std::string& symbol : found_.mutants[mutant].related)
     if (const auto body = bodyNumbers_.find(symbol); body != bodyNumbers_.end()) query.related.push_back(body->second);
   results.addKills(keys_[mutant], query);

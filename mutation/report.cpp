@@ -128,7 +128,8 @@ std::string report(const ReportData& data) {
   text << "| survived: not executed by any test | " << counts[State::NotExecuted] << " |\n";
   text << "| equivalent, with a reason; not in the score | " << data.equivalents.size() << " |\n";
   text << "| do not compile; not in the score | " << counts[State::DoesNotCompile] << " |\n";
-  text << "| removed by the preprocessor; not in the score | " << counts[State::ChangesNothing] << " |\n";
+  text << "| removed by the preprocessor or the compiler; not in the score | " << counts[State::ChangesNothing]
+       << " |\n";
   text << "| not tested yet | " << waiting << " |\n";
   text << "| seconds of a process per mutant | "
        << decimal(seconds / static_cast<double>(std::max<std::size_t>(1, data.selected.size() - waiting))) << " |\n";

@@ -19,7 +19,7 @@ enum class State {
   SurvivedFirstTests,  // the tests that ran pass; the others are for the second phase
   NotExecuted,         // no test executes the changed code
   DoesNotCompile,      // no mutant
-  ChangesNothing,      // the preprocessor removes the change; no mutant
+  ChangesNothing,      // the preprocessor or the compiler removes the change; no mutant
 };
 
 struct MutantResult {

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t specificTestCount = 10;
 constexpr std::size_t minWordLength = 5;
+constexpr std::size_t minMatchingLetters = 10;
 
 std::size_t countOf(const KillCounts& kills, const std::string& test) {
   const auto found = kills.find(test);
@@ -21,6 +22,13 @@ std::string lowerCased(std::string text) {
   for (char& character : text)
     if (character >= 'A' && character <= 'Z') character = static_cast<char>(character - 'A' + 'a');
   return text;
+}
+
+std::size_t lettersIn(const std::string& name, const std::vector<std::string>& words) {
+  std::size_t letters = 0;
+  for (const std::string& word : words)
+    if (name.find(word) != std::string::npos) letters += word.size();
+  return letters;
 }
 
 // Without the instance and the parameter of a parameterized test.
@@ -34,16 +42,16 @@ std::string suiteOf(const std::string& test) {
 struct Ranked {
   const KnownTest* test;
   bool isLastKiller;
-  std::size_t words;
+  std::size_t letters;  // of the words that are in the name of the test
   std::size_t functionKills;
   std::size_t related;
   std::size_t fileKills;
   std::size_t place = 0;  // in its suite
 
-  // One word can be in the name by coincidence.
-  std::size_t strongMatch() const { return words >= 2 ? words : 0; }
+  // A short word can be in the name by coincidence.
+  std::size_t strongMatch() const { return letters >= minMatchingLetters ? letters : 0; }
   auto order() const {
-    return std::tuple(!isLastKiller, ~strongMatch(), ~functionKills, ~related, ~words, ~fileKills, test->reachedCount,
+    return std::tuple(!isLastKiller, ~strongMatch(), ~functionKills, ~related, ~letters, ~fileKills, test->reachedCount,
                       test->seconds);
   }
 };
@@ -52,14 +60,22 @@ struct Ranked {
 
 std::vector<std::string> wordsOf(const std::string& text) {
   std::set<std::string> words;
-  std::string word;
-  for (const char character : lowerCased(text) + " ") {
-    if ((character >= 'a' && character <= 'z') || (character == '_' && !word.empty())) {
-      word += character;
-      continue;
-    }
-    if (word.size() >= minWordLength) words.insert(word);
+  std::string identifier;
+  std::string part;
+  const auto take = [&](std::string& word) {
+    if (word.size() >= minWordLength) words.insert(lowerCased(word));
     word.clear();
+  };
+  for (const char character : text + " ") {
+    const bool isUpperCase = character >= 'A' && character <= 'Z';
+    const bool isLetter = isUpperCase || (character >= 'a' && character <= 'z');
+    if (isUpperCase || !isLetter) take(part);
+    if (isLetter) part += character;
+    if (isLetter || (character == '_' && !identifier.empty())) {
+      identifier += character;
+    } else {
+      take(identifier);
+    }
   }
   return {words.begin(), words.end()};
 }
@@ -70,12 +86,9 @@ std::vector<const KnownTest*> orderedTests(const std::vector<KnownTest>& tests, 
     const auto reaches = [&](unsigned number) { return test.reached[number]; };
     if (!query.numbers.empty() && std::ranges::none_of(query.numbers, reaches)) continue;
     const std::string& name = test.test.name;
-    const std::string lowerCase = lowerCased(name);
-    const auto isInName = [&](const std::string& word) { return lowerCase.find(word) != std::string::npos; };
     ranked.push_back(
-        {&test, name == query.lastKiller, static_cast<std::size_t>(std::ranges::count_if(query.words, isInName)),
-         countOf(query.functionKills, name), static_cast<std::size_t>(std::ranges::count_if(query.related, reaches)),
-         countOf(query.fileKills, name)});
+        {&test, name == query.lastKiller, lettersIn(lowerCased(name), query.words), countOf(query.functionKills, name),
+         static_cast<std::size_t>(std::ranges::count_if(query.related, reaches)), countOf(query.fileKills, name)});
   }
   std::ranges::sort(ranked, {}, &Ranked::order);
   const auto isFirst = [](const Ranked& entry) {
@@ -83,13 +96,15 @@ std::vector<const KnownTest*> orderedTests(const std::vector<KnownTest>& tests, 
   };
   const auto others = std::ranges::find_if_not(ranked, isFirst);
   const auto specificCount = std::min<std::ptrdiff_t>(specificTestCount, ranked.end() - others);
-  const std::ranges::subrange general(others + specificCount, ranked.end());
+  const auto general = others + specificCount;
   // A test that executes little code rarely detects a change of code that most tests execute.
-  std::ranges::stable_sort(general, std::greater(), [](const Ranked& entry) { return entry.test->reachedCount; });
+  std::ranges::stable_sort(general, ranked.end(), std::greater(),
+                           [](const Ranked& entry) { return entry.test->reachedCount; });
   std::map<std::string, std::size_t> places;
-  for (Ranked& entry : general) entry.place = places[suiteOf(entry.test->test.name)]++;
-  std::ranges::stable_sort(general, {}, &Ranked::place);
+  for (auto entry = general; entry != ranked.end(); ++entry) entry->place = places[suiteOf(entry->test->test.name)]++;
+  std::ranges::stable_sort(general, ranked.end(), {}, &Ranked::place);
   std::vector<const KnownTest*> ordered;
+  ordered.reserve(ranked.size());
   for (const Ranked& entry : ranked) ordered.push_back(entry.test);
   return ordered;
 }

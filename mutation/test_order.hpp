@@ -22,13 +22,14 @@ struct TestQuery {
   KillCounts fileKills;            // of mutants of the same file
 };
 
-// Returns the lower-case identifiers of the text that have at least five letters.
+// Returns the identifiers of the text, and the words that they consist of, in lower case. Omits words of less than five
+// letters.
 std::vector<std::string> wordsOf(const std::string& text);
 
-// The order is: the last killer, the tests whose name contains two of the words, the tests that killed mutants of the
-// same function, the most specific tests, and then the other tests, alternately from each suite and beginning with the
-// tests that execute the most code. A test is more specific if it executes more related functions, killed more mutants
-// of the file, or executes less code.
+// The order is: the last killer, the tests whose name contains ten letters of the words, the tests that killed mutants
+// of the same function, the most specific tests, and then the other tests, alternately from each suite and beginning
+// with the tests that execute the most code. A test is more specific if it executes more related functions, killed more
+// mutants of the file, or executes less code.
 std::vector<const KnownTest*> orderedTests(const std::vector<KnownTest>& tests, const TestQuery& query);
 
 }  // namespace mutation

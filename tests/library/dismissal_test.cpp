@@ -141,6 +141,19 @@ TEST(Dismissal, LibraryTransitionRequestedByThePlatformRemovesTheBanner) {
   EXPECT_TRUE(phone.state(phone.present()).at("brim"));
 }
 
+TEST(Dismissal, ByThePlatformWithoutABannerDoesNotPermitADismissal) {
+  Phone phone;
+  const int controller = presentPersistent(phone);
+  phone.wait(1);
+  containerOf(controller)->removeFromSuperview();
+  controllerOf(controller)->setBrimView(nullptr);
+  BrimContainer::setDismissNotification(false);
+  phone.run({{"do", "dismiss"}, {"controller", controller}, {"transition", libraryTransition}});
+  phone.wait(0);
+  EXPECT_TRUE(phone.state(controller).at("hasDismissed"));
+  EXPECT_FALSE(BrimContainer::DismissNotification());
+}
+
 TEST(Dismissal, OfAReplacedBannerByThePlatformDoesNotDismissTheNewerOne) {
   Phone phone;
   const int older = phone.present();

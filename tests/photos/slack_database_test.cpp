@@ -81,6 +81,14 @@ TEST(SlackPhoto, MissingOrDamagedDatabaseMatchesNoUserAndIsNotModified) {
   EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{}) << "without the table of users";
 }
 
+TEST(SlackPhoto, DatabaseCanBeASymbolicLink) {
+  SlackPhone phone;
+  phone.makeDatabase();
+  fs::rename(phone.database, phone.root() / "moved");
+  fs::create_symlink(phone.root() / "moved", phone.database);
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{avatarTarget("Alice")});
+}
+
 class SlackJournalMode : public testing::TestWithParam<const char*> {};
 
 TEST_P(SlackJournalMode, ReadingDoesNotCreateOrModifyFiles) {
@@ -91,6 +99,17 @@ TEST_P(SlackJournalMode, ReadingDoesNotCreateOrModifyFiles) {
   EXPECT_EQ(phone.requestsFor(directMessage("Bob: hi")), Targets{avatarTarget("Bob")});
   EXPECT_EQ(phone.requestsFor(directMessage("Nobody: hi")), Targets{});
   EXPECT_EQ(phone.files(), before);
+}
+
+TEST_P(SlackJournalMode, ReadingClosesTheDatabase) {
+  SlackPhone phone;
+  phone.makeDatabase(GetParam());
+  EXPECT_EQ(phone.requestsFor(directMessage("Alice: hi")), Targets{avatarTarget("Alice")});
+  for (const auto& descriptor : fs::directory_iterator("/proc/self/fd")) {
+    std::error_code closed;
+    const std::string file = fs::read_symlink(descriptor.path(), closed).string();
+    EXPECT_FALSE(file.starts_with(phone.database.string())) << file;
+  }
 }
 
 TEST_P(SlackJournalMode, ReadingAnOpenDatabaseDoesNotCreateOrModifyFiles) {
