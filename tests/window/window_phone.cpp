@@ -11,6 +11,7 @@
 #include <memory>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "simulator/foundation/local_socket.hpp"
@@ -52,28 +53,52 @@ bool eventually(const std::function<bool()>& condition, std::chrono::seconds lim
   return condition();
 }
 
-WindowPhone::WindowPhone(const std::string& deviceName)
-    : device(*base::findDeviceProfile(deviceName)),
+WindowPhone::WindowPhone(const std::string& deviceName, std::optional<WaylandScale> scale)
+    : compositor(scale ? std::make_unique<WaylandCompositor>(scale->pixels) : nullptr),
+      device(*base::findDeviceProfile(deviceName)),
       process({SPRINGBOARD, "--live", "--window", "--device", deviceName, "--root", folder.path() / "root"}) {
-  if (!eventually([&] { return (window = display.findWindow(deviceName)) != 0; }))
+  const std::string title = scale ? WaylandCompositor::title : deviceName;
+  if (!eventually([&] { return (window = display.findWindow(title)) != 0; }))
     throw std::runtime_error("the window did not open");
+  // The compositor draws the pointer into its window.
+  if (compositor != nullptr) display.send("mousemove 0 0");
 }
 
-json WindowPhone::tell(const json& command) const {
+void CommandConnection::send(const std::string& lines) const {
+  if (!foundation::sendAll(socket_, lines)) throw std::runtime_error("the phone accepts no command");
+}
+
+json CommandConnection::receive() {
+  for (char buffer[4096]; received_.find('\n') == std::string::npos;) {
+    const ssize_t size = recv(socket_.get(), buffer, sizeof buffer, 0);
+    if (size <= 0) throw std::runtime_error("the phone has not answered");
+    received_.append(buffer, static_cast<std::size_t>(size));
+  }
+  const std::size_t end = received_.find('\n');
+  json answer = json::parse(received_.substr(0, end));
+  received_.erase(0, end + 1);
+  return answer;
+}
+
+bool CommandConnection::hasReceived() {
+  char byte = 0;
+  return !received_.empty() || recv(socket_.get(), &byte, 1, MSG_PEEK | MSG_DONTWAIT) == 1;
+}
+
+CommandConnection WindowPhone::connect() const {
   const fs::path control = process::controlFolder(folder.path() / "root");
   foundation::FileDescriptor socket;
   eventually([&] {
     socket = foundation::connectIn(control, process::controlSocket);
     return socket.isOpen();
   });
-  if (!foundation::sendAll(socket, command.dump() + "\n")) throw std::runtime_error("the phone accepts no command");
-  std::string answer;
-  for (char buffer[4096]; answer.find('\n') == std::string::npos;) {
-    const ssize_t size = recv(socket.get(), buffer, sizeof buffer, 0);
-    if (size <= 0) throw std::runtime_error("the phone has not answered");
-    answer.append(buffer, static_cast<std::size_t>(size));
-  }
-  return json::parse(answer);
+  return CommandConnection(std::move(socket));
+}
+
+json WindowPhone::tell(const json& command) const {
+  CommandConnection connection = connect();
+  connection.send(command.dump() + "\n");
+  return connection.receive();
 }
 
 int WindowPhone::showBanner(const std::string& section) const {
@@ -122,15 +147,18 @@ bool WindowPhone::showsScreen() const {
 
 void WindowPhone::pressAndDrag(CGPoint from, CGPoint by) const {
   constexpr int steps = 10;
-  const window::WindowLayout place = layout();
-  const auto position = [&](double fraction) {
-    return std::to_string(std::lround(place.screen.x + (from.x + by.x * fraction) * place.scale)) + " " +
-           std::to_string(std::lround(place.screen.y + (from.y + by.y * fraction) * place.scale)) + " ";
-  };
-  std::string events = "mousemove " + position(0) + "mousedown 1 ";
-  for (int step = 1; step <= steps; ++step)
-    events += "mousemove " + position(static_cast<double>(step) / steps) + "sleep 0.02 ";
+  std::string events = "mousemove " + position(from) + "mousedown 1 ";
+  for (int step = 1; step <= steps; ++step) {
+    const double fraction = static_cast<double>(step) / steps;
+    events += "mousemove " + position({from.x + by.x * fraction, from.y + by.y * fraction}) + "sleep 0.02 ";
+  }
   display.send(events);
+}
+
+std::string WindowPhone::position(CGPoint point) const {
+  const window::WindowLayout place = layout();
+  return std::to_string(std::lround(place.screen.x + point.x * place.scale)) + " " +
+         std::to_string(std::lround(place.screen.y + point.y * place.scale)) + " ";
 }
 
 bool WindowPhone::isRunning(const std::string& program) const {

@@ -3,26 +3,53 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "simulator/base/device_profiles.hpp"
+#include "simulator/foundation/descriptor.hpp"
 #include "simulator/plugins/window/window_layout.hpp"
 #include "tests/support/child_process.hpp"
 #include "tests/support/temporary_folder.hpp"
 #include "tests/window/virtual_display.hpp"
+#include "tests/window/wayland_compositor.hpp"
 
 namespace test {
 
 // Returns whether the condition becomes true within the time.
 bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit = std::chrono::seconds(30));
 
+// A connection over which the phone executes commands in order.
+class CommandConnection {
+ public:
+  explicit CommandConnection(foundation::FileDescriptor socket) : socket_(std::move(socket)) {}
+  // Sends lines, each of them a command.
+  void send(const std::string& lines) const;
+  // Waits for the next answer.
+  nlohmann::json receive();
+  // Returns whether the next answer has already arrived.
+  bool hasReceived();
+
+ private:
+  foundation::FileDescriptor socket_;
+  std::string received_;
+};
+
+// The number of pixels in a unit of a Wayland compositor.
+struct WaylandScale {
+  int pixels;
+};
+
 class WindowPhone {
  public:
-  // Starts the phone and waits until its window is visible.
-  explicit WindowPhone(const std::string& device = "iphone-x");
+  // Starts the phone on X11, or on Wayland if there is a scale, and waits until its window is visible. On Wayland,
+  // `window` is the window of the compositor.
+  explicit WindowPhone(const std::string& device = "iphone-x", std::optional<WaylandScale> scale = std::nullopt);
 
+  CommandConnection connect() const;
   // Executes a command of the phone and returns the answer.
   nlohmann::json tell(const nlohmann::json& command) const;
   // Shows a banner that stays until it is dismissed, and returns its controller.
@@ -34,6 +61,8 @@ class WindowPhone {
   // of the screen.
   bool showsScreen() const;
 
+  // Presses the primary button at a point of the phone's screen.
+  void press(CGPoint point) const { display.send("mousemove " + position(point) + "mousedown 1"); }
   // Presses the primary button at a point of the phone's screen, drags in steps, and holds the button.
   void pressAndDrag(CGPoint from, CGPoint by) const;
   void release() const { display.send("mouseup 1"); }
@@ -45,7 +74,11 @@ class WindowPhone {
 
   window::WindowLayout layout() const;
 
+  // Returns the pixel of the window, as arguments of xdotool, that shows a point of the phone's screen.
+  std::string position(CGPoint point) const;
+
   VirtualDisplay display;
+  std::unique_ptr<WaylandCompositor> compositor;
   const base::DeviceProfile& device;
   TemporaryFolder folder;
   ChildProcess process;
