@@ -1,6 +1,7 @@
 #include "simulator/foundation/main_queue.hpp"
 
 #include <algorithm>
+#include <deque>
 #include <list>
 #include <utility>
 
@@ -33,6 +34,11 @@ WorkList& workList() {
 WorkList& externalWork() {
   static WorkList& list = *new WorkList;
   return list;
+}
+
+std::deque<std::function<void()>>& requests() {
+  static auto& waiting = *new std::deque<std::function<void()>>;
+  return waiting;
 }
 
 std::list<FrameObserver>& frameObservers() {
@@ -86,10 +92,11 @@ void stepTo(Nanoseconds target) {
 
 void runIteration() {
   drainMainQueue();
-  const Nanoseconds time = clock::now();
-  if (nextFrameTime() > time) return;
-  runFrame(time);
-  drainMainQueue();
+  if (const Nanoseconds time = clock::now(); nextFrameTime() <= time) {
+    runFrame(time);
+    drainMainQueue();
+  }
+  runNextRequest();
 }
 
 }  // namespace
@@ -122,6 +129,23 @@ void onMainThreadForExternalEvent(std::function<void()> work) {
 
 void scheduleExternalWork() {
   while (std::function<void()> work = externalWork().takeDue(0)) workList().add(std::move(work));
+}
+
+void onMainThreadForRequest(std::function<void()> work) {
+  if (clock::mode() == ClockMode::Stepped) return onMainThread(std::move(work));
+  requests().push_back(std::move(work));
+  wakeMainThread();
+}
+
+void runNextRequest() {
+  if (requests().empty()) return;
+  const std::function<void()> work = std::move(requests().front());
+  requests().pop_front();
+  {
+    const objc::AutoreleasePool pool;
+    work();
+  }
+  drainMainQueue();
 }
 
 FrameObserverId addFrameObserver(FrameFunction observer) { return addFrameObserverAt(0, std::move(observer)); }
@@ -172,10 +196,11 @@ void stepClock(double seconds) {
   }
 }
 
-bool mainQueueIsIdle() { return nextEvent() == never; }
+bool mainQueueIsIdle() { return requests().empty() && nextEvent() == never; }
 
 void runMainQueueUntil(const std::function<bool()>& stop) {
-  for (runIteration(); !stop(); runIteration()) sleepUntil(clock::systemTime(nextEvent()));
+  for (runIteration(); !stop(); runIteration())
+    sleepUntil(clock::systemTime(requests().empty() ? nextEvent() : clock::now()));
 }
 
 }  // namespace foundation

@@ -35,6 +35,13 @@ void onMainThreadForExternalEvent(std::function<void()> work);
 // Adds the waiting work of external events to the main queue. Call this whenever real time has passed. Main thread.
 void scheduleExternalWork();
 
+// Runs work on the main thread that another process has requested, in the order of the calls. With a real clock, each
+// iteration runs at most one request, after the events and the frame of the iteration, because input and frames must
+// not wait for a burst of requests. With a stepped clock, this is onMainThread. Main thread.
+void onMainThreadForRequest(std::function<void()> work);
+// Runs the first waiting request, if there is one, and then the work that is due. Main thread.
+void runNextRequest();
+
 // The result of a frame observer, which is called on the main thread 60 times a second until it returns Done. A new
 // observer is first called at the next frame. A process without observers does not wake for frames.
 enum class FrameDemand { More, Done };

@@ -141,6 +141,7 @@ void pumpRunLoopAndMainQueue(double waitAtMost) {
   const objc::AutoreleasePool pool;
   pumpRunLoop(waitAtMost);
   drainMainQueue();
+  runNextRequest();
 }
 
 void sleepUntil(Nanoseconds deadline) {

@@ -107,10 +107,10 @@ void ControlServer::read(const std::shared_ptr<Client>& client) {
   scheduleNext(client);
 }
 
-// Schedules the client's next command. A command is executed by the main queue and not when it is received, because it
-// can run the run loop while it waits.
+// Schedules the client's next command. A command is not executed when it is received, because it can run the run loop
+// while it waits.
 void ControlServer::scheduleNext(const std::shared_ptr<Client>& client) {
-  foundation::onMainThread([this, client] {
+  foundation::onMainThreadForRequest([this, client] {
     if (client->isConnected) executeNext(client);
   });
 }

@@ -104,6 +104,35 @@ TEST_F(RunLoop, DescriptorsAreWatchedUnderTheRealClock) {
   EXPECT_EQ(received, 1);
 }
 
+// Each request arrives before the previous one is finished.
+TEST_F(RunLoop, EventsAreProcessedBetweenTheRequestsOfOtherProcesses) {
+  foundation::useClock(foundation::ClockMode::Real, 0);
+  std::string order;
+  foundation::watchDescriptor(pipeEnds[0], [&] {
+    char byte = 0;
+    EXPECT_EQ(read(pipeEnds[0], &byte, 1), 1);
+    foundation::onMainThread([&order] { order += "input "; });
+  });
+  for (int request = 1; request <= 4; ++request)
+    foundation::onMainThreadForRequest([this, &order, request] {
+      order += std::to_string(request) + " ";
+      if (request == 2) sendByte();
+    });
+  foundation::runMainQueueUntil([&order] { return order.find('4') != std::string::npos; });
+  EXPECT_EQ(order, "1 2 input 3 4 ");
+}
+
+TEST_F(RunLoop, RequestsAreExecutedWhileAnotherRequestWaits) {
+  foundation::useClock(foundation::ClockMode::Real, 0);
+  bool isDone = false;
+  foundation::onMainThreadForRequest([&isDone] {
+    foundation::onMainThreadForRequest([&isDone] { isDone = true; });
+    foundation::pumpRunLoopAndMainQueue(0);
+  });
+  foundation::runNextRequest();
+  EXPECT_TRUE(isDone);
+}
+
 std::string receivedText;
 
 void receive(TestObserver*, NSNotification* notification) {

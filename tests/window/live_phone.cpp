@@ -33,20 +33,39 @@ bool eventually(const std::function<bool()>& condition, std::chrono::seconds lim
   return condition();
 }
 
-json tell(const std::filesystem::path& root, const json& command) {
-  foundation::FileDescriptor socket;
-  eventually([&] {
-    socket = foundation::connectIn(process::controlFolder(root), process::controlSocket);
-    return socket.isOpen();
+CommandConnection::CommandConnection(const std::filesystem::path& root) {
+  const bool isConnected = eventually([&] {
+    socket_ = foundation::connectIn(process::controlFolder(root), process::controlSocket);
+    return socket_.isOpen();
   });
-  if (!foundation::sendAll(socket, command.dump() + "\n")) throw std::runtime_error("the phone accepts no command");
-  std::string answer;
-  for (char buffer[4096]; answer.find('\n') == std::string::npos;) {
-    const ssize_t size = recv(socket.get(), buffer, sizeof buffer, 0);
+  if (!isConnected) throw std::runtime_error("the phone accepts no connection");
+}
+
+void CommandConnection::send(const std::string& lines) const {
+  if (!foundation::sendAll(socket_, lines)) throw std::runtime_error("the phone accepts no command");
+}
+
+json CommandConnection::receive() {
+  for (char buffer[4096]; received_.find('\n') == std::string::npos;) {
+    const ssize_t size = recv(socket_.get(), buffer, sizeof buffer, 0);
     if (size <= 0) throw std::runtime_error("the phone has not answered");
-    answer.append(buffer, static_cast<std::size_t>(size));
+    received_.append(buffer, static_cast<std::size_t>(size));
   }
-  return json::parse(answer);
+  const std::size_t end = received_.find('\n');
+  json answer = json::parse(received_.substr(0, end));
+  received_.erase(0, end + 1);
+  return answer;
+}
+
+bool CommandConnection::hasReceived() {
+  char byte = 0;
+  return !received_.empty() || recv(socket_.get(), &byte, 1, MSG_PEEK | MSG_DONTWAIT) == 1;
+}
+
+json tell(const std::filesystem::path& root, const json& command) {
+  CommandConnection connection(root);
+  connection.send(command.dump() + "\n");
+  return connection.receive();
 }
 
 bool showsText(const std::filesystem::path& root, const std::string& text) {

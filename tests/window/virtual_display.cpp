@@ -31,6 +31,21 @@ std::string readDisplayNumber(int descriptor) {
   return number;
 }
 
+std::string titleOf(Display* display, Window window) {
+  constexpr long maxItems = 1024;
+  Atom type = 0;
+  int format = 0;
+  unsigned long count = 0;
+  unsigned long remaining = 0;
+  unsigned char* data = nullptr;
+  XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_NAME", False), 0, maxItems, False, AnyPropertyType,
+                     &type, &format, &count, &remaining, &data);
+  if (data == nullptr) return "";
+  std::string title(reinterpret_cast<const char*>(data), count);
+  XFree(data);
+  return title;
+}
+
 pid_t startServer(int displayDescriptor) {
   constexpr int inheritedDescriptor = 3;
   const std::vector<const char*> arguments = {"Xvfb",         "-displayfd", "3",   "-screen",  "0",
@@ -88,13 +103,10 @@ VirtualDisplay::Window VirtualDisplay::findWindow(const std::string& title) cons
   if (XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count) == 0) return 0;
   Window found = 0;
   for (unsigned int index = 0; index < count; ++index) {
-    char* name = nullptr;
     XWindowAttributes attributes = {};
     if (XGetWindowAttributes(display, children[index], &attributes) == 0 || attributes.map_state != IsViewable)
       continue;
-    if (XFetchName(display, children[index], &name) == 0) continue;
-    if (title == name) found = children[index];
-    XFree(name);
+    if (titleOf(display, children[index]) == title) found = children[index];
   }
   XFree(children);
   return found;

@@ -30,11 +30,15 @@ std::string contentsOf(const fs::path& file) {
 
 }  // namespace
 
-WindowPhone::WindowPhone(const std::string& deviceName)
-    : device(*base::findDeviceProfile(deviceName)),
+WindowPhone::WindowPhone(const std::string& deviceName, std::optional<WaylandScale> scale)
+    : compositor(scale ? std::make_unique<WaylandCompositor>(scale->pixels) : nullptr),
+      device(*base::findDeviceProfile(deviceName)),
       process({SPRINGBOARD, "--live", "--window", "--device", deviceName, "--root", folder.path() / "root"}) {
-  if (!eventually([&] { return (window = display.findWindow(deviceName)) != 0; }))
+  const std::string title = scale ? WaylandCompositor::title : deviceName;
+  if (!eventually([&] { return (window = display.findWindow(title)) != 0; }))
     throw std::runtime_error("the window did not open");
+  // The compositor draws the pointer into its window.
+  if (compositor != nullptr) display.send("mousemove 0 0");
 }
 
 json WindowPhone::tell(const json& command) const { return test::tell(folder.path() / "root", command); }
@@ -83,15 +87,18 @@ bool WindowPhone::showsScreen() const {
 
 void WindowPhone::pressAndDrag(CGPoint from, CGPoint by) const {
   constexpr int steps = 10;
-  const phone_display::WindowLayout place = layout();
-  const auto position = [&](double fraction) {
-    return std::to_string(std::lround(place.screen.x + (from.x + by.x * fraction) * place.scale)) + " " +
-           std::to_string(std::lround(place.screen.y + (from.y + by.y * fraction) * place.scale)) + " ";
-  };
-  std::string events = "mousemove " + position(0) + "mousedown 1 ";
-  for (int step = 1; step <= steps; ++step)
-    events += "mousemove " + position(static_cast<double>(step) / steps) + "sleep 0.02 ";
+  std::string events = "mousemove " + position(from) + "mousedown 1 ";
+  for (int step = 1; step <= steps; ++step) {
+    const double fraction = static_cast<double>(step) / steps;
+    events += "mousemove " + position({from.x + by.x * fraction, from.y + by.y * fraction}) + "sleep 0.02 ";
+  }
   display.send(events);
+}
+
+std::string WindowPhone::position(CGPoint point) const {
+  const phone_display::WindowLayout place = layout();
+  return std::to_string(std::lround(place.screen.x + point.x * place.scale)) + " " +
+         std::to_string(std::lround(place.screen.y + point.y * place.scale)) + " ";
 }
 
 bool WindowPhone::isRunning(const std::string& program) const {

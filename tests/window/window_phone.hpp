@@ -1,6 +1,7 @@
 // A live phone with a window, in a separate process on a virtual display.
 #pragma once
 
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -11,13 +12,20 @@
 #include "tests/support/temporary_folder.hpp"
 #include "tests/window/live_phone.hpp"
 #include "tests/window/virtual_display.hpp"
+#include "tests/window/wayland_compositor.hpp"
 
 namespace test {
 
+// The number of pixels in a unit of a Wayland compositor.
+struct WaylandScale {
+  int pixels;
+};
+
 class WindowPhone {
  public:
-  // Starts the phone and waits until its window is visible.
-  explicit WindowPhone(const std::string& device = "iphone-x");
+  // Starts the phone on X11, or on Wayland if there is a scale, and waits until its window is visible. On Wayland,
+  // `window` is the window of the compositor.
+  explicit WindowPhone(const std::string& device = "iphone-x", std::optional<WaylandScale> scale = std::nullopt);
 
   // Executes a command of the phone and returns the answer.
   nlohmann::json tell(const nlohmann::json& command) const;
@@ -30,6 +38,8 @@ class WindowPhone {
   // of the screen.
   bool showsScreen() const;
 
+  // Presses the primary button at a point of the phone's screen.
+  void press(CGPoint point) const { display.send("mousemove " + position(point) + "mousedown 1"); }
   // Presses the primary button at a point of the phone's screen, drags in steps, and holds the button.
   void pressAndDrag(CGPoint from, CGPoint by) const;
   void release() const { display.send("mouseup 1"); }
@@ -41,7 +51,11 @@ class WindowPhone {
 
   phone_display::WindowLayout layout() const;
 
+  // Returns the pixel of the window, as arguments of xdotool, that shows a point of the phone's screen.
+  std::string position(CGPoint point) const;
+
   VirtualDisplay display;
+  std::unique_ptr<WaylandCompositor> compositor;
   const base::DeviceProfile& device;
   TemporaryFolder folder;
   ChildProcess process;

@@ -86,6 +86,27 @@ TEST(Window, MouseDragsABannerOffTheScreen) {
   EXPECT_TRUE(eventually([&] { return phone.showsScreen(); }));
 }
 
+// Notifications arrive without a pause. The number of commands that the phone executes between a press and its effect
+// does not depend on the speed of the machine.
+TEST(Window, PressDoesNotWaitForABurstOfNotifications) {
+  constexpr int notifications = 400;
+  constexpr int maxAnswersBeforeEffect = 4;
+  const WindowPhone phone;
+  const nlohmann::json present = {{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}};
+  std::string commands;
+  for (int index = 0; index < notifications; ++index) commands += present.dump() + "\n" + tapElsewhere.dump() + "\n";
+  test::CommandConnection connection(phone.folder.path() / "root");
+  connection.send(commands);
+  for (int answer = 0; answer < 4; ++answer) ASSERT_EQ(connection.receive()["ok"], true);
+  phone.press({188, 500});
+  while (connection.hasReceived()) connection.receive();
+  int answers = 0;
+  // A finger on the screen does not prevent notifications, but taps.
+  while (connection.receive()["ok"] == true) ++answers;
+  EXPECT_LE(answers, maxAnswersBeforeEffect);
+  phone.release();
+}
+
 TEST(Window, FingerStaysDownOutsideOfTheWindow) {
   const WindowPhone phone;
   const int controller = phone.showBanner();

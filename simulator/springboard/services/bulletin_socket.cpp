@@ -10,8 +10,8 @@
 #include <system_error>
 #include <utility>
 
-#include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/local_socket.hpp"
+#include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/root.hpp"
 #include "simulator/foundation/run_loop.hpp"
 #include "simulator/springboard/services/notification_description.hpp"
@@ -48,8 +48,8 @@ foundation::FileDescriptor& listening() {
 }
 
 void deliver(const std::string& text) {
-  const objc::AutoreleasePool pool;
-  if (const auto bulletin = process::parseBulletin(text)) receiver()(*bulletin);
+  if (auto bulletin = process::parseBulletin(text))
+    foundation::onMainThreadForRequest([bulletin = std::move(*bulletin)] { receiver()(bulletin); });
 }
 
 void drop(std::list<Sender>::iterator sender) {

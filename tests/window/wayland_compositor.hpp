@@ -1,0 +1,24 @@
+// A Wayland compositor in a window of the X server that DISPLAY selects. It shows the window of each client without
+// decorations in its whole window. The mouse and the keyboard of the X server operate it.
+#pragma once
+
+#include "tests/support/child_process.hpp"
+#include "tests/support/temporary_folder.hpp"
+
+namespace test {
+
+class WaylandCompositor {
+ public:
+  // The title of the compositor's window.
+  static constexpr const char* title = "Weston Compositor - screen0";
+
+  // Starts the compositor, waits until it accepts clients, and sets the environment variables that select it. `scale`
+  // is the number of pixels in a unit of its clients. Throws std::runtime_error if the compositor does not start.
+  explicit WaylandCompositor(int scale);
+
+ private:
+  TemporaryFolder folder_;
+  ChildProcess process_;
+};
+
+}  // namespace test
