@@ -94,7 +94,7 @@ void drawContent(UIKBKeyView* self, void* target) {
   }
   const drawing::Color& color = symbolColor(state, palette);
   drawLabel(canvas, state, area, color);
-  drawKeyIcon(canvas, state.key.role, state.shift, {area.x + area.width / 2, area.y + area.height / 2}, color);
+  drawKeyIcon(canvas, state.key.role, state.shift, area, color);
 }
 
 // The content area includes the shadow below the key.
