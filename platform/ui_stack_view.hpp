@@ -3,7 +3,6 @@
 
 #include "platform/ui_view.hpp"
 
-enum class UILayoutConstraintAxis : NSInteger { Horizontal = 0 };
 enum class UIStackViewAlignment : NSInteger { Fill = 0 };
 enum class UIStackViewDistribution : NSInteger { Fill = 0, FillEqually = 1 };
 

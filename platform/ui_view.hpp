@@ -14,6 +14,8 @@ class UIWindow;
 
 enum class UIViewContentMode : NSInteger { ScaleToFill, ScaleAspectFit, ScaleAspectFill, Redraw, Center, Top };
 
+enum class UILayoutConstraintAxis : NSInteger { Horizontal, Vertical };
+
 // The autoresizing mask for a flexible width and a flexible height.
 inline constexpr NSUInteger UIViewAutoresizingFlexibleSize = 18;
 
@@ -28,6 +30,11 @@ class UIView : public objc::Interface<"UIView", UIResponder> {
   void setFrame(CGRect frame) { objc::send<void, "setFrame:">(this, frame); }
   CGRect bounds() const { return objc::send<CGRect, "bounds">(this); }
   CALayer* layer() const { return objc::send<CALayer*, "layer">(this); }
+
+  // Converts a rectangle from the coordinates of another view, or of the window if `other` is nil.
+  CGRect convertRect(CGRect rect, UIView* other) const {
+    return objc::send<CGRect, "convertRect:fromView:">(this, rect, other);
+  }
 
   UIView* superview() const { return objc::send<UIView*, "superview">(this); }
   NSArray* subviews() const { return objc::send<NSArray*, "subviews">(this); }
@@ -50,6 +57,10 @@ class UIView : public objc::Interface<"UIView", UIResponder> {
   void setAutoresizingMask(NSUInteger mask) { objc::send<void, "setAutoresizingMask:">(this, mask); }
   void setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
     objc::send<void, "setTranslatesAutoresizingMaskIntoConstraints:">(this, translates);
+  }
+  // The priority with which the view resists a length below its intrinsic length.
+  void setCompressionResistance(float priority, UILayoutConstraintAxis axis) {
+    objc::send<void, "setContentCompressionResistancePriority:forAxis:">(this, priority, axis);
   }
   void layoutIfNeeded() { objc::send<void, "layoutIfNeeded">(this); }
   UIEdgeInsets safeAreaInsets() const { return objc::send<UIEdgeInsets, "safeAreaInsets">(this); }

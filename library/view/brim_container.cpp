@@ -12,6 +12,7 @@
 #include "library/view/glyphs.hpp"
 #include "library/view/height_and_position.hpp"
 #include "library/view/icon_and_badge.hpp"
+#include "library/view/keyboard_avoidance.hpp"
 #include "library/view/layout.hpp"
 #include "library/view/privacy.hpp"
 #include "library/view/reply_field.hpp"
@@ -119,6 +120,7 @@ constexpr objc::FieldEntry fields[] = {
     BRIM_FIELD(headerLeading, "_brimHeaderLeadingConstraint"),
     BRIM_FIELD(subHeaderLeading, "_brimSubHeaderLeadingConstraint"),
     BRIM_FIELD(bodyLeading, "_brimBodyLeadingConstraint"),
+    BRIM_FIELD(heightLimit, "_brimHeightLimitConstraint"),
 };
 
 #undef BRIM_FIELD
@@ -201,7 +203,7 @@ constexpr objc::MethodEntry methods[] = {
 }  // namespace
 
 bool registerBannerClasses() {
-  if (!objc::tryToDefineClass<BrimLabel>({}) || !objc::tryToDefineClass<BrimTextField>({}) ||
+  if (!objc::tryToDefineClass<BrimLabel>({}) || !objc::tryToDefineClass<BrimTextField>(replyFieldMethods()) ||
       !objc::tryToDefineClassWithState<BrimContainer>(methods, fields))
     return false;
   objc::addProperties(BrimContainer::classObject(), properties);

@@ -80,6 +80,8 @@ struct BrimContainerState {
   objc::Ref<NSLayoutConstraint> headerLeading;
   objc::Ref<NSLayoutConstraint> subHeaderLeading;
   objc::Ref<NSLayoutConstraint> bodyLeading;
+  // Keeps the banner above the keyboard. nil until the keyboard appears.
+  objc::Ref<NSLayoutConstraint> heightLimit;
 };
 
 template <>

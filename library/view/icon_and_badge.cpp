@@ -23,6 +23,15 @@ NSInteger clampedIconRadius(const BrimContainerState& state) {
   return state.appCornerRadius < half ? state.appCornerRadius : half;
 }
 
+// Returns the distance of the picture from its default position. With a value outside these limits, the texts would be
+// outside the banner, or the banner outside the screen.
+CGFloat iconOffset(const BrimContainerState& state) {
+  constexpr NSInteger minOffset = -30;
+  constexpr NSInteger maxOffset = 200;
+  if (state.appIconTop < minOffset) return points(minOffset);
+  return points(state.appIconTop < maxOffset ? state.appIconTop : maxOffset);
+}
+
 // Places the glyph so that it extends from the picture's center to the upper right.
 void placeGlyphBadge(const BrimContainerState& state, UIImageView* badge) {
   const CGFloat side = points(state.appSize / 2 + glyphBadgeGrowth);
@@ -69,9 +78,7 @@ void layOutIcon(BrimContainer* self, BrimContainerState& state) {
   roundCorners(state.iconView, points(state.appCornerRadius));
   self->addSubview(state.iconView);
   state.iconView->leadingAnchor()->equalTo(self->leadingAnchor(), iconLeading)->activated();
-  state.iconView->topAnchor()
-      ->equalTo(state.clockLabel->topAnchor(), points(state.appIconTop) + iconBelowClock)
-      ->activated();
+  state.iconView->topAnchor()->equalTo(state.clockLabel->topAnchor(), iconOffset(state) + iconBelowClock)->activated();
   const CGFloat side = state.tinyBanner ? tinyIconSize : points(state.appSize);
   setSize(state.iconView, side, side);
   if (!state.tinyBanner && state.enableGlyphs) layOutBadge(self, state);

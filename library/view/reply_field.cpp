@@ -2,6 +2,7 @@
 
 #include "library/view/button_row.hpp"
 #include "library/view/construction.hpp"
+#include "library/view/keyboard_avoidance.hpp"
 #include "platform/ui_window.hpp"
 
 namespace {
@@ -64,6 +65,7 @@ void layOutReplyField(BrimContainer* self, BrimContainerState& state) {
   placeInButtonRow(self, state, state.replyBackground);
   placeReplyField(state);
   connectReplyField(self, state.reply);
+  observeKeyboard(state);
 }
 
 void colorReplyField(const BrimContainerState& state) {

@@ -26,6 +26,12 @@ NSString* clockText(const BrimContainerState& state) {
   return text;
 }
 
+// Returns the font size of the labels. With a larger size than the pane allows, the labels would cover the texts below.
+CGFloat statusFontSize(const BrimContainerState& state) {
+  constexpr NSInteger maxSize = 28;
+  return points(state.statusbarFontSize < maxSize ? state.statusbarFontSize : maxSize);
+}
+
 objc::Ref<BrimLabel> makeStatusLabel(const BrimContainerState& state, NSString* text, UIFont* font) {
   objc::Ref<BrimLabel> label = makeConstrained<BrimLabel>();
   label->setText(text);
@@ -44,14 +50,14 @@ NSInteger statusLineTop(const BrimContainerState& state) {
 
 void layOutStatusLine(BrimContainer* self, BrimContainerState& state) {
   state.clockLabel = makeStatusLabel(state, state.statusbar ? clockText(state) : emptyStatusText(),
-                                     UIFont::boldSystemFontOfSize(points(state.statusbarFontSize)));
+                                     UIFont::boldSystemFontOfSize(statusFontSize(state)));
   self->addSubview(state.clockLabel);
   state.clockLabel->leadingAnchor()->equalTo(self->leadingAnchor(), clockLeading)->activated();
   state.clockLabel->topAnchor()->equalTo(self->topAnchor(), points(state.barTop))->activated();
 
   state.nowLabel =
       makeStatusLabel(state, state.statusbar ? localizedText(state.assets, "NOW"_ns, "now"_ns) : emptyStatusText(),
-                      UIFont::systemFontOfSize(points(state.statusbarFontSize)));
+                      UIFont::systemFontOfSize(statusFontSize(state)));
   self->addSubview(state.nowLabel);
   state.nowLabel->trailingAnchor()->equalTo(self->trailingAnchor(), -nowTrailing)->activated();
   state.nowLabel->topAnchor()->equalTo(self->topAnchor(), points(state.barTop))->activated();

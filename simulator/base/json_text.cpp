@@ -11,10 +11,18 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr int maxNesting = 200;
+// The maximum number of members in all objects of a text. Each member is compared with all others of its object,
+// because the members keep their order.
+constexpr int maxMembers = 10'000;
 
-int nestingOf(std::string_view text) {
+struct Shape {
+  int nesting = 0;
+  int members = 0;
+};
+
+Shape shapeOf(std::string_view text) {
+  Shape shape;
   int depth = 0;
-  int deepest = 0;
   bool inString = false;
   for (std::size_t index = 0; index < text.size(); ++index) {
     const char character = text[index];
@@ -23,12 +31,14 @@ int nestingOf(std::string_view text) {
     } else if (character == '"') {
       inString = !inString;
     } else if (!inString && (character == '{' || character == '[')) {
-      deepest = std::max(deepest, ++depth);
+      shape.nesting = std::max(shape.nesting, ++depth);
     } else if (!inString && (character == '}' || character == ']')) {
       --depth;
+    } else if (!inString && character == ':') {
+      ++shape.members;
     }
   }
-  return deepest;
+  return shape;
 }
 
 // Returns the JSON library's message without its prefix, which is the internal name of the exception.
@@ -41,8 +51,11 @@ std::string reasonOf(const Json::exception& error) {
 }  // namespace
 
 Json parseJson(std::string_view text) try {
-  if (nestingOf(text) > maxNesting)
+  const Shape shape = shapeOf(text);
+  if (shape.nesting > maxNesting)
     throw JsonTextError("nested more than " + std::to_string(maxNesting) + " levels deep");
+  if (shape.members > maxMembers)
+    throw JsonTextError("more than " + std::to_string(maxMembers) + " members in the objects of one text");
   // A zero byte is rejected, because the parser would ignore it and all text after it.
   if (text.find('\0') != std::string_view::npos) throw JsonTextError("not JSON: it contains a zero byte");
   return Json::parse(text);

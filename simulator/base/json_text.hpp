@@ -14,7 +14,8 @@ class JsonTextError : public std::runtime_error {
 };
 
 // Parses a JSON text. Throws JsonTextError, also for a value whose nesting would exhaust the stack of recursive
-// functions, and for a text that contains a zero byte.
+// functions, for objects with so many members that parsing them would take seconds, and for a text that contains a zero
+// byte.
 nlohmann::ordered_json parseJson(std::string_view text);
 
 }  // namespace base

@@ -27,7 +27,7 @@ constexpr Material extraLight{20, 0.97F, 0.82F};
 constexpr Material light{30, 1.00F, 0.30F};
 // Over a white backdrop, red text has a contrast of 3:1 on this material, even on a translucent button. A dark backdrop
 // is darkened only a little.
-constexpr Material dark{20, 0.11F, 0.73F, 2.8F};
+constexpr Material dark{20, 0.11F, 0.73F, 4.4F};
 constexpr Material regularInLight{25, 0.97F, 0.50F};
 constexpr Material regularInDark{25, 0.14F, 0.70F};
 

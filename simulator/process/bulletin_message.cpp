@@ -9,6 +9,7 @@
 #include <system_error>
 #include <vector>
 
+#include "simulator/base/json_text.hpp"
 #include "simulator/foundation/local_socket.hpp"
 
 namespace process {
@@ -73,10 +74,14 @@ bool sendBulletin(const fs::path& root, const Bulletin& bulletin) {
 }
 
 std::optional<Bulletin> parseBulletin(const std::string& text) {
-  const Json bulletin = Json::parse(text, nullptr, false);
-  if (!bulletin.is_object()) return std::nullopt;
-  return Bulletin{stringMember(bulletin, "section"), stringMember(bulletin, "thread"), stringMember(bulletin, "title"),
-                  stringMember(bulletin, "message")};
+  try {
+    const Json bulletin = base::parseJson(text);
+    if (!bulletin.is_object()) return std::nullopt;
+    return Bulletin{stringMember(bulletin, "section"), stringMember(bulletin, "thread"),
+                    stringMember(bulletin, "title"), stringMember(bulletin, "message")};
+  } catch (const base::JsonTextError&) {
+    return std::nullopt;
+  }
 }
 
 }  // namespace process

@@ -34,15 +34,6 @@ std::string namesOf(const Entries& entries) {
   return names;
 }
 
-const Command& findCommand(const Json& command) {
-  if (!command.is_object() || !command.contains("do") || !command["do"].is_string())
-    throw CommandError(R"(a command must be an object with a string "do", such as {"do":"wait","seconds":1})");
-  const std::string& name = command["do"].get_ref<const std::string&>();
-  for (const Command& candidate : commandTable())
-    if (candidate.name == name) return candidate;
-  throw CommandError("unknown command \"" + name + "\"; the commands are " + namesOf(commandTable()));
-}
-
 // Returns the value as text for a message. The text is truncated if it is long.
 std::string shortText(const Json& value) {
   constexpr std::size_t maxLength = 60;
@@ -51,11 +42,20 @@ std::string shortText(const Json& value) {
   return text;
 }
 
+const Command& findCommand(const Json& command) {
+  if (!command.is_object() || !command.contains("do") || !command["do"].is_string())
+    throw CommandError(R"(a command must be an object with a string "do", such as {"do":"wait","seconds":1})");
+  const std::string& name = command["do"].get_ref<const std::string&>();
+  for (const Command& candidate : commandTable())
+    if (candidate.name == name) return candidate;
+  throw CommandError("unknown command " + shortText(command["do"]) + "; the commands are " + namesOf(commandTable()));
+}
+
 const Field& findField(const Command& command, const std::string& name) {
   for (const Field& candidate : command.fields)
     if (candidate.name == name) return candidate;
   const std::string known = command.fields.empty() ? "it takes no fields" : "its fields are " + namesOf(command.fields);
-  throw CommandError(std::string(command.name) + " has no field \"" + name + "\"; " + known);
+  throw CommandError(std::string(command.name) + " has no field " + shortText(name) + "; " + known);
 }
 
 void checkFields(const Command& command, const Json& given) {

@@ -1,5 +1,7 @@
 #include "simulator/runner/session.hpp"
 
+#include <utility>
+
 #include "objc/autorelease_pool.hpp"
 #include "simulator/base/json_text.hpp"
 #include "simulator/foundation/main_queue.hpp"
@@ -16,6 +18,21 @@ Json failure(const std::string& reason) {
   return {{"ok", false}, {"error", reason + R"(; a line must be one JSON object, such as {"do":"wait","seconds":1})"}};
 }
 
+// Truncates the error of an answer if it quotes a long text of the command.
+Json withShortError(Json answer) {
+  constexpr std::size_t maxErrorBytes = 4096;
+  const auto error = answer.find("error");
+  if (error == answer.end() || !error->is_string()) return answer;
+  std::string& text = error->get_ref<std::string&>();
+  if (text.size() <= maxErrorBytes) return answer;
+  const auto isInsideCharacter = [&text](std::size_t index) { return (text[index] & 0xC0) == 0x80; };
+  std::size_t end = maxErrorBytes;
+  while (end > 0 && isInsideCharacter(end)) --end;
+  text.resize(end);
+  text += "…";
+  return answer;
+}
+
 }  // namespace
 
 Session::Session(const Options& options, foundation::FileDescriptor lock)
@@ -30,7 +47,7 @@ Json Session::run(const Json& command) {
   const objc::AutoreleasePool pool;
   Json answer = executeCommand(command);
   foundation::drainMainQueue();
-  return answer;
+  return withShortError(std::move(answer));
 }
 
 Json Session::runLine(std::string_view line) {
@@ -38,7 +55,7 @@ Json Session::runLine(std::string_view line) {
   try {
     command = base::parseJson(line);
   } catch (const base::JsonTextError& error) {
-    return failure(error.what());
+    return withShortError(failure(error.what()));
   }
   return run(command);
 }

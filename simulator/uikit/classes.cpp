@@ -35,6 +35,7 @@ void registerClasses() {
   defineBlurEffect();
   defineResponder();
   defineView();
+  extendValues();
   defineWindow();
   defineApplication();
   defineViewController();

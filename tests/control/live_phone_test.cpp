@@ -124,6 +124,18 @@ TEST(ControlServer, ExecutesALastLineWithoutALineFeed) {
   EXPECT_TRUE(test::becomesTrue([&] { return phone.titles() == std::vector<std::string>{"Anna"}; }));
 }
 
+TEST(ControlServer, RejectsMoreThan128Clients) {
+  constexpr int maxClients = 128;
+  const LivePhone phone;
+  std::vector<control::PhoneConnection> clients;
+  for (int count = 0; count < maxClients; ++count) clients.push_back(phone.connect());
+  // The answer shows that the phone has accepted the last connection, and all before it.
+  EXPECT_EQ(clients.back().executeLine("{\"do\":\"wait\",\"seconds\":0}"), "{\"ok\":true}");
+  EXPECT_THAT(phone.connect().executeLine("{\"do\":\"log\"}"), HasSubstr("more than 128 clients are connected"));
+  clients.clear();
+  EXPECT_TRUE(test::becomesTrue([&] { return phone.execute({{"do", "wait"}, {"seconds", 0}})["ok"] == true; }));
+}
+
 TEST(ControlServer, RejectsALineOfExcessiveSize) {
   const LivePhone phone;
   control::PhoneConnection connection = phone.connect();

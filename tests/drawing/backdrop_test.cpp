@@ -62,13 +62,13 @@ double relativeLuminance(double red, double green, double blue) {
 
 double contrast(double lighter, double darker) { return (lighter + 0.05) / (darker + 0.05); }
 
-// The background of a dark banner is black with an opacity of 0.3, and that of its buttons is white with an opacity
-// of 0.1.
+// The background of a dark banner, which is behind its blur, is black with an opacity of 0.3. The background of its
+// buttons is white with an opacity of 0.1.
 TEST(Backdrop, RedAndWhiteTextAreReadableOnDarkButtonsOverAnyBackdrop) {
   for (int corner = 0; corner < 8; ++corner) {
     Canvas canvas = filledWith({corner & 1 ? 1.0 : 0, corner & 2 ? 1.0 : 0, corner & 4 ? 1.0 : 0, 1});
-    blurAll(canvas, BlurStyle::Dark);
     canvas.fillRectangle({0, 0, 60, 60}, {0, 0, 0, 0.3});
+    blurAll(canvas, BlurStyle::Dark);
     canvas.fillRectangle({0, 0, 60, 60}, {1, 1, 1, 0.1});
     const std::uint32_t pixel = canvas.pixel(30, 30);
     const auto channel = [pixel](int shift) { return (pixel >> shift & 0xFF) / 255.0; };

@@ -147,6 +147,62 @@ TEST(DrawText, TruncatedLineEndsInAnEllipsis) {
   EXPECT_LE(ink.x + ink.width, 2 * width);
 }
 
+// Returns the widest gap between two drawn columns of pixels, in pixels.
+int widestGap(const Canvas& canvas) {
+  const PixelRectangle ink = inkBounds(canvas);
+  int widest = 0, gap = 0;
+  for (int x = ink.x; x < ink.x + ink.width; ++x) {
+    bool isEmpty = true;
+    for (int y = 0; y < canvas.pixelHeight() && isEmpty; ++y) isEmpty = canvas.pixel(x, y) == 0;
+    gap = isEmpty ? gap + 1 : 0;
+    widest = std::max(widest, gap);
+  }
+  return widest;
+}
+
+// Returns whether only the lowest quarter of the line is drawn in the columns from `x` on, as for an ellipsis.
+bool hasOnlyDots(const Canvas& canvas, int x, int columns) {
+  bool isDrawn = false;
+  for (int column = x; column < x + columns; ++column)
+    for (int y = 0; y < canvas.pixelHeight(); ++y) {
+      if (canvas.pixel(column, y) == 0) continue;
+      isDrawn = true;
+      if (y < 20 || y > 32) return false;
+    }
+  return isDrawn;
+}
+
+struct MixedLine {
+  const char* words;
+  bool endsAtTheRight;
+};
+
+TEST(DrawText, TruncatedLineOfMixedDirectionEndsAtItsEdgeWithoutAGap) {
+  constexpr MixedLine lines[] = {
+      {"hello world שלום hello world עולם ", true},
+      {"hello مرحبا world بالعالم ", true},
+      {"שלום hello world עולם hello world ", false},
+      {"مرحبا hello بالعالم world ", false},
+  };
+  constexpr int ellipsisColumns = 16;
+  for (const MixedLine& line : lines) {
+    std::string text;
+    for (int count = 0; count < 6; ++count) text += line.words;
+    // Each width ends the visible text at another position.
+    for (double lineWidth = 120; lineWidth <= 290; lineWidth += 17) {
+      Paragraph paragraph = paragraphOf(text, 1);
+      paragraph.direction = line.endsAtTheRight ? BaseDirection::LeftToRight : BaseDirection::RightToLeft;
+      const Canvas canvas = drawn(paragraph, {0, 0, lineWidth, 18});
+      const PixelRectangle ink = inkBounds(canvas);
+      const int ellipsis = line.endsAtTheRight ? ink.x + ink.width - ellipsisColumns : ink.x;
+      EXPECT_TRUE(hasOnlyDots(canvas, ellipsis, ellipsisColumns)) << text << " in " << lineWidth;
+      EXPECT_LT(widestGap(canvas), 16) << text << " in " << lineWidth;
+      const double startGap = line.endsAtTheRight ? ink.x : 2 * lineWidth - ink.x - ink.width;
+      EXPECT_LE(startGap, 4) << text << " in " << lineWidth;
+    }
+  }
+}
+
 TEST(DrawText, EllipsisMarksHiddenParagraphs) {
   EXPECT_TRUE(samePixels(drawn(paragraphOf("First\nSecond", 1)), drawn(paragraphOf("First…", 1))));
   EXPECT_TRUE(samePixels(drawn(paragraphOf("\nSecond", 1)), drawn(paragraphOf("…", 1))));

@@ -60,6 +60,15 @@ TEST_F(Bulletins, AllHomeScreensOfTheRootReceiveABulletin) {
   EXPECT_FALSE(hasConnection(second));
 }
 
+TEST_F(Bulletins, MalformedTextIsNoBulletin) {
+  const std::string deep = std::string(100000, '[');
+  for (const std::string& text : {std::string(), std::string("{"), std::string("[]"), std::string("{}\0", 3), deep})
+    EXPECT_FALSE(process::parseBulletin(text)) << text.substr(0, 10);
+  const auto wrongTypes = process::parseBulletin(R"({"section":1,"title":[],"message":null})");
+  ASSERT_TRUE(wrongTypes);
+  EXPECT_EQ(wrongTypes->section + wrongTypes->title + wrongTypes->message, "");
+}
+
 TEST_F(Bulletins, HomeScreenReceivesBulletinsAfterAnotherOneHasEnded) {
   const FileDescriptor first = listenAs(firstProcess);
   listenAs(getpid());

@@ -8,37 +8,15 @@
 #include "platform/nc_notification_view.hpp"
 #include "platform/ui_gesture_recognizer.hpp"
 #include "platform/ui_window.hpp"
-#include "simulator/drawing/canvas.hpp"
-#include "simulator/drawing/image.hpp"
 #include "simulator/springboard/banner/notification_view_controller.hpp"
-#include "simulator/uikit/images/application_icons.hpp"
-#include "simulator/uikit/images/image_class.hpp"
+#include "tests/library/banner_layout.hpp"
 #include "tests/library/controllers.hpp"
-#include "tests/library/laid_out_banner.hpp"
-#include "tests/library/phone.hpp"
-#include "tests/library/platform_methods.hpp"
 
 namespace {
 
 using test::Json;
 using test::Phone;
-
-Phone phoneWith(std::map<std::string, Json> settings,
-                const std::function<void(runner::Options&)>& configure = nullptr) {
-  test::Setup setup;
-  setup.settings = std::move(settings);
-  if (configure) configure(setup.options);
-  return Phone(setup);
-}
-
-std::function<void(runner::Options&)> onSystem(const char* system) {
-  return [system](runner::Options& options) { options.systemVersion = system; };
-}
-
-std::string shownText(Phone& phone, int controller, const char* label) {
-  const Json view = phone.view(controller, label);
-  return view.is_null() ? "(none)" : view.value("text", "");
-}
+using test::phoneWith;
 
 std::vector<Json> postsOfCommand(const Json& events, const std::string& command) {
   std::vector<Json> found;
@@ -63,47 +41,6 @@ TEST(Attachment, BannerReplacesThePlatformsContent) {
   EXPECT_FALSE(phone.banner(controller).is_null());
   EXPECT_TRUE(test::firstNode(phone.windows(controller), "class", "NCNotificationShortLookView").is_null());
   EXPECT_TRUE(phone.state(controller).at("brim"));
-}
-
-struct TextCase {
-  Json fields;
-  const char* header;
-  const char* subHeader;
-  const char* body;
-};
-
-class Texts : public testing::TestWithParam<TextCase> {};
-
-TEST_P(Texts, ComeFromTheFirstNonEmptyField) {
-  Phone phone = phoneWith({});
-  const int controller = phone.present(GetParam().fields);
-  EXPECT_EQ(shownText(phone, controller, "headerLabel"), GetParam().header);
-  EXPECT_EQ(shownText(phone, controller, "subHeaderLabel"), GetParam().subHeader);
-  EXPECT_EQ(shownText(phone, controller, "bodyLabel"), GetParam().body);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Fields, Texts,
-    testing::Values(TextCase{{{"title", "T"}, {"subtitle", "S"}, {"message", "M"}}, "T", "S", "M"},
-                    TextCase{{{"title", "T"}, {"message", "M"}}, "T", "(none)", "M"},
-                    TextCase{{{"title", "T"}, {"subtitle", ""}, {"message", "M"}}, "T", "(none)", "M"},
-                    TextCase{{{"title", ""}, {"subtitle", "S"}, {"message", "M"}}, "S", "(none)", "M"},
-                    TextCase{{{"subtitle", "S"}, {"message", "M"}}, "S", "(none)", "M"},
-                    TextCase{{{"message", "M"}}, "", "(none)", "M"},
-                    TextCase{{{"title", "T"}, {"summary", "Sum"}}, "T", "(none)", "Sum"},
-                    TextCase{{{"title", "T"}, {"message", ""}, {"summary", "Sum"}}, "T", "(none)", "Sum"},
-                    TextCase{{{"title", "T"}, {"message", "M"}, {"summary", "Sum"}}, "T", "(none)", "M"}));
-
-TEST(Attachment, SummaryIsIgnoredBeforeSystem12) {
-  Phone phone = phoneWith({}, onSystem("11.4"));
-  const int controller = phone.present({{"title", "T"}, {"summary", "Sum"}});
-  EXPECT_EQ(shownText(phone, controller, "bodyLabel"), "");
-}
-
-TEST(Attachment, SummaryIsUsedSinceSystem12) {
-  Phone phone = phoneWith({}, onSystem("12.0"));
-  const int controller = phone.present({{"title", "T"}, {"summary", "Sum"}});
-  EXPECT_EQ(shownText(phone, controller, "bodyLabel"), "Sum");
 }
 
 TEST(Attachment, GivesTheControllerAnIdentifierOfEightLowercaseLetters) {
@@ -241,52 +178,6 @@ TEST(Attachment, ViewOfAnotherResponderHasNoBanner) {
   EXPECT_EQ(view->subviews()->count(), 0u);
 }
 
-// The text that the content of each notification returns as its message.
-NSMutableString* changingMessage;
-
-NSString* messageOf(objc::Original<NSString*(NCNotificationShortLookView*)>, NCNotificationShortLookView*) {
-  return changingMessage;
-}
-
-// UTF-8 cannot represent an unpaired surrogate. For such a text, the phone returns nil, but Foundation on Linux returns
-// data.
-NSData* dataUsingEncoding(objc::Original<NSData*(NSString*, NSStringEncoding)> original, NSString* self,
-                          NSStringEncoding encoding) {
-  return encoding == NSStringEncoding::UTF8 && self->isEqualToString(changingMessage) ? nullptr
-                                                                                      : original(self, encoding);
-}
-
-TEST(Attachment, TextsAreCopies) {
-  Phone phone = phoneWith({{"hide_unless_expanded", true}});
-  const objc::AutoreleasePool pool;
-  const auto message = objc::retain(NSMutableString::stringWithCapacity(8));
-  message->appendString("Grüße 😀"_ns);
-  // An unpaired surrogate and a zero are valid in UTF-16 only.
-  constexpr std::uint16_t units[] = {0xd83d, 0, 'x'};
-  message->appendString(objc::adopt(
-      objc::send<NSString*, "initWithCharacters:length:">(objc::send<id, "alloc">(objc::lookUpClass<"NSString">()),
-                                                          static_cast<const std::uint16_t*>(units), NSUInteger{3})));
-  const auto before = objc::adopt(objc::send<NSString*, "copy">(message.get()));
-  changingMessage = message;
-  test::replaceMethod<"secondaryText", &messageOf>(NCNotificationShortLookView::classObject());
-  test::replaceMethod<"dataUsingEncoding:", &dataUsingEncoding>(NSString::classObject());
-  const int controller = phone.present({{"title", "One"}});
-  message->appendString(" changed"_ns);
-  const auto* body = test::instanceVariable<NSString>(test::containerOf(controller), "_originalBody");
-  EXPECT_TRUE(body->isEqualToString(before));
-  changingMessage = nullptr;
-}
-
-TEST(Attachment, EmptySummaryIsAnEmptyBody) {
-  Phone phone = phoneWith({});
-  const int controller = phone.present({{"title", "One"}, {"summary", ""}, {"dismissAutomatically", false}});
-  const auto* body = test::instanceVariable<NSString>(test::containerOf(controller), "_body");
-  ASSERT_NE(body, nullptr);
-  EXPECT_EQ(body->length(), 0u);
-  phone.run({{"do", "update"}, {"controller", controller}, {"title", "One"}, {"message", "More"}});
-  EXPECT_EQ(shownText(phone, controller, "bodyLabel"), "\nMore");
-}
-
 TEST(Attachment, RemovesThePlatformsGestureRecognizers) {
   Phone phone = phoneWith({});
   const int persistent = phone.present({{"title", "One"}, {"dismissAutomatically", false}});
@@ -312,74 +203,6 @@ TEST(Attachment, RequestWithoutOptionsIsDismissedAutomatically) {
   Phone phone = phoneWith({});
   const int controller = phone.present({{"dismissAutomatically", nullptr}});
   EXPECT_TRUE(phone.state(controller).at("dismissNotification"));
-}
-
-constexpr const char* application = "org.example.application";
-
-std::shared_ptr<const drawing::Image> makeIcon(const char* name) {
-  drawing::Canvas canvas({8, 8}, 1);
-  canvas.clear({0, 0.5, 1, 1});
-  return canvas.snapshot()->named(name);
-}
-
-// The icons of each notification.
-NSArray* notificationIcons;
-
-NSArray* iconsOfNotification(objc::Original<NSArray*(NCNotificationShortLookView*)>, NCNotificationShortLookView*) {
-  return notificationIcons;
-}
-
-// The tests set the icons of the application and of the notification.
-class BannerIcon : public testing::Test {
- protected:
-  BannerIcon() {
-    test::replaceMethod<"icons", &iconsOfNotification>(NCNotificationShortLookView::classObject());
-    icons_->addObject(uikit::makeImage(makeIcon("first")));
-    icons_->addObject(uikit::makeImage(makeIcon("second")));
-    notificationIcons = icons_;
-  }
-  ~BannerIcon() override { notificationIcons = nullptr; }
-
-  // The name of the icon in a banner of the application. "(none)" if the banner has no icon.
-  std::string shownIcon() {
-    return phone_.view(phone_.present({{"section", application}}), "_appIV").value("image", "(none)");
-  }
-
- private:
-  Phone phone_;
-  objc::Ref<NSMutableArray> icons_ = objc::retain(NSMutableArray::array());
-};
-
-TEST_F(BannerIcon, IsTheApplicationsIconInTheFirstAvailableFormat) {
-  for (const auto& [format, name] : {std::pair{0, "format 0"}, {2, "format 2"}, {8, "format 8"}}) {
-    uikit::setApplicationIcon(application, format, makeIcon(name));
-    EXPECT_EQ(shownIcon(), name);
-  }
-}
-
-TEST_F(BannerIcon, IsTheFirstIconOfTheNotificationIfTheApplicationHasNoneOfTheFormats) {
-  uikit::setApplicationIcon(application, 1, makeIcon("format 1"));
-  EXPECT_EQ(shownIcon(), "first");
-}
-
-TEST_F(BannerIcon, IsTheFirstIconOfTheNotificationInsteadOfThePlaceholder) {
-  ASSERT_NE(UIImage::applicationIcon(NSString::stringWithUTF8String(application), 8), nullptr);
-  EXPECT_EQ(shownIcon(), "first");
-}
-
-TEST_F(BannerIcon, IsMissingIfTheNotificationHasNone) {
-  notificationIcons = NSMutableArray::array();
-  EXPECT_EQ(shownIcon(), "(none)");
-  notificationIcons = nullptr;
-  EXPECT_EQ(shownIcon(), "(none)");
-}
-
-TEST_F(BannerIcon, IsTheIconOfTheApplicationThatResemblesThePlaceholder) {
-  const auto placeholder = uikit::imageOf(UIImage::applicationIcon("org.example.other"_ns, 8));
-  drawing::Canvas canvas(placeholder->size(), placeholder->scale());
-  canvas.clear({0.5, 0.5, 0.5, 1});
-  uikit::setApplicationIcon(application, 8, canvas.snapshot()->named("gray"));
-  EXPECT_EQ(shownIcon(), "gray");
 }
 
 TEST(Attachment, AlarmHasSnoozeAndStopButtons) {

@@ -91,6 +91,38 @@ TEST(ReplyField, MakesTheBannerWindowKey) {
   EXPECT_EQ(UIApplication::sharedApplication()->keyWindow(), containerOf(controller)->window());
 }
 
+double bottomOf(const Json& view) { return view.at("frame")[1].get<double>() + view.at("frame")[3].get<double>(); }
+
+TEST(ReplyField, OfALongTextStaysAboveTheKeyboard) {
+  test::Setup setup;
+  setup.options.device = "iphone-se";
+  Phone phone(setup);
+  std::string lines = "1";
+  for (int line = 2; line <= 15; ++line) lines += "\n" + std::to_string(line);
+  const int controller = presentExpanded(phone, {{"subtitle", "Group"}, {"message", lines}});
+  const Json keyboard = test::firstNode(phone.windows(), "class", "UIRemoteKeyboardWindow");
+  const double keyboardTop = keyboard.at("frame")[1];
+  EXPECT_LE(bottomOf(phone.view(controller, "reply")), keyboardTop);
+  EXPECT_LE(bottomOf(phone.banner(controller)), keyboardTop);
+  const Json body = phone.view(controller, "bodyLabel");
+  EXPECT_EQ(body.at("lines"), 15);
+  EXPECT_GT(body.at("frame")[3], 12 * 15);
+  EXPECT_EQ(phone.view(controller, "headerLabel").at("frame")[3], 18);
+  EXPECT_EQ(phone.view(controller, "subHeaderLabel").at("frame")[3], 18);
+  // A second drag leaves the banner above the keyboard.
+  phone.run({{"do", "drag"}, {"by", {0, 50}}});
+  phone.wait(1);
+  EXPECT_LE(bottomOf(phone.banner(controller)), keyboardTop);
+}
+
+TEST(ReplyField, OfAShortTextIsNotMovedByTheKeyboard) {
+  Phone phone;
+  const int controller = presentExpanded(phone);
+  ASSERT_TRUE(containerOf(controller)->reply()->isFirstResponder());
+  constexpr double expandedHeight = 63;
+  EXPECT_DOUBLE_EQ(bottomOf(phone.banner(controller)), bottomOf(phone.view(controller, "_appIV")) + expandedHeight);
+}
+
 TEST(ReplyField, SendsTheTypedTextOnReturn) {
   Phone phone;
   const int controller = presentExpanded(phone);

@@ -115,6 +115,43 @@ TEST(RefusedCommands, NestingIsLimited) {
   EXPECT_TRUE(brackets.at("ok").get<bool>());
 }
 
+std::string objectWithMembers(int count) {
+  std::string object = "{";
+  for (int member = 0; member < count; ++member)
+    object += (member == 0 ? "\"" : ",\"") + std::to_string(member) + "\":0";
+  return object + "}";
+}
+
+TEST(RefusedCommands, NumberOfMembersIsLimited) {
+  PlainPhone phone;
+  const std::string start = R"({"do":"present","section":"a","userInfo":)";
+  EXPECT_TRUE(phone.answerLine(start + objectWithMembers(5000) + "}").at("ok").get<bool>());
+  const Json answer = phone.answerLine(start + objectWithMembers(1'000'000) + "}");
+  EXPECT_NE(answer.value("error", "").find("more than 10000 members"), std::string::npos) << answer;
+  const Json colons = phone.answerLine(R"({"do":"present","section":"a","title":")" + std::string(20000, ':') + "\"}");
+  EXPECT_TRUE(colons.at("ok").get<bool>());
+}
+
+TEST(RefusedCommands, ErrorsQuoteOnlyTheStartOfALongText) {
+  PlainPhone phone;
+  std::string text;
+  for (int count = 0; count < 100'000; ++count) text += "é";
+  const Json commands[] = {{{"do", text}},
+                           {{"do", "log"}, {text, 1}},
+                           {{"do", "present"}, {"section", "a"}, {"icon", text}},
+                           {{"do", "push"}, {"application", text}, {"payload", {{"aps", {{"alert", "x"}}}}}},
+                           {{"do", "tap"}, {"label", text}},
+                           {{"do", "contacts"}, {"path", text}},
+                           {{"do", "screenshot"}, {"path", text}}};
+  for (const Json& command : commands) {
+    const Json answer = phone.answerLine(command.dump());
+    EXPECT_FALSE(answer.at("ok").get<bool>());
+    EXPECT_LT(answer.value("error", "").size(), 5000U) << command.dump().substr(0, 40);
+    EXPECT_NO_THROW(static_cast<void>(answer.dump())) << "the error must be valid UTF-8";
+  }
+  EXPECT_NE(phone.answerLine(commands[0].dump()).value("error", "").find("the commands are"), std::string::npos);
+}
+
 TEST(RefusedCommands, DismissedControllerIsNotOnScreen) {
   PlainPhone phone;
   const int controller = phone.present();

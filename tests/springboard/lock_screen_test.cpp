@@ -90,17 +90,32 @@ double relativeLuminance(std::uint32_t pixel) {
   return 0.2126 * linear(16) + 0.7152 * linear(8) + 0.0722 * linear(0);
 }
 
-TEST(LockScreen, DateIsReadableOnTheWallpaper) {
-  PlainPhone phone({.time = 1584178860});
-  phone.run("lock");
-  const Json frame = PlainPhone::find(phone.run("tree").at("windows"), "text", "Saturday, March 14").at("frame");
+class LockScreenDate : public testing::TestWithParam<const char*> {};
+
+TEST_P(LockScreenDate, IsReadableOnTheWallpaper) {
+  PlainPhone phone({.device = GetParam(), .time = 1584178860});
   const auto path = phone.folder() / "lock.png";
-  phone.run("screenshot", {{"path", path.string()}, {"scale", 1}});
-  const auto screen = drawing::loadImage(path);
-  ASSERT_NE(screen, nullptr);
-  const int top = frame[1].get<int>();
-  for (int x = 80; x < 300; ++x) EXPECT_GE(1.05 / (relativeLuminance(screen->pixel(x, top)) + 0.05), 3) << x;
+  for (const char* style : {"light", "dark"}) {
+    phone.run("appearance", {{"style", style}});
+    phone.run("lock");
+    const Json frame = PlainPhone::find(phone.run("tree").at("windows"), "text", "Saturday, March 14").at("frame");
+    phone.run("screenshot", {{"path", path.string()}, {"scale", 1}});
+    const auto screen = drawing::loadImage(path);
+    ASSERT_NE(screen, nullptr);
+    const int top = frame[1].get<int>();
+    const int bottom = top + frame[3].get<int>() - 1;
+    for (const int y : {top, bottom})
+      for (int x = 0; x < screen->pixelWidth(); ++x)
+        EXPECT_GE(1.05 / (relativeLuminance(screen->pixel(x, y)) + 0.05), 4.5) << style << " at " << x << "," << y;
+  }
 }
+
+INSTANTIATE_TEST_SUITE_P(Devices, LockScreenDate, testing::Values("iphone-se", "iphone-8", "iphone-x"),
+                         [](const auto& device) {
+                           std::string name = device.param;
+                           std::erase(name, '-');
+                           return name;
+                         });
 
 TEST(LockScreen, ShowsCellsDownToTheLowerEdgeOfTheScreen) {
   PlainPhone phone;

@@ -1,7 +1,10 @@
 // Tests of the keys of the on-screen keyboard: their frames, and the letters of each language.
 #include <algorithm>
+#include <array>
+#include <iterator>
 #include <set>
 
+#include "simulator/drawing/text_layout.hpp"
 #include "simulator/uikit/keyboard/keyboard_key.hpp"
 #include "tests/uikit/view_content.hpp"
 
@@ -29,8 +32,9 @@ void expectInsideWithoutOverlap(const std::vector<uikit::Key>& keys, const uikit
   }
 }
 
-constexpr const char* locales[] = {"en_US", "de_DE", "fr_FR", "es_ES", "pt_BR", "sv_SE", "fi_FI", "da_DK", "nb_NO",
-                                   "pl_PL", "tr_TR", "ru_RU", "uk_UA", "ar_EG", "he_IL", "ja_JP", "ko_KR", "zh_CN"};
+constexpr const char* locales[] = {"en_US", "de_DE", "fr_FR", "es_ES", "pt_BR", "sv_SE", "fi_FI",
+                                   "da_DK", "nb_NO", "pl_PL", "tr_TR", "ru_RU", "uk_UA", "ar_EG",
+                                   "he_IL", "el_GR", "ja_JP", "ko_KR", "zh_CN"};
 
 std::vector<uikit::Key> keysFor(const char* locale, const uikit::KeyboardSize& size,
                                 uikit::Shift shift = uikit::Shift::Off,
@@ -117,6 +121,102 @@ TEST_F(KeyboardKeys, EachLanguageHasDistinctLettersWithTheirUppercase) {
     EXPECT_EQ(letters.size(), count(lowercase, KeyRole::Character)) << locale;
   }
 }
+
+// Returns the keys with this role, from left to right in each row, from top to bottom.
+std::vector<uikit::Key> keysOf(const std::vector<uikit::Key>& keys, KeyRole role) {
+  std::vector<uikit::Key> found;
+  std::ranges::copy_if(keys, std::back_inserter(found), [role](const auto& key) { return key.role == role; });
+  return found;
+}
+
+double rightOf(const uikit::Key& key) { return key.frame.origin.x + key.frame.size.width; }
+
+// The number of letters in each row, and the index of the row with the backspace key.
+struct Geometry {
+  const char* locale;
+  std::array<std::size_t, 3> letters;
+  std::size_t backspaceRow;
+};
+
+constexpr Geometry geometries[] = {
+    {"en_US", {10, 9, 7}, 2},   {"de_DE", {11, 11, 7}, 2}, {"fr_FR", {10, 10, 6}, 2}, {"es_ES", {10, 10, 7}, 2},
+    {"sv_SE", {11, 11, 7}, 2},  {"fi_FI", {11, 11, 7}, 2}, {"da_DK", {11, 11, 7}, 2}, {"nb_NO", {11, 11, 7}, 2},
+    {"tr_TR", {12, 11, 9}, 2},  {"ru_RU", {11, 11, 9}, 2}, {"uk_UA", {12, 11, 9}, 2}, {"el_GR", {9, 9, 7}, 2},
+    {"ar_EG", {11, 11, 10}, 2}, {"he_IL", {8, 10, 9}, 0},
+};
+
+class KeyboardGeometry : public UIKitTest, public testing::WithParamInterface<Geometry> {
+ public:
+  static constexpr uikit::KeyboardSize sizes[] = {{320, 0}, {375, 0}, {375, 34}, {414, 34}};
+};
+
+TEST_P(KeyboardGeometry, LettersHaveEqualWidthsAndDistances) {
+  for (const uikit::KeyboardSize size : sizes) {
+    const auto letters = keysOf(keysFor(GetParam().locale, size), KeyRole::Character);
+    std::size_t first = 0;
+    for (const std::size_t count : GetParam().letters) {
+      ASSERT_LE(first + count, letters.size());
+      const double distance = letters[first + 1].frame.origin.x - letters[first].frame.origin.x;
+      for (std::size_t index = first; index < first + count; ++index) {
+        const CGRect& frame = letters[index].frame;
+        EXPECT_DOUBLE_EQ(frame.size.width, letters[0].frame.size.width) << letters[index].label;
+        EXPECT_EQ(frame.origin.y, letters[first].frame.origin.y) << letters[index].label;
+        EXPECT_NEAR(frame.origin.x, letters[first].frame.origin.x + static_cast<double>(index - first) * distance,
+                    1e-9);
+      }
+      first += count;
+    }
+    EXPECT_EQ(first, letters.size());
+  }
+}
+
+TEST_P(KeyboardGeometry, FunctionKeysAreAtTheEdges) {
+  constexpr double margin = 3;
+  constexpr double firstRow = 8;
+  constexpr double rowPitch = 54;
+  for (const uikit::KeyboardSize size : sizes) {
+    const auto keys = keysFor(GetParam().locale, size);
+    const auto backspace = keysOf(keys, KeyRole::Backspace);
+    ASSERT_EQ(backspace.size(), 1U);
+    EXPECT_DOUBLE_EQ(rightOf(backspace[0]), size.width - margin);
+    EXPECT_DOUBLE_EQ(backspace[0].frame.origin.y, firstRow + rowPitch * static_cast<double>(GetParam().backspaceRow));
+    const auto letters = keysOf(keys, KeyRole::Character);
+    EXPECT_GE(backspace[0].frame.size.width, letters[0].frame.size.width - 1e-9);
+    for (const uikit::Key& shift : keysOf(keys, KeyRole::Shift)) {
+      EXPECT_DOUBLE_EQ(shift.frame.origin.x, margin);
+      EXPECT_DOUBLE_EQ(shift.frame.origin.y, firstRow + 2 * rowPitch);
+      EXPECT_DOUBLE_EQ(shift.frame.size.width, backspace[0].frame.size.width);
+    }
+    const auto returnKey = keysOf(keys, KeyRole::Return);
+    ASSERT_EQ(returnKey.size(), 1U);
+    EXPECT_DOUBLE_EQ(rightOf(returnKey[0]), size.width - margin);
+    EXPECT_DOUBLE_EQ(returnKey[0].frame.origin.y, firstRow + 3 * rowPitch);
+  }
+}
+
+// The width of the text at this font size.
+double widthOf(const std::string& text, double fontSize) {
+  drawing::Run run;
+  run.text = text;
+  run.font.size = fontSize;
+  drawing::Paragraph paragraph;
+  paragraph.runs = {std::move(run)};
+  return drawing::TextLayout(std::move(paragraph), 2).measure(0).width;
+}
+
+TEST_P(KeyboardGeometry, LettersFitIntoTheirKeysAtOneFontSize) {
+  for (const uikit::KeyboardSize size : sizes)
+    for (const auto shift : {uikit::Shift::Off, uikit::Shift::On}) {
+      const auto keys = keysFor(GetParam().locale, size, shift);
+      const double fontSize = uikit::characterSizeFor(keys);
+      EXPECT_GT(fontSize, 13);
+      for (const uikit::Key& key : keysOf(keys, KeyRole::Character))
+        EXPECT_LE(widthOf(key.label, fontSize), key.frame.size.width) << key.label << " at " << fontSize;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, KeyboardGeometry, testing::ValuesIn(geometries),
+                         [](const auto& geometry) { return std::string(geometry.param.locale); });
 
 TEST_F(KeyboardKeys, ScriptsWithoutUppercaseHaveNoShiftKey) {
   for (const char* locale : {"ar_EG", "he_IL"}) {

@@ -1,6 +1,8 @@
 // Tests of the on-screen keyboard: when it appears, and what its keys do.
 #include <algorithm>
 
+#include "platform/ns_notification_center.hpp"
+#include "platform/ns_value.hpp"
 #include "platform/ui_text_field.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
@@ -14,6 +16,36 @@ namespace test {
 namespace {
 
 using uikit::KeyRole;
+
+// Records the top of the keyboard from each notification of a change of its frame.
+class FrameObserver : public objc::Interface<"FrameObserver", NSObject> {};
+
+std::vector<double>* announcedTops = nullptr;
+
+void keyboardWillChangeFrame(FrameObserver*, NSNotification* notification) {
+  const auto* frame = objc::as<NSValue>(notification->userInfo()->objectForKey("UIKeyboardFrameEndUserInfoKey"_ns));
+  announcedTops->push_back(frame->CGRectValue().origin.y);
+}
+
+class AnnouncedFrames {
+ public:
+  explicit AnnouncedFrames(std::vector<double>& tops) {
+    static constexpr objc::MethodEntry methods[] = {
+        objc::method<"keyboardWillChangeFrame:", &keyboardWillChangeFrame>()};
+    if (FrameObserver::classObject() == nullptr) objc::defineClass<FrameObserver>(methods);
+    announcedTops = &tops;
+    observer_ = objc::make<FrameObserver>();
+    NSNotificationCenter::defaultCenter()->addObserver(observer_, objc::selector<"keyboardWillChangeFrame:">(), name());
+  }
+  AnnouncedFrames(const AnnouncedFrames&) = delete;
+  AnnouncedFrames& operator=(const AnnouncedFrames&) = delete;
+  ~AnnouncedFrames() { NSNotificationCenter::defaultCenter()->removeObserver(observer_, name()); }
+
+ private:
+  static NSString* name() { return "UIKeyboardWillChangeFrameNotification"_ns; }
+
+  objc::Ref<FrameObserver> observer_;
+};
 
 class Keyboard : public UIKitTest {
  public:
@@ -148,6 +180,32 @@ TEST_F(Keyboard, KeysAppearInTheViewTree) {
   for (const auto& node : tree.at("children")) texts.insert(node.value("text", ""));
   EXPECT_TRUE(texts.contains("Q"));
   EXPECT_TRUE(texts.contains("return"));
+}
+
+TEST_F(Keyboard, CharactersHaveOneFontSize) {
+  uikit::Environment turkish = uikit::environment();
+  turkish.locale = "tr_TR";
+  uikit::setEnvironment(turkish);
+  edit();
+  std::set<double> sizes;
+  for (const auto& view : uikit::record(keyboard()).subviews) {
+    const KeyViewState& key = objc::state(static_cast<UIKBKeyView*>(view.get()));
+    if (key.key.role == KeyRole::Character) sizes.insert(key.characterSize);
+  }
+  ASSERT_EQ(sizes.size(), 1U);
+  EXPECT_GT(*sizes.begin(), 0);
+}
+
+TEST_F(Keyboard, AnnouncesItsFrame) {
+  std::vector<double> tops;
+  const AnnouncedFrames announced(tops);
+  edit();
+  ASSERT_EQ(tops.size(), 1U);
+  EXPECT_EQ(tops[0], keyboard()->frame().origin.y);
+  field->resignFirstResponder();
+  foundation::stepClock(1);
+  ASSERT_EQ(tops.size(), 2U);
+  EXPECT_EQ(tops[1], 812);
 }
 
 TEST_F(Keyboard, BackspaceDeletesACharacter) {

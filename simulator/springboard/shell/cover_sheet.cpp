@@ -24,7 +24,8 @@ using Sheet = SBCoverSheetController;
 // The window level of the cover sheet. It is between the levels of the home screen and the status bar.
 constexpr double coverSheetLevel = 900;
 
-constexpr CGFloat dimmingAlpha = 0.35;
+// White text has a contrast of 4.5:1 on a white wallpaper that is darkened by this opacity.
+constexpr CGFloat dimmingAlpha = 0.55;
 constexpr CGFloat clockTop = 40;
 constexpr CGFloat clockHeight = 90;
 constexpr CGFloat dayHeight = 26;

@@ -3,7 +3,9 @@
 #include <optional>
 
 #include "objc/class_definition.hpp"
+#include "platform/ns_notification_center.hpp"
 #include "platform/ns_string.hpp"
+#include "platform/ns_value.hpp"
 #include "platform/ui_text_field.hpp"
 #include "platform/ui_window.hpp"
 #include "simulator/uikit/environment/environment.hpp"
@@ -95,9 +97,11 @@ void rebuildKeys(const KeyboardAppearance& appearance) {
   const bool sends = appearance.returnKey == UIReturnKeyType::Send;
   const KeyboardFace face = {appearance.plane, appearance.shift, lettersForLocale(environment().locale),
                              sends ? "send" : "return"};
-  for (Key& key : keyboardKeys(sizeOfKeyboard(), face)) {
+  std::vector<Key> keys = keyboardKeys(sizeOfKeyboard(), face);
+  const double characterSize = characterSizeFor(keys);
+  for (Key& key : keys) {
     const bool isProminent = key.role == KeyRole::Return && sends && appearance.acceptsReturnKey;
-    const auto view = makeKeyView({std::move(key), appearance.shift, appearance.style, isProminent});
+    const auto view = makeKeyView({std::move(key), appearance.shift, appearance.style, isProminent, characterSize});
     view->addTarget(keyboard().listener, objc::selector<"keyPressed:">(), UIControlEvents::TouchUpInside);
     window->addSubview(view);
   }
@@ -144,6 +148,14 @@ void makeKeyboard() {
   objc::send<void, "setWindowLevel:">(made.window.get(), CGFloat{levelAboveEverything});
 }
 
+// Posts the notification of the platform that announces a change of the keyboard's frame.
+void announceFrame() {
+  NSMutableDictionary* userInfo = NSMutableDictionary::dictionaryWithCapacity(1);
+  userInfo->setObject(objc::send<NSObject*, "valueWithCGRect:">(NSValue::classObject(), frameWhen(keyboard().isShown)),
+                      "UIKeyboardFrameEndUserInfoKey"_ns);
+  NSNotificationCenter::defaultCenter()->post("UIKeyboardWillChangeFrameNotification"_ns, userInfo);
+}
+
 void slide(bool up) {
   Keyboard& moved = keyboard();
   moved.isShown = up;
@@ -161,12 +173,15 @@ void updateKeyboard() {
   UIResponder* textInput = currentTextInput();
   Keyboard& shown = keyboard();
   if (textInput == nullptr) {
-    if (shown.isShown) slide(false);
     shown.textInput = nullptr;
+    if (!shown.isShown) return;
+    slide(false);
+    announceFrame();
     return;
   }
   if (shown.window == nullptr) makeKeyboard();
-  if (shown.textInput != textInput) {
+  const bool isOtherInput = shown.textInput != textInput;
+  if (isOtherInput) {
     shown.textInput = textInput;
     shown.plane = KeyboardPlane::Letters;
     shown.shiftOverride.reset();
@@ -175,7 +190,9 @@ void updateKeyboard() {
     shown.appearance = appearance;
     rebuildKeys(appearance);
   }
-  if (!shown.isShown) slide(true);
+  const bool appears = !shown.isShown;
+  if (appears) slide(true);
+  if (appears || isOtherInput) announceFrame();
 }
 
 void defineKeyboard() {

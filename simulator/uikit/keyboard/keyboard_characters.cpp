@@ -23,8 +23,9 @@ constexpr LetterSet sets[] = {
     {"tr", {"qwertyuıopğü", "asdfghjklşi", "zxcvbnmöç"}, {"QWERTYUIOPĞÜ", "ASDFGHJKLŞİ", "ZXCVBNMÖÇ"}, "ABC"},
     {"ru", {"йцукенгшщзх", "фывапролджэ", "ячсмитьбю"}, {"ЙЦУКЕНГШЩЗХ", "ФЫВАПРОЛДЖЭ", "ЯЧСМИТЬБЮ"}, "АБВ"},
     {"uk", {"йцукенгшщзхї", "фівапролджє", "ячсмитьбю"}, {"ЙЦУКЕНГШЩЗХЇ", "ФІВАПРОЛДЖЄ", "ЯЧСМИТЬБЮ"}, "АБВ"},
+    {"el", {"ςερτυθιοπ", "ασδφγηξκλ", "ζχψωβνμ"}, {"ΣΕΡΤΥΘΙΟΠ", "ΑΣΔΦΓΗΞΚΛ", "ΖΧΨΩΒΝΜ"}, "ΑΒΓ"},
     {"ar", arabic, arabic, "أبج"},
-    {"he", hebrew, hebrew, "אבג"},
+    {"he", hebrew, hebrew, "אבג", BackspaceRow::First},
 };
 
 constexpr bool isLeadingByte(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }

@@ -11,12 +11,16 @@ namespace uikit {
 // The characters of each row, in the order of their keys from left to right in every language.
 using CharacterRows = std::array<std::string_view, 3>;
 
+// The row whose end has the backspace key.
+enum class BackspaceRow { First, Third };
+
 struct LetterSet {
   std::string_view language;
   CharacterRows small;
   CharacterRows capital;
   // The text on the key that shows the letters plane.
   std::string_view name;
+  BackspaceRow backspaceRow = BackspaceRow::Third;
 
   // Returns whether the script has capital letters. A keyboard without capital letters has no shift key.
   bool hasCapitals() const { return small != capital; }

@@ -2,6 +2,7 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <numbers>
 #include <span>
 
@@ -11,6 +12,7 @@ namespace {
 
 constexpr double fullTurn = 2 * std::numbers::pi;
 constexpr double lineWidth = 1.5;
+constexpr double widestIcon = 24;  // the backspace icon with its outline
 
 void outline(cairo_t* context, std::span<const drawing::Point> corners) {
   for (const drawing::Point& corner : corners) cairo_line_to(context, corner.x, corner.y);
@@ -85,11 +87,14 @@ void drawSmiley(cairo_t* context) {
 
 }  // namespace
 
-void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Point& center,
+void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Rectangle& area,
                  const drawing::Color& color) {
+  constexpr double margin = 1;
+  const double scale = std::min(1.0, (area.width - 2 * margin) / widestIcon);
   cairo_t* context = canvas.context();
   cairo_save(context);
-  cairo_translate(context, center.x, center.y);
+  cairo_translate(context, area.x + area.width / 2, area.y + area.height / 2);
+  cairo_scale(context, scale, scale);
   cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
   cairo_set_line_width(context, lineWidth);
   cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);

@@ -6,9 +6,9 @@
 
 namespace uikit {
 
-// Draws the icon of a key centered at a point. Draws nothing for a key with text. The shift icon is filled if shift is
-// on.
-void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Point& center,
+// Draws the icon of a key at the center of the key's area, reduced if it does not fit. Draws nothing for a key with
+// text. The shift icon is filled if shift is on.
+void drawKeyIcon(drawing::Canvas& canvas, KeyRole role, Shift shift, const drawing::Rectangle& area,
                  const drawing::Color& color);
 
 }  // namespace uikit

@@ -1,5 +1,6 @@
 #include "simulator/uikit/keyboard/keyboard_key.hpp"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "simulator/uikit/controls/control.hpp"
@@ -14,7 +15,7 @@ namespace uikit {
 
 namespace {
 
-constexpr double characterSize = 22.5;
+constexpr double maxCharacterSize = 22.5;
 constexpr double wordSize = 16;
 constexpr double labelMargin = 2;
 constexpr double shadowHeight = 1;
@@ -68,15 +69,18 @@ drawing::TextLayout labelOf(const Key& key, double fontSize) {
   return {std::move(paragraph), environment().device.scale};
 }
 
-// Draws the label of a key. Reduces the font size if the label is too wide for the key.
+// Returns the standard size, or a smaller size with which the label fits into the key.
+double fittingSize(const Key& key, double standardSize) {
+  const double width = labelOf(key, standardSize).measure(0).width;
+  const double availableWidth = key.frame.size.width - 2 * labelMargin;
+  return width <= availableWidth ? standardSize : standardSize * availableWidth / width;
+}
+
 void drawLabel(drawing::Canvas& canvas, const KeyViewState& state, const drawing::Rectangle& area,
                const drawing::Color& color) {
-  const double standardSize = state.key.role == KeyRole::Character ? characterSize : wordSize;
-  const drawing::TextLayout label = labelOf(state.key, standardSize);
-  const double width = label.measure(0).width;
-  const double availableWidth = area.width - 2 * labelMargin;
-  if (width <= availableWidth) return label.draw(canvas, area, color);
-  labelOf(state.key, standardSize * availableWidth / width).draw(canvas, area, color);
+  const bool isCharacter = state.key.role == KeyRole::Character;
+  const double size = isCharacter ? state.characterSize : fittingSize(state.key, wordSize);
+  labelOf(state.key, size).draw(canvas, area, color);
 }
 
 void drawContent(UIKBKeyView* self, void* target) {
@@ -90,7 +94,7 @@ void drawContent(UIKBKeyView* self, void* target) {
   }
   const drawing::Color& color = symbolColor(state, palette);
   drawLabel(canvas, state, area, color);
-  drawKeyIcon(canvas, state.key.role, state.shift, {area.x + area.width / 2, area.y + area.height / 2}, color);
+  drawKeyIcon(canvas, state.key.role, state.shift, area, color);
 }
 
 // The content area includes the shadow below the key.
@@ -108,6 +112,13 @@ void describe(UIKBKeyView* self, void* description) {
 }
 
 }  // namespace
+
+double characterSizeFor(std::span<const Key> keys) {
+  double size = maxCharacterSize;
+  for (const Key& key : keys)
+    if (key.role == KeyRole::Character) size = std::min(size, fittingSize(key, maxCharacterSize));
+  return size;
+}
 
 objc::Ref<UIKBKeyView> makeKeyView(KeyViewState state) {
   auto view = UIView::withFrame<UIKBKeyView>(state.key.frame);

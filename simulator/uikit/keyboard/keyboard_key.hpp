@@ -1,6 +1,8 @@
 // The view of one key of the on-screen keyboard. Main thread only.
 #pragma once
 
+#include <span>
+
 #include "objc/class_definition.hpp"
 #include "platform/ui_control.hpp"
 #include "platform/ui_trait_collection.hpp"
@@ -14,6 +16,7 @@ struct KeyViewState {
   UIUserInterfaceStyle style = UIUserInterfaceStyle::Light;
   // Whether the key has the prominent color of a return key that sends the text.
   bool isProminent = false;
+  double characterSize = 0;  // the font size of a character key
 };
 template <>
 struct objc::StateOf<UIKBKeyView> {
@@ -21,6 +24,9 @@ struct objc::StateOf<UIKBKeyView> {
 };
 
 namespace uikit {
+
+// Returns the font size with which the characters of all keys fit into their keys.
+double characterSizeFor(std::span<const Key> keys);
 
 // Creates the view. Its frame is the frame of the key.
 objc::Ref<UIKBKeyView> makeKeyView(KeyViewState state);

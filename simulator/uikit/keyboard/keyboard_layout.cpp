@@ -16,6 +16,8 @@ constexpr double keyHeight = 42;
 constexpr double firstRowTop = 8;
 constexpr double margin = 3;
 constexpr double gap = 6;
+// The gap between the letters of a row with more keys than the standard row.
+constexpr double narrowGap = 5;
 constexpr std::size_t keysInRow = 10;
 // The height, in points, of the bar below the last row on a device without a home button. The height does not include
 // the safe area.
@@ -38,26 +40,32 @@ std::array<Row, 3> rowsOf(const KeyboardFace& face) {
   return {splitCharacters(characters[0]), splitCharacters(characters[1]), splitCharacters(characters[2])};
 }
 
+double gapFor(std::size_t keys) { return keys > keysInRow ? narrowGap : gap; }
+
 double keyWidthFor(std::size_t keys, double keyboardWidth) {
   const auto count = static_cast<double>(keys);
-  return (keyboardWidth - 2 * margin - (count - 1) * gap) / count;
-}
-
-double widthOf(const Row& row, double keyWidth) {
-  const auto count = static_cast<double>(row.size());
-  return count * keyWidth + (count - 1) * gap;
+  return (keyboardWidth - 2 * margin - (count - 1) * gapFor(keys)) / count;
 }
 
 class KeyLayoutBuilder {
  public:
   KeyLayoutBuilder(const KeyboardSize& size, const KeyboardFace& shown)
-      : keyboard_(size), face_(shown), characters_(rowsOf(shown)), standardWidth_(keyWidthFor(keysInRow, size.width)) {}
+      : keyboard_(size),
+        face_(shown),
+        characters_(rowsOf(shown)),
+        columns_(std::max({keysInRow, characters_[0].size(), characters_[1].size()})),
+        letterGap_(gapFor(columns_)),
+        standardWidth_(keyWidthFor(keysInRow, size.width)) {}
 
   std::vector<Key> build() {
     // Languages with longer rows of letters have narrower keys.
-    const std::size_t longest = std::max({keysInRow, characters_[0].size(), characters_[1].size()});
-    const double width = keyWidthFor(longest, keyboard_.width);
-    addCharacters(0, width);
+    const double width = keyWidthFor(columns_, keyboard_.width);
+    if (hasBackspaceInFirstRow()) {
+      addCharacters(0, width, margin);
+      addBackspace(0, keyboard_.width - 2 * margin - widthOf(characters_[0], width) - letterGap_);
+    } else {
+      addCharacters(0, width);
+    }
     addCharacters(1, width);
     if (face_.plane == KeyboardPlane::Letters) {
       addThirdRowOfLetters(width);
@@ -70,6 +78,15 @@ class KeyLayoutBuilder {
   }
 
  private:
+  bool hasBackspaceInFirstRow() const {
+    return face_.plane == KeyboardPlane::Letters && face_.letters.backspaceRow == BackspaceRow::First;
+  }
+
+  double widthOf(const Row& row, double keyWidth) const {
+    const auto count = static_cast<double>(row.size());
+    return count * keyWidth + (count - 1) * letterGap_;
+  }
+
   static double top(int row) { return firstRowTop + row * rowPitch; }
 
   void add(KeyRole role, std::string label, double x, int row, double width,
@@ -80,7 +97,7 @@ class KeyLayoutBuilder {
   void addCharacters(int row, double width, double x) {
     for (const std::string& character : characters_[static_cast<std::size_t>(row)]) {
       add(KeyRole::Character, character, x, row, width);
-      x += width + gap;
+      x += width + letterGap_;
     }
   }
   // Adds a row of character keys, horizontally centered.
@@ -88,21 +105,24 @@ class KeyLayoutBuilder {
     addCharacters(row, width, (keyboard_.width - widthOf(characters_[static_cast<std::size_t>(row)], width)) / 2);
   }
 
-  void addBackspace(double width) { add(KeyRole::Backspace, "", keyboard_.width - margin - width, 2, width); }
+  void addBackspace(int row, double width) {
+    add(KeyRole::Backspace, "", keyboard_.width - margin - width, row, width);
+  }
 
   // Adds the third row of letters. The shift key is at its start. A script without capital letters has no shift key, so
-  // the letters start at the left margin.
+  // the letters start at the left margin, or are centered if the backspace key is in the first row.
   void addThirdRowOfLetters(double width) {
+    if (hasBackspaceInFirstRow()) return addCharacters(2, width);
     const double letters = widthOf(characters_[2], width);
     const double room = keyboard_.width - 2 * margin - letters;
     if (!face_.letters.hasCapitals()) {
       addCharacters(2, width, margin);
-      return addBackspace(std::min(widerWidth(), room - gap));
+      return addBackspace(2, std::min(widerWidth(), room - letterGap_));
     }
-    const double side = std::min(widerWidth(), room / 2 - gap);
+    const double side = std::min(widerWidth(), room / 2 - letterGap_);
     add(KeyRole::Shift, "", margin, 2, side);
     addCharacters(2, width);
-    addBackspace(side);
+    addBackspace(2, side);
   }
 
   // Adds the third row of the numbers or symbols plane. The row has fewer characters than the other rows, so their keys
@@ -112,7 +132,7 @@ class KeyLayoutBuilder {
     add(KeyRole::Plane, isNumberPlane ? "#+=" : "123", margin, 2, widerWidth(),
         isNumberPlane ? KeyboardPlane::Symbols : KeyboardPlane::Numbers);
     addCharacters(2, standardWidth_ * 1.4 + gap * 0.4);
-    addBackspace(widerWidth());
+    addBackspace(2, widerWidth());
   }
 
   double widerWidth() const { return standardWidth_ * 1.33; }
@@ -149,6 +169,8 @@ class KeyLayoutBuilder {
   const KeyboardSize keyboard_;
   const KeyboardFace& face_;
   const std::array<Row, 3> characters_;
+  const std::size_t columns_;  // the number of keys in the longest of the first two rows
+  const double letterGap_;
   const double standardWidth_;
   std::vector<Key> keys_;
 };

@@ -14,7 +14,6 @@ namespace {
 using layout::Solver;
 
 constexpr float huggingPriority = 250;
-constexpr float compressionResistancePriority = 750;
 // The maximum number of times that views are measured and the constraints solved again. Heights depend on widths, but
 // widths rarely depend on heights. Therefore, a tree that needs more rounds does not converge.
 constexpr int maxMeasuringRounds = 4;
@@ -151,13 +150,13 @@ void LayoutEngine::Model::addIntrinsicRows(UIView* view, std::vector<ConstraintR
   refreshIntrinsicSize(view);
   const IntrinsicSize& size = record(view).intrinsicSize;
   const FrameVariables& frame = variables.at(view);
-  const auto addAxis = [&](Solver::Variable variable, double length) {
+  const auto addAxis = [&](Solver::Variable variable, double length, float resistance) {
     if (length < 0) return;
     collected.push_back({{{{variable, 1}}, -length}, Solver::Relation::LessOrEqual, huggingPriority});
-    collected.push_back({{{{variable, 1}}, -length}, Solver::Relation::GreaterOrEqual, compressionResistancePriority});
+    collected.push_back({{{{variable, 1}}, -length}, Solver::Relation::GreaterOrEqual, resistance});
   };
-  addAxis(frame.width, size.natural.width);
-  addAxis(frame.height, size.height);
+  addAxis(frame.width, size.natural.width, size.widthResistance);
+  addAxis(frame.height, size.height, size.heightResistance);
 }
 
 // Creates the variables of the views, the size of a view before its position. If the constraints are ambiguous, the

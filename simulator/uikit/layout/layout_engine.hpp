@@ -16,6 +16,9 @@ struct IntrinsicSize {
   CGSize natural{-1, -1};     // the size if the width is not limited
   double height = -1;         // the height at measuredWidth
   double measuredWidth = -1;  // the width at the last layout; -1 before the first layout
+  // The priorities with which the view resists a size below its intrinsic size.
+  float widthResistance = 750;
+  float heightResistance = 750;
   bool isValid = false;
   bool isBeingMeasured = false;
 };

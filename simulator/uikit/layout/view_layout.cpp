@@ -153,6 +153,16 @@ void setTranslatesAutoresizingMask(UIView* self, bool translates) {
   invalidateConstraints(self);
 }
 
+float& resistance(UIView* view, UILayoutConstraintAxis axis) {
+  IntrinsicSize& size = record(view).intrinsicSize;
+  return axis == UILayoutConstraintAxis::Horizontal ? size.widthResistance : size.heightResistance;
+}
+float compressionResistance(UIView* self, UILayoutConstraintAxis axis) { return resistance(self, axis); }
+void setCompressionResistance(UIView* self, float priority, UILayoutConstraintAxis axis) {
+  resistance(self, axis) = priority;
+  invalidateConstraints(self);
+}
+
 template <NSLayoutAttribute attribute>
 NSLayoutAnchor* anchor(UIView* self) {
   return makeAnchor(self, attribute);
@@ -207,6 +217,8 @@ std::span<const objc::MethodEntry> viewLayoutMethods() {
       objc::method<"invalidateIntrinsicContentSize", &invalidateIntrinsicContentSizeOf>(),
       objc::method<"translatesAutoresizingMaskIntoConstraints", &translatesAutoresizingMask>(),
       objc::method<"setTranslatesAutoresizingMaskIntoConstraints:", &setTranslatesAutoresizingMask>(),
+      objc::method<"contentCompressionResistancePriorityForAxis:", &compressionResistance>(),
+      objc::method<"setContentCompressionResistancePriority:forAxis:", &setCompressionResistance>(),
       objc::method<"constraints", &constraints>(),
       objc::method<"leftAnchor", &anchor<Left>>(),
       objc::method<"rightAnchor", &anchor<Right>>(),

@@ -15,6 +15,8 @@ void defineScreen();
 void defineGestureRecognizer();
 void defineTouch();
 void defineView();
+// Adds the accessors of rectangles to NSValue.
+void extendValues();
 void defineWindow();
 void defineApplication();
 void defineViewController();

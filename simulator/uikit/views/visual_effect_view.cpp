@@ -1,13 +1,16 @@
 // UIBlurEffect and UIVisualEffectView: a view that blurs the content behind it.
 #include "platform/ui_visual_effect_view.hpp"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "platform/ui_device.hpp"
 #include "simulator/drawing/material.hpp"
 #include "simulator/uikit/description/view_tree.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
 #include "simulator/uikit/views/class_definitions.hpp"
 #include "simulator/uikit/views/view.hpp"
+#include "simulator/uikit/views/view_record.hpp"
 
 struct BlurEffectState {
   UIBlurEffectStyle style = UIBlurEffectStyle::Regular;
@@ -62,8 +65,24 @@ UIView* contentView(UIVisualEffectView* self) {
   return content;
 }
 
-drawing::BlurStyle blurOf(const UIBlurEffect* effect) {
-  return drawing::blurStyle(static_cast<int>(objc::state(effect).style));
+// Returns whether the superview has a dark background, which is behind the blur.
+bool isOnDarkBackground(const UIView* view) {
+  const UIView* superview = record(view).superview;
+  if (superview == nullptr) return false;
+  const drawing::Color& color = record(superview).layer.background.model();
+  constexpr double maxBrightness = 0.5;
+  constexpr double minOpacity = 0.5;
+  return color.alpha > minOpacity && std::max({color.red, color.green, color.blue}) < maxBrightness;
+}
+
+// Returns the material. Below 13.0, the appearance is always light, so the regular style is dark on a dark background
+// instead. Otherwise, white text on that background would be hard to read.
+drawing::BlurStyle blurOf(const UIVisualEffectView* view) {
+  const drawing::BlurStyle style =
+      drawing::blurStyle(static_cast<int>(objc::state(objc::state(view).effect.get()).style));
+  const bool adapts =
+      style == drawing::BlurStyle::Regular && isOnDarkBackground(view) && systemVersionIsBelow("13.0"_ns);
+  return adapts ? drawing::BlurStyle::Dark : style;
 }
 
 drawing::Appearance appearanceOf(const UIVisualEffectView* view) {
@@ -73,7 +92,7 @@ drawing::Appearance appearanceOf(const UIVisualEffectView* view) {
 // Draws the material with an opacity of 1, because the renderer applies the opacity of the view.
 void drawContent(UIVisualEffectView* self, void* canvas) {
   drawing::drawMaterial(*static_cast<drawing::Canvas*>(canvas), rectangle(shownBounds(self)), shownCorners(self),
-                        blurOf(objc::state(self).effect), appearanceOf(self), 1);
+                        blurOf(self), appearanceOf(self), 1);
 }
 
 CGRect contentArea(UIVisualEffectView* self) {
@@ -82,7 +101,7 @@ CGRect contentArea(UIVisualEffectView* self) {
 
 CGFloat contentReach(UIVisualEffectView* self, CGFloat scale) {
   const UIBlurEffect* shown = objc::state(self).effect;
-  return shown == nullptr ? 0 : drawing::materialBlurMargin(blurOf(shown), appearanceOf(self), scale);
+  return shown == nullptr ? 0 : drawing::materialBlurMargin(blurOf(self), appearanceOf(self), scale);
 }
 
 void describe(UIVisualEffectView* self, void* description) {

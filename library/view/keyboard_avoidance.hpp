@@ -1,0 +1,14 @@
+// Keeps a banner with an open reply field above the on-screen keyboard. If the banner's text is too long for the space
+// above the keyboard, the text is truncated. The maximum number of lines does not change. Main thread.
+#pragma once
+
+#include <span>
+
+#include "library/view/brim_container_state.hpp"
+
+// The methods of BrimTextField.
+std::span<const objc::MethodEntry> replyFieldMethods();
+
+// Call this function after the field was added to the banner. From then on until the field is deallocated, each change
+// of the keyboard's frame limits the height of the banner.
+void observeKeyboard(const BrimContainerState& state);
