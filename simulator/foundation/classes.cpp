@@ -5,6 +5,7 @@
 #include "simulator/foundation/deallocation.hpp"
 #include "simulator/foundation/digest.hpp"
 #include "simulator/foundation/distributed_notifications.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 #include "simulator/foundation/locale.hpp"
 #include "simulator/foundation/localized_strings.hpp"
 #include "simulator/foundation/preferences.hpp"
@@ -18,6 +19,8 @@
 namespace foundation {
 
 void registerClasses() {
+  const IgnoredLeaks ignored;
+  initializeLeakingClasses();
   makeRunLoopWithoutHousekeeping();
   const objc::AutoreleasePool pool;
   installDeallocationHooks();

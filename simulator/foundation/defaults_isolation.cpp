@@ -13,6 +13,7 @@
 
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_string.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 #include "simulator/foundation/notification_daemon.hpp"
 
 extern "C" {
@@ -94,6 +95,7 @@ void reloadFoundationEnvironment() {
   std::vector<const char*> arguments;
   arguments.reserve(words.size());
   for (const std::string& word : words) arguments.push_back(word.c_str());
+  const IgnoredLeaks ignored;
   const objc::AutoreleasePool pool;
   objc::send<void, "initializeWithArguments:count:environment:">(objc::lookUpClass<"NSProcessInfo">(), arguments.data(),
                                                                  static_cast<int>(arguments.size()), environ);

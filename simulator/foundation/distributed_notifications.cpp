@@ -7,6 +7,7 @@
 #include "objc/class_definition.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
 #include "simulator/foundation/hook_function.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/foundation/notification_daemon.hpp"
 
@@ -110,6 +111,8 @@ bool succeedsWithRetry(Center* center, const Work& work) {
 }
 
 struct DaemonCall {
+  // Foundation leaks its objects for a daemon that has ended.
+  IgnoredLeaks ignored;
   DaemonCall() { isCallingDaemon = true; }
   DaemonCall(const DaemonCall&) = delete;
   DaemonCall& operator=(const DaemonCall&) = delete;
@@ -129,6 +132,7 @@ void registerObserver(Center* center, const objc::Ref<DistributedObserver>& obse
   const Add original(Hook::replaced, objc::selector<"addObserver:selector:name:object:suspensionBehavior:">());
   DistributedObserverState& state = objc::state(observer.get());
   if (state.isRegistered) return;
+  const IgnoredLeaks ignored;
   state.isRegistered = succeeds([&] {
     original(center, observer, objc::selector<"deliver:">(), state.name, state.object, state.suspensionBehavior);
   });

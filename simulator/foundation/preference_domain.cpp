@@ -7,6 +7,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_string.hpp"
 #include "simulator/foundation/folder_watch.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 #include "simulator/foundation/property_list_files.hpp"
 
 extern "C" {
@@ -36,6 +37,7 @@ void reloadChanged(const std::string& fileName) {
 }
 
 void watchDefaultsFolder() {
+  const IgnoredLeaks ignored;
   static const FolderWatch& watch = *new FolderWatch(defaultsFolder(), &reloadChanged);
   static_cast<void>(watch);
 }

@@ -6,6 +6,7 @@
 #include "platform/ns_property_list_serialization.hpp"
 #include "simulator/foundation/binary_property_list.hpp"
 #include "simulator/foundation/hook_function.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 
 namespace foundation {
 
@@ -32,6 +33,8 @@ using Original = objc::Original<NSObject*(Class, NSData*, NSUInteger, void*, voi
 NSObject* propertyListWithData(Original original, Class self, NSData* data, NSUInteger options, void* format,
                                void* error) {
   if (data->length() == 0 || !isSafe(data)) return nullptr;
+  // Foundation leaks the beginning of a malformed list, and the keys of a .strings file.
+  const IgnoredLeaks ignored;
   try {
     return original(self, data, options, format, error);
   } catch (...) {

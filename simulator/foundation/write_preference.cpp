@@ -7,6 +7,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_data.hpp"
 #include "platform/ns_dictionary.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 #include "simulator/foundation/preference_domain.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/foundation/property_list_files.hpp"
@@ -33,6 +34,7 @@ bool isPropertyListValue(const NSObject* value) {
 }
 
 NSData* serialized(NSDictionary* values) {
+  const IgnoredLeaks ignored;
   void* const unwanted = nullptr;
   return objc::send<NSData*, "dataFromPropertyList:format:errorDescription:">(
       objc::lookUpClass<"NSPropertyListSerialization">(), values, PropertyListFormat::Xml, unwanted);

@@ -8,6 +8,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_bundle.hpp"
 #include "platform/ns_dictionary.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 
 namespace assets_test {
 namespace {
@@ -21,6 +22,8 @@ NSString* text(const std::string& characters) { return NSString::stringWithUTF8S
 // Reads the strings of a language. Returns nil if the file is missing or is not a valid strings table.
 NSDictionary* stringsTable(const std::string& language) {
   const std::string path = std::string(ASSET_BUNDLE "/") + language + ".lproj/Localizable.strings";
+  // Foundation leaks the keys of the file.
+  const foundation::IgnoredLeaks ignored;
   return objc::send<NSDictionary*, "dictionaryWithContentsOfFile:">(NSDictionary::classObject(), text(path));
 }
 

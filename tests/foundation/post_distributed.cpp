@@ -2,8 +2,11 @@
 // this program as a second process. It uses the root of the test.
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_notification_center.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 
 int main(int, char** arguments) {
+  // Foundation leaks its objects for the daemon.
+  const foundation::IgnoredLeaks ignored;
   const objc::AutoreleasePool pool;
   NSMutableDictionary* const information = NSMutableDictionary::dictionaryWithCapacity(1);
   information->setObject(NSString::stringWithUTF8String(arguments[2]), "text"_ns);

@@ -6,6 +6,7 @@
 #include "simulator/base/event_log.hpp"
 #include "simulator/base/foundation_json.hpp"
 #include "simulator/foundation/dispatch_queues.hpp"
+#include "simulator/foundation/ignored_leaks.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/springboard/services/notification_description.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
@@ -140,6 +141,7 @@ void startBulletinServer() {
   __BBServerQueue = dispatch_queue_create("com.apple.bulletinboard.server", nullptr);
   NSObject* const none = nullptr;
   // The server is never released, because it exists until the process exits.
+  const foundation::IgnoredLeaks ignored;
   objc::send<BBServer*,
              "initWithQueue:dataProviderManager:syncService:dismissalSyncCache:observerListener:"
              "utilitiesListener:conduitListener:systemStateListener:settingsListener:">(
