@@ -7,8 +7,8 @@ namespace foundation {
 
 namespace {
 
-constexpr const char* leakingClasses[] = {"NSLocale", "NSTimeZone", "NSDateFormatter", "NSUserDefaults", "NSBundle",
-                                          "NSFileManager"};
+constexpr const char* leakingClasses[] = {"NSLocale",       "NSTimeZone", "NSDateFormatter",
+                                          "NSUserDefaults", "NSBundle",   "NSFileManager"};
 
 }  // namespace
 
@@ -16,8 +16,7 @@ void initializeLeakingClasses() {
   if (__lsan_disable == nullptr) return;
   const IgnoredLeaks ignored;
   const objc::AutoreleasePool pool;
-  for (const char* name : leakingClasses)
-    objc::send<Class, "class">(reinterpret_cast<Class>(objc_getClass(name)));
+  for (const char* name : leakingClasses) objc::send<Class, "class">(reinterpret_cast<Class>(objc_getClass(name)));
 }
 
 }  // namespace foundation

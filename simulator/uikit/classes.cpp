@@ -1,7 +1,7 @@
 #include "simulator/uikit/classes.hpp"
 
 #include "simulator/foundation/main_queue.hpp"
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/controls/scroll_view.hpp"
 #include "simulator/uikit/controls/slider.hpp"

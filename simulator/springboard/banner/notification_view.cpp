@@ -6,7 +6,7 @@
 #include "simulator/springboard/banner/notification_view_controller.hpp"
 #include "simulator/springboard/platter/touch_pass_through.hpp"
 #include "simulator/springboard/services/applications.hpp"
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 #include "simulator/uikit/views/view_geometry.hpp"
 
 namespace springboard {

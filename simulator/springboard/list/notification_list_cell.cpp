@@ -8,7 +8,7 @@
 #include "simulator/springboard/banner/notification_view.hpp"
 #include "simulator/springboard/list/pile_edges.hpp"
 #include "simulator/springboard/services/notification_dispatcher.hpp"
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 #include "simulator/uikit/views/view.hpp"
 
 namespace springboard {

@@ -2,7 +2,7 @@
 
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/springboard/platter/platter_style.hpp"
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 #include "simulator/uikit/controls/control.hpp"
 #include "simulator/uikit/views/color.hpp"
 #include "simulator/uikit/views/view.hpp"

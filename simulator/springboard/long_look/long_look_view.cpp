@@ -6,7 +6,7 @@
 #include "simulator/springboard/long_look/long_look_close_button.hpp"
 #include "simulator/springboard/platter/label_stack.hpp"
 #include "simulator/springboard/platter/platter_style.hpp"
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 #include "simulator/uikit/views/view.hpp"
 
 namespace springboard {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "simulator/drawing/canvas.hpp"
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 #include "simulator/uikit/environment/trait_collection.hpp"
 #include "simulator/uikit/views/color.hpp"

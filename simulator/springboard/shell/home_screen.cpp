@@ -11,7 +11,7 @@
 #include "simulator/springboard/shell/application_page.hpp"
 #include "simulator/springboard/shell/icon_label.hpp"
 #include "simulator/springboard/shell/wallpaper_view.hpp"
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 #include "simulator/uikit/environment/environment.hpp"
 
 namespace springboard {

@@ -6,7 +6,7 @@
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_number.hpp"
 #include "simulator/base/foundation_json.hpp"
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 #include "simulator/uikit/accessibility/visibility.hpp"
 #include "simulator/uikit/controls/text_field.hpp"
 #include "simulator/uikit/views/window.hpp"

@@ -1,4 +1,4 @@
-#include "simulator/uikit/accessibility/accessibility.hpp"
+#include "simulator/uikit/accessibility/accessible_properties.hpp"
 
 #include "objc/association.hpp"
 #include "platform/ns_number.hpp"
