@@ -10,7 +10,8 @@ extern "C" {
 namespace foundation {
 
 // While a value of this type exists, the leak sanitizer ignores what the current thread allocates. A list of suppressed
-// functions has the same effect, but requires the whole stack of each allocation, which makes a test three times as slow.
+// functions has the same effect, but it requires the complete stack of each allocation, which makes a test three times
+// as slow.
 class IgnoredLeaks {
  public:
   IgnoredLeaks() {
