@@ -28,17 +28,22 @@ std::string contentsOf(const fs::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+// The pointer starts outside the compositor's window. The compositor draws a pointer that is inside from the start, but
+// sometimes does not notice its motion.
+std::unique_ptr<WaylandCompositor> startCompositor(const VirtualDisplay& display, WaylandScale scale) {
+  display.send("mousemove 1599 1299");
+  return std::make_unique<WaylandCompositor>(scale.pixels);
+}
+
 }  // namespace
 
 WindowPhone::WindowPhone(const std::string& deviceName, std::optional<WaylandScale> scale)
-    : compositor(scale ? std::make_unique<WaylandCompositor>(scale->pixels) : nullptr),
+    : compositor(scale ? startCompositor(display, *scale) : nullptr),
       device(*base::findDeviceProfile(deviceName)),
       process({SPRINGBOARD, "--live", "--window", "--device", deviceName, "--root", folder.path() / "root"}) {
   const std::string title = scale ? WaylandCompositor::title : deviceName;
   if (!eventually([&] { return (window = display.findWindow(title)) != 0; }))
     throw std::runtime_error("the window did not open");
-  // The compositor draws the pointer into its window.
-  if (compositor != nullptr) display.send("mousemove 0 0");
 }
 
 json WindowPhone::tell(const json& command) const { return test::tell(folder.path() / "root", command); }
