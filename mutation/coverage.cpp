@@ -42,12 +42,13 @@ std::map<std::string, FileCoverage> readCoverage(const fs::path& folder, const f
       }
     }
   }
-  for (const auto& [line, taken] : branches)
+  for (const auto& [line, taken] : branches) {
     for (const bool isTaken : taken) {
       FileCoverage& file = coverage[line.first];
       ++file.branches;
       file.takenBranches += isTaken ? 1 : 0;
     }
+  }
   return coverage;
 }
 

@@ -50,7 +50,7 @@ void inParallel(std::size_t count, const std::function<void(std::size_t)>& funct
   std::exception_ptr failure;
   std::mutex mutex;
   std::vector<std::jthread> threads;
-  for (unsigned thread = 0; thread < std::max(1U, std::thread::hardware_concurrency()); ++thread)
+  for (unsigned thread = 0; thread < std::max(1U, std::thread::hardware_concurrency()); ++thread) {
     threads.emplace_back([&] {
       for (std::size_t index = next++; index < count; index = next++) {
         try {
@@ -62,6 +62,7 @@ void inParallel(std::size_t count, const std::function<void(std::size_t)>& funct
         }
       }
     });
+  }
   threads.clear();
   if (failure) std::rethrow_exception(failure);
 }

@@ -28,10 +28,11 @@ std::vector<fs::path> filesBelow(const fs::path& folder) {
 
 std::string fingerprintOfSources(const fs::path& tree, const std::vector<std::string>& commands) {
   Fingerprint result;
-  for (const char* folder : {"library", "mutation", "objc", "platform"})
+  for (const char* folder : {"library", "mutation", "objc", "platform"}) {
     for (const fs::path& file : filesBelow(tree / folder))
       if (file.extension() == ".cpp" || file.extension() == ".hpp")
         result.addFile(file.lexically_relative(tree).string(), file);
+  }
   for (const std::string& command : commands) result.add(command);
   return result.text();
 }

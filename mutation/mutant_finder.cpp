@@ -109,10 +109,11 @@ class Scan {
   void addDeclaration(ScannedFile& file, CXCursor cursor, const Span& span, const std::vector<CXCursor>& children) {
     Declaration declaration = {
         span, {}, stringOf(clang_getCursorSpelling(cursor)), stringOf(clang_getCursorUSR(cursor))};
-    if (isFunction(clang_getCursorKind(cursor)))
+    if (isFunction(clang_getCursorKind(cursor))) {
       for (const CXCursor& child : children)
         if (clang_getCursorKind(child) == CXCursor_CompoundStmt)
           declaration.body = placeOf(clang_getCursorExtent(child)).span;
+    }
     file.declarations.push_back(declaration);
   }
 
@@ -157,6 +158,7 @@ MutantFinder::MutantFinder(fs::path tree, std::string folder) : tree_(std::move(
 
 void MutantFinder::addSource(const fs::path& source, const std::vector<std::string>& options) {
   std::vector<const char*> arguments;
+  arguments.reserve(options.size());
   for (const std::string& option : options) arguments.push_back(option.c_str());
   const std::unique_ptr<void, decltype(&clang_disposeIndex)> index(clang_createIndex(0, 0), &clang_disposeIndex);
   CXTranslationUnit parsed = nullptr;

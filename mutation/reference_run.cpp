@@ -74,10 +74,11 @@ std::vector<std::string> fingerprintsOf(const std::vector<Test>& tests, const fs
   for (const Test& test : tests) programs.insert(test.command.at(0));
   Fingerprint shared;
   shared.add(sources);
-  for (const char* folder : {"bin", "lib/brim"})
+  for (const char* folder : {"bin", "lib/brim"}) {
     for (const fs::path& file : filesBelow(configured / folder))
       if (!programs.contains(file) && file.filename() != "mutants" && file.filename() != "libBrim.so")
         shared.addFile(file.lexically_relative(configured).string(), file);
+  }
   std::map<std::string, std::string> contents;
   std::vector<std::string> fingerprints;
   for (const Test& test : tests) {

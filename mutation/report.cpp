@@ -37,10 +37,11 @@ std::map<std::string, Score> scoresBy(const ReportData& data, Property property)
 
 void writeScores(std::ostream& text, const char* title, const std::map<std::string, Score>& scores) {
   text << "| " << title << " | killed | survived | score in % |\n|---|---|---|---|\n";
-  for (const auto& [name, score] : scores)
+  for (const auto& [name, score] : scores) {
     if (score.killed + score.survived > 0)
       text << "| " << name << " | " << score.killed << " | " << score.survived << " | " << decimal(score.percent())
            << " |\n";
+  }
   text << "\n";
 }
 

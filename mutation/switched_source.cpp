@@ -133,6 +133,7 @@ SwitchedSource switchedSource(const std::string& text, const std::vector<Numbere
     }
   }
   std::vector<Choice> ordered;
+  ordered.reserve(choices.size() + bodies.size());
   for (auto& [key, choice] : choices) ordered.push_back(std::move(choice));
   for (const NumberedBody& body : bodies) {
     Choice choice;

@@ -16,11 +16,11 @@ namespace {
 struct Reach {
   unsigned long calls;
   unsigned long maxCalls;
-  unsigned char isReached[];
 };
 
 unsigned long selected;
 Reach* reach;
+unsigned char* isReached;
 unsigned long reachCount;
 
 // Runs before the library's entry point, which has no priority.
@@ -36,6 +36,7 @@ unsigned long reachCount;
   close(file);
   if (mapped == MAP_FAILED) return;
   reach = static_cast<Reach*>(mapped);
+  isReached = static_cast<unsigned char*>(mapped) + sizeof(Reach);
   reachCount = size - sizeof(Reach);
 }
 
@@ -43,7 +44,7 @@ unsigned long reachCount;
 
 extern "C" bool brimMutantIsOn(unsigned number) {
   if (reach != nullptr) {
-    if (number < reachCount) reach->isReached[number] = 1;
+    if (number < reachCount) isReached[number] = 1;
     // An endless loop ends here, after the same number of iterations on every machine.
     if (__atomic_add_fetch(&reach->calls, 1, __ATOMIC_RELAXED) > reach->maxCalls) _exit(1);
   }

@@ -55,10 +55,11 @@ std::string preparedLine(const std::string& line) {
     std::ranges::replace(sent, '\n', ' ');
     return sent;
   }
-  for (const char* const key : {"path", "icon"})
+  for (const char* const key : {"path", "icon"}) {
     if (command.is_object() && command.contains(key) && command[key].is_string() &&
         !command[key].get_ref<const std::string&>().empty())
       command[key] = absolutePath(command[key]);
+  }
   return command.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
@@ -236,10 +237,11 @@ void checkArguments(const ControlOptions& options, const Subcommand& subcommand)
 // Returns the lines of the options that the subcommand accepts, or of all options.
 std::string optionLines(const Subcommand* subcommand) {
   std::vector<process::OptionRow<ControlOptions>> rows;
-  for (const auto& row : optionTable())
+  for (const auto& row : optionTable()) {
     if (subcommand == nullptr || std::string(row.name) == "--root" ||
         std::ranges::find(subcommand->options, row.name) != subcommand->options.end())
       rows.push_back(row);
+  }
   return process::optionHelp(rows);
 }
 

@@ -112,10 +112,11 @@ Json frame(const Json& command) {
   const uikit::Environment& environment = uikit::environment();
   const FrameResult result = addFrame(*uikit::renderScreen(command.value("scale", 1.0)),
                                       command.value("height", environment.device.screen.height));
-  if (result == FrameResult::StripTooLarge)
+  if (result == FrameResult::StripTooLarge) {
     throw CommandError(
         "the filmstrip is too large for another frame of this size; write it with the command "
         "filmstrip, or use a smaller scale");
+  }
   return {{"frames", frameCount()}};
 }
 

@@ -130,11 +130,11 @@ void ControlServer::executeNext(const std::shared_ptr<Client>& client) {
   scheduleNext(client);
 }
 
-// The parameter is a copy, because the caller's pointer can be an element of clients_.
-void ControlServer::disconnect(std::shared_ptr<Client> client) {
+void ControlServer::disconnect(const std::shared_ptr<Client>& client) {
   foundation::unwatchDescriptor(client->socket.get());
   client->isConnected = false;
-  std::erase(clients_, client);
+  // The parameter can be an element of clients_, which std::erase must not compare with.
+  std::erase_if(clients_, [removed = client.get()](const auto& each) { return each.get() == removed; });
 }
 
 }  // namespace runner

@@ -33,7 +33,7 @@ class ControlServer {
   void read(const std::shared_ptr<Client>& client);
   void scheduleNext(const std::shared_ptr<Client>& client);
   void executeNext(const std::shared_ptr<Client>& client);
-  void disconnect(std::shared_ptr<Client> client);
+  void disconnect(const std::shared_ptr<Client>& client);
 
   Session& session_;
   foundation::FileDescriptor listening_;

@@ -138,10 +138,11 @@ process::CommandLine<Options> parseOptions(std::span<const char* const> argument
     if (options->welcome == Welcome::Played) return process::OptionError{"--welcome requires --live"};
     return parsed;
   }
-  if (!options->script.empty() || !options->demonstration.empty())
+  if (!options->script.empty() || !options->demonstration.empty()) {
     return process::OptionError{
         "--live cannot be combined with --script or --demonstration; send the commands with "
         "\"./brim tell\""};
+  }
   if (options->time) return process::OptionError{"--live cannot be combined with --time, because its clock is real"};
   return parsed;
 }

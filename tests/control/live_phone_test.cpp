@@ -128,6 +128,7 @@ TEST(ControlServer, RejectsMoreThan128Clients) {
   constexpr int maxClients = 128;
   const LivePhone phone;
   std::vector<control::PhoneConnection> clients;
+  clients.reserve(maxClients);
   for (int count = 0; count < maxClients; ++count) clients.push_back(phone.connect());
   // The answer shows that the phone has accepted the last connection, and all before it.
   EXPECT_EQ(clients.back().executeLine("{\"do\":\"wait\",\"seconds\":0}"), "{\"ok\":true}");

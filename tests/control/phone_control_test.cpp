@@ -12,7 +12,6 @@ namespace {
 using test::Json;
 using test::LivePhone;
 using test::Outcome;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;

@@ -14,7 +14,6 @@ namespace {
 using test::Json;
 using test::LivePhone;
 using test::Outcome;
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 Json sizeOf(const LivePhone& phone) {

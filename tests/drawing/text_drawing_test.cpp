@@ -163,12 +163,13 @@ int widestGap(const Canvas& canvas) {
 // Returns whether only the lowest quarter of the line is drawn in the columns from `x` on, as for an ellipsis.
 bool hasOnlyDots(const Canvas& canvas, int x, int columns) {
   bool isDrawn = false;
-  for (int column = x; column < x + columns; ++column)
+  for (int column = x; column < x + columns; ++column) {
     for (int y = 0; y < canvas.pixelHeight(); ++y) {
       if (canvas.pixel(column, y) == 0) continue;
       isDrawn = true;
       if (y < 20 || y > 32) return false;
     }
+  }
   return isDrawn;
 }
 
@@ -189,7 +190,8 @@ TEST(DrawText, TruncatedLineOfMixedDirectionEndsAtItsEdgeWithoutAGap) {
     std::string text;
     for (int count = 0; count < 6; ++count) text += line.words;
     // Each width ends the visible text at another position.
-    for (double lineWidth = 120; lineWidth <= 290; lineWidth += 17) {
+    for (int points = 120; points <= 290; points += 17) {
+      const double lineWidth = points;
       Paragraph paragraph = paragraphOf(text, 1);
       paragraph.direction = line.endsAtTheRight ? BaseDirection::LeftToRight : BaseDirection::RightToLeft;
       const Canvas canvas = drawn(paragraph, {0, 0, lineWidth, 18});

@@ -113,11 +113,12 @@ TEST_F(RunLoop, EventsAreProcessedBetweenTheRequestsOfOtherProcesses) {
     EXPECT_EQ(read(pipeEnds[0], &byte, 1), 1);
     foundation::onMainThread([&order] { order += "input "; });
   });
-  for (int request = 1; request <= 4; ++request)
+  for (int request = 1; request <= 4; ++request) {
     foundation::onMainThreadForRequest([this, &order, request] {
       order += std::to_string(request) + " ";
       if (request == 2) sendByte();
     });
+  }
   foundation::runMainQueueUntil([&order] { return order.find('4') != std::string::npos; });
   EXPECT_EQ(order, "1 2 input 3 4 ");
 }

@@ -7,7 +7,6 @@
 namespace {
 
 using test::containerOf;
-using test::controllerOf;
 using test::Json;
 using test::Phone;
 

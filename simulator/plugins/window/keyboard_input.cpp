@@ -158,10 +158,11 @@ bool KeyboardInput::handleKey(GdkEventKey& event) {
   }
   const bool isFiltered = gtk_im_context_filter_keypress(inputMethod_, &event) != FALSE;
   // An input method that has ended does not always report that its unfinished text has vanished.
-  if (event.type == GDK_KEY_PRESS && !markedText_.empty())
+  if (event.type == GDK_KEY_PRESS && !markedText_.empty()) {
     foundation::onMainThread([this, changes = std::weak_ptr<unsigned>(changes_)] {
       if (!changes.expired()) showMarkedText();
     });
+  }
   if (isFiltered) return true;
   if (event.type != GDK_KEY_PRESS) return false;
   const auto* found = std::ranges::find(keys, event.keyval, &KeyRow::value);

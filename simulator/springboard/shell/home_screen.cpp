@@ -82,10 +82,11 @@ std::vector<PlacedIcon> gridIcons() {
   const Applications all = installedApplications();
   const CGFloat top = uikit::environment().device.safeArea.top + gridTop;
   std::vector<PlacedIcon> icons;
-  for (std::size_t index = 0; index < all.size() - dockApplications().size(); ++index)
+  for (std::size_t index = 0; index < all.size() - dockApplications().size(); ++index) {
+    const std::size_t row = index / columns;
     icons.push_back(
-        {all[index],
-         {{columnLeft(index), top + static_cast<CGFloat>(index / columns) * rowPitch}, {iconSide, iconSide}}});
+        {all[index], {{columnLeft(index), top + static_cast<CGFloat>(row) * rowPitch}, {iconSide, iconSide}}});
+  }
   return icons;
 }
 

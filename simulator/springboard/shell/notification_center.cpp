@@ -30,8 +30,7 @@ void moveTo(const SBCoverSheetController* sheet, CGFloat top) {
 }
 
 void settleOpen() {
-  const objc::Ref<SBCoverSheetController> sheet = openSheet();
-  UIView::animate(settlingSeconds, objc::block([sheet] { moveTo(sheet, 0); }));
+  UIView::animate(settlingSeconds, objc::block([sheet = openSheet()] { moveTo(sheet, 0); }));
 }
 
 CGFloat speedOf(const UIPanGestureRecognizer* recognizer) {

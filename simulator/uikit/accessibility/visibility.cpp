@@ -53,10 +53,11 @@ bool covers(const UIView* front, const UIView* behind) {
 
 UIView* touchedView(CGPoint point) {
   const std::vector<UIWindow*> windows = visibleWindows();
-  for (auto window = windows.rbegin(); window != windows.rend(); ++window)
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
     if (UIView* hit = objc::send<UIView*, "hitTest:withEvent:">(*window, convertPoint(point, nullptr, *window),
                                                                 static_cast<NSObject*>(nullptr)))
       return hit;
+  }
   return nullptr;
 }
 

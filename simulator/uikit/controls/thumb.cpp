@@ -9,6 +9,7 @@ namespace {
 constexpr CGFloat shadowReach = 5;
 constexpr CGFloat shadowOffset = 1.5;
 constexpr CGFloat shadowStep = 0.75;
+constexpr int shadowCircles = 5;
 constexpr drawing::Color shadow = {0, 0, 0, 0.022};
 constexpr drawing::Color edge = {0, 0, 0, 0.06};
 constexpr drawing::Color white = {1, 1, 1, 1};
@@ -23,8 +24,8 @@ void draw(UIThumbView* self, void* target) {
   const CGRect bounds = shownBounds(self);
   CGRect below = bounds;
   below.origin.y += shadowOffset;
-  for (CGFloat reach = shadowReach - shadowOffset; reach > 0; reach -= shadowStep)
-    fillCircle(canvas, outset(below, reach), shadow);
+  for (int circle = 0; circle < shadowCircles; ++circle)
+    fillCircle(canvas, outset(below, shadowReach - shadowOffset - circle * shadowStep), shadow);
   fillCircle(canvas, outset(bounds, shadowStep / 2), edge);
   fillCircle(canvas, bounds, white);
 }
