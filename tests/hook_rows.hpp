@@ -1,6 +1,6 @@
 // The methods that the library hooks or adds, in the order of installation. They are the same on the phone and in the
 // simulator. A property has two rows, one for its getter and one for its setter. The class of the first row has this
-// name since system version 12.0; in earlier versions, its name begins with an underscore.
+// name from system version 12.0 on; in earlier versions, its name begins with an underscore.
 #pragma once
 
 namespace test {

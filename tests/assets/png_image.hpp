@@ -17,7 +17,7 @@ struct Size {
   bool operator==(const Size&) const = default;
 };
 
-// The components are from 0 to 1. The brightness is that of the unpremultiplied color.
+// The components are between 0 and 1. The brightness is computed from the unpremultiplied color.
 struct Pixel {
   double alpha = 0;
   double brightness = 0;

@@ -144,12 +144,12 @@ TEST_F(AddressBook, GivesCardsWithoutNameAnEmptyName) {
   EXPECT_EQ(entry("VERSION:3.0\r\nORG:Office\r\n").givenName, "");
 }
 
-TEST_F(AddressBook, IgnoresPicturesGivenByAddress) {
+TEST_F(AddressBook, IgnoresPicturesGivenAsAddresses) {
   EXPECT_EQ(entry("VERSION:3.0\r\nPHOTO;VALUE=uri:https://example.org/a.jpg\r\n").image, std::nullopt);
   EXPECT_EQ(entry("VERSION:4.0\r\nPHOTO:https://example.org/a.jpg\r\n").image, std::nullopt);
 }
 
-TEST_F(AddressBook, KeepsCardsWithInvalidPictures) {
+TEST_F(AddressBook, ReadsCardsWithInvalidPictures) {
   for (const char* photo : {"PHOTO;ENCODING=b:%%%%", "PHOTO;ENCODING=b:", "PHOTO:", "PHOTO;ENCODING=unheard-of:x",
                             "PHOTO:data:image/png;base64", "PHOTO:data:;base64,\x01\x02"}) {
     const Entry anna = entry(std::string("VERSION:3.0\r\nN:a;Anna\r\n") + photo + "\r\nEMAIL:a@example.org\r\n");
@@ -166,7 +166,7 @@ TEST_F(AddressBook, ReadsTheCardsAfterInvalidOnes) {
   EXPECT_EQ(entries().back().givenName, "Anna");
 }
 
-// With the address sanitizer, every allocation takes longer, so a build with it reads fewer cards.
+// Every allocation takes longer with the address sanitizer, so the test then reads fewer cards.
 #if defined(__has_feature)
 #define HAS_ADDRESS_SANITIZER __has_feature(address_sanitizer)
 #else

@@ -51,7 +51,7 @@ TEST(VcardSplitting, JoinsFoldedLines) {
   EXPECT_EQ(splitCards(card("N:A" + folds + "B\r\n")), Texts{card("N:AB\r\n")});
 }
 
-TEST(VcardSplitting, EndsPropertiesWithTooManyComponents) {
+TEST(VcardSplitting, TruncatesPropertiesWithTooManyComponents) {
   const auto separators = [](std::size_t count) { return std::string(count, ';'); };
   EXPECT_EQ(splitCards(card("N:A;B" + separators(100'000) + "\r\nTEL:1\r\n")),
             Texts{card("N:A;B" + separators(999) + "\r\nTEL:1\r\n")});

@@ -21,7 +21,7 @@ class Check : public testing::Test {
     return test::runIn(folder.path(), BRIM_SOURCE "/brim " + arguments + " 2>&1");
   }
 
-  // Runs the steps `one`, which prints "broken" and fails, and `two`, which succeeds, without arguments of the command.
+  // Runs all steps: `one`, which prints "broken" and fails, and `two`, which succeeds.
   test::Outcome checkEverything(const std::string& functions) {
     return test::runIn(folder.path(), "bash -c 'source " BRIM_SOURCE
                                       "/brim candidates none; project=$PWD; check_steps=(one two); " +
@@ -50,7 +50,7 @@ TEST_F(Check, HelpListsEveryStepAndEachStepHasAFunction) {
   EXPECT_GE(count, 9);
 }
 
-TEST_F(Check, RefusesAnUnknownStepBeforeItRunsAnother) {
+TEST_F(Check, RunsNoStepIfOneIsUnknown) {
   const test::Outcome outcome = brim("check format nothing");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.output, AllOf(HasSubstr("there is no check 'nothing'"), Not(HasSubstr("clean"))));

@@ -1,4 +1,4 @@
-// Tests of the completion of the arguments of ./brim.
+// Tests of the shell completion for the arguments of ./brim.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// A live phone in another process, on a root of its own, and the program that controls it.
+// A live phone in another process, with its own root, and the program that controls it.
 #pragma once
 
 #include <filesystem>

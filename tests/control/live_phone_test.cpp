@@ -1,4 +1,4 @@
-// Tests of a live phone: its life, its root, and the commands of several clients.
+// Tests of a live phone: its start and end, its root, and the commands of several clients.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -29,7 +29,7 @@ TEST(LivePhoneProcess, EndsWithSuccessWhenItIsTerminated) {
   EXPECT_FALSE(std::filesystem::exists(phone.root() / "var/run/control.socket"));
 }
 
-TEST(LivePhoneProcess, EndsDuringACommandThatWaits) {
+TEST(LivePhoneProcess, CanBeTerminatedDuringAWaitingCommand) {
   LivePhone phone;
   const auto socket = foundation::connectIn(phone.root() / "var/run", process::controlSocket);
   ASSERT_TRUE(foundation::sendAll(socket, "{\"do\":\"wait\",\"seconds\":600}\n"));
@@ -46,7 +46,7 @@ TEST(LivePhoneProcess, CanStartAgainAfterItWasKilled) {
   EXPECT_EQ(phone.execute({{"do", "wait"}, {"seconds", 0}}), Json({{"ok", true}}));
 }
 
-TEST(LivePhoneProcess, KeepsOtherHomeScreensFromUsingItsRoot) {
+TEST(LivePhoneProcess, PreventsOtherHomeScreensFromUsingItsRoot) {
   const LivePhone phone;
   for (const char* options : {"--live", "--script in"}) {
     const Outcome outcome =
@@ -82,7 +82,7 @@ TEST(LivePhoneProcess, AwaitsAnEventInRealTime) {
   EXPECT_EQ(answer, Json({{"ok", true}}));
 }
 
-TEST(LivePhoneOptions, ExcludeOptionsOfAScript) {
+TEST(LivePhoneOptions, CannotBeCombinedWithOptionsForScripts) {
   const test::TemporaryFolder folder;
   for (const char* option : {"--script in", "--demonstration pictures", "--time 2026-01-01T09:41"}) {
     const Outcome outcome = test::runIn(folder.path(), std::string(SPRINGBOARD) + " --live --root root " + option);
@@ -130,7 +130,7 @@ TEST(ControlServer, RejectsMoreThan128Clients) {
   std::vector<control::PhoneConnection> clients;
   clients.reserve(maxClients);
   for (int count = 0; count < maxClients; ++count) clients.push_back(phone.connect());
-  // The answer shows that the phone has accepted the last connection, and all before it.
+  // The answer shows that the phone has accepted the last connection and all earlier ones.
   EXPECT_EQ(clients.back().executeLine("{\"do\":\"wait\",\"seconds\":0}"), "{\"ok\":true}");
   EXPECT_THAT(phone.connect().executeLine("{\"do\":\"log\"}"), HasSubstr("more than 128 clients are connected"));
   clients.clear();

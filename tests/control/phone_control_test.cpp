@@ -56,7 +56,7 @@ TEST(Push, PresentsTheAlertWithTheRemainingMembers) {
   EXPECT_EQ(listed[0]["message"], "Lunch?");
 }
 
-TEST(Push, AcceptsATextAsAlertAndAThread) {
+TEST(Push, AcceptsAStringAlertAndAThread) {
   const LivePhone phone;
   EXPECT_EQ(phone
                 .control("push com.apple.mobilemail -",
@@ -88,7 +88,7 @@ void PrintTo(const WrongPush& push, std::ostream* output) { *output << push.name
 
 class RejectedPush : public testing::TestWithParam<WrongPush> {};
 
-TEST_P(RejectedPush, NamesTheErrorAndShowsNothing) {
+TEST_P(RejectedPush, ReportsTheErrorAndShowsNothing) {
   const LivePhone phone;
   const Outcome outcome = phone.control(std::string("push ") + GetParam().arguments, GetParam().payload);
   EXPECT_EQ(outcome.status, 1);

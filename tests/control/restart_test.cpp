@@ -39,7 +39,7 @@ TEST(Restart, ChangesTheLanguageAndTheSystemVersion) {
   phone.execute({{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}});
   const std::string after = phone.execute({{"do", "tree"}, {"controller", 1}}).dump();
   EXPECT_THAT(after, HasSubstr("\"_NCNotificationViewControllerView\""));
-  // The digits of the clock are Arabic.
+  // The clock shows Arabic digits.
   EXPECT_THAT(phone.execute({{"do", "tree"}}).dump(), HasSubstr("\xd9"));
 }
 
@@ -69,7 +69,7 @@ TEST(Restart, KeepsTheNotificationsThePreferencesAndTheAppearance) {
       0);
 }
 
-TEST(Restart, KeepsItsRootFromOtherPhones) {
+TEST(Restart, PreventsOtherPhonesFromUsingItsRoot) {
   const LivePhone phone;
   phone.control("restart");
   const Outcome other = test::runIn(phone.folder(), SPRINGBOARD " --root root --live");

@@ -1,4 +1,4 @@
-// Tests of the welcome of a live phone, on a stepped clock.
+// Tests of the welcome notifications of a live phone, on a stepped clock.
 #include "simulator/runner/welcome.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
-// The text-based stubs: the symbols that the phone's library can import, and the phone's library that exports each.
+// The text-based stubs. They list the symbols that Brim can import, and the library of the phone that exports each
+// symbol.
 #pragma once
 
 #include <string>

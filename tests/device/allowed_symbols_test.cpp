@@ -1,4 +1,4 @@
-// The library imports exactly the symbols that the stubs list.
+// Tests that the library imports exactly the symbols that the stubs list.
 #include "tests/device/allowed_symbols.hpp"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ std::map<std::string, std::string> imports() {
   return found;
 }
 
-// The program that built the library, by the name of its variable in the build.
+// Returns the path of a program that built the library. `variable` is the name of its CMake variable.
 std::string builtWith(const std::string& variable) {
   std::ifstream cache(device::buildFolder() / "CMakeCache.txt");
   for (std::string line; std::getline(cache, line);)

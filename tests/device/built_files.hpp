@@ -8,13 +8,12 @@ namespace device {
 
 inline std::filesystem::path buildFolder() { return BRIM_DEVICE_BUILD; }
 inline std::filesystem::path builtLibrary() { return buildFolder() / "Brim.dylib"; }
-// The settings pane's bundle.
 inline std::filesystem::path builtPane() { return buildFolder() / "share/brim/BrimPreferences.bundle"; }
-// The file name of the package for phones of that architecture: iphoneos-arm or iphoneos-arm64.
+// The file name of the package for phones with this architecture: iphoneos-arm or iphoneos-arm64.
 inline std::string packageName(const std::string& architecture) {
   return "brim_" BRIM_VERSION "_" + architecture + ".deb";
 }
-// The library and the package built a second time, in another folder.
+// A second build of the library and the package, in another folder.
 inline std::filesystem::path secondBuild() { return BRIM_DEVICE_SECOND_BUILD; }
 inline std::filesystem::path sourceFolder() { return BRIM_SOURCE; }
 

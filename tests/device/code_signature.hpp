@@ -12,7 +12,8 @@ struct CodeSignature {
   // The number of signed bytes: all bytes before the signature.
   std::uint32_t signedSize = 0;
   std::uint32_t pageSize = 0;
-  // One digest per page, in lower-case hexadecimal: stored in the signature, and computed from the file.
+  // One digest for each page, in lower-case hexadecimal. The signature contains the written digests; the computed
+  // digests are calculated from the pages.
   std::vector<std::string> writtenDigests;
   std::vector<std::string> computedDigests;
 };

@@ -1,4 +1,5 @@
-// Every interface of the platform that the library uses is public or a row of the list of private interfaces.
+// Tests that every interface of the platform that the library uses is in the list of public interfaces or in the list
+// of private interfaces.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -58,7 +59,7 @@ Names privateMessages() {
   return names;
 }
 
-// The names in the list of public interfaces that begin with this word.
+// Returns the names on the lines of the list of public interfaces that begin with this word.
 Names publicNames(const std::string& word) {
   Names names;
   std::ifstream list(device::sourceFolder() / "tests/device/public_interfaces");
@@ -67,8 +68,8 @@ Names publicNames(const std::string& word) {
   return names;
 }
 
-// The names with which this function template of the binding was instantiated. Each instance has a static variable,
-// whose symbol contains the characters of the name as numbers: A6_cLc97ELc108ELc108ELc111ELc99EE is "alloc".
+// Returns the names with which this function template of the binding was instantiated. Each instance has a static
+// variable, whose symbol contains the characters of the name as numbers: A6_cLc97ELc108ELc108ELc111ELc99EE is "alloc".
 Names instancesOf(const std::string& function) {
   static const device::MachFile file = device::MachFile::read(device::buildFolder() / "symbols/Brim.dylib");
   const std::string prefix = "__ZZN4objc" + std::to_string(function.size()) + function + "I";
@@ -92,7 +93,7 @@ std::string contents(const fs::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// The first group of every match in the sources of the folder.
+// Returns the first capture group of every match in the sources of the folder.
 Names matchesInSources(const std::string& folder, const std::string& pattern) {
   const std::regex expression(pattern);
   Names found;
@@ -117,7 +118,7 @@ Names ownMessages() {
   return names;
 }
 
-TEST(PublicInterfaces, AreTheClassesThatAreNotInTheListOfPrivateOnes) {
+TEST(PublicInterfaces, ListExactlyTheClassesThatAreNotPrivate) {
   Names used = instancesOf("lookUpClass");
   for (const test::HookRow& row : test::hookRows) used.insert(row.className);
   EXPECT_GT(used.size(), 60U);
@@ -127,7 +128,7 @@ TEST(PublicInterfaces, AreTheClassesThatAreNotInTheListOfPrivateOnes) {
   EXPECT_EQ(rest, publicNames("class"));
 }
 
-TEST(PublicInterfaces, AreTheMessagesThatAreNeitherPrivateNorTheLibrarysOwn) {
+TEST(PublicInterfaces, ListExactlyTheMessagesThatAreNeitherPrivateNorTheLibrarysOwn) {
   const Names used = instancesOf("selector");
   EXPECT_GT(used.size(), 300U);
   const Names own = ownMessages();
@@ -163,7 +164,7 @@ TEST(PrivateInterfaces, ContainEveryMessageToAPrivateClass) {
   EXPECT_GT(count, 40U);
 }
 
-TEST(PrivateInterfaces, ContainEveryHookThatIsNotOfAPublicMethod) {
+TEST(PrivateInterfaces, ContainEveryHookedMethodThatIsNotPublic) {
   const Names ofThePlatform = publicNames("message");
   for (const test::HookRow& row : test::hookRows) {
     const bool isHook = std::string(row.kind) == "hook";
@@ -172,7 +173,7 @@ TEST(PrivateInterfaces, ContainEveryHookThatIsNotOfAPublicMethod) {
   }
 }
 
-TEST(PrivateInterfaces, ContainEveryNameThatIsLookedUpAsText) {
+TEST(PrivateInterfaces, ContainEveryNameThatIsLookedUpByString) {
   const auto require = [](const std::string& kind, const std::string& pattern) {
     const Names names = matchesInSources("library", pattern);
     EXPECT_THAT(names, Not(IsEmpty())) << pattern;

@@ -1,4 +1,4 @@
-// Properties of the library's file that the phone's dynamic linker and kernel require.
+// Tests of the properties of the library's file that the phone's dynamic linker and kernel require.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -157,14 +157,14 @@ TEST(LibraryFile, StaysWithinItsSizeBudget) {
   EXPECT_LE(size, budget);
 }
 
-TEST(LibraryFile, ThatIsTruncatedIsRejected) {
+TEST(LibraryFile, IsRejectedIfItIsTruncated) {
   std::vector<std::uint8_t> bytes = library().bytes;
   bytes.resize(600);
   EXPECT_THROW(MachFile{bytes}, std::runtime_error);
   EXPECT_THROW(MachFile({}), std::runtime_error);
 }
 
-TEST(LibraryFile, WithAChangedPageDoesNotMatchItsSignature) {
+TEST(LibraryFile, DoesNotMatchItsSignatureAfterAPageHasChanged) {
   std::vector<std::uint8_t> bytes = library().bytes;
   bytes[5000] ^= 1;
   const device::CodeSignature signature = device::codeSignature(MachFile(bytes));

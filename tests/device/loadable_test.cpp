@@ -1,4 +1,4 @@
-// Damaged libraries are rejected with an error that names the problem.
+// Tests that damaged libraries are rejected with an error that names the problem.
 #include "device/mach_o/loadable.hpp"
 
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ std::uint32_t numberAt(const Bytes& bytes, std::size_t offset) {
   return number;
 }
 
-// The offset of the first load command of that kind.
+// Returns the offset of the first load command of this kind.
 std::size_t offsetOf(device::CommandKind kind) {
   std::size_t offset = 32;
   while (numberAt(library(), offset) != static_cast<std::uint32_t>(kind)) offset += numberAt(library(), offset + 4);
@@ -66,7 +66,7 @@ Bytes withNumber(std::size_t offset, std::uint32_t number) {
   return bytes;
 }
 
-// The library with these opcodes in the place of its rebases, or of its binds.
+// Returns the library with these opcodes at the beginning of its rebase or bind opcodes.
 Bytes withOpcodes(std::size_t positionInCommand, const Bytes& opcodes) {
   Bytes bytes = library();
   const std::size_t command = offsetOf(device::CommandKind::DynamicLinkerInformation) + positionInCommand;
@@ -76,12 +76,12 @@ Bytes withOpcodes(std::size_t positionInCommand, const Bytes& opcodes) {
 Bytes withRebases(const Bytes& opcodes) { return withOpcodes(8, opcodes); }
 Bytes withBinds(const Bytes& opcodes) { return withOpcodes(16, opcodes); }
 
-TEST(LoadableLibrary, IsTheBuiltOne) {
+TEST(LoadableLibrary, BuiltLibraryIsAccepted) {
   EXPECT_EQ(errorOf(library()), "");
   EXPECT_GT(device::sizeInMemory(MachFile(library())), library().size());
 }
 
-TEST(LoadableLibrary, IsNotAnotherFile) {
+TEST(LoadableLibrary, OtherFilesAreRejected) {
   EXPECT_EQ(errorOf({}), "the file ends too early");
   EXPECT_EQ(errorOf(Bytes(64, 0)), "not a 64-bit Mach-O file");
   EXPECT_THROW(MachFile::read("/nonexistent/Brim.dylib"), std::runtime_error);
@@ -137,13 +137,13 @@ TEST(LoadableLibrary, HasItsSectionsInTheirSegments) {
   EXPECT_EQ(errorOf(withNumber(text + firstSection + address + 4, 1)), "section __text is outside its segment");
 }
 
-// The upper half of the byte is the opcode, the lower half its operand.
+// The upper half of a byte is the opcode, and the lower half is the operand.
 TEST(LoadableLibrary, HasNoRebaseOpcodesOutOfRange) {
   EXPECT_EQ(errorOf(withRebases({0x11, 0xf0})), "a rebase opcode is unknown");
   EXPECT_EQ(errorOf(withRebases({0x12})), "a fixup is not a pointer");
   EXPECT_EQ(errorOf(withRebases({0x11, 0x2e, 0x00})), "a fixup is in a segment that does not exist");
   EXPECT_EQ(errorOf(withRebases({0x11, 0x21, 0xff, 0xff, 0xff, 0x7f, 0x51})), "an address is outside all segments");
-  // More pointers than the segments have room for.
+  // These are more pointers than fit into the segments.
   EXPECT_NE(errorOf(withRebases({0x11, 0x21, 0x00, 0x60, 0xff, 0xff, 0xff, 0xff, 0x7f})), "");
   EXPECT_EQ(errorOf(withRebases({0x30, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0x01})),
             "a number has more than 64 bits");
@@ -159,7 +159,7 @@ TEST(LoadableLibrary, HasNoBindOpcodesOutOfRange) {
 
 TEST(LoadableLibrary, HasNoPointerAcrossTheEndOfASegment) {
   const MachFile file(library());
-  // Four bytes before the end of the first segment, as a number of seven bits per byte.
+  // The offset of a pointer four bytes before the end of the first segment, encoded with seven bits per byte.
   Bytes opcodes = {0x11, 0x20};
   std::uint64_t offset = file.segments.front().size - 4;
   for (; offset >= 0x80; offset >>= 7) opcodes.push_back(static_cast<std::uint8_t>(offset | 0x80));
@@ -168,8 +168,8 @@ TEST(LoadableLibrary, HasNoPointerAcrossTheEndOfASegment) {
   EXPECT_EQ(errorOf(withRebases(opcodes)), "a fixup is at the end of a segment");
 }
 
-// Every single damaged byte of the header, the load commands, the linking information and the unwind information is
-// either harmless or reported.
+// Damages single bytes of the header, the load commands, the linking information and the unwind information. The
+// library is either rejected or accepted.
 TEST(LoadableLibrary, NeverCrashesTheReader) {
   const MachFile file(library());
   const std::size_t information = file.linkerInformation.rebases.offset;

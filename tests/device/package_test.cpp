@@ -1,4 +1,4 @@
-// The contents of the packages, unpacked with dpkg.
+// Tests of the contents of the packages, unpacked with dpkg.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
@@ -155,7 +155,7 @@ TEST_P(Package, NamesItsAuthorsAndItsIcon) {
   EXPECT_TRUE(fs::is_regular_file(package.root() / icon.substr(8))) << icon;
 }
 
-// In KiB, as on a file system that allocates whole KiB.
+// The size is in KiB. The size of each file is rounded up to whole KiB, as on a file system that allocates whole KiB.
 TEST_P(Package, DeclaresItsInstalledSize) {
   const Unpacked package(file(), GetParam());
   std::uintmax_t size = 0;

@@ -1,4 +1,4 @@
-// Properties of the executable of the settings pane.
+// Tests of the executable of the settings pane.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -27,7 +27,8 @@ TEST(PaneFile, IsABundleForArm64AndSystemVersion11_2) {
   EXPECT_EQ(executableFile().minimumSystem, device::version(11, 2));
 }
 
-// The Settings application has loaded its own framework before. Another process must be able to load the file as well.
+// The pane does not link the Settings framework: the Settings application has already loaded it, and a process without
+// the framework must be able to load the pane.
 TEST(PaneFile, LinksOnlyTheRuntimeAndTheCLibraries) {
   std::vector<std::string> linked;
   for (const device::LinkedLibrary& library : executableFile().libraries) linked.push_back(library.path);

@@ -1,4 +1,5 @@
-// The library's unwind information. An exception of the platform can pass through every function of the library.
+// Tests of the library's unwind information. An exception of the platform can pass through every function of the
+// library.
 #include "device/mach_o/unwind_info.hpp"
 
 #include <gmock/gmock.h>
@@ -54,7 +55,7 @@ TEST(UnwindInformation, DescribesNothingButTheCode) {
   EXPECT_EQ(entries.back().end, code->address + code->size);
 }
 
-// Such a function would need the section __eh_frame, or a language-specific handler.
+// A function with another mode needs the section __eh_frame. A handler is a language-specific function.
 TEST(UnwindInformation, UsesNoOtherModesAndNoHandlers) {
   constexpr std::uint32_t handlerBits = 0xf0000000;
   for (const UnwindEntry& entry : device::unwindEntries(library())) {
@@ -64,7 +65,7 @@ TEST(UnwindInformation, UsesNoOtherModesAndNoHandlers) {
   }
 }
 
-// The damaged section.
+// Tests of the errors in a damaged section.
 class DamagedUnwindInformation : public testing::Test {
  protected:
   static constexpr std::size_t version = 0;
@@ -103,7 +104,7 @@ TEST_F(DamagedUnwindInformation, IsRejectedIfItIsTruncated) {
   EXPECT_EQ(errorWith(indexOffset, 0xfffffff0U), truncated);
   EXPECT_EQ(errorWith(indexCount, 0xffffffffU), truncated);
   EXPECT_EQ(errorWith(at(indexOffset) + 4, 0xfffffffcU), truncated);
-  // The numbers of functions and encodings of the page.
+  // The number of functions and the number of encodings of the page.
   EXPECT_EQ(errorWith(page() + 6, std::uint16_t{0xffff}), truncated);
   EXPECT_EQ(errorWith(encodingCount, 0xffffffffU), truncated);
 }

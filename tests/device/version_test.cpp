@@ -1,4 +1,4 @@
-// The package and its asset bundle have the version of the project.
+// Tests that the package and its asset bundle have the version of the project.
 #include <gtest/gtest.h>
 
 #include "tests/device/built_files.hpp"
@@ -8,12 +8,12 @@ namespace {
 
 std::string package() { return (device::buildFolder() / device::packageName("iphoneos-arm")).string(); }
 
-TEST(Version, OfThePackageIsTheProjects) {
+TEST(Version, IsTheSameForThePackageAndTheProject) {
   const device::CommandOutput output = device::outputOf("dpkg-deb --field " + package() + " Version");
   EXPECT_EQ(output.text, BRIM_VERSION "\n");
 }
 
-TEST(Version, OfThePackagesAssetBundleIsTheProjects) {
+TEST(Version, IsTheSameForTheAssetBundleAndTheProject) {
   const device::CommandOutput output = device::outputOf(
       "dpkg-deb --fsys-tarfile " + package() + " | tar --extract --to-stdout --wildcards '*/Assets.bundle/Info.plist'");
   const std::string value = "<string>" BRIM_VERSION "</string>";

@@ -52,7 +52,7 @@ TEST(Backdrop, StylesDifferInBrightness) {
   EXPECT_EQ(brightness(BlurStyle::Dark, Appearance::Light), brightness(BlurStyle::Dark, Appearance::Dark));
 }
 
-// Returns the relative luminance of a color, as the contrast of texts is defined.
+// Returns the relative luminance of a color, from which the contrast of a text is computed.
 double relativeLuminance(double red, double green, double blue) {
   const auto linear = [](double value) {
     return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
@@ -129,7 +129,7 @@ TEST(Backdrop, BlurIsSmooth) {
   }
 }
 
-TEST(Backdrop, BlurOfAnAreaEqualsThatAreaOfAFullBlur) {
+TEST(Backdrop, BlurOfAnAreaEqualsTheSameAreaOfAFullBlur) {
   Canvas whole = blackAndWhite(120, 120, 2);
   Canvas part = blackAndWhite(120, 120, 2);
   blurAll(whole, BlurStyle::Dark);
@@ -160,7 +160,7 @@ TEST(Backdrop, AppliesItsOpacity) {
   EXPECT_EQ(none.pixel(5, 5), 0xFF000000);
 }
 
-TEST(Backdrop, InsideALayerBlursTheContentBeneathTheLayer) {
+TEST(Backdrop, BlursTheContentBeneathTheLayerThatContainsIt) {
   Canvas plain = blackAndWhite(120, 60, 2), layered = blackAndWhite(120, 60, 2);
   drawMaterial(plain, {20, 10, 80, 40}, squareCorners, BlurStyle::Light, Appearance::Light, 1);
   layered.clipRectangle({10, 0, 100, 60});

@@ -43,7 +43,7 @@ TEST(Canvas, DrawsTheVisiblePartOfHugeRectangles) {
   }
 }
 
-// Draws shapes with fractional edges inside these pixels.
+// Draws shapes with fractional edges, clipped to these pixels.
 Canvas drawShapes(const cairo_region_t* clip) {
   Canvas canvas({60, 60}, 1);
   canvas.clipPixels(clip);
@@ -147,7 +147,7 @@ TEST(Layer, EndLayerRestoresStatesSavedInside) {
   EXPECT_EQ(canvas.pixel(0, 0), 0xFFFF0000);
 }
 
-TEST(Layer, WithoutOpacityDrawsNothing) {
+TEST(Layer, DrawsNothingIfItsOpacityIsNotPositive) {
   Canvas canvas({4, 4}, 1);
   for (const double alpha : {0.0, -1.0, notANumber}) {
     canvas.beginLayer(alpha);
@@ -214,7 +214,7 @@ TEST(CoveredPixels, FollowTransformAndClip) {
   EXPECT_TRUE(canvas.coveredPixels({0, 0, 0, 10}).isEmpty());
 }
 
-TEST(CoveredPixels, InsideALayerAreInCanvasPixels) {
+TEST(CoveredPixels, AreInCanvasCoordinatesInsideALayer) {
   Canvas canvas({100, 100}, 2);
   canvas.clipRectangle({10, 10, 50, 50});
   canvas.beginLayer(0.5);

@@ -20,7 +20,7 @@ TEST(InstalledFile, HasThePixelsOfTheFile) {
   EXPECT_EQ(installed->pixelWidth(), 12);
   EXPECT_EQ(installed->size().height, 4);
   EXPECT_EQ(installed->name(), (folder / "icon.png").string());
-  // After a resized copy is made, the pixels of the file are decoded again.
+  // Each resized copy frees the decoded pixels, so a later access decodes the file again.
   EXPECT_EQ(cairo_image_surface_get_width(installed->resizedSurface(6, 6)), 6);
   EXPECT_EQ(cairo_image_surface_get_width(installed->resizedSurface(4, 4)), 4);
   EXPECT_EQ(cairo_image_surface_get_width(installed->resizedSurface(6, 6)), 6);
@@ -200,7 +200,7 @@ TEST(WritePng, ReportsAnEndlessChainOfSymbolicLinks) {
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "a"));
 }
 
-// While this object exists, a file cannot grow beyond this number of bytes, as on a full disk.
+// Simulates a full disk: while this object exists, a file cannot grow beyond this number of bytes.
 class FullDisk {
  public:
   explicit FullDisk(rlim_t bytes) : previousHandler_(std::signal(SIGXFSZ, SIG_IGN)) {

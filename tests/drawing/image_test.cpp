@@ -161,7 +161,7 @@ TEST(Png, RoundTripIsLossless) {
   }
 }
 
-TEST(Png, WithoutAlphaChannelIsOpaque) {
+TEST(Png, IsOpaqueWithoutAnAlphaChannel) {
   SurfaceHandle opaque(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 2, 2));
   const auto decoded = decodeImage(encodePng(*Image::fromSurface(std::move(opaque), 1)));
   ASSERT_NE(decoded, nullptr);

@@ -1,5 +1,5 @@
-// Calls between the library and code for Linux. The functions declare wide types, so that the tests see and set the
-// undefined bits of narrow ones.
+// Tests of calls between the library and code for Linux. The functions declare wide types, through which the tests read
+// and set the undefined bits of narrow values.
 #include "device/emulation/crossings.hpp"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ namespace {
 using emulation::intoLibrary;
 using emulation::outOfLibrary;
 
-// Without a report, calls are as direct as possible. The test of the report names a folder of its own.
+// If no report is written, calls are as direct as possible. The test of the report sets its own folder.
 [[maybe_unused]] const int withoutReport = unsetenv("BRIM_REPORT");
 
 constexpr std::uint64_t undefinedBits = 0x5a5a5a5a5a5a5a00;
@@ -51,7 +51,7 @@ TEST(CallIntoTheLibrary, IsDirectWithoutNarrowArguments) {
   EXPECT_EQ(into(&thirdArgument, "B@:q"), &thirdArgument);
 }
 
-TEST(CallIntoTheLibrary, UsesOneStubForOneMethod) {
+TEST(CallIntoTheLibrary, UsesTheSameStubForTheSameMethod) {
   EXPECT_NE(into(&thirdArgument, "v@:B"), &thirdArgument);
   EXPECT_EQ(into(&thirdArgument, "v@:B"), into(&thirdArgument, "v@:B"));
 }
@@ -73,7 +73,7 @@ TEST(CallIntoTheLibrary, PassesAllOtherArgumentsAndALargeResult) {
 
 std::uint64_t fail(id, SEL, std::uint64_t) { throw std::runtime_error("an exception"); }
 
-TEST(CallIntoTheLibrary, LetsExceptionsPass) {
+TEST(CallIntoTheLibrary, PropagatesExceptions) {
   EXPECT_THROW(into(&fail, "v@:B")(nullptr, nullptr, 1), std::runtime_error);
 }
 
@@ -94,7 +94,7 @@ TEST(CallOutOfTheLibrary, IsDirectWithoutANarrowResult) {
   EXPECT_EQ(outOfLibrary(nullptr, "B@:", "a function"), nullptr);
 }
 
-TEST(CallOutOfTheLibrary, LetsExceptionsPass) {
+TEST(CallOutOfTheLibrary, PropagatesExceptions) {
   EXPECT_THROW(outOf(&fail, "B@:q")(nullptr, nullptr, 1), std::runtime_error);
 }
 
@@ -130,17 +130,17 @@ TEST(MessageFunction, ReturnsZeroForNil) {
   EXPECT_EQ(messageFunction<SendDouble>()(nullptr, sel_registerName("doubleValue"), 1.5), 0);
 }
 
-TEST(MessageFunction, LetsExceptionsOfAMethodWithAWideResultPass) {
+TEST(MessageFunction, PropagatesExceptionsFromAMethodWithAWideResult) {
   EXPECT_THROW(messageFunction()(objectWithMethod("q@:q", &fail), sel_registerName("value:"), 1), std::runtime_error);
 }
 
-TEST(MessageFunction, LetsExceptionsOfAMethodWithANarrowResultPass) {
+TEST(MessageFunction, PropagatesExceptionsFromAMethodWithANarrowResult) {
   EXPECT_THROW(messageFunction()(objectWithMethod("C@:q", &fail), sel_registerName("value:"), 1), std::runtime_error);
 }
 
 BOOL failToResolve(id, SEL, SEL) { throw std::runtime_error("an exception"); }
 
-TEST(MessageFunction, LetsExceptionsOfTheLookUpPass) {
+TEST(MessageFunction, PropagatesExceptionsFromTheLookUp) {
   Class type = objc_allocateClassPair(NSObject::classObject(), "EmulationTest", 0);
   objc_registerClassPair(type);
   const id object = objc::send<id, "new">(type);
@@ -157,7 +157,7 @@ TEST(MessageFunction, EndsTheProcessForADeallocatedObject) {
 
 id objectForExitHandler = nullptr;
 
-// The C library does not overwrite the blocks in its cache, which has room for seven blocks of each size.
+// The C library does not overwrite freed blocks that are in its cache, which has room for seven blocks of each size.
 void fillCacheOfReleasedMemory() {
   std::vector<void*> blocks;
   for (std::size_t size = 24; size <= 1032; size += 16)

@@ -1,4 +1,4 @@
-// The frames of the library's functions, as the unwinder of this process sees them.
+// Tests of the stack frames of the library's functions, as the unwinder of this process sees them.
 #include "device/emulation/frames.hpp"
 
 #include <gmock/gmock.h>
@@ -60,7 +60,7 @@ TEST(Frames, RestoreEveryRegister) {
   EXPECT_EQ(seenRegisters(), expected);
 }
 
-TEST(Frames, LetExceptionsPass) {
+TEST(Frames, PropagateExceptions) {
   registerFunctionOfThePhone(allPairs);
   EXPECT_THROW(function_with_known_registers([] { throw std::runtime_error("an exception"); }), std::runtime_error);
 }
@@ -71,13 +71,13 @@ TEST(Frames, AreUnknownWithoutRegistration) {
   EXPECT_DEATH(function_with_known_registers([] { throw std::runtime_error("an exception"); }), "an exception");
 }
 
-TEST(Frames, OfAFunctionWithoutAnEncodingAreUnknown) {
+TEST(Frames, AreUnknownIfTheFunctionHasNoEncoding) {
   registerFunctionOfThePhone(0);
   function_with_known_registers(&readRegistersOfCallers);
   EXPECT_EQ(seenRegisters(), Registers{});
 }
 
-TEST(Frames, WithUnsupportedEncodingsAreReported) {
+TEST(Frames, AreRejectedIfTheirEncodingIsUnsupported) {
   constexpr std::uint32_t unsupported[] = {
       0x02001000,  // without a frame record, with 16 bytes on the stack
       0x02000001,  // without a frame record, with saved registers

@@ -21,13 +21,13 @@ TEST(Imports, AreFoundByName) {
   EXPECT_NE(emulation::importedAddress("__dispatch_main_q"), nullptr);
 }
 
-TEST(Imports, ThatDoNotExistAreNull) {
+TEST(Imports, AreNullIfTheyDoNotExist) {
   EXPECT_EQ(emulation::importedAddress("_noSuchFunction"), nullptr);
   EXPECT_EQ(emulation::importedAddress("strlen"), nullptr);
   EXPECT_EQ(emulation::importedAddress(""), nullptr);
 }
 
-TEST(Imports, OfTheLibraryAllExist) {
+TEST(Imports, ContainEverySymbolThatTheLibraryImports) {
   for (const device::Bind& bind : device::binds(device::MachFile::read(DYLIB)))
     EXPECT_NE(emulation::importedAddress(bind.symbol), nullptr) << bind.symbol;
 }

@@ -1,4 +1,4 @@
-// A library or settings pane that cannot be loaded ends the program with one line that names the problem.
+// Tests that a library or settings pane that cannot be loaded ends the program with one line that names the problem.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -72,7 +72,7 @@ TEST_F(Loader, ReportsATruncatedFile) {
   EXPECT_EQ(ended.output, "Brim.dylib: a part is outside the file\n");
 }
 
-TEST_F(Loader, ReportsAnotherProcessor) {
+TEST_F(Loader, ReportsALibraryForAnotherProcessor) {
   std::string bytes = library();
   bytes[4] = 7;
   const Ended ended = start(store(bytes));
@@ -95,7 +95,7 @@ TEST_F(Loader, ReportsAnOpcodeOutOfRange) {
   EXPECT_EQ(ended.output, "Brim.dylib: a rebase opcode is unknown\n");
 }
 
-// Positions in the section __unwind_info.
+// Tests of the loader with invalid unwind information. The constants are offsets into the section __unwind_info.
 class UnwindInformation : public Loader {
  protected:
   static constexpr std::size_t indexOffset = 20;
@@ -109,7 +109,7 @@ class UnwindInformation : public Loader {
   std::size_t page() const { return at(at(indexOffset) + 4); }
   std::size_t function() const { return page() + (at(page() + 4) & 0xffff); }
 
-  // Starts the home screen with a library whose section has this number.
+  // Starts the home screen with a copy of the library in which this number is at the offset into the section.
   template <class Number>
   Ended startWith(std::size_t offset, Number number) {
     std::string bytes = library();
@@ -122,19 +122,19 @@ class UnwindInformation : public Loader {
       static_cast<std::size_t>(file_.bytesOf(*file_.sectionNamed("__unwind_info")).data() - file_.bytes.data());
 };
 
-TEST_F(UnwindInformation, ThatHasATruncatedPageIsReported) {
+TEST_F(UnwindInformation, IsReportedIfAPageIsTruncated) {
   const Ended ended = startWith(page() + 6, std::uint16_t{0xffff});
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.output, "Brim.dylib: the unwind information ends too early\n");
 }
 
-TEST_F(UnwindInformation, ThatHasAnIndexOutOfRangeIsReported) {
+TEST_F(UnwindInformation, IsReportedIfAnIndexIsOutOfRange) {
   const Ended ended = startWith(function() + 3, std::uint8_t{0xff});
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.output, "Brim.dylib: an unwind entry has an encoding that does not exist\n");
 }
 
-TEST_F(UnwindInformation, ThatRefersToAnotherSectionIsReported) {
+TEST_F(UnwindInformation, IsReportedIfItRefersToAnotherSection) {
   const Ended ended = startWith(firstEncoding, 0x03000010U);
   EXPECT_EQ(ended.status, 1);
   EXPECT_TRUE(ended.output.starts_with("Brim.dylib: the function at 0x")) << ended.output;
@@ -143,7 +143,7 @@ TEST_F(UnwindInformation, ThatRefersToAnotherSectionIsReported) {
 
 class PaneLoader : public testing::Test {
  protected:
-  // Loads a copy of the pane's executable. If a file is given, it takes the place of the executable for the phone.
+  // Loads a copy of the pane's executable. If a file is given, it replaces the executable for the phone.
   void load(const std::filesystem::path& phoneFile = {}) {
     const std::filesystem::path copy = folder_.path() / std::to_string(count_++);
     std::filesystem::create_directory(copy);
@@ -159,11 +159,11 @@ class PaneLoader : public testing::Test {
   int count_ = 0;
 };
 
-TEST_F(PaneLoader, ReportsALibrary) {
+TEST_F(PaneLoader, ReportsALibraryInsteadOfABundle) {
   EXPECT_EXIT(load(DYLIB), testing::ExitedWithCode(1), "^BrimPreferences.arm64: the file is not a bundle\n$");
 }
 
-// One range of addresses is for the library.
+// One of the address ranges is reserved for the library.
 TEST_F(PaneLoader, LoadsEachCopyAtItsOwnAddresses) {
   for (std::size_t copy = 1; copy < emulation::slotCount; ++copy) load();
   EXPECT_EXIT(load(), testing::ExitedWithCode(1), "^BrimPreferences.arm64: its addresses are not free");

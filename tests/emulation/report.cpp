@@ -2,8 +2,8 @@
 //
 // Summarizes what the phone's library did in the processes of the tests. LIBRARY is the library with the names of its
 // functions. FOLDER contains the reports of the processes (device/emulation/report.hpp) and, in files named *.log, the
-// code that the emulator translated, which it does just before it executes it. Fails if a hooked or added method, a
-// photo provider or a method of the settings pane was never called.
+// code that the emulator translated. The emulator translates code just before it executes the code. Fails if a hooked
+// or added method, a photo provider or a method of the settings pane was never called.
 #include <cxxabi.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Functions for frames_test.cpp, which are compiled as a phone's compiler and a compiler for Linux compile them.
+// Functions for frames_test.cpp, written like the output of a compiler for the phone and of a compiler for Linux.
 
     .text
 
@@ -10,8 +10,8 @@
 \name:
 .endm
 
-// Saves every register that it must preserve, as a function of the phone's library does, overwrites them, and calls the
-// function in x0. It has no call frame information.
+// Saves the callee-saved registers as a function of the phone's library does, overwrites them, and calls the function
+// in x0. Has no call frame information.
 function function_of_the_phone
     stp d15, d14, [sp, #-160]!
     stp d13, d12, [sp, #16]
@@ -47,7 +47,7 @@ function function_of_the_phone
 end_of_function_of_the_phone:
     .size function_of_the_phone, . - function_of_the_phone
 
-// Sets every register that a function must preserve to its own number, and calls function_of_the_phone with x0.
+// Sets each callee-saved register to its own number, and calls function_of_the_phone with x0.
 function function_with_known_registers
     .cfi_startproc
     stp x29, x30, [sp, #-160]!

@@ -5,7 +5,7 @@ set(selection
     StartUp.InstallsTheHookTableInOrder
     StartUp.TheLibraryHasTheVersionOfTheProject
     StartUp.DisabledLibraryInstallsNothing
-    MissingClasses.MakeNoHookEffective
+    MissingClasses.LeaveAllHooksWithoutEffect
     Settings.AreTheDefaultsInRegistrationOrderIfNothingIsStored
     # Hooked and added methods
     BannerWindow.ActionsOfTheContentArePerformedByThePlatform

@@ -1,5 +1,5 @@
-// A method of the platform raises an exception while the library calls it. The exception passes through the library's
-// functions to a handler outside the library. After that, notifications still have working banners.
+// Tests in which a method of the platform raises an exception while the library calls it. The exception passes through
+// the library's functions to a handler outside the library. After that, notifications still have working banners.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@
 #include "tests/library/phone.hpp"
 #include "tests/support/library_code.hpp"
 
-// An exception passes the library's functions without releasing the objects that they retain. The leak sanitizer, if
-// there is one, calls this function.
+// Disables the leak sanitizer, which calls this function. When an exception passes through the library's functions, the
+// objects that they retain are not released.
 extern "C" int __lsan_is_turned_off() { return 1; }
 
 namespace {
@@ -27,7 +27,8 @@ using testing::HasSubstr;
 enum class Language { ObjectiveC, Cpp };
 constexpr Language languages[] = {Language::ObjectiveC, Language::Cpp};
 
-// Not a std::exception, which the simulator would report as the failure of a command.
+// This type is not derived from std::exception, because the simulator reports a std::exception as the failure of a
+// command.
 struct PlatformException {};
 
 constexpr const char* reason = "The platform raises an exception.";
@@ -38,14 +39,14 @@ constexpr const char* reason = "The platform raises an exception.";
   throw std::logic_error("the exception was not raised");
 }
 
-// The exception of the replaced method, until it was raised.
+// The language of the exception that the replaced method raises next. No value after it was raised.
 std::optional<Language> armed;
 IMP original;
 
 template <class Signature>
 struct Raising;
 
-// The replacement of a method. The next call of the library raises the exception.
+// The replacement of a method. It raises the exception at the next call by the library.
 template <class Result, class... Arguments>
 struct Raising<Result(Arguments...)> {
   static Result call(id self, SEL selector, Arguments... arguments) {
@@ -63,7 +64,7 @@ void replace(Class target, const char* selector) {
 }
 
 // Performs the action, in which the library must call the replaced method. Returns the language of the exception that
-// arrives here.
+// this function catches.
 std::optional<Language> exceptionOf(Language raised, const std::function<void()>& action) {
   armed = raised;
   std::optional<Language> caught;
@@ -74,7 +75,7 @@ std::optional<Language> exceptionOf(Language raised, const std::function<void()>
   } catch (const std::exception&) {
     throw;
   } catch (...) {
-    // C++ sees an Objective-C exception only as one without a type.
+    // In C++, an Objective-C exception has no type.
     caught = Language::ObjectiveC;
   }
   EXPECT_FALSE(armed) << "the library did not call the method";
@@ -96,7 +97,7 @@ class Exception : public testing::Test {
     EXPECT_TRUE(phone_.state(controller).at("hasDismissed"));
   }
 
-  // Presents a banner, and performs the action with its controller's number.
+  // Presents a banner, and calls the action with its controller's number.
   void expectPassing(const std::function<void(int)>& action) {
     for (const Language language : languages) {
       const int controller = present();
@@ -116,7 +117,7 @@ TEST_F(Exception, PassesThroughAHook) {
   }
 }
 
-// The hook calls an added method, whose result is narrow, as is the result of the platform's method.
+// The hook calls an added method. The results of the added method and of the platform's method are narrow.
 TEST_F(Exception, PassesThroughAnAddedMethod) {
   replace<bool()>(NCNotificationOptions::classObject(), "dismissAutomatically");
   for (const Language language : languages) {
@@ -164,7 +165,7 @@ TEST_F(Exception, PassesThroughATimer) {
   });
 }
 
-// The center itself handles the exceptions of Objective-C that its observers raise.
+// The notification center itself handles the Objective-C exceptions that its observers raise.
 TEST_F(Exception, PassesThroughAnObserver) {
   replace<NSUInteger()>(UILabel::classObject(), "_measuredNumberOfLines");
   const auto post = [] { test::postCommand({{"command", "dismiss"}}); };

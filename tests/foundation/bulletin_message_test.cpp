@@ -60,7 +60,7 @@ TEST_F(Bulletins, AllHomeScreensOfTheRootReceiveABulletin) {
   EXPECT_FALSE(hasConnection(second));
 }
 
-TEST_F(Bulletins, MalformedTextIsNoBulletin) {
+TEST_F(Bulletins, MalformedTextIsRejected) {
   const std::string deep = std::string(100000, '[');
   for (const std::string& text : {std::string(), std::string("{"), std::string("[]"), std::string("{}\0", 3), deep})
     EXPECT_FALSE(process::parseBulletin(text)) << text.substr(0, 10);

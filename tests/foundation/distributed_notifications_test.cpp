@@ -136,7 +136,7 @@ TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemon) {
   EXPECT_EQ(receivedTexts(), (std::vector<std::string>{"again"}));
 }
 
-TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemonAfterRepeatedConnecting) {
+TEST_F(DistributedNotifications, ObserversAreRegisteredWithANewDaemonAfterRepeatedConnections) {
   ASSERT_TRUE(foundation::connectToNotificationDaemon());
   ASSERT_TRUE(foundation::connectToNotificationDaemon());
   killDaemon();

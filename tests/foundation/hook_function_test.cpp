@@ -75,7 +75,7 @@ TEST_F(HookFunction, ReplacesAMethodAndReturnsTheOriginal) {
   EXPECT_EQ(number(object), 11);
 }
 
-TEST_F(HookFunction, TakesEffectInSubclassesCalledBefore) {
+TEST_F(HookFunction, TakesEffectInSubclassesThatHaveAlreadyBeenCalled) {
   const auto object = instanceOf(grandchild);
   EXPECT_EQ(number(object), 1);
   hook(parent, "number", objc::toImplementation(&plusTen));
@@ -92,7 +92,7 @@ TEST_F(HookFunction, TakesEffectInEverySubclassOfTheRootClass) {
   EXPECT_EQ(during, nullptr);
 }
 
-TEST_F(HookFunction, InheritedMethodIsReplacedInTheClassAlone) {
+TEST_F(HookFunction, InheritedMethodIsReplacedOnlyInTheClass) {
   EXPECT_EQ(number(instanceOf(parent)) + number(instanceOf(sibling)) + number(instanceOf(grandchild)), 3);
   hook(child, "number", objc::toImplementation(&plusTen));
   EXPECT_EQ(number(instanceOf(parent)), 1);

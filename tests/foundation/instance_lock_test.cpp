@@ -1,4 +1,4 @@
-// Tests of the lock that limits a root to one process of a kind.
+// Tests of the lock that allows only one process of a kind for each root.
 #include "simulator/process/instance_lock.hpp"
 
 #include <gtest/gtest.h>
@@ -56,7 +56,7 @@ TEST_F(InstanceLock, IsNotModifiedByAFailedAttempt) {
   EXPECT_EQ(lockFileText(), "owner\n");
 }
 
-// An app can start the notification daemon, which runs longer than the app and must not keep the lock.
+// An app can start the notification daemon, which outlives the app and must not hold the lock.
 TEST_F(InstanceLock, IsNotInheritedByChildProcesses) {
   const fs::path started = temporaryFolder.path() / "started";
   FILE* child = nullptr;

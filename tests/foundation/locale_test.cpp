@@ -155,7 +155,7 @@ TEST_F(LocalizedStrings, Utf16WithAByteOrderMarkIsRead) {
   EXPECT_EQ(replyIn("ru_RU"), "Ответить");
 }
 
-TEST_F(LocalizedStrings, TablesOutsideLanguageFoldersServeAllLanguages) {
+TEST_F(LocalizedStrings, TablesOutsideLanguageFoldersApplyToAllLanguages) {
   addTable("", "\"REPLY\" = \"Any\";");
   EXPECT_EQ(replyIn("ja_JP"), "Any");
 }

@@ -23,7 +23,7 @@ using foundation::FrameDemand;
 class SteppedClock : public RuntimeTest {
  protected:
   SteppedClock() { foundation::useClock(ClockMode::Stepped, 1'000'000'000); }
-  // Runs the work that the test has left in the queue, because it must not run in the next test.
+  // Runs the work that the test has left in the queue. Otherwise, it would run in the next test.
   void TearDown() override { foundation::stepClock(1000); }
 
   void schedule(double seconds, const std::string& name) {
@@ -54,7 +54,7 @@ TEST_F(SteppedClock, RunsTimersInOrderAtTheirExactTimes) {
   EXPECT_EQ(log.size(), 3U);
 }
 
-TEST_F(SteppedClock, RunsTimersOfEqualTimeInOrderOfArrival) {
+TEST_F(SteppedClock, RunsTimersWithTheSameTimeInTheOrderOfTheirAddition) {
   for (const char* name : {"first", "second", "third"}) schedule(1, name);
   foundation::stepClock(1);
   EXPECT_EQ(log, (Log{"first@1.000000", "second@1.000000", "third@1.000000"}));
@@ -78,7 +78,7 @@ TEST_F(SteppedClock, RunsWorkAddedByOtherWork) {
   EXPECT_EQ(log, (Log{"next iteration", "nested@1.500000"}));
 }
 
-TEST_F(SteppedClock, DrainRunsDueWorkWithoutMovingTheClock) {
+TEST_F(SteppedClock, DrainRunsDueWorkWithoutAdvancingTheClock) {
   foundation::onMainThread([this] { log.push_back("now"); });
   schedule(0, "zero");
   schedule(0.000001, "soon");
@@ -110,7 +110,7 @@ TEST_F(SteppedClock, InvalidStepsAndDelaysAreHarmless) {
   EXPECT_TRUE(foundation::mainQueueIsIdle());
 }
 
-TEST_F(SteppedClock, SixtyFramesPerSecondWhileRequested) {
+TEST_F(SteppedClock, RunsSixtyFramesPerSecondWhileRequested) {
   std::vector<double> times;
   foundation::addFrameObserver([&](double now) {
     times.push_back(now);
@@ -150,7 +150,7 @@ TEST_F(SteppedClock, ObserversAddedDuringAFrameWaitForTheNextFrame) {
   EXPECT_NEAR(inner, 2.0 / 60, 1e-9);
 }
 
-TEST_F(SteppedClock, FrameObserverWithATimeIsCalledAtTheFirstFrameFromThatTime) {
+TEST_F(SteppedClock, FrameObserverWithATimeIsCalledAtTheFirstFrameNotBeforeThatTime) {
   std::vector<double> times;
   const auto observe = [&](double) {
     times.push_back(foundation::now());

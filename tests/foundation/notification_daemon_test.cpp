@@ -89,8 +89,8 @@ TEST_F(NotificationDaemon, DaemonOfAKilledProcessEndsWhenAnotherRootIsUsed) {
   EXPECT_FALSE(fs::exists(stale.folder));
 }
 
-// A folder without a lock remains if the folder is removed while its daemon starts, because the daemon then creates it
-// again. Another test that runs at the same time can remove the folder first; the result is the same.
+// If a folder is removed while its daemon starts, the daemon creates the folder again, but without a lock, and the
+// folder remains. A test that runs at the same time can remove the stale folder first; the result is the same.
 TEST_F(NotificationDaemon, FolderWithoutALockIsRemovedWhenAnotherRootIsUsed) {
   const fs::path stale = "/tmp/brim-" + std::to_string(getuid()) + "-left" + std::to_string(getpid());
   std::error_code ignored;

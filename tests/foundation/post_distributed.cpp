@@ -1,5 +1,5 @@
 // Usage: post_distributed NAME TEXT. Posts one distributed notification with TEXT under the key "text". Tests start
-// this program as a second process. It uses the root of the test.
+// this program as a second process. It uses the same root as the test.
 #include "objc/autorelease_pool.hpp"
 #include "platform/ns_notification_center.hpp"
 #include "simulator/foundation/ignored_leaks.hpp"

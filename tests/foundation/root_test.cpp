@@ -118,7 +118,7 @@ TEST_F(Root, IgnoresTheUsersGNUstepConfiguration) {
   EXPECT_TRUE(fs::exists(testRoot() / "var/mobile/Library/GNUstep/Defaults/org.example.configuration.plist"));
 }
 
-TEST_F(Root, UsersDefaultsDatabaseKeepsTheEnvironment) {
+TEST_F(Root, UsingTheUsersDefaultsDatabaseDoesNotChangeTheEnvironment) {
   const char* const configuration = std::getenv("GNUSTEP_CONFIG_FILE");
   ASSERT_NE(configuration, nullptr);
   const std::string before = configuration;
@@ -129,7 +129,7 @@ TEST_F(Root, UsersDefaultsDatabaseKeepsTheEnvironment) {
   EXPECT_EQ(foundation::useRoot(testRoot(), foundation::DefaultsDatabase::OfUser), std::nullopt);
 }
 
-// A lock of this age makes Foundation wait, and report the lock after the wait.
+// Foundation waits for a lock of this age, and reports the lock after the wait.
 TEST_F(Root, LockOfAKilledProcessIsRemoved) {
   const fs::path other = testRoot() / "other-root";
   const fs::path lock = other / "var/mobile/Library/GNUstep/Defaults/.lck/.GNUstepDefaults.lck";

@@ -12,8 +12,8 @@ class TestObserved : public objc::Interface<"BrimTestObserved", NSObject> {};
 
 namespace {
 
-// During its deallocation, the object loads an existing and a new weak reference to itself, and stores whether each of
-// them was nonnull.
+// During its deallocation, the object loads an existing and a new weak reference to itself, and stores whether each
+// reference was nonnull.
 struct ObservedState {
   objc::Weak<TestObserved>* existing = nullptr;
   bool* existingIsLoaded = nullptr;

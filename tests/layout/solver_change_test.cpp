@@ -1,5 +1,5 @@
-// After constants have changed, the solver continues from its last result. It must find the same values as a new
-// solver.
+// Tests of the solver after constants have changed. It continues from its last result, and must find the same values as
+// a new solver.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -50,8 +50,8 @@ TEST(SolverChange, GivesTheSameResultAsANewSolver) {
   }
 }
 
-// Computes the bottom edge of a container from several contents that the test moves. Every second content depends on
-// the bottom edge itself.
+// Computes the bottom edge of a container from several contents that the test moves. The position of every other
+// content depends on the bottom edge.
 struct ContentsModel {
   static constexpr std::uint32_t count = 6;
   Solver solver;

@@ -24,8 +24,8 @@ using layout_test::RandomModel;
 // linear programs adds up.
 double tolerance(double expected) { return 1e-4 * std::fmax(1, std::fabs(expected)); }
 
-// Computes the expected result with a sequence of linear programs. Each program requires the optimum of the previous
-// program by an additional row. All columns are non-negative: a variable is the difference of a pair of columns, and
+// Computes the expected result with a sequence of linear programs. Each program has an additional row that requires the
+// optimum of the previous program. All columns are non-negative: a variable is the difference of a pair of columns, and
 // the violation of a constraint is the sum of a pair.
 class Oracle {
  public:

@@ -1,5 +1,5 @@
-// The solver splits the constraints into subproblems that have no variable in common. It solves a subproblem again only
-// if the subproblem has changed.
+// Tests of subproblems. The solver splits the constraints into subproblems that have no variable in common, and solves
+// a subproblem again only if it has changed.
 #include <gtest/gtest.h>
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-// Presents banners, dismisses each of them in a different manner, and checks for leaks. Foundation counts the objects
-// that were created and not released; the leak sanitizer reports unreachable memory of any kind. Two options test these
+// Presents banners, dismisses each one in a different way, and checks for leaks. Foundation counts the objects that
+// were created and not released; the leak sanitizer reports unreachable memory of any kind. Two options test these
 // checks: "--leak" makes an object unreachable, and "--retain" retains an object.
 #include <stdlib.h>
 

@@ -104,7 +104,7 @@ TEST(Reply, ExecutesTheActionWithTheTextAndThenClears) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Reply, WithoutTextDoesNothing) {
+TEST(Reply, DoesNothingIfTheTextIsNil) {
   Phone phone;
   const int controller =
       presentAndClearLog(phone, {{"section", "org.example.chat"}, {"actions", Json::array({action("reply")})}});
@@ -114,7 +114,7 @@ TEST(Reply, WithoutTextDoesNothing) {
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Reply, ToMessagesIsPostedToTheMessagesAppAsynchronously) {
+TEST(Reply, IsPostedAsynchronouslyToTheMessagesApp) {
   Phone phone;
   const int controller = presentAndClearLog(phone, {{"thread", "+491234567"}});
   sendReply(controller, "Yes"_ns);
@@ -137,7 +137,7 @@ TEST(Clear, ExecutesTheClearActionAndDismisses) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Clear, WithoutAClearActionDismissesWithoutHaptic) {
+TEST(Clear, DismissesWithoutHapticIfThereIsNoClearAction) {
   Phone phone;
   const int controller = presentAndClearLog(phone, {{"clear", false}});
   controllerOf(controller)->attemptDelete(containerOf(controller));
@@ -156,7 +156,7 @@ TEST(Silence, ExecutesTheSilenceActionWithoutDismissing) {
   EXPECT_TRUE(phone.state(controller).at("brim"));
 }
 
-TEST(Silence, WithoutASilenceActionDoesNothing) {
+TEST(Silence, DoesNothingIfThereIsNoSilenceAction) {
   Phone phone;
   const int controller = presentAndClearLog(phone);
   objc::send<void, "attemptSilence:">(controllerOf(controller).get(), containerOf(controller));

@@ -37,12 +37,12 @@ TEST(AlarmActions, AreSnoozeAndClose) {
             (Identifiers{snoozeIdentifier, closeIdentifier}));
 }
 
-TEST(AlarmActions, AreOnlyCloseWithoutASnooze) {
+TEST(AlarmActions, ContainOnlyCloseIfThereIsNoSnooze) {
   Phone phone;
   EXPECT_EQ(alarmActions(presentAlarm(phone, Json::array())), Identifiers{closeIdentifier});
 }
 
-TEST(AlarmActions, AreEmptyWithoutEither) {
+TEST(AlarmActions, AreEmptyIfThereIsNeitherSnoozeNorClose) {
   Phone phone;
   const int controller = presentAlarm(phone, Json::array(), test::CloseAction::Omitted);
   EXPECT_EQ(alarmActions(controller), Identifiers{});

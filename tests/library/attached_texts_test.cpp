@@ -1,4 +1,4 @@
-// Which texts of a notification a banner shows.
+// Tests of the texts of a notification that a banner shows.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -53,13 +53,13 @@ INSTANTIATE_TEST_SUITE_P(
                     TextCase{{{"title", "T"}, {"message", ""}, {"summary", "Sum"}}, "T", "(none)", "Sum"},
                     TextCase{{{"title", "T"}, {"message", "M"}, {"summary", "Sum"}}, "T", "(none)", "M"}));
 
-TEST(AttachedTexts, SummaryIsIgnoredBeforeSystem12) {
+TEST(AttachedTexts, SummaryIsIgnoredBeforeSystemVersion12) {
   Phone phone = phoneWith({}, onSystem("11.4"));
   const int controller = phone.present({{"title", "T"}, {"summary", "Sum"}});
   EXPECT_EQ(shownText(phone, controller, "bodyLabel"), "");
 }
 
-TEST(AttachedTexts, SummaryIsUsedSinceSystem12) {
+TEST(AttachedTexts, SummaryIsUsedFromSystemVersion12On) {
   Phone phone = phoneWith({}, onSystem("12.0"));
   const int controller = phone.present({{"title", "T"}, {"summary", "Sum"}});
   EXPECT_EQ(shownText(phone, controller, "bodyLabel"), "Sum");

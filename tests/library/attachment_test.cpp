@@ -26,7 +26,7 @@ std::vector<Json> postsOfCommand(const Json& events, const std::string& command)
   return found;
 }
 
-TEST(Attachment, DragCommandSkipsANewerControllerWithoutABanner) {
+TEST(Attachment, DragCommandIgnoresANewerControllerWithoutABanner) {
   Phone phone = phoneWith({});
   const int persistent = phone.present({{"dismissAutomatically", false}, {"message", "one\ntwo\nthree"}});
   phone.wait(6);
@@ -50,7 +50,7 @@ TEST(Attachment, GivesTheControllerAnIdentifierOfEightLowercaseLetters) {
   EXPECT_TRUE(std::regex_match(identifier, std::regex("[a-z]{8}"))) << identifier;
 }
 
-TEST(Attachment, IsAnnouncedOnceAsynchronously) {
+TEST(Attachment, IsPostedOnceAsynchronously) {
   Phone phone = phoneWith({});
   phone.log();
   const int controller = phone.present();
@@ -60,8 +60,8 @@ TEST(Attachment, IsAnnouncedOnceAsynchronously) {
   EXPECT_EQ(posts.front().at("userInfo").at("brimIdentifier"), phone.state(controller).at("identifier"));
 }
 
-// A command of the phone ends after the run-loop iteration, so this test presents the banner directly.
-TEST(Attachment, IsAnnouncedInALaterRunLoopIteration) {
+// A script command returns only after the run-loop iteration, so this test presents the banner directly.
+TEST(Attachment, IsPostedInALaterRunLoopIteration) {
   Phone phone = phoneWith({});
   const auto request = objc::retain(test::controllerOf(phone.present())->notificationRequest());
   phone.wait(20);

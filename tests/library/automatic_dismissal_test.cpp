@@ -44,8 +44,8 @@ INSTANTIATE_TEST_SUITE_P(Banners, DismissalDuration,
                                          DurationCase{"Tiny", {{"tinyBanner", true}}, "Hello\nAnna", 0.72}),
                          [](const auto& each) { return each.param.name; });
 
-// The setting counts, although it made no difference to the layout of this banner.
-TEST(DismissalDuration, CountsTheHeaderOnlyAfterTheSettingMakesBannersTiny) {
+// The duration depends on the current setting, although the banner was laid out before the setting changed.
+TEST(DismissalDuration, CountsOnlyTheHeaderAfterTheSettingMakesBannersTiny) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello\nAnna"}});
   phone.wait(1);
@@ -74,7 +74,7 @@ TEST(Dismissal, UnforcedRequestDuringTheAnimationChangesNothing) {
   expectRemovedAfter(phone, controller, 0.62);
 }
 
-TEST(Dismissal, ByTheTimerPassesThroughEveryStateOnce) {
+TEST(Dismissal, PassesThroughEveryStateOnceIfTheTimerStartsIt) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}, {"message", "Hello"}});
   phone.wait(4.999);

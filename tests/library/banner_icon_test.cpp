@@ -1,4 +1,4 @@
-// Which icon a banner shows.
+// Tests of the icon that a banner shows.
 #include <gtest/gtest.h>
 
 #include "platform/nc_notification_view.hpp"
@@ -22,7 +22,7 @@ std::shared_ptr<const drawing::Image> makeIcon(const char* name) {
   return canvas.snapshot()->named(name);
 }
 
-// The icons of each notification.
+// The icons that every notification returns.
 NSArray* notificationIcons;
 
 NSArray* iconsOfNotification(objc::Original<NSArray*(NCNotificationShortLookView*)>, NCNotificationShortLookView*) {

@@ -6,8 +6,7 @@ namespace test {
 
 namespace {
 
-// In seconds: the duration of the dismissal of a banner with fifteen lines of text, which is the longest, plus a
-// tolerance.
+// In seconds. The duration of the longest dismissal, that of a banner with fifteen lines of text, plus a tolerance.
 constexpr double maxDismissalTime = 0.7 + 15 * 0.02 + 0.01;
 
 // The number of banners among the direct subviews.

@@ -25,7 +25,7 @@ class BannerInvariants {
   std::size_t bannerCount() const { return springboard::bannerCount(); }
 
  private:
-  // The state of a banner in the earlier checks.
+  // The results of the earlier checks of a banner.
   struct History {
     objc::Weak<BannerController> controller;
     objc::Weak<BrimContainer> banner;
@@ -38,7 +38,7 @@ class BannerInvariants {
     // Whether the banner can remain on screen after its timer has fired: its request forbids automatic dismissal, or a
     // drag may have expanded the banner.
     bool canStay = false;
-    // The request excludes an automatic dismissal, and the user has not dragged the banner.
+    // The request forbids automatic dismissal, and the user has not dragged the banner.
     bool mustStay = false;
   };
 

@@ -84,7 +84,7 @@ TEST(Layout, BottomIsBelowTheLastAllowedLineOfALongBody) {
   EXPECT_DOUBLE_EQ(bottom(phone.banner(controller)), bottom(body) + 22);
 }
 
-TEST(Layout, WithoutGrabberThePaddingIsSmaller) {
+TEST(Layout, PaddingIsSmallerWithoutAGrabber) {
   Phone phone = phoneWith({{"enableGrabber", false}});
   const int controller = phone.present(sampleMessage());
   phone.wait(1);
@@ -253,7 +253,7 @@ TEST(ButtonRow, OnlyTheTitleOfClearIsRed) {
   EXPECT_EQ(titleOf(phone.view(controller, "_replyButton")).at("color"), Json({1, 1, 1, 1}));
 }
 
-TEST(ButtonRow, OfAnAlarmIsSnoozeAndARedStop) {
+TEST(ButtonRow, HasSnoozeAndARedStopForAnAlarm) {
   Phone phone = phoneWith({{"containerColor", 1}});
   const Json snoozeAction = {{"key", "snooze"}, {"identifier", "MTAlarmSnoozeAction"}, {"title", "Snooze"}};
   const int controller = presentExpanded(phone, {{"section", "com.apple.mobiletimer"},

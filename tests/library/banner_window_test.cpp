@@ -90,7 +90,7 @@ TEST(LongLook, IsPresentedForAControllerOutsideTheBannerWindow) {
   }
 }
 
-// The content of that controller's notification.
+// Creates the platform's content of the controller's notification.
 objc::Ref<NSObject> makeContent(int controller) {
   const auto shortLook = springboard::bannerController(static_cast<std::size_t>(controller));
   const Class container = reinterpret_cast<Class>(objc_getClass("NCNotificationContentContainerViewController"));

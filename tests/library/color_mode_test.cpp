@@ -96,7 +96,7 @@ TEST(AppearanceChange, FadesFor800Milliseconds) {
   EXPECT_EQ(red(), 0);
 }
 
-TEST(AppearanceChange, DoesNotAffectSystemsBefore13) {
+TEST(AppearanceChange, HasNoEffectBeforeSystemVersion13) {
   runner::Options options;
   options.systemVersion = "12.4";
   options.appearance = runner::StartAppearance::Dark;
@@ -118,8 +118,8 @@ void countColorUpdate(objc::Original<void(BrimContainer*, BrimColors*)> original
   original(self, colors);
 }
 
-// A change of the controller's appearance that the library receives. The controller of a fixed mode keeps its
-// appearance, and a system before 13.0 reports no change, so the test sends the message itself.
+// A change of the appearance for which the test itself sends the message that the controller would receive: a
+// controller with a fixed mode keeps its appearance, and a system before 13.0 reports no change.
 struct ReceivedChange {
   const char* name;
   const char* system;
@@ -164,7 +164,7 @@ void countOverride(objc::Original<void(UIViewController*, UIUserInterfaceStyle)>
   original(self, style);
 }
 
-TEST(FixedColorMode, OverridesNoAppearanceBefore13) {
+TEST(FixedColorMode, DoesNotOverrideTheAppearanceBeforeSystemVersion13) {
   runner::Options options;
   options.systemVersion = "12.4";
   Phone phone = phoneWith({{"containerColor", 1}}, options);

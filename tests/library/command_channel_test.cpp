@@ -166,7 +166,7 @@ TEST(CommandChannel, ReplacementDoesNotRestartARunningDismissal) {
   phone.wait(0.1);
   const int newer = phone.present({{"title", "Two"}, {"message", "2"}});
   phone.wait(0.55);
-  // A second request for the dismissal would have ended its animation immediately.
+  // A second dismissal request would have ended the animation immediately.
   EXPECT_TRUE(phone.state(older).at("brim"));
   phone.wait(0.08);
   EXPECT_FALSE(phone.state(older).at("brim"));

@@ -122,7 +122,7 @@ TEST(Buttons, AlphaAppliesToTheReplyFieldIfThereAreNoButtons) {
   }
 }
 
-TEST(ColorSet, WithCustomColorsIgnoresColorModeUpdates) {
+TEST(ColorSet, IgnoresColorModeUpdatesIfItHasCustomColors) {
   Phone phone;
   const LaidOutBanner laidOut(makeBanner("A"_ns, nullptr, "B"_ns));
   BrimColors* const customColors = laidOut.banner->colorSet();

@@ -38,14 +38,14 @@ TEST(ContinuousUpdate, KeepsTheHeaderOfTheTinyLineBold) {
   EXPECT_EQ(runs[1].at("weight"), "regular");
 }
 
-TEST(ContinuousUpdate, PutsTheWordNullFirstIfThereIsNoBody) {
+TEST(ContinuousUpdate, BeginsWithTheWordNullIfThereIsNoBody) {
   const Phone phone;
   const LaidOutBanner laidOut(makeBanner("Anna"_ns, nullptr, nullptr));
   laidOut.banner->updateForContinuousNotification("Later"_ns);
   EXPECT_EQ(text(laidOut.banner->bodyLabel()), "(null)\nLater");
 }
 
-TEST(ContinuousUpdate, ThatPrecedesTheFirstLayoutIsShown) {
+TEST(ContinuousUpdate, IsShownIfItPrecedesTheFirstLayout) {
   const Phone phone;
   auto banner = makeBanner("Anna"_ns, nullptr, "Hi"_ns);
   banner->setMaxLineCount(0);

@@ -101,7 +101,7 @@ TEST(Dismissal, TapDismissesAndThePlatformOpensTheApplication) {
   EXPECT_FALSE(phone.state(controller).at("dismissed"));
 }
 
-TEST(Dismissal, RequestedByThePlatformIsIgnored) {
+TEST(Dismissal, IsIgnoredIfThePlatformRequestsIt) {
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
   phone.wait(1);
@@ -141,7 +141,7 @@ TEST(Dismissal, LibraryTransitionRequestedByThePlatformRemovesTheBanner) {
   EXPECT_TRUE(phone.state(phone.present()).at("brim"));
 }
 
-TEST(Dismissal, ByThePlatformWithoutABannerDoesNotPermitADismissal) {
+TEST(Dismissal, PlatformsDismissalWithoutABannerDoesNotSetDismissNotification) {
   Phone phone;
   const int controller = presentPersistent(phone);
   phone.wait(1);
@@ -154,7 +154,7 @@ TEST(Dismissal, ByThePlatformWithoutABannerDoesNotPermitADismissal) {
   EXPECT_FALSE(BrimContainer::DismissNotification());
 }
 
-TEST(Dismissal, OfAReplacedBannerByThePlatformDoesNotDismissTheNewerOne) {
+TEST(Dismissal, PlatformsDismissalOfAReplacedBannerDoesNotDismissTheNewerOne) {
   Phone phone;
   const int older = phone.present();
   phone.wait(0.1);
@@ -178,7 +178,7 @@ TEST(Dismissal, SecondTapDuringTheAnimationDoesNothing) {
   EXPECT_TRUE(phone.state(controller).at("dismissed"));
 }
 
-TEST(Dismissal, OfAReplacedBannerDoesNotDismissTheNewerOne) {
+TEST(Dismissal, ReplacedBannerIsDismissedWithoutTheNewerOne) {
   Phone phone;
   const int older = phone.present({{"title", "One"}});
   phone.wait(1);

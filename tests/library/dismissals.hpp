@@ -10,7 +10,7 @@
 
 namespace test {
 
-// In seconds. A test checks this long before and after the expected time.
+// In seconds. Tests check the state this long before and after an expected time.
 inline constexpr double oneMillisecond = 0.001;
 
 // Presents a notification that is not dismissed automatically. Returns the controller's number.

@@ -43,7 +43,7 @@ TEST(Drag, UpwardsMovesTheBannerWithTheFinger) {
   EXPECT_FALSE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Drag, ReleasedBeforeTheThresholdSpringsBackAndShowsAllLines) {
+TEST(Drag, SpringsBackAndShowsAllLinesIfReleasedBeforeTheThreshold) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentThreeLines(phone);
   phone.run(drag(-19, "release"));
@@ -53,7 +53,7 @@ TEST(Drag, ReleasedBeforeTheThresholdSpringsBackAndShowsAllLines) {
   EXPECT_EQ(phone.view(controller, "bodyLabel").at("lines"), 15);
 }
 
-TEST(Drag, ThatSpringsBackOpensTheReplyFieldOnlyIfThereAreNoButtons) {
+TEST(Drag, OpensTheReplyFieldAfterSpringingBackOnlyIfThereAreNoButtons) {
   Phone phone;
   for (const bool showButtons : {false, true}) {
     phone.set("showButtons", showButtons);
@@ -77,7 +77,7 @@ TEST(Drag, UpAndThenDownReturnsTheBannerToItsPositionAndIncreasesItsHeight) {
   EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), defaultHeight + 5);
 }
 
-TEST(Drag, ThatReachesTheThresholdInSeveralStepsDismisses) {
+TEST(Drag, DismissesIfItReachesTheThresholdInSeveralSteps) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   for (const int steps : {1, 2, 3, 5, 7, 10}) {
     const int controller = phone.present({{"message", "a\nb"}});
@@ -105,7 +105,7 @@ TEST(Drag, SpringsBackIn150Milliseconds) {
   EXPECT_TRUE(phone.picture() == end);
 }
 
-TEST(Drag, ReleasedAtTheThresholdDismisses) {
+TEST(Drag, DismissesIfReleasedAtTheThreshold) {
   Phone phone;
   const int controller = presentThreeLines(phone, {{"dismissAutomatically", false}});
   phone.run(drag(-20, "release"));
@@ -113,14 +113,14 @@ TEST(Drag, ReleasedAtTheThresholdDismisses) {
   EXPECT_TRUE(phone.state(controller).at("dismissNotification"));
 }
 
-TEST(Drag, CanceledIsTreatedAsReleased) {
+TEST(Drag, CancellationIsTreatedAsRelease) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(-60, "cancel"));
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Drag, ThatDismissesDiscardsTheTypedText) {
+TEST(Drag, DiscardsTheTypedTextIfItDismisses) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(100));
@@ -143,7 +143,7 @@ TEST(Drag, DownwardsAddsAQuarterOfTheTranslationAtEachMove) {
   EXPECT_DOUBLE_EQ(stateValue(phone, controller, "offset"), defaultOffset);
 }
 
-TEST(Drag, ReleasedDownwardsExpandsTheBanner) {
+TEST(Drag, DownwardsExpandsTheBannerOnRelease) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(12));
@@ -164,7 +164,7 @@ TEST(Drag, DoesNotExceedTheExpandedHeight) {
   EXPECT_DOUBLE_EQ(stateValue(phone, controller, "height"), expandedHeight);
 }
 
-TEST(Drag, ToTheDefaultHeightHidesTheButtons) {
+TEST(Drag, HidesTheButtonsAtTheDefaultHeight) {
   Phone phone({.options = {}, .settings = {{"showButtons", true}}});
   const int controller = presentThreeLines(phone);
   BrimContainer* banner = containerOf(controller);
@@ -215,7 +215,7 @@ TEST(Drag, UpwardsDismissesAnExpandedBanner) {
   EXPECT_TRUE(phone.state(controller).at("isDismissing"));
 }
 
-TEST(Drag, DuringTheDismissalChangesNothing) {
+TEST(Drag, ChangesNothingDuringTheDismissal) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(-12, "hold"));
@@ -227,7 +227,7 @@ TEST(Drag, DuringTheDismissalChangesNothing) {
   EXPECT_EQ(phone.state(controller), before);
 }
 
-TEST(Drag, OfADismissedBannerChangesNothing) {
+TEST(Drag, ChangesNothingAfterTheDismissal) {
   Phone phone;
   presentThreeLines(phone);
   phone.run(drag(30, "hold"));
@@ -238,7 +238,7 @@ TEST(Drag, OfADismissedBannerChangesNothing) {
 }
 
 // The recognizer can outlive the banner, so its last event can arrive after the dismissal.
-TEST(Drag, ThatEndsAfterTheDismissalDoesNotBlockLaterBanners) {
+TEST(Drag, DoesNotBlockLaterBannersIfItEndsAfterTheDismissal) {
   Phone phone;
   const int controller = presentThreeLines(phone);
   phone.run(drag(200, "hold"));
@@ -252,7 +252,7 @@ TEST(Drag, ThatEndsAfterTheDismissalDoesNotBlockLaterBanners) {
   EXPECT_TRUE(BrimContainer::DismissNotification());
 }
 
-TEST(Drag, OfABannerWithoutHiddenContentChangesOnlyDismissNotification) {
+TEST(Drag, OnlyDismissNotificationChangesIfTheBannerHasNoHiddenContent) {
   Phone phone;
   const int controller = presentThreeLines(phone, {{"section", "com.apple.mobilemail"}});
   BrimContainer* banner = containerOf(controller);

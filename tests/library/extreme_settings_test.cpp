@@ -1,5 +1,5 @@
-// Extreme and malformed values of the settings that determine the layout. The texts of a banner must stay inside it and
-// must not overlap.
+// Tests of extreme and malformed values of the settings that determine the layout. The texts of a banner must stay
+// inside it and must not overlap.
 #include <gtest/gtest.h>
 
 #include "tests/library/banner_layout.hpp"

@@ -122,7 +122,7 @@ TEST(UpdateImage, ShowsTheLastPictureAndIndentsTheTexts) {
     laidOut.banner->updateImage(photo);
     for (const char* field : indentations) {
       EXPECT_DOUBLE_EQ(constraintConstant(laidOut.banner, field), 24) << field;
-      // The next photo must restore the indentation.
+      // The next picture must restore the indentation.
       objc::send<void, "setConstant:">(instanceVariable(laidOut.banner, field), CGFloat{16});
     }
   }
@@ -155,7 +155,7 @@ TEST(IconBadge, IsARoundIconOverTheUpperRightCornerOfThePicture) {
   EXPECT_DOUBLE_EQ((objc::send<CGFloat, "cornerRadius">(badge(laidOut.banner)->layer())), 10);
 }
 
-TEST(UpdateImage, WithNilClearsThePicture) {
+TEST(UpdateImage, NilClearsThePicture) {
   const Phone phone;
   const LaidOutBanner laidOut("com.apple.MobileSMS", lightMode);
   laidOut.banner->updateImage(nullptr);
@@ -207,7 +207,7 @@ TEST(AssetBundle, IsBelowTheRootOfThePhone) {
       << path;
 }
 
-TEST(AssetBundle, IfMissingTextsAreEnglishAndGlyphsAbsent) {
+TEST(AssetBundle, TextsAreEnglishAndBadgesAreEmptyIfItIsMissing) {
   Phone phone;
   std::filesystem::remove_all(phone.root() / "Library/Application Support/Brim/Assets.bundle");
   const LaidOutBanner laidOut("com.apple.MobileSMS", lightMode);
@@ -218,7 +218,7 @@ TEST(AssetBundle, IfMissingTextsAreEnglishAndGlyphsAbsent) {
   EXPECT_EQ(phone.view(controller, "headerLabel").at("text"), "Content hidden");
 }
 
-TEST(AssetBundle, WithoutTheGlyphFileLeavesTheBadgeEmpty) {
+TEST(AssetBundle, BadgeIsEmptyIfTheGlyphFileIsMissing) {
   Phone phone;
   const auto bundle = phone.root() / "Library/Application Support/Brim/Assets.bundle";
   std::filesystem::remove_all(bundle);

@@ -51,7 +51,7 @@ TEST(Height, IsTheConstantOfAllThreeConstraints) {
   EXPECT_EQ(heights(banner), std::vector<CGFloat>(3, 63));
 }
 
-TEST(Height, OfABannerWithoutControlsIsReducedOnlyIfAnimated) {
+TEST(Height, IsReducedForABannerWithoutControlsOnlyIfAnimated) {
   const Phone phone;
   auto banner = makeBanner("A"_ns, nullptr, "B"_ns);
   banner->setEnableGrabber(true);

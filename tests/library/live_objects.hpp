@@ -21,7 +21,8 @@ namespace test {
 // Call once. Objects that already exist are not counted.
 inline void startCountingLiveObjects() { GSDebugAllocationActive(1); }
 
-// For each class, the number of objects that were created since startCountingLiveObjects() and are not released.
+// Returns, for each class, the number of objects that were created since startCountingLiveObjects() and have not been
+// released.
 inline std::map<std::string, long> liveObjectsByClass() {
   std::map<std::string, long> counts;
   const std::unique_ptr<Class[], decltype(&free)> classes(GSDebugAllocationClassList(), &free);
@@ -30,7 +31,7 @@ inline std::map<std::string, long> liveObjectsByClass() {
   return counts;
 }
 
-// The sum of these numbers.
+// Returns the sum of the numbers that liveObjectsByClass() returns.
 inline std::ptrdiff_t liveObjectCount() {
   std::ptrdiff_t total = 0;
   for (const auto& [name, count] : liveObjectsByClass()) total += count;

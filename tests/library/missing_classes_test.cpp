@@ -1,4 +1,4 @@
-// The library in a process that has the view toolkit but neither the home screen nor the Messages app.
+// Tests of the library in a process that has the view toolkit but neither the home screen nor the Messages app.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@
 
 namespace {
 
-TEST(MissingClasses, MakeNoHookEffective) {
+TEST(MissingClasses, LeaveAllHooksWithoutEffect) {
   const test::TemporaryFolder root;
   process::useRoot(root.path());
   foundation::registerClasses();

@@ -105,7 +105,7 @@ TEST(NotificationList, WithdrawalDoesNotDismissTheBanner) {
   EXPECT_EQ(listedMessages(phone), Messages{});
 }
 
-TEST(NotificationList, OnTheLockScreenShowsThePlatformsContent) {
+TEST(NotificationList, ShowsThePlatformsContentOnTheLockScreen) {
   Phone phone;
   present(phone);
   phone.run({{"do", "lock"}});

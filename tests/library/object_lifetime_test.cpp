@@ -1,4 +1,4 @@
-// The library releases what it retains, and retains nothing else.
+// Tests that the library releases what it retains, and that it retains nothing else.
 #include <gtest/gtest.h>
 
 #include "objc/autorelease_pool.hpp"

@@ -1,5 +1,5 @@
-// Two events that affect a banner at the same time. Regardless of the combination, the banner leaves the screen, the
-// platform dismisses it exactly once, and its controller and view are released.
+// Tests of two events that affect a banner at the same time. Regardless of the combination, the banner leaves the
+// screen, the platform dismisses it exactly once, and its controller and view are released.
 #include <gtest/gtest.h>
 
 #include <vector>

@@ -39,8 +39,8 @@ class Phone {
   void set(const std::string& key, const Json& value);
   // Advances the clock.
   void wait(double seconds);
-  // Presents a notification, of the Messages app unless the fields name another section. Returns the controller's
-  // number.
+  // Presents a notification and returns the controller's number. The section is the Messages app unless `fields` names
+  // another one.
   int present(const Json& fields = Json::object());
   Json state(int controller);
   // Returns the events that were logged since the last call.

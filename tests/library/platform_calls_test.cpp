@@ -127,7 +127,7 @@ TEST(DismissalHook, PassesThroughTheDismissalOfAControllerOutsideTheBannerWindow
 enum class Answer { Finished, Unfinished };
 Answer platformsAnswer = Answer::Unfinished;
 
-// Refuses the dismissal, or performs it.
+// Refuses or performs the dismissal.
 void answerDismissal(id self, SEL selector, NSInteger transition, objc::Block<void(bool)>* completion) {
   if (platformsAnswer == Answer::Unfinished) {
     if (completion != nullptr) (*completion)(false);
@@ -275,7 +275,7 @@ TEST(Deallocation, RemovesTheHomeScreenFromTheDistributedNotificationCenter) {
             (std::vector<std::pair<const void*, std::string>>{{address, "com.lumetra.brim.receivedbannertest"}}));
 }
 
-TEST(Deallocation, OfTheNewestControllerLetsAnOlderOneDetermineDismissNotification) {
+TEST(Deallocation, OlderControllerSetsDismissNotificationAfterTheNewestOneIsDeallocated) {
   Phone phone;
   const int older = phone.present({{"title", "One"}});
   const auto controller = controllerOf(older);

@@ -36,8 +36,8 @@ double RandomCommands::between(double low, double high) {
   return low + (high - low) * static_cast<double>(below(1001)) / 1000;
 }
 
-// Usually returns one of the three newest controllers. Occasionally returns any number, also that of a released
-// controller or of no controller.
+// Usually returns the number of one of the three newest controllers. Occasionally returns another number, which can
+// also belong to a released controller or to no controller.
 std::size_t RandomCommands::controller(std::size_t controllers) {
   if (oneIn(20)) return below(controllers + 2);
   return controllers - std::min(controllers, below(3));
@@ -92,7 +92,7 @@ Json RandomCommands::set() {
 Json RandomCommands::platformEvent(std::size_t controllers) {
   switch (below(7)) {
     case 0:
-      // Changes of the appearance are infrequent, because each of them loads another wallpaper.
+      // Changes of the appearance are infrequent, because each change loads another wallpaper.
       if (oneIn(4)) return {{"do", "appearance"}, {"style", oneIn(2) ? "light" : "dark"}};
       return {{"do", "lock"}};
     case 1:

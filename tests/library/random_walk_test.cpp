@@ -23,10 +23,10 @@ constexpr std::size_t stepsBetweenResets = 200;
 constexpr std::size_t warmUpResets = 5;
 // The settings retain a few objects, which do not belong to a banner.
 constexpr std::size_t maxNewObjects = 40;
-// Foundation occasionally retains a string. It retains at most one string for each group of this number of banners.
+// Foundation occasionally retains a string, at most one for each group of this many banners.
 constexpr std::size_t bannersPerRetainedString = 40;
 
-// Texts of errors that are expected, because a random command can be impossible in the current state.
+// Error messages that are expected, because a random command can be impossible in the current state.
 constexpr const char* expectedErrors[] = {"there is no controller",
                                           "no longer on screen",
                                           "was dismissed and no longer exists",
@@ -90,8 +90,8 @@ class Walk {
     if (const std::string problem = invariants_.violation(phone_.log()); !problem.empty()) fail(problem);
   }
 
-  // Creates the views of the keyboard and loads the settings pane before objects are counted. Both remain for later
-  // uses.
+  // Creates the views of the keyboard and loads the settings pane before objects are counted. Both continue to exist
+  // for later use.
   void openKeyboardAndSettings() {
     const auto settingsIcon = {231, 294};
     execute({{"do", "tap"}, {"at", settingsIcon}});

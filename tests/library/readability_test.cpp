@@ -1,4 +1,4 @@
-// The contrast of a dark banner's texts over any content of the screen, as it is rendered.
+// Tests of the contrast of a dark banner's texts with the background, as it is rendered over any content of the screen.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,7 +15,7 @@ using test::containerOf;
 using test::Json;
 using test::Phone;
 
-// Returns the relative luminance of a pixel, as the contrast of texts is defined.
+// Returns the relative luminance of a pixel, from which the contrast of a text is computed.
 double relativeLuminance(std::uint32_t pixel) {
   const auto linear = [pixel](int shift) {
     const double value = (pixel >> shift & 0xFF) / 255.0;

@@ -92,7 +92,7 @@ TEST(ReplyField, MakesTheBannerWindowKey) {
 
 double bottomOf(const Json& view) { return view.at("frame")[1].get<double>() + view.at("frame")[3].get<double>(); }
 
-TEST(ReplyField, OfALongTextStaysAboveTheKeyboard) {
+TEST(ReplyField, StaysAboveTheKeyboardIfTheTextIsLong) {
   test::Setup setup;
   setup.options.device = "iphone-se";
   Phone phone(setup);
@@ -114,7 +114,7 @@ TEST(ReplyField, OfALongTextStaysAboveTheKeyboard) {
   EXPECT_LE(bottomOf(phone.banner(controller)), keyboardTop);
 }
 
-TEST(ReplyField, OfAShortTextIsNotMovedByTheKeyboard) {
+TEST(ReplyField, IsNotMovedByTheKeyboardIfTheTextIsShort) {
   Phone phone;
   const int controller = presentExpanded(phone);
   ASSERT_TRUE(containerOf(controller)->reply()->isFirstResponder());
@@ -260,7 +260,7 @@ TEST(ButtonRow, OpenIsDisabledIfNoReplyIsPossible) {
   EXPECT_EQ(phone.view(controller, "_buttonStackView").at("alpha"), 1);
 }
 
-TEST(ButtonRow, OfAnAlarmWithoutSnoozeHasOnlyStop) {
+TEST(ButtonRow, HasOnlyStopForAnAlarmWithoutSnooze) {
   Phone phone;
   const int controller =
       presentExpanded(phone, {{"section", "com.apple.mobiletimer"}, {"close", true}, {"actions", Json::array()}});
@@ -270,7 +270,7 @@ TEST(ButtonRow, OfAnAlarmWithoutSnoozeHasOnlyStop) {
   EXPECT_TRUE(phone.view(controller, "_stopAlarmButton").at("hidden"));
 }
 
-TEST(Buttons, DoNothingWithoutADelegate) {
+TEST(Buttons, HaveNoEffectWithoutADelegate) {
   Phone phone({.options = {}, .settings = withButtons});
   const int controller = presentExpanded(phone);
   containerOf(controller)->setDelegate(nullptr);

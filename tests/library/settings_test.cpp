@@ -157,7 +157,7 @@ class SettingEffect : public testing::TestWithParam<Effect> {
  protected:
   SettingEffect() : phone_(setup()) {}
 
-  // Presents the notification, and dismisses its banner again.
+  // Presents the notification, records the appearance of its banner, and dismisses the banner.
   Appearance presentedBanner() {
     const int controller = phone_.present(GetParam().notification);
     phone_.wait(1);
@@ -174,8 +174,8 @@ class SettingEffect : public testing::TestWithParam<Effect> {
   Phone& phone() { return phone_; }
 
  private:
-  // Black banners are opaque. Through other banners, the blurred background is visible, whose pixels depend on the size
-  // of the banner.
+  // The banners are black, because black banners are opaque. Other banners show the blurred background, whose pixels
+  // depend on the size of the banner.
   static test::Setup setup() {
     test::Setup setup;
     setup.options.time = 1767303660;
@@ -198,7 +198,7 @@ class SettingEffect : public testing::TestWithParam<Effect> {
   Phone phone_;
 };
 
-TEST_P(SettingEffect, IsVisibleOnlyInThePartsThatItConcerns) {
+TEST_P(SettingEffect, IsVisibleOnlyInTheExpectedParts) {
   const Appearance before = presentedBanner();
   ASSERT_EQ(differingParts(before, presentedBanner()), Parts{}) << "the setting has not changed yet";
   phone().set(GetParam().key, GetParam().value);

@@ -30,7 +30,7 @@ TEST(StartUp, InstallsTheHookTableInOrder) {
   }
 }
 
-TEST(StartUp, OnlyTheHooksOfMessagesHaveNoEffectInTheHomeScreen) {
+TEST(StartUp, OnlyTheHooksForTheMessagesAppHaveNoEffectInTheHomeScreen) {
   Phone phone;
   for (const Json& row : installedRows(phone))
     EXPECT_EQ(row.at("effective"), row.at("class") != "CKConversationListController") << row;

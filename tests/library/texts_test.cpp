@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TinyCase{nullptr, "Hi there", "Hi there"}, TinyCase{"John", nullptr, "*John*"},
                     TinyCase{"😀", "👍🏽", "*😀: *👍🏽"}));
 
-TEST(TinyBanner, WithoutTextsIsEmpty) {
+TEST(TinyBanner, IsEmptyWithoutTexts) {
   Phone phone = phoneWith({{"tinyBanner", true}});
   const int controller = phone.present();
   phone.wait(1);

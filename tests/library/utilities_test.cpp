@@ -39,7 +39,7 @@ TEST(Digest, CoversTheBytesBeforeTheFirstZero) {
   EXPECT_STREQ((objc::send<NSString*, "MD5String">(text.get())->UTF8String()), "900150983CD24FB0D6963F7D28E17F72");
 }
 
-TEST(Digest, OfNilIsNil) {
+TEST(Digest, IsNilForNil) {
   const Phone phone;
   EXPECT_EQ((objc::send<NSString*, "MD5String">(nullptr)), nullptr);
 }
@@ -104,7 +104,7 @@ TEST(TypeName, IsTheFirstMatchingKnownClass) {
   EXPECT_EQ(typeOf(objc::send<NSObject*, "UUID">(objc::lookUpClass<"NSUUID">())), "NSUUID");
 }
 
-TEST(TypeName, OfAnUnknownClassIsMarkedAsUndefined) {
+TEST(TypeName, IsMarkedAsUndefinedForAnUnknownClass) {
   const Phone phone;
   const auto view = UIView::withFrame<UIView>({});
   EXPECT_EQ(typeOf(view), "Undefined(UIView)");

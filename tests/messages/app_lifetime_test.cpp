@@ -110,7 +110,7 @@ TEST_F(MessagesProcess, EndsWhenTheHomeScreenIsKilled) {
   EXPECT_TRUE(eventually([app] { return !test::isRunning(app); }));
 }
 
-TEST_F(MessagesProcess, RunsOnceIfStartedSeveralTimesAtOnce) {
+TEST_F(MessagesProcess, OnlyOneRunsIfSeveralAreStartedAtOnce) {
   std::vector<std::unique_ptr<ChildProcess>> apps;
   apps.resize(5);
   for (auto& app : apps) app = std::make_unique<ChildProcess>(Texts{MESSAGES, "--suspended", "--root", root});
@@ -123,7 +123,7 @@ TEST_F(MessagesProcess, RunsOnceIfStartedSeveralTimesAtOnce) {
   EXPECT_TRUE(eventually([&] { return count([](const auto& app) { return app->hasSucceeded(); }) == 5; }));
 }
 
-TEST_F(MessagesProcess, StartedByHandFailsIfAnotherIsRunning) {
+TEST_F(MessagesProcess, FailsIfStartedManuallyWhileAnotherIsRunning) {
   ChildProcess first({MESSAGES, "--root", root});
   ASSERT_TRUE(eventually([&] { return appProcessOf(root) == first.process(); }));
   ChildProcess second({MESSAGES, "--root", root});
@@ -132,7 +132,7 @@ TEST_F(MessagesProcess, StartedByHandFailsIfAnotherIsRunning) {
   EXPECT_FALSE(first.hasEnded());
 }
 
-TEST_F(MessagesProcess, StartedByHandExitsOnTerminationSignal) {
+TEST_F(MessagesProcess, ExitsOnATerminationSignalIfStartedManually) {
   ChildProcess app({MESSAGES, "--root", root});
   ASSERT_TRUE(eventually([this] { return test::isReadyForRequests(root); }));
   kill(app.process(), SIGTERM);
@@ -140,7 +140,7 @@ TEST_F(MessagesProcess, StartedByHandExitsOnTerminationSignal) {
   EXPECT_TRUE(app.hasSucceeded());
 }
 
-TEST_F(MessagesProcess, StartedByHandReplacesAKilledApp) {
+TEST_F(MessagesProcess, ReplacesAKilledAppIfStartedManually) {
   ChildProcess first({MESSAGES, "--root", root});
   ASSERT_TRUE(eventually([this] { return test::isReadyForRequests(root); }));
   first.kill();

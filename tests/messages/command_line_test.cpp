@@ -43,7 +43,7 @@ TEST_F(MessagesProgram, ListsNoConversationsInAMissingRoot) {
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));
 }
 
-TEST_F(MessagesProgram, StartedSuspendedDoesNotCreateAMissingRoot) {
+TEST_F(MessagesProgram, DoesNotCreateAMissingRootIfStartedSuspended) {
   EXPECT_EQ(run("--suspended </dev/null").status, 2);
   EXPECT_TRUE(errors.contains("does not exist")) << errors.text();
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "root"));

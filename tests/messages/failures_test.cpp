@@ -45,7 +45,7 @@ bool isIntact(const fs::path& store) {
   return result == "ok";
 }
 
-TEST(MessagesKilled, BeforeAReplyIsRelaunched) {
+TEST(MessagesKilled, IsRelaunchedForTheNextReply) {
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   both.killApp();
@@ -54,7 +54,7 @@ TEST(MessagesKilled, BeforeAReplyIsRelaunched) {
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }
 
-TEST(MessagesKilled, WithAnUnhandledRequestLosesOnlyThatRequest) {
+TEST(MessagesKilled, LosesOnlyItsUnhandledRequest) {
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   kill(both.appProcess(), SIGSTOP);
@@ -65,7 +65,7 @@ TEST(MessagesKilled, WithAnUnhandledRequestLosesOnlyThatRequest) {
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }
 
-TEST(MessagesKilled, DuringManyRequestsLeavesAnIntactStoreWithTheFirstOfThem) {
+TEST(MessagesKilled, LeavesAnIntactStoreWithTheFirstOfManyRequests) {
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   Texts all;
@@ -84,7 +84,7 @@ TEST(MessagesKilled, DuringManyRequestsLeavesAnIntactStoreWithTheFirstOfThem) {
   EXPECT_TRUE(test::eventually([&] { return both.sent().back() == "after"; }));
 }
 
-TEST(MessagesKilled, AfterAReplyLeavesTheReplyInTheStore) {
+TEST(MessagesKilled, DoesNotLoseAStoredReply) {
   HomeScreenAndMessages both;
   both.reply("At one!");
   ASSERT_TRUE(both.waitForEvents("message", 1));
@@ -113,7 +113,7 @@ TEST(MessagesStopped, ReceivesPendingRequestsWhenItContinues) {
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }
 
-TEST(MessagesStopped, BeforeItAnswersDoesNotBlockTheHomeScreen) {
+TEST(MessagesStopped, DoesNotBlockAHomeScreenThatWaitsForItsAnswer) {
   const CapturedErrors errors;
   HomeScreenAndMessages both;
   ChildProcess app({MESSAGES, "--root", both.phone.root()});
@@ -129,7 +129,7 @@ TEST(MessagesStopped, BeforeItAnswersDoesNotBlockTheHomeScreen) {
   EXPECT_TRUE(test::eventually([&] { return both.sent() == Texts{"At one!"}; }));
 }
 
-TEST(NotificationDaemonKilled, BetweenRepliesIsRestarted) {
+TEST(NotificationDaemonKilled, IsRestartedForTheNextReply) {
   HomeScreenAndMessages both;
   both.reply("One");
   ASSERT_TRUE(both.waitForEvents("message", 1));
@@ -158,7 +158,7 @@ class ExclusiveLock {
   sqlite3* database_ = nullptr;
 };
 
-TEST(MessagesStore, LockedForLongByAnotherProcessLogsAnErrorAndDropsTheReply) {
+TEST(MessagesStore, DropsTheReplyAndLogsAnErrorIfItStaysLocked) {
   const CapturedErrors errors;
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
@@ -171,7 +171,7 @@ TEST(MessagesStore, LockedForLongByAnotherProcessLogsAnErrorAndDropsTheReply) {
   EXPECT_TRUE(both.sent().empty());
 }
 
-TEST(MessagesStore, OnAFullDiskLogsAnErrorAndDropsTheReply) {
+TEST(MessagesStore, DropsTheReplyAndLogsAnErrorIfTheDiskIsFull) {
   const CapturedErrors errors;
   HomeScreenAndMessages both;
   MountedDisk disk(messages::messagesFolder(both.phone.root()));
@@ -187,7 +187,7 @@ TEST(MessagesStore, OnAFullDiskLogsAnErrorAndDropsTheReply) {
   EXPECT_TRUE(isIntact(both.storePath()));
 }
 
-TEST(MessagesStore, OnAReadOnlyDiskPreventsTheAppFromStarting) {
+TEST(MessagesStore, PreventsTheAppFromStartingIfTheDiskIsReadOnly) {
   const CapturedErrors errors;
   HomeScreenAndMessages both;
   MountedDisk disk(messages::messagesFolder(both.phone.root()));
@@ -207,7 +207,7 @@ void damage(const fs::path& file) {
   stream.write(garbage.data(), static_cast<std::streamsize>(garbage.size()));
 }
 
-TEST(MessagesStore, ThatIsDamagedPreventsTheAppFromStartingUntilItIsRemoved) {
+TEST(MessagesStore, PreventsTheAppFromStartingIfItIsDamaged) {
   const CapturedErrors errors;
   HomeScreenAndMessages both;
   damage(both.storePath());
@@ -224,7 +224,7 @@ TEST(MessagesStore, ThatIsDamagedPreventsTheAppFromStartingUntilItIsRemoved) {
   EXPECT_EQ(both.sent(), Texts{"At one!"});
 }
 
-TEST(MessagesStore, DamagedWhileTheAppRunsLogsAnErrorAndKeepsTheAppRunning) {
+TEST(MessagesStore, DamageIsLoggedAndDoesNotEndTheRunningApp) {
   const CapturedErrors errors;
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
@@ -236,7 +236,7 @@ TEST(MessagesStore, DamagedWhileTheAppRunsLogsAnErrorAndKeepsTheAppRunning) {
   EXPECT_EQ(both.appProcess(), app);
 }
 
-TEST(MessagesStore, OfALaterVersionIsNotOpened) {
+TEST(MessagesStore, IsNotOpenedIfItHasALaterVersion) {
   const CapturedErrors errors;
   HomeScreenAndMessages both;
   sqlite3* database = nullptr;

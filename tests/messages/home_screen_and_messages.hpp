@@ -18,8 +18,8 @@ inline constexpr const char* readNotification = "com.lumetra.brim.markAsRead";
 inline constexpr const char* annasAddress = "+491701234567";
 inline constexpr const char* annasChat = "iMessage;-;+491701234567";
 
-// Runs the main run loop until the condition holds. Returns false if it does not hold within 90 seconds, a limit for
-// busy machines.
+// Runs the main run loop until the condition holds. Returns false on timeout, after 90 seconds, because the machine can
+// be busy.
 bool eventually(const std::function<bool()>& condition);
 
 bool isRunning(pid_t process);

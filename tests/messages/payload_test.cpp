@@ -78,7 +78,7 @@ const std::vector<Json>& malformedUserInfos() {
 
 class MalformedRequest : public testing::TestWithParam<const char*> {};
 
-TEST_P(MalformedRequest, IsIgnoredAndKeepsTheAppRunning) {
+TEST_P(MalformedRequest, IsIgnoredWithoutEndingTheApp) {
   HomeScreenAndMessages both({.options = {}, .settings = {{"messagesAutoReadMode", 1}}});
   ASSERT_TRUE(both.launch());
   const pid_t app = both.appProcess();
@@ -94,7 +94,7 @@ TEST_P(MalformedRequest, IsIgnoredAndKeepsTheAppRunning) {
 
 INSTANTIATE_TEST_SUITE_P(Names, MalformedRequest, testing::Values(test::replyNotification, test::readNotification));
 
-TEST(MalformedRequest, WithDataAndDateValuesIsIgnored) {
+TEST(MalformedRequest, IsIgnoredIfItContainsDataAndDateValues) {
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   {

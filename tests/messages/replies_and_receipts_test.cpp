@@ -159,7 +159,7 @@ TEST(MessagesReadMode, AChangeReachesTheRunningApp) {
   }));
 }
 
-TEST(MessagesRequest, DeliveredTwiceIsSentOnce) {
+TEST(MessagesRequest, IsSentOnceIfItIsDeliveredTwice) {
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   const Json request = {{"identifier", annasAddress}, {"body", "At one!"}, {"brimIdentifier", "abcdefgh"}};
@@ -187,7 +187,7 @@ TEST(MessagesRequest, IsHandledOnceEvenIfNoChatMatches) {
   EXPECT_TRUE(both.sent().empty());
 }
 
-TEST(MessagesRequest, WithoutABrimIdentifierIsAlwaysSent) {
+TEST(MessagesRequest, IsAlwaysSentIfItHasNoBrimIdentifier) {
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   both.postReply({{"identifier", annasAddress}, {"body", "one"}});
@@ -196,7 +196,7 @@ TEST(MessagesRequest, WithoutABrimIdentifierIsAlwaysSent) {
   EXPECT_EQ(both.sent(), (std::vector<std::string>{"one", "two"}));
 }
 
-TEST(MessagesRequest, ThousandRequestsAreEachSentOnceAndInOrder) {
+TEST(MessagesRequest, AThousandRequestsAreEachSentOnceAndInOrder) {
   HomeScreenAndMessages both;
   ASSERT_TRUE(both.launch());
   std::vector<std::string> expected;

@@ -22,7 +22,7 @@ std::set<unsigned> numbersIn(const std::string& output, Lines lines = Lines::Err
                                     lines);
 }
 
-TEST(CompilerErrors, ConcernTheInnermostMutantAtTheirPlace) {
+TEST(CompilerErrors, BelongToTheInnermostMutantAtTheirPosition) {
   EXPECT_THAT(numbersIn("/tree/build/mutants/switched/library/a.cpp:2:9: error: no member\n"), ElementsAre(2U));
   EXPECT_THAT(numbersIn("/tree/build/mutants/switched/library/a.cpp:2:4: error: no member\n"), ElementsAre(1U));
 }
@@ -31,11 +31,11 @@ TEST(CompilerErrors, CanHavePathsRelativeToTheWorkingFolder) {
   EXPECT_THAT(numbersIn("../mutants/switched/library/a.cpp:2:9: error: no member\n"), ElementsAre(2U));
 }
 
-TEST(CompilerErrors, OutsideOfMutantsConcernAllMutantsOfTheLine) {
+TEST(CompilerErrors, BelongToAllMutantsOfTheLineIfTheyAreOutsideOfMutants) {
   EXPECT_THAT(numbersIn("../mutants/switched/library/a.cpp:2:1: error: no member\n"), ElementsAre(1U, 2U));
 }
 
-TEST(CompilerErrors, InOtherFilesAreIgnored) {
+TEST(CompilerErrors, AreIgnoredInOtherFiles) {
   EXPECT_THAT(numbersIn("/tree/library/a.cpp:2:9: error: no member\n/usr/include/a.hpp:2:9: error: x\n"), IsEmpty());
 }
 

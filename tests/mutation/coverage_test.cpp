@@ -42,7 +42,7 @@ TEST_F(Coverage, ContainsTheLinesAndBranchesOfTheFolder) {
   EXPECT_EQ(file.takenBranches, 1U);
 }
 
-TEST_F(Coverage, WithoutCountersIsAnError) {
+TEST_F(Coverage, MissingCountersAreAnError) {
   EXPECT_THROW(mutation::readCoverage(folder_.path(), folder_.path(), "library/"), std::runtime_error);
 }
 

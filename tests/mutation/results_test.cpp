@@ -29,7 +29,7 @@ class Results : public testing::Test {
   const mutation::MutantKey key_ = {"a.cpp|f|x|y|0", "a.cpp|f", "a.cpp"};
 };
 
-TEST_F(Results, AreReadAgain) {
+TEST_F(Results, AreReadFromTheFileOfAnEarlierRun) {
   opened("1", "1", "1").append(key_, {State::SurvivedFirstTests, "", Outcome::Passed, 2, {"S.A", "S.B"}, {"S.C"}, 1.5});
   const ResultFile file = opened("1", "1", "1");
   ASSERT_THAT(file.find(key_.text), NotNull());
@@ -61,7 +61,7 @@ TEST_F(Results, AnInvalidKillStillNamesItsTest) {
   EXPECT_THAT(query.fileKills, ElementsAre(Pair("S.Killer", 1U)));
 }
 
-TEST_F(Results, OfOtherProcessesAreReadWithTheNextUpdate) {
+TEST_F(Results, IncludeThoseOfOtherProcessesAfterTheNextUpdate) {
   ResultFile reader = opened("1", "1", "1");
   opened("1", "1", "1").append(key_, {State::Survived, "", Outcome::Passed, 2});
   EXPECT_THAT(reader.find(key_.text), IsNull());

@@ -43,7 +43,7 @@ TEST(SwitchedSource, AReplacedReturnStaysInItsBranch) {
             "if (a) if (brimMutantIsOn(1)) return {}; else return b; else g();");
 }
 
-TEST(SwitchedSource, SwapsTwoTextsUnderOneNumber) {
+TEST(SwitchedSource, SwapsTwoTextsAsOneMutant) {
   EXPECT_EQ(written("f(a, b)", {mutantOf(Form::Expression, {{2, 3, "b"}, {5, 6, "a"}})}),
             "f((brimMutantIsOn(1) ? (b) : (a)), (brimMutantIsOn(1) ? (a) : (b)))");
 }
@@ -63,7 +63,7 @@ TEST(SwitchedSource, OmitsAMutantThatOverlapsPartlyWithAnother) {
   EXPECT_EQ(source.text, "(brimMutantIsOn(1) ? (x) : (abc))def");
 }
 
-TEST(SwitchedSource, FindsTheInnermostMutantAtAPlace) {
+TEST(SwitchedSource, FindsTheInnermostMutantAtAPosition) {
   const Mutant outer = mutantOf(Form::Expression, {{0, 5, "a > 5"}});
   const Mutant inner = mutantOf(Form::Expression, {{4, 5, "6"}});
   const mutation::SwitchedSource source = mutation::switchedSource("a < 5;", {{1, &outer}, {2, &inner}}, {});

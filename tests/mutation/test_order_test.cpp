@@ -45,7 +45,7 @@ TEST(TestOrder, TestsWhoseNameContainsWordsOfTheChangeAreBeforeKillersOfTheFunct
               ElementsAre("Rows/S.T/UILabel_numberOfLines", "S.A", "S.Label"));
 }
 
-TEST(TestOrder, WordsArePartsOfIdentifiersWithFiveLetters) {
+TEST(TestOrder, WordsArePartsOfIdentifiersWithAtLeastFiveLetters) {
   EXPECT_THAT(mutation::wordsOf("auto* five_ = clearEveryFlags(four, _label, x12345);"),
               ElementsAre("clear", "cleareveryflags", "every", "five_", "flags", "label"));
 }
@@ -57,7 +57,7 @@ TEST(TestOrder, PrefersTestsOfRelatedFunctionsThenOfTheFileThenSpecificThenFastT
               ElementsAre("S.Related", "S.File", "S.Fast", "S.Slow", "S.Large"));
 }
 
-TEST(TestOrder, AlternatesBetweenSuitesAfterTheSpecificTests) {
+TEST(TestOrder, TakesOneTestFromEachSuiteInTurnAfterTheSpecificTests) {
   std::vector<KnownTest> tests;
   for (int index = 0; index < 10; ++index) tests.push_back(known("Specific." + std::to_string(index), {1}));
   tests.push_back(known("First.Small", {1, 2}));

@@ -34,7 +34,8 @@ TEST_F(WorkerProcesses, AFailureIsAnError) {
                std::runtime_error);
 }
 
-// The processes would not end by themselves. The end of the pipe is reached when no process has it open for writing.
+// The processes would not end by themselves. A read reaches the end of the pipe when no process has it open for
+// writing.
 TEST_F(WorkerProcesses, EndWhenTheProgramIsInterrupted) {
   const pid_t parent = getpid();
   std::array<int, 2> ends;

@@ -34,7 +34,7 @@ TEST(CallingConvention, SkipsQualifiersAndOffsets) {
   EXPECT_EQ(convention.arguments[3], NarrowInteger::UnsignedByte);
 }
 
-TEST(CallingConvention, OfABlockHasOneHiddenArgument) {
+TEST(CallingConvention, BlockHasOneHiddenArgument) {
   EXPECT_EQ(callingConventionOf("v@?B").arguments[1], NarrowInteger::UnsignedByte);
 }
 
@@ -66,7 +66,7 @@ TEST(CallingConvention, FindsPackedArgumentsOnTheStack) {
   EXPECT_FALSE(callingConventionOf("v@:@@@@@B@d").packsStack);
 }
 
-TEST(CallingConvention, OfAnUnknownTypeIsUnknown) {
+TEST(CallingConvention, IsUnknownForAnUnknownType) {
   for (const char* encoding : {"v@:(Union=id)", "v@:b3", "v@:{Open=d", "v@:[4d]", "?"})
     EXPECT_FALSE(callingConventionOf(encoding).isKnown) << encoding;
   EXPECT_TRUE(callingConventionOf("v@:^?^{Open=d}@\"NSString\"").isKnown);
@@ -83,7 +83,7 @@ TEST(CallingConvention, ExtendsValuesToThirtyTwoBits) {
 
 // The compiler checks the messages that the code sends and the methods and blocks that it implements; see the callers
 // of isPassedAlike.
-TEST(CallingConvention, OfEveryHookedAndAddedMethodIsTheSameOnThePhoneAndOnLinux) {
+TEST(CallingConvention, IsTheSameOnThePhoneAndOnLinuxForEveryHookedAndAddedMethod) {
   for (const test::HookRow& row : test::hookRows) EXPECT_TRUE(objc::isPassedAlike(row.encoding)) << row.selector;
 }
 

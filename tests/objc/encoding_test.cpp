@@ -1,5 +1,5 @@
-// Type encodings, which objc/encoding.hpp computes from C++ signatures at compile time. Static assertions check the
-// encodings; the tests check how two encodings are compared.
+// Tests of type encodings, which objc/encoding.hpp computes from C++ signatures at compile time. Static assertions
+// check the encodings; the tests check the comparison of two encodings.
 #include "objc/encoding.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The environment of tests of code that needs the Objective-C runtime. Each test process has a temporary root and
+// The environment for tests of code that needs the Objective-C runtime. Each test process has a temporary root and
 // Foundation's classes. Each test whose fixture derives from RuntimeTest has an autorelease pool.
 #pragma once
 

@@ -52,7 +52,7 @@ TEST(Endpoints, AreReadFromTheAssetBundle) {
   EXPECT_EQ(phone.requestsOfMessengerAndDiscord(), expectedRequests("https://one.example", "http://two.example:81"));
 }
 
-TEST(Endpoints, OfTheBuildAreThePublicHosts) {
+TEST(Endpoints, AreThePublicHostsInTheBuild) {
   EndpointsPhone phone;
   fs::remove(phone.file());
   fs::copy_file(fs::path(BUILT_ENDPOINTS), phone.file());

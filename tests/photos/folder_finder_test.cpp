@@ -91,7 +91,7 @@ TEST_F(FolderFinderTest, ComparesWholeIdentifiers) {
   EXPECT_EQ(found(group), "(nil)");
 }
 
-TEST_F(FolderFinderTest, ReturnsTheFirstListedContainerOfEqualIdentifiers) {
+TEST_F(FolderFinderTest, ReturnsTheFirstListedContainerIfIdentifiersAreEqual) {
   for (const char* name : {"A1", "B2", "C3", "D4"}) makeContainer(containers, name, group);
   const std::string first = fs::directory_iterator(containers)->path().filename();
   EXPECT_EQ(found(group), "/var/mobile/Containers/Shared/AppGroup/" + first);

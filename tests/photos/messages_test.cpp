@@ -67,7 +67,7 @@ TEST(MessagesPhoto, IsShownAfterTheBannerHasAppeared) {
   EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{Color::Red});
   const auto request = objc::retain(test::controllerOf(1)->notificationRequest());
   phone.phone.wait(20);
-  // A command of the phone ends after the run-loop iteration, so this banner is presented directly.
+  // A script command returns only after the run-loop iteration, so this banner is presented directly.
   springboard::presentBanner(springboard::makeShortLookController(request));
   ASSERT_NE(test::containerOf(2), nullptr);
   EXPECT_EQ(phone.pictures.all(), Colors{Color::Red});
@@ -168,7 +168,7 @@ TEST(MessagesPhoto, UnreadableAddressBookHasNoContacts) {
   EXPECT_EQ(phone.picturesFor(byIdentifier("A-1")), Colors{}) << "with a file without vCards";
 }
 
-TEST(MessagesPhoto, NamesWithAnyCharactersAreCompared) {
+TEST(MessagesPhoto, NamesCanContainAnyCharacters) {
   MessagesPhone phone({{"A-1", "Zoë 🙂", {}, pictureBytes(Color::Red)}});
   EXPECT_EQ(phone.picturesFor(byDisplayText("Zoë 🙂")), Colors{Color::Red});
   for (const std::string& text :

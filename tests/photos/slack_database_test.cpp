@@ -1,5 +1,5 @@
-// Tests of reading the Slack database in each state that the application can cause, while it runs or after it has
-// ended.
+// Tests of reading the Slack database in each state in which the application can leave it, while it runs or after it
+// has ended.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -16,9 +16,9 @@ using test::SlackConnection;
 using test::SlackPhone;
 using test::Targets;
 
-// A second process that represents the Slack application and runs a function. The function receives a function
-// `waitForEnd`, which returns when this object is destroyed. The constructor returns when the second process has called
-// waitForEnd.
+// A second process that simulates the Slack application. It calls the given function with a function `waitForEnd` as
+// the argument. `waitForEnd` returns when this object is destroyed. The constructor returns when the second process has
+// called `waitForEnd`.
 class SlackProcess {
  public:
   template <class Function>

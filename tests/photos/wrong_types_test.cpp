@@ -71,7 +71,7 @@ class WrongTypes : public testing::Test {
   PhotoPhone phone;
 };
 
-TEST_F(WrongTypes, OfOneValueMeanNoPicture) {
+TEST_F(WrongTypes, InOneValueMeanNoPicture) {
   for (const Sample& sample : samples(phone)) {
     std::vector<std::string> paths;
     collectPaths(sample.userInfo, "", paths);

@@ -74,8 +74,8 @@ std::vector<std::string> cFunctions() {
 
 TEST(Bindings, SimulatorClassesImplementEveryMessage) {
   const test::Phone phone;
-  // Registers the classes of the Messages app too, because that process also loads the library, and the classes of the
-  // Settings application, which loads the settings pane.
+  // The process also registers the classes of the Messages app, which loads the library too, and those of the Settings
+  // application, which loads the settings pane.
   messages::registerClasses();
   settings_application::registerClasses();
   const std::vector<Binding> all = bindings();

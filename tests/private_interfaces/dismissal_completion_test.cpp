@@ -1,5 +1,5 @@
-// The completion of the platform's dismissal. Some systems call it without an argument, so its parameter has a random
-// value.
+// Tests of the completion of the platform's dismissal. Some system versions call it without an argument, so its
+// parameter has an arbitrary value.
 #include <gtest/gtest.h>
 
 #include "objc/block.hpp"
@@ -14,7 +14,7 @@ using test::Phone;
 
 class DismissalCompletion : public testing::TestWithParam<unsigned> {};
 
-TEST_P(DismissalCompletion, WithoutAnArgumentCountsAsUnfinished) {
+TEST_P(DismissalCompletion, CountsAsUnfinishedWithoutAnArgument) {
   test::completeDismissalsWith(GetParam());
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});
@@ -27,7 +27,7 @@ TEST_P(DismissalCompletion, WithoutAnArgumentCountsAsUnfinished) {
 
 INSTANTIATE_TEST_SUITE_P(RandomValues, DismissalCompletion, testing::Values(0U, 2U, 0x40U, 0xffU));
 
-TEST(DismissalCompletion, WithTrueCountsAsFinished) {
+TEST(DismissalCompletion, CountsAsFinishedIfItsArgumentIsTrue) {
   test::completeDismissalsWith(1);
   Phone phone;
   const int controller = phone.present({{"title", "Anna"}});

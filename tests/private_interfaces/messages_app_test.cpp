@@ -1,5 +1,6 @@
-// A Messages app in the test process that lacks one private interface receives a reply and marks its conversation as
-// read. The library must not send a message that its receiver does not have, and never sends an empty reply.
+// Tests of a Messages app, in the test process, that lacks one private interface. The app receives a reply and marks
+// its conversation as read. The library must not send a message to which the receiver does not respond, and must not
+// send an empty reply.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

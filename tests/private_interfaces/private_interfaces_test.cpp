@@ -1,5 +1,5 @@
-// Plays the life of a banner on phones that lack one private interface each. The library must not send a message that
-// its receiver does not have, and must never show an empty banner.
+// Tests of banners on phones that each lack one private interface. The library must not send a message to which the
+// receiver does not respond, and must not show an empty banner.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ test::Setup setupFor(const PrivateInterface& interface) {
   return setup;
 }
 
-// What a user sees of a notification: the library's banner, the system's banner, or an empty one.
+// Returns what the user sees of a notification: Brim's banner, the system's banner, or an empty one.
 std::string appearance(Phone& phone, int controller) {
   if (phone.state(controller).at("brim")) {
     const Json header = phone.view(controller, "headerLabel");

@@ -49,7 +49,7 @@ bool isMethodWithheld(Class examined, SEL selector) {
   return false;
 }
 
-// The definition that this program's definition replaces.
+// Returns the function that this program's function of the same name replaces.
 template <class Function>
 Function* next(const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));

@@ -1,5 +1,5 @@
-// Withholds an interface of the platform from the library: to the library, the process does not have it. The simulator
-// itself still uses it. A test process withholds at most one interface, before it starts the phone. Main thread.
+// Withholds an interface of the platform from the library, as if the process did not have it. The simulator itself
+// still uses it. A test process withholds at most one interface, before it starts the phone. Main thread.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ enum class App : std::uint8_t { HomeScreen, Messages };
 // The rows that the library uses in this app. Each row belongs to at least one app.
 std::vector<PrivateInterface> interfacesIn(App app);
 
-// Such as "-[NSData ic_md5]".
+// Returns a text such as "-[NSData ic_md5]".
 std::string descriptionOf(const PrivateInterface& interface);
 inline void PrintTo(const PrivateInterface& interface, std::ostream* stream) { *stream << descriptionOf(interface); }
 
@@ -48,11 +48,11 @@ void refuseToDefine(const char* className);
 // the register of the argument, and does nothing else.
 void completeDismissalsWith(unsigned value);
 
-// The data of which the library has computed MD5 digests itself.
+// The data for which the library itself has computed MD5 digests.
 const std::vector<std::string>& digestedData();
 
-// The messages that the library has sent although the receiver does not respond to them. On a phone, each of them ends
-// the process.
+// The messages that the library has sent although the receiver does not respond to them. On a phone, each of these
+// messages would end the process.
 const std::vector<std::string>& unrecognizedSelectors();
 
 }  // namespace test

@@ -12,7 +12,7 @@ namespace {
 using test::Json;
 using test::PlainPhone;
 
-TEST(Commands, PresentNumbersControllersFromOne) {
+TEST(Commands, PresentedControllersAreNumberedFromOne) {
   PlainPhone phone;
   EXPECT_EQ(phone.present(), 1);
   EXPECT_EQ(phone.present(), 2);

@@ -77,7 +77,7 @@ TEST_F(InstalledPhone, ReportsAMissingPlugin) {
   EXPECT_FALSE(fs::exists(folder.path() / "recording.webp"));
 }
 
-TEST_F(InstalledPhone, ShowsTheSameAsTheBuild) {
+TEST_F(InstalledPhone, ShowsTheSamePictureAsTheBuild) {
   const std::string picture = pictureOf(prefix() / "bin/springboard", "installation");
   EXPECT_FALSE(picture.empty());
   EXPECT_EQ(picture, pictureOf(SPRINGBOARD, "build"));
@@ -99,7 +99,7 @@ TEST_F(InstalledPhone, UsesNoFileOfTheBuild) {
   EXPECT_GT(links, 10);
 }
 
-TEST_F(InstalledPhone, HasThePartsOfTheBuild) {
+TEST_F(InstalledPhone, ContainsTheFilesOfTheBuild) {
   const base::Installation built = base::installation();
   for (const fs::path& part : {built.library, built.assetBundle, built.applications, built.messages,
                                built.demonstration, built.settingsPane}) {

@@ -127,7 +127,7 @@ runner::Options restarted(const runner::Options& options) {
   return std::get<runner::Options>(runner::parseOptions(arguments));
 }
 
-TEST(Options, OfALivePhoneAreTheSameAfterARestart) {
+TEST(Options, AreTheSameAfterARestartOfALivePhone) {
   runner::Options options;
   options.clock = foundation::ClockMode::Real;
   EXPECT_TRUE(restarted(options).root.empty());
@@ -160,7 +160,7 @@ TEST(IsoTime, IsParsedInEveryForm) {
   EXPECT_EQ(base::parseIsoTime("1969-12-31T23:59:59Z"), -1.0);
 }
 
-TEST(IsoTime, WithoutAnOffsetIsInTheLocalTimeZone) {
+TEST(IsoTime, IsInTheLocalTimeZoneWithoutAnOffset) {
   setenv("TZ", "UTC-3", 1);
   tzset();
   EXPECT_EQ(base::parseIsoTime("1970-01-01T03:00"), 0.0);

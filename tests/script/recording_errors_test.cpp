@@ -1,4 +1,4 @@
-// Errors and limits of the commands that record the screen.
+// Tests of the errors and limits of the commands that record the screen.
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -66,7 +66,7 @@ TEST_F(Recording, OnlyOneRunsAtATime) {
 }
 
 // On a live phone, other clients' commands are executed during `record`.
-TEST_F(Recording, OfRecordIsEndedOnlyByRecord) {
+TEST_F(Recording, StartedByRecordIsNotEndedByStopRecording) {
   std::string error;
   foundation::onMainThreadAfter(0.5, [&] { error = errorOf({{"do", "stoprecording"}}); });
   const Json answer = phone.run("record", {{"path", path().string()}, {"seconds", 1}});
@@ -80,7 +80,7 @@ TEST_F(Recording, CanLastAMinute) {
   EXPECT_DOUBLE_EQ(stop().at("seconds").get<double>(), 60);
 }
 
-TEST_F(Recording, ThatLastsLongerIsNotWritten) {
+TEST_F(Recording, IsNotWrittenIfItLastsLongerThanAMinute) {
   std::ofstream(path()) << "old";
   start();
   phone.wait(60.1);
@@ -110,7 +110,7 @@ TEST_F(Recording, FullDiskKeepsTheOldFile) {
   EXPECT_EQ(filesIn(folder()).size(), 1U);
 }
 
-TEST_F(Recording, FolderThatIsRemovedIsAnError) {
+TEST_F(Recording, RemovedFolderIsAnError) {
   start();
   phone.wait(0.1);
   fs::remove(folder());

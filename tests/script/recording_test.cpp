@@ -51,7 +51,7 @@ TEST_F(Recording, HasThirtyFramesASecondWhileTheScreenChanges) {
   EXPECT_DOUBLE_EQ(answer.at("seconds").get<double>(), 0.2);
 }
 
-TEST_F(Recording, EqualFramesExtendTheFirstOfThem) {
+TEST_F(Recording, EqualFramesExtendTheFirstOne) {
   start();
   phone.wait(0.5);
   phone.run("appearance", {{"style", "dark"}});
@@ -63,14 +63,14 @@ TEST_F(Recording, EqualFramesExtendTheFirstOfThem) {
   EXPECT_EQ(decode(path()).ends(), (std::vector<int>{533, 1500}));
 }
 
-TEST_F(Recording, OfAScreenThatDoesNotChangeIsAPicture) {
+TEST_F(Recording, IsAStillPictureIfTheScreenDoesNotChange) {
   phone.run("record", {{"path", path().string()}, {"seconds", 2}, {"quality", 100}});
   const Animation animation = decode(path());
   ASSERT_EQ(animation.frames.size(), 1U);
   EXPECT_EQ(difference(animation.frames[0], *screenshot()), 0);
 }
 
-TEST_F(Recording, IsExactWithTheMaximumQuality) {
+TEST_F(Recording, IsExactAtTheMaximumQuality) {
   std::map<int, std::shared_ptr<const drawing::Image>> screenshots;
   start({{"quality", 100}});
   phone.present();
@@ -86,7 +86,7 @@ TEST_F(Recording, IsExactWithTheMaximumQuality) {
   EXPECT_GT(difference(animation.frameAt(0), *screenshots[400]), 1);
 }
 
-TEST_F(Recording, IsCloseToTheScreenWithTheDefaultQuality) {
+TEST_F(Recording, ResemblesTheScreenAtTheDefaultQuality) {
   const int controller = phone.present();
   phone.wait(1);
   start();
@@ -101,7 +101,7 @@ TEST_F(Recording, IsCloseToTheScreenWithTheDefaultQuality) {
   EXPECT_LT(error, 1.5);
 }
 
-TEST_F(Recording, ShowsTheCommandsThatRunDuringIt) {
+TEST_F(Recording, ShowsTheEffectsOfCommandsThatRunMeanwhile) {
   start({{"quality", 100}});
   const int controller = phone.present();
   phone.wait(1);

@@ -156,7 +156,7 @@ TEST_F(SpringboardProgram, ExitsWithOneIfItsOutputCannotBeWritten) {
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "picture.png"));
 }
 
-// A file that the program opens must not receive the number of standard output.
+// A file that the program opens must not receive the descriptor number of standard output.
 TEST_F(SpringboardProgram, WritesNoAnswersIntoItsFilesIfStandardOutputIsClosed) {
   const Outcome outcome = run("--without-brim --script script <&- >&-", R"({"do":"log"})");
   EXPECT_EQ(outcome.status, 1);

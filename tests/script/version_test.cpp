@@ -1,4 +1,4 @@
-// The programs and the script ./brim print the version of the project.
+// Tests that the programs and the script ./brim print the version of the project.
 #include <gtest/gtest.h>
 
 #include <array>

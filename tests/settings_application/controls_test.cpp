@@ -1,4 +1,4 @@
-// Every setting of the settings pane has a working control in the Settings application.
+// Tests that every setting of the settings pane has a working control in the Settings application.
 #include <algorithm>
 #include <cstdlib>
 
@@ -82,7 +82,7 @@ TEST(SettingsControls, ShowTheStoredValues) {
   EXPECT_TRUE(phone.rowShows("containerColor", "Black"));
 }
 
-TEST(SettingsControls, ShowChangesFromOutside) {
+TEST(SettingsControls, ShowChangesMadeElsewhere) {
   SettingsPhone phone;
   phone.open();
   phone.phone.set("tinyBanner", true);
@@ -103,7 +103,7 @@ TEST(SettingsControls, ShowChangesByAnotherProcess) {
   EXPECT_EQ(phone.control("tinyBanner", "UISwitch").at("on"), Json(true));
 }
 
-TEST(SettingsControls, AnnounceAChange) {
+TEST(SettingsControls, PostANotificationAfterAChange) {
   SettingsPhone phone;
   phone.open();
   phone.phone.log();

@@ -1,4 +1,4 @@
-// Reading the contents of a page from specifiers, including specifiers that cannot work.
+// Tests of reading the contents of a page from specifiers, including invalid specifiers.
 #include "simulator/settings/page_contents.hpp"
 
 #include <gtest/gtest.h>
@@ -70,7 +70,7 @@ TEST_F(PageContents, AMissingListHasNoSections) {
   EXPECT_TRUE(domainsOf(nullptr).empty());
 }
 
-TEST_F(PageContents, RowsThatCannotWorkAreSkipped) {
+TEST_F(PageContents, InvalidRowsAreSkipped) {
   for (const Json& valid : {toggle, slider, list, button}) EXPECT_EQ(rowsOf(valid), 1U) << valid;
   for (const Json& invalid : {Json::object(), with(toggle, "cell", "PSUnknownCell"), with(toggle, "cell", 7),
                               with(toggle, "key", ""), with(toggle, "key", 5), with(toggle, "defaults", Json::array()),

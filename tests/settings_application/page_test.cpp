@@ -1,4 +1,5 @@
-// The page of the Settings application: opening and closing, scrolling, the list of values, languages and appearance.
+// Tests of the page of the Settings application: opening and closing, scrolling, the list of values, languages and
+// appearance.
 #include "tests/library/live_objects.hpp"
 #include "tests/settings_application/settings_phone.hpp"
 
@@ -37,7 +38,7 @@ void openAndClose(SettingsPhone& phone) {
   phone.open();
   phone.tapAt(middleOf(phone.row("containerColor")));
   phone.drag({187, 800}, 0, -200);
-  // The library retains the controller of the sample for the time until a banner dismisses itself.
+  // The library retains the sample's controller for the time after which a banner is dismissed automatically.
   phone.phone.wait(10);
 }
 

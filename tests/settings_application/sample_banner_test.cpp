@@ -1,4 +1,5 @@
-// The sample banner above the controls is a real banner that follows the settings and is isolated from presented ones.
+// Tests of the sample banner above the controls. It is a real banner that follows the settings and is isolated from
+// presented banners.
 #include "tests/settings_application/settings_phone.hpp"
 
 namespace {
@@ -9,7 +10,7 @@ using test::SettingsPhone;
 
 double height(const Json& node) { return node.at("frame").at(3); }
 
-TEST(SampleBanner, IsTheBannerOfTheLibraryAtThePlaceOfABanner) {
+TEST(SampleBanner, IsABannerOfTheLibraryAtTheUsualPosition) {
   SettingsPhone phone;
   phone.open();
   const Json sample = phone.sample();
@@ -30,7 +31,7 @@ TEST(SampleBanner, FollowsAControl) {
   EXPECT_EQ(phone.sample().value("cornerRadius", 0), 0);
 }
 
-TEST(SampleBanner, FollowsAChangeFromOutside) {
+TEST(SampleBanner, FollowsAChangeMadeElsewhere) {
   SettingsPhone phone;
   phone.open();
   const double before = height(phone.sample());
@@ -38,7 +39,7 @@ TEST(SampleBanner, FollowsAChangeFromOutside) {
   EXPECT_LT(height(phone.sample()), before);
 }
 
-TEST(SampleBanner, IsNoPresentedBanner) {
+TEST(SampleBanner, DoesNotCountAsAPresentedBanner) {
   SettingsPhone phone;
   phone.phone.log();
   phone.open();
@@ -59,7 +60,7 @@ TEST(SampleBanner, IgnoresTouches) {
   EXPECT_EQ(phone.sample(), before);
 }
 
-TEST(SampleBanner, StaysWhenPresentedBannersComeAndGo) {
+TEST(SampleBanner, RemainsWhenPresentedBannersAppearAndDisappear) {
   SettingsPhone phone({.options = {}, .settings = {{"timeToDismiss", 2}}});
   phone.open();
   const Json sample = phone.sample();

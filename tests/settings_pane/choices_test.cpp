@@ -1,4 +1,4 @@
-// The values of the lists have the effect in the library that their titles describe.
+// Tests that the values of the lists have the effects that their titles describe.
 #include <gtest/gtest.h>
 
 #include "library/settings/settings.hpp"
@@ -10,7 +10,7 @@ namespace {
 using test::Json;
 using test::OpenedPane;
 
-// The value of the list with this title, which is a key of the strings table.
+// Returns the value with this title in the list. The title is a key of the strings table.
 long valueOf(const std::string& key, const std::string& title) {
   for (const Json& item : test::paneSettings()) {
     if (item.at("key") != key) continue;

@@ -1,4 +1,4 @@
-// The class of the page, loaded from the bundle as the Settings application does.
+// Tests of the class of the page, which is loaded from the bundle as in the Settings application.
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -47,7 +47,7 @@ TEST(ListController, CreatesTheSpecifiersOnce) {
   EXPECT_EQ(objc::state(pane.controller.get()).specifiers.get(), specifiers);
 }
 
-// The platform does this to update the page.
+// The platform clears the specifiers to update the page.
 TEST(ListController, CreatesTheSpecifiersAgainAfterTheyWereCleared) {
   const OpenedPane pane;
   const objc::Ref<NSArray> previous = objc::retain(pane.controller->specifiers());
@@ -126,7 +126,7 @@ TEST(ListController, BrimReadsEachChangedSettingImmediately) {
   }
 }
 
-TEST(ListController, AnnouncesAChange) {
+TEST(ListController, PostsANotificationAfterAChange) {
   OpenedPane pane;
   postedNames(pane);
   change(pane.setting("tinyBanner"), NSNumber::numberWithBool(true));

@@ -1,4 +1,4 @@
-// The page's property list agrees with the list of settings and with the document.
+// Tests that the page's property list agrees with the list of settings and with the document.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ struct Setting {
 constexpr Setting setting(bool value) { return {true, value ? 1 : 0}; }
 constexpr Setting setting(NSInteger value) { return {false, value}; }
 
-// By key.
+// The settings of the library, by key.
 const std::map<std::string, Setting>& settings() {
   static const std::map<std::string, Setting> all = {
 #define BRIM_SETTING(type, variable, key, defaultValue) {key, setting(static_cast<type>(defaultValue))},
@@ -160,7 +160,7 @@ struct Documented {
   std::string control;
 };
 
-// By key.
+// The settings in the document, by key.
 std::map<std::string, Documented> documentedSettings() {
   std::ifstream stream(SETTINGS_DOCUMENT);
   const std::string text{std::istreambuf_iterator<char>(stream), {}};
@@ -177,7 +177,7 @@ std::string controlOf(const Json& item) {
   return item.at("min").dump() + " to " + item.at("max").dump() + (step == 1 ? "" : " by " + std::to_string(step));
 }
 
-TEST(PanePage, IsTheOneThatTheDocumentDescribes) {
+TEST(PanePage, AgreesWithTheDocument) {
   const auto documented = documentedSettings();
   EXPECT_EQ(documented.size(), settings().size());
   for (const Json& item : test::paneSettings()) {
@@ -186,7 +186,7 @@ TEST(PanePage, IsTheOneThatTheDocumentDescribes) {
   }
 }
 
-// The values that the document names, such as 1 and 2 of "1 left, 2 center".
+// Returns the values that the document names, such as 1 and 2 in "1 left, 2 center".
 std::vector<long> namedValues(const std::string& text) {
   static const std::regex value("(?:^|, )(\\d+) ");
   std::vector<long> values;
@@ -204,7 +204,7 @@ TEST(PanePage, ListsOfferTheDocumentedValues) {
   }
 }
 
-// The smallest documented value of a range, such as 1 of "1 or more".
+// Returns the smallest documented value of a range, such as 1 in "1 or more".
 long minValue(const std::string& text) {
   if (text == "any") return std::numeric_limits<long>::min();
   const std::vector<long> named = namedValues(text);

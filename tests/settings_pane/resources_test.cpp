@@ -1,4 +1,4 @@
-// The icon and the property lists that describe the bundle.
+// Tests of the icon and of the property lists that describe the bundle.
 #include <gtest/gtest.h>
 
 #include "tests/assets/png_image.hpp"

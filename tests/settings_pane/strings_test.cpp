@@ -1,4 +1,4 @@
-// The pane's texts in all languages.
+// Tests of the pane's texts in all languages.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -83,7 +83,7 @@ TEST(PaneStrings, NoTextIsLeftInEnglish) {
   EXPECT_THAT(untranslated, IsEmpty());
 }
 
-// Whether the UTF-8 text contains a character from first to last.
+// Returns whether the UTF-8 text contains a character from first to last.
 bool containsCharacter(const std::string& text, char16_t first, char16_t last) {
   const objc::AutoreleasePool pool;
   const NSString* const characters = base::stringOf(text);

@@ -65,7 +65,7 @@ TEST(Accessibility, LockScreenHidesTheHomeScreen) {
   EXPECT_EQ(elements[cells[0].parent].role, AccessibleRole::List);
 }
 
-TEST(Accessibility, IdentifierOfAViewStays) {
+TEST(Accessibility, ViewKeepsItsIdentifier) {
   PlainPhone phone;
   EXPECT_EQ(uikit::accessibleElements(), uikit::accessibleElements());
 }

@@ -10,7 +10,7 @@ using test::PlainPhone;
 
 constexpr int homeButton = 101;
 
-// Returns whether one of the views is a label with the text. The names of icons are no labels.
+// Returns whether one of the views is a label with the text. The names of icons are not labels.
 bool containsLabel(const Json& views, const std::string& text) {
   return std::ranges::any_of(views, [&text](const Json& view) {
     return (view.at("class") == "UILabel" && view.at("text") == text) || containsLabel(view.at("children"), text);
@@ -85,7 +85,7 @@ TEST(ApplicationPage, StaysOpenBehindTheLockScreen) {
   EXPECT_TRUE(shows(phone, "Calendar"));
 }
 
-TEST(ApplicationPage, LeavesTheBannersAboveIt) {
+TEST(ApplicationPage, AppearsBelowBanners) {
   PlainPhone phone;
   tapAt(phone, 57, 110);
   phone.present({{"title", "Anna"}});
@@ -104,7 +104,7 @@ TEST(LockScreenSwipe, Unlocks) {
   EXPECT_FALSE(PlainPhone::find(phone.run("tree").at("windows"), "class", "NCNotificationListView").is_null());
 }
 
-TEST(LockScreenSwipe, UnlocksNothingIfThePhoneIsLockedAgainMeanwhile) {
+TEST(LockScreenSwipe, DoesNotUnlockIfThePhoneIsLockedAgainMeanwhile) {
   PlainPhone phone;
   phone.run("lock");
   phone.run("drag", {{"at", {187, 800}}, {"by", {0, -200}}});

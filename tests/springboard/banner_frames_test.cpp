@@ -23,12 +23,12 @@ TEST(BannerFrames, ShowANewPictureInEachFrameOfTheSlides) {
   phone.wait(4);
   EXPECT_GE(frames.changed, 8);
   EXPECT_LE(frames.changed, 18);
-  // The request itself is presented, although the banner is still above the screen.
+  // The run-loop iteration of the request presents a frame, although the banner is still above the screen.
   EXPECT_LE(frames.unchanged, 1);
   phone.wait(10);
   EXPECT_GE(frames.changed, 16);
   EXPECT_LE(frames.changed, 36);
-  // The start of the departure, and the removal of the banner after it has left the screen.
+  // The additional frames are the start of the departure, and the removal of the banner after it has left the screen.
   EXPECT_LE(frames.unchanged, 3);
 }
 

@@ -1,4 +1,4 @@
-// Tests that a phone that runs for a long time stores a limited amount of data about past notifications.
+// Tests that the amount of data about past notifications is limited on a phone that runs for a long time.
 #include "objc/autorelease_pool.hpp"
 #include "simulator/drawing/canvas.hpp"
 #include "simulator/drawing/image.hpp"

@@ -57,7 +57,7 @@ TEST_F(ListGestures, ScrollsToTheLastNotification) {
   EXPECT_DOUBLE_EQ(topOf("Message 0"), last);
 }
 
-TEST_F(ListGestures, ReturnsToItsTop) {
+TEST_F(ListGestures, ScrollsBackToTheTop) {
   presentAndLock(20);
   const double first = topOf("Message 19");
   drag(187, 600, 0, -100);
@@ -65,7 +65,7 @@ TEST_F(ListGestures, ReturnsToItsTop) {
   EXPECT_DOUBLE_EQ(topOf("Message 19"), first);
 }
 
-TEST_F(ListGestures, MovesWithResistanceBeyondItsTop) {
+TEST_F(ListGestures, MovesWithResistanceBeyondTheTop) {
   presentAndLock(1);
   const double first = topOf("Message 0");
   phone.run("drag", {{"at", {187, 400}}, {"by", {0, 200}}, {"end", "hold"}});

@@ -84,7 +84,7 @@ TEST(LockScreen, UpdatesWithTheClock) {
   EXPECT_FALSE(PlainPhone::find(windows, "text", "9:43").is_null());
 }
 
-// Returns the relative luminance of a pixel, as the contrast of texts is defined.
+// Returns the relative luminance of a pixel, from which the contrast of a text is computed.
 double relativeLuminance(std::uint32_t pixel) {
   const auto linear = [pixel](int shift) { return std::pow((pixel >> shift & 0xFF) / 255.0, 2.2); };
   return 0.2126 * linear(16) + 0.7152 * linear(8) + 0.0722 * linear(0);

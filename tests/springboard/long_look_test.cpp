@@ -118,7 +118,7 @@ TEST_F(LongLook, CloseButtonExecutesTheCloseAction) {
   EXPECT_FALSE(isOpen());
 }
 
-TEST_F(LongLook, CloseButtonOnlyDismissesWithoutACloseAction) {
+TEST_F(LongLook, CloseButtonOnlyDismissesIfThereIsNoCloseAction) {
   const int controller = open();
   tapMiddle(view("NCLongLookCloseButton"));
   phone.wait(1);

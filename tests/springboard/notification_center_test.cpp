@@ -15,7 +15,7 @@ bool shows(PlainPhone& phone, const std::string& text) {
   return !PlainPhone::find(Json::array({list(phone)}), "text", text).is_null();
 }
 
-// The top of the sheet. The list is in the sheet's window, at a fixed distance below its top.
+// Returns the top of the list. The list is at a fixed distance below the top of the sheet.
 double topOfList(PlainPhone& phone) { return list(phone).at("frame")[1]; }
 
 void drag(PlainPhone& phone, double x, double y, double distance, const char* end = "release") {

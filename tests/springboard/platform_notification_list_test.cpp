@@ -187,7 +187,7 @@ TEST(Withdrawal, DismissesTheBanner) {
   EXPECT_TRUE(phone.isDismissed(controller));
 }
 
-TEST(Withdrawal, ByTheBulletinServerRemovesItsBulletin) {
+TEST(Withdrawal, RemovesTheBulletinThatTheServerWithdraws) {
   PlainPhone phone;
   const objc::AutoreleasePool pool;
   const auto server = objc::adopt(objc::send<BBServer*, "initWithQueue:">(objc::allocate<BBServer>(), __BBServerQueue));

@@ -26,7 +26,7 @@ class SmallTree : public testing::Test {
   test::TemporaryFolder folder_;
 };
 
-TEST(Layers, OfThisTreeAreDeclaredWithoutCycles) {
+TEST(Layers, DeclarationsOfThisTreeHaveNoCycles) {
   EXPECT_THAT(test::invalidDeclarations(test::readLayers(LAYERS_FILE)), IsEmpty());
 }
 
@@ -46,7 +46,7 @@ TEST_F(SmallTree, AnIncludeOfALowerLayerIsAllowed) {
   EXPECT_THAT(violations({{"high", {"code/high"}, {"low"}}, {"low", {"code/low"}, {}}}), IsEmpty());
 }
 
-TEST_F(SmallTree, AnIncludeThroughALayerBetweenIsAllowed) {
+TEST_F(SmallTree, AnIncludeOfALayerFurtherBelowIsAllowed) {
   write("code/high/a.cpp", "#include \"code/low/b.hpp\"\n");
   EXPECT_THAT(
       violations(
@@ -77,12 +77,12 @@ TEST_F(SmallTree, AnIncludeOfAFolderWithoutALayerIsReported) {
               ElementsAre("code/a/a.cpp:1: includes code/other/b.hpp, which belongs to no layer"));
 }
 
-TEST(Layers, ThatDependOnThemselvesAreInvalid) {
+TEST(Layers, AreInvalidIfTheyDependOnThemselves) {
   EXPECT_THAT(test::invalidDeclarations({{"a", {"a"}, {"b"}}, {"b", {"b"}, {"a"}}}),
               ElementsAre("a depends on itself", "b depends on itself"));
 }
 
-TEST(Layers, ThatDependOnAnUndeclaredLayerAreInvalid) {
+TEST(Layers, AreInvalidIfTheyDependOnAnUndeclaredLayer) {
   EXPECT_THAT(test::invalidDeclarations({{"a", {"a"}, {"b"}}}),
               ElementsAre("a depends on b, which is not declared as a layer"));
 }

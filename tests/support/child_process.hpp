@@ -26,7 +26,7 @@ class ChildProcess {
   // Returns whether the program has exited with status 0. Returns false while the program still runs.
   bool hasSucceeded();
   bool hasEnded();
-  // Returns the exit status, or -1 while the program runs and if a signal has ended it.
+  // Returns the exit status. Returns -1 while the program is running, or if a signal has ended it.
   int exitStatus();
   pid_t process() const { return child_; }
 

@@ -28,7 +28,8 @@ bool sendAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
-// Receives the request line and the headers. Returns nullopt if the client closes the connection before the empty line.
+// Receives the request line and the headers. Returns nullopt if the client closes the connection before the headers
+// end.
 std::optional<std::string> receiveHead(int descriptor) {
   std::string received;
   char buffer[4096];

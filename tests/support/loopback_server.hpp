@@ -30,7 +30,7 @@ enum class Timing {
 struct Response {
   int status = 200;
   std::string body = {};
-  // Sent in addition to Content-Length and Connection.
+  // The server sends these headers in addition to Content-Length and Connection.
   Headers headers = {};
   Delivery delivery = Delivery::Whole;
   Timing timing = Timing::AtOnce;

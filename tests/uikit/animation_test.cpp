@@ -205,7 +205,7 @@ TEST_F(Animation, UnanimatedChangeKeepsTheRunningAnimation) {
   EXPECT_EQ(shownFrame(view).origin.x, 200);
 }
 
-TEST_F(Animation, SkipsTheFramesInWhichTheViewIsOutsideTheScreen) {
+TEST_F(Animation, FramesAreSkippedWhileTheViewIsOutsideTheScreen) {
   CGColor red = {{1, 0, 0, 1}};
   view->layer()->setBackgroundColor(&red);
   view->setFrame({{0, -200}, {100, 100}});
@@ -218,7 +218,7 @@ TEST_F(Animation, SkipsTheFramesInWhichTheViewIsOutsideTheScreen) {
   EXPECT_EQ(takeLog(), Log{"slide finished"});
 }
 
-TEST_F(Animation, SkipsNothingOfAViewThatStaysOutsideTheScreen) {
+TEST_F(Animation, SkipsNoFramesOfAViewThatStaysOutsideTheScreen) {
   view->setFrame({{0, -300}, {100, 100}});
   UIView::animate(1, objc::block([this] { view->setFrame({{0, -200}, {100, 100}}); }));
   uikit::skipInvisibleFrames(view);

@@ -45,7 +45,7 @@ TEST_F(DisplayLink, PresentsAChangeInTheSameRunLoopIteration) {
   EXPECT_EQ(times, std::vector<double>{1.005});
 }
 
-TEST_F(DisplayLink, PresentsOnceInAFrame) {
+TEST_F(DisplayLink, PresentsAtMostOncePerFrame) {
   for (int change = 0; change < 4; ++change) {
     view->setFrame({{10.0 * (change + 1), 0}, {100, 100}});
     foundation::stepClock(0.004);
@@ -103,7 +103,7 @@ TEST_F(DisplayLink, PresentsTheFramesFromTheFirstVisiblePixel) {
   EXPECT_EQ(times.back(), 3);
 }
 
-TEST_F(DisplayLink, PresentsAnimationThatBecomesVisibleByAnotherChange) {
+TEST_F(DisplayLink, PresentsAnAnimationThatAnotherChangeMakesVisible) {
   view->setFrame({{0, -400}, {100, 100}});
   foundation::stepClock(1);
   times.clear();

@@ -75,7 +75,7 @@ TEST_F(Geometry, FlexibleSizeFollowsTheSuperview) {
             (CGRect{{10, 10}, {130, 50}}));
 }
 
-TEST_F(Geometry, FlexibleSizeGrowsFromNothing) {
+TEST_F(Geometry, FlexibleSizeGrowsFromZero) {
   EXPECT_EQ(resizedFrame(UIViewAutoresizingFlexibleSize, {}, {}, {150, 70}), (CGRect{{}, {150, 70}}));
 }
 

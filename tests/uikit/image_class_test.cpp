@@ -87,7 +87,7 @@ TEST_F(Images, InvalidDataGivesNil) {
   EXPECT_EQ(UIImage::withData(NSData::dataWithBytes("", 0)).get(), nullptr);
 }
 
-TEST_F(Images, WithoutPixelsAreEmpty) {
+TEST_F(Images, AreEmptyIfTheyHaveNoPixels) {
   const auto image = objc::make<UIImage>();
   EXPECT_EQ(image->size(), CGSize{});
   EXPECT_EQ(UIImageJPEGRepresentation(image, 1), nullptr);

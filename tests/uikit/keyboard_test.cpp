@@ -196,7 +196,7 @@ TEST_F(Keyboard, CharactersHaveOneFontSize) {
   EXPECT_GT(*sizes.begin(), 0);
 }
 
-TEST_F(Keyboard, AnnouncesItsFrame) {
+TEST_F(Keyboard, PostsNotificationsOfItsFrame) {
   std::vector<double> tops;
   const AnnouncedFrames announced(tops);
   edit();

@@ -22,7 +22,7 @@ std::vector<int> extents(const drawing::RegionHandle& region) {
 
 const std::vector<int> none = {0, 0, 0, 0};
 
-// The main screen, and a small, dense screen with a transparent ground.
+// The main screen, and a small screen with a high pixel density and a transparent background.
 class Screen : public UIKitTest {
  public:
   Screen() {

@@ -143,7 +143,7 @@ TEST_F(ScrollViews, DoNotMoveAfterTheFingerHasRested) {
   EXPECT_EQ(view->contentOffset(), 50);
 }
 
-TEST_F(ScrollViews, ATouchStopsTheMotionAndOperatesNoSubview) {
+TEST_F(ScrollViews, ATouchStopsTheMotionWithoutOperatingASubview) {
   flick();
   foundation::stepClock(0.1);
   const CGFloat offset = view->contentOffset();

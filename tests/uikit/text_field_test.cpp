@@ -452,7 +452,7 @@ TEST_F(MarkedText, IsClampedAndCleaned) {
   EXPECT_EQ(shown(), "a\uFFFD");
 }
 
-// Spaces have no ink. The text is white and the caret is blue.
+// The marked text is spaces, so only its line is drawn, in white. The caret is blue.
 TEST_F(MarkedText, IsUnderlined) {
   const auto inkOfLine = [] {
     const auto screen = uikit::renderScreen(1);

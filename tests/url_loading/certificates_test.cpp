@@ -80,12 +80,12 @@ class Certificates : public UrlLoadingTest {
   }
 };
 
-TEST_F(Certificates, OfUnknownAuthoritiesAreRejected) {
+TEST_F(Certificates, AreRejectedIfTheirAuthorityIsUnknown) {
   const SecureServer secureServer("IP:127.0.0.1");
   EXPECT_EQ(load(secureServer.address()).error, UrlError::CertificateUntrusted);
 }
 
-TEST_F(Certificates, OfAuthoritiesInThePhonesRootAreTrusted) {
+TEST_F(Certificates, AreTrustedIfTheirAuthorityIsInThePhonesRoot) {
   const SecureServer secureServer("IP:127.0.0.1");
   trust(secureServer.certificate());
   const LoadResult result = load(secureServer.address());
@@ -93,7 +93,7 @@ TEST_F(Certificates, OfAuthoritiesInThePhonesRootAreTrusted) {
   EXPECT_EQ(result.status, 200);
 }
 
-TEST_F(Certificates, OfOtherHostsAreRejected) {
+TEST_F(Certificates, AreRejectedIfTheyBelongToAnotherHost) {
   const SecureServer secureServer("DNS:elsewhere.example");
   trust(secureServer.certificate());
   EXPECT_EQ(load(secureServer.address()).error, UrlError::CertificateUntrusted);

@@ -26,7 +26,7 @@ NSURLSessionDataTask* makeTask(NSURLRequest* request, const objc::BlockRef<NSURL
   return NSURLSession::sharedSession()->dataTask(request, completion);
 }
 
-TEST_F(Completions, OfASessionRunOnAnotherThread) {
+TEST_F(Completions, RunOnAnotherThreadInASession) {
   server.answer("/page", {.body = "text"});
   CompletionSignal done;
   LoadResult result;
@@ -44,7 +44,7 @@ TEST_F(Completions, OfASessionRunOnAnotherThread) {
   EXPECT_EQ(result.body, "text");
 }
 
-TEST_F(Completions, OfASessionRunOneAfterTheOther) {
+TEST_F(Completions, RunOneAfterTheOtherInASession) {
   constexpr int count = 20;
   server.answer("/", {.body = "x"});
   CompletionSignal done;
@@ -64,7 +64,7 @@ TEST_F(Completions, OfASessionRunOneAfterTheOther) {
   EXPECT_FALSE(hasOverlapped);
 }
 
-TEST_F(Completions, OfATaskRunOnceAndOnlyAfterItIsResumed) {
+TEST_F(Completions, RunOnceAndOnlyAfterTheirTaskIsResumed) {
   server.answer("/", {.body = "x"});
   std::atomic<int> calls = 0;
   NSURLSessionDataTask* const task =
@@ -77,7 +77,7 @@ TEST_F(Completions, OfATaskRunOnceAndOnlyAfterItIsResumed) {
   EXPECT_EQ(server.requests().size(), 1u);
 }
 
-TEST_F(Completions, OfAConnectionRunOnTheMainThread) {
+TEST_F(Completions, RunOnTheMainThreadForTheMainQueue) {
   bool onMainThread = false;
   NSURLConnection::sendAsynchronousRequest(
       request(server.address("/")), NSOperationQueue::mainQueue(),
@@ -86,7 +86,7 @@ TEST_F(Completions, OfAConnectionRunOnTheMainThread) {
   EXPECT_TRUE(onMainThread);
 }
 
-TEST_F(Completions, OfAConnectionRunOnTheGivenQueue) {
+TEST_F(Completions, RunOnTheQueueGivenToTheConnection) {
   const auto queue = objc::make<NSOperationQueue>();
   CompletionSignal done;
   std::atomic<bool> onMainThread = true;
@@ -119,7 +119,7 @@ TEST_F(Completions, ReleaseTheirCaptures) {
   EXPECT_TRUE(runUntil([&] { return objc::send<NSUInteger, "retainCount">(captured.get()) == 1; }));
 }
 
-TEST_F(Completions, OnASteppedClockRunOnlyWhileRealTimePasses) {
+TEST_F(Completions, RunOnlyWhileRealTimePassesOnASteppedClock) {
   foundation::useClock(foundation::ClockMode::Stepped, 0);
   server.answer("/", {.body = "x"});
   bool called = false;
@@ -140,7 +140,7 @@ TEST_F(Completions, OnASteppedClockRunOnlyWhileRealTimePasses) {
   EXPECT_TRUE(called);
 }
 
-TEST_F(Completions, OfManyConcurrentRequestsAllRun) {
+TEST_F(Completions, AllRunForManyConcurrentRequests) {
   constexpr std::size_t count = 200;
   server.answer("/", {.body = std::string(10'000, 'x')});
   std::size_t complete = 0;
@@ -205,7 +205,7 @@ void exitWithPendingRequests(const LoopbackServer& server, NSURLRequest* (*reque
   std::exit(0);
 }
 
-TEST_F(Completions, OfPendingRequestsDoNotPreventTheProcessFromExiting) {
+TEST_F(Completions, PendingOnesDoNotPreventTheProcessFromExiting) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   server.answer("/", {.timing = Timing::WhenReleased});
   server.answer("/at-once", {.body = "x"});

@@ -48,25 +48,25 @@ TEST_F(Compression, IsDecoded) {
             "brim");
 }
 
-TEST_F(Compression, ThatIsCorruptIsAnError) {
+TEST_F(Compression, CorruptDataIsAnError) {
   std::string broken = compressed(text, Format::Gzip);
   for (std::size_t index = 10; index < broken.size(); ++index) broken[index] = '\x55';
   EXPECT_EQ(loadResponse(encoded(broken, "gzip")).error, UrlError::CannotDecodeBody);
   EXPECT_EQ(loadResponse(encoded("no gzip", "gzip")).error, UrlError::CannotDecodeBody);
 }
 
-TEST_F(Compression, OfABodyAboveTheLimitIsAnError) {
+TEST_F(Compression, BodyAboveTheLimitIsAnError) {
   const std::string bomb = compressed(std::string(url_loading::maxBodyBytes + 1, '\0'), Format::Gzip);
   ASSERT_LT(bomb.size(), 50'000u);
   EXPECT_EQ(loadResponse(encoded(bomb, "gzip")).error, UrlError::BodyTooLong);
 }
 
-TEST_F(Compression, OfABodyAtTheLimitIsDecoded) {
+TEST_F(Compression, BodyAtTheLimitIsDecoded) {
   const std::string largest = compressed(std::string(url_loading::maxBodyBytes, '\0'), Format::Gzip);
   EXPECT_EQ(loadResponse(encoded(largest, "gzip")).body.value_or("").size(), url_loading::maxBodyBytes);
 }
 
-TEST_F(Compression, AppliedTooManyTimesIsAnError) {
+TEST_F(Compression, TooManyEncodingsAreAnError) {
   std::string encodings = "gzip";
   for (int count = 0; count < 100; ++count) encodings += ", gzip";
   EXPECT_EQ(loadResponse(encoded(compressed(text, Format::Gzip), encodings)).error, UrlError::CannotDecodeBody);

@@ -1,4 +1,4 @@
-// A desktop session with an accessibility bus, and a client of that bus, as a screen reader is.
+// A desktop session with an accessibility bus, and a client that uses the bus as a screen reader does.
 #pragma once
 
 #include <atspi/atspi.h>
@@ -26,14 +26,15 @@ class AccessibleDesktop {
   AccessibleDesktop& operator=(const AccessibleDesktop&) = delete;
   ~AccessibleDesktop();
 
-  // Tells the session that assistive technologies are in use, and connects to the accessibility bus, which starts it.
+  // Reports to the session that assistive technologies are in use, and connects to the accessibility bus, which starts
+  // the bus.
   void enable();
   // Returns whether a program has started the accessibility bus.
   bool hasAccessibilityBus() const;
 
   // Returns the phone's accessible object with this role and name. Null if there is none.
   static Accessible find(AtspiRole role, const std::string& name);
-  // Returns whether such an object appears within some seconds.
+  // Returns whether an object with this role and name appears within a few seconds.
   static bool appears(AtspiRole role, const std::string& name);
   // Performs the action with this name. Returns false if the object has no such action.
   static bool perform(const Accessible& accessible, const std::string& action);

@@ -25,7 +25,7 @@ Elements grid() {
   return {makeElement(1, {0, 0}), makeElement(2, {50, 0}), makeElement(3, {0, 50}), makeElement(4, {50, 50})};
 }
 
-TEST(FocusRing, NextAndPreviousFollowTheListAndContinueAtItsOtherEnd) {
+TEST(FocusRing, NextAndPreviousFollowTheListAndWrapAround) {
   FocusRing ring;
   for (const std::uint64_t expected : {1U, 2U, 3U, 4U, 1U}) {
     ring.move(grid(), FocusMove::Next);

@@ -17,7 +17,7 @@ using nlohmann::json;
 using test::eventually;
 using test::WindowPhone;
 
-// The process of an input method, which the phones use that are started afterwards.
+// The process of an input method. Phones that are started afterwards use it.
 class InputMethod {
  public:
   InputMethod() {

@@ -24,7 +24,7 @@ std::vector<std::string> deviceNames() {
 
 INSTANTIATE_TEST_SUITE_P(Devices, Layout, testing::ValuesIn(deviceNames()));
 
-// Windows that are too wide, too high, small, large and of the proportions of a phone.
+// Window sizes: too wide, too tall, small, large, and with the proportions of a phone.
 constexpr int sizes[][2] = {{1500, 700}, {400, 1300}, {200, 300}, {3000, 2500}, {471, 908}};
 
 TEST_P(Layout, KeepsTheProportionsOfTheScreen) {

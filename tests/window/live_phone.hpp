@@ -11,7 +11,7 @@
 
 namespace test {
 
-// Returns whether the condition becomes true within the time.
+// Returns whether the condition becomes true within the time limit.
 bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit = std::chrono::seconds(30));
 
 // A connection over which the phone executes commands in order.
@@ -19,7 +19,7 @@ class CommandConnection {
  public:
   // Waits until the phone on this root accepts commands. Throws std::runtime_error if it does not.
   explicit CommandConnection(const std::filesystem::path& root);
-  // Sends lines, each of them a command.
+  // Sends lines. Each line is a command.
   void send(const std::string& lines) const;
   // Waits for the next answer.
   nlohmann::json receive();

@@ -88,7 +88,7 @@ PageConnection::PageConnection(const std::string& page, const RequestHeaders& he
     client->status_ = soup_message_get_status(client->message_.get());
     client->isAnswered_ = true;
     if (client->connection_ == nullptr) return;
-    // Frames are larger than the default limit.
+    // Messages with frames exceed the default size limit.
     soup_websocket_connection_set_max_incoming_payload_size(client->connection_, 0);
     const auto received = +[](SoupWebsocketConnection*, int type, GBytes* content, PageConnection* receiver) {
       receiver->receive(static_cast<SoupWebsocketDataType>(type), content);

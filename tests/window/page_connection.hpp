@@ -23,7 +23,7 @@ struct Response {
   std::map<std::string, std::string> headers;
 };
 
-// The headers of a request. An empty text is the header that a browser sends for the page itself.
+// The headers of a request. An empty text selects the header that a browser sends for the page itself.
 struct RequestHeaders {
   std::string host = {};
   std::string origin = {};
@@ -41,10 +41,9 @@ class PageConnection {
                           const char* protocol = "brim-phone");
   PageConnection(const PageConnection&) = delete;
   PageConnection& operator=(const PageConnection&) = delete;
-  // Closes the connection.
   ~PageConnection();
 
-  // The HTTP status of the answer to the request of the connection.
+  // The HTTP status of the server's response to the connection request.
   unsigned status() const { return status_; }
   bool isOpen() const;
   // The code with which the server has closed the connection, or 0 while it is open.
@@ -53,12 +52,12 @@ class PageConnection {
   void send(const nlohmann::json& message) { sendText(message.dump()); }
   void sendText(const std::string& text);
   void sendBinary(const std::string& bytes);
-  // Asks for a picture that fits into this page, and waits for it.
+  // Requests a picture that fits into a page of this size, and waits for it.
   void show(int width, int height);
-  // Sends a touch at a position of the picture, in pixels.
+  // Sends a touch at the point (x, y) of the picture. The coordinates are in pixels.
   void touch(const char* phase, double x, double y);
 
-  // Receives messages until the condition is true. Returns false if it stays false.
+  // Receives messages until the condition is true. Returns false on timeout.
   bool until(const std::function<bool()>& condition);
 
   void setAcknowledgement(Acknowledgement mode);

@@ -66,7 +66,7 @@ pid_t startServer(int displayDescriptor) {
 
 VirtualDisplay::VirtualDisplay() {
   int ends[2];
-  // The descriptors must not have the number 3, because its copy would then be closed when the server starts.
+  // The descriptors must not have the number 3: startServer() would then close the copy that the server receives.
   if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
   const foundation::FileDescriptor reading(ends[0]);
   {

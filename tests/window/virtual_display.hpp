@@ -34,7 +34,6 @@ class VirtualDisplay {
   // Returns the visible window with this title, or 0 if there is none.
   Window findWindow(const std::string& title) const;
   WindowSize sizeOf(Window window) const;
-  // Returns the name of the window's class.
   std::string classOf(Window window) const;
   // Returns whether the window has a square icon with this side.
   bool hasIcon(Window window, unsigned long side) const;
@@ -48,8 +47,8 @@ class VirtualDisplay {
   Window focusedWindow() const;
   // Opens an empty window in a corner of the display.
   Window openOtherWindow() const;
-  // Makes the text the contents of the clipboard until a program has requested it once. Returns whether a program has
-  // requested it within the time. `afterwards` is called when the text is available.
+  // Puts the text on the clipboard until a program requests it. Returns whether a program has requested it within the
+  // time limit. Calls `afterwards` when the text is available.
   bool offerText(const std::string& text, const std::function<void()>& afterwards) const;
   // Sends input events with xdotool. `events` are its arguments.
   void send(const std::string& events) const;

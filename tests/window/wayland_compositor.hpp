@@ -1,5 +1,5 @@
 // A Wayland compositor in a window of the X server that DISPLAY selects. It shows the window of each client without
-// decorations in its whole window. The mouse and the keyboard of the X server operate it.
+// decorations, enlarged to its whole window. Its input devices are the mouse and the keyboard of the X server.
 #pragma once
 
 #include "tests/support/child_process.hpp"
@@ -13,7 +13,7 @@ class WaylandCompositor {
   static constexpr const char* title = "Weston Compositor - screen0";
 
   // Starts the compositor, waits until it accepts clients, and sets the environment variables that select it. `scale`
-  // is the number of pixels in a unit of its clients. Throws std::runtime_error if the compositor does not start.
+  // is the number of pixels per logical pixel. Throws std::runtime_error if the compositor does not start.
   explicit WaylandCompositor(int scale);
 
  private:

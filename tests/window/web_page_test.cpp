@@ -72,7 +72,7 @@ class PagePhone {
   bool showsText(const std::string& text) const { return test::showsText(root_, text); }
   json state(int controller) const { return tell({{"do", "state"}, {"controller", controller}}); }
 
-  // Presents a banner that stays, and returns its controller.
+  // Presents a banner that is not dismissed automatically, and returns its controller.
   int showBanner() const {
     const json answer = tell({{"do", "present"},
                               {"section", "com.apple.MobileSMS"},
@@ -191,7 +191,7 @@ TEST_F(WebPage, OnlyAcceptsConnectionsOfItsOwnOrigin) {
     EXPECT_EQ(PageConnection(phone.page(), {.origin = origin}).status(), 403U) << origin;
   EXPECT_FALSE(PageConnection(phone.page(), {}, "connection", "chat").isOpen());
   EXPECT_TRUE(PageConnection(phone.page()).isOpen());
-  // The page of a forwarded port.
+  // The page is accessed through a forwarded port.
   EXPECT_TRUE(PageConnection(phone.page(), {.host = "localhost:9000", .origin = "http://localhost:9000"}).isOpen());
 }
 
@@ -203,7 +203,7 @@ TEST_F(WebPage, HasItsOwnAddressForEachPhone) {
   EXPECT_TRUE(PageConnection(second.page()).isOpen());
 }
 
-TEST_F(WebPage, TokenOfARootStaysAndIsSecret) {
+TEST_F(WebPage, TokenOfARootIsPersistentAndSecret) {
   const auto tokenOf = [](const PagePhone& phone) { return phone.page().substr(phone.server().size()); };
   const fs::path file = root() / "var/run/page.token";
   std::string token;
@@ -381,7 +381,7 @@ TEST_F(WebPage, SlowPageReceivesTheLatestPictureLater) {
   EXPECT_LE(slow.received(), received + 4);
 }
 
-TEST_F(WebPage, ReceivesNothingWhileTheScreenDoesNotChange) {
+TEST_F(WebPage, ReceivesNothingWhileThePhoneIsIdle) {
   const PagePhone phone(root());
   PageConnection page(phone.page());
   page.show(pageWidth, pageHeight);
@@ -391,10 +391,10 @@ TEST_F(WebPage, ReceivesNothingWhileTheScreenDoesNotChange) {
     phone.tell({{"do", "wait"}, {"seconds", 0.05}});
     page.until([] { return true; });
   }
-  // The next text is sent in order, after all frames.
+  // The next text message is sent in order, after all pending frames.
   page.send({{"do", "key"}, {"name", "next"}});
   ASSERT_TRUE(page.until([&] { return page.values().contains("ring"); }));
-  // The clocks of the phone can change once.
+  // The minute on the phone's clocks can change once.
   EXPECT_LE(page.received(), received + 2);
 }
 

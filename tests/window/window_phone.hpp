@@ -16,7 +16,7 @@
 
 namespace test {
 
-// The number of pixels in a unit of a Wayland compositor.
+// The number of pixels per logical pixel of a Wayland compositor.
 struct WaylandScale {
   int pixels;
 };
@@ -31,7 +31,6 @@ class WindowPhone {
   nlohmann::json tell(const nlohmann::json& command) const;
   // Shows a banner that stays until it is dismissed, and returns its controller.
   int showBanner(const std::string& section = "com.apple.MobileSMS") const;
-  // Returns the state of a banner.
   nlohmann::json state(int controller) const;
   bool showsText(const std::string& text) const;
   // Returns whether the window currently shows exactly the pixels of the phone's screen, except for the rounded corners

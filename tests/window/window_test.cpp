@@ -101,7 +101,7 @@ TEST(Window, PressDoesNotWaitForABurstOfNotifications) {
   phone.press({188, 500});
   while (connection.hasReceived()) connection.receive();
   int answers = 0;
-  // A finger on the screen does not prevent notifications, but taps.
+  // While a finger is on the screen, notifications are presented, but taps are errors.
   while (connection.receive()["ok"] == true) ++answers;
   EXPECT_LE(answers, maxAnswersBeforeEffect);
   phone.release();
@@ -118,8 +118,8 @@ TEST(Window, FingerStaysDownOutsideOfTheWindow) {
   EXPECT_EQ(phone.state(controller)["dismissed"], false);
 }
 
-// A press on the banner would be a tap if it ended.
-TEST(Window, HidingItCancelsTheTouch) {
+// If the press ended normally, it would be a tap on the banner.
+TEST(Window, TouchIsCanceledWhenTheWindowIsHidden) {
   const WindowPhone phone;
   const int controller = phone.showBanner();
   phone.pressAndDrag(banner, {0, 0});
@@ -258,11 +258,11 @@ TEST(Window, LostDisplayEndsThePhoneWithAnError) {
   EXPECT_FALSE(std::filesystem::exists(phone.folder.path() / "root/var/run/control.socket"));
 }
 
-TEST(Window, DoesNotWakeWhileNothingHappens) {
+TEST(Window, DoesNotWakeUpWhileThePhoneIsIdle) {
   const WindowPhone phone;
   phone.showBanner();
   ASSERT_TRUE(eventually([&] { return phone.showsScreen(); }));
-  // The clocks of the phone can change once during the measurements.
+  // The minute on the phone's clocks can change once during the measurements.
   long fewest = 1000;
   for (int measurement = 0; measurement < 2; ++measurement) {
     const long before = phone.sleepCount();
