@@ -27,13 +27,13 @@ class Image {
   // number is replaced by 1. Returns null if the surface is null, empty, in an error state, or not an image surface.
   static std::shared_ptr<const Image> fromSurface(SurfaceHandle surface, double scale, std::string name = {});
 
-  // The same for the content of a file. If it has more than 4 million pixels, only a reduced copy of the pixels is
-  // retained: a display shows no more of them. The size of the image is still that of the file.
+  // Like fromSurface, for the content of a file. If it has more than 4 million pixels, only a reduced copy is retained,
+  // because a display cannot show more pixels. The size of the image is still that of the file.
   static std::shared_ptr<const Image> fromFile(SurfaceHandle surface, double scale, std::string name);
 
-  // The same for a PNG file that belongs to the installation. Its pixels are decoded when they are first needed, and
-  // released while only a resized copy of them is needed. Returns null if the file is missing or has no PNG header. A
-  // file that is damaged after its header is drawn as a transparent image.
+  // Like fromSurface, for a PNG file of the installation. The pixels are decoded when they are first needed, and freed
+  // while only a resized copy is needed. Returns null if the file is missing or has no PNG header. A file that is
+  // damaged after its header is drawn as a transparent image.
   static std::shared_ptr<const Image> fromInstalledFile(const std::filesystem::path& path, double scale);
 
   int pixelWidth() const { return pixelWidth_; }
