@@ -86,7 +86,7 @@ Associations removeAll(id object) {
 }  // namespace
 
 void removeAssociations(id object) {
-  // The loop repeats because releasing a value can run code that adds another association to the object.
+  // A loop is necessary because releasing a value can run code that adds another association to the object.
   while (table().objects.mayContain(object)) {
     const Associations removed = removeAll(object);
     if (removed.empty()) return;

@@ -13,9 +13,9 @@
 
 namespace foundation {
 
-// Takes the place of the caller's observer at the daemon. The connection to the daemon stores an unretained pointer to
-// its observer and uses it even after the observer is deallocated. Therefore, an object of this class is never
-// deallocated.
+// Is registered with the daemon in place of the caller's observer. The connection to the daemon stores an unretained
+// pointer to its observer and uses it even after the observer is deallocated. Therefore, an object of this class is
+// never deallocated.
 class DistributedObserver : public objc::Interface<"BrimDistributedObserver", NSObject> {};
 
 }  // namespace foundation
@@ -43,8 +43,8 @@ namespace {
 using Center = NSDistributedNotificationCenter;
 using Observers = std::vector<objc::Ref<DistributedObserver>>;
 
-// The maximum number of posts without a wait for the daemon. The daemon can accept a post while it still delivers the
-// previous one, so its calls are nested. Too many posts without a pause exhaust its stack.
+// The maximum number of posts that are sent without waiting for the daemon. The daemon can accept a post while it is
+// still delivering the previous one, so its calls are nested. Too many posts in a row exhaust its stack.
 constexpr int maxUnansweredPosts = 8;
 
 Observers& observers() {
@@ -163,7 +163,7 @@ void addObserver(Add, Center* self, NSObject* observer, SEL selector, NSString* 
   if (!state.isRegistered) watchedDaemon() = {};
 }
 
-// Returns whether the string is the wanted one. If `wanted` is nil, every string matches.
+// Returns whether the string equals `wanted`. If `wanted` is nil, every string matches.
 bool matches(NSString* wanted, NSString* present) {
   return wanted == nullptr || (present != nullptr && wanted->isEqualToString(present));
 }

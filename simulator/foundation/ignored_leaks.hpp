@@ -24,8 +24,8 @@ class IgnoredLeaks {
   }
 };
 
-// Makes the classes of Foundation whose +initialize methods leak execute these methods, while leaks are ignored. Does
-// nothing without the leak sanitizer.
+// Initializes the Foundation classes whose +initialize methods leak memory, and ignores these leaks. Does nothing
+// without the leak sanitizer.
 void initializeLeakingClasses();
 
 }  // namespace foundation

@@ -1,5 +1,5 @@
-// Local sockets between the processes of a root. A socket has a folder and a name, because the path of the folder can
-// be longer than a socket address can be. Connections from and to processes of other users are rejected.
+// Local sockets between the processes of a root. A folder and a name identify a socket, because a complete path can be
+// too long for a socket address. Connections from and to processes of other users are rejected.
 #pragma once
 
 #include <filesystem>

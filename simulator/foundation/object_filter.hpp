@@ -10,8 +10,8 @@
 
 namespace foundation {
 
-// Counts the table's objects by a hash of their address. Any thread. A thread sees the entry of an object if it
-// received the object from the thread that added the entry.
+// Counts the table's objects by a hash of their address. Any thread. If a thread receives an object from the thread
+// that added the object's entry, it sees the entry.
 class ObjectFilter {
  public:
   void add(id object) { bucket(object).fetch_add(1, std::memory_order_relaxed); }

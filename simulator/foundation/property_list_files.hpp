@@ -1,5 +1,4 @@
-// Reads property lists from files. The contents of the files are untrusted input. Any thread that has an autorelease
-// pool.
+// Reads property lists from files. The contents of the files are untrusted input. Any thread, with an autorelease pool.
 #pragma once
 
 #include <filesystem>
