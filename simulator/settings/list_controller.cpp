@@ -19,7 +19,7 @@ NSString* textProperty(const PSSpecifier* specifier, NSString* key) {
   return objc::as<NSString>(specifier->propertyForKey(key));
 }
 
-// The strings table of a page has the name of its property list.
+// The strings table of a page. Its name is that of the page's property list.
 struct Localization {
   NSBundle* bundle;
   NSString* table;
