@@ -1,4 +1,4 @@
-// Delivers pointing devices to the phone, as its finger on the screen and on the buttons of the body. Main thread.
+// Converts input from pointing devices to touches on the phone's screen and on the buttons of its body. Main thread.
 #pragma once
 
 #include "platform/core_graphics.hpp"
@@ -7,7 +7,7 @@
 
 namespace phone_display {
 
-// The first device that is pressed controls the finger until it is released. The other devices are ignored meanwhile. A
+// The first device that is pressed controls the finger until it is released. Until then, other devices are ignored. A
 // touch begins only on the screen; it continues outside of the screen. A button of the body is pressed if the touch
 // begins and ends on that button. Points are in coordinates of the phone's screen and can be outside the screen.
 class FingerInput {

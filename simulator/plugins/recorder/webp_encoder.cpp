@@ -80,8 +80,8 @@ bool initialize(WebPConfig& config, int quality) {
   if (WebPConfigInit(&config) == 0) return false;
   if (quality == maxQuality) return WebPConfigLosslessPreset(&config, losslessLevel) != 0;
   // The encoder omits pixels that differ from the previous frame by less than a threshold. In a slow animation, these
-  // differences add up, and remainders of earlier frames stay visible. The threshold depends on the quality and is the
-  // lowest at the maximum. Therefore, the requested quality is set as the upper limit instead.
+  // differences add up, and remainders of earlier frames stay visible. The threshold depends on `quality` and is lowest
+  // at its maximum. Therefore, `quality` has its maximum, and the requested quality is the upper limit `qmax`.
   config.quality = maxQuality;
   config.qmax = quality;
   return true;

@@ -76,7 +76,7 @@ void TransferThread::stop() {
   }
   changed_.notify_one();
   curl_multi_wakeup(multi_);
-  // The thread cannot wait for its own end. This function runs on it if a completion ends the process.
+  // If a completion exits the process, this function runs on the transfer thread, which cannot wait for its own end.
   if (thread_.get_id() == std::this_thread::get_id()) {
     thread_.detach();
   } else if (thread_.joinable()) {

@@ -28,7 +28,7 @@ constexpr int maxUnacknowledged = 2;
 // The library ends a connection without a close code if it receives a larger message.
 constexpr std::size_t maxStoredBytes = 4 * maxMessageBytes;
 constexpr int maxScheduledCommands = 100;
-// In pixels per point. A denser picture would not look better.
+// In pixels per point. A picture of a higher density would not look better.
 constexpr double maxScale = 4;
 constexpr int minPageSide = 64;
 
@@ -55,7 +55,7 @@ WindowLayout pictureLayout(int pageWidth, int pageHeight) {
                                static_cast<int>(std::ceil(size.height * scale)));
 }
 
-// The phone handles the input in its main queue, because it can run the run loop, which a callback of GLib must not do.
+// Handles the input on the main queue, because input can run the run loop, which a GLib callback must not do.
 void type(std::string text) {
   foundation::onMainThread([text = std::move(text)] { static_cast<void>(runner::typeText(text)); });
 }

@@ -12,7 +12,7 @@ using phone_display::Json;
 using phone_display::Persistence;
 using Parsed = std::optional<PageMessage>;
 
-// A finger cannot be farther away from the picture.
+// The maximum distance of a finger from the picture.
 constexpr double maxDistance = 100;
 constexpr int maxPresets = 1000;
 

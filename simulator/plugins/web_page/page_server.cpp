@@ -60,7 +60,7 @@ void checkRequest(SoupServer*, SoupServerMessage* message, const char*, GHashTab
     refuse(message, SOUP_STATUS_METHOD_NOT_ALLOWED, "The method must be GET.\n");
 }
 
-// Browsers let each web page connect to each address, and send the origin of the page.
+// Checks the origin, which browsers send, because browsers let any web page open a connection to any address.
 void checkConnection(SoupServer* server, SoupServerMessage* message, const char* path, GHashTable* query, void* data) {
   checkRequest(server, message, path, query, data);
   if (soup_server_message_get_status(message) != SOUP_STATUS_NONE) return;
@@ -78,7 +78,7 @@ PageServer::PageServer(const std::string& token, std::vector<Resource> resources
       folder_("/" + token + "/"),
       resources_(std::move(resources)),
       whenConnected_(std::move(whenConnected)) {
-  // Frames are compressed already, and a compressed message of a client could be as large as memory.
+  // Frames are already compressed, and decompressing a message of a client could exhaust memory.
   soup_server_remove_websocket_extension(server_.get(), SOUP_TYPE_WEBSOCKET_EXTENSION_DEFLATE);
   const auto handle = +[](SoupServer*, SoupServerMessage* message, const char* path, GHashTable*, void* self) {
     static_cast<const PageServer*>(self)->respond(message, path);

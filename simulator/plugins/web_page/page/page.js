@@ -14,7 +14,7 @@ const composerToggle = element('toggle');
 const protocol = 'brim-phone';
 const maxRetryDelay = 4000;
 const maxTextLength = 8000;
-// A restart of the phone takes less time, in milliseconds.
+// In milliseconds. A restart of the phone takes less time, so the status is not shown during a restart.
 const statusDelay = 1200;
 
 let socket = null;
@@ -140,7 +140,7 @@ function reportSize() {
   send({do: 'show', width: pixels(stage.clientWidth), height: pixels(stage.clientHeight)});
 }
 
-// The density changes when the user zooms or moves the window to another display.
+// The density changes when the user zooms, or moves the window to another display.
 function observeDensity() {
   const query = matchMedia(`(resolution: ${window.devicePixelRatio}dppx)`);
   query.addEventListener('change', () => {
@@ -236,7 +236,7 @@ document.addEventListener('keydown', (event) => {
     return;
   }
   keyboard.focus({preventScroll: true});
-  // The input method uses the key.
+  // The input method handles the key.
   if (event.isComposing || event.keyCode === 229) return;
   if (event.ctrlKey || event.altKey || event.metaKey) return;
   const name = keyName(event);
