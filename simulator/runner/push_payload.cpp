@@ -22,7 +22,7 @@ void checkApplication(const std::string& application) {
   throw CommandError("\"application\": " + application + " is not installed; the applications are " + names);
 }
 
-// Returns the string member, or nothing if the object does not have it. `path` is the path of the object.
+// Returns the string member, or nothing if the object does not have it. `path` is the path of the object, for messages.
 std::optional<std::string> text(const Json& object, const char* path, const char* key) {
   const auto member = object.find(key);
   if (member == object.end()) return std::nullopt;

@@ -12,7 +12,7 @@ namespace runner {
 inline constexpr std::size_t maxPayloadBytes = 4096;
 
 // Converts a payload to a notification of the application. `aps.alert` is a text or an object with `title`, `subtitle`
-// and `body`. The whole payload becomes the user info. Throws CommandError, whose message names the wrong member.
+// and `body`. The whole payload becomes the user info. Throws CommandError, whose message names the invalid member.
 springboard::NotificationDescription describePayload(const std::string& application,
                                                      const nlohmann::ordered_json& payload);
 

@@ -6,7 +6,7 @@
 
 namespace runner {
 
-// Where the phone is displayed: in a window of the desktop, or in a web page that this computer serves.
+// Where the phone is displayed: in a window on the desktop, or in a web page that this computer serves.
 enum class WindowPlace { Desktop, WebPage };
 
 enum class WindowState { Open, Closed, DisplayLost };
@@ -23,7 +23,7 @@ class PhoneWindow {
   // DisplayLost means that the connection to the display server has ended. A window that is no longer open has
   // requested the termination of the process. A page is always open.
   virtual WindowState state() const = 0;
-  // The address of the page. Empty for a window of the desktop.
+  // The address of the page. Empty for a window on the desktop.
   virtual std::string address() const = 0;
 };
 
