@@ -93,7 +93,7 @@ std::string accessibleNameOf(const NCNotificationRequest* request, const UIView*
     return part->length() != 0 && text.find(base::textOf(part)) != std::string::npos;
   };
   std::vector<std::string> texts = uikit::textsIn(view);
-  // The other labels show the time and the name of the application.
+  // Omits the other labels, which show the time and the name of the application.
   std::erase_if(texts, [&](const std::string& text) {
     return !isShown(text, content.title) && !isShown(text, content.subtitle) && !isShown(text, content.message) &&
            !isShown(text, content.summary);

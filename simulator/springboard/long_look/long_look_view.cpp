@@ -99,7 +99,7 @@ ScrolledContent scrolledContentOf(View* view) {
               }};
 }
 
-// Shows the complete body, of which the lower part is outside the card, and the header above the texts.
+// Shows the complete body, whose lower part is clipped by the card, and brings the header in front of the texts.
 void beginScrolling(View* self) {
   LongLookViewState& parts = objc::state(self);
   parts.hasScrolled = true;

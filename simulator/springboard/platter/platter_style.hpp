@@ -1,4 +1,4 @@
-// The style of notification cards: their shape, and their colors in the light or dark appearance of a view. Lengths are
+// The style of notification cards: their shape, and their colors, which depend on the appearance of a view. Lengths are
 // in points. The colors are autoreleased. Main thread.
 #pragma once
 

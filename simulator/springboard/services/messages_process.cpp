@@ -100,8 +100,8 @@ bool appIsReady(TimePoint deadline) {
   return connection()->isReady(deadline);
 }
 
-// Waits until the app is ready, and starts it if necessary. If another home screen starts the app at the same time, one
-// of the two processes exits with success. Both home screens then use the other process.
+// Starts the app if necessary and waits until it is ready. If another home screen starts the app at the same time, one
+// of the two processes exits with success, and both home screens use the remaining process.
 bool startAndWait(TimePoint deadline) {
   stateOfChild();
   while (!appIsReady(deadline)) {

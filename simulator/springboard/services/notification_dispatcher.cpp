@@ -17,7 +17,7 @@ std::vector<NotificationDestination>& destinations() {
 }
 
 void notifyListObservers(const Dispatcher* dispatcher) {
-  // The copy exists because an observer can add or remove observers.
+  // A copy, because an observer can add or remove observers.
   const auto observers = objc::state(dispatcher).listObservers;
   for (const auto& [number, observer] : observers) observer();
 }

@@ -35,8 +35,8 @@ struct objc::StateOf<SBCoverSheetController> {
 
 namespace springboard {
 
-// Creates the cover sheet, whose window is hidden, and keeps its list current. `swipedUp` is called after a swipe from
-// the home indicator. If it is null, the home indicator accepts no touches.
+// Creates the cover sheet, whose window is hidden, and updates its list when notifications change. `swipedUp` is called
+// after a swipe from the home indicator. If it is null, the home indicator accepts no touches.
 objc::Ref<SBCoverSheetController> makeCoverSheet(std::function<void()> swipedUp);
 // Hides the window and stops the updates. The controller remains valid.
 void removeCoverSheet(SBCoverSheetController* sheet);
