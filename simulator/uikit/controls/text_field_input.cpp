@@ -1,5 +1,5 @@
-// The methods of the protocol UITextInput, with which an input method edits the text of a text field. Its unfinished
-// text is the marked text. It is a part of the field's text, and the field underlines it.
+// The methods of the protocol UITextInput, with which an input method edits the text of a text field. The unfinished
+// text of the input method is the marked text. It is a part of the field's text, and the field underlines it.
 #include <algorithm>
 #include <optional>
 
