@@ -14,7 +14,7 @@ class JsonTextError : public std::runtime_error {
 };
 
 // Parses a JSON text. Throws JsonTextError if the text is not valid JSON or contains a zero byte, if the nesting of the
-// value would exhaust the stack of recursive functions, or if parsing the many members of its objects would take
+// value would exhaust the stack of recursive functions, or if its objects have so many members that parsing would take
 // seconds.
 nlohmann::ordered_json parseJson(std::string_view text);
 
