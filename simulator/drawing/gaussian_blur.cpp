@@ -11,7 +11,7 @@ constexpr int cellSide = 4;
 constexpr int boxPasses = 3;
 
 // The maximum radius of a box blur, in cells. A larger radius would make sums overflow 32 bits: a cell is the sum of 16
-// pixels, and each of the three passes multiplies it by the width of the box.
+// pixels, and each of the three passes multiplies this sum by the box width.
 constexpr int maxRadius = 38;
 static_assert(255LL * 16 * (2 * maxRadius + 1) * (2 * maxRadius + 1) * (2 * maxRadius + 1) < 1LL << 31);
 

@@ -42,7 +42,7 @@ class Image {
   double scale() const { return scale_; }
   // The size in points.
   Size size() const { return {pixelWidth_ / scale_, pixelHeight_ / scale_}; }
-  // The path of the file, or the name by which the image was requested. Empty if the image has neither.
+  // The path of the file, or the name with which the image was requested. Empty if the image has neither.
   const std::string& name() const { return name_; }
   // Returns an image that shares the pixels and has another name.
   std::shared_ptr<const Image> named(std::string name) const;
@@ -77,7 +77,8 @@ class Image {
 };
 
 // Decodes PNG or JPEG data. The content determines the format. Returns null for data in another format, for damaged or
-// truncated data, and for an image with more pixels than the limit. The scale is that of Image::fromSurface.
+// truncated data, and for an image with more pixels than the limit. `scale` has the same meaning as in
+// Image::fromSurface.
 std::shared_ptr<const Image> decodeImage(std::span<const std::byte> data, double scale = 1, std::string name = {});
 
 // Reads an image file. The name of the image is the path. "@2x" or "@3x" before the extension sets the scale. Returns
