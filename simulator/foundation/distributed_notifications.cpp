@@ -88,7 +88,7 @@ bool succeeds(const Work& work) try {
   return false;
 }
 
-// A descriptor of the daemon with which all observers are registered. It is not open if there is no such daemon.
+// A descriptor of the daemon with which all observers are registered. Not open if there is no registration.
 FileDescriptor& watchedDaemon() {
   static auto& daemon = *new FileDescriptor;
   return daemon;

@@ -14,8 +14,8 @@ namespace foundation {
 FileDescriptor listenIn(const std::filesystem::path& folder, const char* name);
 // Connects to the process that listens under this name. Returns a closed descriptor if no process of this user listens.
 FileDescriptor connectIn(const std::filesystem::path& folder, const char* name);
-// Accepts the next connection. Returns a closed descriptor if there is no connection or if its process belongs to
-// another user.
+// Accepts the next connection. Returns a closed descriptor if there is no connection or if the connecting process
+// belongs to another user.
 FileDescriptor acceptFrom(const FileDescriptor& listening);
 
 // Writes all bytes and returns whether this succeeded. Writing fails, without a signal, if the reader has closed the
