@@ -21,8 +21,8 @@ namespace layout {
 //
 // The solver is optimized for layouts. It splits the model into independent subproblems, which are the connected
 // components of variables and constraints. It solves a subproblem again only if the subproblem has changed. The time
-// and memory of a subproblem grow with the product of its numbers of variables and constraints. A solver has no shared
-// state. It is used by one thread at a time.
+// and memory for a subproblem are proportional to its number of variables times its number of constraints. A solver has
+// no shared state. It is used by one thread at a time.
 class Solver {
  public:
   using Variable = std::uint32_t;    // numbered from 0 in order of addition

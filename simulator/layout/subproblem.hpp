@@ -28,7 +28,7 @@ class Subproblem {
   // The required rows that contradict earlier required rows, in ascending order of their numbers.
   std::span<const std::uint32_t> conflicts() const { return conflicts_; }
 
-  // The number of pivots of all solves, and the number of cells of the tableau.
+  // The number of pivots in all solves, and the number of cells in the tableau.
   std::size_t pivotCount() const { return simplex_.pivotCount(); }
   std::size_t cellCount() const { return rows_.size() * (variableCount_ + 1); }
 
