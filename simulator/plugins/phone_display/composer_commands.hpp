@@ -10,7 +10,7 @@ namespace phone_display {
 
 using runner::Json;
 
-// A banner that persists stays until the user dismisses it.
+// A persistent banner is shown until the user dismisses it.
 enum class Persistence { Temporary, Persistent };
 
 // The contents of the composer. The command omits empty texts.

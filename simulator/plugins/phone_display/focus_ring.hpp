@@ -15,9 +15,9 @@ enum class FocusMove { Next, Previous, Up, Down, Left, Right };
 class FocusRing {
  public:
   // Moves the focus to another element that has actions. Next and Previous follow the order of the list and wrap around
-  // at its ends. The other moves find the nearest element in that direction; if there is none, the focus stays. Without
-  // a focus, each move selects the first element, except Previous, which selects the last one. Keys of the on-screen
-  // keyboard do not receive the focus.
+  // at its ends. The other moves find the nearest element in that direction; if there is none, the focus does not move.
+  // Without a focus, each move selects the first element, except Previous, which selects the last one. Keys of the
+  // on-screen keyboard do not receive the focus.
   void move(const Elements& elements, FocusMove move);
   void focus(std::uint64_t element) { element_ = element; }
   void clear() { element_ = 0; }

@@ -80,7 +80,7 @@ bool initialize(WebPConfig& config, int quality) {
   if (WebPConfigInit(&config) == 0) return false;
   if (quality == maxQuality) return WebPConfigLosslessPreset(&config, losslessLevel) != 0;
   // The encoder omits pixels that differ from the previous frame by less than a threshold. In a slow animation, these
-  // differences add up, and remainders of earlier frames stay visible. The threshold depends on `quality` and is lowest
+  // differences add up, and remnants of earlier frames remain visible. The threshold depends on `quality` and is lowest
   // at its maximum. Therefore, `quality` has its maximum, and the requested quality is the upper limit `qmax`.
   config.quality = maxQuality;
   config.qmax = quality;

@@ -1,4 +1,4 @@
-// The secret part of the page's address, which keeps other users of this computer away from the page. Main thread.
+// The secret part of the page's address, without which other users of this computer cannot open the page. Main thread.
 #pragma once
 
 #include <filesystem>
