@@ -16,8 +16,8 @@ namespace runner {
 // the Objective-C runtime belong to the process. Create it before any other use of Foundation. Main thread.
 class Session {
  public:
-  // Starts the home screen. A closed `lock` means that the session acquires the lock of the root itself. Throws
-  // StartError.
+  // Starts the home screen. `lock` is the lock of the root. If it is closed, the session acquires the lock itself.
+  // Throws StartError.
   explicit Session(const Options& options, foundation::FileDescriptor lock = {});
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;

@@ -62,7 +62,7 @@ bool isStartOfCharacter(char byte) { return (static_cast<unsigned char>(byte) & 
 
 std::ptrdiff_t characterCount(std::string_view text) { return std::ranges::count_if(text, &isStartOfCharacter); }
 
-// Returns the number of UTF-16 code units of the first characters of the text.
+// Returns the number of UTF-16 code units that the first `characters` characters of the text occupy.
 NSInteger unitCount(std::string_view text, std::ptrdiff_t characters) {
   constexpr unsigned char firstByteOfSurrogates = 0xF0;
   NSInteger units = 0;

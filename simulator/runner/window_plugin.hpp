@@ -20,8 +20,8 @@ class PhoneWindow {
   PhoneWindow& operator=(const PhoneWindow&) = delete;
   virtual ~PhoneWindow() = default;
 
-  // DisplayLost means that the connection to the display server has ended. A window that is no longer open has
-  // requested the termination of the process. A page is always open.
+  // DisplayLost means that the connection to the display server was lost. When a window closes or loses its display, it
+  // requests the termination of the process. A page is always open.
   virtual WindowState state() const = 0;
   // The address of the page. Empty for a window on the desktop.
   virtual std::string address() const = 0;
