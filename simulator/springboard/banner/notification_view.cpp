@@ -47,7 +47,7 @@ CGRect accessibilityFrame(UIView* self) {
   return uikit::frameOnScreen(static_cast<UIView*>(subviews->objectAtIndex(subviews->count() - 1)));
 }
 
-// The distances of the drags, in points, are sufficient for banners of the platform and of the library.
+// The distances of the drags, in points, are sufficient for both the platform's and the library's banners.
 void addAccessibleActions(UIView*, void* actions) {
   auto& added = uikit::accessibleActionsAt(actions);
   added.push_back({"activate"});

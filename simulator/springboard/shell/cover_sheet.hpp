@@ -23,7 +23,7 @@ struct CoverSheetState {
   std::size_t listObserver = 0;  // the number of the observer of the dispatcher's list
   std::unique_ptr<springboard::Scroller> scroller;
   CoverSheetDrag drag = CoverSheetDrag::None;
-  // Receives a drag that begins at the lower edge of the screen. Null if such a drag has no effect of its own.
+  // Handles a drag that begins at the lower edge of the screen. If null, such a drag is handled like any other drag.
   std::function<void(UIPanGestureRecognizer* recognizer)> handleLowerEdgeDrag;
 };
 
