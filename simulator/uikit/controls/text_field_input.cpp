@@ -63,7 +63,7 @@ std::optional<NSRange> rangeAfterReplacement(NSRange range, NSRange replaced, NS
   return std::nullopt;
 }
 
-// Replaces a part of the text. The selection and the marked text outside of this part stay selected and marked.
+// Replaces a part of the text. Selected and marked text outside of this part remains selected and marked.
 void replaceRange(UITextField* self, UITextRange* range, NSString* replacement) {
   if (range == nullptr || !objc::state<UIControl>(self).enabled) return;
   const TextFieldState& state = objc::state(self);
