@@ -186,7 +186,7 @@ void post(Post original, Center* self, NSString* name, NSString* object, NSDicti
   const DaemonCall call;
   if (!succeedsWithRetry(self, [&] { original(self, name, object, userInfo, immediately); })) {
     std::fprintf(stderr,
-                 "the notification %s was not posted: the notification daemon does not run and cannot be started\n",
+                 "the notification %s was not posted: the notification daemon is not running and cannot be started\n",
                  name->UTF8String());
     return;
   }
