@@ -111,7 +111,7 @@ void PageClient::receive(SoupWebsocketDataType type, GBytes* content) {
   gsize size = 0;
   const auto* const text = static_cast<const char*>(g_bytes_get_data(content, &size));
   if (size > maxMessageBytes) return refuse("the message is too large", SOUP_WEBSOCKET_CLOSE_TOO_BIG);
-  if (type != SOUP_WEBSOCKET_DATA_TEXT) return refuse("the message is not a text");
+  if (type != SOUP_WEBSOCKET_DATA_TEXT) return refuse("the message is not a text message");
   const std::optional<PageMessage> message = parseMessage(std::string_view(text, size));
   if (!message) return refuse("the message is not valid");
   std::visit([this](const auto& each) { handle(each); }, *message);

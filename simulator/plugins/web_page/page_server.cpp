@@ -54,7 +54,7 @@ void checkRequest(SoupServer*, SoupServerMessage* message, const char*, GHashTab
   for (const auto& [name, value] : securityHeaders) soup_message_headers_replace(headers, name, value);
   const char* const host = soup_message_headers_get_one(soup_server_message_get_request_headers(message), "Host");
   if (!isAddressedToThisComputer(host))
-    return refuse(message, SOUP_STATUS_FORBIDDEN, "The phone is only displayed on its own computer.\n");
+    return refuse(message, SOUP_STATUS_FORBIDDEN, "The phone is displayed only on the computer that runs it.\n");
   const std::string_view method = soup_server_message_get_method(message);
   if (method != SOUP_METHOD_GET && method != SOUP_METHOD_HEAD)
     refuse(message, SOUP_STATUS_METHOD_NOT_ALLOWED, "The method must be GET.\n");
