@@ -49,7 +49,7 @@ springboard::NotificationDescription describePayload(const std::string& applicat
     throw CommandError(R"("payload": aps must be an object, such as {"aps":{"alert":"Lunch?"}})");
   const auto alert = aps->find("alert");
   if (alert == aps->end() || !(alert->is_string() || alert->is_object()))
-    throw CommandError(R"("payload": aps.alert must be a text or an object with "title", "subtitle" and "body")");
+    throw CommandError(R"("payload": aps.alert must be a string or an object with "title", "subtitle" and "body")");
 
   springboard::NotificationDescription description;
   description.section = application;
