@@ -266,9 +266,8 @@ const std::vector<Subcommand>& subcommands() {
       {"record", "FILE", "record the screen to an animated WebP file", 1, 1, {"--scale", "--seconds"}, &record},
       {"restart",
        "",
-       "restart the home screen, with another device, system version or language if they are specified; the "
-       "preferences "
-       "and the notifications in the list stay",
+       "restart the home screen, with another device, system version or language if they are specified; preserves "
+       "the preferences and the notifications in the list",
        0,
        0,
        {"--device", "--system", "--locale"},
