@@ -8,11 +8,11 @@
 namespace phone_display {
 
 // The first device that is pressed controls the finger until it is released. Until then, other devices are ignored. A
-// touch begins only on the screen; it continues outside of the screen. A button of the body is pressed if the touch
+// touch can begin only on the screen, but can continue outside of it. A button of the body is pressed if the touch
 // begins and ends on that button. Points are in coordinates of the phone's screen and can be outside the screen.
 class FingerInput {
  public:
-  // Identifies a device or one finger on a touch screen. Not null. The pointer is only compared.
+  // Identifies a device or one finger on a touch screen. Not null. The pointer is compared but never dereferenced.
   using Source = const void*;
 
   void begin(Source source, CGPoint point);

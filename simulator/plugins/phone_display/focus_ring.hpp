@@ -1,4 +1,4 @@
-// The keyboard focus: the element that the keys of the desktop operate. Main thread.
+// The keyboard focus: the element that the user operates with the desktop's keyboard. Main thread.
 #pragma once
 
 #include <cstdint>

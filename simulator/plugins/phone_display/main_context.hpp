@@ -31,7 +31,7 @@ class MainContext {
 
  private:
   bool hasDisplayHungUp() const;
-  // Queries the descriptors and the timeout of the context, in milliseconds. A negative timeout is infinite.
+  // Updates `polled_` and returns the timeout of the context in milliseconds. A negative timeout is infinite.
   int query(int priority);
   void watchDescriptors();
   void setTimer(int milliseconds);

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int maxQuality = 100;  // lossless
-// A compromise between the size and the duration of lossless encoding, from 0 to 9.
+// The level of lossless encoding, from 0 to 9: a compromise between file size and encoding time.
 constexpr int losslessLevel = 3;
 
 struct EncoderDeleter {
@@ -29,7 +29,7 @@ class Picture {
   Picture(const Picture&) = delete;
   Picture& operator=(const Picture&) = delete;
 
-  // The encoder requires its own copy of the pixels, because it can change them.
+  // The encoder requires its own copy of the pixels, because it can modify them.
   bool copy(const std::uint32_t* pixels) {
     if (!isInitialized_ || WebPPictureAlloc(&picture_) == 0) return false;
     const auto width = static_cast<std::size_t>(picture_.width);

@@ -25,7 +25,8 @@ using phone_display::Json;
 using phone_display::WindowLayout;
 
 constexpr int maxUnacknowledged = 2;
-// The library ends a connection without a close code if it receives a larger message.
+// The maximum size of a message that libsoup receives. It closes a connection without a close code after a larger
+// message.
 constexpr std::size_t maxStoredBytes = 4 * maxMessageBytes;
 constexpr int maxScheduledCommands = 100;
 // In pixels per point. A picture of a higher density would not look better.

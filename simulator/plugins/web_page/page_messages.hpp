@@ -59,7 +59,7 @@ struct SendMessage {
 using PageMessage =
     std::variant<ShowMessage, AcknowledgeMessage, TouchMessage, TypeMessage, KeyMessage, PlayMessage, SendMessage>;
 
-// Returns nothing if the text is not a valid message. The numbers of presets are not checked.
+// Returns nothing if the text is not a valid message. Does not check whether a preset with the given number exists.
 std::optional<PageMessage> parseMessage(std::string_view text);
 
 }  // namespace web_page

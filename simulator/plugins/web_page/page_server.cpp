@@ -33,8 +33,8 @@ bool isLoopback(const char* hostName) {
   return address != nullptr && g_inet_address_get_is_loopback(address.get()) != FALSE;
 }
 
-// The names of this computer are checked because any web page can resolve its own name to the loopback address. The
-// port is not checked, because the user can forward it.
+// Checks the host name, because any web site can make its own name resolve to the loopback address. Does not check the
+// port, because the user can forward it.
 bool isAddressedToThisComputer(const char* host) {
   if (host == nullptr) return false;
   const ObjectHandle<GSocketConnectable> address(g_network_address_parse(host, firstPort, nullptr));

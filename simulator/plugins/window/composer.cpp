@@ -57,7 +57,7 @@ GtkWidget* makeApplicationMenu() {
 GtkWidget* makeTextView() {
   GtkWidget* const view = gtk_text_view_new();
   gtk_text_view_set_wrap_mode(GTK_TEXT_VIEW(view), GTK_WRAP_WORD_CHAR);
-  // Tab moves the focus.
+  // The Tab key moves the focus instead of inserting a tab.
   gtk_text_view_set_accepts_tab(GTK_TEXT_VIEW(view), FALSE);
   return view;
 }

@@ -110,8 +110,8 @@ async function showFrame(data) {
   }
 }
 
-// One pixel of the picture is one pixel of the display. Browsers can round positions to units of CSS, which consist of
-// whole pixels only if the density is an integer.
+// One pixel of the picture is one pixel of the display. Browsers can round positions to CSS pixels, which consist of
+// whole device pixels only if the density is an integer.
 function placeCanvas() {
   const density = window.devicePixelRatio;
   const step = Number.isInteger(density) ? 1 : density;
@@ -163,7 +163,7 @@ function touch(phase, event) {
 canvas.addEventListener('pointerdown', (event) => {
   if (event.button !== 0 || finger !== null) return;
   event.preventDefault();
-  // On a touch screen, the focus would show the keyboard of the computer.
+  // On a touch screen, focusing the field would open the computer's on-screen keyboard.
   if (event.pointerType !== 'touch') keyboard.focus({preventScroll: true});
   finger = event.pointerId;
   canvas.setPointerCapture(finger);
