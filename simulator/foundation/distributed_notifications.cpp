@@ -55,7 +55,7 @@ Observers& observers() {
 // Whether this process is calling the daemon. The daemon can deliver notifications during the call.
 bool isCallingDaemon = false;
 
-// The number of received notifications whose delivery waits on the main queue.
+// The number of received notifications whose delivery is pending on the main queue.
 int pendingNotifications = 0;
 
 void notify(DistributedObserver* self, NSNotification* notification) {

@@ -152,7 +152,7 @@ FrameObserverId addFrameObserver(FrameFunction observer) { return addFrameObserv
 
 FrameObserverId addFrameObserverAt(Nanoseconds when, FrameFunction observer) {
   static FrameObserverId last = 0;
-  // frameTimeAfter() excludes its argument. A frame at `when` itself is included, because the argument is 1 ns earlier.
+  // Subtracts a nanosecond to include a frame at `when` itself, because frameTimeAfter() excludes its argument.
   const Nanoseconds before = std::max(when, clock::now() + 1) - 1;
   frameObservers().push_back({++last, std::move(observer), frameTimeAfter(before)});
   return last;

@@ -1,5 +1,5 @@
-// The queue of the main thread, and the clock of timers, animations and dates. The clock either is real or is stepped
-// by a script.
+// The queue of the main thread, and the clock of timers, animations and dates. The clock is either real or stepped by a
+// script.
 #pragma once
 
 #include <cstdint>
@@ -35,9 +35,9 @@ void onMainThreadForExternalEvent(std::function<void()> work);
 // Adds the pending work for external events to the main queue. Call this whenever real time has passed. Main thread.
 void scheduleExternalWork();
 
-// Runs work that another process has requested on the main thread, in the order of the calls. With a real clock, each
-// iteration runs at most one request, after its events and its frame, because a burst of requests must not delay input
-// and frames. With a stepped clock, this function is equivalent to onMainThread. Main thread.
+// Runs a request from another process on the main thread. Requests run in the order of the calls. With a real clock,
+// each iteration runs at most one request, after its events and its frame, because a burst of requests must not delay
+// input and frames. With a stepped clock, this function is equivalent to onMainThread. Main thread.
 void onMainThreadForRequest(std::function<void()> work);
 // Runs the first pending request, if there is one, and then the work that is due. Main thread.
 void runNextRequest();
