@@ -216,7 +216,7 @@ objc::Ref<List> makeListView(const CGRect& frame) {
 void showGroups(List* view, const std::vector<NotificationGroup>& groups) {
   NotificationListViewState& state = objc::state(view);
   state.groups = groups;
-  // A conversation that has become a single notification is folded.
+  // Folds each conversation that no longer has several notifications.
   std::erase_if(state.unfolded, [&state](const ListedConversation& conversation) {
     return std::ranges::none_of(state.groups, [&conversation](const NotificationGroup& group) {
       return group.size() > 1 && conversationOf(group) == conversation;

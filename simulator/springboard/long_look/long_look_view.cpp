@@ -88,7 +88,7 @@ CGFloat maxOffset(const View* view) {
   return std::max<CGFloat>(lowerEdge(textFrames(view, size.width).back()) + bottomPadding - size.height, 0);
 }
 
-// The functions refer to the view, which owns the scroller and therefore exists longer.
+// The functions refer to the view, which outlives the scroller because it owns the scroller.
 ScrolledContent scrolledContentOf(View* view) {
   return {.viewport = [view] { return view->bounds().size.height; },
           .maxOffset = [view](CGFloat) { return maxOffset(view); },

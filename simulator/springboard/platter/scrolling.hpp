@@ -26,7 +26,7 @@ struct ScrolledContent {
   std::function<void(CGFloat offset)> show;
 };
 
-// Scrolls content. After a drag the content decelerates, and it returns from beyond its limits.
+// Scrolls content. After a drag, the content decelerates and, if it is beyond its limits, returns to them.
 class Scroller {
  public:
   explicit Scroller(ScrolledContent content);
@@ -38,7 +38,7 @@ class Scroller {
   void drag(CGFloat translation);
   // Ends the drag. A positive speed is downward, in points per second.
   void endDrag(CGFloat velocity);
-  // Moves the content inside its limits, with an animation. Call this after the content has become shorter.
+  // Moves the content back to its limits, with an animation. Call this after the content has become shorter.
   void clamp();
 
  private:

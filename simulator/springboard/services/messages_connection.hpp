@@ -15,7 +15,7 @@ using TimePoint = std::chrono::steady_clock::time_point;
 // main thread.
 class MessagesConnection {
  public:
-  // Connects to the app. `folder` is the folder of the app's socket. If no app listens there, the connection has ended
+  // Connects to the app. `folder` is the folder of the app's socket. If no app listens there, hasEnded() returns true
   // from the start.
   explicit MessagesConnection(const std::filesystem::path& folder);
   MessagesConnection(const MessagesConnection&) = delete;

@@ -37,7 +37,7 @@ enum class ChildState { Running, NotNeeded, Failed };
 // The app's process, if this home screen has started it.
 struct Child {
   pid_t process = 0;
-  // The write end of the app's standard input. It is closed when the home screen exits, and the app then ends.
+  // The write end of the app's standard input. It is closed when the home screen exits, which makes the app exit.
   FileDescriptor standardInput;
 };
 

@@ -45,8 +45,8 @@ void withdraw(Dispatcher* self, NCNotificationRequest* request) {
   for (const NotificationDestination& destination : destinations()) destination.withdraw(key);
 }
 
-// Executes an action. For the default action, the home screen launches the application. The effect of any other action
-// inside the application is not simulated.
+// Executes an action. For the default action, the home screen launches the application. The effects that other actions
+// have in the application are not simulated.
 void execute(Dispatcher* self, NSObject*, NCNotificationAction* action, NCNotificationRequest* request, bool,
              NSDictionary*, objc::Block<void()>* completion) {
   if (action == nullptr || request == nullptr) return;

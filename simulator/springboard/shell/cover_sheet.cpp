@@ -101,7 +101,7 @@ CGFloat maxOffset(const CoverSheetState& state, CGFloat wanted) {
   return std::max<CGFloat>(bottom - device().screen.height, 0);
 }
 
-// The functions refer to the state, which owns the scroller and therefore exists longer.
+// The functions refer to the state, which outlives the scroller because it owns the scroller.
 ScrolledContent scrolledContentOf(Sheet* sheet) {
   return {.viewport = [] { return device().screen.height; },
           .maxOffset = [sheet](CGFloat wanted) { return maxOffset(objc::state(sheet), wanted); },
