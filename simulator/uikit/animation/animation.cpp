@@ -165,7 +165,8 @@ CGRect accumulate(const CGRect& value, const CGRect& offset, double fraction) {
           {value.size.width + offset.size.width * fraction, value.size.height + offset.size.height * fraction}};
 }
 
-// Colors are interpolated with premultiplied alpha. Therefore, a color that fades in from transparent keeps its hue.
+// Colors are interpolated with premultiplied alpha. Therefore, the hue of a color that fades in from transparent does
+// not change.
 drawing::Color difference(const drawing::Color& left, const drawing::Color& right) {
   return {left.red * left.alpha - right.red * right.alpha, left.green * left.alpha - right.green * right.alpha,
           left.blue * left.alpha - right.blue * right.alpha, left.alpha - right.alpha};

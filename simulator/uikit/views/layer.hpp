@@ -13,8 +13,8 @@
 namespace uikit {
 
 struct LayerRecord {
-  // The frame is stored as origin and size, and the center is computed from them. If the center were stored, a frame
-  // could differ from the frame that was set because of rounding errors.
+  // The frame is stored as origin and size, and the center is computed from them. If the center were stored, rounding
+  // errors could make a frame differ from the frame that was set.
   Animated<CGPoint> origin{{}};
   Animated<CGRect> bounds{{}};
   Animated<double> opacity{1};
