@@ -15,7 +15,7 @@ namespace transfers {
 
 namespace {
 
-// The maximum number of connections to one host. It is the same as on the platform.
+// The maximum number of connections to one host. The platform has the same limit.
 constexpr long maxConnectionsToOneHost = 6;
 // The maximum number of connections. It limits the total size of the bodies that hostile servers can send at the same
 // time.
