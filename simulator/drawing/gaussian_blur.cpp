@@ -42,7 +42,7 @@ struct Source {
   }
 };
 
-// Captures the pixels of these cells that are on the canvas.
+// Captures those pixels of the cells that are on the canvas.
 Source captureCells(const Canvas& canvas, int column, int row, int columns, int rows) {
   PixelRectangle area;
   area.x = std::max(column * cellSide, 0);
