@@ -1,4 +1,4 @@
-// The event log: a list of what has happened in the process, in order. A script reads and clears it. Any thread.
+// The event log: a chronological list of the events in the process. A script reads and clears it. Any thread.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 namespace base {
 
-// Appends the event {"event": name, …fields}. `fields` must be a JSON object. A member whose value is null is kept.
+// Appends the event {"event": name, …fields}. `fields` must be a JSON object. Members whose value is null are included.
 void recordEvent(std::string_view name, const nlohmann::ordered_json& fields);
 
 // Returns the events since the previous call as an array and clears the log.

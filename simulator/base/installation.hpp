@@ -5,8 +5,7 @@
 
 namespace base {
 
-// The path of the library's asset bundle, relative to a root, the folder that represents the phone's
-// file system.
+// The path of the library's asset bundle, relative to the root (the folder that represents the phone's file system).
 inline constexpr const char* assetBundlePath = "Library/Application Support/Brim/Assets.bundle";
 
 // Absolute paths of files and folders that the build or an installation provides. They are in the folders lib/brim,

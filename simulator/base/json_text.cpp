@@ -11,8 +11,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr int maxNesting = 200;
-// The maximum number of members in all objects of a text. Each member is compared with all others of its object,
-// because the members keep their order.
+// The maximum number of members in all objects of a text. The JSON library preserves the order of the members, so it
+// compares each member with all others of its object.
 constexpr int maxMembers = 10'000;
 
 struct Shape {

@@ -13,9 +13,9 @@ class JsonTextError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Parses a JSON text. Throws JsonTextError, also for a value whose nesting would exhaust the stack of recursive
-// functions, for objects with so many members that parsing them would take seconds, and for a text that contains a zero
-// byte.
+// Parses a JSON text. Throws JsonTextError if the text is not valid JSON or contains a zero byte, if the nesting of the
+// value would exhaust the stack of recursive functions, or if its objects have so many members that parsing would take
+// seconds.
 nlohmann::ordered_json parseJson(std::string_view text);
 
 }  // namespace base

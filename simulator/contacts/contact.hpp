@@ -8,8 +8,8 @@
 
 namespace contacts {
 
-// Creates a contact for the person, whom it retains. `keys` contains the names of the requested properties; reading any
-// other property raises CNContactPropertyNotFetchedExceptionName.
+// Creates a contact that represents the person and retains it. `keys` contains the names of the requested properties;
+// reading any other property raises CNContactPropertyNotFetchedExceptionName.
 objc::Ref<CNContact> makeContact(std::shared_ptr<const Person> person, NSArray* keys);
 
 }  // namespace contacts

@@ -9,8 +9,8 @@ namespace contacts {
 namespace {
 
 constexpr std::size_t maxCardBytes = 32 << 20;
-// The maximum number of components and parameters of a property. The time of the parser grows with the square of this
-// number.
+// The maximum number of components and parameters of a property. The time to parse a property grows with the square of
+// this number.
 constexpr std::size_t maxSeparators = 1000;
 
 std::string_view withoutBlanks(std::string_view text) {
@@ -102,7 +102,7 @@ class CardSplitter {
     if (!continuesOnNextLine_) card_.append(lineEnd);
   }
 
-  // Appends the part of the line that is before the first excess separator of the property.
+  // Appends the line, up to the separator that exceeds the property's limit.
   void appendToProperty(std::string_view line) {
     if (separators_ > maxSeparators) return;
     for (const char character : line) {

@@ -31,7 +31,7 @@ PhoneConnection::PhoneConnection(const fs::path& root)
 }
 
 std::string PhoneConnection::executeLine(const std::string& line) {
-  // The phone closes the connection after a line of excessive size. Its answer can then still be read.
+  // An error is ignored: the phone closes the connection if a line is too long, but its answer can still be read.
   static_cast<void>(foundation::sendAll(socket_, line + "\n"));
   for (std::size_t end = 0;;) {
     if (end = received_.find('\n'); end != std::string::npos) {

@@ -10,13 +10,13 @@
 
 namespace control {
 
-// Thrown if there is no phone or if it ends. what() is a message for the user.
+// Thrown if no phone is running, or if the phone ends before it answers. what() is a message for the user.
 class ConnectionError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// Thrown if the phone reports an error, or for an argument that is not valid. what() is a message for the user.
+// Thrown if the phone reports an error or an argument is invalid. what() is a message for the user.
 class ControlError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -27,8 +27,8 @@ class PhoneConnection {
   // Connects to the phone. An empty path selects the user's default root. Throws ConnectionError.
   explicit PhoneConnection(const std::filesystem::path& root);
 
-  // Sends a line, which is a command of a script, and returns the phone's answer, also a line. The lines do not include
-  // the line feed. Waits as long as the command takes. Throws ConnectionError.
+  // Sends a script command as one line. Waits until the phone has executed it, and returns the phone's answer, which is
+  // also one line. The lines do not include the line feed. Throws ConnectionError.
   std::string executeLine(const std::string& line);
   // Executes a command. Returns the phone's answer.
   nlohmann::ordered_json execute(const nlohmann::ordered_json& command);

@@ -29,7 +29,7 @@ Json currentValue(PhoneConnection& phone, const std::string& key) {
   return *found;
 }
 
-// Converts the text to a value of the type that the setting has.
+// Converts the text to the type of the setting's current value.
 Json valueOfSetting(const std::string& text, const Json& current) {
   if (current.is_boolean()) {
     if (text == "true" || text == "false") return text == "true";

@@ -44,8 +44,8 @@ constexpr TextOption textOptions[] = {{"--device", &ControlOptions::device},
 // The phone's current folder can differ from that of this process.
 std::string absolutePath(const std::string& path) { return fs::absolute(path).string(); }
 
-// Makes the paths in a command absolute. Returns a text that is not JSON as it is, on one line, because the phone
-// reports the error.
+// Makes the paths in a command absolute. If the text is not JSON, only joins its lines; the phone then reports the
+// error.
 std::string preparedLine(const std::string& line) {
   Json command;
   try {
@@ -86,7 +86,7 @@ int tell(const ControlOptions& options, Arguments arguments) {
   return succeeded ? 0 : 1;
 }
 
-// A file with a larger payload is not parsed. The phone accepts less, but ignores white space.
+// A larger payload file is not parsed. The phone's limit is lower, but does not include white space.
 constexpr std::size_t maxPayloadFileBytes = 65536;
 
 std::string readAll(std::istream& input, const std::string& name) {
@@ -162,7 +162,7 @@ int restart(const ControlOptions& options, Arguments) {
     PhoneConnection phone(options.root);
     executeOn(phone, command);
   }
-  // The connection waits until the phone has restarted.
+  // Connecting waits until the phone has restarted.
   PhoneConnection phone(options.root);
   executeOn(phone, {{"do", "wait"}, {"seconds", 0}});
   return 0;
@@ -268,9 +268,8 @@ const std::vector<Subcommand>& subcommands() {
       {"record", "FILE", "record the screen to an animated WebP file", 1, 1, {"--scale", "--seconds"}, &record},
       {"restart",
        "",
-       "restart the home screen, with another device, system version or language if they are specified; the "
-       "preferences "
-       "and the notifications in the list stay",
+       "restart the home screen, with another device, system version or language if they are specified; preserves "
+       "the preferences and the notifications in the list",
        0,
        0,
        {"--device", "--system", "--locale"},

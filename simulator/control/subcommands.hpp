@@ -13,11 +13,11 @@
 namespace control {
 
 struct ControlOptions {
-  // The folder of the phone. An empty path selects the user's default root.
+  // The root of the phone. An empty path selects the user's default root.
   std::filesystem::path root = {};
   std::optional<double> scale = {};
   std::optional<double> seconds = {};
-  // The options of the phone that a restart changes.
+  // The options of the phone that the subcommand `restart` changes.
   std::optional<std::string> device = {};
   std::optional<std::string> system = {};
   std::optional<std::string> locale = {};

@@ -228,8 +228,8 @@ void Canvas::drawImage(const Image* image, const Rectangle& rectangle, ContentMo
   cairo_restore(context_.get());
 }
 
-// Sets the image as the source of drawing. Uses a copy of the size in pixels at which the image is drawn, unless the
-// copy would be too large. Drawing the copy needs no filter, and its pixels do not depend on the clip.
+// Sets the image as the source of drawing. Uses a copy that has the size at which the image is drawn, in pixels, unless
+// the copy would be too large. Drawing the copy needs no filter, and its pixels do not depend on the clip.
 void Canvas::setSource(const Image& image, const Rectangle& target) {
   double left = target.x, top = target.y, deviceWidth = target.width, deviceHeight = target.height;
   cairo_user_to_device(context_.get(), &left, &top);

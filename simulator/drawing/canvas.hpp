@@ -5,8 +5,9 @@
 // that is not opaque has its own pixels; an opaque layer draws directly on the canvas. captureBeneath composites all
 // open layers, so a material has the same backdrop inside and outside of a layer.
 //
-// A pixel inside the clip has the same value for each clip of whole pixels when rectangles, rounded rectangles and
-// images are drawn. Therefore, the pixels of a repainted part of the screen are those of the whole screen.
+// When rectangles, rounded rectangles and images are drawn, the value of a pixel does not depend on the clip, if the
+// clip consists of whole pixels and contains the pixel. Therefore, repainting a part of the screen and repainting the
+// whole screen produce the same pixels.
 #pragma once
 
 #include <cstddef>

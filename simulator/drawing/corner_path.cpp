@@ -8,7 +8,7 @@
 namespace drawing {
 namespace {
 
-// A circular corner begins at a distance of one radius, where the curvature changes abruptly and visibly.
+// Where a continuous corner begins. A circular one begins at one radius, where its curvature changes visibly.
 constexpr double continuousExtent = maxCornerExtent;
 
 // The curvature in the middle of a continuous corner of radius 1. With this value, the curvature increases steadily
@@ -66,7 +66,8 @@ void addCorner(cairo_t* context, double radius, const HalfCorner& half) {
   cairo_curve_to(context, near, far, 0, edgeControl, 0, edge);
 }
 
-// Reduces a range to the part from -`limit` to `limit` pixels. A pixel is `scale` * position + `offset`.
+// Clamps a range to the interval from -`limit` to `limit` pixels. A position in pixels is `scale` * position +
+// `offset`.
 void clampRange(double& begin, double& length, double scale, double offset, double limit) {
   const double end = std::min(begin + length, (limit - offset) / scale);
   begin = std::max(begin, (-limit - offset) / scale);

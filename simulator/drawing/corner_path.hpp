@@ -7,8 +7,8 @@
 
 namespace drawing {
 
-// Returns the part of the rectangle that is within a million pixels of the canvas, because larger coordinates exceed
-// the range of cairo's numbers. Coordinates are in the units of the context.
+// Returns the part of the rectangle that is within a million pixels of the canvas, because cairo cannot represent
+// larger coordinates. Coordinates are in the units of the context.
 Rectangle representable(cairo_t* context, Rectangle rectangle);
 
 // Adds a closed outline to the context's path. Coordinates are in the units of the context. Does nothing if the

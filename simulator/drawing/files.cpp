@@ -44,19 +44,19 @@ std::string describe(const char* step, const std::filesystem::path& path, const 
   return std::string(step) + " " + path.string() + ": " + reason;
 }
 
-// A renamed file would replace a device or a named pipe.
+// Returns an error for anything other than a regular file, because renaming would replace a device or a named pipe.
 std::optional<std::string> checkReplaceable(const std::filesystem::path& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) {
-    // A chain of symbolic links that has no end cannot be followed.
+    // The symbolic links form a loop.
     return errno == ELOOP ? std::optional(describe("cannot write", path, std::strerror(ELOOP))) : std::nullopt;
   }
   if (S_ISREG(status.st_mode)) return std::nullopt;
   return describe("cannot replace", path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file");
 }
 
-// Follows symbolic links at the end of the path, because a renamed file would replace the link. The target of the last
-// link can be missing.
+// Follows symbolic links at the end of the path, because renaming a file to the path of a link would replace the link.
+// The target of the last link can be missing.
 std::filesystem::path withoutLinks(std::filesystem::path path) {
   constexpr int maxLinks = 40;
   std::error_code error;
@@ -112,7 +112,7 @@ std::optional<std::string> writeFile(std::span<const std::byte> content, const s
   std::string temporary;
   File file = createTemporary(path, temporary);
   if (!file.isOpen()) return describeMissingTemporary(path, errno);
-  // A temporary file has no permissions for other users, so they are added.
+  // mkstemp creates a file that only the user can read. The written file has the usual permissions.
   const bool written = writeAll(file, content) && fchmod(file.descriptor(), 0644) == 0 && file.close() &&
                        std::rename(temporary.c_str(), path.c_str()) == 0;
   if (written) return std::nullopt;

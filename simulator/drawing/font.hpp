@@ -24,8 +24,8 @@ struct Font {
 double effectiveSize(const Font& font);
 
 // Returns the height of a line in points, rounded up to whole pixels. The height depends only on the size of the font,
-// because emoji and other scripts must not change the distance between lines. For example, a font of 13 points has
-// lines of 16 points, and a font of 15 points has lines of 18 points.
+// because emoji and other scripts must not change the distance between lines. For example, the line height is 16 points
+// for a font of 13 points, and 18 points for a font of 15 points.
 double lineHeight(const Font& font, double scale);
 
 // Returns the distance in points from the top of a line to its baseline, rounded to a whole pixel.

@@ -45,7 +45,7 @@ constexpr const char* configuration = R"(<?xml version="1.0"?>
 constexpr double pointsPerInch = 72;
 constexpr std::size_t maxLanguageLength = 35;
 
-// Creates the font map, which is never destroyed. Called once.
+// Creates the font map, which is never destroyed. Call this once.
 PangoFontMap* makeFontMap() {
   FcConfig* fonts = FcConfigCreate();
   FcConfigParseAndLoadFromMemory(fonts, reinterpret_cast<const FcChar8*>(configuration), FcTrue);

@@ -11,7 +11,7 @@ constexpr int cellSide = 4;
 constexpr int boxPasses = 3;
 
 // The maximum radius of a box blur, in cells. A larger radius would make sums overflow 32 bits: a cell is the sum of 16
-// pixels, and each of the three passes multiplies it by the width of the box.
+// pixels, and each of the three passes multiplies this sum by the box width.
 constexpr int maxRadius = 38;
 static_assert(255LL * 16 * (2 * maxRadius + 1) * (2 * maxRadius + 1) * (2 * maxRadius + 1) < 1LL << 31);
 
@@ -30,7 +30,7 @@ int boxRadius(double sigmaInCells) {
   return std::clamp(static_cast<int>(std::lround((width - 1) / 2)), 1, maxRadius);
 }
 
-// The pixels that the blur reads, and their position on the canvas.
+// The pixels that the blur reads, and the area of the canvas that contains them.
 struct Source {
   SurfaceHandle surface;
   PixelRectangle area;
@@ -42,7 +42,7 @@ struct Source {
   }
 };
 
-// Captures the pixels of these cells that are on the canvas.
+// Captures those pixels of the cells that are on the canvas.
 Source captureCells(const Canvas& canvas, int column, int row, int columns, int rows) {
   PixelRectangle area;
   area.x = std::max(column * cellSide, 0);
@@ -122,8 +122,8 @@ float averagingFactor(int radius) {
   return 1 / (width * width * width);
 }
 
-// Reduces the source to rows of cells and blurs each row. The result has 2 * boxPasses * radius additional rows,
-// because blurring the columns then removes as many rows.
+// Reduces the source to rows of cells and blurs each row. The result has 2 * boxPasses * radius extra rows, because the
+// column blur that follows removes that many.
 std::vector<Cell> blurRows(const Source& source, const BlurredCells& wanted, int radius) {
   const int margin = boxPasses * radius;
   const int rows = wanted.rows + 2 * margin;
@@ -170,9 +170,9 @@ void blurColumns(const std::vector<Cell>& source, BlurredCells& target, int radi
   }
 }
 
-// How a pixel is interpolated. The center of a pixel lies between the centers of two cells. A phase contains the
-// weights of these two cells, in eighths, and the offset from the cell of the pixel to the first of them. The array
-// contains one phase for each position of a pixel in its cell.
+// How to interpolate a pixel, whose center lies between the centers of two cells. A phase contains the weights of these
+// two cells, in eighths, and the offset of the first cell from the cell that contains the pixel. The array contains one
+// phase for each position of a pixel in its cell.
 struct Phase {
   std::uint16_t first;
   std::uint16_t second;

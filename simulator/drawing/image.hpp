@@ -27,13 +27,13 @@ class Image {
   // number is replaced by 1. Returns null if the surface is null, empty, in an error state, or not an image surface.
   static std::shared_ptr<const Image> fromSurface(SurfaceHandle surface, double scale, std::string name = {});
 
-  // The same for the content of a file. If it has more than 4 million pixels, only a reduced copy of the pixels is
-  // retained: a display shows no more of them. The size of the image is still that of the file.
+  // Like fromSurface, for the content of a file. If it has more than 4 million pixels, only a reduced copy is retained,
+  // because a display cannot show more pixels. The size of the image is still that of the file.
   static std::shared_ptr<const Image> fromFile(SurfaceHandle surface, double scale, std::string name);
 
-  // The same for a PNG file that belongs to the installation. Its pixels are decoded when they are first needed, and
-  // released while only a resized copy of them is needed. Returns null if the file is missing or has no PNG header. A
-  // file that is damaged after its header is drawn as a transparent image.
+  // Like fromSurface, for a PNG file of the installation. The pixels are decoded when they are first needed, and freed
+  // while only a resized copy is needed. Returns null if the file is missing or has no PNG header. A file that is
+  // damaged after its header is drawn as a transparent image.
   static std::shared_ptr<const Image> fromInstalledFile(const std::filesystem::path& path, double scale);
 
   int pixelWidth() const { return pixelWidth_; }
@@ -42,7 +42,7 @@ class Image {
   double scale() const { return scale_; }
   // The size in points.
   Size size() const { return {pixelWidth_ / scale_, pixelHeight_ / scale_}; }
-  // The path of the file, or the name by which the image was requested. Empty if the image has neither.
+  // The path of the file, or the name with which the image was requested. Empty if the image has neither.
   const std::string& name() const { return name_; }
   // Returns an image that shares the pixels and has another name.
   std::shared_ptr<const Image> named(std::string name) const;
@@ -77,7 +77,8 @@ class Image {
 };
 
 // Decodes PNG or JPEG data. The content determines the format. Returns null for data in another format, for damaged or
-// truncated data, and for an image with more pixels than the limit. The scale is that of Image::fromSurface.
+// truncated data, and for an image with more pixels than the limit. `scale` has the same meaning as in
+// Image::fromSurface.
 std::shared_ptr<const Image> decodeImage(std::span<const std::byte> data, double scale = 1, std::string name = {});
 
 // Reads an image file. The name of the image is the path. "@2x" or "@3x" before the extension sets the scale. Returns

@@ -12,7 +12,7 @@ struct ScaledName {
   double scale;
   const char* suffix;
 };
-// The suffixes of file names for each scale, the largest scale first.
+// The suffix of the file name for each scale, the largest scale first.
 constexpr std::array<ScaledName, 3> scaledNames{{{3, "@3x"}, {2, "@2x"}, {1, ""}}};
 
 double scaleInName(const std::filesystem::path& path) {
@@ -47,7 +47,7 @@ std::shared_ptr<const Image> loadImageNamed(const std::filesystem::path& path, d
   for (const ScaledName& candidate : scaledNames) {
     if (auto image = load(candidate)) return image;
   }
-  // The path has no extension here. The file at the path itself can still be an image.
+  // If the path has no extension, the file at the path itself can still be an image.
   return path.has_extension() ? nullptr : loadImage(path);
 }
 

@@ -18,7 +18,7 @@ namespace drawing {
 namespace {
 
 // A progressive image consists of scans, and each scan can refine all pixels. Normal images have about ten scans. The
-// limits prevent images that take extremely long to decode.
+// limits reject images that would take extremely long to decode.
 constexpr int maxScans = 200;
 constexpr std::int64_t maxScannedPixels = 2'000'000'000;
 
@@ -37,7 +37,7 @@ struct ErrorHandler {
 
 [[noreturn]] void fail(j_common_ptr codec) { std::longjmp(ErrorHandler::of(codec).jumpTarget, 1); }
 
-// Ends decoding at a truncation. The library itself only issues a warning and fills the missing pixels with gray.
+// Ends decoding if the data is truncated. The library itself only warns and fills the missing pixels with gray.
 void failOnTruncation(j_common_ptr codec, int level) {
   const int message = codec->err->msg_code;
   if (level < 0 && (message == JWRN_JPEG_EOF || message == JWRN_HIT_MARKER)) fail(codec);

@@ -69,7 +69,7 @@ void saturateAndTint(BlurredCell& cell, const Material& material) {
   cell = {result[0], result[1], result[2], cell.alpha};
 }
 
-// The number of rows that are painted at a time. So few rows fit into the processor's cache.
+// The number of rows that are painted at a time. This number of rows fits into the processor's cache.
 constexpr int bandHeight = 32;
 
 void paintBand(cairo_t* context, cairo_surface_t* pixels, const PixelRectangle& band, double alpha) {

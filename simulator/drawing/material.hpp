@@ -7,13 +7,12 @@
 
 namespace drawing {
 
-// The styles of the platform. The values are those of the platform. Only the appearance of Regular differs between
-// light and dark.
+// The platform's styles, with the platform's values. Only Regular looks different in the light and the dark appearance.
 enum class BlurStyle { ExtraLight = 0, Light = 1, Dark = 2, Regular = 4 };
 
 enum class Appearance { Light, Dark };
 
-// Returns the style with this value of the platform, or Regular if the value is unknown.
+// Returns the style that has this value on the platform, or Regular if the value is unknown.
 BlurStyle blurStyle(int number);
 
 // Draws a material over the existing content. `area` is in points; its corners are rounded by `corners`. `alpha` is the

@@ -15,7 +15,7 @@ struct PixelRectangle {
   friend bool operator==(const PixelRectangle&, const PixelRectangle&) = default;
 };
 
-// Returns the common part of the rectangles. It is empty if they do not overlap.
+// Returns the intersection of the rectangles. It is empty if they do not overlap.
 PixelRectangle intersection(const PixelRectangle& left, const PixelRectangle& right);
 // Returns the smallest rectangle that contains both rectangles. An empty rectangle is ignored.
 PixelRectangle boundingRectangle(const PixelRectangle& left, const PixelRectangle& right);

@@ -14,8 +14,8 @@ constexpr std::size_t maxCharacters = 20'000;
 // The time to lay out a paragraph grows with the square of the number of tabs.
 constexpr std::size_t maxTabs = 500;
 
-// Upper bounds that hold for every script. The first is the number of characters in a length equal to the font size.
-// The second is the number of characters without width in a line.
+// Upper bounds for every script: the number of characters that fit into a width equal to the font size, and the number
+// of zero-width characters in a line.
 constexpr double maxCharactersPerFontSize = 8;
 constexpr double maxZeroWidthCharactersPerLine = 64;
 

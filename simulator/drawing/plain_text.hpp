@@ -33,9 +33,9 @@ struct TextLimit {
 // number of lines is unlimited if `lines` is 0 or less. The width is unlimited if it is infinite.
 TextLimit textLimit(const Paragraph& paragraph, double width, int lines);
 
-// Returns the text of all runs, up to the limit. Extremely long words contain additional places for line breaks.
+// Returns the text of all runs, up to the limit. Extremely long words contain additional line-break opportunities.
 // Control characters, runs whose font has no size, and a line feed at the end of the text are omitted. Line feeds
-// beyond the limit become spaces, because the layout of a paragraph takes much longer than that of a word. The text
+// beyond the limit become spaces, because laying out a paragraph takes much longer than laying out a word. The text
 // after them is included, because it can affect script and direction. Tabs after the first 500 become spaces.
 PlainText plainText(const Paragraph& paragraph, TextLimit limit);
 

@@ -57,7 +57,7 @@ struct TextLayout::State {
   double lineHeight = 0;
   double baseline = 0;
 
-  // The results of the last calls. They are stored because they are usually needed again in the next frame.
+  // The results of the last calls. They are cached because the next frame usually needs them again.
   struct LastBreak {
     double width;
     int lines;
@@ -95,7 +95,7 @@ struct TextLayout::State {
     return lastMeasure->second;
   }
 
-  // Returns how many of the allowed lines fit into the height, but at least one.
+  // Returns the number of allowed lines that fit into the height, but at least 1.
   int linesFitting(double height) const {
     const int fitting = std::max(1, static_cast<int>(std::min(height / lineHeight + pixelTolerance, 100'000.0)));
     return paragraph.maxLines > 0 ? std::min(fitting, paragraph.maxLines) : fitting;

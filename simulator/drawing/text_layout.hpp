@@ -21,7 +21,7 @@ enum class Alignment { Natural, Left, Center, Right };
 // text without such a character has the direction of the user interface.
 enum class BaseDirection { LeftToRight, RightToLeft };
 
-// How a text is truncated that exceeds the maximum number of lines: after a word, or with an ellipsis.
+// How to truncate a text that exceeds the maximum number of lines: after a word, or with an ellipsis.
 enum class LineBreak { WordWrap, TruncateTail };
 
 // A piece of text in UTF-8 with one font. Invalid bytes become U+FFFD. A run without a color is drawn in the color that
@@ -46,7 +46,7 @@ struct Paragraph {
 };
 
 // The layout of a paragraph. Lines end at line feeds and between words. A word is broken only if it is longer than a
-// line. A single line feed at the end of the text adds no line. The layout reads only as many characters as can be
+// line. A single line feed at the end of the text adds no line. The layout reads only the characters that can be
 // visible, and at most 20,000. A word of more than 200 characters can also be broken after every 200 characters.
 class TextLayout {
  public:

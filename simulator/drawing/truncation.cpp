@@ -34,7 +34,7 @@ LayoutHandle layoutLine(const PlainText& shown, const Paragraph& paragraph, Base
   return layout;
 }
 
-// The runs of a line that pango has truncated.
+// The properties of a line that pango has laid out and, if necessary, truncated.
 struct TruncatedLine {
   bool hasMixedDirections = false;
   // The position of the first omitted character, if pango has added an ellipsis.
@@ -78,8 +78,8 @@ LayoutHandle truncateLine(const PlainText& text, const Paragraph& paragraph, dou
   setWidth(layout.get(), width);
   const TruncatedLine truncated = inspect(pango_layout_get_line_readonly(layout.get(), 0));
   if (!truncated.end || !truncated.hasMixedDirections) return layout;
-  // Pango orders the runs before it truncates them. A space at the end of the visible text then remains in the middle
-  // of the line, or between the edge and the text.
+  // Pango reorders the runs before it truncates them. A space at the end of the visible text would then appear in the
+  // middle of the line, or between the edge and the text.
   const std::size_t end = begin + withoutTrailingSpaces(shown.text, *truncated.end);
   LayoutHandle reordered = layoutLine(withEllipsis(text, begin, end), paragraph, direction);
   int reorderedWidth = 0;

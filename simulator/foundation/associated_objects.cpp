@@ -86,7 +86,7 @@ Associations removeAll(id object) {
 }  // namespace
 
 void removeAssociations(id object) {
-  // The loop repeats because releasing a value can run code that adds another association to the object.
+  // A loop is necessary because releasing a value can run code that adds another association to the object.
   while (table().objects.mayContain(object)) {
     const Associations removed = removeAll(object);
     if (removed.empty()) return;
@@ -101,7 +101,7 @@ extern "C" {
 void objc_setAssociatedObject(id object, const void* key, id value, std::uintptr_t policy) {
   using namespace foundation;
   if (object == nullptr) return;
-  // The old value is released while the table is not locked, because deallocating the value can run any code.
+  // Releases the old value while the table is not locked, because deallocating the value can run any code.
   release(value == nullptr ? remove(object, key) : store(object, {key, copyOrRetain(value, policy), policy}));
 }
 

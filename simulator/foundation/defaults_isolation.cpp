@@ -70,8 +70,8 @@ void writeFile(const fs::path& path, const std::string& text) {
   fs::rename(unfinished, path);
 }
 
-// Removes the lock of a process that was killed. Foundation would wait for 20 seconds until it removes the lock. A
-// process holds the lock only for milliseconds.
+// Removes the stale lock of a killed process. Foundation would wait for 20 seconds before it removes the lock. A
+// running process holds the lock only for milliseconds.
 void removeStaleLock(const fs::path& lock) {
   constexpr auto maxAge = std::chrono::seconds(2);
   constexpr auto pollInterval = std::chrono::milliseconds(20);
@@ -80,14 +80,14 @@ void removeStaleLock(const fs::path& lock) {
     const fs::file_time_type created = fs::last_write_time(lock, error);
     if (error) return;
     const auto age = fs::file_time_type::clock::now() - created;
-    // The time of a lock in the future is that of another clock.
+    // A lock whose time is in the future was created before the clock was set back.
     if (age > maxAge || age < -maxAge) break;
     std::this_thread::sleep_for(pollInterval);
   }
   fs::remove_all(lock, error);
 }
 
-// Makes Foundation read the environment again. Foundation has copied the environment at the start of the process.
+// Makes Foundation read the environment again. Foundation copied the environment when the process started.
 void reloadFoundationEnvironment() {
   std::ifstream commandLine("/proc/self/cmdline");
   std::vector<std::string> words;
@@ -117,7 +117,7 @@ std::optional<std::string> isolateDefaults(const fs::path& root) {
     useDaemonOfRoot(root);
     folder = aliasOfRoot() / folderInRoot;
     configuration = folder / "GNUstep.conf";
-    // The path in the root and not the alias, because errors name it.
+    // Uses the path of the root instead of the alias, because error messages contain this path.
     fs::create_directories(root / folderInRoot / "Defaults");
     removeStaleLock(root / folderInRoot / "Defaults" / lockInDatabase);
     writeFile(root / folderInRoot / "GNUstep.conf", configurationText(folder));

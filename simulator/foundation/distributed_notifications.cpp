@@ -13,9 +13,9 @@
 
 namespace foundation {
 
-// Takes the place of the caller's observer at the daemon. The connection to the daemon stores an unretained pointer to
-// its observer and uses it even after the observer is deallocated. Therefore, an object of this class is never
-// deallocated.
+// Is registered with the daemon in place of the caller's observer. The connection to the daemon stores an unretained
+// pointer to its observer and uses it even after the observer is deallocated. Therefore, an object of this class is
+// never deallocated.
 class DistributedObserver : public objc::Interface<"BrimDistributedObserver", NSObject> {};
 
 }  // namespace foundation
@@ -43,8 +43,8 @@ namespace {
 using Center = NSDistributedNotificationCenter;
 using Observers = std::vector<objc::Ref<DistributedObserver>>;
 
-// The maximum number of posts without a wait for the daemon. The daemon can accept a post while it still delivers the
-// previous one, so its calls are nested. Too many posts without a pause exhaust its stack.
+// The maximum number of posts that are sent without waiting for the daemon. The daemon can accept a post while it is
+// still delivering the previous one, so its calls are nested. Too many posts in a row exhaust its stack.
 constexpr int maxUnansweredPosts = 8;
 
 Observers& observers() {
@@ -55,7 +55,7 @@ Observers& observers() {
 // Whether this process is calling the daemon. The daemon can deliver notifications during the call.
 bool isCallingDaemon = false;
 
-// The number of received notifications whose delivery waits on the main queue.
+// The number of received notifications whose delivery is pending on the main queue.
 int pendingNotifications = 0;
 
 void notify(DistributedObserver* self, NSNotification* notification) {
@@ -88,7 +88,7 @@ bool succeeds(const Work& work) try {
   return false;
 }
 
-// A descriptor of the daemon with which all observers are registered. It is not open if there is no such daemon.
+// A descriptor of the daemon with which all observers are registered. Not open if there is no registration.
 FileDescriptor& watchedDaemon() {
   static auto& daemon = *new FileDescriptor;
   return daemon;
@@ -163,7 +163,7 @@ void addObserver(Add, Center* self, NSObject* observer, SEL selector, NSString* 
   if (!state.isRegistered) watchedDaemon() = {};
 }
 
-// Returns whether the string is the wanted one. If `wanted` is nil, every string matches.
+// Returns whether the string equals `wanted`. If `wanted` is nil, every string matches.
 bool matches(NSString* wanted, NSString* present) {
   return wanted == nullptr || (present != nullptr && wanted->isEqualToString(present));
 }
@@ -186,7 +186,7 @@ void post(Post original, Center* self, NSString* name, NSString* object, NSDicti
   const DaemonCall call;
   if (!succeedsWithRetry(self, [&] { original(self, name, object, userInfo, immediately); })) {
     std::fprintf(stderr,
-                 "the notification %s was not posted: the notification daemon does not run and cannot be started\n",
+                 "the notification %s was not posted: the notification daemon is not running and cannot be started\n",
                  name->UTF8String());
     return;
   }

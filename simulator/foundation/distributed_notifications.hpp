@@ -1,6 +1,6 @@
 // Adapts GNUstep's distributed notification center to the behavior of the platform. A deallocated observer is skipped.
-// Observers are registered again with a daemon that was restarted. A post without a daemon prints an error to standard
-// error instead of raising an exception.
+// Observers are registered again with a daemon that was restarted. If no daemon is available, a post prints an error to
+// standard error instead of raising an exception.
 #pragma once
 
 namespace foundation {

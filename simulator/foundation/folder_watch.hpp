@@ -11,7 +11,7 @@ namespace foundation {
 // creates it again if it is removed. Main thread.
 class FolderWatch {
  public:
-  // The run loop calls `changed` with the name of a changed file. It passes an empty string if any file can have
+  // The run loop calls `changed` with the name of a changed file. The name is empty if any of the files can have
   // changed.
   FolderWatch(std::filesystem::path folder, std::function<void(const std::string& name)> changed);
   FolderWatch(const FolderWatch&) = delete;

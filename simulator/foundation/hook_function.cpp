@@ -24,8 +24,7 @@ void MSHookMessageEx(Class target, SEL selector, IMP replacement, IMP* replaced)
   } else {
     method_setImplementation(method, replacement);
   }
-  // The runtime updates the dispatch table of this class only, but the dispatch tables of subclasses can contain
-  // copies.
+  // The runtime updates only the dispatch table of this class, but those of its subclasses can contain copies.
   __objc_update_dispatch_table_for_class(target);
 }
 

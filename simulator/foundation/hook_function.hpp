@@ -4,7 +4,7 @@
 #include "objc/hook_installation.hpp"
 
 // If the method is inherited, the original that the function stores is the current implementation of the superclass.
-// Therefore, hooks of a superclass must be installed before those of its subclasses. Subclasses that inherit the method
-// get the replacement too. The function does nothing if the class or the selector is null or the class has no such
+// Therefore, hooks of a superclass must be installed before hooks of its subclasses. Subclasses that inherit the method
+// also inherit the replacement. The function does nothing if the class or the selector is null or the class has no such
 // method. `replaced` can be null.
 extern "C" objc::HookFunction MSHookMessageEx;

@@ -9,9 +9,9 @@ extern "C" {
 
 namespace foundation {
 
-// While a value of this type exists, the leak sanitizer ignores what the current thread allocates. A list of suppressed
-// functions has the same effect, but it requires the complete stack of each allocation, which makes a test three times
-// as slow.
+// While a value of this type exists, the leak sanitizer ignores the allocations of the current thread. A suppression
+// list would have the same effect, but it requires the complete stack of each allocation, which makes tests three times
+// slower.
 class IgnoredLeaks {
  public:
   IgnoredLeaks() {
@@ -24,8 +24,8 @@ class IgnoredLeaks {
   }
 };
 
-// Makes the classes of Foundation whose +initialize methods leak execute these methods, while leaks are ignored. Does
-// nothing without the leak sanitizer.
+// Initializes the Foundation classes whose +initialize methods leak memory, and ignores these leaks. Does nothing
+// without the leak sanitizer.
 void initializeLeakingClasses();
 
 }  // namespace foundation

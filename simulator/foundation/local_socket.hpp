@@ -1,5 +1,5 @@
-// Local sockets between the processes of a root. A socket has a folder and a name, because the path of the folder can
-// be longer than a socket address can be. Connections from and to processes of other users are rejected.
+// Local sockets between the processes of a root. A folder and a name identify a socket, because a complete path can be
+// too long for a socket address. Connections from and to processes of other users are rejected.
 #pragma once
 
 #include <filesystem>
@@ -14,8 +14,8 @@ namespace foundation {
 FileDescriptor listenIn(const std::filesystem::path& folder, const char* name);
 // Connects to the process that listens under this name. Returns a closed descriptor if no process of this user listens.
 FileDescriptor connectIn(const std::filesystem::path& folder, const char* name);
-// Accepts the next connection. Returns a closed descriptor if there is no connection or if its process belongs to
-// another user.
+// Accepts the next connection. Returns a closed descriptor if there is no connection or if the connecting process
+// belongs to another user.
 FileDescriptor acceptFrom(const FileDescriptor& listening);
 
 // Writes all bytes and returns whether this succeeded. Writing fails, without a signal, if the reader has closed the

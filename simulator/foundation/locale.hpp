@@ -6,7 +6,7 @@
 
 namespace foundation {
 
-// Whether the text has the form of a locale identifier: a language, and optionally a script and a region.
+// Returns whether the text has the form of a locale identifier: a language, and optionally a script and a region.
 bool isLocaleIdentifier(const std::string& text);
 
 // Selects a locale such as "de_DE", "zh_Hant_TW" or "pt-BR". An empty identifier selects the default, "en_US".

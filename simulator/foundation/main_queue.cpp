@@ -30,7 +30,7 @@ WorkList& workList() {
   return list;
 }
 
-// The list of work that external events have caused and that waits until real time passes.
+// The work that external events have caused. It is pending until real time passes.
 WorkList& externalWork() {
   static WorkList& list = *new WorkList;
   return list;
@@ -152,7 +152,7 @@ FrameObserverId addFrameObserver(FrameFunction observer) { return addFrameObserv
 
 FrameObserverId addFrameObserverAt(Nanoseconds when, FrameFunction observer) {
   static FrameObserverId last = 0;
-  // The first frame at or after `when` is the first frame after the nanosecond before it.
+  // Subtracts a nanosecond to include a frame at `when` itself, because frameTimeAfter() excludes its argument.
   const Nanoseconds before = std::max(when, clock::now() + 1) - 1;
   frameObservers().push_back({++last, std::move(observer), frameTimeAfter(before)});
   return last;
@@ -186,8 +186,7 @@ void stepClock(double seconds) {
   const Nanoseconds duration = nanosecondsOf(seconds);
   const Nanoseconds target = duration == never ? clock::now() : saturatingSum(clock::now(), duration);
   if (clock::mode() == ClockMode::Real) {
-    // Schedules empty work at the target time. It wakes the main thread, because no other event may occur before that
-    // time.
+    // Schedules empty work to wake the main thread at the target time, because otherwise no event might wake it then.
     onMainThreadAt(target, [] {});
     runMainQueueUntil([target] { return clock::now() >= target; });
   } else {

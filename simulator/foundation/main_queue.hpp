@@ -1,5 +1,5 @@
-// The queue of the main thread, and the clock of timers, animations and dates. The clock either is real or is stepped
-// by a script.
+// The queue of the main thread, and the clock of timers, animations and dates. The clock is either real or stepped by a
+// script.
 #pragma once
 
 #include <cstdint>
@@ -28,18 +28,18 @@ void onMainThreadAfter(double seconds, std::function<void()> work);
 // Runs work on the main thread when the clock shows `when`. Any thread.
 void onMainThreadAt(Nanoseconds when, std::function<void()> work);
 
-// Runs work on the main thread that an external event, such as a server's response, has caused. With a real clock, the
-// work runs as soon as possible. With a stepped clock, the work waits for scheduleExternalWork, because steps of the
+// Runs work for an external event, such as a server's response, on the main thread. With a real clock, the work runs as
+// soon as possible. With a stepped clock, it is pending until scheduleExternalWork is called, because steps of the
 // clock must have the same result in every run. Any thread.
 void onMainThreadForExternalEvent(std::function<void()> work);
-// Adds the waiting work of external events to the main queue. Call this whenever real time has passed. Main thread.
+// Adds the pending work for external events to the main queue. Call this whenever real time has passed. Main thread.
 void scheduleExternalWork();
 
-// Runs work on the main thread that another process has requested, in the order of the calls. With a real clock, each
-// iteration runs at most one request, after the events and the frame of the iteration, because input and frames must
-// not wait for a burst of requests. With a stepped clock, this is onMainThread. Main thread.
+// Runs a request from another process on the main thread. Requests run in the order of the calls. With a real clock,
+// each iteration runs at most one request, after its events and its frame, because a burst of requests must not delay
+// input and frames. With a stepped clock, this function is equivalent to onMainThread. Main thread.
 void onMainThreadForRequest(std::function<void()> work);
-// Runs the first waiting request, if there is one, and then the work that is due. Main thread.
+// Runs the first pending request, if there is one, and then the work that is due. Main thread.
 void runNextRequest();
 
 // The result of a frame observer, which is called on the main thread 60 times a second until it returns Done. A new

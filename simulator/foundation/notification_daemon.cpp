@@ -30,7 +30,7 @@ constexpr const char* lockFile = "processes";
 constexpr const char* temporaryFolder = "/tmp";
 constexpr const char* linkToRoot = "root";
 
-// The folder with the daemon's registration and sockets, and this process's descriptor of the lock file.
+// The folder that contains the daemon's registration and sockets, and this process's descriptor of the lock file.
 struct DaemonFolder {
   fs::path path;
   int lock = -1;
@@ -81,7 +81,7 @@ void removeIfUnused(const DaemonFolder& folder) {
 
 void removeOwnFolderIfUnused() { removeIfUnused(ownFolder()); }
 
-// Returns whether the status is that of a folder of this user. Other users can create a folder or a link with the
+// Returns whether the status describes a folder that this user owns. Other users can create a folder or a link with the
 // expected name in the temporary folder.
 bool isFolderOfThisUser(const struct stat& status) { return S_ISDIR(status.st_mode) && status.st_uid == getuid(); }
 
@@ -89,8 +89,9 @@ int openLock(const fs::path& folder) {
   return open((folder / lockFile).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
 }
 
-// If no process uses the folder, removes it. The folder can lack a lock file: if it was removed while a daemon was
-// still starting, the daemon has created it again without the file. In that case, openLock creates the file.
+// If no process uses the folder, removes it. The folder can lack a lock file: if the folder was removed while a daemon
+// was still starting, the daemon has created the folder again without the file. In that case, openLock creates the
+// file.
 void removeIfUnused(const fs::path& path) {
   struct stat status = {};
   if (lstat(path.c_str(), &status) != 0 || !isFolderOfThisUser(status)) return;
@@ -119,7 +120,7 @@ bool createPrivateFolder(const fs::path& path) {
   return chmod(path.c_str(), S_IRWXU) == 0 || errno != ENOENT;
 }
 
-// Returns whether the open lock file is still in the folder. It is not if an exiting process has removed the folder
+// Returns whether the open lock file is still in the folder. Returns false if an exiting process has removed the folder
 // after this process opened the file.
 bool isLockFileInFolder(const DaemonFolder& folder) {
   struct stat locked = {};
@@ -138,8 +139,8 @@ bool tryToLock(DaemonFolder& folder) {
   return false;
 }
 
-// Creates the link to the root. Another process of the root can create the link at the same time. If a folder is in its
-// place, a daemon that outlived the last process of the root has created it.
+// Creates the link to the root. Another process of the root can create the link at the same time. If a folder already
+// exists at its path, it was created by a daemon that outlived the last process of the root.
 void linkRoot(const fs::path& link, const fs::path& root) {
   std::error_code error;
   fs::create_directory_symlink(root, link, error);

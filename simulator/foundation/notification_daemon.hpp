@@ -10,8 +10,9 @@ namespace foundation {
 
 // Connects this process to the daemon of the root, through the environment. The daemon's folder is outside the root,
 // because the path of a socket must be short and because the root can be removed before its processes end. When the
-// last process of a root exits, it ends the daemon and removes the folder. If that process was killed, the next process
-// that uses any root does so. Call this once, before any use of Foundation. Throws std::filesystem::filesystem_error.
+// last process of a root exits, it ends the daemon and removes the folder. If that process is killed, the next process
+// that uses any root removes the folder. Call this once, before any use of Foundation. Throws
+// std::filesystem::filesystem_error.
 void useDaemonOfRoot(const std::filesystem::path& root);
 
 // Returns the path of a symbolic link to the root. The path is short and contains only letters, digits, hyphens and

@@ -1,5 +1,5 @@
-// A fast test whether an object can be in a table. It avoids most searches, because most objects have no associations
-// and no weak references.
+// Tests quickly whether a table can contain an object. This avoids most searches, because most objects have no
+// associations and no weak references.
 #pragma once
 
 #include <atomic>
@@ -10,8 +10,8 @@
 
 namespace foundation {
 
-// Counts the table's objects by a hash of their address. Any thread. A thread sees the entry of an object if it
-// received the object from the thread that added the entry.
+// Counts the table's objects by a hash of their address. Any thread. A thread that receives an object from the thread
+// that added the object's entry sees the entry.
 class ObjectFilter {
  public:
   void add(id object) { bucket(object).fetch_add(1, std::memory_order_relaxed); }

@@ -19,8 +19,8 @@ namespace foundation {
 
 namespace {
 
-// Returns the path of the folder without symbolic links. Error messages show the path, and Foundation's path can
-// contain the alias of the root.
+// Returns the path of the folder without symbolic links, because error messages show it, and because Foundation's path
+// can contain the alias of the root.
 std::filesystem::path defaultsFolder() {
   const objc::AutoreleasePool pool;
   return std::filesystem::weakly_canonical(GSDefaultsRootForUser(NSUserName())->UTF8String());

@@ -48,7 +48,7 @@ std::optional<NSInteger> integerOfNumber(const NSNumber* number) {
     return static_cast<NSInteger>(value);
   }
   const NSInteger whole = number->integerValue();
-  // The double is positive and the integer is negative if the number is unsigned and beyond the range.
+  // An unsigned number beyond the range has a positive double value but a negative integer value.
   if (value > 0 && whole < 0) return std::nullopt;
   return whole;
 }

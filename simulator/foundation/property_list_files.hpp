@@ -1,5 +1,4 @@
-// Reads property lists from files. The contents of the files are untrusted input. Any thread that has an autorelease
-// pool.
+// Reads property lists from files. The contents of the files are untrusted input. Any thread, with an autorelease pool.
 #pragma once
 
 #include <filesystem>
@@ -12,8 +11,8 @@ namespace foundation {
 // larger than a megabyte, or does not contain a property list whose top-level object is a dictionary.
 objc::Ref<NSDictionary> readPropertyList(const std::filesystem::path& file);
 
-// Reads a table of localized strings, which contains lines such as "key" = "text"; in UTF-8, or in UTF-16 with a byte
-// order mark. Returns null in the same cases as readPropertyList.
+// Reads a table of localized strings, which contains lines such as "key" = "text"; and is encoded in UTF-8, or in
+// UTF-16 with a byte order mark. Returns null in the same cases as readPropertyList.
 objc::Ref<NSDictionary> readStringsFile(const std::filesystem::path& file);
 
 }  // namespace foundation

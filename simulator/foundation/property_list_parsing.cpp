@@ -17,7 +17,7 @@ namespace {
 constexpr std::ptrdiff_t maxCollections = 1000;
 
 // The maximum first byte of GNUstep's own binary format. Data in that format is rejected, because the phone does not
-// support it and GNUstep allocates as much memory as the data specifies.
+// support it, and because GNUstep would allocate any amount of memory that the data specifies.
 constexpr unsigned char maxFirstByteOfGNUstepFormat = 1;
 
 bool isSafe(const NSData* data) {
@@ -51,8 +51,8 @@ bool hasAcceptableNesting(std::string_view text) {
 
 void installPropertyListParsing() {
   using Hook = objc::detail::HookOf<&propertyListWithData>;
-  // Sends a message to the class first. If a method of a class is replaced before its first message, the class is never
-  // initialized.
+  // Sends a message to the class first, because replacing a method before the first message would prevent the class
+  // from being initialized.
   const Class self = objc::send<Class, "class">(NSPropertyListSerialization::classObject());
   const auto metaclass = reinterpret_cast<Class>(object_getClass(reinterpret_cast<id>(self)));
   MSHookMessageEx(metaclass, objc::selector<"propertyListWithData:options:format:error:">(), Hook::implementation(),

@@ -9,8 +9,8 @@ namespace foundation {
 // exception for such data, or exhausts memory or the stack. Call this once. Main thread.
 void installPropertyListParsing();
 
-// Returns whether the text has few enough brackets to be parsed without exhausting the stack. The oldest format of
-// property lists and tables of strings use a notation with brackets.
+// Returns whether the text contains so few brackets that parsing it cannot exhaust the stack. The oldest property list
+// format and strings tables use brackets for nested objects.
 bool hasAcceptableNesting(std::string_view text);
 
 }  // namespace foundation

@@ -11,7 +11,7 @@
 
 namespace foundation {
 
-// The processes with which this process shares preferences and distributed notifications.
+// Specifies with which processes this process shares preferences and distributed notifications.
 enum class DefaultsDatabase {
   OfUser,  // all processes of the user
   OfRoot,  // only the processes of the same root

@@ -18,7 +18,7 @@
 
 namespace foundation {
 
-// The object to which GNUstep's run loop sends the events of descriptors.
+// The object to which GNUstep's run loop reports events on descriptors.
 class DescriptorWatcher : public objc::Interface<"BrimDescriptorWatcher", NSObject> {};
 
 namespace {
@@ -39,7 +39,7 @@ std::map<int, Callback>& callbacks() {
 void receivedEvent(DescriptorWatcher*, void* data, RunLoopEvent, void*, NSString*) {
   const auto found = callbacks().find(static_cast<int>(reinterpret_cast<std::intptr_t>(data)));
   if (found == callbacks().end()) return;
-  // The local copy keeps the callback alive, because the callback can unwatch its own descriptor.
+  // A copy, because the callback can unwatch its own descriptor, which destroys the original.
   const Callback callback = found->second;
   (*callback)();
 }

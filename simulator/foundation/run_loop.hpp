@@ -1,4 +1,4 @@
-// The run loop of the main thread. It is GNUstep's run loop and also watches file descriptors of the simulator.
+// The run loop of the main thread: GNUstep's run loop, which also watches file descriptors for the simulator.
 #pragma once
 
 #include <functional>
@@ -7,7 +7,7 @@
 
 namespace foundation {
 
-// Creates the run loop of the main thread without GNUstep's housekeeping, a timer that wakes the process every 30
+// Creates the run loop of the main thread without GNUstep's housekeeping timer, which would wake the process every 30
 // seconds to synchronize the user's defaults. The simulator synchronizes them when their files change. Call this before
 // any other use of the run loop. Main thread.
 void makeRunLoopWithoutHousekeeping();

@@ -12,13 +12,13 @@
 namespace foundation {
 
 // A queue is never destroyed. Its thread starts with the first `async`. When the process exits, running work can
-// finish, and no further work starts, because static objects that work can use are being destroyed. Any thread.
+// finish, but no further work starts, because the work could use static objects that are being destroyed. Any thread.
 class SerialQueue {
  public:
   void async(std::function<void()> work);
   // Runs the work on the caller's thread, after all work that was added earlier.
   void sync(const std::function<void()>& work);
-  // Returns whether the caller is work of this queue. A call of `sync` by such work would be a deadlock.
+  // Returns whether the caller runs in work of this queue. If that work called `sync`, a deadlock would result.
   bool isRunningCaller() const;
 
  private:

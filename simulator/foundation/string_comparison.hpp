@@ -1,5 +1,5 @@
-// Comparisons of long strings. Foundation compares strings by composed characters, in a buffer on the stack whose size
-// is a multiple of the longest sequence of combining marks. A long sequence overflows the stack.
+// Comparisons of long strings. Foundation compares strings by composed characters. It uses a buffer on the stack whose
+// size is a multiple of the longest sequence of combining marks, so a long sequence overflows the stack.
 #pragma once
 
 namespace foundation {

@@ -29,7 +29,7 @@ Table& table() {
   return shared;
 }
 
-// The caller of each of the next three functions must have locked the table.
+// The caller of the next three functions must have locked the table.
 
 void registerLocation(id object, id* location) {
   const auto [entry, isNew] = table().entries.try_emplace(object);

@@ -49,8 +49,8 @@ bool LexicographicSimplex::absorb(Quantity quantity) {
 
 double LexicographicSimplex::minimize(std::span<const Quantity> goal) {
   beginGoal(goal);
-  // This is far more than the number of pivots of any model. The limit ends the search if rounding errors make even
-  // Bland's rule cycle.
+  // No model needs nearly as many pivots. The limit ends the search if rounding errors cause even Bland's rule to
+  // cycle.
   const std::size_t maxPivotCount = pivotCount_ + 50 * (tableau_.rows() + tableau_.columns()) + 1000;
   int degeneratePivots = 0;
   while (pivotCount_ < maxPivotCount) {
@@ -158,8 +158,8 @@ double LexicographicSimplex::cost(std::span<const Quantity> goal) const {
 }
 
 void LexicographicSimplex::keepOptimum(std::span<const Quantity> goal) {
-  // Each basic quantity of the goal is already restricted to its sign. Each nonbasic quantity is fixed in every
-  // direction in which it would increase the cost.
+  // The basic quantities of the goal are already restricted to their signs. Each nonbasic quantity is now prevented
+  // from changing in any direction that would increase the cost.
   computeGradient(goal);
   for (const std::uint32_t column : candidateColumns_) {
     const Quantity quantity = tableau_.nonbasic(column);

@@ -1,5 +1,5 @@
-// A primal simplex method for lexicographic optimization. It minimizes several goals one after another. Each goal is
-// minimized only as far as the previous goals remain at their optimum.
+// A primal simplex method for lexicographic optimization. It minimizes several goals in order. It minimizes each goal
+// as far as possible while the previous goals remain at their optimum.
 #pragma once
 
 #include <cstddef>
@@ -11,9 +11,9 @@
 
 namespace layout {
 
-// A goal is a set of quantities. Each quantity has a cost for every unit below zero and for every unit above zero. Each
-// goal is first minimized and then fixed at its optimum. A quantity can have any value until a goal contains it. Used
-// by one thread at a time.
+// A goal is a set of quantities. Each quantity has a cost per unit below zero and a cost per unit above zero. Each goal
+// is first minimized and then fixed at its optimum. A quantity can have any value until a goal contains it. Used by one
+// thread at a time.
 class LexicographicSimplex {
  public:
   using Quantity = Tableau::Quantity;

@@ -152,7 +152,7 @@ void Solver::connectVariables() {
   sets_.number();
 }
 
-// Creates and solves the subproblems of the models. A model that was solved before keeps its solved subproblem.
+// Creates and solves the subproblems of the models. Reuses the solved subproblem of a model that was solved before.
 void Solver::solveNewModels(std::vector<Subproblem> solved, std::span<const Model> models) {
   std::unordered_multimap<std::size_t, Subproblem*> reusable;
   reusable.reserve(solved.size());

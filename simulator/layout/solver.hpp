@@ -13,16 +13,16 @@
 
 namespace layout {
 
-// Variables are real numbers of any sign. Required constraints hold exactly. Then each priority is processed, from the
-// highest to the lowest: the sum of the absolute violations of its constraints is minimized, as far as the constraints
-// of higher priorities allow. If several solutions remain, the absolute value of each variable is minimized, in the
-// order in which the variables were added. Therefore, the result depends only on the model, and a variable without
-// constraints is zero.
+// Variables are real numbers of any sign. Required constraints hold exactly. The solver then processes each priority,
+// from the highest to the lowest: it minimizes the sum of the absolute violations of its constraints, as far as the
+// constraints of higher priorities allow. If several solutions remain, the solver minimizes the absolute value of each
+// variable, in the order in which the variables were added. Therefore, the result depends only on the model, and a
+// variable without constraints is zero.
 //
 // The solver is optimized for layouts. It splits the model into independent subproblems, which are the connected
 // components of variables and constraints. It solves a subproblem again only if the subproblem has changed. The time
-// and memory of a subproblem grow with the product of its numbers of variables and constraints. A solver has no shared
-// state. It is used by one thread at a time.
+// and memory for a subproblem are proportional to its number of variables times its number of constraints. A solver has
+// no shared state. It is used by one thread at a time.
 class Solver {
  public:
   using Variable = std::uint32_t;    // numbered from 0 in order of addition
@@ -33,7 +33,7 @@ class Solver {
 
   Variable addVariable();
 
-  // Adds the constraint "sum of the terms + constant `relation` 0". Terms of the same variable are added up. A
+  // Adds the constraint "sum of the terms + constant `relation` 0". Terms of the same variable are added together. A
   // constraint with a priority of `required` or higher must hold. If a constraint contains an unknown variable or a
   // number that is not finite, or if its priority is NaN, it has no effect and is listed as a conflict. The absolute
   // value of a constant is limited to about ten million times the largest coefficient, because larger values, such as
@@ -57,11 +57,11 @@ class Solver {
   // constraints that contradict required constraints before them. Valid until the next solve.
   std::span<const Constraint> conflicts() const { return conflicts_; }
 
-  // Removes all variables and constraints. The solved subproblems are stored. If they occur again in the next model,
-  // they are not solved again.
+  // Removes all variables and constraints. The solved subproblems are cached. A subproblem that occurs again in the
+  // next model is not solved again.
   void clear();
 
-  // The cost of the solver: the number of pivots of all solves, and the current number of cells of all tableaus.
+  // The computational cost: the number of pivots in all solves, and the current number of cells in all tableaus.
   std::size_t pivotCount() const { return pivotCount_; }
   std::size_t cellCount() const;
 

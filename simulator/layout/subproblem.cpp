@@ -12,8 +12,8 @@ constexpr double tolerance = 1e-6;
 // The maximum number of pivots before the problem is solved from scratch. Rounding errors grow with each pivot.
 constexpr std::size_t maxPivotsOnLastBasis = 1000;
 
-// Returns the cost of violating a row. Rows are scaled, so the cost converts a violation back to the units of the
-// constraint. All costs of a priority are divided by its largest unit.
+// Returns the cost of violating a row. The rows are scaled, so the cost converts a violation back to the units of the
+// constraint. All costs of a priority are divided by the largest unit of its constraints.
 LexicographicSimplex::Cost costOf(const Row& row, int maxExponent) {
   const double unit = row.exponent == maxExponent ? 1 : std::scalbn(1.0, row.exponent - maxExponent);
   return {row.relation == Relation::LessOrEqual ? 0 : unit, row.relation == Relation::GreaterOrEqual ? 0 : unit};

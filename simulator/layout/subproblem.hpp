@@ -11,8 +11,8 @@
 
 namespace layout {
 
-// A subproblem. Its variables and rows have the numbers that they have in its model. All numbers in the model must be
-// finite, and all variables in its terms must exist. Used by one thread at a time.
+// A subproblem. Its variables and rows have the same numbers as in its model. All numbers in the model must be finite,
+// and all variables in its terms must exist. Used by one thread at a time.
 class Subproblem {
  public:
   // Copies the model. Call `solve` before you read values or conflicts.
@@ -25,10 +25,10 @@ class Subproblem {
   void solve();
 
   double value(std::uint32_t variable) const { return simplex_.tableau().value(variable); }
-  // The required rows that contradict required rows before them, in ascending order of their numbers.
+  // The required rows that contradict earlier required rows, in ascending order of their numbers.
   std::span<const std::uint32_t> conflicts() const { return conflicts_; }
 
-  // The number of pivots of all solves, and the number of cells of the tableau.
+  // The number of pivots in all solves, and the number of cells in the tableau.
   std::size_t pivotCount() const { return simplex_.pivotCount(); }
   std::size_t cellCount() const { return rows_.size() * (variableCount_ + 1); }
 

@@ -33,8 +33,8 @@ using foundation::FileDescriptor;
 
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
-// Makes the root the file system of the app. A home screen that launches the app has already prepared its root. That
-// home screen may have ended since, and its root may have been deleted.
+// Makes the root the file system of the app. Does not create the root if a home screen launched the app, because that
+// home screen has created it. It can have ended since then, and its root can have been deleted.
 void enterRoot(const MessagesOptions& options) {
   if (options.launch == Launch::ByUser) return process::useRoot(options.root);
   const fs::path& root = options.root;
@@ -100,7 +100,7 @@ MessagesApp::MessagesApp(const MessagesOptions& options) : state_(std::make_uniq
                             report({{"event", "read"}, {"chat", chat}});
                           }});
   state_->list = objc::make<CKConversationListController>();
-  // Loads the view of the list. This makes the library start to receive requests.
+  // Loads the view of the list, which makes the library begin to receive requests.
   state_->list->view();
 
   const fs::path folder = messages::messagesFolder(foundation::root());

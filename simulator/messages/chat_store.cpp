@@ -32,7 +32,7 @@ constexpr const char* schema = R"(
   PRAGMA user_version = 1;
 )";
 
-// Returns what the user can do about the error.
+// Returns a sentence that suggests how the user can fix the error.
 const char* remedyFor(int errorCode) {
   switch (errorCode & 0xff) {
     case SQLITE_BUSY:

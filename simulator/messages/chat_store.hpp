@@ -1,5 +1,5 @@
 // The store of conversations and messages. It is a SQLite database in the root, and all processes of the root share it.
-// Each object of these classes belongs to one thread.
+// Only one thread can use an object of these classes.
 #pragma once
 
 #include <sqlite3.h>

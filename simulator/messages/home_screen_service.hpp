@@ -1,6 +1,6 @@
 // The service through which the Messages app communicates with home screens. It replies when the app is ready for
-// requests, and reports what the app has done. The protocol consists of lines of text over a socket in the folder of
-// the store. Main thread.
+// requests, and reports what the app has done. The protocol consists of lines of text, which are sent over a socket in
+// the folder of the store. Main thread.
 #pragma once
 
 #include <filesystem>

@@ -21,7 +21,7 @@ enum class Launch {
 };
 
 struct MessagesOptions {
-  // The next three options have the same meaning as for the home screen.
+  // The next three options have the same meaning as the home screen's options.
   std::filesystem::path root = {};
   std::string systemVersion = process::defaultSystemVersion;
   process::LibraryUse library = process::LibraryUse::Loaded;
@@ -29,7 +29,7 @@ struct MessagesOptions {
   Launch launch = Launch::ByUser;
   // The preferences and distributed notifications that the app uses. Only Launch::Suspended uses this option.
   foundation::DefaultsDatabase database = foundation::DefaultsDatabase::OfRoot;
-  // The next three options are set for MessagesTask::Receive.
+  // Only MessagesTask::Receive uses the next three options.
   std::string chat = {};    // the chat's identifier or the sender's address
   std::string sender = {};  // the sender's name; empty if it is not given
   std::optional<std::string> text = {};

@@ -1,5 +1,5 @@
 // SQL statements of a SQLite database. Each statement is prepared only once, because preparing it usually takes longer
-// than executing it. Each object of these classes belongs to one thread.
+// than executing it. Only one thread can use an object of these classes.
 #pragma once
 
 #include <sqlite3.h>

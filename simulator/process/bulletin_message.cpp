@@ -26,7 +26,7 @@ std::string stringMember(const Json& bulletin, const char* key) {
 constexpr std::string_view socketPrefix = "bulletins.";
 constexpr std::string_view socketSuffix = ".socket";
 
-// Returns the process identifier in the name of a socket. Returns 0 for any other file.
+// Returns the process identifier that the name of a socket contains. Returns 0 if the file is not such a socket.
 pid_t ownerOf(std::string_view name) {
   if (!name.starts_with(socketPrefix) || !name.ends_with(socketSuffix)) return 0;
   pid_t process = 0;
@@ -35,7 +35,7 @@ pid_t ownerOf(std::string_view name) {
   return error == std::errc() && socketSuffix == end && process > 0 ? process : 0;
 }
 
-// Returns the home screens that have a socket in the root.
+// Returns the process identifiers of the home screens that have a socket in the root.
 std::vector<pid_t> socketOwners(const fs::path& root) {
   std::vector<pid_t> owners;
   std::error_code error;

@@ -1,6 +1,6 @@
-// The message by which a process of the phone asks the home screen to show a notification. The message is one JSON
+// The message with which a process of the phone asks the home screen to show a notification. The message is one JSON
 // object, which is sent over a socket in the root. The sender closes the connection after the message. Each home screen
-// has a socket of its own, because several home screens with a stepped clock can use a root. Any thread.
+// has its own socket, because several home screens with a stepped clock can use one root. Any thread.
 #pragma once
 
 #include <sys/types.h>
@@ -13,7 +13,7 @@ namespace process {
 
 // Returns the folder of the sockets.
 std::filesystem::path bulletinFolder(const std::filesystem::path& root);
-// Returns the name of the socket of a home screen with this process identifier.
+// Returns the name of the socket of the home screen with this process identifier.
 std::string bulletinSocketOf(pid_t process);
 // Removes the sockets of home screens that were killed.
 void removeStaleBulletinSockets(const std::filesystem::path& root);

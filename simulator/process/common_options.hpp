@@ -8,7 +8,7 @@
 
 namespace process {
 
-// Whether the library is loaded into the process.
+// Specifies whether to load the library into the process.
 enum class LibraryUse { Loaded, Absent };
 
 inline constexpr const char* defaultSystemVersion = "13.5";

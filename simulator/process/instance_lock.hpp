@@ -1,4 +1,4 @@
-// A lock that limits a root to one process of a kind.
+// A lock that lets only one process of a kind use a root.
 #pragma once
 
 #include <filesystem>

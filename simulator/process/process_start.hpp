@@ -1,4 +1,4 @@
-// The start-up steps that all processes of the simulated phone share: each process selects its root and then loads the
+// The startup steps that all processes of the simulated phone share: each process selects its root and then loads the
 // library. Main thread.
 #pragma once
 

@@ -7,10 +7,10 @@
 
 namespace process {
 
-// Creates the missing files of the root: a link to the library, the filter that tells the injection loader which
-// processes load the library, the asset bundle, and the folders for user data. The asset bundle contains links to the
-// built assets and a copy of endpoints.plist, which the user can edit. Returns a description of the error, or nothing
-// on success.
+// Creates the missing files of the root: a link to the library, the filter that specifies into which processes the
+// injection loader loads the library, the asset bundle, and the folders for user data. The asset bundle contains links
+// to the built assets and a copy of endpoints.plist, which the user can edit. Returns a description of the error, or
+// nothing on success.
 [[nodiscard]] std::optional<std::string> prepareRoot(const std::filesystem::path& root);
 
 // Replaces endpoints.plist of the current root by a link to another file. The link exists until the root is prepared

@@ -1,4 +1,4 @@
-// Signals that a process of the phone handles, and requests to end the process.
+// Handles the signals of a process of the phone, and requests to terminate the process.
 #pragma once
 
 namespace process {

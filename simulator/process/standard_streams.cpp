@@ -11,8 +11,8 @@ namespace process {
 void reserveStandardDescriptors() {
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(descriptor, F_GETFD) >= 0) continue;
-    // The opposite access mode makes each use of the descriptor fail. The file receives the lowest free number, which
-    // is this one.
+    // The opposite access mode makes each use of the descriptor fail. open() returns the lowest free number, which is
+    // `descriptor`.
     open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
 }

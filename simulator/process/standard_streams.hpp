@@ -5,16 +5,16 @@
 
 namespace process {
 
-// Opens each standard descriptor that the parent process has closed. Otherwise, the next opened file would receive its
-// number, and the program would write its output into that file. Reading from standard input or writing to standard
-// output then fails as before. Call this first in a program.
+// Opens each standard descriptor that the parent process has closed, because otherwise the next opened file would
+// receive its number and the program's output. Reading from or writing to the opened descriptor still fails. Call this
+// first in a program.
 void reserveStandardDescriptors();
 
 // Prints the text and flushes standard output. Returns the exit status of a program that only prints this text: 0, or 1
 // after an error, which is reported on standard error under the program's name.
 int printAndExit(const char* program, const std::string& text);
 
-// Returns whether reading standard input has failed. The end of the input is no failure.
+// Returns whether reading standard input has failed. The end of the input is not a failure.
 bool failedToReadStandardInput();
 
 }  // namespace process

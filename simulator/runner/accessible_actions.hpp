@@ -1,4 +1,4 @@
-// Performs the actions of the screen's accessible elements, as a finger and a keyboard do. Main thread.
+// Performs the actions of the accessible elements on the screen, like a finger and a keyboard. Main thread.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,8 @@ bool performAction(std::uint64_t element, std::size_t action);
 // element is not a text field on the screen.
 bool setText(std::uint64_t element, const std::string& text);
 
-// Goes back one step: hides the keyboard, or else closes the long look, or else releases the home button.
+// Goes back one step: hides the keyboard if it is shown, otherwise closes the long look if it is open, and otherwise
+// simulates the home button.
 void goBack();
 
 }  // namespace runner

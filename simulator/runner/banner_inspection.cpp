@@ -43,14 +43,14 @@ struct BannerState {
   double offset = 0;
 };
 
-// The part of a banner's state that a script can read after its controller was deallocated. It is small, because a
-// script can present very many banners.
+// The part of a banner's state that a script can read after the controller was deallocated. It is small, because a
+// script can present a large number of banners.
 struct LastState {
   std::array<char, 8> identifier{};  // the library's identifiers have this length; zero bytes if there is no identifier
   DismissalFlags flags;
 };
 
-// The last states of more banners are not stored, because a live phone can run for weeks.
+// The maximum number of stored states. Without a limit, memory would grow steadily on a live phone that runs for weeks.
 constexpr std::size_t maxLastStates = 100'000;
 
 RecentValues<LastState>& lastStates() {

@@ -9,8 +9,8 @@
 
 namespace runner {
 
-// Starts to store the last state of banners whose controllers are deallocated, and to record an event for each photo
-// that a banner receives. Call this once, after the library was loaded.
+// Starts to store the last state of each banner when its controller is deallocated, and to record an event for each
+// photo that a banner receives. Call this once, after the library was loaded.
 void observeBanners();
 
 // Returns the state of a banner, which is the result of the script's command `state`. If the controller of the banner

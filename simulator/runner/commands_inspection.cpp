@@ -124,7 +124,7 @@ Json filmstrip(const Json& command) {
   const std::string path = command["path"];
   const auto strip = drawFilmstrip();
   if (strip == nullptr) throw CommandError("the filmstrip has no frames; add some with the command frame");
-  // After an error, the frames remain, because the next command can specify another path.
+  // After an error, the frames are retained, because the next command can specify another path.
   if (const auto failure = drawing::writePng(strip->surface(), path))
     throw CommandError("the picture " + path + " could not be written: " + *failure);
   removeFrames();

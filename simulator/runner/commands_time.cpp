@@ -1,5 +1,5 @@
-// Commands that let time pass. Time is either that of the stepped clock, or real time in which other threads and
-// processes cause events.
+// Commands that let time pass: either the time of the stepped clock, or real time, in which other threads and processes
+// can cause events.
 #include <cmath>
 
 #include "simulator/base/event_log.hpp"
@@ -50,7 +50,7 @@ void awaitIdle(const Deadline& deadline) {
   for (std::size_t count = base::eventCount(); !idle.hasPassed();) {
     if (deadline.hasPassed()) throw CommandError("the phone did not become idle within the time limit");
     awaitExternalEvents(pollInterval);
-    // A request records its event before it is no longer pending. Therefore, the events are counted last.
+    // Counts the events last, because a request records its event before it ceases to be pending.
     if (url_loading::pendingRequestCount() == 0 && base::eventCount() == count) continue;
     count = base::eventCount();
     idle = Deadline(idleSeconds);

@@ -29,7 +29,7 @@ std::string sizeError() {
                  {"error", "a command must have at most " + std::to_string(process::maxControlLineBytes) + " bytes"}});
 }
 
-// The maximum number of clients. Each of them uses a descriptor.
+// The maximum number of clients, each of which uses a descriptor.
 constexpr std::size_t maxClients = 128;
 
 std::string clientError() {
@@ -70,7 +70,7 @@ foundation::FileDescriptor ControlServer::takeSocket() {
 }
 
 void ControlServer::accept() {
-  // The connection waits for the phone that replaces this one, if there is one.
+  // Leaves the connection pending, for the phone that may replace this one.
   if (process::isTerminationRequested()) return;
   foundation::FileDescriptor socket = foundation::acceptFrom(listening_);
   if (!socket.isOpen()) return;
@@ -107,8 +107,8 @@ void ControlServer::read(const std::shared_ptr<Client>& client) {
   scheduleNext(client);
 }
 
-// Schedules the client's next command. A command is not executed when it is received, because it can run the run loop
-// while it waits.
+// Schedules the client's next command. A command is not executed in the callback that receives it, because a command
+// that waits runs the run loop.
 void ControlServer::scheduleNext(const std::shared_ptr<Client>& client) {
   foundation::onMainThreadForRequest([this, client] {
     if (client->isConnected) executeNext(client);

@@ -14,16 +14,16 @@ namespace runner {
 // of excessive size receives an error and is disconnected. Main thread.
 class ControlServer {
  public:
-  // `listening` is the control socket if this process already listens on it, and is closed otherwise.
+  // `listening` is the control socket if this process already listens on it. Otherwise, the descriptor is closed.
   explicit ControlServer(Session& session, foundation::FileDescriptor listening = {});
   ControlServer(const ControlServer&) = delete;
   ControlServer& operator=(const ControlServer&) = delete;
   ~ControlServer();
 
-  // Returns whether clients can connect. If not, errno is the reason immediately after the server was created.
+  // Returns whether clients can connect. If they cannot, errno contains the reason immediately after the construction.
   bool isListening() const { return listening_.isOpen(); }
 
-  // Ends all connections and returns the control socket, which stays in the root. The server no longer listens.
+  // Ends all connections, stops listening and returns the control socket. The socket file remains in the root.
   foundation::FileDescriptor takeSocket();
 
  private:

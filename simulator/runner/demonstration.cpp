@@ -33,7 +33,7 @@ class Demonstration {
     execute(sample.steps);
     if (sample.reply != nullptr) execute({{{"do", "type"}, {"text", sample.reply}}, waitStep(0.4)});
     takePicture(sample.name + ("-" + style));
-    // Sending a reply dismisses the banner.
+    // Sending a reply also dismisses the banner.
     if (sample.reply != nullptr) {
       sendReply();
     } else {
@@ -59,7 +59,7 @@ class Demonstration {
     std::printf("%s\n", path.c_str());
   }
 
-  // Sends the reply and prints the message that the Messages app reports as sent.
+  // Sends the reply, and prints the message when the Messages app reports that it was sent.
   void sendReply() {
     execute({{{"do", "log"}}, {{"do", "key"}, {"name", "return"}}, {{"do", "await"}, {"for", "message"}}});
     const Json result = session_.run({{"do", "log"}});

@@ -44,7 +44,7 @@ std::vector<Sample> samplesWithoutPictures() {
   };
 }
 
-// Returns one sample for each application that stores pictures of senders in the phone's files or address book.
+// Returns one sample for each application whose pictures of senders are in the phone's files or address book.
 std::vector<Sample> samplesWithFiles() {
   return {
       {.name = "messages",
@@ -86,7 +86,7 @@ std::vector<Sample> samplesWithFiles() {
   };
 }
 
-// Returns one sample for each application that stores pictures of senders on the web.
+// Returns one sample for each application whose pictures of senders are on the web.
 std::vector<Sample> samplesWithWebPictures(const std::string& address) {
   return {
       {.name = "slack",

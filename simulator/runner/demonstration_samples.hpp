@@ -14,12 +14,12 @@ struct Sample {
   const char* name;
   PictureSource pictureSource;
   Json notification;
-  // The commands between the presentation and the picture.
+  // The commands that are executed after the banner is presented and before the picture is taken.
   std::vector<Json> steps = {};
-  // The commands before the presentation, and the commands that undo their changes.
+  // The commands that are executed before the banner is presented, and the commands that undo their changes.
   std::vector<Json> preparation = {};
   std::vector<Json> restoration = {};
-  // A text that is typed into the banner before the picture, and sent after the picture. Null if there is no reply.
+  // The text that is typed into the banner before the picture is taken, and sent afterwards. Null if there is no reply.
   const char* reply = nullptr;
 };
 

@@ -23,7 +23,7 @@ std::vector<Frame>& frames() {
   return stored;
 }
 
-// Limits of the whole filmstrip. A canvas can have this width, which is sufficient for 40 frames of the widest device.
+// The limits of the whole filmstrip. The width of a canvas is sufficient for 40 frames of the widest device.
 constexpr double maxWidth = drawing::Canvas::maxSide;
 constexpr double maxPixels = 100'000'000;
 
@@ -44,7 +44,7 @@ FrameResult addFrame(const drawing::Canvas& screen, double height) {
   const drawing::Size before = sizeOf(frames());
   const double width = before.width + (before.width > 0 ? gap : 0) + screen.pixelWidth();
   const bool fits = width <= maxWidth && width * std::max(before.height, pixels) <= maxPixels;
-  // A single screen is never too large.
+  // The first frame is always accepted, because a single screen is never too large.
   if (!fits && !frames().empty()) return FrameResult::StripTooLarge;
   const auto part = screen.copyOf({0, 0, screen.pixelWidth(), static_cast<int>(std::ceil(pixels))});
   frames().push_back({part->snapshot(), pixels});

@@ -11,7 +11,7 @@ namespace {
 
 CGPoint finger;
 
-// Rounds a coordinate to a multiple of a power of two. Sums of such coordinates are exact, so two drags have exactly
+// Rounds a coordinate to a multiple of a power of two. Sums of rounded coordinates are exact, so two drags have exactly
 // the same effect as one drag over the whole distance.
 double onGrid(double coordinate) {
   constexpr double gridLinesPerPoint = 1024;

@@ -52,8 +52,8 @@ bool hasLostDisplay(const PhoneWindow* window) {
   return window != nullptr && window->state() == WindowState::DisplayLost;
 }
 
-// Runs the phone until it is terminated. `inheritance` contains the control socket of the phone that this phone
-// replaces, and receives the control socket if this phone is replaced. Returns the exit status.
+// Runs the phone until it is terminated. If this phone replaces another one, `inheritance` contains its control socket.
+// If another phone will replace this one, `inheritance` receives the control socket. Returns the exit status.
 int runUntilTerminated(Session& session, const Options& options, Inheritance& inheritance) {
   const bool isReplacement = inheritance.listening.isOpen();
   std::unique_ptr<PhoneWindow> window;

@@ -45,7 +45,7 @@ int runScript(runner::Session& session, std::istream& script) {
   return status;
 }
 
-// Reports a recording that the script has started but not ended. Returns the exit status.
+// If the script has started a recording but not ended it, reports an error. Returns the exit status.
 int reportRunningRecording(int status) {
   const std::filesystem::path recording = runner::runningRecording();
   if (recording.empty()) return status;

@@ -8,11 +8,11 @@
 
 namespace runner {
 
-// Returns the notification that the fields describe. The types of the fields must have been checked. Ignores "icon".
-// The date can also be a number of seconds since 1970.
+// Returns the notification that the fields describe. The caller must have checked the types of the fields. Ignores
+// "icon". The date can also be a number of seconds since 1970.
 springboard::NotificationDescription describe(const nlohmann::ordered_json& fields);
-// Returns the fields that describe the request. They do not include the icon. The date is a number of seconds
-// since 1970, because a text is exact only to the millisecond.
+// Returns the fields that describe the request, without the icon. The date is a number of seconds since 1970, because a
+// date in text form is rounded to milliseconds.
 nlohmann::ordered_json fieldsOf(const NCNotificationRequest* request);
 
 // Returns the fields of all notifications in the list, oldest first.

@@ -32,9 +32,9 @@ namespace {
 
 constexpr const char* homeScreenIdentifier = "com.apple.springboard";
 
-// Makes the allocator map every large block, such as a picture, separately and return its pages when it is freed. By
-// default, the allocator raises the size from which it maps blocks separately when it frees a large block. Later
-// pictures would then fragment the heap and increase it permanently.
+// Makes the allocator map every large block, such as a picture, separately and return its pages when the block is
+// freed. By default, freeing a large block raises the minimum size of separately mapped blocks. Later pictures would
+// then be allocated in the heap, fragment it and increase it permanently.
 void mapPicturesSeparately() {
   constexpr int minSeparateSize = 256 * 1024;
   mallopt(M_MMAP_THRESHOLD, minSeparateSize);
@@ -54,8 +54,8 @@ uikit::Environment environmentOf(const Options& options) {
   return environment;
 }
 
-// Acquires the lock of the root. A home screen with a stepped clock releases it immediately: several of them can use a
-// root, but not while a live phone uses it.
+// Acquires the lock of the root. A home screen with a stepped clock releases the lock immediately, because several such
+// home screens can use a root, but not while a live phone uses it.
 foundation::FileDescriptor lockRoot(foundation::ClockMode clock) try {
   const std::filesystem::path folder = process::controlFolder(foundation::root());
   foundation::FileDescriptor lock = process::lockInstance(folder, process::controlLock);

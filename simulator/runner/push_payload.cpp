@@ -22,7 +22,7 @@ void checkApplication(const std::string& application) {
   throw CommandError("\"application\": " + application + " is not installed; the applications are " + names);
 }
 
-// Returns the string member, or nothing if the object does not have it. `path` is the path of the object.
+// Returns the string member, or nothing if the object does not have it. `path` is the path of the object, for messages.
 std::optional<std::string> text(const Json& object, const char* path, const char* key) {
   const auto member = object.find(key);
   if (member == object.end()) return std::nullopt;
@@ -49,7 +49,7 @@ springboard::NotificationDescription describePayload(const std::string& applicat
     throw CommandError(R"("payload": aps must be an object, such as {"aps":{"alert":"Lunch?"}})");
   const auto alert = aps->find("alert");
   if (alert == aps->end() || !(alert->is_string() || alert->is_object()))
-    throw CommandError(R"("payload": aps.alert must be a text or an object with "title", "subtitle" and "body")");
+    throw CommandError(R"("payload": aps.alert must be a string or an object with "title", "subtitle" and "body")");
 
   springboard::NotificationDescription description;
   description.section = application;

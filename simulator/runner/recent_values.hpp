@@ -1,4 +1,4 @@
-// Stores a value for each of the latest numbers.
+// Stores values by number, and discards the values of the lowest numbers.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,8 @@
 
 namespace runner {
 
-// The numbers begin with 1. If a stored number exceeds the lowest stored number by `max` or more, the values of the
-// lowest numbers are discarded.
+// The numbers begin with 1. Storing a number that exceeds the lowest stored number by `max` or more discards the values
+// of the lowest numbers.
 template <class Value>
 class RecentValues {
  public:

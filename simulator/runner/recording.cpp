@@ -25,8 +25,8 @@ namespace {
 
 using foundation::Nanoseconds;
 
-// The display shows 60 frames a second; the recording examines every other one. The interval is shorter than two frames
-// because the times of frames are rounded, and with a real clock a frame can be late.
+// The display shows 60 frames a second, and the recording examines every other frame. The minimum interval is shorter
+// than two frames, because the times of frames are rounded, and because a frame can be late with a real clock.
 constexpr Nanoseconds minFrameInterval = foundation::nanosecondsInSecond / 40;
 constexpr Nanoseconds nanosecondsInMillisecond = 1'000'000;
 
@@ -69,7 +69,7 @@ class Recording {
         encoder_(createEncoder(*picture_, request.quality)) {}
 
   const RecordingRequest& request() const { return request_; }
-  // Returns whether the recording takes more frames.
+  // Returns whether the recording can take more frames.
   bool continues() const { return !error_ && foundation::clock::now() < limit_; }
   bool isFrameDue() const { return foundation::clock::now() - examined_ >= minFrameInterval; }
 
@@ -107,8 +107,8 @@ class Recording {
     return static_cast<int>((time - start_ + nanosecondsInMillisecond / 2) / nanosecondsInMillisecond);
   }
 
-  // Encodes the last frame. A frame is encoded after it has ended, because a frame without a duration must be omitted:
-  // browsers show it for a tenth of a second.
+  // Encodes the last frame. A frame is encoded only after it has ended, because a frame whose duration is zero must be
+  // omitted: browsers would show it for a tenth of a second.
   void encode() {
     if (error_) return;
     error_ = encoder_->add(pixelsOf(*picture_), millisecondsTo(taken_));
@@ -132,8 +132,8 @@ std::shared_ptr<Recording>& running() {
   return recording;
 }
 
-// Frames are taken by the main queue after all observers of the display's frame have run, because these observers can
-// change the screen.
+// Schedules the examination of the screen on the main queue, after all observers of this frame have run, because they
+// can change the screen.
 foundation::FrameDemand observeFrame(const std::weak_ptr<Recording>& observed) {
   const std::shared_ptr<Recording> recording = observed.lock();
   if (recording == nullptr || !recording->continues()) return foundation::FrameDemand::Done;

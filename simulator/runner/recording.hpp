@@ -1,6 +1,6 @@
-// A recording of the screen as an animated WebP file. The recording takes a frame when it starts and then at most 30
-// frames a second on the current clock, and only if the picture has changed. Each frame is encoded when it is taken. A
-// frame is a picture at the end of an iteration of the main queue. Main thread.
+// A recording of the screen as an animated WebP file. The recording takes a frame when it starts. It then takes a frame
+// whenever the picture has changed, but at most 30 frames a second on the current clock. Each frame is encoded when it
+// is taken. A frame is a picture at the end of an iteration of the main queue. Main thread.
 //
 // There is at most one recording at a time. The file is written when the recording ends. If a recording fails, or the
 // process ends before the recording does, no file is written and an existing file is unchanged.
@@ -32,7 +32,8 @@ struct RecordingSummary {
 // Starts a recording. Throws CommandError if the file cannot be written or another recording is running.
 void startRecording(const RecordingRequest& request);
 // Ends the recording that was started with this kind of end, and writes the file. Throws CommandError if there is no
-// such recording or the recording fails. In both cases, no recording with this kind of end is running afterwards.
+// such recording or if the recording fails. Afterwards, no recording with this kind of end is running, even after an
+// error.
 RecordingSummary endRecording(RecordingEnd end);
 // Returns the path of the running recording. Empty if there is none.
 std::filesystem::path runningRecording();

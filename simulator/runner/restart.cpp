@@ -24,8 +24,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 using foundation::FileDescriptor;
 
-// The environment variable by which a process passes descriptors to the program that it executes: the lock, the control
-// socket, and a file with the notifications.
+// The environment variable with which a process passes descriptors to the program that it executes: the lock, the
+// control socket, and a file that contains the notifications.
 constexpr const char* inheritanceVariable = "BRIM_INHERITED_DESCRIPTORS";
 
 struct RestartState {
@@ -97,7 +97,7 @@ std::string contentsOf(const FileDescriptor& file) {
 void setInheritable(const FileDescriptor& descriptor) { fcntl(descriptor.get(), F_SETFD, 0); }
 void setNotInheritable(const FileDescriptor& descriptor) { fcntl(descriptor.get(), F_SETFD, FD_CLOEXEC); }
 
-// Marks all descriptors except the standard streams, because libraries can have opened some without this flag.
+// Sets the close-on-exec flag of all descriptors except the standard streams, because libraries may not have set it.
 void closeAllOnExecution() { close_range(3, ~0U, CLOSE_RANGE_CLOEXEC); }
 
 }  // namespace
@@ -127,7 +127,7 @@ Inheritance takeInheritance() {
   int listening = -1;
   int notifications = -1;
   const bool isInherited = value != nullptr && std::sscanf(value, "%d:%d:%d", &lock, &listening, &notifications) == 3;
-  // Processes that this process starts do not inherit the descriptors.
+  // Child processes must not inherit the variable.
   unsetenv(inheritanceVariable);
   if (!isInherited) return {};
   const FileDescriptor file(notifications);
@@ -155,7 +155,7 @@ void executeAgain(const Options& options, const Inheritance& inheritance) {
   std::error_code error;
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
   execv(program.c_str(), arguments.data());
-  // The file has been replaced or removed, for example by a build.
+  // If a build has replaced or removed the file, the path is not valid, but the link still refers to the old program.
   execv("/proc/self/exe", arguments.data());
 }
 

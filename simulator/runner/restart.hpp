@@ -1,5 +1,5 @@
-// Restarts of a live phone, for example as another device. The process executes its program again, because the classes
-// of the Objective-C runtime depend on the options and cannot be removed. Main thread.
+// Restarts a live phone, for example as another device. The process executes its program again, because the classes of
+// the Objective-C runtime depend on the options and cannot be removed. Main thread.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -11,7 +11,7 @@
 
 namespace runner {
 
-// What a phone passes to the phone that replaces it. The descriptors are closed if the phone replaces no other.
+// What a phone passes to the phone that replaces it. The descriptors are closed if there is no previous phone.
 struct Inheritance {
   foundation::FileDescriptor lock;       // the lock of the root
   foundation::FileDescriptor listening;  // the control socket; new connections wait until the phone accepts them
@@ -25,10 +25,10 @@ struct OptionChanges {
   std::optional<std::string> locale;
 };
 
-// Allows restarts of this phone, which has these options.
+// Allows this phone, which was started with these options, to be restarted.
 void allowRestarts(const Options& options);
-// Requests the end of this phone and a restart. The appearance stays as it is. Returns a message for the user, and
-// requests nothing, if restarts are not allowed or a value is not valid.
+// Requests the termination and restart of this phone. The appearance does not change. If restarts are not allowed or a
+// value is invalid, requests nothing and returns a message for the user.
 std::optional<std::string> requestRestart(const OptionChanges& changes);
 // Returns the options of the requested restart. Null if there was no request.
 const Options* requestedRestart();

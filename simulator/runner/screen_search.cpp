@@ -24,8 +24,8 @@ std::string textShownBy(const UIView* view) {
 
 using Visitor = std::function<bool(UIView*)>;
 
-// Visits a view's subviews from front to back and then the view itself, as hit testing does. Skips invisible views.
-// Stops and returns true when the visitor returns true.
+// Visits a view's subviews from front to back and then the view itself, in the order of hit testing. Skips invisible
+// views. Stops and returns true when the visitor returns true.
 bool visit(UIView* view, const Visitor& visitor) {
   if (!isVisible(view)) return false;
   const NSArray* subviews = view->subviews();

@@ -18,7 +18,7 @@ Json failure(const std::string& reason) {
   return {{"ok", false}, {"error", reason + R"(; a line must be one JSON object, such as {"do":"wait","seconds":1})"}};
 }
 
-// Truncates the error of an answer if it quotes a long text of the command.
+// Truncates the error in an answer if it quotes a long text from the command.
 Json withShortError(Json answer) {
   constexpr std::size_t maxErrorBytes = 4096;
   const auto error = answer.find("error");

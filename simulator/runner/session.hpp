@@ -12,12 +12,12 @@
 
 namespace runner {
 
-// A running home screen, on the clock that the options select. A process can create only one session, because the
-// classes of the Objective-C runtime belong to the process. Create it before any other use of Foundation. Main thread.
+// A running home screen. The options select its clock. A process can create only one session, because the classes of
+// the Objective-C runtime belong to the process. Create it before any other use of Foundation. Main thread.
 class Session {
  public:
-  // Starts the home screen. A closed `lock` means that the session acquires the lock of the root itself. Throws
-  // StartError.
+  // Starts the home screen. `lock` is the lock of the root. If it is closed, the session acquires the lock itself.
+  // Throws StartError.
   explicit Session(const Options& options, foundation::FileDescriptor lock = {});
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -26,7 +26,7 @@ class Session {
   // Executes one command, {"do": NAME, …}. Returns {"ok":true, …} or {"ok":false,"error": …}. Never throws.
   nlohmann::ordered_json run(const nlohmann::ordered_json& command);
 
-  // Parses and executes a line of text. For invalid JSON, the error contains the position of the mistake.
+  // Parses and executes a line of text. For invalid JSON, the error contains the position of the syntax error.
   nlohmann::ordered_json runLine(std::string_view line);
 
   // Returns the lock of the root of a live phone. The session no longer owns it.

@@ -29,7 +29,7 @@ struct Options {
   foundation::ClockMode clock = foundation::ClockMode::Stepped;
   // Where a live phone is displayed. If there is no value, it is not displayed.
   std::optional<WindowPlace> window = {};
-  // Whether a live phone presents sample notifications after its start.
+  // Specifies whether a live phone presents sample notifications after it has started.
   Welcome welcome = Welcome::None;
   process::LibraryUse library = process::LibraryUse::Loaded;
   // The file of the script, or "-" for standard input. Empty if there is no script.
@@ -42,10 +42,10 @@ struct Options {
 // "--name=value".
 process::CommandLine<Options> parseOptions(std::span<const char* const> arguments);
 
-// Changes one option as the command line does. Returns a description of the expected value if the value is not valid.
+// Sets an option, as the command line does. Returns a description of the expected value if the value is invalid.
 process::ExpectedValue changeOption(Options& options, const std::string& name, const std::string& value);
 
-// Returns arguments for a live phone with these options.
+// Returns the arguments that start a live phone with these options.
 std::vector<std::string> argumentsOf(const Options& options);
 
 // Returns the part of the --help text that describes the options: each option with its meaning and default.

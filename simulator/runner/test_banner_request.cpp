@@ -13,7 +13,7 @@ namespace {
 constexpr double maxWait = 5;
 constexpr double pollInterval = 0.1;
 
-// Observes the request. This observer is notified last, after all observers that were added earlier.
+// Receives the request in this process. It is notified after all observers that were added earlier.
 class TestBannerEcho : public objc::Interface<"SBTestBannerEcho", NSObject> {};
 
 bool hasArrived = false;

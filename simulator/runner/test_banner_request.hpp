@@ -1,4 +1,4 @@
-// Requests a test banner in the same way as the settings pane.
+// Requests a test banner, as the settings pane does.
 #pragma once
 
 namespace runner {

@@ -29,7 +29,7 @@ TypingResult deleteBackward() {
   return TypingResult::Received;
 }
 
-// Returns the first responder if it accepts an input method, or else nil.
+// Returns the first responder if it supports input methods. Otherwise, returns nil.
 UIView* textInput() {
   UIResponder* responder = uikit::firstResponder();
   return respondsTo<"setMarkedText:selectedRange:">(responder) ? objc::as<UIView>(responder) : nullptr;
@@ -62,7 +62,7 @@ bool isStartOfCharacter(char byte) { return (static_cast<unsigned char>(byte) & 
 
 std::ptrdiff_t characterCount(std::string_view text) { return std::ranges::count_if(text, &isStartOfCharacter); }
 
-// Returns the number of UTF-16 code units of the first characters of the text.
+// Returns the number of UTF-16 code units that the first `characters` characters of the text occupy.
 NSInteger unitCount(std::string_view text, std::ptrdiff_t characters) {
   constexpr unsigned char firstByteOfSurrogates = 0xF0;
   NSInteger units = 0;
@@ -74,7 +74,8 @@ NSInteger unitCount(std::string_view text, std::ptrdiff_t characters) {
   return units;
 }
 
-// Deletes the characters from `first` up to `last` of a part of the text, which begins at a position.
+// Deletes the characters from `first` up to, but not including, `last` in a part of the text. `begin` is the position
+// of the part.
 void deleteCharacters(UIView* input, UITextPosition* begin, std::string_view part, std::ptrdiff_t first,
                       std::ptrdiff_t last) {
   if (first >= last) return;
@@ -126,7 +127,7 @@ void deleteSurroundingText(std::ptrdiff_t offset, std::size_t count) {
   const std::ptrdiff_t length = caret + characterCount(parts.second);
   const std::ptrdiff_t first = std::clamp<std::ptrdiff_t>(caret + offset, 0, length);
   const std::ptrdiff_t last = first + std::min(static_cast<std::ptrdiff_t>(count), length - first);
-  // The second part is first, because its positions change when the first part changes.
+  // Deletes in the second part first, because deleting in the first part changes the positions in the second part.
   deleteCharacters(input, parts.startOfSecond, parts.second, std::max(first, caret) - caret, last - caret);
   auto* const beginning = objc::send<UITextPosition*, "beginningOfDocument">(input);
   deleteCharacters(input, beginning, parts.first, first, std::min(last, caret));

@@ -1,5 +1,5 @@
-// Simulates the input of a physical keyboard, and of the input method that converts its keys, into the first responder.
-// Texts are UTF-8. Main thread.
+// Simulates text input into the first responder, from a physical keyboard and from the input method that converts its
+// key presses. Texts are UTF-8. Main thread.
 #pragma once
 
 #include <cstddef>
@@ -12,10 +12,10 @@ namespace runner {
 
 enum class Key { Return, Backspace };
 
-// Whether an object received the input. Without a first responder that accepts text, the input has no effect.
+// Specifies whether an object received the input. The input has no effect if no first responder accepts text.
 enum class TypingResult { Received, NoReceiver };
 
-// Replaces the marked text, or else the selection.
+// Replaces the marked text, or the selection if there is no marked text.
 TypingResult typeText(const std::string& text);
 TypingResult pressKey(Key key);
 
@@ -31,8 +31,8 @@ struct SurroundingText {
 };
 // Returns nothing if the first responder accepts no input method.
 std::optional<SurroundingText> surroundingText();
-// Deletes a number of characters of the surrounding text. `offset` is the distance of the first one from the caret, in
-// characters. The part outside of the text is ignored.
+// Deletes characters of the surrounding text. `offset` is the distance from the caret to the first of them, in
+// characters. Any part of the range that is outside of the text is ignored.
 void deleteSurroundingText(std::ptrdiff_t offset, std::size_t count);
 
 // Returns the rectangle of the caret in points of the screen. Returns nothing if the first responder accepts no input

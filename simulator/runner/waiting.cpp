@@ -15,7 +15,7 @@ bool isClockReal() { return foundation::clock::mode() == foundation::ClockMode::
 
 void passRealTime(double seconds) {
   const double end = foundation::now() + seconds;
-  // The empty work wakes the main thread, because no other event may occur before that time.
+  // The empty work wakes the main thread at that time, because otherwise no event might wake it then.
   foundation::onMainThreadAfter(seconds, [] {});
   foundation::runMainQueueUntil([end] { return foundation::now() >= end || process::isTerminationRequested(); });
 }

@@ -18,7 +18,7 @@ struct Greeting {
   double seconds;      // the time after the start
 };
 
-// A photo, a conversation that can be answered, and an alarm. A banner stays for five seconds by default.
+// A photo, a message that the user can answer, and an alarm. By default, a banner is shown for five seconds.
 constexpr Greeting greetings[] = {{"telegram", 1.5}, {"messages-reply", 9}, {"alarm", 18}};
 
 void reportError(const std::string& reason) { std::fprintf(stderr, "springboard: welcome: %s\n", reason.c_str()); }

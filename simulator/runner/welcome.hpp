@@ -5,9 +5,9 @@
 
 namespace runner {
 
-// Installs the demonstration's data, and schedules the notifications for the first seconds of the main queue. Reports
-// an error on standard error and continues without the notifications that it affects. The session must exist while the
-// main queue runs. Main thread.
+// Installs the demonstration's data, and schedules the notifications for the first seconds after the start. If an error
+// occurs, prints it to standard error and omits the affected notifications. The session must exist while the main queue
+// runs. Main thread.
 void scheduleWelcome(Session& session);
 
 }  // namespace runner

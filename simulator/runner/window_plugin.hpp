@@ -6,7 +6,7 @@
 
 namespace runner {
 
-// Where the phone is displayed: in a window of the desktop, or in a web page that this computer serves.
+// Where the phone is displayed: in a window on the desktop, or in a web page that this computer serves.
 enum class WindowPlace { Desktop, WebPage };
 
 enum class WindowState { Open, Closed, DisplayLost };
@@ -20,10 +20,10 @@ class PhoneWindow {
   PhoneWindow& operator=(const PhoneWindow&) = delete;
   virtual ~PhoneWindow() = default;
 
-  // DisplayLost means that the connection to the display server has ended. A window that is no longer open has
-  // requested the termination of the process. A page is always open.
+  // DisplayLost means that the connection to the display server was lost. When a window closes or loses its display, it
+  // requests the termination of the process. A page is always open.
   virtual WindowState state() const = 0;
-  // The address of the page. Empty for a window of the desktop.
+  // The address of the page. Empty for a window on the desktop.
   virtual std::string address() const = 0;
 };
 

@@ -19,7 +19,7 @@ NSString* textProperty(const PSSpecifier* specifier, NSString* key) {
   return objc::as<NSString>(specifier->propertyForKey(key));
 }
 
-// The strings table of a page has the name of its property list.
+// The strings table of a page. Its name is that of the page's property list.
 struct Localization {
   NSBundle* bundle;
   NSString* table;
@@ -59,7 +59,7 @@ NSBundle* bundle(PSListController* self) {
 
 NSArray* specifiers(PSListController* self) { return objc::state(self).specifiers; }
 
-// nil if the bundle has no valid property list with this name. Items that are not dictionaries are skipped.
+// Returns nil if the bundle has no valid property list with this name. Skips items that are not dictionaries.
 NSArray* loadSpecifiers(PSListController* self, NSString* propertyList, NSObject* target) {
   NSBundle* const bundle = self->bundle();
   NSString* const path = bundle->pathForResource(propertyList, "plist"_ns);

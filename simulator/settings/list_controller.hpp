@@ -18,7 +18,7 @@ struct objc::StateOf<PSSpecifier> {
 
 struct PSListControllerState {
   objc::Ref<NSArray> specifiers;
-  objc::Ref<NSString> title;  // of the property list that was loaded last; nil if it has none
+  objc::Ref<NSString> title;  // the title in the property list that was loaded last, or nil
 };
 template <>
 struct objc::StateOf<PSListController> {
@@ -34,8 +34,8 @@ void registerClasses();
 // specifier has none.
 void tap(PSSpecifier* button);
 
-// Stores a value as the specifier's control does when the user changes it. A slider passes a double, a switch a
-// Boolean, a list one of its validValues.
+// Stores a value as the specifier's control does when the user changes it. A slider stores a double, a switch stores a
+// Boolean, and a list stores one of its validValues.
 void change(PSSpecifier* specifier, NSObject* value);
 
 }  // namespace settings_application

@@ -58,7 +58,7 @@ bool readList(Row& row) {
 struct CellType {
   std::string_view name;
   RowKind kind;
-  // Reads the other properties. Returns false if the row cannot work.
+  // Reads the other properties. Returns false if they are not valid, so the row cannot work.
   bool (*read)(Row& row);
 };
 

@@ -36,9 +36,9 @@ struct Section {
   std::vector<Row> rows;
 };
 
-// Returns the sections of a page. A group begins a section; rows before the first group form a section of their own.
-// Skips rows that cannot work: rows of an unknown type, rows that have no key or no action, sliders whose range is
-// empty or not finite, and lists without values. nil has no sections.
+// Returns the sections of a page. A group begins a section; rows before the first group form a separate section. Skips
+// rows that cannot work: rows of an unknown type, rows that have no key or no action, sliders whose range is empty or
+// not finite, and lists without values. The result is empty for nil.
 std::vector<Section> sectionsOf(const NSArray* specifiers);
 
 // Returns the section of the page that a list opens. It has one row for each value.
@@ -47,10 +47,10 @@ Section choicesOf(const Row& list);
 // The value that a control shows: the stored value, or the default if the stored value is missing or has another type.
 bool switchValue(PSSpecifier* specifier);
 double sliderValue(const Row& row);
-// Returns the number of choices if no choice has the value.
+// Returns the index of the stored value in the choices, or the number of choices if no choice has that value.
 std::size_t selectedChoice(PSSpecifier* specifier, const std::vector<Choice>& choices);
 
-// Returns the names of the preferences domains of the specifiers, each of them once.
+// Returns the names of the specifiers' preferences domains, without duplicates.
 std::vector<std::string> domainsOf(const NSArray* specifiers);
 
 }  // namespace settings_application

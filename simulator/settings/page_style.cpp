@@ -12,7 +12,7 @@ struct PairOfColors {
   drawing::Color dark;
 };
 
-// In the order of PageColor.
+// The order of the rows is that of PageColor.
 constexpr PairOfColors colors[] = {
     {{0.949, 0.949, 0.969, 1}, {0, 0, 0, 1}},
     {{1, 1, 1, 1}, {0.11, 0.11, 0.118, 1}},

@@ -19,7 +19,7 @@ inline constexpr CGFloat barHeight = 44;
 inline constexpr CGFloat textFontSize = 17;
 inline constexpr CGFloat noteFontSize = 13;
 
-// Creates an empty label without a limit of lines, which receives no touches.
+// Creates an empty label that has any number of lines and receives no touches.
 objc::Ref<UILabel> makeLabel(CGFloat fontSize);
 
 // Returns the height of the label's text at this width, rounded up to a whole number; 0 if there is no text.

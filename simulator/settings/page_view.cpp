@@ -38,7 +38,7 @@ void placeLevel(PSPageView* page, const PageLevel& level, CGFloat shift) {
   const CGSize size = page->bounds().size;
   level.table->setFrame(
       uikit::mirroredIfNeeded(page, {{shift * size.width, barHeight}, {size.width, size.height - barHeight}}));
-  // The title is centered and leaves the same space on both sides for the back button.
+  // The title is centered, so the space for the back button is left free on both sides.
   const CGFloat side = widthOfBackButton(stateOf(page).back) + titleGap;
   level.title->setFrame(
       uikit::mirroredIfNeeded(page, {{shift * size.width + side, 0}, {size.width - 2 * side, barHeight}}));
@@ -111,7 +111,7 @@ void goBack(PSPageView* self) {
                   }));
 }
 
-// The kinds of rows that call this function, in addition to the choices of the second level.
+// Handles a tap on a row of the first level.
 void rowTapped(PSPageView* page, const Row& row) {
   if (row.kind == RowKind::List) openList(page, row);
   if (row.kind == RowKind::Button) tap(row.specifier);

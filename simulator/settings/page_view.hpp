@@ -30,8 +30,8 @@ struct objc::StateOf<PSPageView> {
 
 namespace settings_application {
 
-// Creates the view of the page. It shows changes of the preferences that any process makes. The controller must exist
-// as long as the user can touch the view.
+// Creates the view of the page. It is updated when any process changes the preferences. The controller must exist as
+// long as the user can touch the view.
 objc::Ref<PSPageView> makePageView(PSListController* controller, NSString* title);
 
 void definePageView();

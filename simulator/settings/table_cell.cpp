@@ -27,7 +27,7 @@ constexpr CGFloat checkWidth = 13;
 constexpr CGFloat lineWidth = 2;
 constexpr CGFloat separatorHeight = 0.5;
 constexpr CGFloat valueWidth = 36;
-// The track of a slider begins further inside than the slider itself.
+// The distance by which a slider extends beyond the text margin, because its track is inset.
 constexpr CGFloat sliderOutset = 11;
 constexpr CGFloat maxDetailShare = 0.55;
 
@@ -35,7 +35,7 @@ TableCellState& stateOf(const PSTableCell* cell) { return objc::state(cell); }
 
 enum class Tapping { Ignored, Reported };
 
-// What differs between the kinds of rows.
+// The differences between the kinds of rows.
 struct CellKind {
   Tapping tapping;
   void (*addParts)(PSTableCell*);
@@ -168,7 +168,8 @@ void drawCheck(PSTableCell* cell, drawing::Canvas& canvas, CGSize size) {
   if (!stateOf(cell).isChosen) return;
   const CGFloat right = size.width - textMargin;
   const CGFloat middle = size.height / 2;
-  // A check mark is not mirrored, so its points are mirrored twice in right-to-left languages.
+  // drawLines mirrors the points in right-to-left languages. Mirroring them here too preserves the shape of the check
+  // mark.
   const CGFloat left = right - checkWidth;
   const auto at = [&](CGFloat x, CGFloat y) {
     return drawing::Point{isRightToLeft(cell) ? right - x : left + x, middle + y};
@@ -177,7 +178,7 @@ void drawCheck(PSTableCell* cell, drawing::Canvas& canvas, CGSize size) {
             uikit::colorOf(uikit::tintColor(uikit::styleOf(cell))));
 }
 
-// In the order of RowKind.
+// The order of the rows is that of RowKind.
 constexpr CellKind kinds[] = {
     {Tapping::Ignored, &addSwitch, &showSwitch, &switchWidth, &placeSwitch, &noAccessory},
     {Tapping::Ignored, &addSlider, &showSlider, &noWidth, &placeSlider, &noAccessory},
@@ -228,7 +229,7 @@ void tapped(PSTableCell* self) {
   report(stateOf(self).row);
 }
 
-// The cell shows the stored value again after each change, because the value is not stored if the disk is full.
+// Shows the stored value afterwards, because it is still the old value if the disk is full.
 void store(PSTableCell* self, NSObject* value) {
   change(stateOf(self).row.specifier, value);
   showStoredValue(self);

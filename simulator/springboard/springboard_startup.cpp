@@ -111,7 +111,7 @@ void registerClasses() {
   setLongLookPresentation(
       {.present = &presentLongLook, .dismiss = &dismissLongLook, .openedShortLook = &openedShortLook});
   addDestinations();
-  // The sample banner covers the place of the status bar, as a banner on the screen does.
+  // Hides the status bar, because the sample banner covers its position, as a presented banner does.
   setPageContents("com.apple.Preferences", {&makeSettingsView, StatusBarVisibility::Hidden});
 }
 

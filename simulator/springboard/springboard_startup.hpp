@@ -9,8 +9,8 @@ namespace springboard {
 // been set, because the class of the notification view depends on the system version.
 void registerClasses();
 
-// Starts the services: the application object, the dispatcher of notifications, the bulletin server and the presenter
-// of banners with its window, which is hidden while there is no banner. Reads application icons and wallpapers from the
+// Starts the services: the application object, the dispatcher of notifications, the bulletin server and the banner
+// presenter with its window, which is hidden while there is no banner. Reads application icons and wallpapers from the
 // folder. The services do not need the shell. Call this once, after libraries have been loaded, because the phone also
 // loads them before the application starts.
 void startServices(const std::filesystem::path& applicationArtwork);

@@ -42,7 +42,7 @@ struct Request {
 struct TransferResult {
   // The status code of the last response after all redirects. It is 0 if there was no response.
   int status = 0;
-  // The URL of the last response.
+  // The URL of the last response, after all redirects.
   std::string url = {};
   HeaderFields headers = {};
   // The decompressed body.

@@ -29,8 +29,8 @@ namespace {
 
 void runWork(FunctionOperation* self) { objc::state(self).work(); }
 
-// Returns a function that adds work to the operation queue. The main operation queue runs on the main thread, which has
-// its own queue in the simulator.
+// Returns a function that adds work to the operation queue. Work for the main operation queue is added to the
+// simulator's own queue of the main thread.
 Enqueue enqueueTo(NSOperationQueue* queue) {
   if (queue == NSOperationQueue::mainQueue()) return &foundation::onMainThreadForExternalEvent;
   return [queue = objc::retain(queue)](std::function<void()> work) {

@@ -1,5 +1,4 @@
-// NSURLSession. The completions of the shared session run one after another on a serial queue, never on the main
-// thread.
+// NSURLSession. The completions of the shared session run on a serial queue, never on the main thread.
 #include "platform/ns_url_session.hpp"
 
 #include <atomic>

@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongPush{"NoObject", "com.apple.MobileSMS -", "[]", "payload must be an object"},
         WrongPush{"DeeplyNested", "com.apple.MobileSMS -", std::string(50'000, '['), "nested more than 200 levels"},
         WrongPush{"NoAps", "com.apple.MobileSMS -", "{}", "aps must be an object"},
-        WrongPush{"NoAlert", "com.apple.MobileSMS -", R"({"aps":{}})", "aps.alert must be a text or an object"},
+        WrongPush{"NoAlert", "com.apple.MobileSMS -", R"({"aps":{}})", "aps.alert must be a string or an object"},
         WrongPush{"EmptyAlert", "com.apple.MobileSMS -", R"({"aps":{"alert":{}}})", "aps.alert must have"},
         WrongPush{"WrongTitle", "com.apple.MobileSMS -", R"({"aps":{"alert":{"title":3}}})",
                   "aps.alert.title must be a string"},

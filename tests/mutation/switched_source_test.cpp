@@ -18,6 +18,7 @@ Mutant mutantOf(Form form, std::vector<mutation::Edit> edits) {
 
 std::string written(const std::string& text, const std::vector<Mutant>& mutants) {
   std::vector<mutation::NumberedMutant> numbered;
+  numbered.reserve(mutants.size());
   for (const Mutant& mutant : mutants) numbered.push_back({static_cast<unsigned>(numbered.size()) + 1, &mutant});
   return mutation::switchedSource(text, numbered, {}).text;
 }

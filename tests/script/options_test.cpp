@@ -123,6 +123,7 @@ TEST(Options, ErrorsNameTheExpectedInput) {
 runner::Options restarted(const runner::Options& options) {
   const std::vector<std::string> words = runner::argumentsOf(options);
   std::vector<const char*> arguments;
+  arguments.reserve(words.size());
   for (const std::string& word : words) arguments.push_back(word.c_str());
   return std::get<runner::Options>(runner::parseOptions(arguments));
 }

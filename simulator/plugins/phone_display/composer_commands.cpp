@@ -41,7 +41,7 @@ std::string titlesOf(const Json& command) {
   return titles;
 }
 
-// Presets that are samples of the demonstration.
+// The presets that present samples of the demonstration.
 struct SampleRow {
   const char* preset;
   const char* sample;

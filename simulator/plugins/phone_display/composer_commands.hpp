@@ -10,10 +10,10 @@ namespace phone_display {
 
 using runner::Json;
 
-// A banner that persists stays until the user dismisses it.
+// A persistent banner is shown until the user dismisses it.
 enum class Persistence { Temporary, Persistent };
 
-// The contents of the composer. Empty texts are not part of the command.
+// The contents of the composer. The command omits empty texts.
 struct ComposerFields {
   std::string application = {};  // the bundle identifier
   std::string title = {};
@@ -23,7 +23,7 @@ struct ComposerFields {
   std::string actions = {};
   std::string picture = {};  // the path of a PNG or JPEG file
   Persistence persistence = Persistence::Temporary;
-  // The command from which the fields were filled. The command of the fields contains its other members.
+  // The command from which the fields were filled. The new command copies the members that have no field.
   Json base = Json::object();
 };
 

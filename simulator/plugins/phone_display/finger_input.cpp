@@ -17,7 +17,7 @@ bool isOnScreen(CGPoint point) {
   return point.x >= 0 && point.y >= 0 && point.x < screen.width && point.y < screen.height;
 }
 
-// The phone handles the touch in its main queue, because it can run the run loop, which a callback of GLib must not do.
+// Handles the touch on the main queue, because a touch can run the run loop, which a GLib callback must not do.
 void deliver(UITouchPhase phase, CGPoint point) {
   foundation::onMainThread([phase, point] { runner::touch(phase, point); });
 }

@@ -1,4 +1,4 @@
-// Delivers pointing devices to the phone, as its finger on the screen and on the buttons of the body. Main thread.
+// Converts input from pointing devices to touches on the phone's screen and on the buttons of its body. Main thread.
 #pragma once
 
 #include "platform/core_graphics.hpp"
@@ -7,12 +7,12 @@
 
 namespace phone_display {
 
-// The first device that is pressed controls the finger until it is released. The other devices are ignored meanwhile. A
-// touch begins only on the screen; it continues outside of the screen. A button of the body is pressed if the touch
+// The first device that is pressed controls the finger until it is released. Until then, other devices are ignored. A
+// touch can begin only on the screen, but can continue outside of it. A button of the body is pressed if the touch
 // begins and ends on that button. Points are in coordinates of the phone's screen and can be outside the screen.
 class FingerInput {
  public:
-  // Identifies a device or one finger on a touch screen. Not null. The pointer is only compared.
+  // Identifies a device or one finger on a touch screen. Not null. The pointer is compared but never dereferenced.
   using Source = const void*;
 
   void begin(Source source, CGPoint point);

@@ -27,8 +27,8 @@ struct Direction {
 constexpr Direction directions[] = {
     {FocusMove::Up, 0, -1}, {FocusMove::Down, 0, 1}, {FocusMove::Left, -1, 0}, {FocusMove::Right, 1, 0}};
 
-// Returns the nearest element in the direction, or the current one. Elements beside the line of movement are farther
-// away than those on the line.
+// Returns the nearest element in the direction, or the current one. Elements beside the line of movement count as
+// farther away than elements on the line.
 std::size_t nearest(const std::vector<const AccessibleElement*>& candidates, std::size_t current,
                     const Direction& direction) {
   constexpr double minDistance = 1;

@@ -1,4 +1,4 @@
-// The keyboard focus: the element that the keys of the desktop operate. Main thread.
+// The keyboard focus: the element that the user operates with the desktop's keyboard. Main thread.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +14,8 @@ enum class FocusMove { Next, Previous, Up, Down, Left, Right };
 
 class FocusRing {
  public:
-  // Moves the focus to another element that has actions. Next and Previous follow the order of the list and continue at
-  // its other end. The other moves find the nearest element in that direction; if there is none, the focus stays.
+  // Moves the focus to another element that has actions. Next and Previous follow the order of the list and wrap around
+  // at its ends. The other moves find the nearest element in that direction; if there is none, the focus does not move.
   // Without a focus, each move selects the first element, except Previous, which selects the last one. Keys of the
   // on-screen keyboard do not receive the focus.
   void move(const Elements& elements, FocusMove move);

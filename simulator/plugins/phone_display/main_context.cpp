@@ -90,7 +90,7 @@ int MainContext::query(int priority) {
   }
 }
 
-// The events of all descriptors are set each time, because a number can refer to a new file.
+// Sets the events of all descriptors each time, because a descriptor can have been closed and its number reused.
 void MainContext::watchDescriptors() {
   std::vector<int> current;
   for (const GPollFD& polled : polled_) {

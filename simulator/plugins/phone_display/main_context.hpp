@@ -22,8 +22,8 @@ class MainContext {
   MainContext& operator=(const MainContext&) = delete;
   ~MainContext();
 
-  // Dispatches the events that are due. Call this after each use of a library of GLib outside of its callbacks,
-  // because the library can have added a source to the context without waking it. Must not be called in such a
+  // Dispatches the events that are due. Call this after each use of GLib, or of a library based on it, outside of their
+  // callbacks, because they can have added a source to the context without waking it. Do not call this in such a
   // callback.
   void dispatch();
   // Stops dispatching because the connection to the display server has failed.
@@ -31,7 +31,7 @@ class MainContext {
 
  private:
   bool hasDisplayHungUp() const;
-  // Queries the descriptors and the timeout of the context, in milliseconds. A negative timeout is infinite.
+  // Updates `polled_` and returns the timeout of the context in milliseconds. A negative timeout is infinite.
   int query(int priority);
   void watchDescriptors();
   void setTimer(int milliseconds);

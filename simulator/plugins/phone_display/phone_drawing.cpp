@@ -97,7 +97,7 @@ drawing::Rectangle bodyAround(const base::DeviceProfile& device, const PhoneBody
           device.screen.height + 2 * body.endBezel};
 }
 
-// Makes the units of the context points of the phone's screen.
+// Makes a unit of the context equal to a point of the phone's screen.
 void usePoints(cairo_t* context, const WindowLayout& layout) {
   cairo_translate(context, layout.screen.x, layout.screen.y);
   cairo_scale(context, layout.scale, layout.scale);
@@ -139,7 +139,7 @@ void drawScreen(cairo_t* context, const base::DeviceProfile& device, const Windo
   cairo_paint(context);
   const double radius = bodyOf(device).screenRadius;
   if (radius > 0) {
-    // The bezel covers the corners of the picture.
+    // The picture has square corners, which the bezel covers.
     const drawing::Rectangle area = {1.0 * screen.x, 1.0 * screen.y, 1.0 * screen.width, 1.0 * screen.height};
     cairo_rectangle(context, area.x, area.y, area.width, area.height);
     drawing::addRoundedRectangle(context, area, {radius * layout.scale, drawing::CornerCurve::Continuous});

@@ -10,8 +10,7 @@ namespace {
 // The background around the phone, in points.
 constexpr double margin = 28;
 
-// The visible part of the side button is narrow. A click this far from the edge of the body, in points, is on the
-// button.
+// The distance from the edge of the body, in points, up to which a click is on the narrow side button.
 constexpr double sideButtonReach = 10;
 
 constexpr PhoneBody roundedBody = {20, 20, 40, 57, false};
@@ -19,7 +18,7 @@ constexpr PhoneBody homeButtonBody = {20, 92, 0, 62, true};
 
 }  // namespace
 
-// The safe area of a screen with rounded corners has a bottom inset.
+// Only a screen with rounded corners has a bottom inset in its safe area.
 PhoneBody bodyOf(const base::DeviceProfile& device) {
   return device.safeArea.bottom > 0 ? roundedBody : homeButtonBody;
 }

@@ -43,8 +43,8 @@ struct WindowLayout {
   drawing::PixelRectangle screen;  // in pixels of the window
 };
 
-// Returns the largest layout of the phone in a window of this size in pixels. The phone keeps its proportions and is in
-// the middle of the window. The screen has a whole number of pixels in each row.
+// Returns the layout that shows the phone as large as possible in a window of this size in pixels. The phone keeps its
+// proportions and is centered in the window. The screen has a whole number of pixels in each row.
 WindowLayout layOut(const base::DeviceProfile& device, int width, int height);
 
 // Converts a position in pixels of the window to a point of the phone's screen. The point can be outside the screen.

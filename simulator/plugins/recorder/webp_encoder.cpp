@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int maxQuality = 100;  // lossless
-// A compromise between the size and the duration of lossless encoding, from 0 to 9.
+// The level of lossless encoding, from 0 to 9: a compromise between file size and encoding time.
 constexpr int losslessLevel = 3;
 
 struct EncoderDeleter {
@@ -29,7 +29,7 @@ class Picture {
   Picture(const Picture&) = delete;
   Picture& operator=(const Picture&) = delete;
 
-  // The encoder requires its own copy of the pixels, because it can change them.
+  // The encoder requires its own copy of the pixels, because it can modify them.
   bool copy(const std::uint32_t* pixels) {
     if (!isInitialized_ || WebPPictureAlloc(&picture_) == 0) return false;
     const auto width = static_cast<std::size_t>(picture_.width);
@@ -80,8 +80,8 @@ bool initialize(WebPConfig& config, int quality) {
   if (WebPConfigInit(&config) == 0) return false;
   if (quality == maxQuality) return WebPConfigLosslessPreset(&config, losslessLevel) != 0;
   // The encoder omits pixels that differ from the previous frame by less than a threshold. In a slow animation, these
-  // differences add up, and remainders of earlier frames stay visible. The threshold depends on the quality and is the
-  // lowest at the maximum. Therefore, the requested quality is set as the upper limit instead.
+  // differences add up, and remnants of earlier frames remain visible. The threshold depends on `quality` and is lowest
+  // at its maximum. Therefore, `quality` has its maximum, and the requested quality is the upper limit `qmax`.
   config.quality = maxQuality;
   config.qmax = quality;
   return true;

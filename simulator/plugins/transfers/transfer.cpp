@@ -92,7 +92,7 @@ void Transfer::configure() {
   curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
 }
 
-// Excludes this machine's own addresses from the use of a proxy.
+// Makes connections to this machine's own addresses bypass the proxy.
 void Transfer::configureProxy() {
   std::string excludedHosts = "localhost,127.0.0.0/8,::1";
   for (const char* name : {"no_proxy", "NO_PROXY"})
@@ -134,8 +134,7 @@ bool Transfer::addHeaderLine(std::string_view line) {
   lastActivity_ = Clock::now();
   headerBytes_ += line.size();
   if (headerBytes_ > maxHeaderBytes) return false;
-  // A redirect leads to another response. Each response begins with a status line, so the headers of the previous
-  // response are removed here.
+  // A status line begins a new response. After a redirect, the headers of the previous response are removed.
   if (line.starts_with("HTTP/")) result_.headers.clear();
   if (const std::size_t colon = line.find(':'); colon != line.npos)
     result_.headers.emplace_back(trimmed(line.substr(0, colon)), trimmed(line.substr(colon + 1)));
@@ -150,7 +149,7 @@ bool Transfer::addBody(std::string_view bytes) {
 
 UrlError Transfer::errorOf(CURLcode code) const {
   if (code == CURLE_WRITE_ERROR) return bodyIsTooLong_ ? UrlError::BodyTooLong : UrlError::CannotParseResponse;
-  // The protocol is unsupported if a redirect leads to a URL of another scheme, or if the server does not use HTTP.
+  // Either a redirect leads to a URL of an unsupported scheme, or the server does not use HTTP.
   if (code == CURLE_UNSUPPORTED_PROTOCOL) {
     const bool isRedirect = result_.status >= minRedirectStatus && result_.status < minErrorStatus;
     return isRedirect ? UrlError::UnsupportedUrl : UrlError::CannotParseResponse;

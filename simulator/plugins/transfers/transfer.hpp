@@ -24,10 +24,10 @@ class Transfer {
 
   CURL* handle() const { return easy_.get(); }
 
-  // The time point at which the transfer times out. It is moved forward when the server sends data.
+  // The time point at which the transfer times out. It is postponed each time the server sends data.
   Clock::time_point deadline() const;
 
-  // End the transfer and call the completion: `finish` with the result of curl, `timeOut` with a timeout error.
+  // End the transfer and call the completion: `finish` with curl's result, `timeOut` with a timeout error.
   void finish(CURLcode code);
   void timeOut();
 

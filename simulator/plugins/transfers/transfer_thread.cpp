@@ -15,7 +15,7 @@ namespace transfers {
 
 namespace {
 
-// The maximum number of connections to one host. It is the same as on the platform.
+// The maximum number of connections to one host. The platform has the same limit.
 constexpr long maxConnectionsToOneHost = 6;
 // The maximum number of connections. It limits the total size of the bodies that hostile servers can send at the same
 // time.
@@ -76,7 +76,7 @@ void TransferThread::stop() {
   }
   changed_.notify_one();
   curl_multi_wakeup(multi_);
-  // The thread cannot wait for its own end. This function runs on it if a completion ends the process.
+  // If a completion exits the process, this function runs on the transfer thread, which cannot wait for its own end.
   if (thread_.get_id() == std::this_thread::get_id()) {
     thread_.detach();
   } else if (thread_.joinable()) {

@@ -12,9 +12,9 @@ namespace web_page {
 
 namespace {
 
-// A frame with more rectangles contains the rectangle around them instead.
+// If more rectangles have changed, the frame contains one rectangle that encloses them.
 constexpr int maxRectangles = 32;
-// The fastest level. The next levels need more time than the connection saves.
+// The fastest level. The next levels would take more time to compress than they would save in transfer.
 constexpr int compressionLevel = 1;
 
 using Bytes = std::vector<std::byte>;
@@ -39,7 +39,7 @@ std::vector<drawing::PixelRectangle> rectanglesOf(const cairo_region_t* region) 
   return rectangles;
 }
 
-// Converts a premultiplied pixel to red, green, blue and alpha.
+// Converts a premultiplied pixel to red, green, blue and alpha without premultiplication.
 std::array<std::byte, 4> straightPixel(std::uint32_t pixel) {
   constexpr std::uint32_t opaque = 255;
   const std::uint32_t alpha = pixel >> 24;

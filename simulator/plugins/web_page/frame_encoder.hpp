@@ -14,9 +14,9 @@ namespace web_page {
 // Draws the picture. The units of the context are pixels of the picture.
 using DrawPicture = std::function<void(cairo_t*)>;
 
-// Returns a frame: the width and the height of the picture, the number of rectangles, and the position and the size of
-// each rectangle, as 32-bit little-endian integers; after that, compressed by zlib, the pixels of the rectangles, each
-// as its red, green, blue and alpha bytes without premultiplication. The region must not be empty and must lie inside
+// Returns a frame. It begins with 32-bit little-endian integers: the width and height of the picture, the number of
+// rectangles, and the position and size of each rectangle. The pixels of the rectangles follow, compressed by zlib: the
+// red, green, blue and alpha byte of each pixel, not premultiplied. The region must not be empty and must lie inside
 // the picture.
 std::vector<std::byte> encodeFrame(int width, int height, const cairo_region_t* changed, const DrawPicture& draw);
 

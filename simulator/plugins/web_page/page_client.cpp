@@ -25,10 +25,11 @@ using phone_display::Json;
 using phone_display::WindowLayout;
 
 constexpr int maxUnacknowledged = 2;
-// The library ends a connection without a close code if it receives a larger message.
+// The maximum size of a message that libsoup receives. It closes a connection without a close code after a larger
+// message.
 constexpr std::size_t maxStoredBytes = 4 * maxMessageBytes;
 constexpr int maxScheduledCommands = 100;
-// In pixels per point. A denser picture would not look better.
+// In pixels per point. A picture of a higher density would not look better.
 constexpr double maxScale = 4;
 constexpr int minPageSide = 64;
 
@@ -55,7 +56,7 @@ WindowLayout pictureLayout(int pageWidth, int pageHeight) {
                                static_cast<int>(std::ceil(size.height * scale)));
 }
 
-// The phone handles the input in its main queue, because it can run the run loop, which a callback of GLib must not do.
+// Handles the input on the main queue, because input can run the run loop, which a GLib callback must not do.
 void type(std::string text) {
   foundation::onMainThread([text = std::move(text)] { static_cast<void>(runner::typeText(text)); });
 }
@@ -111,7 +112,7 @@ void PageClient::receive(SoupWebsocketDataType type, GBytes* content) {
   gsize size = 0;
   const auto* const text = static_cast<const char*>(g_bytes_get_data(content, &size));
   if (size > maxMessageBytes) return refuse("the message is too large", SOUP_WEBSOCKET_CLOSE_TOO_BIG);
-  if (type != SOUP_WEBSOCKET_DATA_TEXT) return refuse("the message is not a text");
+  if (type != SOUP_WEBSOCKET_DATA_TEXT) return refuse("the message is not a text message");
   const std::optional<PageMessage> message = parseMessage(std::string_view(text, size));
   if (!message) return refuse("the message is not valid");
   std::visit([this](const auto& each) { handle(each); }, *message);

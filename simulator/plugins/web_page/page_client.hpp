@@ -22,21 +22,21 @@ namespace web_page {
 //   ring     the frame [x,y,width,height] of the element with the keyboard focus, in multiples of the size of the
 //            picture; null if there is none
 //   error    the error of the last notification from the composer; empty if there was none
-// The page acknowledges each message after it has shown it. At most two messages are not acknowledged. Meanwhile, the
-// client stores no further messages: the next frame contains all changes since the last one, and each text message is
-// sent with its latest value.
+// The page acknowledges each message after it has shown it. At most two messages can be unacknowledged. The client does
+// not queue further messages: the next frame contains all changes since the last one, and each text message is sent
+// with its latest value.
 class PageClient {
  public:
-  // Uses a connection that has received nothing. An invalid message closes it. Calls `whenChanged` when the connection
-  // has closed, and when a message is due outside of the callbacks of the connection; present() sends it. The function
-  // must not destroy the client. The finger must outlive this object.
+  // Uses a new connection, which an invalid message closes. Calls `whenChanged` when the connection has closed, and
+  // when a message that present() must send is due outside of the callbacks of the connection. `whenChanged` must not
+  // destroy the client. The finger must outlive this object.
   PageClient(SoupWebsocketConnection* connection, phone_display::FingerInput& finger,
              std::function<void()> whenChanged);
   PageClient(const PageClient&) = delete;
   PageClient& operator=(const PageClient&) = delete;
   ~PageClient();
 
-  // Sends the changes of the screen, or remembers to send them later.
+  // Sends the changes of the screen, or sends them later if a message must first be acknowledged.
   void present();
   bool isClosed() const;
   // Closes the connection because the phone ends.
@@ -54,9 +54,9 @@ class PageClient {
   // Closes the connection because of an invalid message.
   void refuse(const char* reason, SoupWebsocketCloseCode code = SOUP_WEBSOCKET_CLOSE_POLICY_VIOLATION);
 
-  // Sends the messages that are due, until the page must acknowledge one.
+  // Sends the messages that are due, until the page must acknowledge a message.
   void proceed();
-  // Returns whether a message was due.
+  // Sends the next message that is due. Returns false if no message is due.
   bool sendNext();
   bool sendFrame();
   void sendText(const phone_display::Json& message);
@@ -73,7 +73,7 @@ class PageClient {
   ObjectHandle<SoupWebsocketConnection> connection_;
   phone_display::FingerInput& finger_;
   std::function<void()> whenChanged_;
-  phone_display::WindowLayout layout_;  // of the picture; without a width before the first ShowMessage
+  phone_display::WindowLayout layout_;  // the layout of the picture; its width is 0 before the first ShowMessage
   uikit::ScreenPicture picture_;
   phone_display::FocusRing ring_;
   std::optional<CGRect> ringFrame_;  // in points of the screen

@@ -12,7 +12,7 @@ using phone_display::Json;
 using phone_display::Persistence;
 using Parsed = std::optional<PageMessage>;
 
-// A finger cannot be farther away from the picture.
+// The maximum distance of a finger from the picture, in multiples of the picture's size.
 constexpr double maxDistance = 100;
 constexpr int maxPresets = 1000;
 
@@ -38,7 +38,7 @@ constexpr KeyRow keys[] = {
     {"right", PageKey::Right},
 };
 
-// Returns null if the field is missing or is not a text.
+// Returns null if the field is missing or is not a string.
 const std::string* textOf(const Json& message, const char* field) {
   const auto found = message.find(field);
   return found == message.end() ? nullptr : found->get_ptr<const std::string*>();

@@ -18,7 +18,7 @@ inline constexpr std::size_t maxMessageBytes = 64 << 10;
 // The maximum width and height of a page, in pixels.
 inline constexpr int maxPageSide = 16'384;
 
-// The page has this size in pixels, and shows the phone as large as possible.
+// Reports the size of the page in pixels. The picture of the phone fills the page as far as possible.
 struct ShowMessage {
   int width;
   int height;
@@ -27,8 +27,8 @@ struct ShowMessage {
 // The page has shown a message of the server.
 struct AcknowledgeMessage {};
 
-// A part of the picture of the phone, in multiples of its width and height. Values outside of the range from 0 to 1 are
-// outside of the picture.
+// A position in the picture of the phone, as fractions of its width and height. Values outside of the range from 0 to 1
+// are outside of the picture.
 struct TouchMessage {
   UITouchPhase phase;
   double x;
@@ -59,7 +59,7 @@ struct SendMessage {
 using PageMessage =
     std::variant<ShowMessage, AcknowledgeMessage, TouchMessage, TypeMessage, KeyMessage, PlayMessage, SendMessage>;
 
-// Returns nothing if the text is not a valid message. The numbers of presets are not checked.
+// Returns nothing if the text is not a valid message. Does not check whether a preset with the given number exists.
 std::optional<PageMessage> parseMessage(std::string_view text);
 
 }  // namespace web_page

@@ -33,8 +33,8 @@ bool isLoopback(const char* hostName) {
   return address != nullptr && g_inet_address_get_is_loopback(address.get()) != FALSE;
 }
 
-// The names of this computer are checked because any web page can resolve its own name to the loopback address. The
-// port is not checked, because the user can forward it.
+// Checks the host name, because any web site can make its own name resolve to the loopback address. Does not check the
+// port, because the user can forward it.
 bool isAddressedToThisComputer(const char* host) {
   if (host == nullptr) return false;
   const ObjectHandle<GSocketConnectable> address(g_network_address_parse(host, firstPort, nullptr));
@@ -54,13 +54,13 @@ void checkRequest(SoupServer*, SoupServerMessage* message, const char*, GHashTab
   for (const auto& [name, value] : securityHeaders) soup_message_headers_replace(headers, name, value);
   const char* const host = soup_message_headers_get_one(soup_server_message_get_request_headers(message), "Host");
   if (!isAddressedToThisComputer(host))
-    return refuse(message, SOUP_STATUS_FORBIDDEN, "The phone is only displayed on its own computer.\n");
+    return refuse(message, SOUP_STATUS_FORBIDDEN, "The phone is displayed only on the computer that runs it.\n");
   const std::string_view method = soup_server_message_get_method(message);
   if (method != SOUP_METHOD_GET && method != SOUP_METHOD_HEAD)
     refuse(message, SOUP_STATUS_METHOD_NOT_ALLOWED, "The method must be GET.\n");
 }
 
-// Browsers let each web page connect to each address, and send the origin of the page.
+// Checks the origin, which browsers send, because browsers let any web page open a connection to any address.
 void checkConnection(SoupServer* server, SoupServerMessage* message, const char* path, GHashTable* query, void* data) {
   checkRequest(server, message, path, query, data);
   if (soup_server_message_get_status(message) != SOUP_STATUS_NONE) return;
@@ -78,7 +78,7 @@ PageServer::PageServer(const std::string& token, std::vector<Resource> resources
       folder_("/" + token + "/"),
       resources_(std::move(resources)),
       whenConnected_(std::move(whenConnected)) {
-  // Frames are compressed already, and a compressed message of a client could be as large as memory.
+  // Frames are already compressed, and decompressing a message of a client could exhaust memory.
   soup_server_remove_websocket_extension(server_.get(), SOUP_TYPE_WEBSOCKET_EXTENSION_DEFLATE);
   const auto handle = +[](SoupServer*, SoupServerMessage* message, const char* path, GHashTable*, void* self) {
     static_cast<const PageServer*>(self)->respond(message, path);

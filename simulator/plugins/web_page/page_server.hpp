@@ -1,5 +1,5 @@
-// The web server of the page. It accepts connections from this computer only, and requests only with the token of the
-// phone. It runs on the default main context of GLib. Main thread.
+// The web server of the page. It accepts connections only from this computer, and requests only if they contain the
+// token of the phone. It runs on the default main context of GLib. Main thread.
 #pragma once
 
 #include <libsoup/soup.h>
@@ -32,7 +32,7 @@ class PageServer {
 
   // Listens on the first free port. Returns false if all ports are in use.
   bool listen();
-  // The address of the page. Call this after listen() has succeeded.
+  // Returns the address of the page. Call this after listen() has succeeded.
   std::string address() const;
 
  private:

@@ -76,7 +76,7 @@ bool WebPage::open() {
 }
 
 void WebPage::connect(SoupWebsocketConnection* connection) {
-  // A connection that has no client is closed after this function.
+  // The server closes the connection after this function returns, unless a client retains it.
   if (clients_.size() >= maxClients) return;
   clients_.emplace_back(connection, finger_, [this] { scheduleUpdate(); });
   scheduleUpdate();

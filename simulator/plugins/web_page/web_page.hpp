@@ -39,7 +39,7 @@ class WebPage final : public runner::PhoneWindow {
   phone_display::FingerInput finger_;
   PageServer server_;
   std::list<PageClient> clients_;
-  // Without a client, the screen is not rendered.
+  // Has no value while there is no client, because the display link causes the screen to be rendered.
   std::optional<uikit::DisplayLink> displayLink_;
   std::shared_ptr<bool> exists_ = std::make_shared<bool>(true);
   phone_display::MainContext mainContext_;

@@ -79,7 +79,7 @@ void AccessibilityBus::observe(GDBusConnection* sessionBus) {
   subscription_ =
       g_dbus_connection_signal_subscribe(sessionBus_, busName, propertiesInterface, "PropertiesChanged", busPath,
                                          statusInterface, G_DBUS_SIGNAL_FLAGS_NONE, changed, this, nullptr);
-  // Without auto-start, the accessibility bus does not start if no other program uses it.
+  // NO_AUTO_START prevents this call from starting the accessibility bus if no other program uses it.
   g_dbus_connection_call(sessionBus_, busName, busPath, propertiesInterface, "GetAll",
                          g_variant_new("(s)", statusInterface), G_VARIANT_TYPE("(a{sv})"),
                          G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, cancellable_, received, this);
@@ -88,7 +88,7 @@ void AccessibilityBus::observe(GDBusConnection* sessionBus) {
 void AccessibilityBus::readStatus(GVariant* properties) {
   if (isConnected_ || (!isTrue(properties, "IsEnabled") && !isTrue(properties, "ScreenReaderEnabled"))) return;
   isConnected_ = true;
-  // display.cpp has prevented GTK from connecting at its start.
+  // display.cpp has set this variable to prevent GTK from connecting at its start.
   g_unsetenv("NO_AT_BRIDGE");
   atk_bridge_adaptor_init(nullptr, nullptr);
   whenConnected_();

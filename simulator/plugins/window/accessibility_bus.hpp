@@ -8,10 +8,10 @@
 namespace window {
 
 // Connects GTK to the accessibility bus as soon as the desktop reports that assistive technologies are in use. Until
-// then, the process does not connect to that bus and describes nothing.
+// then, the process does not connect to that bus and creates no accessible objects.
 class AccessibilityBus {
  public:
-  // Calls `whenConnected` once, in a callback of GLib, after the connection.
+  // Calls `whenConnected` once, in a GLib callback, after connecting.
   explicit AccessibilityBus(std::function<void()> whenConnected);
   AccessibilityBus(const AccessibilityBus&) = delete;
   AccessibilityBus& operator=(const AccessibilityBus&) = delete;

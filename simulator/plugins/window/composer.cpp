@@ -31,7 +31,7 @@ std::string viewText(GtkWidget* view) {
   return stringOf(gtk_text_buffer_get_text(buffer, &start, &end, FALSE));
 }
 
-// The panel scrolls if the window is low.
+// The panel scrolls if the window is not high enough.
 GtkWidget* makePanel() {
   GtkWidget* const panel = gtk_scrolled_window_new(nullptr, nullptr);
   gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(panel), GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC);
@@ -57,7 +57,7 @@ GtkWidget* makeApplicationMenu() {
 GtkWidget* makeTextView() {
   GtkWidget* const view = gtk_text_view_new();
   gtk_text_view_set_wrap_mode(GTK_TEXT_VIEW(view), GTK_WRAP_WORD_CHAR);
-  // Tab moves the focus.
+  // The Tab key moves the focus instead of inserting a tab.
   gtk_text_view_set_accepts_tab(GTK_TEXT_VIEW(view), FALSE);
   return view;
 }
@@ -189,8 +189,7 @@ void Composer::playPreset() {
 
 void Composer::send() { schedule(0, phone_display::commandOf(fields())); }
 
-// The phone executes the command in its main queue, because a command can run the run loop, which a callback of GTK
-// must not do.
+// Executes the command on the main queue, because a command can run the run loop, which a GTK callback must not do.
 void Composer::schedule(double seconds, const Json& command) {
   foundation::onMainThreadAfter(seconds, [this, exists = exists_, command] {
     const objc::AutoreleasePool pool;

@@ -6,7 +6,7 @@ namespace window {
 
 namespace {
 
-// The width of a desktop, in its units, on which the composer is visible at the start.
+// The minimum width of a desktop, in logical pixels, for the composer to be visible at the start.
 constexpr int wideDesktop = 1800;
 constexpr int buttonMargin = 2;
 
@@ -20,7 +20,7 @@ int desktopWidth() {
   return workArea.width;
 }
 
-// The button never has the keyboard focus, because the keys operate the phone.
+// The button cannot receive the keyboard focus, because keys operate the phone.
 GtkWidget* makeButton() {
   GtkWidget* const button = gtk_button_new_with_label("+");
   gtk_button_set_relief(GTK_BUTTON(button), GTK_RELIEF_NONE);

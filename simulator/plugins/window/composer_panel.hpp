@@ -18,12 +18,12 @@ class ComposerPanel {
   ComposerPanel(const ComposerPanel&) = delete;
   ComposerPanel& operator=(const ComposerPanel&) = delete;
 
-  // Shows the composer if the desktop is wide. Call this after the size of the window is set.
+  // Shows the composer if the desktop is wide enough. Call this after setting the size of the window.
   void showIfWide();
 
  private:
   bool isVisible() const;
-  // Changes the width of the window by that of the composer, so the phone keeps its size.
+  // Shows or hides the composer. The window becomes wider or narrower, so the phone keeps its size.
   void toggle();
   bool handleKey(const GdkEventKey& event);
 

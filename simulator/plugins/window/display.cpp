@@ -16,10 +16,10 @@ std::function<void()>& errorObserver() {
   return observer;
 }
 
-// Xlib calls this function first. GTK's own handler would end the process.
+// The first function that Xlib calls after a connection failure. GTK's own handler would end the process.
 int ignoreError(Display*) { return 0; }
 
-// Xlib then calls this function. The functions of Xlib fail from now on.
+// The second function that Xlib calls. From now on, the functions of Xlib fail.
 void reportError(Display*, void*) { errorObserver()(); }
 
 }  // namespace
@@ -31,7 +31,7 @@ bool connectToDisplay() {
   // These settings save ten megabytes and several threads.
   g_setenv("GDK_GL", "disable", FALSE);
   g_setenv("NO_AT_BRIDGE", "1", FALSE);
-  // The class of the window on X11, and its application identifier on Wayland.
+  // Sets the class of the window on X11, and its application identifier on Wayland.
   g_set_prgname("brim");
   gdk_set_allowed_backends("wayland,x11");
   return gtk_init_check(nullptr, nullptr) != FALSE;

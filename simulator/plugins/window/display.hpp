@@ -9,7 +9,7 @@ namespace window {
 bool connectToDisplay();
 // Returns the socket of the connection, which GTK owns.
 int displayDescriptor();
-// Calls the function if a use of the connection fails. Without it, the failure ends the process on some displays.
+// Calls the function if using the connection fails. Without an observer, the failure ends the process on some displays.
 void observeDisplayErrors(std::function<void()> observer);
 
 }  // namespace window

@@ -36,7 +36,7 @@ G_DEFINE_TYPE_WITH_CODE(ElementObject, element_object, ATK_TYPE_OBJECT,
                         G_IMPLEMENT_INTERFACE(ATK_TYPE_COMPONENT, &addComponent)
                             G_IMPLEMENT_INTERFACE(ATK_TYPE_ACTION, &addAction))
 
-// The object of a text field.
+// The accessible object of a text field.
 struct FieldObject {
   ElementObject base;
 };
@@ -253,7 +253,7 @@ void addEditableText(void* methods, void*) {
   interface->delete_text = &deleteBetween;
 }
 
-// Reports the characters that were replaced between the common beginning and the common end of both texts.
+// Reports which characters were replaced: those between the common prefix and the common suffix of both texts.
 void notifyTextChange(AtkObject* field, const std::string& before, const std::string& after) {
   const int beforeLength = length(before);
   const int afterLength = length(after);

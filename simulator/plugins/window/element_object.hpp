@@ -21,7 +21,7 @@ class ElementDelegate {
   virtual void performAction(std::uint64_t element, std::size_t action) = 0;
   virtual void setText(std::uint64_t element, const std::string& text) = 0;
   virtual void focus(std::uint64_t element) = 0;
-  // Converts a rectangle from points of the screen to coordinates of the accessible parent of all elements.
+  // Converts a rectangle from points of the screen to coordinates of the elements' common accessible parent.
   virtual GdkRectangle areaRectangle(const CGRect& points) = 0;
   virtual AtkObject* area() = 0;
 };

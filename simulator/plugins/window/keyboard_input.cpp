@@ -26,7 +26,7 @@ constexpr std::array<KeyRow, 4> keys = {{
     {GDK_KEY_BackSpace, runner::Key::Backspace},
 }};
 
-// The phone handles the input in its main queue, because it can run the run loop, which a callback of GTK must not do.
+// Handles the input on the main queue, because input can run the run loop, which a GTK callback must not do.
 void type(std::string text) {
   foundation::onMainThread([text = std::move(text)] { static_cast<void>(runner::typeText(text)); });
 }
@@ -92,8 +92,9 @@ KeyboardInput::~KeyboardInput() {
   g_object_unref(inputMethod_);
 }
 
-// The field finishes its marked text by itself, for example when the banner is dismissed. The input method must then
-// begin a new text. Some input methods commit the old one when they are reset, although the phone already has it.
+// Resets the input method if the field itself has finished its marked text, for example because the banner was
+// dismissed. Some input methods commit that text during the reset. It is then ignored, because the phone already has
+// it.
 void KeyboardInput::update() {
   if (!markedText_.empty() && !runner::hasMarkedText()) {
     markedText_.clear();
@@ -110,8 +111,8 @@ void KeyboardInput::commit(const char* text) {
   scheduleMarkedText();
 }
 
-// Shows the last unfinished text after the committed text. A committed text thus replaces the marked text, even if the
-// input method removes the unfinished text first.
+// Shows the latest unfinished text, but only after the phone has received a committed text. Therefore, the committed
+// text replaces the marked text, even if the input method removes the unfinished text first.
 void KeyboardInput::scheduleMarkedText() {
   foundation::onMainThread([this, change = ++*changes_, changes = std::weak_ptr<unsigned>(changes_)] {
     if (const auto last = changes.lock(); last != nullptr && *last == change) showMarkedText();
@@ -157,7 +158,7 @@ bool KeyboardInput::handleKey(GdkEventKey& event) {
     return true;
   }
   const bool isFiltered = gtk_im_context_filter_keypress(inputMethod_, &event) != FALSE;
-  // An input method that has ended does not always report that its unfinished text has vanished.
+  // An input method that has exited does not always report that its unfinished text has been removed.
   if (event.type == GDK_KEY_PRESS && !markedText_.empty()) {
     foundation::onMainThread([this, changes = std::weak_ptr<unsigned>(changes_)] {
       if (!changes.expired()) showMarkedText();

@@ -14,8 +14,8 @@ namespace window {
 
 class KeyboardInput {
  public:
-  // Handles the key events of the window, which must exist as long as this object. `windowRectangle` converts points of
-  // the phone's screen to coordinates of the window.
+  // Handles the key events of the window, which must outlive this object. `windowRectangle` converts points of the
+  // phone's screen to coordinates of the window.
   KeyboardInput(GtkWidget* window, std::function<GdkRectangle(const CGRect& points)> windowRectangle);
   KeyboardInput(const KeyboardInput&) = delete;
   KeyboardInput& operator=(const KeyboardInput&) = delete;
@@ -39,8 +39,8 @@ class KeyboardInput {
   int markedCaret_ = 0;
   GdkRectangle caret_ = {};
   bool isResetting_ = false;
-  // The number of changes of the unfinished text. The phone shows only the last one. Work in the main queue that
-  // outlives this object finds no number.
+  // The number of changes of the unfinished text. The phone shows only the latest change. Work on the main queue that
+  // outlives this object detects that the number no longer exists.
   std::shared_ptr<unsigned> changes_ = std::make_shared<unsigned>(0);
 };
 

@@ -16,7 +16,7 @@ namespace window {
 
 namespace {
 
-// The part of the desktop's height that the window uses at most.
+// The maximum height of the window, as a fraction of the desktop's height.
 constexpr double maxPartOfDesktop = 0.92;
 
 // Returns the height of the desktop without its panels, or 0 if it is unknown.
@@ -56,7 +56,7 @@ PhoneWindow::PhoneWindow()
   observeDisplayErrors([this] { mainContext_.loseDisplay(); });
   gtk_window_set_title(GTK_WINDOW(window_), std::string(device_.name).c_str());
   setIcons(GTK_WINDOW(window_));
-  // The title bar is as dark as the background.
+  // Makes the title bar dark, like the background.
   g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme", TRUE, nullptr);
   gtk_widget_set_app_paintable(window_, TRUE);
   gtk_widget_set_app_paintable(area_, TRUE);
@@ -100,7 +100,7 @@ void PhoneWindow::connectSignals() {
   g_signal_connect(window_, "destroy-event", G_CALLBACK(close), this);
 }
 
-// One point of the phone is one unit of the desktop if the desktop is large enough.
+// Makes one point of the phone equal to one logical pixel of the desktop if the desktop is large enough.
 void PhoneWindow::setInitialSize() {
   constexpr int minWidth = 160;
   const drawing::Size size = phone_display::windowSize(device_);
@@ -152,7 +152,7 @@ void PhoneWindow::present() {
   mainContext_.dispatch();
 }
 
-// The widget is redrawn in whole units of the desktop.
+// GTK redraws a widget in whole logical pixels.
 void PhoneWindow::queueDraw(const cairo_region_t* pixels) {
   const int factor = pixelsPerUnit();
   const drawing::RegionHandle units(cairo_region_create());

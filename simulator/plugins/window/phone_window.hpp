@@ -1,4 +1,4 @@
-// The window: its size, its contents and its end. Main thread.
+// The window that shows the phone. Main thread.
 #pragma once
 
 #include <gtk/gtk.h>

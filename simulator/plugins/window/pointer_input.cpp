@@ -42,7 +42,7 @@ bool PointerInput::handleMotion(const GdkEventMotion& event) {
   return true;
 }
 
-// Without a handler of this event, GTK would convert the events of the first finger to those of a mouse.
+// Without a handler for touch events, GTK would convert the events of the first finger to mouse events.
 bool PointerInput::handleTouch(const GdkEventTouch& event) {
   const CGPoint point = screenPoint_(event.x, event.y);
   switch (event.type) {

@@ -12,8 +12,8 @@ namespace window {
 
 class PointerInput {
  public:
-  // Handles the events of the widget, which must exist as long as this object. `screenPoint` converts coordinates of
-  // the widget to a point of the phone's screen, which can be outside the screen.
+  // Handles the events of the widget, which must outlive this object. `screenPoint` converts coordinates of the widget
+  // to a point of the phone's screen, which can be outside the screen.
   PointerInput(GtkWidget* widget, std::function<CGPoint(double x, double y)> screenPoint);
   PointerInput(const PointerInput&) = delete;
   PointerInput& operator=(const PointerInput&) = delete;

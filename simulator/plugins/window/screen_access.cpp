@@ -16,7 +16,7 @@ namespace {
 
 using phone_display::FocusMove;
 
-// The ring is drawn around the element, in units of the area.
+// The distance of the ring from the element, in coordinates of the area.
 constexpr double ringDistance = 2;
 constexpr double ringWidth = 3;
 constexpr int ringExtent = 6;
@@ -24,7 +24,7 @@ constexpr double ringRadius = 10;
 
 struct PhoneAreaAccessible {
   GtkWidgetAccessible base;
-  // The objects of the elements that no other element contains.
+  // The objects of the top-level elements.
   std::vector<AtkObject*>* children;
 };
 struct PhoneAreaAccessibleClass {
@@ -142,8 +142,7 @@ void ScreenAccess::update() {
   if (bus_.isConnected()) updateObjects(elements);
 }
 
-// The phone handles the actions in its main queue, because they can run the run loop, which a callback of GTK must not
-// do.
+// Performs the action on the main queue, because an action can run the run loop, which a GTK callback must not do.
 void ScreenAccess::performAction(std::uint64_t element, std::size_t action) {
   foundation::onMainThread([element, action] { static_cast<void>(runner::performAction(element, action)); });
 }

@@ -21,9 +21,9 @@ GtkWidget* makePhoneArea();
 
 class ScreenAccess final : public ElementDelegate {
  public:
-  // Handles events of the area, which must be the result of makePhoneArea. Create this object before PointerInput and
-  // KeyboardInput, because keys that activate the focused element do not type text. `areaRectangle` converts a
-  // rectangle of the screen, in points, to coordinates of the area.
+  // Handles the events of the area, which must be the result of makePhoneArea. Create this object before PointerInput
+  // and KeyboardInput, so that it handles keys first: a key that activates the focused element must not type text.
+  // `areaRectangle` converts a rectangle of the screen, in points, to coordinates of the area.
   ScreenAccess(GtkWidget* area, std::function<GdkRectangle(const CGRect&)> areaRectangle);
   ScreenAccess(const ScreenAccess&) = delete;
   ScreenAccess& operator=(const ScreenAccess&) = delete;
@@ -35,9 +35,9 @@ class ScreenAccess final : public ElementDelegate {
   void drawRing(cairo_t* context);
 
  private:
-  // Moves in reaction to Tab and the arrow keys, and goes back in reaction to Escape.
+  // Moves the focus on Tab and the arrow keys, and goes back on Escape. Returns whether the key was handled.
   bool navigate(const GdkEventKey& event);
-  // Activates the focused element in reaction to Return and the space bar.
+  // Activates the focused element on Return and the space bar. Returns whether the key was handled.
   bool activate(const GdkEventKey& event);
   // A click hides the ring and returns the focus of the window to the phone.
   void handleClick();

@@ -11,7 +11,7 @@ namespace {
 
 using Controller = NCNotificationShortLookViewController;
 
-// The limits for the vertical translation at the end of a drag, in points. A positive translation is downward.
+// The thresholds for the vertical translation at the end of a drag, in points. A positive translation is downward.
 constexpr CGFloat maxDragToDismiss = -20;
 constexpr CGFloat minDragToOpen = 30;
 constexpr double springBackSeconds = 0.2;
@@ -52,7 +52,7 @@ void addBannerGestures(Controller* controller, UIView* view) {
 }
 
 void handlePan(Controller* controller, UIPanGestureRecognizer* recognizer) {
-  // The translation is measured in the superview, because the banner itself moves.
+  // Measures the translation in the superview, because the banner itself moves.
   const CGFloat translation = recognizer->translationInView(controller->view()->superview()).y;
   switch (recognizer->state()) {
     case UIGestureRecognizerState::Began:

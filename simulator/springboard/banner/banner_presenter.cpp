@@ -25,8 +25,8 @@ constexpr double automaticDismissalSeconds = 5;
 // The time between the dismissal of a banner and the release of its controller. The phone also releases the controller
 // some time after the dismissal.
 constexpr double secondsUntilRelease = 1;
-// The maximum number of banners whose controllers exist. While no time passes, no banner is dismissed completely, and
-// the time of a presentation grows with the number of controllers.
+// The maximum number of banners whose controllers exist. While a stepped clock is stopped, no dismissal is completed,
+// so controllers accumulate, and presenting a banner takes longer with each controller.
 constexpr std::size_t maxBanners = 256;
 
 enum class Stage { Presented, Dismissing, Dismissed };
@@ -54,9 +54,9 @@ void animateTo(UIView* view, const CGRect& frame, objc::Block<void(bool)>* compl
   UIView::animate(slideSeconds, objc::block([retained, frame] { retained->setFrame(frame); }), completion);
 }
 
-// Makes a banner visible in the run-loop iteration of its presentation. The slide begins high above the screen, so the
-// banner would otherwise appear only after half of the slide. With a stepped clock, the whole slide takes place,
-// because the times of scripts are relative to the presentation.
+// Makes a banner visible in the run-loop iteration in which it is presented. The slide begins high above the screen, so
+// the banner would otherwise appear only after half of the slide. With a stepped clock, the whole slide is shown,
+// because the times in scripts are relative to the presentation.
 void startSlideAtEdge(std::size_t number) {
   if (foundation::clock::mode() == foundation::ClockMode::Stepped) return;
   foundation::onMainThread([number] {
@@ -116,7 +116,7 @@ void layOutContent(const Controller* controller) {
   content->setFrame({{}, {width, heightOfShortLookView(content, width)}});
 }
 
-// Makes room for a banner. Removes the oldest banners without an animation.
+// Removes the oldest banners, without an animation, until another banner can be presented.
 void removeExcessBanners() {
   while (banners().size() >= maxBanners) {
     const std::size_t number = banners().begin()->first;

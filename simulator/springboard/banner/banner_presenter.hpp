@@ -13,7 +13,7 @@
 namespace springboard {
 
 // Presents the controller's view as a banner and dismisses all other banners. Retains the controller until one second
-// after the banner was dismissed. Returns the number of the banner.
+// after the dismissal of the banner. Returns the number of the banner.
 std::size_t presentBanner(NCNotificationShortLookViewController* controller);
 
 // Dismisses the controller's banner as the platform does. `transition` is a value of Transition. The completion runs on

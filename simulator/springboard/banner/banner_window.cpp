@@ -26,7 +26,7 @@ BannerWindowState& bannerWindow() {
   return state;
 }
 
-// Only the reply field of a long look needs the keyboard, so the window can become the key window only then.
+// Returns whether a long look is open in the window, because only its reply field needs the keyboard.
 bool canBecomeKeyWindow(SBNotificationBannerWindow* self) {
   const auto* shortLook = longLookPresentation().openedShortLook();
   return shortLook != nullptr && shortLook->view()->window() == self;

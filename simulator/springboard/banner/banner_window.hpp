@@ -8,9 +8,9 @@ class SBNotificationBannerWindow : public objc::Interface<"SBNotificationBannerW
 
 namespace springboard {
 
-// The frames of a notification view. The resting frame is used while the view is on the screen. The hidden frame is
-// used before and after that. Both frames extend to the lower edge of the screen, because a banner can add a background
-// that covers the screen. The view accepts touches only on its subviews.
+// The frames of a notification view. The view has the resting frame while it is on the screen, and the hidden frame
+// before and after that. Both frames extend to the lower edge of the screen, because a banner can add a background that
+// covers the screen. The view accepts touches only on its subviews.
 CGRect restingBannerFrame();
 CGRect hiddenBannerFrame();
 

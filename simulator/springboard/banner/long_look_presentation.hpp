@@ -1,5 +1,5 @@
-// The functions through which banners open and close the long look. The functions are set at run time, because the long
-// look depends on banners, and banners must not depend on the long look. Main thread.
+// The functions with which banners open and close the long look. They are set at run time, because the long look
+// depends on banners, so banners must not depend on the long look. Main thread.
 #pragma once
 
 #include "platform/nc_notification_view_controller.hpp"

@@ -47,7 +47,7 @@ CGRect accessibilityFrame(UIView* self) {
   return uikit::frameOnScreen(static_cast<UIView*>(subviews->objectAtIndex(subviews->count() - 1)));
 }
 
-// The distances of the drags, in points, are sufficient for banners of the platform and of the library.
+// The distances of the drags, in points, are sufficient for both the platform's and the library's banners.
 void addAccessibleActions(UIView*, void* actions) {
   auto& added = uikit::accessibleActionsAt(actions);
   added.push_back({"activate"});
@@ -93,7 +93,7 @@ std::string accessibleNameOf(const NCNotificationRequest* request, const UIView*
     return part->length() != 0 && text.find(base::textOf(part)) != std::string::npos;
   };
   std::vector<std::string> texts = uikit::textsIn(view);
-  // The other labels show the time and the name of the application.
+  // Omits the other labels, which show the time and the name of the application.
   std::erase_if(texts, [&](const std::string& text) {
     return !isShown(text, content.title) && !isShown(text, content.subtitle) && !isShown(text, content.message) &&
            !isShown(text, content.summary);

@@ -44,8 +44,8 @@ CGFloat heightOfShortLookView(const NCNotificationShortLookView* view, CGFloat w
 objc::Ref<UIView> makeNotificationView(NCNotificationShortLookView* content);
 NCNotificationShortLookView* contentViewOf(const UIView* notificationView);
 
-// Returns the name of the request's application and those texts of the request that the view shows, for assistive
-// technologies. Texts that the view hides for privacy are not part of the name.
+// Returns a name for assistive technologies: the name of the request's application and the texts of the request that
+// the view shows. Texts that the view hides for privacy are omitted.
 std::string accessibleNameOf(const NCNotificationRequest* request, const UIView* view);
 
 void defineShortLookView();

@@ -80,7 +80,7 @@ void traitCollectionDidChange(ShortLookController* self, UITraitCollection* prev
 }
 
 void handleTap(ShortLookController* self, NSObject*) {
-  // The controller is retained, because the action can remove the list cell that owns it.
+  // Retains the controller, because the action can remove the list cell that owns it.
   const auto retained = objc::retain(self);
   self->askDelegateToExecuteAction(objc::state(objc::state<Controller>(self).request.get()).defaultAction,
                                    NSDictionary::dictionary(), true);

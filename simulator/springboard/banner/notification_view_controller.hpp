@@ -24,7 +24,7 @@ struct objc::StateOf<NCNotificationContentContainerViewController> {
 
 namespace springboard {
 
-// The transitions of the platform's dismissal. Every other number has the effect of SlideOut.
+// The platform's transitions for dismissing a banner. Any other number has the effect of SlideOut.
 enum class Transition : NSInteger { None = 0, SlideOut = 1 };
 
 // Creates a controller, which retains the request. The request must not be nil.

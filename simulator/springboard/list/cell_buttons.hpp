@@ -23,14 +23,14 @@ namespace springboard {
 
 using CellButtons = NCNotificationListCellActionButtonsView;
 
-// The width of all buttons, with the gap between the card and the buttons.
+// The total width of the buttons, including the gap between the card and the buttons.
 inline constexpr CGFloat cellButtonsWidth = 168;
 
 enum class CellButton { View, Clear };
 
 // Creates the buttons for a cell that shows this number of notifications.
 objc::Ref<CellButtons> makeCellButtons(std::size_t notifications);
-// Places the buttons in the part of a cell of this size that a card has revealed, of the width `revealed`.
+// Places the buttons in a cell of this size. The cards have revealed a part of the cell that is `revealed` wide.
 void placeCellButtons(CellButtons* buttons, CGSize cell, CGFloat revealed);
 // Returns the button at a point in the coordinates of the buttons' superview.
 std::optional<CellButton> cellButtonAt(const CellButtons* buttons, CGPoint point);

@@ -42,7 +42,7 @@ objc::Ref<Cell> makeListCell(const NotificationGroup& group, CGFloat width) {
   NCNotificationShortLookView* content = contentViewOf(view);
   const std::size_t others = group.size() - 1;
   setFootnote(content, footnoteFor(others));
-  // The height is rounded up, because the next card must start at a whole point.
+  // Rounds the height up, because the next card must begin at a whole point.
   const CGSize front = {width, std::ceil(heightOfShortLookView(content, width))};
   const CGFloat edgesHeight = addPileEdges(cell, others, front);
   view->setFrame({{}, front});

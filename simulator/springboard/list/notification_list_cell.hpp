@@ -21,19 +21,19 @@ struct objc::StateOf<NCNotificationListCell> {
 
 namespace springboard {
 
-// Creates a cell of this width. The height of the cell fits the group. The group must not be empty. A tap on the card
-// of a group of one notification opens its application.
+// Creates a cell of this width, whose height fits the group. The group must not be empty. If it contains one
+// notification, a tap on the card opens the application.
 objc::Ref<NCNotificationListCell> makeListCell(const NotificationGroup& group, CGFloat width);
 
 // Updates the displayed age of the notification to the current time.
 void refreshDate(const NCNotificationListCell* cell);
 
-// Moves the cards of the cell aside, to the left in languages that are written from left to right, and places the
-// buttons in the revealed part. Can be called in an animation block.
+// Moves the cards of the cell aside (to the left in left-to-right languages), and places the buttons in the revealed
+// part. Can be called in an animation block.
 void revealButtons(NCNotificationListCell* cell, CGFloat distance);
 // Opens the long look of the cell's latest notification.
 void openLongLook(const NCNotificationListCell* cell);
-// Executes the clear actions of all notifications of the cell. A notification without such an action is withdrawn.
+// Executes the clear action of each notification in the cell. Withdraws a notification that has no clear action.
 void clearNotifications(const NCNotificationListCell* cell);
 
 void defineListCell();

@@ -17,7 +17,7 @@ namespace {
 constexpr CGFloat sideMargin = 8;
 constexpr CGFloat cellGap = 8;
 constexpr double changeSeconds = 0.3;
-// The time in seconds for which the speed at the end of a swipe moves the cards further.
+// The time, in seconds, for which the cards would continue to move at their speed at the end of a swipe.
 constexpr double flickSeconds = 0.2;
 
 using List = NCNotificationListView;
@@ -105,7 +105,7 @@ Arrangement arrange(List* list, const Views& shown) {
   return arrangement;
 }
 
-// Gives a view that is new in the list its frame without an animation. The view appears at its place.
+// Sets the frames of views that are new in the list without an animation, so they appear at their final positions.
 void addNewViews(List* list, const Arrangement& arrangement, const Views& shown, bool animated) {
   for (std::size_t index = 0; index < arrangement.views.size(); ++index) {
     UIView* view = arrangement.views[index];
@@ -149,7 +149,7 @@ objc::Ref<UIView> viewAt(const List* list, CGPoint point) {
   return nullptr;
 }
 
-// Converts a horizontal distance to a distance by which the cards move aside, and back.
+// Converts between a horizontal distance and the distance by which the cards move aside, in either direction.
 CGFloat aside(const UIView* view, CGFloat distance) {
   return uikit::effectiveDirection(view) == uikit::LayoutDirection::RightToLeft ? distance : -distance;
 }
@@ -216,7 +216,7 @@ objc::Ref<List> makeListView(const CGRect& frame) {
 void showGroups(List* view, const std::vector<NotificationGroup>& groups) {
   NotificationListViewState& state = objc::state(view);
   state.groups = groups;
-  // A conversation that has become a single notification is folded.
+  // Folds each conversation that no longer has several notifications.
   std::erase_if(state.unfolded, [&state](const ListedConversation& conversation) {
     return std::ranges::none_of(state.groups, [&conversation](const NotificationGroup& group) {
       return group.size() > 1 && conversationOf(group) == conversation;

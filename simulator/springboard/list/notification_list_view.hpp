@@ -23,7 +23,7 @@ struct NotificationListViewState {
   bool animatesNextChange = false;
   std::function<void()> contentChanged;      // called after the user has unfolded or folded a group
   objc::Ref<NCNotificationListCell> swiped;  // the cell whose buttons are visible
-  CGFloat revealedBefore = 0;                // the distance by which that cell had moved when the swipe began
+  CGFloat revealedBefore = 0;                // the distance by which its cards had moved aside when the swipe began
 };
 
 class NCNotificationListView : public objc::Interface<"NCNotificationListView", UIView> {};

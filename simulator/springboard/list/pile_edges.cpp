@@ -16,8 +16,8 @@ constexpr CGFloat edgeHeight = 8;
 constexpr CGFloat edgeInset = 9;
 constexpr CGFloat alphaStep = 0.25;
 
-// Creates a card of which only the lower edge is visible. The rest is clipped, because it would show through the
-// translucent front card.
+// Creates a card whose lower edge alone is visible. The rest is clipped, because it would show through the translucent
+// front card.
 objc::Ref<UIView> makeEdge(CGRect frame, CGFloat alpha) {
   auto strip = UIView::withFrame<UIView>(frame);
   strip->setClipsToBounds(true);

@@ -1,4 +1,4 @@
-// The edges of the cards behind the front card of a pile of notifications. Lengths are in points. Main thread.
+// A pile of notifications: the edges of the cards that are behind the front card. Lengths are in points. Main thread.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 namespace springboard {
 
-// Adds the edges of the hidden cards below a front card of this size, at most two of them. Returns their height.
+// Adds the edges of the hidden cards (at most two) below a front card of this size. Returns the height of the edges.
 CGFloat addPileEdges(UIView* cell, std::size_t hiddenCards, CGSize front);
 
 }  // namespace springboard

@@ -44,7 +44,7 @@ void loadView(Controller* self) {
 }
 
 // Executes the action and closes the long look. Most actions withdraw the notification, which already closes the long
-// look. For any other action, the call of dismissLongLook closes it.
+// look. After any other action, dismissLongLook closes it.
 void executeAndClose(Controller* self, NCNotificationAction* action) {
   const auto retained = objc::retain(self);
   if (action != nullptr) self->askDelegateToExecuteAction(action, NSDictionary::dictionary(), true);
@@ -102,7 +102,7 @@ VerticalSpan availableSpan(const LongLookControllerState& parts) {
   return {top, device.screen.height - keyboard.height() - screenMargin};
 }
 
-// Returns the height that remains below a card that has one line of body text.
+// Returns the height that is available below the card if the card shows one line of body text.
 CGFloat heightForActions(const LongLookControllerState& parts) {
   const VerticalSpan available = availableSpan(parts);
   return available.bottom - available.top - fitLongLookView(parts.card, parts.shortLook.size.width, 0) - gap;

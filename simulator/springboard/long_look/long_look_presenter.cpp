@@ -39,7 +39,7 @@ bool isDismissedWithLongLook(const ShortLook* shortLook) {
   return isBannerOnScreen(number) && !isBannerBeingDismissed(number);
 }
 
-// Presents the long look. Uses the method of UIViewController, because NCNotificationViewController overrides it.
+// Presents the long look with the method of UIViewController, because NCNotificationViewController overrides it.
 void presentController(ShortLook* shortLook, LongLook* longLook) {
   objc::sendSuper<"NCNotificationViewController", void, "presentViewController:animated:completion:">(
       shortLook, static_cast<UIViewController*>(longLook), false, static_cast<objc::Block<void()>*>(nullptr));

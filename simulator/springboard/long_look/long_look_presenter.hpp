@@ -8,8 +8,8 @@
 namespace springboard {
 
 // Opens the long look of `shortLook` and closes any other. The completion can be null; it receives true after the
-// animation. The long look is not opened if the short look's view is in no window, its banner is being dismissed, or
-// its long look is already open. In these cases the completion receives false immediately.
+// animation. The long look is not opened if the short look's view is not in a window, if its banner is being dismissed,
+// or if its long look is already open. In these cases the completion receives false immediately.
 void presentLongLook(NCNotificationShortLookViewController* shortLook, LongLookChange change,
                      objc::Block<void(bool)>* completion);
 

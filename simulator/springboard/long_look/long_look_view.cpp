@@ -88,7 +88,7 @@ CGFloat maxOffset(const View* view) {
   return std::max<CGFloat>(lowerEdge(textFrames(view, size.width).back()) + bottomPadding - size.height, 0);
 }
 
-// The functions refer to the view, which owns the scroller and therefore exists longer.
+// The functions refer to the view, which outlives the scroller because it owns the scroller.
 ScrolledContent scrolledContentOf(View* view) {
   return {.viewport = [view] { return view->bounds().size.height; },
           .maxOffset = [view](CGFloat) { return maxOffset(view); },
@@ -99,7 +99,7 @@ ScrolledContent scrolledContentOf(View* view) {
               }};
 }
 
-// Shows the complete body, of which the lower part is outside the card, and the header above the texts.
+// Shows the complete body, whose lower part is clipped by the card, and brings the header in front of the texts.
 void beginScrolling(View* self) {
   LongLookViewState& parts = objc::state(self);
   parts.hasScrolled = true;

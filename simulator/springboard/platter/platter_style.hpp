@@ -1,4 +1,4 @@
-// The style of notification cards: their shape, and their colors in the light or dark appearance of a view. Lengths are
+// The style of notification cards: their shape, and their colors, which depend on the appearance of a view. Lengths are
 // in points. The colors are autoreleased. Main thread.
 #pragma once
 
@@ -16,7 +16,7 @@ UIColor* secondaryTextColor(const UIView* view);
 // Return the colors of an opaque card and of its header.
 UIColor* cardColor(const UIView* view);
 UIColor* cardHeaderColor(const UIView* view);
-// Return the colors of a touched row of an opaque card and of the line between two rows.
+// Return the color of a touched row on an opaque card, and the color of the line between two rows.
 UIColor* pressedRowColor(const UIView* view);
 UIColor* separatorColor(const UIView* view);
 

@@ -12,7 +12,7 @@ namespace springboard {
 namespace {
 
 constexpr double resistance = 0.55;
-// The reciprocal of the time, in seconds, in which the speed decreases to 1/e.
+// The reciprocal of the time, in seconds, in which the speed decreases by the factor e.
 constexpr double friction = 2;
 constexpr CGFloat minVelocity = 20;
 constexpr double returnSeconds = 0.3;
@@ -37,7 +37,7 @@ struct Scroller::Motion {
   ScrolledContent content;
   CGFloat offset = 0;
   CGFloat offsetOfDrag = 0;       // the offset at which the drag began
-  std::size_t decelerations = 0;  // the number of decelerations that were started or stopped
+  std::size_t decelerations = 0;  // increases whenever a deceleration starts or stops
 
   void moveTo(CGFloat wanted) {
     offset = wanted;

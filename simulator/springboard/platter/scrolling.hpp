@@ -12,21 +12,21 @@ namespace springboard {
 // follows the finger with increasing resistance and moves by less than `viewport`, the height of the visible part.
 CGFloat resistedOffset(CGFloat requested, CGFloat max, CGFloat viewport);
 
-// Returns how far content that has this speed, in points per second, moves in this time until friction stops it.
+// Returns how far content with this initial speed, in points per second, moves in this time while friction slows it.
 CGFloat decelerationDistance(CGFloat velocity, double seconds);
 
 // The content that a Scroller moves.
 struct ScrolledContent {
   // Returns the height of the visible part.
   std::function<CGFloat()> viewport;
-  // Returns the largest offset at which the content fills the visible part. Content that is created on demand is
-  // created down to `wanted` first, and the result can be too small if it is larger than `wanted`.
+  // Returns the largest offset at which the content fills the visible part. First creates on-demand content for offsets
+  // up to `wanted`. A result larger than `wanted` can be smaller than the final maximum.
   std::function<CGFloat(CGFloat wanted)> maxOffset;
   // Moves the content. Can be called in an animation block.
   std::function<void(CGFloat offset)> show;
 };
 
-// Scrolls content. After a drag the content decelerates, and it returns from beyond its limits.
+// Scrolls content. After a drag, the content decelerates and, if it is beyond its limits, returns to them.
 class Scroller {
  public:
   explicit Scroller(ScrolledContent content);
@@ -34,11 +34,11 @@ class Scroller {
   CGFloat offset() const;
   // Stops the content. Call this when a drag begins.
   void beginDrag();
-  // Moves the content to where the finger has moved it. A positive translation is downward.
+  // Moves the content with the finger. `translation` is the distance since the drag began; it is positive downward.
   void drag(CGFloat translation);
   // Ends the drag. A positive speed is downward, in points per second.
   void endDrag(CGFloat velocity);
-  // Moves the content inside its limits, with an animation. Call this after the content has become shorter.
+  // Moves the content back to its limits, with an animation. Call this after the content has become shorter.
   void clamp();
 
  private:

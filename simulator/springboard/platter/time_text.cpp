@@ -18,8 +18,8 @@ NSString* ago(double seconds, double unit, const char* name) {
   return base::stringOf(std::to_string(static_cast<long>(seconds / unit)) + name + " ago");
 }
 
-// Returns a formatter, which is created at the first use of the format. The formats are those of the status bar, the
-// lock screen and the banners.
+// Returns a cached formatter, which is created at the first use of the format. The status bar, the lock screen and the
+// banners use only a few formats.
 NSDateFormatter* formatterFor(NSString* format) {
   constexpr std::size_t maxFormatters = 16;
   static auto& formatters = *new std::map<std::string, objc::Ref<NSDateFormatter>>;

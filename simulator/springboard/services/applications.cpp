@@ -50,7 +50,7 @@ void setIconInAllFormats(const std::string& application, const std::shared_ptr<c
   for (const int format : iconFormats) uikit::setApplicationIcon(application, format, icon);
 }
 
-// Removes the icon that was set first if there are too many icons of applications that are not installed.
+// Limits the number of icons of applications that are not installed: removes the icon that was least recently set.
 void limitIcons(const std::string& latest) {
   static auto& identifiers = *new std::deque<std::string>;
   std::erase(identifiers, latest);

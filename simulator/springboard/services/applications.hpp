@@ -26,8 +26,8 @@ std::string nameOf(std::string_view bundleIdentifier);
 // Returns the application's icon for the home screen, or a generic placeholder if the application has no icon. The icon
 // is autoreleased.
 UIImage* iconOf(NSString* bundleIdentifier);
-// Replaces the icon of the application. Only the latest 200 applications that are not installed have such icons.
-// Returns false if the file is not an image.
+// Replaces the icon of the application. For applications that are not installed, only the 200 most recently set icons
+// are retained. Returns false if the file is not an image.
 bool setIcon(const std::string& bundleIdentifier, const std::filesystem::path& file);
 
 // Loads the image <name>.png from the folder that was passed to registerApplications. Returns null if the file is

@@ -63,7 +63,7 @@ void presentBulletin(const BulletinState& bulletin) {
   NCNotificationDispatcher::shared()->post(makeRequest(description, nullptr));
 }
 
-// Publishes a bulletin. Runs on the server's queue, so the banner is presented later on the main thread.
+// Publishes a bulletin. Runs on the server's queue and schedules the presentation of the banner on the main thread.
 void publish(BBServer*, BBBulletin* bulletin, NSUInteger destinations) {
   nlohmann::ordered_json fields = {{"destinations", destinations}};
   fields.update(describe(objc::state(bulletin)));
@@ -72,8 +72,8 @@ void publish(BBServer*, BBBulletin* bulletin, NSUInteger destinations) {
   foundation::onMainThread([retained = objc::retain(bulletin)] { presentBulletin(objc::state(retained.get())); });
 }
 
-// Withdraws every notification with this identifier. Runs on the server's queue, so the notifications are withdrawn
-// later on the main thread.
+// Withdraws every notification with this identifier. Runs on the server's queue and schedules the withdrawal on the
+// main thread.
 void withdraw(BBServer*, NSString* bulletinIdentifier) {
   foundation::onMainThread([identifier = base::textOf(bulletinIdentifier)] {
     for (const auto& request : NCNotificationDispatcher::shared()->list().all())

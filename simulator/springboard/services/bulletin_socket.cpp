@@ -22,9 +22,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The maximum size of a message. The connection of a sender that exceeds it is closed.
+// The maximum size of a message. If a sender exceeds it, its connection is closed.
 constexpr std::size_t maxBulletinBytes = 16 << 20;
-// The maximum number of connections. Each of them uses a descriptor. A new connection then closes the oldest one.
+// The maximum number of connections, each of which uses a descriptor. A further connection closes the oldest one.
 constexpr std::size_t maxSenders = 128;
 
 struct Sender {

@@ -9,7 +9,7 @@ class UIFeedbackGenerator : public objc::Interface<"UIFeedbackGenerator", NSObje
 class UINotificationFeedbackGenerator : public objc::Interface<"UINotificationFeedbackGenerator", UIFeedbackGenerator> {
 };
 
-// Record the event "sound" with the kind of the call and the number of the sound. Any thread.
+// Record the event "sound" with the kind of call and the number of the sound. Any thread.
 extern "C" void AudioServicesPlaySystemSound(std::uint32_t sound);
 extern "C" void AudioServicesPlayAlertSound(std::uint32_t sound);
 

@@ -110,8 +110,8 @@ MessagesConnection::~MessagesConnection() { shutdown(channel_->socket.get(), SHU
 bool MessagesConnection::isReady(TimePoint deadline) {
   if (hasEnded()) return false;
   if (foundation::isDaemonRunning(daemon_)) return true;
-  // The descriptor is opened before the query. If its daemon still runs when the app replies, the reply is valid for
-  // this daemon.
+  // Opens the descriptor before the query. If this daemon still runs after the app has replied, the reply is valid for
+  // it.
   foundation::FileDescriptor current = foundation::watchDaemon();
   if (!awaitReply(deadline)) return false;
   daemon_ = std::move(current);
@@ -126,7 +126,7 @@ bool MessagesConnection::awaitReply(TimePoint deadline) {
   return channel_->replyCount != before;
 }
 
-// Polls the socket, because the reading thread can detect the end of the connection later.
+// Polls the socket, because the reading thread may not have detected the end of the connection yet.
 bool MessagesConnection::hasEnded() const {
   pollfd end = {channel_->socket.get(), POLLRDHUP, 0};
   return !channel_->socket.isOpen() || poll(&end, 1, 0) != 0;

@@ -15,16 +15,16 @@ using TimePoint = std::chrono::steady_clock::time_point;
 // main thread.
 class MessagesConnection {
  public:
-  // Connects to the app. `folder` is the folder of the app's socket. If no app listens there, the connection has ended
+  // Connects to the app. `folder` is the folder of the app's socket. If no app listens there, hasEnded() returns true
   // from the start.
   explicit MessagesConnection(const std::filesystem::path& folder);
   MessagesConnection(const MessagesConnection&) = delete;
   MessagesConnection& operator=(const MessagesConnection&) = delete;
   ~MessagesConnection();
 
-  // Returns whether the app receives requests. Queries the app and waits for its reply. No query is necessary if the
-  // app has already replied and the daemon of the distributed notifications still runs. Returns false if the app has
-  // ended or does not reply before the deadline.
+  // Returns whether the app receives requests. Queries the app and waits for its reply, unless the app has already
+  // replied and the notification daemon that was running then is still running. Returns false if the app has ended or
+  // does not reply before the deadline.
   bool isReady(TimePoint deadline);
   // Returns whether the app has ended or has closed the connection.
   bool hasEnded() const;

@@ -37,7 +37,7 @@ enum class ChildState { Running, NotNeeded, Failed };
 // The app's process, if this home screen has started it.
 struct Child {
   pid_t process = 0;
-  // The write end of the app's standard input. It is closed when the home screen exits, and the app then ends.
+  // The write end of the app's standard input. It is closed when the home screen exits, which makes the app exit.
   FileDescriptor standardInput;
 };
 
@@ -100,8 +100,8 @@ bool appIsReady(TimePoint deadline) {
   return connection()->isReady(deadline);
 }
 
-// Waits until the app is ready, and starts it if necessary. If another home screen starts the app at the same time, one
-// of the two processes exits with success. Both home screens then use the other process.
+// Starts the app if necessary and waits until it is ready. If another home screen starts the app at the same time, one
+// of the two processes exits with success, and both home screens use the remaining process.
 bool startAndWait(TimePoint deadline) {
   stateOfChild();
   while (!appIsReady(deadline)) {

@@ -34,7 +34,7 @@ struct NotificationDescription {
   bool hasClearAction = true;
   bool hasCloseAction = false;
   bool hasSilenceAction = false;
-  // Whether the banner can dismiss itself. For Unspecified, the request has no options.
+  // Specifies whether the banner can dismiss itself. If the value is Unspecified, the request has no options.
   AutomaticDismissal automaticDismissal = AutomaticDismissal::Allowed;
   // The date in seconds since 1970. If there is no value, the current time is used.
   std::optional<double> date;

@@ -17,7 +17,7 @@ std::vector<NotificationDestination>& destinations() {
 }
 
 void notifyListObservers(const Dispatcher* dispatcher) {
-  // The copy exists because an observer can add or remove observers.
+  // A copy, because an observer can add or remove observers.
   const auto observers = objc::state(dispatcher).listObservers;
   for (const auto& [number, observer] : observers) observer();
 }
@@ -45,8 +45,8 @@ void withdraw(Dispatcher* self, NCNotificationRequest* request) {
   for (const NotificationDestination& destination : destinations()) destination.withdraw(key);
 }
 
-// Executes an action. For the default action, the home screen launches the application. The effect of any other action
-// inside the application is not simulated.
+// Executes an action. For the default action, the home screen launches the application. The effects that other actions
+// have in the application are not simulated.
 void execute(Dispatcher* self, NSObject*, NCNotificationAction* action, NCNotificationRequest* request, bool,
              NSDictionary*, objc::Block<void()>* completion) {
   if (action == nullptr || request == nullptr) return;

@@ -1,5 +1,5 @@
-// The dispatcher of notifications. It distributes each notification to the destinations, such as the banners, and keeps
-// the list of the lock screen. Main thread.
+// The dispatcher of notifications. It distributes each notification to the destinations, such as the banners, and
+// maintains the notification list. Main thread.
 #pragma once
 
 #include <functional>

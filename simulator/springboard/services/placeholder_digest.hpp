@@ -3,8 +3,8 @@
 
 namespace springboard {
 
-// Hooks -[NSData ic_md5] to return the platform's digest for the JPEG data of the simulator's placeholder icon, because
-// its pixels differ from the platform's icon. Call it once, after registerApplications.
+// Hooks -[NSData ic_md5]. For the JPEG data of the simulator's placeholder icon, the hook returns the digest of the
+// platform's icon, because the pixels of the two icons differ. Call this once, after registerApplications.
 void installPlaceholderDigest();
 
 }  // namespace springboard

@@ -32,12 +32,12 @@ objc::Ref<Controller> makeController() {
   return makeShortLookController(makeRequest(description, nullptr));
 }
 
-// Prevents that the library dismisses older banners because of this one.
+// Prevents the library from dismissing older banners when this banner appears.
 void identifyAsSample(Controller* controller) {
   if (respondsTo<"setBrimIdentifier:">(controller)) objc::send<void, "setBrimIdentifier:">(controller, "sample"_ns);
 }
 
-// Prevents the library's automatic dismissal and its commands.
+// Prevents the library from dismissing the banner automatically and from sending commands to it.
 void deactivate(Controller* controller) {
   if (respondsTo<"setDismissCalled:">(controller)) objc::send<void, "setDismissCalled:">(controller, true);
   objc::send<void, "removeObserver:">(NSNotificationCenter::defaultCenter(), static_cast<NSObject*>(controller));
@@ -79,7 +79,7 @@ void updateSoon(SBSampleBannerView* view, double seconds) {
   });
 }
 
-// The library reads the changed preferences in the same reload, in an unknown order. Therefore, the update runs later.
+// Runs the update later, because the library may not have read the changed preferences yet.
 void settingsChanged(SBSampleBannerView* view) {
   if (!objc::state(view).isUpdateScheduled) updateSoon(view, 0);
 }

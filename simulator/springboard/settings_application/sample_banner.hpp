@@ -1,5 +1,5 @@
-// A sample of a banner: the view of a real banner controller, with what the library adds to it, that is not presented.
-// It shows the settings that are stored. Main thread.
+// A sample banner: the view of a real banner controller, including the library's additions. The banner is not
+// presented. It shows the effect of the stored settings. Main thread.
 //
 // The sample has no number, so scripts cannot refer to it as a controller. It receives no touches, and neither
 // notifications nor the library's commands. It is not in the list of notifications, plays no sound and never dismisses
@@ -29,8 +29,8 @@ struct objc::StateOf<SBSampleBannerView> {
 namespace springboard {
 
 // Creates the view, with the frame of a banner. When a setting changes, a new banner replaces the banner in the view.
-// This is postponed while a presented banner is on the screen, because the library regards the banner that it has
-// attached last as the newest one.
+// The replacement is postponed while a presented banner is on the screen, because otherwise the library would treat the
+// sample as the newest banner.
 objc::Ref<SBSampleBannerView> makeSampleBanner();
 
 void defineSampleBanner();

@@ -12,8 +12,8 @@ namespace springboard {
 
 namespace {
 
-// The height of the sample below the place where a banner begins. The header does not change its height, because the
-// controls below it would move while the user drags them.
+// The height that is reserved for the sample below the top of a banner. The height of the header is constant, because
+// otherwise the controls below it would move while the user drags them.
 constexpr CGFloat sampleHeight = 132;
 
 CGFloat headerHeight() { return restingBannerFrame().origin.y + sampleHeight; }

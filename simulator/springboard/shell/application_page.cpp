@@ -91,7 +91,7 @@ void addContents(Page& page, const std::string& bundleIdentifier) {
   page.window->addSubview(page.contents);
 }
 
-// Collapses the page to the icon. The contents keep their size, and their center stays in the center of the window.
+// Collapses the page to the icon. The contents keep their size and remain centered in the window.
 void collapse(const Page& page) {
   const CGSize size = screen().size;
   page.window->setFrame(page.icon);

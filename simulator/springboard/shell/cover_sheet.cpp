@@ -30,7 +30,7 @@ constexpr CGFloat clockTop = 40;
 constexpr CGFloat clockHeight = 90;
 constexpr CGFloat dayHeight = 26;
 constexpr CGFloat listGap = 28;
-// The height of the lower edge of the screen on a device without a home indicator.
+// The height of the area at the lower edge of the screen on a device without a home indicator.
 constexpr CGFloat minLowerEdgeHeight = 20;
 
 objc::Ref<Sheet>& current() {
@@ -44,8 +44,8 @@ CGFloat lowerEdgeHeight() { return std::max<CGFloat>(device().safeArea.bottom, m
 
 Grouping groupingOfSystem() { return systemVersionIsBelow("12.0"_ns) ? Grouping::None : Grouping::ByConversation; }
 
-// Schedules a refresh after all work that is due. Several changes then cause only one refresh, and no caller of the
-// list is using a cell during the refresh.
+// Schedules a refresh after all work that is due, so that several changes cause only one refresh, and so that no caller
+// of the list is using a cell during the refresh.
 void scheduleRefresh() {
   static bool isPending = false;
   if (std::exchange(isPending, true)) return;
@@ -101,7 +101,7 @@ CGFloat maxOffset(const CoverSheetState& state, CGFloat wanted) {
   return std::max<CGFloat>(bottom - device().screen.height, 0);
 }
 
-// The functions refer to the state, which owns the scroller and therefore exists longer.
+// The functions refer to the state, which outlives the scroller because it owns the scroller.
 ScrolledContent scrolledContentOf(Sheet* sheet) {
   return {.viewport = [] { return device().screen.height; },
           .maxOffset = [sheet](CGFloat wanted) { return maxOffset(objc::state(sheet), wanted); },

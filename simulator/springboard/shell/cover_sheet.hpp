@@ -23,7 +23,7 @@ struct CoverSheetState {
   std::size_t listObserver = 0;  // the number of the observer of the dispatcher's list
   std::unique_ptr<springboard::Scroller> scroller;
   CoverSheetDrag drag = CoverSheetDrag::None;
-  // Receives a drag that begins at the lower edge of the screen. Null if such a drag has no effect of its own.
+  // Handles a drag that begins at the lower edge of the screen. If null, such a drag is handled like any other drag.
   std::function<void(UIPanGestureRecognizer* recognizer)> handleLowerEdgeDrag;
 };
 
@@ -35,8 +35,8 @@ struct objc::StateOf<SBCoverSheetController> {
 
 namespace springboard {
 
-// Creates the cover sheet, whose window is hidden, and keeps its list current. `swipedUp` is called after a swipe from
-// the home indicator. If it is null, the home indicator accepts no touches.
+// Creates the cover sheet, whose window is hidden, and updates its list when notifications change. `swipedUp` is called
+// after a swipe from the home indicator. If it is null, the home indicator accepts no touches.
 objc::Ref<SBCoverSheetController> makeCoverSheet(std::function<void()> swipedUp);
 // Hides the window and stops the updates. The controller remains valid.
 void removeCoverSheet(SBCoverSheetController* sheet);

@@ -32,7 +32,7 @@ void draw(SBHomeIndicatorView* self, void* target) {
 void handlePan(SBHomeIndicatorView* self, UIPanGestureRecognizer* recognizer) {
   if (recognizer->state() != UIGestureRecognizerState::Ended) return;
   if (recognizer->translationInView(self).y > -minSwipe) return;
-  // The copy remains valid if the function removes the view.
+  // A copy, because the function can remove the view.
   const std::function<void()> swipedUp = objc::state(self).swipedUp;
   swipedUp();
 }

@@ -12,7 +12,7 @@ namespace {
 using Center = SBNotificationCenterController;
 
 constexpr double settlingSeconds = 0.3;
-// The time in seconds for which the speed at the end of a drag moves the sheet further.
+// The time, in seconds, for which the sheet would continue to move at its speed at the end of a drag.
 constexpr double flickSeconds = 0.2;
 // The fraction of the screen by which a drag must move the sheet to open or to close it.
 constexpr CGFloat minMovedFraction = 1.0 / 3;
@@ -41,7 +41,7 @@ bool isFinal(UIGestureRecognizerState state) {
   return state == UIGestureRecognizerState::Ended || state == UIGestureRecognizerState::Cancelled;
 }
 
-// Closes the notification center with the finger.
+// Handles a drag that closes the notification center.
 void handleClosingDrag(UIPanGestureRecognizer* recognizer) {
   if (openSheet() == nullptr) return;
   const CGFloat height = objc::state(openSheet().get()).window->bounds().size.height;
@@ -60,7 +60,7 @@ void beginOpening() {
   state.window->setHidden(false);
 }
 
-// Opens the notification center with the finger. The lower edge of the sheet follows the finger.
+// Handles a drag that opens the notification center. The lower edge of the sheet follows the finger.
 void handleOpeningDrag(Center*, UIPanGestureRecognizer* recognizer) {
   const bool begins = recognizer->state() == UIGestureRecognizerState::Began;
   if (begins && (openSheet() != nullptr || SBLockScreenManager::sharedInstance()->isUILocked())) return;

@@ -22,7 +22,7 @@ enum class NotificationCenterChange { Animated, Immediate };
 
 // Makes a drag that begins on this view open the notification center. Call this once.
 void enableNotificationCenter(UIView* upperEdge);
-// Returns whether the notification center is open, or is being opened with the finger.
+// Returns whether the notification center is open or the user is opening it with a drag.
 bool isNotificationCenterOpen();
 // Closes the notification center. Does nothing if it is closed.
 void closeNotificationCenter(NotificationCenterChange change);

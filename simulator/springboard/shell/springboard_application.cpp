@@ -53,7 +53,7 @@ namespace {
 constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 
 // Releasing the home button dismisses all banners and unlocks the phone. If the phone is not locked, it closes the
-// notification center or otherwise the page of an application.
+// notification center if that is open, and otherwise the page of an application.
 bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
   const auto* press = objc::as<UIPress>(event->allPresses()->anyObject());
   if (press == nullptr || press->type() != homeButtonPress || press->force() >= 1) return true;
@@ -76,8 +76,8 @@ bool launchApplication(SpringBoard*, NSString* bundleIdentifier, bool suspended)
       closeNotificationCenter(NotificationCenterChange::Animated);
     });
   }
-  // The simulator only starts a process for a launch of Messages in the background. Every other launch succeeds without
-  // any effect.
+  // The simulator starts a process only if Messages is launched in the background. Any other launch succeeds without
+  // starting a process.
   return !suspended || base::textOf(bundleIdentifier) != messagesIdentifier || launchMessages();
 }
 

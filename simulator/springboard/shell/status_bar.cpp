@@ -5,7 +5,7 @@
 #include "simulator/uikit/environment/environment.hpp"
 #include "simulator/uikit/views/view.hpp"
 
-// A view that shows a white symbol of a full battery.
+// A view that shows a white full-battery symbol.
 class UIStatusBarBatteryView : public objc::Interface<"UIStatusBarBatteryView", UIView> {};
 
 namespace springboard {

@@ -20,7 +20,7 @@ void traitCollectionDidChange(SBFStaticWallpaperView* self, UITraitCollection* p
 }  // namespace
 
 UIImage* wallpaper() {
-  // The image is cached, because it is large and both the home screen and the lock screen use it.
+  // Caches the image, because it is large, and because both the home screen and the lock screen use it.
   static std::optional<UIUserInterfaceStyle> style;
   static objc::Ref<UIImage>& cached = *new objc::Ref<UIImage>;
   if (style == uikit::environment().style) return cached;

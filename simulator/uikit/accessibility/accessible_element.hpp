@@ -38,7 +38,7 @@ struct AccessibleAction {
 struct AccessibleElement {
   static constexpr std::size_t noParent = static_cast<std::size_t>(-1);
 
-  // Identifies the view. No other view of the process has or had this number.
+  // Identifies the view. The number is unique in the process and is never reused.
   std::uint64_t identifier = 0;
   // The index of the containing element in the list.
   std::size_t parent = noParent;

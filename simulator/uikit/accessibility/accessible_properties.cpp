@@ -21,7 +21,7 @@ using IsElement = objc::AssociatedProperty<"isAccessibilityElement", NSNumber*>;
 
 id objectOf(const UIView* view) { return objc::detail::toId(view); }
 
-// Returns the value that was set, or the default.
+// Returns the value that was set, or the default if none was set.
 bool isElementOr(const UIView* view, bool otherwise) {
   const NSNumber* chosen = IsElement::get(objectOf(view));
   return chosen == nullptr ? otherwise : chosen->boolValue();

@@ -14,8 +14,8 @@ namespace {
 
 constexpr double minVisibleAlpha = 0.01;
 
-// The points of a rectangle at which touchPointOf looks, as fractions of the width and the height. The first is the
-// middle. Controls inside a view are usually in its lower part.
+// The points of a rectangle that touchPointOf examines, in order, as fractions of the width and the height. Points in
+// the lower part come last, because that part often contains controls.
 constexpr CGPoint candidates[] = {{0.5, 0.5},   {0.5, 0.25}, {0.25, 0.5}, {0.75, 0.5},  {0.25, 0.25},
                                   {0.75, 0.25}, {0.5, 0.75}, {0.5, 0.1},  {0.25, 0.75}, {0.75, 0.75}};
 
@@ -39,8 +39,8 @@ std::size_t orderOf(const UIView* window) {
   return static_cast<std::size_t>(found - windows.begin());
 }
 
-// Returns whether the view `front` is displayed in front of the view `behind`. A view is not in front of its superviews
-// and its subviews.
+// Returns whether the view `front` is displayed in front of the view `behind`. A view does not cover its superviews or
+// its subviews.
 bool covers(const UIView* front, const UIView* behind) {
   const std::vector<const UIView*> first = pathTo(front);
   const std::vector<const UIView*> second = pathTo(behind);

@@ -1,5 +1,5 @@
-// Which views the user can see and touch. Points are points of the screen. The functions use the values that views have
-// after all animations. Main thread only.
+// Determines which views the user can see and touch. Coordinates are points of the screen. The functions use the values
+// that views have after all animations. Main thread only.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,7 @@
 
 namespace uikit {
 
-// Returns whether the view itself is shown. Its superviews can be hidden.
+// Returns whether the view itself is shown, regardless of whether its superviews are hidden.
 bool isVisible(const UIView* view);
 
 // Returns the part of the rectangle that is on the screen. It is empty if there is none.

@@ -11,7 +11,7 @@ namespace uikit {
 namespace {
 
 // The timing function is a cubic Bézier curve from (0,0) to (1,1). These values are the times of its two control
-// points. The progress of the control points is 0 and 1.
+// points, at which the progress is 0 and 1.
 constexpr double firstControl = 0.42;
 constexpr double secondControl = 0.58;
 
@@ -42,7 +42,7 @@ std::vector<std::shared_ptr<AnimationGroup>>& runningBlocks() {
   return blocks;
 }
 
-// An animation block runs as long as an object of this class exists. An exception of the block ends it too.
+// Represents a running animation block. The destructor ends it, even if the block throws an exception.
 class RunningBlock {
  public:
   explicit RunningBlock(std::shared_ptr<AnimationGroup> group) { runningBlocks().push_back(std::move(group)); }
@@ -104,7 +104,7 @@ void AnimationGroup::complete() {
 }
 
 void runAnimation(AnimationTiming timing, objc::Block<void()>* animations, objc::Block<void(bool)>* completion) {
-  // A nested animation takes the duration of the outer one.
+  // A nested animation has the duration of the outer animation.
   if (AnimationGroup* outer = currentAnimationGroup(); outer != nullptr) timing.duration = outer->duration();
   const auto group = std::make_shared<AnimationGroup>(timing, completion);
   if (animations != nullptr) {
@@ -165,7 +165,8 @@ CGRect accumulate(const CGRect& value, const CGRect& offset, double fraction) {
           {value.size.width + offset.size.width * fraction, value.size.height + offset.size.height * fraction}};
 }
 
-// Colors are interpolated with premultiplied alpha. Therefore, a color that fades in from transparent keeps its hue.
+// Colors are interpolated with premultiplied alpha. Therefore, the hue of a color that fades in from transparent does
+// not change.
 drawing::Color difference(const drawing::Color& left, const drawing::Color& right) {
   return {left.red * left.alpha - right.red * right.alpha, left.green * left.alpha - right.green * right.alpha,
           left.blue * left.alpha - right.blue * right.alpha, left.alpha - right.alpha};

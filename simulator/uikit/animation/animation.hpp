@@ -36,8 +36,8 @@ void advanceGroup(AnimationGroup& group, double seconds);
 // Returns the time of the shown values: the current time, or the time of a ShownTime.
 double animationTime();
 
-// While an object of this class exists, the shown values are those at its time. Only one object can exist at a time. No
-// animation must be added meanwhile.
+// While an object of this class exists, the shown values are those at its time. Only one object can exist at a time.
+// During that time, no animation must be added.
 class ShownTime {
  public:
   explicit ShownTime(double time);
@@ -91,7 +91,7 @@ class Animated {
         animations_, [now](const AdditiveAnimation<Value>& animation) { return !hasEnded(*animation.group, now); });
   }
 
-  // Makes the animations of this value, and the other animations of their groups, continue as if this time had passed.
+  // Advances the animations of this value, and the other animations of their groups, by this time.
   void advanceAnimations(double seconds) {
     for (const AdditiveAnimation<Value>& animation : animations_) advanceGroup(*animation.group, seconds);
   }

@@ -33,7 +33,7 @@ class AnimationGroup : public std::enable_shared_from_this<AnimationGroup> {
   // Call this after the animation block has run. Schedules the completion block for the end of the animation, or for
   // the next run-loop iteration if nothing changed.
   void start();
-  // Continues as if this time had passed. The completion block runs earlier by this time.
+  // Advances the animations by this time. The completion block runs earlier by this time.
   void advance(double seconds);
 
  private:

@@ -40,8 +40,8 @@ constexpr CGFloat pressedOpacity = 0.2;
 
 UIControlState stateOf(const UIButton* button) { return objc::send<UIControlState, "state">(button); }
 
-// Returns the value that was set for the state. If there is none, returns the value for the normal state, or null if
-// there is none either.
+// Returns the value that was set for the state, or otherwise the value for the normal state. Returns null if neither
+// was set.
 template <class Object>
 Object* valueFor(const std::map<UIControlState, objc::Ref<Object>>& values, UIControlState state) {
   auto found = values.find(state);
@@ -59,8 +59,8 @@ UIColor* titleColor(UIButton* self, UIControlState state) {
   return chosen != nullptr ? chosen : defaultTitleColor(self);
 }
 
-// Returns the opacity of the title. System buttons show their state by this opacity. Custom buttons show their state
-// only by the values that were set for it.
+// Returns the opacity of the title. System buttons indicate their state with this opacity. Custom buttons indicate it
+// only with the values that were set for the state.
 CGFloat titleOpacity(const UIButton* button) {
   if (objc::state(button).type == UIButtonType::Custom) return 1;
   if (contains(stateOf(button), disabledState)) return disabledOpacity;

@@ -47,7 +47,7 @@ void touchesMoved(UIControl* self, NSObject* touches, NSObject*) {
   sendActions(self, position == TouchPosition::Inside ? touchDragInside : touchDragOutside);
 }
 
-// The state is reset before the actions are sent, because they can change or remove the control.
+// Resets the state before sending the actions, because they can change or remove the control.
 void endTracking(UIControl* self, UIControlEvents events) {
   ControlState& state = objc::state(self);
   if (!state.tracking) return;

@@ -14,9 +14,9 @@ namespace {
 // The velocity is multiplied by this factor in each millisecond, as on the platform.
 constexpr double decelerationRate = 0.998;
 constexpr double millisecondsInSecond = 1000;
-// In points per second. A slower view stops.
+// In points per second. Scrolling stops below this velocity.
 constexpr double minVelocity = 12;
-// In seconds. A finger that rests for longer before it leaves the screen does not make the view decelerate.
+// In seconds. If the finger rests for longer before it leaves the screen, the view does not continue to scroll.
 constexpr double maxRest = 0.1;
 
 }  // namespace

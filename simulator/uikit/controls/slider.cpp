@@ -117,7 +117,7 @@ void touchesCancelled(UISlider* self, NSObject* touches, NSObject* event) {
   objc::sendSuper<"UISlider", void, "touchesCancelled:withEvent:">(self, touches, event);
 }
 
-// While the user drags the thumb, the views behind the slider do not scroll.
+// Prevents other views from scrolling while the user drags the thumb.
 bool gestureRecognizerShouldBegin(UISlider* self, UIGestureRecognizer* recognizer) {
   return !objc::state(self).isDragged &&
          objc::sendSuper<"UISlider", bool, "gestureRecognizerShouldBegin:">(self, recognizer);

@@ -5,7 +5,7 @@
 
 namespace uikit {
 
-// The values of a slider. With segments, the thumb stops only at the ends of the segments, which are equally long.
+// The values of a slider. If there are segments, which have equal lengths, the thumb stops only at their ends.
 struct SliderRange {
   double min = 0;
   double max = 1;
@@ -24,6 +24,6 @@ class UISlider : public objc::Interface<"UISlider", UIControl> {
   // Sets the range. Its minimum must be less than its maximum.
   void setRange(const uikit::SliderRange& range);
   double value() const { return objc::send<double, "_value">(this); }
-  // Moves the thumb to the nearest position, and sends no action. Does nothing while the user drags the thumb.
+  // Moves the thumb to the nearest possible position. Sends no action. Does nothing while the user drags the thumb.
   void setValue(double value) { objc::send<void, "_setValue:">(this, value); }
 };

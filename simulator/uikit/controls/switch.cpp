@@ -78,7 +78,7 @@ void traitCollectionDidChange(UISwitch* self, UITraitCollection* previous) {
   update(self);
 }
 
-// The color of the track depends on the appearance of the superview, which is unknown before.
+// The color of the track depends on the appearance, which is unknown until the view has a superview.
 void didMoveToSuperview(UISwitch* self) {
   objc::sendSuper<"UISwitch", void, "didMoveToSuperview">(self);
   update(self);

@@ -23,7 +23,7 @@ struct TextFieldState {
   // The selection, in UTF-16 code units. An empty selection is the position of the caret. The range is always inside
   // the text.
   NSRange selection;
-  // The part of the text that an input method has not finished. It is empty if there is none.
+  // The marked text, which is the unfinished text of an input method. The range is empty if there is none.
   NSRange marked;
   // The distance, in points, by which the text is scrolled to the left. Scrolling keeps the caret visible.
   double scrollOffset = 0;
@@ -41,7 +41,7 @@ namespace uikit {
 void replaceText(UITextField* field, NSString* text, NSUInteger caret);
 // Makes the marked text a part of the ordinary text.
 void unmarkText(UITextField* field);
-// Returns the range that typed text replaces: the marked text, or else the selection.
+// Returns the range that typed text replaces: the marked text, or the selection if there is no marked text.
 NSRange replacedByInput(const UITextField* field);
 // Replaces each line break with a space.
 NSString* withoutLineBreaks(NSString* text);

@@ -139,7 +139,7 @@ void drawEditedText(UITextField* self, drawing::Canvas& canvas, const drawing::R
   canvas.clipRectangle(line);
   if (selection.length > 0) drawSelection(self, canvas, line, left);
   const double width = textLayout(self).measure(0).width;
-  // The rectangle has the width of the text. This prevents truncation for every alignment.
+  // The rectangle is as wide as the text, so the text is not truncated and its alignment has no effect.
   textLayout(self).draw(canvas, {left, line.y, width, line.height}, colorOf(color));
   if (objc::state(self).marked.length > 0) drawUnderline(self, canvas, line, left);
   if (selection.length == 0)

@@ -71,8 +71,8 @@ void returnKeyPressed(UITextField* self) {
   if (hasAction) self->resignFirstResponder();
 }
 
-// Replaces the marked text, or else the selection. A single line feed represents the return key, which only finishes
-// the marked text if there is any. In a longer text, spaces replace the line breaks.
+// Replaces the marked text, or the selection if there is no marked text. A single line feed represents the return key.
+// If there is marked text, the return key only finishes it. In a longer text, spaces replace the line breaks.
 void insertText(UITextField* self, NSString* text) {
   if (!isEnabled(self) || text->length() == 0) return;
   if (!text->isEqualToString("\n"_ns))
@@ -81,7 +81,7 @@ void insertText(UITextField* self, NSString* text) {
   returnKeyPressed(self);
 }
 
-// Deletes in the marked text like setMarkedText:selectedRange: with the rest of the text.
+// Deletes a range of the marked text by setting the remaining marked text.
 void deleteFromMarkedText(UITextField* self, NSRange deleted) {
   const NSRange marked = objc::state(self).marked;
   NSString* text = objc::state(self).text->substringWithRange(marked);

@@ -1,5 +1,5 @@
-// The methods of the protocol UITextInput, with which an input method edits the text of a text field. Its unfinished
-// text is the marked text. It is a part of the field's text, and the field underlines it.
+// The methods of the protocol UITextInput, with which an input method edits the text of a text field. The unfinished
+// text of the input method is the marked text. It is a part of the field's text, and the field underlines it.
 #include <algorithm>
 #include <optional>
 
@@ -63,7 +63,7 @@ std::optional<NSRange> rangeAfterReplacement(NSRange range, NSRange replaced, NS
   return std::nullopt;
 }
 
-// Replaces a part of the text. The selection and the marked text outside of this part stay selected and marked.
+// Replaces a part of the text. Selected and marked text outside of this part remains selected and marked.
 void replaceRange(UITextField* self, UITextRange* range, NSString* replacement) {
   if (range == nullptr || !objc::state<UIControl>(self).enabled) return;
   const TextFieldState& state = objc::state(self);

@@ -18,7 +18,7 @@ void fillCircle(drawing::Canvas& canvas, const CGRect& bounds, const drawing::Co
   canvas.fillRoundedRectangle(rectangle(bounds), {bounds.size.width / 2}, color);
 }
 
-// Overlapping translucent circles form the shadow, which is darkest next to the thumb.
+// Overlapping translucent circles form the shadow, so it is darkest next to the thumb.
 void draw(UIThumbView* self, void* target) {
   auto& canvas = *static_cast<drawing::Canvas*>(target);
   const CGRect bounds = shownBounds(self);

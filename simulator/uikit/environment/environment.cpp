@@ -17,7 +17,7 @@ Environment& current() {
   return instance;
 }
 
-// Returns whether the system has the dark appearance. Systems before 13.0 have the light appearance only.
+// Returns whether the system has the dark appearance. Systems before 13.0 have only the light appearance.
 bool hasDarkAppearance() { return std::atoi(current().systemVersion.c_str()) >= 13; }
 
 }  // namespace

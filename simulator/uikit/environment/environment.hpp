@@ -20,13 +20,13 @@ struct Environment {
 
 const Environment& environment();
 // Sets the environment. Call this at startup, before the first window is created. Systems before 13.0 ignore the style,
-// because they have the light appearance only.
+// because they have only the light appearance.
 void setEnvironment(const Environment& environment);
 // Changes the system appearance and sends traitCollectionDidChange: to each view controller and view whose traits
 // change. Does nothing on systems before 13.0.
 void switchAppearance(UIUserInterfaceStyle style);
-// Returns the layout direction of the language of a locale such as ar_EG. An unknown language has the direction left to
-// right.
+// Returns the layout direction of the language of a locale such as ar_EG. The default for an unknown language is left
+// to right.
 LayoutDirection directionOfLocale(const std::string& locale);
 
 }  // namespace uikit

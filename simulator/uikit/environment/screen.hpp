@@ -23,7 +23,7 @@ struct Screen {
 // Returns the screen of the device in the environment. +[UIScreen mainScreen] represents it. Touches reach only the
 // windows of this screen.
 const Screen& mainScreen();
-// Makes the main screen the screen of the environment's device. setEnvironment calls this function.
+// Sets the members of the main screen from the environment's device. setEnvironment calls this function.
 void updateMainScreen();
 
 }  // namespace uikit

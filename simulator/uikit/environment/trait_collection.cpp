@@ -59,8 +59,8 @@ void addSnapshots(UIView* root, std::vector<TraitSnapshot>& snapshots) {
   });
 }
 
-// Invalidates the whole screen, because default colors and blurs depend on the appearance. This also applies to views
-// that do not implement traitCollectionDidChange:.
+// Invalidates the whole screen, because default colors and blurs depend on the appearance, even in views that do not
+// implement traitCollectionDidChange:.
 void sendTraitChanges(const std::vector<TraitSnapshot>& snapshots) {
   invalidateScreen();
   for (const TraitSnapshot& snapshot : snapshots)

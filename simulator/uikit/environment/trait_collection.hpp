@@ -1,4 +1,4 @@
-// UITraitCollection, and the traits of views. A trait collection contains the user interface style only. Main thread
+// UITraitCollection, and the traits of views. A trait collection contains only the user interface style. Main thread
 // only.
 #pragma once
 
@@ -20,8 +20,8 @@ namespace uikit {
 
 // Returns an autoreleased trait collection with this style.
 UITraitCollection* traitCollection(UIUserInterfaceStyle style);
-// Returns the style of a view or view controller. This is the overriding style of the nearest view controller that has
-// one, or else the style of the system. A nil view has the style of the system. A controller must not be nil.
+// Returns the style of a view or view controller: the style override of the nearest view controller that has one, or
+// the style of the system if none has one. A nil view has the style of the system. A controller must not be nil.
 UIUserInterfaceStyle styleOf(const UIView* view);
 UIUserInterfaceStyle styleOf(const UIViewController* controller);
 

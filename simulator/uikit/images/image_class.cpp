@@ -78,8 +78,8 @@ struct JpegRepresentation {
   objc::Ref<NSData> data;
 };
 
-// The representations that were requested last, the latest first. An icon is encoded for each banner of its
-// application.
+// The maximum number of cached representations, the most recently used first. Without the cache, an icon would be
+// encoded again for each banner of its application.
 constexpr std::size_t maxJpegRepresentations = 8;
 
 std::list<JpegRepresentation>& jpegRepresentations() {

@@ -68,8 +68,8 @@ CGRect contentArea(UIImageView* self) {
       drawing::placeContent(shown->size(), rectangle(shownBounds(self)), static_cast<drawing::ContentMode>(mode)));
 }
 
-// Returns the name of the image's file. If the image was decoded from data, it has no file name, so its size in pixels
-// is returned.
+// Returns the name of the image's file, or the size in pixels of an image that was decoded from data and has no file
+// name.
 std::string nameOf(const drawing::Image& image) {
   if (!image.name().empty()) return image.name();
   return "data " + std::to_string(image.pixelWidth()) + "x" + std::to_string(image.pixelHeight());

@@ -130,7 +130,7 @@ void press(const Key& key, UIResponder* textInput) {
     case KeyRole::Emoji:
     case KeyRole::Globe:
     case KeyRole::Microphone:
-      return;  // does nothing, because other keyboards and dictation are not simulated
+      return;  // other keyboards and dictation are not simulated
   }
 }
 
@@ -148,7 +148,7 @@ void makeKeyboard() {
   objc::send<void, "setWindowLevel:">(made.window.get(), CGFloat{levelAboveEverything});
 }
 
-// Posts the notification of the platform that announces a change of the keyboard's frame.
+// Posts the platform's notification of a change of the keyboard's frame.
 void announceFrame() {
   NSMutableDictionary* userInfo = NSMutableDictionary::dictionaryWithCapacity(1);
   userInfo->setObject(objc::send<NSObject*, "valueWithCGRect:">(NSValue::classObject(), frameWhen(keyboard().isShown)),

@@ -4,8 +4,8 @@
 
 namespace uikit {
 
-// Shows or hides the keyboard, or changes its keys. The first responder determines the result. Call this at the end of
-// each run-loop iteration.
+// Shows or hides the keyboard and updates its keys, according to the first responder. Call this at the end of each
+// run-loop iteration.
 void updateKeyboard();
 
 void defineKeyboard();

@@ -11,7 +11,7 @@ namespace uikit {
 // The characters of each row, in the order of their keys from left to right in every language.
 using CharacterRows = std::array<std::string_view, 3>;
 
-// The row whose end has the backspace key.
+// The row that ends with the backspace key.
 enum class BackspaceRow { First, Third };
 
 struct LetterSet {

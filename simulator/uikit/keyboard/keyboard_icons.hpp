@@ -1,4 +1,4 @@
-// Draws the icons of those keys that have no text.
+// Draws the icons of the keys that have no text.
 #pragma once
 
 #include "simulator/drawing/canvas.hpp"

@@ -69,7 +69,7 @@ drawing::TextLayout labelOf(const Key& key, double fontSize) {
   return {std::move(paragraph), environment().device.scale};
 }
 
-// Returns the standard size, or a smaller size with which the label fits into the key.
+// Returns the standard font size, or a smaller font size if the label would not fit into the key.
 double fittingSize(const Key& key, double standardSize) {
   const double width = labelOf(key, standardSize).measure(0).width;
   const double availableWidth = key.frame.size.width - 2 * labelMargin;

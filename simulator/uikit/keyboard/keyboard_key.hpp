@@ -14,7 +14,7 @@ struct KeyViewState {
   uikit::Key key;
   uikit::Shift shift = uikit::Shift::Off;
   UIUserInterfaceStyle style = UIUserInterfaceStyle::Light;
-  // Whether the key has the prominent color of a return key that sends the text.
+  // Whether the key has the prominent color, which a return key has if it sends the text.
   bool isProminent = false;
   double characterSize = 0;  // the font size of a character key
 };
@@ -25,7 +25,7 @@ struct objc::StateOf<UIKBKeyView> {
 
 namespace uikit {
 
-// Returns the font size with which the characters of all keys fit into their keys.
+// Returns a font size at which the characters of all keys fit into their keys.
 double characterSizeFor(std::span<const Key> keys);
 
 // Creates the view. Its frame is the frame of the key.

@@ -58,7 +58,7 @@ class KeyLayoutBuilder {
         standardWidth_(keyWidthFor(keysInRow, size.width)) {}
 
   std::vector<Key> build() {
-    // Languages with longer rows of letters have narrower keys.
+    // The keys are narrower if the rows of letters in this language are longer.
     const double width = keyWidthFor(columns_, keyboard_.width);
     if (hasBackspaceInFirstRow()) {
       addCharacters(0, width, margin);
@@ -126,7 +126,7 @@ class KeyLayoutBuilder {
   }
 
   // Adds the third row of the numbers or symbols plane. The row has fewer characters than the other rows, so their keys
-  // are wider. They are between the key that changes the plane and the backspace key.
+  // are wider. The character keys are between the key that changes the plane and the backspace key.
   void addThirdRowOfSymbols() {
     const bool isNumberPlane = face_.plane == KeyboardPlane::Numbers;
     add(KeyRole::Plane, isNumberPlane ? "#+=" : "123", margin, 2, widerWidth(),

@@ -13,7 +13,7 @@ namespace uikit {
 
 namespace {
 
-// Logs an error for a constraint that cannot be activated. The constraint stays inactive. The platform raises an
+// Logs an error for a constraint that cannot be activated. The constraint remains inactive. The platform raises an
 // exception instead.
 void reportInvalidConstraint(const ConstraintRecord& constraint, const char* reason) {
   std::fprintf(stderr, "Unable to activate the constraint %s: %s.\n", describeConstraint(constraint).c_str(), reason);

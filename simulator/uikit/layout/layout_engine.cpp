@@ -15,7 +15,8 @@ using layout::Solver;
 
 constexpr float huggingPriority = 250;
 // The maximum number of times that views are measured and the constraints solved again. Heights depend on widths, but
-// widths rarely depend on heights. Therefore, a tree that needs more rounds does not converge.
+// widths rarely depend on heights, so few rounds are usually sufficient. A tree that needs more rounds than this
+// probably does not converge.
 constexpr int maxMeasuringRounds = 4;
 
 Solver::Relation solverRelation(NSLayoutRelation relation) {
@@ -115,8 +116,8 @@ void LayoutEngine::Model::removeInnerEngines() {
   });
 }
 
-// Returns the views whose frames are determined by constraints. These are the views that do not translate their
-// autoresizing mask and take part in a constraint. The root is not included, because its frame is given.
+// Returns the views whose frames are determined by constraints: those that do not translate their autoresizing mask and
+// are part of a constraint. Omits the root, because its frame is given.
 std::vector<UIView*> LayoutEngine::Model::collectPlacedViews() const {
   std::unordered_set<const UIView*> named;
   visitTree(root, [&](UIView* view) {

@@ -10,8 +10,8 @@
 
 namespace uikit {
 
-// The cached intrinsic sizes of a view. They are queried again after they were invalidated. A length of -1 means no
-// intrinsic length.
+// The cached intrinsic sizes of a view. They are queried again after they have been invalidated. A length of -1 means
+// no intrinsic length.
 struct IntrinsicSize {
   CGSize natural{-1, -1};     // the size if the width is not limited
   double height = -1;         // the height at measuredWidth
@@ -30,7 +30,7 @@ class LayoutEngine {
   LayoutEngine(const LayoutEngine&) = delete;
   LayoutEngine& operator=(const LayoutEngine&) = delete;
 
-  // Call this when a value that affects the constraints has changed.
+  // Marks the solution as stale. Call this when a value that affects the constraints has changed.
   void invalidate() { isStale_ = true; }
   bool isStale() const { return isStale_; }
   // Solves the current constraints of the tree.

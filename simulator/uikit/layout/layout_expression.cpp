@@ -151,7 +151,7 @@ LayoutExpression unmirroredExpression(const UIView* view, NSLayoutAttribute attr
 }
 
 // Returns the expression for a right-to-left layout. Horizontal positions increase to the left, and leading and
-// trailing are exchanged.
+// trailing are swapped.
 LayoutExpression mirroredExpression(const UIView* view, NSLayoutAttribute attribute, const UIView* holder,
                                     const FrameVariableSource& source) {
   if (attribute == NSLayoutAttribute::Leading)

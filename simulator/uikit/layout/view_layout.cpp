@@ -32,8 +32,8 @@ void markNeedsLayout(UIView* view) {
 
 namespace {
 
-// The maximum number of layout passes. The limit ends the layout of a view that requests another layout in each of its
-// layouts.
+// The maximum number of layout passes. The limit prevents an endless loop if a view requests another layout in each
+// layout pass.
 constexpr int maxLayoutPasses = 8;
 
 enum class LayoutWork : bool { None, Done };
@@ -49,9 +49,9 @@ bool isConstraintRoot(const UIView* view) {
   return !state.constraints.empty() || std::ranges::any_of(state.subviews, hasConstrainedSize);
 }
 
-// Collects the engines to update. If the frames of two views are given, the views inside one cannot affect the views
-// inside the other. Each of these two views therefore has its own engine, so a new banner does not cause the other
-// banners to be solved again.
+// Collects the stale engines. If the frames of two views are given, constraints inside one view cannot affect the
+// other. Therefore, each of the two views has its own engine, and a new banner does not cause the constraints of the
+// other banners to be solved again.
 void collectStaleEngines(UIView* view, std::vector<LayoutEngine*>& stale) {
   ViewRecord& state = record(view);
   if (isConstraintRoot(view)) {
@@ -101,8 +101,8 @@ LayoutWork layoutTree(UIView* view) {
   return work;
 }
 
-// Returns the highest ancestor that needs layout and that is connected to the view by ancestors that need layout.
-// Returns the view itself if its superview does not need layout.
+// Follows the superviews upward as long as they need layout, and returns the last of them. Returns the view itself if
+// its superview does not need layout.
 UIView* topmostViewNeedingLayout(UIView* view) {
   while (record(view).superview != nullptr && record(record(view).superview).needsLayout) view = record(view).superview;
   return view;

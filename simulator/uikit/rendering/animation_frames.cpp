@@ -17,12 +17,13 @@ namespace {
 
 using foundation::Nanoseconds;
 
-// A search examines at most this number of frames, because an animation can have a delay of any length.
+// The maximum number of frames that a search examines. A limit is necessary because the delay of an animation can be of
+// any length.
 constexpr int maxSearchedFrames = 60;
 
 struct Schedule {
   foundation::FrameObserverId observer = 0;  // 0 if there is none
-  std::uint64_t searchedChanges = 0;         // the display changes at the time of the last search
+  std::uint64_t searchedChanges = 0;         // the number of display changes at the last search
 };
 
 Schedule& schedule() {

@@ -1,5 +1,5 @@
 // Requests the frames in which running animations change the visible contents of the screen. The process does not wake
-// for other frames. Without a display observation, no frame is requested. Main thread only.
+// for other frames. No frame is requested while there is no display observation. Main thread only.
 #pragma once
 
 #include "platform/ui_view.hpp"

@@ -25,9 +25,9 @@ bool isSameView(const PaintedView& left, const PaintedView& right) {
 }
 
 // Adds the pixels that are needed to repaint a backdrop. A backdrop is always blurred as a whole, and the blur reads
-// the pixels behind the backdrop and around it. Pixels around it are still on the canvas unless a later view was
-// painted over them, so only the pixels under later views are added. A transparent layer does not keep any of these
-// pixels, so inside such a layer all pixels are added.
+// the pixels behind the backdrop and around it. The pixels around it are still on the canvas, unless a later view was
+// painted over them, so only the pixels under later views are added. Inside a transparent layer, all pixels are added,
+// because the pixels of the layer are not retained.
 void addBackdropInputs(cairo_region_t* region, const ScreenContents& contents, std::size_t index) {
   const PaintedView& backdrop = contents[index];
   if (backdrop.appearance.opacityOnScreen < 1) return drawing::addTo(region, backdrop.read);
@@ -36,8 +36,8 @@ void addBackdropInputs(cairo_region_t* region, const ScreenContents& contents, s
     drawing::addTo(region, drawing::intersection(contents[later].appearance.painted, backdrop.read));
 }
 
-// Adds the whole of each rounded corner that lies partly in the region, because cairo computes other coverages at the
-// border of the region if it intersects the curve of a clip. Returns whether a corner was added.
+// Adds each rounded corner that is partly in the region as a whole, because cairo computes different coverages at the
+// border of a region that intersects the curve of a clip. Returns whether a corner was added.
 bool addClippingCorners(cairo_region_t* region, const PaintedView& view) {
   bool grew = false;
   for (const drawing::PixelRectangle& corner : view.clippingCorners) {
@@ -66,8 +66,8 @@ void addInputsOfPainting(cairo_region_t* region, const ScreenContents& contents)
 
 drawing::RegionHandle differingPixels(const ScreenContents& before, const ScreenContents& after) {
   drawing::RegionHandle region(cairo_region_create());
-  // Usually, views are added and removed at one position in the list. The views before and after this position are the
-  // same in both lists.
+  // Usually, views are added and removed at only one position in the list, so the views before and after this position
+  // are the same in both lists.
   const auto [oldFirst, newFirst] = std::mismatch(before.begin(), before.end(), after.begin(), after.end(), isSameView);
   const auto [oldLast, newLast] = std::mismatch(before.rbegin(), std::make_reverse_iterator(oldFirst), after.rbegin(),
                                                 std::make_reverse_iterator(newFirst), isSameView);

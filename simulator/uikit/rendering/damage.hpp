@@ -1,4 +1,4 @@
-// Computes the damage, which is the set of pixels of the screen that must be repainted.
+// Computes the damage region: the pixels of the screen that must be repainted.
 #pragma once
 
 #include "simulator/uikit/rendering/screen_contents.hpp"

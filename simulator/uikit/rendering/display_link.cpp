@@ -41,7 +41,7 @@ void DisplayLink::presentIfDue() {
   isRequested_ = false;
   earliestCall_ = foundation::frameTimeAfter(now);
   present_();
-  // The presentation can execute input that changes the screen again.
+  // Presenting can process input that changes the screen again.
   if (isRequested_) requestFrame();
 }
 

@@ -8,9 +8,9 @@
 
 namespace uikit {
 
-// Calls a function after the screen has changed, at most once in each frame: at the end of the run-loop iteration of
-// the change if the function has not been called since the last frame, or else at the next frame. The windows are laid
-// out when the function is called. While nothing changes, the process does not wake. The function must not create or
+// Calls a function after the screen has changed, at most once per frame. The first change since the last frame calls it
+// at the end of the current run-loop iteration. A further change calls it at the next frame. The windows are laid out
+// before the function is called. While nothing changes, the process does not wake. The function must not create or
 // destroy a display link.
 class DisplayLink {
  public:

@@ -17,7 +17,7 @@ namespace {
 struct Display {
   std::uint64_t generation = 1;
   std::uint64_t changes = 1;
-  double animatedUntil = -1;  // the time of the last generation if an animation was running at that time; otherwise -1
+  double animatedUntil = -1;  // the time of the last call if an animation was running then; otherwise -1
   std::uint64_t invalidations = 0;
   std::list<std::function<void()>> observers;
 };
@@ -46,7 +46,7 @@ DisplayObservation::~DisplayObservation() { display().observers.erase(position_)
 
 bool isDisplayObserved() { return !display().observers.empty(); }
 
-// While an animation is running, each new time has a new generation, including the time at which the animation ends.
+// While an animation is running, and when it ends, the generation increases whenever the time has changed.
 std::uint64_t displayGeneration() {
   Display& state = display();
   const double now = foundation::now();

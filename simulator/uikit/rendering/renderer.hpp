@@ -21,14 +21,14 @@ std::shared_ptr<drawing::Canvas> renderView(UIView* view, double scale);
 // Paints the whole main screen without using the last picture. The result has the same pixels as that of renderScreen.
 std::shared_ptr<drawing::Canvas> paintScreen(double scale);
 
-// A picture of a screen that its owner updates, for example for each frame of a window. It is independent of the
-// other pictures, so its scale can differ from theirs at no cost.
+// A picture of a screen that its owner updates, for example for each frame of a window. It is independent of other
+// pictures, so a different scale causes no additional work.
 class ScreenPicture {
  public:
   // The screen must outlive the picture.
   explicit ScreenPicture(const Screen& screen = mainScreen()) : screen_(screen) {}
-  // Brings the picture up to date as renderScreen does. Returns the pixels that were painted: all pixels that can
-  // differ from the picture before this call. The region is empty if no pixel has changed.
+  // Updates the picture, as renderScreen does. Returns the pixels that were painted: all pixels that can differ from
+  // the previous picture. The region is empty if no pixel has changed.
   drawing::RegionHandle update(double scale);
   // Returns the picture of the last update, or null before the first one.
   const std::shared_ptr<drawing::Canvas>& canvas() const { return canvas_; }
@@ -46,13 +46,13 @@ class ScreenPicture {
 std::uint64_t displayGeneration();
 // Call this when the contents of the screen have changed or a view needs layout.
 void noteDisplayChange();
-// Makes the next update of each picture paint all pixels. Call this if views look different although none of them has
-// changed, for example because of a new appearance.
+// Makes the next update of each picture paint all pixels. Call this if views look different although they have not
+// changed, for example after a change of the appearance.
 void invalidateScreen();
 // Returns the number of calls of noteDisplayChange. In contrast to displayGeneration, it does not depend on the time.
 std::uint64_t displayChanges();
-// Calls a function at each display change until it is destroyed. The function can be called several times before the
-// screen is painted. It must not create or destroy an observation.
+// Calls a function at each display change until the observation is destroyed. The function can be called several times
+// before the screen is painted. It must not create or destroy an observation.
 class DisplayObservation {
  public:
   explicit DisplayObservation(std::function<void()> observer);

@@ -50,8 +50,8 @@ ScreenContents contentsOfScreen(const drawing::Canvas& canvas, const Screen& scr
 // Returns the contents of a visible window at the scale of its screen.
 ScreenContents contentsOfWindow(UIWindow* window);
 
-// Repaints the pixels of the region over a ground of this color. The result does not depend on their previous values.
-// The views must not have changed since `contents` was computed.
+// Repaints the pixels of the region over a background of this color. The result does not depend on their previous
+// values. The views must not have changed since `contents` was computed.
 void paint(drawing::Canvas& canvas, const ScreenContents& contents, const cairo_region_t* region,
            const drawing::Color& ground);
 

@@ -27,7 +27,7 @@ objc::Ref<UIFont> makeFont(const drawing::Font& font) {
 
 namespace {
 
-// The size in points that replaces an invalid size. It is the same as on the platform.
+// The font size, in points, that replaces an invalid size. The platform uses the same value.
 constexpr CGFloat fallbackFontSize = 12;
 
 UIFont* withSize(drawing::Font font, CGFloat size) {

@@ -6,7 +6,7 @@
 
 namespace uikit {
 
-// Converts the font. nil becomes the default font of text: the system font at 17 points.
+// Converts the font. nil becomes the default text font, which is the system font at 17 points.
 drawing::Font fontOf(const UIFont* font);
 objc::Ref<UIFont> makeFont(const drawing::Font& font);
 

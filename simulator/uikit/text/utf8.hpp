@@ -13,7 +13,7 @@ std::string utf8(const NSString* text, NSRange range);
 inline std::string utf8(const NSString* text) { return utf8(text, {0, NSNotFound}); }
 
 // Returns the text. If it contains unpaired surrogates, returns an autoreleased copy in which U+FFFD replaces each of
-// them, because Foundation loses such a text when it edits the text. Returns nil for nil.
+// them, because Foundation loses a text with unpaired surrogates when it edits the text. Returns nil for nil.
 NSString* wellFormed(NSString* text);
 
 // The maximum number of UTF-16 code units that a view shows. Text after this limit is not laid out.

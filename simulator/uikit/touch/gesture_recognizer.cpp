@@ -46,12 +46,12 @@ bool claimTouch(UIGestureRecognizer* self) {
 double distance(CGPoint from, CGPoint to) { return std::hypot(to.x - from.x, to.y - from.y); }
 
 bool hasDragged(const GestureRecord& gesture) {
-  constexpr double roundingAllowance = 1e-6;  // the length of a path is not exact if it is the sum of many steps
+  constexpr double roundingAllowance = 1e-6;  // a location that is the sum of many steps is not exact
   return distance(gesture.down, gesture.location) >= dragDistance - roundingAllowance;
 }
 
 // Updates the speed from the distance since the last measurement. Movements that are delivered at almost the same time
-// are measured together, because their times are not exact. A finger that has rested has no speed.
+// are measured together, because their times are not exact. The speed is zero if the finger has rested.
 void measureVelocity(GestureRecord& gesture, double time) {
   constexpr double minMeasuredSeconds = 0.005;
   constexpr double maxRestSeconds = 0.1;

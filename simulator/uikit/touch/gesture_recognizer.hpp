@@ -9,7 +9,7 @@
 
 namespace uikit {
 
-// The distance, in points, from which a touch is a drag and cannot be a tap.
+// The minimum distance, in points, at which a touch is a drag instead of a tap.
 inline constexpr double dragDistance = 10;
 
 struct GestureAction {

@@ -65,8 +65,8 @@ TouchSequence::~TouchSequence() {
 
 TouchSequence* TouchSequence::current() { return currentSequence().get(); }
 
-// Collects the recognizers from the touched view to the root. Therefore, an inner recognizer receives touches before an
-// outer one.
+// Collects the recognizers in the order from the touched view to the root, because inner recognizers receive touches
+// before outer ones.
 void TouchSequence::collectRecognizers() {
   for (UIView* view = view_; view != nullptr; view = record(view).superview) {
     NSArray* attached = objc::state(view).gestureRecognizers;

@@ -19,8 +19,8 @@ class TouchSequence {
   void begin();
   void advance(UITouchPhase phase, CGPoint point, double timestamp);
 
-  // Lets the recognizer begin and makes the other recognizers fail. Returns false if the recognizer does not take part
-  // in this sequence, if another recognizer has begun, or if the view refuses.
+  // Lets the recognizer begin and makes the other recognizers fail. Returns false if the recognizer is not part of this
+  // sequence, if another recognizer has begun, or if the view does not allow it to begin.
   bool claim(UIGestureRecognizer* recognizer);
 
   // Returns the sequence that is in progress, or null if there is none.

@@ -18,7 +18,7 @@ namespace uikit {
 drawing::Color colorOf(const UIColor* color);
 objc::Ref<UIColor> makeColor(const drawing::Color& color);
 
-// Return the default colors of text, of the placeholder of an empty text field, and of interactive elements.
+// Return the default colors of text, of placeholders in empty text fields, and of interactive elements.
 UIColor* labelColor(UIUserInterfaceStyle style);
 UIColor* placeholderTextColor(UIUserInterfaceStyle style);
 UIColor* tintColor(UIUserInterfaceStyle style);

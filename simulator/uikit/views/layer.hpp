@@ -14,7 +14,7 @@ namespace uikit {
 
 struct LayerRecord {
   // The frame is stored as origin and size, and the center is computed from them. If the center were stored, rounding
-  // would change a frame between setting and reading it.
+  // errors could make a frame differ from the frame that was set.
   Animated<CGPoint> origin{{}};
   Animated<CGRect> bounds{{}};
   Animated<double> opacity{1};

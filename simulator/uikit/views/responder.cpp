@@ -59,7 +59,7 @@ bool resignFirstResponder(UIResponder* self) {
   return true;
 }
 
-// Forwards a touch to the next responder. This is the default for responders that do not handle touches.
+// Forwards a touch to the next responder. This is the default implementation for responders that do not handle touches.
 template <objc::FixedString selector>
 void forwardTouches(UIResponder* self, NSObject* touches, NSObject* event) {
   objc::send<void, selector>(self->nextResponder(), touches, event);

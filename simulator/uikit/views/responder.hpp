@@ -5,8 +5,8 @@
 
 namespace uikit {
 
-// Searches the responder chain that starts at this responder for a view, and returns the window of the first one.
-// Returns nil if there is no view.
+// Returns the window of the first view in the responder chain that starts at this responder. Returns nil if the chain
+// contains no view.
 UIWindow* windowOfResponder(const UIResponder* responder);
 // Makes the first responder resign if it is `leaving` or inside it. Call this before `leaving` is removed from its
 // window.

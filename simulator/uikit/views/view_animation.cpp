@@ -16,7 +16,7 @@ void animateWithCompletion(Class, double duration, Changes animations, Completio
   runAnimation({duration, 0}, animations, completion);
 }
 
-// Animates changes. Ignores the options, because every animation has the default timing curve.
+// Animates changes. Ignores the options: every animation has the default timing curve.
 void animateWithOptions(Class, double duration, double delay, NSUInteger, Changes animations, Completion completion) {
   runAnimation({duration, delay}, animations, completion);
 }

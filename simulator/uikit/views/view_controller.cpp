@@ -62,7 +62,7 @@ void removeFromParent(UIViewController* self) {
   objc::send<void, "didMoveToParentViewController:">(self, static_cast<UIViewController*>(nullptr));
 }
 
-// Adds a child. The parent itself must send didMoveToParentViewController: when the transition ends.
+// Adds a child. The caller must send didMoveToParentViewController: to the child when the transition ends.
 void addChild(UIViewController* self, UIViewController* child) {
   if (child == nullptr || child == self || objc::state(child).parent == self) return;
   const objc::Ref<UIViewController> retained = objc::retain(child);
@@ -96,7 +96,7 @@ void present(UIViewController* self, UIViewController* presented, bool, Completi
   callLater(completion);
 }
 
-// Dismisses the controller that this one presents. If this one presents none, dismisses this controller itself.
+// Dismisses the controller that this controller presents. If it presents none, dismisses this controller itself.
 void dismiss(UIViewController* self, bool animated, Completion completion) {
   ViewControllerState& state = objc::state(self);
   if (state.presented == nullptr) {

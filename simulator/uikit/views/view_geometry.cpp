@@ -102,7 +102,7 @@ void setBounds(UIView* view, const CGRect& bounds) {
   LayerRecord& layer = record(view).layer;
   const CGRect before = layer.bounds.model();
   if (!isFinite(bounds) || bounds == before) return;
-  // The origin changes, because setting the bounds must not move the center.
+  // Changes the origin, because setting the bounds must not move the center.
   const CGPoint origin = layer.origin.model();
   layer.origin.set({origin.x + (before.size.width - bounds.size.width) / 2,
                     origin.y + (before.size.height - bounds.size.height) / 2});

@@ -66,7 +66,7 @@ void setContentMode(UIView* self, UIViewContentMode mode) {
 
 // The default implementation draws nothing. Subclasses override this method.
 void drawContent(UIView*, void*) {}
-// The implementation of UIView is looked up only once, because each frame calls this function for each view.
+// Looks up the implementation of UIView only once, because this function is called for each view in each frame.
 bool drawsContent(const UIView* view) {
   const SEL draw = objc::selector<"_drawContentInCanvas:">();
   static const IMP inherited = class_getMethodImplementation(UIView::classObject(), draw);

@@ -75,8 +75,8 @@ bool isOnDarkBackground(const UIView* view) {
   return color.alpha > minOpacity && std::max({color.red, color.green, color.blue}) < maxBrightness;
 }
 
-// Returns the material. Below 13.0, the appearance is always light, so the regular style is dark on a dark background
-// instead. Otherwise, white text on that background would be hard to read.
+// Returns the material. Before 13.0, the appearance is always light, so the regular style would make white text on a
+// dark background hard to read. The dark style replaces it there.
 drawing::BlurStyle blurOf(const UIVisualEffectView* view) {
   const drawing::BlurStyle style =
       drawing::blurStyle(static_cast<int>(objc::state(objc::state(view).effect.get()).style));

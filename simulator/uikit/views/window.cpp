@@ -61,8 +61,8 @@ UIResponder* firstResponder() { return keyWindow() == nullptr ? nullptr : objc::
 
 void setSharedApplication(UIApplication* application) { currentApplication() = objc::retain(application); }
 
-// Lays out the windows, unless there was no display change since the last layout. Each change that needs a layout also
-// counts as a display change.
+// Lays out the windows if the display has changed since the last layout. Each change that requires a layout is also a
+// display change.
 void layoutWindows() {
   static std::uint64_t laidOut = 0;
   if (laidOut == displayChanges()) return;

@@ -14,7 +14,7 @@ const composerToggle = element('toggle');
 const protocol = 'brim-phone';
 const maxRetryDelay = 4000;
 const maxTextLength = 8000;
-// A restart of the phone takes less time, in milliseconds.
+// In milliseconds. A restart of the phone takes less time, so the status is not shown during a restart.
 const statusDelay = 1200;
 
 let socket = null;
@@ -110,8 +110,8 @@ async function showFrame(data) {
   }
 }
 
-// One pixel of the picture is one pixel of the display. Browsers can round positions to units of CSS, which consist of
-// whole pixels only if the density is an integer.
+// One pixel of the picture is one pixel of the display. Browsers can round positions to CSS pixels, which consist of
+// whole device pixels only if the density is an integer.
 function placeCanvas() {
   const density = window.devicePixelRatio;
   const step = Number.isInteger(density) ? 1 : density;
@@ -140,7 +140,7 @@ function reportSize() {
   send({do: 'show', width: pixels(stage.clientWidth), height: pixels(stage.clientHeight)});
 }
 
-// The density changes when the user zooms or moves the window to another display.
+// The density changes when the user zooms, or moves the window to another display.
 function observeDensity() {
   const query = matchMedia(`(resolution: ${window.devicePixelRatio}dppx)`);
   query.addEventListener('change', () => {
@@ -163,7 +163,7 @@ function touch(phase, event) {
 canvas.addEventListener('pointerdown', (event) => {
   if (event.button !== 0 || finger !== null) return;
   event.preventDefault();
-  // On a touch screen, the focus would show the keyboard of the computer.
+  // On a touch screen, focusing the field would open the computer's on-screen keyboard.
   if (event.pointerType !== 'touch') keyboard.focus({preventScroll: true});
   finger = event.pointerId;
   canvas.setPointerCapture(finger);
@@ -236,7 +236,7 @@ document.addEventListener('keydown', (event) => {
     return;
   }
   keyboard.focus({preventScroll: true});
-  // The input method uses the key.
+  // The input method handles the key.
   if (event.isComposing || event.keyCode === 229) return;
   if (event.ctrlKey || event.altKey || event.metaKey) return;
   const name = keyName(event);
