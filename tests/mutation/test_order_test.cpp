@@ -59,6 +59,7 @@ TEST(TestOrder, PrefersTestsOfRelatedFunctionsThenOfTheFileThenSpecificThenFastT
 
 TEST(TestOrder, TakesOneTestFromEachSuiteInTurnAfterTheSpecificTests) {
   std::vector<KnownTest> tests;
+  tests.reserve(14);
   for (int index = 0; index < 10; ++index) tests.push_back(known("Specific." + std::to_string(index), {1}));
   tests.push_back(known("First.Small", {1, 2}));
   tests.push_back(known("Instances/First.Large/0", {1, 2, 3, 4, 5}));
