@@ -79,8 +79,8 @@ CGPoint startOf(const Json& command) {
                                                        : newestControllerOnScreen());
 }
 
-// Checks the start of a drag that continues an earlier one. The start is ignored, because the finger is already on the
-// screen, but an invalid value is probably a mistake.
+// Checks the start of a drag that continues an earlier one. The finger is already on the screen, so the start is
+// ignored, but an invalid start is probably a mistake.
 CGPoint checkIgnoredStart(const Json& command) {
   if (command.contains("at")) onScreen(command["at"]);
   if (command.contains("controller")) bannerNumber(command["controller"]);

@@ -95,7 +95,7 @@ void ControlServer::read(const std::shared_ptr<Client>& client) {
       static_cast<void>(foundation::sendAll(client->socket, sizeError()));
       disconnect(client);
     } else if (end != std::string::npos) {
-      // The client is not read again until its complete lines have been executed. This limits the memory that it uses.
+      // Reads no more from the client until its complete lines have been executed, to limit the memory that it uses.
       foundation::unwatchDescriptor(client->socket.get());
       scheduleNext(client);
     }

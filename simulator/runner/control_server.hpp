@@ -11,7 +11,7 @@ namespace runner {
 
 // Listens on the control socket of the current root until it is destroyed. The commands of one client are executed in
 // order. While a command of one client waits, the commands of other clients are executed. A client that sends a line
-// of excessive size receives an error and is disconnected. Main thread.
+// that is too long receives an error and is disconnected. Main thread.
 class ControlServer {
  public:
   // `listening` is the control socket if this process already listens on it. Otherwise, the descriptor is closed.

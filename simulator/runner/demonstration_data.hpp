@@ -13,7 +13,7 @@ std::string installDemonstrationData();
 // Returns the address of the server, or an empty string if the data is not installed.
 const std::string& demonstrationAddress();
 
-// Stores the message of a notification as a received message of the conversation that the notification's thread names,
+// Stores the message of a notification as a received message in the conversation that the notification's thread names,
 // because the Messages app sends a reply only to a stored conversation. Throws messages::StoreError.
 void storeConversation(const nlohmann::ordered_json& notification);
 

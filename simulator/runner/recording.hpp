@@ -1,6 +1,7 @@
 // A recording of the screen as an animated WebP file. The recording takes a frame when it starts. It then takes a frame
-// whenever the picture has changed, but at most 30 frames a second on the current clock. Each frame is encoded when it
-// is taken. A frame is a picture at the end of an iteration of the main queue. Main thread.
+// whenever the picture has changed, but at most 30 frames a second on the current clock. Each frame is encoded when the
+// next frame is taken or the recording ends. A frame is a picture at the end of an iteration of the main queue. Main
+// thread.
 //
 // There is at most one recording at a time. The file is written when the recording ends. If a recording fails, or the
 // process ends before the recording does, no file is written and an existing file is unchanged.

@@ -13,9 +13,8 @@ void scheduleAnimationFrames();
 // Makes the next call of scheduleAnimationFrames search again. Call this when a display observation was added.
 void invalidateAnimationFrames();
 
-// Advances the running movement of a view to the first frame that shows a part of the view, after a layout. Does
-// nothing if no frame of the running animations shows it. The completion of the movement runs earlier by the skipped
-// time.
+// Lays out the windows. If a part of the view is visible in any frame of its running movement, then advances the
+// movement to the first such frame. The completion of the movement runs earlier by the skipped time.
 void skipInvisibleFrames(UIView* view);
 
 }  // namespace uikit
