@@ -10,7 +10,7 @@ namespace emulation {
 
 // The file to load.
 struct Image {
-  const char* name;  // in the folder of the shared library
+  const char* name;  // the file's name in the folder of the shared library
   // The environment variable that names another file. Null if there is none.
   const char* pathVariable;
   device::FileType type;

@@ -6,9 +6,9 @@
 namespace device {
 
 struct Bind {
-  std::uint64_t address;  // of the pointer
+  std::uint64_t address;  // the address of the pointer
   std::string symbol;
-  std::string library;  // that exports it
+  std::string library;  // the library that exports the symbol
 };
 
 struct Export {

@@ -9,9 +9,9 @@ namespace device {
 // The way in which a function saves its caller's registers.
 enum class UnwindMode : std::uint32_t {
   None = 0,                // an exception cannot pass
-  Frameless = 0x02000000,  // it saves no register
-  Dwarf = 0x03000000,      // the section __eh_frame describes it
-  Frame = 0x04000000,      // it saves the frame pointer, the return address, and pairs of registers below them
+  Frameless = 0x02000000,  // the function saves no register
+  Dwarf = 0x03000000,      // the section __eh_frame describes the registers
+  Frame = 0x04000000,  // the function saves the frame pointer, the return address, and pairs of registers below them
 };
 
 struct UnwindEntry {
