@@ -21,7 +21,7 @@ constexpr std::size_t moves = 200;
 constexpr std::size_t rounds = 10000;
 constexpr std::size_t thousand = 1000;
 
-// Runs a measurement with a new phone. Its root is in a temporary folder.
+// Runs a measurement with a new phone, whose root is in a temporary folder.
 Figures withPhone(const std::function<Figures(runner::Session&)>& measurement) {
   std::string pattern = (std::filesystem::temp_directory_path() / "brim-bench-XXXXXX").string();
   const std::filesystem::path folder = mkdtemp(pattern.data());

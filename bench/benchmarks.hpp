@@ -4,19 +4,19 @@
 
 namespace bench {
 
-// Presenting notifications: with Brim compared to without, and late banners compared to early ones, in time and memory.
+// Presenting notifications: the time and memory with Brim compared to without, and of late compared to early banners.
 void measurePresenting();
 // Dragging a banner: the time of one move, compared to the time of painting the whole screen.
 void measureDragging();
-// Ten thousand banners one after another: the time and memory of late banners compared to early ones.
+// Presenting ten thousand banners in sequence: the time and memory of late banners compared to early banners.
 void measureBannerLifetime();
-// Measuring text: known text compared to new text, and very long text compared to short text.
+// Measuring text: the time for cached text compared to new text, and for very long text compared to short text.
 void measureText();
 // Finding the pictures of senders: the time per container and per contact, and the time that a download takes on the
 // main thread.
 void measurePhotos();
-// Replying: the time until the message is in the Messages app's store, compared to the time that a notification takes
-// from one process to another.
+// Replying: the time until the message is in the Messages app's store, compared to the time that the delivery of a
+// notification to another process takes.
 void measureReplying();
 
 }  // namespace bench

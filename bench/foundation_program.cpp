@@ -1,5 +1,5 @@
-// A program that only loads Foundation and sends a few messages. Its instructions are the lower limit of the start of
-// the home screen.
+// A program that only loads Foundation and sends a few messages. Its instruction count is a lower bound for the start
+// of the home screen.
 #include <cstdio>
 
 #include "objc/autorelease_pool.hpp"

@@ -1,5 +1,5 @@
-// Runs the benchmarks whose names are given as arguments, or all of them if there are no arguments. Each printed figure
-// is a ratio of two measurements of the same run, so figures from different machines can be compared.
+// Runs the benchmarks whose names are given as arguments, or all benchmarks if there are no arguments. Each printed
+// figure is a ratio of two measurements in the same run, so figures from different machines can be compared.
 #include <algorithm>
 #include <cstdio>
 #include <string_view>

@@ -13,15 +13,16 @@ using Figures = std::vector<double>;
 // with status 1.
 Figures inChildProcess(const std::function<Figures()>& measurement);
 
-// The median of at least one figure. For an even number of figures, it is the higher of the two middle figures.
+// Returns the median of at least one figure. For an even number of figures, this is the higher of the two middle
+// figures.
 double median(Figures figures);
 
-// The processor time that this process has used, in seconds.
+// Returns the processor time that this process has used, in seconds.
 double processorTime();
-// The resident memory of this process, in bytes.
+// Returns the resident memory of this process, in bytes.
 double residentMemory();
 
-// Prints a ratio and its target, `maxRatio`. Marks the line as MISSED if the ratio is higher.
+// Prints a ratio and its target, `maxRatio`. Marks the line as MISSED if the ratio is above the target.
 void report(const char* description, double ratio, double maxRatio);
 
 }  // namespace bench

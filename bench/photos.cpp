@@ -126,7 +126,7 @@ std::size_t readAllMetadata(const std::string& folder) {
   return total;
 }
 
-// Returns the seconds per container that the library's search takes, and that reading the metadata alone takes.
+// Returns the time per container, in seconds, of the library's search and of reading only the metadata.
 Figures searchContainers(std::size_t count) {
   const Phone phone;
   const objc::AutoreleasePool pool;
@@ -150,7 +150,7 @@ void writeAddressBook(const fs::path& path, std::size_t count) {
          << index << "@example.org\r\nTEL:+49" << index << "\r\nEND:VCARD\r\n";
 }
 
-// Returns the seconds per contact that a search without a result takes.
+// Returns the time per contact, in seconds, of a search without a result.
 Figures searchContacts(std::size_t count) {
   const Phone phone;
   const objc::AutoreleasePool pool;
@@ -183,7 +183,7 @@ Figures present(const char* address) {
                          {"userInfo", {{"a", address}}}});
     times.push_back(mainThreadTime() - start);
     phone.session().run({{"do", "wait"}, {"seconds", 7}});
-    // If the address is empty, no request is sent and this command fails. The failure is ignored.
+    // If the address is empty, no request is sent and this command fails. The error is ignored.
     phone.session().run({{"do", "await"}, {"for", "http"}, {"seconds", *address == 0 ? 0.01 : 5}});
     phone.session().run({{"do", "log"}});
   }

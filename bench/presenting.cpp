@@ -31,7 +31,7 @@ void present(runner::Session& session, std::size_t round) {
                {"message", "Message number " + std::to_string(round) + ": are we still on for lunch today?"}});
 }
 
-// The painted part of the screen: all of it, or only what has changed since the last picture.
+// The part of the screen that is painted: the whole screen, or only the changes since the last picture.
 enum class Painting { Complete, Changes };
 
 // Returns the time, in seconds, from the presentation of a notification until a picture with its banner is painted.
@@ -43,7 +43,7 @@ double timeToPicture(runner::Session& session, std::size_t round, Painting paint
   return processorTime() - start;
 }
 
-// Presents a notification in each round. Returns the time of each round in seconds, followed by the memory in bytes
+// Presents a notification in each round. Returns the time of each round in seconds, followed by the memory use in bytes
 // after the early rounds and after all rounds.
 Figures presentMany(process::LibraryUse library, Painting painting) {
   const std::filesystem::path folder = makeFolder();

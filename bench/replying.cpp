@@ -41,7 +41,7 @@ constexpr std::chrono::seconds maxReplyTime(30);
 
 class Listener : public objc::Interface<"BrimBenchListener", NSObject> {};
 
-// The pipe through which the listening process signals that it is ready, and that it has received a notification.
+// The pipe on which the listening process signals that it is ready, and that it has received a notification.
 int signalDescriptor = -1;
 
 void signalParent() {
@@ -135,8 +135,8 @@ double timeOfReply(runner::Session& session, std::size_t round) {
   return time;
 }
 
-// Returns the time of the first reply, which launches the app, followed by two times for each round: that of a
-// notification and that of a reply. In seconds.
+// Returns times in seconds: the time of the first reply, which launches the app, and then for each round the time of a
+// notification and the time of a reply.
 Figures replyMany() {
   std::string pattern = (fs::temp_directory_path() / "brim-bench-XXXXXX").string();
   const fs::path folder = mkdtemp(pattern.data());
@@ -161,8 +161,8 @@ Figures replyMany() {
   return figures;
 }
 
-// Returns the 10th percentile. The median would depend on other work on the machine, because every round needs several
-// processes.
+// Returns the 10th percentile. The median would depend on the machine's load, because several processes take part in
+// every round.
 double tenthPercentile(Figures figures) {
   const auto tenth = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 10);
   std::nth_element(figures.begin(), tenth, figures.end());

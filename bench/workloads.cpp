@@ -1,6 +1,6 @@
 // Runs one workload a number of times: bench_workload NAME ROUNDS. The script `instructions` counts the instructions of
-// two runs with different numbers of rounds. Their difference contains neither the start of the phone nor the first use
-// of fonts and pictures.
+// two runs with different numbers of rounds. The difference between the counts excludes the start of the phone and the
+// first use of fonts and pictures.
 #include <stdlib.h>
 
 #include <cstdio>
@@ -58,7 +58,7 @@ void runBannerLife(Phone& phone, std::size_t rounds) {
   }
 }
 
-// Presents a banner with the same identifier again and again, as runBannerLife() does.
+// Presents banners with the same identifier in sequence and paints them as runBannerLife() does.
 void runReplacements(Phone& phone, std::size_t rounds) {
   uikit::ScreenPicture picture;
   const uikit::DisplayLink link([&picture] { picture.update(1); });
@@ -101,7 +101,7 @@ void runPainting(Phone& phone, std::size_t rounds) {
   for (std::size_t round = 0; round < rounds; ++round) paint(Painting::Complete);
 }
 
-// The same as the benchmark `presenting`.
+// Does the same work as the benchmark `presenting`.
 void runPresenting(Phone& phone, std::size_t rounds) {
   for (std::size_t round = 0; round < rounds; ++round) {
     present(phone, round);

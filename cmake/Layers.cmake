@@ -1,4 +1,4 @@
-# A layer is a group of folders whose files include only headers of the same layer and of the layers below it. CMake
+# A layer is a group of folders whose files include headers only from the same layer and from the layers below it. CMake
 # rejects dependency cycles between the targets; tests/structure checks each #include against these declarations.
 
 # brim_layer(LAYER [FOLDERS folder...] [DEPENDS layer...])
@@ -15,8 +15,8 @@ function(brim_layer layer)
 endfunction()
 
 # brim_simulator_layer(NAME [FOLDERS folder...] [DEPENDS layer...] [LIBRARIES target...])
-# Declares a layer of the simulator and builds it as an object library, without main.cpp files. NAME and FOLDERS are
-# relative to simulator/. The library `simulator` contains the object files of all these layers.
+# Declares a layer of the simulator and builds it as an object library, which excludes main.cpp files. NAME and FOLDERS
+# are relative to simulator/. The library `simulator` contains the object files of all these layers.
 function(brim_simulator_layer name)
   cmake_parse_arguments(PARSE_ARGV 1 declared "" "" "FOLDERS;DEPENDS;LIBRARIES")
   if(NOT declared_FOLDERS)

@@ -1,6 +1,6 @@
 find_program(ICONV iconv REQUIRED)
 
-# The Hebrew strings are also installed under "iw", because GNUstep recognizes only this older language
+# The Hebrew strings are also installed as "iw", because GNUstep recognizes only this older language
 # code.
 set(BRIM_LANGUAGES en de fr es it pt-BR nl sv pl tr ru uk ja ko zh-Hans zh-Hant ar he iw)
 

@@ -27,8 +27,7 @@ function(brim_find_gcc_file variable file)
   message(FATAL_ERROR "${file} of the Objective-C runtime is missing: install the package gobjc, or libobjc-VERSION-dev.")
 endfunction()
 
-# Creates a symbolic link to the folder of the runtime's headers only, because clang must not use the other headers of
-# GCC.
+# Creates a symbolic link only to the folder of the runtime's headers, because clang must not use GCC's other headers.
 brim_find_gcc_file(objc_header include/objc/objc.h)
 cmake_path(GET objc_header PARENT_PATH objc_folder)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/objc-headers)
@@ -46,7 +45,7 @@ target_link_options(ObjectiveC INTERFACE -Wl,--no-as-needed)
 target_link_libraries(ObjectiveC INTERFACE ${GNUSTEP_BASE_LIBRARY} ${objc_library})
 
 # The compiler options for code that also runs on the phone: no exceptions, no run-time type information, and no guards
-# for the initialization of static variables. The code has unwind tables, because exceptions of the platform can pass
-# through it.
+# for the initialization of static variables. The code has unwind tables, because exceptions that the platform raises
+# can pass through it.
 add_library(FreestandingStyle INTERFACE)
 target_compile_options(FreestandingStyle INTERFACE -fno-exceptions -funwind-tables -fno-rtti -fno-threadsafe-statics)

@@ -9,8 +9,8 @@ set_source_files_properties(
   ${repository}/library/startup/inspection.cpp PROPERTIES COMPILE_DEFINITIONS BRIM_VERSION="${PROJECT_VERSION}")
 add_library(brim_objects OBJECT ${library_sources})
 target_include_directories(brim_objects PRIVATE ${repository})
-# An exception of the platform can pass through the library's functions. Therefore, every function needs unwind tables,
-# which the compiler does not emit for the functions that it creates from repeated code.
+# An exception that the platform raises can pass through the library's functions, so every function needs unwind tables.
+# The compiler must not extract repeated code into functions, because it emits no unwind tables for these.
 target_compile_options(
   brim_objects
   PRIVATE -Oz -fblocks -fno-exceptions -funwind-tables -mno-outline -fno-rtti
@@ -23,8 +23,8 @@ else()
   target_include_directories(brim_objects SYSTEM PRIVATE include/standard)
 endif()
 
-# The linked file has the local symbols, which crash logs need. The installed file has none, which makes it four times
-# smaller.
+# The linked file contains the local symbols, which are needed to read crash logs. The installed file does not contain
+# them and is therefore four times smaller.
 set(linked ${CMAKE_BINARY_DIR}/symbols/Brim.dylib)
 set(library ${CMAKE_BINARY_DIR}/Brim.dylib)
 if(BRIM_SDK)

@@ -1,13 +1,14 @@
 # Builds the packages that install the library, its filter, its assets and the settings pane on a phone: one for phones
-# with the packages in the root folder, and one for phones with the packages in /var/jb. Both contain the same files. The
-# build is reproducible, because owners, times and the order of files are fixed.
+# whose packages are in the root folder, and one for phones whose packages are in /var/jb. Both contain the same files.
+# The build is reproducible, because the owners, times and order of the files are fixed.
 find_program(DPKG_DEB dpkg-deb REQUIRED)
 
-# brim_add_package(ARCHITECTURE PREFIX): PREFIX is the folder that contains the installed files, or empty.
+# brim_add_package(ARCHITECTURE PREFIX): adds the target that builds a package. PREFIX is the folder that contains the
+# installed files, or empty.
 function(brim_add_package architecture prefix)
   set(package brim_${PROJECT_VERSION}_${architecture}.deb)
   configure_file(package/control.in ${CMAKE_BINARY_DIR}/control_${architecture} @ONLY)
-  # Runs at every build, because it is fast and the assets are too many files to list as dependencies.
+  # Runs at every build, because there are too many asset files to list as dependencies and the command is fast.
   add_custom_target(
     package_${architecture} ALL
     COMMAND ${CMAKE_COMMAND} -DROOT=${CMAKE_BINARY_DIR}/package_${architecture} -DPREFIX=${prefix} -DLIBRARY=${library}

@@ -1,5 +1,5 @@
-# Builds the settings pane's bundle for the phone. Its executable is compiled like the library. It is linked with the
-# stubs of the system's libraries only: it looks up the classes of the Settings application by name.
+# Builds the settings pane's bundle for the phone. Its executable is compiled like the library. It is linked only with
+# the stubs of the system's libraries, because it looks up the classes of the Settings application by name.
 add_subdirectory(${repository}/settings_pane/resources settings_pane)
 
 add_library(pane_objects OBJECT ${repository}/settings_pane/list_controller.cpp)

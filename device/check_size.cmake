@@ -1,5 +1,5 @@
-# Removes FILE and fails if it has more bytes than size_budget allows. The limit keeps the start of the two processes
-# that load the library fast.
+# Removes FILE and fails if it has more bytes than size_budget allows. The limit bounds the time that the library adds
+# to the start of the two processes that load it.
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/size_budget budget)
 file(SIZE ${FILE} size)
 if(size GREATER budget)

@@ -19,7 +19,7 @@ if(BRIM_SDK)
   list(JOIN slices " " slices)
   set(phone "${slices} -isysroot ${BRIM_SDK} -miphoneos-version-min=${BRIM_SYSTEM_VERSION}")
 else()
-  # The linker and the strip of the compiler's own version, which are beside it.
+  # The linker and strip of the same version as the compiler. They are in the compiler's folder.
   find_program(BRIM_CLANG NAMES clang++ REQUIRED)
   file(REAL_PATH ${BRIM_CLANG} clang)
   cmake_path(GET clang PARENT_PATH llvm)

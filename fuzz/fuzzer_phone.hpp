@@ -23,14 +23,14 @@ const std::filesystem::path& root();
 // The banner. It belongs to no notification and is never dismissed.
 BrimContainer* banner();
 
-// Creates a photo provider of the class, asks it for a picture for the banner, and runs the main queue until no work is
-// due.
+// Creates an object of the photo provider's class, requests a picture for the banner from it, and runs the main queue
+// until no work is due.
 void findPicture(Class provider, NCNotificationRequest* request);
-// Creates a notification request of the Messages app. `thread` identifies the conversation.
+// Creates a notification request from the Messages app. `thread` identifies the conversation.
 objc::Ref<NCNotificationRequest> requestWith(nlohmann::ordered_json userInfo, std::string thread = "1@s");
 
-// Sets the body of the response to each request for a web page. Until the first call, and for nil, these requests are
-// not answered.
+// Sets the body of the response to each request for a web page. Before the first call, and after a call with nil, these
+// requests receive no response.
 void setPageResponse(NSData* data);
 
 // Copies the bytes. The result is autoreleased.

@@ -30,7 +30,7 @@ std::vector<MutantKey> keysOf(const std::vector<Mutant>& mutants) {
   return keys;
 }
 
-// std::shuffle is not the same in every implementation of the library.
+// std::shuffle is not used, because its result differs between implementations of the standard library.
 void shuffle(std::vector<std::size_t>& order, std::uint64_t seed) {
   std::mt19937_64 random(seed);
   for (std::size_t remaining = order.size(); remaining > 1; --remaining)
@@ -89,13 +89,13 @@ void Campaign::findMutants(const std::string& fingerprint) {
   writeFile(file, json.dump());
 }
 
-// The numbers of which at least one is logged if the mutant is executed. Empty if they are not known.
+// Returns numbers of which at least one is logged if the mutant is executed. The result is empty if they are unknown.
 std::vector<unsigned> Campaign::numbersOf(std::size_t mutant) const {
   if (isSwitched_[mutant + 1]) return {static_cast<unsigned>(mutant + 1)};
   std::vector<unsigned> numbers;
   for (const std::string& symbol : found_.mutants[mutant].executedBy) {
     const auto body = bodyNumbers_.find(symbol);
-    // A function that is evaluated by the compiler is not logged.
+    // The execution of a function is not logged if the compiler evaluates the function.
     if (body == bodyNumbers_.end()) return {};
     numbers.push_back(body->second);
   }
@@ -164,7 +164,7 @@ std::optional<MutantResult> Campaign::test(std::size_t mutant, const TestFolder&
     ++result.testCount;
     const Outcome outcome = runWith(*known);
     if (outcome == Outcome::Passed) continue;
-    // A test can also fail because of the machine's load.
+    // The test is repeated, because it can also fail due to the machine's load.
     if (runWithout(*known) == Outcome::Passed && runWith(*known) != Outcome::Passed) {
       result.state = State::Killed;
       result.test = known->test.name;
@@ -209,8 +209,8 @@ std::vector<std::size_t> Campaign::run(const std::map<std::size_t, std::string>&
   const TimePoint deadline = sample ? after(sample->seconds) : TimePoint::max();
   runPhase(Phase::First, order, sample ? after(sample->seconds * 0.75) : TimePoint::max());
   if (sample) {
-    // The sample ends at the first mutant without a result. The results of later mutants are not used, because
-    // survivors take longer and would therefore be rarer among them.
+    // The sample ends at the first mutant without a result. The results of later mutants are discarded, because a
+    // survivor takes longer than a kill, so survivors would be underrepresented among them.
     const std::map<std::size_t, MutantResult> all = results();
     order.erase(std::ranges::find_if_not(order, [&](std::size_t mutant) { return all.contains(mutant); }), order.end());
   }

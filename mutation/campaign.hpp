@@ -1,5 +1,5 @@
-// Runs the tests with the mutants, in several processes. Its folder stores everything that a later run can use again:
-// the switched copy, the code that each test executes, and the results.
+// Runs the tests with the mutants, in several processes. The output folder stores everything that a later run can
+// reuse: the switched copy, the code that each test executes, and the results.
 #pragma once
 
 #include <chrono>
@@ -40,15 +40,15 @@ class Campaign {
   void prepare();
 
   const std::vector<Mutant>& mutants() const { return found_.mutants; }
-  // The tests that fail although no mutant is selected. They are not used.
+  // The tests that fail even if no mutant is selected. They are not used.
   const std::vector<std::string>& failedTests() const { return reference_.failedTests; }
   std::size_t usedTestCount() const { return reference_.tests.size(); }
   const LibraryBuild& library() const { return library_; }
 
-  // Tests the mutants that have no result yet, except for the excluded ones: all of them, or for a sample as many in
-  // random order as the time permits. The second phase runs the other tests with the survivors of the first phase; in a
-  // sample, it has the last quarter of the time. Returns the indices of the mutants that the sample consists of, or of
-  // all.
+  // Tests the mutants that have no result yet, except for the excluded mutants. Without a sample, tests all of them.
+  // With a sample, tests as many of them in random order as the time permits. The second phase runs the other tests
+  // with the survivors of the first phase; in a sample, it has the last quarter of the time. Returns the indices of all
+  // mutants, or of the mutants in the sample.
   std::vector<std::size_t> run(const std::map<std::size_t, std::string>& excluded, const std::optional<Sample>& sample);
 
   // The results so far, by index.
@@ -80,8 +80,8 @@ class Campaign {
   LibraryBuild library_;
   Mutants found_;
   std::vector<MutantKey> keys_;
-  std::vector<bool> isSwitched_;                 // by number
-  std::map<std::string, unsigned> bodyNumbers_;  // by symbol
+  std::vector<bool> isSwitched_;                 // indexed by the number
+  std::map<std::string, unsigned> bodyNumbers_;  // the keys are symbols
   ReferenceRun reference_;
   Fingerprints fingerprints_;
 };

@@ -33,7 +33,7 @@ std::set<unsigned> erroneousNumbers(const std::string& output, const CompilerFol
     std::smatch match;
     if (!std::regex_match(line, match, pattern)) continue;
     if (lines == Lines::Errors && !match[4].str().starts_with("error")) continue;
-    // A compiler cache can make the paths of its command relative to the working folder.
+    // A compiler cache can make the paths in the compiler's command relative to the working folder.
     const std::filesystem::path path = (folders.working / match[1].str()).lexically_normal();
     const auto source = written.find(path.lexically_relative(folders.switched.lexically_normal()).string());
     if (source == written.end()) continue;

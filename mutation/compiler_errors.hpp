@@ -10,7 +10,7 @@
 
 namespace mutation {
 
-// The places where a compiler runs and where it finds the switched sources.
+// The folder in which a compiler runs, and the folder in which it finds the switched sources.
 struct CompilerFolders {
   std::filesystem::path working;   // paths in the compiler's output can be relative to it
   std::filesystem::path switched;  // the switched sources
@@ -18,8 +18,8 @@ struct CompilerFolders {
 
 enum class Lines { Errors, All };
 
-// Returns the numbers of the code that lines of the compiler's output refer to. `written` is by path relative to the
-// folder of the switched sources.
+// Returns the numbers of the code to which lines of the compiler's output refer. The keys of `written` are paths
+// relative to the folder of the switched sources.
 std::set<unsigned> erroneousNumbers(const std::string& output, const CompilerFolders& folders,
                                     const std::map<std::string, SwitchedSource>& written, Lines lines);
 

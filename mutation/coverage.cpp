@@ -19,7 +19,7 @@ std::map<std::string, FileCoverage> readCoverage(const fs::path& folder, const f
   if (listed.status != 0) throw std::runtime_error("gcov failed:\n" + listed.output);
   const std::string root = tree.string() + "/";
   std::map<std::string, FileCoverage> coverage;
-  // A branch is in several counters, if the function is a template or in a header.
+  // A branch has several counters if its function is a template or is in a header.
   std::map<std::pair<std::string, unsigned>, std::vector<bool>> branches;
   std::istringstream documents(listed.output);
   for (std::string document; std::getline(documents, document);) {

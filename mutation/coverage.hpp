@@ -13,8 +13,8 @@ struct FileCoverage {
   std::size_t takenBranches = 0;
 };
 
-// Reads the counters in a folder. Returns the coverage of the files in `prefix`, by path relative to the root of the
-// repository. Throws std::runtime_error if gcov fails.
+// Reads the counters in a folder. Returns the coverage of the files below the folder `prefix`. The keys are paths
+// relative to the root of the repository. Throws std::runtime_error if gcov fails.
 std::map<std::string, FileCoverage> readCoverage(const std::filesystem::path& folder, const std::filesystem::path& tree,
                                                  const std::string& prefix);
 

@@ -24,7 +24,7 @@ Equivalents matchEquivalents(const std::string& text, const std::vector<Mutant>&
         result.reasons[index] = reason;
       }
       if (!isMatched)
-        result.errors.push_back(file + ": no mutant replaces \"" + original + "\" by \"" + replacement + "\"");
+        result.errors.push_back(file + ": no mutant replaces \"" + original + "\" with \"" + replacement + "\"");
       if (reason.empty()) result.errors.push_back(file + ": the mutant \"" + replacement + "\" needs a reason");
     }
   } catch (const nlohmann::json::exception& error) {

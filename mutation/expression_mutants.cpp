@@ -29,7 +29,7 @@ std::string trimmed(const std::string& text) {
   return begin == std::string::npos ? "" : text.substr(begin, text.find_last_not_of(" \n") - begin + 1);
 }
 
-// An expression of two operands begins with the first and ends with the second operand. The operator is between them.
+// An expression with two operands begins with the first operand and ends with the second. The operator is between them.
 void addOperators(const ScannedFile& file, const Span& span, const std::vector<CXCursor>& children, MutantList& list) {
   if (children.size() != 2 && children.size() != 3) return;
   const Span left = spanOf(file, children.front());

@@ -1,4 +1,4 @@
-// Reading and writing of whole files, and running of shell commands. Functions throw std::runtime_error on failure.
+// Reads and writes whole files, and runs shell commands. The functions throw std::runtime_error on failure.
 #pragma once
 
 #include <filesystem>
@@ -8,7 +8,7 @@
 namespace mutation {
 
 std::string readFile(const std::filesystem::path& path);
-// Creates the folders of the path. Does not touch a file that already has this text.
+// Writes the text, and creates the folders of the path. Does not modify a file that already contains this text.
 void writeFile(const std::filesystem::path& path, const std::string& text);
 
 struct CommandResult {

@@ -1,4 +1,4 @@
-// Fingerprints of files' contents. Stored results with another fingerprint are not used.
+// Fingerprints of the contents of files. A stored result is not used if its fingerprint differs.
 #pragma once
 
 #include <cstdint>

@@ -12,7 +12,7 @@ namespace mutation {
 void appendLine(const std::filesystem::path& file, const nlohmann::json& line) {
   const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
   const std::string text = line.dump() + "\n";
-  // One call, because several processes write.
+  // The line is written in one call, because several processes append to the file.
   const bool isWritten = write(descriptor, text.data(), text.size()) == static_cast<ssize_t>(text.size());
   close(descriptor);
   if (!isWritten) throw std::runtime_error(file.string() + " cannot be written");

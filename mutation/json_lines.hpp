@@ -10,13 +10,13 @@ namespace mutation {
 // Throws std::runtime_error if the file cannot be written.
 void appendLine(const std::filesystem::path& file, const nlohmann::json& line);
 
-// Reads lines of a file. A line that is not valid JSON is skipped, because a line is incomplete if the program was
-// ended while it wrote the line.
+// Reads the lines of a file. Skips a line that is not valid JSON, because the line is incomplete if the program was
+// terminated while it wrote the line.
 class LineReader {
  public:
   explicit LineReader(std::filesystem::path file) : file_(std::move(file)) {}
 
-  // Returns the complete lines since the last call. A missing file has no lines.
+  // Returns the complete lines that were appended since the last call. A missing file has no lines.
   std::vector<nlohmann::json> newLines();
 
  private:

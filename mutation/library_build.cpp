@@ -68,7 +68,7 @@ std::string LibraryBuild::object(const std::string& source) const {
   return (output_ / "objects" / (replaced(source, "/", "-") + ".o")).string();
 }
 
-// Returns the command that compiles `file` in the place of `source`.
+// Returns the command that compiles `file` instead of `source`.
 std::string LibraryBuild::compilation(const std::string& source, const std::string& file,
                                       const std::vector<std::string>& includes, const std::string& options,
                                       const std::string& target) const {

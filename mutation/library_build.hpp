@@ -19,7 +19,7 @@ class LibraryBuild {
 
   // The library's sources, relative to the root.
   const std::vector<std::string>& sources() const { return sources_; }
-  // The options that determine the meaning of the source, for another compiler.
+  // Returns the compiler options that affect how the source is parsed, for use with another compiler.
   std::vector<std::string> languageOptions(const std::string& source) const;
 
   // The commands that compile and link the library.
@@ -31,10 +31,10 @@ class LibraryBuild {
   std::filesystem::path switchedLibrary() const { return output_ / "libBrim.so"; }
 
   enum class Result { Built, DoesNotCompile, ChangesNothing };
-  // Builds a library that contains the mutant and otherwise the switched copy. `folder` receives the files.
+  // Builds a library that contains the mutant and is otherwise the switched copy. Writes the files to `folder`.
   Result buildWith(const Mutant& mutant, const std::filesystem::path& folder) const;
 
-  // Builds the library with counters of the executed lines.
+  // Builds the library with counters for the executed lines.
   void buildForCoverage(const std::filesystem::path& folder) const;
 
  private:

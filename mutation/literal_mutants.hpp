@@ -1,4 +1,4 @@
-// The mutants of literals, which are also in the arguments of macros.
+// The mutants of literals, including literals in the arguments of macros.
 #pragma once
 
 #include <string>

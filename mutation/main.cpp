@@ -1,4 +1,4 @@
-// Mutation testing of the library. Writes report.md into the folder of the results. See docs/mutation.md.
+// Mutation testing of the library. Writes report.md to the output folder. See docs/mutation.md.
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>

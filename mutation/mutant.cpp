@@ -6,7 +6,7 @@ namespace mutation {
 
 namespace {
 
-// Joins the lines, without indentation and without the spaces at their ends.
+// Joins the lines without indentation and trailing spaces.
 std::string unindented(const std::string& lines) {
   std::string joined;
   for (const char character : lines) {

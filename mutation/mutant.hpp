@@ -1,4 +1,4 @@
-// A mutant: a small change of the library that a test should detect.
+// A mutant: a small change to the library that a test should detect.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 namespace mutation {
 
-// How a change is written into the switched copy of a source, in which the change is selected at run time.
+// The form in which a change is written into the switched copy of a source, where it is selected at run time.
 enum class Form {
   Jump,        // a return, break or continue statement, without its semicolon
   Statement,   // an expression whose value is not used
@@ -28,7 +28,7 @@ struct Mutant {
   std::string function;   // the enclosing function, type or variable; empty outside of declarations
   std::string operation;  // such as "comparison"
   Form form = Form::Expression;
-  // In the order of the file, without overlaps.
+  // The edits in the order of their positions, without overlaps.
   std::vector<Edit> edits;
   unsigned line = 0;
   // The changed lines before and after the change, without indentation.
@@ -36,10 +36,10 @@ struct Mutant {
   std::string replacement;
   // Whether the change is in the body of a function, where a condition can select it.
   bool isInBody = false;
-  // The functions whose execution can execute the change: the enclosing function, or the functions that refer to the
-  // enclosing declaration. Names are unified symbol resolutions. Empty if they are not known.
+  // The functions that can execute the change: the enclosing function, or the functions that refer to the enclosing
+  // declaration. Names are unified symbol resolutions. Empty if the functions are unknown.
   std::vector<std::string> executedBy;
-  // The functions that the changed text names. Their tests probably detect the change.
+  // The functions that the changed text refers to. The tests of these functions probably detect the change.
   std::vector<std::string> related;
 };
 

@@ -50,7 +50,7 @@ class Scan {
 
   std::vector<Mutant> takeMutants() { return std::move(list_.mutants); }
   std::vector<FunctionBody> takeBodies() { return std::move(bodies_); }
-  // Pairs of a used and a using declaration.
+  // Pairs of a declaration and a declaration that uses it.
   std::set<std::pair<std::string, std::string>> references;
   std::set<std::string> functions;
 
@@ -145,7 +145,7 @@ class Scan {
   std::string prefix_;
   std::string folder_;
   std::set<std::string>& scannedFiles_;
-  // By the names that libclang uses. Nothing for a file outside of the folder.
+  // The keys are file names as libclang reports them. A file outside of the folder has no value.
   std::map<std::string, std::optional<ScannedFile>> files_;
   MutantList list_;
   std::vector<FunctionBody> bodies_;

@@ -15,11 +15,11 @@ class MutantFinder {
   // `tree` is the root of the repository. Only files in `folder`, which is relative to the root, have mutants.
   MutantFinder(std::filesystem::path tree, std::string folder);
 
-  // Adds the mutants of the source, and of its headers in the folder unless an earlier source included them. `options`
-  // are options of the compiler, without the names of files.
+  // Adds the mutants of the source and of its headers in the folder, except for headers that an earlier source
+  // included. `options` are compiler options, without file names.
   void addSource(const std::filesystem::path& source, const std::vector<std::string>& options);
 
-  // Returns the mutants of all added sources, sorted by file and place.
+  // Returns the mutants of all added sources, sorted by file and position.
   Mutants found() const;
 
  private:

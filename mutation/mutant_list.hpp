@@ -10,13 +10,13 @@
 
 namespace mutation {
 
-// The operation of a changed literal.
+// The name of the operation that changes a literal.
 inline constexpr const char* constantOperation = "constant";
 
 class MutantList {
  public:
-  // Adds the mutant unless it changes nothing, or changes a part of a macro's use. Literals and rows can be changed in
-  // macros.
+  // Adds the mutant. Ignores a mutant that changes nothing, and a mutant that changes a part of a macro invocation,
+  // unless it changes a literal or a row.
   void add(const ScannedFile& file, const char* operation, Form form, std::vector<Edit> edits);
 
   std::vector<Mutant> mutants;

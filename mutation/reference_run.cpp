@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
-// The latest line of each test that has the test's fingerprint.
+// Returns, for each test, the latest line that has the test's fingerprint.
 std::map<std::string, Json> storedLines(const fs::path& file, const std::map<std::string, std::string>& fingerprints) {
   std::map<std::string, Json> lines;
   for (const Json& line : LineReader(file).newLines()) {

@@ -12,7 +12,7 @@ namespace mutation {
 
 struct KnownTest {
   Test test;
-  // Identifies the programs of the test and the sources of the library.
+  // Identifies the test's programs and the library's sources.
   std::string fingerprint;
   double seconds = 0;
   double processorSeconds = 0;
@@ -25,13 +25,13 @@ struct KnownTest {
 RunLimits limitsOf(const KnownTest& test);
 
 struct ReferenceRun {
-  std::vector<KnownTest> tests;          // that execute the library and pass, sorted by name
-  std::vector<std::string> failedTests;  // that execute the library and failed twice
-  std::string fingerprint;               // of all tests
+  std::vector<KnownTest> tests;          // the tests that execute the library and pass, sorted by name
+  std::vector<std::string> failedTests;  // the tests that execute the library and failed twice
+  std::string fingerprint;               // the fingerprint of all tests
 };
 
-// Returns the fingerprint of each test: of the sources, of all programs and libraries that tests can share, and of the
-// test's own files.
+// Returns the fingerprint of each test. It depends on the sources, on all programs and libraries that tests can share,
+// and on the test's own files.
 std::vector<std::string> fingerprintsOf(const std::vector<Test>& tests, const std::filesystem::path& configured,
                                         const std::string& sources);
 
@@ -41,8 +41,8 @@ struct ReferenceFolders {
   std::filesystem::path library;
 };
 
-// Runs the tests that have no stored result, or whose fingerprint has changed. `count` is the number of numbers in the
-// switched copy. Throws std::runtime_error if no test executes the library.
+// Runs the tests that have no stored result, or whose fingerprint has changed. `count` is how many numbers the switched
+// copy contains. Throws std::runtime_error if no test executes the library.
 ReferenceRun runWithoutMutant(const ReferenceFolders& folders, const std::string& sources, std::size_t count);
 
 inline constexpr RunLimits limitsWithoutMutant = {UINT64_MAX, 120, 240};

@@ -25,7 +25,7 @@ void count(Score& score, State state) {
   if (state == State::Survived || state == State::SurvivedFirstTests || state == State::NotExecuted) ++score.survived;
 }
 
-// Scores by a property of the mutants.
+// Returns the score for each value of a property of the mutants.
 template <class Property>
 std::map<std::string, Score> scoresBy(const ReportData& data, Property property) {
   std::map<std::string, Score> scores;

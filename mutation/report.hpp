@@ -25,7 +25,7 @@ struct ReportData {
 struct Score {
   std::size_t killed = 0;
   std::size_t survived = 0;  // including the mutants that no test executes
-  // In percent. 100 without mutants.
+  // The percentage of killed mutants; 100 if there are no mutants.
   double percent() const;
 };
 

@@ -4,7 +4,8 @@ namespace mutation {
 
 using Json = nlohmann::json;
 
-// Argument-dependent lookup does not find functions of an unnamed namespace.
+// The functions that this macro defines are outside the unnamed namespace, because argument-dependent lookup must find
+// them.
 NLOHMANN_JSON_SERIALIZE_ENUM(State, {{State::Killed, "killed"},
                                      {State::Survived, "survived"},
                                      {State::SurvivedFirstTests, "survived the first tests"},
@@ -21,7 +22,7 @@ ResultFile::ResultFile(std::filesystem::path file, Fingerprints fingerprints)
   update();
 }
 
-// A kill is valid as long as the test that failed is the same. A survivor is valid as long as all tests are the same.
+// A kill is valid until the test that failed changes. A survivor is valid until any test changes.
 const std::string& ResultFile::fingerprintOf(State state, const std::string& test) const {
   static const std::string none;
   switch (state) {
@@ -53,7 +54,7 @@ void ResultFile::append(const MutantKey& key, const MutantResult& result) {
 
 void ResultFile::update() {
   for (const Json& line : reader_.newLines()) {
-    // Lines of an earlier format have other members.
+    // A line without this member has an earlier format.
     if (!line.contains("unreliableTests")) continue;
     const std::string key = line.at("key");
     const std::string test = line.at("test");

@@ -24,20 +24,20 @@ enum class State {
 
 struct MutantResult {
   State state = State::Survived;
-  std::string test;  // that failed; empty if none did
+  std::string test;  // the test that failed; empty if none did
   Outcome outcome = Outcome::Passed;
-  std::size_t testCount = 0;  // the tests that were run
-  // The tests of SurvivedFirstTests.
+  std::size_t testCount = 0;  // the number of tests that were run
+  // In the state SurvivedFirstTests: the tests that passed.
   std::vector<std::string> passedTests = {};
-  // The tests that failed once, and also without the mutant or not again with it.
+  // The tests that failed with the mutant, and then failed without it or passed with it.
   std::vector<std::string> unreliableTests = {};
-  double seconds = 0;  // in one of several processes
+  double seconds = 0;  // the time in one of several processes
 };
 
-// What identifies a mutant in all runs.
+// The values that identify a mutant in all runs.
 struct MutantKey {
   std::string text;
-  std::string function;  // with the file
+  std::string function;  // the file and the function
   std::string file;
 };
 
@@ -56,9 +56,9 @@ class ResultFile {
   // Reads the lines that this and other processes have appended since the last call.
   void update();
 
-  // The valid result, or nullptr.
+  // Returns the valid result, or nullptr if there is none.
   const MutantResult* find(const std::string& key) const;
-  // Adds what is known from all results, including results for other states of the sources.
+  // Adds the kills from all results, including results for other states of the sources.
   void addKills(const MutantKey& key, TestQuery& query) const;
 
  private:

@@ -13,19 +13,19 @@ namespace mutation {
 // A function, type or variable that is not local to a function.
 struct Declaration {
   Span span;
-  Span body;  // of a function; empty for a declaration without a body
+  Span body;  // the body of a function; empty for a declaration without a body
   std::string name;
   std::string symbol;
 };
 
 struct ScannedFile {
-  std::string name;  // for libclang
+  std::string name;  // the file name for libclang
   std::string path;  // relative to the root
   std::string text;
   std::vector<Declaration> declarations;
   std::vector<Span> macroUses;
   std::vector<Span> staticAssertions;
-  // The functions and variables that the file names, by place.
+  // The functions and variables that the file refers to, by the position of the reference.
   std::map<std::size_t, std::string> references;
 };
 

@@ -35,7 +35,7 @@ void addRows(const ScannedFile& file, CXCursor variable, const std::vector<CXCur
   }
 }
 
-// Assignments are excluded, because the order of two assignments rarely matters.
+// Excludes assignments, because the order of two assignments rarely matters.
 bool isCall(CXCursor cursor) {
   if (clang_getCursorKind(cursor) == CXCursor_CallExpr)
     return !stringOf(clang_getCursorSpelling(cursor)).starts_with("operator");
@@ -49,7 +49,7 @@ void addRemoval(const ScannedFile& file, CXCursor statement, MutantList& list) {
   if (span.size() > 0) list.add(file, "removed statement", Form::Statement, {{span.begin, span.end, ""}});
 }
 
-// Adds the mutants of the statements of a block.
+// Adds the mutants of the statements in a block.
 void addStatements(const ScannedFile& file, const std::vector<CXCursor>& statements, MutantList& list) {
   for (std::size_t index = 0; index < statements.size(); ++index) {
     addRemoval(file, statements[index], list);
@@ -62,7 +62,8 @@ void addStatements(const ScannedFile& file, const std::vector<CXCursor>& stateme
   }
 }
 
-// Adds the removal of statements that have no block. The first expression of `if` and `while` is the condition.
+// Adds mutants that remove statements that are not in a block. The first expression in `if` and `while` is the
+// condition.
 void addBranches(const ScannedFile& file, CXCursorKind kind, const std::vector<CXCursor>& children, MutantList& list) {
   if (children.empty()) return;
   if (kind != CXCursor_IfStmt) {

@@ -7,7 +7,7 @@
 namespace mutation {
 
 void addStatementMutants(const Node& node, MutantList& list);
-// Adds the removal of a macro's use that is a line.
+// Adds a mutant that removes a macro invocation if the invocation is a whole line.
 void addMacroRow(const ScannedFile& file, const Span& span, MutantList& list);
 
 }  // namespace mutation

@@ -21,7 +21,8 @@ struct Choice {
   std::vector<Alternative> alternatives;
   std::vector<unsigned> executed;  // the numbers that are logged here, at the beginning of a function's body
 
-  // The order in which the choices begin in the switched copy: an outer choice is before the choices inside it.
+  // Sorts the choices by the position at which they begin in the switched copy. An outer choice precedes the choices
+  // inside it.
   auto order() const {
     return std::tuple(begin, executed.empty(), std::numeric_limits<std::size_t>::max() - end, form);
   }

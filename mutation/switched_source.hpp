@@ -1,4 +1,4 @@
-// Writes the switched copy of a source: a copy that contains many mutants, from which the process selects one at run
+// Writes the switched copy of a source: a copy that contains many mutants, one of which the process selects at run
 // time. See runtime/selection.hpp.
 #pragma once
 
@@ -29,12 +29,12 @@ struct SwitchedSource {
     std::size_t end;
   };
   std::string text;
-  // The code of each number in `text`. A number can have several ranges.
+  // The ranges of the code in `text` for each number. A number can have several ranges.
   std::vector<Range> ranges;
   // The mutants that `text` does not contain, because they overlap with another mutant.
   std::set<unsigned> omitted;
 
-  // Returns the numbers of the smallest range that contains the place.
+  // Returns the numbers of the smallest range that contains the position.
   std::set<unsigned> numbersAt(std::size_t place) const;
 };
 

@@ -23,10 +23,10 @@ struct Place {
   Span span;
 };
 
-// Returns the text and releases it.
+// Converts the string and disposes of it.
 std::string stringOf(CXString text);
 
-// Returns the file and the place of the range. For code from a macro, this is the place of the macro's use.
+// Returns the file and the position of the range. For code from a macro, this is the position of the macro invocation.
 Place placeOf(CXSourceRange range);
 
 std::vector<CXCursor> childrenOf(CXCursor cursor);

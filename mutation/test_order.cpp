@@ -31,7 +31,7 @@ std::size_t lettersIn(const std::string& name, const std::vector<std::string>& w
   return letters;
 }
 
-// Without the instance and the parameter of a parameterized test.
+// Returns the name of the suite, without the instance and the parameter of a parameterized test.
 std::string suiteOf(const std::string& test) {
   const std::size_t end = std::min(test.find('.'), test.size());
   const std::size_t slash = test.rfind('/', end);
@@ -42,13 +42,13 @@ std::string suiteOf(const std::string& test) {
 struct Ranked {
   const KnownTest* test;
   bool isLastKiller;
-  std::size_t letters;  // of the words that are in the name of the test
+  std::size_t letters;  // the number of letters of the words in the test's name
   std::size_t functionKills;
   std::size_t related;
   std::size_t fileKills;
-  std::size_t place = 0;  // in its suite
+  std::size_t place = 0;  // the position in the suite
 
-  // A short word can be in the name by coincidence.
+  // Ignores short words, because they can be in the name by coincidence.
   std::size_t strongMatch() const { return letters >= minMatchingLetters ? letters : 0; }
   auto order() const {
     return std::tuple(!isLastKiller, ~strongMatch(), ~functionKills, ~related, ~letters, ~fileKills, test->reachedCount,
@@ -97,7 +97,7 @@ std::vector<const KnownTest*> orderedTests(const std::vector<KnownTest>& tests, 
   const auto others = std::ranges::find_if_not(ranked, isFirst);
   const auto specificCount = std::min<std::ptrdiff_t>(specificTestCount, ranked.end() - others);
   const auto general = others + specificCount;
-  // A test that executes little code rarely detects a change of code that most tests execute.
+  // A test that executes little code rarely detects a change to code that most tests execute.
   std::ranges::stable_sort(general, ranked.end(), std::greater(),
                            [](const Ranked& entry) { return entry.test->reachedCount; });
   std::map<std::string, std::size_t> places;

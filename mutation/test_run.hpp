@@ -22,9 +22,9 @@ std::vector<Test> listTests(const std::filesystem::path& configured);
 enum class Outcome { Passed, Failed, TooManyCalls, TooLong };
 
 struct RunLimits {
-  std::uint64_t calls;      // of switched code; a deterministic limit
-  double processorSeconds;  // of each process
-  double seconds;           // of the duration
+  std::uint64_t calls;      // the calls of switched code; a deterministic limit
+  double processorSeconds;  // for each process
+  double seconds;           // for the whole run
 };
 
 struct TestRun {
@@ -32,12 +32,12 @@ struct TestRun {
   double seconds = 0;
   double processorSeconds = 0;
   std::uint64_t calls = 0;
-  // For each number, whether its code was executed.
+  // The value for each number is true if its code was executed.
   std::vector<bool> reached;
 };
 
-// A folder with the layout of a build folder, in which the library can be replaced. The simulator finds the library
-// relative to its own path. Each process must use its own folder.
+// A folder that is laid out like a build folder, because the simulator finds the library relative to its own path. The
+// library in this folder can be replaced. Each process must use its own folder.
 class TestFolder {
  public:
   // `temporary` is an empty folder with a short path, because a socket's path has at most 107 characters. Its contents
@@ -47,8 +47,8 @@ class TestFolder {
   const std::filesystem::path& path() const { return folder_; }
   void useLibrary(const std::filesystem::path& library) const;
 
-  // Runs a test with mutant `selected`, or with no mutant if it is 0. `count` is the number of numbers in the switched
-  // copy. Afterwards, ends all processes that the test has left.
+  // Runs a test with the mutant `selected`, or with no mutant if `selected` is 0. `count` is how many numbers the
+  // switched copy contains. Afterwards, ends all processes that the test has left running.
   TestRun run(const Test& test, unsigned selected, std::size_t count, const RunLimits& limits) const;
 
  private:

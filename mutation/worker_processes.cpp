@@ -26,13 +26,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Tests wait for their helper processes for a third of their duration, so more processes than processors are useful.
+// A test spends a third of its duration waiting for its helper processes, so more processes than processors are useful.
 unsigned processCount() {
   const unsigned processors = std::max(1U, std::thread::hardware_concurrency());
   return processors + (processors + 1) / 2;
 }
 
-// Blocks the signals that end the program and the signal of an ended child.
+// Blocks the signals that end the program, and the signal that reports the end of a child process.
 class BlockedSignals {
  public:
   BlockedSignals() {

@@ -1,4 +1,4 @@
-// Processes that run tests in parallel, and the temporary folder that they use.
+// Worker processes that run tests in parallel, and the temporary folder that they use.
 #pragma once
 
 #include <sys/types.h>
@@ -22,8 +22,8 @@ class FolderLock {
   int descriptor_;
 };
 
-// A temporary folder with a short path, because a socket's path has at most 107 characters. `record` is a file for the
-// path: if the program is killed, the next temporary folder with the same record removes the folder.
+// A temporary folder with a short path, because a socket's path has at most 107 characters. The path is stored in the
+// file `record`. If the program is killed, the next object with the same record removes the folder.
 class ShortFolder {
  public:
   explicit ShortFolder(std::filesystem::path record);
@@ -45,12 +45,12 @@ struct Shared {
   std::atomic<std::size_t> done;
 };
 
-// Calls the function in several processes. Throws std::runtime_error if one of them fails, or after SIGINT, SIGTERM or
-// SIGHUP. In both cases, no process is left. A test's processes that outlive the test become children of the process
-// that ran the test, which is why threads do not suffice.
+// Calls the function in several worker processes. Throws std::runtime_error if a worker fails, or after SIGINT, SIGTERM
+// or SIGHUP. In both cases, all workers have ended. The workers are processes, not threads, because a process that
+// outlives its test becomes a child of the process that ran the test, which must end it.
 void inProcesses(const std::function<void(unsigned worker, Shared& shared)>& function);
 
-// Makes this process the parent of the processes whose parent ends.
+// Makes this process the parent of descendants whose parent ends.
 void adoptOrphans();
 // Ends all children of this process, and the processes that become its children as a result.
 void endChildren();

@@ -1,6 +1,6 @@
-// Blocks made from lambdas, and blocks called from C++. On the phone, the compiler creates the blocks, because only the
-// compiler knows how the pointers in a block are signed for each processor. On other systems this header defines the
-// memory layout of a block.
+// Creates blocks from lambdas, and calls blocks from C++. On the phone, the compiler creates the blocks, because only
+// the compiler knows how the pointers in a block are signed for each processor. On other systems, this header defines
+// the memory layout of a block.
 #pragma once
 
 #include <new>
@@ -16,8 +16,8 @@ namespace objc {
 template <class Signature>
 class Block;
 
-// A block as the platform passes it: a borrowed pointer whose target can be called. Objects of this class are never
-// created by value.
+// A block as the platform passes it. It is used only through borrowed pointers, can be called, and is never created by
+// value.
 template <class Result, class... Arguments>
 class Block<Result(Arguments...)> {
  public:

@@ -1,6 +1,6 @@
-// A pointer that is computed at first use and then cached until the process ends. Any thread can use it. If several
-// threads request the pointer before it is cached, each of them can compute it. Therefore, the computation must be safe
-// to repeat.
+// A pointer that is computed at first use and then cached until the process ends. Any thread can use it. Several
+// threads can compute the pointer before it is cached. Therefore, the computation must be thread-safe and always have
+// the same result.
 #pragma once
 
 namespace objc {

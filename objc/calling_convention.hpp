@@ -1,6 +1,6 @@
-// How arm64 passes the arguments and the result of a method or block, computed from its type encoding. The phone and
-// Linux pass the same values in the same registers, but differ in integers of fewer than 32 bits: the phone's code
-// expects them to be extended to 32 bits, and on the stack it packs arguments of fewer than 64 bits.
+// Computes from the type encoding of a method or block how arm64 passes its arguments and its result. The phone and
+// Linux pass the same values in the same registers, with two differences: the phone's code expects integers of fewer
+// than 32 bits to be extended to 32 bits, and it packs arguments of fewer than 64 bits on the stack.
 #pragma once
 
 #include <cstddef>
@@ -31,10 +31,10 @@ struct CallingConvention {
   static constexpr std::size_t registerCount = 8;
 
   NarrowInteger result = NarrowInteger::None;
-  // By the number of the general register.
+  // Indexed by the number of the general-purpose register.
   NarrowInteger arguments[registerCount] = {};
   bool usesStack = false;
-  // An argument of fewer than 64 bits is on the stack, where its position differs between the phone and Linux.
+  // True if an argument of fewer than 64 bits is on the stack, where its position differs between the phone and Linux.
   bool packsStack = false;
   // False if the encoding contains a type that this header does not know. The other members are then incomplete.
   bool isKnown = true;
@@ -48,13 +48,13 @@ struct CallingConvention {
 
 namespace detail {
 
-// The properties of a type that decide where it is passed.
+// The properties of a type that determine where its values are passed.
 struct PassedType {
   std::size_t size = 0;
   std::size_t alignment = 1;
   NarrowInteger narrow = NarrowInteger::None;
   bool isStruct = false;
-  // The number of members if all are floating-point numbers of the same size, otherwise 0.
+  // The number of members if all members are floating-point numbers of the same size, and 0 otherwise.
   std::size_t floatingMembers = 0;
 };
 
@@ -102,7 +102,7 @@ class PassedTypeReader {
         if (*next_ == '"') skipQuoted();
         return pointer;
       case '^':
-        // A pointer to an unknown type is a pointer.
+        // A pointer to an unknown type, such as a function, is passed like any other pointer.
         if (*next_ == '?') {
           ++next_;
         } else {
@@ -167,7 +167,7 @@ class PassedTypeReader {
 
 }  // namespace detail
 
-// The encoding begins with the type of the result. Names, qualifiers and offsets in it have no effect.
+// The encoding begins with the type of the result. Names, qualifiers and offsets in the encoding are ignored.
 constexpr CallingConvention callingConventionOf(const char* encoding) {
   constexpr std::size_t maxSizeInRegisters = 16;
   CallingConvention convention;
@@ -177,7 +177,7 @@ constexpr CallingConvention callingConventionOf(const char* encoding) {
   std::size_t vector = 0;
   while (reader.isKnown() && !reader.atEnd()) {
     detail::PassedType argument = reader.read();
-    // The caller passes a pointer to a large struct.
+    // A large struct is passed as a pointer to it.
     if (argument.isStruct && argument.floatingMembers == 0 && argument.size > maxSizeInRegisters) argument = {8, 8};
     const bool isFloating = argument.floatingMembers > 0;
     std::size_t& used = isFloating ? vector : general;
@@ -195,7 +195,7 @@ constexpr CallingConvention callingConventionOf(const char* encoding) {
   return convention;
 }
 
-// Whether code for the phone and code for Linux find the arguments in the same places.
+// Returns whether code for the phone and code for Linux expect the arguments in the same places.
 constexpr bool isPassedAlike(const char* encoding) {
   const CallingConvention convention = callingConventionOf(encoding);
   return convention.isKnown && !convention.packsStack;

@@ -13,8 +13,8 @@
 
 namespace objc {
 
-// Maps a class to the struct that contains the state of its objects. Specialize it next to the definition of the
-// struct.
+// Maps a class to the struct that contains the state of its objects. Specialize this template next to the definition of
+// the struct.
 template <class Type>
 struct StateOf;
 template <class Type>
@@ -42,7 +42,7 @@ constexpr MethodEntry classMethod() {
 }
 
 // A member of the state struct that the runtime lists as a separate instance variable. A class lists either no members
-// or all of them, in the order of their declaration.
+// or all members, in the order of their declaration.
 struct FieldEntry {
   const char* name;
   const char* encoding;
@@ -130,8 +130,8 @@ template <class Type>
 }
 
 // Defines the class and adds State<Type> to each of its objects. +alloc constructs the state, and -dealloc destroys it.
-// If `fields` is empty, the runtime lists the whole state as one instance variable. Returns false also if the runtime
-// rejects an instance variable or does not place the variables as the struct does; the class must not be used then.
+// If `fields` is empty, the runtime lists the whole state as one instance variable. Also returns false if the runtime
+// rejects an instance variable or lays out the variables differently from the struct. Then do not use the class.
 template <class Type>
 [[nodiscard]] bool tryToDefineClassWithState(std::span<const MethodEntry> methods,
                                              std::span<const FieldEntry> fields = {}) {
@@ -141,8 +141,8 @@ template <class Type>
   Class defined = superclass == nullptr ? nullptr : objc_allocateClassPair(superclass, Type::className, 0);
   if (defined == nullptr) return false;
 
-  // The instance variable that contains the whole state is named after the class, because the runtime rejects a name
-  // that a superclass already uses for an instance variable.
+  // The instance variable that contains the whole state is named after the class, because its name must differ from
+  // those in the superclasses. The runtime rejects duplicates.
   static constexpr FieldEntry whole = {Type::className, "?", sizeof(Struct), alignof(Struct), 0};
   if (fields.empty()) fields = std::span<const FieldEntry>(&whole, 1);
   for (const FieldEntry& entry : fields)
@@ -167,7 +167,7 @@ template <class Type>
   return true;
 }
 
-// As above, for a process that cannot continue without the class.
+// These two functions abort the process if the class cannot be defined.
 template <class Type>
 void defineClass(std::span<const MethodEntry> methods) {
   if (!tryToDefineClass<Type>(methods)) __builtin_trap();

@@ -71,8 +71,8 @@ requires std::is_enum_v<Type>
 struct TypeEncoding<Type> : TypeEncoding<std::underlying_type_t<Type>> {
 };
 
-// A pointer to a class, complete or incomplete, is an Objective-C object, because platform classes are only used
-// through pointers.
+// A pointer to any C++ class, complete or incomplete, is encoded as an Objective-C object, because platform classes are
+// used only through pointers.
 template <class Type>
 requires std::is_class_v<Type>
 struct TypeEncoding<Type*> : EncodingText<"@"> {

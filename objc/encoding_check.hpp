@@ -9,9 +9,9 @@
 
 namespace objc::detail {
 
-// Reads the types of an encoding one after the other. It reduces each type to the properties on which the calling
-// convention depends: integer of a certain size, floating point, pointer, or struct with its members. It skips names,
-// qualifiers and offsets.
+// Reads the types in an encoding in sequence. It reduces each type to the properties on which the calling convention
+// depends: integer of a certain size, floating point, pointer, or struct with its members. It skips names, qualifiers
+// and offsets.
 class EncodingReader {
  public:
   explicit EncodingReader(const char* encoding) : next_(encoding) {}
@@ -86,9 +86,9 @@ class EncodingReader {
   const char* next_;
 };
 
-// Whether a method of type `defined` can receive a message of type `sent`. An argument of 64 bits can be received as 32
-// bits, because some enumerations have 64 bits on the phone and 32 bits in GNUstep's Foundation, and the method then
-// reads the lower half of the register. All other types must have equal kinds.
+// Returns whether a method of type `defined` can receive a message of type `sent`. All types must have equal kinds,
+// with one exception: a method can receive an argument of 64 bits as 32 bits, because it then reads the lower half of
+// the register. Some enumerations have 64 bits on the phone and 32 bits in GNUstep's Foundation.
 inline bool sameCallingConvention(const char* sent, const char* defined) {
   EncodingReader left(sent);
   EncodingReader right(defined);

@@ -47,7 +47,7 @@ constexpr FixedString<left + right> operator+(const FixedString<left>& first, co
   return joined;
 }
 
-// The null-terminated text of the string, with static storage duration.
+// The null-terminated text of the string. It has static storage duration.
 template <FixedString string>
 struct TextOf {
   static constexpr const char* text = string.data();

@@ -13,7 +13,7 @@
 namespace objc {
 
 // The implementation that a hook has replaced. Call it with the arguments of the hook. If the class had no
-// implementation, the call does nothing and returns a zero of the result type.
+// implementation, the call does nothing and returns zero, nil or false.
 template <class Signature>
 class Original;
 

@@ -26,7 +26,7 @@ inline InstalledMethod install(const MethodRow& row, HookFunction* hookFunction)
   const SEL selector = sel_registerName(row.selector);
   bool effective = false;
   if (row.kind == RowKind::Hook) {
-    // Without this check, some code-injection loaders would add a missing method.
+    // This check is required because some code-injection loaders add the method if it is missing.
     if (target != nullptr && class_getInstanceMethod(target, selector) != nullptr) {
       hookFunction(target, selector, row.implementation, row.replaced);
       effective = *row.replaced != nullptr;

@@ -12,8 +12,8 @@ namespace objc {
 inline void retainObject(const void* object) { send<id, "retain">(object); }
 inline void releaseObject(const void* object) { send<void, "release">(object); }
 
-// A strong reference, or null. `adopt` takes over a reference that the caller owns, such as the result of alloc, copy
-// or new. `retain` retains a borrowed object.
+// A strong reference, or null. `adopt` takes ownership of an object that the caller owns, such as the result of alloc,
+// copy or new. `retain` retains a borrowed object.
 template <class Type>
 class Ref {
  public:
@@ -75,7 +75,7 @@ Ref<Type> make() {
   return adopt(send<Type*, "init">(send<id, "alloc">(Type::classObject())));
 }
 
-// Allocates an object: [Type alloc]. Pass the result to an initializer, which takes over the ownership.
+// Allocates an object: [Type alloc]. Pass the result to an initializer, which takes ownership of it.
 template <class Type>
 Type* allocate() {
   return send<Type*, "alloc">(Type::classObject());
@@ -86,7 +86,7 @@ Type* autorelease(Ref<Type> reference) {
   return send<Type*, "autorelease">(reference.leak());
 }
 
-// A reference that does not retain its object. `lock` returns a strong reference, or null after the object was
+// A reference that does not retain its object. `lock` returns a strong reference, or null if the object has been
 // deallocated. Any thread can call `lock`.
 template <class Type>
 class Weak {

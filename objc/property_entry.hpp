@@ -16,8 +16,8 @@ struct PropertyEntry {
 
 namespace detail {
 
-// The type of the value that the accessors of a member return and receive. For a strong reference, this is a borrowed
-// pointer; the setter retains the object.
+// The type of the value that a member's accessors return and receive. For a strong reference, it is a borrowed pointer,
+// whose object the setter retains.
 template <class Member>
 struct Stored {
   using Value = Member;
@@ -51,13 +51,13 @@ struct Accessors {
 
 }  // namespace detail
 
-// The property `name`, whose value is the member of the state. It has no setter.
+// A property whose value is a member of the state, with a getter only.
 template <FixedString name, class Type, auto member>
 constexpr PropertyEntry readOnly() {
   return {method<name, &detail::Accessors<Type, member>::get>(), {}};
 }
 
-// The property `name`, whose value is the member of the state, with a getter and a setter.
+// A property whose value is a member of the state, with a getter and a setter.
 template <FixedString name, class Type, auto member>
 constexpr PropertyEntry stored() {
   using Accessors = detail::Accessors<Type, member>;

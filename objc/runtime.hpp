@@ -10,7 +10,7 @@
 #else
 #include <objc/message.h>
 #include <objc/runtime.h>
-// GCC's headers define these macros. C++ code uses the same names.
+// GCC's headers define these names as macros. The C++ code needs the same names.
 #undef YES
 #undef NO
 #undef nil
@@ -35,8 +35,8 @@ namespace objc {
 
 enum class AssociationPolicy : std::uintptr_t { Assign = 0, RetainNonatomic = 1, CopyNonatomic = 3 };
 
-// Conversions between functions of any signature and method implementations. The intermediate cast keeps the compiler
-// from warning about incompatible function types.
+// Converts between functions of any signature and method implementations. The intermediate cast prevents a compiler
+// warning about incompatible function types.
 template <class Function>
 IMP toImplementation(Function* function) {
   return reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(function));
@@ -46,7 +46,7 @@ Function* fromImplementation(IMP implementation) {
   return reinterpret_cast<Function*>(reinterpret_cast<void (*)()>(implementation));
 }
 
-// Returns the function to call in order to send the message to the receiver.
+// Returns the function that must be called to send the message to the receiver.
 #if defined(__APPLE__)
 inline IMP implementationFor(id, SEL) { return toImplementation(&objc_msgSend); }
 #else

@@ -15,15 +15,15 @@
 
 namespace objc {
 
-// The selector with this name.
+// Returns the selector with this name.
 template <FixedString name>
 SEL selector() {
   static CachedPointer<SEL> registered;
   return registered.getOrFind([] { return sel_registerName(TextOf<name>::text); });
 }
 
-// The class with this name, or null if the process has no such class. A class that was found is cached; a missing class
-// is looked up again at the next call.
+// Returns the class with this name, or null if the process has no such class. A result other than null is cached; a
+// missing class is looked up again at the next call.
 template <FixedString name>
 Class lookUpClass() {
   static CachedPointer<Class> found;
@@ -81,7 +81,7 @@ bool hasMethod(Class examined) {
 }
 
 // Sends a message that is not part of the platform's public interface, so a system version can lack it. If the receiver
-// does not respond to it, does nothing and returns a zero of the result type, as for nil.
+// does not respond to the message, does nothing and returns nil, zero or false.
 template <class Result, FixedString name, class... Arguments>
 Result sendIfAvailable(const void* receiver, Arguments... arguments) {
   const bool isAvailable = send<bool, "respondsToSelector:">(receiver, selector<name>());
@@ -120,8 +120,8 @@ class Interface : public Super {
   static Class classObject() { return lookUpClass<name>(); }
 };
 
-// Casts the object to Type if it is an instance of that class or of a subclass; returns null otherwise and for nil. Use
-// it for untrusted values, whose type is unknown.
+// Casts the object to Type if it is an instance of that class or of a subclass. Otherwise, and for nil, returns null.
+// Use this function for untrusted values, whose type is unknown.
 template <class Type>
 Type* as(const void* object) {
   if (object == nullptr || Type::classObject() == nullptr) return nullptr;

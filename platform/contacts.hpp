@@ -1,5 +1,5 @@
-// The address book: its store, its containers and its contacts. Any thread. The functions of this header pass null as
-// the error argument of a message. The result reports a failure.
+// The address book: its store, its containers and its contacts. Any thread. The functions in this header pass null as
+// the error argument of a message; only the return value indicates a failure.
 #pragma once
 
 #include "objc/block.hpp"
@@ -7,7 +7,7 @@
 #include "platform/ns_data.hpp"
 #include "platform/ns_string.hpp"
 
-// The keys of the properties of a contact. A fetch request lists the keys of the properties to fetch.
+// The keys of a contact's properties. A fetch request lists the keys of the properties to fetch.
 extern "C" {
 extern NSString* const CNContactEmailAddressesKey;
 extern NSString* const CNContactPhoneNumbersKey;
@@ -32,7 +32,7 @@ class CNContact : public objc::Interface<"CNContact", NSObject> {
   }
   NSString* identifier() const { return objc::send<NSString*, "identifier">(this); }
   NSString* givenName() const { return objc::send<NSString*, "givenName">(this); }
-  // The addresses as CNLabeledValue objects, in the contact's order.
+  // The addresses as CNLabeledValue objects, in the order in which the contact lists them.
   NSArray* emailAddresses() const { return objc::send<NSArray*, "emailAddresses">(this); }
   // The bytes of an image file, or nil if the contact has no picture.
   NSData* imageData() const { return objc::send<NSData*, "imageData">(this); }
@@ -64,7 +64,7 @@ class CNContactStore : public objc::Interface<"CNContactStore", NSObject> {
   NSArray* containersMatching(NSPredicate* predicate) const {
     return objc::send<NSArray*, "containersMatchingPredicate:error:">(this, predicate, error());
   }
-  // Returns CNContact objects with the properties of these keys; nil if the address book cannot be read.
+  // Returns CNContact objects with the properties that the keys select; nil if the address book cannot be read.
   NSArray* contactsMatching(NSPredicate* predicate, NSArray* keys) const {
     return objc::send<NSArray*, "unifiedContactsMatchingPredicate:keysToFetch:error:">(this, predicate, keys, error());
   }

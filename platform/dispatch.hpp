@@ -8,7 +8,7 @@
 
 struct dispatch_queue_s;
 using dispatch_queue_t = dispatch_queue_s*;
-// A time point of the dispatch clock, in nanoseconds; 0 is the current time.
+// A time point on the dispatch clock, in nanoseconds; 0 is the current time.
 using dispatch_time_t = std::uint64_t;
 
 extern "C" {

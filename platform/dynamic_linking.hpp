@@ -3,8 +3,8 @@
 
 #include <dlfcn.h>
 
-// Returns the symbol of the program or of one of its libraries with global symbols. Returns a null pointer if there is
-// none.
+// Returns the address of the symbol in the program or in a library with global symbols. Returns a null pointer if there
+// is no such symbol.
 inline void* symbolInProcess(const char* name) {
   // Linux requires a binding mode in this argument; the phone has a default.
 #if defined(__APPLE__)

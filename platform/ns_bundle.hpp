@@ -9,7 +9,7 @@ class NSBundle : public objc::Interface<"NSBundle", NSObject> {
   static NSBundle* bundleWithPath(NSString* path) {
     return objc::send<NSBundle*, "bundleWithPath:">(classObject(), path);
   }
-  // nil if the process has opened no bundle with this identifier.
+  // Returns nil if the process has not opened a bundle with this identifier.
   static NSBundle* bundleWithIdentifier(NSString* identifier) {
     return objc::send<NSBundle*, "bundleWithIdentifier:">(classObject(), identifier);
   }

@@ -14,7 +14,8 @@ class NSDictionary : public objc::Interface<"NSDictionary", NSObject> {
   }
   // The keys, in unspecified order.
   NSArray* allKeys() const { return objc::send<NSArray*, "allKeys">(this); }
-  // The type of a file, such as "NSFileTypeRegular". Call this function only on a result of NSFileManager::attributes.
+  // The type of a file, such as "NSFileTypeRegular". Call this function only on a result from
+  // NSFileManager::attributes.
   NSString* fileType() const { return objc::send<NSString*, "fileType">(this); }
 };
 

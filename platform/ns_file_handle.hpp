@@ -10,6 +10,6 @@ class NSFileHandle : public objc::Interface<"NSFileHandle", NSObject> {
     return objc::send<NSFileHandle*, "fileHandleForReadingAtPath:">(classObject(), path);
   }
   // Reads `length` bytes from the current position, or fewer at the end of the file. Raises an exception if reading
-  // fails, for example because the path is that of a folder.
+  // fails, for example because the path refers to a folder.
   NSData* readData(NSUInteger length) { return objc::send<NSData*, "readDataOfLength:">(this, length); }
 };

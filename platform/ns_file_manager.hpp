@@ -1,5 +1,5 @@
-// NSFileManager: contents of folders and attributes of files. Any thread. The functions of this header pass null as the
-// error argument of a message. The result reports a failure.
+// NSFileManager: contents of folders and attributes of files. Any thread. The functions in this header pass null as the
+// error argument of a message; only the return value indicates a failure.
 #pragma once
 
 #include "platform/ns_dictionary.hpp"

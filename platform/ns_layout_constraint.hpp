@@ -8,7 +8,7 @@ class NSLayoutConstraint : public objc::Interface<"NSLayoutConstraint", NSObject
  public:
   CGFloat constant() const { return objc::send<CGFloat, "constant">(this); }
   void setConstant(CGFloat constant) { objc::send<void, "setConstant:">(this, constant); }
-  // From 1 to 1000. The constraint must hold if the priority is 1000, which is the default.
+  // From 1 to 1000. A constraint with the priority 1000, which is the default, is required.
   void setPriority(float priority) { objc::send<void, "setPriority:">(this, priority); }
   bool isActive() const { return objc::send<bool, "isActive">(this); }
   void setActive(bool active) { objc::send<void, "setActive:">(this, active); }

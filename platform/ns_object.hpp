@@ -1,10 +1,10 @@
 // NSObject: the root class, and the platform's integer types.
 //
-// Conventions of all headers of this folder: A member function sends one message to its object. Arguments are borrowed.
-// A returned pointer is borrowed and autoreleased, a returned objc::Ref is owned. A call on nil does nothing and
+// Conventions in all headers of this folder: A member function sends one message to its object. Arguments are borrowed.
+// A returned pointer is borrowed and autoreleased; a returned objc::Ref is owned. A call on nil does nothing and
 // returns nil, zero or false. Properties, completion blocks and userInfo dictionaries can be nil; other arguments must
-// not be nil unless a comment permits it. Views, controls, recognizers and controllers can be used on the main thread
-// only; values such as strings and dictionaries can be used on any thread. Lengths are in points, durations in seconds.
+// not be nil unless a comment permits it. Use views, controls, recognizers and controllers only on the main thread.
+// Values such as strings and dictionaries can be used on any thread. Lengths are in points, durations in seconds.
 #pragma once
 
 #include "objc/ownership.hpp"

@@ -5,6 +5,6 @@
 
 class NSOperationQueue : public objc::Interface<"NSOperationQueue", NSObject> {
  public:
-  // The queue that runs its blocks on the main thread.
+  // Returns the queue that runs its blocks on the main thread.
   static NSOperationQueue* mainQueue() { return objc::send<NSOperationQueue*, "mainQueue">(classObject()); }
 };

@@ -1,4 +1,4 @@
-// NSURLConnection: loads a URL and calls a completion block on a queue that the caller chooses. Any thread.
+// NSURLConnection: loads a URL and runs a completion block on a queue that the caller specifies. Any thread.
 #pragma once
 
 #include "objc/block.hpp"

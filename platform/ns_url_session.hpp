@@ -1,5 +1,5 @@
-// NSURLSession and its data tasks: load the resource at a URL and pass its complete body to a completion block. Any
-// thread.
+// NSURLSession and its data tasks, which load a URL and pass the complete body of the response to a completion block.
+// Any thread.
 #pragma once
 
 #include "objc/block.hpp"
@@ -10,7 +10,7 @@
 
 class NSURLSessionDataTask : public objc::Interface<"NSURLSessionDataTask", NSObject> {
  public:
-  // Starts the request. A new task is suspended and sends nothing.
+  // Starts the request. A task is suspended when it is created.
   void resume() { objc::send<void, "resume">(this); }
 };
 

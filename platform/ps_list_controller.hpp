@@ -1,5 +1,5 @@
-// PSListController: a page of the Settings application. PSSpecifier: one control, group or link of a page, with the
-// properties that the page's property list gives it.
+// PSListController: a page of the Settings application. PSSpecifier: one control, group or link on a page, with the
+// properties that the page's property list specifies.
 #pragma once
 
 #include "platform/ns_bundle.hpp"

@@ -30,6 +30,6 @@ class UIPanGestureRecognizer : public objc::Interface<"UIPanGestureRecognizer", 
     return objc::adopt(objc::send<UIPanGestureRecognizer*, "initWithTarget:action:">(
         objc::allocate<UIPanGestureRecognizer>(), target, action));
   }
-  // How far the touch has moved since it began, in points, in the coordinates of the view.
+  // The distance that the touch has moved since it began, in points, in the coordinate system of the view.
   CGPoint translationInView(UIView* view) const { return objc::send<CGPoint, "translationInView:">(this, view); }
 };

@@ -31,7 +31,7 @@ class UIView : public objc::Interface<"UIView", UIResponder> {
   CGRect bounds() const { return objc::send<CGRect, "bounds">(this); }
   CALayer* layer() const { return objc::send<CALayer*, "layer">(this); }
 
-  // Converts a rectangle from the coordinates of another view, or of the window if `other` is nil.
+  // Converts a rectangle from the coordinate system of another view, or of the window if `other` is nil.
   CGRect convertRect(CGRect rect, UIView* other) const {
     return objc::send<CGRect, "convertRect:fromView:">(this, rect, other);
   }
@@ -58,7 +58,7 @@ class UIView : public objc::Interface<"UIView", UIResponder> {
   void setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
     objc::send<void, "setTranslatesAutoresizingMaskIntoConstraints:">(this, translates);
   }
-  // The priority with which the view resists a length below its intrinsic length.
+  // The priority with which the view resists becoming smaller than its intrinsic size.
   void setCompressionResistance(float priority, UILayoutConstraintAxis axis) {
     objc::send<void, "setContentCompressionResistancePriority:forAxis:">(this, priority, axis);
   }
@@ -82,7 +82,7 @@ class UIView : public objc::Interface<"UIView", UIResponder> {
   NSArray* gestureRecognizers() const { return objc::send<NSArray*, "gestureRecognizers">(this); }
 
   // Animates the changes that the block `animations` makes. The duration is in seconds. The argument of the completion
-  // block is true if the animation ran to its end.
+  // block is true if the animation was not interrupted.
   static void animate(double duration, objc::Block<void()>* animations, objc::Block<void(bool)>* completion) {
     objc::send<void, "animateWithDuration:animations:completion:">(classObject(), duration, animations, completion);
   }

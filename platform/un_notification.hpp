@@ -1,4 +1,4 @@
-// UNNotification: a notification as its sender created it. Its content is untrusted input.
+// UNNotification: a notification with the content that its sender created, which is untrusted input.
 #pragma once
 
 #include "platform/ns_dictionary.hpp"

@@ -1,5 +1,5 @@
-// The pane's page in the Settings application. The application loads this bundle, looks up the class by the name in
-// Info.plist and sends it messages on the main thread.
+// The pane's page in the Settings application. The application loads this bundle, looks up the class whose name is in
+// Info.plist, and sends it messages on the main thread.
 #include "objc/class_definition.hpp"
 #include "platform/ns_distributed_notification_center.hpp"
 #include "platform/ns_number.hpp"
@@ -16,14 +16,14 @@ NSArray*& storedSpecifiers(BrimListController* self) {
   return *reinterpret_cast<NSArray**>(reinterpret_cast<char*>(self) + specifiersOffset);
 }
 
-// The superclass releases the stored specifiers.
+// Retains the stored specifiers, because the superclass releases them.
 NSArray* specifiers(BrimListController* self) {
   NSArray*& stored = storedSpecifiers(self);
   if (stored == nullptr) stored = objc::retain(self->loadSpecifiers("Root"_ns, self)).leak();
   return stored;
 }
 
-// The superclass looks for the bundle that contains the class. A class that is registered at run time is in none.
+// The superclass's method would not find a bundle, because the class is registered at run time.
 NSBundle* bundle(BrimListController*) { return NSBundle::bundleWithIdentifier("com.marrowgate.brim.preferences"_ns); }
 
 bool isFloatingPoint(const NSNumber* number) {
@@ -31,7 +31,7 @@ bool isFloatingPoint(const NSNumber* number) {
   return (type[0] == 'f' || type[0] == 'd') && type[1] == '\0';
 }
 
-// A slider reports its position as a floating-point number. All settings are booleans and integers.
+// Rounds the position of a slider, which is a floating-point number, because all settings are Booleans or integers.
 NSObject* withoutFraction(NSObject* value) {
   const auto* const number = objc::as<NSNumber>(value);
   if (number == nullptr || !isFloatingPoint(number)) return value;
@@ -54,7 +54,7 @@ constexpr objc::MethodEntry methods[] = {
     objc::method<"showTestBanner", &showTestBanner>(),
 };
 
-// Registers nothing if this process has no Settings framework, or one with another class layout.
+// Registers nothing if this process has no Settings framework, or if the framework's class lacks the variable.
 [[gnu::constructor]] void registerClass() {
   const Class superclass = PSListController::classObject();
   if (superclass == nullptr || BrimListController::classObject() != nullptr) return;

@@ -1,5 +1,5 @@
-// The soak test: presents many notifications on one home screen, and checks that no resource remains in use for them.
-// See docs/soak.md.
+// The soak test: presents many notifications on one home screen, and checks that they leave no resource in use. See
+// docs/soak.md.
 #include <fcntl.h>
 #include <stdlib.h>
 #include <sys/wait.h>
@@ -28,21 +28,21 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-// The resources are measured for the first time after this number of notifications. A short run measures them after a
-// third of its notifications.
+// The resources are measured for the first time after at most this number of notifications. A short run measures them
+// after a third of its notifications.
 constexpr std::size_t maxFirstNotifications = 1000;
 // The noise of the memory is the range of this number of measurements, with a few notifications between them.
 constexpr std::size_t noiseMeasurements = 10;
 constexpr std::size_t realTimeNoiseMeasurements = 3;
 constexpr std::size_t notificationsBetweenMeasurements = 20;
 constexpr double memoryToleranceInNoise = 3;
-// The measured noise of runs with 150 notifications is between 12 and 310 KiB. A run in which it happens to be low must
-// not have a lower tolerance than the others.
+// The noise that was measured in runs with 150 notifications is between 12 and 310 KiB. The tolerance has a minimum,
+// because a run whose noise happens to be low must not fail for this reason.
 constexpr double minMemoryTolerance = 512 * 1024;
 // The phone stores the last state of each of the latest 100,000 banners, in this number of bytes.
 constexpr double bytesOfLastState = 16;
-// In real time, the phone is measured for the first time after this part of the duration, and then after parts of this
-// length.
+// In real time, the resources are measured for the first time after the first fraction of the duration, and then at
+// intervals of the second fraction.
 constexpr double firstPartOfDuration = 0.4;
 constexpr double partBetweenMeasurements = 0.1;
 
@@ -142,7 +142,7 @@ bool soakInRealTime(runner::Session& session, const soak::Options& options) {
   };
   prepare(session);
   soak::startCountingObjects();
-  // The real clock would make the outcomes of all applications take minutes.
+  // Only one application is used, because on the real clock the outcomes for all applications would take minutes.
   phone.completeEach(soak::applications().first(1));
   presentFor(options.seconds * firstPartOfDuration);
   const Baseline baseline =

@@ -25,14 +25,14 @@ bool setOption(Options& options, std::string_view name, std::string_view value) 
 const char* const helpText =
     "usage: soak [OPTIONS]\n"
     "\n"
-    "Presents randomized notifications on one home screen and dismisses them in different manners, first on a stepped\n"
-    "clock and then in real time. Exits with status 1 if objects, memory, file descriptors or threads have increased\n"
-    "since the first thousand notifications.\n"
+    "Presents randomized notifications on one home screen and dismisses them in different ways, first on a stepped\n"
+    "clock and then in real time. Exits with status 1 if the number of objects, file descriptors or threads, or the\n"
+    "memory use, has increased since the first thousand notifications.\n"
     "\n"
     "  --notifications N   the number of notifications on the stepped clock, at least 30; default: 100000\n"
     "  --seconds N         the duration of the run in real time; 0 omits this run; default: 120\n"
     "  --seed N            repeats the notifications of the run that printed this seed; default: a random seed\n"
-    "  --grow              retains an object, memory, a descriptor and a thread, to test the detection\n"
+    "  --grow              retains an object, memory, a descriptor and a thread, to test that this is detected\n"
     "  --help              prints this text\n";
 
 std::optional<Options> parseOptions(std::span<const char* const> arguments) {

@@ -11,7 +11,7 @@ namespace soak {
 struct Options {
   std::size_t notifications = 100'000;
   double seconds = 120;
-  // Selects the notifications and their outcomes. If there is no value, the program chooses one.
+  // The random seed, which determines the notifications and their outcomes. Without a value, the program chooses one.
   std::optional<std::uint64_t> seed = {};
   // Whether the program retains resources after the first measurement, to test that it detects this.
   bool grows = false;

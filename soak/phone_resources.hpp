@@ -9,7 +9,7 @@
 namespace soak {
 
 struct Resources {
-  // The number of objects of each Objective-C class that were created since startCountingObjects() and are not
+  // For each Objective-C class, the number of objects that were created since startCountingObjects() and have not been
   // deallocated.
   std::map<std::string, long> objects;
   // Private modified memory that the kernel has assigned to the process, in bytes. Memory that the allocator can return
@@ -19,7 +19,7 @@ struct Resources {
   std::size_t threads = 0;
 };
 
-// Call once, after Foundation was started.
+// Call once, after Foundation has been started.
 void startCountingObjects();
 
 // Throws std::runtime_error if the kernel does not provide the values.

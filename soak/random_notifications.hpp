@@ -19,15 +19,15 @@ class RandomNotifications {
  public:
   RandomNotifications(runner::Session& session, std::uint64_t seed) : session_(session), generator_(seed) {}
 
-  // Presents a notification of each of the applications with each outcome. The views, pictures and processes that
-  // remain for later uses exist afterwards.
+  // Presents one notification for each application and outcome. Afterwards, the views, pictures and processes that are
+  // created at first use and then retained exist.
   void completeEach(std::span<const char* const> applications);
-  // Presents a notification and waits until its outcome has taken effect. Used on a stepped clock. Throws
+  // Presents a notification and waits until its outcome has taken effect. For a stepped clock only. Throws
   // std::runtime_error if the phone rejects the notification.
   void presentAndComplete();
-  // Presents a notification without waiting. Ends some of the earlier ones.
+  // Presents a notification without waiting. Dismisses some of the earlier notifications.
   void presentOnly();
-  // Dismisses all banners and empties the notification list, the log and the screens.
+  // Dismisses all banners, clears the notification list and the log, and returns to the home screen.
   void reset();
 
   // The number of notifications with each outcome.
@@ -49,8 +49,8 @@ class RandomNotifications {
   }
   Json notification();
   void present(const Json& notification);
-  // Executes a command. Its error is ignored, because an outcome is not possible for each notification. For example, a
-  // notification without an action has no button.
+  // Executes a command and ignores its error, because some outcomes are impossible for some notifications. For example,
+  // a notification without an action has no button.
   void attempt(const Json& command);
   void wait(double seconds);
   void expand();

@@ -1,10 +1,10 @@
-// The places where control passes between the phone's library and code for Linux. Each keeps all registers that can
-// contain arguments: x0 to x8 and q0 to q7.
+// The functions through which the phone's library and code for Linux call each other. Each one preserves all registers
+// that can contain arguments: x0 to x8 and q0 to q7.
 
     .text
 
-// Calls a function with x17 and the address of the saved registers (struct emulation::Registers), restores the
-// registers, which the function can change, and jumps to the address that it returns.
+// Saves the registers and calls a function with x17 and the address of the saved registers, which the function can
+// change (struct emulation::Registers). Then restores the registers and jumps to the address that the function returned.
 .macro jump_to_result_of function
     stp x29, x30, [sp, #-224]!
     .cfi_adjust_cfa_offset 224
@@ -54,7 +54,7 @@
     .size \name, . - \name
 .endm
 
-// The phone's objc_msgSend. A message to nil returns a zero of every type.
+// The phone's objc_msgSend. A message to nil returns zero, in every register that can contain a result.
 function emulation_send_message
     cbz x0, 1f
     jump_to_result_of emulation_method_for_message
@@ -80,7 +80,7 @@ function emulation_entry_stubs
 .endr
 end_function emulation_entry_stubs
 
-// Stub n of the second table calls a function that has a narrow result and no arguments on the stack.
+// Stub n of the second table calls a function for Linux that has a narrow result and no arguments on the stack.
 function emulation_leave_library
     stp x29, x30, [sp, #-32]!
     .cfi_adjust_cfa_offset 32

@@ -22,7 +22,7 @@ constexpr std::size_t maxEntries = 1024;
 constexpr std::size_t maxExits = 512;
 constexpr std::size_t stubSize = 8;
 
-// As crossings.S saves them.
+// The registers in the order in which crossings.S saves them.
 struct Registers {
   std::uint64_t general[9];
 };
@@ -40,7 +40,7 @@ struct Exit {
 
 struct Stubs {
   std::mutex mutex;
-  // Elements are appended under the mutex and never change.
+  // An element is appended while the mutex is locked, and never changes afterwards.
   std::array<Entry, maxEntries> entries;
   std::size_t entryCount = 0;
   std::array<Exit, maxExits> exits;
@@ -72,7 +72,8 @@ CallingConvention conventionOf(const char* encoding, const std::string& name) {
   return convention;
 }
 
-// The narrow result of the method that the message calls. Methods are looked up once for each class and selector.
+// Returns the type of the narrow result of the method that the message calls, or None. Methods are looked up once for
+// each class and selector.
 NarrowInteger resultOf(Class receiverClass, SEL selector) {
   Stubs& all = stubs();
   const std::lock_guard lock(all.mutex);

@@ -34,7 +34,7 @@ enum class Instruction : std::uint8_t {
 };
 constexpr std::uint8_t maxRegisterOfSavedAt = 63;
 
-// Two consecutive registers that a function can save. The pairs are saved in this order, to descending addresses below
+// Two consecutive registers that a function can save. The pairs are saved in this order, at descending addresses below
 // the frame record.
 struct RegisterPair {
   std::uint32_t bit;
@@ -95,7 +95,7 @@ class Writer {
     finish(start);
   }
 
-  // The common entry already describes a function that saves nothing.
+  // A function that saves nothing needs no instructions, because the common entry already describes it.
   static void requireFrameless(const UnwindEntry& entry) {
     if (entry.encoding != static_cast<std::uint32_t>(UnwindMode::Frameless)) failForEncoding(entry);
   }

@@ -45,10 +45,10 @@ const char* encodingOf(Class target, SEL selector) {
   return method == nullptr ? nullptr : method_getTypeEncoding(method);
 }
 
-// GCC's runtime has only an inline function.
+// GCC's runtime defines object_getClass as an inline function only.
 Class getClass(id object) { return object_getClass(object); }
 
-// A result of type BOOL is extended to 32 bits.
+// The return type is 32 bits wide, because the library expects a result of type BOOL to be extended to 32 bits.
 std::uint32_t addMethod(Class changed, SEL selector, IMP implementation, const char* encoding) {
   return class_addMethod(changed, selector, intoLibrary(implementation, encoding, methodName(changed, selector)),
                          encoding)
@@ -75,8 +75,8 @@ void hookMethod(Class target, SEL selector, IMP replacement, IMP* replaced) {
   if (replaced != nullptr) *replaced = outOfLibrary(*replaced, encoding, name);
 }
 
-// The start of a block, by the published ABI. The functions that copy and dispose are in the descriptor only if the
-// flags say so; the signature follows.
+// The start of a block, as the published ABI defines it. If a flag is set, the descriptor contains the functions that
+// copy and dispose of the block. The signature follows them.
 struct BlockHeader {
   void* isa;
   std::uint32_t flags;
@@ -92,7 +92,8 @@ const char* signatureOf(const BlockHeader& block) {
   return reinterpret_cast<const char*>(block.descriptor[(block.flags & hasCopyAndDispose) != 0 ? 4 : 2]);
 }
 
-// The library copies each block that it creates before it passes it on.
+// The library copies each block that it creates before it passes the block to the platform. Therefore, a copy is the
+// place to replace the block's function.
 void* copyBlock(const void* block) {
   auto* const copy = static_cast<BlockHeader*>(_Block_copy(block));
   if (copy == nullptr || !isInPhoneFile(reinterpret_cast<const void*>(copy->invoke))) return copy;
@@ -131,7 +132,7 @@ void* findSymbol(void* library, const char* name) {
   return replacement != nullptr ? replacement : found;
 }
 
-// All symbols are bound when the library is loaded.
+// Never called, because all symbols are bound when the library is loaded.
 void bindLazily() { fail("a symbol is bound lazily"); }
 
 template <class Function>
@@ -144,7 +145,7 @@ struct Replacement {
   void* address;
 };
 
-// The imports that need more than the symbol of the same name.
+// Returns the function to use for an import instead of the symbol of the same name, or null if there is none.
 void* replacementOf(std::string_view symbol) {
   static const Replacement table[] = {
       {"_objc_msgSend", messageFunction()},

@@ -1,4 +1,4 @@
-// Where the phone's files are in the memory of every process. Each file has a slot, a range of addresses.
+// The addresses at which every process loads the phone's files. Each file is in a slot, which is a range of addresses.
 #pragma once
 
 #include <cstddef>
@@ -11,12 +11,12 @@ namespace emulation {
 inline constexpr std::size_t slotCount = 8;
 inline constexpr std::size_t librarySlot = 0;
 
-// The address is fixed, because the emulator's log of executed code is limited to the range of the library's slot.
+// The address is fixed, because the emulator logs executed code only in the address range of the library's slot.
 inline constexpr std::uint64_t loadAddress = 0x60'0000'0000;
 
 inline constexpr std::uint64_t addressOfSlot(std::size_t slot) { return loadAddress + slot * device::maxSizeInMemory; }
 
-// Whether the address is in the code or data of a file for the phone. Any thread.
+// Returns whether the address is in the code or data of a file for the phone. Any thread.
 inline bool isInPhoneFile(const void* address) {
   return reinterpret_cast<std::uint64_t>(address) - loadAddress < slotCount * device::maxSizeInMemory;
 }

@@ -43,7 +43,7 @@ fs::path imagePath() {
   return fs::canonical(here.dli_fname).parent_path() / image.name;
 }
 
-// Reserves memory that can be written.
+// Reserves writable memory in a free slot and returns its address.
 std::uint64_t reserve(std::size_t size) {
   for (std::size_t slot = image.firstSlot; slot <= image.lastSlot; ++slot) {
     void* const wanted = reinterpret_cast<void*>(addressOfSlot(slot));

@@ -1,5 +1,5 @@
-// Loads one file for the phone when the shared library that contains the loader is loaded, as the phone's dynamic
-// linker does.
+// Loads one file for the phone in the same way as the phone's dynamic linker. The file is loaded when the shared
+// library that contains this loader is loaded.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ namespace emulation {
 
 // The file to load.
 struct Image {
-  const char* name;  // in the folder of the shared library
+  const char* name;  // the file's name in the folder of the shared library
   // The environment variable that names another file. Null if there is none.
   const char* pathVariable;
   device::FileType type;
@@ -22,8 +22,8 @@ struct Image {
 // Each shared library that contains the loader defines it.
 extern const Image image;
 
-// The address of a symbol that the loaded file exports, with the underscore that the phone's C compiler adds. Ends the
-// process if there is no such symbol.
+// Returns the address of a symbol that the loaded file exports. The symbol begins with the underscore that the phone's
+// C compiler adds. Ends the process if there is no such symbol.
 void* exportedAddress(const char* symbol);
 
 }  // namespace emulation

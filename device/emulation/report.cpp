@@ -17,7 +17,7 @@ namespace {
 
 const char* fileName = "Brim.dylib";
 
-// The folder that the environment names, empty if there is none.
+// Returns the folder that BRIM_REPORT names, or an empty string.
 std::string_view reportFolder() {
   static const char* const folder = std::getenv("BRIM_REPORT");
   return folder == nullptr ? "" : folder;

@@ -1,6 +1,7 @@
-// What the library did in this process, for the tests: which of its methods were called, and which narrow integers were
-// not extended. The environment variable BRIM_REPORT names a folder; the lines are appended to a file there, whose name
-// is the number of the process. Nothing is reported without the variable. Any thread.
+// Reports to the tests what the library did in this process: which of its methods were called, and which narrow
+// integers were not extended. If the environment variable BRIM_REPORT names a folder, the lines are appended to a file
+// in this folder. The name of the file is the process identifier. Without the variable, nothing is reported. Any
+// thread.
 #pragma once
 
 #include <string>
@@ -9,10 +10,10 @@ namespace emulation {
 
 bool isReporting();
 
-// Appends the line unless it was reported before.
+// Appends the line unless it has been reported before.
 void report(const std::string& line);
 
-// The name of the phone's file that this shared library loads. "Brim.dylib" if it is never set.
+// Sets the name of the phone's file that this shared library loads. The default is "Brim.dylib".
 void setFileName(const char* name);
 
 // Prints the name of the file and the reason for which it cannot run, and ends the process.

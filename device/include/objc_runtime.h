@@ -26,7 +26,7 @@ Class objc_getMetaClass(const char* name);
 Class objc_allocateClassPair(Class superclass, const char* name, size_t extraBytes);
 void objc_registerClassPair(Class pair);
 
-// Callers cast it to the type of the method.
+// Callers cast this function to the type of the method.
 void objc_msgSend();
 
 Class object_getClass(id object);

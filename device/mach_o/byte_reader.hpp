@@ -17,7 +17,7 @@ class ByteReader {
   bool atEnd() const { return next == bytes.size(); }
   void skip(std::size_t count) { take(count); }
 
-  // Reads a number in this machine's byte order, which is also the file's.
+  // Reads a number in the byte order of this machine, which is also the byte order of the file.
   template <class Number>
   Number number() {
     Number value;
@@ -26,7 +26,7 @@ class ByteReader {
   }
   std::uint32_t bigEndian32() { return __builtin_bswap32(number<std::uint32_t>()); }
 
-  // Seven bits per byte, least significant first. The top bit means that another byte follows.
+  // Reads a number with seven bits per byte, least significant first. The top bit is set if another byte follows.
   std::uint64_t unsignedLeb128() {
     std::uint64_t value = 0;
     for (unsigned shift = 0; shift < 64; shift += 7) {
@@ -46,7 +46,7 @@ class ByteReader {
     const auto taken = take(length + 1);
     return {taken.begin(), taken.begin() + static_cast<std::ptrdiff_t>(length)};
   }
-  // Reads a field of that size, which is padded with zero bytes.
+  // Reads a text from a field of this size. The text is padded with zero bytes.
   std::string text(std::size_t size) {
     const auto field = take(size);
     std::string value(field.begin(), field.end());
@@ -64,7 +64,7 @@ class ByteReader {
   std::size_t next = 0;
 };
 
-// Returns a part of the bytes. Throws std::runtime_error if it is outside the file.
+// Returns a part of the bytes. Throws std::runtime_error if the part is outside the file.
 inline std::span<const std::uint8_t> part(std::span<const std::uint8_t> bytes, std::size_t offset, std::size_t size) {
   if (offset > bytes.size() || size > bytes.size() - offset) throw std::runtime_error("a part is outside the file");
   return bytes.subspan(offset, size);

@@ -126,7 +126,7 @@ class RebaseProgram {
   std::vector<std::uint64_t> found;
 };
 
-// Whether an end mark ends the opcodes or only separates them, as it does between lazy binds.
+// Determines whether an end mark ends the opcodes or only separates them. It separates them between lazy binds.
 enum class EndMark { Ends, Separates };
 
 class BindProgram {

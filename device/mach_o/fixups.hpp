@@ -6,9 +6,9 @@
 namespace device {
 
 struct Bind {
-  std::uint64_t address;  // of the pointer
+  std::uint64_t address;  // the address of the pointer
   std::string symbol;
-  std::string library;  // that exports it
+  std::string library;  // the library that exports the symbol
 };
 
 struct Export {
@@ -19,7 +19,7 @@ struct Export {
 // Returns the addresses of pointers into the library itself. This function and the next two throw std::runtime_error on
 // damaged opcodes, on opcodes other than the classic ones and on pointers outside the segments.
 std::vector<std::uint64_t> rebases(const MachFile& file);
-// Returns the binds made at load time, followed by the lazy ones.
+// Returns the binds that are made when the file is loaded, followed by the lazy binds.
 std::vector<Bind> binds(const MachFile& file);
 std::vector<Export> exports(const MachFile& file);
 

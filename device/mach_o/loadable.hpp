@@ -11,10 +11,10 @@ inline constexpr std::uint64_t maxSizeInMemory = 0x1000'0000;
 
 enum class FileType : std::uint32_t { Library = 6, Bundle = 8 };
 
-// Throws std::runtime_error with the first reason for which the file cannot be loaded as a file of this type.
+// Throws std::runtime_error with the first reason why the file cannot be loaded as a file of this type.
 void requireLoadable(const MachFile& file, FileType type);
 
-// The number of bytes from address 0 to the end of the last segment, for a loadable file.
+// Returns the number of bytes from address 0 to the end of the last segment of a loadable file.
 std::uint64_t sizeInMemory(const MachFile& file);
 
 }  // namespace device

@@ -34,7 +34,7 @@ Section section(ByteReader& reader) {
   return read;
 }
 
-// Reads a command's text, which follows its fields at an offset from the start of the command.
+// Reads the text of a command. It follows the fields of the command, at an offset from the start of the command.
 std::string textIn(std::span<const std::uint8_t> command) {
   const auto offset = bodyOf(command).number<std::uint32_t>();
   return ByteReader(part(command, offset, command.size() - offset)).text();

@@ -1,4 +1,4 @@
-// The header and load commands of a Mach-O file with one 64-bit architecture.
+// Reads the header and the load commands of a Mach-O file with one 64-bit architecture.
 #pragma once
 
 #include <cstdint>
@@ -71,7 +71,7 @@ struct DynamicLinkerInformation {
   FilePart exports;
 };
 
-// The major version is in the upper 16 bits, minor and patch are in one byte each.
+// The major version is in the upper 16 bits. The minor version and the patch version are in one byte each.
 struct Version {
   std::uint32_t value = 0;
   friend bool operator==(const Version&, const Version&) = default;
@@ -81,7 +81,7 @@ constexpr Version version(std::uint32_t major, std::uint32_t minor) { return {ma
 struct LinkedLibrary {
   std::string path;
   Version currentVersion;
-  // The dynamic linker refuses an installed library that is older.
+  // The dynamic linker rejects an installed library with a lower version.
   Version compatibilityVersion;
 };
 
@@ -93,7 +93,7 @@ struct MachFile {
   std::span<const std::uint8_t> partAt(FilePart where) const;
   const Segment& segmentAt(std::uint64_t address) const;
   std::vector<Section> sectionsOfType(SectionType type) const;
-  // Null if the file has no section with this name.
+  // Returns null if the file has no section with this name.
   const Section* sectionNamed(std::string_view name) const;
   std::span<const std::uint8_t> bytesOf(const Section& section) const;
 

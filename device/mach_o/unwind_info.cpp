@@ -23,7 +23,7 @@ struct Table {
 };
 
 // The section has an index of pages. Each page lists functions with their encodings. An entry of a compressed page
-// contains the number of its encoding: the encodings of the section come first, then those of the page.
+// contains an index into a list of encodings, which consists of the section's encodings and then the page's encodings.
 class UnwindInformation {
  public:
   UnwindInformation(const MachFile& file, const Section& section)

@@ -1,17 +1,17 @@
-// A library's unwind information: how an exception finds the caller of each function. The section __unwind_info
-// contains it.
+// A library's unwind information, which describes how an exception finds the caller of each function. It is in the
+// section __unwind_info.
 #pragma once
 
 #include "device/mach_o/mach_file.hpp"
 
 namespace device {
 
-// Where a function saves the registers of its caller.
+// The way in which a function saves its caller's registers.
 enum class UnwindMode : std::uint32_t {
   None = 0,                // an exception cannot pass
-  Frameless = 0x02000000,  // it saves no register
-  Dwarf = 0x03000000,      // the section __eh_frame describes it
-  Frame = 0x04000000,      // it saves the frame pointer, the return address, and pairs of registers below them
+  Frameless = 0x02000000,  // the function saves no register
+  Dwarf = 0x03000000,      // the section __eh_frame describes the registers
+  Frame = 0x04000000,  // the function saves the frame pointer, the return address, and pairs of registers below them
 };
 
 struct UnwindEntry {
@@ -22,12 +22,12 @@ struct UnwindEntry {
   std::uint32_t encoding;
 };
 
-// Returns the entries in the order of their addresses. Adjacent functions with the same encoding can have one entry.
-// Empty if the library has no unwind information. Throws std::runtime_error if it is damaged.
+// Returns the entries in address order. Adjacent functions with the same encoding can share an entry. The result is
+// empty if the library has no unwind information. Throws std::runtime_error if the information is damaged.
 std::vector<UnwindEntry> unwindEntries(const MachFile& file);
 
-// Returns the addresses of all functions, in order. Empty if the file does not list them. Throws std::runtime_error if
-// the list is damaged.
+// Returns the addresses of all functions, in order. The result is empty if the file does not list them. Throws
+// std::runtime_error if the list is damaged.
 std::vector<std::uint64_t> functionStarts(const MachFile& file);
 
 }  // namespace device

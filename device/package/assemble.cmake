@@ -13,7 +13,7 @@ file(COPY ${ASSETS} DESTINATION ${support})
 brim_copy_settings_pane(ROOT ${ROOT}${PREFIX} BUNDLE ${PANE} ENTRY ${PANE_ENTRY} EXECUTABLE pane)
 set(executables ${libraries}/Brim.dylib ${pane})
 
-# In KiB. Each file is rounded up, and a folder counts as one.
+# In KiB. The size of each file is rounded up, and a folder counts as 1 KiB.
 set(installed_size 0)
 file(GLOB_RECURSE entries LIST_DIRECTORIES true ${ROOT}/*)
 list(FILTER entries EXCLUDE REGEX "/DEBIAN$")
@@ -38,8 +38,8 @@ foreach(entry IN LISTS entries ITEMS ${ROOT})
   endif()
 endforeach()
 
-# dpkg-deb limits the times of files to this one. All files are newer, so all of them get it. The compression is gzip,
-# because every phone's dpkg can unpack it.
+# dpkg-deb replaces every later file time with this time. All files are newer, so all of them get the same time. The
+# compression is gzip, because every phone's dpkg can decompress it.
 set(ENV{SOURCE_DATE_EPOCH} 1577836800)
 execute_process(
   COMMAND ${DPKG_DEB} --root-owner-group --uniform-compression -Zgzip -z9 --build ${ROOT} ${PACKAGE}

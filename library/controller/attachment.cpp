@@ -28,7 +28,7 @@ void attach(BannerController* controller, NCNotificationViewControllerView* view
   replaceOlderBanners(controller);
   const objc::Ref<BrimColors> colors = colorsFor(controller);
   content->removeFromSuperview();
-  // While an older banner must stay, the controller gets no banner, because a banner would cover the older one.
+  // While an older banner must stay, the controller gets no banner, because its banner would cover the older one.
   if (!BrimContainer::DismissNotification()) return;
   BrimContainer::setDismissNotification(controller->shouldAutoDismiss());
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Values of the setting appIconPfp. Any larger value also selects the glyph. Any smaller value selects no badge.
+// Values of the setting appIconPfp. Values above these also select the glyph; values below them select no badge.
 constexpr NSInteger glyphBadge = 1;
 constexpr NSInteger iconBadge = 2;
 

@@ -1,4 +1,4 @@
-// The configuration of a new banner, from the settings and from its notification. Main thread.
+// Configures a new banner with the settings and with the contents of its notification. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"

@@ -13,12 +13,12 @@ class NotificationController : public objc::Interface<"NCNotificationViewControl
  public:
   // Whether the controller's view is in the banner window.
   bool isPartOfBanner() const { return objc::send<bool, "isPartOfBanner">(this); }
-  // Appends the body of the view's notification to the banner with the same header.
+  // Appends the body of the notification in the view to the banner with the same header.
   void attemptUpdateReply(UIView* view) { objc::send<void, "attemptUpdateReply:">(this, view); }
   // Executes the notification's clear action.
   void attemptDelete() { objc::send<void, "attemptDelete">(this); }
 
-  // Identifies the banner. nil before the notification view is first presented; does not change afterwards.
+  // The identifier of the banner. nil before the notification view is first presented; does not change afterwards.
   NSString* brimIdentifier() const { return objc::send<NSString*, "brimIdentifier">(this); }
   void setBrimIdentifier(NSString* identifier) { objc::send<void, "setBrimIdentifier:">(this, identifier); }
 };
@@ -34,8 +34,8 @@ class BannerController : public objc::Interface<"NCNotificationShortLookViewCont
   // True after the platform has dismissed the controller.
   bool hasDismissed() const { return objc::send<bool, "hasDismissed">(this); }
   void setHasDismissed(bool value) { objc::send<void, "setHasDismissed:">(this, value); }
-  // True after the time until the automatic dismissal has passed, or after a dismissal was forced. A dismissal starts
-  // only if this property is true.
+  // True after the timer of the automatic dismissal has fired, or after a dismissal was forced. A dismissal starts only
+  // if this property is true.
   bool autoDimissTriggered() const { return objc::send<bool, "autoDimissTriggered">(this); }
   void setAutoDimissTriggered(bool value) { objc::send<void, "setAutoDimissTriggered:">(this, value); }
   // True while the banner's dismissal animation is running.
@@ -62,7 +62,7 @@ class BannerController : public objc::Interface<"NCNotificationShortLookViewCont
   void updateProfilePicture(NSString* header, NSString* body, BrimContainer* view) {
     objc::send<void, "updateProfilePictureWithHeader:withBody:forView:">(this, header, body, view);
   }
-  // If the view is nil, it means the attached banner.
+  // A nil view represents the attached banner.
   void forceDismissNotification(BrimContainer* view) {
     objc::send<void, "forceDismissNotificationForView:">(this, view);
   }
@@ -85,7 +85,7 @@ class BannerController : public objc::Interface<"NCNotificationShortLookViewCont
     objc::send<void, "dismissGestureHandler:forView:animated:duration:completion:">(this, offset, view, animated,
                                                                                     duration, completion);
   }
-  // Increases the banner's height for a drag of the given distance, in points.
+  // Changes the banner's height for a drag of the given distance, in points. A positive distance increases the height.
   void expandBanner(CGFloat distance, BrimContainer* view, bool animated, objc::Block<void(bool)>* completion) {
     objc::send<void, "expandGestureHandler:forView:animated:completion:">(this, distance, view, animated, completion);
   }

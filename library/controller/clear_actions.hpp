@@ -7,8 +7,8 @@
 // request.
 NSString* getBundleId(BannerController* self);
 
-// Executes the clear action, if there is one, and dismisses the banner. If the view is nil, it means the controller's
-// attached banner.
+// Executes the clear action, if there is one, and dismisses the banner. A nil view represents the controller's attached
+// banner.
 void attemptDelete(BannerController* self, BrimContainer* view);
 // Executes the clear action, if there is one. The banner stays.
 void executeClearAction(NotificationController* self);

@@ -4,8 +4,8 @@
 #include "library/controller/banner_controller.hpp"
 #include "objc/hook.hpp"
 
-// Returns the colors of a new banner. If the setting selects a fixed mode, this function also changes the controller's
-// appearance to light or dark, in system version 13.0 and later.
+// Returns the colors of a new banner. If the setting selects a fixed mode, this function also sets the controller's
+// appearance to light or dark in system version 13.0 and later.
 objc::Ref<BrimColors> colorsFor(BannerController* controller);
 
 // Hook. If the setting follows the system's appearance and this appearance has changed, changes the banner's colors.

@@ -38,7 +38,7 @@ void handleUpdate(BannerController* self, NSDictionary* userInfo) {
 void handleReplacement(BannerController* self, NSDictionary* userInfo) {
   auto* newerBanner = objc::as<NSString>(userInfo->objectForKey(identifierKey()));
   if (self->brimIdentifier()->isEqualToString(newerBanner)) return;
-  // A newer notification is left without a banner while this banner must stay. It then replaces nothing.
+  // While this banner must stay, a newer notification gets no banner and replaces nothing.
   if (newerBanner != nullptr && isNewestBanner(self)) return;
   dismissReplacedBanner(self);
 }

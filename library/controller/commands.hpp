@@ -1,4 +1,4 @@
-// The command channel. A command is a notification that all banner controllers of the process receive. Main thread.
+// The command channel. A command is a notification that all banner controllers in the process receive. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
@@ -7,11 +7,11 @@
 
 enum class Command { Dismiss, DismissWithoutAnimation };
 
-// The functions that post a command return after every controller has executed it.
+// Posts a command. This function and the next two return after every controller has executed the command.
 void post(Command command);
 // Announces that a newer banner with this identifier replaces the others, which are then dismissed.
 void postReplacement(NSString* identifier);
-// A banner whose original header equals `header` appends the body, if its notification can be answered.
+// Appends the body to each banner whose original header equals `header` and whose notification can be answered.
 void postUpdate(NSString* header, NSString* body);
 
 // Hooks. A controller observes the channel from its viewDidLoad to its dealloc.

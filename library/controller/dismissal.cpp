@@ -11,14 +11,14 @@ constexpr std::int64_t replacementDelay = nanosecondsPerSecond / 2;
 // In seconds.
 constexpr double minDismissalDuration = 0.7;
 constexpr double dismissalDurationPerLine = 0.02;
-// In points. At this offset, a banner of any height is above the screen.
+// In points. At this offset, even the highest banner is above the screen.
 constexpr CGFloat dismissalOffset = -1000;
 // The transition of a dismissal that the library requests. The platform uses this number too.
 constexpr NSInteger libraryTransition = 30;
 constexpr NSInteger platformTransition = 0;
 
-// The controller of the banner that was attached last. A null pointer after the controller is deallocated. Not
-// retained.
+// The controller of the banner that was attached last. It is not retained; the pointer becomes null when the controller
+// is deallocated.
 const BannerController* controllerOfNewestBanner = nullptr;
 
 std::int64_t nanoseconds(NSInteger seconds) {
@@ -51,8 +51,8 @@ double dismissalDuration(BrimContainer* banner) {
   return minDismissalDuration + dismissalDurationPerLine * static_cast<double>(lines);
 }
 
-// Returns the completion of the animation of a replaced banner. It removes only this banner. It does not call
-// preDismiss, which dismisses all controllers, because the newer banner must stay on screen.
+// Returns the completion block for the animation of a replaced banner. The block removes only this banner. It does not
+// call preDismiss, because preDismiss dismisses all controllers and the newer banner must stay on screen.
 objc::BlockRef<void(bool)> removalOfReplacedBanner(BannerController* self) {
   const objc::Ref<BannerController> controller = objc::retain(self);
   return objc::block([controller](bool finished) {
@@ -60,7 +60,7 @@ objc::BlockRef<void(bool)> removalOfReplacedBanner(BannerController* self) {
   });
 }
 
-// Returns the completion of the dismissal animation.
+// Returns the completion block for the dismissal animation.
 objc::BlockRef<void(bool)> removalOfBanner(BannerController* self) {
   const objc::Weak<BannerController> weakController(self);
   return objc::block([weakController](bool finished) {
@@ -90,8 +90,8 @@ void prepareForcedDismissal(BannerController* self) {
 }
 
 // The platform itself can dismiss the controller with transition 30. The banner is then still attached and must be
-// removed. The shared flag DismissNotification is set only if this banner is the newest, because otherwise the flag
-// describes a newer banner.
+// removed. The shared flag DismissNotification is set only if this banner is the newest; otherwise, the flag describes
+// a newer banner.
 void cleanUpAfterPlatformDismissal(BannerController* controller) {
   if (controller->brimView() == nullptr) return;
   removeBanner(controller);
@@ -189,9 +189,9 @@ void dismissViewController(objc::Original<void(BannerController*, NSInteger, obj
   }
   if (transition != libraryTransition) return;
   const objc::Ref<BannerController> controller = objc::retain(self);
-  // Some systems call the completion without an argument. The parameter then has a random value, which counts as true
-  // only if it is exactly 1. A dismissal that is taken for unfinished can be requested again; a banner whose dismissal
-  // is wrongly taken for finished would stay forever.
+  // Some systems call the completion without an argument, so the parameter has an undefined value. Only the value 1
+  // counts as true, because a dismissal that is mistaken for unfinished can be requested again, but a banner whose
+  // dismissal is mistaken for finished would stay forever.
   const auto onCompletion = objc::block([controller](unsigned char finished) {
     const bool isDismissed = finished == 1;
     controller->setHasDismissed(isDismissed);

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The length of a drag, in points, that changes the height by one point.
+// A drag of this length, in points, changes the height by one point.
 constexpr CGFloat dragPointsPerHeightPoint = 4;
 constexpr NSInteger expandedLineCount = 15;
 
@@ -44,8 +44,8 @@ void handleEndOfDragDownward(BannerController* self, BrimContainer* banner) {
   if (self->brimView()->enablePrivacy()) self->brimView()->showContent();
 }
 
-// Iterates over a copy, because each removal changes the view's list. The platform's list refers to some objects weakly
-// and contains nil for an object that was deallocated.
+// Iterates over a copy, because each removal changes the view's list. The cast skips nil, which the platform's list
+// contains in place of a weakly referenced object that was deallocated.
 void removeRecognizers(UIView* view, NSArray* recognizers) {
   const objc::Ref<NSArray> copy = recognizers->copied();
   for (NSUInteger index = 0; index < copy->count(); ++index)

@@ -10,8 +10,8 @@ namespace {
 
 constexpr SystemSoundID strongPop = 1520;
 constexpr SystemSoundID plainVibration = 4095;
-// The device's support levels for feedback: a haptic engine, or its predecessor. At any other level, the device only
-// vibrates.
+// The platform's numbers for a device with a haptic engine, and for a device with the predecessor of that engine. Any
+// other device only vibrates.
 constexpr NSInteger hapticEngine = 2;
 constexpr NSInteger tapticEngine = 1;
 constexpr NSInteger noEngine = 0;

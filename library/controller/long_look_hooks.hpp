@@ -4,10 +4,10 @@
 #include "library/controller/banner_controller.hpp"
 #include "objc/hook.hpp"
 
-// Whether the controller's view is in the banner window.
+// Returns whether the controller's view is in the banner window.
 bool isPartOfBanner(NotificationController* self);
 
-// In the banner window these hooks do nothing, because banners have no long look. Elsewhere they call the original
+// Hooks. In the banner window they do nothing, because banners have no long look. Elsewhere, they call the original
 // implementation.
 void presentLongLookForScroll(objc::Original<void(BannerController*, bool, objc::Block<void(bool)>*)> original,
                               BannerController* self, bool animated, objc::Block<void(bool)>* completion);

@@ -30,7 +30,7 @@ NCNotificationAction* replyIn(NSArray* group) {
   return nullptr;
 }
 
-// Whether the banner window becomes the key window for a reply. If the platform's method is missing, it is not hooked.
+// Returns whether the banner window can become the key window. If the platform's method is missing, it is not hooked.
 bool canUseKeyboard() {
   return objc::hasMethod<"_canBecomeKeyWindow">(objc::lookUpClass<"SBNotificationBannerWindow">());
 }

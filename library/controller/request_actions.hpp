@@ -1,4 +1,4 @@
-// The actions of a notification request: how to find them, and how to have the platform execute them. Main thread.
+// Finds the actions of a notification request, and has the platform execute them. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"
@@ -7,13 +7,13 @@
 void execute(NotificationController* self, NCNotificationAction* action, NSDictionary* parameters);
 void execute(NotificationController* self, NCNotificationAction* action);
 
-// Whether the platform can present the request. True if the platform has no method to find it out.
+// Returns whether the platform can present the request, or true if the method that checks this is missing.
 bool canPresent(NCNotificationRequest* request);
 
 // Returns the identifier of the action, or nil if the action has none.
 NSString* identifierOf(NSObject* action);
 
-// Whether the notification is from the application with this bundle identifier.
+// Returns whether the notification is from the application with this bundle identifier.
 bool isFromApplication(BannerController* self, NSString* application);
 
 // Calls `find` for each group, in the dictionary's order, until `find` returns an action. Returns this action, or nil.

@@ -35,7 +35,7 @@ objc::Ref<BBBulletin> testBulletin() {
   return bulletin;
 }
 
-// A process that has a bulletin server exports the server's queue under this symbol.
+// A process that has a bulletin server exports the server's queue as this symbol.
 dispatch_queue_t lookUpServerQueue() {
   const auto* const symbol = static_cast<dispatch_queue_t*>(symbolInProcess("__BBServerQueue"));
   const dispatch_queue_t queue = symbol == nullptr ? nullptr : *symbol;

@@ -11,7 +11,7 @@ void homeScreenDealloc(objc::Original<void(UIViewController*)> original, UIViewC
 // Vibrates and publishes the notification.
 void receivedBannerTest(UIViewController* self);
 
-// Hooks. They store the bulletin server that was initialized last. This server publishes the notification.
+// Hooks. They store the bulletin server that was initialized last, because this server publishes the test banner.
 BBServer* serverInit(objc::Original<BBServer*(BBServer*, NSObject*)> original, BBServer* self, NSObject* queue);
 BBServer* serverLongInit(objc::Original<BBServer*(BBServer*, NSObject*, NSObject*, NSObject*, NSObject*, NSObject*,
                                                   NSObject*, NSObject*, NSObject*, NSObject*)>

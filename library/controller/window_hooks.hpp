@@ -1,4 +1,4 @@
-// Hooks of the windows and views around a banner. Main thread.
+// Hooks in the windows and views around a banner. Main thread.
 #pragma once
 
 #include "objc/hook.hpp"

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Omits a nil value. The Messages app ignores a request that it cannot match with a chat.
+// Omits a nil value. The Messages app ignores a request that it cannot match to a chat.
 void insertIfPresent(NSMutableDictionary* userInfo, NSString* value, NSString* key) {
   if (value != nullptr) userInfo->setObject(value, key);
 }

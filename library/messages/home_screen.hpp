@@ -1,5 +1,5 @@
-// The home screen's side of the bridge to the Messages app. It requests that the app sends replies and read receipts.
-// Without a notification request, these functions do nothing. Main thread.
+// The home screen's side of the bridge to the Messages app. It requests that the app send replies and read receipts. If
+// the controller has no notification request, these functions do nothing. Main thread.
 #pragma once
 
 #include "library/controller/banner_controller.hpp"

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The flags of the platform's own outgoing messages.
+// The flags that the platform's own outgoing messages have.
 constexpr NSUInteger outgoingFlags = 100005;
 
 // Returns the first chat of the list whose guid contains the identifier. Returns nil if there is no such chat or the

@@ -9,8 +9,8 @@
 // The controller of the app's conversation list, with the property that the library adds to it.
 class ConversationListController : public objc::Interface<"CKConversationListController", UIViewController> {
  public:
-  // The banner identifier of the last reply request. It is stored because a request that is delivered twice must be
-  // executed only once. nil before the first request.
+  // The banner identifier of the last reply request. It is used to detect a request that is delivered twice, which must
+  // be executed only once. nil before the first request.
   NSString* brimIdentifier() const { return objc::send<NSString*, "brimIdentifier">(this); }
   void setBrimIdentifier(NSString* identifier) { objc::send<void, "setBrimIdentifier:">(this, identifier); }
 };

@@ -15,6 +15,6 @@ enum class DecodingFailure {
 };
 
 // Starts to download the picture at the address and returns immediately. The view, which is not retained, shows the
-// picture when it has arrived. Nothing changes if the address is nil or invalid, the download fails, or the view was
-// deallocated.
+// picture when the download has finished. The view does not change if the address is nil or invalid or if the download
+// fails.
 void downloadPicture(NSString* address, PhotoReceiver* view, DecodingFailure failure = DecodingFailure::KeepsPicture);

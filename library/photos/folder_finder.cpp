@@ -23,8 +23,8 @@ bool startsWith(const char* text, NSUInteger length, const char* start) {
 }
 
 // Returns false only if the property list certainly does not contain this string, which is lowercase and contains a
-// period. Parsing is expensive, and almost all containers belong to other applications. A binary property list stores a
-// string as ASCII, or as UTF-16, in which a period has a zero byte before it.
+// period. This check avoids parsing, which is expensive, for most containers of other applications. A binary property
+// list stores a string as ASCII, or as UTF-16, in which a period has a zero byte before it.
 bool mayContain(const NSData* list, const char* string) {
   const auto* const bytes = static_cast<const char*>(list->bytes());
   const NSUInteger length = list->length();
@@ -55,7 +55,7 @@ bool isMetadataOf(NSString* lowercaseIdentifier, NSString* file) {
   return stored != nullptr && stored->lowercaseString()->isEqualToString(lowercaseIdentifier);
 }
 
-// The comparison of the whole name is cheaper, and it succeeds for almost all names.
+// The whole name is compared first, because this is cheaper and succeeds for almost all names.
 bool isMetadataName(NSString* name) { return name->isEqualToString(metadataName()) || name->contains(metadataName()); }
 
 bool belongsTo(NSString* lowercaseIdentifier, NSString* container) {

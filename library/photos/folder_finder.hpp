@@ -1,6 +1,6 @@
 // FolderFinder: finds the container folder of an application or of an app group by its identifier. The names of
 // container folders are random, but a metadata file in each folder contains the identifier. The comparison ignores
-// case. Every call reads the file system again. The names of the class and of its messages are part of the library's
+// case. Nothing is cached between calls. The names of the class and of its messages are part of the library's
 // public interface; do not change them. Any thread.
 #pragma once
 

@@ -45,7 +45,7 @@ NSArray* arrayOf(std::initializer_list<NSString*> texts) {
   return array;
 }
 
-// Fetches the default container. The result is not used, because the search covers all containers.
+// Fetches the default container and ignores the result, because the search covers all containers.
 void fetchDefaultContainer(CNContactStore* store) {
   NSString* identifier = store->defaultContainerIdentifier();
   if (identifier == nullptr) return;

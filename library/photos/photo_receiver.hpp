@@ -13,8 +13,8 @@ class PhotoReceiver : public objc::Interface<"UIView", UIView> {
 };
 
 // Calls updateImage in a later run-loop iteration, if the view still exists at that time. Call this function on the
-// main thread only, because releasing the last reference to the view deallocates it, and views must be deallocated on
-// the main thread.
+// main thread only, because it can release the last reference to the view, and views must be deallocated on the main
+// thread.
 inline void updateImageLater(const objc::Weak<PhotoReceiver>& view, const objc::Ref<UIImage>& photo) {
   onMainQueue([view, photo] { view.lock()->updateImage(photo); });
 }

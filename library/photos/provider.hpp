@@ -1,5 +1,5 @@
 // A photo provider finds the photo of a notification's sender. Each provider supports one application. A provider has
-// no state: it is created for one banner and released after the call. The class names are part of the library's public
+// no state: it is created for one banner and released after use. The class names are part of the library's public
 // interface; do not change them. Main thread.
 #pragma once
 
@@ -9,9 +9,9 @@
 
 class ContactPhotoProvider : public objc::Interface<"NSObject", NSObject> {
  public:
-  // Searches for the sender's photo and passes it to the view, once or several times. This can happen after the
-  // function has returned. If there is no photo, the view does not change. `header` and `body` are the texts of the
-  // banner and can be nil.
+  // Searches for the sender's photo and passes it to the view, once or several times, before or after the function
+  // returns. If there is no photo, the view does not change. `header` and `body` are the texts of the banner and can be
+  // nil.
   void contactPhoto(NCNotificationRequest* request, NSString* header, NSString* body, PhotoReceiver* view) {
     objc::send<void, "contactPhotoForNotification:withHeader:withBody:forView:">(this, request, header, body, view);
   }

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The offset of the byte in a database's header that selects the journal mode, and the value of this byte for a
+// The offset of the byte that specifies the journal mode in the header of a database, and the byte's value for a
 // write-ahead log.
 constexpr NSUInteger readVersionOffset = 19;
 constexpr unsigned char writeAheadLog = 2;
@@ -54,8 +54,8 @@ bool hasWriteAheadLog(NSString* path) {
 }
 
 // Returns the URI parameters that prevent SQLite from creating files beside the database. Without them, SQLite creates
-// a missing log or a missing index of the log, even for reading. If the log or its index is missing, the database is
-// read without the log.
+// the log or the log's index if it is missing, even for reading. If one of these files is missing, the database is read
+// without the log.
 NSString* openingParameters(NSString* path) {
   if (!hasWriteAheadLog(path)) return ""_ns;
   const bool hasLog = isRegularFile(path->stringByAppendingString("-wal"_ns));
@@ -83,8 +83,7 @@ NSString* queryFor(NSString* name) {
 }  // namespace
 
 NSString* slackAvatarAddress(NSString* database, NSString* name) {
-  // A quote in the name would end the string literal in the query, and the sender could then write the rest of the
-  // query.
+  // A quote in the name would end the string literal in the query, so the sender could change the rest of the query.
   if (name->contains("'"_ns) || !isRegularFile(database)) return nullptr;
   return Database(uriOf(database)->UTF8String()).text(queryFor(name)->UTF8String());
 }

@@ -1,4 +1,4 @@
-// Telegram stores avatars as files in the container of its app group, because the system's search shows them.
+// Telegram stores avatars as files in the container of its app group, where the system's search can read them.
 #include "library/photos/folder_finder.hpp"
 #include "library/photos/provider.hpp"
 #include "library/photos/user_info.hpp"

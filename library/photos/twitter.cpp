@@ -1,5 +1,5 @@
 // A Twitter notification about a tweet contains the web address of the photo. Any other notification contains only the
-// name of the account. The account's public page then contains the web address of the photo.
+// name of the account. In this case, the account's public page contains the web address of the photo.
 #include "library/photos/download.hpp"
 #include "library/photos/endpoints.hpp"
 #include "library/photos/provider.hpp"

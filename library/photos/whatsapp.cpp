@@ -20,14 +20,14 @@ bool isPictureOf(NSString* key, NSString* file) {
   return owner->isEqualToString(key);
 }
 
-// Shows every matching picture in turn, so that the last one remains. The current picture is also shown again after
-// each later file.
+// Shows every matching picture in turn, so the last one remains. After a match, every further file in the folder, even
+// one that does not match, causes the current picture to be shown again.
 void showPictureIn(NSString* folder, NSString* key, PhotoReceiver* view) {
   NSDirectoryEnumerator* files = NSFileManager::defaultManager()->enumerator(folder);
   bool isFound = false;
   objc::Ref<UIImage> picture;
   for (;;) {
-    // A folder can contain many pictures.
+    // Without a pool, all pictures of a large folder would be in memory at the same time.
     const objc::AutoreleasePool pool;
     NSString* file = files->nextObject();
     if (file == nullptr) return;

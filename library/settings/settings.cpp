@@ -16,7 +16,7 @@ struct Setting {
       : key(storedKey), number(boundVariable), defaultValue(valueIfNotStored) {}
 
   const char* key;
-  // The variable of the setting. One of the two pointers is null, depending on the type.
+  // The setting's variable. Depending on the setting's type, one of the two pointers is null.
   bool* flag = nullptr;
   NSInteger* number = nullptr;
   NSInteger defaultValue;

@@ -3,8 +3,8 @@
 //
 //   BRIM_SETTING(type, variable, key, default)
 //
-// The type is bool or NSInteger. Do not change the keys, which the settings pane uses, or the names of the variables,
-// which debuggers use. Sizes are in points.
+// The type is bool or NSInteger. Do not change the keys, because the settings pane uses them, or the names of the
+// variables, because debuggers use them. Sizes are in points.
 #ifndef BRIM_SETTING
 #error "define BRIM_SETTING(type, variable, key, default) before you include settings_list.hpp"
 #endif
@@ -43,9 +43,9 @@ BRIM_SETTING(NSInteger, appSize, "appSize", 40)
 BRIM_SETTING(NSInteger, interfaceMode, "containerColor", 0)
 // Alignment of the texts: 0 follows the language, 1 is left, 2 is centered, 3 is right.
 BRIM_SETTING(NSInteger, textAlignment, "textAlignment", 0)
-// Seconds until a banner dismisses itself.
+// Number of seconds until a banner is dismissed automatically.
 BRIM_SETTING(NSInteger, timeToDismiss, "timeToDismiss", 5)
-// Extra distance of the picture and the texts from the status line.
+// Additional distance between the status line and the picture and texts.
 BRIM_SETTING(NSInteger, topOffset, "topOffset", 15)
 // When a Messages conversation is marked as read; see AutoReadMode.
 BRIM_SETTING(NSInteger, messagesAutoReadMode, "messagesAutoReadMode", 2)

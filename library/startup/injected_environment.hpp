@@ -4,8 +4,8 @@
 
 #include "objc/hook_installation.hpp"
 
-// Loads the preferences framework, unless the process has its class HBPreferences.
+// Loads the preferences framework, unless the process already has the framework's class HBPreferences.
 void loadPreferences();
 
-// The loader's function that replaces methods. Null if the process has no loader and none is installed.
+// Returns the loader's function that replaces methods, or null if the process has no loader and none is installed.
 objc::HookFunction* findHookFunction();

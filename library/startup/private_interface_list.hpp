@@ -1,12 +1,12 @@
-// The platform's private interfaces that the library uses: one row for each, as an X-macro. Define
+// The platform's private interfaces that the library uses: one row for each interface, as an X-macro. Define
 // BRIM_PRIVATE_INTERFACE(kind, className, name, since, until, requirement, effect) before you include this file. The
-// file undefines the macro, and can be included several times.
+// file undefines the macro, so it can be included several times.
 //
-//   kind         of InterfaceKind. For a class, the name is empty; for a symbol, the class name is empty.
-//   since until  the system versions in which the platform is known to have it: from `since`, below `until` if that is
-//                not empty
-//   requirement  of Requirement: whether the library stays inactive without it
-//   effect       what the user notices on a system without it; documentation only
+//   kind         an InterfaceKind. For a class, the name is empty; for a symbol, the class name is empty.
+//   since until  the range of system versions that are known to have the interface: from `since` on, and before `until`
+//                unless that is empty
+//   requirement  a Requirement: whether the library stays inactive without the interface
+//   effect       what the user notices on a system without the interface; for documentation only
 #if !defined(BRIM_PRIVATE_INTERFACE)
 #error "Define BRIM_PRIVATE_INTERFACE before this header is included."
 #endif

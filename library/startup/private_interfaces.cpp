@@ -27,7 +27,7 @@ struct Table {
   Interface rows[size];
 };
 
-// Only the required rows are part of the library's file.
+// Only the required rows, because the optional rows would make the library's file larger.
 template <Requirement requirement>
 constexpr auto required = [] {
   Table<countOf(requirement)> table{};
@@ -77,7 +77,7 @@ NSString* firstMissing(const Table<size>& table) {
   return nullptr;
 }
 
-// Other processes have neither class. A home screen that lacks one of them is still recognized.
+// Only the home screen has these classes. A home screen that lacks one of them is still recognized.
 bool isHomeScreen() {
   return objc_getClass("SpringBoard") != nullptr || objc_getClass("NCNotificationShortLookViewController") != nullptr;
 }

@@ -7,8 +7,8 @@
 
 enum class InterfaceKind : std::uint8_t { PlatformClass, InstanceMethod, ClassMethod, InstanceVariable, Symbol };
 
-// When the library checks that the platform has an interface. Without a required interface the library stays inactive.
-// An optional interface is checked where it is used.
+// Determines when the library checks that the platform has an interface. If a required interface is missing, the
+// library stays inactive. An optional interface (None) is checked where it is used.
 enum class Requirement : std::uint8_t { None, Start, Banner };
 
 // Returns the description of the first required interface that this process lacks, such as "-[NSData ic_md5]". Returns

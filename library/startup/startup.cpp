@@ -25,7 +25,7 @@ bool registerClasses() {
          registerPhotoProviders();
 }
 
-// Returns whether an interface is missing.
+// Returns whether an interface is missing. If one is, logs its name.
 bool logMissingInterface(Requirement requirement) {
   NSString* const missing = missingInterface(requirement);
   if (missing == nullptr) return false;

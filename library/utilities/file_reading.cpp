@@ -8,8 +8,8 @@
 
 namespace {
 
-// In bytes. Valid property lists have a few kilobytes. The limit bounds the time and the memory that an invalid file
-// can cost on the main thread.
+// In bytes. Valid property lists have a few kilobytes. The limit bounds the memory and the main-thread time that a
+// malicious file can cost.
 constexpr NSUInteger maxPropertyListSize = 1 << 20;
 
 bool isOfType(NSDictionary* attributes, NSString* type) {
@@ -17,9 +17,8 @@ bool isOfType(NSDictionary* attributes, NSString* type) {
   return actual != nullptr && actual->isEqualToString(type);
 }
 
-// Returns nil if the file is a pipe, because a pipe has no size, or a folder, because a folder cannot be read. A check
-// of the file's attributes would also detect both, but it would need two more path lookups for each of thousands of
-// files.
+// Returns nil for a pipe, because a pipe has no size, and for a folder, because a folder cannot be read. To detect both
+// by the file's attributes would require two more path lookups for each of thousands of files.
 NSData* readAll(int file, NSUInteger maxSize) {
   const off_t size = lseek(file, 0, SEEK_END);
   if (size <= 0 || static_cast<NSUInteger>(size) > maxSize) return nullptr;

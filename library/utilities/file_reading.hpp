@@ -9,10 +9,10 @@
 // nil.
 bool isRegularFile(NSString* path);
 
-// Returns the bytes of the file. Returns nil if the path is nil, cannot be opened, or refers to a folder or a pipe, and
+// Returns the bytes of the file. Returns nil if the path is nil, cannot be opened, or refers to a folder or a pipe, or
 // if the file is empty or has more than maxSize bytes.
 NSData* readRegularFile(NSString* path, NSUInteger maxSize);
 
 // Returns the dictionary that is stored in the file as a property list. Returns nil if readRegularFile with a limit of
-// 1 MiB returns nil, and if the content is not a valid property list whose root is a dictionary.
+// 1 MiB returns nil, or if the content is not a valid property list whose root is a dictionary.
 NSDictionary* readPropertyList(NSString* path);

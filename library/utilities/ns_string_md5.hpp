@@ -7,8 +7,8 @@
 // Adds the category's methods to NSString.
 void registerStringUtilities();
 
-// Returns the MD5 digest of the bytes, as 32 lower-case hexadecimal digits. Computes it if the platform has no method
-// that does. Returns nil for nil.
+// Returns the MD5 digest of the bytes, as 32 lower-case hexadecimal digits. Uses the platform's method if it exists.
+// Returns nil for nil.
 NSString* md5Of(NSData* data);
 
 // Returns `length` random lower-case letters, uniformly distributed. Returns an empty string if `length` is zero or

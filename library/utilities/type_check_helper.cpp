@@ -4,8 +4,8 @@
 
 namespace {
 
-// The type name is the first class in this list to which the object belongs. Therefore, a mutable dictionary is an
-// "NSMutableDictionary", but a mutable array is an "NSArray".
+// The type name is the first class in this list of which the object is an instance. Therefore, the name for a mutable
+// dictionary is "NSMutableDictionary", but the name for a mutable array is "NSArray".
 constexpr const char* knownTypes[] = {"NSString",     "NSArray",  "NSMutableDictionary",
                                       "NSDictionary", "NSNumber", "NSUUID"};
 

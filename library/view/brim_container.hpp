@@ -54,7 +54,7 @@ class BrimContainer : public objc::Interface<"BrimContainer", PhotoReceiver> {
   void setContainerCornerRadius(NSInteger radius) { objc::send<void, "setContainerCornerRadius:">(this, radius); }
   void setAppCornerRadius(NSInteger radius) { objc::send<void, "setAppCornerRadius:">(this, radius); }
   void setAppSize(NSInteger size) { objc::send<void, "setAppSize:">(this, size); }
-  // Extra distance of the picture and the texts from the status line.
+  // Additional distance between the status line and the picture and texts.
   void setAppIconTop(NSInteger top) { objc::send<void, "setAppIconTop:">(this, top); }
   void setHeaderFontSize(NSInteger size) { objc::send<void, "setHeaderFontSize:">(this, size); }
   void setTextFontSize(NSInteger size) { objc::send<void, "setTextFontSize:">(this, size); }
@@ -74,9 +74,9 @@ class BrimContainer : public objc::Interface<"BrimContainer", PhotoReceiver> {
   BrimTextField* reply() const { return objc::send<BrimTextField*, "reply">(this); }
   bool showingAllLines() const { return objc::send<bool, "showingAllLines">(this); }
 
-  // The distance of the banner's bottom from the lowest of body, picture and header. It is not the height of the view.
+  // The distance from the lowest of body, picture and header to the banner's bottom edge, not the height of the view.
   CGFloat height() const { return objc::send<CGFloat, "height">(this); }
-  // The distance of the banner's top from the superview's top.
+  // The distance from the superview's top to the banner's top.
   CGFloat offset() const { return objc::send<CGFloat, "offset">(this); }
   // The values of `height` at rest and fully expanded, the value of `offset` at rest, and the translation at which a
   // drag dismisses the banner.
@@ -86,8 +86,8 @@ class BrimContainer : public objc::Interface<"BrimContainer", PhotoReceiver> {
   CGFloat defaultDismiss() const { return objc::send<CGFloat, "defaultDismiss">(this); }
   bool isFullyExpanded() const { return objc::send<bool, "isFullyExpanded">(this); }
 
-  // Sets the constant of the top constraint or of the bottom constraints. The completion, which can be null, is called
-  // after an animation only.
+  // Sets the constant of the top constraint or of the bottom constraints. The completion block, which can be null, is
+  // called only after an animation.
   void updateTop(CGFloat value) { objc::send<void, "updateBrimTopConstraint:">(this, value); }
   void updateTop(CGFloat value, bool animated, objc::Block<void(bool)>* completion) {
     objc::send<void, "updateBrimTopConstraint:animated:completion:">(this, value, animated, completion);
@@ -121,8 +121,8 @@ class BrimContainer : public objc::Interface<"BrimContainer", PhotoReceiver> {
   void showContent() { objc::send<void, "showContent">(this); }
 };
 
-// The delegate of a banner. The banner sends these messages to it when the user taps a button or the keyboard backdrop,
-// or sends a reply.
+// The delegate of a banner. It receives these messages when the user taps a button or the keyboard backdrop, or sends a
+// reply.
 class BrimNotificationDelegate : public objc::Interface<"NSObject", NSObject> {
  public:
   void attemptDelete(BrimContainer* view) { objc::send<void, "attemptDelete:">(this, view); }

@@ -9,8 +9,8 @@
 #include "platform/ui_visual_effect_view.hpp"
 
 struct BrimContainerState {
-  // The content. Hiding the texts, the line of a tiny banner and appended messages change `header`, `subHeader` and
-  // `body`. They do not change `originalHeader` and `originalBody`.
+  // The content. `header`, `subHeader` and `body` change when the texts are hidden, when the line of a tiny banner is
+  // created and when a message is appended. `originalHeader` and `originalBody` do not change.
   objc::Ref<UIImage> image;
   objc::Ref<NSString> header;
   objc::Ref<NSString> subHeader;
@@ -71,8 +71,8 @@ struct BrimContainerState {
   bool showingReply = false;
   NSInteger maxLineCount = 0;
 
-  // The constraints of the banner's top edge, of its bottom edge (three constraints with the same constant), and of the
-  // leading edges of the texts. The last three change when the badge is shown.
+  // The constraints on the banner's top edge, on its bottom edge (three constraints with the same constant), and on the
+  // leading edges of the texts. The constraints on the leading edges change when the badge is shown.
   objc::Ref<NSLayoutConstraint> top;
   objc::Ref<NSLayoutConstraint> heightBelowBody;
   objc::Ref<NSLayoutConstraint> heightBelowIcon;

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Indexes into the list of an alarm's actions. If the alarm cannot be snoozed, the list contains only the stop action.
+// Indexes in the list of an alarm's actions. If the alarm cannot be snoozed, the list contains only the stop action.
 constexpr NSUInteger snoozeAction = 0;
 constexpr NSUInteger stopActionAfterSnooze = 1;
 constexpr NSUInteger onlyStopAction = 0;

@@ -1,10 +1,10 @@
-// Functions that the layout of all parts of a banner uses: creation, size and corners of subviews. Sizes are in points.
-// Main thread.
+// Functions with which the layout creates the subviews of a banner and sets their sizes and corners. Sizes are in
+// points. Main thread.
 #pragma once
 
 #include "platform/ui_view.hpp"
 
-// Creates a view whose frame depends on its constraints only. Add the view to the banner before you activate its
+// Creates a view whose frame depends only on its constraints. Add the view to the banner before you activate its
 // constraints.
 template <class View>
 objc::Ref<View> makeConstrained() {
@@ -23,5 +23,5 @@ inline void roundCorners(UIView* view, CGFloat radius) {
   view->layer()->setContinuousCorners(true);
 }
 
-// Converts a size from the settings.
+// Converts a size in the settings to a length.
 inline CGFloat points(NSInteger size) { return static_cast<CGFloat>(size); }

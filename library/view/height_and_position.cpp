@@ -6,7 +6,7 @@ namespace {
 
 constexpr CGFloat paddingWithGrabber = 22;
 constexpr CGFloat paddingWithoutGrabber = 16.67;
-// The additional height of an expanded banner. It makes the button row or the reply field fit below the content.
+// The additional height of an expanded banner, which makes room for the button row or the reply field.
 constexpr CGFloat expansion = 41;
 // An animated change of height subtracts this value if the banner has neither buttons nor a reply field.
 constexpr CGFloat reductionWithoutControls = 30;

@@ -1,5 +1,5 @@
-// A banner's height and position. Here, the height is the distance of the banner's bottom from the lowest of body,
-// picture and header. It is the constant of three bottom constraints. The position is the constant of the top
+// A banner's height and position. Here, the height is the distance from the lowest of body, picture and header to the
+// banner's bottom edge. It is the constant of three bottom constraints. The position is the constant of the top
 // constraint. Sizes are in points. Main thread.
 #pragma once
 
@@ -21,8 +21,8 @@ CGFloat height(BrimContainer* self);
 CGFloat offset(BrimContainer* self);
 bool isFullyExpanded(BrimContainer* self);
 
-// The functions that follow change the position or the height. The completion, which can be null, is called after an
-// animation. If the change is not animated, the completion is not called.
+// The following functions change the position or the height. The completion block, which can be null, is called after
+// an animation. If the change is not animated, the block is not called.
 void updateTop(BrimContainer* self, CGFloat value);
 void updateTopAnimated(BrimContainer* self, CGFloat value, bool animated, objc::Block<void(bool)>* completion);
 // An animated change of the position starts in a later run-loop iteration. It does nothing if the banner has no

@@ -11,10 +11,10 @@ constexpr CGFloat tinyIconSize = 20;
 constexpr NSInteger tinyCornerRadius = 10;
 constexpr NSInteger glyphBadgeGrowth = 16;
 constexpr CGFloat iconBadgeOverhang = 7;
-// The distance of the texts from the picture while the badge is shown.
+// The distance between the picture and the texts while the badge is shown.
 constexpr CGFloat textLeadingBesideBadge = 24;
 
-// Limits the corner radius to half of the picture's size. The picture of a tiny banner is always 20 points wide and
+// Clamps the corner radius to half of the picture's size. The picture of a tiny banner is always 20 points wide and
 // high.
 NSInteger clampedIconRadius(const BrimContainerState& state) {
   constexpr NSInteger minClampedTinyRadius = 11;
@@ -23,8 +23,8 @@ NSInteger clampedIconRadius(const BrimContainerState& state) {
   return state.appCornerRadius < half ? state.appCornerRadius : half;
 }
 
-// Returns the distance of the picture from its default position. With a value outside these limits, the texts would be
-// outside the banner, or the banner outside the screen.
+// Returns the offset of the picture from its default position, clamped to a range. Outside this range, the texts would
+// be outside the banner, or the banner outside the screen.
 CGFloat iconOffset(const BrimContainerState& state) {
   constexpr NSInteger minOffset = -30;
   constexpr NSInteger maxOffset = 200;

@@ -7,12 +7,12 @@
 namespace {
 
 constexpr CGFloat gapAboveKeyboard = 8;
-// The body is compressed before the limit is exceeded. The other texts, whose resistance has the platform's default
-// priority of 750, are not compressed.
+// The resistance of the body is lower than the limit, so the body is compressed before the limit is exceeded. The other
+// texts are not compressed, because their resistance has the platform's default priority of 750.
 constexpr float bodyResistance = 500;
 constexpr float limitPriority = 700;
 
-// The values are the platform's.
+// The values of the platform's string constants.
 NSString* frameChangeName() { return "UIKeyboardWillChangeFrameNotification"_ns; }
 NSString* endFrameKey() { return "UIKeyboardFrameEndUserInfoKey"_ns; }
 
@@ -34,7 +34,7 @@ void keyboardWillChangeFrame(BrimTextField* self, NSNotification* notification) 
   auto* endFrame = objc::as<NSValue>(notification->userInfo()->objectForKey(endFrameKey()));
   if (banner == nullptr || banner->superview() == nullptr || endFrame == nullptr) return;
   const CGRect keyboard = endFrame->CGRectValue();
-  // A floating keyboard has no height, and the user can move it.
+  // The platform reports a floating keyboard with a height of 0. The user can move it away from the banner.
   if (keyboard.size.height <= 0) return;
   const CGFloat keyboardTop = banner->superview()->convertRect(keyboard, nullptr).origin.y;
   const objc::Ref<BrimContainer> retained = objc::retain(banner);

@@ -9,6 +9,6 @@
 // The methods of BrimTextField.
 std::span<const objc::MethodEntry> replyFieldMethods();
 
-// Call this function after the field was added to the banner. From then on until the field is deallocated, each change
-// of the keyboard's frame limits the height of the banner.
+// Call this function after the field has been added to the banner. Until the field is deallocated, the maximum height
+// of the banner is then updated whenever the keyboard's frame changes.
 void observeKeyboard(const BrimContainerState& state);

@@ -3,7 +3,7 @@
 
 #include "library/view/brim_container_state.hpp"
 
-// Replaces the header with "Content hidden", in the user's language, and removes the other texts. Call this function
+// Replaces the header with "Content hidden" in the user's language, and removes the other texts. Call this function
 // before the layout.
 void replaceTextsWithPlaceholder(BrimContainerState& state);
 

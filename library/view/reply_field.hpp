@@ -16,8 +16,8 @@ void setReplyAlpha(BrimContainer* self, CGFloat alpha);
 // Fades the button row out and the field in, then opens the keyboard.
 void openReplyField(BrimContainer* self);
 
-// The actions of the field's editing events. startEditing shows the keyboard backdrop. finishedEditing, after the
-// return key, sends the text; if the text is empty or a single space, it dismisses the banner instead.
+// The actions for the field's editing events. startEditing shows the keyboard backdrop. finishedEditing runs after the
+// return key: it sends the text, or dismisses the banner if the text is empty or a single space.
 void startEditing(BrimContainer* self);
 void endEditing(BrimContainer* self);
 void finishedEditing(BrimContainer* self);

@@ -26,7 +26,7 @@ NSString* clockText(const BrimContainerState& state) {
   return text;
 }
 
-// Returns the font size of the labels. With a larger size than the pane allows, the labels would cover the texts below.
+// Returns the font size of the labels, clamped to the pane's maximum. Larger labels would cover the texts below.
 CGFloat statusFontSize(const BrimContainerState& state) {
   constexpr NSInteger maxSize = 28;
   return points(state.statusbarFontSize < maxSize ? state.statusbarFontSize : maxSize);

@@ -3,7 +3,7 @@
 
 #include "library/view/brim_container_state.hpp"
 
-// Returns the distance of the status line from the banner's top, in points.
+// Returns the distance between the banner's top and the status line, in points.
 NSInteger statusLineTop(const BrimContainerState& state);
 
 // Creates both labels. They exist even if the setting statusbar is off, because the picture is placed relative to the

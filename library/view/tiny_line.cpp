@@ -28,7 +28,7 @@ void showWithBoldStart(const BrimContainerState& state, NSString* text, NSUInteg
 }
 
 // Shows the body of a banner that has no header. The text before the first colon is assumed to be a name and is bold.
-// If there is no colon, the first of several lines is the name. If there is only one line, no text is bold.
+// If there is no colon, the first of several lines is bold. If there is only one line, no text is bold.
 void showBody(const BrimContainerState& state) {
   NSString* line = state.body;
   if (isNilOrEmpty(line)) {
@@ -51,14 +51,14 @@ void showBody(const BrimContainerState& state) {
 // around it. Any other header is returned unchanged.
 NSString* headerWithColon(NSString* header) {
   if (!header->contains(":"_ns)) return header->stringByAppendingString(": "_ns);
-  // The quantifier "+?" is lazy, because a greedy quantifier would match the blanks before the colon, which the group
-  // must contain.
+  // The quantifier "+?" is lazy, because a greedy quantifier would match the blanks before the colon, which the capture
+  // group must contain.
   auto* expression = NSRegularExpression::withPattern("^[A-z0-9\\s]+?([\\s]*:+[\\s]*)"_ns,
                                                       NSRegularExpressionOptions::CaseInsensitive);
   NSTextCheckingResult* match = expression->firstMatchInString(header, {0, header->length()});
   if (match == nullptr) return header;
-  // The second match applies the pattern to the group alone. It succeeds only if there is a blank before the colon,
-  // because "[A-z0-9\\s]+?" must match at least one character. Without a blank, the header does not change.
+  // The second match applies the pattern to the capture group alone. It succeeds only if there is a blank before the
+  // colon, because "[A-z0-9\\s]+?" must match at least one character. Without a blank, the header does not change.
   NSTextCheckingResult* blanks = expression->firstMatchInString(header, match->rangeAtIndex(1));
   return blanks == nullptr ? header : header->stringByReplacingCharactersInRange(blanks->range(), ": "_ns);
 }

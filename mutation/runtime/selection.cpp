@@ -1,8 +1,8 @@
 // Environment variables:
 //   BRIM_MUTANT        the number of the selected mutant
-//   BRIM_MUTANT_REACH  a file, which all processes of a test map: the number of calls so far and the largest permitted
-//                      number, 8 bytes each, and then one byte for each mutant, which is 1 after the mutant was
-//                      executed
+//   BRIM_MUTANT_REACH  a file that all processes of a test map into memory. It contains the number of calls so far and
+//                      the maximum number of calls, 8 bytes each, and then one byte for each mutant, which is 1 after
+//                      the mutant was executed.
 #include "mutation/runtime/selection.hpp"
 
 #include <fcntl.h>
@@ -23,7 +23,7 @@ Reach* reach;
 unsigned char* isReached;
 unsigned long reachCount;
 
-// Runs before the library's entry point, which has no priority.
+// Has a priority, so it runs before the library's entry point, which has none.
 [[gnu::constructor(101)]] void readEnvironment() {
   if (const char* number = getenv("BRIM_MUTANT")) selected = strtoul(number, nullptr, 10);
   const char* path = getenv("BRIM_MUTANT_REACH");
@@ -45,7 +45,7 @@ unsigned long reachCount;
 extern "C" bool brimMutantIsOn(unsigned number) {
   if (reach != nullptr) {
     if (number < reachCount) isReached[number] = 1;
-    // An endless loop ends here, after the same number of iterations on every machine.
+    // Ends an endless loop, after the same number of iterations on every machine.
     if (__atomic_add_fetch(&reach->calls, 1, __ATOMIC_RELAXED) > reach->maxCalls) _exit(1);
   }
   return number == selected;
