@@ -22,7 +22,7 @@ using Json = nlohmann::json;
 std::map<std::string, Json> storedLines(const fs::path& file, const std::map<std::string, std::string>& fingerprints) {
   std::map<std::string, Json> lines;
   for (const Json& line : LineReader(file).newLines()) {
-    const std::string name = line.value("test", "");
+    const std::string name = line.at("test");
     const auto fingerprint = fingerprints.find(name);
     if (fingerprint != fingerprints.end() && line.value("fingerprint", "") == fingerprint->second)
       lines.insert_or_assign(name, line);

@@ -7,11 +7,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstring>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <stdexcept>
 #include <thread>
 
@@ -31,11 +33,15 @@ double secondsOf(const timeval& time) {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
 
-[[noreturn]] void execute(const Test& test, const RunLimits& limits) {
+[[noreturn]] void execute(const Test& test, const RunLimits& limits, const fs::path& output) {
   setpgid(0, 0);
   prctl(PR_SET_PDEATHSIG, SIGKILL);
-  const int null = open("/dev/null", O_RDWR);
-  for (const int stream : {0, 1, 2}) dup2(null, stream);
+  dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
+  const int written = test.passExpressions.empty()
+                          ? open("/dev/null", O_WRONLY)
+                          : open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND, 0644);
+  for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) dup2(written, stream);
+  for (const std::string& variable : test.environment) putenv(const_cast<char*>(variable.c_str()));
   const auto seconds = static_cast<rlim_t>(std::ceil(limits.processorSeconds));
   const rlimit processor = {seconds, seconds + 1};
   const rlimit cores = {0, 0};
@@ -46,6 +52,14 @@ double secondsOf(const timeval& time) {
   arguments.push_back(nullptr);
   if (chdir(test.folder.c_str()) == 0) execv(arguments[0], arguments.data());
   _exit(127);
+}
+
+bool isPassed(const Test& test, int status, const fs::path& output) {
+  if (test.passExpressions.empty()) return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  const std::string text = readFile(output);
+  return std::ranges::any_of(test.passExpressions, [&](const std::string& expression) {
+    return std::regex_search(text, std::regex(expression, std::regex::extended));
+  });
 }
 
 }  // namespace
@@ -63,6 +77,8 @@ std::vector<Test> listTests(const fs::path& configured) {
     for (const auto& property : entry.at("properties")) {
       if (property.at("name") == "WORKING_DIRECTORY") test.folder = property.at("value");
       if (property.at("name") == "DISABLED") isDisabled = property.at("value");
+      if (property.at("name") == "ENVIRONMENT") test.environment = property.at("value");
+      if (property.at("name") == "PASS_REGULAR_EXPRESSION") test.passExpressions = property.at("value");
     }
     if (!isDisabled) tests.push_back(std::move(test));
   }
@@ -101,9 +117,10 @@ TestRun TestFolder::run(const Test& test, unsigned selected, std::size_t count, 
   setenv("LD_LIBRARY_PATH", (folder_ / "lib/brim").c_str(), 1);
   setenv("TMPDIR", temporary_.c_str(), 1);
   const Clock::time_point start = Clock::now();
+  const fs::path output = folder_ / "output";
   const pid_t process = fork();
   if (process < 0) throw std::runtime_error("a test cannot be started");
-  if (process == 0) execute(test, limits);
+  if (process == 0) execute(test, limits, output);
   const auto elapsed = [&] { return std::chrono::duration<double>(Clock::now() - start).count(); };
   TestRun result;
   int status = 0;
@@ -129,7 +146,7 @@ TestRun TestFolder::run(const Test& test, unsigned selected, std::size_t count, 
   result.reached.resize(count);
   for (std::size_t number = 0; number < count; ++number)
     result.reached[number] = text[2 * sizeof(std::uint64_t) + number] != 0;
-  if (WIFEXITED(status) && WEXITSTATUS(status) == 0) {
+  if (isPassed(test, status, output)) {
     result.outcome = Outcome::Passed;
   } else if (result.calls > limits.calls) {
     result.outcome = Outcome::TooManyCalls;

@@ -14,6 +14,10 @@ struct Test {
   std::string name;
   std::vector<std::string> command;
   std::string folder;  // the working folder
+  // NAME=VALUE, in addition to the environment of the mutation test.
+  std::vector<std::string> environment = {};
+  // If not empty, the test passes if its output matches one of these regular expressions, regardless of its exit status.
+  std::vector<std::string> passExpressions = {};
 };
 
 // Returns the tests of a configured build folder. Throws std::runtime_error if CTest cannot list them.

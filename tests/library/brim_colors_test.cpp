@@ -81,6 +81,12 @@ INSTANTIATE_TEST_SUITE_P(Versions, DarkBackground,
                          testing::Values(std::pair("11.4", 0.8), std::pair("12.4", 0.8), std::pair("13.0", 0.3),
                                          std::pair("13.5", 0.3), std::pair("14.2", 0.3)));
 
+TEST(Colors, LightAndBlackBackgroundsAreTheSameBefore13) {
+  const Phone phone = phoneWithSystem("12.4");
+  EXPECT_EQ(components(BrimColors::withMode(lightMode)->containerBackgroundColor()), (Components{1, 1, 1, 0.3}));
+  EXPECT_EQ(components(BrimColors::withMode(blackMode)->containerBackgroundColor()), (Components{0, 0, 0, 1}));
+}
+
 TEST(Colors, CustomColorReplacesItsPaletteEntryOnlyWhenSet) {
   const Phone phone;
   const auto colors = BrimColors::withMode(darkMode);

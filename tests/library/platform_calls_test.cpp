@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/ns_distributed_notification_center.hpp"
+#include "platform/ui_notification_feedback_generator.hpp"
 #include "simulator/springboard/banner/notification_view_controller.hpp"
 #include "simulator/springboard/shell/home_screen.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
@@ -288,6 +289,31 @@ TEST(Deallocation, OlderControllerSetsDismissNotificationAfterTheNewestOneIsDeal
   banner->updateHeight(banner->defaultHeight());
   controller->expandBanner(1000, banner, false, nullptr);
   EXPECT_FALSE(BrimContainer::DismissNotification());
+}
+
+std::vector<std::string> generatorCalls;
+
+void recordPreparation(objc::Original<void(UINotificationFeedbackGenerator*)> original,
+                       UINotificationFeedbackGenerator* self) {
+  generatorCalls.emplace_back("prepare");
+  original(self);
+}
+
+void recordHaptic(objc::Original<void(UINotificationFeedbackGenerator*, NSInteger)> original,
+                  UINotificationFeedbackGenerator* self, NSInteger type) {
+  generatorCalls.emplace_back("notificationOccurred:");
+  original(self, type);
+}
+
+TEST(HapticGenerator, IsPreparedBeforeItIsUsed) {
+  Phone phone;
+  const int controller = phone.present();
+  phone.wait(1);
+  Class generator = UINotificationFeedbackGenerator::classObject();
+  test::replaceMethod<"prepare", &recordPreparation>(generator);
+  test::replaceMethod<"notificationOccurred:", &recordHaptic>(generator);
+  controllerOf(controller)->attemptDelete(test::containerOf(controller));
+  EXPECT_EQ(generatorCalls, (std::vector<std::string>{"prepare", "notificationOccurred:"}));
 }
 
 }  // namespace

@@ -36,6 +36,13 @@ TEST(StatusLine, IsHigherOnADeviceWithBottomSafeArea) {
   EXPECT_DOUBLE_EQ(top(phone.view(controller, "_clockLabel")), 44 - 70 + 44);
 }
 
+TEST(StatusLine, FontSizeIsAtMost28) {
+  Phone phone = phoneWith({{"statusbarFontSize", 40}});
+  const int controller = phone.present(sampleMessage());
+  EXPECT_EQ(phone.view(controller, "_clockLabel").at("font").at("size"), 28);
+  EXPECT_EQ(phone.view(controller, "_nowLabel").at("font").at("size"), 28);
+}
+
 TEST(StatusLine, ClockShowsTwentyFourHoursByDefault) {
   Phone phone = phoneWith({});
   const int controller = phone.present(sampleMessage());

@@ -117,6 +117,16 @@ TEST(TestBanner, IsPublishedAfterTheEarlierServersAreDeallocated) {
   EXPECT_EQ(eventsOf(requestTestBanner(phone), "publish").size(), 1U);
 }
 
+TEST(TestBanner, IsPublishedAfterAnEarlierServerIsDeallocatedLater) {
+  Phone phone;
+  auto earlier = makeServer();
+  const objc::Weak<BBServer> weakEarlier(earlier.get());
+  const auto latest = makeServer();
+  earlier = nullptr;
+  EXPECT_EQ(weakEarlier.lock().get(), nullptr);
+  EXPECT_EQ(eventsOf(requestTestBanner(phone), "publish").size(), 1U);
+}
+
 TEST(TestBanner, IsPublishedOnceAfterAnotherHomeScreenIsDeallocated) {
   Phone phone;
   objc::Weak<SBHomeScreenViewController> weak;

@@ -70,4 +70,15 @@ TEST(TestOrder, TakesOneTestFromEachSuiteInTurnAfterTheSpecificTests) {
   EXPECT_THAT(last, ElementsAre("Instances/First.Large/0", "Second.A", "First.Medium", "First.Small"));
 }
 
+TEST(TestOrder, PrefersFastTestsAfterTheSpecificTests) {
+  std::vector<KnownTest> tests;
+  for (int index = 0; index < 10; ++index) tests.push_back(known("Specific." + std::to_string(index), {1}));
+  tests.push_back(known("Slow.A", {1, 2, 3, 4, 5}));
+  tests.back().processorSeconds = 3;
+  tests.push_back(known("Fast.A", {1, 2}));
+  tests.back().processorSeconds = 0.2;
+  const std::vector<std::string> ordered = names(tests, {{1}, {}, {}, "", {}, {}});
+  EXPECT_THAT(std::vector(ordered.begin() + 10, ordered.end()), ElementsAre("Fast.A", "Slow.A"));
+}
+
 }  // namespace

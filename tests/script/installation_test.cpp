@@ -37,6 +37,8 @@ TEST(DefaultRoot, IsNotInTheCurrentFolder) {
 class InstalledPhone : public testing::Test {
  protected:
   InstalledPhone() {
+    // The programs must find their libraries without it.
+    unsetenv("LD_LIBRARY_PATH");
     const fs::path first = folder.path() / "first";
     const std::string command =
         INSTALL " --prefix '" + first.string() + "' >'" + (folder.path() / "log").string() + "'";
