@@ -113,4 +113,40 @@ void addRoundedRectangle(cairo_t* context, const Rectangle& given, const CornerS
   cairo_close_path(context);
 }
 
+DividedRectangle divideRoundedRectangle(cairo_t* context, const Rectangle& rectangle, const CornerShape& corners) {
+  const Rectangle bounds = representable(context, rectangle);
+  if (!(bounds.width > 0 && bounds.height > 0)) return {};
+  double left = bounds.x, top = bounds.y, right = bounds.x + bounds.width, bottom = bounds.y + bounds.height;
+  cairo_user_to_device(context, &left, &top);
+  cairo_user_to_device(context, &right, &bottom);
+  const double pixelsPerUnit = std::max((right - left) / bounds.width, (bottom - top) / bounds.height);
+  const double half = std::min(bounds.width, bounds.height) / 2;
+  const double radius = std::clamp(std::isnan(corners.radius) ? 0 : corners.radius, 0.0, half) * pixelsPerUnit;
+  const int extent = radius > 0 ? static_cast<int>(std::ceil(radius * maxCornerExtent)) + 1 : 0;
+
+  const auto between = [](double x0, double y0, double x1, double y1) {
+    const auto x = static_cast<int>(x0), y = static_cast<int>(y0);
+    return PixelRectangle{x, y, static_cast<int>(x1) - x, static_cast<int>(y1) - y};
+  };
+  const double outerLeft = std::floor(left), outerRight = std::ceil(right);
+  const double outerTop = std::floor(top), outerBottom = std::ceil(bottom);
+  const double innerLeft = std::ceil(left), innerRight = std::floor(right);
+  const double innerTop = std::ceil(top), innerBottom = std::floor(bottom);
+  const double cornerLeft = innerLeft + extent, cornerRight = innerRight - extent;
+  const double cornerTop = innerTop + extent, cornerBottom = innerBottom - extent;
+  const bool isDivisible = cornerLeft < cornerRight && cornerTop < cornerBottom;
+  if (!isDivisible) return {.inside = {}, .border = {between(outerLeft, outerTop, outerRight, outerBottom)}};
+  return {.inside = {between(cornerLeft, innerTop, cornerRight, cornerTop),
+                     between(innerLeft, cornerTop, innerRight, cornerBottom),
+                     between(cornerLeft, cornerBottom, cornerRight, innerBottom)},
+          .border = {between(outerLeft, outerTop, cornerLeft, cornerTop),
+                     between(cornerRight, outerTop, outerRight, cornerTop),
+                     between(outerLeft, cornerBottom, cornerLeft, outerBottom),
+                     between(cornerRight, cornerBottom, outerRight, outerBottom),
+                     between(cornerLeft, outerTop, cornerRight, innerTop),
+                     between(cornerLeft, innerBottom, cornerRight, outerBottom),
+                     between(outerLeft, cornerTop, innerLeft, cornerBottom),
+                     between(innerRight, cornerTop, outerRight, cornerBottom)}};
+}
+
 }  // namespace drawing

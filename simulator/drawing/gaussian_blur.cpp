@@ -19,7 +19,7 @@ using Vector4 [[gnu::vector_size(16)]] = std::int32_t;
 using Float4 [[gnu::vector_size(16)]] = float;
 using Cell [[gnu::vector_size(8)]] = std::uint16_t;
 using CellPair [[gnu::vector_size(16)]] = std::uint16_t;
-using BytePair [[gnu::vector_size(8)]] = std::uint8_t;
+using Bytes [[gnu::vector_size(16)]] = std::uint8_t;
 
 int floorDivide(int value, int divisor) { return value >= 0 ? value / divisor : -((divisor - 1 - value) / divisor); }
 
@@ -192,31 +192,34 @@ void interpolateRows(const BlurredCell* first, const BlurredCell* second, const 
 }
 
 CellPair duplicated(const Cell& cell) {
-  return CellPair{cell[0], cell[1], cell[2], cell[3], cell[0], cell[1], cell[2], cell[3]};
+  const CellPair pair = __builtin_shufflevector(cell, cell, 0, 1, 2, 3, 4, 5, 6, 7);
+  return pair;
 }
 
 CellPair weightPair(std::uint16_t first, std::uint16_t second) {
   return CellPair{first, first, first, first, second, second, second, second};
 }
 
-void writePair(const CellPair& eighths, std::uint32_t* target) {
+CellPair levels(const CellPair& eighths) {
   constexpr std::uint16_t level = unitsPerLevel * 8;
-  const BytePair bytes = __builtin_convertvector((eighths + level / 2) / level, BytePair);
-  std::memcpy(target, &bytes, sizeof bytes);
+  return (eighths + level / 2) / level;
 }
 
 // Computes the four pixels of each cell, except for the first and the last cell.
 void interpolateLine(const std::vector<Cell>& line, std::uint32_t* target) {
+  CellPair before = duplicated(line[0]);
+  CellPair cell = duplicated(line[1]);
   for (std::size_t index = 1; index + 1 < line.size(); ++index, target += cellSide) {
-    const CellPair before = duplicated(line[index - 1]);
-    const CellPair cell = duplicated(line[index]);
     const CellPair after = duplicated(line[index + 1]);
-    writePair(
-        before * weightPair(phases[0].first, phases[1].first) + cell * weightPair(phases[0].second, phases[1].second),
-        target);
-    writePair(
-        cell * weightPair(phases[2].first, phases[3].first) + after * weightPair(phases[2].second, phases[3].second),
-        target + 2);
+    const CellPair left = levels(before * weightPair(phases[0].first, phases[1].first) +
+                                 cell * weightPair(phases[0].second, phases[1].second));
+    const CellPair right = levels(cell * weightPair(phases[2].first, phases[3].first) +
+                                  after * weightPair(phases[2].second, phases[3].second));
+    const Bytes bytes = __builtin_convertvector(
+        __builtin_shufflevector(left, right, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15), Bytes);
+    std::memcpy(target, &bytes, sizeof bytes);
+    before = cell;
+    cell = after;
   }
 }
 
@@ -241,17 +244,22 @@ BlurredCells blurBeneath(const Canvas& canvas, const PixelRectangle& area, doubl
 }
 
 void interpolate(const BlurredCells& source, const PixelRectangle& area, std::span<std::uint32_t> target) {
-  const auto columns = static_cast<std::size_t>(source.columns);
-  const int skipped = area.x - (source.column + 1) * cellSide;
+  const auto rowLength = static_cast<std::size_t>(source.columns);
+  const int firstColumn = floorDivide(area.x, cellSide) - 1;
+  const auto columns = static_cast<std::size_t>(floorDivide(area.x + area.width - 1, cellSide) + 2 - firstColumn);
+  const auto skippedCells = static_cast<std::size_t>(firstColumn - source.column);
+  const int skippedPixels = area.x - (firstColumn + 1) * cellSide;
   std::vector<Cell> line(columns);
   std::vector<std::uint32_t> pixels((columns - 2) * cellSide);
   for (int y = 0; y < area.height; ++y) {
     const int row = floorDivide(area.y + y, cellSide);
     const Phase& phase = phases[area.y + y - row * cellSide];
-    const BlurredCell* first = &source.cells[static_cast<std::size_t>(row + phase.offset - source.row) * columns];
-    interpolateRows(first, first + columns, phase, line);
+    const auto sourceRow = static_cast<std::size_t>(row + phase.offset - source.row);
+    const BlurredCell* first = &source.cells[sourceRow * rowLength + skippedCells];
+    interpolateRows(first, first + rowLength, phase, line);
     interpolateLine(line, pixels.data());
-    std::copy_n(pixels.begin() + skipped, area.width, target.begin() + static_cast<std::ptrdiff_t>(y) * area.width);
+    std::copy_n(pixels.begin() + skippedPixels, area.width,
+                target.begin() + static_cast<std::ptrdiff_t>(y) * area.width);
   }
 }
 

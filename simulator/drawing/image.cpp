@@ -38,6 +38,17 @@ bool hasPixels(cairo_surface_t* surface) {
          cairo_image_surface_get_height(surface) > 0;
 }
 
+bool hasTransparentPixel(cairo_surface_t* surface) {
+  constexpr std::uint32_t opaque = 0xFF000000;
+  const int width = cairo_image_surface_get_width(surface);
+  const unsigned char* row = cairo_image_surface_get_data(surface);
+  for (int y = 0; y < cairo_image_surface_get_height(surface); ++y, row += cairo_image_surface_get_stride(surface)) {
+    const auto* pixels = reinterpret_cast<const std::uint32_t*>(row);
+    if (std::any_of(pixels, pixels + width, [](std::uint32_t pixel) { return pixel < opaque; })) return true;
+  }
+  return false;
+}
+
 // Returns a copy of the surface, converted to ARGB32 and scaled to this size.
 SurfaceHandle resizedCopy(cairo_surface_t* source, int width, int height) {
   SurfaceHandle copy(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
@@ -131,6 +142,15 @@ std::shared_ptr<const Image> Image::named(std::string name) const {
   image->pixelWidth_ = pixelWidth_;
   image->pixelHeight_ = pixelHeight_;
   return std::shared_ptr<const Image>(image);
+}
+
+bool Image::isOpaque() const {
+  if (opacity_ == Opacity::Unknown) {
+    cairo_surface_t* const pixels = surface_ != nullptr ? surface_.get() : resized_.get();
+    if (pixels == nullptr) return false;
+    opacity_ = hasTransparentPixel(pixels) ? Opacity::Transparent : Opacity::Opaque;
+  }
+  return opacity_ == Opacity::Opaque;
 }
 
 std::uint32_t Image::pixel(int x, int y) const {

@@ -47,6 +47,9 @@ class Image {
   // Returns an image that shares the pixels and has another name.
   std::shared_ptr<const Image> named(std::string name) const;
 
+  // Returns whether no pixel is transparent. An image whose pixels have not been decoded counts as transparent.
+  bool isOpaque() const;
+
   // Returns a pixel as premultiplied 0xAARRGGBB. Returns 0 outside the image.
   std::uint32_t pixel(int x, int y) const;
   // The size of the surface in pixels. It is smaller than that of the image if only a reduced copy is retained.
@@ -64,6 +67,9 @@ class Image {
   Image(SurfaceHandle surface, double scale, std::string name);
   Image(std::filesystem::path file, int width, int height, double scale);
 
+  enum class Opacity { Unknown, Opaque, Transparent };
+
+  mutable Opacity opacity_ = Opacity::Unknown;
   mutable SurfaceHandle surface_;
   mutable SurfaceHandle resized_;   // the last result of resizedSurface
   mutable SurfaceHandle previous_;  // the result before it

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <vector>
+#include <span>
 
+#include "simulator/drawing/corner_path.hpp"
 #include "simulator/drawing/gaussian_blur.hpp"
 
 namespace drawing {
@@ -45,55 +46,98 @@ const Material& material(BlurStyle style, Appearance appearance) {
   return appearance == Appearance::Dark ? regularInDark : regularInLight;
 }
 
-float luminanceOf(const std::array<float, 3>& channels) {
+// Four values, one for each of four cells.
+using Float4 [[gnu::vector_size(16)]] = float;
+using Integer4 [[gnu::vector_size(16)]] = std::int32_t;
+
+Float4 luminanceOf(const std::array<Float4, 3>& channels) {
   return luminanceWeights[0] * channels[0] + luminanceWeights[1] * channels[1] + luminanceWeights[2] * channels[2];
 }
 
-// Saturates, tints and darkens a premultiplied cell. No channel exceeds the alpha.
-void saturateAndTint(BlurredCell& cell, const Material& material) {
-  if (cell.alpha == 0) return;
-  std::array<float, 3> channels{static_cast<float>(cell.blue), static_cast<float>(cell.green),
-                                static_cast<float>(cell.red)};
-  const auto alpha = static_cast<float>(cell.alpha);
-  const float luminance = luminanceOf(channels);
-  for (float& channel : channels) {
-    const float saturated = std::clamp(luminance + saturation * (channel - luminance), 0.0F, alpha);
+Float4 clamped(const Float4& values, const Float4& max) {
+  const Float4 positive = values < 0.0F ? Float4{} : values;
+  return max < positive ? max : positive;
+}
+
+// Saturates, tints and darkens four premultiplied cells. No channel exceeds the alpha.
+void saturateAndTint(std::span<BlurredCell, 4> cells, const Material& material) {
+  const auto gather = [&cells](auto BlurredCell::*channel) {
+    const auto value = [&](std::size_t index) { return static_cast<float>(cells[index].*channel); };
+    return Float4{value(0), value(1), value(2), value(3)};
+  };
+  std::array<Float4, 3> channels{gather(&BlurredCell::blue), gather(&BlurredCell::green), gather(&BlurredCell::red)};
+  const Float4 alpha = gather(&BlurredCell::alpha);
+  const Float4 luminance = luminanceOf(channels);
+  for (Float4& channel : channels) {
+    const Float4 saturated = clamped(luminance + saturation * (channel - luminance), alpha);
     channel = saturated + (material.tintGray * alpha - saturated) * material.tintOpacity;
   }
-  const float divisor = 1 + material.darkening * luminanceOf(channels) / alpha;
+  const Float4 nonzeroAlpha = alpha == 0.0F ? Float4{} + 1.0F : alpha;
+  const Float4 divisor = 1.0F + material.darkening * luminanceOf(channels) / nonzeroAlpha;
   // Truncating a positive value plus one half rounds it to the nearest integer.
   constexpr float half = 0.5F;
-  std::array<std::uint16_t, 3> result{};
+  std::array<Integer4, 3> result;
   for (std::size_t index = 0; index < channels.size(); ++index)
-    result[index] = static_cast<std::uint16_t>(channels[index] / divisor + half);
-  cell = {result[0], result[1], result[2], cell.alpha};
+    result[index] = __builtin_convertvector(channels[index] / divisor + half, Integer4);
+  for (std::size_t index = 0; index < cells.size(); ++index) {
+    cells[index].blue = static_cast<std::uint16_t>(result[0][index]);
+    cells[index].green = static_cast<std::uint16_t>(result[1][index]);
+    cells[index].red = static_cast<std::uint16_t>(result[2][index]);
+  }
+}
+
+void saturateAndTint(std::span<BlurredCell> cells, const Material& material) {
+  for (; cells.size() >= 4; cells = cells.subspan(4)) saturateAndTint(cells.first<4>(), material);
+  std::array<BlurredCell, 4> last{};
+  std::ranges::copy(cells, last.begin());
+  saturateAndTint(std::span<BlurredCell, 4>(last), material);
+  std::copy_n(last.begin(), cells.size(), cells.begin());
 }
 
 // The number of rows that are painted at a time. This number of rows fits into the processor's cache.
 constexpr int bandHeight = 32;
 
-void paintBand(cairo_t* context, cairo_surface_t* pixels, const PixelRectangle& band, double alpha) {
-  cairo_surface_mark_dirty(pixels);
-  cairo_set_source_surface(context, pixels, band.x, band.y);
-  cairo_save(context);
-  cairo_new_path(context);
-  cairo_rectangle(context, band.x, band.y, band.width, band.height);
-  cairo_clip(context);
-  cairo_paint_with_alpha(context, alpha);
-  cairo_restore(context);
-}
-
-void paintCells(cairo_t* context, const BlurredCells& cells, const PixelRectangle& covered, double alpha) {
-  SurfaceHandle pixels(
-      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, covered.width, std::min(covered.height, bandHeight)));
+// Paints the pixels of an area inside the clip.
+void paintArea(cairo_t* context, const BlurredCells& cells, const PixelRectangle& area, int rowsAtATime, double alpha) {
+  if (area.isEmpty()) return;
+  const SurfaceHandle pixels(
+      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, std::min(area.height, rowsAtATime)));
   if (cairo_surface_status(pixels.get()) != CAIRO_STATUS_SUCCESS) return;
   // The rows of pixels are adjacent in memory, because a row of 32-bit pixels has no padding.
   auto* data = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(pixels.get()));
-  for (int y = 0; y < covered.height; y += bandHeight) {
-    const PixelRectangle band = {covered.x, covered.y + y, covered.width, std::min(bandHeight, covered.height - y)};
+  for (int y = 0; y < area.height; y += rowsAtATime) {
+    const PixelRectangle band = {area.x, area.y + y, area.width, std::min(rowsAtATime, area.height - y)};
     interpolate(cells, band, {data, static_cast<std::size_t>(band.width) * static_cast<std::size_t>(band.height)});
-    paintBand(context, pixels.get(), band, alpha);
+    cairo_surface_mark_dirty(pixels.get());
+    cairo_save(context);
+    cairo_set_source_surface(context, pixels.get(), band.x, band.y);
+    cairo_new_path(context);
+    cairo_rectangle(context, band.x, band.y, band.width, band.height);
+    cairo_clip(context);
+    cairo_paint_with_alpha(context, alpha);
+    cairo_restore(context);
   }
+}
+
+// Only the areas at the border are clipped to the curve, because cairo composites each row of a curved clip separately.
+void paintCells(Canvas& canvas, const BlurredCells& cells, const PixelRectangle& covered, const Rectangle& area,
+                const CornerShape& corners, double alpha) {
+  cairo_t* const context = canvas.context();
+  const DividedRectangle parts = divideRoundedRectangle(context, area, corners);
+  canvas.save();
+  cairo_matrix_t transform;
+  cairo_get_matrix(context, &transform);
+  cairo_identity_matrix(context);
+  for (const PixelRectangle& part : parts.inside)
+    paintArea(context, cells, intersection(part, covered), bandHeight, alpha);
+  cairo_set_matrix(context, &transform);
+  canvas.clipRoundedRectangle(area, corners);
+  cairo_identity_matrix(context);
+  for (const PixelRectangle& part : parts.border) {
+    const PixelRectangle painted = intersection(part, covered);
+    paintArea(context, cells, painted, std::max(painted.height, 1), alpha);
+  }
+  canvas.restore();
 }
 
 }  // namespace
@@ -112,13 +156,9 @@ void drawMaterial(Canvas& canvas, const Rectangle& area, const CornerShape& corn
   const Material& drawn = material(style, appearance);
   BlurredCells cells = blurBeneath(canvas, covered, drawn.sigma * canvas.pixelsPerPoint());
   if (cells.cells.empty()) return;
-  for (BlurredCell& cell : cells.cells) saturateAndTint(cell, drawn);
+  saturateAndTint(cells.cells, drawn);
 
-  canvas.save();
-  canvas.clipRoundedRectangle(area, corners);
-  cairo_identity_matrix(canvas.context());
-  paintCells(canvas.context(), cells, covered, std::min(alpha, 1.0));
-  canvas.restore();
+  paintCells(canvas, cells, covered, area, corners, std::min(alpha, 1.0));
 }
 
 int materialBlurMargin(BlurStyle style, Appearance appearance, double pixelsPerPoint) {

@@ -56,6 +56,18 @@ TEST(Corners, CurvatureOfContinuousCornersGrowsTowardTheMiddle) {
   }
 }
 
+TEST(Corners, TranslucentFillIsUniformInside) {
+  Canvas canvas({side, side}, 1);
+  canvas.fillRoundedRectangle({10.3, 10.6, 150.5, 120.2}, {15, CornerCurve::Continuous}, {0, 0, 0, 0.5});
+  const std::uint32_t expected = canvas.pixel(80, 70);
+  EXPECT_NEAR(alphaOf(expected), 128, 1);
+  for (int x = 11; x < 160; ++x) EXPECT_EQ(canvas.pixel(x, 70), expected) << x;
+  for (int y = 11; y < 130; ++y) EXPECT_EQ(canvas.pixel(80, y), expected) << y;
+  for (int offset = 16; offset < 60; ++offset) EXPECT_EQ(canvas.pixel(offset, offset), expected) << offset;
+  EXPECT_LT(alphaOf(canvas.pixel(10, 70)), alphaOf(expected));
+  EXPECT_LT(alphaOf(canvas.pixel(80, 130)), alphaOf(expected));
+}
+
 TEST(Corners, AllFourCornersAreEqual) {
   const Canvas canvas = filledShape({side, side}, {50, CornerCurve::Continuous});
   const int last = static_cast<int>(side) - 1;

@@ -135,8 +135,11 @@ class Painter {
     canvas_.beginLayer(appearance.opacity);
     if (appearance.background.alpha > 0)
       canvas_.fillRoundedRectangle(rectangle(appearance.bounds), appearance.corners, appearance.background);
+    // A material is clipped to the same shape when it is drawn. A second clip would only make it slower.
+    const bool isBackdrop = !painted.read.isEmpty();
+    if (isBackdrop && intersectsRegion(appearance.painted)) paintContent(painted);
     if (appearance.clipsSubviews) canvas_.clipRoundedRectangle(rectangle(appearance.bounds), appearance.corners);
-    if (intersectsRegion(appearance.painted)) paintContent(painted);
+    if (!isBackdrop && intersectsRegion(appearance.painted)) paintContent(painted);
     paint(index + 1, painted.end);
     canvas_.endLayer();
     canvas_.restore();
