@@ -1,11 +1,16 @@
-// A Wayland compositor in a window of the X server that DISPLAY selects. It shows the window of each client without
-// decorations in its whole window. The mouse and the keyboard of the X server operate it.
+// A Wayland compositor in a window of the X server that DISPLAY selects. The mouse and the keyboard of the X server
+// operate it.
 #pragma once
 
 #include "tests/support/child_process.hpp"
 #include "tests/support/temporary_folder.hpp"
 
 namespace test {
+
+enum class WaylandShell {
+  Kiosk,    // shows the window of each client without decorations in its whole window
+  Desktop,  // shows the windows of the clients with their own decorations
+};
 
 class WaylandCompositor {
  public:
@@ -14,7 +19,10 @@ class WaylandCompositor {
 
   // Starts the compositor, waits until it accepts clients, and sets the environment variables that select it. `scale`
   // is the number of pixels in a unit of its clients. Throws std::runtime_error if the compositor does not start.
-  explicit WaylandCompositor(int scale);
+  explicit WaylandCompositor(int scale, WaylandShell shell = WaylandShell::Kiosk);
+
+  // Ends the compositor, as a crash does.
+  void kill() const { process_.kill(); }
 
  private:
   TemporaryFolder folder_;
