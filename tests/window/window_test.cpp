@@ -359,7 +359,7 @@ TEST(Window, VolumeButtonsAreKeysAndPartsOfTheBody) {
   };
   phone.display.send("key Prior Next");
   EXPECT_TRUE(arePressed({"up", "down"})) << testing::PrintToString(pressed);
-  phone.press({-20, 130});
+  phone.press({-20, 170});
   phone.release();
   EXPECT_TRUE(arePressed({"up", "down", "up"})) << testing::PrintToString(pressed);
 }
