@@ -82,7 +82,7 @@ TEST_P(Layout, HasVolumeButtonsAtTheLeftEdgeOfTheBody) {
   };
   EXPECT_EQ(buttonAt(phone_display::volumeUpButton, -body.sideBezel), BodyButton::VolumeUp);
   EXPECT_EQ(buttonAt(phone_display::volumeDownButton, -body.sideBezel), BodyButton::VolumeDown);
-  EXPECT_EQ(buttonAt(phone_display::volumeDownButton, device.screen.width + body.sideBezel), BodyButton::None);
+  EXPECT_EQ(buttonAt(phone_display::sideButton, -body.sideBezel), BodyButton::None);
 }
 
 TEST(PhoneBody, OnlyDevicesWithAHomeButtonHaveItBelowTheScreen) {
