@@ -22,6 +22,11 @@ struct FrameObserver {
   Nanoseconds nextCall;  // the time of a frame
 };
 
+struct IterationObserver {
+  IterationObserverId id;
+  std::function<void()> call;
+};
+
 constexpr std::int64_t framesInSecond = 60;
 
 // The list is never destroyed, because other threads can still add work while the process exits.
@@ -46,9 +51,9 @@ std::list<FrameObserver>& frameObservers() {
   return observers;
 }
 
-std::function<void()>& endOfIterationObserver() {
-  static std::function<void()>& observer = *new std::function<void()>([] {});
-  return observer;
+std::list<IterationObserver>& iterationObservers() {
+  static std::list<IterationObserver>& observers = *new std::list<IterationObserver>;
+  return observers;
 }
 
 // Returns the time of a frame. Frame n is shown n sixtieths of a second after the clock's zero, rounded to nanoseconds.
@@ -169,7 +174,15 @@ Nanoseconds frameTimeAfter(Nanoseconds time) {
   return timeOfFrame(frame);
 }
 
-void observeEndOfIteration(std::function<void()> observer) { endOfIterationObserver() = std::move(observer); }
+IterationObserverId addIterationObserver(std::function<void()> observer) {
+  static IterationObserverId last = 0;
+  iterationObservers().push_back({++last, std::move(observer)});
+  return last;
+}
+
+void removeIterationObserver(IterationObserverId observer) {
+  std::erase_if(iterationObservers(), [observer](const IterationObserver& added) { return added.id == observer; });
+}
 
 void drainMainQueue() {
   do {
@@ -178,7 +191,7 @@ void drainMainQueue() {
       work();
     }
     const objc::AutoreleasePool pool;
-    endOfIterationObserver()();
+    for (const IterationObserver& observer : iterationObservers()) observer.call();
   } while (workList().nextTime() <= clock::now());
 }
 

@@ -56,9 +56,12 @@ void removeFrameObserver(FrameObserverId observer);
 // Returns the time of the first frame after this time.
 Nanoseconds frameTimeAfter(Nanoseconds time);
 
-// Sets the function that is called at the end of each iteration of the main thread, when no work is due. The function
-// can add work to the same iteration. A new function replaces the previous one.
-void observeEndOfIteration(std::function<void()> observer);
+// Adds an observer that is called at the end of each iteration of the main thread, when no work is due. The observers
+// are called in the order in which they were added. An observer can add work to the same iteration. Main thread.
+using IterationObserverId = std::uint64_t;
+IterationObserverId addIterationObserver(std::function<void()> observer);
+// Removes an observer. An observer must not add or remove observers. Main thread.
+void removeIterationObserver(IterationObserverId observer);
 
 // Runs all work that is due. Does not change a stepped clock. Main thread.
 void drainMainQueue();

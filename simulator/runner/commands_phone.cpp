@@ -82,7 +82,8 @@ std::span<const Command> phoneCommands() {
       {"device", field::nonEmptyText}, {"system", field::nonEmptyText}, {"locale", field::nonEmptyText}};
   static constexpr Field contactsFields[] = {{"path", field::nonEmptyText, Presence::Required}};
   static constexpr Command commands[] = {
-      {"press", pressFields, &press, "send a button event; type 101 with a force of 0 releases the home button"},
+      {"press", pressFields, &press,
+       "send a button event: type 101 is home, 102 volume up, 103 volume down; a force of 0 releases the button"},
       {"lock", {}, &lock, "show the lock screen"},
       {"grabber",
        {},

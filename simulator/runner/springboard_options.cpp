@@ -62,14 +62,19 @@ process::ExpectedValue selectRealClock(Options& options, const std::string&) {
   return std::nullopt;
 }
 
-process::ExpectedValue openWindow(Options& options, const std::string&) {
-  options.window = WindowPlace::Desktop;
+process::ExpectedValue displayIn(WindowPlace place, Options& options) {
+  if (options.window && options.window != place)
+    return "only one of --window and --browser, because the phone is displayed in one place";
+  options.window = place;
   return std::nullopt;
 }
 
+process::ExpectedValue openWindow(Options& options, const std::string&) {
+  return displayIn(WindowPlace::Desktop, options);
+}
+
 process::ExpectedValue servePage(Options& options, const std::string&) {
-  options.window = WindowPlace::WebPage;
-  return std::nullopt;
+  return displayIn(WindowPlace::WebPage, options);
 }
 
 process::ExpectedValue playWelcome(Options& options, const std::string&) {

@@ -54,7 +54,7 @@ void registerClasses() {
   defineAccessibility();
   // Lays out the views that changed during a run-loop iteration. The layout happens at the end of the iteration,
   // outside of any animation block. The finished layout is then presented.
-  foundation::observeEndOfIteration([] {
+  foundation::addIterationObserver([] {
     updateKeyboard();
     layoutWindows();
     scheduleAnimationFrames();

@@ -88,15 +88,26 @@ TEST_F(SteppedClock, DrainRunsDueWorkWithoutAdvancingTheClock) {
 
 TEST_F(SteppedClock, EndOfIterationObserverRunsAfterDueWorkAndCanAddWork) {
   int iterations = 0;
-  foundation::observeEndOfIteration([this, &iterations] {
+  const auto observer = foundation::addIterationObserver([this, &iterations] {
     log.push_back("end");
     if (++iterations == 1) foundation::onMainThread([this] { log.push_back("added"); });
   });
   foundation::onMainThread([this] { log.push_back("now"); });
   schedule(0, "zero");
   foundation::drainMainQueue();
-  foundation::observeEndOfIteration([] {});
+  foundation::removeIterationObserver(observer);
   EXPECT_EQ(log, (Log{"now", "zero@0.000000", "end", "added", "end"}));
+}
+
+TEST_F(SteppedClock, EndOfIterationObserversRunInOrderUntilTheyAreRemoved) {
+  const auto first = foundation::addIterationObserver([this] { log.push_back("first"); });
+  const auto second = foundation::addIterationObserver([this] { log.push_back("second"); });
+  foundation::drainMainQueue();
+  foundation::removeIterationObserver(first);
+  foundation::drainMainQueue();
+  foundation::removeIterationObserver(second);
+  foundation::drainMainQueue();
+  EXPECT_EQ(log, (Log{"first", "second", "second"}));
 }
 
 TEST_F(SteppedClock, InvalidStepsAndDelaysAreHarmless) {

@@ -111,6 +111,8 @@ TEST(Options, ErrorsNameTheExpectedInput) {
                               {{"--root", ""}, "a folder"},
                               {{"--window"}, "--window requires --live"},
                               {{"--browser"}, "--browser requires --live"},
+                              {{"--live", "--window", "--browser"}, "only one of --window and --browser"},
+                              {{"--live", "--browser", "--window"}, "only one of --window and --browser"},
                               {{"--welcome"}, "--welcome requires --live"},
                               {{"--demonstration="}, "a folder"}};
   for (const Refusal& refusal : refusals) {

@@ -10,7 +10,7 @@
 
 namespace test {
 
-ChildProcess::ChildProcess(const std::vector<std::string>& command) {
+ChildProcess::ChildProcess(const std::vector<std::string>& command, const std::filesystem::path& errors) {
   int pipeEnds[2];
   if (pipe2(pipeEnds, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
   const foundation::FileDescriptor readEnd(pipeEnds[0]);
@@ -23,6 +23,8 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command) {
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, readEnd.get(), STDIN_FILENO);
   posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  if (!errors.empty())
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errors.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
   const int error = posix_spawn(&child_, arguments[0], &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   if (error != 0) throw std::runtime_error("cannot start " + command.front());

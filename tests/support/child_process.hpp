@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,10 @@ namespace test {
 
 class ChildProcess {
  public:
-  // `command` is the program's path followed by its arguments. Standard output goes to /dev/null. Throws
-  // std::runtime_error if the program cannot be started.
-  explicit ChildProcess(const std::vector<std::string>& command);
+  // `command` is the program's path followed by its arguments. Standard output goes to /dev/null. Standard error goes
+  // to the file `errors`, or to that of the test if the path is empty. Throws std::runtime_error if the program cannot
+  // be started.
+  explicit ChildProcess(const std::vector<std::string>& command, const std::filesystem::path& errors = {});
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
   ~ChildProcess();

@@ -72,7 +72,17 @@ TEST_P(Layout, HasASideButtonAtTheRightEdgeOfTheBody) {
   EXPECT_EQ(phone_display::buttonAt(device, {edge, middle}), phone_display::BodyButton::Side);
   EXPECT_EQ(phone_display::buttonAt(device, {edge, middle - phone_display::sideButton.height}),
             phone_display::BodyButton::None);
-  EXPECT_EQ(phone_display::buttonAt(device, {-body.sideBezel, middle}), phone_display::BodyButton::None);
+}
+
+TEST_P(Layout, HasVolumeButtonsAtTheLeftEdgeOfTheBody) {
+  using phone_display::BodyButton;
+  const phone_display::PhoneBody body = phone_display::bodyOf(device);
+  const auto buttonAt = [&](const phone_display::SideButton& button, double edge) {
+    return phone_display::buttonAt(device, {edge, button.top + button.height / 2 - body.endBezel});
+  };
+  EXPECT_EQ(buttonAt(phone_display::volumeUpButton, -body.sideBezel), BodyButton::VolumeUp);
+  EXPECT_EQ(buttonAt(phone_display::volumeDownButton, -body.sideBezel), BodyButton::VolumeDown);
+  EXPECT_EQ(buttonAt(phone_display::sideButton, -body.sideBezel), BodyButton::None);
 }
 
 TEST(PhoneBody, OnlyDevicesWithAHomeButtonHaveItBelowTheScreen) {

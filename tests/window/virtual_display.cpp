@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
 #include <stdexcept>
 #include <thread>
 
@@ -46,25 +47,42 @@ std::string titleOf(Display* display, Window window) {
   return title;
 }
 
-pid_t startServer(int displayDescriptor) {
+constexpr int screenWidth = 1600;
+constexpr int screenHeight = 1300;
+constexpr const char* touchSocket = "touch";
+
+std::vector<std::string> commandWithoutTouchScreen() {
+  const std::string screen = std::to_string(screenWidth) + "x" + std::to_string(screenHeight) + "x24";
+  return {"Xvfb", "-screen", "0", screen};
+}
+
+// The seat is not the one of the machine. The server therefore uses no terminal and no device of the machine.
+std::vector<std::string> commandWithTouchScreen(const std::filesystem::path& folder) {
+  const std::filesystem::path configuration = folder / "xorg.conf";
+  std::ofstream(configuration) << TouchScreen::configuration(folder / touchSocket, screenWidth, screenHeight);
+  return {"/usr/lib/xorg/Xorg", "-config", configuration, "-logfile", folder / "log", "-seat", "test", "-novtswitch"};
+}
+
+pid_t startServer(std::vector<std::string> command, int displayDescriptor) {
   constexpr int inheritedDescriptor = 3;
-  const std::vector<const char*> arguments = {"Xvfb",         "-displayfd", "3",   "-screen",  "0",
-                                              "1600x1300x24", "-nolisten",  "tcp", "-noreset", nullptr};
+  command.insert(command.end(), {"-displayfd", std::to_string(inheritedDescriptor), "-nolisten", "tcp", "-noreset"});
+  std::vector<char*> arguments;
+  for (std::string& word : command) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, displayDescriptor, inheritedDescriptor);
   posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
   pid_t server = 0;
-  const int error =
-      posix_spawnp(&server, "Xvfb", &actions, nullptr, const_cast<char* const*>(arguments.data()), environ);
+  const int error = posix_spawnp(&server, arguments[0], &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
-  if (error != 0) throw std::runtime_error("cannot start Xvfb; is the package xvfb installed?");
+  if (error != 0) throw std::runtime_error("cannot start " + command[0] + "; ./brim test installs its package");
   return server;
 }
 
 }  // namespace
 
-VirtualDisplay::VirtualDisplay() {
+VirtualDisplay::VirtualDisplay(InputDevices devices) {
   int ends[2];
   // The descriptors must not have the number 3: startServer() would then close the copy that the server receives.
   if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
@@ -72,7 +90,9 @@ VirtualDisplay::VirtualDisplay() {
   {
     const foundation::FileDescriptor opened(ends[1]);
     const foundation::FileDescriptor writing(fcntl(opened.get(), F_DUPFD_CLOEXEC, 10));
-    server_ = startServer(writing.get());
+    server_ = startServer(
+        devices == InputDevices::Pointer ? commandWithoutTouchScreen() : commandWithTouchScreen(folder_.path()),
+        writing.get());
   }
   const std::string name = ":" + readDisplayNumber(reading.get());
   setenv("DISPLAY", name.c_str(), 1);
@@ -81,6 +101,8 @@ VirtualDisplay::VirtualDisplay() {
   XSetErrorHandler(&ignoreError);
   connection_ = XOpenDisplay(name.c_str());
   if (connection_ == nullptr) throw std::runtime_error("cannot connect to the display " + name);
+  if (devices == InputDevices::PointerAndTouchScreen)
+    touchScreen_ = std::make_unique<TouchScreen>(folder_.path() / touchSocket, screenWidth, screenHeight);
 }
 
 VirtualDisplay::~VirtualDisplay() { kill(); }
@@ -236,6 +258,12 @@ bool VirtualDisplay::offerText(const std::string& text, const std::function<void
 
 void VirtualDisplay::send(const std::string& events) const {
   if (std::system(("xdotool " + events).c_str()) != 0) throw std::runtime_error("xdotool " + events + " has failed");
+}
+
+void VirtualDisplay::movePointer(int x, int y) const {
+  Display* const display = displayOf(connection_);
+  XWarpPointer(display, None, DefaultRootWindow(display), 0, 0, 0, 0, x, y);
+  XSync(display, False);
 }
 
 }  // namespace test

@@ -6,8 +6,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "tests/support/temporary_folder.hpp"
+#include "tests/window/touch_screen.hpp"
 
 namespace test {
 
@@ -17,13 +21,15 @@ struct WindowSize {
   bool operator==(const WindowSize&) const = default;
 };
 
+enum class InputDevices { Pointer, PointerAndTouchScreen };
+
 class VirtualDisplay {
  public:
   using Window = unsigned long;
 
   // Starts the server on a free display and sets the environment variables that select it. Throws std::runtime_error if
   // the server does not start.
-  VirtualDisplay();
+  explicit VirtualDisplay(InputDevices devices = InputDevices::Pointer);
   VirtualDisplay(const VirtualDisplay&) = delete;
   VirtualDisplay& operator=(const VirtualDisplay&) = delete;
   ~VirtualDisplay();
@@ -52,10 +58,16 @@ class VirtualDisplay {
   bool offerText(const std::string& text, const std::function<void()>& afterwards) const;
   // Sends input events with xdotool. `events` are its arguments.
   void send(const std::string& events) const;
+  // Moves the pointer. Returns when the server has sent the event.
+  void movePointer(int x, int y) const;
+  // The display must have a touch screen.
+  const TouchScreen& touchScreen() const { return *touchScreen_; }
 
  private:
+  TemporaryFolder folder_;
   pid_t server_ = 0;
   void* connection_ = nullptr;
+  std::unique_ptr<TouchScreen> touchScreen_;
 };
 
 }  // namespace test

@@ -19,14 +19,15 @@ namespace {
 constexpr const char* socketName = "wayland";
 
 // Writes the configuration and returns the command of the compositor.
-std::vector<std::string> commandIn(const std::filesystem::path& folder, int scale) {
+std::vector<std::string> commandIn(const std::filesystem::path& folder, int scale, WaylandShell shell) {
   const std::filesystem::path configuration = folder / "weston.ini";
   // Without a path, the compositor starts no on-screen keyboard.
-  std::ofstream(configuration) << "[input-method]\npath=\n";
+  std::ofstream(configuration) << "[input-method]\npath=\n[shell]\npanel-position=none\nlocking=false\nanimation=none\n"
+                                  "startup-animation=none\nclose-animation=none\n";
   setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
   return {"/usr/bin/weston",
           "--backend=x11-backend.so",
-          "--shell=kiosk-shell.so",
+          shell == WaylandShell::Kiosk ? "--shell=kiosk-shell.so" : "--shell=desktop-shell.so",
           "--use-pixman",
           "--width=700",
           "--height=600",
@@ -39,7 +40,8 @@ std::vector<std::string> commandIn(const std::filesystem::path& folder, int scal
 
 }  // namespace
 
-WaylandCompositor::WaylandCompositor(int scale) : process_(commandIn(folder_.path(), scale)) {
+WaylandCompositor::WaylandCompositor(int scale, WaylandShell shell)
+    : process_(commandIn(folder_.path(), scale, shell)) {
   while (!foundation::connectIn(folder_.path(), socketName).isOpen()) {
     if (process_.hasEnded()) throw std::runtime_error("weston has not started");
     std::this_thread::sleep_for(std::chrono::milliseconds(10));

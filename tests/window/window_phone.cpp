@@ -1,14 +1,17 @@
 #include "tests/window/window_phone.hpp"
 
 #include <cairo.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <memory>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 namespace test {
@@ -30,21 +33,29 @@ std::string contentsOf(const fs::path& file) {
 
 // The pointer starts outside the compositor's window. The compositor draws a pointer that is inside from the start, but
 // sometimes does not notice its motion.
-std::unique_ptr<WaylandCompositor> startCompositor(const VirtualDisplay& display, WaylandScale scale) {
+std::unique_ptr<WaylandCompositor> startCompositor(const VirtualDisplay& display, const WaylandDesktop& wayland) {
   display.send("mousemove 1599 1299");
-  return std::make_unique<WaylandCompositor>(scale.pixels);
+  return std::make_unique<WaylandCompositor>(wayland.scale, wayland.shell);
 }
 
 }  // namespace
 
-WindowPhone::WindowPhone(const std::string& deviceName, std::optional<WaylandScale> scale)
-    : compositor(scale ? startCompositor(display, *scale) : nullptr),
+WindowPhone::WindowPhone(const std::string& deviceName, std::optional<WaylandDesktop> wayland, InputDevices devices)
+    : display(devices),
+      compositor(wayland ? startCompositor(display, *wayland) : nullptr),
       device(*base::findDeviceProfile(deviceName)),
-      process({SPRINGBOARD, "--live", "--window", "--device", deviceName, "--root", folder.path() / "root"}) {
-  const std::string title = scale ? WaylandCompositor::title : deviceName;
+      process({SPRINGBOARD, "--live", "--window", "--device", deviceName, "--root", folder.path() / "root"},
+              folder.path() / "errors") {
+  const std::string title = wayland ? WaylandCompositor::title
+                                    : std::string("Brim – ") + phone_display::productName(device.name) + " – " +
+                                          (folder.path() / "root").string();
   if (!eventually([&] { return (window = display.findWindow(title)) != 0; }))
     throw std::runtime_error("the window did not open");
 }
+
+WindowPhone::~WindowPhone() { std::cerr << errors(); }
+
+std::string WindowPhone::errors() const { return contentsOf(folder.path() / "errors"); }
 
 json WindowPhone::tell(const json& command) const { return test::tell(folder.path() / "root", command); }
 
@@ -101,9 +112,13 @@ void WindowPhone::pressAndDrag(CGPoint from, CGPoint by) const {
 }
 
 std::string WindowPhone::position(CGPoint point) const {
+  const CGPoint place = pixel(point);
+  return std::to_string(std::lround(place.x)) + " " + std::to_string(std::lround(place.y)) + " ";
+}
+
+CGPoint WindowPhone::pixel(CGPoint point) const {
   const phone_display::WindowLayout place = layout();
-  return std::to_string(std::lround(place.screen.x + point.x * place.scale)) + " " +
-         std::to_string(std::lround(place.screen.y + point.y * place.scale)) + " ";
+  return {place.screen.x + point.x * place.scale, place.screen.y + point.y * place.scale};
 }
 
 bool WindowPhone::isRunning(const std::string& program) const {
@@ -125,6 +140,45 @@ long WindowPhone::sleepCount() const {
     count += std::stol(status.substr(status.find(field) + field.size()));
   }
   return count;
+}
+
+// A tap is an error while the finger is on the screen. The last command that the phone executes before it ends shows
+// that the touch was canceled.
+void expectEndOfDrag(WindowPhone& phone, const std::function<void()>& loseDisplay) {
+  phone.showBanner();
+  phone.tell({{"do", "drag"}, {"by", {0, 120}}});
+  phone.tell({{"do", "type"}, {"text", "Yes"}});
+  phone.tell({{"do", "key"}, {"name", "return"}});
+  EXPECT_TRUE(eventually([&] { return phone.isRunning("messages"); }));
+  phone.showBanner();
+  phone.pressAndDrag({188, 70}, {0, -10});
+  const json tap = {{"do", "tap"}, {"at", {10, 700}}};
+  EXPECT_TRUE(eventually([&] { return phone.tell(tap)["ok"] == false; }));
+
+  CommandConnection connection(phone.folder.path() / "root");
+  std::string taps;
+  for (int index = 0; index < 1000; ++index) taps += tap.dump() + "\n";
+  const auto sendTaps = [&] {
+    try {
+      while (true) connection.send(taps);
+    } catch (const std::runtime_error&) {
+    }
+  };
+  std::thread sender(sendTaps);
+  EXPECT_EQ(connection.receive()["ok"], false);
+  loseDisplay();
+  bool wasTapped = false;
+  try {
+    while (true) wasTapped = connection.receive()["ok"];
+  } catch (const std::runtime_error&) {
+  }
+  sender.join();
+  EXPECT_TRUE(wasTapped);
+  EXPECT_TRUE(eventually([&] { return phone.process.hasEnded(); }));
+  EXPECT_EQ(phone.process.exitStatus(), 1);
+  EXPECT_NE(phone.errors().find("the connection to the display was lost"), std::string::npos) << phone.errors();
+  EXPECT_TRUE(eventually([&] { return !phone.isRunning("messages"); }));
+  EXPECT_FALSE(fs::exists(phone.folder.path() / "root/var/run/control.socket"));
 }
 
 }  // namespace test

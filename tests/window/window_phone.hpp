@@ -1,6 +1,7 @@
 // A live phone with a window, in a separate process on a virtual display.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -16,16 +17,19 @@
 
 namespace test {
 
-// The number of pixels per logical pixel of a Wayland compositor.
-struct WaylandScale {
-  int pixels;
+struct WaylandDesktop {
+  int scale = 1;  // the number of pixels per logical pixel
+  WaylandShell shell = WaylandShell::Kiosk;
 };
 
 class WindowPhone {
  public:
-  // Starts the phone on X11, or on Wayland if there is a scale, and waits until its window is visible. On Wayland,
+  // Starts the phone on X11, or on Wayland if there is a desktop, and waits until its window is visible. On Wayland,
   // `window` is the window of the compositor.
-  explicit WindowPhone(const std::string& device = "iphone-x", std::optional<WaylandScale> scale = std::nullopt);
+  explicit WindowPhone(const std::string& device = "iphone-x", std::optional<WaylandDesktop> wayland = std::nullopt,
+                       InputDevices devices = InputDevices::Pointer);
+  // Prints the phone's errors.
+  ~WindowPhone();
 
   // Executes a command of the phone and returns the answer.
   nlohmann::json tell(const nlohmann::json& command) const;
@@ -43,6 +47,8 @@ class WindowPhone {
   void pressAndDrag(CGPoint from, CGPoint by) const;
   void release() const { display.send("mouseup 1"); }
 
+  // Returns what the phone has written to standard error.
+  std::string errors() const;
   // Returns whether the program is running with the phone's root.
   bool isRunning(const std::string& program) const;
   // The number of times that a thread of the phone has slept.
@@ -50,7 +56,9 @@ class WindowPhone {
 
   phone_display::WindowLayout layout() const;
 
-  // Returns the pixel of the window, as arguments of xdotool, that shows a point of the phone's screen.
+  // Returns the pixel of the window that shows a point of the phone's screen.
+  CGPoint pixel(CGPoint point) const;
+  // The same, as arguments of xdotool.
   std::string position(CGPoint point) const;
 
   VirtualDisplay display;
@@ -60,5 +68,9 @@ class WindowPhone {
   ChildProcess process;
   VirtualDisplay::Window window = 0;
 };
+
+// Drags a banner while the Messages app is running, and calls `loseDisplay`, which ends the display server. Expects
+// that the touch is canceled, that both processes of the phone end, and that an error states the reason.
+void expectEndOfDrag(WindowPhone& phone, const std::function<void()>& loseDisplay);
 
 }  // namespace test

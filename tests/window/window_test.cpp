@@ -5,10 +5,13 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "tests/window/window_phone.hpp"
 
@@ -48,6 +51,8 @@ TEST(Window, UsesAllPixelsOfADenseDisplay) {
 
 TEST(Window, HasATitleAClassAndIcons) {
   const WindowPhone phone("iphone-se");
+  const std::string root = phone.folder.path() / "root";
+  EXPECT_EQ(phone.display.findWindow("Brim – iPhone SE – " + root), phone.window);
   EXPECT_EQ(phone.display.classOf(phone.window), "Brim");
   EXPECT_TRUE(phone.display.hasIcon(phone.window, 32));
   EXPECT_TRUE(phone.display.hasIcon(phone.window, 128));
@@ -105,6 +110,55 @@ TEST(Window, PressDoesNotWaitForABurstOfNotifications) {
   while (connection.receive()["ok"] == true) ++answers;
   EXPECT_LE(answers, maxAnswersBeforeEffect);
   phone.release();
+}
+
+// Each motion of the finger is compared with the commands that the phone executes before the banner follows. Half of
+// them present notifications, and the other half report the position of the banner.
+TEST(Window, DragFollowsTheFingerDuringABurstOfNotifications) {
+  constexpr int notifications = 200;
+  constexpr int notificationsBetweenMotions = 5;
+  constexpr auto interval = 10ms;
+  // The number of notifications that arrive within a frame, rounded up, and the one that is being presented.
+  constexpr std::size_t maxNotificationsBeforeEffect = 3;
+  const WindowPhone phone;
+  const int controller = phone.showBanner();
+  // The finger has already moved far enough for a drag.
+  constexpr double beginning = 15;
+  const CGPoint start = phone.pixel({banner.x, banner.y - beginning});
+  phone.pressAndDrag(banner, {0, -beginning});
+  ASSERT_TRUE(eventually([&] { return phone.tell(tapElsewhere)["ok"] == false; }));
+
+  const nlohmann::json present = {{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}};
+  const nlohmann::json state = {{"do", "state"}, {"controller", controller}};
+  test::CommandConnection connection(phone.folder.path() / "root");
+  std::vector<double> offsets;
+  const auto receive = [&] {
+    EXPECT_EQ(connection.receive()["ok"], true);
+    offsets.push_back(connection.receive()["offset"]);
+  };
+  struct Motion {
+    std::size_t reports;  // the number of reports before the motion
+    double distance;
+  };
+  std::vector<Motion> motions;
+  for (int index = 0; index < notifications; ++index) {
+    connection.send(present.dump() + "\n" + state.dump() + "\n");
+    while (connection.hasReceived()) receive();
+    if (index % notificationsBetweenMotions == 0) {
+      const auto pixels = static_cast<int>(motions.size());
+      motions.push_back({offsets.size(), pixels / phone.layout().scale});
+      phone.display.movePointer(static_cast<int>(start.x), static_cast<int>(start.y) - pixels);
+    }
+    std::this_thread::sleep_for(interval);
+  }
+  while (offsets.size() < notifications) receive();
+  phone.release();
+  for (const Motion& motion : motions) {
+    const double expected = offsets.front() - motion.distance;
+    const auto first = offsets.begin() + static_cast<std::ptrdiff_t>(motion.reports);
+    const auto followed = std::find_if(first, offsets.end(), [&](double offset) { return offset <= expected + 0.5; });
+    EXPECT_LE(static_cast<std::size_t>(followed - first), maxNotificationsBeforeEffect) << motion.distance;
+  }
 }
 
 TEST(Window, FingerStaysDownOutsideOfTheWindow) {
@@ -256,6 +310,58 @@ TEST(Window, LostDisplayEndsThePhoneWithAnError) {
   ASSERT_TRUE(eventually([&] { return phone.process.hasEnded(); }, 10s));
   EXPECT_EQ(phone.process.exitStatus(), 1);
   EXPECT_FALSE(std::filesystem::exists(phone.folder.path() / "root/var/run/control.socket"));
+}
+
+TEST(Window, LostDisplayDuringADragEndsThePhoneAndTheMessagesApp) {
+  WindowPhone phone;
+  test::expectEndOfDrag(phone, [&] { phone.display.kill(); });
+}
+
+TEST(Window, TouchScreenDragsABannerOffTheScreen) {
+  using test::TouchChange;
+  const WindowPhone phone("iphone-x", std::nullopt, test::InputDevices::PointerAndTouchScreen);
+  const int controller = phone.showBanner();
+  const test::TouchScreen& screen = phone.display.touchScreen();
+  const auto touch = [&](std::uint32_t finger, TouchChange change, CGPoint point) {
+    const CGPoint pixel = phone.pixel(point);
+    screen.change(finger, change, pixel.x, pixel.y);
+  };
+  touch(1, TouchChange::Begin, banner);
+  ASSERT_TRUE(eventually([&] { return phone.tell(tapElsewhere)["ok"] == false; }));
+  // The phone ignores a second finger.
+  touch(2, TouchChange::Begin, {188, 400});
+  touch(2, TouchChange::End, {188, 400});
+  for (int step = 1; step <= 10; ++step) touch(1, TouchChange::Update, {banner.x, banner.y - 6 * step});
+  EXPECT_EQ(phone.tell(tapElsewhere)["ok"], false);
+  touch(1, TouchChange::End, {banner.x, banner.y - 60});
+  EXPECT_TRUE(eventually([&] { return phone.state(controller)["dismissed"] == true; }));
+  EXPECT_EQ(phone.tell(tapElsewhere)["ok"], true);
+}
+
+std::vector<std::string> pressedVolumeButtons(const WindowPhone& phone) {
+  std::vector<std::string> pressed;
+  const nlohmann::json answer = phone.tell({{"do", "log"}});
+  for (const nlohmann::json& entry : answer["events"])
+    if (entry["event"] == "volume") pressed.push_back(entry["button"]);
+  return pressed;
+}
+
+TEST(Window, VolumeButtonsAreKeysAndPartsOfTheBody) {
+  const WindowPhone phone;
+  ASSERT_TRUE(eventually([&] { return phone.showsScreen(); }));
+  phone.display.focus(phone.window);
+  std::vector<std::string> pressed;
+  const auto arePressed = [&](const std::vector<std::string>& expected) {
+    return eventually([&] {
+      for (const std::string& button : pressedVolumeButtons(phone)) pressed.push_back(button);
+      return pressed == expected;
+    });
+  };
+  phone.display.send("key Prior Next");
+  EXPECT_TRUE(arePressed({"up", "down"})) << testing::PrintToString(pressed);
+  phone.press({-20, 170});
+  phone.release();
+  EXPECT_TRUE(arePressed({"up", "down", "up"})) << testing::PrintToString(pressed);
 }
 
 TEST(Window, DoesNotWakeUpWhileThePhoneIsIdle) {

@@ -1,7 +1,9 @@
 #include "simulator/plugins/phone_display/finger_input.hpp"
 
+#include <algorithm>
 #include <utility>
 
+#include "objc/autorelease_pool.hpp"
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/runner/finger.hpp"
 #include "simulator/springboard/shell/lock_screen.hpp"
@@ -22,15 +24,31 @@ void deliver(UITouchPhase phase, CGPoint point) {
   foundation::onMainThread([phase, point] { runner::touch(phase, point); });
 }
 
-void press(BodyButton button) {
-  if (button == BodyButton::Side) return SBLockScreenManager::sharedInstance()->lock();
-  springboard::pressButton(springboard::homeButtonPress, 1);
-  springboard::pressButton(springboard::homeButtonPress, 0);
-}
-
 BodyButton bodyButtonAt(CGPoint point) { return buttonAt(uikit::environment().device, point); }
 
+struct PressRow {
+  BodyButton button;
+  NSInteger type;
+};
+constexpr PressRow presses[] = {
+    {BodyButton::Home, springboard::homeButtonPress},
+    {BodyButton::VolumeUp, springboard::volumeUpPress},
+    {BodyButton::VolumeDown, springboard::volumeDownPress},
+};
+
+void press(BodyButton button) {
+  if (button == BodyButton::Side) return SBLockScreenManager::sharedInstance()->lock();
+  const objc::AutoreleasePool pool;
+  const NSInteger type = std::ranges::find(presses, button, &PressRow::button)->type;
+  springboard::pressButton(type, 1);
+  springboard::pressButton(type, 0);
+}
+
 }  // namespace
+
+void pressBodyButton(BodyButton button) {
+  foundation::onMainThread([button] { press(button); });
+}
 
 void FingerInput::begin(Source source, CGPoint point) {
   if (source_ != nullptr) return;
@@ -46,8 +64,7 @@ void FingerInput::proceed(Source source, UITouchPhase phase, CGPoint point) {
   last_ = point;
   if (phase == UITouchPhase::Ended) source_ = nullptr;
   if (button_ == BodyButton::None) return deliver(phase, point);
-  if (phase == UITouchPhase::Ended && bodyButtonAt(point) == button_)
-    foundation::onMainThread([button = button_] { press(button); });
+  if (phase == UITouchPhase::Ended && bodyButtonAt(point) == button_) pressBodyButton(button_);
 }
 
 void FingerInput::cancel() {

@@ -29,4 +29,7 @@ class FingerInput {
   BodyButton button_ = BodyButton::None;
 };
 
+// Presses and releases a button of the body.
+void pressBodyButton(BodyButton button);
+
 }  // namespace phone_display

@@ -49,13 +49,9 @@ void drawShadow(cairo_t* context, const drawing::Rectangle& body, double radius)
 void drawSideButtons(cairo_t* context, const drawing::Rectangle& body) {
   constexpr double width = 6;
   constexpr double visible = 2.5;
-  struct Button {
-    double y;
-    double height;
-  };
-  constexpr Button leftButtons[] = {{108, 28}, {162, 56}, {232, 56}};
-  for (const Button& button : leftButtons)
-    fill(context, {body.x - visible, body.y + button.y, width, button.height}, 2, metalDark);
+  constexpr SideButton muteSwitch = {108, 28};
+  for (const SideButton& button : {muteSwitch, volumeUpButton, volumeDownButton})
+    fill(context, {body.x - visible, body.y + button.top, width, button.height}, 2, metalDark);
   fill(context, {body.x + body.width - width + visible, body.y + sideButton.top, width, sideButton.height}, 2,
        metalDark);
 }

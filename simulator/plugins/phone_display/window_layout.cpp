@@ -1,5 +1,7 @@
 #include "simulator/plugins/phone_display/window_layout.hpp"
 
+#include <glib.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -28,10 +30,31 @@ BodyButton buttonAt(const base::DeviceProfile& device, CGPoint point) {
   const double fromCenter =
       std::hypot(point.x - device.screen.width / 2, point.y - device.screen.height - body.endBezel / 2);
   if (body.hasHomeButton && fromCenter <= homeButtonDiameter / 2) return BodyButton::Home;
-  const double fromEdge = std::abs(point.x - device.screen.width - body.sideBezel);
-  const double fromTop = point.y + body.endBezel - sideButton.top;
-  const bool isOnSideButton = fromEdge <= sideButtonReach && fromTop >= 0 && fromTop <= sideButton.height;
-  return isOnSideButton ? BodyButton::Side : BodyButton::None;
+  const auto isAt = [&](const SideButton& button, double edge) {
+    const double fromTop = point.y + body.endBezel - button.top;
+    return std::abs(point.x - edge) <= sideButtonReach && fromTop >= 0 && fromTop <= button.height;
+  };
+  if (isAt(sideButton, device.screen.width + body.sideBezel)) return BodyButton::Side;
+  if (isAt(volumeUpButton, -body.sideBezel)) return BodyButton::VolumeUp;
+  if (isAt(volumeDownButton, -body.sideBezel)) return BodyButton::VolumeDown;
+  return BodyButton::None;
+}
+
+std::string productName(std::string_view device) {
+  constexpr std::size_t maxAbbreviation = 2;
+  std::string name;
+  while (!device.empty()) {
+    const std::string_view word = device.substr(0, device.find('-'));
+    device.remove_prefix(std::min(device.size(), word.size() + 1));
+    if (!name.empty()) name += ' ';
+    if (word == "iphone") {
+      name += "iPhone";
+      continue;
+    }
+    for (std::size_t index = 0; index < word.size(); ++index)
+      name += index == 0 || word.size() <= maxAbbreviation ? g_ascii_toupper(word[index]) : word[index];
+  }
+  return name;
 }
 
 drawing::Size windowSize(const base::DeviceProfile& device) {

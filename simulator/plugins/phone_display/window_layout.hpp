@@ -1,6 +1,9 @@
 // The geometry of the phone in its window. Any thread.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "simulator/base/device_profiles.hpp"
 #include "simulator/drawing/geometry.hpp"
 #include "simulator/drawing/pixel_rectangle.hpp"
@@ -27,10 +30,17 @@ struct SideButton {
 };
 inline constexpr SideButton sideButton = {176, 88};
 
-enum class BodyButton { None, Home, Side };
+// The volume buttons are at the left edge of the body.
+inline constexpr SideButton volumeUpButton = {162, 56};
+inline constexpr SideButton volumeDownButton = {232, 56};
+
+enum class BodyButton { None, Home, Side, VolumeUp, VolumeDown };
 
 // Returns the button of the body at a point in coordinates of the phone's screen.
 BodyButton buttonAt(const base::DeviceProfile& device, CGPoint point);
+
+// Returns the product name of a device, such as "iPhone X".
+std::string productName(std::string_view device);
 
 // Returns the size, in points, of a window that shows the phone with its margin.
 drawing::Size windowSize(const base::DeviceProfile& device);

@@ -155,6 +155,8 @@ void PageClient::handle(const TypeMessage& message) { type(message.text); }
 void PageClient::handle(const KeyMessage& message) {
   const MoveRow* const row = std::ranges::find(moves, message.key, &MoveRow::key);
   if (row != std::end(moves)) return navigate(row->move);
+  if (message.key == PageKey::VolumeUp) return phone_display::pressBodyButton(phone_display::BodyButton::VolumeUp);
+  if (message.key == PageKey::VolumeDown) return phone_display::pressBodyButton(phone_display::BodyButton::VolumeDown);
   if (message.key == PageKey::Escape) return foundation::onMainThread(&runner::goBack);
   if (message.key == PageKey::Backspace) return press(runner::Key::Backspace);
   if (activate()) return;
@@ -241,7 +243,7 @@ void PageClient::proceed() {
 
 bool PageClient::sendNext() {
   if (std::exchange(isDeviceDue_, false)) {
-    sendText({{"device", productName(device().name)}});
+    sendText({{"device", phone_display::productName(device().name)}});
   } else if (layout_.width > 0 && std::exchange(isRingDue_, false)) {
     sendText(ringMessage());
   } else if (std::exchange(isErrorDue_, false)) {
@@ -283,23 +285,6 @@ bool PageClient::sendFrame() {
   const std::vector<std::byte> frame = encodeFrame(layout_.width, layout_.height, changed.get(), draw);
   soup_websocket_connection_send_binary(connection_.get(), frame.data(), frame.size());
   return true;
-}
-
-std::string productName(std::string_view device) {
-  constexpr std::size_t maxAbbreviation = 2;
-  std::string name;
-  while (!device.empty()) {
-    const std::string_view word = device.substr(0, device.find('-'));
-    device.remove_prefix(std::min(device.size(), word.size() + 1));
-    if (!name.empty()) name += ' ';
-    if (word == "iphone") {
-      name += "iPhone";
-      continue;
-    }
-    for (std::size_t index = 0; index < word.size(); ++index)
-      name += index == 0 || word.size() <= maxAbbreviation ? g_ascii_toupper(word[index]) : word[index];
-  }
-  return name;
 }
 
 }  // namespace web_page

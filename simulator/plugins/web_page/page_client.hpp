@@ -90,7 +90,4 @@ class PageClient {
   std::shared_ptr<bool> exists_ = std::make_shared<bool>(true);
 };
 
-// Returns the product name of a device, such as "iPhone X".
-std::string productName(std::string_view device);
-
 }  // namespace web_page

@@ -35,7 +35,7 @@ constexpr KeyRow keys[] = {
     {"return", PageKey::Return}, {"backspace", PageKey::Backspace}, {"space", PageKey::Space},
     {"escape", PageKey::Escape}, {"next", PageKey::Next},           {"previous", PageKey::Previous},
     {"up", PageKey::Up},         {"down", PageKey::Down},           {"left", PageKey::Left},
-    {"right", PageKey::Right},
+    {"right", PageKey::Right},   {"volumeup", PageKey::VolumeUp},   {"volumedown", PageKey::VolumeDown},
 };
 
 // Returns null if the field is missing or is not a string.

@@ -39,7 +39,7 @@ struct TypeMessage {
   std::string text;
 };
 
-enum class PageKey { Return, Backspace, Space, Escape, Next, Previous, Up, Down, Left, Right };
+enum class PageKey { Return, Backspace, Space, Escape, Next, Previous, Up, Down, Left, Right, VolumeUp, VolumeDown };
 
 struct KeyMessage {
   PageKey key;

@@ -35,7 +35,7 @@ std::string pageContent() {
   std::string content = fileContent("page.html");
   const std::size_t place = content.find(placeholder);
   if (place != std::string::npos)
-    content.replace(place, placeholder.size(), productName(uikit::environment().device.name));
+    content.replace(place, placeholder.size(), phone_display::productName(uikit::environment().device.name));
   return content;
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "simulator/foundation/main_queue.hpp"
+#include "simulator/plugins/phone_display/finger_input.hpp"
 #include "simulator/runner/typing.hpp"
 
 namespace window {
@@ -24,6 +25,18 @@ constexpr std::array<KeyRow, 4> keys = {{
     {GDK_KEY_KP_Enter, runner::Key::Return},
     {GDK_KEY_ISO_Enter, runner::Key::Return},
     {GDK_KEY_BackSpace, runner::Key::Backspace},
+}};
+
+struct ButtonRow {
+  guint value;
+  phone_display::BodyButton button;
+};
+
+constexpr std::array<ButtonRow, 4> buttons = {{
+    {GDK_KEY_AudioRaiseVolume, phone_display::BodyButton::VolumeUp},
+    {GDK_KEY_AudioLowerVolume, phone_display::BodyButton::VolumeDown},
+    {GDK_KEY_Page_Up, phone_display::BodyButton::VolumeUp},
+    {GDK_KEY_Page_Down, phone_display::BodyButton::VolumeDown},
 }};
 
 // Handles the input on the main queue, because input can run the run loop, which a GTK callback must not do.
@@ -166,6 +179,11 @@ bool KeyboardInput::handleKey(GdkEventKey& event) {
   }
   if (isFiltered) return true;
   if (event.type != GDK_KEY_PRESS) return false;
+  const auto* button = std::ranges::find(buttons, event.keyval, &ButtonRow::value);
+  if (button != buttons.end()) {
+    phone_display::pressBodyButton(button->button);
+    return true;
+  }
   const auto* found = std::ranges::find(keys, event.keyval, &KeyRow::value);
   if (found == keys.end()) return false;
   press(found->key);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "simulator/drawing/cairo_handles.hpp"
+#include "simulator/foundation/root.hpp"
 #include "simulator/plugins/phone_display/phone_drawing.hpp"
 #include "simulator/plugins/window/display.hpp"
 #include "simulator/process/signals.hpp"
@@ -41,6 +42,10 @@ void setIcons(GtkWindow* window) {
   g_list_free_full(icons, &g_object_unref);
 }
 
+std::string windowTitle(const base::DeviceProfile& device) {
+  return "Brim – " + phone_display::productName(device.name) + " – " + foundation::root().string();
+}
+
 }  // namespace
 
 PhoneWindow::PhoneWindow()
@@ -54,7 +59,7 @@ PhoneWindow::PhoneWindow()
       mainContext_(displayDescriptor(), [this] { end(runner::WindowState::DisplayLost); }),
       displayLink_([this] { present(); }) {
   observeDisplayErrors([this] { mainContext_.loseDisplay(); });
-  gtk_window_set_title(GTK_WINDOW(window_), std::string(device_.name).c_str());
+  gtk_window_set_title(GTK_WINDOW(window_), windowTitle(device_).c_str());
   setIcons(GTK_WINDOW(window_));
   // Makes the title bar dark, like the background.
   g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme", TRUE, nullptr);
@@ -78,6 +83,7 @@ PhoneWindow::~PhoneWindow() {
 
 void PhoneWindow::end(runner::WindowState state) {
   state_ = state;
+  pointer_.cancel();
   process::requestTermination();
 }
 

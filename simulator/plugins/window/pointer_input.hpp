@@ -18,6 +18,9 @@ class PointerInput {
   PointerInput(const PointerInput&) = delete;
   PointerInput& operator=(const PointerInput&) = delete;
 
+  // Cancels the touch in progress, if there is one.
+  void cancel() { finger_.cancel(); }
+
  private:
   bool handleButton(const GdkEventButton& event);
   bool handleMotion(const GdkEventMotion& event);

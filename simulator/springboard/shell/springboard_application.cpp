@@ -56,7 +56,11 @@ constexpr const char* messagesIdentifier = "com.apple.MobileSMS";
 // notification center if that is open, and otherwise the page of an application.
 bool handlePhysicalButtonEvent(SpringBoard*, UIPressesEvent* event) {
   const auto* press = objc::as<UIPress>(event->allPresses()->anyObject());
-  if (press == nullptr || press->type() != homeButtonPress || press->force() >= 1) return true;
+  if (press == nullptr) return true;
+  const bool isVolume = press->type() == volumeUpPress || press->type() == volumeDownPress;
+  if (isVolume && press->force() >= 1)
+    base::recordEvent("volume", {{"button", press->type() == volumeUpPress ? "up" : "down"}});
+  if (press->type() != homeButtonPress || press->force() >= 1) return true;
   dismissAllBanners();
   if (isNotificationCenterOpen())
     closeNotificationCenter(NotificationCenterChange::Animated);

@@ -17,9 +17,11 @@ class SpringBoard : public objc::Interface<"SpringBoard", UIApplication> {
 
 namespace springboard {
 
-// The press type of the home button. A press with a force of 1 pushes the button down. A press with a force of 0
-// releases it.
+// The press types of the buttons. A press with a force of 1 pushes the button down. A press with a force of 0 releases
+// it. The volume buttons change nothing; the event log contains their presses.
 inline constexpr NSInteger homeButtonPress = 101;
+inline constexpr NSInteger volumeUpPress = 102;
+inline constexpr NSInteger volumeDownPress = 103;
 
 // Simulates a hardware button. Sends an event with one press to the application.
 void pressButton(NSInteger type, double force);

@@ -201,6 +201,10 @@ const keys = {
   ArrowDown: 'down',
   ArrowLeft: 'left',
   ArrowRight: 'right',
+  PageUp: 'volumeup',
+  PageDown: 'volumedown',
+  AudioVolumeUp: 'volumeup',
+  AudioVolumeDown: 'volumedown',
 };
 
 const editingKeys = {
