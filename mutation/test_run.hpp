@@ -16,7 +16,8 @@ struct Test {
   std::string folder;  // the working folder
   // NAME=VALUE, in addition to the environment of the mutation test.
   std::vector<std::string> environment = {};
-  // If not empty, the test passes if its output matches one of these regular expressions, regardless of its exit status.
+  // If not empty, the test passes if its output matches one of these regular expressions, regardless of its exit
+  // status.
   std::vector<std::string> passExpressions = {};
 };
 
