@@ -128,6 +128,8 @@ TEST(Window, DragFollowsTheFingerDuringABurstOfNotifications) {
   phone.pressAndDrag(banner, {0, -beginning});
   ASSERT_TRUE(eventually([&] { return phone.tell(tapElsewhere)["ok"] == false; }));
 
+  // The first report is the position after the beginning of the drag.
+  phone.tell({{"do", "wait"}, {"seconds", 0.3}});
   const nlohmann::json present = {{"do", "present"}, {"section", "com.apple.MobileSMS"}, {"title", "Anna"}};
   const nlohmann::json state = {{"do", "state"}, {"controller", controller}};
   test::CommandConnection connection(phone.folder.path() / "root");
