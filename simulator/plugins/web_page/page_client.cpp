@@ -10,6 +10,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/plugins/phone_display/phone_drawing.hpp"
 #include "simulator/plugins/web_page/composer_data.hpp"
+#include "simulator/plugins/web_page/element_tree.hpp"
 #include "simulator/plugins/web_page/frame_encoder.hpp"
 #include "simulator/runner/accessible_actions.hpp"
 #include "simulator/runner/typing.hpp"
@@ -25,12 +26,12 @@ using phone_display::Json;
 using phone_display::WindowLayout;
 
 constexpr int maxUnacknowledged = 2;
-// The library ends a connection without a close code if it receives a larger message.
-constexpr std::size_t maxStoredBytes = 4 * maxMessageBytes;
 constexpr int maxScheduledCommands = 100;
 // In pixels per point. A denser picture would not look better.
 constexpr double maxScale = 4;
 constexpr int minPageSide = 64;
+// In seconds. The elements are described once for all changes in this time.
+constexpr double descriptionInterval = 0.1;
 
 struct MoveRow {
   PageKey key;
@@ -78,6 +79,7 @@ PageClient::PageClient(SoupWebsocketConnection* connection, phone_display::Finge
     self->finger_.cancel(self);
     self->whenChanged_();
   };
+  // The library ends a connection without a close code if it receives a larger frame.
   soup_websocket_connection_set_max_incoming_payload_size(connection, maxStoredBytes);
   g_signal_connect(connection, "message", G_CALLBACK(received), this);
   g_signal_connect(connection, "closed", G_CALLBACK(closed), this);
@@ -124,6 +126,7 @@ void PageClient::handle(const ShowMessage& message) {
   isWholeFrameDue_ = true;
   isFrameDue_ = true;
   isRingDue_ = isRingDue_ || ringFrame_.has_value();
+  if (isDescribing_) describe(uikit::accessibleElements());
   proceed();
 }
 
@@ -159,6 +162,25 @@ void PageClient::handle(const KeyMessage& message) {
   if (activate()) return;
   if (message.key == PageKey::Return) return press(runner::Key::Return);
   type(" ");
+}
+
+void PageClient::handle(const DescribeMessage&) {
+  isDescribing_ = true;
+  if (layout_.width > 0) describe(uikit::accessibleElements());
+  proceed();
+}
+
+void PageClient::handle(const ActMessage& message) {
+  foundation::onMainThread([message] { static_cast<void>(runner::performAction(message.element, message.action)); });
+}
+
+void PageClient::handle(const FocusMessage& message) {
+  const phone_display::Elements elements = uikit::accessibleElements();
+  ring_.focus(message.element);
+  ring_.follow(elements);
+  updateRing(elements);
+  if (isDescribing_) describe(elements);
+  proceed();
 }
 
 void PageClient::handle(const PlayMessage& message) {
@@ -198,6 +220,7 @@ void PageClient::navigate(FocusMove move) {
   const phone_display::Elements elements = uikit::accessibleElements();
   ring_.move(elements, move);
   updateRing(elements);
+  if (isDescribing_) describe(elements);
   proceed();
 }
 
@@ -227,7 +250,27 @@ void PageClient::present() {
     ring_.follow(elements);
     updateRing(elements);
   }
+  if (isDescribing_) scheduleDescription();
   proceed();
+}
+
+void PageClient::scheduleDescription() {
+  if (std::exchange(isDescriptionScheduled_, true)) return;
+  foundation::onMainThreadAfter(descriptionInterval, [this, exists = exists_] {
+    if (!*exists) return;
+    const objc::AutoreleasePool pool;
+    isDescriptionScheduled_ = false;
+    describe(uikit::accessibleElements());
+    if (areElementsDue_) whenChanged_();
+  });
+}
+
+void PageClient::describe(const phone_display::Elements& elements) {
+  if (layout_.width == 0) return;
+  Json described = elementsJson(layout_, elements, ring_.element());
+  if (described == elements_) return;
+  elements_ = std::move(described);
+  areElementsDue_ = true;
 }
 
 void PageClient::proceed() {
@@ -243,6 +286,8 @@ bool PageClient::sendNext() {
     sendText({{"device", productName(device().name)}});
   } else if (layout_.width > 0 && std::exchange(isRingDue_, false)) {
     sendText(ringMessage());
+  } else if (std::exchange(areElementsDue_, false)) {
+    sendText({{"elements", elements_}});
   } else if (std::exchange(isErrorDue_, false)) {
     sendText({{"error", error_}});
   } else {
@@ -258,12 +303,7 @@ void PageClient::sendText(const Json& message) {
 
 Json PageClient::ringMessage() const {
   if (!ringFrame_) return {{"ring", nullptr}};
-  const CGRect& frame = *ringFrame_;
-  const double scale = layout_.scale;
-  return {{"ring",
-           {(layout_.screen.x + frame.origin.x * scale) / layout_.width,
-            (layout_.screen.y + frame.origin.y * scale) / layout_.height, frame.size.width * scale / layout_.width,
-            frame.size.height * scale / layout_.height}}};
+  return {{"ring", frameJson(layout_, *ringFrame_)}};
 }
 
 bool PageClient::sendFrame() {
