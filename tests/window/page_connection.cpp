@@ -1,5 +1,6 @@
 #include "tests/window/page_connection.hpp"
 
+#include <algorithm>
 #include <chrono>
 #include <stdexcept>
 #include <thread>
@@ -125,6 +126,36 @@ void PageConnection::sendText(const std::string& text) {
 
 void PageConnection::sendBinary(const std::string& bytes) {
   soup_websocket_connection_send_binary(connection_, bytes.data(), bytes.size());
+}
+
+void PageConnection::sendFrame(unsigned char firstByte, const std::string& payload) {
+  constexpr unsigned char masked = 0x80;
+  constexpr unsigned char longLength = 126;
+  constexpr int byteBits = 8;
+  constexpr int maskBytes = 4;
+  std::string frame = {static_cast<char>(firstByte)};
+  // The protocol requires the shortest form of the length.
+  if (payload.size() < longLength) {
+    frame += static_cast<char>(masked | payload.size());
+  } else {
+    frame += static_cast<char>(masked | longLength);
+    frame += static_cast<char>(payload.size() >> byteBits);
+    frame += static_cast<char>(payload.size());
+  }
+  frame.append(maskBytes, '\0');
+  frame += payload;
+  GOutputStream* const stream = g_io_stream_get_output_stream(soup_websocket_connection_get_io_stream(connection_));
+  std::size_t written = 0;
+  while (written < frame.size()) {
+    GError* error = nullptr;
+    const gssize size = g_pollable_output_stream_write_nonblocking(
+        G_POLLABLE_OUTPUT_STREAM(stream), frame.data() + written, frame.size() - written, nullptr, &error);
+    const bool isBlocked = g_error_matches(error, G_IO_ERROR, G_IO_ERROR_WOULD_BLOCK) != FALSE;
+    g_clear_error(&error);
+    if (size < 0 && !isBlocked) return;
+    written += static_cast<std::size_t>(std::max<gssize>(size, 0));
+    g_main_context_iteration(nullptr, FALSE);
+  }
 }
 
 void PageConnection::show(int width, int height) {

@@ -52,6 +52,9 @@ class PageConnection {
   void send(const nlohmann::json& message) { sendText(message.dump()); }
   void sendText(const std::string& text);
   void sendBinary(const std::string& bytes);
+  // Sends a frame whose first byte contains the opcode and the final bit. The mask is zero, and the payload
+  // has at most 65535 bytes. Does nothing if the server has closed the connection.
+  void sendFrame(unsigned char firstByte, const std::string& payload);
   // Requests a picture that fits into a page of this size, and waits for it.
   void show(int width, int height);
   // Sends a touch at the point (x, y) of the picture. The coordinates are in pixels.

@@ -281,6 +281,35 @@ TEST_F(WebPage, KeysSelectAndActivateElements) {
   EXPECT_TRUE(page.until([&] { return page.values()["ring"].is_null(); }));
 }
 
+TEST_F(WebPage, DescribesItsElementsAndPerformsTheirActions) {
+  const PagePhone phone(root());
+  PageConnection page(phone.page());
+  page.send({{"do", "describe"}});
+  page.show(pageWidth, pageHeight);
+  const auto elementWith = [&](const char* member, const std::string& value) {
+    for (const json& element : page.values().value("elements", json::array()))
+      if (element[member] == value) return element;
+    return json();
+  };
+  ASSERT_TRUE(page.until([&] { return !elementWith("role", "icon").is_null(); }));
+  EXPECT_TRUE(elementWith("role", "notification").is_null());
+  phone.showBanner();
+  ASSERT_TRUE(page.until([&] { return !elementWith("role", "notification").is_null(); }));
+  const json banner = elementWith("role", "notification");
+  EXPECT_THAT(banner["label"].get<std::string>(), HasSubstr("Anna"));
+  // The banner is in the upper part of the picture.
+  EXPECT_LT(banner["frame"][1].get<double>() + banner["frame"][3].get<double>(), 0.3);
+  // Invalid identifiers and actions have no effect.
+  page.send({{"do", "act"}, {"element", 0}, {"action", 0}});
+  page.send({{"do", "act"}, {"element", banner["id"]}, {"action", 100}});
+  page.send({{"do", "focus"}, {"element", 0}});
+  page.send({{"do", "focus"}, {"element", banner["id"]}});
+  EXPECT_TRUE(page.until([&] { return elementWith("role", "notification")["focused"] == true; }));
+  EXPECT_TRUE(page.values()["ring"].is_array());
+  page.send({{"do", "act"}, {"element", banner["id"]}, {"action", 0}});
+  EXPECT_TRUE(page.until([&] { return elementWith("role", "notification").is_null(); }));
+}
+
 TEST_F(WebPage, ButtonsOfTheBodyLockAndUnlock) {
   const PagePhone phone(root(), "iphone-8");
   const auto isLocked = [&] {
@@ -325,6 +354,9 @@ TEST_F(WebPage, InvalidMessagesCloseOnlyTheirConnection) {
            R"({"do":"touch","phase":"hovered","x":0,"y":0})",
            R"({"do":"type","text":7})",
            R"({"do":"key","name":"power"})",
+           R"({"do":"act","element":-1,"action":0})",
+           R"({"do":"act","element":1,"action":1e300})",
+           R"({"do":"focus","element":"1"})",
            R"({"do":"play","preset":-1})",
            R"({"do":"play","preset":999})",
            R"({"do":"send","preset":0})",
@@ -356,6 +388,28 @@ TEST_F(WebPage, BinaryLargeAndUnexpectedMessagesCloseTheirConnection) {
   PageConnection eager(phone.page());
   for (int count = 0; count < 3; ++count) eager.send({{"do", "acknowledge"}});
   EXPECT_TRUE(eager.until([&] { return eager.closeCode() == refused; }));
+  EXPECT_EQ(phone.tell(tapElsewhere)["ok"], true);
+}
+
+TEST_F(WebPage, MessageOfManyFramesClosesItsConnection) {
+  constexpr unsigned char text = 1;
+  constexpr unsigned char continuation = 0;
+  constexpr unsigned char final = 0x80;
+  const PagePhone phone(root());
+  // Acknowledgements between the frames of a message are errors.
+  PageConnection valid(phone.page());
+  valid.setAcknowledgement(test::Acknowledgement::Manual);
+  valid.sendFrame(text, R"({"do":"show",)");
+  valid.sendFrame(continuation, R"("width":471,"height":)");
+  valid.sendFrame(continuation | final, "908}");
+  EXPECT_TRUE(valid.until([&] { return valid.width() > 0; }));
+  PageConnection endless(phone.page());
+  endless.setAcknowledgement(test::Acknowledgement::Manual);
+  endless.sendFrame(text, std::string(10'000, 'a'));
+  for (int count = 0; count < 100 && endless.isOpen(); ++count)
+    endless.sendFrame(continuation, std::string(10'000, 'a'));
+  EXPECT_TRUE(endless.until([&] { return endless.closeCode() == tooLarge; })) << endless.closeCode();
+  EXPECT_TRUE(valid.isOpen());
   EXPECT_EQ(phone.tell(tapElsewhere)["ok"], true);
 }
 

@@ -10,6 +10,7 @@
 #include "simulator/foundation/main_queue.hpp"
 #include "simulator/plugins/phone_display/phone_drawing.hpp"
 #include "simulator/plugins/web_page/composer_data.hpp"
+#include "simulator/plugins/web_page/element_tree.hpp"
 #include "simulator/plugins/web_page/frame_encoder.hpp"
 #include "simulator/runner/accessible_actions.hpp"
 #include "simulator/runner/typing.hpp"
@@ -25,13 +26,12 @@ using phone_display::Json;
 using phone_display::WindowLayout;
 
 constexpr int maxUnacknowledged = 2;
-// The maximum size of a message that libsoup receives. It closes a connection without a close code after a larger
-// message.
-constexpr std::size_t maxStoredBytes = 4 * maxMessageBytes;
 constexpr int maxScheduledCommands = 100;
 // In pixels per point. A picture of a higher density would not look better.
 constexpr double maxScale = 4;
 constexpr int minPageSide = 64;
+// In seconds. The elements are described once for all changes in this time.
+constexpr double descriptionInterval = 0.1;
 
 struct MoveRow {
   PageKey key;
@@ -79,6 +79,7 @@ PageClient::PageClient(SoupWebsocketConnection* connection, phone_display::Finge
     self->finger_.cancel(self);
     self->whenChanged_();
   };
+  // The library ends a connection without a close code if it receives a larger frame.
   soup_websocket_connection_set_max_incoming_payload_size(connection, maxStoredBytes);
   g_signal_connect(connection, "message", G_CALLBACK(received), this);
   g_signal_connect(connection, "closed", G_CALLBACK(closed), this);
@@ -125,6 +126,7 @@ void PageClient::handle(const ShowMessage& message) {
   isWholeFrameDue_ = true;
   isFrameDue_ = true;
   isRingDue_ = isRingDue_ || ringFrame_.has_value();
+  if (isDescribing_) describe(uikit::accessibleElements());
   proceed();
 }
 
@@ -164,6 +166,25 @@ void PageClient::handle(const KeyMessage& message) {
   type(" ");
 }
 
+void PageClient::handle(const DescribeMessage&) {
+  isDescribing_ = true;
+  if (layout_.width > 0) describe(uikit::accessibleElements());
+  proceed();
+}
+
+void PageClient::handle(const ActMessage& message) {
+  foundation::onMainThread([message] { static_cast<void>(runner::performAction(message.element, message.action)); });
+}
+
+void PageClient::handle(const FocusMessage& message) {
+  const phone_display::Elements elements = uikit::accessibleElements();
+  ring_.focus(message.element);
+  ring_.follow(elements);
+  updateRing(elements);
+  if (isDescribing_) describe(elements);
+  proceed();
+}
+
 void PageClient::handle(const PlayMessage& message) {
   const std::vector<phone_display::Preset>& presets = composerPresets();
   if (message.preset >= presets.size()) return refuse("there is no such preset");
@@ -201,6 +222,7 @@ void PageClient::navigate(FocusMove move) {
   const phone_display::Elements elements = uikit::accessibleElements();
   ring_.move(elements, move);
   updateRing(elements);
+  if (isDescribing_) describe(elements);
   proceed();
 }
 
@@ -230,7 +252,27 @@ void PageClient::present() {
     ring_.follow(elements);
     updateRing(elements);
   }
+  if (isDescribing_) scheduleDescription();
   proceed();
+}
+
+void PageClient::scheduleDescription() {
+  if (std::exchange(isDescriptionScheduled_, true)) return;
+  foundation::onMainThreadAfter(descriptionInterval, [this, exists = exists_] {
+    if (!*exists) return;
+    const objc::AutoreleasePool pool;
+    isDescriptionScheduled_ = false;
+    describe(uikit::accessibleElements());
+    if (areElementsDue_) whenChanged_();
+  });
+}
+
+void PageClient::describe(const phone_display::Elements& elements) {
+  if (layout_.width == 0) return;
+  Json described = elementsJson(layout_, elements, ring_.element());
+  if (described == elements_) return;
+  elements_ = std::move(described);
+  areElementsDue_ = true;
 }
 
 void PageClient::proceed() {
@@ -246,6 +288,8 @@ bool PageClient::sendNext() {
     sendText({{"device", phone_display::productName(device().name)}});
   } else if (layout_.width > 0 && std::exchange(isRingDue_, false)) {
     sendText(ringMessage());
+  } else if (std::exchange(areElementsDue_, false)) {
+    sendText({{"elements", elements_}});
   } else if (std::exchange(isErrorDue_, false)) {
     sendText({{"error", error_}});
   } else {
@@ -261,12 +305,7 @@ void PageClient::sendText(const Json& message) {
 
 Json PageClient::ringMessage() const {
   if (!ringFrame_) return {{"ring", nullptr}};
-  const CGRect& frame = *ringFrame_;
-  const double scale = layout_.scale;
-  return {{"ring",
-           {(layout_.screen.x + frame.origin.x * scale) / layout_.width,
-            (layout_.screen.y + frame.origin.y * scale) / layout_.height, frame.size.width * scale / layout_.width,
-            frame.size.height * scale / layout_.height}}};
+  return {{"ring", frameJson(layout_, *ringFrame_)}};
 }
 
 bool PageClient::sendFrame() {

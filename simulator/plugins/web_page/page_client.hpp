@@ -21,6 +21,7 @@ namespace web_page {
 //   device   the name of the phone
 //   ring     the frame [x,y,width,height] of the element with the keyboard focus, in multiples of the size of the
 //            picture; null if there is none
+//   elements the accessible elements, as elementsJson() describes them, if the page has requested them
 //   error    the error of the last notification from the composer; empty if there was none
 // The page acknowledges each message after it has shown it. At most two messages can be unacknowledged. The client does
 // not queue further messages: the next frame contains all changes since the last one, and each text message is sent
@@ -49,6 +50,9 @@ class PageClient {
   void handle(const TouchMessage& message);
   void handle(const TypeMessage& message);
   void handle(const KeyMessage& message);
+  void handle(const DescribeMessage& message);
+  void handle(const ActMessage& message);
+  void handle(const FocusMessage& message);
   void handle(const PlayMessage& message);
   void handle(const SendMessage& message);
   // Closes the connection because of an invalid message.
@@ -66,6 +70,9 @@ class PageClient {
   bool activate();
   void updateRing(const phone_display::Elements& elements);
   phone_display::Json ringMessage() const;
+  // Describes the elements later, together with other changes.
+  void scheduleDescription();
+  void describe(const phone_display::Elements& elements);
   // Executes the command on the main queue after this number of seconds.
   void schedule(double seconds, const phone_display::Json& command);
   void showError(const std::string& error);
@@ -77,12 +84,16 @@ class PageClient {
   uikit::ScreenPicture picture_;
   phone_display::FocusRing ring_;
   std::optional<CGRect> ringFrame_;  // in points of the screen
+  phone_display::Json elements_ = nullptr;
   std::string error_;
   int unacknowledged_ = 0;
   int scheduledCommands_ = 0;
   bool isRefused_ = false;
   bool isDeviceDue_ = true;
   bool isRingDue_ = false;
+  bool isDescribing_ = false;
+  bool isDescriptionScheduled_ = false;
+  bool areElementsDue_ = false;
   bool isErrorDue_ = false;
   bool isFrameDue_ = false;
   bool isWholeFrameDue_ = false;

@@ -15,6 +15,7 @@ using Parsed = std::optional<PageMessage>;
 // The maximum distance of a finger from the picture, in multiples of the picture's size.
 constexpr double maxDistance = 100;
 constexpr int maxPresets = 1000;
+constexpr int maxActions = 100;
 
 struct PhaseRow {
   const char* name;
@@ -99,6 +100,27 @@ Parsed parseKey(const Json& message) {
   return KeyMessage{row->key};
 }
 
+Parsed parseDescribe(const Json&) { return DescribeMessage{}; }
+
+std::optional<std::uint64_t> elementOf(const Json& message) {
+  const auto found = message.find("element");
+  if (found == message.end() || !found->is_number_unsigned()) return std::nullopt;
+  return found->get<std::uint64_t>();
+}
+
+Parsed parseAct(const Json& message) {
+  const auto element = elementOf(message);
+  const auto action = integerOf(message, "action", 0, maxActions);
+  if (!element || !action) return std::nullopt;
+  return ActMessage{*element, static_cast<std::size_t>(*action)};
+}
+
+Parsed parseFocus(const Json& message) {
+  const auto element = elementOf(message);
+  if (!element) return std::nullopt;
+  return FocusMessage{*element};
+}
+
 Parsed parsePlay(const Json& message) {
   const auto preset = integerOf(message, "preset", 0, maxPresets);
   if (!preset) return std::nullopt;
@@ -131,8 +153,9 @@ struct MessageRow {
 constexpr MessageRow messages[] = {
     {"show", &parseShow},   {"acknowledge", &parseAcknowledge},
     {"touch", &parseTouch}, {"type", &parseType},
-    {"key", &parseKey},     {"play", &parsePlay},
-    {"send", &parseSend},
+    {"key", &parseKey},     {"describe", &parseDescribe},
+    {"act", &parseAct},     {"focus", &parseFocus},
+    {"play", &parsePlay},   {"send", &parseSend},
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,8 @@ namespace web_page {
 
 // The maximum size of a message.
 inline constexpr std::size_t maxMessageBytes = 64 << 10;
+// The maximum size of a message that the server receives completely before it refuses the message.
+inline constexpr std::size_t maxStoredBytes = 4 * maxMessageBytes;
 // The maximum width and height of a page, in pixels.
 inline constexpr int maxPageSide = 16'384;
 
@@ -45,6 +48,20 @@ struct KeyMessage {
   PageKey key;
 };
 
+// Requests the accessible elements of the screen, now and after each change.
+struct DescribeMessage {};
+
+// Performs an action of an accessible element.
+struct ActMessage {
+  std::uint64_t element;
+  std::size_t action;
+};
+
+// Gives the keyboard focus to an accessible element.
+struct FocusMessage {
+  std::uint64_t element;
+};
+
 // Plays a preset of the composer.
 struct PlayMessage {
   std::size_t preset;
@@ -56,10 +73,11 @@ struct SendMessage {
   phone_display::ComposerFields fields;
 };
 
-using PageMessage =
-    std::variant<ShowMessage, AcknowledgeMessage, TouchMessage, TypeMessage, KeyMessage, PlayMessage, SendMessage>;
+using PageMessage = std::variant<ShowMessage, AcknowledgeMessage, TouchMessage, TypeMessage, KeyMessage,
+                                 DescribeMessage, ActMessage, FocusMessage, PlayMessage, SendMessage>;
 
-// Returns nothing if the text is not a valid message. Does not check whether a preset with the given number exists.
+// Returns nothing if the text is not a valid message. Does not check whether the presets, elements and actions with the
+// given numbers exist.
 std::optional<PageMessage> parseMessage(std::string_view text);
 
 }  // namespace web_page

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/plugins/web_page/message_limit.hpp"
+
 namespace web_page {
 
 namespace {
@@ -78,20 +80,17 @@ PageServer::PageServer(const std::string& token, std::vector<Resource> resources
       folder_("/" + token + "/"),
       resources_(std::move(resources)),
       whenConnected_(std::move(whenConnected)) {
-  // Frames are already compressed, and decompressing a message of a client could exhaust memory.
-  soup_server_remove_websocket_extension(server_.get(), SOUP_TYPE_WEBSOCKET_EXTENSION_DEFLATE);
   const auto handle = +[](SoupServer*, SoupServerMessage* message, const char* path, GHashTable*, void* self) {
     static_cast<const PageServer*>(self)->respond(message, path);
   };
-  const auto connect = +[](SoupServer*, SoupServerMessage*, const char*, SoupWebsocketConnection* connection,
-                           void* self) { static_cast<const PageServer*>(self)->whenConnected_(connection); };
+  const auto connect = +[](SoupServer*, SoupServerMessage* message, const char*, GHashTable*, void* self) {
+    static_cast<PageServer*>(self)->upgrade(message);
+  };
   soup_server_add_early_handler(server_.get(), nullptr, &checkRequest, nullptr, nullptr);
   soup_server_add_handler(server_.get(), nullptr, handle, this, nullptr);
   const std::string connectionPath = folder_ + connectionName;
-  std::string name = protocol;
-  char* protocols[] = {name.data(), nullptr};
   soup_server_add_early_handler(server_.get(), connectionPath.c_str(), &checkConnection, nullptr, nullptr);
-  soup_server_add_websocket_handler(server_.get(), connectionPath.c_str(), nullptr, protocols, connect, this, nullptr);
+  soup_server_add_handler(server_.get(), connectionPath.c_str(), connect, this, nullptr);
 }
 
 PageServer::~PageServer() { soup_server_disconnect(server_.get()); }
@@ -106,6 +105,26 @@ bool PageServer::listen() {
 }
 
 std::string PageServer::address() const { return "http://127.0.0.1:" + std::to_string(port_) + folder_; }
+
+void PageServer::upgrade(SoupServerMessage* message) {
+  std::string name = protocol;
+  char* protocols[] = {name.data(), nullptr};
+  // The server accepts no extension. Frames are already compressed, and decompressing a message from a client could
+  // exhaust memory.
+  if (soup_websocket_server_process_handshake(message, nullptr, protocols, nullptr, nullptr) == FALSE) return;
+  const auto answered = +[](SoupServerMessage* upgraded, PageServer* self) { self->connect(upgraded); };
+  g_signal_connect(message, "wrote-informational", G_CALLBACK(answered), this);
+}
+
+void PageServer::connect(SoupServerMessage* message) {
+  g_object_ref(message);
+  const ObjectHandle<GIOStream> stream(soup_server_message_steal_connection(message));
+  const ObjectHandle<SoupWebsocketConnection> connection(
+      soup_websocket_connection_new(stream.get(), soup_server_message_get_uri(message),
+                                    SOUP_WEBSOCKET_CONNECTION_SERVER, nullptr, protocol, extensionsWithMessageLimit()));
+  g_object_unref(message);
+  whenConnected_(connection.get());
+}
 
 void PageServer::respond(SoupServerMessage* message, const char* path) const {
   const std::string_view requested = path;

@@ -37,6 +37,10 @@ class PageServer {
 
  private:
   void respond(SoupServerMessage* message, const char* path) const;
+  // Answers the request of a WebSocket connection.
+  void upgrade(SoupServerMessage* message);
+  // Takes the connection of a request whose answer has been sent.
+  void connect(SoupServerMessage* message);
 
   ObjectHandle<SoupServer> server_;
   std::string folder_;  // the path of the page

@@ -8,6 +8,7 @@ const canvas = element('phone');
 const context = canvas.getContext('2d');
 const keyboard = element('keyboard');
 const ring = element('ring');
+const tree = element('elements');
 const composer = element('composer');
 const composerToggle = element('toggle');
 
@@ -56,7 +57,9 @@ function connect() {
     finger = null;
     ringFrame = null;
     showRing();
+    clearElements();
     reportSize();
+    send({do: 'describe'});
   });
   // A frame is decompressed asynchronously, and the next message must wait for it.
   connection.addEventListener('message', (event) => {
@@ -78,12 +81,13 @@ async function show(data) {
   const message = JSON.parse(data);
   if ('device' in message) {
     document.title = `Brim – ${message.device}`;
-    canvas.setAttribute('aria-label', message.device);
+    tree.setAttribute('aria-label', message.device);
   }
   if ('ring' in message) {
     ringFrame = message.ring;
     showRing();
   }
+  if ('elements' in message) showElements(message.elements);
   if ('error' in message) element('error').textContent = message.error;
 }
 
@@ -120,6 +124,8 @@ function placeCanvas() {
   canvas.style.height = `${canvas.height / density}px`;
   canvas.style.left = `${place(stage.clientWidth, canvas.width)}px`;
   canvas.style.top = `${place(stage.clientHeight, canvas.height)}px`;
+  for (const side of ['left', 'top', 'width', 'height']) tree.style[side] = canvas.style[side];
+  placeElements();
   showRing();
 }
 
@@ -132,6 +138,128 @@ function showRing() {
   ring.style.top = `${canvas.offsetTop + y * canvas.clientHeight - distance}px`;
   ring.style.width = `${width * canvas.clientWidth + 2 * distance}px`;
   ring.style.height = `${height * canvas.clientHeight + 2 * distance}px`;
+}
+
+// The controls of the phone for assistive technologies
+
+const roles = {
+  button: 'button',
+  icon: 'button',
+  key: 'button',
+  textfield: 'textbox',
+  listitem: 'listitem',
+  list: 'list',
+  group: 'group',
+  keyboard: 'group',
+  notification: 'group',
+};
+
+// The shown elements by their identifiers: {node, item}. Null before the first list of a connection.
+let shownElements = null;
+
+function clearElements() {
+  shownElements = null;
+  tree.replaceChildren();
+  keyboard.removeAttribute('aria-activedescendant');
+}
+
+function setAttribute(node, name, value) {
+  if (value === null) node.removeAttribute(name);
+  else if (node.getAttribute(name) !== value) node.setAttribute(name, value);
+}
+
+function setText(node, text) {
+  if (node.textContent !== text) node.textContent = text;
+}
+
+function makeNode(item) {
+  const node = document.createElement('div');
+  node.id = `element-${item.id}`;
+  if (item.role === 'text') return node;
+  setAttribute(node, 'role', roles[item.role] ?? 'group');
+  if (item.role === 'notification') setAttribute(node, 'aria-roledescription', 'notification');
+  if (item.actions.length === 0) return node;
+  node.tabIndex = -1;
+  node.addEventListener('click', (event) => {
+    event.stopPropagation();
+    send({do: 'act', element: item.id, action: 0});
+  });
+  node.addEventListener('focus', () => send({do: 'focus', element: item.id}));
+  // ARIA has no further actions of an element, so they are buttons.
+  item.actions.slice(1).forEach((name, index) => {
+    const button = document.createElement('div');
+    button.dataset.action = name;
+    setAttribute(button, 'role', 'button');
+    setAttribute(button, 'aria-label', `${name}: ${item.label}`);
+    button.addEventListener('click', (event) => {
+      event.stopPropagation();
+      send({do: 'act', element: item.id, action: index + 1});
+    });
+    node.append(button);
+  });
+  return node;
+}
+
+function updateNode(node, item) {
+  if (item.role === 'text') return setText(node, item.label);
+  setAttribute(node, 'aria-label', item.label);
+  setAttribute(node, 'aria-disabled', item.enabled ? null : 'true');
+  if (item.role === 'textfield') setText(node, item.value);
+}
+
+// Moves nodes only if the order differs, because a moved node loses the focus.
+function arrange(parent, nodes) {
+  let next = [...parent.children].find((child) => !('action' in child.dataset)) ?? null;
+  for (const node of nodes) {
+    if (node === next) next = next.nextElementSibling;
+    else parent.insertBefore(node, next);
+  }
+}
+
+function announce(text) {
+  const announcement = element('announcement');
+  announcement.textContent = '';
+  setTimeout(() => { announcement.textContent = text; }, 50);
+}
+
+function showElements(items) {
+  const before = shownElements ?? new Map();
+  const after = new Map();
+  const children = new Map([[tree, []]]);
+  for (const item of items) {
+    const known = before.get(item.id);
+    const isSame = known !== undefined && known.item.role === item.role &&
+        JSON.stringify(known.item.actions) === JSON.stringify(item.actions);
+    const node = isSame ? known.node : makeNode(item);
+    if (known !== undefined && !isSame) known.node.remove();
+    if (item.role === 'notification' && known === undefined && shownElements !== null) announce(item.label);
+    updateNode(node, item);
+    after.set(item.id, {node, item});
+    children.set(node, []);
+    const parent = item.parent === null ? tree : after.get(items[item.parent].id).node;
+    children.get(parent).push(node);
+  }
+  for (const [id, {node}] of before) {
+    if (!after.has(id)) node.remove();
+  }
+  for (const [parent, nodes] of children) arrange(parent, nodes);
+  shownElements = after;
+  const focused = items.find((item) => item.focused);
+  setAttribute(keyboard, 'aria-activedescendant', focused === undefined ? null : `element-${focused.id}`);
+  placeElements();
+}
+
+function placeElements() {
+  if (shownElements === null) return;
+  const items = [...shownElements.values()];
+  for (const {node, item} of items) {
+    const [x, y, width, height] = item.frame;
+    const [left, top] = item.parent === null ? [0, 0] : items[item.parent].item.frame;
+    node.style.left = `${(x - left) * canvas.clientWidth}px`;
+    node.style.top = `${(y - top) * canvas.clientHeight}px`;
+    node.style.width = `${width * canvas.clientWidth}px`;
+    node.style.height = `${height * canvas.clientHeight}px`;
+  }
 }
 
 function reportSize() {
