@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <ostream>
 #include <set>
 
 #include "simulator/drawing/text_layout.hpp"
@@ -145,6 +146,8 @@ constexpr Geometry geometries[] = {
     {"ar_EG", {11, 11, 10}, 2}, {"he_IL", {8, 10, 9}, 0},
 };
 
+void PrintTo(const Geometry& geometry, std::ostream* stream) { *stream << geometry.locale; }
+
 class KeyboardGeometry : public UIKitTest, public testing::WithParamInterface<Geometry> {
  public:
   static constexpr uikit::KeyboardSize sizes[] = {{320, 0}, {375, 0}, {375, 34}, {414, 34}};
@@ -205,7 +208,7 @@ double widthOf(const std::string& text, double fontSize) {
 }
 
 TEST_P(KeyboardGeometry, LettersFitIntoTheirKeysAtOneFontSize) {
-  for (const uikit::KeyboardSize size : sizes)
+  for (const uikit::KeyboardSize size : sizes) {
     for (const auto shift : {uikit::Shift::Off, uikit::Shift::On}) {
       const auto keys = keysFor(GetParam().locale, size, shift);
       const double fontSize = uikit::characterSizeFor(keys);
@@ -213,6 +216,7 @@ TEST_P(KeyboardGeometry, LettersFitIntoTheirKeysAtOneFontSize) {
       for (const uikit::Key& key : keysOf(keys, KeyRole::Character))
         EXPECT_LE(widthOf(key.label, fontSize), key.frame.size.width) << key.label << " at " << fontSize;
     }
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, KeyboardGeometry, testing::ValuesIn(geometries),

@@ -457,11 +457,12 @@ TEST_F(MarkedText, IsUnderlined) {
   const auto inkOfLine = [] {
     const auto screen = uikit::renderScreen(1);
     int count = 0;
-    for (int y = 0; y < screen->pixelHeight(); ++y)
+    for (int y = 0; y < screen->pixelHeight(); ++y) {
       for (int x = 0; x < screen->pixelWidth(); ++x) {
         const std::uint32_t pixel = screen->pixel(x, y);
         count += pixel != black && (pixel & 0xff) == (pixel >> 16 & 0xff) ? 1 : 0;
       }
+    }
     return count;
   };
   mark("       ", 0);

@@ -194,10 +194,11 @@ objc::Ref<UIView> UIKitTest::addConstrainedView(UIView* parent) {
 
 void UIKitTest::drag(CGPoint from, CGPoint translation, int steps) {
   uikit::deliverTouch(UITouchPhase::Began, from, foundation::now());
-  for (int step = 1; step <= steps; ++step)
+  for (int step = 1; step <= steps; ++step) {
     uikit::deliverTouch(UITouchPhase::Moved,
                         {from.x + translation.x * step / steps, from.y + translation.y * step / steps},
                         foundation::now());
+  }
   uikit::deliverTouch(UITouchPhase::Ended, {from.x + translation.x, from.y + translation.y}, foundation::now());
 }
 
